@@ -1,0 +1,43 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+cmake_minimum_required(VERSION 3.25)
+# cmake -DSOURCE=<src> -P CheckLayers.cmake
+# Fails if a file includes a header of a folder above its own. That nothing below the screens knows a widget is enforced
+# by the targets, which link QtCore only.
+set(layers session link settings sheet calibration app)
+set(problems "")
+
+foreach(layer IN LISTS layers)
+    set(allowed ${layers})
+    list(FIND layers ${layer} position)
+    math(EXPR count "${position} + 1")
+    list(SUBLIST layers 0 ${count} allowed)
+    file(GLOB files ${SOURCE}/${layer}/*.h ${SOURCE}/${layer}/*.cpp)
+    foreach(file IN LISTS files)
+        get_filename_component(name ${file} NAME)
+        file(STRINGS ${file} includes REGEX "^#include ")
+        foreach(line IN LISTS includes)
+            if(NOT name MATCHES "(test|rig|bench)\\.(h|cpp)$" AND line MATCHES "^#include \"([a-z]+)/")
+                set(folder ${CMAKE_MATCH_1})
+                if(NOT folder IN_LIST allowed AND NOT (layer STREQUAL app AND folder STREQUAL simulator))
+                    list(APPEND problems "${layer}/${name} includes ${folder}/")
+                endif()
+            endif()
+        endforeach()
+    endforeach()
+endforeach()
+
+file(GLOB files ${SOURCE}/simulator/*.h ${SOURCE}/simulator/*.cpp)
+foreach(file IN LISTS files)
+    file(STRINGS ${file} includes REGEX "^#include \"(link|settings|sheet|calibration|app)/")
+    foreach(line IN LISTS includes)
+        if(NOT line STREQUAL "#include \"link/port.h\"")
+            list(APPEND problems "the simulated instrument knows more than the port: ${file}: ${line}")
+        endif()
+    endforeach()
+endforeach()
+
+if(problems)
+    list(JOIN problems "\n  " text)
+    message(FATAL_ERROR "Layers are broken:\n  ${text}")
+endif()
+message(STATUS "Every folder includes only those below it.")

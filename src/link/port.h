@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace orv {
+
+/// One serial line, 9600 baud, 8 data bits, no parity, 1 stop bit: the whole of what the program asks of a port.
+///
+/// Real ports, simulated instruments and test doubles implement it. Nothing here yields to the event loop, and no
+/// call fails loudly: a line that breaks while open is told by failure().
+class Port {
+public:
+    Port() = default;
+    Port(const Port&) = delete;
+    Port& operator=(const Port&) = delete;
+    virtual ~Port() = default;
+
+    /// Opens the line with DTR off. Returns the empty text, or why it could not be opened and what to do next, in
+    /// plain words and whole sentences.
+    virtual QString open() = 0;
+
+    /// Closes the line; nothing happens if it is closed.
+    virtual void close() = 0;
+
+    virtual bool isOpen() const = 0;
+
+    /// Raises (true) or drops the DTR line. A line that has no DTR ignores it.
+    virtual void setDataTerminalReady(bool on) = 0;
+
+    /// Removes and returns every character that has arrived; empty if there is none or the port is closed.
+    virtual QByteArray readAll() = 0;
+
+    /// Sends the bytes as they stand. Does nothing on a closed port.
+    virtual void write(const QByteArray& bytes) = 0;
+
+    /// Drops every character that waits to be read. Does nothing on a closed port.
+    virtual void discardInput() = 0;
+
+    /// How many characters wait to be read; 0 on a closed port.
+    virtual qsizetype inputCount() = 0;
+
+    /// Sleeps until characters wait to be read, at most `milliseconds`. Returns whether there are any.
+    virtual bool waitForInput(int milliseconds) = 0;
+
+    /// Why an open line no longer works (unplugged, far end gone); empty while it does. Stays until the next open().
+    virtual QString failure() const = 0;
+};
+
+} // namespace orv

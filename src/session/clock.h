@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDateTime>
+
+namespace orv {
+
+/// The program's only source of time. Handed in to whoever needs it, so that tests can set it.
+class Clock {
+public:
+    virtual ~Clock() = default;
+
+    /// The computer's local date and time.
+    virtual QDateTime now() const = 0;
+
+    /// Milliseconds of a clock that never jumps; only differences mean anything.
+    virtual qint64 monotonicMilliseconds() const = 0;
+
+    /// Seconds since local midnight, with fractions, in single precision; falls back to 0 at midnight.
+    float secondsSinceMidnight() const;
+};
+
+/// The computer's own clocks.
+class SystemClock final : public Clock {
+public:
+    QDateTime now() const override;
+    qint64 monotonicMilliseconds() const override;
+};
+
+} // namespace orv

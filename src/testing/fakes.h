@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/port.h"
+#include "session/eventyield.h"
+#include "session/operatormessages.h"
+#include "testing/testclock.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace orv {
+
+/// Keeps what the operator is told. A test that expects no message says so by checking that `shown` is empty.
+class RecordedMessages final : public OperatorMessages {
+public:
+    void show(const Message& message) override { shown.push_back(message); }
+
+    std::vector<Message> shown;
+};
+
+/// Answers the operator's questions from what a test has laid ready, and keeps what was asked.
+class PreparedAnswers final : public OperatorQuestions {
+public:
+    bool askYesNo(const QString& title, const QString& text) override {
+        asked << title + QLatin1String(": ") + text;
+        return yes;
+    }
+    QString saveFileName(const QString& title, const QString& presetName, const QString& suffix,
+                         const QString& filter) override {
+        asked << QStringList{title, presetName, suffix, filter}.join(QLatin1Char('|'));
+        return fileName;
+    }
+    QString openFileName(const QString& title, const QString& suffix, const QString& filter) override {
+        asked << QStringList{title, suffix, filter}.join(QLatin1Char('|'));
+        return fileName;
+    }
+
+    bool yes = false;
+    QString fileName; ///< Empty: cancelled.
+    QStringList asked;
+};
+
+/// A line whose far end is the test.
+class FakePort final : public Port {
+public:
+    QString open() override {
+        if (openReason.isEmpty()) {
+            isOpen_ = true;
+            failureReason.clear();
+        }
+        return openReason;
+    }
+    void close() override { isOpen_ = false; }
+    bool isOpen() const override { return isOpen_; }
+    void setDataTerminalReady(bool on) override {
+        dtr << (on ? QStringLiteral("on") : QStringLiteral("off"));
+        if (dtrChanged) {
+            dtrChanged(on);
+        }
+    }
+    QByteArray readAll() override { return isOpen_ ? std::exchange(input, QByteArray()) : QByteArray(); }
+    void write(const QByteArray& bytes) override {
+        if (isOpen_) {
+            writes.push_back(bytes);
+            if (written) {
+                written(bytes);
+            }
+        }
+    }
+    void discardInput() override {
+        ++discards;
+        input.clear();
+    }
+    qsizetype inputCount() override { return input.size(); }
+    bool waitForInput(int milliseconds) override {
+        if (input.isEmpty() && waited) {
+            waited(milliseconds);
+        }
+        return !input.isEmpty();
+    }
+    QString failure() const override { return failureReason; }
+
+    QByteArray allWritten() const {
+        QByteArray all;
+        for (const QByteArray& bytes : writes) {
+            all += bytes;
+        }
+        return all;
+    }
+
+    QByteArray input;               ///< What the next read finds.
+    std::vector<QByteArray> writes; ///< Each write of the program.
+    QStringList dtr;
+    int discards = 0;
+    QString openReason;    ///< Why opening fails; empty: it succeeds.
+    QString failureReason; ///< Why the open line no longer works.
+    std::function<void(bool on)> dtrChanged;
+    std::function<void(const QByteArray& bytes)> written;
+    std::function<void(int milliseconds)> waited; ///< Called when the program waits for input and there is none.
+
+private:
+    bool isOpen_ = false;
+};
+
+/// Lets the test's clock run while the program waits: each yield takes `step` milliseconds (or the whole rest of the
+/// wait, if that is shorter) and then calls `tick`, as the status timer would.
+class SteppedYield final : public EventYield {
+public:
+    explicit SteppedYield(TestClock& clock)
+        : clock_(clock) {}
+
+    void processEvents(int milliseconds) override {
+        ++yields;
+        clock_.advance(std::min(step, std::max(milliseconds, 1)));
+        if (tick) {
+            tick();
+        }
+    }
+    void keepResponsive(bool manualDialogLives) override {
+        ++responsive;
+        if (whileResponsive) {
+            whileResponsive(manualDialogLives);
+        }
+    }
+    bool programEnding() const override { return ending; }
+
+    int step = 5;
+    int yields = 0;
+    int responsive = 0;
+    bool ending = false;
+    std::function<void()> tick;
+    std::function<void(bool manualDialogLives)> whileResponsive;
+
+private:
+    TestClock& clock_;
+};
+
+} // namespace orv
