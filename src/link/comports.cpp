@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/comports.h"
+
+namespace orv {
+
+namespace {
+
+constexpr int debugPortNumber = 2;
+
+/// Whether two names mean one device: with and without "/dev/". Each line has a simulated instrument of its own.
+bool sameDevice(const QString& one, const QString& other) {
+    const auto plain = [](const QString& name) { return name.startsWith(QLatin1String("/dev/")) ? name.mid(5) : name; };
+    return !one.startsWith(QLatin1String("sim:")) && plain(one) == plain(other);
+}
+
+} // namespace
+
+ComPorts::ComPorts(Session& session, DebugPanel& debug, PortMaker makePort)
+    : session_(session)
+    , debug_(debug)
+    , makePort_(std::move(makePort)) {}
+
+void ComPorts::setDevice(int portNumber, const QString& device) {
+    Line& target = line(portNumber);
+    if (target.device != device) {
+        target.device = device;
+        target.port.reset();
+    }
+}
+
+QString ComPorts::device(int portNumber) const {
+    return lines_.at(static_cast<std::size_t>(portNumber - 1)).device;
+}
+
+bool ComPorts::openLine(int portNumber, const Port* heldByOther, const QString& otherUse) {
+    Line& wanted = line(portNumber);
+    const QString name = QStringLiteral("COM %1 (%2)").arg(portNumber).arg(wanted.device);
+    QString reason;
+    for (const Line& other : lines_) {
+        if (heldByOther != nullptr && other.port.get() == heldByOther &&
+            (&other == &wanted || sameDevice(other.device, wanted.device))) {
+            reason = otherUse;
+        }
+    }
+    if (reason.isEmpty()) {
+        if (!wanted.port) {
+            wanted.port = makePort_(wanted.device);
+        }
+        reason = wanted.port->open();
+    }
+    if (reason.isEmpty()) {
+        return true;
+    }
+    session_.messages.show({.title = QStringLiteral("ORV Host Program"),
+                            .text = QStringLiteral("%1 could not be opened.\n\n%2").arg(name, reason),
+                            .icon = Message::Icon::Exclamation});
+    return false;
+}
+
+bool ComPorts::open() {
+    if (isOpen()) {
+        return true;
+    }
+    if (!openLine(
+            selected_, debugPort_,
+            QStringLiteral("The debug output (\"Comm 2 Debug Output\") is using it. Connect the instrument to the "
+                           "other port, or clear the box, quit and start the program again."))) {
+        return false;
+    }
+    instrument_ = line(selected_).port.get();
+    ++connection_;
+    session_.commands.portOpen = true;
+    return true;
+}
+
+void ComPorts::close() {
+    if (!isOpen()) {
+        return;
+    }
+    instrument_->close();
+    instrument_ = nullptr;
+    ++connection_;
+    session_.commands.portOpen = false;
+}
+
+void ComPorts::setDataTerminalReady(bool on) {
+    if (isOpen()) {
+        instrument_->setDataTerminalReady(on);
+    }
+}
+
+QByteArray ComPorts::readAll() {
+    return isOpen() ? instrument_->readAll() : QByteArray();
+}
+
+void ComPorts::write(const QByteArray& bytes) {
+    if (isOpen()) {
+        instrument_->write(bytes);
+    }
+}
+
+void ComPorts::discardInput() {
+    if (isOpen()) {
+        instrument_->discardInput();
+    }
+}
+
+qsizetype ComPorts::inputCount() {
+    return isOpen() ? instrument_->inputCount() : 0;
+}
+
+bool ComPorts::waitForInput(int milliseconds) {
+    return isOpen() && instrument_->waitForInput(milliseconds);
+}
+
+bool ComPorts::checkFailure() {
+    if (!isOpen()) {
+        return false;
+    }
+    const QString reason = instrument_->failure();
+    if (reason.isEmpty()) {
+        return false;
+    }
+    const QString name = QStringLiteral("COM %1 (%2)").arg(selected_).arg(device(selected_));
+    close();
+    if (portFailed) {
+        portFailed();
+    }
+    session_.messages.show(
+        {.title = QStringLiteral("ORV Host Program"),
+         .text = QStringLiteral("The connection on %1 was lost.\n\n%2\n\nAll rows received so far are "
+                                "kept. Check the cable, then connect again.")
+                     .arg(name, reason),
+         .icon = Message::Icon::Exclamation});
+    return true;
+}
+
+bool ComPorts::openDebugPort() {
+    if (isDebugPortOpen()) {
+        return true;
+    }
+    if (!openLine(
+            debugPortNumber, instrument_,
+            QStringLiteral("The instrument is connected on it. Use \"Close Port\" first, or connect the instrument "
+                           "to COM 1."))) {
+        return false;
+    }
+    debugPort_ = line(debugPortNumber).port.get();
+    return true;
+}
+
+void ComPorts::debugsay(const QString& text) {
+    if (!debug_.comm2Output || debugPort_ == nullptr) {
+        return;
+    }
+    const QString reason = debugPort_->failure();
+    if (reason.isEmpty()) {
+        debugPort_->write(text.toLatin1() + '\r');
+        return;
+    }
+    debugPort_->close();
+    debugPort_ = nullptr;
+    debug_.comm2Output = false;
+    session_.messages.show(
+        {.title = QStringLiteral("ORV Host Program"),
+         .text = QStringLiteral("The debug output on COM 2 has stopped.\n\n%1\n\nTick \"Comm 2 Debug "
+                                "Output\" to try again.")
+                     .arg(reason),
+         .icon = Message::Icon::Exclamation});
+}
+
+} // namespace orv

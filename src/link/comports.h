@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/debugpanel.h"
+#include "link/port.h"
+#include "session/session.h"
+
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace orv {
+
+/// The two serial-port objects of the program: `MSComm1`, the link to the instrument on COM 1 or COM 2, and
+/// `MSComm2`, the debug output on COM 2, which is only written.
+///
+/// Each opening and closing of the instrument port begins a new connection, numbered by connectionNumber(): a
+/// procedure that waited compares the number to learn whether its connection is gone.
+class ComPorts {
+public:
+    /// Makes the port of a device name; never null.
+    using PortMaker = std::function<std::unique_ptr<Port>(const QString& device)>;
+
+    ComPorts(Session& session, DebugPanel& debug, PortMaker makePort);
+
+    /// The device behind COM 1 or COM 2. Only for a port that is not in use.
+    void setDevice(int portNumber, const QString& device);
+    QString device(int portNumber) const;
+
+    bool isOpen() const { return instrument_ != nullptr; }
+
+    /// COM 1 or COM 2 for the next opening of the instrument port.
+    void selectPort(int portNumber) { selected_ = portNumber; }
+    int selectedPort() const { return selected_; }
+
+    /// Opens the instrument port. Returns whether it is open now; if not, the operator has been told why.
+    bool open();
+    void close();
+    void setDataTerminalReady(bool on);
+    QByteArray readAll();
+    void write(const QByteArray& bytes);
+    void discardInput();
+    qsizetype inputCount();
+    bool waitForInput(int milliseconds);
+    quint64 connectionNumber() const { return connection_; }
+
+    /// Looks whether the open instrument port has failed. If so the operator is told once, the port is closed and
+    /// `portFailed` is called. Returns whether a failure was met.
+    bool checkFailure();
+    std::function<void()> portFailed;
+
+    /// Opens the debug port; nothing happens if it is open. Returns whether it is open now; if not, the operator has
+    /// been told why.
+    bool openDebugPort();
+    bool isDebugPortOpen() const { return debugPort_ != nullptr; }
+
+    /// Writes the text and CR to the debug port if "Comm 2 Debug Output" is ticked. A closed port is ignored; one that
+    /// has failed is closed, the box cleared and the operator told.
+    void debugsay(const QString& text);
+
+private:
+    struct Line {
+        QString device;
+        std::unique_ptr<Port> port;
+    };
+
+    Line& line(int portNumber) { return lines_.at(static_cast<std::size_t>(portNumber - 1)); }
+    bool openLine(int portNumber, const Port* heldByOther, const QString& otherUse);
+
+    Session& session_;
+    DebugPanel& debug_;
+    PortMaker makePort_;
+    std::array<Line, 2> lines_;
+    Port* instrument_ = nullptr; ///< The open line of the instrument.
+    Port* debugPort_ = nullptr;  ///< The open line of the debug output.
+    int selected_ = 1;
+    quint64 connection_ = 0;
+};
+
+} // namespace orv

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/comports.h"
+
+namespace orv {
+
+/// Leave exactly one sensor frame of the debug screen visible; the frame "Tidelane Debug Screen" goes too. The
+/// scattering meter's frame stays as it is. Only the fluorometer's announces itself.
+class DebugFrames {
+public:
+    DebugFrames(ComPorts& ports, DebugPanel& debug);
+
+    void showFluorometer();
+    void showTransmissometer();
+    void showTurbidity();
+
+private:
+    void showOnly(const QProperty<bool>& frame);
+
+    ComPorts& ports_;
+    DebugPanel& debug_;
+};
+
+} // namespace orv

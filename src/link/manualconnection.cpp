@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/manualconnection.h"
+
+namespace orv {
+
+namespace {
+
+QString manualText(int portNumber) {
+    return QStringLiteral(
+               "To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess "
+               "click Quit")
+        .arg(portNumber);
+}
+
+QString failureText(int portNumber) {
+    // Six blanks after "Failed!" are this message's own layout.
+    return QStringLiteral(
+               "Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that "
+               "power is supplied to the instrument, and that you selected the right Comm Port. Click Retry "
+               "when ready.")
+        .arg(portNumber);
+}
+
+} // namespace
+
+ManualConnection::ManualConnection(Session& session, ConnectionPanel& connection, ProgramActions& actions)
+    : session_(session)
+    , connection_(connection)
+    , actions_(actions) {}
+
+void ManualConnection::show() {
+    ++showings_;
+    panel.startVisible = false;
+    panel.startEnabled = true;
+    panel.proceedVisible = true;
+    panel.retryEnabled = true;
+    QString text;
+    if (connection_.checked(ConnectionPanel::Manual1)) {
+        text = manualText(1);
+    } else if (connection_.checked(ConnectionPanel::Manual2)) {
+        text = manualText(2);
+    } else if (connection_.checked(ConnectionPanel::Auto1)) {
+        text = failureText(1);
+    } else if (connection_.checked(ConnectionPanel::Auto2)) {
+        text = failureText(2);
+    }
+    panel.text = text;
+    panel.visible = true;
+}
+
+void ManualConnection::hide() {
+    panel.visible = false;
+}
+
+void ManualConnection::proceed() {
+    panel.proceedVisible = false;
+    panel.startVisible = true;
+    panel.text = QStringLiteral("Shut power off of sensor. Press (Start) then turn power on.");
+}
+
+void ManualConnection::start() {
+    session_.state.Seeking = 1;
+    panel.retryEnabled = false;
+    panel.startEnabled = false;
+    const int showing = showings_;
+    openport(session_.state.Portused);
+    session_.state.Seeking = 0; // connected or ended: a later automatic attempt must be bounded
+    // A reset during the attempt has shown the dialog afresh: that one stays.
+    if (showings_ == showing) {
+        hide();
+    }
+}
+
+void ManualConnection::retry() {
+    // A failed automatic attempt leaves the port open, and an open port is not opened again: the way on is "Quit" or
+    // "Close Port".
+    openport(session_.state.Portused);
+}
+
+void ManualConnection::quit() {
+    session_.state.Seeking = 0;
+    connection_.uncheckAll();
+    actions_.fixit();
+    hide();
+}
+
+void ManualConnection::closed() {
+    if (session_.state.Ctrlscrn == opstate::idle) {
+        quit();
+    } else {
+        hide();
+    }
+}
+
+} // namespace orv

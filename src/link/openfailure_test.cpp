@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/openfailure.h"
+
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace {
+
+/// A device that is in order: what keeps it from being opened is added by each test.
+OpenFailureFacts soundDevice() {
+    return {.exists = true,
+            .isSerialDevice = true,
+            .accessible = true,
+            .lockFolderWritable = true,
+            .lockFolder = QStringLiteral("/var/lock"),
+            .group = {},
+            .lockedBy = {},
+            .busy = false,
+            .systemText = QStringLiteral("Input/output error")};
+}
+
+TEST(OpenFailure, saysThatThereIsNoSuchDevice) {
+    OpenFailureFacts facts = soundDevice();
+    facts.exists = false;
+    facts.accessible = false;
+    EXPECT_EQ(
+        explainOpenFailure(facts),
+        QStringLiteral("There is no such device. Plug the adapter in, check the device's name, and connect again."));
+}
+
+TEST(OpenFailure, saysThatAFileIsNoSerialPort) {
+    OpenFailureFacts facts = soundDevice();
+    facts.isSerialDevice = false;
+    EXPECT_EQ(explainOpenFailure(facts),
+              QStringLiteral("It is not a serial port. Choose the device of the serial adapter and connect again."));
+}
+
+TEST(OpenFailure, namesTheGroupToJoinAndThatOneMustLogInAgain) {
+    OpenFailureFacts facts = soundDevice();
+    facts.accessible = false;
+    facts.group = QStringLiteral("tty");
+    EXPECT_EQ(
+        explainOpenFailure(facts),
+        QStringLiteral("You have no permission to use it. Ask for your user to be added to the group \"tty\" (sudo "
+                       "usermod -aG tty $USER), log out and in again, then connect again."));
+}
+
+TEST(OpenFailure, namesTheUsualGroupWhenTheDevicesIsNotKnown) {
+    OpenFailureFacts facts = soundDevice();
+    facts.accessible = false;
+    const QString text = explainOpenFailure(facts);
+    EXPECT_TRUE(text.contains(QStringLiteral("the group \"dialout\" (sudo usermod -aG dialout $USER)")))
+        << text.toStdString();
+}
+
+TEST(OpenFailure, namesTheProgramThatUsesTheDevice) {
+    OpenFailureFacts facts = soundDevice();
+    facts.busy = true;
+    EXPECT_EQ(explainOpenFailure(facts),
+              QStringLiteral("It is used by another program. Close that program, then connect again."));
+    facts.lockedBy = QStringLiteral("terminal, process 1234");
+    EXPECT_EQ(explainOpenFailure(facts), QStringLiteral("It is used by another program (terminal, process 1234). Close "
+                                                        "that program, then connect again."));
+}
+
+TEST(OpenFailure, saysThatTheLockFolderCannotBeWritten) {
+    OpenFailureFacts facts = soundDevice();
+    facts.lockFolderWritable = false;
+    EXPECT_EQ(
+        explainOpenFailure(facts),
+        QStringLiteral("The lock file that keeps other programs off the port cannot be written in /var/lock. Ask for "
+                       "write permission to that folder, log out and in again, then connect again."));
+}
+
+TEST(OpenFailure, quotesTheSystemWhenNothingElseIsKnown) {
+    EXPECT_EQ(explainOpenFailure(soundDevice()),
+              QStringLiteral("The system says: Input/output error. Unplug the adapter "
+                             "and plug it in again, then connect again."));
+}
+
+TEST(OpenFailure, tellsTheCauseThatMustBeRemovedFirst) {
+    OpenFailureFacts facts = soundDevice();
+    facts.busy = true;
+    facts.lockFolderWritable = false;
+    EXPECT_TRUE(explainOpenFailure(facts).startsWith(QStringLiteral("It is used by another program")));
+    facts.accessible = false;
+    EXPECT_TRUE(explainOpenFailure(facts).startsWith(QStringLiteral("You have no permission")));
+    facts.isSerialDevice = false;
+    EXPECT_TRUE(explainOpenFailure(facts).startsWith(QStringLiteral("It is not a serial port")));
+    facts.exists = false;
+    EXPECT_TRUE(explainOpenFailure(facts).startsWith(QStringLiteral("There is no such device")));
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/poll.h"
+
+#include <algorithm>
+
+namespace orv {
+
+Poll::Poll(Session& session, ComPorts& ports, DebugPanel& debug, ProgramLog& log)
+    : session_(session)
+    , ports_(ports)
+    , debug_(debug)
+    , log_(log) {}
+
+void Poll::quary() {
+    SessionState& state = session_.state;
+    if (state.Tmr == 1) {
+        state.Tmr = 0;
+        rxbuffer.clear();
+    }
+    state.Rtn.clear();
+
+    const QByteArray block = ports_.readAll();
+    if (!block.isEmpty()) {
+        if (state.trouble == 1 && debug_.rawBuffer) {
+            debug_.list.append(QString::fromLatin1(block));
+        }
+        const QString reason = log_.write(block);
+        if (!reason.isEmpty()) {
+            session_.messages.show({.title = QStringLiteral("ORV Host Program"),
+                                    .text = QStringLiteral("The log file log.ohp can no longer be written: %1.\n\nThe "
+                                                           "program goes on; make room on the disk so that the log is "
+                                                           "complete again.")
+                                                .arg(reason),
+                                    .icon = Message::Icon::Exclamation});
+        }
+    } else if (!rxbuffer.contains('\n') && ports_.checkFailure()) {
+        return; // a line that failed is told after its last complete line has been consumed
+    }
+
+    rxbuffer += block;
+    if (rxbuffer.isEmpty()) {
+        return;
+    }
+    if (state.gatherstart == 1) {
+        if (rxbuffer.contains('>')) {
+            state.Gatherstop = 1;
+        } else if (rxbuffer.contains('!')) {
+            state.Gatherstop = 3;
+        }
+    }
+    const qsizetype lineFeed = rxbuffer.indexOf('\n');
+    if (lineFeed >= 0) {
+        // A line feed that comes first ends an empty line.
+        const qsizetype length = std::max<qsizetype>(lineFeed - 1, 0);
+        state.Rtn = QString::fromLatin1(rxbuffer.constData(), length);
+        rxbuffer.remove(0, lineFeed + 1);
+    }
+    session_.status.bufferCount = static_cast<int>(rxbuffer.size());
+
+    if (!state.Rtn.isEmpty() && state.trouble == 1) {
+        if (debug_.showParsing) {
+            debug_.list.append(state.Rtn);
+        }
+        debug_.list.selectLast();
+    }
+}
+
+} // namespace orv

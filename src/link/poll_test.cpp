@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/linkrig.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace {
+
+using testing::ElementsAre;
+
+class PollTest : public testing::Test {
+protected:
+    PollTest() {
+        rig.ports.open();
+        rig.state.Tmr = 0;
+    }
+
+    /// One poll that finds `block` in the port; the line it took.
+    QByteArray take(const QByteArray& block) {
+        rig.com1.input = block;
+        rig.poll.quary();
+        return rig.state.Rtn.toLatin1();
+    }
+
+    std::vector<QString> listed() const { return {rig.debug.list.entries().begin(), rig.debug.list.entries().end()}; }
+
+    LinkRig rig;
+};
+
+struct CutRow {
+    const char* name;
+    QByteArray text;
+    QByteArray line;
+    QByteArray rest;
+};
+
+TEST_F(PollTest, cutsOneLineWithItsEndOffTheBuffer) {
+    const CutRow rows[] = {
+        {"line and rest", "abc\r\nde", "abc", "de"},
+        {"line alone", "abc\r\n", "abc", ""},
+        {"no line end", "abc", "", "abc"},
+        {"CR only", "V1.0\r", "", "V1.0\r"},
+        {"LF alone", "\n", "", ""},
+        {"LF second after CR", "\r\n", "", ""},
+        {"LF second after CR with rest", "\r\nab", "", "ab"},
+        {"LF first", "\nabc", "", "abc"},
+        {"LF first with another line behind", "\nabc\r\n", "", "abc\r\n"},
+        {"two LF", "\n\n", "", "\n"},
+        {"LF without CR takes the last character", "abc\nde", "ab", "de"},
+        {"one character and LF", "a\n", "", ""},
+        {"two lines", "one\r\ntwo\r\n", "one", "two\r\n"},
+        {"CR inside a line", "a\rb\r\nc", "a\rb", "c"},
+        {"two CR", "abc\r\r\n", "abc\r", ""},
+        {"NUL inside a line", QByteArray("a\0b\r\n", 5), QByteArray("a\0b", 3), ""},
+        {"bytes above 127", "\xff\xe4\r\n\x80", "\xff\xe4", "\x80"},
+    };
+    for (const CutRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        rig.poll.rxbuffer.clear();
+        EXPECT_EQ(take(row.text), row.line);
+        EXPECT_EQ(rig.poll.rxbuffer, row.rest);
+        EXPECT_EQ(rig.session.status.bufferCount.value(), row.rest.size());
+    }
+}
+
+TEST_F(PollTest, takesTwoLinesInTwoCalls) {
+    EXPECT_EQ(take("one\r\ntwo\r\n"), "one");
+    EXPECT_EQ(take(""), "two");
+    EXPECT_EQ(rig.session.status.bufferCount.value(), 0);
+    EXPECT_EQ(take(""), "");
+}
+
+TEST_F(PollTest, completesALineThatCameWithoutItsLineFeed) {
+    EXPECT_EQ(take("V1.0\r"), "");
+    EXPECT_EQ(rig.session.status.bufferCount.value(), 5);
+    EXPECT_EQ(take("\nS"), "V1.0");
+    EXPECT_EQ(rig.poll.rxbuffer, "S");
+}
+
+TEST_F(PollTest, joinsALineThatComesByTheCharacter) {
+    for (const char* piece : {"S", "1", "0", "\r"}) {
+        EXPECT_EQ(take(piece), "");
+    }
+    EXPECT_EQ(take("\n"), "S10");
+}
+
+TEST_F(PollTest, emptiesTheLineOfThePollBefore) {
+    EXPECT_EQ(take("abc\r\n"), "abc");
+    EXPECT_EQ(take(""), "");
+}
+
+TEST_F(PollTest, leavesTheCountAloneWhenThereIsNothingAtAll) {
+    rig.session.status.bufferCount = 77;
+    take("");
+    EXPECT_EQ(rig.session.status.bufferCount.value(), 77);
+    take("a");
+    EXPECT_EQ(rig.session.status.bufferCount.value(), 1);
+}
+
+TEST_F(PollTest, emptiesItsBufferFirstWhenAskedAndOnlyOnce) {
+    take("old");
+    rig.state.Tmr = 1;
+    EXPECT_EQ(take("new\r\n"), "new");
+    EXPECT_EQ(rig.state.Tmr, 0);
+    take("kept");
+    EXPECT_EQ(take("\r\n"), "kept");
+}
+
+TEST_F(PollTest, emptiesItsBufferWithNothingNewToo) {
+    take("line\r\nmore\r\n");
+    rig.state.Tmr = 1;
+    EXPECT_EQ(take(""), "");
+    EXPECT_EQ(rig.poll.rxbuffer, "");
+    EXPECT_EQ(rig.state.Tmr, 0);
+}
+
+TEST_F(PollTest, dropsNothingHoweverMuchArrives) {
+    const QByteArray much(100000, 'x');
+    take(much);
+    EXPECT_EQ(rig.session.status.bufferCount.value(), 100000);
+    EXPECT_EQ(take("\r\n"), much);
+}
+
+struct PromptRow {
+    QByteArray text;
+    int gatherstop;
+};
+
+TEST_F(PollTest, notesAPromptAnywhereInTheTextDuringACollection) {
+    const PromptRow rows[] = {{"abc", 0}, {">", 1},  {"!", 3},      {"12>", 1},   {"12!34", 3},
+                              {"!>", 1},  {">!", 1}, {"a\r\n>", 1}, {">\r\n", 1}, {"a\r\nb\r\n!", 3}};
+    rig.state.gatherstart = 1;
+    for (const PromptRow& row : rows) {
+        SCOPED_TRACE(row.text.toStdString());
+        rig.poll.rxbuffer.clear();
+        rig.state.Gatherstop = 0;
+        take(row.text);
+        EXPECT_EQ(rig.state.Gatherstop, row.gatherstop);
+    }
+}
+
+TEST_F(PollTest, notesAPromptThatWasBufferedBeforeTheCollection) {
+    take("12>");
+    EXPECT_EQ(rig.state.Gatherstop, 0);
+    rig.state.gatherstart = 1;
+    take("");
+    EXPECT_EQ(rig.state.Gatherstop, 1);
+}
+
+TEST_F(PollTest, leavesThePromptFlagAloneOutsideACollection) {
+    for (const int kept : {0, 1, 3}) {
+        rig.state.Gatherstop = static_cast<quint8>(kept);
+        take(">!");
+        EXPECT_EQ(rig.state.Gatherstop, kept);
+    }
+}
+
+TEST_F(PollTest, keepsAPromptFlagWhenTheTextHoldsNone) {
+    rig.state.gatherstart = 1;
+    rig.state.Gatherstop = 3;
+    take("abc\r\n");
+    EXPECT_EQ(rig.state.Gatherstop, 3);
+}
+
+TEST_F(PollTest, writesEveryBlockToTheLogByteForByte) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("log.ohp"));
+    ASSERT_EQ(rig.log.open(path), QString());
+    take("abc\r\nde");
+    take("");
+    take(QByteArray("\0\xff>", 3));
+    take("\n");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray("abc\r\nde\r\n\0\xff>\r\n\n\r\n", 17));
+}
+
+TEST_F(PollTest, listsBlocksWithRawBufferAndLinesWithShowParsing) {
+    rig.state.trouble = 1;
+    rig.debug.rawBuffer = true;
+    take("one\r\ntwo\r\n");
+    take("");
+    EXPECT_THAT(listed(), ElementsAre(QStringLiteral("one\r\ntwo\r\n")));
+
+    rig.debug.rawBuffer = false;
+    rig.debug.showParsing = true;
+    take("three\r\nfour\r\nfi");
+    take("");
+    take("");
+    EXPECT_THAT(listed(),
+                ElementsAre(QStringLiteral("one\r\ntwo\r\n"), QStringLiteral("three"), QStringLiteral("four")));
+}
+
+TEST_F(PollTest, listsNothingOutsideTheServiceMode) {
+    rig.debug.rawBuffer = true;
+    rig.debug.showParsing = true;
+    int selections = 0;
+    rig.debug.list.lastSelected = [&selections] { ++selections; };
+    take("one\r\n");
+    EXPECT_THAT(listed(), ElementsAre());
+    EXPECT_EQ(selections, 0);
+}
+
+TEST_F(PollTest, selectsTheLastEntryAfterEachLineInTheServiceMode) {
+    rig.state.trouble = 1;
+    int selections = 0;
+    rig.debug.list.lastSelected = [&selections] { ++selections; };
+    take("on");
+    EXPECT_EQ(selections, 0);
+    take("e\r\n");
+    EXPECT_EQ(selections, 1);
+    take("\r\n");
+    EXPECT_EQ(selections, 1) << "an empty line is no line";
+    EXPECT_THAT(listed(), ElementsAre());
+}
+
+TEST_F(PollTest, tellsAFailedLogOnceAndGoesOn) {
+    const QString full = QStringLiteral("/dev/full");
+    if (!QFile::exists(full)) {
+        GTEST_SKIP() << "no device that is always full";
+    }
+    ASSERT_EQ(rig.log.open(full), QString());
+    EXPECT_EQ(take("abc\r\n"), "abc");
+    EXPECT_EQ(take("def\r\n"), "def");
+    ASSERT_EQ(rig.messages.shown.size(), 1U);
+    EXPECT_TRUE(
+        rig.messages.shown[0].text.startsWith(QStringLiteral("The log file log.ohp can no longer be written: ")));
+    EXPECT_EQ(rig.messages.shown[0].title, QStringLiteral("ORV Host Program"));
+}
+
+TEST_F(PollTest, meetsAFailureOnlyAfterEveryLineThatArrivedBefore) {
+    rig.com1.failureReason = QStringLiteral("Gone.");
+    EXPECT_EQ(take("one\r\ntwo\r\nthr"), "one");
+    EXPECT_EQ(take(""), "two");
+    EXPECT_TRUE(rig.ports.isOpen());
+    EXPECT_TRUE(rig.messages.shown.empty());
+    take("");
+    EXPECT_FALSE(rig.ports.isOpen());
+    EXPECT_EQ(rig.messages.shown.size(), 1U);
+    EXPECT_EQ(rig.resets, 1);
+}
+
+} // namespace
+} // namespace orv

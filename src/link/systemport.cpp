@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/systemport.h"
+
+#include "link/openfailure.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QScopedValueRollback>
+#include <QSerialPortInfo>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <poll.h>
+#endif
+
+namespace orv {
+
+namespace {
+
+/// Output that waits for a far end which takes nothing; more is dropped. The longest command is a few characters, so
+/// only the debug output to a stuck line ever gets there.
+constexpr qint64 maximumPendingOutput = 65536;
+
+/// The path of the device in the file system, where it has one.
+QString devicePath(const QSerialPort& port) {
+    QString name = port.portName();
+    if (name.isEmpty() || QDir::isAbsolutePath(name)) {
+        return name;
+    }
+#ifdef Q_OS_UNIX
+    return QLatin1String("/dev/") + name; // the list of serial ports has no pseudo-terminals
+#else
+    return QSerialPortInfo(port).systemLocation();
+#endif
+}
+
+/// Whether an error that was met while reading or writing means that the line is lost.
+bool lineIsLost(QSerialPort::SerialPortError error, [[maybe_unused]] const QSerialPort& port) {
+    if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError || error == QSerialPort::WriteError) {
+        return false;
+    }
+#ifdef Q_OS_UNIX
+    pollfd line{.fd = port.handle(), .events = 0, .revents = 0};
+    const bool hungUp = ::poll(&line, 1, 0) > 0 && (line.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+    // The port library takes a read that finds nothing, because somebody else was quicker, for an error, and likewise
+    // a write for which there is no room yet.
+    return hungUp || (error != QSerialPort::ReadError && port.errorString() != qt_error_string(EAGAIN));
+#else
+    return true;
+#endif
+}
+
+/// The first of the folders in which serial programs keep their lock files, as the port library searches them.
+QString lockFolder() {
+    for (const QString& folder : {QStringLiteral("/var/lock"), QStringLiteral("/etc/locks"),
+                                  QStringLiteral("/var/spool/locks"), QStringLiteral("/var/spool/uucp")}) {
+        if (QFileInfo(folder).isDir()) {
+            return folder;
+        }
+    }
+    return {};
+}
+
+QString lockFilePath(const QString& folder, const QString& device) {
+    QString name = device;
+    if (name.startsWith(QLatin1String("/dev/"))) {
+        name.remove(0, 5);
+    }
+    return folder + QLatin1String("/LCK..") + name.replace(QLatin1Char('/'), QLatin1Char('_'));
+}
+
+} // namespace
+
+SystemPort::SystemPort(const QString& device) {
+    port_.setPortName(device);
+    QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
+                     [this](QSerialPort::SerialPortError error) { noteError(error); });
+}
+
+QString SystemPort::open() {
+    if (port_.isOpen()) {
+        return {};
+    }
+    const QScopedValueRollback settingUp(settingUp_, true);
+    failure_.clear();
+    port_.clearError();
+    const bool opened = port_.open(QIODevice::ReadWrite) && port_.setBaudRate(QSerialPort::Baud9600) &&
+                        port_.setDataBits(QSerialPort::Data8) && port_.setParity(QSerialPort::NoParity) &&
+                        port_.setStopBits(QSerialPort::OneStop) && port_.setFlowControl(QSerialPort::NoFlowControl);
+    if (!opened) {
+        QString reason = openFailure();
+        port_.close();
+        return reason;
+    }
+    port_.setDataTerminalReady(false);
+    port_.clearError();
+    return {};
+}
+
+void SystemPort::close() {
+    if (port_.isOpen()) {
+        port_.close();
+    }
+}
+
+bool SystemPort::isOpen() const {
+    return port_.isOpen();
+}
+
+void SystemPort::setDataTerminalReady(bool on) {
+    // A pseudo-terminal has no DTR and refuses; that must not end the connection.
+    const QScopedValueRollback settingUp(settingUp_, true);
+    if (port_.isOpen()) {
+        port_.setDataTerminalReady(on);
+    }
+}
+
+QByteArray SystemPort::readAll() {
+    return port_.isOpen() ? port_.readAll() : QByteArray();
+}
+
+void SystemPort::write(const QByteArray& bytes) {
+    if (port_.isOpen() && failure_.isEmpty() && port_.bytesToWrite() + bytes.size() <= maximumPendingOutput) {
+        port_.write(bytes);
+        port_.flush(); // loops that do not yield to the event loop write too
+    }
+}
+
+void SystemPort::discardInput() {
+    if (port_.isOpen() && failure_.isEmpty()) {
+        port_.clear(QSerialPort::Input);
+    }
+}
+
+qsizetype SystemPort::inputCount() {
+    return port_.isOpen() ? port_.bytesAvailable() : 0;
+}
+
+bool SystemPort::waitForInput(int milliseconds) {
+    if (!port_.isOpen()) {
+        return false;
+    }
+    return port_.bytesAvailable() > 0 || (failure_.isEmpty() && port_.waitForReadyRead(milliseconds));
+}
+
+QString SystemPort::failure() const {
+    return failure_;
+}
+
+void SystemPort::noteError(QSerialPort::SerialPortError error) {
+    // After the far end has vanished several errors arrive while the port still counts as open: the first tells why.
+    if (settingUp_ || !failure_.isEmpty() || !lineIsLost(error, port_)) {
+        return;
+    }
+    failure_ = error == QSerialPort::ResourceError || error == QSerialPort::ReadError
+                   ? QStringLiteral("The device is gone: the cable was pulled or the adapter switched off.")
+                   : QStringLiteral("The system says: %1.").arg(port_.errorString());
+}
+
+QString SystemPort::openFailure() const {
+    const QString path = devicePath(port_);
+    const QFileInfo file(path);
+    OpenFailureFacts facts;
+    facts.systemText = port_.errorString();
+    facts.exists = file.exists() || (!QDir::isAbsolutePath(path) && !QSerialPortInfo(port_).isNull());
+    facts.accessible = true;
+#ifdef Q_OS_UNIX
+    facts.isSerialDevice = !file.isFile() && !file.isDir() && port_.error() != QSerialPort::UnsupportedOperationError;
+    facts.accessible = file.isReadable() && file.isWritable();
+    facts.group = file.group();
+    facts.lockFolder = lockFolder();
+    facts.lockFolderWritable = !facts.lockFolder.isEmpty() && QFileInfo(facts.lockFolder).isWritable();
+    QLockFile lock(lockFilePath(facts.lockFolder, path));
+    qint64 process = 0;
+    QString host;
+    QString application;
+    if (QFileInfo::exists(lock.fileName()) && lock.getLockInfo(&process, &host, &application)) {
+        facts.busy = true;
+        facts.lockedBy = application.isEmpty() ? QStringLiteral("process %1").arg(process)
+                                               : QStringLiteral("%1, process %2").arg(application).arg(process);
+    }
+#endif
+    // With everything above in order, a refusal means that somebody else holds the device.
+    facts.busy = facts.busy || (facts.lockFolderWritable && port_.error() == QSerialPort::PermissionError);
+    return explainOpenFailure(facts);
+}
+
+} // namespace orv
