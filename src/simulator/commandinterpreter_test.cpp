@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/commandinterpreter.h"
+
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace {
+
+class CommandInterpreterTest : public testing::Test {
+protected:
+    /// What follows the echo of the last of these characters; "(nothing)" if the instrument waits for more.
+    QByteArray reply(const QByteArray& characters, Deed deed = Deed::Wait) {
+        std::optional<CommandReply> last;
+        for (const char character : characters) {
+            last = interpreter.take(character, 0);
+        }
+        if (!last) {
+            return "(nothing)";
+        }
+        EXPECT_EQ(last->deed, deed);
+        return last->text;
+    }
+
+    InstrumentSettings settings;
+    InstrumentClock clock{QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15)), 0};
+    InstrumentMemory memory{12, {0}};
+    CommandInterpreter interpreter{settings, clock, memory};
+};
+
+TEST_F(CommandInterpreterTest, CommandsWithoutValues) {
+    EXPECT_EQ(reply("P"), "\r\n" + settings.report(12) + ">");
+    EXPECT_EQ(reply("C"), "\r\n11/21/26\t25661\r\n>");
+    EXPECT_EQ(reply("R", Deed::Run), "\r\n");
+    EXPECT_EQ(reply("O", Deed::Dump), "\r\n");
+    EXPECT_EQ(reply("x"), "\r\n>");
+    EXPECT_EQ(reply("p"), "\r\n>");
+    EXPECT_EQ(reply("\r"), "\r\n>");
+}
+
+TEST_F(CommandInterpreterTest, FlagsAreExactlySixCharacters) {
+    EXPECT_EQ(reply("B"), ".");
+    EXPECT_EQ(reply("11111"), "(nothing)");
+    EXPECT_EQ(reply("1"), ">");
+    EXPECT_TRUE(settings.autoStart && settings.gain && settings.auxAdc && settings.logEnabled && settings.wakeUp &&
+                settings.append);
+    EXPECT_EQ(reply("B"), ".");
+    EXPECT_EQ(reply("00\r000x1"), ">");
+    EXPECT_FALSE(settings.autoStart);
+    EXPECT_TRUE(settings.append);
+}
+
+TEST_F(CommandInterpreterTest, NumbersEndWithCarriageReturn) {
+    EXPECT_EQ(reply("T"), ".");
+    EXPECT_EQ(reply("030"), "(nothing)");
+    EXPECT_EQ(reply("\r"), ">");
+    EXPECT_EQ(reply("D24\r"), ">");
+    EXPECT_EQ(reply("Q65535\r"), ">");
+    EXPECT_EQ(reply("I7\r"), ">");
+    EXPECT_EQ(settings.samplesPerPoint, 30);
+    EXPECT_EQ(settings.hoursBeforeBlock, 24);
+    EXPECT_EQ(settings.pointsPerBlock, 65535);
+    EXPECT_EQ(settings.secondsBetweenPoints, 7);
+}
+
+TEST_F(CommandInterpreterTest, AnEmptyNumberIsZeroAndALargeOneIsTheLargest) {
+    settings.pointsPerBlock = 5;
+    EXPECT_EQ(reply("Q\r"), ">");
+    EXPECT_EQ(settings.pointsPerBlock, 0);
+    EXPECT_EQ(reply("Q99999999999999999999\r"), ">");
+    EXPECT_EQ(settings.pointsPerBlock, 65535);
+    EXPECT_EQ(reply("Q1a2\r"), ">");
+    EXPECT_EQ(settings.pointsPerBlock, 12);
+}
+
+TEST_F(CommandInterpreterTest, ClockIsSetWithTheLastDigit) {
+    EXPECT_EQ(reply("U"), ".");
+    EXPECT_EQ(reply("01059"), "(nothing)");
+    EXPECT_EQ(reply("9"), ".");
+    EXPECT_EQ(reply("150"), "(nothing)");
+    EXPECT_EQ(clock.at(0).text(), "11/21/26\t25661");
+    EXPECT_EQ(reply("7"), ">");
+    EXPECT_EQ(clock.at(0).text(), "01/05/99\t40815");
+}
+
+TEST_F(CommandInterpreterTest, ShutterMovesOnlyUnderItsSettings) {
+    EXPECT_EQ(reply("r"), "\r\n>");
+    reply("B000000T1\rD0\rQ1\rI0\r");
+    EXPECT_EQ(reply("r", Deed::MoveShutter), "\r\n");
+}
+
+TEST_F(CommandInterpreterTest, ResetForgetsAValueThatIsBeingEntered) {
+    reply("B000");
+    interpreter.reset();
+    EXPECT_EQ(reply("C"), "\r\n11/21/26\t25661\r\n>");
+    EXPECT_TRUE(settings.wakeUp);
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "simulator/filedescriptor.h"
+#include "simulator/simulatedinstrument.h"
+
+#include <QString>
+
+namespace orv {
+
+/// Serves a simulated instrument on a pseudo-terminal (Linux).
+///
+/// A pseudo-terminal has no DTR. In its place, a host that has opened it and then discards its input wakes the
+/// instrument; so does every further discarding until the host has sent something to the awake instrument. After that,
+/// discarding only discards. When the last host has closed it the instrument sleeps; it may be opened again.
+class PtyServer {
+public:
+    /// `clock` must live longer than the server.
+    PtyServer(const SimulatorOptions& options, const Clock& clock);
+
+    /// Makes the pseudo-terminal. Returns the empty text, or why there is none.
+    QString open();
+
+    /// The path that a host opens, such as "/dev/pts/3".
+    QString path() const { return path_; }
+
+    /// Waits until there is something to do, at most so many milliseconds or until a signal, and does it. Returns
+    /// whether there still is a line: false when the instrument's fault has unplugged it, or it was never made.
+    bool serve(int maximumMilliseconds);
+
+private:
+    int waitingTime(int maximumMilliseconds);
+    void configureLine();
+    void followHosts();
+    void hostCameOrWent(bool came);
+    void takeFromHost();
+    void hostDiscardedInput();
+    void giveToHost();
+    void vanish();
+
+    const Clock& clock_;
+    SimulatedInstrument instrument_;
+    QString path_;
+    FileDescriptor master_;
+    FileDescriptor slave_;   ///< held open so that the line keeps its configuration and reports no hang-up
+    FileDescriptor watch_;   ///< tells when hosts open and close the line
+    int hosts_ = 0;          ///< how many have it open
+    bool heardHost_ = false; ///< the awake instrument has been sent something
+    QByteArray rest_;        ///< what the line had no room for
+};
+
+} // namespace orv

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/instrumentbench.h"
+
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace {
+
+TEST(SimulatedFaults, ASilentInstrumentNeverAnswers) {
+    InstrumentBench bench("sim:trx?fault=silent");
+    EXPECT_EQ(bench.wake(), "");
+    EXPECT_EQ(bench.type("P", 60'000), "");
+    EXPECT_EQ(bench.instrument.nextChange(), std::nullopt);
+}
+
+TEST(SimulatedFaults, ALateInstrumentGreetsAndAnswersLate) {
+    InstrumentBench bench("sim:trx?fault=late&records=0");
+    EXPECT_EQ(bench.wake(), "");
+    EXPECT_EQ(bench.listen(2900), "");
+    EXPECT_EQ(bench.listen(100), "V512\r");
+    EXPECT_EQ(bench.type("B", 3000), "B");
+    EXPECT_EQ(bench.listen(10), ".");
+    EXPECT_EQ(bench.type("000000", 3000), "000000");
+    EXPECT_EQ(bench.listen(10), ">");
+    EXPECT_EQ(bench.type("O", 2900), "O");
+    EXPECT_EQ(bench.listen(200), "\r\nEOF\r\n>");
+}
+
+TEST(SimulatedFaults, WhatALateInstrumentIsSentMeanwhileIsTakenThen) {
+    InstrumentBench bench("sim:trx?fault=late&delay=0.5");
+    bench.wake();
+    bench.listen(500);
+    bench.instrument.receive("xy");
+    EXPECT_EQ(bench.listen(600), "x\r\n>y");
+    EXPECT_EQ(bench.listen(600), "\r\n>");
+}
+
+TEST(SimulatedFaults, GarbageStandsBetweenTheBytes) {
+    InstrumentBench healthy("sim:trx?baud=0&records=50");
+    InstrumentBench bench("sim:trx?baud=0&records=50&fault=garbage");
+    InstrumentBench again("sim:trx?baud=0&records=50&fault=garbage");
+    InstrumentBench other("sim:trx?baud=0&records=50&fault=garbage&seed=2");
+    for (InstrumentBench* each : {&healthy, &bench, &again, &other}) {
+        each->wake();
+    }
+    const QByteArray expected = healthy.type("O");
+    const QByteArray heard = bench.type("O");
+    EXPECT_GT(heard.size(), expected.size() + 20);
+    EXPECT_EQ(heard, again.type("O"));
+    EXPECT_NE(heard, other.type("O"));
+    qsizetype found = 0;
+    for (const char byte : heard) {
+        found += found < expected.size() && byte == expected.at(found) ? 1 : 0;
+    }
+    EXPECT_EQ(found, expected.size()) << "all that should come does come, in its order";
+}
+
+TEST(SimulatedFaults, NoCarriageReturnBehindTheGreeting) {
+    InstrumentBench bench("sim:glow?fault=nocr");
+    EXPECT_EQ(bench.wake(), "F310");
+    EXPECT_EQ(bench.type("x"), "x\r\n>");
+}
+
+TEST(SimulatedFaults, ACutDumpStopsInMidLineAndTheInstrumentIsDead) {
+    for (const auto& [after, lines] : {std::pair("10%", 20), {"50%", 100}, {"99%", 198}}) {
+        InstrumentBench bench(qPrintable(QStringLiteral("sim:trx?fault=cut&after=") + QLatin1String(after)));
+        bench.wake();
+        const QByteArray heard = bench.type("O", 60'000);
+        EXPECT_EQ(heard.count('\n'), 1 + lines) << after;
+        EXPECT_FALSE(heard.endsWith('\n'));
+        EXPECT_EQ(bench.type("P"), "");
+        EXPECT_FALSE(bench.instrument.isUnplugged());
+    }
+}
+
+TEST(SimulatedFaults, ACutLineWorksAgainAfterTheNextWakeUp) {
+    InstrumentBench bench("sim:trx?fault=cut&records=4&baud=0");
+    bench.wake();
+    EXPECT_FALSE(bench.type("O").endsWith(">"));
+    EXPECT_EQ(bench.wake(), "V512\r");
+    EXPECT_TRUE(bench.type("O").endsWith("EOF\r\n>"));
+}
+
+TEST(SimulatedFaults, ARunIsCutToo) {
+    InstrumentBench bench("sim:trx?fault=cut&points=10&after=30%");
+    bench.wake();
+    EXPECT_EQ(bench.type("R", 60'000).count('\n'), 1 + 3);
+    InstrumentBench endless("sim:trx?fault=cut");
+    endless.wake();
+    EXPECT_EQ(endless.type("R", 60'000).count('\n'), 1 + 50);
+}
+
+TEST(SimulatedFaults, ABlockCutAtItsEndHasNoPrompt) {
+    InstrumentBench bench("sim:trx?fault=cut&points=2&after=100%");
+    bench.wake();
+    const QByteArray heard = bench.type("R", 10'000);
+    EXPECT_EQ(heard.count('\n'), 3);
+    EXPECT_TRUE(heard.endsWith("\r\n"));
+}
+
+TEST(SimulatedFaults, CutAfterSoManyBytes) {
+    InstrumentBench bench("sim:trx?fault=cut&after=1234");
+    bench.wake();
+    EXPECT_EQ(bench.type("O", 60'000).size(), 3 + 1234);
+}
+
+TEST(SimulatedFaults, UnplugShowsWhenWhatWentBeforeHasArrived) {
+    InstrumentBench bench("sim:trx?fault=unplug&after=93");
+    bench.wake();
+    bench.instrument.receive("O");
+    bench.clock.advance(99);
+    EXPECT_FALSE(bench.instrument.isUnplugged());
+    bench.clock.advance(1);
+    EXPECT_EQ(bench.instrument.arrivedCount(), 3 + 93);
+    EXPECT_TRUE(bench.instrument.isUnplugged());
+    bench.listen(10'000);
+    EXPECT_EQ(bench.wake(), "");
+    bench.instrument.plugIn();
+    EXPECT_FALSE(bench.instrument.isUnplugged());
+    EXPECT_EQ(bench.wake(), "V512\r");
+    EXPECT_TRUE(bench.type("O", 20'000).endsWith("EOF\r\n>"));
+}
+
+TEST(SimulatedFaults, UnplugSoLongAfterTheGreeting) {
+    InstrumentBench bench("sim:trx?fault=unplug&after=1500ms");
+    bench.wake();
+    bench.type("R", 1390);
+    EXPECT_FALSE(bench.instrument.isUnplugged());
+    bench.listen(10);
+    EXPECT_TRUE(bench.instrument.isUnplugged());
+    EXPECT_EQ(bench.listen(5000), "");
+}
+
+TEST(SimulatedFaults, CutSoLongAfterTheGreetingEvenWhenIdle) {
+    InstrumentBench bench("sim:trx?fault=cut&after=1500ms");
+    bench.wake();
+    EXPECT_EQ(bench.type("x", 2000), "x\r\n>");
+    EXPECT_EQ(bench.type("x", 2000), "");
+}
+
+} // namespace
+} // namespace orv

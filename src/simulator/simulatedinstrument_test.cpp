@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator/instrumentbench.h"
+
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace {
+
+constexpr const char* report = "S0\r\nG0\r\nA0\r\nL0\r\nW1\r\nM1\r\nT10\r\nD0\r\nQ0\r\nI0\r\nMP200\r\n";
+
+TEST(SimulatedInstrument, GreetsWhenDtrHasBeenRaisedAndDropped) {
+    InstrumentBench bench("sim:trx");
+    EXPECT_EQ(bench.listen(1000), "");
+    EXPECT_EQ(bench.type("P"), "");
+    bench.instrument.setWakeLine(false);
+    EXPECT_EQ(bench.listen(1000), "");
+    bench.instrument.setWakeLine(true);
+    EXPECT_EQ(bench.listen(1000), "");
+    bench.instrument.setWakeLine(false);
+    EXPECT_EQ(bench.listen(SimulatedInstrument::wakeUpMilliseconds), "");
+    EXPECT_EQ(bench.listen(100), "V512\r");
+}
+
+TEST(SimulatedInstrument, GreetsWithTypeAndFirmware) {
+    EXPECT_EQ(InstrumentBench("sim:trx?firmware=412").wake(), "V412\r");
+    EXPECT_EQ(InstrumentBench("sim:glow").wake(), "F310\r");
+    EXPECT_EQ(InstrumentBench("sim:glow?firmware=7").wake(), "F7\r");
+}
+
+TEST(SimulatedInstrument, TheGreetingSurvivesADiscardRightAfterTheWakeUpPulse) {
+    InstrumentBench bench("sim:trx?baud=0");
+    bench.instrument.setWakeLine(true);
+    bench.instrument.setWakeLine(false);
+    bench.instrument.discardArrived();
+    EXPECT_EQ(bench.listen(200), "V512\r");
+}
+
+TEST(SimulatedInstrument, EachReplyEndsWithThePromptThatOpensTheNextLine) {
+    InstrumentBench bench("sim:trx");
+    bench.wake();
+    QByteArray heard = bench.type("P");
+    EXPECT_EQ(heard, QByteArray("P\r\n") + report + ">");
+    heard += bench.type("C");
+    heard += bench.type("x");
+    heard += bench.type("O", 100);
+    const QByteArrayList lines = linesOf(heard);
+    EXPECT_EQ(lines.at(12), ">C");
+    EXPECT_EQ(lines.at(14), ">x");
+    EXPECT_EQ(lines.at(15), ">O");
+}
+
+TEST(SimulatedInstrument, ClockReply) {
+    InstrumentBench bench("sim:trx");
+    bench.wake();
+    bench.clock.advance(4800);
+    EXPECT_EQ(bench.type("C"), "C\r\n11/21/26\t25665\r\n>");
+}
+
+TEST(SimulatedInstrument, ValuesAreEchoedAnsweredAndKept) {
+    InstrumentBench bench("sim:glow");
+    bench.wake();
+    EXPECT_EQ(bench.type("B"), "B.");
+    EXPECT_EQ(bench.type("110101"), "110101>");
+    EXPECT_EQ(bench.type("T"), "T.");
+    EXPECT_EQ(bench.type("55\r"), "55\r>");
+    EXPECT_EQ(bench.type("D"), "D.");
+    EXPECT_EQ(bench.type("\r"), "\r>");
+    EXPECT_EQ(bench.type("Q"), "Q.");
+    EXPECT_EQ(bench.type("0020\r"), "0020\r>");
+    EXPECT_EQ(bench.type("I"), "I.");
+    EXPECT_EQ(bench.type("3\r"), "3\r>");
+    const QByteArray kept = "P\r\nS1\r\nG1\r\nA0\r\nL1\r\nW0\r\nM1\r\nT55\r\nD0\r\nQ20\r\nI3\r\nMP200\r\n>";
+    EXPECT_EQ(bench.type("P"), kept);
+    bench.instrument.sleep();
+    bench.wake();
+    EXPECT_EQ(bench.type("P"), kept);
+}
+
+TEST(SimulatedInstrument, ClockRunsFromWhatItWasSetTo) {
+    InstrumentBench bench("sim:trx");
+    bench.wake();
+    EXPECT_EQ(bench.type("U"), "U.");
+    EXPECT_EQ(bench.type("010599"), "010599.");
+    EXPECT_EQ(bench.type("1507", 0), "");
+    bench.clock.advance(8000);
+    EXPECT_EQ(bench.instrument.takeArrived(), "1507>");
+    EXPECT_EQ(bench.type("C"), "C\r\n01/05/99\t40821\r\n>");
+}
+
+TEST(SimulatedInstrument, PacesItsOutput) {
+    InstrumentBench bench("sim:trx");
+    bench.wake();
+    bench.instrument.receive("O");
+    bench.clock.advance(1000);
+    EXPECT_EQ(bench.instrument.arrivedCount(), 960);
+    EXPECT_EQ(bench.listen(1000).size(), 1920);
+}
+
+TEST(SimulatedInstrument, ADumpKeepsThePaceForAnHour) {
+    InstrumentBench bench("sim:trx?records=65525&erased=200000");
+    bench.wake();
+    bench.instrument.receive("O");
+    qint64 heard = 0;
+    for (int step = 0; step < 3600 * 200; ++step) {
+        bench.clock.advance(5);
+        heard += bench.instrument.takeArrived().size();
+    }
+    EXPECT_EQ(heard, 3600 * 960);
+}
+
+TEST(SimulatedInstrument, DumpsItsRecordsOldestFirst) {
+    InstrumentBench bench("sim:glow?records=3&baud=0");
+    bench.wake();
+    const QByteArrayList lines = linesOf(bench.type("O", 0));
+    ASSERT_EQ(lines.size(), 6);
+    EXPECT_EQ(lines.at(0), "O");
+    EXPECT_TRUE(lines.at(1).startsWith("11/21/26\t25526\t")) << lines.at(1).constData();
+    EXPECT_TRUE(lines.at(2).startsWith("11/21/26\t25571\t"));
+    EXPECT_TRUE(lines.at(3).startsWith("11/21/26\t25616\t"));
+    EXPECT_EQ(lines.at(4), "EOF");
+    EXPECT_EQ(lines.at(5), ">");
+}
+
+TEST(SimulatedInstrument, DumpsErasedMemoryAndTheOtherEnd) {
+    InstrumentBench bench("sim:trx?records=0&erased=2&end=0");
+    bench.wake();
+    EXPECT_EQ(bench.type("O"), "O\r\n65535\r\n65535\r\n0\r\n>");
+    EXPECT_EQ(bench.type("x"), "x\r\n>");
+}
+
+TEST(SimulatedInstrument, AnUnpacedDumpComesWholeThoughInPieces) {
+    InstrumentBench bench("sim:trx?records=65525&baud=0");
+    bench.wake();
+    bench.instrument.receive("O");
+    QByteArray heard;
+    while (const qsizetype count = bench.instrument.arrivedCount()) {
+        EXPECT_LT(count, 66000);
+        heard += bench.instrument.takeArrived();
+    }
+    EXPECT_EQ(heard.count('\n'), 1 + 65525 + 1);
+    EXPECT_TRUE(heard.endsWith("EOF\r\n>"));
+}
+
+TEST(SimulatedInstrument, DiscardingDropsAllPiecesOfAnUnpacedDump) {
+    InstrumentBench bench("sim:trx?records=65525&baud=0");
+    bench.wake();
+    bench.instrument.receive("O");
+    bench.instrument.discardArrived();
+    EXPECT_EQ(bench.type("x"), "x\r\n>");
+}
+
+TEST(SimulatedInstrument, ABlockEndsWithThePrompt) {
+    InstrumentBench bench("sim:trx?points=3&rate=10");
+    bench.wake();
+    EXPECT_EQ(bench.type("R", 90), "R\r\n");
+    const QByteArrayList lines = linesOf(bench.listen(1000));
+    ASSERT_EQ(lines.size(), 4);
+    EXPECT_EQ(lines.at(0).count('\t'), 5);
+    EXPECT_EQ(lines.at(3), ">");
+    EXPECT_EQ(bench.listen(10000), "");
+    EXPECT_EQ(linesOf(bench.type("R", 1000)).size(), 5);
+}
+
+TEST(SimulatedInstrument, SamplesAtItsRateWithoutDrift) {
+    InstrumentBench bench("sim:glow?rate=3");
+    bench.wake();
+    QByteArray heard = bench.type("R", 3'600'000);
+    heard += bench.listen(50);
+    EXPECT_EQ(heard.count('\n'), 1 + 3 * 3600);
+}
+
+TEST(SimulatedInstrument, SamplesAsItsSettingsSay) {
+    InstrumentBench bench("sim:trx");
+    bench.wake();
+    EXPECT_EQ(bench.type("R", 10'100).count('\n'), 1 + 20);
+    bench.wake();
+    bench.type("T210\rI1\r");
+    EXPECT_EQ(bench.type("R", 24'100).count('\n'), 1 + 5);
+    bench.wake();
+    bench.type("T10\rI0\rD1\rQ1\r");
+    EXPECT_EQ(bench.type("R", 3'600'400), "R\r\n");
+    EXPECT_TRUE(bench.listen(200).endsWith("\r\n>"));
+}
+
+TEST(SimulatedInstrument, ASlowLineHoldsUpThePointsWithoutAGap) {
+    InstrumentBench bench("sim:trx?rate=1000");
+    bench.wake();
+    bench.type("R", 1000);
+    EXPECT_EQ(bench.listen(10'000).size(), 9600);
+    // A host that does not read for a day finds 64 KB, and the line goes on from there.
+    bench.clock.advance(86'400'000);
+    EXPECT_LT(bench.instrument.arrivedCount(), 66000);
+}
+
+TEST(SimulatedInstrument, DoesNotHearWhatComesWhileItRunsOrDumps) {
+    InstrumentBench bench("sim:trx?points=1&records=1");
+    bench.wake();
+    bench.instrument.receive("RP");
+    EXPECT_EQ(bench.type("C", 700).count("\r\n"), 2);
+    bench.instrument.receive("O");
+    EXPECT_EQ(linesOf(bench.type("P", 700)).size(), 4);
+}
+
+TEST(SimulatedInstrument, HearsWhatComesWhileAReplyIsOnItsWay) {
+    InstrumentBench bench("sim:trx");
+    bench.wake();
+    bench.instrument.receive("P");
+    EXPECT_TRUE(bench.type("x").endsWith("MP200\r\n>x\r\n>"));
+}
+
+TEST(SimulatedInstrument, LogsPointsBehindItsRecords) {
+    InstrumentBench bench("sim:glow?records=2&points=3&baud=0&rate=100");
+    bench.wake();
+    bench.type("B000111");
+    const QByteArrayList run = linesOf(bench.type("R", 100));
+    EXPECT_TRUE(bench.type("P").endsWith("MP5\r\n>"));
+    const QByteArrayList dump = linesOf(bench.type("O"));
+    ASSERT_EQ(dump.size(), 8);
+    EXPECT_EQ(dump.mid(3, 3), run.mid(1, 3));
+}
+
+TEST(SimulatedInstrument, ErasesItsMemoryFirstWhenAppendIsOff) {
+    InstrumentBench bench("sim:glow?records=2&points=3&baud=0&rate=100");
+    bench.wake();
+    bench.type("B000010");
+    bench.type("R");
+    EXPECT_TRUE(bench.type("P").endsWith("MP2\r\n>")) << "without logging the memory stays";
+    bench.type("B000110");
+    const QByteArrayList run = linesOf(bench.type("R", 100));
+    EXPECT_TRUE(bench.type("P").endsWith("MP3\r\n>"));
+    EXPECT_EQ(linesOf(bench.type("O")).mid(1, 3), run.mid(1, 3));
+}
+
+TEST(SimulatedInstrument, AWakeUpPulseEndsARunADumpAndAnEntry) {
+    InstrumentBench bench("sim:trx");
+    bench.wake();
+    bench.type("R", 2000);
+    EXPECT_EQ(bench.wake(), "V512\r");
+    EXPECT_EQ(bench.listen(2000), "");
+    bench.type("O", 500);
+    EXPECT_EQ(bench.wake(), "V512\r");
+    EXPECT_EQ(bench.listen(2000), "");
+    bench.type("B00");
+    EXPECT_EQ(bench.wake(), "V512\r");
+    EXPECT_EQ(bench.type("C", 30).left(3), "C\r\n");
+}
+
+TEST(SimulatedInstrument, MovesItsShutterInItsTime) {
+    InstrumentBench bench("sim:trx");
+    bench.wake();
+    EXPECT_EQ(bench.type("r"), "r\r\n>");
+    bench.type("B000000T1\rD0\rQ1\rI0\r");
+    EXPECT_EQ(bench.type("r", 30'000), "r\r\n");
+    EXPECT_EQ(bench.type("P", 900), "");
+    EXPECT_EQ(bench.listen(200), ">");
+    EXPECT_EQ(bench.type("x"), "x\r\n>");
+}
+
+TEST(SimulatedInstrument, SleepDropsWhatHasNotBeenTaken) {
+    InstrumentBench bench("sim:trx");
+    bench.wake();
+    bench.instrument.receive("P");
+    bench.clock.advance(20);
+    bench.instrument.sleep();
+    EXPECT_EQ(bench.listen(1000), "");
+    EXPECT_EQ(bench.type("P"), "");
+    EXPECT_EQ(bench.wake(), "V512\r");
+}
+
+TEST(SimulatedInstrument, TellsWhenSomethingHappensNext) {
+    InstrumentBench bench("sim:trx");
+    EXPECT_EQ(bench.instrument.nextChange(), std::nullopt);
+    bench.instrument.wake();
+    EXPECT_EQ(bench.instrument.nextChange(), 100);
+    bench.clock.advance(100);
+    EXPECT_EQ(bench.instrument.nextChange(), 102);
+    bench.clock.advance(2);
+    EXPECT_LE(bench.instrument.nextChange(), 102);
+    bench.listen(100);
+    EXPECT_EQ(bench.instrument.nextChange(), std::nullopt);
+    bench.type("R", 100);
+    EXPECT_EQ(bench.instrument.nextChange(), bench.clock.monotonicMilliseconds() + 400);
+}
+
+} // namespace
+} // namespace orv
