@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTabBar>
+
+#include <functional>
+
+namespace orv {
+
+/// A tab strip on which no tab is selected until the operator chooses one, by the mouse, by a key or through choose().
+class ChoiceTabBar final : public QTabBar {
+public:
+    explicit ChoiceTabBar(const QStringList& captions, QWidget* parent = nullptr);
+
+    bool isChosen() const { return chosen_; }
+
+    /// Selects a tab as the operator would.
+    void choose(int index);
+
+    /// Called with the caption of every tab that is chosen.
+    std::function<void(const QString& caption)> tabChosen;
+
+protected:
+    void initStyleOption(QStyleOptionTab* option, int tabIndex) const override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    bool chosen_ = false;
+};
+
+} // namespace orv

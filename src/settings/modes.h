@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "settings/modefile.h"
+#include "settings/setprefs.h"
+
+namespace orv {
+
+/// The buttons of the "Modes" tab. The built-in modes and a loaded file fill the settings screen and, when the
+/// instrument is connected, are sent to it at once. Nothing happens while another operation is under way.
+class Modes {
+public:
+    Modes(Session& session, const ComPorts& ports, SettingsPanel& settings, SettingsSender& sender,
+          OperatorQuestions& questions);
+
+    /// Continuous sampling without logging. Samples per point follow the type label of the main window: 200 for
+    /// "GLOW", 30 for "TRX"; any other label leaves them as they were.
+    void profile();
+
+    /// A logged block of 60000 points, one an hour. Samples per point follow the type letter of the identification:
+    /// 200 for the fluorometer, 30 for the scattering meter; without a letter they stay as they were.
+    void moored();
+
+    /// Writes the settings on the screen into a mode file of the operator's choice. The file is replaced whole or not
+    /// at all. A cancelled dialog does nothing. How it went is told on the "Modes" tab only: a save that fails never
+    /// interrupts.
+    void saveMode();
+
+    /// Fills the screen from a mode file of the operator's choice; ".OCM" is appended to a name that does not end so.
+    /// A file that cannot be read, or with fewer than ten lines, is told in a message and changes nothing. A cancelled
+    /// dialog does nothing.
+    void loadMode();
+
+private:
+    bool wouldDisturb() const { return !session_.commands.undisturbed; }
+    void sendIfConnected();
+    void refuse(const QString& text);
+
+    Session& session_;
+    const ComPorts& ports_;
+    SettingsPanel& settings_;
+    SettingsSender& sender_;
+    OperatorQuestions& questions_;
+};
+
+} // namespace orv

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/modes.h"
+
+#include "settings/sendingtest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace orv {
+
+namespace {
+
+const QByteArray mooredFile = "30\r\n0\r\n60000\r\n3600\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n 1\r\n";
+
+class ModesTest : public SendingTest {
+protected:
+    QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
+
+    static QByteArray contentOf(const QString& name) {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+    }
+
+    static void write(const QString& name, const QByteArray& content) {
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+
+    Mode shown() const { return Mode::of(settings.record); }
+
+    /// What a mode looks like behind "Profile" or "Moored", with its samples per point.
+    static Mode profileMode(const char* samples) {
+        return {.samplesPerPoint = QString::fromLatin1(samples),
+                .hoursBeforeBlock = QStringLiteral("0"),
+                .pointsPerBlock = QStringLiteral("0"),
+                .secondsBetweenPoints = QStringLiteral("0"),
+                .wakeUp = true,
+                .autoStart = true};
+    }
+    static Mode mooredMode(const char* samples) {
+        return {.samplesPerPoint = QString::fromLatin1(samples),
+                .hoursBeforeBlock = QStringLiteral("0"),
+                .pointsPerBlock = QStringLiteral("60000"),
+                .secondsBetweenPoints = QStringLiteral("3600"),
+                .logEnabled = true,
+                .wakeUp = true,
+                .append = true,
+                .autoStart = true};
+    }
+
+    /// A record whose every value differs from both built-in modes.
+    void fillOtherwise() {
+        Mode{.samplesPerPoint = QStringLiteral("7"),
+             .hoursBeforeBlock = QStringLiteral("7"),
+             .pointsPerBlock = QStringLiteral("7"),
+             .secondsBetweenPoints = QStringLiteral("7"),
+             .logEnabled = !logged,
+             .wakeUp = false,
+             .auxAdc = true,
+             .gain = true,
+             .append = !logged,
+             .autoStart = false}
+            .putInto(settings.record);
+    }
+
+    void expectNothingHappened(const Mode& before) {
+        EXPECT_EQ(shown(), before);
+        EXPECT_TRUE(writes.empty());
+        EXPECT_TRUE(settings.modeRemark.value().isEmpty());
+    }
+
+    QTemporaryDir folder;
+    PreparedAnswers answers;
+    bool logged = false; ///< What the mode under test does.
+    Modes modes{session, ports, settings, sender, answers};
+};
+
+TEST_F(ModesTest, ProfileGoesByTheTypeLabel) {
+    const std::pair<const char*, const char*> table[] = {{"GLOW", "200"}, {"TRX", "30"}, {"________", "7"}};
+    session.state.Vartemp = QStringLiteral("F");
+    for (const auto& [label, samples] : table) {
+        fillOtherwise();
+        session.status.instrument = QString::fromLatin1(label);
+        modes.profile();
+        EXPECT_EQ(shown(), profileMode(samples)) << label;
+    }
+}
+
+TEST_F(ModesTest, MooredGoesByTheTypeLetter) {
+    const std::pair<const char*, const char*> table[] = {{"F", "200"}, {"f", "200"}, {"V", "30"},
+                                                         {"v", "30"},  {"", "7"},    {"X", "7"}};
+    session.status.instrument = QStringLiteral("GLOW");
+    logged = true;
+    for (const auto& [letter, samples] : table) {
+        fillOtherwise();
+        session.state.Vartemp = QString::fromLatin1(letter);
+        modes.moored();
+        EXPECT_EQ(shown(), mooredMode(samples)) << letter;
+    }
+}
+
+TEST_F(ModesTest, APresetIsSentAtOnceWhenConnected) {
+    modes.profile();
+    EXPECT_EQ(written(), (QByteArrayList{"B", "100010", "T", "30\r", "D", "0\r", "Q", "0\r", "I", "0\r", "P"}));
+    EXPECT_FALSE(progress.visible.value());
+    writes.clear();
+    modes.moored();
+    EXPECT_EQ(written(), (QByteArrayList{"B", "100111", "T", "30\r", "D", "0\r", "Q", "60000\r", "I", "3600\r", "P"}));
+}
+
+TEST_F(ModesTest, APresetOnlyFillsTheScreenWhenNotConnected) {
+    ports.close();
+    modes.profile();
+    EXPECT_EQ(shown(), profileMode("30"));
+    modes.moored();
+    EXPECT_EQ(shown(), mooredMode("30"));
+    EXPECT_TRUE(writes.empty());
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ModesTest, NothingHappensWhileAnotherOperationIsUnderWay) {
+    session.commands.activity = Activity::Collecting;
+    answers.fileName = path("moored.OCM");
+    write(answers.fileName, mooredFile);
+    const Mode before = shown();
+    modes.profile();
+    modes.moored();
+    modes.loadMode();
+    expectNothingHappened(before);
+    EXPECT_TRUE(answers.asked.isEmpty());
+}
+
+TEST_F(ModesTest, SaveWritesTheTenLines) {
+    mooredMode("30").putInto(settings.record);
+    answers.fileName = path("deep sea.OCM");
+    modes.saveMode();
+    EXPECT_EQ(contentOf(answers.fileName), mooredFile);
+    EXPECT_EQ(answers.asked, QStringList{QStringLiteral("Save A User Defined Mode||.OCM|*.OCM")});
+    EXPECT_EQ(settings.modeRemark.value(), QStringLiteral("Saved as deep sea.OCM."));
+    EXPECT_TRUE(writes.empty());
+}
+
+TEST_F(ModesTest, SaveReplacesAnOlderLongerFile) {
+    answers.fileName = path("old.OCM");
+    write(answers.fileName, QByteArray(5000, 'x'));
+    mooredMode("30").putInto(settings.record);
+    modes.saveMode();
+    EXPECT_EQ(contentOf(answers.fileName), mooredFile);
+}
+
+TEST_F(ModesTest, ACancelledSaveDoesNothing) {
+    const Mode before = shown();
+    modes.saveMode();
+    expectNothingHappened(before);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+TEST_F(ModesTest, ASaveThatFailsIsQuiet) {
+    answers.fileName = path("no such folder/mode.OCM");
+    modes.saveMode();
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(settings.modeRemark.value(), QStringLiteral("mode.OCM could not be written; nothing was saved."));
+    answers.fileName = folder.path(); // a folder stands in the way
+    modes.saveMode();
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_TRUE(settings.modeRemark.value().endsWith(QStringLiteral("nothing was saved.")));
+}
+
+TEST_F(ModesTest, LoadFillsTheScreenAndSends) {
+    answers.fileName = path("moored.OCM");
+    write(answers.fileName, mooredFile);
+    modes.loadMode();
+    EXPECT_EQ(shown(), mooredMode("30"));
+    EXPECT_EQ(writes.size(), 11U);
+    EXPECT_EQ(writes.at(1).bytes, "100111");
+    EXPECT_EQ(answers.asked, QStringList{QStringLiteral("Load A User Defined Mode|.OCM|*.OCM")});
+    EXPECT_EQ(settings.modeRemark.value(), QStringLiteral("Loaded moored.OCM."));
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ModesTest, LoadOnlyFillsTheScreenWhenNotConnected) {
+    ports.close();
+    answers.fileName = path("moored.OCM");
+    write(answers.fileName, mooredFile);
+    modes.loadMode();
+    EXPECT_EQ(shown(), mooredMode("30"));
+    EXPECT_TRUE(writes.empty());
+}
+
+TEST_F(ModesTest, TheSuffixIsAppendedUnlessTheNameEndsSoLetterForLetter) {
+    write(path("plain.OCM"), mooredFile);
+    write(path("lower.ocm.OCM"), mooredFile);
+    write(path("lower.ocm"), "not this one");
+    for (const char* name : {"plain", "lower.ocm", "plain.OCM"}) {
+        fillOtherwise();
+        answers.fileName = path(name);
+        modes.loadMode();
+        EXPECT_EQ(shown(), mooredMode("30")) << name;
+    }
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ModesTest, ACancelledLoadDoesNothing) {
+    const Mode before = shown();
+    modes.loadMode();
+    expectNothingHappened(before);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ModesTest, AFileThatCannotBeReadIsToldAndChangesNothing) {
+    const Mode before = shown();
+    write(path("short.OCM"), "30\r\n0\r\n60000\r\n3600\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n");
+    write(path("empty.OCM"), "");
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("folder.OCM")));
+    for (const char* name : {"short.OCM", "empty.OCM", "missing.OCM", "folder.OCM"}) {
+        messages.shown.clear();
+        answers.fileName = path(name);
+        modes.loadMode();
+        expectNothingHappened(before);
+        ASSERT_EQ(messages.shown.size(), 1U) << name;
+        EXPECT_EQ(messages.shown.front().icon, Message::Icon::Exclamation);
+        EXPECT_TRUE(messages.shown.front().text.contains(QString::fromLatin1(name)));
+        EXPECT_TRUE(messages.shown.front().text.endsWith(QStringLiteral("Nothing was changed and nothing was sent.")));
+    }
+}
+
+TEST_F(ModesTest, SavingAndLoadingRestoresAllTenValues) {
+    fillOtherwise();
+    settings.record.hoursBeforeBlock = QString();
+    const Mode before = shown();
+    answers.fileName = path("own.OCM");
+    modes.saveMode();
+    modes.moored();
+    modes.loadMode();
+    EXPECT_EQ(shown(), before);
+}
+
+} // namespace
+
+} // namespace orv

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/plainenglishwindow.h"
+
+#include "settings/screentest.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace orv {
+
+namespace {
+
+constexpr const char* names[] = {"OpeningLine", "RunLine",     "BinningLine",    "SleepLine",    "WakeLine",
+                                 "BlockLine",   "LoggingLine", "EndOfBlockLine", "NextBlockLine"};
+
+class PlainEnglishWindowTest : public testing::Test {
+protected:
+    PlainEnglishWindowTest() {
+        record.samplesPerPoint = QStringLiteral("30");
+        record.pointsPerBlock = QStringLiteral("600");
+    }
+
+    QString line(const char* name) const { return control<QLabel>(window, name).text(); }
+    QList<int> tops() const {
+        QList<int> list;
+        for (const char* name : names) {
+            list << control<QLabel>(window, name).y();
+        }
+        return list;
+    }
+
+    LoggerSettings record;
+    PlainEnglishWindow window{record};
+};
+
+TEST_F(PlainEnglishWindowTest, ShowsTheLinesOneUnderTheOther) {
+    window.open();
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("In Plain English"));
+    EXPECT_EQ(line("OpeningLine"), QStringLiteral("     The Orv Sensor will come up waiting for a command."));
+    EXPECT_EQ(line("BlockLine"), QStringLiteral("continues for 600 data points to create 1 data block."));
+    EXPECT_EQ(line("NextBlockLine"),
+              QStringLiteral("If you decide to take another data block, data in memory will be erased."));
+    EXPECT_EQ(tops(), (QList<int>{32, 56, 80, 104, 128, 152, 176, 200, 224}));
+}
+
+TEST_F(PlainEnglishWindowTest, NoLineIsKeptFreeForANextBlockThatNeverComes) {
+    record.pointsPerBlock = QStringLiteral("0");
+    record.autoStart = true;
+    window.open();
+    EXPECT_EQ(line("RunLine"), QString());
+    EXPECT_EQ(line("NextBlockLine"), QString());
+    EXPECT_EQ(tops(), (QList<int>{32, 56, 80, 104, 128, 152, 176, 200, 200}));
+}
+
+TEST_F(PlainEnglishWindowTest, DoesNotFollowEditsUntilItIsOpenedAgain) {
+    window.open();
+    record.samplesPerPoint = QStringLiteral("99");
+    EXPECT_EQ(line("BinningLine"), QStringLiteral("It will bin for 30 sample(s) to create 1 data point."));
+    window.open();
+    EXPECT_EQ(line("BinningLine"), QStringLiteral("It will bin for 99 sample(s) to create 1 data point."));
+}
+
+TEST_F(PlainEnglishWindowTest, NoSentenceIsCutOff) {
+    record.pointsPerBlock = QStringLiteral("0");
+    window.open();
+    QApplication::processEvents();
+    for (const char* name : names) {
+        const auto& label = control<QLabel>(window, name);
+        EXPECT_GE(label.width(), label.sizeHint().width());
+        EXPECT_FALSE(label.visibleRegion().isEmpty() && !label.text().isEmpty()) << name;
+        EXPECT_LE(label.mapTo(&window, QPoint(label.width(), 0)).x(), window.width()) << name;
+    }
+}
+
+TEST_F(PlainEnglishWindowTest, ItsButtonClosesIt) {
+    window.open();
+    EXPECT_TRUE(window.isVisible());
+    control<QPushButton>(window, "ClosePlainEnglish").click();
+    EXPECT_FALSE(window.isVisible());
+}
+
+} // namespace
+
+} // namespace orv

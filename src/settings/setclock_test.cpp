@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/sendingtest.h"
+
+namespace orv {
+
+namespace {
+
+TEST(ClockDigits, DateHasTwoDigitsForEachPiece) {
+    EXPECT_EQ(dateDigits(QStringLiteral("1/5/99")), QStringLiteral("010599"));
+    EXPECT_EQ(dateDigits(QStringLiteral("11/21/26")), QStringLiteral("112126"));
+    EXPECT_EQ(dateDigits(QStringLiteral("12/1/00")), QStringLiteral("120100"));
+}
+
+TEST(ClockDigits, TimeIsHourAndMinutesOfA24HourClock) {
+    const std::pair<const char*, const char*> table[] = {
+        {"3:07:09 PM", "1507"},  {"3:07:09 pm", "1507"},  {"3:07:59 AM", "0307"},  {"12:00:00 PM", "1200"},
+        {"12:59:00 PM", "1259"}, {"12:00:00 AM", "0000"}, {"12:15:00 am", "0015"}, {"11:59:59 PM", "2359"},
+        {"1:05:00 AM", "0105"},  {"15:07:09", "1507"},    {"0:05:00", "0005"},     {"12:30:00", "1230"},
+        {"3:7:9 PM", "1507"},
+    };
+    for (const auto& [text, digits] : table) {
+        EXPECT_EQ(timeDigits(QString::fromLatin1(text)), QString::fromLatin1(digits)) << text;
+    }
+}
+
+class SetClockTest : public SendingTest {
+protected:
+    SetClockTest() { settings.syncTimeDate = true; }
+
+    /// What is written after the settings, and how many milliseconds after what came before.
+    std::vector<TimedWrite> clockWrites() const {
+        std::vector<TimedWrite> list(writes.begin() + std::min<std::ptrdiff_t>(10, std::ssize(writes)), writes.end());
+        for (std::size_t i = list.size(); i-- > 1;) {
+            list[i].milliseconds -= list[i - 1].milliseconds;
+        }
+        return list;
+    }
+
+    QByteArrayList clockItems() const { return written().mid(10); }
+};
+
+TEST_F(SetClockTest, TypesDateAndTimeDigitByDigit) {
+    clock.advance(qint64{1000} * (6 * 3600 - (30 - 7) * 60)); // 3:07 PM
+    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
+    EXPECT_EQ(clockItems(), (QByteArrayList{"U", "0", "1", "0", "5", "9", "9", "1", "5", "0", "7", "P", "P"}));
+    const auto list = clockWrites();
+    ASSERT_EQ(list.size(), 13U);
+    for (std::size_t digit = 1; digit <= 10; ++digit) {
+        // The clock of seconds since midnight has a grain of a few milliseconds in single precision.
+        EXPECT_NEAR(static_cast<double>(list[digit].milliseconds), 200.0, 5.0) << digit;
+    }
+    EXPECT_EQ(list[11].milliseconds, 0);
+    EXPECT_EQ(list[12].milliseconds, 0);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(SetClockTest, FinishesAsTheSendingDoes) {
+    onWrite = [this](const QByteArray& bytes) {
+        if (bytes == "U" || bytes == "9") {
+            EXPECT_EQ(session.commands.activity.value(), Activity::SettingClock);
+            EXPECT_FALSE(timer.isRunning());
+        }
+        if (bytes == "P") {
+            EXPECT_EQ(timer.interval(), 10);
+        }
+    };
+    sender.setprefs();
+    EXPECT_EQ(instrument->discards, 2);
+    EXPECT_EQ(settings.lamp.value(), Lamp::Sent);
+    EXPECT_EQ(progress.value.value(), 0);
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::ready);
+    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+}
+
+TEST_F(SetClockTest, TakesTheComputersDateWhileTheScreenShowsNone) {
+    settings.computerDate = QString();
+    sender.setprefs();
+    EXPECT_EQ(clockItems().mid(1, 6).join(), "112126");
+}
+
+TEST_F(SetClockTest, TakesTheTimeWhenTheDateHasBeenTaken) {
+    clock.advance(44'500); // 9:30:59.5, so that the minute ends while the date is typed
+    sender.setprefs();
+    EXPECT_EQ(clockItems().mid(7, 4).join(), "0931");
+}
+
+TEST_F(SetClockTest, IsLeftOutUnlessAskedFor) {
+    settings.syncTimeDate = false;
+    sender.setprefs();
+    EXPECT_EQ(clockItems(), QByteArrayList{"P"});
+}
+
+TEST_F(SetClockTest, SendsNoDateWithoutThePrompt) {
+    answered = 10;
+    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
+    EXPECT_EQ(clockItems(), QByteArrayList{"U"});
+    EXPECT_EQ(messages.shown, std::vector{sendingError()});
+    EXPECT_EQ(shownAfter, 1U);
+    EXPECT_EQ(timer.interval(), 10);
+    EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
+    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+}
+
+TEST_F(SetClockTest, SendsNoTimeWithoutThePromptForTheDate) {
+    answered = 16;
+    debug.rawBuffer = true;
+    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
+    EXPECT_EQ(clockItems().join(), "U010599");
+    EXPECT_EQ(messages.shown, std::vector{sendingError()});
+    EXPECT_EQ(transcript().last(), QStringLiteral("Timeout"));
+}
+
+class ClockWaitTest : public SetClockTest, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(ClockWaitTest, AConnectionClosedInTheWaitGetsNothingMore) {
+    const std::size_t itemsBefore = 11 + GetParam();
+    events.tick = [this, itemsBefore] {
+        if (writes.size() == itemsBefore) {
+            ports.close();
+            session.commands.activity = Activity::None;
+        }
+    };
+    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
+    EXPECT_EQ(writes.size(), itemsBefore);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_TRUE(timer.isRunning()) << "the next connection would have no ticks";
+    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+}
+
+TEST_P(ClockWaitTest, ANewConnectionMadeInTheWaitGetsNothingOfTheOldSending) {
+    const std::size_t itemsBefore = 11 + GetParam();
+    events.tick = [this, itemsBefore] {
+        if (writes.size() == itemsBefore) {
+            ports.close();
+            ports.open();
+            session.commands.activity = Activity::Collecting;
+            events.tick = nullptr;
+        }
+    };
+    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
+    EXPECT_EQ(writes.size(), itemsBefore);
+    EXPECT_EQ(session.commands.activity.value(), Activity::Collecting);
+}
+
+TEST_P(ClockWaitTest, APulledCableEndsItWithOneMessage) {
+    const std::size_t itemsBefore = 11 + GetParam();
+    events.tick = [this, itemsBefore] {
+        if (writes.size() == itemsBefore) {
+            instrument->failureReason = QStringLiteral("gone");
+        }
+    };
+    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
+    EXPECT_EQ(writes.size(), itemsBefore);
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachDigit, ClockWaitTest, testing::Range(std::size_t{0}, std::size_t{10}));
+
+TEST_F(SetClockTest, ASendingBegunAndEndedInsideTheWaitKeepsItsTimer) {
+    events.tick = [this] {
+        if (writes.size() == 11) {
+            events.tick = nullptr;
+            ports.close();
+            ports.open();
+            settings.syncTimeDate = false;
+            session.commands.activity = Activity::None;
+            sender.setprefs();
+        }
+    };
+    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
+    EXPECT_EQ(timer.interval(), 10);
+    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+}
+
+TEST_F(SetClockTest, ListsDigitsInTheServiceModeOnly) {
+    sender.setprefs();
+    EXPECT_EQ(transcript().filter(QStringLiteral("9")), QStringList{QStringLiteral("010599.")});
+    session.state.trouble = 1;
+    sender.setprefs();
+    const QStringList list = transcript();
+    EXPECT_EQ(list.count(QStringLiteral("9")), 3); // two of the date, one of the time 09:30
+    EXPECT_EQ(list.count(QStringLiteral("U")), 0);
+}
+
+} // namespace
+
+} // namespace orv
