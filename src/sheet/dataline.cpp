@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/dataline.h"
+
+#include "session/datetimetext.h"
+#include "session/numbertext.h"
+#include "session/runtimeerror.h"
+#include "settings/settingspanel.h"
+
+#include <cmath>
+
+namespace orv {
+
+namespace {
+
+constexpr qsizetype fieldsBeforeValues = 2;
+
+QString timeColumn(const QString& count) {
+    try {
+        return timeOfDay(wholeNumberText(count)).text24();
+    } catch (const RuntimeError&) {
+        return count;
+    }
+}
+
+/// Columns of the values that a TRX conversion changes, one for each angle.
+std::array<qsizetype, 3> angleColumns(RowLayout layout) {
+    if (layout == RowLayout::TrxNewer) {
+        return {0, 1, 2};
+    }
+    return {0, 2, 4};
+}
+
+Conversion::Line readLine(const CalibrationBoxes& boxes) {
+    return {.offset = leadingNumber(boxes.offset.value()), .scale = leadingNumber(boxes.scale.value())};
+}
+
+void convert(QStringList& values, RowLayout layout, const Conversion& conversion) {
+    if (layout == RowLayout::Glow) {
+        if (conversion.glow) {
+            values[0] = convertedValue(values[0], *conversion.glow);
+        }
+    } else if (layout != RowLayout::Unknown && conversion.trx) {
+        const auto columns = angleColumns(layout);
+        for (std::size_t angle = 0; angle < columns.size(); ++angle) {
+            QString& value = values[columns.at(angle)];
+            value = convertedValue(value, conversion.trx->at(angle));
+        }
+    }
+}
+
+} // namespace
+
+Conversion requestedConversion(const SettingsPanel& settings) {
+    Conversion conversion;
+    if (!settings.glowProvideRawCounts) {
+        conversion.glow = readLine(settings.glowCalibration);
+    }
+    if (!settings.trxProvideRawCounts) {
+        const auto& angles = settings.trxCalibration;
+        conversion.trx = {readLine(angles[0]), readLine(angles[1]), readLine(angles[2])};
+    }
+    return conversion;
+}
+
+std::optional<DataRow> readDataLine(const QString& line, RowLayout layout, const Conversion& conversion) {
+    qsizetype end = 0;
+    while (end < line.size() && line[end] != u'\r' && line[end] != u'\n') {
+        ++end;
+    }
+    QStringList fields = line.first(end).split(u'\t');
+    const qsizetype most = fieldsBeforeValues + valueCount(layout);
+    const qsizetype least = layout == RowLayout::Unknown ? fieldsBeforeValues + 1 : most;
+    if (fields.size() < least) {
+        return std::nullopt;
+    }
+    DataRow row;
+    const auto date = instrumentDate(fields[0]);
+    row.date = date ? shortDate(*date) : fields[0];
+    row.time = timeColumn(fields[1]);
+    row.values = fields.mid(fieldsBeforeValues, most - fieldsBeforeValues);
+    convert(row.values, layout, conversion);
+    return row;
+}
+
+QString convertedValue(const QString& counts, const Conversion::Line& line) {
+    try {
+        const double value = std::floor((wholeNumberText(counts) - line.offset) * line.scale * 100000.0) / 100000.0;
+        return value == 0.0 || !std::isfinite(value) ? counts : plainNumber(value);
+    } catch (const RuntimeError&) {
+        return counts;
+    }
+}
+
+QStringList sheetCells(int number, const DataRow& row) {
+    return QStringList{QString::number(number), row.date, row.time} + row.values;
+}
+
+QString recordLine(int number, const DataRow& row, RowLayout layout) {
+    QStringList fields{QString::number(number), row.date, row.time};
+    if (layout == RowLayout::TrxNewer) {
+        fields += QStringList{row.values[0], QString(), row.values[1], QString(), row.values[2], row.values[3]};
+    } else {
+        fields += row.values;
+    }
+    return fields.join(u'\t');
+}
+
+} // namespace orv

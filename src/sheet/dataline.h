@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "sheet/headerrows.h"
+
+#include <QStringList>
+
+#include <array>
+#include <optional>
+
+namespace orv {
+
+struct SettingsPanel;
+
+/// One record of the instrument, live or from its memory, as the sheet and the files show it.
+struct DataRow {
+    QString date;       ///< Short date, or the field as received if it is no date.
+    QString time;       ///< 24-hour time with unpadded hours, or the field as received if it is no count.
+    QStringList values; ///< In the order of the layout's value columns.
+
+    bool operator==(const DataRow&) const = default;
+};
+
+/// How counts become values: nothing for raw counts, else offset and scale for GLOW's one value or TRX's three angles.
+struct Conversion {
+    struct Line {
+        double offset = 0.0;
+        double scale = 1.0;
+    };
+    std::optional<Line> glow;
+    std::optional<std::array<Line, 3>> trx;
+};
+
+/// What the settings screen asks for at this moment.
+Conversion requestedConversion(const SettingsPanel& settings);
+
+/// Cuts a data line (date TAB time count TAB values, each field ended by a tab or the line's end) and converts it. More
+/// fields than the layout has are left out; nothing if there are too few. For an Unknown layout one value is enough
+/// and up to six are taken.
+std::optional<DataRow> readDataLine(const QString& line, RowLayout layout, const Conversion& conversion);
+
+/// Int((counts - offset) * scale * 100000) / 100000 as plain decimal text; the counts themselves where that is 0
+/// or they are no number.
+QString convertedValue(const QString& counts, const Conversion::Line& line);
+
+/// The row's cells from column 0: `number`, date, time, values.
+QStringList sheetCells(int number, const DataRow& row);
+
+/// The same row as a line of the record file or of a downloaded text file, fields separated by tabs, without its end:
+/// one value for GLOW, else the six LED1, REF1, LED2, REF2, LED3, REF3. With firmware 500 or more the one reference
+/// stands in REF3; REF1 and REF2 are empty.
+QString recordLine(int number, const DataRow& row, RowLayout layout);
+
+} // namespace orv

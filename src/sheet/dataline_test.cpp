@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/dataline.h"
+
+#include "settings/settingspanel.h"
+
+#include <gtest/gtest.h>
+
+namespace orv {
+
+namespace {
+
+QString joined(const std::optional<DataRow>& row) {
+    return row ? (QStringList{row->date, row->time} + row->values).join(u'|') : QStringLiteral("(no row)");
+}
+
+std::string read(const char* line, RowLayout layout, const Conversion& conversion = {}) {
+    return joined(readDataLine(QString::fromLatin1(line), layout, conversion)).toStdString();
+}
+
+TEST(DataLine, FieldsOfEachLayoutBecomeTheRow) {
+    EXPECT_EQ(read("11/21/26\t24530\t512", RowLayout::Glow), "11/21/26|9:05:06|512");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4", RowLayout::TrxNewer), "11/21/26|9:05:06|1|2|3|4");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5\t6", RowLayout::TrxOlder), "11/21/26|9:05:06|1|2|3|4|5|6");
+}
+
+TEST(DataLine, TabBehindTheLastFieldAndFurtherFieldsAreLeftOut) {
+    EXPECT_EQ(read("11/21/26\t24530\t512\t", RowLayout::Glow), "11/21/26|9:05:06|512");
+    EXPECT_EQ(read("11/21/26\t24530\t512\t7\t8", RowLayout::Glow), "11/21/26|9:05:06|512");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t", RowLayout::TrxNewer), "11/21/26|9:05:06|1|2|3|4");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5\t6", RowLayout::TrxNewer), "11/21/26|9:05:06|1|2|3|4");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5\t6\t7", RowLayout::TrxOlder), "11/21/26|9:05:06|1|2|3|4|5|6");
+}
+
+TEST(DataLine, TooFewFieldsAreNoRow) {
+    EXPECT_EQ(read("", RowLayout::Glow), "(no row)");
+    EXPECT_EQ(read("11/21/26\t24530", RowLayout::Glow), "(no row)");
+    EXPECT_EQ(read("11/21/26 24530 512", RowLayout::Glow), "(no row)");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3", RowLayout::TrxNewer), "(no row)");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5", RowLayout::TrxOlder), "(no row)");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4", RowLayout::TrxOlder), "(no row)");
+    EXPECT_EQ(read("11/21/26\t24530", RowLayout::Unknown), "(no row)");
+}
+
+TEST(DataLine, EmptyFieldsAreCellsToo) {
+    EXPECT_EQ(read("11/21/26\t24530\t1\t\t3\t", RowLayout::TrxNewer), "11/21/26|9:05:06|1||3|");
+}
+
+TEST(DataLine, AnyLineBreakEndsTheLastField) {
+    EXPECT_EQ(read("11/21/26\t24530\t512\r", RowLayout::Glow), "11/21/26|9:05:06|512");
+    EXPECT_EQ(read("11/21/26\t24530\t512\nnoise", RowLayout::Glow), "11/21/26|9:05:06|512");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\r\t3\t4", RowLayout::TrxNewer), "(no row)");
+}
+
+TEST(DataLine, WithoutAnIdentifiedTypeOneToSixValuesAreTaken) {
+    EXPECT_EQ(read("11/21/26\t24530\t1", RowLayout::Unknown), "11/21/26|9:05:06|1");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4", RowLayout::Unknown), "11/21/26|9:05:06|1|2|3|4");
+    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5\t6\t7", RowLayout::Unknown), "11/21/26|9:05:06|1|2|3|4|5|6");
+}
+
+TEST(DataLine, DateIsShortOrAsReceivedIfItIsNone) {
+    EXPECT_EQ(read("01/05/1999\t0\t1", RowLayout::Glow), "1/5/99|0:00:00|1");
+    EXPECT_EQ(read(" 1-5-29 \t0\t1", RowLayout::Glow), "1/5/29|0:00:00|1");
+    EXPECT_EQ(read("13/45/26\t0\t1", RowLayout::Glow), "13/45/26|0:00:00|1");
+    EXPECT_EQ(read(" ~#! \t0\t1", RowLayout::Glow), " ~#! |0:00:00|1");
+    EXPECT_EQ(read("\t0\t1", RowLayout::Glow), "|0:00:00|1");
+}
+
+TEST(DataLine, TimeCountIs24HourTimeOrAsReceivedIfItIsNone) {
+    const struct {
+        const char* count;
+        const char* time;
+    } cases[] = {
+        {"0", "0:00:00"},
+        {"2700", "1:00:00"},
+        {"32400", "12:00:00"},
+        {"35100", "13:00:00"},
+        {"24530", "9:05:06"},
+        {"64799", "23:59:58"},
+        {" 2700 ", "1:00:00"},
+        {"999", "0:22:11"},
+        {"64800", "24:00:00"},
+        {"12x", "12x"},
+        {"", ""},
+        {"1e300", "1e300"},
+        {"2700.75", "1:00:01"},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(read((std::string("11/21/26\t") + each.count + "\t1").c_str(), RowLayout::Glow),
+                  std::string("11/21/26|") + each.time + "|1");
+    }
+}
+
+TEST(ConvertedValue, IsCutToFiveDecimalsAsPlainText) {
+    const struct {
+        const char* counts;
+        double offset;
+        double scale;
+        const char* value;
+    } cases[] = {
+        {"1000", 100.0, 0.001, "0.9"},
+        {"1000", 1.0, 0.123456789, "123.33333"},
+        {"150", 50.0, 2.0, "200"},
+        {"50", 50.0, 2.0, "50"},
+        {"60", 50.0, 0.0, "60"},
+        {"51", 50.0, 0.0000099, "51"},
+        {"51", 50.0, 0.00001, "0.00001"},
+        {"40", 50.0, 0.1, "-1"},
+        {"49", 50.0, 0.0000001, "-0.00001"},
+        {"0", 0.0, 1.0, "0"},
+        {"65535", 0.0, 1e12, "65535000000000000"},
+        {"2.5", 0.0, 1.0, "2.5"},
+        {"1", 0.0, 1e308, "1"},
+        {"0042", 42.0, 1.0, "0042"},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(convertedValue(QString::fromLatin1(each.counts), {.offset = each.offset, .scale = each.scale})
+                      .toStdString(),
+                  each.value)
+            << each.counts << ' ' << each.offset << ' ' << each.scale;
+    }
+}
+
+TEST(ConvertedValue, CountsThatAreNoNumberStayAsReceived) {
+    for (const char* counts : {"", "abc", "12x", "1 2"}) {
+        EXPECT_EQ(convertedValue(QString::fromLatin1(counts), {.offset = 5.0, .scale = 2.0}).toStdString(), counts);
+    }
+}
+
+TEST(DataLine, GlowConversionChangesItsOneValue) {
+    const Conversion conversion{.glow = Conversion::Line{.offset = 12.0, .scale = 0.5}, .trx = {}};
+    EXPECT_EQ(read("11/21/26\t0\t512", RowLayout::Glow, conversion), "11/21/26|0:00:00|250");
+    EXPECT_EQ(read("11/21/26\t0\t12", RowLayout::Glow, conversion), "11/21/26|0:00:00|12");
+    EXPECT_EQ(read("11/21/26\t0\t1\t2\t3\t4", RowLayout::TrxNewer, conversion), "11/21/26|0:00:00|1|2|3|4");
+}
+
+TEST(DataLine, TrxConversionChangesTheAnglesOfBothGenerationsButNoReference) {
+    Conversion conversion;
+    conversion.trx = {Conversion::Line{.offset = 0.0, .scale = 10.0}, Conversion::Line{.offset = 1.0, .scale = 100.0},
+                      Conversion::Line{.offset = 2.0, .scale = 1000.0}};
+    EXPECT_EQ(read("11/21/26\t0\t5\t6\t7\t8", RowLayout::TrxNewer, conversion), "11/21/26|0:00:00|50|500|5000|8");
+    EXPECT_EQ(read("11/21/26\t0\t5\t6\t7\t8\t9\t10", RowLayout::TrxOlder, conversion),
+              "11/21/26|0:00:00|50|6|600|8|7000|10");
+    EXPECT_EQ(read("11/21/26\t0\t0\t1\t2\t8", RowLayout::TrxNewer, conversion), "11/21/26|0:00:00|0|1|2|8");
+    EXPECT_EQ(read("11/21/26\t0\t5", RowLayout::Glow, conversion), "11/21/26|0:00:00|5");
+    EXPECT_EQ(read("11/21/26\t0\t5\t6\t7\t8", RowLayout::Unknown, conversion), "11/21/26|0:00:00|5|6|7|8");
+}
+
+TEST(RequestedConversion, FollowsTheScreensOptionsAndBoxes) {
+    SettingsPanel settings;
+    settings.glowCalibration.offset = QStringLiteral("12.5 counts");
+    settings.glowCalibration.scale = QStringLiteral(".02");
+    const char* const offsets[] = {"1", "", "x"};
+    for (std::size_t angle = 0; angle < 3; ++angle) {
+        settings.trxCalibration.at(angle).offset = QString::fromLatin1(offsets[angle]);
+        settings.trxCalibration.at(angle).scale = QString::number(angle + 2);
+    }
+    EXPECT_FALSE(requestedConversion(settings).glow);
+    EXPECT_FALSE(requestedConversion(settings).trx);
+
+    settings.glowProvideRawCounts = false;
+    Conversion conversion = requestedConversion(settings);
+    ASSERT_TRUE(conversion.glow);
+    EXPECT_EQ(conversion.glow->offset, 12.5);
+    EXPECT_EQ(conversion.glow->scale, 0.02);
+    EXPECT_FALSE(conversion.trx);
+
+    settings.trxProvideRawCounts = false;
+    conversion = requestedConversion(settings);
+    ASSERT_TRUE(conversion.trx);
+    EXPECT_EQ(conversion.trx->at(0).offset, 1.0);
+    EXPECT_EQ(conversion.trx->at(1).offset, 0.0);
+    EXPECT_EQ(conversion.trx->at(2).offset, 0.0);
+    EXPECT_EQ(conversion.trx->at(0).scale, 2.0);
+    EXPECT_EQ(conversion.trx->at(2).scale, 4.0);
+}
+
+TEST(RecordLine, TrxHasSixValuesWithTheNewerGenerationsReferenceLast) {
+    const auto line = [](std::initializer_list<const char*> values, RowLayout layout) {
+        DataRow row{.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:07"), .values = {}};
+        for (const char* value : values) {
+            row.values << QString::fromLatin1(value);
+        }
+        return recordLine(7, row, layout).toStdString();
+    };
+    EXPECT_EQ(line({"512"}, RowLayout::Glow), "7\t1/5/99\t9:05:07\t512");
+    EXPECT_EQ(line({"1", "2", "3", "4", "5", "6"}, RowLayout::TrxOlder), "7\t1/5/99\t9:05:07\t1\t2\t3\t4\t5\t6");
+    EXPECT_EQ(line({"1", "2", "3", "4"}, RowLayout::TrxNewer), "7\t1/5/99\t9:05:07\t1\t\t2\t\t3\t4");
+    EXPECT_EQ(line({"1", "2"}, RowLayout::Unknown), "7\t1/5/99\t9:05:07\t1\t2");
+}
+
+TEST(SheetCells, AreNumberDateTimeAndValues) {
+    const DataRow row{
+        .date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:07"), .values = {QStringLiteral("5")}};
+    EXPECT_EQ(sheetCells(20000, row).join(u'|').toStdString(), "20000|1/5/99|9:05:07|5");
+}
+
+} // namespace
+
+} // namespace orv

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "sheet/headerrows.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+namespace orv {
+
+/// The data sheet: a header row and data rows of nine columns of text.
+///
+/// A row costs its text and little more, and appending one costs the same on a full sheet as on an empty one.
+/// Characters are those the instrument can send (Latin-1).
+class DataSheet {
+public:
+    static constexpr int columnCount = 9;
+
+    /// The type letter and firmware of the instrument whose rows these are; set when the header row is laid out or a
+    /// file is loaded. An empty letter is a sheet of no known type.
+    struct Type {
+        QString letter;
+        double firmware = 0.0;
+
+        RowLayout layout() const { return rowLayout(letter, firmware); }
+        bool operator==(const Type&) const = default;
+    };
+
+    const Type& type() const { return type_; }
+    const QStringList& header() const { return header_; }
+    int rowCount() const { return static_cast<int>(rows_.size()); }
+
+    /// How many of the first rows came under the header row of another layout.
+    int rowsOfOtherLayout() const { return rowsOfOtherLayout_; }
+
+    /// Text of a cell; row 0 is the first data row. Empty where the row has no such cell.
+    QString cell(int row, int column) const;
+
+    /// Appends the first `cells` cells of a row to `text`, each followed by a tab; missing ones are empty.
+    void writeCells(int row, int cells, QByteArray& text) const;
+
+    /// Replaces the whole header row: cells beyond `header` become empty.
+    void setHeader(const Type& type, const QStringList& header);
+
+    void appendRow(const QStringList& cells);
+
+    /// Appends a row whose cells are already joined by tabs.
+    void appendJoinedRow(QByteArray row);
+
+    /// Removes every row; the header row stays.
+    void removeRows();
+
+    /// Called after each kind of change; a reader of the sheet may set them.
+    std::function<void()> headerChanged;
+    std::function<void()> rowAppended;
+    std::function<void()> rowsRemoved;
+
+private:
+    Type type_;
+    QStringList header_;
+    int rowsOfOtherLayout_ = 0;
+    std::vector<QByteArray> rows_; ///< The cells of a row joined by tabs.
+};
+
+} // namespace orv

@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/download.h"
+
+#include "session/datetimetext.h"
+#include "session/numbertext.h"
+#include "session/runtimeerror.h"
+#include "settings/settingspanel.h"
+#include "sheet/fileappend.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <limits>
+
+namespace orv {
+
+namespace {
+
+QString recordsText(int count) {
+    return count == 1 ? QStringLiteral("1 record") : QStringLiteral("%1 records").arg(count);
+}
+
+/// After so many milliseconds without data the status says so.
+constexpr qint64 stallLimit = 10000;
+
+QByteArray headerText(const QDateTime& now, RowLayout layout) {
+    const QString text = QStringLiteral("Filename\t%1\t%2\r\n"
+                                        "Data File\r\n"
+                                        "\r\r\r\n"
+                                        "%3\r\n")
+                             .arg(shortDate(now.date()), clockText(now.time()),
+                                  headerRow(HeaderPlace::DownloadFile, layout).join(u'\t'));
+    return text.toLatin1();
+}
+
+} // namespace
+
+Download::Download(const Parts& parts)
+    : p_(parts) {}
+
+void Download::saveAsText() {
+    p_.ports.debugsay(QStringLiteral("F2 Click"));
+    p_.progress.show();
+    const quint64 connection = p_.ports.connectionNumber();
+    const QString name = p_.questions.saveFileName(QStringLiteral("Save as"), QStringLiteral("Stored Data.txt"),
+                                                   QStringLiteral(".txt"), QStringLiteral("*.txt"));
+    const RowLayout layout = p_.rows.connectedLayout();
+    if (name.isEmpty() || p_.ports.connectionNumber() != connection) {
+        p_.progress.visible = false;
+        return;
+    }
+    if (layout == RowLayout::Unknown) {
+        p_.progress.visible = false;
+        p_.session.messages.show({.title = QStringLiteral("ORV Host Program"),
+                                  .text = QStringLiteral("The instrument has not told its type, so its data cannot be "
+                                                         "read. Press Reset to connect again, then download."),
+                                  .icon = Message::Icon::Exclamation});
+        return;
+    }
+    file_.setFileName(name);
+    const QString reason = file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
+                               ? appendWhole(file_, headerText(p_.session.clock.now(), layout))
+                               : file_.errorString();
+    if (!reason.isEmpty()) {
+        closeTarget();
+        tellFailure(reason, QStringLiteral("Nothing was asked of the instrument."),
+                    QStringLiteral("Make room or choose another folder, and download it again."));
+        return;
+    }
+    begin(Target::TextFile, opstate::savingText, QStringLiteral("Saving Sheet"));
+}
+
+void Download::vwhp() {
+    p_.progress.show();
+    begin(Target::Sheet, opstate::importing, QStringLiteral("Exporting Memory"));
+}
+
+void Download::begin(Target target, float code, const QString& status) {
+    target_ = target;
+    records_ = 0;
+    unread_ = 0;
+    bytes_ = 0;
+    lastData_ = p_.session.clock.monotonicMilliseconds();
+    stallTold_ = false;
+    savedOnTheWay_ = false;
+    status_ = status;
+    // One line is taken at each tick. Erased records are lines of 7 characters, 137 a second at 9600 baud: more than
+    // the 100 ticks a second that the timer has after settings were sent.
+    p_.timer.setInterval(StatusTimer::normalInterval);
+    p_.session.state.Ctrlscrn = code;
+    p_.session.commands.activity = Activity::Downloading;
+    p_.session.status.notice = QString();
+    p_.ports.write("O");
+    p_.session.status.status = status;
+    const double expected = leadingNumber(p_.settings.memoryPointer.value());
+    if (expected > 0.0) {
+        p_.progress.maximum = static_cast<int>(std::min<double>(expected, std::numeric_limits<int>::max()));
+    }
+    p_.progress.value = 0;
+}
+
+bool Download::takeReply(const QString& progressLabel, DataRow& row) {
+    const QString reply = p_.session.state.Rtn;
+    const qint64 now = p_.session.clock.monotonicMilliseconds();
+    if (reply.isEmpty()) {
+        if (!stallTold_ && now - lastData_ >= stallLimit) {
+            stallTold_ = true;
+            p_.session.status.status = QStringLiteral("No data for 10 s. Reset stops the download.");
+        }
+        return false;
+    }
+    lastData_ = now;
+    if (stallTold_) {
+        stallTold_ = false;
+        p_.session.status.status = status_;
+    }
+    if (target_ != Target::Nowhere) {
+        bytes_ += reply.size();
+        showProgress(progressLabel);
+    }
+    // The prompt in front of the echo may have been taken with an earlier reply.
+    if (reply == QLatin1String(">O") || reply == QLatin1String("O")) {
+        records_ = 0;
+        unread_ = 0; // what came before was no part of the dump
+        return false;
+    }
+    if (reply == QLatin1String("65535")) {
+        return false;
+    }
+    if (reply == QLatin1String("EOF") || reply == QLatin1String("0")) {
+        finish();
+        return false;
+    }
+    if (target_ == Target::Nowhere) {
+        return false;
+    }
+    const auto read = readDataLine(reply, p_.rows.connectedLayout(), requestedConversion(p_.settings));
+    if (!read) {
+        ++unread_;
+        return false;
+    }
+    row = *read;
+    return true;
+}
+
+void Download::savefiletxt() {
+    DataRow row;
+    if (!takeReply(QStringLiteral("Bytes Downloaded"), row)) {
+        return;
+    }
+    const QString line = recordLine(records_ + 1, row, p_.rows.connectedLayout()) + QLatin1String("\r\n");
+    const QString reason = appendWhole(file_, line.toLatin1());
+    if (!reason.isEmpty()) {
+        dropTheRest();
+        tellFailure(reason, QStringLiteral("It holds %1.").arg(recordsText(records_)),
+                    QStringLiteral("Press Reset, make room or choose another folder, and download it again."));
+        return;
+    }
+    ++records_;
+}
+
+void Download::importtofg1() {
+    DataRow row;
+    // The two downloads spell their label differently.
+    if (!takeReply(QStringLiteral("Bytes DownLoaded"), row)) {
+        return;
+    }
+    try {
+        p_.rows.addRow(row);
+    } catch (const RuntimeError&) {
+        // The counter is full. Going on would meet the same error at every further record.
+        dropTheRest();
+        tellIncomplete(Target::Sheet);
+        throw;
+    }
+    ++records_;
+    p_.automaticSave.saveLongSheet();
+    savedOnTheWay_ = savedOnTheWay_ || p_.session.state.plc == 0;
+}
+
+void Download::showProgress(const QString& label) {
+    const int maximum = p_.progress.maximum;
+    const int value = static_cast<int>(std::min<qint64>(bytes_, maximum));
+    p_.progress.label = label;
+    p_.progress.valueLabel = QString::number(bytes_);
+    p_.progress.value = value;
+    p_.progress.percentage = QStringLiteral("%1 %").arg(maximum > 0 ? qint64{value} * 100 / maximum : 0);
+}
+
+void Download::finish() {
+    if (target_ != Target::Nowhere) {
+        if (target_ == Target::Sheet) {
+            p_.rows.followNewest();
+        }
+        p_.session.status.downloadedBytes = QString::number(bytes_);
+        if (unread_ > 0) {
+            p_.session.status.notice =
+                unread_ == 1 ? QStringLiteral("1 record could not be read; it is in log.ohp")
+                             : QStringLiteral("%1 records could not be read; they are in log.ohp").arg(unread_);
+        }
+    }
+    end();
+    p_.session.status.status = QStringLiteral("Ready");
+}
+
+void Download::end() {
+    closeTarget();
+    target_ = Target::None;
+    p_.session.state.Ctrlscrn = opstate::idle;
+    p_.session.commands.activity = Activity::None;
+}
+
+void Download::dropTheRest() {
+    if (target_ == Target::Sheet) {
+        p_.rows.followNewest();
+    }
+    closeTarget();
+    target_ = Target::Nowhere;
+    status_ = QStringLiteral("Download stopped");
+    p_.session.status.status = status_;
+}
+
+void Download::closeTarget() {
+    file_.close();
+    bytes_ = 0;
+    p_.progress.label = QStringLiteral("%");
+    p_.progress.percentage = QString();
+    p_.progress.visible = false;
+    p_.progress.value = 0;
+}
+
+void Download::endIncomplete() {
+    switch (target_) {
+    case Target::None:
+        return;
+    case Target::Nowhere:
+        end(); // the operator has been told
+        return;
+    case Target::Sheet:
+        p_.rows.followNewest();
+        break;
+    case Target::TextFile:
+        break;
+    }
+    const Target target = target_;
+    end();
+    tellIncomplete(target);
+}
+
+void Download::tellIncomplete(Target target) {
+    QString where = QStringLiteral("on the sheet");
+    if (target == Target::TextFile) {
+        where = QStringLiteral("in %1").arg(QFileInfo(file_.fileName()).absoluteFilePath());
+    } else if (savedOnTheWay_) {
+        where = QStringLiteral("on the sheet and in the files that were saved automatically");
+    }
+    const QString unread =
+        unread_ > 0 ? QStringLiteral(" %1 could not be read; log.ohp has what was received.").arg(recordsText(unread_))
+                    : QString();
+    p_.session.messages.show(
+        {.title = QStringLiteral("ORV Host Program"),
+         .text = QStringLiteral("The download is incomplete: it was ended before the instrument had "
+                                "sent everything. %1 arrived and can be found %2.%3\n\nThe "
+                                "instrument still holds its data; download it again.")
+                     .arg(recordsText(records_), where, unread),
+         .icon = Message::Icon::Exclamation});
+}
+
+void Download::tellFailure(const QString& reason, const QString& state, const QString& nextStep) {
+    p_.session.messages.show(
+        {.title = QStringLiteral("ORV Host Program"),
+         .text = QStringLiteral("The stored data cannot be written to %1: %2.\n\n%3 The instrument "
+                                "still holds its data. %4")
+                     .arg(QFileInfo(file_.fileName()).absoluteFilePath(), reason, state, nextStep),
+         .icon = Message::Icon::Exclamation});
+}
+
+} // namespace orv

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/comports.h"
+#include "link/statustimer.h"
+#include "settings/progresspanel.h"
+#include "sheet/automaticsave.h"
+#include "sheet/sheetrows.h"
+
+#include <QFile>
+
+namespace orv {
+
+/// Fetches the data in the instrument's memory, into a text file or into the sheet. The dump is asked for with "O",
+/// opens with ">O", brings one line for each record and ends with "EOF"; "0" ends it too. "65535" is erased memory.
+class Download {
+public:
+    struct Parts {
+        Session& session;
+        ComPorts& ports;
+        StatusTimer& timer;
+        SettingsPanel& settings;
+        ProgressPanel& progress;
+        SheetRows& rows;
+        SheetPanel& panel;
+        AutomaticSave& automaticSave;
+        OperatorQuestions& questions;
+    };
+
+    explicit Download(const Parts& parts);
+
+    /// "Download Stored Data: Save as Text". A cancelled dialog sends and writes nothing.
+    void saveAsText();
+
+    /// "Download Stored Data: View with Host Program".
+    void vwhp();
+
+    /// Handle the reply in `Rtn`, if there is one: to the text file, to the sheet. Called at every tick of a download.
+    void savefiletxt();
+    void importtofg1();
+
+    /// A download is cut off (reset, close, failure, quit): what arrived is kept, the file closed, and the operator
+    /// told that it is incomplete. Nothing happens without a download.
+    void endIncomplete();
+
+private:
+    /// Nowhere: taking has stopped, but the instrument is still sending; until its dump ends (or the link does) no
+    /// command may be given, since what is left of this dump would be taken for the answer.
+    enum class Target { None, TextFile, Sheet, Nowhere };
+
+    void begin(Target target, float code, const QString& status);
+    bool takeReply(const QString& progressLabel, DataRow& row);
+    void showProgress(const QString& label);
+    void finish();
+    void end();
+    void dropTheRest();
+    void closeTarget();
+    void tellIncomplete(Target target);
+    void tellFailure(const QString& reason, const QString& state, const QString& nextStep);
+
+    Parts p_;
+    Target target_ = Target::None;
+    QFile file_;
+    int records_ = 0; ///< Data lines taken since ">O".
+    int unread_ = 0;
+    qint64 bytes_ = 0;
+    qint64 lastData_ = 0; ///< Monotonic milliseconds.
+    bool stallTold_ = false;
+    bool savedOnTheWay_ = false; ///< The sheet became long and was saved and cleared.
+    QString status_;             ///< What the status says while data comes.
+};
+
+} // namespace orv

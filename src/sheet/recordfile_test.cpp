@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/recordfile.h"
+
+#include "sheet/sheettest.h"
+
+#ifdef Q_OS_LINUX
+namespace {
+int diskSyncs = 0;
+} // namespace
+
+/// Takes the place of the system's, to count the calls.
+extern "C" int fdatasync(int /*fileDescriptor*/) {
+    ++diskSyncs;
+    return 0;
+}
+#endif
+
+namespace orv {
+
+namespace {
+
+const QByteArray newerHeader("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\n"
+                             "Device File\r\n"
+                             "\r\r\r\n"
+                             "Data point\t\r\n"
+                             "Date\tTime\tLED1\tREF1\tLED2\tREF2\tLED3\tREF3\r\n");
+const QByteArray olderHeader("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\n"
+                             "Device File\r\n"
+                             "\r\r\r\n"
+                             "Data point\t\r\n"
+                             "Date\tTime\tLED1\tLED2\tLED3\tREF3\r\n");
+
+class RecordFileTest : public testing::Test {
+protected:
+    QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
+    QByteArray contents() const { return contentsOf(path("Orvtemp.tmp")); }
+    QByteArray kept() const { return contentsOf(path("Orvtemp-20261121-093015.tmp")); }
+    void addRow() { ASSERT_EQ(file.append(QStringLiteral("1\t1/5/99\t9:05:07\t512")), QString()); }
+
+    QTemporaryDir folder;
+    TestClock clock;
+    RecordFile file{clock, folder.filePath(QStringLiteral("Orvtemp.tmp"))};
+    const QByteArray row{"1\t1/5/99\t9:05:07\t512\r\n"};
+};
+
+TEST_F(RecordFileTest, BeginsWithTheHeaderOfTheFirmware) {
+    const struct {
+        double firmware;
+        QByteArray header;
+    } cases[] = {{512.0, newerHeader}, {500.0, newerHeader}, {499.0, olderHeader}, {0.0, olderHeader}};
+    for (const auto& each : cases) {
+        EXPECT_EQ(file.start(each.firmware), QString());
+        EXPECT_TRUE(file.isOpen());
+        EXPECT_EQ(contents(), each.header) << "whole while the file is still open";
+    }
+    EXPECT_EQ(filesIn(folder).size(), 1);
+}
+
+TEST_F(RecordFileTest, FirstLineTellsDateAndTimeOfTheStart) {
+    clock.advance(qint64{1000} * (5 * 3600 + 37 * 60 + 5));
+    file.start(412.0);
+    clock.advance(60000);
+    addRow();
+    file.close();
+    EXPECT_TRUE(contents().startsWith("Orvtemp.tmp\t11/21/26\t3:07:20 PM\r\n")) << contents().toStdString();
+}
+
+TEST_F(RecordFileTest, EachRowIsInTheFileAtOnce) {
+    file.start(500.0);
+    addRow();
+    EXPECT_EQ(contents(), newerHeader + row);
+    addRow();
+    EXPECT_EQ(contents(), newerHeader + row + row);
+    file.close();
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_EQ(contents(), newerHeader + row + row);
+}
+
+TEST_F(RecordFileTest, WithoutAnOpenFileARowGoesNowhere) {
+    EXPECT_EQ(file.append(QStringLiteral("1")), QString());
+    file.close();
+    file.start(500.0);
+    file.close();
+    EXPECT_EQ(file.append(QStringLiteral("1")), QString());
+    EXPECT_EQ(contents(), newerHeader);
+}
+
+TEST_F(RecordFileTest, EarlierRunsUnsavedRowsAreKeptUnderADatedName) {
+    file.start(500.0);
+    addRow();
+    file.close();
+    EXPECT_EQ(file.start(412.0), QString());
+    EXPECT_EQ(kept(), newerHeader + row);
+    EXPECT_EQ(contents(), olderHeader);
+    EXPECT_EQ(filesIn(folder).size(), 2);
+}
+
+TEST_F(RecordFileTest, RunThatWasNotClosedIsKeptToo) {
+    file.start(500.0);
+    addRow();
+    EXPECT_EQ(file.start(500.0), QString());
+    EXPECT_EQ(kept(), newerHeader + row);
+    addRow();
+    EXPECT_EQ(contents(), newerHeader + row);
+}
+
+TEST_F(RecordFileTest, EarlierRunWithoutRowsIsNotKept) {
+    file.start(500.0);
+    file.close();
+    EXPECT_EQ(file.start(412.0), QString());
+    EXPECT_EQ(contents(), olderHeader);
+    EXPECT_EQ(filesIn(folder).size(), 1);
+}
+
+TEST_F(RecordFileTest, EarlierRunWhoseRowsWereSavedIsNotKept) {
+    file.start(500.0);
+    addRow();
+    file.close();
+    file.rowsSaved();
+    file.rowsDiscarded();
+    EXPECT_EQ(file.start(500.0), QString());
+    EXPECT_EQ(contents(), newerHeader);
+    EXPECT_EQ(filesIn(folder).size(), 1);
+}
+
+TEST_F(RecordFileTest, RowsAfterTheSaveAreUnsavedAgain) {
+    file.start(500.0);
+    addRow();
+    file.rowsSaved();
+    addRow();
+    file.close();
+    file.start(500.0);
+    EXPECT_EQ(kept(), newerHeader + row + row);
+}
+
+TEST_F(RecordFileTest, RowsClearedUnsavedKeepTheFileEvenIfLaterRowsAreSaved) {
+    file.start(500.0);
+    addRow();
+    file.rowsDiscarded();
+    addRow();
+    file.close();
+    file.rowsSaved();
+    file.start(500.0);
+    EXPECT_EQ(kept(), newerHeader + row + row);
+}
+
+TEST_F(RecordFileTest, DiscardingOfOneRunDoesNotKeepTheNext) {
+    file.start(500.0);
+    addRow();
+    file.rowsDiscarded();
+    file.start(500.0);
+    addRow();
+    file.rowsSaved();
+    file.start(500.0);
+    EXPECT_EQ(filesIn(folder).size(), 2) << "the first run's file is kept, the second's is not";
+    EXPECT_EQ(kept(), newerHeader + row);
+}
+
+TEST_F(RecordFileTest, FileOfAnEarlierProgramRunIsKeptWithItsRows) {
+    fill(path("Orvtemp.tmp"), olderHeader + row);
+    file.rowsSaved();
+    EXPECT_EQ(file.start(500.0), QString());
+    EXPECT_EQ(kept(), olderHeader + row);
+    EXPECT_EQ(contents(), newerHeader);
+}
+
+TEST_F(RecordFileTest, FileOfAnEarlierProgramRunWithoutRowsIsNotKept) {
+    for (const QByteArray& found : {QByteArray(), olderHeader, newerHeader, olderHeader.first(40)}) {
+        fill(path("Orvtemp.tmp"), found);
+        RecordFile fresh(clock, path("Orvtemp.tmp"));
+        EXPECT_EQ(fresh.start(500.0), QString());
+        EXPECT_EQ(filesIn(folder).size(), 1) << found.toStdString();
+    }
+}
+
+TEST_F(RecordFileTest, FileThatIsNoRecordFileIsKept) {
+    const QByteArray foreign = "1\n2\n3\n4\n5\n6\n";
+    fill(path("Orvtemp.tmp"), foreign);
+    file.start(500.0);
+    EXPECT_EQ(kept(), foreign);
+}
+
+TEST_F(RecordFileTest, LongFileWithoutLineEndsIsKept) {
+    const QByteArray foreign(100000, 'x');
+    fill(path("Orvtemp.tmp"), foreign);
+    file.start(500.0);
+    EXPECT_EQ(kept(), foreign);
+}
+
+TEST_F(RecordFileTest, FolderThatDoesNotExistIsTold) {
+    RecordFile lost(clock, path("nowhere/Orvtemp.tmp"));
+    EXPECT_NE(lost.start(500.0), QString());
+    EXPECT_FALSE(lost.isOpen());
+    EXPECT_EQ(lost.append(QStringLiteral("1")), QString());
+    lost.close();
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(RecordFileTest, FolderThatIsNotWritableIsTold) {
+    const UnwritableFolder unwritable(folder);
+    EXPECT_NE(file.start(500.0), QString());
+    EXPECT_FALSE(file.isOpen());
+}
+
+TEST_F(RecordFileTest, UnsavedRowsThatCannotBeKeptAreNotDestroyed) {
+    file.start(500.0);
+    addRow();
+    file.close();
+    {
+        allowEveryone(path("Orvtemp.tmp"));
+        const UnwritableFolder unwritable(folder);
+        const QString reason = file.start(500.0);
+        EXPECT_TRUE(reason.startsWith(QLatin1String("the rows of the run before could not be kept")))
+            << qPrintable(reason);
+        EXPECT_FALSE(file.isOpen());
+    }
+    EXPECT_EQ(contents(), newerHeader + row);
+}
+
+TEST_F(RecordFileTest, FullDiskAtTheHeaderIsTold) {
+    const FileSizeLimit limit(50);
+    EXPECT_NE(file.start(500.0), QString());
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_EQ(contents(), QByteArray());
+}
+
+TEST_F(RecordFileTest, FullDiskLeavesTheLastWholeRow) {
+    file.start(500.0);
+    addRow();
+    {
+        const FileSizeLimit limit(static_cast<rlim_t>(newerHeader.size() + row.size() + 5));
+        EXPECT_NE(file.append(QStringLiteral("2\t1/5/99\t9:05:08\t513")), QString());
+        EXPECT_EQ(contents(), newerHeader + row);
+        EXPECT_NE(file.append(QStringLiteral("3\t1/5/99\t9:05:09\t514")), QString());
+        EXPECT_EQ(contents(), newerHeader + row);
+    }
+    EXPECT_EQ(file.append(QStringLiteral("4\t1/5/99\t9:05:10\t515")), QString());
+    EXPECT_EQ(contents(), newerHeader + row + "4\t1/5/99\t9:05:10\t515\r\n");
+}
+#endif
+
+#ifdef Q_OS_LINUX
+TEST_F(RecordFileTest, RowsReachTheDiskHalfASecondAfterTheFirstThatWaits) {
+    file.start(500.0);
+    diskSyncs = 0;
+    file.syncWhenDue();
+    clock.advance(10000);
+    file.syncWhenDue();
+    EXPECT_EQ(diskSyncs, 0) << "no row waits";
+    addRow();
+    clock.advance(499);
+    addRow();
+    file.syncWhenDue();
+    EXPECT_EQ(diskSyncs, 0);
+    clock.advance(1);
+    file.syncWhenDue();
+    EXPECT_EQ(diskSyncs, 1);
+    clock.advance(10000);
+    file.syncWhenDue();
+    EXPECT_EQ(diskSyncs, 1) << "nothing new waits";
+    addRow();
+    clock.advance(500);
+    file.syncWhenDue();
+    EXPECT_EQ(diskSyncs, 2);
+}
+
+TEST_F(RecordFileTest, ClosingBringsWaitingRowsToTheDiskAndOnlyThen) {
+    file.start(500.0);
+    addRow();
+    diskSyncs = 0;
+    file.close();
+    EXPECT_EQ(diskSyncs, 1);
+    clock.advance(10000);
+    file.syncWhenDue();
+    file.close();
+    EXPECT_EQ(diskSyncs, 1);
+}
+#endif
+
+} // namespace
+
+} // namespace orv

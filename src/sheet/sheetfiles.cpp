@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/sheetfiles.h"
+
+#include "session/datetimetext.h"
+#include "session/numbertext.h"
+#include "sheet/keptfile.h"
+
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <utility>
+
+namespace orv {
+
+namespace {
+
+constexpr int autosaveRows = 20000;
+
+/// A full sheet is a few megabytes.
+constexpr qint64 largestFile = qint64{64} * 1024 * 1024;
+
+int cellsPerRow(RowLayout layout) {
+    return layout == RowLayout::Glow ? 4 : 8;
+}
+
+QString tellable(const QString& name) {
+    return QFileInfo(name).absoluteFilePath();
+}
+
+LoadedSheet readSheetFile(const QString& name) {
+    LoadedSheet loaded;
+    const QFileInfo info(name);
+    if (info.exists() && !info.isFile()) {
+        // Reading a device or a pipe might never end.
+        loaded.error = QStringLiteral("It is a folder or a device, not a file.");
+        return loaded;
+    }
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        loaded.error = QStringLiteral("It cannot be read: %1.").arg(file.errorString());
+        return loaded;
+    }
+    if (file.size() > largestFile) {
+        loaded.error = QStringLiteral("It is far too large to be a sheet.");
+        return loaded;
+    }
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        loaded.error = QStringLiteral("It cannot be read: %1.").arg(file.errorString());
+        return loaded;
+    }
+    return parseSheetFile(bytes);
+}
+
+} // namespace
+
+QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName) {
+    const RowLayout layout = sheet.type().layout();
+    if (layout == RowLayout::Unknown) {
+        return {};
+    }
+    QString header = sheet.type().letter + u'\t' + plainNumber(sheet.type().firmware) +
+                     printedNumber(sheet.rowCount()) + QLatin1String("\r\n") + QFileInfo(fileName).fileName() +
+                     QLatin1String("\r\n\r\r\r\n") + headerRow(HeaderPlace::SheetFile, layout).join(u'\t');
+    if (layout == RowLayout::Glow) {
+        header += u'\t';
+    }
+    constexpr qsizetype usualRowLength = 64;
+    QByteArray bytes;
+    bytes.reserve(header.size() + 2 + sheet.rowCount() * usualRowLength);
+    bytes += header.toUtf8() + "\r\n";
+    for (int row = 0; row < sheet.rowCount(); ++row) {
+        sheet.writeCells(row, cellsPerRow(layout), bytes);
+        bytes += '\r';
+    }
+    return bytes;
+}
+
+SheetFiles::SheetFiles(const Parts& parts)
+    : p_(parts) {}
+
+QString SheetFiles::presetName() const {
+    const QString records = p_.session.state.plc < autosaveRows ? QString() : p_.panel.records.value();
+    return p_.panel.fileName.value() + records + QLatin1String(".txt");
+}
+
+SheetFiles::Outcome SheetFiles::saveas() {
+    p_.ports.debugsay(QStringLiteral("Save Spread Sheet"));
+    if (p_.sheet.type().layout() == RowLayout::Unknown) {
+        p_.session.messages.show({.title = QStringLiteral("Save as"),
+                                  .text = QStringLiteral("There is nothing to save: the sheet has no known type of "
+                                                         "instrument. Connect an instrument or open a sheet first."),
+                                  .icon = Message::Icon::Information});
+        return Outcome::Failed;
+    }
+    QString name = presetName();
+    if (autosaving != 1) {
+        name =
+            p_.questions.saveFileName(QStringLiteral("Save as"), name, QStringLiteral(".txt"), QStringLiteral("*.txt"));
+        if (name.isEmpty()) {
+            return Outcome::Cancelled;
+        }
+    }
+    p_.ports.debugsay(p_.sheet.type().layout() == RowLayout::Glow ? QStringLiteral("Saving Flour Sheet")
+                                                                  : QStringLiteral("Saving TRX(S) Sheet"));
+    return write(name);
+}
+
+void SheetFiles::saveAside() {
+    if (!p_.panel.unsaved || p_.sheet.type().layout() == RowLayout::Unknown) {
+        return;
+    }
+    const QString name =
+        QStringLiteral("%1-%2.txt").arg(p_.panel.fileName.value(), fileNameStamp(p_.session.clock.now()));
+    if (write(name) == Outcome::Saved) {
+        p_.session.messages.show({.title = QStringLiteral("Save Data"),
+                                  .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
+                                                         "They have been saved as %1.\n\nUse \"Clear All\" before you "
+                                                         "collect with this one.")
+                                              .arg(tellable(name)),
+                                  .icon = Message::Icon::Information});
+    }
+}
+
+void SheetFiles::loadit() {
+    p_.ports.debugsay(QStringLiteral("Loading Spread Sheet"));
+    const QString name =
+        p_.questions.openFileName(QStringLiteral("Open"), QStringLiteral(".txt"), QStringLiteral("*.txt"));
+    if (name.isEmpty()) {
+        return;
+    }
+    LoadedSheet loaded = readSheetFile(name);
+    if (refuse(name, loaded)) {
+        return;
+    }
+    p_.ports.debugsay(loaded.type.layout() == RowLayout::Glow ? QStringLiteral("Loading Flour Sheet")
+                                                              : QStringLiteral("Loading TRX(S) Sheet"));
+    if (p_.panel.unsaved) {
+        if (!ask()) {
+            return;
+        }
+        // The rows may have been saved over this very file.
+        loaded = readSheetFile(name);
+        if (refuse(name, loaded)) {
+            return;
+        }
+    }
+    p_.rows.replaceBy(std::move(loaded));
+}
+
+bool SheetFiles::refuse(const QString& name, const LoadedSheet& loaded) {
+    if (loaded.error.isEmpty()) {
+        return false;
+    }
+    p_.session.messages.show({.title = QStringLiteral("Open"),
+                              .text = QStringLiteral("%1 could not be opened.\n\n%2\n\nThe sheet is as it was.")
+                                          .arg(tellable(name), loaded.error),
+                              .icon = Message::Icon::Exclamation});
+    return true;
+}
+
+bool SheetFiles::ask() {
+    if (!p_.panel.unsaved || !p_.questions.askYesNo(QStringLiteral("Save Data"),
+                                                    QStringLiteral("Data not Saved. Do you wish to save it now ?"))) {
+        return true;
+    }
+    return saveas() == Outcome::Saved;
+}
+
+SheetFiles::Outcome SheetFiles::write(const QString& name) {
+    QSaveFile file(name);
+    const QByteArray bytes = sheetFileBytes(p_.sheet, name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
+        return fail(name, file.errorString());
+    }
+    // The older file goes out of the way only now that the new one is whole, so that a failed save leaves it.
+    if (autosaving == 1) {
+        const QString reason = keepUnderDatedName(name, p_.session.clock.now());
+        if (!reason.isEmpty()) {
+            return fail(name, QStringLiteral("the older file of that name could not be kept (%1)").arg(reason));
+        }
+    }
+    if (!file.commit()) {
+        return fail(name, file.errorString());
+    }
+    autosaveFailureTold_ = false;
+    p_.panel.unsaved = false;
+    if (saved) {
+        saved();
+    }
+    return Outcome::Saved;
+}
+
+SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason) {
+    if (autosaving == 1 && std::exchange(autosaveFailureTold_, true)) {
+        return Outcome::Failed;
+    }
+    p_.session.messages.show({.title = QStringLiteral("Save as"),
+                              .text = QStringLiteral("The sheet could not be saved as %1: %2.\n\nIts rows are still on "
+                                                     "the sheet. Choose another folder or make room on the disk, then "
+                                                     "save again.")
+                                          .arg(tellable(name), reason),
+                              .icon = Message::Icon::Exclamation});
+    return Outcome::Failed;
+}
+
+} // namespace orv

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/comports.h"
+#include "sheet/datasheet.h"
+#include "sheet/sheetpanel.h"
+#include "sheet/sheetrows.h"
+
+#include <functional>
+
+namespace orv {
+
+/// The bytes of a sheet file: header lines, the file's column headers (spelled unlike the grid's), and the rows, eight
+/// cells for TRX and four for GLOW, each followed by a tab, each row ended by a lone CR. For the older TRX the ninth
+/// column is left out, for the newer one an empty eighth cell is added: that is the format. Empty for an unknown type.
+/// `fileName` stands on the second line without its folders.
+QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName);
+
+/// Saves and loads the data sheet.
+class SheetFiles {
+public:
+    struct Parts {
+        Session& session;
+        ComPorts& ports;
+        DataSheet& sheet;
+        SheetRows& rows;
+        SheetPanel& panel;
+        OperatorQuestions& questions;
+    };
+
+    enum class Outcome { Saved, Cancelled, Failed };
+
+    explicit SheetFiles(const Parts& parts);
+
+    /// Saves the sheet: under the name the operator confirms in a dialog, or while `autosaving` is 1 under the preset
+    /// name without asking, where a file of that name from before is kept under a dated name. A save that fails
+    /// leaves the file that was there and tells the reason; there is nothing to save for a sheet of no known type.
+    Outcome saveas();
+
+    /// Saves rows that are unsaved under a dated name, without asking, and tells so. For rows of another type of
+    /// instrument than the one that has just been connected: under its header row they would be saved wrongly.
+    void saveAside();
+
+    /// Asks for a file and loads it in place of what is on the sheet; rows that are not saved are offered for saving
+    /// first. A file that cannot be loaded is told, with the reason, and the sheet stays as it was.
+    void loadit();
+
+    /// Offers to save if the sheet holds unsaved data. Returns whether what is on the sheet may go now: nothing was
+    /// unsaved, the operator said No, or it has been saved.
+    bool ask();
+
+    /// 1 only while an automatic save is in progress.
+    quint8 autosaving = 0;
+
+    /// Called after each successful save.
+    std::function<void()> saved;
+
+private:
+    QString presetName() const;
+    bool refuse(const QString& name, const LoadedSheet& loaded);
+    Outcome fail(const QString& name, const QString& reason);
+    Outcome write(const QString& name);
+
+    Parts p_;
+    bool autosaveFailureTold_ = false; ///< An automatic save is tried again and again; its failure is told once.
+};
+
+} // namespace orv

@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/sheettest.h"
+
+namespace orv {
+
+namespace {
+
+class SheetFilesTest : public SheetTest {
+protected:
+    void addRow(std::initializer_list<const char*> values) {
+        DataRow row{.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:07"), .values = {}};
+        for (const char* value : values) {
+            row.values << QString::fromLatin1(value);
+        }
+        rows.addRow(row);
+    }
+
+    std::string bytes() const { return sheetFileBytes(sheet, QStringLiteral("/some/where/lake.txt")).toStdString(); }
+
+    void expectOneFailure(const QString& name) {
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_EQ(messages.shown[0].title.toStdString(), "Save as");
+        EXPECT_EQ(messages.shown[0].icon, Message::Icon::Exclamation);
+        const QString opening = QStringLiteral("The sheet could not be saved as %1: ").arg(name);
+        EXPECT_TRUE(messages.shown[0].text.startsWith(opening)) << qPrintable(messages.shown[0].text);
+        EXPECT_GT(messages.shown[0].text.indexOf(u'.', opening.size()), opening.size()) << "a reason is given";
+    }
+};
+
+TEST_F(SheetFilesTest, NewerTrxWritesAnEmptyEighthCell) {
+    identify("V", "512");
+    addRow({"10", "20", "30", "40"});
+    addRow({"11", "21", "31", "41"});
+    EXPECT_EQ(bytes(), "V\t512 2\r\n"
+                       "lake.txt\r\n"
+                       "\r\r\r\n"
+                       "Data Point\tDate\tTime\t100\t125\t150\tREF 150\r\n"
+                       "1\t1/5/99\t9:05:07\t10\t20\t30\t40\t\t\r"
+                       "2\t1/5/99\t9:05:07\t11\t21\t31\t41\t\t\r");
+}
+
+TEST_F(SheetFilesTest, OlderTrxDropsTheNinthColumn) {
+    identify("v", "412");
+    addRow({"10", "15", "20", "25", "30", "35"});
+    EXPECT_EQ(bytes(), "v\t412 1\r\n"
+                       "lake.txt\r\n"
+                       "\r\r\r\n"
+                       "Data Point\tDate\tTime\t100\tREF 100\t125\tREF 125\t150\tREF 150\r\n"
+                       "1\t1/5/99\t9:05:07\t10\t15\t20\t25\t30\t\r");
+}
+
+TEST_F(SheetFilesTest, GlowWritesFourCellsAndATabBehindItsLastHeader) {
+    identify("F", "512");
+    addRow({"700"});
+    addRow({"0.00001"});
+    EXPECT_EQ(bytes(), "F\t512 2\r\n"
+                       "lake.txt\r\n"
+                       "\r\r\r\n"
+                       "Data Point\tDate\tTime\tCounts\t\r\n"
+                       "1\t1/5/99\t9:05:07\t700\t\r"
+                       "2\t1/5/99\t9:05:07\t0.00001\t\r");
+}
+
+TEST_F(SheetFilesTest, EmptySheetIsItsHeader) {
+    identify("V", "500");
+    EXPECT_EQ(bytes(), "V\t500 0\r\nlake.txt\r\n\r\r\r\nData Point\tDate\tTime\t100\t125\t150\tREF 150\r\n");
+    identify("f", "5.5");
+    EXPECT_EQ(bytes(), "f\t5.5 0\r\nlake.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n");
+}
+
+TEST_F(SheetFilesTest, TypeWrittenIsTheSheetsOwn) {
+    identify("V", "512");
+    session.state.Vartemp = QStringLiteral("F");
+    session.status.firmware = QStringLiteral("7");
+    EXPECT_EQ(bytes().substr(0, 9), "V\t512 0\r\n");
+}
+
+TEST_F(SheetFilesTest, RowsOfAnotherTypeGetAsManyCellsAsTheLayoutHas) {
+    identify("F", "512");
+    addRow({"700"});
+    identify("V", "512");
+    EXPECT_TRUE(QByteArray::fromStdString(bytes()).endsWith("\n1\t1/5/99\t9:05:07\t700\t\t\t\t\t\r"));
+}
+
+TEST_F(SheetFilesTest, SheetOfUnknownTypeHasNothingToSave) {
+    debug.comm2Output = true;
+    answers.fileName = path("lake.txt");
+    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+    EXPECT_EQ(bytes(), "");
+    EXPECT_TRUE(filesIn(folder).isEmpty());
+    EXPECT_TRUE(answers.asked.isEmpty());
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(QLatin1String("There is nothing to save")));
+    EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\r"));
+}
+
+TEST_F(SheetFilesTest, OperatorsSaveAsksWithThePresetNameAndWritesUnderTheConfirmedOne) {
+    identify("V", "512");
+    addRow({"10", "20", "30", "40"});
+    panel.fileName = QStringLiteral("Untitled");
+    panel.records = QStringLiteral("3");
+    answers.fileName = path("lake.txt");
+    debug.comm2Output = true;
+    int savedCalls = 0;
+    files.saved = [&savedCalls] { ++savedCalls; };
+    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|Untitled.txt|.txt|*.txt");
+    EXPECT_EQ(contentsOf(path("lake.txt")).toStdString(), bytes());
+    EXPECT_EQ(filesIn(folder).size(), 1) << "no temporary file is left";
+    EXPECT_FALSE(panel.unsaved);
+    EXPECT_EQ(savedCalls, 1);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\rSaving TRX(S) Sheet\r"));
+}
+
+TEST_F(SheetFilesTest, GlowAnnouncesItsOwnSaving) {
+    identify("f", "512");
+    answers.fileName = path("lake.txt");
+    debug.comm2Output = true;
+    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\rSaving Flour Sheet\r"));
+}
+
+TEST_F(SheetFilesTest, PresetNameHasTheRecordsFrom20000RowsOn) {
+    identify("V", "512");
+    panel.fileName = QStringLiteral("lake");
+    panel.records = QStringLiteral("3");
+    session.state.plc = 19999;
+    files.saveas();
+    session.state.plc = 20000;
+    files.saveas();
+    session.state.plc = 20500;
+    files.saveas();
+    EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|lake.txt|.txt|*.txt\n"
+                                                       "Save as|lake3.txt|.txt|*.txt\n"
+                                                       "Save as|lake3.txt|.txt|*.txt");
+}
+
+TEST_F(SheetFilesTest, ConfirmedNameReplacesTheFile) {
+    identify("F", "512");
+    fill(path("lake.txt"), QByteArray(5000, 'x'));
+    answers.fileName = path("lake.txt");
+    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(contentsOf(path("lake.txt")).toStdString(), bytes());
+    EXPECT_EQ(filesIn(folder).size(), 1);
+}
+
+TEST_F(SheetFilesTest, CancelledSaveWritesNothingAndLeavesTheState) {
+    identify("V", "512");
+    addRow({"10", "20", "30", "40"});
+    debug.comm2Output = true;
+    files.saved = [] { FAIL() << "nothing was saved"; };
+    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Cancelled);
+    EXPECT_TRUE(filesIn(folder).isEmpty());
+    EXPECT_TRUE(panel.unsaved);
+    EXPECT_EQ(sheet.rowCount(), 1);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\r"));
+}
+
+TEST_F(SheetFilesTest, AutomaticSaveAsksNothingAndKeepsAFileFromBefore) {
+    identify("V", "512");
+    panel.fileName = path("lake");
+    fill(path("lake.txt"), "older");
+    files.autosaving = 1;
+    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_TRUE(answers.asked.isEmpty());
+    EXPECT_EQ(contentsOf(path("lake-20261121-093015.txt")), QByteArray("older"));
+    EXPECT_TRUE(contentsOf(path("lake.txt")).startsWith("V\t512 0\r\nlake.txt\r\n"));
+    EXPECT_EQ(filesIn(folder).size(), 2);
+}
+
+TEST_F(SheetFilesTest, FolderThatDoesNotExistIsToldAndTheRowsStayUnsaved) {
+    identify("V", "512");
+    addRow({"10", "20", "30", "40"});
+    answers.fileName = path("nowhere/lake.txt");
+    files.saved = [] { FAIL() << "nothing was saved"; };
+    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+    expectOneFailure(answers.fileName);
+    EXPECT_TRUE(panel.unsaved);
+    EXPECT_EQ(sheet.rowCount(), 1);
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(SheetFilesTest, UnwritableFolderLeavesTheOldFileAndTellsWhy) {
+    identify("V", "512");
+    addRow({"10", "20", "30", "40"});
+    fill(path("lake.txt"), "older");
+    allowEveryone(path("lake.txt"));
+    answers.fileName = path("lake.txt");
+    {
+        const UnwritableFolder unwritable(folder);
+        EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+    }
+    expectOneFailure(answers.fileName);
+    EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
+    EXPECT_TRUE(panel.unsaved);
+}
+
+TEST_F(SheetFilesTest, FullDiskLeavesTheOldFileAndTellsWhy) {
+    identify("V", "512");
+    for (int row = 0; row < 1000; ++row) {
+        addRow({"10", "20", "30", "40"});
+    }
+    fill(path("lake.txt"), "older");
+    answers.fileName = path("lake.txt");
+    for (const rlim_t space : {rlim_t{0}, rlim_t{10}, rlim_t{20000}}) {
+        messages.shown.clear();
+        {
+            const FileSizeLimit limit(space);
+            EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+        }
+        expectOneFailure(answers.fileName);
+        EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
+        EXPECT_EQ(filesIn(folder).size(), 1) << "no half-written file is left";
+        EXPECT_TRUE(panel.unsaved);
+    }
+}
+
+TEST_F(SheetFilesTest, AutomaticSaveThatFailsLeavesTheOldFileUnderItsName) {
+    identify("V", "512");
+    addRow({"10", "20", "30", "40"});
+    panel.fileName = path("lake");
+    fill(path("lake.txt"), "older");
+    files.autosaving = 1;
+    {
+        const FileSizeLimit limit(10);
+        EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+    }
+    expectOneFailure(path("lake.txt"));
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "lake.txt");
+    EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
+}
+#endif
+
+TEST_F(SheetFilesTest, RowsOfAnotherTypeAreSavedUnderADatedNameAndTold) {
+    identify("V", "512");
+    addRow({"10", "20", "30", "40"});
+    panel.fileName = QDir(folder.path()).filePath(QStringLiteral("lake"));
+    const QString name = QDir(folder.path()).filePath(QStringLiteral("lake-20261121-093015.txt"));
+    files.saveAside();
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), sheetFileBytes(sheet, name));
+    EXPECT_FALSE(panel.unsaved);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(name)) << qPrintable(messages.shown[0].text);
+    EXPECT_EQ(sheet.rowCount(), 1) << "the rows stay on the sheet";
+    files.saveAside();
+    EXPECT_EQ(messages.shown.size(), 1U) << "saved rows are not saved aside again";
+}
+
+} // namespace
+
+} // namespace orv

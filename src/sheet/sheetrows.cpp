@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/sheetrows.h"
+
+#include "session/numbertext.h"
+#include "session/runtimeerror.h"
+
+#include <limits>
+
+namespace orv {
+
+SheetRows::SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetPanel& panel)
+    : session_(session)
+    , ports_(ports)
+    , sheet_(sheet)
+    , panel_(panel) {}
+
+double SheetRows::firmware() const {
+    return leadingNumber(session_.status.firmware.value());
+}
+
+RowLayout SheetRows::connectedLayout() const {
+    return rowLayout(session_.state.Vartemp, firmware());
+}
+
+void SheetRows::layOutOnOpening() {
+    const RowLayout layout = connectedLayout();
+    if (layout != RowLayout::Unknown) {
+        sheet_.setHeader({.letter = session_.state.Vartemp, .firmware = firmware()},
+                         headerRow(HeaderPlace::GridOnOpening, layout));
+    }
+}
+
+void SheetRows::clearSpreadSheet() {
+    ports_.debugsay(QStringLiteral("Clear Spread Sheet"));
+    clear();
+}
+
+void SheetRows::clear() {
+    session_.state.plc = 0;
+    sheet_.removeRows();
+    panel_.topRow = 0;
+    panel_.counter = QStringLiteral("0");
+    panel_.unsaved = false;
+    session_.commands.sheetHoldsRows = false;
+    // A firmware label that has not been filled reads as 0, the older generation.
+    const QString shownLetter = session_.state.isGlow() ? QStringLiteral("F") : QStringLiteral("V");
+    const RowLayout layout = rowLayout(shownLetter, firmware());
+    const bool known = session_.state.isGlow() || session_.state.isTrx();
+    sheet_.setHeader({.letter = known ? session_.state.Vartemp : QString(), .firmware = firmware()},
+                     headerRow(HeaderPlace::GridOnClearing, layout));
+}
+
+void SheetRows::addRow(const DataRow& row) {
+    qint16& plc = session_.state.plc;
+    if (plc == std::numeric_limits<qint16>::max()) {
+        throw RuntimeError(RuntimeError::Kind::Overflow);
+    }
+    ++plc;
+    sheet_.appendRow(sheetCells(plc, row));
+    panel_.counter = QString::number(plc);
+    panel_.unsaved = true;
+    session_.commands.sheetHoldsRows = true;
+}
+
+void SheetRows::replaceBy(LoadedSheet loaded) {
+    clear();
+    sheet_.setHeader(loaded.type, headerRow(HeaderPlace::GridOnClearing, loaded.type.layout()));
+    for (QByteArray& row : loaded.rows) {
+        sheet_.appendJoinedRow(std::move(row));
+    }
+    session_.state.plc = static_cast<qint16>(loaded.rows.size());
+    panel_.counter = QString::number(session_.state.plc);
+    session_.commands.sheetHoldsRows = session_.state.plc > 0;
+    followNewest();
+}
+
+void SheetRows::followNewest() {
+    if (session_.state.plc > 11) {
+        panel_.topRow = session_.state.plc - 10;
+    }
+}
+
+} // namespace orv
