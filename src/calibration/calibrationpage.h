@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "calibration/calibrationactions.h"
+#include "session/binding.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QGridLayout;
+class QGroupBox;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+
+namespace orv {
+
+/// The page "Calibration TRX(S)": the instruments of a batch, the worksheet of the one shown, and the reference values.
+class CalibrationPage final : public QWidget {
+public:
+    /// Panel and actions outlive the page.
+    CalibrationPage(CalibrationPanel& panel, CalibrationActions& actions, QWidget* parent = nullptr);
+
+private:
+    QGroupBox* makeInstruments();
+    QWidget* makeColours();
+    QListWidget* makeList();
+    QWidget* makeNavigation();
+    QWidget* makeMessages();
+    QGroupBox* makeWorksheet();
+    void addWorksheetRow(QGridLayout* grid, int row);
+    void addResults(QGridLayout* grid, int gridRow);
+    QGroupBox* makeReference();
+    QLineEdit* makeBox(QProperty<QString>& text, const QString& name, const QString& accessibleName);
+    QPushButton* makeButton(const QString& caption, const QString& name, const QString& toolTip,
+                            const std::function<void()>& action);
+
+    CalibrationPanel& panel_;
+    CalibrationActions& actions_;
+    Bindings bindings_;
+};
+
+} // namespace orv
