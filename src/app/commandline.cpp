@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/commandline.h"
+
+#include "link/systemport.h"
+#include "simulator/simulatedport.h"
+#include "simulator/simulatoroptions.h"
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+
+namespace orv {
+
+namespace {
+
+#ifdef Q_OS_WIN
+const char* const defaultDevices[] = {"COM1", "COM2"};
+#else
+const char* const defaultDevices[] = {"ttyS0", "ttyS1"};
+#endif
+
+CommandLine onlyPrint(CommandLine::Wish wish, const QString& text) {
+    CommandLine line;
+    line.wish = wish;
+    line.text = text;
+    return line;
+}
+
+CommandLine refusal(const QString& reason) {
+    return onlyPrint(CommandLine::Wish::Refuse, QStringLiteral("orvhost: %1\nTry \"orvhost --help\".\n").arg(reason));
+}
+
+} // namespace
+
+QString deviceProblem(const QString& device) {
+    if (namesSimulator(device)) {
+        return parseSimulatorOptions(device).error;
+    }
+    const bool printable = std::all_of(device.begin(), device.end(),
+                                       [](QChar character) { return character.isPrint() && !character.isSpace(); });
+    if (device.isEmpty() || !printable || device.endsWith(u'/')) {
+        return QStringLiteral(
+                   "\"%1\" is no device. Give a serial port's name or path (ttyUSB0, /dev/ttyUSB0, COM3) or a "
+                   "simulated instrument (sim:trx, sim:glow).")
+            .arg(device);
+    }
+    return {};
+}
+
+CommandLine readCommandLine(const QStringList& arguments, const QString& version) {
+    const QString deviceName = QStringLiteral("DEVICE");
+    const QCommandLineOption com1(
+        QStringLiteral("com1"),
+        QStringLiteral("Device behind COM 1: a serial port (ttyUSB0, /dev/ttyUSB0, COM3) or a "
+                       "simulated instrument (sim:trx, sim:glow?firmware=310&rate=8)."),
+        deviceName, QString::fromLatin1(defaultDevices[0]));
+    const QCommandLineOption com2(QStringLiteral("com2"), QStringLiteral("Device behind COM 2."), deviceName,
+                                  QString::fromLatin1(defaultDevices[1]));
+    const QCommandLineOption debugOutput(QStringLiteral("debug-output"),
+                                         QStringLiteral("Write the program's announcements to COM 2."));
+    const QCommandLineOption demo(QStringLiteral("demo"),
+                                  QStringLiteral("Do the main job unattended and leave its files and a picture of each "
+                                                 "page in FOLDER."),
+                                  QStringLiteral("FOLDER"));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
+    const QCommandLineOption showVersion({QStringLiteral("v"), QStringLiteral("version")},
+                                         QStringLiteral("Show the program's version."));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Host program for the ORV optical water sensors."));
+    parser.addOptions({com1, com2, debugOutput, demo, help, showVersion});
+    if (!parser.parse(arguments)) {
+        return refusal(parser.errorText());
+    }
+    if (parser.isSet(help)) {
+        return onlyPrint(CommandLine::Wish::ShowHelp, parser.helpText());
+    }
+    if (parser.isSet(showVersion)) {
+        return onlyPrint(CommandLine::Wish::ShowVersion, QStringLiteral("orvhost %1\n").arg(version));
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        return refusal(QStringLiteral("unknown argument \"%1\".").arg(parser.positionalArguments().constFirst()));
+    }
+    if (parser.isSet(demo) && parser.value(demo).isEmpty()) {
+        return refusal(QStringLiteral("--demo needs a folder."));
+    }
+    CommandLine line;
+    line.com1 = parser.value(com1);
+    line.com2 = parser.value(com2);
+    line.debugOutput = parser.isSet(debugOutput);
+    line.demoFolder = parser.value(demo);
+    for (const QString& device : {line.com1, line.com2}) {
+        const QString problem = deviceProblem(device);
+        if (!problem.isEmpty()) {
+            return refusal(problem);
+        }
+    }
+    return line;
+}
+
+std::unique_ptr<Port> makePort(const QString& device, const Clock& clock) {
+    if (namesSimulator(device)) {
+        return std::make_unique<SimulatedPort>(parseSimulatorOptions(device).options, clock);
+    }
+    return std::make_unique<SystemPort>(device);
+}
+
+} // namespace orv

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/programtest.h"
+
+#include <QProcess>
+
+namespace orv {
+namespace {
+
+struct Ended {
+    QProcess::ExitStatus how = QProcess::CrashExit;
+    int status = -1;
+    std::string output;
+    std::string error;
+};
+
+class DemoTest : public testing::Test {
+protected:
+    Ended demo(const char* device, const QString& target) {
+        constexpr int patience = 100'000; // milliseconds
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(ORVHOST_PATH),
+                      {QStringLiteral("--com1"), QString::fromLatin1(device), QStringLiteral("--com2"),
+                       QStringLiteral("sim:glow"), QStringLiteral("--demo"), target});
+        EXPECT_TRUE(process.waitForFinished(patience));
+        return {process.exitStatus(), process.exitCode(), process.readAllStandardOutput().toStdString(),
+                process.readAllStandardError().toStdString()};
+    }
+
+    static void expectPicture(const QByteArray& file, const QString& path) {
+        EXPECT_TRUE(file.startsWith("\x89PNG\r\n")) << qPrintable(path);
+        EXPECT_GT(file.size(), 1000) << qPrintable(path);
+    }
+
+    OwnFolder folder;
+};
+
+TEST_F(DemoTest, DoesTheMainJobAndLeavesItsFilesAndPictures) {
+    const Ended ended = demo("sim:trx?rate=50&baud=0", folder.path("out/put"));
+    EXPECT_EQ(ended.how, QProcess::NormalExit);
+    EXPECT_EQ(ended.status, 0) << ended.error;
+    EXPECT_EQ(ended.error.find("Failed"), std::string::npos) << ended.error;
+    for (const char* step : {"Connecting on COM 1", "Identified: TRX, firmware 512\n", "Settings read: 10 samples",
+                             "Collected 25 rows\n", "Stopped and connected again\n", "Saved ", "Picture of "}) {
+        EXPECT_NE(ended.output.find(step), std::string::npos) << step << " in\n" << ended.output;
+    }
+    const QByteArray sheet = contentsOf(folder.path("out/put/sheet.txt"));
+    EXPECT_TRUE(sheet.startsWith("V\t512 "));
+    // Line ends of the header and then one CR for each row: rows that came while the run was being stopped count too.
+    const int rows = sheet.mid(6, sheet.indexOf('\r') - 6).toInt();
+    EXPECT_GE(rows, 25);
+    EXPECT_EQ(contentsOf(folder.path("out/put/Orvtemp.tmp")).count("\r\n"), 5 + rows);
+    EXPECT_TRUE(contentsOf(folder.path("out/put/log.ohp")).contains("MP200\r\n"));
+    for (const char* picture : {"out/put/page-1.png", "out/put/page-2.png", "out/put/page-3.png"}) {
+        expectPicture(contentsOf(folder.path(picture)), folder.path(picture));
+    }
+}
+
+TEST_F(DemoTest, EndsWithABlockThatIsOut) {
+    const Ended ended = demo("sim:glow?rate=100&baud=0&points=25", folder.path("demo"));
+    EXPECT_EQ(ended.status, 0) << ended.error;
+    EXPECT_NE(ended.output.find("Identified: GLOW, firmware 310\n"), std::string::npos) << ended.output;
+    EXPECT_TRUE(contentsOf(folder.path("demo/sheet.txt")).startsWith("F\t310 25\r\nsheet.txt\r\n"));
+}
+
+TEST_F(DemoTest, ASilentInstrumentFailsAndSaysSo) {
+    const Ended ended = demo("sim:trx?fault=silent", folder.path("demo"));
+    EXPECT_EQ(ended.how, QProcess::NormalExit);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_TRUE(ended.error.ends_with("Failed: Connecting: the instrument does not answer\n")) << ended.error;
+    EXPECT_FALSE(QFile::exists(folder.path("demo/sheet.txt")));
+}
+
+TEST_F(DemoTest, AMissingDeviceFailsAndSaysSo) {
+    const Ended ended = demo("/dev/no-such-device", folder.path("demo"));
+    EXPECT_EQ(ended.how, QProcess::NormalExit);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_NE(ended.error.find("Failed: Connecting: COM 1 (/dev/no-such-device) could not be opened. "),
+              std::string::npos)
+        << ended.error;
+}
+
+TEST_F(DemoTest, ACablePulledInTheRunFailsAndSaysSo) {
+    const Ended ended = demo("sim:trx?rate=50&baud=0&fault=unplug&after=10%", folder.path("demo"));
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_NE(ended.error.find("Failed: Collecting: The connection on COM 1 (sim:trx?rate=50"), std::string::npos)
+        << ended.error;
+    EXPECT_EQ(contentsOf(folder.path("demo/Orvtemp.tmp")).count("\r\n"), 5 + 10);
+}
+
+TEST_F(DemoTest, AFolderThatCannotBeMadeFailsAndSaysSo) {
+    fill(folder.path("file"), "in the way");
+    const Ended ended = demo("sim:trx", folder.path("file/demo"));
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_NE(ended.error.find("file/demo"), std::string::npos) << ended.error;
+    EXPECT_EQ(contentsOf(folder.path("file")), "in the way");
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/commandline.h"
+#include "app/demo.h"
+#include "app/mainwindow.h"
+#include "app/messageboxes.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+namespace {
+
+constexpr int wrongUsage = 2;
+
+QStringList argumentList(int count, char** values) {
+    QStringList list;
+    for (int i = 0; i < count; ++i) {
+        list.append(QString::fromLocal8Bit(values[i]));
+    }
+    return list;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication::setApplicationName(QStringLiteral("orvhost"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ORV_VERSION));
+
+    // The command line is read before there is a window system to need, so that help works without a display.
+    const orv::CommandLine line =
+        orv::readCommandLine(argumentList(argc, argv), QCoreApplication::applicationVersion());
+    switch (line.wish) {
+    case orv::CommandLine::Wish::ShowHelp:
+    case orv::CommandLine::Wish::ShowVersion:
+        QTextStream(stdout) << line.text;
+        return 0;
+    case orv::CommandLine::Wish::Refuse:
+        QTextStream(stderr) << line.text;
+        return wrongUsage;
+    case orv::CommandLine::Wish::Run:
+        break;
+    }
+
+    if (!line.demoFolder.isEmpty()) {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    }
+    const QApplication application(argc, argv);
+    orv::SystemClock clock;
+    orv::WindowEvents events;
+    orv::MessageBoxes messages;
+    orv::QuestionDialogs questions;
+    orv::Program program({.clock = clock,
+                          .events = events,
+                          .messages = messages,
+                          .questions = questions,
+                          .makePort = [&clock](const QString& device) { return orv::makePort(device, clock); }});
+    program.ports.setDevice(1, line.com1);
+    program.ports.setDevice(2, line.com2);
+    program.debug.comm2Output = line.debugOutput;
+
+    orv::MainWindow window(program, events);
+    messages.setParent(&window);
+    questions.setParent(&window);
+    if (!line.demoFolder.isEmpty()) {
+        return orv::runDemo(program, window, messages, line.demoFolder);
+    }
+    program.load();
+    window.show();
+    const int status = QApplication::exec();
+    messages.waitUntilRead();
+    return status;
+}

@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/mainwindow.h"
+
+#include "app/aboutdialog.h"
+#include "app/debugscreen.h"
+#include "app/manualconnectiondialog.h"
+#include "app/statuspage.h"
+#include "calibration/calibrationpage.h"
+#include "calibration/testingpage.h"
+#include "settings/progressdialog.h"
+#include "settings/settingswindow.h"
+#include "sheet/sheetpage.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace orv {
+
+MainWindow::MainWindow(Program& program, WindowEvents& events)
+    : program_(program)
+    , events_(events) {
+    setObjectName(QStringLiteral("MainWindow"));
+    setWindowTitle(QStringLiteral("ORV Host Program"));
+    auto* centre = new QWidget;
+    makePages();
+    makeTabStrips(centre);
+    setCentralWidget(centre);
+    makeMenus();
+    resize(1000, 680);
+
+    auto* manual = new ManualConnectionDialog(program.manual, this);
+    events.setManualDialog(manual);
+    new ProgressDialog(program.progress, this);
+    program_.settingsSender.showMainWindow = [this] { comeForward(); };
+    bindings_.bind(program.settings.visible, [this](bool visible) { showSettings(visible); });
+    program_.connection.pollingEnded = [this] {
+        if (closeWhenPossible_) {
+            closeWhenPossible_ = false;
+            close();
+        }
+    };
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::makePages() {
+    sheetPage_ = new SheetPage(program_.sheet, program_.sheetPanel, program_.session.commands,
+                               {.saveAs = [this] { program_.saveAs(); },
+                                .open = [this] { program_.openSheet(); },
+                                .clearAll = [this] { program_.clearAll(); }});
+    pages_[Page::Status] = new StatusPage(program_, {.run = [this] { program_.run(); },
+                                                     .reset = [this] { program_.reset(); },
+                                                     .resetShutter = [this] { program_.resetShutter(); }});
+    pages_[Page::Sheet] = sheetPage_;
+    auto* graphical = new QGroupBox(QStringLiteral("Graphical"));
+    graphical->setObjectName(QStringLiteral("GraphicalPage"));
+    pages_[Page::Graphical] = graphical;
+    pages_[Page::Debug] = new DebugScreen({.session = program_.session,
+                                           .ports = program_.ports,
+                                           .debug = program_.debug,
+                                           .pages = program_.pages,
+                                           .directSend = program_.directSend,
+                                           .setComm2Output = [this](bool ticked) { program_.setComm2Output(ticked); }});
+    pages_[Page::Testing] = new TestingPage(program_.session, [this] { program_.resetShutter(); });
+    pages_[Page::Calibration] = new CalibrationPage(program_.calibrationPanel, program_.calibration);
+}
+
+void MainWindow::makeTabStrips(QWidget* centre) {
+    upperTabs_ = new QTabBar;
+    upperTabs_->setObjectName(QStringLiteral("TabStrip1"));
+    upperTabs_->setAccessibleName(QStringLiteral("Pages"));
+    upperTabs_->setToolTip(QStringLiteral("Form Select Tabs."));
+    upperTabs_->setDrawBase(false);
+    upperTabs_->setExpanding(false);
+    for (const QString& caption : upperCaptions()) {
+        upperTabs_->addTab(caption);
+    }
+    lowerTabs_ = new QTabBar;
+    lowerTabs_->setObjectName(QStringLiteral("TabStrip2"));
+    lowerTabs_->setAccessibleName(QStringLiteral("Service pages"));
+    lowerTabs_->setToolTip(QStringLiteral("Special Tidelane Debug screens and Tools. Internal use only so far."));
+    lowerTabs_->setDrawBase(false);
+    lowerTabs_->setExpanding(false);
+    lowerTabs_->setShape(QTabBar::RoundedSouth);
+    for (const QString& caption : lowerCaptions()) {
+        lowerTabs_->addTab(caption);
+    }
+    pageArea_ = new QWidget;
+    auto* pageLayout = new QVBoxLayout(pageArea_);
+    pageLayout->setContentsMargins(0, 0, 0, 0);
+    for (const auto& [page, widget] : pages_) {
+        pageLayout->addWidget(widget);
+    }
+    auto* layout = new QVBoxLayout(centre);
+    layout->addWidget(upperTabs_);
+    layout->addWidget(pageArea_, 1);
+    auto* marker = new QWidget;
+    marker->setObjectName(QStringLiteral("ServiceMarker"));
+    marker->setAccessibleName(QStringLiteral("Service mode"));
+    marker->setFixedSize(14, 14);
+    marker->setAutoFillBackground(true);
+    auto* serviceRow = new QHBoxLayout;
+    serviceRow->addWidget(marker);
+    serviceRow->addWidget(lowerTabs_);
+    serviceRow->addStretch(1);
+    layout->addLayout(serviceRow);
+
+    // A strip's own tab can be chosen again to come back from the other strip's page.
+    const auto connectStrip = [this](QTabBar* strip, const std::function<void(const QString& caption)>& select) {
+        const auto chosen = [strip, select](int index) { select(strip->tabText(index)); };
+        connect(strip, &QTabBar::currentChanged, this, chosen);
+        connect(strip, &QTabBar::tabBarClicked, this, [strip, chosen](int index) {
+            if (index >= 0 && index == strip->currentIndex()) {
+                chosen(index);
+            }
+        });
+    };
+    connectStrip(upperTabs_, [this](const QString& caption) { program_.selectUpperTab(caption); });
+    connectStrip(lowerTabs_, [this](const QString& caption) { program_.selectLowerTab(caption); });
+    bindings_.bind(program_.pages.shown, [this](Page page) { showPage(page); });
+    bindings_.bind(program_.pages.serviceMode, [this, marker](bool on) {
+        lowerTabs_->setVisible(on);
+        marker->setVisible(on);
+    });
+    bindings_.bind(program_.pages.markerColour, [marker](quint32 colour) {
+        QPalette palette = marker->palette();
+        const auto part = [colour](int shift) { return static_cast<int>(colour >> shift & 0xFFU); };
+        palette.setColor(QPalette::Window,
+                         colour == 0 ? palette.color(QPalette::Highlight) : QColor(part(0), part(8), part(16)));
+        marker->setPalette(palette);
+    });
+}
+
+void MainWindow::showPage(Page page) {
+    // Two pages shown together, even for a moment, would enlarge the window for good.
+    for (const auto& [candidate, widget] : pages_) {
+        if (candidate != page) {
+            widget->hide();
+        }
+    }
+    const auto shown = pages_.find(page);
+    if (shown != pages_.end()) {
+        shown->second->show();
+    }
+}
+
+QAction* MainWindow::addItem(QMenu* menu, const QString& text, const QString& name,
+                             const std::function<void()>& action) {
+    QAction* item = menu->addAction(text);
+    item->setObjectName(name);
+    connect(item, &QAction::triggered, this, [action] { action(); });
+    return item;
+}
+
+void MainWindow::makeMenus() {
+    QMenu* operation = menuBar()->addMenu(QStringLiteral("&Operation"));
+    makeConnectMenu(operation);
+    QAction* closePort = addItem(operation, QStringLiteral("&Close Port"), QStringLiteral("ClosePort"),
+                                 [this] { program_.closePort(); });
+    operation->addSeparator();
+    QAction* quit = addItem(operation, QStringLiteral("&Quit"), QStringLiteral("Quit"), [this] {
+        if (program_.quit()) {
+            quitNow();
+        }
+    });
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+
+    QMenu* processing = menuBar()->addMenu(QStringLiteral("&Processing"));
+    QAction* saveText = addItem(processing, QStringLiteral("Download Stored Data: &Save as Text"),
+                                QStringLiteral("DownloadText"), [this] { program_.downloadText(); });
+    QAction* view = addItem(processing, QStringLiteral("Download Stored Data: &View with Host Program"),
+                            QStringLiteral("DownloadView"), [this] { program_.vwhp(); });
+
+    QMenu* settingsMenu = menuBar()->addMenu(QStringLiteral("&Settings"));
+    QAction* settingsForm =
+        addItem(settingsMenu, QStringLiteral("&Settings"), QStringLiteral("ShowSettingsForm"), [this] {
+            program_.showSettingsForm();
+            settingsWindow_->present();
+        });
+
+    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+    addItem(help, QStringLiteral("&Contents"), QStringLiteral("Contents"), [] {});
+    addItem(help, QStringLiteral("&About Orv Host ..."), QStringLiteral("About"), [this] { showAbout(); });
+
+    const CommandPanel& commands = program_.session.commands;
+    bindings_.bind(commands.closePortEnabled, [closePort](bool on) { closePort->setEnabled(on); });
+    bindings_.bind(commands.processingMenuVisible, [processing](bool on) { processing->menuAction()->setVisible(on); });
+    bindings_.bind(commands.settingsMenuVisible,
+                   [settingsMenu](bool on) { settingsMenu->menuAction()->setVisible(on); });
+    bindings_.bind(commands.settingsFormEnabled, [settingsForm](bool on) { settingsForm->setEnabled(on); });
+    bindings_.bind(commands.canCommand, [saveText, view](bool can) {
+        saveText->setEnabled(can);
+        view->setEnabled(can);
+    });
+}
+
+void MainWindow::makeConnectMenu(QMenu* operation) {
+    struct Item {
+        ConnectionPanel::Item item;
+        const char* text;
+        const char* name;
+        std::function<void()> action;
+    };
+    const Item items[] = {
+        {ConnectionPanel::Auto1, "&Auto Connect Comm 1", "AutoConnect1", [this] { program_.autoConnect1(); }},
+        {ConnectionPanel::Auto2, "A&uto Connect Comm 2", "AutoConnect2", [this] { program_.autoConnect2(); }},
+        {ConnectionPanel::Manual1, "&Manual Connect Comm 1", "ManualConnect1", [this] { program_.manualConnect(1); }},
+        {ConnectionPanel::Manual2, "Mau&nal Connect Comm 2", "ManualConnect2", [this] { program_.manualConnect(2); }},
+    };
+    QMenu* start = operation->addMenu(QStringLiteral("&Start Communication"));
+    for (const Item& item : items) {
+        QAction* action = addItem(start, QString::fromLatin1(item.text), QString::fromLatin1(item.name), item.action);
+        action->setCheckable(true);
+        const ConnectItem& state = program_.connectItems[item.item];
+        // A click must not change the mark by itself: the procedures set it.
+        connect(action, &QAction::triggered, action, [action, &state] { action->setChecked(state.checked); });
+        bindings_.bind(state.checked, [action](bool on) { action->setChecked(on); });
+        const auto enable = [action, &state, this] {
+            action->setEnabled(state.enabled && program_.session.commands.undisturbed);
+        };
+        bindings_.bind(state.enabled, [enable](bool) { enable(); });
+        bindings_.bind(program_.session.commands.undisturbed, [enable](bool) { enable(); });
+    }
+}
+
+void MainWindow::showSettings(bool visible) {
+    if (!visible || settingsWindow_) {
+        return; // the window follows the panel itself
+    }
+    settingsWindow_ =
+        std::make_unique<SettingsWindow>(SettingsWindow::Parts{.session = program_.session,
+                                                               .panel = program_.settings,
+                                                               .commands = program_.settingsCommands,
+                                                               .modes = program_.modes,
+                                                               .actions = program_.deviceFiles,
+                                                               .showMainWindow = [this] { comeForward(); }});
+}
+
+void MainWindow::comeForward() {
+    show();
+    raise();
+    activateWindow();
+}
+
+void MainWindow::refreshNow() {
+    sheetPage_->refreshNow();
+}
+
+void MainWindow::showAbout() {
+    program_.about();
+    auto* dialog = new AboutDialog(this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+}
+
+void MainWindow::quitNow() {
+    // Messages that were not read by now do not keep the program; what its end has to say does.
+    for (QMessageBox* box : findChildren<QMessageBox*>()) {
+        box->close();
+    }
+    hide();
+    program_.end();
+    events_.endProgram();
+    QCoreApplication::exit(0); // quit() would close message boxes that have not been read
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (program_.settingsSender.isPolling()) {
+        QTimer::singleShot(100, this, [this] { close(); });
+        return;
+    }
+    if (program_.connection.isPolling()) {
+        // The wake-up loop handles nothing of the operator's; the wish is kept until it has ended.
+        closeWhenPossible_ = true;
+        if (program_.session.state.Seeking == 1) {
+            program_.manual.quit();
+        }
+        return;
+    }
+    if (events_.programEnding() || program_.ask()) {
+        quitNow();
+        event->accept();
+    }
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_H && event->modifiers() == (Qt::ControlModifier | Qt::AltModifier)) {
+        program_.toggleServiceMode();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+} // namespace orv

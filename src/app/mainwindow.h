@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/program.h"
+#include "app/windowevents.h"
+#include "session/binding.h"
+
+#include <QMainWindow>
+#include <QTabBar>
+
+#include <map>
+#include <memory>
+
+namespace orv {
+
+class SettingsWindow;
+class SheetPage;
+
+/// The main window, "ORV Host Program": menus, the upper tab strip with the operating pages, the lower one with the
+/// service pages.
+class MainWindow final : public QMainWindow {
+public:
+    MainWindow(Program& program, WindowEvents& events);
+    ~MainWindow() override;
+
+    /// The settings screen; null before its first use.
+    SettingsWindow* settingsWindow() const { return settingsWindow_.get(); }
+
+    /// Brings everything on the screen up to date, for screenshots.
+    void refreshNow();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void makeMenus();
+    void makeConnectMenu(QMenu* operation);
+    void makePages();
+    void makeTabStrips(QWidget* centre);
+    QAction* addItem(QMenu* menu, const QString& text, const QString& name, const std::function<void()>& action);
+    void showPage(Page page);
+    void showSettings(bool visible);
+    void comeForward();
+    void quitNow();
+    void showAbout();
+
+    Program& program_;
+    WindowEvents& events_;
+    QTabBar* upperTabs_ = nullptr;
+    QTabBar* lowerTabs_ = nullptr;
+    QWidget* pageArea_ = nullptr;
+    SheetPage* sheetPage_ = nullptr;
+    std::map<Page, QWidget*> pages_;
+    std::unique_ptr<SettingsWindow> settingsWindow_; ///< Made on first use and kept.
+    bool closeWhenPossible_ = false;
+    Bindings bindings_;
+};
+
+} // namespace orv

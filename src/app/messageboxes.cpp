@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/messageboxes.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QMessageBox>
+
+namespace orv {
+
+namespace {
+
+void prepare(QFileDialog& dialog, const QString& title, const QString& filter) {
+    dialog.setWindowTitle(title);
+    QStringList filters{QStringLiteral("All files (*)")};
+    if (!filter.isEmpty()) {
+        filters.prepend(filter);
+    }
+    dialog.setNameFilters(filters);
+}
+
+/// A question that only its buttons answer: Esc or the frame would count as No, and No loses the rows.
+class Question final : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+    void reject() override {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() != Qt::Key_Escape) {
+            QMessageBox::keyPressEvent(event);
+        }
+    }
+};
+
+QString chosen(QFileDialog& dialog) {
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+} // namespace
+
+void MessageBoxes::show(const Message& message) {
+    if (told) {
+        told(message);
+    }
+    const QString name = message.title + QLatin1Char('\n') + message.text;
+    if (parent_) {
+        for (const auto* open : parent_->findChildren<QMessageBox*>()) {
+            if (open->property("message").toString() == name && open->isVisible()) {
+                return;
+            }
+        }
+    }
+    auto* box =
+        new QMessageBox(message.icon == Message::Icon::Exclamation ? QMessageBox::Warning : QMessageBox::Information,
+                        message.title, message.text, QMessageBox::Ok, parent_);
+    box->setProperty("message", name);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box->show();
+}
+
+void MessageBoxes::waitUntilRead() {
+    if (!parent_) {
+        return;
+    }
+    for (const QPointer<QMessageBox> box : parent_->findChildren<QMessageBox*>()) {
+        if (box && box->isVisible()) {
+            QEventLoop loop;
+            QObject::connect(box, &QMessageBox::finished, &loop, &QEventLoop::quit);
+            loop.exec();
+        }
+    }
+}
+
+bool QuestionDialogs::askYesNo(const QString& title, const QString& text) {
+    Question box(QMessageBox::Warning, title, text, QMessageBox::Yes | QMessageBox::No, parent_);
+    box.setDefaultButton(QMessageBox::Yes);
+    return box.exec() == QMessageBox::Yes;
+}
+
+QString QuestionDialogs::saveFileName(const QString& title, const QString& presetName, const QString& suffix,
+                                      const QString& filter) {
+    QFileDialog dialog(parent_);
+    prepare(dialog, title, filter);
+    if (!suffix.isEmpty()) {
+        dialog.setDefaultSuffix(suffix.mid(1));
+    }
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.selectFile(presetName);
+    return chosen(dialog);
+}
+
+QString QuestionDialogs::openFileName(const QString& title, const QString& /*suffix*/, const QString& filter) {
+    // A default suffix would be added to the name of an existing file that has none.
+    QFileDialog dialog(parent_);
+    prepare(dialog, title, filter);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return chosen(dialog);
+}
+
+} // namespace orv
