@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "benchmarks/fullsheet.h"
+#include "sheet/automaticsave.h"
+#include "testing/fakes.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+namespace orv {
+
+namespace {
+
+/// The sheet with its saving and loading, in a folder of its own.
+class SheetRig {
+public:
+    SheetRig() {
+        QDir::setCurrent(folder_.path());
+        session.state.Vartemp = QStringLiteral("V");
+        session.status.firmware = QStringLiteral("512");
+    }
+    ~SheetRig() { QDir::setCurrent(before_); }
+    SheetRig(const SheetRig&) = delete;
+    SheetRig& operator=(const SheetRig&) = delete;
+
+    void fill() {
+        layOut(sheet);
+        fillTo(sheet, fullSheetRows);
+        session.state.plc = fullSheetRows;
+    }
+
+private:
+    QString before_ = QDir::currentPath();
+    QTemporaryDir folder_;
+
+public:
+    SystemClock clock;
+    RecordedMessages messages;
+    PreparedAnswers answers;
+    Session session{clock, messages};
+    DebugPanel debug;
+    ComPorts ports{session, debug, [](const QString&) { return std::make_unique<FakePort>(); }};
+    DataSheet sheet;
+    SheetPanel panel;
+    SheetRows rows{session, ports, sheet, panel};
+    SheetFiles files{
+        {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .panel = panel, .questions = answers}};
+    AutomaticSave automaticSave{session, rows, files, panel};
+};
+
+/// The save in the middle of a run that has made the sheet full, through to the disk, and the clearing.
+void automaticSave(benchmark::State& state) {
+    SheetRig rig;
+    while (state.KeepRunning()) {
+        state.PauseTiming();
+        rig.fill();
+        state.ResumeTiming();
+        rig.automaticSave.saveLongSheet();
+    }
+    if (!rig.messages.shown.empty() || rig.sheet.rowCount() != 0) {
+        state.SkipWithError("the sheet was not saved");
+    }
+}
+BENCHMARK(automaticSave)->Iterations(25)->Unit(benchmark::kMillisecond);
+
+/// Opening the file of a full sheet.
+void loadFullSheet(benchmark::State& state) {
+    SheetRig rig;
+    rig.fill();
+    rig.answers.fileName = QStringLiteral("full.txt");
+    if (rig.files.saveas() != SheetFiles::Outcome::Saved) {
+        state.SkipWithError("the sheet was not saved");
+        return;
+    }
+    while (state.KeepRunning()) {
+        rig.files.loadit();
+    }
+    if (!rig.messages.shown.empty() || rig.sheet.rowCount() != fullSheetRows) {
+        state.SkipWithError("the sheet was not loaded");
+    }
+}
+BENCHMARK(loadFullSheet)->Iterations(25)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace orv
