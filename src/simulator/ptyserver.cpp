@@ -19,6 +19,10 @@ namespace orv {
 
 namespace {
 
+/// How often a serial adapter hands over what has come, in milliseconds: every character by itself would wake the host
+/// 960 times a second, which no adapter does.
+constexpr qint64 handOverInterval = 8;
+
 QString systemError(const QString& action) {
     return QStringLiteral("%1: %2.").arg(action, QString::fromLocal8Bit(std::strerror(errno)));
 }
@@ -27,6 +31,7 @@ QString systemError(const QString& action) {
 
 PtyServer::PtyServer(const SimulatorOptions& options, const Clock& clock)
     : clock_(clock)
+    , isPaced_(options.baud != 0)
     , instrument_(options, clock) {}
 
 QString PtyServer::open() {
@@ -75,8 +80,8 @@ int PtyServer::waitingTime(int maximumMilliseconds) {
     if (!change) {
         return maximumMilliseconds;
     }
-    return static_cast<int>(
-        std::clamp<qint64>(*change - clock_.monotonicMilliseconds(), 0, std::max(maximumMilliseconds, 0)));
+    const qint64 due = std::max(*change, handOverAt_) - clock_.monotonicMilliseconds();
+    return static_cast<int>(std::clamp<qint64>(due, 0, std::max(maximumMilliseconds, 0)));
 }
 
 void PtyServer::configureLine() {
@@ -155,6 +160,11 @@ void PtyServer::hostDiscardedInput() {
 }
 
 void PtyServer::giveToHost() {
+    const qint64 now = clock_.monotonicMilliseconds();
+    if (rest_.isEmpty() && (now < handOverAt_ || instrument_.arrivedCount() == 0)) {
+        return;
+    }
+    handOverAt_ = isPaced_ ? now + handOverInterval : now;
     for (;;) {
         if (rest_.isEmpty()) {
             rest_ = instrument_.takeArrived();

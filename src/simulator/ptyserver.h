@@ -13,6 +13,8 @@ namespace orv {
 /// A pseudo-terminal has no DTR. In its place, a host that has opened it and then discards its input wakes the
 /// instrument; so does every further discarding until the host has sent something to the awake instrument. After that,
 /// discarding only discards. When the last host has closed it the instrument sleeps; it may be opened again.
+///
+/// Like a serial adapter it hands over what has arrived every 8 ms, not character by character; with `baud` 0 at once.
 class PtyServer {
 public:
     /// `clock` must live longer than the server.
@@ -39,6 +41,7 @@ private:
     void vanish();
 
     const Clock& clock_;
+    const bool isPaced_; ///< The instrument sends at a pace, not everything at once.
     SimulatedInstrument instrument_;
     QString path_;
     FileDescriptor master_;
@@ -47,6 +50,7 @@ private:
     int hosts_ = 0;          ///< how many have it open
     bool heardHost_ = false; ///< the awake instrument has been sent something
     QByteArray rest_;        ///< what the line had no room for
+    qint64 handOverAt_ = 0;  ///< monotonic milliseconds; before this nothing more is handed to the host
 };
 
 } // namespace orv

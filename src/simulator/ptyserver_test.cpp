@@ -197,6 +197,26 @@ TEST_F(PtyServerTest, NeverBlocksOnAHostThatDoesNotReadAndLosesNothing) {
     EXPECT_TRUE(heard.endsWith("EOF\r\n>"));
 }
 
+TEST_F(PtyServerTest, HandsOverWhatHasArrivedEveryEightMilliseconds) {
+    start("sim:trx?records=3");
+    openHost();
+    discard();
+    listen(300);
+    send("O");
+    qsizetype pieces = 0;
+    QByteArray heard;
+    for (int passed = 0; passed < 300; ++passed) {
+        server->serve(0);
+        const QByteArray piece = receive();
+        pieces += piece.isEmpty() ? 0 : 1;
+        heard += piece;
+        clock.advance(1);
+    }
+    EXPECT_TRUE(heard.startsWith("O\r\n")) << heard.toStdString();
+    EXPECT_TRUE(heard.endsWith("EOF\r\n>")) << heard.toStdString();
+    EXPECT_LE(pieces, heard.size() / 6) << "nearly eight characters a time, but for the ends";
+}
+
 TEST_F(PtyServerTest, AnUnpluggedLineVanishesAfterWhatWentBefore) {
     start("sim:trx?fault=unplug&after=20&baud=0");
     openHost();
