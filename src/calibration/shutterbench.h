@@ -19,15 +19,18 @@ public:
     void close() override { port_->close(); }
     bool isOpen() const override { return port_->isOpen(); }
     void setDataTerminalReady(bool on) override { port_->setDataTerminalReady(on); }
-    QByteArray readAll() override { return unplugged ? QByteArray() : port_->readAll(); }
+    QByteArray readAll() override { return unplugged ? QByteArray() : std::exchange(arrived, {}) + port_->readAll(); }
     void write(const QByteArray& bytes) override {
         writes.push_back(bytes);
         port_->write(bytes);
     }
-    void discardInput() override { port_->discardInput(); }
-    qsizetype inputCount() override { return unplugged ? 0 : port_->inputCount(); }
+    void discardInput() override {
+        arrived.clear();
+        port_->discardInput();
+    }
+    qsizetype inputCount() override { return unplugged ? 0 : arrived.size() + port_->inputCount(); }
     bool waitForInput(int milliseconds) override {
-        const bool came = port_->waitForInput(milliseconds);
+        const bool came = !arrived.isEmpty() || port_->waitForInput(milliseconds);
         if (waited) {
             waited();
         }
@@ -36,6 +39,7 @@ public:
     QString failure() const override { return unplugged ? QStringLiteral("Pulled.") : port_->failure(); }
 
     QByteArrayList writes;
+    QByteArray arrived; ///< Characters that are here already, in front of those of the other port.
     bool unplugged = false;
     std::function<void()> waited;
 

@@ -85,6 +85,50 @@ TEST(ShutterReset, WhatIsDisabledMeanwhile) {
     EXPECT_TRUE(looked);
 }
 
+TEST(ShutterReset, SaysSoAndKeepsItsCodeWhileTheReportIsRead) {
+    ShutterBench bench;
+    int looks = 0;
+    bench.whenever = [&] {
+        if (bench.at("Getting Settings", 350) && bench.steps.size() == 1) {
+            ++looks;
+            EXPECT_EQ(bench.session.status.status.value().toStdString(), "Resetting Shutter");
+            EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::shutterReset);
+        }
+    };
+    bench.shutter.shutterreset();
+    EXPECT_GT(looks, 0);
+}
+
+TEST(ShutterReset, WhatArrivedBeforeItIsNoAnswer) {
+    ShutterBench bench("sim:trx?fault=silent");
+    ShutterBench::original().show(bench.settings.record);
+    bench.port->arrived = "P\r\nS0\r\nT77\r\n";
+    bench.shutter.shutterreset();
+    EXPECT_EQ(bench.shown(), ShutterBench::original());
+}
+
+TEST(ShutterReset, APromptOfTheTimeBeforeThePollsDoesNotEndThem) {
+    ShutterBench bench("sim:trx?fault=silent");
+    bool came = false;
+    qint64 moveBegan = 0;
+    bench.whenever = [&] {
+        if (!came && bench.at("Moving Shutter", 20'000)) {
+            came = true;
+            moveBegan = bench.stepBegan;
+            bench.port->arrived = ">";
+        }
+    };
+    qint64 restoring = 0;
+    const auto restored = bench.session.status.shutterProgress.addNotifier([&] {
+        if (bench.session.status.shutterProgress.value() == QLatin1String("Restoring Orignal Settings")) {
+            restoring = bench.clock.monotonicMilliseconds();
+        }
+    });
+    bench.shutter.shutterreset();
+    EXPECT_TRUE(came);
+    EXPECT_GE(restoring - moveBegan, 59'900) << "the polls went on to their limit";
+}
+
 TEST(ShutterReset, TheScreenShowsTheTemporarySettingsWhileTheyAreSent) {
     ShutterBench bench;
     ShutterSettings sent;
