@@ -119,8 +119,8 @@ void Collection::closeRecordFile() {
     p_.session.commands.runEnabled = true;
     if (unreadLines_ > 0) {
         p_.session.status.notice =
-            QStringLiteral("%1 could not be read; they are in log.ohp")
-                .arg(unreadLines_ == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(unreadLines_));
+            unreadLines_ == 1 ? QStringLiteral("1 line could not be read; it is in log.ohp")
+                              : QStringLiteral("%1 lines could not be read; they are in log.ohp").arg(unreadLines_);
     }
 }
 

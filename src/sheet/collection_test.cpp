@@ -135,7 +135,7 @@ TEST_F(CollectionTest, CountOfUnreadLinesBeginsAfreshWithEachRun) {
     startGlow();
     receive("11/21/26\t2700\r\n");
     collection.closeRecordFile();
-    EXPECT_EQ(session.status.notice.value().toStdString(), "1 line could not be read; they are in log.ohp");
+    EXPECT_EQ(session.status.notice.value().toStdString(), "1 line could not be read; it is in log.ohp");
     collection.run1();
     receive(line(1));
     receive(">");
