@@ -85,7 +85,8 @@ void ManualConnection::quit() {
 }
 
 void ManualConnection::closed() {
-    if (session_.state.Ctrlscrn == opstate::idle) {
+    // The code is back at idle after a download too; the menu is there while the instrument is known.
+    if (session_.state.Ctrlscrn == opstate::idle && !session_.commands.processingMenuVisible) {
         quit();
     } else {
         hide();

@@ -155,6 +155,18 @@ TEST(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedWithTheInstrumentConnect
     }
 }
 
+TEST(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedAfterADownload) {
+    LinkRig rig;
+    rig.ports.open();
+    rig.session.commands.processingMenuVisible = true;
+    rig.state.Ctrlscrn = opstate::idle;
+    rig.manual.show();
+    rig.manual.closed();
+    EXPECT_EQ(rig.resets, 0);
+    EXPECT_TRUE(rig.ports.isOpen());
+    EXPECT_FALSE(rig.manual.panel.visible.value());
+}
+
 TEST(ManualConnection, connectsWhenThePowerComesOnAfterAnyTime) {
     LinkRig rig;
     rig.connection.manualConnect(2);
