@@ -4,8 +4,11 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMessageBox>
+
+#include <utility>
 
 namespace orv {
 
@@ -34,6 +37,25 @@ protected:
             QMessageBox::keyPressEvent(event);
         }
     }
+};
+
+/// Opens a file that is there. A name typed without suffix means the file with it, unless there is one without.
+class OpenDialog final : public QFileDialog {
+public:
+    OpenDialog(QString suffix, QWidget* parent)
+        : QFileDialog(parent)
+        , suffix_(std::move(suffix)) {}
+
+    void accept() override {
+        setDefaultSuffix(QString());
+        if (!QFileInfo::exists(selectedFiles().value(0))) {
+            setDefaultSuffix(suffix_.mid(1));
+        }
+        QFileDialog::accept();
+    }
+
+private:
+    QString suffix_; ///< With its dot; may be empty.
 };
 
 QString chosen(QFileDialog& dialog) {
@@ -96,9 +118,8 @@ QString QuestionDialogs::saveFileName(const QString& title, const QString& prese
     return chosen(dialog);
 }
 
-QString QuestionDialogs::openFileName(const QString& title, const QString& /*suffix*/, const QString& filter) {
-    // A default suffix would be added to the name of an existing file that has none.
-    QFileDialog dialog(parent_);
+QString QuestionDialogs::openFileName(const QString& title, const QString& suffix, const QString& filter) {
+    OpenDialog dialog(suffix, parent_);
     prepare(dialog, title, filter);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);

@@ -130,5 +130,23 @@ TEST(QuestionDialogsTest, TheOpenDialogTakesAFileThatIsThere) {
         name.toStdString());
 }
 
+TEST(QuestionDialogsTest, TheOpenDialogAddsTheSuffixToANameThatIsNotThereWithoutIt) {
+    const OwnFolder folder;
+    fill(folder.path("mine.OCM"), "1");
+    fill(folder.path("plain"), "1");
+    QuestionDialogs questions;
+    for (const auto& [typed, taken] :
+         {std::pair("mine", "mine.OCM"), std::pair("mine.OCM", "mine.OCM"), std::pair("plain", "plain")}) {
+        const QString name = folder.path(typed);
+        whenAsked<QFileDialog>([name](QFileDialog& dialog) {
+            dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        EXPECT_EQ(questions.openFileName(QStringLiteral("Load"), QStringLiteral(".OCM"), QStringLiteral("*.OCM"))
+                      .toStdString(),
+                  folder.path(taken).toStdString());
+    }
+}
+
 } // namespace
 } // namespace orv
