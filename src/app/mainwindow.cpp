@@ -217,11 +217,15 @@ void MainWindow::makeConnectMenu(QMenu* operation) {
     };
     QMenu* start = operation->addMenu(QStringLiteral("&Start Communication"));
     for (const Item& item : items) {
-        QAction* action = addItem(start, QString::fromLatin1(item.text), QString::fromLatin1(item.name), item.action);
+        QAction* action = start->addAction(QString::fromLatin1(item.text));
+        action->setObjectName(QString::fromLatin1(item.name));
         action->setCheckable(true);
         const ConnectItem& state = program_.connectItems[item.item];
-        // A click must not change the mark by itself: the procedures set it.
-        connect(action, &QAction::triggered, action, [action, &state] { action->setChecked(state.checked); });
+        // A click must not change the mark by itself, not even while the attempt goes on: the procedures set it.
+        connect(action, &QAction::triggered, this, [action, &state, connectNow = item.action] {
+            action->setChecked(state.checked);
+            connectNow();
+        });
         bindings_.bind(state.checked, [action](bool on) { action->setChecked(on); });
         const auto enable = [action, &state, this] {
             action->setEnabled(state.enabled && program_.session.commands.undisturbed);

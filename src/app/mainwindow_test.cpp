@@ -63,7 +63,14 @@ TEST_F(WindowTest, OnlyTheProceduresMarkAConnectItem) {
     EXPECT_FALSE(item("AutoConnect1").isChecked());
     com1.openReason.clear();
     greeting = "V512\r";
+    int looks = 0;
+    com1.dtrChanged = [&](bool) {
+        ++looks;
+        EXPECT_FALSE(item("AutoConnect1").isChecked()) << "only when the attempt has ended";
+    };
     item("AutoConnect1").trigger();
+    com1.dtrChanged = nullptr;
+    EXPECT_EQ(looks, 2);
     EXPECT_TRUE(item("AutoConnect1").isChecked());
     item("AutoConnect1").trigger();
     EXPECT_TRUE(item("AutoConnect1").isChecked()) << "a second click takes the mark away";
