@@ -27,6 +27,7 @@ Program::Program(const Surroundings& surroundings)
                   .actions = *this})
     , poll(session, ports, debug, log_)
     , directSend(ports)
+    , debugFrames(ports, debug)
     , settingsSender({.session = session,
                       .ports = ports,
                       .debug = debug,
@@ -138,6 +139,7 @@ void Program::manualConnect(int portNumber) {
 void Program::closePort() {
     act("Close Port", [this] {
         connection.closePort();
+        settingsReader_.prefsState = 0.0F; // a report cut short must not run on into the next connection's
         progress.visible = false;
         // The debug frame is hidden; an empty window would help nobody.
         if (pages.shown.value() == Page::Debug) {

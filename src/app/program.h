@@ -7,6 +7,7 @@
 #include "calibration/shutterreset.h"
 #include "link/abortrun.h"
 #include "link/connection.h"
+#include "link/debugframes.h"
 #include "link/directsend.h"
 #include "link/poll.h"
 #include "session/programactions.h"
@@ -102,6 +103,7 @@ public:
     Connection connection;
     Poll poll;
     DirectSend directSend;
+    DebugFrames debugFrames;
     SettingsSender settingsSender;
     SettingsCommands settingsCommands;
     Modes modes;
