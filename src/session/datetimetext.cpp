@@ -77,6 +77,28 @@ std::optional<QDate> instrumentDate(QStringView text) {
     return date.isValid() ? std::optional(date) : std::nullopt;
 }
 
+std::optional<QTime> sheetTime(QStringView text) {
+    QStringView trimmed = text.trimmed();
+    const bool morning = trimmed.endsWith(u"AM", Qt::CaseInsensitive);
+    const bool afternoon = trimmed.endsWith(u"PM", Qt::CaseInsensitive);
+    if (morning || afternoon) {
+        trimmed = trimmed.chopped(2).trimmed();
+    }
+    const QList<QStringView> pieces = trimmed.split(u':');
+    if (pieces.size() != 3 || pieces[0].size() > 2 || pieces[1].size() != 2 || pieces[2].size() != 2) {
+        return std::nullopt;
+    }
+    int hour = digitsValue(pieces[0]);
+    if (morning || afternoon) {
+        if (hour < 0 || hour > 12) {
+            return std::nullopt;
+        }
+        hour = hour % 12 + (afternoon ? 12 : 0);
+    }
+    const QTime time(hour, digitsValue(pieces[1]), digitsValue(pieces[2]));
+    return time.isValid() ? std::optional(time) : std::nullopt;
+}
+
 QString TimeOfDay::text24() const {
     return timeText(std::abs(qint64{hours}), minutes, seconds);
 }

@@ -168,5 +168,24 @@ TEST(TimeOfDay, padsMinutesAndSecondsButNotHours) {
     EXPECT_EQ((TimeOfDay{0, 10, 11}.text12()), QStringLiteral("0:10:11 AM"));
 }
 
+TEST(SheetTime, ReadsTheSheetsTimesAndThoseOfSpreadsheets) {
+    const auto read = [](const char* text) {
+        const std::optional<QTime> time = sheetTime(QString::fromLatin1(text));
+        return time ? time->toString(QStringLiteral("HH:mm:ss")).toStdString() : std::string("none");
+    };
+    EXPECT_EQ(read("9:05:07"), "09:05:07");
+    EXPECT_EQ(read(" 23:59:59\t"), "23:59:59");
+    EXPECT_EQ(read("0:00:00"), "00:00:00");
+    EXPECT_EQ(read("3:07:09 PM"), "15:07:09");
+    EXPECT_EQ(read("3:07:09am"), "03:07:09");
+    EXPECT_EQ(read("12:00:00 AM"), "00:00:00");
+    EXPECT_EQ(read("12:30:00 PM"), "12:30:00");
+    EXPECT_EQ(read("0:15:07 PM"), "12:15:07");
+    for (const char* text : {"", "9:05", "24:00:00", "25:00:00", "9:5:07", "9:05:60", "-1:05:07", "9:05:07 XM",
+                             ":05:07", ":05:07 AM", "13:00:00 PM", "9:05:07:08", "99999", "009:05:07"}) {
+        EXPECT_EQ(read(text), "none") << text;
+    }
+}
+
 } // namespace
 } // namespace orv

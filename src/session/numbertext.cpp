@@ -70,12 +70,20 @@ double leadingNumber(QStringView text) {
     return length == 0 ? 0.0 : QLocale::c().toDouble(text.first(length));
 }
 
-double wholeNumberText(QStringView text) {
+std::optional<double> numberText(QStringView text) {
     const QStringView number = text.trimmed();
     if (number.empty() || numberLength(number) != number.size()) {
-        throw RuntimeError(RuntimeError::Kind::TypeMismatch);
+        return std::nullopt;
     }
     return QLocale::c().toDouble(number);
+}
+
+double wholeNumberText(QStringView text) {
+    const std::optional<double> number = numberText(text);
+    if (!number) {
+        throw RuntimeError(RuntimeError::Kind::TypeMismatch);
+    }
+    return *number;
 }
 
 QString plainNumber(double value) {

@@ -3,13 +3,18 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace orv {
 
 /// The number that `text` begins with: blanks, an optional sign, digits with an optional point, an optional exponent;
 /// the rest is ignored. 0 if there is none. The point is "." under every locale.
 double leadingNumber(QStringView text);
 
-/// The number that is the whole of `text` but for blanks around it.
+/// The number that is the whole of `text` but for blanks around it; nothing if the text is anything else.
+std::optional<double> numberText(QStringView text);
+
+/// The same for text that must be a number.
 /// Throws RuntimeError TypeMismatch if the text is anything else.
 double wholeNumberText(QStringView text);
 

@@ -266,5 +266,13 @@ TEST(IntegerDivide, overflowsWhenAnOperandOrTheQuotientDoesNotFit) {
     EXPECT_EQ(errorOf([] { integerDivide(notANumber, 1); }), Kind::Overflow);
 }
 
+TEST(NumberText, IsTheWholeTextOrNothing) {
+    EXPECT_EQ(numberText(u" -12.5e1 "), -125.0);
+    EXPECT_EQ(numberText(u".5"), 0.5);
+    for (const QStringView text : {u"", u" ", u"x", u"1x", u"1,5", u"1 2", u"nan", u"inf", u"0x10", u"."}) {
+        EXPECT_EQ(numberText(text), std::nullopt) << text.toString().toStdString();
+    }
+}
+
 } // namespace
 } // namespace orv
