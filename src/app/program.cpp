@@ -91,7 +91,7 @@ Program::Program(const Surroundings& surroundings)
     // A line that fails while open ends like a reset; what was received stays.
     ports.portFailed = [this] { fixit(); };
     sheetFiles_.saved = [this] { recordFile_.rowsSaved(); };
-    sheet.rowsRemoved = [this] { recordFile_.rowsDiscarded(); };
+    rowsRemoved_ = sheet.rowsRemoved.add([this] { recordFile_.rowsDiscarded(); });
     collection_.rowTaken = [this](const DataRow& row, RowLayout layout) { showOnDebugScreen(debug, row, layout); };
 }
 

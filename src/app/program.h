@@ -132,6 +132,7 @@ private:
     Download download_;
     AbortRun abortRun_;
     ShutterReset shutterReset_;
+    Listeners::Subscription rowsRemoved_;
     bool takingWhatArrived_ = false;
     const char* tickStep_ = ""; ///< What the tick is doing, for the message if it fails.
     QSet<QString> tickErrorsTold_;

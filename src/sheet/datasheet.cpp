@@ -3,16 +3,6 @@
 
 namespace orv {
 
-namespace {
-
-void call(const std::function<void()>& listener) {
-    if (listener) {
-        listener();
-    }
-}
-
-} // namespace
-
 QString DataSheet::cell(int row, int column) const {
     if (row < 0 || row >= rowCount() || column < 0) {
         return {};
@@ -53,7 +43,8 @@ void DataSheet::setHeader(const Type& type, const QStringList& header) {
     }
     type_ = type;
     header_ = header;
-    call(headerChanged);
+    ++headerChanges_;
+    headerChanged.tell();
 }
 
 void DataSheet::appendRow(const QStringList& cells) {
@@ -62,13 +53,14 @@ void DataSheet::appendRow(const QStringList& cells) {
 
 void DataSheet::appendJoinedRow(QByteArray row) {
     rows_.push_back(std::move(row));
-    call(rowAppended);
+    rowAppended.tell();
 }
 
 void DataSheet::removeRows() {
     rows_.clear();
     rowsOfOtherLayout_ = 0;
-    call(rowsRemoved);
+    ++removals_;
+    rowsRemoved.tell();
 }
 
 } // namespace orv

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "sheet/headerrows.h"
+#include "sheet/listeners.h"
 
 #include <QByteArray>
 #include <QStringList>
 
-#include <functional>
 #include <vector>
 
 namespace orv {
@@ -53,15 +53,22 @@ public:
     /// Removes every row; the header row stays.
     void removeRows();
 
-    /// Called after each kind of change; a reader of the sheet may set them.
-    std::function<void()> headerChanged;
-    std::function<void()> rowAppended;
-    std::function<void()> rowsRemoved;
+    /// How often rows have been removed, and how often the header row has been laid out: a reader that was away sees
+    /// by them what it missed.
+    int removals() const { return removals_; }
+    int headerChanges() const { return headerChanges_; }
+
+    /// Told after each kind of change.
+    Listeners headerChanged;
+    Listeners rowAppended;
+    Listeners rowsRemoved;
 
 private:
     Type type_;
     QStringList header_;
     int rowsOfOtherLayout_ = 0;
+    int removals_ = 0;
+    int headerChanges_ = 0;
     std::vector<QByteArray> rows_; ///< The cells of a row joined by tabs.
 };
 

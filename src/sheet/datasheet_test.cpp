@@ -86,14 +86,53 @@ TEST(DataSheet, RemovingRowsKeepsTheHeader) {
 TEST(DataSheet, EveryChangeIsToldAfterItHappened) {
     DataSheet sheet;
     QStringList told;
-    sheet.headerChanged = [&] { told << QStringLiteral("header %1").arg(sheet.header().size()); };
-    sheet.rowAppended = [&] { told << QStringLiteral("row %1").arg(sheet.rowCount()); };
-    sheet.rowsRemoved = [&] { told << QStringLiteral("removed %1").arg(sheet.rowCount()); };
+    const Listeners::Subscription subscriptions[] = {
+        sheet.headerChanged.add([&] { told << QStringLiteral("header %1").arg(sheet.header().size()); }),
+        sheet.rowAppended.add([&] { told << QStringLiteral("row %1").arg(sheet.rowCount()); }),
+        sheet.rowsRemoved.add([&] { told << QStringLiteral("removed %1").arg(sheet.rowCount()); })};
     sheet.setHeader({}, texts("a|b"));
     sheet.appendRow(texts("1"));
     sheet.appendRow(texts("2"));
     sheet.removeRows();
     EXPECT_EQ(told.join(u',').toStdString(), "header 2,row 1,row 2,removed 0");
+}
+
+TEST(DataSheet, AllWhoListenAreToldUntilTheyLetGo) {
+    DataSheet sheet;
+    QStringList told;
+    const auto note = [&told](const char* name) { return [&told, name] { told << QString::fromLatin1(name); }; };
+    const Listeners::Subscription first = sheet.rowAppended.add(note("first"));
+    Listeners::Subscription second = sheet.rowAppended.add(note("second"));
+    sheet.appendRow(texts("1"));
+    second.reset();
+    const Listeners::Subscription third = sheet.rowAppended.add(note("third"));
+    sheet.appendRow(texts("2"));
+    EXPECT_EQ(told.join(u',').toStdString(), "first,second,first,third");
+}
+
+TEST(DataSheet, AListenerMayLetGoWhileItIsTold) {
+    DataSheet sheet;
+    int told = 0;
+    Listeners::Subscription once;
+    once = sheet.rowsRemoved.add([&] {
+        ++told;
+        once.reset();
+    });
+    sheet.removeRows();
+    sheet.removeRows();
+    EXPECT_EQ(told, 1);
+}
+
+TEST(DataSheet, ChangesAreCountedForThoseWhoWereAway) {
+    DataSheet sheet;
+    sheet.setHeader({}, texts("a"));
+    sheet.appendRow(texts("1"));
+    EXPECT_EQ(sheet.headerChanges(), 1);
+    EXPECT_EQ(sheet.removals(), 0);
+    sheet.removeRows();
+    sheet.setHeader({}, texts("b"));
+    EXPECT_EQ(sheet.headerChanges(), 2);
+    EXPECT_EQ(sheet.removals(), 1);
 }
 
 TEST(DataSheet, RowsUnderTheHeaderOfAnotherLayoutAreCounted) {

@@ -125,18 +125,14 @@ SheetPage::SheetPage(DataSheet& sheet, SheetPanel& panel, const CommandPanel& co
     refreshTimer_.setSingleShot(true);
     refreshTimer_.setInterval(refreshDelay);
     connect(&refreshTimer_, &QTimer::timeout, this, [this] { refreshNow(); });
-    sheet.rowAppended = [this] { schedule(); };
-    sheet.headerChanged = [this] {
-        model_.noteHeader();
-        schedule();
-    };
-    sheet.rowsRemoved = [this, before = sheet.rowsRemoved] {
-        if (before) {
-            before();
-        }
-        model_.noteRemoved();
-        schedule();
-    };
+    subscriptions_ = {sheet.rowAppended.add([this] { schedule(); }), sheet.headerChanged.add([this] {
+                          model_.noteHeader();
+                          schedule();
+                      }),
+                      sheet.rowsRemoved.add([this] {
+                          model_.noteRemoved();
+                          schedule();
+                      })};
 
     bindings_.bind(panel.fileName, [fileName](const QString& text) {
         if (fileName->text() != text) {

@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <vector>
 
 namespace orv {
 
@@ -25,7 +26,7 @@ public:
         std::function<void()> clearAll;
     };
 
-    /// Sets the sheet's listeners for headers and appended rows; `sheet.rowsRemoved` is called on.
+    /// Follows the sheet, which outlives it.
     SheetPage(DataSheet& sheet, SheetPanel& panel, const CommandPanel& commands, const Actions& actions,
               QWidget* parent = nullptr);
 
@@ -46,6 +47,7 @@ private:
     bool stale_ = false;
     int shownTop_ = 0;
     int shownCurrentRow_ = 0;
+    std::vector<Listeners::Subscription> subscriptions_;
     Bindings bindings_;
 };
 

@@ -77,7 +77,7 @@ TEST_F(SheetModelTest, ARefreshInsertsOnlyTheNewRows) {
 TEST_F(SheetModelTest, RemovedRowsGoAtARefreshAlsoIfAsManyHaveCome) {
     append(4);
     SheetModel model(sheet);
-    sheet.rowsRemoved = [&model] { model.noteRemoved(); };
+    const auto noting = sheet.rowsRemoved.add([&model] { model.noteRemoved(); });
     sheet.removeRows();
     EXPECT_EQ(text(model, 3, 0), "") << "a row that is no longer there reads as empty until then";
     append(4);
@@ -103,7 +103,7 @@ TEST_F(SheetModelTest, TheHeaderRowIsTheSheetsWithEmptyCellsBehindIt) {
 class SheetPageTest : public SheetModelTest {
 protected:
     SheetPageTest() {
-        sheet.rowsRemoved = [this] { ++removalsHeard; };
+        counting = sheet.rowsRemoved.add([this] { ++removalsHeard; });
         page = std::make_unique<SheetPage>(sheet, panel, commands,
                                            SheetPage::Actions{.saveAs = [this] { pressed += "save "; },
                                                               .open = [this] { pressed += "open "; },
@@ -147,6 +147,7 @@ protected:
     CommandPanel commands;
     std::string pressed;
     int removalsHeard = 0;
+    Listeners::Subscription counting;
     std::unique_ptr<SheetPage> page;
     QTableView* grid = nullptr;
 };

@@ -101,7 +101,7 @@ protected:
         ports.open();
         ports.openDebugPort();
         files.saved = [this] { recordFile.rowsSaved(); };
-        sheet.rowsRemoved = [this] { recordFile.rowsDiscarded(); };
+        discarding = sheet.rowsRemoved.add([this] { recordFile.rowsDiscarded(); });
         panel.fileName = path("Untitled");
     }
 
@@ -179,6 +179,7 @@ protected:
     SheetFiles files{
         {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .panel = panel, .questions = answers}};
     AutomaticSave automaticSave{session, rows, files, panel};
+    Listeners::Subscription discarding;
     RecordFile recordFile{clock, folder.filePath(QStringLiteral("Orvtemp.tmp"))};
     Collection collection{{.session = session,
                            .ports = ports,
