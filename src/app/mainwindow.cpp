@@ -9,11 +9,11 @@
 #include "calibration/testingpage.h"
 #include "settings/progressdialog.h"
 #include "settings/settingswindow.h"
+#include "sheet/graphpage.h"
 #include "sheet/sheetpage.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
@@ -60,9 +60,12 @@ void MainWindow::makePages() {
                                                      .reset = [this] { program_.reset(); },
                                                      .resetShutter = [this] { program_.resetShutter(); }});
     pages_[Page::Sheet] = sheetPage_;
-    auto* graphical = new QGroupBox(QStringLiteral("Graphical"));
-    graphical->setObjectName(QStringLiteral("GraphicalPage"));
-    pages_[Page::Graphical] = graphical;
+    graphPage_ = new GraphPage({.sheet = program_.sheet,
+                                .panel = program_.sheetPanel,
+                                .commands = program_.session.commands,
+                                .messages = program_.session.messages,
+                                .questions = program_.questions});
+    pages_[Page::Graphical] = graphPage_;
     pages_[Page::Debug] = new DebugScreen({.session = program_.session,
                                            .ports = program_.ports,
                                            .debug = program_.debug,
@@ -256,6 +259,7 @@ void MainWindow::comeForward() {
 
 void MainWindow::refreshNow() {
     sheetPage_->refreshNow();
+    graphPage_->refreshNow();
 }
 
 void MainWindow::showAbout() {

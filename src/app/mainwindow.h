@@ -13,6 +13,7 @@
 
 namespace orv {
 
+class GraphPage;
 class SettingsWindow;
 class SheetPage;
 
@@ -51,6 +52,7 @@ private:
     QTabBar* lowerTabs_ = nullptr;
     QWidget* pageArea_ = nullptr;
     SheetPage* sheetPage_ = nullptr;
+    GraphPage* graphPage_ = nullptr;
     std::map<Page, QWidget*> pages_;
     std::unique_ptr<SettingsWindow> settingsWindow_; ///< Made on first use and kept.
     bool closeWhenPossible_ = false;

@@ -11,7 +11,8 @@
 namespace orv {
 
 Program::Program(const Surroundings& surroundings)
-    : session(surroundings.clock, surroundings.messages)
+    : questions(surroundings.questions)
+    , session(surroundings.clock, surroundings.messages)
     , ports(session, debug, surroundings.makePort)
     , wait(surroundings.clock, surroundings.events, ports)
     , timer([this] { tick(); })

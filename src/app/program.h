@@ -86,6 +86,7 @@ public:
     void layOutHeaderRow() override;
     void closeRecordFile() override;
 
+    OperatorQuestions& questions;
     Session session;
     DebugPanel debug;
     ConnectionPanel connectItems;

@@ -5,6 +5,14 @@
 
 namespace orv {
 
+/// The columns of every row of the sheet; the values stand from `firstValue` on.
+namespace sheetcolumn {
+inline constexpr int record = 0;
+inline constexpr int date = 1;
+inline constexpr int time = 2;
+inline constexpr int firstValue = 3;
+} // namespace sheetcolumn
+
 /// What decides the columns of a row: the instrument's type and its firmware generation.
 enum class RowLayout {
     Unknown,  ///< No instrument identified.

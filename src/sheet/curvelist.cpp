@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/curvelist.h"
+
+#include <QEvent>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace orv {
+
+namespace {
+
+constexpr int linesBeforeCurves = 3;
+
+QLabel* makeValue(const QString& name, const QString& accessibleName) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setAccessibleName(accessibleName);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    // A fixed width, so that a new number does not lay out the page anew.
+    label->setFixedWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("00000.00000")));
+    return label;
+}
+
+} // namespace
+
+CurveList::CurveList(Actions actions, QWidget* parent)
+    : QWidget(parent)
+    , actions_(std::move(actions))
+    , title_(new QLabel)
+    , grid_(new QGridLayout) {
+    setObjectName(QStringLiteral("CurveList"));
+    title_->setObjectName(QStringLiteral("ReadoutTitle"));
+    title_->setTextFormat(Qt::PlainText);
+    record_ = addValue(*grid_, 0, QStringLiteral("ReadoutRecord"), QStringLiteral("Record"));
+    date_ = addValue(*grid_, 1, QStringLiteral("ReadoutDate"), QStringLiteral("Date"));
+    time_ = addValue(*grid_, 2, QStringLiteral("ReadoutTime"), QStringLiteral("Time"));
+    grid_->setColumnStretch(0, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(title_);
+    layout->addLayout(grid_);
+    layout->addStretch(1);
+}
+
+QLabel* CurveList::addValue(QGridLayout& grid, int row, const QString& name, const QString& caption) {
+    auto* value = makeValue(name, caption);
+    grid.addWidget(new QLabel(caption), row, 0);
+    grid.addWidget(value, row, 1);
+    return value;
+}
+
+void CurveList::setCurves(const QStringList& names, const std::vector<bool>& shown) {
+    // A control that has the focus stays, so that a header row that is laid out anew does not take the focus away.
+    while (lines_.size() > static_cast<std::size_t>(names.size())) {
+        delete lines_.back().box;
+        delete lines_.back().value;
+        lines_.pop_back();
+    }
+    for (auto curve = static_cast<int>(lines_.size()); curve < names.size(); ++curve) {
+        auto* box = new QCheckBox;
+        box->setObjectName(QStringLiteral("Curve%1").arg(curve + 1));
+        box->setIconSize(QSize(28, 14));
+        box->setToolTip(QStringLiteral("Shows or hides this curve."));
+        box->installEventFilter(this);
+        connect(box, &QCheckBox::toggled, this, [this, curve](bool on) { actions_.switched(curve, on); });
+        auto* value = makeValue(QStringLiteral("ReadoutValue%1").arg(curve + 1), QString());
+        grid_->addWidget(box, linesBeforeCurves + curve, 0);
+        grid_->addWidget(value, linesBeforeCurves + curve, 1);
+        lines_.push_back({.box = box, .value = value});
+    }
+    for (std::size_t curve = 0; curve < lines_.size(); ++curve) {
+        const QString& name = names[static_cast<qsizetype>(curve)];
+        const auto& [box, value] = lines_[curve];
+        const QSignalBlocker quiet(box);
+        box->setText(QString(name).replace(u'&', QLatin1String("&&")));
+        box->setAccessibleName(QStringLiteral("Curve %1").arg(name));
+        box->setChecked(shown[curve]);
+        value->setAccessibleName(QStringLiteral("Value of %1").arg(name));
+    }
+}
+
+void CurveList::setSwatches(const std::vector<QIcon>& swatches) {
+    for (std::size_t curve = 0; curve < std::min(lines_.size(), swatches.size()); ++curve) {
+        lines_[curve].box->setIcon(swatches[curve]);
+    }
+}
+
+void CurveList::show(const Readout& readout) {
+    title_->setText(readout.title);
+    record_->setText(readout.record);
+    date_->setText(readout.date);
+    time_->setText(readout.time);
+    for (std::size_t curve = 0; curve < lines_.size(); ++curve) {
+        lines_[curve].value->setText(readout.values.value(static_cast<qsizetype>(curve)));
+    }
+}
+
+bool CurveList::eventFilter(QObject* /*watched*/, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::Enter:
+    case QEvent::Leave:
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        // The box itself knows of it only when it has handled the event.
+        QMetaObject::invokeMethod(
+            this, [this] { tellRegarded(); }, Qt::QueuedConnection);
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void CurveList::tellRegarded() {
+    const auto first = [this](auto regarded) {
+        const auto found = std::find_if(lines_.begin(), lines_.end(), regarded);
+        return found == lines_.end() ? -1 : static_cast<int>(found - lines_.begin());
+    };
+    const int pointed = first([](const Line& line) { return line.box->underMouse(); });
+    actions_.regarded(pointed >= 0 ? pointed : first([](const Line& line) { return line.box->hasFocus(); }));
+}
+
+} // namespace orv

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/plotdata.h"
+
+#include "session/datetimetext.h"
+#include "session/numbertext.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+namespace orv {
+
+namespace {
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double millisecond = 1e-3;
+
+double numberOf(const QString& cell) {
+    const double number = numberText(cell).value_or(notANumber);
+    return std::isfinite(number) ? number : notANumber; // digits beyond what a number can hold read as infinite
+}
+
+template <typename Value>
+void reorder(std::vector<Value>& values, const std::vector<std::size_t>& order) {
+    std::vector<Value> sorted;
+    sorted.reserve(values.size());
+    for (const std::size_t from : order) {
+        sorted.push_back(values[from]);
+    }
+    values = std::move(sorted);
+}
+
+} // namespace
+
+void PlotData::setAxis(Axis axis) {
+    if (axis != axis_) {
+        axis_ = axis;
+        stale_ = true;
+    }
+}
+
+PlotData::Change PlotData::update() {
+    const bool replaced = sheet_.removals() != removals_;
+    const bool relaid = stale_ || sheet_.headerChanges() != headerChanges_;
+    const int rows = sheet_.rowCount();
+    if (replaced || relaid) {
+        stale_ = false;
+        removals_ = sheet_.removals();
+        headerChanges_ = sheet_.headerChanges();
+        taken_ = 0;
+        places_.clear();
+        rows_.clear();
+        nameCurves();
+    } else if (rows == taken_) {
+        return Change::None;
+    }
+    rowsOfOtherLayout_ = sheet_.rowsOfOtherLayout();
+    bool sorted = true;
+    for (int row = std::max(taken_, rowsOfOtherLayout_); row < rows; ++row) {
+        sorted = take(row) && sorted;
+    }
+    taken_ = rows;
+    if (!sorted) {
+        sortPoints();
+    }
+    if (replaced) {
+        return Change::Replaced;
+    }
+    return relaid || !sorted ? Change::Relaid : Change::Appended;
+}
+
+void PlotData::nameCurves() {
+    const QStringList header = sheet_.header().mid(sheetcolumn::firstValue);
+    const RowLayout layout = sheet_.type().layout();
+    // A sheet of no known type may yet have a header row; without one nothing is known but how many values there can
+    // be.
+    const auto count =
+        layout == RowLayout::Unknown && !header.isEmpty() ? static_cast<int>(header.size()) : valueCount(layout);
+    names_.clear();
+    for (int curve = 0; curve < count; ++curve) {
+        const QString name = header.value(curve);
+        names_.push_back(name.isEmpty() ? QStringLiteral("Value %1").arg(curve + 1) : name);
+    }
+    values_.assign(names_.size(), {});
+}
+
+bool PlotData::take(int row) {
+    const double place = placeOf(row);
+    if (std::isnan(place)) {
+        return true;
+    }
+    const bool inOrder = places_.empty() || place >= places_.back();
+    places_.push_back(place);
+    rows_.push_back(row);
+    for (std::size_t curve = 0; curve < values_.size(); ++curve) {
+        values_[curve].push_back(numberOf(sheet_.cell(row, sheetcolumn::firstValue + static_cast<int>(curve))));
+    }
+    return inOrder;
+}
+
+double PlotData::placeOf(int row) {
+    if (axis_ == Axis::Record) {
+        return numberOf(sheet_.cell(row, sheetcolumn::record));
+    }
+    const QString dateCell = sheet_.cell(row, sheetcolumn::date);
+    if (dateCell != dateText_ || dateText_.isEmpty()) {
+        dateText_ = dateCell;
+        const std::optional<QDate> date = instrumentDate(dateCell);
+        dateSeconds_ =
+            date ? static_cast<double>(date->startOfDay(Qt::UTC).toMSecsSinceEpoch()) * millisecond : notANumber;
+    }
+    const std::optional<QTime> time = sheetTime(sheet_.cell(row, sheetcolumn::time));
+    return time ? dateSeconds_ + time->msecsSinceStartOfDay() * millisecond : notANumber;
+}
+
+void PlotData::sortPoints() {
+    std::vector<std::size_t> order(places_.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    // Points at one place keep the order of their rows, however often points are sorted in.
+    std::sort(order.begin(), order.end(), [this](std::size_t left, std::size_t right) {
+        return places_[left] != places_[right] ? places_[left] < places_[right] : rows_[left] < rows_[right];
+    });
+    reorder(places_, order);
+    reorder(rows_, order);
+    for (std::vector<double>& values : values_) {
+        reorder(values, order);
+    }
+}
+
+int PlotData::firstPointFrom(double place) const {
+    return static_cast<int>(std::lower_bound(places_.begin(), places_.end(), place) - places_.begin());
+}
+
+int PlotData::nearestPoint(double place) const {
+    if (places_.empty()) {
+        return -1;
+    }
+    const auto behind = std::upper_bound(places_.begin(), places_.end(), place);
+    if (behind == places_.begin()) {
+        return 0;
+    }
+    const int before = static_cast<int>(behind - places_.begin()) - 1;
+    return behind != places_.end() && *behind - place <= place - *(behind - 1) ? before + 1 : before;
+}
+
+} // namespace orv

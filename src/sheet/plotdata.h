@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "sheet/datasheet.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace orv {
+
+/// The rows of the data sheet as curves: one for each value column, named as its header. All curves have the same
+/// points, which are rows; a cell that is no number is NaN, a gap.
+///
+/// The points are sorted by their place on the axis; rows at the same place, and a whole run is when its instrument's
+/// clock stands still, keep their order. Where the instrument's clock was set back, the later rows therefore stand
+/// among the earlier ones that show the same time. A row whose place cannot be read (a record number that is no number;
+/// a date or time that is none) has no point, nor has one that came under the header row of another layout: its columns
+/// mean something else.
+///
+/// Follows the sheet, which outlives it, only when asked to by update(), at a cost that depends on the rows that are
+/// new. A row takes about as many bytes as its text on the sheet.
+class PlotData {
+public:
+    /// What decides a row's place.
+    enum class Axis {
+        Record, ///< The record number, the row's first cell.
+        Time,   ///< Date and time, in seconds from the start of 1970; the instrument knows no time zone.
+    };
+
+    /// What update() found.
+    enum class Change {
+        None,
+        Appended, ///< Points were added behind those that were there.
+        Relaid,   ///< Points or curves are others, but the sheet's rows have not been replaced.
+        Replaced, ///< Rows were removed; what is there now came after that.
+    };
+
+    explicit PlotData(const DataSheet& sheet)
+        : sheet_(sheet) {}
+
+    Change update();
+
+    /// Takes effect at the next update().
+    void setAxis(Axis axis);
+    Axis axis() const { return axis_; }
+
+    int curveCount() const { return static_cast<int>(names_.size()); }
+    const QString& name(int curve) const { return names_[static_cast<std::size_t>(curve)]; }
+
+    int pointCount() const { return static_cast<int>(places_.size()); }
+    double place(int point) const { return places_[static_cast<std::size_t>(point)]; }
+    double value(int curve, int point) const {
+        return values_[static_cast<std::size_t>(curve)][static_cast<std::size_t>(point)];
+    }
+    /// The row of the sheet that the point is.
+    int row(int point) const { return rows_[static_cast<std::size_t>(point)]; }
+
+    /// The rows of the sheet at the last update(), and how many of them have no point, for either reason.
+    int rowCount() const { return taken_; }
+    int rowsOfOtherLayout() const { return rowsOfOtherLayout_; }
+    int rowsWithoutPlace() const { return taken_ - rowsOfOtherLayout_ - pointCount(); }
+
+    /// The first point at `place` or behind it; pointCount() if there is none.
+    int firstPointFrom(double place) const;
+    /// The point nearest to `place`, the later of two; -1 if there is none.
+    int nearestPoint(double place) const;
+
+private:
+    void nameCurves();
+    bool take(int row);
+    void sortPoints();
+    double placeOf(int row);
+
+    const DataSheet& sheet_;
+    Axis axis_ = Axis::Record;
+    bool stale_ = true;
+    int removals_ = 0;
+    int headerChanges_ = 0;
+    int taken_ = 0;
+    int rowsOfOtherLayout_ = 0;
+    std::vector<QString> names_;
+    std::vector<double> places_;
+    std::vector<int> rows_;
+    std::vector<std::vector<double>> values_; ///< A list of points for each curve.
+    QString dateText_;                        ///< The date read last: most rows of a run have the same.
+    double dateSeconds_ = 0.0;
+};
+
+} // namespace orv

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/plotdata.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace orv {
+namespace {
+
+QStringList texts(const char* joined) {
+    return QString::fromLatin1(joined).split(u'|');
+}
+
+class PlotDataTest : public testing::Test {
+protected:
+    void layOut(const char* letter, double firmware, HeaderPlace place = HeaderPlace::GridOnOpening) {
+        const DataSheet::Type type{.letter = QString::fromLatin1(letter), .firmware = firmware};
+        sheet.setHeader(type, headerRow(place, type.layout()));
+    }
+
+    void append(std::initializer_list<const char*> rows) {
+        for (const char* row : rows) {
+            sheet.appendRow(texts(row));
+        }
+    }
+
+    std::string names() const {
+        QStringList all;
+        for (int curve = 0; curve < data.curveCount(); ++curve) {
+            all << data.name(curve);
+        }
+        return all.join(u'|').toStdString();
+    }
+
+    /// The points as "place:value,value", a gap as "-".
+    static std::string points(const PlotData& data) {
+        QStringList all;
+        for (int point = 0; point < data.pointCount(); ++point) {
+            QStringList values;
+            for (int curve = 0; curve < data.curveCount(); ++curve) {
+                const double value = data.value(curve, point);
+                values << (std::isnan(value) ? QStringLiteral("-") : QString::number(value));
+            }
+            all << QString::number(data.place(point), 'f', 0) + u':' + values.join(u',');
+        }
+        return all.join(u' ').toStdString();
+    }
+    std::string points() const { return points(data); }
+
+    DataSheet sheet;
+    PlotData data{sheet};
+};
+
+TEST_F(PlotDataTest, EveryLayoutHasACurveForEachOfItsValueColumns) {
+    data.update();
+    layOut("F", 310);
+    append({"1|11/21/26|1:00:00|2400"});
+    data.update();
+    EXPECT_EQ(names(), "Output");
+    EXPECT_EQ(points(), "1:2400");
+
+    sheet.removeRows();
+    layOut("V", 512);
+    append({"1|11/21/26|1:00:00|10|20|30|40"});
+    data.update();
+    EXPECT_EQ(names(), "100|125|150|Ref");
+    EXPECT_EQ(points(), "1:10,20,30,40");
+
+    sheet.removeRows();
+    layOut("v", 412, HeaderPlace::GridOnClearing);
+    append({"1|11/21/26|1:00:00|10|11|20|21|30|31"});
+    data.update();
+    EXPECT_EQ(names(), "100|Ref1|125|Ref2|150|Ref3");
+    EXPECT_EQ(points(), "1:10,11,20,21,30,31");
+}
+
+TEST_F(PlotDataTest, ASheetOfNoKnownTypeIsNamedByItsHeaderOrByNumbers) {
+    append({"1|11/21/26|1:00:00|10|20"});
+    data.update();
+    EXPECT_EQ(names(), "Value 1|Value 2|Value 3|Value 4|Value 5|Value 6");
+    EXPECT_EQ(points(), "1:10,20,-,-,-,-");
+    sheet.setHeader({}, texts("Data #|Date|Time|100||150"));
+    data.update();
+    EXPECT_EQ(names(), "100|Value 2|150");
+    EXPECT_EQ(points(), "1:10,20,-");
+}
+
+TEST_F(PlotDataTest, ACellThatIsNoNumberIsAGap) {
+    layOut("V", 512);
+    append({"1|d|t|10|x|-3.5| 40 ", "2|d|t||1e2|12 34|1,5", "3|d|t|1e999", "4|d|t|nan|inf|0x10|.5"});
+    data.update();
+    EXPECT_EQ(points(), "1:10,-,-3.5,40 2:-,100,-,- 3:-,-,-,- 4:-,-,-,0.5");
+}
+
+TEST_F(PlotDataTest, RowsWithoutARecordNumberAreLeftOut) {
+    layOut("F", 310);
+    append({"1|d|t|10", "two|d|t|20", "|d|t|30", "4|d|t|40"});
+    data.update();
+    EXPECT_EQ(points(), "1:10 4:40");
+    EXPECT_EQ(data.row(1), 3);
+    EXPECT_EQ(data.rowCount(), 4);
+    EXPECT_EQ(data.rowsWithoutPlace(), 2);
+}
+
+TEST_F(PlotDataTest, TimesAreSecondsWithoutATimeZone) {
+    layOut("F", 310);
+    data.setAxis(PlotData::Axis::Time);
+    append({"1|1/1/70|0:00:10|1", "2|1/2/70|0:00:00|2", "3|1/2/1970|1:00:00 PM|3", "4|01-03-70|9:05:07|4"});
+    data.update();
+    EXPECT_EQ(points(), "10:1 86400:2 133200:3 205507:4");
+}
+
+TEST_F(PlotDataTest, RowsWithoutAReadableTimeAreLeftOutOnTheTimeAxisOnly) {
+    layOut("F", 310);
+    append({"1|1/1/70|0:00:10|1", "2|1/1/70|25:00:00|2", "3|13/1/70|0:00:12|3", "4||0:00:13|4", "5|1/1/70|x|5",
+            "6|1/1/70|0:00:15|6"});
+    data.setAxis(PlotData::Axis::Time);
+    data.update();
+    EXPECT_EQ(points(), "10:1 15:6");
+    EXPECT_EQ(data.rowsWithoutPlace(), 4);
+    data.setAxis(PlotData::Axis::Record);
+    EXPECT_EQ(data.update(), PlotData::Change::Relaid);
+    EXPECT_EQ(data.pointCount(), 6);
+    EXPECT_EQ(data.rowsWithoutPlace(), 0);
+}
+
+TEST_F(PlotDataTest, WhereTheClockWasSetBackRowsStandAtTheirTimeInTheirOrder) {
+    layOut("F", 310);
+    data.setAxis(PlotData::Axis::Time);
+    append({"1|1/1/70|0:00:10|1", "2|1/1/70|0:00:20|2", "3|1/1/70|0:00:20|3"});
+    data.update();
+    append({"4|1/1/70|0:00:10|4", "5|1/1/70|0:00:15|5"});
+    EXPECT_EQ(data.update(), PlotData::Change::Relaid);
+    append({"6|1/1/70|0:00:20|6"});
+    EXPECT_EQ(data.update(), PlotData::Change::Appended);
+    EXPECT_EQ(points(), "10:1 10:4 15:5 20:2 20:3 20:6");
+    EXPECT_EQ(data.row(1), 3);
+}
+
+TEST_F(PlotDataTest, NewRowsAreAddedBehindThoseThatAreThere) {
+    layOut("F", 310);
+    EXPECT_EQ(data.update(), PlotData::Change::Relaid);
+    EXPECT_EQ(data.update(), PlotData::Change::None);
+    append({"1|d|t|10", "2|d|t|20"});
+    EXPECT_EQ(data.update(), PlotData::Change::Appended);
+    append({"3|d|t|30"});
+    EXPECT_EQ(points(), "1:10 2:20") << "the sheet is followed only when asked";
+    EXPECT_EQ(data.update(), PlotData::Change::Appended);
+    EXPECT_EQ(data.update(), PlotData::Change::None);
+    EXPECT_EQ(points(), "1:10 2:20 3:30");
+}
+
+TEST_F(PlotDataTest, RemovedRowsAreNoticedAlsoIfAsManyHaveCome) {
+    layOut("F", 310);
+    append({"1|d|t|10"});
+    data.update();
+    sheet.removeRows();
+    append({"1|d|t|99"});
+    EXPECT_EQ(data.update(), PlotData::Change::Replaced);
+    EXPECT_EQ(points(), "1:99");
+    sheet.removeRows();
+    EXPECT_EQ(data.update(), PlotData::Change::Replaced);
+    EXPECT_EQ(data.pointCount(), 0);
+    EXPECT_EQ(data.rowCount(), 0);
+}
+
+TEST_F(PlotDataTest, RowsUnderTheHeaderOfAnotherLayoutAreLeftOut) {
+    layOut("V", 512);
+    append({"1|d|t|10|20|30|40", "2|d|t|10|20|30|40"});
+    data.update();
+    layOut("F", 310);
+    EXPECT_EQ(data.update(), PlotData::Change::Relaid);
+    EXPECT_EQ(points(), "");
+    append({"3|d|t|2400"});
+    EXPECT_EQ(data.update(), PlotData::Change::Appended);
+    EXPECT_EQ(points(), "3:2400");
+    EXPECT_EQ(data.rowsOfOtherLayout(), 2);
+    EXPECT_EQ(data.rowsWithoutPlace(), 0);
+}
+
+TEST_F(PlotDataTest, TheSameHeaderLaidOutAgainKeepsThePoints) {
+    layOut("F", 310);
+    append({"1|d|t|10"});
+    data.update();
+    layOut("F", 310, HeaderPlace::GridOnClearing);
+    EXPECT_EQ(data.update(), PlotData::Change::Relaid);
+    EXPECT_EQ(points(), "1:10");
+}
+
+TEST_F(PlotDataTest, RowByRowIsTheSameAsAllAtOnce) {
+    for (const PlotData::Axis axis : {PlotData::Axis::Record, PlotData::Axis::Time}) {
+        sheet.removeRows();
+        layOut("V", 512);
+        data.setAxis(axis);
+        for (int row = 0; row < 500; ++row) {
+            // Times that go back now and then, records that repeat, cells that are no numbers.
+            const int second = (row * 7) % 60;
+            sheet.appendRow(
+                {QString::number(row % 97 == 5 ? row / 2 : row), QStringLiteral("11/21/26"),
+                 QStringLiteral("1:%1:%2").arg(row / 60, 2, 10, QChar(u'0')).arg(second, 2, 10, QChar(u'0')),
+                 QString::number(row), row % 11 == 0 ? QStringLiteral("?") : QString::number(row * 2),
+                 QString::number(-row), QString()});
+            data.update();
+        }
+        PlotData whole(sheet);
+        whole.setAxis(axis);
+        whole.update();
+        EXPECT_EQ(points(), points(whole));
+        EXPECT_EQ(data.pointCount(), 500);
+    }
+}
+
+TEST_F(PlotDataTest, ThePointNearestToAPlace) {
+    EXPECT_EQ(data.nearestPoint(1.0), -1);
+    layOut("F", 310);
+    append({"1|d|t|10", "2|d|t|20", "4|d|t|40", "4|d|t|41"});
+    data.update();
+    EXPECT_EQ(data.nearestPoint(-5.0), 0);
+    EXPECT_EQ(data.nearestPoint(1.4), 0);
+    EXPECT_EQ(data.nearestPoint(1.5), 1);
+    EXPECT_EQ(data.nearestPoint(2.9), 1);
+    EXPECT_EQ(data.nearestPoint(3.1), 2);
+    EXPECT_EQ(data.nearestPoint(4.0), 3);
+    EXPECT_EQ(data.nearestPoint(1e9), 3);
+    EXPECT_EQ(data.firstPointFrom(2.0), 1);
+    EXPECT_EQ(data.firstPointFrom(4.5), 4);
+}
+
+} // namespace
+} // namespace orv
