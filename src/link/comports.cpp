@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/comports.h"
 
+#include "link/devicename.h"
+
+#include <utility>
+
 namespace orv {
 
 namespace {
 
 constexpr int debugPortNumber = 2;
-
-/// Whether two names mean one device: with and without "/dev/". Each line has a simulated instrument of its own.
-bool sameDevice(const QString& one, const QString& other) {
-    const auto plain = [](const QString& name) { return name.startsWith(QLatin1String("/dev/")) ? name.mid(5) : name; };
-    return !one.startsWith(QLatin1String("sim:")) && plain(one) == plain(other);
-}
 
 } // namespace
 
@@ -22,29 +20,33 @@ ComPorts::ComPorts(Session& session, DebugPanel& debug, PortMaker makePort)
 
 void ComPorts::setDevice(int portNumber, const QString& device) {
     Line& target = line(portNumber);
-    if (target.device != device) {
+    if (target.device.value() != device) {
         target.device = device;
         target.port.reset();
     }
 }
 
-QString ComPorts::device(int portNumber) const {
-    return lines_.at(static_cast<std::size_t>(portNumber - 1)).device;
+void ComPorts::setUse(const Port* port, PortUse use) {
+    for (Line& candidate : lines_) {
+        if (candidate.port.get() == port) {
+            candidate.use = use;
+        }
+    }
 }
 
 bool ComPorts::openLine(int portNumber, const Port* heldByOther, const QString& otherUse) {
     Line& wanted = line(portNumber);
-    const QString name = QStringLiteral("COM %1 (%2)").arg(portNumber).arg(wanted.device);
+    const QString name = QStringLiteral("COM %1 (%2)").arg(portNumber).arg(wanted.device.value());
     QString reason;
     for (const Line& other : lines_) {
         if (heldByOther != nullptr && other.port.get() == heldByOther &&
-            (&other == &wanted || sameDevice(other.device, wanted.device))) {
+            (&other == &wanted || sameDevice(other.device.value(), wanted.device.value()))) {
             reason = otherUse;
         }
     }
     if (reason.isEmpty()) {
         if (!wanted.port) {
-            wanted.port = makePort_(wanted.device);
+            wanted.port = makePort_(wanted.device.value());
         }
         reason = wanted.port->open();
     }
@@ -69,6 +71,7 @@ bool ComPorts::open() {
     }
     instrument_ = line(selected_).port.get();
     ++connection_;
+    setUse(instrument_, PortUse::Instrument);
     session_.commands.portOpen = true;
     return true;
 }
@@ -78,7 +81,7 @@ void ComPorts::close() {
         return;
     }
     instrument_->close();
-    instrument_ = nullptr;
+    setUse(std::exchange(instrument_, nullptr), PortUse::None);
     ++connection_;
     session_.commands.portOpen = false;
 }
@@ -146,6 +149,7 @@ bool ComPorts::openDebugPort() {
         return false;
     }
     debugPort_ = line(debugPortNumber).port.get();
+    setUse(debugPort_, PortUse::DebugOutput);
     return true;
 }
 
@@ -159,7 +163,7 @@ void ComPorts::debugsay(const QString& text) {
         return;
     }
     debugPort_->close();
-    debugPort_ = nullptr;
+    setUse(std::exchange(debugPort_, nullptr), PortUse::None);
     debug_.comm2Output = false;
     session_.messages.show(
         {.title = QStringLiteral("ORV Host Program"),

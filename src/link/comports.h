@@ -5,6 +5,7 @@
 #include "link/port.h"
 #include "session/session.h"
 
+#include <QProperty>
 #include <QString>
 
 #include <array>
@@ -12,6 +13,9 @@
 #include <memory>
 
 namespace orv {
+
+/// Who has the device behind COM 1 or COM 2 open.
+enum class PortUse { None, Instrument, DebugOutput };
 
 /// The two serial-port objects of the program: `MSComm1`, the link to the instrument on COM 1 or COM 2, and
 /// `MSComm2`, the debug output on COM 2, which is only written.
@@ -27,7 +31,11 @@ public:
 
     /// The device behind COM 1 or COM 2. Only for a port that is not in use.
     void setDevice(int portNumber, const QString& device);
-    QString device(int portNumber) const;
+    QString device(int portNumber) const { return chosenDevice(portNumber).value(); }
+
+    /// The same as it changes, and whether the port is in use.
+    const QProperty<QString>& chosenDevice(int portNumber) const { return line(portNumber).device; }
+    const QProperty<PortUse>& use(int portNumber) const { return line(portNumber).use; }
 
     bool isOpen() const { return instrument_ != nullptr; }
 
@@ -62,11 +70,14 @@ public:
 
 private:
     struct Line {
-        QString device;
+        QProperty<QString> device;
+        QProperty<PortUse> use{PortUse::None};
         std::unique_ptr<Port> port;
     };
 
     Line& line(int portNumber) { return lines_.at(static_cast<std::size_t>(portNumber - 1)); }
+    const Line& line(int portNumber) const { return lines_.at(static_cast<std::size_t>(portNumber - 1)); }
+    void setUse(const Port* port, PortUse use);
     bool openLine(int portNumber, const Port* heldByOther, const QString& otherUse);
 
     Session& session_;

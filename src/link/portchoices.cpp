@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/portchoices.h"
+
+#include "link/devicename.h"
+
+#include <algorithm>
+
+namespace orv {
+
+namespace {
+
+/// A device's name before its number, and the number: "ttyUSB10" stands behind "ttyUSB9".
+struct SortKey {
+    QString name;
+    qlonglong number = -1;
+
+    explicit SortKey(const QString& device) {
+        qsizetype digits = device.size();
+        while (digits > 0 && device.at(digits - 1) >= u'0' && device.at(digits - 1) <= u'9') {
+            --digits;
+        }
+        bool isNumber = false;
+        const qlonglong value = device.mid(digits).toLongLong(&isNumber);
+        name = isNumber ? device.left(digits) : device;
+        number = isNumber ? value : -1;
+    }
+
+    bool operator<(const SortKey& other) const {
+        return name != other.name ? name < other.name : number < other.number;
+    }
+};
+
+QString describe(const ListedPort& port) {
+    const QString description = port.description.simplified();
+    const QString manufacturer = port.manufacturer.simplified();
+    if (description.isEmpty() || description.contains(manufacturer, Qt::CaseInsensitive)) {
+        return description.isEmpty() ? manufacturer : description;
+    }
+    return QStringLiteral("%1, %2").arg(description, manufacturer);
+}
+
+QString lockReason(int portNumber, PortUse use) {
+    switch (use) {
+    case PortUse::Instrument:
+        return QStringLiteral(
+                   "COM %1 is open. \"Close Port\" in the menu \"Operation\" lets you choose another device.")
+            .arg(portNumber);
+    case PortUse::DebugOutput:
+        return QStringLiteral("The debug output uses COM %1 until the program ends.").arg(portNumber);
+    case PortUse::None:
+        break;
+    }
+    return {};
+}
+
+QString simulationText(const ComPorts& ports) {
+    const bool one = isSimulatedDevice(ports.chosenDevice(1).value());
+    const bool two = isSimulatedDevice(ports.chosenDevice(2).value());
+    const auto on = [](const char* where) {
+        return QStringLiteral("Simulated instrument on %1").arg(QLatin1String(where));
+    };
+    if (ports.use(1).value() == PortUse::Instrument) {
+        return one ? on("COM 1") : QString();
+    }
+    if (ports.use(2).value() == PortUse::Instrument) {
+        return two ? on("COM 2") : QString();
+    }
+    if (one && two) {
+        return QStringLiteral("Simulated instruments on COM 1 and COM 2");
+    }
+    return one ? on("COM 1") : two ? on("COM 2") : QString();
+}
+
+} // namespace
+
+PortChoices::PortChoices(Parts parts)
+    : p_(std::move(parts)) {
+    const ComPorts& ports = p_.ports;
+    for (const int portNumber : {1, 2}) {
+        PortChoicePanel::Chooser& chooser = panel[portNumber];
+        chooser.device.setBinding([&ports, portNumber] { return ports.chosenDevice(portNumber).value(); });
+        chooser.lock.setBinding([&ports, portNumber] { return lockReason(portNumber, ports.use(portNumber).value()); });
+        // What is open now is the device in force: an older complaint would only mislead.
+        notifiers_.push_back(chooser.lock.addNotifier([&chooser] { chooser.problem = QString(); }));
+    }
+    panel.simulation.setBinding([&ports] { return simulationText(ports); });
+    panel.list = {{.device = QStringLiteral("sim:trx"), .description = QStringLiteral("simulated scattering meter")},
+                  {.device = QStringLiteral("sim:glow"), .description = QStringLiteral("simulated fluorometer")}};
+}
+
+void PortChoices::refresh() {
+    if (p_.portList == nullptr) {
+        return;
+    }
+    constexpr qsizetype simulatedCount = 2;
+    QList<PortChoice> list;
+    for (const ListedPort& port : p_.portList->ports()) {
+        list.append({.device = port.name, .description = describe(port)});
+    }
+    std::stable_sort(list.begin(), list.end(), [](const PortChoice& one, const PortChoice& other) {
+        return SortKey(one.device) < SortKey(other.device);
+    });
+    list += panel.list.value().last(simulatedCount);
+    panel.list = list;
+}
+
+void PortChoices::refreshIfChanged() {
+    const bool allLocked = !panel[1].lock.value().isEmpty() && !panel[2].lock.value().isEmpty();
+    if (!allLocked && p_.portList != nullptr && p_.portList->mayHaveChanged()) {
+        refresh();
+    }
+}
+
+QString PortChoices::problemOf(int portNumber, const QString& device) const {
+    const int otherNumber = 3 - portNumber;
+    QString problem = p_.deviceProblem(device);
+    if (problem.isEmpty() && sameDevice(device, p_.ports.device(otherNumber))) {
+        problem = QStringLiteral("COM %1 is set to %2 already. Choose another device here, or change COM %1 first.")
+                      .arg(QString::number(otherNumber), p_.ports.device(otherNumber));
+    }
+    return problem;
+}
+
+void PortChoices::choose(int portNumber, const QString& device) {
+    if (p_.ports.use(portNumber).value() != PortUse::None) {
+        return;
+    }
+    PortChoicePanel::Chooser& chooser = panel[portNumber];
+    const QString wanted = device.trimmed();
+    const QString inForce = p_.ports.device(portNumber);
+    const QString problem = wanted == inForce ? QString() : problemOf(portNumber, wanted);
+    if (problem.isEmpty()) {
+        p_.ports.setDevice(portNumber, wanted);
+        chooser.problem = QString();
+    } else {
+        chooser.problem = QStringLiteral("%1 COM %2 stays %3.").arg(problem, QString::number(portNumber), inForce);
+    }
+}
+
+} // namespace orv

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/comports.h"
+#include "link/portlist.h"
+
+#include <QList>
+#include <QProperty>
+
+#include <array>
+#include <functional>
+#include <vector>
+
+namespace orv {
+
+/// A device that is offered for COM 1 and COM 2.
+struct PortChoice {
+    QString device;
+    QString description; ///< In plain words; may be empty.
+
+    bool operator==(const PortChoice&) const = default;
+};
+
+/// What the choosers of COM 1 and COM 2 show.
+struct PortChoicePanel {
+    struct Chooser {
+        QProperty<QString> device;  ///< The device in force.
+        QProperty<QString> problem; ///< Why what was chosen last is not in force; empty: it is.
+        QProperty<QString> lock;    ///< Why the device cannot be changed now; empty: it can.
+    };
+
+    /// The system's ports in the order of their names and numbers, then the simulated instruments.
+    QProperty<QList<PortChoice>> list;
+    std::array<Chooser, 2> choosers;
+    /// Says that what is connected is simulated; while nothing is connected, which ports would be. Empty: none.
+    QProperty<QString> simulation;
+
+    Chooser& operator[](int portNumber) { return choosers.at(static_cast<std::size_t>(portNumber - 1)); }
+    const Chooser& operator[](int portNumber) const { return choosers.at(static_cast<std::size_t>(portNumber - 1)); }
+};
+
+/// Offers the devices that can stand behind COM 1 and COM 2 and takes the operator's choices. A choice lasts until the
+/// program ends.
+class PortChoices {
+public:
+    struct Parts {
+        ComPorts& ports;
+        PortList* portList; ///< Null: this computer has no ports.
+        /// What is wrong with a device name; the empty text if nothing is.
+        std::function<QString(const QString& device)> deviceProblem;
+    };
+
+    explicit PortChoices(Parts parts);
+
+    /// Brings the list up to date.
+    void refresh();
+    /// The same, but lists the ports only if they may have changed and there is a port to choose one for.
+    void refreshIfChanged();
+
+    /// The operator's choice, a device of the list or any text; blanks around it do not count. What cannot be taken is
+    /// told in the chooser's `problem`, and the device stays what it was. A port in use keeps its device.
+    void choose(int portNumber, const QString& device);
+
+    PortChoicePanel panel;
+
+private:
+    QString problemOf(int portNumber, const QString& device) const;
+
+    Parts p_;
+    std::vector<QPropertyNotifier> notifiers_;
+};
+
+} // namespace orv
