@@ -3,6 +3,7 @@
 #include "app/demo.h"
 #include "app/mainwindow.h"
 #include "app/messageboxes.h"
+#include "link/systemportlist.h"
 
 #include <QApplication>
 #include <QTextStream>
@@ -48,11 +49,14 @@ int main(int argc, char** argv) {
     orv::WindowEvents events;
     orv::MessageBoxes messages;
     orv::QuestionDialogs questions;
+    orv::SystemPortList portList(clock, orv::SystemPortList::systemDeviceFolder());
     orv::Program program({.clock = clock,
                           .events = events,
                           .messages = messages,
                           .questions = questions,
-                          .makePort = [&clock](const QString& device) { return orv::makePort(device, clock); }});
+                          .makePort = [&clock](const QString& device) { return orv::makePort(device, clock); },
+                          .portList = &portList,
+                          .deviceProblem = orv::deviceProblem});
     program.ports.setDevice(1, line.com1);
     program.ports.setDevice(2, line.com2);
     program.debug.comm2Output = line.debugOutput;

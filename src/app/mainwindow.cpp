@@ -16,6 +16,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -28,7 +29,6 @@ MainWindow::MainWindow(Program& program, WindowEvents& events)
     : program_(program)
     , events_(events) {
     setObjectName(QStringLiteral("MainWindow"));
-    setWindowTitle(QStringLiteral("ORV Host Program"));
     auto* centre = new QWidget;
     makePages();
     makeTabStrips(centre);
@@ -103,7 +103,11 @@ void MainWindow::makeTabStrips(QWidget* centre) {
         pageLayout->addWidget(widget);
     }
     auto* layout = new QVBoxLayout(centre);
-    layout->addWidget(upperTabs_);
+    auto* upperRow = new QHBoxLayout;
+    upperRow->addWidget(upperTabs_);
+    upperRow->addStretch(1);
+    upperRow->addWidget(makeSimulationMarker());
+    layout->addLayout(upperRow);
     layout->addWidget(pageArea_, 1);
     auto* marker = new QWidget;
     marker->setObjectName(QStringLiteral("ServiceMarker"));
@@ -140,6 +144,26 @@ void MainWindow::makeTabStrips(QWidget* centre) {
                          colour == 0 ? palette.color(QPalette::Highlight) : QColor(part(0), part(8), part(16)));
         marker->setPalette(palette);
     });
+}
+
+QLabel* MainWindow::makeSimulationMarker() {
+    auto* marker = new QLabel;
+    marker->setObjectName(QStringLiteral("SimulationMarker"));
+    marker->setAccessibleName(QStringLiteral("Simulated instrument"));
+    marker->setToolTip(QStringLiteral("What it measures is made up by this program. Choose a real port in \"Ports\" on "
+                                      "the page \"Status and Controls\"."));
+    marker->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+    marker->setAutoFillBackground(true);
+    marker->setBackgroundRole(QPalette::ToolTipBase);
+    marker->setForegroundRole(QPalette::ToolTipText);
+    marker->setMargin(3);
+    bindings_.bind(program_.portChoices.panel.simulation, [this, marker](const QString& text) {
+        marker->setText(text);
+        marker->setVisible(!text.isEmpty());
+        const QString title = QStringLiteral("ORV Host Program");
+        setWindowTitle(text.isEmpty() ? title : QStringLiteral("%1 (simulated instrument)").arg(title));
+    });
+    return marker;
 }
 
 void MainWindow::showPage(Page page) {

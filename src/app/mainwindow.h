@@ -11,6 +11,8 @@
 #include <map>
 #include <memory>
 
+class QLabel;
+
 namespace orv {
 
 class GraphPage;
@@ -39,6 +41,7 @@ private:
     void makeConnectMenu(QMenu* operation);
     void makePages();
     void makeTabStrips(QWidget* centre);
+    QLabel* makeSimulationMarker();
     QAction* addItem(QMenu* menu, const QString& text, const QString& name, const std::function<void()>& action);
     void showPage(Page page);
     void showSettings(bool visible);

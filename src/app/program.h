@@ -10,6 +10,7 @@
 #include "link/debugframes.h"
 #include "link/directsend.h"
 #include "link/poll.h"
+#include "link/portchoices.h"
 #include "session/programactions.h"
 #include "settings/checktime.h"
 #include "settings/getprefs.h"
@@ -36,6 +37,9 @@ public:
         OperatorMessages& messages;
         OperatorQuestions& questions;
         ComPorts::PortMaker makePort;
+        PortList* portList = nullptr; ///< Null: this computer has no ports.
+        /// What is wrong with a device name; the empty text if nothing is.
+        std::function<QString(const QString& device)> deviceProblem = [](const QString&) { return QString(); };
     };
 
     explicit Program(const Surroundings& surroundings);
@@ -98,6 +102,7 @@ public:
     DataSheet sheet;
 
     ComPorts ports;
+    PortChoices portChoices;
     TimedWait wait;
     StatusTimer timer;
     ManualConnection manual;

@@ -2,6 +2,7 @@
 #include "app/statuspage.h"
 
 #include "app/newestrowscreen.h"
+#include "app/portsbox.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -56,6 +57,7 @@ StatusPage::StatusPage(Program& program, const Actions& actions, QWidget* parent
     });
     auto* left = new QVBoxLayout;
     left->addWidget(makeStatusBox(program));
+    left->addWidget(new PortsBox(program.portChoices));
     left->addWidget(makeInstrumentBox(program));
     left->addWidget(new NewestRowScreen(program.sheet, program.sheetPanel));
     left->addStretch(1);

@@ -3,6 +3,7 @@
 
 #include "app/mainwindow.h"
 #include "app/programtest.h"
+#include "testing/fakeportlist.h"
 
 #include <QAction>
 #include <QApplication>
@@ -120,6 +121,7 @@ protected:
     WindowYield yield{events, clock};
     FakePort com1;
     FakePort com2;
+    FakePortList portList;
     QByteArray greeting;
     int waits = 0;
     std::function<void(int wait)> atWait;
@@ -127,9 +129,16 @@ protected:
                      .events = yield,
                      .messages = messages,
                      .questions = answers,
-                     .makePort = [this](const QString& device) {
-                         return std::make_unique<LentPort>(device == QLatin1String("ttyA") ? com1 : com2);
-                     }}};
+                     .makePort =
+                         [this](const QString& device) {
+                             return std::make_unique<LentPort>(device == QLatin1String("ttyA") ? com1 : com2);
+                         },
+                     .portList = &portList,
+                     .deviceProblem =
+                         [](const QString& device) {
+                             return device.contains(u' ') ? QStringLiteral("\"%1\" is no device.").arg(device)
+                                                          : QString();
+                         }}};
     std::unique_ptr<MainWindow> window;
 };
 
