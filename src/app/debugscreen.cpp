@@ -116,11 +116,37 @@ QListView* DebugScreen::makeList() {
     model_.setSymbols(list->fontMetrics().inFontUcs4(carriageReturnPicture) ? ControlSymbols::Pictures
                                                                             : ControlSymbols::Arrows);
     list->setModel(&model_);
+    makeHint(list);
     model_.lastSelected = [this, list] {
         list->setCurrentIndex(model_.index(model_.rowCount() - 1));
         list->scrollToBottom();
     };
     return list;
+}
+
+void DebugScreen::makeHint(QListView* list) {
+    auto* hint = new QLabel;
+    hint->setObjectName(QStringLiteral("DebugListHint"));
+    hint->setAccessibleName(QStringLiteral("Why the list is empty"));
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setWordWrap(true);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    hint->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* layout = new QVBoxLayout(list->viewport());
+    layout->addWidget(hint);
+    const auto show = [this, hint] {
+        hint->setText(p_.debug.rawBuffer || p_.debug.showParsing
+                          ? QStringLiteral("Nothing has been received since.")
+                          : QStringLiteral("Choose \"Raw Buffer\" or \"Show Parsing\" to list what the instrument "
+                                           "sends."));
+        hint->setVisible(model_.rowCount() == 0);
+    };
+    for (const auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+        connect(&model_, changed, this, show);
+    }
+    connect(&model_, &QAbstractItemModel::modelReset, this, show);
+    bindings_.bind(p_.debug.rawBuffer, [show](bool) { show(); });
+    bindings_.bind(p_.debug.showParsing, [show](bool) { show(); });
 }
 
 QWidget* DebugScreen::makeDirectSend() {

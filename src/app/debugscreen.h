@@ -38,6 +38,7 @@ private:
     QGroupBox* makeDebugFrame();
     QWidget* makeOutputControls();
     QListView* makeList();
+    void makeHint(QListView* list);
     QWidget* makeDirectSend();
     QWidget* makeStatusRow();
     QVBoxLayout* makeSensorFrames();

@@ -7,6 +7,7 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QListView>
 #include <QPushButton>
 #include <QRadioButton>
@@ -77,6 +78,29 @@ protected:
 TEST_F(DebugScreenTest, IsOperableByKeyboardAndFits) {
     expectOperable(page);
     expectFits(page);
+}
+
+TEST_F(DebugScreenTest, AnEmptyListSaysHowToFillIt) {
+    auto& hint = control<QLabel>(page, "DebugListHint");
+    EXPECT_TRUE(hint.isVisible());
+    EXPECT_EQ(hint.text().toStdString(),
+              "Choose \"Raw Buffer\" or \"Show Parsing\" to list what the instrument sends.");
+    receive("abc\r\n");
+    EXPECT_TRUE(hint.isVisible());
+    for (const char* option : {"Option1", "Option2"}) {
+        click(option);
+        EXPECT_EQ(hint.text().toStdString(), "Nothing has been received since.");
+    }
+    receive("abc\r\n");
+    auto& list = control<QListView>(page, "DebugList");
+    QElapsedTimer patience;
+    patience.start();
+    while (list.model()->rowCount() == 0 && patience.elapsed() < 60'000) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    }
+    ASSERT_EQ(list.model()->rowCount(), 1);
+    EXPECT_FALSE(hint.isVisible());
+    EXPECT_FALSE(hint.isVisibleTo(&list));
 }
 
 TEST_F(DebugScreenTest, RawBufferListsBlocks) {
