@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/manualconnection.h"
 
+#include <QScopeGuard>
+
 namespace orv {
 
 namespace {
@@ -60,6 +62,8 @@ void ManualConnection::proceed() {
 
 void ManualConnection::start() {
     session_.state.Seeking = 1;
+    session_.status.notice = QStringLiteral("Waiting for the instrument. \"Quit\" in the dialog ends it.");
+    const auto noticeEnds = qScopeGuard([this] { session_.status.notice = QString(); });
     panel.retryEnabled = false;
     panel.startEnabled = false;
     const int showing = showings_;

@@ -28,7 +28,7 @@ public:
     void show();
     void hide();
 
-    /// The dialog's buttons.
+    /// The dialog's buttons. While start() waits for the instrument, a notice says that this dialog alone can end it.
     void proceed();
     void start();
     void retry();

@@ -92,6 +92,40 @@ TEST(ManualConnection, seeksOnThePortInUseOnStartAndGoesAway) {
     }
 }
 
+TEST(ManualConnection, saysWhileItSeeksThatTheDialogEndsIt) {
+    const std::string wait = "Waiting for the instrument. \"Quit\" in the dialog ends it.";
+    const std::function<void(LinkRig&)> ends[] = {
+        [](LinkRig& rig) { rig.com1.input = "V512\r"; },
+        [](LinkRig& rig) { rig.manual.quit(); },
+        [](LinkRig& rig) { rig.connection.closePort(); },
+        [](LinkRig& rig) { rig.com1.failureReason = QStringLiteral("Gone."); },
+    };
+    for (const auto& end : ends) {
+        LinkRig rig;
+        const QProperty<QString>& notice = rig.session.status.notice;
+        rig.connection.manualConnect(1);
+        EXPECT_EQ(notice.value().toStdString(), "");
+        rig.manual.proceed();
+        EXPECT_EQ(notice.value().toStdString(), "");
+        int waits = 0;
+        rig.com1.waited = [&](int milliseconds) {
+            rig.clock.advance(milliseconds);
+            EXPECT_EQ(notice.value().toStdString(), wait);
+            if (++waits == 100) {
+                end(rig);
+            }
+        };
+        rig.manual.start();
+        EXPECT_GE(waits, 100);
+        EXPECT_EQ(notice.value().toStdString(), "");
+    }
+    LinkRig rig;
+    rig.com1.openReason = QStringLiteral("Reason.");
+    rig.connection.manualConnect(1);
+    rig.manual.start();
+    EXPECT_EQ(rig.session.status.notice.value().toStdString(), "");
+}
+
 TEST(ManualConnection, seeksNoLongerOnceStartHasReturned) {
     LinkRig rig;
     rig.manual.openport = [](int) {};
