@@ -34,39 +34,41 @@ void ComPorts::setUse(const Port* port, PortUse use) {
     }
 }
 
-bool ComPorts::openLine(int portNumber, const Port* heldByOther, const QString& otherUse) {
+QString ComPorts::nameOf(int portNumber) const {
+    return QStringLiteral("COM %1 (%2)").arg(QString::number(portNumber), device(portNumber));
+}
+
+/// Returns why the line could not be opened; empty: it is open.
+QString ComPorts::openLine(int portNumber, const Port* heldByOther, const QString& otherUse) {
     Line& wanted = line(portNumber);
-    const QString name = QStringLiteral("COM %1 (%2)").arg(portNumber).arg(wanted.device.value());
-    QString reason;
     for (const Line& other : lines_) {
         if (heldByOther != nullptr && other.port.get() == heldByOther &&
             (&other == &wanted || sameDevice(other.device.value(), wanted.device.value()))) {
-            reason = otherUse;
+            return otherUse;
         }
     }
-    if (reason.isEmpty()) {
-        if (!wanted.port) {
-            wanted.port = makePort_(wanted.device.value());
-        }
-        reason = wanted.port->open();
+    if (!wanted.port) {
+        wanted.port = makePort_(wanted.device.value());
     }
-    if (reason.isEmpty()) {
-        return true;
-    }
+    return wanted.port->open();
+}
+
+void ComPorts::tellThatItCouldNotBeOpened(const QString& what, const QString& reason) {
     session_.messages.show({.title = QStringLiteral("ORV Host Program"),
-                            .text = QStringLiteral("%1 could not be opened.\n\n%2").arg(name, reason),
+                            .text = QStringLiteral("%1 could not be opened.\n\n%2").arg(what, reason),
                             .icon = Message::Icon::Exclamation});
-    return false;
 }
 
 bool ComPorts::open() {
     if (isOpen()) {
         return true;
     }
-    if (!openLine(
-            selected_, debugPort_,
-            QStringLiteral("The debug output (\"Comm 2 Debug Output\") is using it. Connect the instrument to the "
-                           "other port, or clear the box, quit and start the program again."))) {
+    const QString reason = openLine(
+        selected_, debugPort_,
+        QStringLiteral("The debug output (\"Comm 2 Debug Output\") is using it. Connect the instrument to the other "
+                       "port, or clear the box, quit and start the program again."));
+    if (!reason.isEmpty()) {
+        tellThatItCouldNotBeOpened(nameOf(selected_), reason);
         return false;
     }
     instrument_ = line(selected_).port.get();
@@ -124,7 +126,7 @@ bool ComPorts::checkFailure() {
     if (reason.isEmpty()) {
         return false;
     }
-    const QString name = QStringLiteral("COM %1 (%2)").arg(selected_).arg(device(selected_));
+    const QString name = nameOf(selected_);
     close();
     if (portFailed) {
         portFailed();
@@ -142,10 +144,13 @@ bool ComPorts::openDebugPort() {
     if (isDebugPortOpen()) {
         return true;
     }
-    if (!openLine(
-            debugPortNumber, instrument_,
-            QStringLiteral("The instrument is connected on it. Use \"Close Port\" first, or connect the instrument "
-                           "to COM 1."))) {
+    QString reason = openLine(
+        debugPortNumber, instrument_,
+        QStringLiteral("The instrument is connected on it. Use \"Close Port\" first, or connect the instrument to "
+                       "COM 1."));
+    if (!reason.isEmpty()) {
+        reason.replace(QLatin1String(Port::tryAgainWords), QLatin1String("tick \"Comm 2 Debug Output\" again"));
+        tellThatItCouldNotBeOpened(QStringLiteral("The debug output on %1").arg(nameOf(debugPortNumber)), reason);
         return false;
     }
     debugPort_ = line(debugPortNumber).port.get();

@@ -77,8 +77,10 @@ private:
 
     Line& line(int portNumber) { return lines_.at(static_cast<std::size_t>(portNumber - 1)); }
     const Line& line(int portNumber) const { return lines_.at(static_cast<std::size_t>(portNumber - 1)); }
+    QString nameOf(int portNumber) const;
     void setUse(const Port* port, PortUse use);
-    bool openLine(int portNumber, const Port* heldByOther, const QString& otherUse);
+    QString openLine(int portNumber, const Port* heldByOther, const QString& otherUse);
+    void tellThatItCouldNotBeOpened(const QString& what, const QString& reason);
 
     Session& session_;
     DebugPanel& debug_;

@@ -143,10 +143,10 @@ TEST(ComPorts, refuseTheDebugOutputThePortOfTheInstrument) {
     EXPECT_FALSE(rig.ports.isDebugPortOpen());
     EXPECT_TRUE(rig.ports.isOpen());
     ASSERT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_EQ(
-        rig.messages.shown[0].text,
-        QStringLiteral("COM 2 (ttyB) could not be opened.\n\nThe instrument is connected on it. Use \"Close Port\" "
-                       "first, or connect the instrument to COM 1."));
+    EXPECT_EQ(rig.messages.shown[0].text,
+              QStringLiteral(
+                  "The debug output on COM 2 (ttyB) could not be opened.\n\nThe instrument is connected on it. Use "
+                  "\"Close Port\" first, or connect the instrument to COM 1."));
     rig.ports.close();
     EXPECT_TRUE(rig.ports.openDebugPort());
 }
@@ -177,10 +177,15 @@ TEST(ComPorts, serveInstrumentAndDebugOutputSideBySide) {
 
 TEST(ComPorts, tellWhyTheDebugPortCannotBeOpened) {
     LinkRig rig;
-    rig.com2.openReason = QStringLiteral("Reason.");
+    rig.ports.setDevice(2, QStringLiteral("tty%1"));
+    rig.com2.openReason = QStringLiteral("It is used by another program. Close that program, then connect again.");
     EXPECT_FALSE(rig.ports.openDebugPort());
     ASSERT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_EQ(rig.messages.shown[0].text, QStringLiteral("COM 2 (ttyB) could not be opened.\n\nReason."));
+    EXPECT_EQ(rig.messages.shown[0],
+              (Message{title,
+                       QStringLiteral("The debug output on COM 2 (tty%1) could not be opened.\n\nIt is used by another "
+                                      "program. Close that program, then tick \"Comm 2 Debug Output\" again."),
+                       Message::Icon::Exclamation}));
 }
 
 TEST(DebugOutput, writesTheTextAndCarriageReturnWhileItsBoxIsTicked) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/openfailure.h"
 
+#include "link/port.h"
+
 #include <gtest/gtest.h>
 
 namespace orv {
@@ -76,6 +78,23 @@ TEST(OpenFailure, quotesTheSystemWhenNothingElseIsKnown) {
     EXPECT_EQ(explainOpenFailure(soundDevice()),
               QStringLiteral("The system says: Input/output error. Unplug the adapter "
                              "and plug it in again, then connect again."));
+}
+
+TEST(OpenFailure, endsWithTheWordsForTryingAgain) {
+    OpenFailureFacts noDevice = soundDevice();
+    noDevice.exists = false;
+    OpenFailureFacts file = soundDevice();
+    file.isSerialDevice = false;
+    OpenFailureFacts forbidden = soundDevice();
+    forbidden.accessible = false;
+    OpenFailureFacts busy = soundDevice();
+    busy.busy = true;
+    OpenFailureFacts noLock = soundDevice();
+    noLock.lockFolderWritable = false;
+    for (const OpenFailureFacts& facts : {noDevice, file, forbidden, busy, noLock, soundDevice()}) {
+        const QString text = explainOpenFailure(facts);
+        EXPECT_TRUE(text.endsWith(QLatin1String(Port::tryAgainWords) + u'.')) << text.toStdString();
+    }
 }
 
 TEST(OpenFailure, tellsTheCauseThatMustBeRemovedFirst) {

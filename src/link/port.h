@@ -12,13 +12,15 @@ namespace orv {
 /// call fails loudly: a line that breaks while open is told by failure().
 class Port {
 public:
+    static constexpr const char* tryAgainWords = "connect again";
+
     Port() = default;
     Port(const Port&) = delete;
     Port& operator=(const Port&) = delete;
     virtual ~Port() = default;
 
     /// Opens the line with DTR off. Returns the empty text, or why it could not be opened and what to do next, in
-    /// plain words and whole sentences.
+    /// plain words and whole sentences; to try again is called `tryAgainWords` there.
     virtual QString open() = 0;
 
     /// Closes the line; nothing happens if it is closed.
