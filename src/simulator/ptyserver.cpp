@@ -152,6 +152,7 @@ void PtyServer::takeFromHost() {
 }
 
 void PtyServer::hostDiscardedInput() {
+    followHosts(); // it may have opened the line only after the last look
     rest_.clear();
     instrument_.discardArrived();
     if (hosts_ > 0 && !heardHost_) {

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cerrno>
+#include <functional>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -160,6 +161,56 @@ TEST_F(PtyServerTest, AHostThatCameAndWentUnseenWakesNothing) {
     closeHost();
     openHost();
     EXPECT_EQ(listen(300), "");
+}
+
+/// Calls somebody at one of its readings.
+class InterruptedClock final : public Clock {
+public:
+    explicit InterruptedClock(const TestClock& clock)
+        : clock_(clock) {}
+
+    QDateTime now() const override { return clock_.now(); }
+    qint64 monotonicMilliseconds() const override {
+        if (--readingsLeft == 0) {
+            interrupt();
+        }
+        return clock_.monotonicMilliseconds();
+    }
+
+    mutable int readingsLeft = 0; ///< Until the call; none at 0 and below.
+    std::function<void()> interrupt;
+
+private:
+    const TestClock& clock_;
+};
+
+TEST_F(PtyServerTest, AHostThatComesAndDiscardsAtAnyMomentOfAPassWakesTheInstrument) {
+    constexpr int mostReadings = 1000;
+    int reading = 1;
+    for (bool interrupted = true; interrupted && reading < mostReadings; ++reading) {
+        InterruptedClock interrupting(clock);
+        server = std::make_unique<PtyServer>(parseSimulatorOptions(QStringLiteral("sim:trx")).options, interrupting);
+        ASSERT_EQ(server->open().toStdString(), "");
+        openHost();
+        send("x"); // is read only after the server has looked for hosts
+        host.reset();
+        interrupted = false;
+        interrupting.interrupt = [&] {
+            openHost();
+            discard();
+            interrupted = true;
+        };
+        interrupting.readingsLeft = reading;
+        server->serve(0);
+        interrupting.readingsLeft = 0;
+        if (interrupted) {
+            EXPECT_EQ(listen(300), "V512\r") << "at reading " << reading;
+        }
+        host.reset();
+        server.reset(); // its clock ends here
+    }
+    EXPECT_GT(reading, 3);
+    EXPECT_LT(reading, mostReadings);
 }
 
 TEST_F(PtyServerTest, ALineThatAHostMisconfiguredAndLockedIsPutInOrder) {
