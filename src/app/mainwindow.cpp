@@ -7,6 +7,7 @@
 #include "app/statuspage.h"
 #include "calibration/calibrationpage.h"
 #include "calibration/testingpage.h"
+#include "settings/choicetabbar.h"
 #include "settings/progressdialog.h"
 #include "settings/settingswindow.h"
 #include "sheet/graphpage.h"
@@ -77,25 +78,17 @@ void MainWindow::makePages() {
 }
 
 void MainWindow::makeTabStrips(QWidget* centre) {
-    upperTabs_ = new QTabBar;
+    upperTabs_ = new ChoiceTabBar(upperCaptions());
     upperTabs_->setObjectName(QStringLiteral("TabStrip1"));
     upperTabs_->setAccessibleName(QStringLiteral("Pages"));
     upperTabs_->setToolTip(QStringLiteral("Form Select Tabs."));
     upperTabs_->setDrawBase(false);
-    upperTabs_->setExpanding(false);
-    for (const QString& caption : upperCaptions()) {
-        upperTabs_->addTab(caption);
-    }
-    lowerTabs_ = new QTabBar;
+    lowerTabs_ = new ChoiceTabBar(lowerCaptions());
     lowerTabs_->setObjectName(QStringLiteral("TabStrip2"));
     lowerTabs_->setAccessibleName(QStringLiteral("Service pages"));
     lowerTabs_->setToolTip(QStringLiteral("Special Tidelane Debug screens and Tools. Internal use only so far."));
     lowerTabs_->setDrawBase(false);
-    lowerTabs_->setExpanding(false);
     lowerTabs_->setShape(QTabBar::RoundedSouth);
-    for (const QString& caption : lowerCaptions()) {
-        lowerTabs_->addTab(caption);
-    }
     pageArea_ = new QWidget;
     auto* pageLayout = new QVBoxLayout(pageArea_);
     pageLayout->setContentsMargins(0, 0, 0, 0);
@@ -120,18 +113,8 @@ void MainWindow::makeTabStrips(QWidget* centre) {
     serviceRow->addStretch(1);
     layout->addLayout(serviceRow);
 
-    // A strip's own tab can be chosen again to come back from the other strip's page.
-    const auto connectStrip = [this](QTabBar* strip, const std::function<void(const QString& caption)>& select) {
-        const auto chosen = [strip, select](int index) { select(strip->tabText(index)); };
-        connect(strip, &QTabBar::currentChanged, this, chosen);
-        connect(strip, &QTabBar::tabBarClicked, this, [strip, chosen](int index) {
-            if (index >= 0 && index == strip->currentIndex()) {
-                chosen(index);
-            }
-        });
-    };
-    connectStrip(upperTabs_, [this](const QString& caption) { program_.selectUpperTab(caption); });
-    connectStrip(lowerTabs_, [this](const QString& caption) { program_.selectLowerTab(caption); });
+    upperTabs_->tabChosen = [this](const QString& caption) { program_.selectUpperTab(caption); };
+    lowerTabs_->tabChosen = [this](const QString& caption) { program_.selectLowerTab(caption); };
     bindings_.bind(program_.pages.shown, [this](Page page) { showPage(page); });
     bindings_.bind(program_.pages.serviceMode, [this, marker](bool on) {
         lowerTabs_->setVisible(on);
@@ -176,6 +159,10 @@ void MainWindow::showPage(Page page) {
     const auto shown = pages_.find(page);
     if (shown != pages_.end()) {
         shown->second->show();
+    }
+    // The strip whose page is hidden must not look as if its tab were shown, and lets it be chosen again.
+    for (ChoiceTabBar* strip : {upperTabs_, lowerTabs_}) {
+        strip->setChosen(pageOfCaption(strip->tabText(strip->currentIndex())) == page);
     }
 }
 

@@ -6,7 +6,6 @@
 #include "session/binding.h"
 
 #include <QMainWindow>
-#include <QTabBar>
 
 #include <map>
 #include <memory>
@@ -15,6 +14,7 @@ class QLabel;
 
 namespace orv {
 
+class ChoiceTabBar;
 class GraphPage;
 class SettingsWindow;
 class SheetPage;
@@ -51,8 +51,8 @@ private:
 
     Program& program_;
     WindowEvents& events_;
-    QTabBar* upperTabs_ = nullptr;
-    QTabBar* lowerTabs_ = nullptr;
+    ChoiceTabBar* upperTabs_ = nullptr;
+    ChoiceTabBar* lowerTabs_ = nullptr;
     QWidget* pageArea_ = nullptr;
     SheetPage* sheetPage_ = nullptr;
     GraphPage* graphPage_ = nullptr;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/windowtest.h"
+#include "settings/choicetabbar.h"
 
 #include <QLineEdit>
 #include <QMenu>
@@ -246,6 +247,51 @@ TEST_F(TabsTest, ALowerTabHidesTheUpperPageAndTheUpperTabBringsItBack) {
     EXPECT_EQ(shownPages(), "SheetPage ");
     clickTab(lower, 1);
     EXPECT_EQ(program.pages.shown.value(), Page::Testing) << "the selected tab of a strip can be chosen again";
+}
+
+TEST_F(TabsTest, OnlyTheStripOfTheShownPageLooksChosen) {
+    const auto looksChosen = [](QTabBar& strip) {
+        auto& choice = dynamic_cast<ChoiceTabBar&>(strip);
+        const bool chosen = choice.isChosen();
+        const QImage before = strip.grab().toImage();
+        choice.setChosen(false);
+        const QImage unchosen = strip.grab().toImage();
+        choice.setChosen(chosen);
+        return before != unchosen;
+    };
+    program.toggleServiceMode();
+    clickTab(upper, 1);
+    EXPECT_TRUE(looksChosen(upper));
+    EXPECT_FALSE(looksChosen(lower));
+    clickTab(lower, 0);
+    EXPECT_EQ(program.pages.shown.value(), Page::Debug);
+    EXPECT_FALSE(looksChosen(upper));
+    EXPECT_TRUE(looksChosen(lower));
+    program.fixit();
+    EXPECT_TRUE(looksChosen(upper));
+    EXPECT_FALSE(looksChosen(lower));
+}
+
+TEST_F(TabsTest, KeysChooseAStripsOwnTabAgain) {
+    program.toggleServiceMode();
+    const auto press = [](QWidget& widget, int key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &event);
+    };
+    clickTab(upper, 2);
+    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        said();
+        press(lower, key);
+        EXPECT_EQ(program.pages.shown.value(), Page::Debug) << key;
+        EXPECT_EQ(said(), "");
+        press(upper, key);
+        EXPECT_EQ(shownPages(), "GraphicalPage ") << key;
+        EXPECT_EQ(said(), "Tabstrip changing\r");
+    }
+    press(upper, Qt::Key_Left);
+    EXPECT_EQ(shownPages(), "SheetPage ");
+    press(upper, Qt::Key_Return);
+    EXPECT_EQ(shownPages(), "SheetPage ");
 }
 
 TEST_F(TabsTest, OnlyCtrlAltHTogglesTheServiceMode) {

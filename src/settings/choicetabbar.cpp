@@ -34,6 +34,13 @@ void ChoiceTabBar::choose(int index) {
     }
 }
 
+void ChoiceTabBar::setChosen(bool chosen) {
+    if (chosen_ != chosen) {
+        chosen_ = chosen;
+        update();
+    }
+}
+
 void ChoiceTabBar::initStyleOption(QStyleOptionTab* option, int tabIndex) const {
     QTabBar::initStyleOption(option, tabIndex);
     if (!chosen_) {

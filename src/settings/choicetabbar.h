@@ -7,12 +7,17 @@
 
 namespace orv {
 
-/// A tab strip on which no tab is selected until the operator chooses one, by the mouse, by a key or through choose().
+/// A tab strip on which no tab need be selected: none is until the operator chooses one, by the mouse, by a key or
+/// through choose(), and none once it has been told that its tab is no longer the chosen one. The tab that was selected
+/// last can then be chosen again.
 class ChoiceTabBar final : public QTabBar {
 public:
     explicit ChoiceTabBar(const QStringList& captions, QWidget* parent = nullptr);
 
     bool isChosen() const { return chosen_; }
+
+    /// Whether the current tab is the chosen one; calls nobody.
+    void setChosen(bool chosen);
 
     /// Selects a tab as the operator would.
     void choose(int index);
