@@ -62,12 +62,15 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
                                   QStringLiteral("Do the main job unattended and leave its files and a picture of each "
                                                  "page in FOLDER."),
                                   QStringLiteral("FOLDER"));
+    const QCommandLineOption documents(QStringLiteral("documents"),
+                                       QStringLiteral("Work in the Documents folder instead of the current one. The "
+                                                      "program's menu entry does so."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
     const QCommandLineOption showVersion({QStringLiteral("v"), QStringLiteral("version")},
                                          QStringLiteral("Show the program's version."));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Host program for the ORV optical water sensors."));
-    parser.addOptions({com1, com2, debugOutput, demo, help, showVersion});
+    parser.addOptions({com1, com2, debugOutput, demo, documents, help, showVersion});
     if (!parser.parse(arguments)) {
         return refusal(parser.errorText());
     }
@@ -88,6 +91,7 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     line.com2 = parser.value(com2);
     line.debugOutput = parser.isSet(debugOutput);
     line.demoFolder = parser.value(demo);
+    line.documents = parser.isSet(documents);
     for (const QString& device : {line.com1, line.com2}) {
         const QString problem = deviceProblem(device);
         if (!problem.isEmpty()) {

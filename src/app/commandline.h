@@ -20,7 +20,8 @@ struct CommandLine {
     QString com1;
     QString com2;
     bool debugOutput = false;
-    QString demoFolder; ///< Empty: no demo.
+    QString demoFolder;     ///< Empty: no demo.
+    bool documents = false; ///< Work in the Documents folder.
 };
 
 /// Reads the command line; `arguments` begins with the program's name.

@@ -32,21 +32,25 @@ TEST(CommandLine, WithoutOptionsTheSystemsOwnFirstTwoPortsAreUsed) {
 #endif
     EXPECT_FALSE(line.debugOutput);
     EXPECT_EQ(line.demoFolder.toStdString(), "");
+    EXPECT_FALSE(line.documents);
 }
 
 TEST(CommandLine, EveryOptionIsTaken) {
-    const CommandLine line = read(words("--com1 /dev/pts/3 --com2=sim:glow?rate=8 --debug-output --demo out/put"));
+    const CommandLine line =
+        read(words("--com1 /dev/pts/3 --com2=sim:glow?rate=8 --debug-output --demo out/put --documents"));
     EXPECT_EQ(line.wish, CommandLine::Wish::Run);
     EXPECT_EQ(line.com1.toStdString(), "/dev/pts/3");
     EXPECT_EQ(line.com2.toStdString(), "sim:glow?rate=8");
     EXPECT_TRUE(line.debugOutput);
     EXPECT_EQ(line.demoFolder.toStdString(), "out/put");
+    EXPECT_TRUE(line.documents);
 }
 
 TEST(CommandLine, HelpAndVersionAreTexts) {
     const CommandLine help = read({QStringLiteral("--help")});
     EXPECT_EQ(help.wish, CommandLine::Wish::ShowHelp);
-    for (const char* option : {"--com1", "--com2", "--debug-output", "--demo", "--help", "--version", "sim:trx"}) {
+    for (const char* option :
+         {"--com1", "--com2", "--debug-output", "--demo", "--documents", "--help", "--version", "sim:trx"}) {
         EXPECT_TRUE(help.text.contains(QString::fromLatin1(option))) << option;
     }
     const CommandLine version = read({QStringLiteral("--version")});
@@ -63,6 +67,7 @@ TEST(CommandLine, WhatIsNotUnderstoodIsRefusedWithItsReason) {
         {"--demo", "demo"},
         {"--demo=", "--demo needs a folder"},
         {"--debug-output=yes", "debug-output"},
+        {"--documents=/tmp", "documents"},
         {"ttyUSB0", "\"ttyUSB0\""},
         {"--com1 ttyS0 sim:glow", "\"sim:glow\""},
         {"--com1=", "is no device"},

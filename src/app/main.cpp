@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commandline.h"
 #include "app/demo.h"
+#include "app/documentsfolder.h"
 #include "app/mainwindow.h"
 #include "app/messageboxes.h"
 #include "link/systemportlist.h"
@@ -41,6 +42,9 @@ int main(int argc, char** argv) {
         break;
     }
 
+    if (line.documents) {
+        orv::enterDocumentsFolder(); // if it fails, the missing log says what to do
+    }
     if (!line.demoFolder.isEmpty()) {
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     }
