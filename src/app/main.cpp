@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/applicationicon.h"
 #include "app/commandline.h"
 #include "app/demo.h"
 #include "app/documentsfolder.h"
@@ -49,6 +50,8 @@ int main(int argc, char** argv) {
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     }
     const QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral(ORV_ID));
+    QApplication::setWindowIcon(orv::applicationIcon());
     orv::SystemClock clock;
     orv::WindowEvents events;
     orv::MessageBoxes messages;
