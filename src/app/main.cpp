@@ -5,6 +5,7 @@
 #include "app/documentsfolder.h"
 #include "app/mainwindow.h"
 #include "app/messageboxes.h"
+#include "app/sleepinhibitor.h"
 #include "link/systemportlist.h"
 
 #include <QApplication>
@@ -67,6 +68,8 @@ int main(int argc, char** argv) {
     program.ports.setDevice(1, line.com1);
     program.ports.setDevice(2, line.com2);
     program.debug.comm2Output = line.debugOutput;
+    const std::unique_ptr<orv::SleepInhibitor> inhibitor = orv::makeSleepInhibitor();
+    const orv::AwakeWhileCollecting awake(program.session.commands, *inhibitor);
 
     orv::MainWindow window(program, events);
     messages.setParent(&window);
