@@ -4,6 +4,7 @@
 #include "app/aboutdialog.h"
 #include "app/debugscreen.h"
 #include "app/manualconnectiondialog.h"
+#include "app/spokenlabels.h"
 #include "app/statuspage.h"
 #include "calibration/calibrationpage.h"
 #include "calibration/testingpage.h"
@@ -29,6 +30,7 @@ namespace orv {
 MainWindow::MainWindow(Program& program, WindowEvents& events)
     : program_(program)
     , events_(events) {
+    speakLabelValues();
     setObjectName(QStringLiteral("MainWindow"));
     auto* centre = new QWidget;
     makePages();

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <utility>
 
@@ -83,6 +84,7 @@ void MessageBoxes::show(const Message& message) {
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box->button(QMessageBox::Ok)->setText(QStringLiteral("&OK"));
     box->show();
 }
 
@@ -102,6 +104,9 @@ void MessageBoxes::waitUntilRead() {
 bool QuestionDialogs::askYesNo(const QString& title, const QString& text) {
     Question box(QMessageBox::Warning, title, text, QMessageBox::Yes | QMessageBox::No, parent_);
     box.setDefaultButton(QMessageBox::Yes);
+    // Not every window system's own words have the keys.
+    box.button(QMessageBox::Yes)->setText(QStringLiteral("&Yes"));
+    box.button(QMessageBox::No)->setText(QStringLiteral("&No"));
     return box.exec() == QMessageBox::Yes;
 }
 

@@ -152,14 +152,15 @@ QWidget* StatusPage::makeControlsBox(Program& program, const Actions& actions) {
         connect(button, &QPushButton::clicked, this, [action] { action(); });
         return button;
     };
-    auto* run = addButton(
-        QStringLiteral("&Run"), QStringLiteral("Command2"),
-        QStringLiteral("Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp."), actions.run);
+    auto* run =
+        addButton(QStringLiteral("&Run"), QStringLiteral("Command2"),
+                  QStringLiteral("Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp."),
+                  actions.run);
     auto* reset =
         addButton(QStringLiteral("R&eset"), QStringLiteral("ResetButton"),
                   QStringLiteral("Stops current collection and requires the instrument to be reset."), actions.reset);
     auto* shutter =
-        addButton(QStringLiteral("Reset S&hutter"), QStringLiteral("ResetShutterButton"),
+        addButton(QStringLiteral("Reset Sh&utter"), QStringLiteral("ResetShutterButton"),
                   QStringLiteral("Moves the instrument's shutter back to its rest position."), actions.resetShutter);
     const CommandPanel& commands = program.session.commands;
     bindings_.bind(commands.canRun, [run](bool can) { run->setEnabled(can); });

@@ -87,7 +87,7 @@ QGroupBox* CalibrationPage::makeInstruments() {
     auto* name =
         makeBox(panel_.instrumentName, QStringLiteral("Text17"), QStringLiteral("Instrument name or serial number"));
     name->setToolTip(QStringLiteral("Name or serial number of the next instrument of the batch."));
-    auto* nameCaption = new QLabel(QStringLiteral("Na&me or serial number:"));
+    auto* nameCaption = new QLabel(QStringLiteral("Name or serial n&umber:"));
     nameCaption->setBuddy(name);
     layout->addWidget(nameCaption);
     layout->addWidget(name);
@@ -203,7 +203,7 @@ QWidget* CalibrationPage::makeMessages() {
     box->setAccessibleName(QStringLiteral("Messages"));
     box->setToolTip(QStringLiteral("What is still missing."));
     bindings_.bind(panel_.message, [box](const QString& text) { box->setText(text); });
-    auto* caption = new QLabel(QStringLiteral("Messages:"));
+    auto* caption = new QLabel(QStringLiteral("&Messages:"));
     caption->setBuddy(box);
     layout->addWidget(caption);
     layout->addWidget(box);

@@ -43,6 +43,12 @@ QString withoutMnemonic(const char* caption) {
     return QString::fromLatin1(caption).remove(QLatin1Char('&'));
 }
 
+/// The access key of a rate is its last digit, of "1/2" the stroke: "2" has it already.
+QString withKey(QString caption) {
+    const bool half = caption == QLatin1String("1/2");
+    return caption.insert(half ? caption.indexOf(u'/') : caption.size() - 1, u'&');
+}
+
 } // namespace
 
 SamplesPage::SamplesPage(Session& session, SettingsPanel& panel, SettingsCommands& commands)
@@ -127,7 +133,7 @@ QWidget* SamplesPage::makeOptions(Session& session, SettingsPanel& panel, Settin
     bindings_.bind(session.status.instrument, [this](const QString& type) {
         const auto presets = samplingPresets(type == QLatin1String("GLOW"));
         for (std::size_t i = 0; i < options_.size(); ++i) {
-            options_.at(i)->setText(presets.at(i).caption);
+            options_.at(i)->setText(withKey(presets.at(i).caption));
             options_.at(i)->setAccessibleName(presets.at(i).caption + QStringLiteral(" data points per second"));
         }
     });

@@ -212,7 +212,11 @@ TEST_F(SettingsPagesTest, OptionsAreCaptionedByTheTypeLabel) {
     };
     for (const auto& [type, captions] : table) {
         session.status.instrument = QString::fromLatin1(type);
-        EXPECT_EQ((QStringList{option(1).text(), option(2).text(), option(3).text(), option(4).text()}), captions);
+        QStringList shown;
+        for (int number = 1; number <= 4; ++number) {
+            shown << option(number).text().remove(u'&');
+        }
+        EXPECT_EQ(shown, captions);
     }
 }
 

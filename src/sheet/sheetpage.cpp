@@ -94,9 +94,10 @@ SheetPage::SheetPage(DataSheet& sheet, SheetPanel& panel, const CommandPanel& co
     auto* records = makeCounter(QStringLiteral("RecordsCounter"), QStringLiteral("Automatic saves"));
     records->setToolTip(QStringLiteral("This is used to indicated how many records were automatically created over a "
                                        "long profile, or data gathering."));
-    auto* save = makeButton(QStringLiteral("Save &As"), QStringLiteral("Command11"),
-                            QStringLiteral("Save all Data on the Spread Sheet to a Tab Delimited Text File."));
-    auto* open = makeButton(QStringLiteral("O&pen"), QStringLiteral("Command10"),
+    auto* save =
+        makeButton(QStringLiteral("Save &As"), QStringLiteral("Command11"),
+                   QStringLiteral("Save all Data on the Spread Sheet to a Tab Delimited Text File."));
+    auto* open = makeButton(QStringLiteral("Op&en"), QStringLiteral("Command10"),
                             QStringLiteral("Open a saved sheet. It replaces what is on the Spread Sheet."));
     auto* clear = makeButton(QStringLiteral("&Clear All"), QStringLiteral("Command9"),
                              QStringLiteral("Clears the Spread Sheet of all data."));
