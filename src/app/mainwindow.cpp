@@ -37,6 +37,7 @@ MainWindow::MainWindow(Program& program, WindowEvents& events)
     makeTabStrips(centre);
     setCentralWidget(centre);
     makeMenus();
+    makeShortcuts();
     resize(1000, 680);
 
     auto* manual = new ManualConnectionDialog(program.manual, this);
@@ -216,6 +217,53 @@ void MainWindow::makeMenus() {
         saveText->setEnabled(can);
         view->setEnabled(can);
     });
+}
+
+QAction* MainWindow::addShortcut(const QString& text, const QString& name, const QKeySequence& keys,
+                                 const std::function<void()>& action) {
+    auto* shortcut = new QAction(text, this);
+    shortcut->setObjectName(name);
+    shortcut->setShortcut(keys);
+    shortcut->setAutoRepeat(false);
+    connect(shortcut, &QAction::triggered, this, [action] { action(); });
+    addAction(shortcut);
+    return shortcut;
+}
+
+void MainWindow::makeShortcuts() {
+    // Each does what its button does, whichever page is shown, and only while the button could be pressed.
+    QAction* open = addShortcut(QStringLiteral("Open"), QStringLiteral("OpenShortcut"), Qt::CTRL | Qt::Key_O,
+                                [this] { program_.openSheet(); });
+    QAction* save = addShortcut(QStringLiteral("Save As"), QStringLiteral("SaveAsShortcut"),
+                                Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { program_.saveAs(); });
+    QAction* run = addShortcut(QStringLiteral("Run"), QStringLiteral("RunShortcut"), QKeySequence(Qt::Key_F5),
+                               [this] { program_.run(); });
+    const CommandPanel& commands = program_.session.commands;
+    bindings_.bind(commands.canOpenSheet, [open](bool can) { open->setEnabled(can); });
+    bindings_.bind(commands.canSaveAs, [save](bool can) { save->setEnabled(can); });
+    bindings_.bind(commands.canRun, [run](bool can) { run->setEnabled(can); });
+    bindings_.bind(commands.runVisible, [run](bool visible) { run->setVisible(visible); });
+
+    // The letters belong to the pages: a page has more controls than its tab strips would leave letters.
+    int number = 0;
+    for (QTabBar* strip : {upperTabs_, lowerTabs_}) {
+        for (int index = 0; index < strip->count(); ++index) {
+            ++number;
+            const QKeySequence keys(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number));
+            QAction* choose =
+                addShortcut(strip->tabText(index), QStringLiteral("ChoosePage%1").arg(number), keys, [strip, index] {
+                    if (index == strip->currentIndex()) {
+                        Q_EMIT strip->tabBarClicked(index);
+                    } else {
+                        strip->setCurrentIndex(index);
+                    }
+                });
+            strip->setTabToolTip(index, QStringLiteral("%1 (%2)").arg(strip->toolTip(), keys.toString()));
+            if (strip == lowerTabs_) {
+                bindings_.bind(program_.pages.serviceMode, [choose](bool on) { choose->setEnabled(on); });
+            }
+        }
+    }
 }
 
 void MainWindow::makeConnectMenu(QMenu* operation) {

@@ -42,6 +42,9 @@ private:
     void makePages();
     void makeTabStrips(QWidget* centre);
     QLabel* makeSimulationMarker();
+    void makeShortcuts();
+    QAction* addShortcut(const QString& text, const QString& name, const QKeySequence& keys,
+                         const std::function<void()>& action);
     QAction* addItem(QMenu* menu, const QString& text, const QString& name, const std::function<void()>& action);
     void showPage(Page page);
     void showSettings(bool visible);

@@ -154,7 +154,7 @@ QWidget* StatusPage::makeControlsBox(Program& program, const Actions& actions) {
     };
     auto* run =
         addButton(QStringLiteral("&Run"), QStringLiteral("Command2"),
-                  QStringLiteral("Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp."),
+                  QStringLiteral("Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp. (F5)"),
                   actions.run);
     auto* reset =
         addButton(QStringLiteral("R&eset"), QStringLiteral("ResetButton"),

@@ -122,6 +122,11 @@ void SettingsWindow::makeTabShortcuts() {
         auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), this);
         connect(shortcut, &QShortcut::activated, this, [step, by = by] { step(by); });
     }
+    for (int index = 0; index < tabs_->count(); ++index) {
+        const QKeySequence keys(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + index));
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, index] { tabs_->choose(index); });
+        tabs_->setTabToolTip(index, QStringLiteral("%1 (%2)").arg(tabs_->tabText(index), keys.toString()));
+    }
 }
 
 void SettingsWindow::chooseTab(const QString& caption) {

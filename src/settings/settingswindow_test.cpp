@@ -322,6 +322,22 @@ TEST_F(SettingsWindowTest, PlainEnglishShowsTheSettingsAsTheyAreNow) {
               QStringLiteral("It will bin for 30 sample(s) to create 1 data point."));
 }
 
+TEST_F(SettingsWindowTest, TabsAreChosenByTheirNumber) {
+    open();
+    const auto choose = [this](int key) {
+        for (QShortcut* shortcut : window.findChildren<QShortcut*>()) {
+            if (shortcut->key() == QKeySequence(Qt::CTRL | static_cast<Qt::Key>(key))) {
+                Q_EMIT shortcut->activated();
+            }
+        }
+    };
+    choose(Qt::Key_3);
+    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("ControlBitsFrame")});
+    choose(Qt::Key_1);
+    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("ModesFrame")});
+    EXPECT_EQ(find<QTabBar>("SettingsTabs").tabToolTip(1), QStringLiteral("Time and Date (Ctrl+2)"));
+}
+
 } // namespace
 
 } // namespace orv

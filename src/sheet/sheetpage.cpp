@@ -96,9 +96,9 @@ SheetPage::SheetPage(DataSheet& sheet, SheetPanel& panel, const CommandPanel& co
                                        "long profile, or data gathering."));
     auto* save =
         makeButton(QStringLiteral("Save &As"), QStringLiteral("Command11"),
-                   QStringLiteral("Save all Data on the Spread Sheet to a Tab Delimited Text File."));
+                   QStringLiteral("Save all Data on the Spread Sheet to a Tab Delimited Text File. (Ctrl+Shift+S)"));
     auto* open = makeButton(QStringLiteral("Op&en"), QStringLiteral("Command10"),
-                            QStringLiteral("Open a saved sheet. It replaces what is on the Spread Sheet."));
+                            QStringLiteral("Open a saved sheet. It replaces what is on the Spread Sheet. (Ctrl+O)"));
     auto* clear = makeButton(QStringLiteral("&Clear All"), QStringLiteral("Command9"),
                              QStringLiteral("Clears the Spread Sheet of all data."));
 

@@ -273,7 +273,7 @@ TEST_F(SheetPageTest, TheButtonsActAndFollowWhatIsAllowed) {
 
 TEST_F(SheetPageTest, CaptionsToolTipsAndTheFileName) {
     EXPECT_EQ(find<QPushButton>("Command11").toolTip().toStdString(),
-              "Save all Data on the Spread Sheet to a Tab Delimited Text File.");
+              "Save all Data on the Spread Sheet to a Tab Delimited Text File. (Ctrl+Shift+S)");
     EXPECT_EQ(find<QPushButton>("Command9").toolTip().toStdString(), "Clears the Spread Sheet of all data.");
     const auto caption = [this](const char* name) { return find<QPushButton>(name).text().remove(u'&').toStdString(); };
     EXPECT_EQ(caption("Command11"), "Save As");
