@@ -5,6 +5,7 @@
 #include "app/documentsfolder.h"
 #include "app/mainwindow.h"
 #include "app/messageboxes.h"
+#include "app/programstyle.h"
 #include "app/sleepinhibitor.h"
 #include "link/systemportlist.h"
 
@@ -51,6 +52,7 @@ int main(int argc, char** argv) {
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     }
     const QApplication application(argc, argv);
+    QApplication::setStyle(new orv::ProgramStyle);
     QGuiApplication::setDesktopFileName(QStringLiteral(ORV_ID));
     QApplication::setWindowIcon(orv::applicationIcon());
     orv::SystemClock clock;

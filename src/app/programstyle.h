@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QProxyStyle>
+
+namespace orv {
+
+/// The desktop's own style with two amends: buttons leave some room around their text, and what is disabled can still
+/// be read.
+class ProgramStyle final : public QProxyStyle {
+public:
+    using QProxyStyle::polish;
+    using QProxyStyle::QProxyStyle;
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
+    void polish(QPalette& palette) override;
+};
+
+} // namespace orv

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/programstyle.h"
+
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace {
+
+int lightnessOfDisabledText(QPalette palette) {
+    ProgramStyle style(QStringLiteral("Fusion"));
+    style.polish(palette);
+    return palette.color(QPalette::Disabled, QPalette::ButtonText).lightness();
+}
+
+QPalette paletteOf(const QColor& text, const QColor& ground, const QColor& disabled) {
+    QPalette palette(text, ground, ground.lighter(), ground.darker(), ground.darker(), text, text, ground, ground);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, disabled);
+    }
+    return palette;
+}
+
+TEST(ProgramStyleTest, FaintDisabledTextIsMadeReadable) {
+    EXPECT_EQ(lightnessOfDisabledText(paletteOf(Qt::black, QColor(240, 240, 240), QColor(200, 200, 200))), 120);
+    EXPECT_EQ(lightnessOfDisabledText(paletteOf(Qt::white, QColor(45, 45, 45), QColor(60, 60, 60))), 150);
+}
+
+TEST(ProgramStyleTest, ReadableDisabledTextStays) {
+    EXPECT_EQ(lightnessOfDisabledText(paletteOf(Qt::black, QColor(240, 240, 240), QColor(100, 100, 100))), 100);
+}
+
+TEST(ProgramStyleTest, AButtonLeavesRoomAroundItsText) {
+    ProgramStyle style(QStringLiteral("Fusion"));
+    QPushButton button(QStringLiteral("Retrieve Settings"));
+    button.setStyle(&style);
+    EXPECT_GE(button.sizeHint().width(), button.fontMetrics().horizontalAdvance(button.text()) + 16);
+}
+
+} // namespace
+} // namespace orv
