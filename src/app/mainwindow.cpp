@@ -22,10 +22,25 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
 
 namespace orv {
+
+namespace {
+
+/// Lets a page be seen whole in a window that is smaller than it, instead of enlarging the window.
+QWidget* scrollable(QWidget* page) {
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(page);
+    return area;
+}
+
+} // namespace
 
 MainWindow::MainWindow(Program& program, WindowEvents& events)
     : program_(program)
@@ -60,9 +75,9 @@ void MainWindow::makePages() {
                                {.saveAs = [this] { program_.saveAs(); },
                                 .open = [this] { program_.openSheet(); },
                                 .clearAll = [this] { program_.clearAll(); }});
-    pages_[Page::Status] = new StatusPage(program_, {.run = [this] { program_.run(); },
-                                                     .reset = [this] { program_.reset(); },
-                                                     .resetShutter = [this] { program_.resetShutter(); }});
+    pages_[Page::Status] = scrollable(new StatusPage(program_, {.run = [this] { program_.run(); },
+                                                                .reset = [this] { program_.reset(); },
+                                                                .resetShutter = [this] { program_.resetShutter(); }}));
     pages_[Page::Sheet] = sheetPage_;
     graphPage_ = new GraphPage({.sheet = program_.sheet,
                                 .panel = program_.sheetPanel,
@@ -76,8 +91,8 @@ void MainWindow::makePages() {
                                            .pages = program_.pages,
                                            .directSend = program_.directSend,
                                            .setComm2Output = [this](bool ticked) { program_.setComm2Output(ticked); }});
-    pages_[Page::Testing] = new TestingPage(program_.session, [this] { program_.resetShutter(); });
-    pages_[Page::Calibration] = new CalibrationPage(program_.calibrationPanel, program_.calibration);
+    pages_[Page::Testing] = scrollable(new TestingPage(program_.session, [this] { program_.resetShutter(); }));
+    pages_[Page::Calibration] = scrollable(new CalibrationPage(program_.calibrationPanel, program_.calibration));
 }
 
 void MainWindow::makeTabStrips(QWidget* centre) {

@@ -329,21 +329,31 @@ TEST_F(TabsTest, AResetComesBackToTheUpperStripsPage) {
 
 TEST_F(WindowTest, ChangingPagesNeverChangesTheWindowsSize) {
     program.toggleServiceMode();
-    window->resize(1000, 680);
-    QCoreApplication::processEvents();
-    const QSize size = window->size();
     const QStringList captions = upperCaptions() + lowerCaptions();
-    for (const QString& from : captions) {
-        for (const QString& to : captions) {
-            for (const QString& caption : {from, to}) {
-                if (upperCaptions().contains(caption)) {
-                    program.selectUpperTab(caption);
-                } else {
-                    program.selectLowerTab(caption);
-                }
-                QCoreApplication::processEvents();
+    const auto show = [this](const QString& caption) {
+        if (upperCaptions().contains(caption)) {
+            program.selectUpperTab(caption);
+        } else {
+            program.selectLowerTab(caption);
+        }
+        QCoreApplication::processEvents();
+    };
+    connectAndRead();
+    program.run();
+    com1.input = "R\r\n";
+    program.tick();
+    receiveRow();
+    for (const QSize size : {QSize(1000, 680), QSize(800, 600)}) {
+        show(captions.front());
+        window->resize(size);
+        QCoreApplication::processEvents();
+        ASSERT_EQ(window->size(), size);
+        for (const QString& from : captions) {
+            for (const QString& to : captions) {
+                show(from);
+                show(to);
+                ASSERT_EQ(window->size(), size) << qPrintable(from) << " to " << qPrintable(to);
             }
-            ASSERT_EQ(window->size(), size) << qPrintable(from) << " to " << qPrintable(to);
         }
     }
 }
