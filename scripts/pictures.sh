@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Takes a picture of each page and dialog from the running program, on simulated instruments.
+#
+#   scripts/pictures.sh            into docs/pictures/, where the guide shows them
+#   scripts/pictures.sh FOLDER     for looking: light and dark, at 1, 1.5 and 2 times the size, each in a folder of its
+#                                  own in FOLDER, with a contact sheet where ImageMagick is there
+#   scripts/pictures.sh FOLDER --size 800x600     the same, with the main window of that size
+#
+# Needs a build; BUILD names it (build/release unless told). No display is needed.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+program=${BUILD:-build/release}/bin/orvpictures
+if [ ! -x "$program" ]; then
+    echo "There is no $program. Build it: cmake --preset release && ninja -C build/release orvpictures" >&2
+    exit 1
+fi
+export QT_QPA_PLATFORM=offscreen
+if [ $# -eq 0 ]; then
+    exec "$program" docs/pictures
+fi
+folder=$1
+shift
+for scale in 1 1.5 2; do
+    for colours in light dark; do
+        option=
+        [ "$colours" = light ] || option=--dark
+        # shellcheck disable=SC2086
+        QT_SCALE_FACTOR=$scale "$program" $option "$@" "$folder/$colours-$scale"
+        if command -v montage >/dev/null; then
+            montage "$folder/$colours-$scale"/*.png -tile 4x -geometry '800x600>+8+8' "$folder/$colours-$scale.png"
+        fi
+    done
+done

@@ -1,0 +1,354 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A program for this project's own use: drives the whole program on simulated instruments and takes a picture of each
+// page and dialog, for the guide and for looking at.
+#include "app/commandline.h"
+#include "app/mainwindow.h"
+#include "app/messageboxes.h"
+#include "app/programstyle.h"
+#include "settings/settingswindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTextStream>
+#include <QTimer>
+
+#include <stdexcept>
+
+namespace orv {
+
+namespace {
+
+constexpr int limit = 60000; ///< Milliseconds for one step.
+
+/// A clock that goes on by a few milliseconds whenever it is looked at, so that every picture shows the same date, time
+/// and rows whenever and wherever it is taken.
+class CountedClock final : public Clock {
+public:
+    QDateTime now() const override { return start_.addMSecs(monotonicMilliseconds()); }
+    qint64 monotonicMilliseconds() const override {
+        constexpr qint64 step = 5;
+        return elapsed_ += step;
+    }
+
+private:
+    QDateTime start_{QDate(2026, 11, 21), QTime(9, 30, 15)};
+    mutable qint64 elapsed_ = 0;
+};
+
+QPalette darkPalette() {
+    const QColor window(45, 45, 48);
+    const QColor base(30, 30, 32);
+    const QColor text(228, 228, 228);
+    QPalette palette(text, window.lighter(125), window.lighter(180), window.darker(180), window.darker(130), text,
+                     Qt::white, base, window);
+    palette.setColor(QPalette::AlternateBase, QColor(38, 38, 41));
+    palette.setColor(QPalette::ToolTipBase, window);
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::PlaceholderText, QColor(150, 150, 150));
+    palette.setColor(QPalette::Highlight, QColor(38, 110, 190));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(90, 170, 250));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(125, 125, 125));
+    }
+    return palette;
+}
+
+class Pictures {
+public:
+    Pictures(Program& program, MainWindow& window, QString folder)
+        : program_(program)
+        , window_(window)
+        , folder_(std::move(folder)) {}
+
+    void take() {
+        program_.load();
+        window_.show();
+        take(window_, "offline");
+        takeConnected();
+        takeRun();
+        takeDownload();
+        takeCalibration();
+        takeSaving();
+        takeManual();
+        takeGlow();
+        takeAbout();
+    }
+
+private:
+    template <typename Condition>
+    void waitFor(const char* what, Condition reached) {
+        QElapsedTimer timer;
+        timer.start();
+        while (!reached()) {
+            if (timer.elapsed() > limit) {
+                throw std::runtime_error(std::string(what) + ": the status is " +
+                                         program_.session.status.status.value().toStdString());
+            }
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        }
+    }
+
+    void waitUntilReady() {
+        waitFor("connecting", [this] {
+            return program_.session.status.status.value() == QLatin1String("Ready") &&
+                   program_.session.state.Ctrlscrn == opstate::settingsOpen;
+        });
+    }
+
+    void take(QWidget& widget, const char* name) {
+        // What is drawn late, some time after its change, is to be on the picture.
+        QElapsedTimer timer;
+        timer.start();
+        constexpr int late = 260;
+        const float code = program_.session.state.Ctrlscrn;
+        const int interval = program_.timer.interval();
+        program_.timer.setInterval(0);
+        while (timer.elapsed() < late) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, late);
+        }
+        program_.timer.setInterval(interval);
+        if (program_.session.state.Ctrlscrn != code) {
+            throw std::runtime_error(std::string(name) + ": the program has gone on while its picture was taken");
+        }
+        const QString path = folder_ + u'/' + QString::fromLatin1(name) + QStringLiteral(".png");
+        constexpr int smallest = 0; // of the file, not of the picture's quality
+        if (!widget.grab().save(path, "PNG", smallest)) {
+            throw std::runtime_error("cannot write " + path.toStdString());
+        }
+        QTextStream(stdout) << path << Qt::endl;
+    }
+
+    /// Chooses a page as its key does.
+    void choosePage(Page page) {
+        for (int number = 1; program_.pages.shown.value() != page; ++number) {
+            auto* key = window_.findChild<QAction*>(QStringLiteral("ChoosePage%1").arg(number));
+            if (key == nullptr) {
+                throw std::runtime_error("no key leads to a page");
+            }
+            key->trigger();
+        }
+    }
+
+    void takeConnected() {
+        program_.autoConnect1();
+        waitUntilReady();
+        take(window_, "status");
+        SettingsWindow& settings = *window_.settingsWindow();
+        const std::pair<const char*, const char*> tabs[] = {{"Modes", "settings-modes"},
+                                                            {"Time and Date", "settings-time"},
+                                                            {"Control Bits", "settings-bits"},
+                                                            {"Sampling", "settings-sampling"},
+                                                            {"Calibration", "settings-calibration-trx"}};
+        for (const auto& [tab, name] : tabs) {
+            settings.chooseTab(QString::fromLatin1(tab));
+            take(settings, name);
+        }
+        settings.findChild<QPushButton*>(QStringLiteral("ViewCurrentSettingsTranscribedAsText"))->click();
+        auto* english = settings.findChild<QWidget*>(QStringLiteral("PlainEnglish"));
+        take(*english, "plain-english");
+        english->close();
+        settings.close();
+    }
+
+    void takeRun() {
+        program_.toggleServiceMode();
+        program_.debug.showParsing = true;
+        program_.debug.rawBuffer = false;
+        choosePage(Page::Debug);
+        program_.run();
+        constexpr int rows = 60;
+        waitFor("collecting", [this] { return program_.session.state.plc >= rows; });
+        take(window_, "debug");
+        program_.toggleServiceMode();
+        choosePage(Page::Status);
+        take(window_, "run");
+        choosePage(Page::Sheet);
+        take(window_, "sheet");
+        choosePage(Page::Graphical);
+        take(window_, "graphical");
+        choosePage(Page::Status);
+        program_.reset();
+        waitUntilReady();
+        window_.settingsWindow()->close();
+    }
+
+    void takeDownload() {
+        program_.clearAll();
+        program_.vwhp();
+        waitFor("downloading", [this] { return program_.progress.value * 2 >= program_.progress.maximum; });
+        take(*window_.findChild<QWidget*>(QStringLiteral("Processing")), "processing");
+        waitFor("downloading", [this] { return program_.session.commands.activity.value() == Activity::None; });
+    }
+
+    void takeCalibration() {
+        program_.toggleServiceMode();
+        choosePage(Page::Testing);
+        take(window_, "testing");
+        choosePage(Page::Calibration);
+        CalibrationPanel& panel = program_.calibrationPanel;
+        for (const char* name : {"TRX 1042", "TRX 1043"}) {
+            panel.instrumentName = QString::fromLatin1(name);
+            panel.colour = LightColour::Red;
+            program_.calibration.addInstrument();
+        }
+        program_.calibration.select(0);
+        for (int row = 0; row < BoxGrid<referenceRows.size()>::rowCount; ++row) {
+            for (int channel = 0; channel < channelCount; ++channel) {
+                constexpr int step = 300;
+                panel.reference.at(row, channel) = QString::number(step * (row + 1) + channel);
+            }
+        }
+        for (const int row : {0, 1, 2}) {
+            panel.selectedRow = row;
+            program_.calibration.calcdp();
+        }
+        take(window_, "calibration");
+        program_.toggleServiceMode();
+    }
+
+    /// Takes a picture of the dialog that comes up next and lets `answer` close it.
+    void takeNextDialog(const char* name, const std::function<void(QDialog&)>& answer) {
+        auto* wait = new QTimer(&window_);
+        QObject::connect(wait, &QTimer::timeout, &window_, [this, wait, name, answer] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (dialog != nullptr) {
+                wait->deleteLater();
+                wait->stop();
+                take(*dialog, name);
+                answer(*dialog);
+            }
+        });
+        constexpr int often = 20;
+        wait->start(often);
+    }
+
+    void takeSaving() {
+        takeNextDialog("question", [this](QDialog& question) {
+            takeNextDialog("save", [](QDialog& save) { save.reject(); });
+            qobject_cast<QMessageBox*>(&question)->button(QMessageBox::Yes)->click();
+        });
+        program_.ask();
+    }
+
+    void takeManual() {
+        program_.closePort();
+        program_.manualConnect(1);
+        take(*window_.findChild<QWidget*>(QStringLiteral("ManualConnection")), "manual-connection");
+        program_.manual.quit();
+        takeMessage();
+    }
+
+    void takeMessage() {
+        const QString device = program_.ports.device(1);
+        program_.ports.setDevice(1, QStringLiteral("/dev/ttyUSB7"));
+        program_.autoConnect1();
+        auto* box = window_.findChild<QMessageBox*>();
+        if (box == nullptr) {
+            throw std::runtime_error("nothing was said of the port that cannot be opened");
+        }
+        take(*box, "message");
+        box->close();
+        program_.closePort();
+        program_.ports.setDevice(1, device);
+    }
+
+    void takeGlow() {
+        program_.clearAll();
+        program_.autoConnect2();
+        waitUntilReady();
+        SettingsWindow& settings = *window_.settingsWindow();
+        settings.chooseTab(QStringLiteral("Calibration"));
+        take(settings, "settings-calibration-glow");
+        settings.close();
+        program_.closePort();
+    }
+
+    void takeAbout() {
+        auto* about = window_.findChild<QAction*>(QStringLiteral("About"));
+        about->trigger();
+        auto* dialog = window_.findChild<QDialog*>(QStringLiteral("AboutDialog"));
+        take(*dialog, "about");
+        dialog->close();
+    }
+
+    Program& program_;
+    MainWindow& window_;
+    QString folder_;
+};
+
+/// A folder whose path on the pictures of dialogs is always the same.
+void enterDocuments() {
+    const QString path = QDir::temp().absoluteFilePath(QStringLiteral("orv-pictures/Documents"));
+    QDir(path).removeRecursively();
+    if (!QDir().mkpath(path) || !QDir::setCurrent(path)) {
+        throw std::runtime_error("cannot enter " + path.toStdString());
+    }
+}
+
+int takePictures(const QString& folder, const QSize& size) {
+    CountedClock clock;
+    WindowEvents events;
+    MessageBoxes messages;
+    QuestionDialogs questions;
+    Program program({.clock = clock,
+                     .events = events,
+                     .messages = messages,
+                     .questions = questions,
+                     .makePort = [&clock](const QString& device) { return makePort(device, clock); }});
+    program.ports.setDevice(1, QStringLiteral("sim:trx?rate=8&records=500"));
+    program.ports.setDevice(2, QStringLiteral("sim:glow"));
+    MainWindow window(program, events);
+    messages.setParent(&window);
+    questions.setParent(&window);
+    if (!size.isEmpty()) {
+        window.resize(size);
+    }
+    Pictures(program, window, folder).take();
+    program.end();
+    events.endProgram();
+    return 0;
+}
+
+} // namespace
+
+} // namespace orv
+
+int main(int argc, char** argv) {
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("orvpictures"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ORV_VERSION));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QCommandLineParser parser;
+    parser.addPositionalArgument(QStringLiteral("folder"), QStringLiteral("Where the pictures go."));
+    const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("With dark colours."));
+    const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Of the main window."),
+                                  QStringLiteral("WIDTHxHEIGHT"));
+    parser.addOptions({dark, size});
+    parser.addHelpOption();
+    parser.process(application);
+    if (parser.positionalArguments().size() != 1) {
+        parser.showHelp(2);
+    }
+    QApplication::setStyle(new orv::ProgramStyle(QStringLiteral("Fusion")));
+    if (parser.isSet(dark)) {
+        QApplication::setPalette(orv::darkPalette());
+    }
+    const QStringList sides = parser.value(size).split(u'x');
+    const QSize wanted = sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
+    const QString folder = QDir().absoluteFilePath(parser.positionalArguments().constFirst());
+    try {
+        QDir().mkpath(folder);
+        orv::enterDocuments();
+        return orv::takePictures(folder, wanted);
+    } catch (const std::exception& error) {
+        QTextStream(stderr) << "Failed: " << error.what() << Qt::endl;
+        return 1;
+    }
+}
