@@ -123,7 +123,15 @@ retire
 serve "sim:trx?rate=27&baud=0"
 report "run, 27 rows/s, 19000 rows, sheet shown" "$(measured run-sheet share_percent "$line")" % 5
 report "run, 27 rows/s, 19000 rows, status shown" "$(measured run-status share_percent "$line")" % 1.5
+report "the same, graphical page shown, followed" "$(measured run-graph share_percent "$line")" % 8
+report "the same, graphical page shown, all rows" "$(measured run-graph-all share_percent "$line")" % 8
 retire
+for kind in "sim:glow?" "sim:trx?firmware=412&"; do
+    serve "${kind}rate=27&baud=0"
+    report "${kind%[?&]}: graphical page shown, followed" "$(measured run-graph share_percent "$line")" % 8
+    report "${kind%[?&]}: graphical page shown, all rows" "$(measured run-graph-all share_percent "$line")" % 8
+    retire
+done
 # The same with the characters one by one, as no port delivers them: each wakes the program.
 serve "sim:trx?rate=27&baud=10800"
 report "the same, sheet shown, characters one by one" "$(measured run-sheet share_percent "$line")" % 5

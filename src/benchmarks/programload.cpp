@@ -5,6 +5,7 @@
 //     idle                            connected, nothing to do: processor share
 //     wait                            the same inside waits of 1 s
 //     run-sheet, run-status           a run with 19000 rows on the sheet, that page shown: processor share
+//     run-graph, run-graph-all        the same with the graphical page, which follows the newest rows or shows all
 //     download-file, download-sheet   a whole download: its time over that of its bytes at 9600 baud
 //     memory                          20000 rows shown on the sheet: megabytes over the empty sheet (DEVICE unused)
 // DEVICE is what --com1 takes; an instrument in a process of its own (orvsim) keeps its cost out of the figures.
@@ -141,6 +142,10 @@ public:
             run(1);
         } else if (state == QLatin1String("run-status")) {
             run(0);
+        } else if (state == QLatin1String("run-graph")) {
+            run(2);
+        } else if (state == QLatin1String("run-graph-all")) {
+            run(2, "ShowAll");
         } else if (state == QLatin1String("download-file")) {
             download("DownloadText");
         } else if (state == QLatin1String("download-sheet")) {
@@ -203,20 +208,26 @@ private:
 
     void showPage(int index) { find<QTabBar>("TabStrip1")->setCurrentIndex(index); }
 
-    void run(int page) {
-        fillTo(program_.sheet, rowsBeforeRun);
+    /// `button` is pressed on the page once rows come.
+    void run(int page, const char* button = nullptr) {
+        fillTo(program_.sheet, rowsBeforeRun, program_.sheet.type().layout());
         program_.session.state.plc = rowsBeforeRun;
         program_.sheetPanel.counter = QString::number(rowsBeforeRun);
         showPage(0);
         find<QPushButton>("Command2")->click();
         showPage(page);
         waitFor("Running", connectLimit, [this] { return program_.session.state.plc > rowsBeforeRun; });
+        if (button != nullptr) {
+            find<QPushButton>(button)->click();
+        }
         live(settleTime);
         const PaintCount paints(find<QTableView>("fg1")->viewport());
+        const PaintCount plotPaints(find<QWidget>("Plot"));
         const int rows = program_.session.state.plc;
         share([this] { live(seconds_ * 1000); });
         print("rows_per_second", double(program_.session.state.plc - rows) / seconds_);
         print("grid_paints_per_second", double(paints.count) / seconds_);
+        print("plot_paints_per_second", double(plotPaints.count) / seconds_);
     }
 
     void download(const char* item) {

@@ -24,7 +24,7 @@ protected:
     GraphPageTest() {
         page.resize(980, 560);
         page.show();
-        QCoreApplication::processEvents();
+        settle();
     }
 
     void layOut(const char* letter, double firmware) {
@@ -47,6 +47,14 @@ protected:
             .arg(second / 3600)
             .arg(second / 60 % 60, 2, 10, QChar(u'0'))
             .arg(second % 60, 2, 10, QChar(u'0'));
+    }
+
+    /// Lets widgets take their room, which draws them.
+    static void settle() {
+        for (int round = 0; round < 5; ++round) {
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::processEvents();
+        }
     }
 
     void appendAndDraw(int rows) {

@@ -4,7 +4,9 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace orv {
 
@@ -182,7 +184,7 @@ void PlotCanvas::setTheme(const PlotTheme& theme) {
 QPen PlotCanvas::penOf(int curve) const {
     constexpr double emphasis = 2.5;
     return {theme_.curves[static_cast<std::size_t>(curve % PlotTheme::curveColours)],
-            curve == emphasised_ ? emphasis : 1.0};
+            curve == emphasised_ ? emphasis : lineWidth_};
 }
 
 QCPScatterStyle PlotCanvas::symbolOf(int curve, const QColor& background) const {
@@ -340,7 +342,9 @@ void PlotCanvas::paintEvent(QPaintEvent* event) {
 void PlotCanvas::paintPicture(QCPPainter& painter, int width, int height) {
     const QCP::AntialiasedElements notSmooth = notAntialiasedElements();
     const bool cursorSeen = cursorLine_->visible();
-    const QScopedValueRollback alike(emphasised_, -1);
+    const int emphasised = std::exchange(emphasised_, -1);
+    constexpr double paperWidth = 1.5;
+    const double screenWidth = std::exchange(lineWidth_, paperWidth);
     setNotAntialiasedElements(QCP::aeNone);
     cursorLine_->setVisible(false);
     applyTheme(paperTheme());
@@ -364,6 +368,8 @@ void PlotCanvas::paintPicture(QCPPainter& painter, int width, int height) {
     plotLayout()->take(legend);
     plotLayout()->simplify();
     axisRect()->insetLayout()->addElement(legend, Qt::AlignTop | Qt::AlignRight);
+    emphasised_ = emphasised;
+    lineWidth_ = screenWidth;
     applyTheme(theme_);
     cursorLine_->setVisible(cursorSeen);
     setNotAntialiasedElements(notSmooth);

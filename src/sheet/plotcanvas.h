@@ -81,6 +81,7 @@ private:
     int drawnPoints_ = 0;
     int cursor_ = -1;
     int emphasised_ = -1;
+    double lineWidth_ = 1.0;
     int drawings_ = 0;
 };
 
