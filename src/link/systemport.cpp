@@ -51,6 +51,7 @@ bool lineIsLost(QSerialPort::SerialPortError error, [[maybe_unused]] const QSeri
 #endif
 }
 
+#ifdef Q_OS_UNIX
 /// The first of the folders in which serial programs keep their lock files, as the port library searches them.
 QString lockFolder() {
     for (const QString& folder : {QStringLiteral("/var/lock"), QStringLiteral("/etc/locks"),
@@ -69,6 +70,7 @@ QString lockFilePath(const QString& folder, const QString& device) {
     }
     return folder + QLatin1String("/LCK..") + name.replace(QLatin1Char('/'), QLatin1Char('_'));
 }
+#endif
 
 } // namespace
 
