@@ -15,9 +15,17 @@ if [ ! -x "$program" ]; then
     echo "There is no $program. Build it: cmake --preset release && ninja -C build/release orvpictures" >&2
     exit 1
 fi
-export QT_QPA_PLATFORM=offscreen
+# A screen on which windows of twice the size have room.
+screen=$(mktemp)
+trap 'rm -f "$screen"' EXIT
+cat >"$screen" <<'END'
+{"screens": [{"name": "large", "x": 0, "y": 0, "width": 3840, "height": 2160,
+              "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}
+END
+export QT_QPA_PLATFORM=offscreen:configfile=$screen QT_LOGGING_RULES='qt.qpa.*=false'
 if [ $# -eq 0 ]; then
-    exec "$program" docs/pictures
+    "$program" docs/pictures
+    exit
 fi
 folder=$1
 shift

@@ -23,7 +23,7 @@ namespace orv {
 
 namespace {
 
-constexpr int limit = 60000; ///< Milliseconds for one step.
+constexpr int limit = 240000; ///< Milliseconds for one step, on a computer busy with other work.
 
 /// A clock that goes on by a few milliseconds whenever it is looked at, so that every picture shows the same date, time
 /// and rows whenever and wherever it is taken.
