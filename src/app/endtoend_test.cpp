@@ -150,7 +150,7 @@ TEST_P(MainRoad, FromConnectToSavedSheet) {
     EXPECT_EQ(contentsOf(folder.path("sheet.txt")).toStdString(), expectedSheetFile("sheet.txt").toStdString());
     EXPECT_FALSE(program.sheetPanel.unsaved);
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(folder.files().join(u' ').toStdString(), "Orvtemp.tmp log.ohp sheet.txt");
+    EXPECT_EQ(folder.files().join(u' ').toStdString(), "Orvtemp.tmp log.ohp orvhost.lock sheet.txt");
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, MainRoad, testing::ValuesIn(kinds),
@@ -214,7 +214,8 @@ TEST_F(EndToEndTest, ResetStopsARunAndConnectsAgainWithEveryRow) {
 
     program.run();
     ASSERT_TRUE(until([this, rows] { return program.session.state.plc > rows + 3; }));
-    EXPECT_EQ(folder.files().join(u' ').toStdString(), "Orvtemp-20261121-093017.tmp Orvtemp.tmp log.ohp")
+    EXPECT_EQ(folder.files().join(u' ').toStdString(),
+              "Orvtemp-20261121-093017.tmp Orvtemp.tmp Orvtemp.tmp.lock log.ohp orvhost.lock")
         << "the unsaved rows of the first run are kept";
     EXPECT_EQ(contentsOf(folder.path("Orvtemp-20261121-093017.tmp")).toStdString(), record.toStdString());
     EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).contains("\r\n" + QByteArray::number(rows + 1) + '\t'));

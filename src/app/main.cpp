@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QTextStream>
+#include <QTimer>
 
 namespace {
 
@@ -79,8 +80,9 @@ int main(int argc, char** argv) {
     if (!line.demoFolder.isEmpty()) {
         return orv::runDemo(program, window, messages, line.demoFolder);
     }
+    window.show(); // first, or it would cover what the start has to tell
     program.load();
-    window.show();
+    QTimer::singleShot(0, &window, [&program] { program.offerUnendedRun(); });
     const int status = QApplication::exec();
     messages.waitUntilRead();
     return status;

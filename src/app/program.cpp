@@ -63,7 +63,12 @@ Program::Program(const Surroundings& surroundings)
                    .panel = sheetPanel,
                    .questions = surroundings.questions})
     , automaticSave_(session, sheetRows_, sheetFiles_, sheetPanel)
-    , recordFile_(surroundings.clock, QStringLiteral("Orvtemp.tmp"))
+    , recordFile_(surroundings.clock, session.fileNames.record)
+    , runRecovery_({.session = session,
+                    .rows = sheetRows_,
+                    .files = sheetFiles_,
+                    .recordFile = recordFile_,
+                    .questions = surroundings.questions})
     , collection_({.session = session,
                    .ports = ports,
                    .poll = poll,
@@ -108,22 +113,10 @@ void Program::load() {
         }
         ports.debugsay(QStringLiteral("Form Loading"));
         fixit();
+        takePlace();
         openLog();
         timer.enable();
     });
-}
-
-void Program::openLog() {
-    const QString reason = log_.open(QStringLiteral("log.ohp"));
-    if (!reason.isEmpty()) {
-        session.messages.show(
-            {.title = QStringLiteral("ORV Host Program"),
-             .text = QStringLiteral("The log file log.ohp cannot be written in this folder: %1.\n\nThe "
-                                    "program works without it. Start it in a folder where you may "
-                                    "write files, so that log and record file are kept.")
-                         .arg(reason),
-             .icon = Message::Icon::Exclamation});
-    }
 }
 
 void Program::autoConnect1() {
@@ -265,6 +258,7 @@ bool Program::ask() {
 
 void Program::end() {
     closeRecordFile();
+    recordFile_.rowsDiscarded(); // the operator has been asked about what is not saved
     timer.setInterval(0);
     ports.close();
 }

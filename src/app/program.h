@@ -18,6 +18,8 @@
 #include "settings/settingscommands.h"
 #include "sheet/collection.h"
 #include "sheet/download.h"
+#include "sheet/folderplace.h"
+#include "sheet/runrecovery.h"
 
 #include <QSet>
 
@@ -46,8 +48,12 @@ public:
 
     // The operator's actions.
 
-    /// Start-up: opens the debug port if its box is ticked, resets everything, opens the log, starts the timer.
+    /// Start-up: opens the debug port if its box is ticked, resets everything, takes a place in the working directory
+    /// and opens the log there, starts the timer.
     void load();
+    /// Offers the rows of a run in the working directory that did not end; returns when the operator has answered. Once
+    /// after load(), with the window on the screen.
+    void offerUnendedRun();
     void autoConnect1();
     void autoConnect2();
     void manualConnect(int portNumber);
@@ -122,11 +128,13 @@ public:
 private:
     void prepareSheet();
     void takeWhatArrived();
+    void takePlace();
     void openLog();
     void dumpState();
     void dispatch();
     void act(const char* operation, const std::function<void()>& body);
 
+    FolderPlace place_;
     ProgramLog log_;
     SettingsReader settingsReader_;
     ClockDisplay clockDisplay_;
@@ -134,6 +142,7 @@ private:
     SheetFiles sheetFiles_;
     AutomaticSave automaticSave_;
     RecordFile recordFile_;
+    RunRecovery runRecovery_;
     Collection collection_;
     Download download_;
     AbortRun abortRun_;

@@ -27,10 +27,10 @@ void Poll::quary() {
         const QString reason = log_.write(block);
         if (!reason.isEmpty()) {
             session_.messages.show({.title = QStringLiteral("ORV Host Program"),
-                                    .text = QStringLiteral("The log file log.ohp can no longer be written: %1.\n\nThe "
+                                    .text = QStringLiteral("The log file %1 can no longer be written: %2.\n\nThe "
                                                            "program goes on; make room on the disk so that the log is "
                                                            "complete again.")
-                                                .arg(reason),
+                                                .arg(session_.fileNames.log, reason),
                                     .icon = Message::Icon::Exclamation});
         }
     } else if (!rxbuffer.contains('\n') && ports_.checkFailure()) {

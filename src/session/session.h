@@ -9,6 +9,12 @@
 
 namespace orv {
 
+/// The files of the program itself; other names if another program has taken these in the same folder.
+struct FileNames {
+    QString log = QStringLiteral("log.ohp");
+    QString record = QStringLiteral("Orvtemp.tmp");
+};
+
 /// What every procedure shares: the state, the panels of the main window that any of them may change, the clock and
 /// the way to tell the operator something.
 struct Session {
@@ -19,6 +25,7 @@ struct Session {
     SessionState state;
     StatusPanel status;
     CommandPanel commands;
+    FileNames fileNames;
     Clock& clock;
     OperatorMessages& messages;
 };

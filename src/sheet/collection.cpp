@@ -40,7 +40,7 @@ void Collection::startRunningProfile() {
     hasLine_ = false;
     unreadLines_ = 0;
     recordFailureTold_ = false;
-    tellRecordFailure(p_.recordFile.start(p_.rows.firmware()));
+    tellRecordFailure(p_.recordFile.start(p_.rows.connectedType()));
 }
 
 void Collection::profilemode() {
@@ -119,8 +119,9 @@ void Collection::closeRecordFile() {
     p_.session.commands.runEnabled = true;
     if (unreadLines_ > 0) {
         p_.session.status.notice =
-            unreadLines_ == 1 ? QStringLiteral("1 line could not be read; it is in log.ohp")
-                              : QStringLiteral("%1 lines could not be read; they are in log.ohp").arg(unreadLines_);
+            unreadLines_ == 1
+                ? QStringLiteral("1 line could not be read; it is in %1").arg(p_.session.fileNames.log)
+                : QStringLiteral("%1 lines could not be read; they are in %2").arg(unreadLines_).arg(p_.session.fileNames.log);
     }
 }
 
@@ -129,13 +130,12 @@ void Collection::tellRecordFailure(const QString& reason) {
         return;
     }
     recordFailureTold_ = true;
-    p_.session.messages.show(
-        {.title = QStringLiteral("ORV Host Program"),
-         .text = QStringLiteral("The record file Orvtemp.tmp cannot be written: %1.\n\nThe run goes "
-                                "on and every row is on the sheet. Save the sheet when the run "
-                                "has ended.")
-                     .arg(reason),
-         .icon = Message::Icon::Exclamation});
+    p_.session.messages.show({.title = QStringLiteral("ORV Host Program"),
+                              .text = QStringLiteral("The record file %1 cannot be written: %2.\n\nThe run goes "
+                                                     "on and every row is on the sheet. Save the sheet when the run "
+                                                     "has ended.")
+                                          .arg(p_.session.fileNames.record, reason),
+                              .icon = Message::Icon::Exclamation});
 }
 
 } // namespace orv

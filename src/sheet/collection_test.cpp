@@ -298,7 +298,8 @@ TEST_F(CollectionTest, CounterOverflowEndsTheRunOnceWithAllRowsKept) {
     startGlow();
     receive(line(1));
     session.state.plc = std::numeric_limits<qint16>::max();
-    const QStringList filesBefore = filesIn(folder);
+    QStringList filesBefore = filesIn(folder);
+    EXPECT_EQ(filesBefore.removeAll(QStringLiteral("Orvtemp.tmp.lock")), 1) << "the run's";
     instrument->input = line(2);
     try {
         tick();

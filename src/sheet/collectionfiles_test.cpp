@@ -108,7 +108,7 @@ TEST_F(CollectionFilesTest, SecondRunReplacesTheFirstOnesSavedRecord) {
     ASSERT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
     rows.clearSpreadSheet();
     collection.run1();
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|lake.txt");
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|lake.txt");
 }
 
 TEST_F(CollectionFilesTest, RecordOfRowsClearedUnsavedIsKept) {
@@ -138,11 +138,11 @@ TEST_F(CollectionFilesTest, The20000thRowSavesCountsAndClears) {
     panel.records = QStringLiteral("3");
     haveRows(19998);
     receive(line(1));
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp");
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock");
     EXPECT_EQ(sheet.rowCount(), 19999);
     debug.comm2Output = true;
     receive(line(2));
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|lake3.txt");
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|lake3.txt");
     const QByteArray saved = contentsOf(path("lake3.txt"));
     EXPECT_TRUE(
         saved.startsWith("F\t412 20000\r\nlake3.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\td\tt\t9\t\r"));
@@ -190,7 +190,7 @@ TEST_F(CollectionFilesTest, RecordOfAutomaticallySavedRowsNeedNotBeKept) {
     receive(line(1));
     collection.closeRecordFile();
     collection.run1();
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Untitled0.txt");
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|Untitled0.txt");
 }
 
 TEST_F(CollectionFilesTest, AutomaticSaveThatFailsKeepsTheRowsTellsOnceAndIsTriedAgainLater) {

@@ -195,8 +195,9 @@ void Download::finish() {
         p_.session.status.downloadedBytes = QString::number(bytes_);
         if (unread_ > 0) {
             p_.session.status.notice =
-                unread_ == 1 ? QStringLiteral("1 record could not be read; it is in log.ohp")
-                             : QStringLiteral("%1 records could not be read; they are in log.ohp").arg(unread_);
+                (unread_ == 1 ? QStringLiteral("1 record could not be read; it is in ")
+                              : QStringLiteral("%1 records could not be read; they are in ").arg(unread_)) +
+                p_.session.fileNames.log;
         }
     }
     end();
@@ -254,9 +255,9 @@ void Download::tellIncomplete(Target target) {
     } else if (savedOnTheWay_) {
         where = QStringLiteral("on the sheet and in the files that were saved automatically");
     }
-    const QString unread =
-        unread_ > 0 ? QStringLiteral(" %1 could not be read; log.ohp has what was received.").arg(recordsText(unread_))
-                    : QString();
+    const QString unread = unread_ > 0 ? QStringLiteral(" %1 could not be read; %2 has what was received.")
+                                             .arg(recordsText(unread_), p_.session.fileNames.log)
+                                       : QString();
     p_.session.messages.show(
         {.title = QStringLiteral("ORV Host Program"),
          .text = QStringLiteral("The download is incomplete: it was ended before the instrument had "

@@ -15,7 +15,7 @@
 
 namespace orv {
 
-QString keepUnderDatedName(const QString& path, const QDateTime& now) {
+QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* keptAs) {
     const QFileInfo info(path);
     if (!info.exists()) {
         return {};
@@ -27,7 +27,13 @@ QString keepUnderDatedName(const QString& path, const QDateTime& now) {
         name = QStringLiteral("%1-%2%3").arg(stem, QString::number(further), suffix);
     }
     QFile file(path);
-    return file.rename(info.dir().filePath(name)) ? QString() : file.errorString();
+    if (!file.rename(info.dir().filePath(name))) {
+        return file.errorString();
+    }
+    if (keptAs != nullptr) {
+        *keptAs = file.fileName();
+    }
+    return {};
 }
 
 void syncToDisk(int fileHandle) {

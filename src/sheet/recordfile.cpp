@@ -6,6 +6,8 @@
 #include "sheet/headerrows.h"
 #include "sheet/keptfile.h"
 
+#include <utility>
+
 namespace orv {
 
 namespace {
@@ -34,28 +36,47 @@ QByteArray headerText(const QDateTime& start, double firmware) {
 
 RecordFile::RecordFile(const Clock& clock, const QString& path)
     : clock_(clock)
-    , file_(path) {}
+    , file_(path)
+    , lock_(path) {}
 
-QString RecordFile::start(double firmware) {
+void RecordFile::setPath(const QString& path) {
+    file_.setFileName(path);
+    lock_ = RunLock(path);
+}
+
+QString RecordFile::start(const DataSheet::Type& type) {
     close();
-    if (holdsUnsavedRows()) {
-        const QString reason = keepUnderDatedName(file_.fileName(), clock_.now());
-        if (!reason.isEmpty()) {
-            return QStringLiteral("the rows of the run before could not be kept under another name (%1)").arg(reason);
-        }
+    if (file_.fileName().isEmpty()) {
+        return QStringLiteral("other programs use this folder");
+    }
+    QString reason = keepUnsavedRows();
+    if (!reason.isEmpty()) {
+        return reason;
     }
     begun_ = false;
+    recovered_ = false;
     saved_ = false;
     discarded_ = false;
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
         return file_.errorString();
     }
-    QString reason = appendWhole(file_, headerText(clock_.now(), firmware));
+    reason = appendWhole(file_, headerText(clock_.now(), type.firmware));
     begun_ = reason.isEmpty();
-    if (!begun_) {
+    if (begun_) {
+        // Not before the file of the run before is out of the way: a program that dies here leaves no row of that run
+        // to be taken for this one's.
+        lock_.put(type);
+    } else {
         file_.close();
     }
     return reason;
+}
+
+QString RecordFile::keepUnsavedRows() {
+    const QString reason = holdsUnsavedRows() ? keepUnderDatedName(file_.fileName(), clock_.now()) : QString();
+    return reason.isEmpty()
+               ? QString()
+               : QStringLiteral("the rows of the run before could not be kept under another name (%1)").arg(reason);
 }
 
 bool RecordFile::holdsUnsavedRows() const {
@@ -104,14 +125,40 @@ void RecordFile::close() {
         syncToDisk(file_.handle());
     }
     file_.close();
+    lock_.remove();
+}
+
+QString RecordFile::keepUnended(QString& keptAs) {
+    QString reason = keepUnderDatedName(file_.fileName(), clock_.now(), &keptAs);
+    if (reason.isEmpty()) {
+        lock_.remove();
+    }
+    return reason;
+}
+
+void RecordFile::takeUnendedFrom(const QString& otherPath) {
+    if (keepUnsavedRows().isEmpty()) {
+        QFile::remove(file_.fileName()); // without rows, if it is still there
+        if (QFile::rename(otherPath, file_.fileName())) {
+            lock_.takeFrom(RunLock(otherPath));
+        }
+    }
 }
 
 void RecordFile::rowsSaved() {
     saved_ = begun_;
+    forgetRecovered();
 }
 
 void RecordFile::rowsDiscarded() {
     discarded_ = discarded_ || !saved_;
+    forgetRecovered();
+}
+
+void RecordFile::forgetRecovered() {
+    if (std::exchange(recovered_, false)) {
+        lock_.remove();
+    }
 }
 
 } // namespace orv

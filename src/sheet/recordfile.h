@@ -2,6 +2,7 @@
 #pragma once
 
 #include "session/clock.h"
+#include "sheet/runlock.h"
 
 #include <QFile>
 #include <QString>
@@ -9,16 +10,24 @@
 namespace orv {
 
 /// The record file of a real-time run, "Orvtemp.tmp": a header and one line for each row, so that a long run is never
-/// lost. Each row reaches the operating system at once and the disk within a second.
+/// lost. Each row reaches the operating system at once and the disk within a second. While a run writes, a RunLock
+/// stands beside the file.
 ///
-/// An earlier run's file whose rows were not saved is kept under a dated name instead of being emptied.
+/// An earlier run's file whose rows were not saved is kept under a dated name instead of being emptied. That holds for
+/// the file of a run that did not end, too, even when its rows were recovered and saved: it is the only one that has
+/// what could not be read.
 class RecordFile {
 public:
     RecordFile(const Clock& clock, const QString& path);
 
-    /// Begins a run: closes the file of the run before, keeps it if need be, creates the new one and writes the header
-    /// for the firmware number. Returns the empty text, or why there is no record file now.
-    QString start(double firmware);
+    QString path() const { return file_.fileName(); }
+
+    /// Chooses another file; with the empty text there is none. Not during a run.
+    void setPath(const QString& path);
+
+    /// Begins a run: closes the file of the run before, keeps it if need be, creates the new one, writes the header for
+    /// the type's firmware number and puts the lock. Returns the empty text, or why there is no record file now.
+    QString start(const DataSheet::Type& type);
 
     bool isOpen() const { return file_.isOpen(); }
 
@@ -32,18 +41,41 @@ public:
     /// Closes the file with everything in it on the disk.
     void close();
 
+    /// Whether the file is of a run that did not end: its lock stands, but this program writes no run.
+    bool isUnended() const { return !file_.isOpen() && lock_.stands(); }
+    DataSheet::Type unendedType() const { return lock_.type(); }
+
+    /// The rows of the run that did not end are on the sheet. The lock stands until they are saved or discarded, so
+    /// that a program that dies before has its successor offer them again.
+    void unendedRecovered() { recovered_ = true; }
+
+    /// Removes the lock of a run that did not end; the file stays.
+    void dropUnended() { lock_.remove(); }
+
+    /// Keeps the file of the run that did not end under a dated name, `keptAs`, and then removes the lock. Returns the
+    /// empty text, or why the file could not be kept; then all is as before.
+    QString keepUnended(QString& keptAs);
+
+    /// Makes the other file, of a run that did not end, and its lock this file. The file that was here is kept if need
+    /// be. Best effort: what cannot be moved stays where it is.
+    void takeUnendedFrom(const QString& otherPath);
+
     /// The rows on the sheet have been saved elsewhere, so this file need not be kept. Does not count once rows have
     /// been discarded unsaved.
     void rowsSaved();
 
-    /// The sheet has been cleared.
+    /// The sheet has been cleared, or the program ends with the operator's consent.
     void rowsDiscarded();
 
 private:
     bool holdsUnsavedRows() const;
+    QString keepUnsavedRows();
+    void forgetRecovered();
 
     const Clock& clock_;
     QFile file_;
+    RunLock lock_;
+    bool recovered_ = false;    ///< The lock is of a dead program's run whose rows are on the sheet now.
     bool begun_ = false;        ///< The file is of a run of this program, not one found at its start.
     bool saved_ = false;        ///< Every row of the file is saved elsewhere.
     bool discarded_ = false;    ///< Some row of the file was discarded from the sheet before it was saved.

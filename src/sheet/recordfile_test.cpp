@@ -30,11 +30,18 @@ const QByteArray olderHeader("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\n"
                              "Data point\t\r\n"
                              "Date\tTime\tLED1\tLED2\tLED3\tREF3\r\n");
 
+DataSheet::Type trx(double firmware) {
+    return {.letter = QStringLiteral("V"), .firmware = firmware};
+}
+
 class RecordFileTest : public testing::Test {
 protected:
     QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
     QByteArray contents() const { return contentsOf(path("Orvtemp.tmp")); }
     QByteArray kept() const { return contentsOf(path("Orvtemp-20261121-093015.tmp")); }
+    qsizetype filesBesideTheLock() const {
+        return filesIn(folder).size() - (QFile::exists(path("Orvtemp.tmp.lock")) ? 1 : 0);
+    }
     void addRow() { ASSERT_EQ(file.append(QStringLiteral("1\t1/5/99\t9:05:07\t512")), QString()); }
 
     QTemporaryDir folder;
@@ -49,16 +56,16 @@ TEST_F(RecordFileTest, BeginsWithTheHeaderOfTheFirmware) {
         QByteArray header;
     } cases[] = {{512.0, newerHeader}, {500.0, newerHeader}, {499.0, olderHeader}, {0.0, olderHeader}};
     for (const auto& each : cases) {
-        EXPECT_EQ(file.start(each.firmware), QString());
+        EXPECT_EQ(file.start(trx(each.firmware)), QString());
         EXPECT_TRUE(file.isOpen());
         EXPECT_EQ(contents(), each.header) << "whole while the file is still open";
     }
-    EXPECT_EQ(filesIn(folder).size(), 1);
+    EXPECT_EQ(filesBesideTheLock(), 1);
 }
 
 TEST_F(RecordFileTest, FirstLineTellsDateAndTimeOfTheStart) {
     clock.advance(qint64{1000} * (5 * 3600 + 37 * 60 + 5));
-    file.start(412.0);
+    file.start(trx(412.0));
     clock.advance(60000);
     addRow();
     file.close();
@@ -66,7 +73,7 @@ TEST_F(RecordFileTest, FirstLineTellsDateAndTimeOfTheStart) {
 }
 
 TEST_F(RecordFileTest, EachRowIsInTheFileAtOnce) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     EXPECT_EQ(contents(), newerHeader + row);
     addRow();
@@ -79,87 +86,87 @@ TEST_F(RecordFileTest, EachRowIsInTheFileAtOnce) {
 TEST_F(RecordFileTest, WithoutAnOpenFileARowGoesNowhere) {
     EXPECT_EQ(file.append(QStringLiteral("1")), QString());
     file.close();
-    file.start(500.0);
+    file.start(trx(500.0));
     file.close();
     EXPECT_EQ(file.append(QStringLiteral("1")), QString());
     EXPECT_EQ(contents(), newerHeader);
 }
 
 TEST_F(RecordFileTest, EarlierRunsUnsavedRowsAreKeptUnderADatedName) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     file.close();
-    EXPECT_EQ(file.start(412.0), QString());
+    EXPECT_EQ(file.start(trx(412.0)), QString());
     EXPECT_EQ(kept(), newerHeader + row);
     EXPECT_EQ(contents(), olderHeader);
-    EXPECT_EQ(filesIn(folder).size(), 2);
+    EXPECT_EQ(filesBesideTheLock(), 2);
 }
 
 TEST_F(RecordFileTest, RunThatWasNotClosedIsKeptToo) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
-    EXPECT_EQ(file.start(500.0), QString());
+    EXPECT_EQ(file.start(trx(500.0)), QString());
     EXPECT_EQ(kept(), newerHeader + row);
     addRow();
     EXPECT_EQ(contents(), newerHeader + row);
 }
 
 TEST_F(RecordFileTest, EarlierRunWithoutRowsIsNotKept) {
-    file.start(500.0);
+    file.start(trx(500.0));
     file.close();
-    EXPECT_EQ(file.start(412.0), QString());
+    EXPECT_EQ(file.start(trx(412.0)), QString());
     EXPECT_EQ(contents(), olderHeader);
-    EXPECT_EQ(filesIn(folder).size(), 1);
+    EXPECT_EQ(filesBesideTheLock(), 1);
 }
 
 TEST_F(RecordFileTest, EarlierRunWhoseRowsWereSavedIsNotKept) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     file.close();
     file.rowsSaved();
     file.rowsDiscarded();
-    EXPECT_EQ(file.start(500.0), QString());
+    EXPECT_EQ(file.start(trx(500.0)), QString());
     EXPECT_EQ(contents(), newerHeader);
-    EXPECT_EQ(filesIn(folder).size(), 1);
+    EXPECT_EQ(filesBesideTheLock(), 1);
 }
 
 TEST_F(RecordFileTest, RowsAfterTheSaveAreUnsavedAgain) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     file.rowsSaved();
     addRow();
     file.close();
-    file.start(500.0);
+    file.start(trx(500.0));
     EXPECT_EQ(kept(), newerHeader + row + row);
 }
 
 TEST_F(RecordFileTest, RowsClearedUnsavedKeepTheFileEvenIfLaterRowsAreSaved) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     file.rowsDiscarded();
     addRow();
     file.close();
     file.rowsSaved();
-    file.start(500.0);
+    file.start(trx(500.0));
     EXPECT_EQ(kept(), newerHeader + row + row);
 }
 
 TEST_F(RecordFileTest, DiscardingOfOneRunDoesNotKeepTheNext) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     file.rowsDiscarded();
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     file.rowsSaved();
-    file.start(500.0);
-    EXPECT_EQ(filesIn(folder).size(), 2) << "the first run's file is kept, the second's is not";
+    file.start(trx(500.0));
+    EXPECT_EQ(filesBesideTheLock(), 2) << "the first run's file is kept, the second's is not";
     EXPECT_EQ(kept(), newerHeader + row);
 }
 
 TEST_F(RecordFileTest, FileOfAnEarlierProgramRunIsKeptWithItsRows) {
     fill(path("Orvtemp.tmp"), olderHeader + row);
     file.rowsSaved();
-    EXPECT_EQ(file.start(500.0), QString());
+    EXPECT_EQ(file.start(trx(500.0)), QString());
     EXPECT_EQ(kept(), olderHeader + row);
     EXPECT_EQ(contents(), newerHeader);
 }
@@ -168,28 +175,108 @@ TEST_F(RecordFileTest, FileOfAnEarlierProgramRunWithoutRowsIsNotKept) {
     for (const QByteArray& found : {QByteArray(), olderHeader, newerHeader, olderHeader.first(40)}) {
         fill(path("Orvtemp.tmp"), found);
         RecordFile fresh(clock, path("Orvtemp.tmp"));
-        EXPECT_EQ(fresh.start(500.0), QString());
-        EXPECT_EQ(filesIn(folder).size(), 1) << found.toStdString();
+        EXPECT_EQ(fresh.start(trx(500.0)), QString());
+        EXPECT_EQ(filesBesideTheLock(), 1) << found.toStdString();
     }
 }
 
 TEST_F(RecordFileTest, FileThatIsNoRecordFileIsKept) {
     const QByteArray foreign = "1\n2\n3\n4\n5\n6\n";
     fill(path("Orvtemp.tmp"), foreign);
-    file.start(500.0);
+    file.start(trx(500.0));
     EXPECT_EQ(kept(), foreign);
 }
 
 TEST_F(RecordFileTest, LongFileWithoutLineEndsIsKept) {
     const QByteArray foreign(100000, 'x');
     fill(path("Orvtemp.tmp"), foreign);
-    file.start(500.0);
+    file.start(trx(500.0));
     EXPECT_EQ(kept(), foreign);
+}
+
+TEST_F(RecordFileTest, ALockStandsBesideItWhileItIsWritten) {
+    EXPECT_FALSE(file.isUnended());
+    file.start({.letter = QStringLiteral("F"), .firmware = 310.0});
+    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("F\t310\r\n"));
+    EXPECT_FALSE(file.isUnended()) << "it is this program's run";
+    addRow();
+    file.rowsSaved();
+    file.rowsDiscarded();
+    EXPECT_TRUE(QFile::exists(path("Orvtemp.tmp.lock"))) << "a save during the run does not end it";
+    file.start(trx(512.0));
+    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t512\r\n"));
+    file.close();
+    EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+}
+
+TEST_F(RecordFileTest, RecoveredRowsKeepTheLockUntilTheyAreSavedOrDiscarded) {
+    for (const bool save : {true, false}) {
+        fill(path("Orvtemp.tmp"), newerHeader + row);
+        fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+        file.rowsDiscarded();
+        file.rowsSaved();
+        EXPECT_TRUE(file.isUnended()) << "not recovered yet";
+        file.unendedRecovered();
+        EXPECT_TRUE(file.isUnended());
+        save ? file.rowsSaved() : file.rowsDiscarded();
+        EXPECT_FALSE(file.isUnended());
+        EXPECT_EQ(contents(), newerHeader + row) << "the file stays";
+    }
+    file.start(trx(512.0));
+    EXPECT_EQ(kept(), newerHeader + row) << "even saved: it may hold what could not be read";
+}
+
+TEST_F(RecordFileTest, ARunAfterARecoveryKeepsTheFileAndTheLockIsItsOwn) {
+    fill(path("Orvtemp.tmp"), newerHeader + row);
+    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    file.unendedRecovered();
+    EXPECT_EQ(file.start(trx(412.0)), QString());
+    EXPECT_EQ(kept(), newerHeader + row);
+    addRow();
+    file.rowsSaved();
+    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t412\r\n")) << "this run goes on";
+    file.close();
+    EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+}
+
+TEST_F(RecordFileTest, AnUnendedRunIsKeptUnderADatedNameBeforeItsLockGoes) {
+    fill(path("Orvtemp.tmp"), newerHeader + row);
+    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    QString keptAs;
+    EXPECT_EQ(file.keepUnended(keptAs), QString());
+    EXPECT_EQ(keptAs, path("Orvtemp-20261121-093015.tmp"));
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp-20261121-093015.tmp");
+    EXPECT_EQ(kept(), newerHeader + row);
+}
+
+TEST_F(RecordFileTest, TakesOverAnotherFileAndKeepsItsOwn) {
+    for (const bool hasRows : {false, true}) {
+        fill(path("Orvtemp.tmp"), hasRows ? olderHeader + row : olderHeader);
+        fill(path("Orvtemp-2.tmp"), newerHeader + row + row);
+        fill(path("Orvtemp-2.tmp.lock"), "V\t512\r\n");
+        file.takeUnendedFrom(path("Orvtemp-2.tmp"));
+        EXPECT_TRUE(file.isUnended());
+        EXPECT_EQ(file.unendedType(), trx(512.0));
+        EXPECT_EQ(contents(), newerHeader + row + row);
+        EXPECT_EQ(filesIn(folder).join(u'|').toStdString(),
+                  hasRows ? "Orvtemp-20261121-093015.tmp|Orvtemp.tmp|Orvtemp.tmp.lock"
+                          : "Orvtemp.tmp|Orvtemp.tmp.lock");
+    }
+    EXPECT_EQ(kept(), olderHeader + row);
+}
+
+TEST_F(RecordFileTest, WithoutAPlaceThereIsNoFile) {
+    file.setPath(QString());
+    EXPECT_EQ(file.start(trx(500.0)), QStringLiteral("other programs use this folder"));
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_EQ(file.append(QStringLiteral("1")), QString());
+    file.close();
+    EXPECT_TRUE(filesIn(folder).isEmpty());
 }
 
 TEST_F(RecordFileTest, FolderThatDoesNotExistIsTold) {
     RecordFile lost(clock, path("nowhere/Orvtemp.tmp"));
-    EXPECT_NE(lost.start(500.0), QString());
+    EXPECT_NE(lost.start(trx(500.0)), QString());
     EXPECT_FALSE(lost.isOpen());
     EXPECT_EQ(lost.append(QStringLiteral("1")), QString());
     lost.close();
@@ -198,18 +285,18 @@ TEST_F(RecordFileTest, FolderThatDoesNotExistIsTold) {
 #ifdef Q_OS_UNIX
 TEST_F(RecordFileTest, FolderThatIsNotWritableIsTold) {
     const UnwritableFolder unwritable(folder);
-    EXPECT_NE(file.start(500.0), QString());
+    EXPECT_NE(file.start(trx(500.0)), QString());
     EXPECT_FALSE(file.isOpen());
 }
 
 TEST_F(RecordFileTest, UnsavedRowsThatCannotBeKeptAreNotDestroyed) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     file.close();
     {
         allowEveryone(path("Orvtemp.tmp"));
         const UnwritableFolder unwritable(folder);
-        const QString reason = file.start(500.0);
+        const QString reason = file.start(trx(500.0));
         EXPECT_TRUE(reason.startsWith(QLatin1String("the rows of the run before could not be kept")))
             << qPrintable(reason);
         EXPECT_FALSE(file.isOpen());
@@ -217,15 +304,41 @@ TEST_F(RecordFileTest, UnsavedRowsThatCannotBeKeptAreNotDestroyed) {
     EXPECT_EQ(contents(), newerHeader + row);
 }
 
+TEST_F(RecordFileTest, ARunWithoutARecordFileLeavesTheLockOfTheOneBefore) {
+    fill(path("Orvtemp.tmp"), newerHeader + row);
+    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    file.unendedRecovered();
+    {
+        const UnwritableFolder unwritable(folder);
+        EXPECT_NE(file.start(trx(412.0)), QString());
+        file.close();
+    }
+    EXPECT_TRUE(file.isUnended());
+    EXPECT_EQ(file.unendedType(), trx(512.0));
+    EXPECT_EQ(contents(), newerHeader + row);
+}
+
+TEST_F(RecordFileTest, AnUnendedRunThatCannotBeKeptStaysWithItsLock) {
+    fill(path("Orvtemp.tmp"), newerHeader + row);
+    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    {
+        const UnwritableFolder unwritable(folder);
+        QString keptAs;
+        EXPECT_NE(file.keepUnended(keptAs), QString());
+    }
+    EXPECT_TRUE(file.isUnended());
+    EXPECT_EQ(contents(), newerHeader + row);
+}
+
 TEST_F(RecordFileTest, FullDiskAtTheHeaderIsTold) {
     const FileSizeLimit limit(50);
-    EXPECT_NE(file.start(500.0), QString());
+    EXPECT_NE(file.start(trx(500.0)), QString());
     EXPECT_FALSE(file.isOpen());
     EXPECT_EQ(contents(), QByteArray());
 }
 
 TEST_F(RecordFileTest, FullDiskLeavesTheLastWholeRow) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     {
         const FileSizeLimit limit(static_cast<rlim_t>(newerHeader.size() + row.size() + 5));
@@ -241,7 +354,7 @@ TEST_F(RecordFileTest, FullDiskLeavesTheLastWholeRow) {
 
 #ifdef Q_OS_LINUX
 TEST_F(RecordFileTest, RowsReachTheDiskHalfASecondAfterTheFirstThatWaits) {
-    file.start(500.0);
+    file.start(trx(500.0));
     diskSyncs = 0;
     file.syncWhenDue();
     clock.advance(10000);
@@ -265,7 +378,7 @@ TEST_F(RecordFileTest, RowsReachTheDiskHalfASecondAfterTheFirstThatWaits) {
 }
 
 TEST_F(RecordFileTest, ClosingBringsWaitingRowsToTheDiskAndOnlyThen) {
-    file.start(500.0);
+    file.start(trx(500.0));
     addRow();
     diskSyncs = 0;
     file.close();

@@ -25,8 +25,7 @@ RowLayout SheetRows::connectedLayout() const {
 void SheetRows::layOutOnOpening() {
     const RowLayout layout = connectedLayout();
     if (layout != RowLayout::Unknown) {
-        sheet_.setHeader({.letter = session_.state.Vartemp, .firmware = firmware()},
-                         headerRow(HeaderPlace::GridOnOpening, layout));
+        sheet_.setHeader(connectedType(), headerRow(HeaderPlace::GridOnOpening, layout));
     }
 }
 
@@ -72,6 +71,11 @@ void SheetRows::replaceBy(LoadedSheet loaded) {
     panel_.counter = QString::number(session_.state.plc);
     session_.commands.sheetHoldsRows = session_.state.plc > 0;
     followNewest();
+}
+
+void SheetRows::recover(LoadedSheet recorded) {
+    replaceBy(std::move(recorded));
+    panel_.unsaved = session_.state.plc > 0;
 }
 
 void SheetRows::followNewest() {

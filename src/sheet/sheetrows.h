@@ -27,12 +27,16 @@ public:
     /// Replaces everything on the sheet by a loaded file; its rows are not unsaved.
     void replaceBy(LoadedSheet loaded);
 
+    /// The same with rows that no sheet file has: they are unsaved.
+    void recover(LoadedSheet recorded);
+
     /// Brings the last ten rows into view once there are more than 11.
     void followNewest();
 
     /// The layout of the connected instrument's data lines.
     RowLayout connectedLayout() const;
     double firmware() const;
+    DataSheet::Type connectedType() const { return {.letter = session_.state.Vartemp, .firmware = firmware()}; }
 
 private:
     void clear();

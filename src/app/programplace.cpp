@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/program.h"
+
+#include <QDir>
+
+namespace orv {
+
+void Program::offerUnendedRun() {
+    act("Start", [this] { runRecovery_.offer(); });
+}
+
+void Program::takePlace() {
+    place_.take();
+    FileNames& names = session.fileNames;
+    names = FileNames();
+    if (place_.number() == 0) {
+        recordFile_.setPath(QString());
+    } else {
+        names.log = FolderPlace::nameIn(place_.number(), names.log);
+        names.record = FolderPlace::nameIn(place_.number(), names.record);
+        recordFile_.setPath(names.record);
+        runRecovery_.takeOverFromFreePlaces(place_.number());
+    }
+    if (place_.otherProgram().isEmpty()) {
+        return;
+    }
+    const QString files = place_.number() == 0
+                              ? QStringLiteral("This program works without such files. Start it in another folder, so "
+                                               "that log and record file are kept.")
+                              : QStringLiteral("This program writes %1 and %2 instead.").arg(names.log, names.record);
+    session.messages.show(
+        {.title = QStringLiteral("ORV Host Program"),
+         .text =
+             QStringLiteral("Another ORV Host Program uses this folder (%1): %2\n\nIts log and record file are left "
+                            "alone. %3")
+                 .arg(place_.otherProgram(), QDir::currentPath(), files),
+         .icon = Message::Icon::Exclamation});
+}
+
+void Program::openLog() {
+    if (place_.number() == 0) {
+        return;
+    }
+    const QString reason = log_.open(session.fileNames.log);
+    if (!reason.isEmpty()) {
+        session.messages.show({.title = QStringLiteral("ORV Host Program"),
+                               .text = QStringLiteral("The log file %1 cannot be written in this folder: %2.\n\nThe "
+                                                      "program works without it. Start it in a folder where you may "
+                                                      "write files, so that log and record file are kept.")
+                                           .arg(session.fileNames.log, reason),
+                               .icon = Message::Icon::Exclamation});
+    }
+}
+
+} // namespace orv

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/folderplace.h"
+
+#include <QFileInfo>
+#include <QSysInfo>
+
+#include <utility>
+
+namespace orv {
+
+namespace {
+
+/// How long a lock file that does not say whose it is may be just being written, in milliseconds.
+constexpr int writingTime = 200;
+
+struct Holder {
+    qint64 process = 0;
+    QString computer;
+    QString program;
+};
+
+bool readHolder(const QLockFile& lock, Holder& holder) {
+    return lock.getLockInfo(&holder.process, &holder.computer, &holder.program);
+}
+
+bool tryToHold(QLockFile& lock) {
+    // Age says nothing: a program may run for months.
+    lock.setStaleLockTime(0);
+    if (lock.tryLock(0)) {
+        return true;
+    }
+    if (lock.error() != QLockFile::LockFailedError) {
+        return false;
+    }
+    if (Holder holder; !readHolder(lock, holder) && lock.tryLock(writingTime)) {
+        return true;
+    }
+    // A dead program's process id can be another one's of the same name by now, and a computer can have been renamed.
+    // What decides is the system's own lock on the file, which ends with the process: while it stands the file cannot
+    // be removed. One at a time, or the second would remove the new lock of the first.
+    QLockFile removal(lock.fileName() + QLatin1String(".rmlock"));
+    return removal.tryLock(0) && lock.removeStaleLockFile() && lock.tryLock(0);
+}
+
+QString describe(const QLockFile& lock) {
+    Holder holder;
+    if (!readHolder(lock, holder)) {
+        return QStringLiteral("its process is not known");
+    }
+    const QString process = QStringLiteral("process %1").arg(holder.process);
+    return holder.computer.isEmpty() || holder.computer == QSysInfo::machineHostName()
+               ? process
+               : QStringLiteral("%1 on the computer %2").arg(process, holder.computer);
+}
+
+} // namespace
+
+QString FolderPlace::nameIn(int number, const QString& name) {
+    if (number <= 1) {
+        return name;
+    }
+    const QFileInfo info(name);
+    return QStringLiteral("%1-%2.%3").arg(info.completeBaseName(), QString::number(number), info.suffix());
+}
+
+std::unique_ptr<QLockFile> FolderPlace::hold(int number) {
+    auto lock = std::make_unique<QLockFile>(nameIn(number, QStringLiteral("orvhost.lock")));
+    return tryToHold(*lock) ? std::move(lock) : nullptr;
+}
+
+void FolderPlace::take() {
+    for (number_ = 1; number_ <= mostPlaces; ++number_) {
+        lock_ = std::make_unique<QLockFile>(nameIn(number_, QStringLiteral("orvhost.lock")));
+        if (tryToHold(*lock_)) {
+            return;
+        }
+        if (lock_->error() != QLockFile::LockFailedError) {
+            otherProgram_.clear(); // a dead one's lock cannot be told from a living one's here
+            lock_.reset();
+            return;
+        }
+        if (number_ == 1) {
+            otherProgram_ = describe(*lock_);
+        }
+    }
+    number_ = 0;
+    lock_.reset();
+}
+
+} // namespace orv

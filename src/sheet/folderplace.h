@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLockFile>
+#include <QString>
+
+#include <memory>
+
+namespace orv {
+
+/// A program's place in a folder, so that two programs in one folder do not write to the same log and record file. The
+/// first program has place 1 and the plain names; the next have "log-2.ohp" and so on. A place is held for the life of
+/// the program by a lock file ("orvhost.lock", "orvhost-2.lock") and is free again when the program has ended, however
+/// that was.
+class FolderPlace {
+public:
+    /// More programs in one folder get none.
+    static constexpr int mostPlaces = 9;
+
+    FolderPlace() = default;
+    FolderPlace(const FolderPlace&) = delete;
+    FolderPlace& operator=(const FolderPlace&) = delete;
+
+    /// Takes the first free place in the working directory. Where no lock file can be made at all (the folder is not
+    /// writable) the place is had without one: nobody else can write there either.
+    void take();
+
+    /// 1 before `take`, 0 if every place is another program's.
+    int number() const { return number_; }
+
+    /// Which program has the first place: "process 4711", with the computer if that is another one. Empty if this one
+    /// has it.
+    QString otherProgram() const { return otherProgram_; }
+
+    /// A file's name in place `number`: "log.ohp", "log-2.ohp".
+    static QString nameIn(int number, const QString& name);
+
+    /// The lock of a place, held now; null if it is another program's or cannot be made.
+    static std::unique_ptr<QLockFile> hold(int number);
+
+private:
+    int number_ = 1;
+    QString otherProgram_;
+    std::unique_ptr<QLockFile> lock_;
+};
+
+} // namespace orv

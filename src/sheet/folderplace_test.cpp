@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/folderplace.h"
+
+#include "sheet/sheettest.h"
+
+#include <QCoreApplication>
+
+namespace orv {
+
+namespace {
+
+/// The tests stand in a folder of their own, where places are taken.
+class FolderPlaceTest : public testing::Test {
+protected:
+    FolderPlaceTest() { QDir::setCurrent(folder.path()); }
+    ~FolderPlaceTest() override { QDir::setCurrent(before); }
+
+    QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
+    std::string files() const { return filesIn(folder).join(u'|').toStdString(); }
+
+    /// The lock file of a place as this living program writes it.
+    QByteArray lockOfThisProgram() const {
+        FolderPlace place;
+        place.take();
+        return contentsOf(path("orvhost.lock"));
+    }
+
+    void expectFree(const QByteArray& foundLock) {
+        fill(path("orvhost.lock"), foundLock);
+        FolderPlace place;
+        place.take();
+        EXPECT_EQ(place.number(), 1) << foundLock.toStdString();
+        EXPECT_EQ(place.otherProgram(), QString());
+        EXPECT_EQ(files(), "orvhost.lock");
+    }
+
+    const QString before = QDir::currentPath();
+    const QTemporaryDir folder;
+};
+
+TEST_F(FolderPlaceTest, NamesOfTheFirstPlaceArePlain) {
+    EXPECT_EQ(FolderPlace::nameIn(1, QStringLiteral("log.ohp")), QStringLiteral("log.ohp"));
+    EXPECT_EQ(FolderPlace::nameIn(2, QStringLiteral("log.ohp")), QStringLiteral("log-2.ohp"));
+    EXPECT_EQ(FolderPlace::nameIn(9, QStringLiteral("Orvtemp.tmp")), QStringLiteral("Orvtemp-9.tmp"));
+}
+
+TEST_F(FolderPlaceTest, IsHeldForLifeAndLeavesNothing) {
+    {
+        FolderPlace place;
+        place.take();
+        EXPECT_EQ(place.number(), 1);
+        EXPECT_EQ(place.otherProgram(), QString());
+        EXPECT_EQ(files(), "orvhost.lock");
+    }
+    EXPECT_EQ(files(), "");
+}
+
+TEST_F(FolderPlaceTest, TheNextProgramHasTheNextPlaceAndKnowsWhoHasTheFirst) {
+    FolderPlace first;
+    first.take();
+    FolderPlace second;
+    second.take();
+    FolderPlace third;
+    third.take();
+    EXPECT_EQ(second.number(), 2);
+    EXPECT_EQ(third.number(), 3);
+    const QString process = QStringLiteral("process %1").arg(QCoreApplication::applicationPid());
+    EXPECT_EQ(second.otherProgram(), process);
+    EXPECT_EQ(third.otherProgram(), process);
+    EXPECT_EQ(files(), "orvhost-2.lock|orvhost-3.lock|orvhost.lock");
+    EXPECT_EQ(first.number(), 1) << "trying has not disturbed it";
+    EXPECT_FALSE(FolderPlace::hold(1));
+    EXPECT_TRUE(FolderPlace::hold(4));
+}
+
+TEST_F(FolderPlaceTest, APlaceThatBecameFreeIsTakenAgain) {
+    auto first = std::make_unique<FolderPlace>();
+    first->take();
+    FolderPlace second;
+    second.take();
+    first.reset();
+    FolderPlace third;
+    third.take();
+    EXPECT_EQ(third.number(), 1);
+}
+
+TEST_F(FolderPlaceTest, TheTenthProgramHasNone) {
+    std::vector<std::unique_ptr<FolderPlace>> places;
+    for (int number = 1; number <= FolderPlace::mostPlaces; ++number) {
+        places.push_back(std::make_unique<FolderPlace>());
+        places.back()->take();
+        EXPECT_EQ(places.back()->number(), number);
+    }
+    FolderPlace tenth;
+    tenth.take();
+    EXPECT_EQ(tenth.number(), 0);
+    EXPECT_NE(tenth.otherProgram(), QString());
+}
+
+TEST_F(FolderPlaceTest, ALockOfADeadProcessIsFree) {
+    QByteArray lock = lockOfThisProgram();
+    const QByteArray process = QByteArray::number(QCoreApplication::applicationPid());
+    ASSERT_TRUE(lock.startsWith(process + '\n')) << lock.toStdString();
+    constexpr int noProcess = 4194305; // beyond the most that Linux gives
+    expectFree(lock.replace(0, process.size(), QByteArray::number(noProcess)));
+}
+
+TEST_F(FolderPlaceTest, ADeadProgramsProcessIdGivenToThisOneIsFree) {
+    expectFree(lockOfThisProgram());
+}
+
+TEST_F(FolderPlaceTest, ALockFromAnotherBootIsFree) {
+    QByteArrayList lines = lockOfThisProgram().split('\n');
+    ASSERT_GE(lines.size(), 5);
+    lines[4] = "00000000-0000-0000-0000-000000000000";
+    expectFree(lines.join('\n'));
+}
+
+TEST_F(FolderPlaceTest, ALockOfAComputerThatWasRenamedIsFree) {
+    QByteArrayList lines = lockOfThisProgram().split('\n');
+    ASSERT_GE(lines.size(), 4);
+    lines[2] = "oldname";
+    expectFree(lines.join('\n'));
+    lines[3] = "0123456789abcdef0123456789abcdef"; // the disk came from another computer
+    expectFree(lines.join('\n'));
+}
+
+TEST_F(FolderPlaceTest, ALockThatAPowerFailureLeftEmptyIsFree) {
+    expectFree(QByteArray());
+    expectFree(QByteArray(64, '\0'));
+}
+
+TEST_F(FolderPlaceTest, AProgramOnAnotherComputerIsNamedWithIt) {
+    FolderPlace first;
+    first.take();
+    QByteArrayList lines = contentsOf(path("orvhost.lock")).split('\n');
+    lines[2] = "labpc7";
+    lines[3] = "0123456789abcdef0123456789abcdef";
+    fill(path("orvhost.lock"), lines.join('\n')); // the file is locked as before
+    FolderPlace second;
+    second.take();
+    EXPECT_EQ(second.number(), 2);
+    EXPECT_EQ(second.otherProgram(),
+              QStringLiteral("process %1 on the computer labpc7").arg(QCoreApplication::applicationPid()));
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(FolderPlaceTest, WhereNothingCanBeWrittenNoLockIsNeeded) {
+    const UnwritableFolder unwritable(folder);
+    FolderPlace place;
+    place.take();
+    EXPECT_EQ(place.number(), 1);
+    EXPECT_EQ(place.otherProgram(), QString());
+    EXPECT_EQ(files(), "");
+}
+
+TEST_F(FolderPlaceTest, ALockThatStaysInAFolderMadeUnwritableIsNoOtherProgram) {
+    fill(path("orvhost.lock"), lockOfThisProgram());
+    const UnwritableFolder unwritable(folder);
+    FolderPlace place;
+    place.take();
+    EXPECT_EQ(place.otherProgram(), QString());
+    EXPECT_NE(place.number(), 0);
+}
+#endif
+
+} // namespace
+
+} // namespace orv

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "sheet/loadedsheet.h"
+
+namespace orv {
+
+/// What can be read of the record file of a run that did not end.
+struct RecordedRows {
+    LoadedSheet sheet;           ///< Type and rows, each with the number it had; `error` if the file cannot be read.
+    bool typeGuessed = false;    ///< The type was told by the rows and the header, the firmware only by its generation.
+    bool cutOff = false;         ///< The last line had no end and is left out.
+    int unreadableLines = 0;     ///< Other lines that are no rows; they are left out.
+    bool hasEarlierRows = false; ///< The sheet was cleared (saved automatically, say) during the run; rows from before
+                                 ///< that are left out.
+};
+
+/// Reads the rows that a run had on the sheet: those behind the last place where the numbers begin anew. `type` as the
+/// run's lock tells it. Lines may end CR LF or LF. At most the last 16 MB are read; a sheet is a quarter of that. There
+/// are no rows in a file that does not exist.
+RecordedRows readRecordedRows(const QString& path, const DataSheet::Type& type);
+
+} // namespace orv

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "sheet/recordedrows.h"
+#include "sheet/recordfile.h"
+#include "sheet/sheetfiles.h"
+#include "sheet/sheetrows.h"
+
+namespace orv {
+
+/// Offers the rows of a run that did not end because the program or the computer died. At every moment the rows are in
+/// the record file with its lock, or in a file under a dated name, so a program that dies here loses nothing either.
+class RunRecovery {
+public:
+    struct Parts {
+        Session& session;
+        SheetRows& rows;
+        SheetFiles& files;
+        RecordFile& recordFile;
+        OperatorQuestions& questions;
+    };
+
+    explicit RunRecovery(const Parts& parts);
+
+    /// If no run in this program's place waits to be recovered: takes over one that a program in another place has left
+    /// when it died. Several programs in one folder may die at once, and only one be started again.
+    void takeOverFromFreePlaces(int ownPlace);
+
+    /// Asks whether to load the rows of a run that did not end. Yes brings them to the sheet, unsaved; the record file
+    /// stays until the next run, which keeps it under a dated name. No keeps it under a dated name now. Nothing is
+    /// asked if no row can be read; a file with anything else in it is kept and told.
+    void offer();
+
+private:
+    void load(RecordedRows found);
+    void keep(const QString& what);
+    void tell(const QString& text);
+
+    Parts p_;
+};
+
+} // namespace orv
