@@ -119,9 +119,10 @@ void Collection::closeRecordFile() {
     p_.session.commands.runEnabled = true;
     if (unreadLines_ > 0) {
         p_.session.status.notice =
-            unreadLines_ == 1
-                ? QStringLiteral("1 line could not be read; it is in %1").arg(p_.session.fileNames.log)
-                : QStringLiteral("%1 lines could not be read; they are in %2").arg(unreadLines_).arg(p_.session.fileNames.log);
+            unreadLines_ == 1 ? QStringLiteral("1 line could not be read; it is in %1").arg(p_.session.fileNames.log)
+                              : QStringLiteral("%1 lines could not be read; they are in %2")
+                                    .arg(unreadLines_)
+                                    .arg(p_.session.fileNames.log);
     }
 }
 

@@ -63,7 +63,7 @@ void CurveList::setCurves(const QStringList& names, const std::vector<bool>& sho
         auto* box = new QCheckBox;
         box->setObjectName(QStringLiteral("Curve%1").arg(curve + 1));
         box->setIconSize(QSize(28, 14));
-        box->setToolTip(QStringLiteral("Shows or hides this curve."));
+        box->setToolTip(QStringLiteral("Shows or hides this curve (Alt+%1).").arg(curve + 1));
         box->installEventFilter(this);
         connect(box, &QCheckBox::toggled, this, [this, curve](bool on) { actions_.switched(curve, on); });
         auto* value = makeValue(QStringLiteral("ReadoutValue%1").arg(curve + 1), QString());
@@ -76,9 +76,18 @@ void CurveList::setCurves(const QStringList& names, const std::vector<bool>& sho
         const auto& [box, value] = lines_[curve];
         const QSignalBlocker quiet(box);
         box->setText(QString(name).replace(u'&', QLatin1String("&&")));
+        // A letter of the name would change with the header row; a new text takes the shortcut away.
+        box->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(curve))));
         box->setAccessibleName(QStringLiteral("Curve %1").arg(name));
         box->setChecked(shown[curve]);
         value->setAccessibleName(QStringLiteral("Value of %1").arg(name));
+    }
+}
+
+void CurveList::followInTabOrder(QWidget* before) {
+    for (const Line& line : lines_) {
+        setTabOrder(before, line.box);
+        before = line.box;
     }
 }
 

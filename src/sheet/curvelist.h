@@ -34,6 +34,8 @@ public:
 
     /// Lays the curves out anew.
     void setCurves(const QStringList& names, const std::vector<bool>& shown);
+    /// Makes the Tab key lead from `before` through the curves: those made later would stand behind everything.
+    void followInTabOrder(QWidget* before);
     void setSwatches(const std::vector<QIcon>& swatches);
     void show(const Readout& readout);
 

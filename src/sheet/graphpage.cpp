@@ -195,6 +195,7 @@ void GraphPage::relay() {
         canvas_->setShown(curve, shown_[static_cast<std::size_t>(curve)]);
     }
     list_->setCurves(names, shown_);
+    list_->followInTabOrder(canvas_);
     refreshTheme();
 }
 

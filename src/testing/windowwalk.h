@@ -149,8 +149,10 @@ private:
         }
     }
 
-    void takeKey(const QString& text, const QString& who) {
-        const QString key = QKeySequence::mnemonic(text).toString();
+    void takeKey(const QString& text, const QString& who) { takeKey(QKeySequence::mnemonic(text), who); }
+
+    void takeKey(const QKeySequence& sequence, const QString& who) {
+        const QString key = sequence.toString();
         if (key.isEmpty()) {
             return;
         }
@@ -203,8 +205,9 @@ private:
                     takeKey(strip->tabText(index), QStringLiteral("The tab ") + strip->tabText(index));
                 }
             } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
-                takeKey(button->text(), describe(*widget));
-                if (QKeySequence::mnemonic(button->text()).isEmpty() && exemption_(*widget).isEmpty()) {
+                // The access key is in the text or set beside it.
+                takeKey(button->shortcut(), describe(*widget));
+                if (button->shortcut().isEmpty() && exemption_(*widget).isEmpty()) {
                     find(*widget, QStringLiteral("has no access key"));
                 }
             }
