@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -21,6 +22,21 @@ QLabel* makeValue(const QString& name, const QString& accessibleName) {
     label->setAccessibleName(accessibleName);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
+}
+
+/// The box with the shutter reset's step: nothing can be typed there, so it does not look as if.
+QLineEdit* makeProgressBox() {
+    auto* box = new QLineEdit;
+    box->setObjectName(QStringLiteral("Text38"));
+    box->setAccessibleName(QStringLiteral("Shutter reset progress"));
+    box->setToolTip(QStringLiteral("The step of the shutter reset under way."));
+    box->setReadOnly(true);
+    box->setFrame(false);
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    box->setPalette(palette);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("Restoring Orignal Settings 00000000")));
+    return box;
 }
 
 void enlarge(QLabel* label, double factor) {
@@ -70,7 +86,7 @@ QWidget* StatusPage::makeStatusBox(Program& program) {
     auto* box = new QGroupBox(QStringLiteral("Status"));
     auto* status = makeValue(QStringLiteral("Label20"), QStringLiteral("Status"));
     enlarge(status, 2.2);
-    auto* shutter = makeValue(QStringLiteral("Text38"), QStringLiteral("Shutter reset progress"));
+    auto* shutter = makeProgressBox();
     auto* countdown = makeValue(QStringLiteral("ShutterCountdown"), QStringLiteral("Time the shutter still moves"));
     auto* notice = makeValue(QStringLiteral("Notice"), QStringLiteral("Remark"));
     notice->setWordWrap(true);

@@ -45,13 +45,13 @@ QWidget* TestingPage::makeProgress(Session& session) {
     form->setContentsMargins(0, 0, 0, 0);
 
     auto* status = new QLabel;
-    status->setObjectName(QStringLiteral("Label20"));
+    status->setObjectName(QStringLiteral("TestingStatus"));
     status->setAccessibleName(QStringLiteral("Status"));
     bindings_.bind(session.status.status, [status](const QString& text) { status->setText(text); });
     form->addRow(QStringLiteral("Status:"), status);
 
     auto* progress = new QLineEdit;
-    progress->setObjectName(QStringLiteral("Text38"));
+    progress->setObjectName(QStringLiteral("TestingProgress"));
     progress->setReadOnly(true);
     QPalette shown = progress->palette();
     shown.setColor(QPalette::Base, shown.color(QPalette::Window)); // nothing can be typed here
@@ -61,7 +61,7 @@ QWidget* TestingPage::makeProgress(Session& session) {
     bindings_.bind(session.status.shutterProgress, [progress](const QString& text) { progress->setText(text); });
 
     auto* countdown = new QLabel;
-    countdown->setObjectName(QStringLiteral("ShutterCountdown"));
+    countdown->setObjectName(QStringLiteral("TestingCountdown"));
     countdown->setAccessibleName(QStringLiteral("Time left"));
     countdown->setToolTip(QStringLiteral("How long the shutter still moves."));
     countdown->setMinimumWidth(countdown->fontMetrics().horizontalAdvance(QStringLiteral("00 s ")));

@@ -57,10 +57,10 @@ TEST_F(TestingPageTest, ShowsStatusStepAndCountdown) {
     session.status.status = QStringLiteral("Resetting Shutter");
     session.status.shutterProgress = QStringLiteral("Moving Shutter");
     session.status.shutterCountdown = QStringLiteral("29 s");
-    EXPECT_EQ(control<QLabel>(page, "Label20").text().toStdString(), "Resetting Shutter");
-    EXPECT_EQ(control<QLineEdit>(page, "Text38").text().toStdString(), "Moving Shutter");
-    EXPECT_TRUE(control<QLineEdit>(page, "Text38").isReadOnly());
-    EXPECT_EQ(control<QLabel>(page, "ShutterCountdown").text().toStdString(), "29 s");
+    EXPECT_EQ(control<QLabel>(page, "TestingStatus").text().toStdString(), "Resetting Shutter");
+    EXPECT_EQ(control<QLineEdit>(page, "TestingProgress").text().toStdString(), "Moving Shutter");
+    EXPECT_TRUE(control<QLineEdit>(page, "TestingProgress").isReadOnly());
+    EXPECT_EQ(control<QLabel>(page, "TestingCountdown").text().toStdString(), "29 s");
 }
 
 } // namespace
