@@ -2,6 +2,7 @@
 #include "calibration/calibrationpage.h"
 
 #include <QButtonGroup>
+#include <QEvent>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -160,16 +161,28 @@ QListWidget* CalibrationPage::makeList() {
     };
     bindings_.bind(panel_.current, [highlightShown](qint16) { highlightShown(); });
     bindings_.bind(panel_.worksheetCaption, [highlightShown](const QString&) { highlightShown(); });
+    list->viewport()->installEventFilter(this);
     // A key moves to another entry; a click counts also on the entry that is current already.
     // Taking the focus makes an entry current without selecting it; only a choice shows an instrument.
     connect(list, &QListWidget::itemSelectionChanged, this, [this, list] {
         if (!list->selectedItems().isEmpty()) {
+            chosenByPress_ = true;
             actions_.select(list->currentRow());
         }
     });
-    connect(list, &QListWidget::itemClicked, this,
-            [this, list](QListWidgetItem* item) { actions_.select(list->row(item)); });
+    connect(list, &QListWidget::itemClicked, this, [this, list](QListWidgetItem* item) {
+        if (!chosenByPress_) {
+            actions_.select(list->row(item));
+        }
+    });
     return list;
+}
+
+bool CalibrationPage::eventFilter(QObject* /*watched*/, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) {
+        chosenByPress_ = false;
+    }
+    return false;
 }
 
 QWidget* CalibrationPage::makeNavigation() {

@@ -22,6 +22,9 @@ public:
     /// Panel and actions outlive the page.
     CalibrationPage(CalibrationPanel& panel, CalibrationActions& actions, QWidget* parent = nullptr);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QGroupBox* makeInstruments();
     QWidget* makeColours();
@@ -38,6 +41,7 @@ private:
 
     CalibrationPanel& panel_;
     CalibrationActions& actions_;
+    bool chosenByPress_ = false; ///< The press of the click under way has chosen an entry of the list already.
     Bindings bindings_;
 };
 

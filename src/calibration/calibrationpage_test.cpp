@@ -152,6 +152,10 @@ TEST_F(CalibrationPageTest, AnEighthInstrumentIsListedAndTold) {
     }
     EXPECT_EQ(list().count(), 8);
     EXPECT_EQ(messages.shown.size(), 1U);
+    for (std::size_t clicks = 1; clicks <= 2; ++clicks) {
+        clickEntry(7);
+        EXPECT_EQ(messages.shown.size(), 1U + clicks) << "a click is one choice";
+    }
 }
 
 TEST_F(CalibrationPageTest, CalcDpFillsTheSelectedRowAndItsResults) {
