@@ -12,6 +12,8 @@
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace orv {
 
 namespace {
@@ -143,7 +145,12 @@ SheetPage::SheetPage(DataSheet& sheet, SheetPanel& panel, const CommandPanel& co
     bindings_.bind(panel.counter, [counter](const QString& text) { counter->setText(text); });
     bindings_.bind(panel.records, [records](const QString& text) { records->setText(text); });
     bindings_.bind(panel.topRow, [this](int) { schedule(); });
-    bindings_.bind(panel.currentRow, [this](int) { schedule(); });
+    const auto visit = [this](int) {
+        visitPending_ = true;
+        schedule();
+    };
+    bindings_.bind(panel.currentRow, visit);
+    bindings_.bind(panel.currentColumn, visit); // changes also when the same cell is the last one visited again
     bindings_.bind(commands.canSaveAs, [save](bool can) { save->setEnabled(can); });
     bindings_.bind(commands.canOpenSheet, [open](bool can) { open->setEnabled(can); });
     bindings_.bind(commands.canClearAll, [clear](bool can) { clear->setEnabled(can); });
@@ -165,8 +172,7 @@ void SheetPage::refreshNow() {
         shownTop_ = 0;
     }
     const QModelIndex visited = model_.index(panel_.currentRow - 1, panel_.currentColumn);
-    if (visited.isValid() && visited != grid_->currentIndex() && panel_.currentRow != shownCurrentRow_) {
-        shownCurrentRow_ = panel_.currentRow;
+    if (std::exchange(visitPending_, false) && visited.isValid() && visited != grid_->currentIndex()) {
         grid_->selectionModel()->setCurrentIndex(visited, QItemSelectionModel::NoUpdate);
     }
     // The grid's row 0 is the header, so grid row n is row n - 1 of the table.

@@ -46,7 +46,7 @@ private:
     QTimer refreshTimer_;
     bool stale_ = false;
     int shownTop_ = 0;
-    int shownCurrentRow_ = 0;
+    bool visitPending_ = false; ///< A procedure has visited a cell since the grid was drawn.
     std::vector<Listeners::Subscription> subscriptions_;
     Bindings bindings_;
 };

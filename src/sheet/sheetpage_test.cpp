@@ -296,5 +296,26 @@ TEST_F(SheetPageTest, CaptionsToolTipsAndTheFileName) {
     EXPECT_EQ(find<QLabel>("RecordsCounter").text().toStdString(), "2");
 }
 
+TEST_F(SheetPageTest, ACellVisitedAgainIsCurrentAgain) {
+    for (int row = 0; row < 4; ++row) {
+        addRow();
+    }
+    const auto visitLastCell = [this] {
+        for (const int column : {3, 4, 5}) {
+            panel.currentColumn = column;
+            panel.currentRow = 4;
+        }
+        page->refreshNow();
+    };
+    visitLastCell();
+    EXPECT_EQ(grid->currentIndex(), grid->model()->index(3, 5));
+    grid->setCurrentIndex(grid->model()->index(0, 0)); // the operator's click
+    append(1);
+    page->refreshNow();
+    EXPECT_EQ(grid->currentIndex(), grid->model()->index(0, 0)) << "a row that comes does not move it";
+    visitLastCell();
+    EXPECT_EQ(grid->currentIndex(), grid->model()->index(3, 5));
+}
+
 } // namespace
 } // namespace orv
