@@ -183,7 +183,10 @@ QWidget* DebugScreen::makeStatusRow() {
     status->setAccessibleName(QStringLiteral("Status"));
     auto* statusLayout = new QHBoxLayout(statusFrame);
     statusLayout->addWidget(status);
-    bindings_.bind(p_.session.status.status, [status](const QString& text) { status->setText(text); });
+    bindings_.bind(p_.session.status.status, [status](const QString& text) {
+        status->setText(text);
+        status->repaint(); // a procedure that does not yield may follow
+    });
 
     auto* caption = new QLabel(QStringLiteral("Buffer"));
     auto* buffer = makeValueLabel(QStringLiteral("Buffer"));
