@@ -207,7 +207,9 @@ void Program::about() {
 
 void Program::setComm2Output(bool ticked) {
     debug.comm2Output = ticked;
-    if (ticked && !ports.openDebugPort()) {
+    if (!ticked) {
+        ports.closeDebugPort();
+    } else if (!ports.openDebugPort()) {
         debug.comm2Output = false;
     }
 }

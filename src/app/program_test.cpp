@@ -35,7 +35,7 @@ TEST_F(ProgramTest, AResetWritesNothingWhenTheBoxIsCleared) {
     tickDebugOutput();
     program.setComm2Output(false);
     program.fixit();
-    EXPECT_TRUE(com2.isOpen());
+    EXPECT_FALSE(com2.isOpen()) << "COM 2 is free for the instrument again";
     EXPECT_EQ(said(), "");
 }
 

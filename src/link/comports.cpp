@@ -66,7 +66,7 @@ bool ComPorts::open() {
     const QString reason = openLine(
         selected_, debugPort_,
         QStringLiteral("The debug output (\"Comm 2 Debug Output\") is using it. Connect the instrument to the other "
-                       "port, or clear the box, quit and start the program again."));
+                       "port, or clear the box."));
     if (!reason.isEmpty()) {
         tellThatItCouldNotBeOpened(nameOf(selected_), reason);
         return false;
@@ -158,6 +158,13 @@ bool ComPorts::openDebugPort() {
     return true;
 }
 
+void ComPorts::closeDebugPort() {
+    if (isDebugPortOpen()) {
+        debugPort_->close();
+        setUse(std::exchange(debugPort_, nullptr), PortUse::None);
+    }
+}
+
 void ComPorts::debugsay(const QString& text) {
     if (!debug_.comm2Output || debugPort_ == nullptr) {
         return;
@@ -167,8 +174,7 @@ void ComPorts::debugsay(const QString& text) {
         debugPort_->write(text.toLatin1() + '\r');
         return;
     }
-    debugPort_->close();
-    setUse(std::exchange(debugPort_, nullptr), PortUse::None);
+    closeDebugPort();
     debug_.comm2Output = false;
     session_.messages.show(
         {.title = QStringLiteral("ORV Host Program"),

@@ -62,6 +62,8 @@ public:
     /// Opens the debug port; nothing happens if it is open. Returns whether it is open now; if not, the operator has
     /// been told why.
     bool openDebugPort();
+    /// Closes the debug port, so that COM 2 is free again; nothing happens if it is closed.
+    void closeDebugPort();
     bool isDebugPortOpen() const { return debugPort_ != nullptr; }
 
     /// Writes the text and CR to the debug port if "Comm 2 Debug Output" is ticked. A closed port is ignored; one that

@@ -131,8 +131,11 @@ TEST(ComPorts, refuseTheInstrumentThePortOfTheDebugOutput) {
     EXPECT_EQ(
         rig.messages.shown[0].text,
         QStringLiteral("COM 2 (ttyB) could not be opened.\n\nThe debug output (\"Comm 2 Debug Output\") is using it. "
-                       "Connect the instrument to the other port, or clear the box, quit and start the program "
-                       "again."));
+                       "Connect the instrument to the other port, or clear the box."));
+    rig.ports.closeDebugPort();
+    EXPECT_TRUE(rig.ports.open());
+    EXPECT_TRUE(rig.com2.isOpen());
+    EXPECT_EQ(rig.messages.shown.size(), 1U);
 }
 
 TEST(ComPorts, refuseTheDebugOutputThePortOfTheInstrument) {

@@ -46,7 +46,9 @@ QString lockReason(int portNumber, PortUse use) {
                    "COM %1 is open. \"Close Port\" in the menu \"Operation\" lets you choose another device.")
             .arg(portNumber);
     case PortUse::DebugOutput:
-        return QStringLiteral("The debug output uses COM %1 until the program ends.").arg(portNumber);
+        return QStringLiteral(
+                   "The debug output uses COM %1. Clear \"Comm 2 Debug Output\" on the debug screen to free it.")
+            .arg(portNumber);
     case PortUse::None:
         break;
     }

@@ -198,7 +198,8 @@ TEST_F(PortChoicesTest, APortOfTheInstrumentKeepsItsDeviceUntilItIsClosed) {
 
 TEST_F(PortChoicesTest, APortOfTheDebugOutputKeepsItsDevice) {
     rig.tickDebugOutput();
-    EXPECT_EQ(choices.panel[2].lock.value().toStdString(), "The debug output uses COM 2 until the program ends.");
+    EXPECT_EQ(choices.panel[2].lock.value().toStdString(),
+              "The debug output uses COM 2. Clear \"Comm 2 Debug Output\" on the debug screen to free it.");
     EXPECT_FALSE(isLocked(1));
     choose(2, "ttyC");
     EXPECT_EQ(device(2), "ttyB");
