@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/programstyle.h"
 
+#include <QStyleOptionButton>
+
 #include <algorithm>
 #include <cmath>
 
@@ -36,6 +38,20 @@ QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     // A style that leaves room already keeps it.
     const bool tight = type == CT_PushButton && proposed.width() < size.width() + room.width();
     return tight ? proposed.expandedTo(size + room) : proposed;
+}
+
+void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    const bool isButton = element == CE_PushButtonBevel || element == CE_PushButtonLabel;
+    if (!isButton || button == nullptr || (button->state & State_On) == 0) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    QStyleOptionButton coloured(*button);
+    coloured.palette.setColor(QPalette::Button, button->palette.color(QPalette::Highlight));
+    coloured.palette.setColor(QPalette::ButtonText, button->palette.color(QPalette::HighlightedText));
+    QProxyStyle::drawControl(element, &coloured, painter, widget);
 }
 
 void ProgramStyle::polish(QPalette& palette) {

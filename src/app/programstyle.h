@@ -5,8 +5,8 @@
 
 namespace orv {
 
-/// The desktop's own style with two amends: buttons leave some room around their text, and what is disabled can still
-/// be read.
+/// The desktop's own style with three amends: buttons leave some room around their text, a button that is switched on
+/// stands out in light and dark, and what is disabled can still be read.
 class ProgramStyle final : public QProxyStyle {
 public:
     using QProxyStyle::polish;
@@ -14,6 +14,8 @@ public:
 
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                            const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
     void polish(QPalette& palette) override;
 };
 

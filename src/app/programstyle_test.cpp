@@ -38,5 +38,25 @@ TEST(ProgramStyleTest, AButtonLeavesRoomAroundItsText) {
     EXPECT_GE(button.sizeHint().width(), button.fontMetrics().horizontalAdvance(button.text()) + 16);
 }
 
+TEST(ProgramStyleTest, AButtonThatIsSwitchedOnHasTheHighlightsColour) {
+    ProgramStyle style(QStringLiteral("Fusion"));
+    for (const QColor& ground : {QColor(239, 239, 239), QColor(45, 45, 48)}) {
+        QPushButton button;
+        button.setStyle(&style);
+        button.setCheckable(true);
+        QPalette palette(ground);
+        palette.setColor(QPalette::Highlight, QColor(0, 90, 200));
+        button.setPalette(palette);
+        button.resize(80, 30);
+        const auto blueness = [&button] {
+            const QColor middle = button.grab().toImage().pixelColor(40, 15);
+            return middle.blue() - middle.red();
+        };
+        const int off = blueness();
+        button.setChecked(true);
+        EXPECT_GT(blueness(), off + 60);
+    }
+}
+
 } // namespace
 } // namespace orv
