@@ -50,7 +50,7 @@ GraphPage::GraphPage(const Parts& parts, QWidget* parent)
                            .regarded =
                                [this](int curve) {
                                    canvas_->emphasise(curve);
-                                   canvas_->draw();
+                                   canvas_->drawNow();
                                }}))
     , note_(new QLabel) {
     setObjectName(QStringLiteral("GraphicalPage"));
@@ -179,7 +179,7 @@ void GraphPage::refreshNow() {
     showMode();
     tellWhatIsMissing();
     readOut(pointed_);
-    canvas_->draw();
+    canvas_->drawNow();
 }
 
 void GraphPage::relay() {
@@ -273,6 +273,7 @@ void GraphPage::readOut(int point) {
 void GraphPage::refreshTheme() {
     canvas_->setTheme(plotTheme(palette()));
     std::vector<QIcon> swatches;
+    swatches.reserve(static_cast<std::size_t>(data_.curveCount()));
     for (int curve = 0; curve < data_.curveCount(); ++curve) {
         swatches.push_back(canvas_->swatch(curve));
     }

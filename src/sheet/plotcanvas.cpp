@@ -26,10 +26,10 @@ QCPGraphData dataPoint(const PlotData& data, int curve, int point) {
 
 } // namespace
 
-PlotCanvas::PlotCanvas(const PlotData& curves, const Actions& actions, QWidget* parent)
+PlotCanvas::PlotCanvas(const PlotData& curves, Actions actions, QWidget* parent)
     : QCustomPlot(parent)
     , data_(curves)
-    , actions_(actions)
+    , actions_(std::move(actions))
     , theme_(paperTheme()) {
     setAccessibleName(QStringLiteral("Curves of the data sheet"));
     setAccessibleDescription(
@@ -234,7 +234,7 @@ void PlotCanvas::placeSymbols() {
     }
 }
 
-void PlotCanvas::draw() {
+void PlotCanvas::drawNow() {
     replot(rpQueuedRefresh);
 }
 
@@ -373,7 +373,7 @@ void PlotCanvas::paintPicture(QCPPainter& painter, int width, int height) {
     applyTheme(theme_);
     cursorLine_->setVisible(cursorSeen);
     setNotAntialiasedElements(notSmooth);
-    draw();
+    drawNow();
 }
 
 QIcon PlotCanvas::swatch(int curve) const {
@@ -389,7 +389,7 @@ QIcon PlotCanvas::swatch(int curve) const {
     const QCPScatterStyle symbol = symbolOf(curve, theme_.background);
     symbol.applyTo(&painter, painter.pen());
     symbol.drawShape(&painter, QPointF(width / 2.0, height / 2.0));
-    return QIcon(pixmap);
+    return {pixmap};
 }
 
 } // namespace orv

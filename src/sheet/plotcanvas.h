@@ -12,7 +12,7 @@
 
 namespace orv {
 
-/// Draws the curves and takes the operator's mouse and keys. It draws when draw() is called, when it is resized, and
+/// Draws the curves and takes the operator's mouse and keys. It draws when drawNow() is called, when it is resized, and
 /// while the operator zooms, drags or moves the cursor.
 class PlotCanvas final : public QCustomPlot {
 public:
@@ -25,7 +25,7 @@ public:
     };
 
     /// `curves` outlives the canvas.
-    PlotCanvas(const PlotData& curves, const Actions& actions, QWidget* parent = nullptr);
+    PlotCanvas(const PlotData& curves, Actions actions, QWidget* parent = nullptr);
 
     /// Lays all curves out anew after they have been replaced; every one is shown and the cursor goes.
     void relay();
@@ -44,7 +44,7 @@ public:
     /// Takes over the widget's font.
     void refreshFont();
 
-    void draw();
+    void drawNow();
     /// How often curves have been drawn on the screen.
     int drawings() const { return drawings_; }
 
