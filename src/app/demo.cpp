@@ -40,6 +40,7 @@ public:
 
     void run() {
         window_.show();
+        window_.prepareAllPages();
         program_.load();
         connect();
         collect();

@@ -30,6 +30,10 @@ namespace orv {
 
 namespace {
 
+/// How long after the window has been shown the pages that are not seen at first are made, in milliseconds: making them
+/// before would delay the window by a quarter.
+constexpr int preparationDelay = 50;
+
 /// Lets a page be seen whole in a window that is smaller than it, instead of enlarging the window.
 QWidget* scrollable(QWidget* page) {
     auto* area = new QScrollArea;
@@ -48,7 +52,6 @@ MainWindow::MainWindow(Program& program, WindowEvents& events)
     speakLabelValues();
     setObjectName(QStringLiteral("MainWindow"));
     auto* centre = new QWidget;
-    makePages();
     makeTabStrips(centre);
     setCentralWidget(centre);
     makeMenus();
@@ -70,29 +73,41 @@ MainWindow::MainWindow(Program& program, WindowEvents& events)
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::makePages() {
+void MainWindow::addPage(Page page, QWidget* widget) {
+    widget->hide();
+    pageArea_->layout()->addWidget(widget);
+    pages_[page] = widget;
+}
+
+void MainWindow::prepareAllPages() {
+    if (sheetPage_ != nullptr) {
+        return;
+    }
     sheetPage_ = new SheetPage(program_.sheet, program_.sheetPanel, program_.session.commands,
                                {.saveAs = [this] { program_.saveAs(); },
                                 .open = [this] { program_.openSheet(); },
                                 .clearAll = [this] { program_.clearAll(); }});
-    pages_[Page::Status] = scrollable(new StatusPage(program_, {.run = [this] { program_.run(); },
-                                                                .reset = [this] { program_.reset(); },
-                                                                .resetShutter = [this] { program_.resetShutter(); }}));
-    pages_[Page::Sheet] = sheetPage_;
+    addPage(Page::Sheet, sheetPage_);
     graphPage_ = new GraphPage({.sheet = program_.sheet,
                                 .panel = program_.sheetPanel,
                                 .commands = program_.session.commands,
                                 .messages = program_.session.messages,
                                 .questions = program_.questions});
-    pages_[Page::Graphical] = graphPage_;
-    pages_[Page::Debug] = new DebugScreen({.session = program_.session,
-                                           .ports = program_.ports,
-                                           .debug = program_.debug,
-                                           .pages = program_.pages,
-                                           .directSend = program_.directSend,
-                                           .setComm2Output = [this](bool ticked) { program_.setComm2Output(ticked); }});
-    pages_[Page::Testing] = scrollable(new TestingPage(program_.session, [this] { program_.resetShutter(); }));
-    pages_[Page::Calibration] = scrollable(new CalibrationPage(program_.calibrationPanel, program_.calibration));
+    addPage(Page::Graphical, graphPage_);
+    addPage(Page::Debug, new DebugScreen({.session = program_.session,
+                                          .ports = program_.ports,
+                                          .debug = program_.debug,
+                                          .pages = program_.pages,
+                                          .directSend = program_.directSend,
+                                          .setComm2Output = [this](bool ticked) { program_.setComm2Output(ticked); }}));
+    addPage(Page::Testing, scrollable(new TestingPage(program_.session, [this] { program_.resetShutter(); })));
+    addPage(Page::Calibration, scrollable(new CalibrationPage(program_.calibrationPanel, program_.calibration)));
+    // What is made later stands at the end of the tab order; the service strip comes after every page.
+    QWidget* last = previousInFocusChain();
+    while ((last->focusPolicy() & Qt::TabFocus) == 0 && last != lowerTabs_) {
+        last = last->previousInFocusChain();
+    }
+    setTabOrder(last, lowerTabs_);
 }
 
 void MainWindow::makeTabStrips(QWidget* centre) {
@@ -110,9 +125,9 @@ void MainWindow::makeTabStrips(QWidget* centre) {
     pageArea_ = new QWidget;
     auto* pageLayout = new QVBoxLayout(pageArea_);
     pageLayout->setContentsMargins(0, 0, 0, 0);
-    for (const auto& [page, widget] : pages_) {
-        pageLayout->addWidget(widget);
-    }
+    addPage(Page::Status, scrollable(new StatusPage(program_, {.run = [this] { program_.run(); },
+                                                               .reset = [this] { program_.reset(); },
+                                                               .resetShutter = [this] { program_.resetShutter(); }})));
     auto* layout = new QVBoxLayout(centre);
     auto* upperRow = new QHBoxLayout;
     upperRow->addWidget(upperTabs_);
@@ -168,6 +183,9 @@ QLabel* MainWindow::makeSimulationMarker() {
 }
 
 void MainWindow::showPage(Page page) {
+    if (page != Page::Status && page != Page::None) {
+        prepareAllPages();
+    }
     // Two pages shown together, even for a moment, would enlarge the window for good.
     for (const auto& [candidate, widget] : pages_) {
         if (candidate != page) {
@@ -334,6 +352,7 @@ void MainWindow::comeForward() {
 }
 
 void MainWindow::refreshNow() {
+    prepareAllPages();
     sheetPage_->refreshNow();
     graphPage_->refreshNow();
 }
@@ -354,6 +373,11 @@ void MainWindow::quitNow() {
     program_.end();
     events_.endProgram();
     QCoreApplication::exit(0); // quit() would close message boxes that have not been read
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    QTimer::singleShot(preparationDelay, this, [this] { prepareAllPages(); });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

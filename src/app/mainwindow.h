@@ -29,17 +29,21 @@ public:
     /// The settings screen; null before its first use.
     SettingsWindow* settingsWindow() const { return settingsWindow_.get(); }
 
+    /// Makes the pages that do not exist yet. The window does so soon after it is shown and when one is chosen.
+    void prepareAllPages();
+
     /// Brings everything on the screen up to date, for screenshots.
     void refreshNow();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void makeMenus();
     void makeConnectMenu(QMenu* operation);
-    void makePages();
+    void addPage(Page page, QWidget* widget);
     void makeTabStrips(QWidget* centre);
     QLabel* makeSimulationMarker();
     void makeShortcuts();

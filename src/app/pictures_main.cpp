@@ -69,6 +69,7 @@ public:
     void take() {
         program_.load();
         window_.show();
+        window_.prepareAllPages();
         take(window_, "offline");
         takeConnected();
         takeRun();

@@ -59,6 +59,7 @@ protected:
         program.setComm2Output(true);
         window = std::make_unique<MainWindow>(program, events);
         window->show();
+        window->prepareAllPages();
     }
 
     /// What has been written to the debug port since the last call.

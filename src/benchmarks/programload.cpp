@@ -124,6 +124,7 @@ public:
 
     void measure(const QString& state) {
         window_.show();
+        window_.prepareAllPages();
         program_.load();
         if (state == QLatin1String("memory")) {
             memory();
