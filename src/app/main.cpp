@@ -55,7 +55,6 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setStyle(new orv::ProgramStyle);
     QGuiApplication::setDesktopFileName(QStringLiteral(ORV_ID));
-    QApplication::setWindowIcon(orv::applicationIcon());
     orv::SystemClock clock;
     orv::WindowEvents events;
     orv::MessageBoxes messages;
@@ -82,7 +81,10 @@ int main(int argc, char** argv) {
     }
     window.show(); // first, or it would cover what the start has to tell
     program.load();
-    QTimer::singleShot(0, &window, [&program] { program.offerUnendedRun(); });
+    QTimer::singleShot(0, &window, [&program] {
+        QApplication::setWindowIcon(orv::applicationIcon()); // reading it before would delay the window
+        program.offerUnendedRun();
+    });
     const int status = QApplication::exec();
     messages.waitUntilRead();
     return status;
