@@ -11,8 +11,8 @@
 namespace orv {
 
 Program::Program(const Surroundings& surroundings)
-    : questions(surroundings.questions)
-    , session(surroundings.clock, surroundings.messages)
+    : session(surroundings.clock, surroundings.messages)
+    , questions(surroundings.questions, session)
     , ports(session, debug, surroundings.makePort)
     , portChoices({.ports = ports, .portList = surroundings.portList, .deviceProblem = surroundings.deviceProblem})
     , wait(surroundings.clock, surroundings.events, ports)
@@ -40,13 +40,13 @@ Program::Program(const Surroundings& surroundings)
                       .settings = settings,
                       .progress = progress})
     , settingsCommands(session, ports, settings, progress, settingsSender)
-    , modes(session, ports, settings, settingsSender, surroundings.questions)
-    , deviceFiles(session, settings, surroundings.questions)
+    , modes(session, ports, settings, settingsSender, questions)
+    , deviceFiles(session, settings, questions)
     , calibration({.session = session,
                    .sheet = sheet,
                    .sheetPanel = sheetPanel,
                    .panel = calibrationPanel,
-                   .questions = surroundings.questions})
+                   .questions = questions})
     , settingsReader_({.session = session,
                        .ports = ports,
                        .items = connectItems,
@@ -61,14 +61,14 @@ Program::Program(const Surroundings& surroundings)
                    .sheet = sheet,
                    .rows = sheetRows_,
                    .panel = sheetPanel,
-                   .questions = surroundings.questions})
+                   .questions = questions})
     , automaticSave_(session, sheetRows_, sheetFiles_, sheetPanel)
     , recordFile_(surroundings.clock, session.fileNames.record)
     , runRecovery_({.session = session,
                     .rows = sheetRows_,
                     .files = sheetFiles_,
                     .recordFile = recordFile_,
-                    .questions = surroundings.questions})
+                    .questions = questions})
     , collection_({.session = session,
                    .ports = ports,
                    .poll = poll,
@@ -84,7 +84,7 @@ Program::Program(const Surroundings& surroundings)
                  .rows = sheetRows_,
                  .panel = sheetPanel,
                  .automaticSave = automaticSave_,
-                 .questions = surroundings.questions})
+                 .questions = questions})
     , abortRun_(session, connectItems, ports, connection, manual, *this)
     , shutterReset_({.session = session,
                      .ports = ports,

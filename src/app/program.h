@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/ownfileskept.h"
 #include "app/pagepanel.h"
 #include "calibration/calibrationactions.h"
 #include "calibration/devicefile.h"
@@ -96,8 +97,8 @@ public:
     void layOutHeaderRow() override;
     void closeRecordFile() override;
 
-    OperatorQuestions& questions;
     Session session;
+    OwnFilesKept questions;
     DebugPanel debug;
     ConnectionPanel connectItems;
     SettingsPanel settings;
