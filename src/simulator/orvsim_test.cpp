@@ -48,11 +48,9 @@ TEST(Orvsim, HelpAndVersionExitWithZero) {
 }
 
 TEST(Orvsim, BadArgumentsExitWithTwoAndAMessage) {
-    const QList<QStringList> bad{{QStringLiteral("sim:boat")},
-                                 {QStringLiteral("sim:trx?rate=no")},
-                                 {QStringLiteral("--loud")},
-                                 {QStringLiteral("--link=")},
-                                 {QStringLiteral("sim:trx"), QStringLiteral("sim:glow")}};
+    const QList<QStringList> bad{{QStringLiteral("sim:boat")}, {QStringLiteral("sim:trx?rate=no")},
+                                 {QStringLiteral("--loud")},   {QStringLiteral("--help-all")},
+                                 {QStringLiteral("--link=")},  {QStringLiteral("sim:trx"), QStringLiteral("sim:glow")}};
     for (const QStringList& arguments : bad) {
         const Ended ended = run(arguments);
         EXPECT_EQ(ended.status, 2) << qPrintable(arguments.join(u' '));
