@@ -5,14 +5,19 @@
 #include "app/mainwindow.h"
 #include "app/messageboxes.h"
 #include "app/programstyle.h"
+#include "link/portlist.h"
 #include "settings/settingswindow.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QTextStream>
 #include <QTimer>
@@ -40,6 +45,21 @@ private:
     mutable qint64 elapsed_ = 0;
 };
 
+/// The ports of a computer with two serial adapters.
+class TwoAdapters final : public PortList {
+public:
+    std::vector<ListedPort> ports() override {
+        return {{.name = QStringLiteral("ttyS0"), .description = {}, .manufacturer = {}},
+                {.name = QStringLiteral("ttyUSB0"),
+                 .description = QStringLiteral("USB Serial Converter"),
+                 .manufacturer = {}},
+                {.name = QStringLiteral("ttyUSB1"),
+                 .description = QStringLiteral("USB Serial Converter"),
+                 .manufacturer = {}}};
+    }
+    bool mayHaveChanged() override { return false; }
+};
+
 QPalette darkPalette() {
     const QColor window(45, 45, 48);
     const QColor base(30, 30, 32);
@@ -59,18 +79,31 @@ QPalette darkPalette() {
     return palette;
 }
 
+/// Folders of its own, emptied: their paths on the pictures of dialogs are always the same.
+QString emptyFolder(const char* name) {
+    QString path = QDir::temp().absoluteFilePath(QStringLiteral("orv-pictures/") + QString::fromLatin1(name));
+    QDir(path).removeRecursively();
+    if (!QDir().mkpath(path)) {
+        throw std::runtime_error("cannot make " + path.toStdString());
+    }
+    return path;
+}
+
 class Pictures {
 public:
-    Pictures(Program& program, MainWindow& window, QString folder)
+    /// `crashFolder` gets, and for the recovery has, what a crash in the middle of a run leaves.
+    Pictures(Program& program, MainWindow& window, QString folder, QString crashFolder)
         : program_(program)
         , window_(window)
-        , folder_(std::move(folder)) {}
+        , folder_(std::move(folder))
+        , crashFolder_(std::move(crashFolder)) {}
 
     void take() {
         program_.load();
         window_.show();
         window_.prepareAllPages();
         take(window_, "offline");
+        takePorts();
         takeConnected();
         takeRun();
         takeDownload();
@@ -79,6 +112,19 @@ public:
         takeManual();
         takeGlow();
         takeAbout();
+    }
+
+    /// In a folder that a crash has left; by a program of its own.
+    void takeRecovery() {
+        program_.load();
+        window_.show();
+        takeNextDialog("recovery", [](QDialog& question) {
+            qobject_cast<QMessageBox*>(&question)->button(QMessageBox::Yes)->click();
+        });
+        program_.offerUnendedRun();
+        if (program_.session.state.plc == 0) {
+            throw std::runtime_error("no rows were offered");
+        }
     }
 
 private:
@@ -103,6 +149,11 @@ private:
     }
 
     void take(QWidget& widget, const char* name) {
+        letDraw(name);
+        save(widget.grab(), name);
+    }
+
+    void letDraw(const char* name) {
         // What is drawn late, some time after its change, is to be on the picture.
         QElapsedTimer timer;
         timer.start();
@@ -117,9 +168,12 @@ private:
         if (program_.session.state.Ctrlscrn != code) {
             throw std::runtime_error(std::string(name) + ": the program has gone on while its picture was taken");
         }
+    }
+
+    void save(const QPixmap& picture, const char* name) {
         const QString path = folder_ + u'/' + QString::fromLatin1(name) + QStringLiteral(".png");
         constexpr int smallest = 0; // of the file, not of the picture's quality
-        if (!widget.grab().save(path, "PNG", smallest)) {
+        if (!picture.save(path, "PNG", smallest)) {
             throw std::runtime_error("cannot write " + path.toStdString());
         }
         QTextStream(stdout) << path << Qt::endl;
@@ -134,6 +188,21 @@ private:
             }
             key->trigger();
         }
+    }
+
+    /// The upper part of the window with a chooser's list, which is a window of its own.
+    void takePorts() {
+        auto* chooser = window_.findChild<QComboBox*>(QStringLiteral("PortChooser1"));
+        chooser->showPopup();
+        letDraw("ports");
+        QWidget& list = *chooser->view()->window();
+        QPixmap picture = window_.grab();
+        const QPoint place = window_.mapFromGlobal(list.mapToGlobal(QPoint(0, 0)));
+        QPainter(&picture).drawPixmap(place, list.grab());
+        constexpr int margin = 24;
+        const double height = (place.y() + list.height() + margin) * picture.devicePixelRatio();
+        save(picture.copy(0, 0, picture.width(), static_cast<int>(height)), "ports");
+        chooser->hidePopup();
     }
 
     void takeConnected() {
@@ -169,6 +238,7 @@ private:
         program_.toggleServiceMode();
         choosePage(Page::Status);
         take(window_, "run");
+        keepAsAfterACrash();
         choosePage(Page::Sheet);
         take(window_, "sheet");
         choosePage(Page::Graphical);
@@ -177,6 +247,14 @@ private:
         program_.reset();
         waitUntilReady();
         window_.settingsWindow()->close();
+    }
+
+    void keepAsAfterACrash() {
+        for (const char* name : {"Orvtemp.tmp", "Orvtemp.tmp.lock"}) {
+            if (!QFile::copy(QString::fromLatin1(name), crashFolder_ + u'/' + QString::fromLatin1(name))) {
+                throw std::runtime_error(std::string("cannot copy ") + name);
+            }
+        }
     }
 
     void takeDownload() {
@@ -281,27 +359,29 @@ private:
     Program& program_;
     MainWindow& window_;
     QString folder_;
+    QString crashFolder_;
 };
 
-/// A folder whose path on the pictures of dialogs is always the same.
-void enterDocuments() {
-    const QString path = QDir::temp().absoluteFilePath(QStringLiteral("orv-pictures/Documents"));
-    QDir(path).removeRecursively();
-    if (!QDir().mkpath(path) || !QDir::setCurrent(path)) {
+void enter(const QString& path) {
+    if (!QDir::setCurrent(path)) {
         throw std::runtime_error("cannot enter " + path.toStdString());
     }
 }
 
-int takePictures(const QString& folder, const QSize& size) {
+enum class Part { Work, Recovery };
+
+void takePart(Part part, const QString& folder, const QString& crashFolder, const QSize& size) {
     CountedClock clock;
     WindowEvents events;
     MessageBoxes messages;
     QuestionDialogs questions;
+    TwoAdapters adapters;
     Program program({.clock = clock,
                      .events = events,
                      .messages = messages,
                      .questions = questions,
-                     .makePort = [&clock](const QString& device) { return makePort(device, clock); }});
+                     .makePort = [&clock](const QString& device) { return makePort(device, clock); },
+                     .portList = &adapters});
     program.ports.setDevice(1, QStringLiteral("sim:trx?rate=8&records=500"));
     program.ports.setDevice(2, QStringLiteral("sim:glow"));
     MainWindow window(program, events);
@@ -310,10 +390,22 @@ int takePictures(const QString& folder, const QSize& size) {
     if (!size.isEmpty()) {
         window.resize(size);
     }
-    Pictures(program, window, folder).take();
+    Pictures pictures(program, window, folder, crashFolder);
+    if (part == Part::Work) {
+        pictures.take();
+    } else {
+        pictures.takeRecovery();
+    }
     program.end();
     events.endProgram();
-    return 0;
+}
+
+void takePictures(const QString& folder, const QSize& size) {
+    const QString crashFolder = emptyFolder("Crash");
+    enter(emptyFolder("Documents"));
+    takePart(Part::Work, folder, crashFolder, size);
+    enter(crashFolder);
+    takePart(Part::Recovery, folder, crashFolder, size);
 }
 
 } // namespace
@@ -346,8 +438,8 @@ int main(int argc, char** argv) {
     const QString folder = QDir().absoluteFilePath(parser.positionalArguments().constFirst());
     try {
         QDir().mkpath(folder);
-        orv::enterDocuments();
-        return orv::takePictures(folder, wanted);
+        orv::takePictures(folder, wanted);
+        return 0;
     } catch (const std::exception& error) {
         QTextStream(stderr) << "Failed: " << error.what() << Qt::endl;
         return 1;
