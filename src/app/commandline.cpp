@@ -75,7 +75,9 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
         return refusal(parser.errorText());
     }
     if (parser.isSet(help)) {
-        return onlyPrint(CommandLine::Wish::ShowHelp, parser.helpText());
+        // The arguments are read before there is an application that could tell its name.
+        return onlyPrint(CommandLine::Wish::ShowHelp,
+                         parser.helpText().replace(QLatin1String("<executable_name>"), QLatin1String("orvhost")));
     }
     if (parser.isSet(showVersion)) {
         return onlyPrint(CommandLine::Wish::ShowVersion, QStringLiteral("orvhost %1\n").arg(version));

@@ -136,6 +136,7 @@ TEST(OrvhostProgram, HelpAndVersionNeedNoDisplay) {
         const Ended help = orvhost(words(option));
         EXPECT_EQ(help.how, QProcess::NormalExit);
         EXPECT_EQ(help.status, 0);
+        EXPECT_TRUE(help.output.starts_with("Usage: orvhost [options]")) << help.output;
         EXPECT_NE(help.output.find("--debug-output"), std::string::npos) << help.output;
         EXPECT_EQ(help.error, "");
     }
