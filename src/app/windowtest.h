@@ -62,6 +62,16 @@ protected:
         window->prepareAllPages();
     }
 
+    ~WindowTest() override {
+        window.reset();
+        // A window that ended the program leaves an exit behind, which keeps dialogs of later tests from waiting; only
+        // the application's own loop forgets it.
+        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+        QCoreApplication::exec();
+    }
+    WindowTest(const WindowTest&) = delete;
+    WindowTest& operator=(const WindowTest&) = delete;
+
     /// What has been written to the debug port since the last call.
     std::string said() {
         const std::string all = com2.allWritten().toStdString();
