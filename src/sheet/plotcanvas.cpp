@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/plotcanvas.h"
 
+#include "sheet/plotcurve.h"
+
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
@@ -113,7 +115,7 @@ void PlotCanvas::relay() {
         removeGraph(graphCount() - 1);
     }
     while (graphCount() < data_.curveCount()) {
-        addGraph();
+        new PlotCurve(xAxis, yAxis); // owned by the plot
     }
     for (int curve = 0; curve < graphCount(); ++curve) {
         graph(curve)->data()->clear();

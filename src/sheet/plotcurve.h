@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "sheet/customplot.h"
+
+namespace orv {
+
+/// A curve with gaps, which are points whose value is NaN. Every number is seen, however many points share a pixel: the
+/// line reaches the last one before a gap and begins with the first one behind it, and a number that stands alone
+/// between gaps, where there is no line, has its symbol whatever the distance of the other symbols is.
+class PlotCurve final : public QCPGraph {
+public:
+    using QCPGraph::QCPGraph;
+
+protected:
+    void getOptimizedLineData(QVector<QCPGraphData>* lineData, const QCPGraphDataContainer::const_iterator& begin,
+                              const QCPGraphDataContainer::const_iterator& end) const override;
+    void getOptimizedScatterData(QVector<QCPGraphData>* scatterData, QCPGraphDataContainer::const_iterator begin,
+                                 QCPGraphDataContainer::const_iterator end) const override;
+
+private:
+    void appendLonePoints(QVector<QCPGraphData>& points, QCPGraphDataContainer::const_iterator begin,
+                          QCPGraphDataContainer::const_iterator end) const;
+};
+
+} // namespace orv
