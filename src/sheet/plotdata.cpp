@@ -51,6 +51,7 @@ PlotData::Change PlotData::update() {
         taken_ = 0;
         places_.clear();
         rows_.clear();
+        rowsInOrder_ = true;
         nameCurves();
     } else if (rows == taken_) {
         return Change::None;
@@ -115,6 +116,7 @@ double PlotData::placeOf(int row) {
 }
 
 void PlotData::sortPoints() {
+    rowsInOrder_ = false;
     std::vector<std::size_t> order(places_.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     // Points at one place keep the order of their rows, however often points are sorted in.
@@ -142,6 +144,27 @@ int PlotData::nearestPoint(double place) const {
     }
     const int before = static_cast<int>(behind - places_.begin()) - 1;
     return behind != places_.end() && *behind - place <= place - *(behind - 1) ? before + 1 : before;
+}
+
+int PlotData::pointOf(int row) const {
+    const auto found =
+        rowsInOrder_ ? std::lower_bound(rows_.begin(), rows_.end(), row) : std::find(rows_.begin(), rows_.end(), row);
+    return found != rows_.end() && *found == row ? static_cast<int>(found - rows_.begin()) : -1;
+}
+
+PlotData::Span PlotData::newest(int count) const {
+    const int older = std::max(0, pointCount() - count);
+    if (rowsInOrder_) {
+        return {.first = place(older), .last = places_.back()};
+    }
+    std::vector<int> rows = rows_;
+    std::nth_element(rows.begin(), rows.begin() + older, rows.end());
+    const int oldest = rows[static_cast<std::size_t>(older)];
+    const auto isNewest = [oldest](int row) { return row >= oldest; };
+    const auto first = std::find_if(rows_.begin(), rows_.end(), isNewest);
+    const auto last = std::find_if(rows_.rbegin(), rows_.rend(), isNewest);
+    return {.first = place(static_cast<int>(first - rows_.begin())),
+            .last = place(static_cast<int>(rows_.rend() - last) - 1)};
 }
 
 } // namespace orv

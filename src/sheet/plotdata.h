@@ -55,6 +55,8 @@ public:
     }
     /// The row of the sheet that the point is.
     int row(int point) const { return rows_[static_cast<std::size_t>(point)]; }
+    /// The point that is the row; -1 if there is none.
+    int pointOf(int row) const;
 
     /// The rows of the sheet at the last update(), and how many of them have no point, for either reason.
     int rowCount() const { return taken_; }
@@ -65,6 +67,13 @@ public:
     int firstPointFrom(double place) const;
     /// The point nearest to `place`, the later of two; -1 if there is none.
     int nearestPoint(double place) const;
+
+    struct Span {
+        double first = 0.0;
+        double last = 0.0;
+    };
+    /// Where the points of the `count` newest rows that have one lie; there must be points, and `count` be positive.
+    Span newest(int count) const;
 
 private:
     void nameCurves();
@@ -82,6 +91,7 @@ private:
     std::vector<QString> names_;
     std::vector<double> places_;
     std::vector<int> rows_;
+    bool rowsInOrder_ = true;                 ///< Every point is a later row than the one before it.
     std::vector<std::vector<double>> values_; ///< A list of points for each curve.
     QString dateText_;                        ///< The date read last: most rows of a run have the same.
     double dateSeconds_ = 0.0;

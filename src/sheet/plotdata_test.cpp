@@ -211,6 +211,36 @@ TEST_F(PlotDataTest, RowByRowIsTheSameAsAllAtOnce) {
     }
 }
 
+TEST_F(PlotDataTest, RowsAreFoundAgainAndTheNewestAreKnownInEitherOrder) {
+    layOut("F", 310);
+    append({"10|||1", "x|||1", "20|||1", "30|||1"});
+    data.update();
+    EXPECT_EQ(data.pointOf(2), 1);
+    EXPECT_EQ(data.pointOf(1), -1) << "it has no point";
+    EXPECT_EQ(data.pointOf(-1), -1);
+    EXPECT_EQ(data.pointOf(4), -1);
+    const auto newest = [this](int count) {
+        const PlotData::Span span = data.newest(count);
+        return std::pair(span.first, span.last);
+    };
+    EXPECT_EQ(newest(2), std::pair(20.0, 30.0));
+    EXPECT_EQ(newest(9), std::pair(10.0, 30.0));
+    append({"5|||1", "15|||1"});
+    data.update();
+    EXPECT_EQ(data.pointOf(4), 0);
+    EXPECT_EQ(data.pointOf(0), 1);
+    EXPECT_EQ(data.pointOf(5), 2);
+    EXPECT_EQ(data.pointOf(1), -1);
+    EXPECT_EQ(newest(1), std::pair(15.0, 15.0));
+    EXPECT_EQ(newest(2), std::pair(5.0, 15.0));
+    EXPECT_EQ(newest(3), std::pair(5.0, 30.0));
+    sheet.removeRows();
+    append({"1|||1", "2|||1"});
+    data.update();
+    EXPECT_EQ(data.pointOf(1), 1);
+    EXPECT_EQ(newest(1), std::pair(2.0, 2.0));
+}
+
 TEST_F(PlotDataTest, ThePointNearestToAPlace) {
     EXPECT_EQ(data.nearestPoint(1.0), -1);
     layOut("F", 310);

@@ -40,8 +40,8 @@ PlotView::Range PlotView::places(const PlotData& data) const {
     if (points == 0) {
         return {.lower = 0.0, .upper = 1.0};
     }
-    const int first = mode_ == Mode::Newest ? std::max(0, points - followedPoints) : 0;
-    return withMargin(data.place(first), data.place(points - 1), margin, 1.0);
+    const PlotData::Span span = data.newest(mode_ == Mode::Newest ? followedPoints : points);
+    return withMargin(span.first, span.last, margin, 1.0);
 }
 
 PlotView::Range PlotView::values(const PlotData& data, const std::vector<bool>& shown, Range places) {

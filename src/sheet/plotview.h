@@ -15,7 +15,7 @@ class PlotView {
 public:
     enum class Mode {
         All,    ///< Every point, also those that come.
-        Newest, ///< The newest points.
+        Newest, ///< The points of the newest rows, and what lies between them.
         Own,    ///< What the operator zoomed or dragged to.
     };
 

@@ -49,6 +49,26 @@ TEST_F(PlotViewTest, AllIsShownUntilRowsComeFromTheInstrument) {
     EXPECT_EQ(view.mode(), Mode::Newest) << "the end of a run moves nothing";
 }
 
+TEST_F(PlotViewTest, FollowedAreTheNewestRowsAlsoWhereTheirNumbersBeginAnew) {
+    view.setReceiving(true);
+    append(5000, QStringLiteral("5"));
+    const auto appendFrom = [this](int first, int rows) {
+        for (int row = 0; row < rows; ++row) {
+            sheet.appendRow({QString::number(first + row), QString(), QString(), QStringLiteral("5")});
+        }
+        view.noteChange(data.update());
+    };
+    appendFrom(1, 999);
+    constexpr double margin = 0.01;
+    EXPECT_EQ(view.places(data), (Range{.lower = 1 - 4999 * margin, .upper = 5000 + 4999 * margin}));
+    appendFrom(1000, 1);
+    EXPECT_EQ(view.places(data), (Range{.lower = 1 - 999 * margin, .upper = 1000 + 999 * margin}));
+    appendFrom(1001, 500);
+    EXPECT_EQ(view.places(data), (Range{.lower = 501 - 999 * margin, .upper = 1500 + 999 * margin}));
+    view.setMode(Mode::All);
+    EXPECT_EQ(view.places(data), (Range{.lower = 1 - 4999 * margin, .upper = 5000 + 4999 * margin}));
+}
+
 TEST_F(PlotViewTest, WhatIsChosenStaysUntilTheRowsGoOrTheNextRunBegins) {
     append(10, QStringLiteral("5"));
     view.setReceiving(true);
