@@ -168,12 +168,13 @@ void GraphPage::refreshNow() {
         return;
     }
     refreshTimer_.stop();
+    const int pointedRow = pointed_ >= 0 ? data_.row(pointed_) : -1;
     const PlotData::Change change = data_.update();
     view_.noteChange(change);
     if (change == PlotData::Change::Appended) {
         canvas_->append();
     } else if (change != PlotData::Change::None) {
-        relay();
+        relay(change == PlotData::Change::Replaced ? -1 : pointedRow);
     }
     setRanges();
     showMode();
@@ -182,7 +183,7 @@ void GraphPage::refreshNow() {
     canvas_->drawNow();
 }
 
-void GraphPage::relay() {
+void GraphPage::relay(int pointedRow) {
     QStringList names;
     for (int curve = 0; curve < data_.curveCount(); ++curve) {
         names.append(data_.name(curve));
@@ -190,7 +191,8 @@ void GraphPage::relay() {
     if (shown_.size() != static_cast<std::size_t>(data_.curveCount())) {
         shown_.assign(static_cast<std::size_t>(data_.curveCount()), true);
     }
-    canvas_->relay();
+    pointed_ = data_.pointOf(pointedRow);
+    canvas_->relay(pointed_);
     for (int curve = 0; curve < data_.curveCount(); ++curve) {
         canvas_->setShown(curve, shown_[static_cast<std::size_t>(curve)]);
     }

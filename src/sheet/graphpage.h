@@ -57,7 +57,8 @@ private:
                             const std::function<void()>& action);
     QMenu* makeSaveMenu(QWidget* parent);
     void schedule();
-    void relay();
+    /// `pointedRow` is the row that was under the cursor, -1 for none.
+    void relay(int pointedRow);
     void setMode(PlotView::Mode mode);
     void showMode();
     void setRanges();

@@ -187,6 +187,36 @@ TEST_F(GraphPageTest, TheReadoutTellsTheRowUnderThePointerElseTheNewest) {
     EXPECT_EQ(readout(), "Newest row||||||||");
 }
 
+TEST_F(GraphPageTest, TheRowUnderTheCursorStaysWhenTheClockIsSetBack) {
+    layOut("V", 512);
+    control<QComboBox>(page, "PlotAxis").setCurrentIndex(1);
+    commands.activity = Activity::Collecting;
+    appendAndDraw(200);
+    canvas().emphasise(1);
+    moveTo(pixel(canvas().graph(0)->data()->at(150)->key, 1150));
+    const std::string before = readout();
+    EXPECT_EQ(before.substr(0, 23), "Row under the cursor|15") << before;
+    for (int row = 0; row < 3; ++row) {
+        const double earliest = canvas().graph(0)->data()->at(0)->key;
+        sheet.appendRow({QString::number(201 + row), QStringLiteral("11/20/26"), timeText(row), QStringLiteral("7"),
+                         QStringLiteral("7"), QStringLiteral("7"), QStringLiteral("7")});
+        page.refreshNow();
+        EXPECT_EQ(canvas().graph(0)->dataCount(), 201 + row);
+        EXPECT_LE(canvas().graph(0)->data()->at(0)->key, earliest);
+        EXPECT_EQ(readout(), before);
+        const auto* line = qobject_cast<QCPItemStraightLine*>(canvas().item(0));
+        ASSERT_NE(line, nullptr);
+        EXPECT_TRUE(line->visible());
+        EXPECT_GT(canvas().graph(1)->pen().widthF(), canvas().graph(0)->pen().widthF());
+    }
+    pressKey(canvas(), Qt::Key_Right);
+    EXPECT_NE(readout(), before);
+    EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|15") << "the row after";
+    sheet.removeRows();
+    appendAndDraw(200);
+    EXPECT_EQ(readout().substr(0, 15), "Newest row|200|") << "other rows, though there are as many";
+}
+
 TEST_F(GraphPageTest, TheKeyboardMovesTheCursorRowByRow) {
     layOut("V", 512);
     appendAndDraw(21);

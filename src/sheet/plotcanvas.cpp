@@ -109,8 +109,8 @@ void PlotCanvas::layOutAxis() {
     }
 }
 
-void PlotCanvas::relay() {
-    moveCursor(-1);
+void PlotCanvas::relay(int cursor) {
+    placeCursor(cursor);
     while (graphCount() > data_.curveCount()) {
         removeGraph(graphCount() - 1);
     }
@@ -122,7 +122,7 @@ void PlotCanvas::relay() {
         graph(curve)->setName(data_.name(curve));
         graph(curve)->setVisible(true);
     }
-    emphasised_ = -1;
+    emphasised_ = emphasised_ < graphCount() ? emphasised_ : -1;
     drawnPoints_ = 0;
     append();
     layOutAxis();
@@ -267,14 +267,18 @@ void PlotCanvas::moveCursor(int point) {
     if (point == cursor_) {
         return;
     }
+    placeCursor(point);
+    layer(QStringLiteral("cursor"))->replot();
+    actions_.cursorMoved(point);
+}
+
+void PlotCanvas::placeCursor(int point) {
     cursor_ = point;
     cursorLine_->setVisible(point >= 0);
     if (point >= 0) {
         cursorLine_->point1->setCoords(data_.place(point), 0.0);
         cursorLine_->point2->setCoords(data_.place(point), 1.0);
     }
-    layer(QStringLiteral("cursor"))->replot();
-    actions_.cursorMoved(point);
 }
 
 void PlotCanvas::zoom(double factor) {
@@ -294,9 +298,8 @@ void PlotCanvas::keyPressEvent(QKeyEvent* event) {
             xAxis->moveRange(direction * step * xAxis->range().size());
             replot(rpQueuedReplot);
         } else if (data_.pointCount() > 0) {
-            const int last = data_.pointCount() - 1;
             moveCursor(cursor_ < 0 ? data_.nearestPoint(xAxis->range().center())
-                                   : std::clamp(cursor_ + direction, 0, last));
+                                   : std::clamp(cursor_ + direction, 0, data_.pointCount() - 1));
         }
         break;
     case Qt::Key_Plus:

@@ -27,8 +27,9 @@ public:
     /// `curves` outlives the canvas.
     PlotCanvas(const PlotData& curves, Actions actions, QWidget* parent = nullptr);
 
-    /// Lays all curves out anew after they have been replaced; every one is shown and the cursor goes.
-    void relay();
+    /// Lays all curves out anew after they have been replaced; every one is shown. The cursor moves to a point, or to
+    /// none (-1), which is not told.
+    void relay(int cursor);
     /// Adds the points that have come.
     void append();
     void setShown(int curve, bool shown);
@@ -70,6 +71,7 @@ private:
     void placeSymbols();
     int pointAt(const QPointF& position) const;
     void moveCursor(int point);
+    void placeCursor(int point);
     void zoom(double factor);
 
     const PlotData& data_;
