@@ -97,6 +97,7 @@ Program::Program(const Surroundings& surroundings)
                      .setprefs = [this] { return settingsSender.setprefs(); }}) {
     // A line that fails while open ends like a reset; what was received stays.
     ports.portFailed = [this] { fixit(); };
+    recordFile_.claim = [this] { return place_.claim(); };
     sheetFiles_.saved = [this] { recordFile_.rowsSaved(); };
     rowsRemoved_ = sheet.rowsRemoved.add([this] { recordFile_.rowsDiscarded(); });
     collection_.rowTaken = [this](const DataRow& row, RowLayout layout) { showOnDebugScreen(debug, row, layout); };

@@ -81,7 +81,7 @@ TEST_F(ProgramTest, ARunKeepsTheRowsOfTheOneBeforeUnlessTheyAreSaved) {
     answers.fileName = folder.path("sheet.txt");
     program.saveAs();
     program.run();
-    EXPECT_EQ(folder.files().join(u' ').toStdString(), "Orvtemp.tmp Orvtemp.tmp.lock sheet.txt")
+    EXPECT_EQ(folder.files().join(u' ').toStdString(), "Orvtemp.tmp Orvtemp.tmp.lock orvhost.lock sheet.txt")
         << "saved rows need no second file";
     receive("R\r\n11/21/26\t2700\t2\t20\t30\t40\r\n");
     program.tick();
@@ -90,7 +90,7 @@ TEST_F(ProgramTest, ARunKeepsTheRowsOfTheOneBeforeUnlessTheyAreSaved) {
     program.saveAs();
     program.run();
     EXPECT_EQ(folder.files().join(u' ').toStdString(),
-              "Orvtemp-20261121-093016.tmp Orvtemp.tmp Orvtemp.tmp.lock sheet.txt")
+              "Orvtemp-20261121-093016.tmp Orvtemp.tmp Orvtemp.tmp.lock orvhost.lock sheet.txt")
         << "rows that were cleared unsaved are kept";
 }
 

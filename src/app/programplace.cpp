@@ -21,6 +21,16 @@ void Program::takePlace() {
         recordFile_.setPath(names.record);
         runRecovery_.takeOverFromFreePlaces(place_.number());
     }
+    if (place_.cannotLock()) {
+        session.messages.show(
+            {.title = QStringLiteral("ORV Host Program"),
+             .text = QStringLiteral("No lock file can be made in this folder, perhaps because the disk is full: %1\n\n"
+                                    "So that no other program's files are written to, this program works without log "
+                                    "and record file. Make room on the disk, or choose another folder, and start the "
+                                    "program again.")
+                         .arg(QDir::currentPath()),
+             .icon = Message::Icon::Exclamation});
+    }
     if (place_.otherProgram().isEmpty()) {
         return;
     }

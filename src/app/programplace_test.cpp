@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/programtest.h"
 #include "sheet/folderplace.h"
+#include "testing/filesizelimit.h"
 
 #include <QCoreApplication>
 
@@ -116,6 +117,27 @@ TEST_F(ProgramPlace, ARunThatDiedInTheSecondPlaceIsOfferedByTheOnlyProgram) {
     EXPECT_EQ(program.sheet.rowCount(), 1);
     EXPECT_EQ(names(), "Orvtemp.tmp Orvtemp.tmp.lock log.ohp orvhost.lock");
 }
+
+#ifdef Q_OS_UNIX
+TEST_F(ProgramPlace, AProgramStartedOnAFullDiskSaysSoAndWritesNoFiles) {
+    leaveRun("Orvtemp.tmp", "Orvtemp.tmp.lock");
+    {
+        const FileSizeLimit full(0);
+        program.load();
+    }
+    program.offerUnendedRun();
+    EXPECT_TRUE(answers.asked.isEmpty());
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QDir::currentPath()));
+    EXPECT_TRUE(messages.shown[0].text.endsWith(
+        QStringLiteral("Make room on the disk, or choose another folder, and start the program again.")));
+    runWithRows(2);
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_TRUE(messages.shown[1].text.contains(QStringLiteral("no lock file could be made in this folder")));
+    EXPECT_EQ(names(), "Orvtemp.tmp Orvtemp.tmp.lock");
+    EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")), header + oneRow);
+}
+#endif
 
 TEST_F(ProgramPlace, AProgramWithoutAPlaceWorksWithoutFiles) {
     std::vector<std::unique_ptr<FolderPlace>> others;

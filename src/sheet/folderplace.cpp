@@ -76,6 +76,8 @@ void FolderPlace::take() {
         }
         if (lock_->error() != QLockFile::LockFailedError) {
             otherProgram_.clear(); // a dead one's lock cannot be told from a living one's here
+            cannotLock_ = lock_->error() != QLockFile::PermissionError;
+            number_ = cannotLock_ ? 0 : number_;
             lock_.reset();
             return;
         }
@@ -85,6 +87,26 @@ void FolderPlace::take() {
     }
     number_ = 0;
     lock_.reset();
+}
+
+QString FolderPlace::claim() {
+    if (cannotLock_) {
+        return QStringLiteral("no lock file could be made in this folder when the program was started");
+    }
+    if (number_ == 0) {
+        return QStringLiteral("other programs use this folder");
+    }
+    if (lock_) {
+        return {};
+    }
+    auto lock = std::make_unique<QLockFile>(nameIn(number_, QStringLiteral("orvhost.lock")));
+    if (tryToHold(*lock)) {
+        lock_ = std::move(lock);
+        return {};
+    }
+    return lock->error() == QLockFile::LockFailedError
+               ? QStringLiteral("another program may use it (%1)").arg(describe(*lock))
+               : QStringLiteral("no lock file can be made beside it");
 }
 
 } // namespace orv

@@ -21,12 +21,20 @@ public:
     FolderPlace(const FolderPlace&) = delete;
     FolderPlace& operator=(const FolderPlace&) = delete;
 
-    /// Takes the first free place in the working directory. Where no lock file can be made at all (the folder is not
-    /// writable) the place is had without one: nobody else can write there either.
+    /// Takes the first free place in the working directory. Where this user may not write, the place is had without a
+    /// lock. Where a lock file fails for another reason (the disk is full, say) none is had: the next program, for
+    /// which it may succeed, would take the same one.
     void take();
 
-    /// 1 before `take`, 0 if every place is another program's.
+    /// 1 before `take`, 0 if there is none: every place is another program's, or `cannotLock`.
     int number() const { return number_; }
+
+    /// No place was had because no lock file could be made.
+    bool cannotLock() const { return cannotLock_; }
+
+    /// Makes sure that the place is locked before its files are written to; tries again if it was had without a lock.
+    /// Returns the empty text, or why the files must be left alone.
+    QString claim();
 
     /// Which program has the first place: "process 4711", with the computer if that is another one. Empty if this one
     /// has it.
@@ -40,6 +48,7 @@ public:
 
 private:
     int number_ = 1;
+    bool cannotLock_ = false;
     QString otherProgram_;
     std::unique_ptr<QLockFile> lock_;
 };

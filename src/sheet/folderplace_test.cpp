@@ -94,6 +94,8 @@ TEST_F(FolderPlaceTest, TheTenthProgramHasNone) {
     FolderPlace tenth;
     tenth.take();
     EXPECT_EQ(tenth.number(), 0);
+    EXPECT_FALSE(tenth.cannotLock());
+    EXPECT_EQ(tenth.claim(), QStringLiteral("other programs use this folder"));
     EXPECT_NE(tenth.otherProgram(), QString());
 }
 
@@ -161,6 +163,48 @@ TEST_F(FolderPlaceTest, ALockThatStaysInAFolderMadeUnwritableIsNoOtherProgram) {
     place.take();
     EXPECT_EQ(place.otherProgram(), QString());
     EXPECT_NE(place.number(), 0);
+}
+
+TEST_F(FolderPlaceTest, OnAFullDiskThereIsNoPlace) {
+    FolderPlace early;
+    {
+        const FileSizeLimit full(0);
+        early.take();
+    }
+    EXPECT_EQ(early.number(), 0);
+    EXPECT_TRUE(early.cannotLock());
+    EXPECT_EQ(files(), "");
+    FolderPlace later; // there is room again
+    later.take();
+    EXPECT_EQ(later.number(), 1);
+    EXPECT_NE(early.claim(), QString()) << "not in the middle of another one's work";
+    FolderPlace third;
+    {
+        const FileSizeLimit full(0);
+        third.take();
+    }
+    EXPECT_EQ(third.number(), 0) << "the first place is taken, the second cannot be";
+    EXPECT_TRUE(third.cannotLock());
+    EXPECT_EQ(third.otherProgram(), QString());
+}
+
+TEST_F(FolderPlaceTest, APlaceHadWithoutALockIsClaimedBeforeItsFilesAreWritten) {
+    FolderPlace early;
+    {
+        const UnwritableFolder unwritable(folder);
+        early.take();
+        EXPECT_EQ(early.claim(), QStringLiteral("no lock file can be made beside it"));
+    }
+    {
+        FolderPlace later; // the folder has been made writable
+        later.take();
+        EXPECT_EQ(later.number(), 1);
+        EXPECT_EQ(later.claim(), QString());
+        EXPECT_EQ(early.claim(),
+                  QStringLiteral("another program may use it (process %1)").arg(QCoreApplication::applicationPid()));
+    }
+    EXPECT_EQ(early.claim(), QString());
+    EXPECT_FALSE(FolderPlace::hold(1)) << "locked from now on";
 }
 #endif
 

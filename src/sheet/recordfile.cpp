@@ -46,10 +46,10 @@ void RecordFile::setPath(const QString& path) {
 
 QString RecordFile::start(const DataSheet::Type& type) {
     close();
-    if (file_.fileName().isEmpty()) {
-        return QStringLiteral("other programs use this folder");
+    QString reason = claim ? claim() : QString();
+    if (reason.isEmpty()) {
+        reason = keepUnsavedRows();
     }
-    QString reason = keepUnsavedRows();
     if (!reason.isEmpty()) {
         return reason;
     }

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QString>
 
+#include <functional>
+
 namespace orv {
 
 /// The record file of a real-time run, "Orvtemp.tmp": a header and one line for each row, so that a long run is never
@@ -20,9 +22,12 @@ class RecordFile {
 public:
     RecordFile(const Clock& clock, const QString& path);
 
+    /// Asked before a run touches the file: returns the empty text, or why the file is not this program's to write.
+    std::function<QString()> claim;
+
     QString path() const { return file_.fileName(); }
 
-    /// Chooses another file; with the empty text there is none. Not during a run.
+    /// Chooses another file. Not during a run.
     void setPath(const QString& path);
 
     /// Begins a run: closes the file of the run before, keeps it if need be, creates the new one, writes the header for

@@ -265,13 +265,19 @@ TEST_F(RecordFileTest, TakesOverAnotherFileAndKeepsItsOwn) {
     EXPECT_EQ(kept(), olderHeader + row);
 }
 
-TEST_F(RecordFileTest, WithoutAPlaceThereIsNoFile) {
-    file.setPath(QString());
-    EXPECT_EQ(file.start(trx(500.0)), QStringLiteral("other programs use this folder"));
+TEST_F(RecordFileTest, AFileThatIsAnotherProgramsIsNotTouched) {
+    fill(path("Orvtemp.tmp"), olderHeader);
+    fill(path("Orvtemp.tmp.lock"), "V\t412\r\n");
+    file.claim = [] { return QStringLiteral("another program uses it"); };
+    EXPECT_EQ(file.start(trx(500.0)), QStringLiteral("another program uses it"));
     EXPECT_FALSE(file.isOpen());
     EXPECT_EQ(file.append(QStringLiteral("1")), QString());
     file.close();
-    EXPECT_TRUE(filesIn(folder).isEmpty());
+    EXPECT_EQ(contents(), olderHeader);
+    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t412\r\n"));
+    EXPECT_EQ(filesIn(folder).size(), 2);
+    file.claim = [] { return QString(); };
+    EXPECT_EQ(file.start(trx(500.0)), QString());
 }
 
 TEST_F(RecordFileTest, FolderThatDoesNotExistIsTold) {

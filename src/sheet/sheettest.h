@@ -4,6 +4,7 @@
 #include "settings/settingspanel.h"
 #include "sheet/collection.h"
 #include "testing/fakes.h"
+#include "testing/filesizelimit.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,8 +15,6 @@
 #include <memory>
 
 #ifdef Q_OS_UNIX
-#include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
 #endif
 
@@ -37,27 +36,6 @@ inline QStringList filesIn(const QTemporaryDir& folder) {
 }
 
 #ifdef Q_OS_UNIX
-/// While it lives no file may grow beyond `bytes`: a write takes what fits and then fails, as on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        handler_ = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{.rlim_cur = bytes, .rlim_max = before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-private:
-    rlimit before_{};
-    void (*handler_)(int) = nullptr;
-};
-
 inline void allowEveryone(const QString& path) {
     constexpr int readAndWriteForAll = 0x6666;
     QFile::setPermissions(path, QFile::Permissions(readAndWriteForAll));
