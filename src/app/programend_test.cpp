@@ -68,7 +68,10 @@ TEST_F(ProgramTest, ClosingTheWindowAsksWithoutAnnouncingAnExit) {
 TEST_F(ProgramTest, TheEndLeavesARunWhole) {
     program.load();
     runWithRows(3);
+    program.closePort();
+    EXPECT_TRUE(QFile::exists(folder.path("Orvtemp.tmp.lock"))) << "a program that dies now has its rows offered";
     program.end();
+    EXPECT_FALSE(QFile::exists(folder.path("Orvtemp.tmp.lock"))) << "the operator has been asked";
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n3\t11/21/26\t1:00:00\t3\t\t20\t\t30\t40\r\n"));
     EXPECT_FALSE(com1.isOpen());

@@ -104,7 +104,9 @@ TEST_F(ProgramPlace, TheSecondProgramSaysSoAndWritesFilesOfItsOwn) {
     EXPECT_EQ(program.session.status.notice.value().toStdString(), "1 line could not be read; it is in log-2.ohp");
     EXPECT_EQ(contentsOf(folder.path("log.ohp")), QByteArray("the first one's"));
     EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")), header + oneRow);
-    EXPECT_EQ(names(), "Orvtemp-2.tmp Orvtemp.tmp Orvtemp.tmp.lock log-2.ohp log.ohp orvhost-2.lock orvhost.lock");
+    EXPECT_EQ(names(), "Orvtemp-2.tmp Orvtemp-2.tmp.lock Orvtemp.tmp Orvtemp.tmp.lock log-2.ohp log.ohp orvhost-2.lock "
+                       "orvhost.lock")
+        << "its row is not saved yet";
     EXPECT_EQ(messages.shown.size(), 1U);
 }
 

@@ -298,8 +298,8 @@ TEST_F(CollectionTest, CounterOverflowEndsTheRunOnceWithAllRowsKept) {
     startGlow();
     receive(line(1));
     session.state.plc = std::numeric_limits<qint16>::max();
-    QStringList filesBefore = filesIn(folder);
-    EXPECT_EQ(filesBefore.removeAll(QStringLiteral("Orvtemp.tmp.lock")), 1) << "the run's";
+    const QStringList filesBefore = filesIn(folder);
+    EXPECT_TRUE(filesBefore.contains(QStringLiteral("Orvtemp.tmp.lock")));
     instrument->input = line(2);
     try {
         tick();

@@ -182,6 +182,7 @@ TEST_F(CollectionFilesTest, RunEndsWithThePromptOfTheRowThatIsSavedAutomatically
     expectEnded();
     EXPECT_EQ(sheet.rowCount(), 0);
     EXPECT_EQ(panel.records.value().toStdString(), "1");
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Untitled0.txt") << "saved rows are not offered";
 }
 
 TEST_F(CollectionFilesTest, RecordOfAutomaticallySavedRowsNeedNotBeKept) {

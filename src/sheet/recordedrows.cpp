@@ -113,6 +113,10 @@ private:
         if (*number <= lastNumber_) {
             found_.hasEarlierRows = true;
             found_.sheet.rows.clear();
+            found_.missingRows = 0;
+        }
+        if (!found_.sheet.rows.empty()) {
+            found_.missingRows += *number - lastNumber_ - 1;
         }
         lastNumber_ = *number;
         found_.sheet.rows.push_back(std::move(*row));

@@ -11,6 +11,7 @@ struct RecordedRows {
     bool typeGuessed = false;    ///< The type was told by the rows and the header, the firmware only by its generation.
     bool cutOff = false;         ///< The last line had no end and is left out.
     int unreadableLines = 0;     ///< Other lines that are no rows; they are left out.
+    int missingRows = 0;         ///< Numbers left out between the first row and the last.
     bool hasEarlierRows = false; ///< The sheet was cleared (saved automatically, say) during the run; rows from before
                                  ///< that are left out.
 };

@@ -6,19 +6,25 @@
 #include "sheet/headerrows.h"
 #include "sheet/keptfile.h"
 
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace orv {
 
 namespace {
 
+/// A firmware number of each generation, whose headers differ.
+constexpr std::array generations{0.0, 500.0};
+
 /// How long a written row may wait for the disk, in milliseconds.
 constexpr qint64 diskDelay = 500;
 
-constexpr int headerLines = 5;
-
-/// No line of a header is longer.
-constexpr qint64 longestHeaderLine = 256;
+/// No header is longer.
+constexpr qint64 longestHeader = 512;
 
 QByteArray headerText(const QDateTime& start, double firmware) {
     const QString text =
@@ -30,6 +36,26 @@ QByteArray headerText(const QDateTime& start, double firmware) {
                        "%3\r\n")
             .arg(shortDate(start.date()), clockText(start.time()), recordFileHeader(firmware).join(u'\t'));
     return text.toLatin1();
+}
+
+bool isHeaderOrItsBegin(const QByteArray& bytes) {
+    const QByteArray begin("Orvtemp.tmp\t");
+    if (!bytes.startsWith(begin)) {
+        return begin.startsWith(bytes);
+    }
+    const qsizetype firstEnd = bytes.indexOf('\n');
+    const QByteArray dateAndTime = bytes.mid(begin.size(), firstEnd < 0 ? -1 : firstEnd - begin.size());
+    if (!std::all_of(dateAndTime.begin(), dateAndTime.end(),
+                     [](char letter) { return QByteArray("0123456789/:\t APM\r").contains(letter); })) {
+        return false;
+    }
+    if (firstEnd < 0) {
+        return true;
+    }
+    return std::any_of(generations.begin(), generations.end(), [&](double firmware) {
+        const QByteArray header = headerText(QDateTime(QDate(2000, 1, 1), QTime(0, 0)), firmware);
+        return header.mid(header.indexOf('\n')).startsWith(bytes.mid(firstEnd));
+    });
 }
 
 } // namespace
@@ -54,7 +80,6 @@ QString RecordFile::start(const DataSheet::Type& type) {
         return reason;
     }
     begun_ = false;
-    recovered_ = false;
     saved_ = false;
     discarded_ = false;
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
@@ -65,7 +90,8 @@ QString RecordFile::start(const DataSheet::Type& type) {
     if (begun_) {
         // Not before the file of the run before is out of the way: a program that dies here leaves no row of that run
         // to be taken for this one's.
-        lock_.put(type);
+        type_ = type;
+        lock_.put(type_, earlierFile_);
     } else {
         file_.close();
     }
@@ -73,10 +99,19 @@ QString RecordFile::start(const DataSheet::Type& type) {
 }
 
 QString RecordFile::keepUnsavedRows() {
-    const QString reason = holdsUnsavedRows() ? keepUnderDatedName(file_.fileName(), clock_.now()) : QString();
-    return reason.isEmpty()
-               ? QString()
-               : QStringLiteral("the rows of the run before could not be kept under another name (%1)").arg(reason);
+    if (!holdsUnsavedRows()) {
+        return {};
+    }
+    QString keptAs;
+    const QString reason = keepUnderDatedName(file_.fileName(), clock_.now(), &keptAs);
+    if (!reason.isEmpty()) {
+        return QStringLiteral("the rows of the run before could not be kept under another name (%1)").arg(reason);
+    }
+    if (unsaved_) {
+        earlierFile_ = QFileInfo(keptAs).fileName();
+        lock_.put(lock_.type(), earlierFile_);
+    }
+    return {};
 }
 
 bool RecordFile::holdsUnsavedRows() const {
@@ -87,13 +122,8 @@ bool RecordFile::holdsUnsavedRows() const {
     if (!old.open(QIODevice::ReadOnly)) {
         return old.exists();
     }
-    // The header has five line ends; whatever stands behind them, or in a file that is no record file, is kept.
-    for (int line = 0; line < headerLines; ++line) {
-        if (old.readLine(longestHeaderLine).isEmpty()) {
-            return false;
-        }
-    }
-    return !old.atEnd();
+    // Whatever stands behind a header, or in a file that is no record file, is kept. A header may have been cut off.
+    return !isHeaderOrItsBegin(old.read(longestHeader));
 }
 
 QString RecordFile::append(const QString& line) {
@@ -102,6 +132,7 @@ QString RecordFile::append(const QString& line) {
     }
     saved_ = false;
     QString reason = appendWhole(file_, line.toLatin1() + "\r\n");
+    unsaved_ = unsaved_ || reason.isEmpty();
     if (reason.isEmpty() && !waitsForDisk_) {
         waitsForDisk_ = true;
         waitsSince_ = clock_.monotonicMilliseconds();
@@ -125,7 +156,19 @@ void RecordFile::close() {
         syncToDisk(file_.handle());
     }
     file_.close();
-    lock_.remove();
+    if (!unsaved_) {
+        lock_.remove();
+    }
+}
+
+QString RecordFile::unendedEarlierFile() const {
+    const QString name = lock_.earlierFile();
+    return name.isEmpty() ? QString() : QFileInfo(file_.fileName()).dir().filePath(QFileInfo(name).fileName());
+}
+
+void RecordFile::unendedRecovered() {
+    unsaved_ = true;
+    earlierFile_ = lock_.earlierFile();
 }
 
 QString RecordFile::keepUnended(QString& keptAs) {
@@ -137,27 +180,45 @@ QString RecordFile::keepUnended(QString& keptAs) {
 }
 
 void RecordFile::takeUnendedFrom(const QString& otherPath) {
-    if (keepUnsavedRows().isEmpty()) {
-        QFile::remove(file_.fileName()); // without rows, if it is still there
-        if (QFile::rename(otherPath, file_.fileName())) {
-            lock_.takeFrom(RunLock(otherPath));
-        }
+    const RunLock otherLock(otherPath);
+    if (!QFile::exists(otherPath) && otherLock.earlierFile().isEmpty()) {
+        otherLock.remove();
+        return;
     }
+    if (!keepUnsavedRows().isEmpty()) {
+        return;
+    }
+    QFile::remove(file_.fileName()); // without rows, if it is still there
+    if (lock_.copyFrom(otherLock) && (!QFile::exists(otherPath) || QFile::rename(otherPath, file_.fileName()))) {
+        otherLock.remove();
+    } else {
+        lock_.remove();
+    }
+}
+
+bool RecordFile::hasUnendedRun() const {
+    return isUnended() && (QFile::exists(file_.fileName()) || !lock_.earlierFile().isEmpty());
 }
 
 void RecordFile::rowsSaved() {
     saved_ = begun_;
-    forgetRecovered();
+    nothingIsUnsaved();
 }
 
 void RecordFile::rowsDiscarded() {
     discarded_ = discarded_ || !saved_;
-    forgetRecovered();
+    nothingIsUnsaved();
 }
 
-void RecordFile::forgetRecovered() {
-    if (std::exchange(recovered_, false)) {
+void RecordFile::nothingIsUnsaved() {
+    const bool namesEarlierFile = !std::exchange(earlierFile_, QString()).isEmpty();
+    if (!std::exchange(unsaved_, false)) {
+        return;
+    }
+    if (!file_.isOpen()) {
         lock_.remove();
+    } else if (namesEarlierFile) {
+        lock_.put(type_);
     }
 }
 

@@ -12,8 +12,8 @@
 namespace orv {
 
 /// The record file of a real-time run, "Orvtemp.tmp": a header and one line for each row, so that a long run is never
-/// lost. Each row reaches the operating system at once and the disk within a second. While a run writes, a RunLock
-/// stands beside the file.
+/// lost. Each row reaches the operating system at once and the disk within a second. While a run writes, and then until
+/// its rows are saved or discarded, a RunLock stands beside the file.
 ///
 /// An earlier run's file whose rows were not saved is kept under a dated name instead of being emptied. That holds for
 /// the file of a run that did not end, too, even when its rows were recovered and saved: it is the only one that has
@@ -43,16 +43,23 @@ public:
     /// Brings rows that wait to the disk when it is time. Called at every tick.
     void syncWhenDue();
 
-    /// Closes the file with everything in it on the disk.
+    /// Closes the file with everything in it on the disk. The lock goes unless rows on the sheet are not saved.
     void close();
 
-    /// Whether the file is of a run that did not end: its lock stands, but this program writes no run.
-    bool isUnended() const { return !file_.isOpen() && lock_.stands(); }
+    /// Whether the file is of a program that died before its rows were saved: the lock stands, but this program has
+    /// begun no run.
+    bool isUnended() const { return !begun_ && !file_.isOpen() && lock_.stands(); }
     DataSheet::Type unendedType() const { return lock_.type(); }
+
+    /// Whether there is a file with that lock, so that it must not be replaced by another run's.
+    bool hasUnendedRun() const;
+
+    /// The file (with its path) that holds the rows of an earlier run which were unsaved too; empty if there is none.
+    QString unendedEarlierFile() const;
 
     /// The rows of the run that did not end are on the sheet. The lock stands until they are saved or discarded, so
     /// that a program that dies before has its successor offer them again.
-    void unendedRecovered() { recovered_ = true; }
+    void unendedRecovered();
 
     /// Removes the lock of a run that did not end; the file stays.
     void dropUnended() { lock_.remove(); }
@@ -62,7 +69,8 @@ public:
     QString keepUnended(QString& keptAs);
 
     /// Makes the other file, of a run that did not end, and its lock this file. The file that was here is kept if need
-    /// be. Best effort: what cannot be moved stays where it is.
+    /// be. Best effort: what cannot be moved stays where it is. A program that dies here leaves a lock beside the rows
+    /// or one without a file, which says nothing.
     void takeUnendedFrom(const QString& otherPath);
 
     /// The rows on the sheet have been saved elsewhere, so this file need not be kept. Does not count once rows have
@@ -75,12 +83,14 @@ public:
 private:
     bool holdsUnsavedRows() const;
     QString keepUnsavedRows();
-    void forgetRecovered();
+    void nothingIsUnsaved();
 
     const Clock& clock_;
     QFile file_;
     RunLock lock_;
-    bool recovered_ = false;    ///< The lock is of a dead program's run whose rows are on the sheet now.
+    DataSheet::Type type_;      ///< Of the run.
+    QString earlierFile_;       ///< The name of the file with unsaved rows of the run before.
+    bool unsaved_ = false;      ///< Rows of runs are on the sheet, in this file or the earlier one, and nowhere else.
     bool begun_ = false;        ///< The file is of a run of this program, not one found at its start.
     bool saved_ = false;        ///< Every row of the file is saved elsewhere.
     bool discarded_ = false;    ///< Some row of the file was discarded from the sheet before it was saved.

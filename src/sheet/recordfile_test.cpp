@@ -187,6 +187,27 @@ TEST_F(RecordFileTest, FileThatIsNoRecordFileIsKept) {
     EXPECT_EQ(kept(), foreign);
 }
 
+TEST_F(RecordFileTest, ShortFileThatIsNoRecordFileIsKept) {
+    for (const QByteArray& foreign :
+         {QByteArray("one line\r\n"), QByteArray("x"), QByteArray("Orvtemp.tmp\tmy notes\r\n"),
+          QByteArray("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\nMy file\r\n"), newerHeader + "\n", QByteArray(3, '\0')}) {
+        QFile::remove(path("Orvtemp-20261121-093015.tmp"));
+        fill(path("Orvtemp.tmp"), foreign);
+        RecordFile fresh(clock, path("Orvtemp.tmp"));
+        EXPECT_EQ(fresh.start(trx(500.0)), QString());
+        EXPECT_EQ(kept(), foreign);
+    }
+}
+
+TEST_F(RecordFileTest, AHeaderCutOffAnywhereHoldsNoRows) {
+    for (qsizetype length = 0; length < newerHeader.size(); ++length) {
+        fill(path("Orvtemp.tmp"), newerHeader.first(length));
+        RecordFile fresh(clock, path("Orvtemp.tmp"));
+        fresh.start(trx(500.0));
+        EXPECT_EQ(filesBesideTheLock(), 1) << length;
+    }
+}
+
 TEST_F(RecordFileTest, LongFileWithoutLineEndsIsKept) {
     const QByteArray foreign(100000, 'x');
     fill(path("Orvtemp.tmp"), foreign);
@@ -207,6 +228,54 @@ TEST_F(RecordFileTest, ALockStandsBesideItWhileItIsWritten) {
     EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t512\r\n"));
     file.close();
     EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+}
+
+TEST_F(RecordFileTest, TheLockOutlastsARunUntilItsRowsAreSavedOrDiscarded) {
+    for (const bool save : {true, false}) {
+        file.start(trx(512.0));
+        addRow();
+        file.close();
+        EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t512\r\n"));
+        EXPECT_FALSE(file.isUnended()) << "its rows are on this program's sheet";
+        {
+            const RecordFile later(clock, path("Orvtemp.tmp"));
+            EXPECT_TRUE(later.isUnended());
+        }
+        save ? file.rowsSaved() : file.rowsDiscarded();
+        EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+        EXPECT_EQ(contents(), newerHeader + row);
+    }
+}
+
+TEST_F(RecordFileTest, ARunWhoseRowsAreSavedLeavesNoLock) {
+    file.start(trx(512.0));
+    addRow();
+    file.rowsSaved();
+    file.close();
+    EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+    file.start(trx(512.0));
+    addRow();
+    file.rowsSaved();
+    addRow();
+    file.close();
+    EXPECT_TRUE(QFile::exists(path("Orvtemp.tmp.lock"))) << "but one with rows behind the save does";
+}
+
+TEST_F(RecordFileTest, TheLockNamesTheFileOfUnsavedRowsOfTheRunBefore) {
+    const QByteArray naming("V\t412\tOrvtemp-20261121-093015.tmp\r\n");
+    file.start(trx(512.0));
+    addRow();
+    file.start(trx(412.0));
+    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), naming);
+    file.close();
+    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), naming) << "without a row of its own, too";
+    file.start(trx(412.0));
+    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), naming) << "and in the run after that";
+    file.rowsSaved();
+    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t412\r\n"));
+    file.close();
+    EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+    EXPECT_EQ(kept(), newerHeader + row);
 }
 
 TEST_F(RecordFileTest, RecoveredRowsKeepTheLockUntilTheyAreSavedOrDiscarded) {
@@ -263,6 +332,25 @@ TEST_F(RecordFileTest, TakesOverAnotherFileAndKeepsItsOwn) {
                           : "Orvtemp.tmp|Orvtemp.tmp.lock");
     }
     EXPECT_EQ(kept(), olderHeader + row);
+}
+
+TEST_F(RecordFileTest, TakingOverCanBeInterruptedAnywhere) {
+    // The lock has been copied, the file not yet moved.
+    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    fill(path("Orvtemp-2.tmp"), newerHeader + row);
+    fill(path("Orvtemp-2.tmp.lock"), "V\t512\r\n");
+    EXPECT_FALSE(file.hasUnendedRun());
+    file.takeUnendedFrom(path("Orvtemp-2.tmp"));
+    EXPECT_TRUE(file.hasUnendedRun());
+    EXPECT_EQ(contents(), newerHeader + row);
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock");
+
+    // The file has been moved, the other lock not yet removed.
+    file.dropUnended();
+    fill(path("Orvtemp-2.tmp.lock"), "V\t512\r\n");
+    file.takeUnendedFrom(path("Orvtemp-2.tmp"));
+    EXPECT_EQ(contents(), newerHeader + row);
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp");
 }
 
 TEST_F(RecordFileTest, AFileThatIsAnotherProgramsIsNotTouched) {

@@ -3,13 +3,15 @@
 
 #include "sheet/datasheet.h"
 
+#include <QByteArrayList>
 #include <QString>
 
 namespace orv {
 
 /// The lock that stands beside a record file while its run writes: "Orvtemp.tmp.lock". One that is found at the start
 /// of the program is of a run that did not end. It says of which type the rows are, which the record file does not:
-/// letter TAB firmware CR LF.
+/// letter TAB firmware CR LF. While rows of an earlier run are on the sheet unsaved, too, a further field (TAB name)
+/// says which file of the folder holds them.
 class RunLock {
 public:
     explicit RunLock(const QString& recordFilePath);
@@ -21,14 +23,20 @@ public:
 
     /// Puts the lock, on the disk, in place of one that may stand. Best effort: without it the rows are in the record
     /// file all the same, only nobody offers them.
-    void put(const DataSheet::Type& type) const;
+    void put(const DataSheet::Type& type, const QString& earlierFile = QString()) const;
+
+    /// The name of the file with the unsaved rows of an earlier run; empty if there is none.
+    QString earlierFile() const;
 
     void remove() const;
 
-    /// Makes this the lock of the other record file's run. Best effort.
-    void takeFrom(const RunLock& other) const;
+    /// Puts a copy of the other lock, on the disk. Returns whether it stands.
+    bool copyFrom(const RunLock& other) const;
 
 private:
+    QByteArrayList fields() const;
+    bool write(const QByteArray& bytes) const;
+
     QString path_;
 };
 

@@ -16,6 +16,10 @@ QString counted(qsizetype count, const QString& what) {
     return QStringLiteral("%1 %2%3").arg(count).arg(what, count == 1 ? QString() : QStringLiteral("s"));
 }
 
+bool holdsNothing(const RecordedRows& found) {
+    return found.sheet.error.isEmpty() && found.sheet.rows.empty() && !found.cutOff && found.unreadableLines == 0;
+}
+
 /// What of the record file is not on the sheet and why; empty if everything is.
 QString notRecovered(const RecordedRows& found) {
     QStringList notes;
@@ -25,6 +29,11 @@ QString notRecovered(const RecordedRows& found) {
     if (found.unreadableLines > 0) {
         notes << QStringLiteral("%1 could not be read and left out.")
                      .arg(counted(found.unreadableLines, QStringLiteral("line")));
+    }
+    if (found.missingRows > found.unreadableLines) {
+        notes << QStringLiteral("The numbers of the rows have gaps: %1 missing in the record file.")
+                     .arg(found.missingRows == 1 ? QStringLiteral("1 row is")
+                                                 : QStringLiteral("%1 rows are").arg(found.missingRows));
     }
     if (found.hasEarlierRows) {
         notes << QStringLiteral("The sheet was saved or cleared during the run; rows from before that are left out.");
@@ -54,7 +63,7 @@ void RunRecovery::takeOverFromFreePlaces(int ownPlace) {
     const FileNames plain;
     for (int place = 1; place <= FolderPlace::mostPlaces; ++place) {
         const QString other = FolderPlace::nameIn(place, plain.record);
-        if (place == ownPlace || p_.recordFile.isUnended() || !RunLock(other).stands()) {
+        if (place == ownPlace || p_.recordFile.hasUnendedRun() || !RunLock(other).stands()) {
             continue;
         }
         if (const auto held = FolderPlace::hold(place)) {
@@ -67,13 +76,19 @@ void RunRecovery::offer() {
     if (!p_.recordFile.isUnended()) {
         return;
     }
-    RecordedRows found = readRecordedRows(p_.recordFile.path(), p_.recordFile.unendedType());
+    file_ = p_.recordFile.path();
+    RecordedRows found = readRecordedRows(file_, p_.recordFile.unendedType());
+    if (holdsNothing(found) && !p_.recordFile.unendedEarlierFile().isEmpty()) {
+        // It died before the run's first row; what was on the sheet from the run before is in that one's file.
+        file_ = p_.recordFile.unendedEarlierFile();
+        found = readRecordedRows(file_, p_.recordFile.unendedType());
+    }
     const auto rows = static_cast<qsizetype>(found.sheet.rows.size());
     if (!found.sheet.error.isEmpty()) {
         tell(QStringLiteral("The last run in this folder did not end, and its record file %1 cannot be read: %2.\n\nIt "
                             "stays as it is. Its rows are offered again at the next start.")
-                 .arg(QFileInfo(p_.recordFile.path()).absoluteFilePath(), found.sheet.error));
-    } else if (rows == 0 && !found.cutOff && found.unreadableLines == 0) {
+                 .arg(QFileInfo(file_).absoluteFilePath(), found.sheet.error));
+    } else if (holdsNothing(found)) {
         p_.recordFile.dropUnended();
     } else if (rows == 0) {
         keep(QStringLiteral(
@@ -99,8 +114,10 @@ void RunRecovery::load(RecordedRows found) {
     if (!left.isEmpty()) {
         tell(QStringLiteral(
                  "The rows of the last run are on the sheet.\n\n%1\n\nNothing is lost: the record file %2 has "
-                 "everything. The next run keeps it under a name with date and time.")
-                 .arg(left, QFileInfo(p_.recordFile.path()).absoluteFilePath()));
+                 "everything.%3")
+                 .arg(left, QFileInfo(file_).absoluteFilePath(),
+                      isRecordFile() ? QStringLiteral(" The next run keeps it under a name with date and time.")
+                                     : QString()));
     }
 }
 
@@ -108,8 +125,13 @@ void RunRecovery::keep(const QString& what) {
     if (!p_.recordFile.isUnended()) {
         return;
     }
-    QString keptAs;
-    const QString reason = p_.recordFile.keepUnended(keptAs);
+    QString keptAs = file_;
+    QString reason;
+    if (isRecordFile()) {
+        reason = p_.recordFile.keepUnended(keptAs);
+    } else {
+        p_.recordFile.dropUnended();
+    }
     if (reason.isEmpty()) {
         tell(
             what +
@@ -120,6 +142,10 @@ void RunRecovery::keep(const QString& what) {
                             "as it is, and no run will overwrite it. Move it yourself.")
                  .arg(QFileInfo(p_.recordFile.path()).absoluteFilePath(), reason));
     }
+}
+
+bool RunRecovery::isRecordFile() const {
+    return file_ == p_.recordFile.path();
 }
 
 void RunRecovery::tell(const QString& text) {

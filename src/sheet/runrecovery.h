@@ -34,9 +34,11 @@ public:
 private:
     void load(RecordedRows found);
     void keep(const QString& what);
+    bool isRecordFile() const;
     void tell(const QString& text);
 
     Parts p_;
+    QString file_; ///< Whose rows are offered: the record file, or the one of the run before.
 };
 
 } // namespace orv

@@ -120,6 +120,63 @@ TEST_F(RunRecoveryTest, ARunOnRecoveredRowsLosesNeither) {
     EXPECT_EQ(fileNames(), "Orvtemp-20261121-093015.tmp|Orvtemp.tmp|sheet.txt");
 }
 
+TEST_F(RunRecoveryTest, UnsavedRowsOfARunThatEndedAreOffered) {
+    identify("V", "512");
+    collection.run1();
+    receive("R\r\n11/21/26\t2700\t7\t8\t9\t10\r\n");
+    tick();
+    receive(">");
+    expectEnded();
+    recovery.offer();
+    EXPECT_TRUE(answers.asked.isEmpty()) << "they are on the sheet";
+    RecordFile later(clock, path("Orvtemp.tmp"));
+    RunRecovery next({.session = session, .rows = rows, .files = files, .recordFile = later, .questions = answers});
+    panel.unsaved = false; // its sheet is empty
+    answers.yes = true;
+    next.offer();
+    EXPECT_EQ(asked(), "ORV Host Program: The last run in this folder did not end. Load its 1 row into the sheet?");
+    EXPECT_EQ(sheet.rowCount(), 1);
+}
+
+TEST_F(RunRecoveryTest, ARunThatDiedBeforeItsFirstRowHasTheOneBeforeOffered) {
+    for (const bool yes : {false, true}) {
+        leave(header, "V\t512\tOrvtemp-20261120-120000.tmp\r\n");
+        fill(path("Orvtemp-20261120-120000.tmp"), header + twoRows);
+        answers.asked.clear();
+        answers.yes = yes;
+        recovery.offer();
+        EXPECT_EQ(asked(),
+                  "ORV Host Program: The last run in this folder did not end. Load its 2 rows into the sheet?");
+        EXPECT_EQ(contentsOf(path("Orvtemp-20261120-120000.tmp")), header + twoRows);
+        if (!yes) {
+            EXPECT_EQ(toldText(), "The record file of the last run is kept as " +
+                                      path("Orvtemp-20261120-120000.tmp").toStdString() + ".");
+            EXPECT_EQ(fileNames(), "Orvtemp-20261120-120000.tmp|Orvtemp.tmp");
+        }
+    }
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(sheet.rowCount(), 2);
+    EXPECT_EQ(fileNames(), "Orvtemp-20261120-120000.tmp|Orvtemp.tmp|Orvtemp.tmp.lock") << "offered again";
+    identify("V", "512");
+    collection.run1();
+    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t512\tOrvtemp-20261120-120000.tmp\r\n"))
+        << "and after a further run without a row";
+    answers.fileName = path("sheet.txt");
+    files.saveas();
+    collection.closeRecordFile();
+    EXPECT_EQ(fileNames(), "Orvtemp-20261120-120000.tmp|Orvtemp.tmp|sheet.txt");
+}
+
+TEST_F(RunRecoveryTest, RowsThatTheRecordFileLacksAreTold) {
+    QByteArray gap = twoRows;
+    leave(header + gap.replace("\n2\t", "\n9\t"));
+    answers.yes = true;
+    recovery.offer();
+    EXPECT_NE(toldText().find("The numbers of the rows have gaps: 7 rows are missing in the record file.\n"),
+              std::string::npos)
+        << toldText();
+}
+
 TEST_F(RunRecoveryTest, NoKeepsTheFileUnderADatedNameAndTellsWhere) {
     fill(path("Orvtemp-20261121-093015.tmp"), "of the same second");
     leave(header + twoRows);
@@ -286,6 +343,17 @@ TEST_F(RunRecoveryTest, ARunLeftInAnotherPlaceIsTakenOverIfThatIsFree) {
     recovery.takeOverFromFreePlaces(1);
     EXPECT_EQ(fileNames(), "Orvtemp.tmp|Orvtemp.tmp.lock");
     EXPECT_EQ(contentsOf(path("Orvtemp.tmp")), header + twoRows);
+}
+
+TEST_F(RunRecoveryTest, ATakeoverThatWasInterruptedIsFinished) {
+    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    fill(path("Orvtemp-2.tmp"), header + twoRows);
+    fill(path("Orvtemp-2.tmp.lock"), "V\t512\r\n");
+    recovery.takeOverFromFreePlaces(1);
+    answers.yes = true;
+    recovery.offer();
+    EXPECT_EQ(sheet.rowCount(), 2);
+    EXPECT_EQ(fileNames(), "Orvtemp.tmp|Orvtemp.tmp.lock");
 }
 
 TEST_F(RunRecoveryTest, OfTwoRunsThatDiedOneIsRecoveredAtATime) {
