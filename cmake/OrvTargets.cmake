@@ -22,29 +22,74 @@ if(ORV_SANITIZE)
     target_link_options(orv_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# orv_add_library(NAME SOURCES file... LINK target...)
-# A layer of the program. LINK names the layers below it: what is not named cannot be linked.
+# What nearly every file of a floor includes is parsed once a floor: below the windows, and for the windows.
+set(ORV_CORE_HEADERS <QByteArray> <QDateTime> <QDir> <QFile> <QFileInfo> <QHash> <QList> <QObject> <QPointer> <QProperty>
+    <QSaveFile> <QString> <QStringList> <QTimer> <algorithm> <array> <functional> <map> <memory> <optional> <utility>
+    <vector>)
+set(ORV_WINDOW_HEADERS ${ORV_CORE_HEADERS} <QApplication> <QtWidgets>)
+set(ORV_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h> <deque>)
+
+# orv_add_library(NAME [WINDOWS] SOURCES file... LINK target...)
+# A folder of the program; its library may use what LINK names and nothing else. WINDOWS: it draws.
 function(orv_add_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "WINDOWS" "" "SOURCES;LINK" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC orv_options ${ARG_LINK})
+    orv_precompile(${name} orv_base ORV_CORE_HEADERS orv_ui ORV_WINDOW_HEADERS "${ARG_WINDOWS}")
 endfunction()
 
-# orv_add_tests(NAME [PSEUDO_TERMINALS] SOURCES file... LINK target...)
+# orv_precompile(TARGET CORE-MAKER CORE-HEADERS WINDOW-MAKER WINDOW-HEADERS WINDOWS)
+# The first target of a floor makes its precompiled header, the others take it.
+function(orv_precompile target core core_headers window window_headers windows)
+    set(maker ${core})
+    set(headers ${core_headers})
+    if(windows)
+        set(maker ${window})
+        set(headers ${window_headers})
+    endif()
+    if(target STREQUAL maker)
+        target_precompile_headers(${target} PRIVATE ${${headers}})
+    else()
+        target_precompile_headers(${target} REUSE_FROM ${maker})
+    endif()
+endfunction()
+
+# orv_add_tests(NAME [WINDOWS] [PSEUDO_TERMINALS] SOURCES file... LINK target... [PROGRAMS target...])
 # One test program; each of its tests is a ctest test. Tests run without a display. Those marked PSEUDO_TERMINALS open
 # pseudo-terminals and run one at a time: the number of one that is gone is given to the next who asks, so two tests at
-# once could meet on one device.
+# once could meet on one device. PROGRAMS are built first and their paths defined, ORVSIM_PATH for orvsim.
 function(orv_add_tests name)
     if(NOT ORV_BUILD_TESTS)
         return()
     endif()
-    cmake_parse_arguments(ARG "PSEUDO_TERMINALS" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "WINDOWS;PSEUDO_TERMINALS" "" "SOURCES;LINK;PROGRAMS" ${ARGN})
     set(lock "")
     if(ARG_PSEUDO_TERMINALS)
         set(lock RESOURCE_LOCK pseudo_terminals)
     endif()
     add_executable(${name} ${ARG_SOURCES})
-    target_link_libraries(${name} PRIVATE orv_options ${ARG_LINK} GTest::gmock)
+    if(ARG_WINDOWS)
+        target_link_libraries(${name} PRIVATE orv_testing_windows)
+    endif()
+    target_link_libraries(${name} PRIVATE orv_testing ${ARG_LINK})
+    orv_test_options(${name})
+    orv_precompile(${name} orv_base_tests ORV_CORE_TEST_HEADERS orv_ui_tests ORV_WINDOW_TEST_HEADERS "${ARG_WINDOWS}")
+    foreach(program IN LISTS ARG_PROGRAMS)
+        string(TOUPPER ${program} upper)
+        target_compile_definitions(${name} PRIVATE "${upper}_PATH=\"$<TARGET_FILE:${program}>\"")
+        add_dependencies(${name} ${program})
+    endforeach()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
         PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 120 ${lock})
+endfunction()
+set(ORV_CORE_TEST_HEADERS ${ORV_CORE_HEADERS} ${ORV_TEST_HEADERS})
+set(ORV_WINDOW_TEST_HEADERS ${ORV_WINDOW_HEADERS} ${ORV_TEST_HEADERS})
+
+# Tests are compiled without optimisation, which takes most of their time and shows nothing; and each file by itself,
+# because their fixtures have short names.
+function(orv_test_options target)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
+    if(NOT MSVC AND NOT ORV_SANITIZE)
+        target_compile_options(${target} PRIVATE -O0 -g1)
+    endif()
 endfunction()

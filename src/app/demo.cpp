@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/demo.h"
 
-#include "settings/settingswindow.h"
+#include "ui/settingswindow.h"
 
 #include <QAction>
 #include <QApplication>

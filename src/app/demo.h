@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/mainwindow.h"
-#include "app/messageboxes.h"
+#include "ui/mainwindow.h"
+#include "ui/messageboxes.h"
 
 namespace orv {
 

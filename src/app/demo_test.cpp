@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/programtest.h"
+#include "testing/programtest.h"
 
 #include <QProcess>
 

@@ -5,10 +5,11 @@
 #include <QDBusPendingReply>
 #include <QFile>
 
-#include <algorithm>
-#include <string_view>
 #include <sys/socket.h>
 #include <sys/un.h>
+
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace orv {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/sleepinhibitor.h"
-#include "simulator/filedescriptor.h"
+#include "base/filedescriptor.h"
 
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/applicationicon.h"
 #include "app/commandline.h"
 #include "app/demo.h"
-#include "app/documentsfolder.h"
-#include "app/mainwindow.h"
-#include "app/messageboxes.h"
-#include "app/programstyle.h"
 #include "app/sleepinhibitor.h"
-#include "link/systemportlist.h"
+#include "link/systemport.h"
+#include "ui/mainwindow.h"
+#include "ui/messageboxes.h"
+#include "ui/style.h"
 
 #include <QApplication>
 #include <QTextStream>

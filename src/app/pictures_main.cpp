@@ -2,11 +2,11 @@
 // A program for this project's own use: drives the whole program on simulated instruments and takes a picture of each
 // page and dialog, for the guide and for looking at.
 #include "app/commandline.h"
-#include "app/mainwindow.h"
-#include "app/messageboxes.h"
-#include "app/programstyle.h"
-#include "link/portlist.h"
-#include "settings/settingswindow.h"
+#include "link/port.h"
+#include "ui/mainwindow.h"
+#include "ui/messageboxes.h"
+#include "ui/settingswindow.h"
+#include "ui/style.h"
 
 #include <QAbstractItemView>
 #include <QAction>

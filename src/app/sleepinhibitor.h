@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "session/binding.h"
-#include "session/commandpanel.h"
+#include "base/observe.h"
+#include "link/session.h"
 
 #include <memory>
 

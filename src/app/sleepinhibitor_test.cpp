@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/sleepinhibitor.h"
 
-#include "app/programtest.h"
+#include "testing/programtest.h"
 
 namespace orv {
 namespace {

@@ -10,10 +10,10 @@
 //     memory                          20000 rows shown on the sheet: megabytes over the empty sheet (DEVICE unused)
 // DEVICE is what --com1 takes; an instrument in a process of its own (orvsim) keeps its cost out of the figures.
 #include "app/commandline.h"
-#include "app/mainwindow.h"
-#include "app/messageboxes.h"
 #include "benchmarks/fullsheet.h"
 #include "benchmarks/memoryinuse.h"
+#include "ui/mainwindow.h"
+#include "ui/messageboxes.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "benchmarks/fullsheet.h"
-#include "sheet/automaticsave.h"
+#include "sheet/sheetfiles.h"
 #include "testing/fakes.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/program.h"
 #include "benchmarks/fullsheet.h"
+#include "program/program.h"
 #include "testing/fakes.h"
 
 #include <QDir>

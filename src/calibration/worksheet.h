@@ -3,6 +3,7 @@
 
 #include <QProperty>
 #include <QString>
+#include <QStringList>
 
 #include <array>
 
@@ -47,6 +48,102 @@ private:
     static std::size_t index(int number) { return static_cast<std::size_t>(number); }
 
     std::array<std::array<QProperty<QString>, channelCount>, Rows> boxes_;
+};
+
+/// The colour of an instrument's light source, by the number of its selector.
+enum class LightColour : quint8 { None = 0, Red = 9, Blue = 10, Green = 11 };
+
+/// What is kept of each instrument of a calibration batch, in memory only. It starts as zeros.
+class CalibrationTable {
+public:
+    static constexpr int instrumentCount = 7;
+    static constexpr int fieldCount = channelCount * static_cast<int>(worksheetRows.size());
+
+    /// Where the value of a worksheet row and channel is kept.
+    static constexpr int field(int row, int channel) { return static_cast<int>(worksheetRows.size()) * channel + row; }
+
+    /// Throw RuntimeError SubscriptOutOfRange for an instrument outside 0..6.
+    qint16& value(int instrument, int row, int channel);
+    LightColour& colour(int instrument);
+
+private:
+    struct Instrument {
+        std::array<qint16, static_cast<std::size_t>(fieldCount)> values{};
+        LightColour colour = LightColour::None;
+    };
+
+    Instrument& at(int instrument);
+
+    std::array<Instrument, static_cast<std::size_t>(instrumentCount)> instruments_;
+};
+
+/// What the page "Calibration TRX(S)" shows and what its controls ask for.
+struct CalibrationPanel {
+    static constexpr int noRow = -1;
+
+    QProperty<QString> instrumentName;                    ///< `Text17`, as typed.
+    QProperty<LightColour> colour{LightColour::None};     ///< `Option9`, `Option10`, `Option11`.
+    QProperty<QString> message;                           ///< `Text36`.
+    QProperty<QStringList> instruments;                   ///< `List2`; the position is the instrument's index.
+    QProperty<QString> totalEntered{QStringLiteral("0")}; ///< `Label70`.
+    QProperty<qint16> current{0};                         ///< Index of the instrument shown; also `Label71`.
+    QProperty<QString> worksheetCaption;                  ///< `Frame16`; empty until an instrument has been shown.
+    QProperty<int> selectedRow{noRow};                    ///< The row whose selector is on, 0..5.
+    BoxGrid<worksheetRows.size()> worksheet;              ///< Measured values, as text.
+    BoxGrid<referenceRows.size()> reference;              ///< "KP 7", as typed.
+    std::array<QProperty<QString>, channelCount> results; ///< The derived points.
+
+    /// The list entry of the instrument shown; empty if there is none.
+    QString currentEntry() const { return instruments.value().value(current.value()); }
+};
+
+/// Moves values between the worksheet and the calibration table.
+class WorksheetStore {
+public:
+    WorksheetStore(CalibrationTable& table, CalibrationPanel& panel);
+
+    /// Keeps the 18 boxes for the current instrument: the number each begins with (0 if none), rounded half to even.
+    /// Throws RuntimeError SubscriptOutOfRange (the current instrument is none of the seven; nothing is kept) or
+    /// Overflow (outside -32768..32767; the boxes before it are kept: Clean to Point 4, each with its three channels,
+    /// then Air).
+    void storecal();
+
+    /// Shows what is kept of the current instrument in the 18 boxes and selects its colour; an instrument without one
+    /// leaves the selection. Throws RuntimeError SubscriptOutOfRange, with nothing changed.
+    void showcal();
+
+    /// Keeps the colour of the newest entry of the list. Throws RuntimeError SubscriptOutOfRange unless the list has
+    /// one to seven entries.
+    void setcalcolour(LightColour colour);
+
+private:
+    CalibrationTable& table_;
+    CalibrationPanel& panel_;
+};
+
+/// The list of the instruments of a batch, and the steps from one to another.
+class InstrumentList {
+public:
+    InstrumentList(CalibrationPanel& panel, WorksheetStore& store);
+
+    /// Adds the named instrument at the end and keeps its colour; the instrument shown stays. Without a colour it only
+    /// says so. Throws RuntimeError SubscriptOutOfRange for an eighth instrument, which stays in the list without a
+    /// colour.
+    void addInstrument();
+
+    /// Show the next or the previous instrument, round at the ends, or the one at a position of the list. Nothing
+    /// happens while the list is empty. Throw RuntimeError SubscriptOutOfRange for an eighth instrument: it is then
+    /// the current one, by caption and index, but the boxes still show the instrument before.
+    void next();
+    void previous();
+    void select(int position);
+
+private:
+    void show(int position);
+    int count() const { return static_cast<int>(panel_.instruments.value().size()); }
+
+    CalibrationPanel& panel_;
+    WorksheetStore& store_;
 };
 
 } // namespace orv

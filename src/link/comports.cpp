@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/comports.h"
 
-#include "link/devicename.h"
+#include "link/port.h"
 
 #include <utility>
 

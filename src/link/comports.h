@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "link/debugpanel.h"
+#include "link/debug.h"
 #include "link/port.h"
-#include "session/session.h"
+#include "link/session.h"
 
 #include <QProperty>
 #include <QString>

@@ -2,11 +2,9 @@
 #pragma once
 
 #include "link/comports.h"
-#include "link/connectionpanel.h"
 #include "link/manualconnection.h"
-#include "link/statustimer.h"
-#include "link/timedwait.h"
-#include "session/programactions.h"
+#include "link/session.h"
+#include "link/waits.h"
 
 namespace orv {
 
@@ -59,6 +57,25 @@ private:
 
     Parts p_;
     bool polling_ = false;
+};
+
+/// Stops a running collection or download: the program is reset and the instrument woken again on the same port, by
+/// which it comes back to its prompt; nothing else is sent. Rows on the sheet stay. Nothing happens on a closed port
+/// or when no connect item is checked.
+class AbortRun {
+public:
+    AbortRun(Session& session, ConnectionPanel& items, ComPorts& ports, Connection& connection,
+             ManualConnection& manual, ProgramActions& actions);
+
+    void abortrun();
+
+private:
+    Session& session_;
+    ConnectionPanel& items_;
+    ComPorts& ports_;
+    Connection& connection_;
+    ManualConnection& manual_;
+    ProgramActions& actions_;
 };
 
 } // namespace orv

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <vector>
+
 namespace orv {
 
 /// One serial line, 9600 baud, 8 data bits, no parity, 1 stop bit: the whole of what the program asks of a port.
@@ -49,5 +51,37 @@ public:
     /// Why an open line no longer works (unplugged, far end gone); empty while it does. Stays until the next open().
     virtual QString failure() const = 0;
 };
+
+/// A serial port of this computer and what its adapter says of itself; what it does not say is empty.
+struct ListedPort {
+    QString name;
+    QString description;
+    QString manufacturer;
+
+    bool operator==(const ListedPort&) const = default;
+};
+
+/// The serial ports of this computer.
+class PortList {
+public:
+    PortList() = default;
+    PortList(const PortList&) = delete;
+    PortList& operator=(const PortList&) = delete;
+    virtual ~PortList() = default;
+
+    /// The ports that there are now, in any order. Takes some milliseconds.
+    virtual std::vector<ListedPort> ports() = 0;
+
+    /// Whether ports() may say something else than at its last call. Takes some microseconds where that can be known
+    /// without listing them.
+    virtual bool mayHaveChanged() = 0;
+};
+
+/// Whether a device name stands for a simulated instrument ("sim:trx").
+bool isSimulatedDevice(const QString& device);
+
+/// Whether two names mean one device of this computer: "ttyUSB0" and "/dev/ttyUSB0" do. Each line has a simulated
+/// instrument of its own, so two of these never do.
+bool sameDevice(const QString& one, const QString& other);
 
 } // namespace orv

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "link/comports.h"
-#include "link/portlist.h"
+#include "link/port.h"
 
 #include <QList>
 #include <QProperty>

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/systemport.h"
 
-#include "link/openfailure.h"
-
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
@@ -15,6 +13,33 @@
 #endif
 
 namespace orv {
+
+QString explainOpenFailure(const OpenFailureFacts& facts) {
+    if (!facts.exists) {
+        return QStringLiteral(
+            "There is no such device. Plug the adapter in, check the device's name, and connect again.");
+    }
+    if (!facts.isSerialDevice) {
+        return QStringLiteral("It is not a serial port. Choose the device of the serial adapter and connect again.");
+    }
+    if (!facts.accessible) {
+        const QString group = facts.group.isEmpty() ? QStringLiteral("dialout") : facts.group;
+        return QStringLiteral("You have no permission to use it. Ask for your user to be added to the group \"%1\" "
+                              "(sudo usermod -aG %1 $USER), log out and in again, then connect again.")
+            .arg(group);
+    }
+    if (facts.busy) {
+        const QString holder = facts.lockedBy.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(facts.lockedBy);
+        return QStringLiteral("It is used by another program%1. Close that program, then connect again.").arg(holder);
+    }
+    if (!facts.lockFolderWritable) {
+        return QStringLiteral("The lock file that keeps other programs off the port cannot be written in %1. Ask for "
+                              "write permission to that folder, log out and in again, then connect again.")
+            .arg(facts.lockFolder);
+    }
+    return QStringLiteral("The system says: %1. Unplug the adapter and plug it in again, then connect again.")
+        .arg(facts.systemText);
+}
 
 namespace {
 
@@ -186,6 +211,48 @@ QString SystemPort::openFailure() const {
     // With everything above in order, a refusal means that somebody else holds the device.
     facts.busy = facts.busy || (facts.lockFolderWritable && port_.error() == QSerialPort::PermissionError);
     return explainOpenFailure(facts);
+}
+
+namespace {
+
+/// How long after its file has come an adapter's description may follow, in milliseconds.
+constexpr qint64 settlingTime = 10'000;
+
+} // namespace
+
+SystemPortList::SystemPortList(const Clock& clock, QString deviceFolder)
+    : clock_(clock)
+    , deviceFolder_(std::move(deviceFolder)) {}
+
+QString SystemPortList::systemDeviceFolder() {
+#ifdef Q_OS_LINUX
+    return QStringLiteral("/dev");
+#else
+    return {};
+#endif
+}
+
+std::vector<ListedPort> SystemPortList::ports() {
+    std::vector<ListedPort> list;
+    for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts()) {
+        list.push_back(
+            {.name = port.portName(), .description = port.description(), .manufacturer = port.manufacturer()});
+    }
+    return list;
+}
+
+bool SystemPortList::mayHaveChanged() {
+    const QFileInfo folder(deviceFolder_);
+    if (deviceFolder_.isEmpty() || !folder.exists()) {
+        return true;
+    }
+    const QDateTime changed = folder.lastModified();
+    const qint64 now = clock_.monotonicMilliseconds();
+    if (folderChanged_ != changed) {
+        folderChanged_ = changed;
+        seenAt_ = now;
+    }
+    return now - seenAt_ < settlingTime;
 }
 
 } // namespace orv

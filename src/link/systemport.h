@@ -1,11 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/clock.h"
 #include "link/port.h"
 
+#include <QDateTime>
 #include <QSerialPort>
+#include <QString>
+
+#include <optional>
 
 namespace orv {
+
+/// What is known of a serial device that could not be opened.
+struct OpenFailureFacts {
+    bool exists = false;        ///< The system lists the device, or it is a file.
+    bool isSerialDevice = true; ///< False for a file or folder that is no terminal device.
+    bool accessible = false;    ///< This user may read and write it.
+    bool lockFolderWritable = true;
+    QString lockFolder; ///< Where serial programs keep their lock files; may be empty.
+    QString group;      ///< The group that may use the device; may be empty.
+    QString lockedBy;   ///< What is known of the program that holds it, e.g. "process 1234"; may be empty.
+    bool busy = false;  ///< The system or a lock file says that another program uses it.
+    QString systemText; ///< What the system said.
+};
+
+/// Why the device could not be opened and what to do next, in plain words.
+QString explainOpenFailure(const OpenFailureFacts& facts);
 
 /// A serial port of this computer, by its system name ("ttyUSB0", "COM3") or its path ("/dev/ttyUSB0", the path of a
 /// pseudo-terminal).
@@ -31,6 +52,25 @@ private:
     QSerialPort port_;
     QString failure_;
     bool settingUp_ = false; ///< Errors of opening and of setting DTR do not end a connection.
+};
+
+/// The list that the system keeps.
+class SystemPortList final : public PortList {
+public:
+    /// `deviceFolder` is where the system makes and removes the files of its devices; empty where there is none.
+    SystemPortList(const Clock& clock, QString deviceFolder);
+
+    /// The folder of this system.
+    static QString systemDeviceFolder();
+
+    std::vector<ListedPort> ports() override;
+    bool mayHaveChanged() override;
+
+private:
+    const Clock& clock_;
+    QString deviceFolder_;
+    std::optional<QDateTime> folderChanged_; ///< As seen last.
+    qint64 seenAt_ = 0;                      ///< When that change was seen, in monotonic milliseconds.
 };
 
 } // namespace orv

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/plainenglish.h"
 
-#include "session/numbertext.h"
+#include "base/text.h"
 
 #include <cmath>
 

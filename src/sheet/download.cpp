@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/download.h"
 
-#include "session/datetimetext.h"
-#include "session/numbertext.h"
-#include "session/runtimeerror.h"
-#include "settings/settingspanel.h"
-#include "sheet/fileappend.h"
+#include "base/files.h"
+#include "base/runtimeerror.h"
+#include "base/text.h"
+#include "settings/record.h"
 
 #include <QFileInfo>
 

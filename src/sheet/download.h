@@ -2,9 +2,9 @@
 #pragma once
 
 #include "link/comports.h"
-#include "link/statustimer.h"
-#include "settings/progresspanel.h"
-#include "sheet/automaticsave.h"
+#include "link/waits.h"
+#include "settings/record.h"
+#include "sheet/sheetfiles.h"
 #include "sheet/sheetrows.h"
 
 #include <QFile>

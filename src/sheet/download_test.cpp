@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "sheet/downloadtest.h"
+#include "testing/downloadtest.h"
 
 namespace orv {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/folderplace.h"
 
-#include "sheet/sheettest.h"
+#include "testing/sheettest.h"
 
 #include <QCoreApplication>
 

@@ -1,15 +1,48 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "session/clock.h"
-#include "sheet/runlock.h"
+#include "base/clock.h"
+#include "sheet/datasheet.h"
 
+#include <QByteArrayList>
 #include <QFile>
 #include <QString>
 
 #include <functional>
 
 namespace orv {
+
+/// The lock that stands beside a record file while its run writes: "Orvtemp.tmp.lock". One that is found at the start
+/// of the program is of a run that did not end. It says of which type the rows are, which the record file does not:
+/// letter TAB firmware CR LF. While rows of an earlier run are on the sheet unsaved, too, a further field (TAB name)
+/// says which file of the folder holds them.
+class RunLock {
+public:
+    explicit RunLock(const QString& recordFilePath);
+
+    bool stands() const;
+
+    /// The type of the run; with an empty letter if there is no lock or it cannot be read (power failure).
+    DataSheet::Type type() const;
+
+    /// Puts the lock, on the disk, in place of one that may stand. Best effort: without it the rows are in the record
+    /// file all the same, only nobody offers them.
+    void put(const DataSheet::Type& type, const QString& earlierFile = QString()) const;
+
+    /// The name of the file with the unsaved rows of an earlier run; empty if there is none.
+    QString earlierFile() const;
+
+    void remove() const;
+
+    /// Puts a copy of the other lock, on the disk. Returns whether it stands.
+    bool copyFrom(const RunLock& other) const;
+
+private:
+    QByteArrayList fields() const;
+    bool write(const QByteArray& bytes) const;
+
+    QString path_;
+};
 
 /// The record file of a real-time run, "Orvtemp.tmp": a header and one line for each row, so that a long run is never
 /// lost. Each row reaches the operating system at once and the disk within a second. While a run writes, and then until

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/sheetfiles.h"
 
-#include "session/datetimetext.h"
-#include "session/numbertext.h"
-#include "sheet/keptfile.h"
+#include "base/files.h"
+#include "base/text.h"
 
 #include <QFileInfo>
 #include <QSaveFile>
@@ -202,6 +201,38 @@ SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason)
                                           .arg(tellable(name), reason),
                               .icon = Message::Icon::Exclamation});
     return Outcome::Failed;
+}
+
+namespace {
+
+constexpr int retryAfterRows = 500;
+
+} // namespace
+
+AutomaticSave::AutomaticSave(Session& session, SheetRows& rows, SheetFiles& files, SheetPanel& panel)
+    : session_(session)
+    , rows_(rows)
+    , files_(files)
+    , panel_(panel) {}
+
+void AutomaticSave::saveLongSheet() {
+    const int count = session_.state.plc;
+    if (count <= rowLimit) {
+        nextTry_ = rowLimit;
+    }
+    if (count < nextTry_) {
+        return;
+    }
+    files_.autosaving = 1;
+    const bool saved = files_.saveas() == SheetFiles::Outcome::Saved;
+    if (saved) {
+        panel_.records = plainNumber(leadingNumber(panel_.records.value()) + 1.0);
+        rows_.clearSpreadSheet();
+        nextTry_ = rowLimit;
+    } else {
+        nextTry_ = count + retryAfterRows;
+    }
+    files_.autosaving = 0;
 }
 
 } // namespace orv

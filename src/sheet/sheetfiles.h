@@ -3,7 +3,6 @@
 
 #include "link/comports.h"
 #include "sheet/datasheet.h"
-#include "sheet/sheetpanel.h"
 #include "sheet/sheetrows.h"
 
 #include <functional>
@@ -63,6 +62,26 @@ private:
 
     Parts p_;
     bool autosaveFailureTold_ = false; ///< An automatic save is tried again and again; its failure is told once.
+};
+
+/// Saves and clears a sheet that has become long, without asking: shared by runs and downloads.
+class AutomaticSave {
+public:
+    /// Rows at which the sheet is saved and cleared.
+    static constexpr int rowLimit = 20000;
+
+    AutomaticSave(Session& session, SheetRows& rows, SheetFiles& files, SheetPanel& panel);
+
+    /// Saves, counts in "Records :" and clears, if the sheet has rowLimit rows or more. If the save fails the operator
+    /// has been told and every row stays; it is tried again every 500 rows.
+    void saveLongSheet();
+
+private:
+    Session& session_;
+    SheetRows& rows_;
+    SheetFiles& files_;
+    SheetPanel& panel_;
+    int nextTry_ = rowLimit;
 };
 
 } // namespace orv

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "sheet/sheettest.h"
+#include "testing/sheettest.h"
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/sheetrows.h"
 
-#include "session/numbertext.h"
-#include "session/runtimeerror.h"
+#include "base/runtimeerror.h"
+#include "base/text.h"
 
 #include <limits>
 

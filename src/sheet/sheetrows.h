@@ -4,8 +4,7 @@
 #include "link/comports.h"
 #include "sheet/dataline.h"
 #include "sheet/datasheet.h"
-#include "sheet/loadedsheet.h"
-#include "sheet/sheetpanel.h"
+#include "sheet/sheetformat.h"
 
 namespace orv {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "session/runtimeerror.h"
-#include "sheet/sheettest.h"
+#include "base/runtimeerror.h"
+#include "testing/sheettest.h"
 
 #include <limits>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "session/clock.h"
+#include "base/clock.h"
 #include "simulator/ptyserver.h"
 
 #include <QCommandLineParser>

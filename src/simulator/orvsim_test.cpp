@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/filedescriptor.h"
+#include "base/filedescriptor.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "simulator/filedescriptor.h"
+#include "base/filedescriptor.h"
 #include "simulator/simulatedinstrument.h"
 
 #include <QString>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/simulatedinstrument.h"
 
-#include "simulator/mixing.h"
+#include "simulator/instrumentmemory.h"
 
 #include <algorithm>
 

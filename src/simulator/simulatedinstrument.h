@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "session/clock.h"
+#include "base/clock.h"
 #include "simulator/commandinterpreter.h"
-#include "simulator/faultstrike.h"
+#include "simulator/simulatoroptions.h"
 #include "simulator/transmitline.h"
 
 namespace orv {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/instrumentbench.h"
+#include "testing/instrumentbench.h"
 
 #include <gtest/gtest.h>
 

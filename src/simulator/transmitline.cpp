@@ -9,13 +9,13 @@ namespace orv {
 namespace {
 
 constexpr qint64 bitsPerCharacter = 10;
-constexpr qint64 millisecondsPerSecond = 1000;
+constexpr qint64 millisecondsOfASecond = 1000;
 
 } // namespace
 
 TransmitLine::TransmitLine(int baud)
     : ticksPerMillisecond_(baud == 0 ? 1 : baud)
-    , ticksPerCharacter_(baud == 0 ? 0 : bitsPerCharacter * millisecondsPerSecond) {}
+    , ticksPerCharacter_(baud == 0 ? 0 : bitsPerCharacter * millisecondsOfASecond) {}
 
 void TransmitLine::send(const QByteArray& bytes, qint64 now) {
     advance(now);

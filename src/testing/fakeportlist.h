@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "link/portlist.h"
+#include "link/port.h"
 
 namespace orv {
 

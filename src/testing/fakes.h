@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/operator.h"
 #include "link/port.h"
-#include "session/eventyield.h"
-#include "session/operatormessages.h"
+#include "link/waits.h"
 #include "testing/testclock.h"
 
 #include <QStringList>

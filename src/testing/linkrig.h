@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "link/abortrun.h"
 #include "link/comports.h"
 #include "link/connection.h"
 #include "link/manualconnection.h"
 #include "link/poll.h"
-#include "link/programlog.h"
-#include "link/statustimer.h"
-#include "link/timedwait.h"
+#include "link/waits.h"
 #include "testing/fakes.h"
 
 #include <deque>

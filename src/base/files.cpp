@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/files.h"
+
+#include "base/text.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace orv {
+
+QString appendWhole(QFile& file, const QByteArray& bytes) {
+    const qint64 before = file.size();
+    qint64 written = 0;
+    // A full disk first takes a part and tells of its trouble only at the rest.
+    while (written < bytes.size()) {
+        const qint64 part = file.write(bytes.sliced(written));
+        if (part <= 0) {
+            break;
+        }
+        written += part;
+    }
+    if (written == bytes.size()) {
+        return {};
+    }
+    QString reason = file.errorString();
+    file.resize(before);
+    file.seek(before);
+    return reason;
+}
+
+QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* keptAs) {
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        return {};
+    }
+    const QString stem = info.completeBaseName() + QLatin1Char('-') + fileNameStamp(now);
+    const QString suffix = info.suffix().isEmpty() ? QString() : QLatin1Char('.') + info.suffix();
+    QString name = stem + suffix;
+    for (int further = 2; info.dir().exists(name); ++further) {
+        name = QStringLiteral("%1-%2%3").arg(stem, QString::number(further), suffix);
+    }
+    QFile file(path);
+    if (!file.rename(info.dir().filePath(name))) {
+        return file.errorString();
+    }
+    if (keptAs != nullptr) {
+        *keptAs = file.fileName();
+    }
+    return {};
+}
+
+void syncToDisk(int fileHandle) {
+#if defined(Q_OS_WIN)
+    _commit(fileHandle);
+#elif defined(Q_OS_MACOS)
+    ::fsync(fileHandle);
+#else
+    ::fdatasync(fileHandle);
+#endif
+}
+
+QString writeWholeFile(const QString& name, const QByteArray& bytes) {
+    QSaveFile file(name);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) {
+        return {};
+    }
+    return file.errorString();
+}
+
+Message fileNotSaved(const QString& title, const QString& name, const QString& reason) {
+    return {.title = title,
+            .text = QStringLiteral("%1 could not be saved: %2.\n\nA file that was there before is unchanged. Choose "
+                                   "another folder or make room on the disk, then save again.")
+                        .arg(QFileInfo(name).absoluteFilePath(), reason),
+            .icon = Message::Icon::Exclamation};
+}
+
+} // namespace orv

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/operator.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QFile>
+#include <QString>
+
+namespace orv {
+
+/// Appends all of `bytes` to an open unbuffered file, or nothing: after a failure (disk full) the file ends as before.
+/// Returns the empty text, or why it failed.
+QString appendWhole(QFile& file, const QByteArray& bytes);
+
+/// Keeps the file at `path` out of the way of a new one: renames "name.ext" to "name-20261121-093015.ext" (with a
+/// further number if that exists). Returns the empty text, also when there is no such file, or why it failed. `keptAs`
+/// becomes the new path if the file was renamed.
+QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* keptAs = nullptr);
+
+/// Lets the operating system bring an open file's data to the disk before returning. Best effort.
+void syncToDisk(int fileHandle);
+
+/// Writes a file whole or not at all. Returns the empty text, or why it could not be written.
+QString writeWholeFile(const QString& name, const QByteArray& bytes);
+
+/// What the operator is told when a small file could not be written.
+Message fileNotSaved(const QString& title, const QString& name, const QString& reason);
+
+} // namespace orv

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/files.h"
+
+#include "testing/sheettest.h"
+
+namespace orv {
+
+namespace {
+
+class AppendWholeTest : public testing::Test {
+protected:
+    AppendWholeTest() { EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)); }
+
+    QTemporaryDir folder;
+    QFile file{folder.filePath(QStringLiteral("rows.txt"))};
+};
+
+TEST_F(AppendWholeTest, EveryAppendReachesTheSystemAtOnce) {
+    EXPECT_EQ(appendWhole(file, "one\r\n"), QString());
+    EXPECT_EQ(contentsOf(file.fileName()), QByteArray("one\r\n"));
+    EXPECT_EQ(appendWhole(file, QByteArray()), QString());
+    EXPECT_EQ(appendWhole(file, QByteArray("t\0o\r\n", 5)), QString());
+    EXPECT_EQ(contentsOf(file.fileName()), QByteArray("one\r\nt\0o\r\n", 10));
+}
+
+TEST_F(AppendWholeTest, ClosedFileFailsWithAReason) {
+    file.close();
+    EXPECT_FALSE(appendWhole(file, "one").isEmpty());
+    EXPECT_EQ(contentsOf(file.fileName()), QByteArray());
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(AppendWholeTest, FullDiskLeavesTheFileAsItWasAndTheNextAppendGoesOnThere) {
+    ASSERT_EQ(appendWhole(file, "one\r\n"), QString());
+    for (const rlim_t space : {rlim_t{5}, rlim_t{7}, rlim_t{9}}) {
+        const FileSizeLimit limit(space);
+        EXPECT_EQ(appendWhole(file, "two\r\n").toStdString(), "File too large");
+        EXPECT_EQ(contentsOf(file.fileName()), QByteArray("one\r\n"));
+    }
+    EXPECT_EQ(appendWhole(file, "three\r\n"), QString());
+    EXPECT_EQ(contentsOf(file.fileName()), QByteArray("one\r\nthree\r\n"));
+}
+#endif
+
+#ifdef Q_OS_LINUX
+TEST(AppendWhole, DeviceWithoutSpaceIsToldInTheSystemsWords) {
+    QFile full(QStringLiteral("/dev/full"));
+    ASSERT_TRUE(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    EXPECT_EQ(appendWhole(full, "one\r\n").toStdString(), "No space left on device");
+}
+#endif
+
+} // namespace
+
+namespace {
+
+const QDateTime moment(QDate(2026, 11, 21), QTime(9, 30, 15));
+
+TEST(KeptFile, TakesADatedNameBesideItsOwn) {
+    const struct {
+        const char* name;
+        const char* kept;
+    } cases[] = {
+        {"Orvtemp.tmp", "Orvtemp-20261121-093015.tmp"},
+        {"Untitled0.txt", "Untitled0-20261121-093015.txt"},
+        {"lake.run.3.txt", "lake.run.3-20261121-093015.txt"},
+        {"noending", "noending-20261121-093015"},
+    };
+    for (const auto& each : cases) {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QString::fromLatin1(each.name));
+        fill(path, "rows");
+        EXPECT_EQ(keepUnderDatedName(path, moment), QString());
+        EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), each.kept);
+        EXPECT_EQ(contentsOf(folder.filePath(QString::fromLatin1(each.kept))), QByteArray("rows"));
+    }
+}
+
+TEST(KeptFile, FilesKeptInTheSameSecondGetFurtherNumbers) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("Orvtemp.tmp"));
+    for (const char* run : {"first", "second", "third"}) {
+        fill(path, run);
+        EXPECT_EQ(keepUnderDatedName(path, moment), QString());
+    }
+    EXPECT_EQ(contentsOf(folder.filePath(QStringLiteral("Orvtemp-20261121-093015.tmp"))), QByteArray("first"));
+    EXPECT_EQ(contentsOf(folder.filePath(QStringLiteral("Orvtemp-20261121-093015-2.tmp"))), QByteArray("second"));
+    EXPECT_EQ(contentsOf(folder.filePath(QStringLiteral("Orvtemp-20261121-093015-3.tmp"))), QByteArray("third"));
+}
+
+TEST(KeptFile, NothingToKeepIsNoFailure) {
+    const QTemporaryDir folder;
+    EXPECT_EQ(keepUnderDatedName(folder.filePath(QStringLiteral("Orvtemp.tmp")), moment), QString());
+    EXPECT_TRUE(filesIn(folder).isEmpty());
+}
+
+#ifdef Q_OS_UNIX
+TEST(KeptFile, FileThatCannotBeRenamedStaysAndTheReasonIsTold) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("Orvtemp.tmp"));
+    fill(path, "rows");
+    {
+        const UnwritableFolder unwritable(folder);
+        EXPECT_NE(keepUnderDatedName(path, moment), QString());
+    }
+    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp");
+    EXPECT_EQ(contentsOf(path), QByteArray("rows"));
+}
+#endif
+
+} // namespace
+
+} // namespace orv

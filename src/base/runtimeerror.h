@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/operator.h"
+
+#include <QString>
+
+#include <exception>
+#include <functional>
+
+namespace orv {
+
+/// A run-time error that the procedure which meets it does not handle: it ends the operation under way.
+class RuntimeError final : public std::exception {
+public:
+    enum class Kind { Overflow, SubscriptOutOfRange, DivisionByZero, InvalidArgument, TypeMismatch };
+
+    explicit RuntimeError(Kind kind)
+        : kind_(kind) {}
+
+    Kind kind() const { return kind_; }
+
+    /// The error's name as the operator reads it, e.g. "Overflow".
+    QString name() const;
+
+    const char* what() const noexcept override;
+
+private:
+    Kind kind_;
+};
+
+/// What the operator is told when `error` has ended `operation`.
+Message runtimeErrorMessage(const RuntimeError& error, const QString& operation);
+
+/// Runs one operation of the operator's. A RuntimeError ends it and is told in one message that names
+/// the error and `operation`; the program goes on. Returns whether the operation ran to its end.
+bool runOperation(OperatorMessages& messages, const QString& operation, const std::function<void()>& body);
+
+} // namespace orv

@@ -1,0 +1,459 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/text.h"
+
+#include "base/runtimeerror.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <optional>
+
+namespace orv {
+
+namespace {
+
+using Kind = RuntimeError::Kind;
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+/// The kind of the error that `call` throws; nothing if it throws none.
+std::optional<Kind> errorOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        return error.kind();
+    }
+    return std::nullopt;
+}
+
+/// Runs the test under a locale that writes a decimal comma.
+class GermanLocale {
+public:
+    GermanLocale() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
+    ~GermanLocale() { QLocale::setDefault(before_); }
+    GermanLocale(const GermanLocale&) = delete;
+    GermanLocale& operator=(const GermanLocale&) = delete;
+
+private:
+    QLocale before_;
+};
+
+struct ParsedText {
+    const char* text;
+    double value;
+};
+
+TEST(LeadingNumber, readsTheNumberThatATextBeginsWith) {
+    const ParsedText rows[] = {
+        {"", 0},          {"   ", 0},         {"abc", 0},     {"5", 5},
+        {" 5", 5},        {"\t 5", 5},        {"5 ", 5},      {"5abc", 5},
+        {"12 34", 12},    {"+7", 7},          {"-7", -7},     {"- 7", 0},
+        {"--7", 0},       {"+", 0},           {"-", 0},       {".", 0},
+        {"-.", 0},        {".5", 0.5},        {"-.5", -0.5},  {"5.", 5},
+        {"5.x", 5},       {"3.25rest", 3.25}, {"1.2.3", 1.2}, {"1,5", 1},
+        {"1,000", 1},     {"1e3", 1000},      {"1E3", 1000},  {"1e+2", 100},
+        {"1e-2", 0.01},   {"1e", 1},          {"1e+", 1},     {"1e-x", 1},
+        {"1.e2", 100},    {".e2", 0},         {"e2", 0},      {"0512", 512},
+        {"00", 0},        {"512\r", 512},     {"\r\n7", 7},   {"0x10", 0},
+        {"inf", 0},       {"nan", 0},         {"-0", 0},      {"________", 0},
+        {"65535", 65535}, {"1d2", 1},         {"1e2e3", 100}, {"2147483648", 2147483648.0},
+    };
+    for (const ParsedText& row : rows) {
+        EXPECT_EQ(leadingNumber(QString::fromLatin1(row.text)), row.value) << '"' << row.text << '"';
+    }
+}
+
+TEST(LeadingNumber, overflowsToInfinityAndNeverToZero) {
+    EXPECT_EQ(leadingNumber(QStringLiteral("1e999")), infinity);
+    EXPECT_EQ(leadingNumber(QStringLiteral("-1e999x")), -infinity);
+    EXPECT_EQ(leadingNumber(QStringLiteral("1e-999")), 0.0);
+}
+
+TEST(LeadingNumber, ignoresDigitsOfOtherScripts) {
+    EXPECT_EQ(leadingNumber(QStringLiteral("\u0665")), 0.0);
+    EXPECT_EQ(leadingNumber(QStringLiteral("5\u0665")), 5.0);
+}
+
+TEST(LeadingNumber, readsAPointUnderEveryLocale) {
+    const GermanLocale german;
+    EXPECT_EQ(leadingNumber(QStringLiteral("1.5")), 1.5);
+    EXPECT_EQ(leadingNumber(QStringLiteral("1,5")), 1.0);
+    EXPECT_EQ(leadingNumber(QStringLiteral("1.000")), 1.0);
+}
+
+TEST(WholeNumberText, readsATextThatIsANumberAndNothingElse) {
+    const ParsedText rows[] = {{"5", 5},         {" 5", 5},   {"5\t", 5},      {" -2.5 ", -2.5},
+                               {"+1", 1},        {".5", 0.5}, {"5.", 5},       {"1e3", 1000},
+                               {"1.5E-1", 0.15}, {"0", 0},    {"32400", 32400}};
+    for (const ParsedText& row : rows) {
+        EXPECT_EQ(wholeNumberText(QString::fromLatin1(row.text)), row.value) << '"' << row.text << '"';
+    }
+}
+
+TEST(WholeNumberText, refusesEveryOtherText) {
+    for (const char* text : {"", " ", "abc", "5a", "a5", "1 2", "1,5", "--1", "1e", "1e+", ".", "-", "0x10", "nan",
+                             "inf", "5>", "1.2.3"}) {
+        EXPECT_EQ(errorOf([text] { wholeNumberText(QString::fromLatin1(text)); }), Kind::TypeMismatch)
+            << '"' << text << '"';
+    }
+}
+
+TEST(WholeNumberText, readsAPointUnderEveryLocale) {
+    const GermanLocale german;
+    EXPECT_EQ(wholeNumberText(QStringLiteral("1.5")), 1.5);
+    EXPECT_EQ(errorOf([] { wholeNumberText(QStringLiteral("1,5")); }), Kind::TypeMismatch);
+}
+
+struct WrittenNumber {
+    double value;
+    const char* plain;
+    const char* printed;
+};
+
+constexpr WrittenNumber writtenNumbers[] = {
+    {0, "0", " 0"},
+    {-0.0, "0", " 0"},
+    {5, "5", " 5"},
+    {-5, "-5", "-5"},
+    {999, "999", " 999"},
+    {0.5, "0.5", " 0.5"},
+    {-0.5, "-0.5", "-0.5"},
+    {1.25, "1.25", " 1.25"},
+    {0.1, "0.1", " 0.1"},
+    {12.34567, "12.34567", " 12.34567"},
+    {0.00001, "0.00001", " 0.00001"},
+    {100000, "100000", " 100000"},
+    {1e6, "1000000", " 1000000"},
+    {123456789012.0, "123456789012", " 123456789012"},
+    {1e20, "100000000000000000000", " 100000000000000000000"},
+    {-2147483648.0, "-2147483648", "-2147483648"},
+};
+
+TEST(PlainNumber, hasNeitherExponentNorTrailingZerosNorLeadingBlank) {
+    for (const WrittenNumber& row : writtenNumbers) {
+        EXPECT_EQ(plainNumber(row.value), QLatin1String(row.plain)) << row.value;
+    }
+}
+
+TEST(PrintedNumber, putsABlankBeforeAValueThatIsNotNegative) {
+    for (const WrittenNumber& row : writtenNumbers) {
+        EXPECT_EQ(printedNumber(row.value), QLatin1String(row.printed)) << row.value;
+    }
+}
+
+TEST(PlainNumber, isReadBackAsTheSameNumber) {
+    for (const double value : {1.0 / 3.0, 2e-7, 123456.78901, -9.87654321e12, 0.1 + 0.2}) {
+        EXPECT_EQ(leadingNumber(plainNumber(value)), value);
+        EXPECT_EQ(leadingNumber(printedNumber(value)), value);
+    }
+}
+
+TEST(PlainNumber, writesAPointAndNoGroupsUnderEveryLocale) {
+    const GermanLocale german;
+    EXPECT_EQ(plainNumber(1234567.5), QStringLiteral("1234567.5"));
+    EXPECT_EQ(printedNumber(1234567.5), QStringLiteral(" 1234567.5"));
+}
+
+struct Rounded {
+    double value;
+    double whole;
+};
+
+TEST(RoundHalfEven, roundsHalvesToTheEvenNeighbour) {
+    const Rounded rows[] = {{0, 0},
+                            {0.5, 0},
+                            {1.5, 2},
+                            {2.5, 2},
+                            {3.5, 4},
+                            {-0.5, 0},
+                            {-1.5, -2},
+                            {-2.5, -2},
+                            {-3.5, -4},
+                            {0.49, 0},
+                            {0.51, 1},
+                            {-0.49, 0},
+                            {-0.51, -1},
+                            {2.4999, 2},
+                            {2.5001, 3},
+                            {9.5, 10},
+                            {32766.5, 32766},
+                            {32767.5, 32768},
+                            {-32768.5, -32768},
+                            {0.49999999999999994, 0},
+                            {1e15 + 0.5, 1e15},
+                            {4503599627370495.5, 4503599627370496.0},
+                            {1e300, 1e300},
+                            {-1e-20, 0}};
+    for (const Rounded& row : rows) {
+        EXPECT_EQ(roundHalfEven(row.value), row.whole) << row.value;
+    }
+}
+
+TEST(ToInteger16, roundsHalfToEvenWithinItsBounds) {
+    EXPECT_EQ(toInteger16(0.5), 0);
+    EXPECT_EQ(toInteger16(1.5), 2);
+    EXPECT_EQ(toInteger16(-1.5), -2);
+    EXPECT_EQ(toInteger16(32767), 32767);
+    EXPECT_EQ(toInteger16(32767.49), 32767);
+    EXPECT_EQ(toInteger16(-32768), -32768);
+    EXPECT_EQ(toInteger16(-32768.5), -32768);
+}
+
+TEST(ToInteger16, overflowsOutsideItsBounds) {
+    for (const double value :
+         {32767.5, 32768.0, -32768.51, -32769.0, 65535.0, 1e300, infinity, -infinity, notANumber}) {
+        EXPECT_EQ(errorOf([value] { toInteger16(value); }), Kind::Overflow) << value;
+    }
+}
+
+TEST(ToInteger32, roundsHalfToEvenWithinItsBounds) {
+    EXPECT_EQ(toInteger32(2.5), 2);
+    EXPECT_EQ(toInteger32(3.5), 4);
+    EXPECT_EQ(toInteger32(2147483647.49), std::numeric_limits<qint32>::max());
+    EXPECT_EQ(toInteger32(-2147483648.5), std::numeric_limits<qint32>::min());
+}
+
+TEST(ToInteger32, overflowsOutsideItsBounds) {
+    for (const double value :
+         {2147483647.5, 2147483648.0, -2147483648.51, -2147483649.0, infinity, -infinity, notANumber}) {
+        EXPECT_EQ(errorOf([value] { toInteger32(value); }), Kind::Overflow) << value;
+    }
+}
+
+struct Division {
+    double dividend;
+    double divisor;
+    qint32 quotient;
+};
+
+TEST(IntegerDivide, roundsTheOperandsAndCutsTheQuotientTowardZero) {
+    const Division rows[] = {{10, 4, 2},
+                             {9.5, 2, 5},
+                             {8.5, 2, 4},
+                             {7, 2, 3},
+                             {-7, 2, -3},
+                             {7, -2, -3},
+                             {-7, -2, 3},
+                             {0, 5, 0},
+                             {5, 1.5, 2},
+                             {5, 2.5, 2},
+                             {5, 0.51, 5},
+                             {1, 2, 0},
+                             {-1, 2, 0},
+                             {2147483647, 1, 2147483647},
+                             {2147483647.49, 1, 2147483647},
+                             {-2147483648.0, 1, std::numeric_limits<qint32>::min()},
+                             {-2147483648.0, 2, -1073741824}};
+    for (const Division& row : rows) {
+        EXPECT_EQ(integerDivide(row.dividend, row.divisor), row.quotient) << row.dividend << " \\ " << row.divisor;
+    }
+}
+
+TEST(IntegerDivide, failsWhenTheDivisorRoundsToZero) {
+    for (const double divisor : {0.0, 0.5, -0.5, 0.49}) {
+        EXPECT_EQ(errorOf([divisor] { integerDivide(1, divisor); }), Kind::DivisionByZero) << divisor;
+    }
+}
+
+TEST(IntegerDivide, overflowsWhenAnOperandOrTheQuotientDoesNotFit) {
+    EXPECT_EQ(errorOf([] { integerDivide(2147483648.0, 2); }), Kind::Overflow);
+    EXPECT_EQ(errorOf([] { integerDivide(2, 2147483648.0); }), Kind::Overflow);
+    EXPECT_EQ(errorOf([] { integerDivide(-2147483648.0, -1); }), Kind::Overflow);
+    EXPECT_EQ(errorOf([] { integerDivide(notANumber, 1); }), Kind::Overflow);
+}
+
+TEST(NumberText, IsTheWholeTextOrNothing) {
+    EXPECT_EQ(numberText(u" -12.5e1 "), -125.0);
+    EXPECT_EQ(numberText(u".5"), 0.5);
+    for (const QStringView text : {u"", u" ", u"x", u"1x", u"1,5", u"1 2", u"nan", u"inf", u"0x10", u"."}) {
+        EXPECT_EQ(numberText(text), std::nullopt) << text.toString().toStdString();
+    }
+}
+
+} // namespace
+
+namespace {
+
+struct DateRow {
+    QDate date;
+    const char* text;
+};
+
+const DateRow shortDates[] = {
+    {QDate(1999, 1, 5), "1/5/99"},     {QDate(2026, 11, 21), "11/21/26"}, {QDate(2000, 1, 1), "1/1/00"},
+    {QDate(2009, 12, 31), "12/31/09"}, {QDate(2026, 2, 3), "2/3/26"},
+};
+
+struct TimeRow {
+    QTime time;
+    const char* text;
+};
+
+const TimeRow clockTexts[] = {
+    {QTime(0, 0, 0), "12:00:00 AM"},  {QTime(0, 59, 1), "12:59:01 AM"},   {QTime(1, 2, 3), "1:02:03 AM"},
+    {QTime(9, 30, 15), "9:30:15 AM"}, {QTime(11, 59, 59), "11:59:59 AM"}, {QTime(12, 0, 0), "12:00:00 PM"},
+    {QTime(13, 5, 0), "1:05:00 PM"},  {QTime(15, 7, 9), "3:07:09 PM"},    {QTime(23, 59, 59, 999), "11:59:59 PM"},
+};
+
+TEST(ShortDate, isMonthDayAndTwoDigitYear) {
+    for (const DateRow& row : shortDates) {
+        EXPECT_EQ(shortDate(row.date), QLatin1String(row.text)) << row.text;
+    }
+}
+
+TEST(ClockText, isATwelveHourTimeWithTwelveForNoonAndMidnight) {
+    for (const TimeRow& row : clockTexts) {
+        EXPECT_EQ(clockText(row.time), QLatin1String(row.text)) << row.text;
+    }
+}
+
+TEST(DateAndTimeTexts, areTheSameUnderEveryLocale) {
+    const QLocale before;
+    for (const QLocale& locale : {QLocale(QLocale::German), QLocale(QLocale::Arabic, QLocale::Egypt),
+                                  QLocale(QLocale::Japanese), QLocale(QLocale::English, QLocale::UnitedKingdom)}) {
+        SCOPED_TRACE(locale.name().toStdString());
+        QLocale::setDefault(locale);
+        for (const DateRow& row : shortDates) {
+            EXPECT_EQ(shortDate(row.date), QLatin1String(row.text));
+        }
+        for (const TimeRow& row : clockTexts) {
+            EXPECT_EQ(clockText(row.time), QLatin1String(row.text));
+        }
+        EXPECT_EQ(fileNameStamp(QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15))), QStringLiteral("20261121-093015"));
+        EXPECT_EQ(instrumentDate(QStringLiteral("1/5/99")), QDate(1999, 1, 5));
+        EXPECT_EQ(timeOfDay(2700).text12(), QStringLiteral("1:00:00 AM"));
+    }
+    QLocale::setDefault(before);
+}
+
+TEST(FileNameStamp, isPaddedSoThatNamesSortByTime) {
+    EXPECT_EQ(fileNameStamp(QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15))), QStringLiteral("20261121-093015"));
+    EXPECT_EQ(fileNameStamp(QDateTime(QDate(2027, 1, 2), QTime(0, 3, 4))), QStringLiteral("20270102-000304"));
+}
+
+TEST(InstrumentDate, readsMonthDayAndYear) {
+    const DateRow rows[] = {
+        {QDate(1999, 1, 5), "1/5/99"},       {QDate(1999, 1, 5), "01/05/99"},     {QDate(1999, 1, 5), "01-05-99"},
+        {QDate(1999, 1, 5), "1-5-1999"},     {QDate(2026, 11, 21), "11/21/26"},   {QDate(2026, 11, 21), "11/21/2026"},
+        {QDate(2026, 11, 21), " 11/21/26 "}, {QDate(2026, 11, 21), "11/21/26\t"}, {QDate(2000, 2, 29), "2/29/00"},
+        {QDate(2029, 12, 31), "12/31/29"},   {QDate(1930, 1, 1), "1/1/30"},       {QDate(2009, 1, 5), "1/5/9"},
+        {QDate(2026, 3, 12), "3/12/26"},     {QDate(1930, 1, 1), "1/1/1930"},
+    };
+    for (const DateRow& row : rows) {
+        EXPECT_EQ(instrumentDate(QString::fromLatin1(row.text)), row.date) << '"' << row.text << '"';
+    }
+}
+
+TEST(InstrumentDate, refusesWhatIsNoSuchDate) {
+    for (const char* text :
+         {"",        "\t",        "abc",      "1/5",      "1/5/",     "/5/99",        "1//99",  "1/5/99/1",
+          "13/1/99", "21/11/26",  "0/1/99",   "1/0/99",   "2/29/99",  "4/31/99",      "1/5-99", "1-5/99",
+          "1/5/999", "1/5/12345", "001/5/99", "1/005/99", "1/5/0000", "a/5/99",       "1/5/9x", "-1/5/99",
+          "+1/5/99", "1 /5/99",   "1/ 5/99",  "1.5.99",   "010599",   "1/5/99 12:00", "1--5-99"}) {
+        EXPECT_EQ(instrumentDate(QString::fromLatin1(text)), std::nullopt) << '"' << text << '"';
+    }
+}
+
+struct CountRow {
+    double count;
+    TimeOfDay time;
+    const char* text24;
+    const char* text12;
+};
+
+TEST(TimeOfDay, isCountedInSixtyFourThousandEightHundredthsOfADay) {
+    const CountRow rows[] = {
+        {0, {0, 0, 0}, "0:00:00", "0:00:00 AM"},          {1, {0, 0, 1}, "0:00:01", "0:00:01 AM"},
+        {675, {0, 15, 0}, "0:15:00", "0:15:00 AM"},       {2700, {1, 0, 0}, "1:00:00", "1:00:00 AM"},
+        {13500, {5, 0, 0}, "5:00:00", "5:00:00 AM"},      {32399, {11, 59, 58}, "11:59:58", "11:59:58 AM"},
+        {32400, {12, 0, 0}, "12:00:00", "0:00:00 PM"},    {33075, {12, 15, 0}, "12:15:00", "0:15:00 PM"},
+        {35100, {13, 0, 0}, "13:00:00", "1:00:00 PM"},    {48600, {18, 0, 0}, "18:00:00", "6:00:00 PM"},
+        {64799, {23, 59, 58}, "23:59:58", "11:59:58 PM"},
+    };
+    for (const CountRow& row : rows) {
+        SCOPED_TRACE(row.count);
+        EXPECT_EQ(timeOfDay(row.count), row.time);
+        EXPECT_EQ(timeOfDay(row.count).text24(), QLatin1String(row.text24));
+        EXPECT_EQ(timeOfDay(row.count).text12(), QLatin1String(row.text12));
+    }
+}
+
+TEST(TimeOfDay, isCutAfterEachFloatingPointStep) {
+    int lower = 0;
+    for (int count = 0; count < 64800; ++count) {
+        const int exact = count * 4 / 3;
+        const TimeOfDay time = timeOfDay(count);
+        ASSERT_GE(time.minutes, 0);
+        ASSERT_LT(time.minutes, 60);
+        ASSERT_GE(time.seconds, 0);
+        ASSERT_LT(time.seconds, 60);
+        const int shown = (time.hours * 60 + time.minutes) * 60 + time.seconds;
+        ASSERT_TRUE(shown == exact || shown == exact - 1) << count;
+        lower += shown == exact - 1 ? 1 : 0;
+    }
+    EXPECT_EQ(lower, 10711);
+    EXPECT_EQ(timeOfDay(9), (TimeOfDay{0, 0, 11})) << "exact: 12 s";
+    EXPECT_EQ(timeOfDay(18), (TimeOfDay{0, 0, 23})) << "exact: 24 s";
+    EXPECT_EQ(timeOfDay(39), (TimeOfDay{0, 0, 52}));
+    EXPECT_EQ(timeOfDay(63), (TimeOfDay{0, 1, 23})) << "exact: 1 min 24 s";
+}
+
+TEST(TimeOfDay, hasHoursOutsideADayForCountsOutsideADay) {
+    EXPECT_EQ(timeOfDay(64800), (TimeOfDay{24, 0, 0}));
+    EXPECT_EQ(timeOfDay(64800).text24(), QStringLiteral("24:00:00"));
+    EXPECT_EQ(timeOfDay(64800).text12(), QStringLiteral("12:00:00 PM"));
+    EXPECT_EQ(timeOfDay(-2700), (TimeOfDay{-1, 0, 0}));
+    EXPECT_EQ(timeOfDay(-675), (TimeOfDay{-1, 45, 0}));
+    EXPECT_EQ(timeOfDay(-675).text24(), QStringLiteral("1:45:00"));
+    EXPECT_EQ(timeOfDay(-675).text12(), QStringLiteral("-1:45:00 AM"));
+}
+
+TEST(TimeOfDay, overflowsWhenTheHoursDoNotFit) {
+    for (const double count :
+         {1e300, -1e300, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+        try {
+            timeOfDay(count);
+            ADD_FAILURE() << count << " was converted";
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.kind(), RuntimeError::Kind::Overflow);
+        }
+    }
+}
+
+TEST(TimeOfDay, padsMinutesAndSecondsButNotHours) {
+    EXPECT_EQ((TimeOfDay{9, 5, 7}.text24()), QStringLiteral("9:05:07"));
+    EXPECT_EQ((TimeOfDay{5, 5, 5}.text12()), QStringLiteral("5:05:05 AM"));
+    EXPECT_EQ((TimeOfDay{15, 5, 9}.text12()), QStringLiteral("3:05:09 PM"));
+    EXPECT_EQ((TimeOfDay{12, 15, 7}.text12()), QStringLiteral("0:15:07 PM"));
+    EXPECT_EQ((TimeOfDay{0, 10, 11}.text12()), QStringLiteral("0:10:11 AM"));
+}
+
+TEST(SheetTime, ReadsTheSheetsTimesAndThoseOfSpreadsheets) {
+    const auto read = [](const char* text) {
+        const std::optional<QTime> time = sheetTime(QString::fromLatin1(text));
+        return time ? time->toString(QStringLiteral("HH:mm:ss")).toStdString() : std::string("none");
+    };
+    EXPECT_EQ(read("9:05:07"), "09:05:07");
+    EXPECT_EQ(read(" 23:59:59\t"), "23:59:59");
+    EXPECT_EQ(read("0:00:00"), "00:00:00");
+    EXPECT_EQ(read("3:07:09 PM"), "15:07:09");
+    EXPECT_EQ(read("3:07:09am"), "03:07:09");
+    EXPECT_EQ(read("12:00:00 AM"), "00:00:00");
+    EXPECT_EQ(read("12:30:00 PM"), "12:30:00");
+    EXPECT_EQ(read("0:15:07 PM"), "12:15:07");
+    for (const char* text : {"", "9:05", "24:00:00", "25:00:00", "9:5:07", "9:05:60", "-1:05:07", "9:05:07 XM",
+                             ":05:07", ":05:07 AM", "13:00:00 PM", "9:05:07:08", "99999", "009:05:07"}) {
+        EXPECT_EQ(read(text), "none") << text;
+    }
+}
+
+} // namespace
+
+} // namespace orv

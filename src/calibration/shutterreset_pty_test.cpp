@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/systemport.h"
+#include "simulator/ptyserver.h"
+#include "testing/shutterbench.h"
+
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace {
+
+/// The real port on a pseudo-terminal whose far end is served whenever the port is used. Waiting for input moves the
+/// test's clock and takes no time of its own.
+class ServedPort final : public Port {
+public:
+    ServedPort(std::unique_ptr<PtyServer>& server, TestClock& clock)
+        : server_(server)
+        , clock_(clock)
+        , port_(server->path()) {}
+
+    QString open() override { return port_.open(); }
+    void close() override { port_.close(); }
+    bool isOpen() const override { return port_.isOpen(); }
+    void setDataTerminalReady(bool on) override { port_.setDataTerminalReady(on); }
+    QByteArray readAll() override {
+        serve();
+        port_.waitForInput(0);
+        return port_.readAll();
+    }
+    void write(const QByteArray& bytes) override {
+        port_.write(bytes);
+        serve();
+    }
+    void discardInput() override {
+        port_.discardInput();
+        serve();
+    }
+    qsizetype inputCount() override { return port_.inputCount(); }
+    bool waitForInput(int milliseconds) override {
+        if (port_.waitForInput(0)) {
+            return true;
+        }
+        clock_.advance(milliseconds);
+        serve();
+        return port_.waitForInput(0);
+    }
+    QString failure() const override { return port_.failure(); }
+
+    /// Whether everything that has come is read.
+    bool allIsRead() { return !port_.waitForInput(0); }
+
+private:
+    void serve() {
+        if (server_) {
+            server_->serve(0);
+        }
+    }
+
+    std::unique_ptr<PtyServer>& server_;
+    TestClock& clock_;
+    SystemPort port_;
+};
+
+class ShutterPtyTest : public testing::TestWithParam<ShutterMoment> {
+protected:
+    void start(const char* device) {
+        const SimulatorOptions options = parseSimulatorOptions(QString::fromLatin1(device)).options;
+        bench = std::make_unique<ShutterBench>([this, options](TestClock& clock) {
+            server = std::make_unique<PtyServer>(options, clock);
+            EXPECT_EQ(server->open().toStdString(), "");
+            auto port = std::make_unique<ServedPort>(server, clock);
+            line = port.get();
+            return port;
+        });
+        ASSERT_TRUE(bench->ports.isOpen());
+    }
+
+    std::unique_ptr<PtyServer> server;
+    std::unique_ptr<ShutterBench> bench;
+    ServedPort* line = nullptr; ///< The bench's port, while it lives.
+};
+
+TEST_F(ShutterPtyTest, AnInstrumentThatAnswersEndsWithItsOwnSettings) {
+    start("sim:trx");
+    bench->shutter.shutterreset();
+    EXPECT_EQ(bench->steps.join(u'|').toStdString(),
+              "Getting Settings|Sending New Settings|Moving Shutter|Restoring Orignal Settings|");
+    EXPECT_EQ(bench->written(), "PB000000T1\rD0\rQ1\rI0\rPrB000111T30\rD2\rQ100\rI5\rP");
+    bench->live(1.0F);
+    EXPECT_TRUE(bench->session.commands.canResetShutter);
+    EXPECT_EQ(bench->shown(), ShutterBench::original());
+    EXPECT_TRUE(bench->report().contains("S0\r\nG0\r\nA0\r\nL1\r\nW1\r\nM1\r\nT30\r\nD2\r\nQ100\r\nI5\r\n"));
+    EXPECT_TRUE(bench->messages.shown.empty());
+}
+
+TEST_F(ShutterPtyTest, ASilentInstrumentGoesThroughEveryStep) {
+    start("sim:trx?fault=silent");
+    const qint64 began = bench->clock.monotonicMilliseconds();
+    bench->shutter.shutterreset();
+    EXPECT_EQ(bench->steps.join(u'|').toStdString(),
+              "Getting Settings|Sending New Settings|Moving Shutter|Restoring Orignal Settings|");
+    EXPECT_EQ(bench->written(), "PBrB");
+    const qint64 passed = bench->clock.monotonicMilliseconds() - began;
+    EXPECT_GE(passed, 75'580);
+    EXPECT_LT(passed, 76'100);
+    EXPECT_TRUE(bench->session.commands.canRun);
+}
+
+TEST_P(ShutterPtyTest, UnpluggedInEachWait) {
+    start("sim:trx");
+    qsizetype writes = -1;
+    bench->whenever = [this, &writes] {
+        // An answer that came before the cable was pulled is still taken, and the next character sent.
+        if (server && bench->at(GetParam().step, GetParam().milliseconds) && line->allIsRead()) {
+            server.reset();
+            writes = bench->port->writes.size();
+        }
+    };
+    bench->shutter.shutterreset();
+    EXPECT_EQ(bench->port->writes.size(), writes) << "something was sent into the void";
+    EXPECT_FALSE(bench->ports.isOpen());
+    EXPECT_EQ(bench->resets, 1);
+    EXPECT_TRUE(bench->timer.isRunning());
+    EXPECT_EQ(bench->session.commands.activity.value(), Activity::None);
+    if (GetParam().temporarySent) {
+        EXPECT_EQ(bench->shown(), ShutterBench::original());
+    }
+    ASSERT_EQ(bench->messages.shown.size(), 2U) << "the shutter's and the port's";
+    EXPECT_EQ(bench->messages.shown[0].text.contains(QStringLiteral("may still hold the temporary settings")),
+              GetParam().temporarySent);
+    EXPECT_TRUE(bench->messages.shown[1].text.contains(QStringLiteral("The device is gone")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Moments, ShutterPtyTest, testing::ValuesIn(shutterMoments),
+                         [](const auto& moment) { return std::string(moment.param.name); });
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/debug.h"
+
+namespace orv {
+
+void DebugList::append(const QString& entry) {
+    const bool full = entries_.size() >= maximumEntries;
+    if (full) {
+        entries_.pop_front();
+    }
+    entries_.push_back(entry);
+    if (appended) {
+        appended(full);
+    }
+}
+
+void DebugList::selectLast() {
+    if (lastSelected) {
+        lastSelected();
+    }
+}
+
+} // namespace orv

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/clock.h"
+#include "base/operator.h"
+
+#include <QProperty>
+#include <QString>
+
+namespace orv {
+
+/// Operation codes: what the program waits for. The status timer dispatches on them, compared for exact equality;
+/// with any other value it does nothing but poll.
+namespace opstate {
+inline constexpr float idle = 0.0F;            ///< Idle or offline.
+inline constexpr float collectionSetUp = 1.0F; ///< A real-time collection is set up, or has ended.
+inline constexpr float settingsOpen = 2.0F;    ///< The computer's time and date are shown on the settings screen.
+inline constexpr float collecting = 11.0F;     ///< Every reply line goes to `profilemode`.
+inline constexpr float ready = 23.0F;          ///< Every reply line goes to `getprefs`.
+inline constexpr float importing = 28.0F;      ///< Stored data goes to the sheet.
+inline constexpr float savingText = 38.0F;     ///< Stored data goes to a text file.
+inline constexpr float clockCheck = 48.0F;     ///< The clock reply is awaited.
+inline constexpr float identified = 64.0F;     ///< The wake-up has told type and firmware.
+inline constexpr float shutterReset = 999.0F;  ///< A shutter reset is under way.
+} // namespace opstate
+
+/// The program-wide variables. One instance lives for the whole run; `fixit` gives the values named "reset".
+struct SessionState {
+    float Ctrlscrn = opstate::idle; ///< The operation code. Reset: 0.
+    QString Rtn;                    ///< The last complete reply line, without its end. Reset: "wakeup!!!".
+    qint16 Tmr = 0;                 ///< 1: the next poll first empties the receive buffer. Reset: 1.
+    QString Vartemp;                ///< The type letter after identification, "V" or "F". Kept by a reset.
+    quint8 trouble = 0;             ///< 1: service mode, the debug list is fed. Kept by a reset.
+    quint8 portstatus = 0;          ///< 1: the operator has opened a port; 2: closed or offline. Reset: 2.
+    quint8 gatherstart = 0;         ///< 1: a collection runs and the poll watches for prompts. Reset: 0.
+    quint8 Gatherstop = 0;          ///< Prompt seen meanwhile: 1 for ">", 3 for "!". Reset: 0.
+    qint16 plc = 0;                 ///< Data rows on the sheet. Kept by a reset.
+    qint16 Timeout = 0;             ///< Calls of `getprefs` since the start of the program. Kept by a reset.
+    quint8 Seeking = 0;             ///< 1: a manual connection waits without limit. Reset: 0.
+    quint8 Portused = 0;            ///< COM port number in use, 1 or 2; 0 before the first. Kept by a reset.
+
+    bool isTrx() const { return Vartemp == QLatin1String("V") || Vartemp == QLatin1String("v"); }
+    bool isGlow() const { return Vartemp == QLatin1String("F") || Vartemp == QLatin1String("f"); }
+};
+
+/// What the status page shows. Where two labels always read the same (the status on the status page and on the debug
+/// screen, the buffer counts) they show one value.
+struct StatusPanel {
+    static QString unknownShort() { return QStringLiteral("________"); }
+    static QString unknownLong() { return QStringLiteral("________________"); }
+
+    QProperty<QString> status{QStringLiteral("Offline")};
+    QProperty<QString> firmware{unknownShort()};   ///< The caption that is read as the firmware number.
+    QProperty<QString> instrument{unknownShort()}; ///< "TRX" or "GLOW" once identified.
+    QProperty<QString> date{unknownLong()};        ///< The instrument's date at the last clock reply.
+    QProperty<QString> time{unknownLong()};        ///< The instrument's time at the last clock reply.
+    QProperty<int> bufferCount{0};                 ///< Characters received and not yet consumed as a line.
+    QProperty<QString> shutterProgress;            ///< `Text38`.
+    QProperty<QString> shutterCountdown;           ///< Seconds left of the shutter's long wait; empty otherwise.
+    QProperty<QString> downloadedBytes{QStringLiteral("0")}; ///< Size of the last whole download.
+    QProperty<QString> notice; ///< A remark beside the status that needs no answer; empty most of the time.
+};
+
+/// The long operation under way, if any.
+enum class Activity { None, Connecting, Collecting, Downloading, Sending, SettingClock, ResettingShutter };
+
+/// What the procedures say of the main window's commands, and what follows from it for the operator.
+///
+/// The flags are set by the procedures. Whether a button can really be pressed is derived from them and from the
+/// activity here and nowhere else: an operation under way must not be disturbed, but "Reset", "Close Port" and "Quit"
+/// always work.
+struct CommandPanel {
+    CommandPanel();
+    CommandPanel(const CommandPanel&) = delete;
+    CommandPanel& operator=(const CommandPanel&) = delete;
+
+    QProperty<Activity> activity{Activity::None};
+
+    QProperty<bool> resetEnabled{false};
+    QProperty<bool> runEnabled{false};
+    QProperty<bool> runVisible{true};
+    QProperty<bool> clearAllEnabled{false};
+    QProperty<bool> saveAsEnabled{false};
+    QProperty<bool> resetShutterEnabled{false};
+    QProperty<bool> resetShutterVisible{true};
+    QProperty<bool> closePortEnabled{false};
+    QProperty<bool> processingMenuVisible{false};
+    QProperty<bool> settingsMenuVisible{false};
+    QProperty<bool> settingsFormEnabled{false};
+    QProperty<bool> portOpen{false};       ///< Set by the ports.
+    QProperty<bool> sheetHoldsRows{false}; ///< Set by the sheet.
+
+    /// The instrument can be sent a command: its port is open and nothing is under way that would be disturbed.
+    QProperty<bool> canCommand;
+    /// Nothing is under way.
+    QProperty<bool> undisturbed;
+    QProperty<bool> canRun;
+    QProperty<bool> canClearAll;
+    QProperty<bool> canSaveAs; ///< A reset disables "Save As", yet rows on the sheet can always be saved.
+    QProperty<bool> canOpenSheet;
+    QProperty<bool> canResetShutter;
+};
+
+/// The files of the program itself; other names if another program has taken these in the same folder.
+struct FileNames {
+    QString log = QStringLiteral("log.ohp");
+    QString record = QStringLiteral("Orvtemp.tmp");
+};
+
+/// What every procedure shares: the state, the panels of the main window that any of them may change, the clock and
+/// the way to tell the operator something.
+struct Session {
+    Session(Clock& clockToUse, OperatorMessages& messagesToUse)
+        : clock(clockToUse)
+        , messages(messagesToUse) {}
+
+    SessionState state;
+    StatusPanel status;
+    CommandPanel commands;
+    FileNames fileNames;
+    Clock& clock;
+    OperatorMessages& messages;
+};
+
+/// What procedures ask of the program above them.
+class ProgramActions {
+public:
+    virtual ~ProgramActions() = default;
+
+    /// The program-wide reset: the instrument port is closed and everything is "Offline" again.
+    virtual void fixit() = 0;
+
+    /// Writes the header row of the identified instrument's type into the sheet; nothing for an unknown type.
+    virtual void layOutHeaderRow() = 0;
+
+    /// Ends a run: its record file is closed whole. Nothing happens if none is open.
+    virtual void closeRecordFile() = 0;
+};
+
+} // namespace orv

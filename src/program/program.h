@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "calibration/calibration.h"
+#include "calibration/shutterreset.h"
+#include "link/connection.h"
+#include "link/directsend.h"
+#include "link/poll.h"
+#include "link/portchoices.h"
+#include "link/session.h"
+#include "program/pages.h"
+#include "program/startup.h"
+#include "settings/devicefile.h"
+#include "settings/modes.h"
+#include "settings/reader.h"
+#include "settings/sender.h"
+#include "sheet/download.h"
+#include "sheet/folderplace.h"
+#include "sheet/recovery.h"
+#include "sheet/run.h"
+
+#include <QSet>
+
+namespace orv {
+
+/// The whole program below its windows: the panels that the screens draw and the procedures behind the operator's
+/// actions. Everything runs on the one thread that made it.
+///
+/// A run-time error that a procedure does not handle ends the operator's action or the tick it happened in, is told
+/// once, and leaves all data as it is.
+class Program final : public ProgramActions {
+public:
+    /// What the program needs of its surroundings; everything outlives it.
+    struct Surroundings {
+        Clock& clock;
+        EventYield& events;
+        OperatorMessages& messages;
+        OperatorQuestions& questions;
+        ComPorts::PortMaker makePort;
+        PortList* portList = nullptr; ///< Null: this computer has no ports.
+        /// What is wrong with a device name; the empty text if nothing is.
+        std::function<QString(const QString& device)> deviceProblem = [](const QString&) { return QString(); };
+    };
+
+    explicit Program(const Surroundings& surroundings);
+
+    // The operator's actions.
+
+    /// Start-up: opens the debug port if its box is ticked, resets everything, takes a place in the working directory
+    /// and opens the log there, starts the timer.
+    void load();
+    /// Offers the rows of a run in the working directory that did not end; returns when the operator has answered. Once
+    /// after load(), with the window on the screen.
+    void offerUnendedRun();
+    void autoConnect1();
+    void autoConnect2();
+    void manualConnect(int portNumber);
+    void closePort();
+    /// The "Reset" button: stops a collection or download and connects again.
+    void reset();
+    /// A second way to stop, the same as reset() except that it leaves the records label.
+    void abort2();
+    void run();
+    void clearAll();
+    void saveAs();
+    void openSheet();
+    /// "Download Stored Data: Save as Text" and "... View with Host Program".
+    void downloadText();
+    void vwhp();
+    /// The "Reset Shutter" button.
+    void resetShutter();
+    void showSettingsForm();
+    void about();
+    void setComm2Output(bool ticked);
+    void toggleServiceMode();
+    /// A tab of either strip was chosen; a caption of no page hides every page.
+    void selectUpperTab(const QString& caption);
+    void selectLowerTab(const QString& caption);
+    /// "Quit". Returns whether the program may end now: the operator may have been asked to save and changed his mind.
+    bool quit();
+    /// Closing the window: offers to save like quit(). Returns whether the program may end now.
+    bool ask();
+    /// Ends whatever runs, whole, and closes the instrument's port.
+    void end();
+
+    /// A loop that does not yield to the event loop is running: no tick may be dispatched, no action taken.
+    bool isPolling() const { return connection.isPolling() || settingsSender.isPolling(); }
+
+    /// One tick of the status timer: polls and dispatches on the operation code.
+    void tick();
+
+    // What procedures below ask for.
+    void fixit() override;
+    void layOutHeaderRow() override;
+    void closeRecordFile() override;
+
+    Session session;
+    OwnFilesKept questions;
+    DebugPanel debug;
+    ConnectionPanel connectItems;
+    SettingsPanel settings;
+    ProgressPanel progress;
+    SheetPanel sheetPanel;
+    CalibrationPanel calibrationPanel;
+    PagePanel pages;
+    DataSheet sheet;
+
+    ComPorts ports;
+    PortChoices portChoices;
+    TimedWait wait;
+    StatusTimer timer;
+    ManualConnection manual;
+    Connection connection;
+    Poll poll;
+    DirectSend directSend;
+    DebugFrames debugFrames;
+    SettingsSender settingsSender;
+    SettingsCommands settingsCommands;
+    Modes modes;
+    DeviceFiles deviceFiles;
+    CalibrationActions calibration;
+
+    /// Calls that the timer has made to `getprefs` since the program was last idle.
+    int getprefsruns = 0;
+
+private:
+    void prepareSheet();
+    void takeWhatArrived();
+    void takePlace();
+    void openLog();
+    void dumpState();
+    void dispatch();
+    void act(const char* operation, const std::function<void()>& body);
+
+    FolderPlace place_;
+    ProgramLog log_;
+    SettingsReader settingsReader_;
+    ClockDisplay clockDisplay_;
+    SheetRows sheetRows_;
+    SheetFiles sheetFiles_;
+    AutomaticSave automaticSave_;
+    RecordFile recordFile_;
+    RunRecovery runRecovery_;
+    Collection collection_;
+    Download download_;
+    AbortRun abortRun_;
+    ShutterReset shutterReset_;
+    Listeners::Subscription rowsRemoved_;
+    bool takingWhatArrived_ = false;
+    const char* tickStep_ = ""; ///< What the tick is doing, for the message if it fails.
+    QSet<QString> tickErrorsTold_;
+};
+
+} // namespace orv

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/programtest.h"
+
+namespace orv {
+namespace {
+
+const char* const question = "Save Data: Data not Saved. Do you wish to save it now ?";
+
+TEST_F(ProgramTest, QuitWithNothingUnsavedAsksNothing) {
+    tickDebugOutput();
+    EXPECT_TRUE(program.quit());
+    EXPECT_EQ(said(), "Exit\r");
+    EXPECT_TRUE(answers.asked.isEmpty());
+}
+
+TEST_F(ProgramTest, QuitWithUnsavedRowsAnsweredNoMayEnd) {
+    runWithRows(2);
+    tickDebugOutput();
+    answers.yes = false;
+    answers.fileName = folder.path("sheet.txt");
+    EXPECT_TRUE(program.quit());
+    EXPECT_EQ(answers.asked.join(u'\n').toStdString(), question);
+    EXPECT_EQ(said(), "Exit\r");
+    EXPECT_FALSE(QFile::exists(folder.path("sheet.txt")));
+}
+
+TEST_F(ProgramTest, QuitWithUnsavedRowsAnsweredYesSavesThem) {
+    runWithRows(2);
+    tickDebugOutput();
+    answers.yes = true;
+    answers.fileName = folder.path("sheet.txt");
+    EXPECT_TRUE(program.quit());
+    EXPECT_EQ(said(), "Exit\rSave Spread Sheet\rSaving TRX(S) Sheet\r");
+    EXPECT_TRUE(contentsOf(folder.path("sheet.txt")).startsWith("V\t512 2\r\nsheet.txt\r\n"));
+    EXPECT_TRUE(program.quit());
+    EXPECT_EQ(answers.asked.count(QString::fromLatin1(question)), 1) << "what is saved is not asked about again";
+}
+
+TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveIsCancelled) {
+    runWithRows(2);
+    answers.yes = true;
+    EXPECT_FALSE(program.quit());
+    EXPECT_EQ(answers.asked.join(u'\n').toStdString(), std::string(question) + "\nSave as|Untitled.txt|.txt|*.txt");
+    EXPECT_TRUE(program.sheetPanel.unsaved);
+    EXPECT_EQ(program.sheet.rowCount(), 2);
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting) << "the run goes on";
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveFails) {
+    runWithRows(2);
+    answers.yes = true;
+    answers.fileName = folder.path("nowhere/sheet.txt");
+    EXPECT_FALSE(program.quit());
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(program.sheetPanel.unsaved);
+    EXPECT_EQ(program.sheet.rowCount(), 2);
+}
+
+TEST_F(ProgramTest, ClosingTheWindowAsksWithoutAnnouncingAnExit) {
+    runWithRows(1);
+    tickDebugOutput();
+    EXPECT_TRUE(program.ask());
+    EXPECT_EQ(answers.asked.join(u'\n').toStdString(), question);
+    EXPECT_EQ(said(), "");
+}
+
+TEST_F(ProgramTest, TheEndLeavesARunWhole) {
+    program.load();
+    runWithRows(3);
+    program.closePort();
+    EXPECT_TRUE(QFile::exists(folder.path("Orvtemp.tmp.lock"))) << "a program that dies now has its rows offered";
+    program.end();
+    EXPECT_FALSE(QFile::exists(folder.path("Orvtemp.tmp.lock"))) << "the operator has been asked";
+    EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
+    EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n3\t11/21/26\t1:00:00\t3\t\t20\t\t30\t40\r\n"));
+    EXPECT_FALSE(com1.isOpen());
+    EXPECT_FALSE(program.timer.isRunning());
+}
+
+TEST_F(ProgramTest, ARunKeepsTheRowsOfTheOneBeforeUnlessTheyAreSaved) {
+    runWithRows(1);
+    receive(">");
+    answers.fileName = folder.path("sheet.txt");
+    program.saveAs();
+    program.run();
+    EXPECT_EQ(folder.files().join(u' ').toStdString(), "Orvtemp.tmp Orvtemp.tmp.lock orvhost.lock sheet.txt")
+        << "saved rows need no second file";
+    receive("R\r\n11/21/26\t2700\t2\t20\t30\t40\r\n");
+    program.tick();
+    receive(">");
+    program.clearAll();
+    program.saveAs();
+    program.run();
+    EXPECT_EQ(folder.files().join(u' ').toStdString(),
+              "Orvtemp-20261121-093016.tmp Orvtemp.tmp Orvtemp.tmp.lock orvhost.lock sheet.txt")
+        << "rows that were cleared unsaved are kept";
+}
+
+class PortThatCannotBeOpened : public ProgramTest {
+protected:
+    PortThatCannotBeOpened() {
+        com1.openReason = QStringLiteral("There is no such device. Plug the adapter in.");
+        com2.openReason = com1.openReason;
+    }
+
+    void expectRefused(const char* port) {
+        ASSERT_EQ(messages.shown.size(), 1U);
+        const Message& message = messages.shown[0];
+        EXPECT_EQ(message.title.toStdString(), "ORV Host Program");
+        EXPECT_TRUE(message.text.contains(QString::fromLatin1(port))) << qPrintable(message.text);
+        EXPECT_TRUE(message.text.contains(com1.openReason)) << qPrintable(message.text);
+        expectOffline();
+        EXPECT_FALSE(program.manual.panel.visible);
+    }
+};
+
+TEST_F(PortThatCannotBeOpened, IsToldByAutoConnect1) {
+    program.autoConnect1();
+    expectRefused("COM 1 (ttyA)");
+    EXPECT_EQ(program.session.state.Portused, 0);
+}
+
+TEST_F(PortThatCannotBeOpened, IsToldByAutoConnect2) {
+    program.autoConnect2();
+    expectRefused("COM 2 (ttyB)");
+}
+
+TEST_F(PortThatCannotBeOpened, IsToldByAManualStart) {
+    program.manualConnect(2);
+    program.manual.proceed();
+    program.manual.start();
+    expectRefused("COM 2 (ttyB)");
+}
+
+TEST_F(PortThatCannotBeOpened, CanBeOpenedLater) {
+    program.autoConnect1();
+    com1.openReason.clear();
+    connectAndRead();
+    EXPECT_TRUE(program.session.commands.canRun);
+}
+
+TEST_F(ProgramTest, APortThatFailsInARunIsToldOnceAndLosesNothing) {
+    program.load();
+    runWithRows(2);
+    com1.input = "11/21/26\t2700\t3\t20\t30\t40\r\n11/21/26\t2700\t4\t20\t30\t40\r\n11/21/26\t27";
+    com1.failureReason = QStringLiteral("The device is gone.");
+    ticks(10);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title.toStdString(), "ORV Host Program");
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 1 (ttyA)")));
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("The device is gone.")));
+    expectOffline();
+    EXPECT_EQ(program.sheet.rowCount(), 4) << "every complete line received is a row";
+    EXPECT_EQ(program.session.state.plc, 4);
+    EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
+    EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp"))
+                    .endsWith("\r\n3\t11/21/26\t1:00:00\t3\t\t20\t\t30\t40\r\n"
+                              "4\t11/21/26\t1:00:00\t4\t\t20\t\t30\t40\r\n"));
+    EXPECT_TRUE(program.timer.isRunning());
+    messages.shown.clear();
+    connectAndRead();
+    EXPECT_TRUE(messages.shown.empty()) << "the next session is none the worse";
+    EXPECT_EQ(program.sheet.rowCount(), 4);
+}
+
+TEST_F(ProgramTest, APortThatFailsDuringTheWakeUpPulseEndsTheConnection) {
+    com1.dtrChanged = [this](bool on) {
+        if (on) {
+            com1.failureReason = QStringLiteral("The device is gone.");
+        }
+    };
+    program.autoConnect1();
+    EXPECT_EQ(messages.shown.size(), 1U);
+    expectOffline();
+    EXPECT_TRUE(com1.writes.empty());
+    EXPECT_EQ(program.session.state.Portused, 0);
+}
+
+TEST_F(ProgramTest, AResetDuringTheWakeUpPulseEndsTheConnectionThere) {
+    bool reset = false;
+    events.tick = [this, &reset] {
+        program.tick();
+        if (!reset) {
+            reset = true;
+            program.fixit();
+        }
+    };
+    program.autoConnect2();
+    expectOffline();
+    EXPECT_TRUE(com2.writes.empty()) << "nothing more is sent";
+    EXPECT_EQ(com2.dtr.join(u' ').toStdString(), "on");
+}
+
+TEST_F(ProgramTest, ClosePortEndsARunWhole) {
+    runWithRows(2);
+    program.closePort();
+    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
+    EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
+    EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n2\t11/21/26\t1:00:00\t2\t\t20\t\t30\t40\r\n"));
+    EXPECT_EQ(program.session.commands.activity.value(), Activity::None);
+    EXPECT_FALSE(program.session.commands.resetShutterVisible);
+    EXPECT_FALSE(program.session.commands.canRun);
+    EXPECT_EQ(program.sheet.rowCount(), 2);
+}
+
+TEST_F(ProgramTest, TheResetButtonStopsARunAndConnectsAgain) {
+    runWithRows(2);
+    tickDebugOutput();
+    program.sheetPanel.records = QStringLiteral("3");
+    com1.writes.clear();
+    com1.dtr.clear();
+    replies = {"V512\r"};
+    program.reset();
+    EXPECT_EQ(program.sheetPanel.records.value().toStdString(), "0");
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::identified);
+    EXPECT_EQ(com1.dtr.join(u' ').toStdString(), "on off");
+    EXPECT_EQ(com1.allWritten().toStdString(), "P");
+    EXPECT_EQ(program.sheet.rowCount(), 2);
+    EXPECT_TRUE(program.connectItems.checked(ConnectionPanel::Auto1));
+    const std::string announced = said();
+    EXPECT_TRUE(announced.starts_with("Abort Run\rAbort Run Function\rReset Everything AKA FIXIT\r")) << announced;
+    EXPECT_TRUE(announced.ends_with("Passed fix it for comm1\rOpen port 1\rLooking to see what port to open\r"
+                                    "Presets for Opening Port\r"))
+        << announced;
+}
+
+TEST_F(ProgramTest, TheResetButtonOnAClosedPortOnlySaysSo) {
+    tickDebugOutput();
+    program.sheetPanel.records = QStringLiteral("3");
+    program.reset();
+    EXPECT_EQ(said(), "Abort Run\rAbort Run Function\r");
+    EXPECT_EQ(program.sheetPanel.records.value().toStdString(), "0");
+}
+
+TEST_F(ProgramTest, TheSecondWayToStopLeavesTheRecordsLabel) {
+    tickDebugOutput();
+    program.sheetPanel.records = QStringLiteral("3");
+    program.abort2();
+    EXPECT_EQ(said(), "Abort 2\rAbort Run Function\r");
+    EXPECT_EQ(program.sheetPanel.records.value().toStdString(), "3");
+}
+
+TEST_F(ProgramTest, ClosePortTurnsLinesThatWaitIntoRowsFirst) {
+    runWithRows(2);
+    com1.input += "11/21/26\t2700\t3\t20\t30\t40\r\n11/21/26\t2700\t4\t20\t30\t40\r\n";
+    program.closePort();
+    EXPECT_EQ(program.session.state.plc, 4);
+    EXPECT_EQ(program.session.status.notice.value().toStdString(), "");
+    EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n4\t11/21/26\t1:00:00\t4\t\t20\t\t30\t40\r\n"));
+}
+
+TEST_F(ProgramTest, ARunOnALoadedSheetOfAnotherTypeIsSavedWhole) {
+    connectAndRead();
+    const QString glow = folder.path("glow.txt");
+    fill(glow, "F\t310 1\r\nglow.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\t1/5/99\t9:05:07\t700\t\r");
+    answers.fileName = glow;
+    program.openSheet();
+    ASSERT_EQ(program.session.state.plc, 1);
+    program.run();
+    receive("R\r\n");
+    receive("11/21/26\t2700\t11\t22\t33\t44\r\n");
+    const QString saved = folder.path("saved.txt");
+    answers.fileName = saved;
+    program.saveAs();
+    EXPECT_TRUE(contentsOf(saved).startsWith("V\t512 2\r\n"));
+    EXPECT_TRUE(contentsOf(saved).endsWith("\r2\t11/21/26\t1:00:00\t11\t22\t33\t44\t\t\r"));
+}
+
+TEST_F(ProgramTest, ARunOfOnlyUnreadableLinesEndsAtThePromptAndTellsThem) {
+    connectAndRead();
+    program.run();
+    receive("R\r\n");
+    receive("11/21/26\t2700\r\n>"); // a clock reply that was still on its way, and its prompt
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting);
+    receive("\r\n11/21/26\t2700\t11\t22\r\n");
+    ticks(2);
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting);
+    receive(">");
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collectionSetUp);
+    EXPECT_EQ(program.session.status.notice.value().toStdString(), "2 lines could not be read; they are in log.ohp");
+}
+
+TEST_F(ProgramTest, EachRunTellsTheErrorThatEndsIt) {
+    connectAndRead();
+    for (std::size_t run = 1; run <= 2; ++run) {
+        program.session.state.plc = 32767;
+        program.run();
+        receive("R\r\n");
+        receive("11/21/26\t2700\t11\t22\t33\t44\r\n");
+        ASSERT_EQ(messages.shown.size(), run);
+        EXPECT_TRUE(messages.shown.back().text.contains(QStringLiteral("Overflow")));
+        ticks(2);
+    }
+}
+
+} // namespace
+} // namespace orv

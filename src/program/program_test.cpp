@@ -1,0 +1,324 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/programtest.h"
+
+namespace orv {
+namespace {
+
+/// The announcement of a reset and the 13 lines behind it, for what a fresh program has.
+const char* const freshReset = "Reset Everything AKA FIXIT\r"
+                               "Ctrlscrn  0\rRtn wakeup!!!\rTmr  1\rcsnter \rVartemp \rtrouble  0\rportstatus  2\r"
+                               "gatherstart  0\rGatherstop  0\rplc  0\rTimeout  0\rSeeking  0\rPortused  0\r";
+
+TEST_F(ProgramTest, AResetAnnouncesItselfAndDumpsTheStateOnTheDebugPort) {
+    tickDebugOutput();
+    SessionState& state = program.session.state;
+    state.Ctrlscrn = opstate::collecting;
+    state.Rtn = QStringLiteral("a line");
+    state.Vartemp = QStringLiteral("V");
+    state.trouble = 1;
+    state.portstatus = 1;
+    state.gatherstart = 1;
+    state.Gatherstop = 3;
+    state.plc = 17;
+    state.Timeout = -5;
+    state.Seeking = 1;
+    state.Portused = 2;
+    program.fixit();
+    const std::vector<QByteArray> lines = com2.writes;
+    EXPECT_EQ(lines.size(), 14U) << "each line is one write";
+    EXPECT_EQ(said(), "Reset Everything AKA FIXIT\r"
+                      "Ctrlscrn  0\rRtn wakeup!!!\rTmr  1\rcsnter \rVartemp V\rtrouble  1\rportstatus  2\r"
+                      "gatherstart  0\rGatherstop  0\rplc  17\rTimeout -5\rSeeking  0\rPortused  2\r");
+}
+
+TEST_F(ProgramTest, AResetWritesNothingWhenTheBoxIsCleared) {
+    tickDebugOutput();
+    program.setComm2Output(false);
+    program.fixit();
+    EXPECT_FALSE(com2.isOpen()) << "COM 2 is free for the instrument again";
+    EXPECT_EQ(said(), "");
+}
+
+TEST_F(ProgramTest, AResetWithTheBoxTickedAndTheDebugPortClosedIsSilent) {
+    program.debug.comm2Output = true;
+    program.fixit();
+    EXPECT_EQ(said(), "");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ProgramTest, AResetGoesStepByStep) {
+    connectAndRead();
+    tickDebugOutput();
+    bool portOpenAtAnnouncement = false;
+    std::string statusAtDump;
+    Page pageAtDump = Page::None;
+    com2.written = [&](const QByteArray& line) {
+        if (line.startsWith("Reset Everything")) {
+            portOpenAtAnnouncement = com1.isOpen();
+        } else if (line.startsWith("Ctrlscrn ")) {
+            EXPECT_FALSE(com1.isOpen());
+            statusAtDump = program.session.status.status.value().toStdString();
+            pageAtDump = program.pages.shown;
+        }
+    };
+    program.selectLowerTab(QStringLiteral("Testing"));
+    program.fixit();
+    EXPECT_TRUE(portOpenAtAnnouncement);
+    EXPECT_EQ(statusAtDump, "Offline");
+    EXPECT_EQ(pageAtDump, Page::Status);
+    expectOffline();
+}
+
+TEST_F(ProgramTest, AResetWithNoPortOpenTouchesNoPort) {
+    com1.input = "left over";
+    program.fixit();
+    expectOffline();
+    EXPECT_TRUE(com1.dtr.isEmpty());
+    EXPECT_TRUE(com1.writes.empty());
+    EXPECT_EQ(program.ports.inputCount(), 0);
+}
+
+TEST_F(ProgramTest, AResetHidesEveryFrameOfTheDebugScreen) {
+    DebugPanel& debug = program.debug;
+    QProperty<bool>* const frames[] = {&debug.debugFrameVisible, &debug.turbidityFrameVisible,
+                                       &debug.fluorometerFrameVisible, &debug.transmissometerFrameVisible,
+                                       &debug.outputFrameVisible};
+    for (QProperty<bool>* frame : frames) {
+        *frame = true;
+    }
+    program.fixit();
+    for (const QProperty<bool>* frame : frames) {
+        EXPECT_FALSE(frame->value());
+    }
+}
+
+TEST_F(ProgramTest, AResetKeepsWhatBelongsToTheSessionAndTheRows) {
+    runWithRows(2);
+    SessionState& state = program.session.state;
+    state.trouble = 1;
+    const qint16 calls = state.Timeout;
+    ASSERT_GT(calls, 0);
+    program.fixit();
+    EXPECT_EQ(state.Vartemp.toStdString(), "V");
+    EXPECT_EQ(state.plc, 2);
+    EXPECT_EQ(state.Timeout, calls);
+    EXPECT_EQ(state.trouble, 1);
+    EXPECT_EQ(state.Portused, 1);
+    EXPECT_EQ(program.sheet.rowCount(), 2);
+    EXPECT_TRUE(program.sheetPanel.unsaved);
+    EXPECT_EQ(program.session.status.firmware.value().toStdString(), "512");
+}
+
+TEST_F(ProgramTest, AResetEndsARunWithItsFileClosedWhole) {
+    runWithRows(2);
+    ASSERT_TRUE(folder.isOpen("Orvtemp.tmp"));
+    program.fixit();
+    expectOffline();
+    EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
+    EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("2\t11/21/26\t1:00:00\t2\t\t20\t\t30\t40\r\n"));
+}
+
+TEST_F(ProgramTest, AResetLetsTheNextPollForgetWhatWasReceived) {
+    connect();
+    receive("half a li");
+    ASSERT_EQ(program.poll.rxbuffer.toStdString(), "half a li");
+    program.fixit();
+    connect();
+    receive("S1\r\n");
+    EXPECT_EQ(program.session.state.Rtn.toStdString(), "S1");
+}
+
+TEST_F(ProgramTest, AResetListsTheInputCountOnlyWhenAskedTo) {
+    const auto listedByReset = [this](quint8 trouble, bool showParsing) {
+        program.session.state.trouble = trouble;
+        program.debug.showParsing = showParsing;
+        const std::size_t before = program.debug.list.entries().size();
+        program.fixit();
+        return program.debug.list.entries().size() - before;
+    };
+    EXPECT_EQ(listedByReset(0, true), 0U);
+    EXPECT_EQ(listedByReset(1, false), 0U);
+    ASSERT_EQ(listedByReset(1, true), 1U);
+    EXPECT_EQ(program.debug.list.entries().back().toStdString(), "0");
+}
+
+TEST_F(ProgramTest, AResetShowsThePageOfTheUpperStrip) {
+    const std::pair<const char*, Page> tabs[] = {{"Status and Controls", Page::Status},
+                                                 {"Output: Spread Sheet", Page::Sheet},
+                                                 {"Output: Graphical", Page::Graphical},
+                                                 {"Something else", Page::None}};
+    for (const auto& [caption, page] : tabs) {
+        program.selectUpperTab(QString::fromLatin1(caption));
+        program.selectLowerTab(QStringLiteral("Calibration"));
+        ASSERT_EQ(program.pages.shown.value(), Page::Calibration);
+        program.fixit();
+        EXPECT_EQ(program.pages.shown.value(), page) << caption;
+    }
+}
+
+TEST_F(ProgramTest, StartUpOpensTheDebugPortBeforeItSaysAnything) {
+    program.debug.comm2Output = true;
+    program.load();
+    EXPECT_TRUE(com2.isOpen());
+    EXPECT_EQ(said(), std::string("Form Loading\r") + freshReset);
+    expectOffline();
+    EXPECT_TRUE(program.timer.isRunning());
+    EXPECT_EQ(program.timer.interval(), 5);
+}
+
+TEST_F(ProgramTest, StartUpWithoutDebugOutputLeavesCom2Alone) {
+    program.load();
+    EXPECT_FALSE(com2.isOpen());
+    EXPECT_EQ(said(), "");
+}
+
+TEST_F(ProgramTest, StartUpGoesOnWithoutADebugPortThatCannotBeOpened) {
+    com2.openReason = QStringLiteral("There is no such device.");
+    program.debug.comm2Output = true;
+    program.load();
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 2 (ttyB)")));
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("There is no such device.")));
+    EXPECT_FALSE(program.debug.comm2Output);
+    expectOffline();
+    EXPECT_TRUE(program.timer.isRunning());
+}
+
+TEST_F(ProgramTest, StartUpEmptiesTheLogAndKeepsItOpen) {
+    fill(folder.path("log.ohp"), "of the run before");
+    program.load();
+    EXPECT_EQ(contentsOf(folder.path("log.ohp")), "");
+    connect();
+    receive("P\r\nS1");
+    receive("\r\n");
+    program.closePort();
+    EXPECT_EQ(contentsOf(folder.path("log.ohp")), "P\r\nS1\r\n\r\n\r\n");
+    EXPECT_TRUE(folder.isOpen("log.ohp"));
+}
+
+TEST_F(ProgramTest, StartUpTellsOfALogThatCannotBeWrittenAndGoesOn) {
+    ASSERT_TRUE(QDir().mkdir(QStringLiteral("log.ohp")));
+    program.load();
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("log.ohp")));
+    connectAndRead();
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+TEST_F(ProgramTest, ServiceModeTogglesTroubleAndTheLowerStrip) {
+    constexpr quint32 lightGrey = 13684686;
+    program.toggleServiceMode();
+    EXPECT_EQ(program.session.state.trouble, 1);
+    EXPECT_TRUE(program.pages.serviceMode);
+    EXPECT_NE(program.pages.markerColour.value(), lightGrey);
+    EXPECT_EQ(program.pages.shown.value(), Page::Status);
+    program.toggleServiceMode();
+    EXPECT_EQ(program.session.state.trouble, 0);
+    EXPECT_FALSE(program.pages.serviceMode);
+    EXPECT_EQ(program.pages.markerColour.value(), lightGrey);
+    program.toggleServiceMode();
+    EXPECT_EQ(program.session.state.trouble, 1);
+    EXPECT_TRUE(program.pages.serviceMode);
+}
+
+TEST_F(ProgramTest, LeavingServiceModeLeavesItsPages) {
+    for (const QString& caption : lowerCaptions()) {
+        program.selectUpperTab(QStringLiteral("Output: Spread Sheet"));
+        program.toggleServiceMode();
+        program.selectLowerTab(caption);
+        program.toggleServiceMode();
+        EXPECT_EQ(program.pages.shown.value(), Page::Sheet) << qPrintable(caption);
+        EXPECT_FALSE(program.debug.debugFrameVisible) << qPrintable(caption);
+    }
+}
+
+TEST_F(ProgramTest, OnlyTheUpperStripAnnouncesItsTabs) {
+    tickDebugOutput();
+    program.selectUpperTab(QStringLiteral("Output: Graphical"));
+    EXPECT_EQ(program.pages.shown.value(), Page::Graphical);
+    EXPECT_EQ(said(), "Tabstrip changing\r");
+    program.selectLowerTab(QStringLiteral("Debug Screen"));
+    EXPECT_EQ(program.pages.shown.value(), Page::Debug);
+    EXPECT_TRUE(program.debug.debugFrameVisible);
+    EXPECT_EQ(said(), "");
+    program.selectUpperTab(QStringLiteral("Output: Graphical"));
+    EXPECT_EQ(program.pages.shown.value(), Page::Graphical);
+    EXPECT_FALSE(program.debug.debugFrameVisible);
+}
+
+TEST_F(ProgramTest, ATabOfNoKnownCaptionHidesEveryPage) {
+    program.selectUpperTab(QStringLiteral("Output: spread sheet"));
+    EXPECT_EQ(program.pages.shown.value(), Page::None);
+    program.selectUpperTab(QStringLiteral("Output: Spread Sheet"));
+    program.selectLowerTab(QStringLiteral("Debug"));
+    EXPECT_EQ(program.pages.shown.value(), Page::None);
+}
+
+TEST_F(ProgramTest, DebugOutputTickedLaterOpensThePortAndSpeaks) {
+    program.load();
+    program.setComm2Output(true);
+    EXPECT_TRUE(com2.isOpen());
+    program.about();
+    program.showSettingsForm();
+    EXPECT_EQ(said(), "About\rShow Settings Form\r");
+    EXPECT_TRUE(program.settings.visible);
+    program.setComm2Output(false);
+    program.about();
+    EXPECT_EQ(said(), "");
+    program.setComm2Output(true);
+    program.about();
+    EXPECT_EQ(said(), "About\r");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ProgramTest, DebugOutputThatCannotBeOpenedIsToldAndCleared) {
+    com2.openReason = QStringLiteral("It is used by another program.");
+    program.setComm2Output(true);
+    EXPECT_FALSE(program.debug.comm2Output);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("It is used by another program.")));
+}
+
+TEST_F(ProgramTest, TheInstrumentAndTheDebugOutputDoNotShareCom2) {
+    replies = {"F310\r"};
+    program.autoConnect2();
+    ASSERT_TRUE(com2.isOpen());
+    program.setComm2Output(true);
+    EXPECT_FALSE(program.debug.comm2Output);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Close Port")));
+    EXPECT_TRUE(com2.isOpen());
+    program.closePort();
+    program.setComm2Output(true);
+    EXPECT_TRUE(program.debug.comm2Output);
+    messages.shown.clear();
+    program.autoConnect2();
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Comm 2 Debug Output")));
+    expectOffline();
+}
+
+TEST_F(ProgramTest, ClosingThePortOnTheDebugScreenShowsThePageOfTheUpperStrip) {
+    program.selectUpperTab(QStringLiteral("Output: Spread Sheet"));
+    program.selectLowerTab(QStringLiteral("Debug Screen"));
+    program.closePort();
+    EXPECT_FALSE(program.debug.debugFrameVisible.value());
+    EXPECT_EQ(program.pages.shown.value(), Page::Sheet);
+}
+
+TEST_F(ProgramTest, AReportCutShortByClosePortDoesNotRunOnIntoTheNext) {
+    connect();
+    receive("P\r\nS1\r\nG0\r\nA0\r\nL1\r\nW1\r\nM0\r\nT30\r\n");
+    ticks(8);
+    ASSERT_EQ(program.settings.record.samplesPerPoint.value().toStdString(), "30");
+    program.closePort();
+    program.settings.lamp = Lamp::Off;
+    connect();
+    receive("P\r\n");
+    ticks(1);
+    EXPECT_EQ(program.settings.record.samplesPerPoint.value().toStdString(), "30") << "the echo is no setting";
+    EXPECT_EQ(program.settings.lamp.value(), Lamp::Reading);
+}
+
+} // namespace
+} // namespace orv

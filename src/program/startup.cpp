@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "program/startup.h"
+
+#include "program/program.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace orv {
+
+namespace {
+
+/// Where the name leads to in the end, whether or not the file is there.
+QString placeOf(const QString& name) {
+    const QFileInfo file(name);
+    if (file.exists()) {
+        return file.canonicalFilePath();
+    }
+    const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
+    return folder.isEmpty() ? file.absoluteFilePath() : folder + u'/' + file.fileName();
+}
+
+} // namespace
+
+OwnFilesKept::OwnFilesKept(OperatorQuestions& asked, const Session& session)
+    : asked_(asked)
+    , session_(session) {}
+
+bool OwnFilesKept::isOwn(const QString& name) const {
+    const FileNames& own = session_.fileNames;
+    const QStringList names{own.record, own.record + QLatin1String(".lock"), own.log};
+    const QString wanted = placeOf(name);
+    return std::any_of(names.begin(), names.end(), [&wanted](const QString& candidate) {
+        return !candidate.isEmpty() && placeOf(candidate).compare(wanted, Qt::CaseInsensitive) == 0;
+    });
+}
+
+bool OwnFilesKept::askYesNo(const QString& title, const QString& text) {
+    return asked_.askYesNo(title, text);
+}
+
+QString OwnFilesKept::saveFileName(const QString& title, const QString& presetName, const QString& suffix,
+                                   const QString& filter) {
+    QString name = asked_.saveFileName(title, presetName, suffix, filter);
+    if (name.isEmpty() || !isOwn(name)) {
+        return name;
+    }
+    session_.messages.show({.title = title,
+                            .text = QStringLiteral("%1 is a file that this program writes itself while it runs, so "
+                                                   "nothing can be saved there.\n\nSave again under another name.")
+                                        .arg(QFileInfo(name).absoluteFilePath()),
+                            .icon = Message::Icon::Exclamation});
+    return {};
+}
+
+QString OwnFilesKept::openFileName(const QString& title, const QString& suffix, const QString& filter) {
+    return asked_.openFileName(title, suffix, filter);
+}
+
+void Program::offerUnendedRun() {
+    act("Start", [this] { runRecovery_.offer(); });
+}
+
+void Program::takePlace() {
+    place_.take();
+    FileNames& names = session.fileNames;
+    names = FileNames();
+    if (place_.number() == 0) {
+        recordFile_.setPath(QString());
+    } else {
+        names.log = FolderPlace::nameIn(place_.number(), names.log);
+        names.record = FolderPlace::nameIn(place_.number(), names.record);
+        recordFile_.setPath(names.record);
+        runRecovery_.takeOverFromFreePlaces(place_.number());
+    }
+    if (place_.cannotLock()) {
+        session.messages.show(
+            {.title = QStringLiteral("ORV Host Program"),
+             .text = QStringLiteral("No lock file can be made in this folder, perhaps because the disk is full: %1\n\n"
+                                    "So that no other program's files are written to, this program works without log "
+                                    "and record file. Make room on the disk, or choose another folder, and start the "
+                                    "program again.")
+                         .arg(QDir::currentPath()),
+             .icon = Message::Icon::Exclamation});
+    }
+    if (place_.otherProgram().isEmpty()) {
+        return;
+    }
+    const QString files = place_.number() == 0
+                              ? QStringLiteral("This program works without such files. Start it in another folder, so "
+                                               "that log and record file are kept.")
+                              : QStringLiteral("This program writes %1 and %2 instead.").arg(names.log, names.record);
+    session.messages.show(
+        {.title = QStringLiteral("ORV Host Program"),
+         .text =
+             QStringLiteral("Another ORV Host Program uses this folder (%1): %2\n\nIts log and record file are left "
+                            "alone. %3")
+                 .arg(place_.otherProgram(), QDir::currentPath(), files),
+         .icon = Message::Icon::Exclamation});
+}
+
+void Program::openLog() {
+    if (place_.number() == 0) {
+        return;
+    }
+    const QString reason = log_.open(session.fileNames.log);
+    if (!reason.isEmpty()) {
+        session.messages.show({.title = QStringLiteral("ORV Host Program"),
+                               .text = QStringLiteral("The log file %1 cannot be written in this folder: %2.\n\nThe "
+                                                      "program works without it. Start it in a folder where you may "
+                                                      "write files, so that log and record file are kept.")
+                                           .arg(session.fileNames.log, reason),
+                               .icon = Message::Icon::Exclamation});
+    }
+}
+
+} // namespace orv

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/programtest.h"
+
+namespace orv {
+namespace {
+
+struct Letter {
+    const char* letter;
+    const char* label;
+    bool outputFrame;
+    bool fluorometerFrame;
+};
+
+class IdentifiedTick : public ProgramTest, public testing::WithParamInterface<Letter> {};
+
+TEST_P(IdentifiedTick, ShowsTheTypeAndMovesToReady) {
+    tickDebugOutput();
+    SessionState& state = program.session.state;
+    state.Ctrlscrn = opstate::identified;
+    state.Vartemp = QString::fromLatin1(GetParam().letter);
+    program.tick();
+    EXPECT_EQ(state.Ctrlscrn, opstate::ready);
+    EXPECT_EQ(program.session.status.instrument.value().toStdString(), GetParam().label);
+    EXPECT_EQ(program.debug.outputFrameVisible.value(), GetParam().outputFrame);
+    EXPECT_EQ(program.debug.fluorometerFrameVisible.value(), GetParam().fluorometerFrame);
+    EXPECT_EQ(said(), "Version Detected\r");
+    program.tick();
+    EXPECT_EQ(said(), "") << "identified once";
+}
+
+INSTANTIATE_TEST_SUITE_P(Letters, IdentifiedTick,
+                         testing::Values(Letter{"V", "TRX", true, false}, Letter{"v", "TRX", true, false},
+                                         Letter{"F", "GLOW", false, true}, Letter{"f", "GLOW", false, true},
+                                         Letter{"", "________", false, false}, Letter{"X", "________", false, false}));
+
+TEST_F(ProgramTest, TheTickThatIdentifiesTakesTheFirstLineOfTheReportToo) {
+    tickDebugOutput();
+    connect();
+    said();
+    receive("P\r\nS1\r\n");
+    EXPECT_EQ(said(), "Version Detected\rGet Prefs\r");
+    EXPECT_EQ(program.session.state.Rtn.toStdString(), "P");
+    EXPECT_EQ(program.getprefsruns, 1);
+}
+
+TEST_F(ProgramTest, ReadyWithoutAReplyATickCallsNothing) {
+    tickDebugOutput();
+    connect();
+    program.tick();
+    said();
+    com1.writes.clear();
+    receive("S1 without its end");
+    ticks(5);
+    EXPECT_EQ(said(), "");
+    EXPECT_EQ(program.getprefsruns, 0);
+    EXPECT_EQ(program.session.state.Timeout, 0);
+    EXPECT_EQ(program.session.status.status.value().toStdString(), "Connecting...");
+    EXPECT_TRUE(com1.writes.empty());
+    receive("\r\n");
+    EXPECT_EQ(said(), "Get Prefs\r");
+}
+
+TEST_F(ProgramTest, EachTickTakesOneLineAndCountsItUntilIdle) {
+    connect();
+    com1.input = "S1\r\nG0\r\nA0\r\n";
+    program.tick();
+    EXPECT_EQ(program.getprefsruns, 1);
+    EXPECT_EQ(program.poll.rxbuffer.toStdString(), "G0\r\nA0\r\n");
+    ticks(2);
+    EXPECT_EQ(program.getprefsruns, 3);
+    program.fixit();
+    program.tick();
+    EXPECT_EQ(program.getprefsruns, 0);
+    EXPECT_EQ(program.session.state.Timeout, 3);
+}
+
+TEST_F(ProgramTest, TheEndOfTheReportIsFollowedByTheClockInTheSameTick) {
+    tickDebugOutput();
+    connect();
+    program.tick();
+    said();
+    com1.writes.clear();
+    receive("MP200\r\n");
+    EXPECT_EQ(said(), "Get Prefs\rCheck Orv Sensor Time\r");
+    EXPECT_EQ(com1.allWritten().toStdString(), "C");
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::clockCheck);
+    program.tick();
+    EXPECT_EQ(said(), "Check Orv Sensor Time\r") << "at every tick until the clock has come";
+}
+
+TEST_F(ProgramTest, TheTickThatReadsTheClockShowsTheComputersTimeToo) {
+    connect();
+    program.tick();
+    receive("MP200\r\n");
+    EXPECT_EQ(program.settings.computerTime.value().toStdString(), "");
+    receive("11/21/26\t32400\r\n");
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(program.session.status.date.value().toStdString(), "11/21/26");
+    EXPECT_EQ(program.session.status.time.value().toStdString(), "0:00:00 PM");
+    EXPECT_EQ(program.settings.computerDate.value().toStdString(), "11/21/26");
+    EXPECT_EQ(program.settings.computerTime.value().toStdString(), "9:30:16 AM");
+    constexpr qint64 afternoon = qint64{4} * 3600 * 1000;
+    clock.advance(afternoon);
+    program.tick();
+    EXPECT_EQ(program.settings.computerTime.value().toStdString(), "1:30:16 PM");
+}
+
+TEST_F(ProgramTest, CollectingTakesEachReplyLineAndIsSilentWithoutOne) {
+    connectAndRead();
+    program.run();
+    tickDebugOutput();
+    ticks(3);
+    EXPECT_EQ(said(), "");
+    receive("R\r\n11/21/26\t2700\t1\t2\t3\t4\r\n");
+    EXPECT_EQ(said(), "Profile Sub\r");
+    EXPECT_EQ(program.sheet.rowCount(), 0) << "the echo is no row";
+    program.tick();
+    EXPECT_EQ(said(), "Profile Sub\r");
+    EXPECT_EQ(program.sheet.rowCount(), 1);
+}
+
+TEST_F(ProgramTest, APromptByItselfEndsTheRunAtItsTick) {
+    runWithRows(2);
+    receive(">");
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collectionSetUp);
+    EXPECT_EQ(program.session.status.status.value().toStdString(), "Ready");
+    EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
+    EXPECT_TRUE(program.session.commands.canRun);
+}
+
+TEST_F(ProgramTest, APromptTogetherWithLinesEndsTheRunBehindTheLastOfThem) {
+    runWithRows(1);
+    com1.input = "11/21/26\t2700\t2\t2\t3\t4\r\n11/21/26\t2700\t3\t2\t3\t4\r\n>";
+    program.tick();
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting);
+    program.tick();
+    EXPECT_EQ(program.sheet.rowCount(), 3);
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collectionSetUp);
+}
+
+TEST_F(ProgramTest, ABlockOfOnePointIsNotEndedByThePromptLeftOver) {
+    connectAndRead("V512\r", "1");
+    ASSERT_EQ(program.poll.rxbuffer.toStdString(), ">");
+    program.run();
+    EXPECT_EQ(program.session.state.gatherstart, 1);
+    receive("R\r\n");
+    ticks(3);
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting);
+    receive("11/21/26\t2700\t1\t2\t3\t4\r\n>");
+    EXPECT_EQ(program.sheet.rowCount(), 1);
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collectionSetUp);
+}
+
+TEST_F(ProgramTest, ADownloadIntoTheSheetIsFedByTheTick) {
+    connectAndRead();
+    program.vwhp();
+    receive("O\r\n");
+    receive("11/20/26\t2700\t1\t2\t3\t4\r\n");
+    EXPECT_EQ(program.sheet.rowCount(), 1);
+    receive("EOF\r\n>");
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::idle);
+    EXPECT_EQ(program.session.status.status.value().toStdString(), "Ready");
+}
+
+TEST_F(ProgramTest, ADownloadIntoAFileIsFedByTheTick) {
+    connectAndRead();
+    answers.fileName = folder.path("stored.txt");
+    program.downloadText();
+    receive("O\r\n");
+    receive("11/20/26\t2700\t1\t2\t3\t4\r\n");
+    receive("EOF\r\n>");
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::idle);
+    EXPECT_TRUE(contentsOf(folder.path("stored.txt")).endsWith("\r\n1\t11/20/26\t1:00:00\t1\t\t2\t\t3\t4\r\n"));
+    EXPECT_EQ(program.sheet.rowCount(), 0);
+}
+
+TEST_F(ProgramTest, WithAnyOtherCodeATickOnlyPolls) {
+    program.load();
+    connectAndRead();
+    tickDebugOutput();
+    for (const float code : {0.0F, 1.0F, 999.0F, 23.5F, 63.0F, -23.0F}) {
+        program.session.state.Ctrlscrn = code;
+        program.session.state.Tmr = 1;
+        fill(folder.path("log.ohp"), "");
+        receive("11/21/26\t2700\t1\t2\t3\t4\r\n");
+        EXPECT_EQ(program.session.state.Rtn.toStdString(), "11/21/26\t2700\t1\t2\t3\t4") << code;
+        EXPECT_EQ(program.session.state.Ctrlscrn, code);
+        EXPECT_EQ(said(), "") << code;
+        EXPECT_EQ(program.sheet.rowCount(), 0) << code;
+        EXPECT_TRUE(contentsOf(folder.path("log.ohp")).endsWith("11/21/26\t2700\t1\t2\t3\t4\r\n\r\n")) << code;
+    }
+}
+
+TEST_F(ProgramTest, WithoutAnOpenPortATickPollsNothing) {
+    com1.input = "S1\r\n";
+    program.session.state.Rtn = QStringLiteral("wakeup!!!");
+    ticks(3);
+    EXPECT_EQ(program.session.state.Rtn.toStdString(), "wakeup!!!");
+    EXPECT_EQ(com1.input.toStdString(), "S1\r\n");
+}
+
+TEST_F(ProgramTest, NoTickIsDispatchedDuringTheWakeUpLoop) {
+    int waits = 0;
+    com1.waited = [this, &waits](int milliseconds) {
+        clock.advance(milliseconds);
+        ++waits;
+        com1.input = waits == 1 ? "V4" : "12\r";
+        program.session.state.Ctrlscrn = opstate::settingsOpen;
+        program.tick();
+        program.session.state.Ctrlscrn = opstate::idle;
+        EXPECT_FALSE(com1.input.isEmpty()) << "the tick has taken the wake-up reply";
+    };
+    program.autoConnect1();
+    EXPECT_EQ(waits, 2);
+    EXPECT_EQ(program.session.status.firmware.value().toStdString(), "412");
+    EXPECT_EQ(program.settings.computerTime.value().toStdString(), "");
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::identified);
+}
+
+TEST_F(ProgramTest, TicksGoOnDuringTheWakeUpPulse) {
+    int ticksInWait = 0;
+    events.tick = [this, &ticksInWait] {
+        ++ticksInWait;
+        com1.input = "noise\r\n";
+        program.tick();
+        EXPECT_EQ(com1.input.toStdString(), "") << "the tick polls while the pulse lasts";
+    };
+    replies = {"V512\r"};
+    program.autoConnect1();
+    EXPECT_GT(ticksInWait, 100);
+    EXPECT_EQ(program.session.status.firmware.value().toStdString(), "512");
+}
+
+TEST_F(ProgramTest, AnErrorOfATickIsToldOnceAndTheProgramGoesOn) {
+    connect();
+    program.tick();
+    program.session.state.Timeout = std::numeric_limits<qint16>::max();
+    for (int line = 0; line < 4; ++line) {
+        receive("S1\r\n");
+    }
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title.toStdString(), "ORV Host Program");
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Overflow")));
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Reading the settings")));
+    EXPECT_TRUE(program.ports.isOpen());
+    EXPECT_EQ(program.session.state.Timeout, std::numeric_limits<qint16>::max());
+    EXPECT_EQ(program.getprefsruns, 4);
+}
+
+TEST_F(ProgramTest, ACounterThatIsFullEndsTheRunWithOneMessage) {
+    runWithRows(1);
+    program.session.state.plc = std::numeric_limits<qint16>::max();
+    for (int line = 0; line < 3; ++line) {
+        receive("11/21/26\t2700\t1\t2\t3\t4\r\n");
+    }
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Overflow")));
+    EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
+    EXPECT_EQ(program.sheet.rowCount(), 1);
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/devicefile.h"
+
+#include "base/files.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace orv {
+
+namespace {
+
+/// The box of each line of the file.
+std::array<QProperty<QString>*, 6> boxes(SettingsPanel& settings) {
+    auto& [angle100, angle125, angle150] = settings.trxCalibration;
+    return {&angle100.offset, &angle125.offset, &angle150.offset, &angle100.scale, &angle125.scale, &angle150.scale};
+}
+
+/// Takes one field and what ends it from the front of `text`.
+QString takeField(QStringView& text) {
+    const auto isEnd = [](QChar character) { return character == u',' || character == u'\r' || character == u'\n'; };
+    qsizetype start = 0;
+    while (start < text.size() && text[start] == u' ') {
+        ++start;
+    }
+    QString field;
+    qsizetype end = 0;
+    if (start < text.size() && text[start] == u'"') {
+        const qsizetype quote = text.indexOf(u'"', start + 1);
+        end = quote < 0 ? text.size() : quote;
+        field = text.sliced(start + 1, end - start - 1).toString();
+        while (end < text.size() && !isEnd(text[end])) {
+            ++end;
+        }
+    } else {
+        while (end < text.size() && !isEnd(text[end])) {
+            ++end;
+        }
+        field = text.first(end).toString();
+    }
+    const bool windowsLineEnd = text.sliced(end).startsWith(QLatin1String("\r\n"));
+    text = text.sliced(std::min(end + (windowsLineEnd ? 2 : 1), text.size()));
+    return field;
+}
+
+} // namespace
+
+QByteArray deviceFileBytes(const DeviceValues& values) {
+    QByteArray bytes;
+    for (const QString& value : values) {
+        bytes += value.toUtf8() + "\r\n";
+    }
+    return bytes;
+}
+
+std::optional<DeviceValues> readDeviceFile(const QByteArray& bytes) {
+    const QString text = QString::fromUtf8(bytes);
+    QStringView rest(text);
+    DeviceValues values;
+    for (QString& value : values) {
+        if (rest.isEmpty()) {
+            return std::nullopt;
+        }
+        value = takeField(rest);
+    }
+    return values;
+}
+
+DeviceFiles::DeviceFiles(Session& session, SettingsPanel& settings, OperatorQuestions& questions)
+    : session_(session)
+    , settings_(settings)
+    , questions_(questions) {}
+
+void DeviceFiles::loadDeviceFile() {
+    constexpr qint64 mostBytes = 65536; // six numbers need far less; a mistaken choice must not fill the memory
+    QFile file(questions_.openFileName(QStringLiteral("Load Device File"), suffix_, filter_));
+    // Opening a pipe would wait for its writer.
+    if (!QFileInfo(file.fileName()).isFile() || !file.open(QIODevice::ReadOnly)) {
+        return;
+    }
+    const auto values = readDeviceFile(file.read(mostBytes));
+    if (!values) {
+        return;
+    }
+    const auto targets = boxes(settings_);
+    for (std::size_t line = 0; line < targets.size(); ++line) {
+        targets.at(line)->setValue(values->at(line));
+    }
+}
+
+void DeviceFiles::saveDeviceFile() {
+    DeviceValues values;
+    const auto sources = boxes(settings_);
+    for (std::size_t line = 0; line < sources.size(); ++line) {
+        values.at(line) = sources.at(line)->value();
+    }
+    suffix_ = QStringLiteral(".ODV");
+    filter_ = QStringLiteral("*.ODV");
+    const QString title = QStringLiteral("Save Device File");
+    const QString name = questions_.saveFileName(title, QString(), suffix_, filter_);
+    if (name.isEmpty()) {
+        return;
+    }
+    const QString reason = writeWholeFile(name, deviceFileBytes(values));
+    if (!reason.isEmpty()) {
+        session_.messages.show(fileNotSaved(title, name, reason));
+    }
+}
+
+} // namespace orv

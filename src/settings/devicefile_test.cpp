@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/devicefile.h"
+
+#include "testing/fakes.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace {
+
+std::string read(const char* bytes) {
+    const auto values = readDeviceFile(bytes);
+    if (!values) {
+        return "(too few)";
+    }
+    QStringList list;
+    for (const QString& value : *values) {
+        list << value;
+    }
+    return list.join(u'|').toStdString();
+}
+
+TEST(ReadDeviceFile, CommasAndLineEndsEndAField) {
+    EXPECT_EQ(read("1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n"), "1|2|3|4|5|6");
+    EXPECT_EQ(read("1,2,3,4,5,6"), "1|2|3|4|5|6");
+    EXPECT_EQ(read("1\n2,3\r4\r\n5\n6\n"), "1|2|3|4|5|6");
+}
+
+TEST(ReadDeviceFile, EmptyFieldsAreValues) {
+    EXPECT_EQ(read("\r\n\r\n\r\n\r\n\r\n\r\n"), "|||||");
+    EXPECT_EQ(read("1,,3,,5,,"), "1||3||5|");
+}
+
+TEST(ReadDeviceFile, QuotesAreTakenOff) {
+    EXPECT_EQ(read("\"1,5\"\r\n \"a\r\nb\",3,4,5,\"6"), "1,5|a\r\nb|3|4|5|6");
+    EXPECT_EQ(read("\"1\" rest,2,3\"x\",4,5,\"\""), "1|2|3\"x\"|4|5|");
+}
+
+TEST(ReadDeviceFile, MoreThanSixAreLeft) {
+    EXPECT_EQ(read("1,2,3,4,5,6,7,8"), "1|2|3|4|5|6");
+}
+
+TEST(ReadDeviceFile, FewerThanSixAreNone) {
+    EXPECT_EQ(read(""), "(too few)");
+    EXPECT_EQ(read("1\r\n2\r\n3\r\n4\r\n5\r\n"), "(too few)");
+    EXPECT_EQ(read("\"1,2,3,4,5,6"), "(too few)");
+}
+
+class DeviceFilesTest : public testing::Test {
+protected:
+    DeviceFilesTest() {
+        answers.fileName = folder.filePath(QStringLiteral("sensor.ODV"));
+        setBoxes("100 1.5 125 -2 150 3");
+    }
+
+    /// Offset and scale of each angle.
+    void setBoxes(const char* texts) {
+        const QStringList list = QString::fromLatin1(texts).split(u' ');
+        for (qsizetype angle = 0; angle < 3; ++angle) {
+            CalibrationBoxes& boxes = settings.trxCalibration.at(static_cast<std::size_t>(angle));
+            boxes.offset = list.at(2 * angle);
+            boxes.scale = list.at(2 * angle + 1);
+        }
+    }
+
+    std::string boxes() const {
+        QStringList list;
+        for (const CalibrationBoxes& angle : settings.trxCalibration) {
+            list << angle.offset << angle.scale;
+        }
+        return list.join(u' ').toStdString();
+    }
+
+    void write(const char* bytes) const {
+        QFile file(answers.fileName);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    QByteArray written() const {
+        QFile file(answers.fileName);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
+    QTemporaryDir folder;
+    TestClock clock;
+    RecordedMessages messages;
+    PreparedAnswers answers;
+    Session session{clock, messages};
+    SettingsPanel settings;
+    DeviceFiles files{session, settings, answers};
+};
+
+TEST_F(DeviceFilesTest, TheLinesStandInTheOrderOfTheBoxes) {
+    files.saveDeviceFile();
+    EXPECT_EQ(written(), "100\r\n125\r\n150\r\n1.5\r\n-2\r\n3\r\n");
+}
+
+TEST_F(DeviceFilesTest, SixPlainNumbersComeBack) {
+    files.saveDeviceFile();
+    setBoxes("0 0 0 0 0 0");
+    files.loadDeviceFile();
+    EXPECT_EQ(boxes(), "100 1.5 125 -2 150 3");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(DeviceFilesTest, TheFluorometersBoxesAreLeftAlone) {
+    settings.glowCalibration.offset = QStringLiteral("77");
+    files.saveDeviceFile();
+    files.loadDeviceFile();
+    EXPECT_EQ(settings.glowCalibration.offset.value().toStdString(), "77");
+    EXPECT_FALSE(written().contains("77"));
+}
+
+TEST_F(DeviceFilesTest, ACommaShiftsTheLaterValues) {
+    setBoxes("1,5 2 3 4 5 6");
+    files.saveDeviceFile();
+    EXPECT_EQ(written(), "1,5\r\n3\r\n5\r\n2\r\n4\r\n6\r\n");
+    files.loadDeviceFile();
+    EXPECT_EQ(boxes(), "1 5 5 2 3 4") << "offsets 1, 5, 3 and scales 5, 2, 4 by line";
+}
+
+TEST_F(DeviceFilesTest, TooFewValuesLeaveTheBoxes) {
+    write("9\r\n9\r\n9\r\n9\r\n9\r\n");
+    files.loadDeviceFile();
+    EXPECT_EQ(boxes(), "100 1.5 125 -2 150 3");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(DeviceFilesTest, AMissingFileAndACancelledDialogAreSilent) {
+    files.loadDeviceFile();
+    answers.fileName.clear();
+    files.loadDeviceFile();
+    files.saveDeviceFile();
+    EXPECT_EQ(boxes(), "100 1.5 125 -2 150 3");
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+TEST_F(DeviceFilesTest, AnUnwritablePlaceIsTold) {
+    answers.fileName = folder.filePath(QStringLiteral("missing/sensor.ODV"));
+    files.saveDeviceFile();
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown.front().title.toStdString(), "Save Device File");
+    EXPECT_TRUE(messages.shown.front().text.startsWith(answers.fileName + QStringLiteral(" could not be saved: ")));
+}
+
+TEST_F(DeviceFilesTest, TheOpenDialogKeepsWhatSavingHasSet) {
+    files.loadDeviceFile();
+    files.saveDeviceFile();
+    files.loadDeviceFile();
+    EXPECT_EQ(answers.asked,
+              (QStringList{QStringLiteral("Load Device File||"), QStringLiteral("Save Device File||.ODV|*.ODV"),
+                           QStringLiteral("Load Device File|.ODV|*.ODV")}));
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/comports.h"
+#include "link/manualconnection.h"
+#include "settings/record.h"
+
+namespace orv {
+
+/// Reads the instrument's settings report, one line a call, into the settings screen.
+class SettingsReader {
+public:
+    struct Parts {
+        Session& session;
+        ComPorts& ports;
+        ConnectionPanel& items;
+        ManualConnection& manual;
+        SettingsPanel& settings;
+        ProgressPanel& progress;
+        ProgramActions& actions;
+    };
+
+    explicit SettingsReader(const Parts& parts);
+
+    /// Takes the line in `Rtn`: a tag of one letter (S, M, G, A, L, W, T, D, Q, I) and its value, or "MP" and the
+    /// memory pointer, which ends the report, shows the settings screen and asks for the clock. A line without a tag
+    /// counts as an empty value of the field before. The 150th call of the program run gives the retrieval up.
+    /// Throws RuntimeError Overflow at call 32768.
+    void getprefs();
+
+    /// 0 between reports, else the code of the last field: G 1, A 2, W 3, L 4, T 5, D 6, Q 7, I 8, S 9, M 10.
+    float prefsState = 0.0F;
+
+private:
+    void giveUp();
+    void takeMemoryPointer(double value);
+    void selectSamplingOption();
+
+    Parts p_;
+};
+
+/// Shows the instrument's clock from the reply in `Rtn` (date, TAB, time count; 64800 counts are one day) on the main
+/// window and the settings screen, and moves the operation code to 2. A reply of fewer than 10 characters is not a
+/// clock reply and changes nothing. One that cannot be read is told in a message; every label stays as it was.
+class ClockDisplay {
+public:
+    ClockDisplay(Session& session, ComPorts& ports, DebugPanel& debug, SettingsPanel& settings);
+
+    void checktime();
+
+private:
+    void show(const QString& dateText, const QString& timeText);
+
+    Session& session_;
+    ComPorts& ports_;
+    DebugPanel& debug_;
+    SettingsPanel& settings_;
+};
+
+} // namespace orv

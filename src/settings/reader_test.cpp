@@ -1,0 +1,562 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/reader.h"
+
+#include "base/runtimeerror.h"
+#include "testing/fakes.h"
+#include "testing/getprefstest.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace orv {
+
+namespace {
+
+struct FlagField {
+    const char* tag;
+    QProperty<bool> LoggerSettings::*box;
+    int progress;
+    float code;
+};
+
+const FlagField flagFields[] = {
+    {"S", &LoggerSettings::autoStart, 10, 9.0F}, {"G", &LoggerSettings::gain, 20, 1.0F},
+    {"A", &LoggerSettings::auxAdc, 30, 2.0F},    {"L", &LoggerSettings::logEnabled, 40, 4.0F},
+    {"W", &LoggerSettings::wakeUp, 50, 3.0F},    {"M", &LoggerSettings::append, 60, 10.0F},
+};
+
+struct NumberField {
+    const char* tag;
+    QProperty<QString> LoggerSettings::*box;
+    int progress;
+    float code;
+};
+
+const NumberField numberFields[] = {
+    {"T", &LoggerSettings::samplesPerPoint, 70, 5.0F},
+    {"D", &LoggerSettings::hoursBeforeBlock, 80, 6.0F},
+    {"Q", &LoggerSettings::pointsPerBlock, 90, 7.0F},
+    {"I", &LoggerSettings::secondsBetweenPoints, 100, 8.0F},
+};
+
+TEST_F(GetPrefsTest, OneTicksTheFlagsBoxAndNothingElse) {
+    for (const FlagField& field : flagFields) {
+        SCOPED_TRACE(field.tag);
+        for (const FlagField& each : flagFields) {
+            record().*each.box = false;
+        }
+        take(qPrintable(QString::fromLatin1(field.tag) + u'1'));
+        for (const FlagField& each : flagFields) {
+            EXPECT_EQ((record().*each.box).value(), each.tag == field.tag) << each.tag;
+        }
+        EXPECT_EQ(progress.value.value(), field.progress);
+        EXPECT_EQ(reader.prefsState, field.code);
+    }
+}
+
+TEST_F(GetPrefsTest, ZeroClearsTheFlagsBoxAndNothingElse) {
+    for (const FlagField& field : flagFields) {
+        SCOPED_TRACE(field.tag);
+        for (const FlagField& each : flagFields) {
+            record().*each.box = true;
+        }
+        take(qPrintable(QString::fromLatin1(field.tag) + u'0'));
+        for (const FlagField& each : flagFields) {
+            EXPECT_EQ((record().*each.box).value(), each.tag != field.tag) << each.tag;
+        }
+        EXPECT_EQ(progress.value.value(), field.progress);
+    }
+}
+
+TEST_F(GetPrefsTest, AnyOtherFlagValueLeavesTheBoxButMovesTheBar) {
+    for (const FlagField& field : flagFields) {
+        for (const bool before : {false, true}) {
+            for (const char* value : {"2", "-1", "0.5", "10", "1.5"}) {
+                SCOPED_TRACE(std::string(field.tag) + value);
+                record().*field.box = before;
+                progress.value = 0;
+                take((std::string(field.tag) + value).c_str());
+                EXPECT_EQ((record().*field.box).value(), before);
+                EXPECT_EQ(progress.value.value(), field.progress);
+            }
+        }
+    }
+}
+
+TEST_F(GetPrefsTest, FlagValuesAreReadAsLeadingNumbers) {
+    const struct {
+        const char* line;
+        bool ticked;
+    } cases[] = {{"S 1", true},  {"S01", true}, {"S1.0", true}, {"S1on", true},
+                 {"Son", false}, {"S", false},  {"S-", false}};
+    for (const auto& each : cases) {
+        record().autoStart = !each.ticked;
+        take(each.line);
+        EXPECT_EQ(record().autoStart.value(), each.ticked) << each.line;
+    }
+}
+
+TEST_F(GetPrefsTest, NumbersGoIntoTheirBoxesAsPlainText) {
+    const struct {
+        const char* value;
+        const char* text;
+    } values[] = {{"30", "30"}, {"030", "30"}, {" 7", "7"},   {"0", "0"}, {"65535", "65535"},  {"1.50", "1.5"},
+                  {"-3", "-3"}, {"12h", "12"}, {"none", "0"}, {"", "0"},  {"123456", "123456"}};
+    for (const NumberField& field : numberFields) {
+        for (const auto& each : values) {
+            SCOPED_TRACE(std::string(field.tag) + each.value);
+            record().*field.box = QStringLiteral("before");
+            take((std::string(field.tag) + each.value).c_str());
+            EXPECT_EQ((record().*field.box).value(), QString::fromLatin1(each.text));
+            EXPECT_EQ(progress.value.value(), field.progress);
+            EXPECT_EQ(reader.prefsState, field.code);
+        }
+    }
+}
+
+TEST_F(GetPrefsTest, LineWithoutTagClearsTheFlagBefore) {
+    for (const FlagField& field : flagFields) {
+        for (const char* line : {"?", "x1", "1", "s1", "mp5", " S1", ">P"}) {
+            SCOPED_TRACE(std::string(field.tag) + " then " + line);
+            take((std::string(field.tag) + "1").c_str());
+            progress.value = 0;
+            take(line);
+            EXPECT_FALSE((record().*field.box).value());
+            EXPECT_EQ(progress.value.value(), field.progress);
+            EXPECT_EQ(reader.prefsState, field.code);
+        }
+    }
+}
+
+TEST_F(GetPrefsTest, LineWithoutTagEmptiesTheNumberBefore) {
+    for (const NumberField& field : numberFields) {
+        SCOPED_TRACE(field.tag);
+        take((std::string(field.tag) + "12").c_str());
+        progress.value = 0;
+        take("noise 99");
+        EXPECT_EQ((record().*field.box).value(), QString());
+        EXPECT_EQ(progress.value.value(), field.progress);
+        EXPECT_EQ(reader.prefsState, field.code);
+    }
+}
+
+TEST_F(GetPrefsTest, LineWithoutTagAheadOfTheFirstFieldChangesNoField) {
+    for (const FlagField& each : flagFields) {
+        record().*each.box = true;
+    }
+    for (const NumberField& each : numberFields) {
+        record().*each.box = QStringLiteral("5");
+    }
+    progress.value = 40;
+    take(">P");
+    for (const FlagField& each : flagFields) {
+        EXPECT_TRUE((record().*each.box).value()) << each.tag;
+    }
+    for (const NumberField& each : numberFields) {
+        EXPECT_EQ((record().*each.box).value(), QStringLiteral("5")) << each.tag;
+    }
+    EXPECT_EQ(reader.prefsState, 0.0F);
+    EXPECT_EQ(progress.value.value(), 0);
+    EXPECT_EQ(session.status.status.value(), QStringLiteral("Loading Properties"));
+}
+
+TEST_F(GetPrefsTest, FirstLineOfAReportResetsTheBarAndPaintsTheLampRed) {
+    progress.value = 55;
+    progress.maximum = 7;
+    settings.lamp = Lamp::Sent;
+    take("S1");
+    EXPECT_EQ(progress.maximum.value(), 100);
+    EXPECT_EQ(settings.lamp.value(), Lamp::Reading);
+    EXPECT_EQ(progress.valueLabel.value(), QStringLiteral("0"));
+    EXPECT_EQ(progress.value.value(), 10);
+}
+
+TEST_F(GetPrefsTest, LaterLinesShowTheBarOfTheLineBeforeAndLeaveTheLamp) {
+    take("S1");
+    settings.lamp = Lamp::Off;
+    progress.maximum = 200;
+    take("G0");
+    EXPECT_EQ(progress.valueLabel.value(), QStringLiteral("10"));
+    EXPECT_EQ(progress.value.value(), 20);
+    EXPECT_EQ(progress.maximum.value(), 200);
+    EXPECT_EQ(settings.lamp.value(), Lamp::Off);
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(GetPrefsTest, WholeReportFillsTheRecord) {
+    for (const char* line : {"S1", "G0", "A1", "L1", "W0", "M1", "T30", "D24", "Q100", "I5", "MP32762"}) {
+        take(line);
+    }
+    EXPECT_TRUE(record().autoStart);
+    EXPECT_FALSE(record().gain);
+    EXPECT_TRUE(record().auxAdc);
+    EXPECT_TRUE(record().logEnabled);
+    EXPECT_FALSE(record().wakeUp);
+    EXPECT_TRUE(record().append);
+    EXPECT_EQ(record().samplesPerPoint.value(), QStringLiteral("30"));
+    EXPECT_EQ(record().hoursBeforeBlock.value(), QStringLiteral("24"));
+    EXPECT_EQ(record().pointsPerBlock.value(), QStringLiteral("100"));
+    EXPECT_EQ(record().secondsBetweenPoints.value(), QStringLiteral("5"));
+    EXPECT_EQ(settings.memoryPointer.value(), QStringLiteral("32762"));
+    EXPECT_EQ(settings.capacity.value(), QStringLiteral("50"));
+    EXPECT_EQ(settings.samplingOption.value(), 2);
+    EXPECT_EQ(session.state.Timeout, 11);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(GetPrefsTest, EachCallAnnouncesItselfAndHidesTheManualDialog) {
+    debug.comm2Output = true;
+    manual.panel.visible = true;
+    take("S1");
+    EXPECT_FALSE(manual.panel.visible);
+    take("noise");
+    take("MP0");
+    EXPECT_EQ(debugPort->allWritten(), QByteArray("Get Prefs\rGet Prefs\rGet Prefs\r"));
+}
+
+TEST_F(GetPrefsTest, The150thCallOfTheProgramGivesUp) {
+    debug.comm2Output = true;
+    progress.visible = true;
+    items[ConnectionPanel::Auto1].checked = true;
+    for (int call = 1; call < 150; ++call) {
+        take("S1");
+    }
+    ASSERT_EQ(actions.resets, 0);
+    debugPort->writes.clear();
+    session.status.status = QStringLiteral("as it was");
+    progress.value = 33;
+    take("S0");
+    EXPECT_EQ(debugPort->allWritten(), QByteArray("Get Prefs\r"));
+    EXPECT_EQ(actions.resets, 1);
+    EXPECT_EQ(actions.portAtReset, 1);
+    EXPECT_FALSE(progress.visible);
+    EXPECT_TRUE(manual.panel.visible);
+    EXPECT_TRUE(manual.panel.text.value().startsWith(QLatin1String("Attempt to Auto Connect Via Comm 1 Failed!")));
+    EXPECT_EQ(session.state.Timeout, 150);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_TRUE(record().autoStart) << "the line of the 150th call is not read";
+    EXPECT_EQ(progress.value.value(), 33);
+    EXPECT_EQ(session.status.status.value(), QStringLiteral("as it was"));
+}
+
+TEST_F(GetPrefsTest, The151stCallGoesOnInTheMiddleOfTheReport) {
+    session.state.Timeout = 148;
+    take("T30");
+    take("D24");
+    ASSERT_EQ(actions.resets, 1);
+    take("noise");
+    EXPECT_EQ(record().samplesPerPoint.value(), QString()) << "the field before the time-out is still the last one";
+    take("D25");
+    EXPECT_EQ(record().hoursBeforeBlock.value(), QStringLiteral("25"));
+    EXPECT_FALSE(manual.panel.visible);
+    EXPECT_EQ(actions.resets, 1);
+    EXPECT_EQ(session.state.Timeout, 152);
+}
+
+TEST_F(GetPrefsTest, ReportsDoNotSetTheCountBack) {
+    session.state.Timeout = 147;
+    take("S1");
+    take("MP0");
+    EXPECT_EQ(session.state.Timeout, 149);
+    EXPECT_EQ(actions.resets, 0);
+    take("S0");
+    EXPECT_EQ(actions.resets, 1);
+    EXPECT_TRUE(record().autoStart);
+}
+
+TEST_F(GetPrefsTest, GivingUpTakesThePortFromTheLastCheckedItem) {
+    using Panel = ConnectionPanel;
+    const struct {
+        std::vector<Panel::Item> checked;
+        int port;
+    } cases[] = {
+        {{Panel::Auto1}, 1},
+        {{Panel::Auto2}, 2},
+        {{Panel::Manual1}, 1},
+        {{Panel::Manual2}, 2},
+        {{Panel::Auto2, Panel::Manual1}, 1},
+        {{Panel::Auto1, Panel::Auto2}, 2},
+        {{Panel::Auto1, Panel::Auto2, Panel::Manual1, Panel::Manual2}, 2},
+        {{}, 7},
+    };
+    for (const auto& each : cases) {
+        items.uncheckAll();
+        for (const Panel::Item item : each.checked) {
+            items[item].checked = true;
+        }
+        session.state.Portused = 7;
+        session.state.Timeout = 149;
+        take("S1");
+        EXPECT_EQ(actions.portAtReset, each.port);
+    }
+}
+
+TEST_F(GetPrefsTest, CallBeyondTheCountersRangeOverflowsWithNothingRead) {
+    session.state.Timeout = std::numeric_limits<qint16>::max() - 1;
+    take("T30");
+    EXPECT_EQ(session.state.Timeout, std::numeric_limits<qint16>::max());
+    EXPECT_EQ(record().samplesPerPoint.value(), QStringLiteral("30"));
+    try {
+        take("T40");
+        FAIL() << "no overflow";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.kind(), RuntimeError::Kind::Overflow);
+    }
+    EXPECT_EQ(session.state.Timeout, std::numeric_limits<qint16>::max());
+    EXPECT_EQ(record().samplesPerPoint.value(), QStringLiteral("30"));
+    EXPECT_EQ(actions.resets, 0);
+}
+
+struct PointerCase {
+    const char* line;
+    const char* raw;
+    const char* capacity;
+};
+
+TEST_F(GetPrefsTest, MemoryPointerIsShownRawAndAsPercentage) {
+    const PointerCase cases[] = {
+        {"MP65525", "65525", "100"},  {"MP0", "0", "0"},           {"MP32762", "32762", "50"},
+        {"MP65535", "65535", "100"},  {"MP32", "32", "0"},         {"MP33", "33", "0.1"},
+        {"MP65492", "65492", "99.9"}, {"MP65493", "65493", "100"}, {"MP8191", "8191", "12.5"},
+        {"MP letters", "0", "0"},     {"MPabc", "0", "0"},         {"MP", "0", "0"},
+        {"MP 500", "500", "0.8"},     {"MP0200x", "200", "0.3"},
+    };
+    for (const PointerCase& each : cases) {
+        SCOPED_TRACE(each.line);
+        take("S1");
+        take(each.line);
+        EXPECT_EQ(settings.memoryPointer.value(), QString::fromLatin1(each.raw));
+        EXPECT_EQ(settings.capacity.value(), QString::fromLatin1(each.capacity));
+        EXPECT_EQ(reader.prefsState, 0.0F) << "the report has ended";
+    }
+}
+
+TEST_F(GetPrefsTest, EndOfTheReportShowsTheSettingsAndAsksForTheClock) {
+    take("I5");
+    progress.visible = true;
+    CommandPanel& commands = session.commands;
+    commands.runVisible = false;
+    take("MP100");
+    EXPECT_EQ(settings.lamp.value(), Lamp::Read);
+    EXPECT_EQ(progress.value.value(), 0);
+    EXPECT_EQ(progress.valueLabel.value(), QStringLiteral("0"));
+    EXPECT_FALSE(progress.visible);
+    EXPECT_TRUE(commands.settingsFormEnabled);
+    EXPECT_TRUE(commands.processingMenuVisible);
+    EXPECT_TRUE(commands.settingsMenuVisible);
+    EXPECT_TRUE(commands.runVisible);
+    EXPECT_TRUE(settings.visible);
+    EXPECT_EQ(instrument->allWritten(), QByteArray("C"));
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::clockCheck);
+    EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
+}
+
+TEST_F(GetPrefsTest, ShutterResetKeepsItsCodeAndTheClockIsNotAskedFor) {
+    session.state.Ctrlscrn = opstate::shutterReset;
+    take("MP100");
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::shutterReset);
+    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_EQ(settings.memoryPointer.value(), QStringLiteral("100"));
+    EXPECT_TRUE(settings.visible);
+    EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
+}
+
+TEST_F(GetPrefsTest, SamplingOptionFollowsTypeAndSamples) {
+    const struct {
+        const char* letter;
+        const char* samples;
+        int option;
+    } cases[] = {
+        {"V", "10", 1}, {"V", "30", 2},  {"V", "100", 3}, {"V", "210", 4}, {"v", "30", 2},  {"V", "77", 0},
+        {"V", "25", 0}, {"V", "55", 0},  {"V", "90", 0},  {"V", "200", 0}, {"V", "0", 0},   {"", "30", 2},
+        {"F", "25", 1}, {"F", "55", 2},  {"F", "90", 3},  {"F", "200", 4}, {"f", "55", 2},  {"f", "200", 4},
+        {"F", "77", 0}, {"F", "030", 2}, {"F", "10", 1},  {"F", "210", 4}, {"V", "030", 2}, {"X", "55", 0},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(std::string(each.letter) + " " + each.samples);
+        session.state.Vartemp = QString::fromLatin1(each.letter);
+        settings.samplingOption = 9;
+        take((std::string("T") + each.samples).c_str());
+        EXPECT_EQ(settings.samplingOption.value(), 9) << "selected only at the end of the report";
+        take("MP0");
+        EXPECT_EQ(settings.samplingOption.value(), each.option);
+    }
+}
+
+TEST(SamplingPresets, CaptionsAndSamplesOfBothTypes) {
+    const char* const expected[2][4][2] = {{{"2", "10"}, {"1", "30"}, {"1/2", "100"}, {"1/4", "210"}},
+                                           {{"5", "25"}, {"3", "55"}, {"2", "90"}, {"1", "200"}}};
+    for (const bool glow : {false, true}) {
+        const auto presets = samplingPresets(glow);
+        for (std::size_t option = 0; option < 4; ++option) {
+            EXPECT_EQ(presets.at(option).caption, QString::fromLatin1(expected[glow ? 1 : 0][option][0]));
+            EXPECT_EQ(presets.at(option).samplesPerPoint, QString::fromLatin1(expected[glow ? 1 : 0][option][1]));
+        }
+    }
+}
+
+} // namespace
+
+namespace {
+
+class CheckTimeTest : public testing::Test {
+protected:
+    CheckTimeTest() {
+        ports.setDevice(1, QStringLiteral("instrument"));
+        ports.setDevice(2, QStringLiteral("debug"));
+        ports.openDebugPort();
+        debug.comm2Output = true;
+        session.state.Ctrlscrn = opstate::clockCheck;
+        for (QProperty<QString>* label : labels()) {
+            *label = QStringLiteral("kept");
+        }
+    }
+
+    std::unique_ptr<Port> makePort() {
+        auto port = std::make_unique<FakePort>();
+        debugPort = port.get();
+        return port;
+    }
+
+    std::array<QProperty<QString>*, 4> labels() {
+        return {&session.status.date, &settings.loggerDate, &session.status.time, &settings.loggerTime};
+    }
+
+    void check(const char* reply) {
+        session.state.Rtn = QString::fromLatin1(reply);
+        display.checktime();
+    }
+
+    void expectLabelsKept() {
+        for (const QProperty<QString>* label : labels()) {
+            EXPECT_EQ(label->value(), QStringLiteral("kept"));
+        }
+    }
+
+    FakePort* debugPort = nullptr;
+    TestClock clock;
+    RecordedMessages messages;
+    Session session{clock, messages};
+    DebugPanel debug;
+    ComPorts ports{session, debug, [this](const QString&) { return makePort(); }};
+    SettingsPanel settings;
+    ClockDisplay display{session, ports, debug, settings};
+};
+
+TEST_F(CheckTimeTest, ReplyIsShownOnBothScreensAndTheCodeBecomesSettingsOpen) {
+    check("11/21/26\t25652");
+    EXPECT_EQ(session.status.date.value(), QStringLiteral("11/21/26"));
+    EXPECT_EQ(settings.loggerDate.value(), QStringLiteral("11/21/26"));
+    EXPECT_EQ(session.status.time.value(), QStringLiteral("9:30:02 AM"));
+    EXPECT_EQ(settings.loggerTime.value(), QStringLiteral("9:30:02 AM"));
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(debugPort->allWritten(), QByteArray("Check Orv Sensor Time\r"));
+}
+
+TEST_F(CheckTimeTest, ReplyUnderTenCharactersChangesNothingAndTellsNothing) {
+    for (const char* reply : {"", ">C", "1/5/26\t99", "123456789", "\t\t\t\t\t\t\t\t\t"}) {
+        SCOPED_TRACE(reply);
+        check(reply);
+        expectLabelsKept();
+        EXPECT_EQ(session.state.Ctrlscrn, opstate::clockCheck);
+    }
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(debugPort->writes.size(), 5U) << "announced at every call";
+}
+
+TEST_F(CheckTimeTest, ReplyOfTenCharactersIsRead) {
+    check("1/5/26\t100");
+    EXPECT_EQ(session.status.date.value(), QStringLiteral("1/5/26"));
+    EXPECT_EQ(session.status.time.value(), QStringLiteral("0:02:13 AM"));
+}
+
+TEST_F(CheckTimeTest, TimeCountsOfThe64800CountDay) {
+    const struct {
+        const char* reply;
+        const char* shown;
+    } cases[] = {
+        {"01/05/1999\t0", "0:00:00 AM"},
+        {"01/05/1999\t32400", "0:00:00 PM"},
+        {"01/05/1999\t2700", "1:00:00 AM"},
+        {"01/05/1999\t32399", "11:59:58 AM"},
+        {"01/05/1999\t35100", "1:00:00 PM"},
+        {"01/05/1999\t64799", "11:59:58 PM"},
+        {"01/05/1999\t33081", "0:15:08 PM"},
+        {"01/05/1999\t13726", "5:05:01 AM"},
+        {"01/05/1999\t 2700 ", "1:00:00 AM"},
+        {"01/05/1999\t2700.75", "1:00:01 AM"},
+        // The parts are cut in floating-point steps: exact arithmetic would give 5:05:00 and 0:22:12.
+        {"01/05/1999\t13725", "5:04:59 AM"},
+        {"01/05/1999\t999", "0:22:11 AM"},
+    };
+    for (const auto& each : cases) {
+        check(each.reply);
+        EXPECT_EQ(session.status.time.value(), QString::fromLatin1(each.shown)) << each.reply;
+        EXPECT_EQ(settings.loggerTime.value(), QString::fromLatin1(each.shown)) << each.reply;
+    }
+}
+
+TEST_F(CheckTimeTest, DatesAreMonthDayYearWithTwoDigitYearsUpTo29InThisCentury) {
+    const struct {
+        const char* reply;
+        const char* shown;
+    } cases[] = {
+        {"01/05/99\t100", "1/5/99"},  {"1/5/1999\t100", "1/5/99"},  {"12/31/29\t100", "12/31/29"},
+        {"2/29/00\t1000", "2/29/00"}, {"02-29-24\t100", "2/29/24"}, {"02/29/2028\t1", "2/29/28"},
+    };
+    for (const auto& each : cases) {
+        check(each.reply);
+        EXPECT_EQ(session.status.date.value(), QString::fromLatin1(each.shown)) << each.reply;
+        EXPECT_EQ(settings.loggerDate.value(), QString::fromLatin1(each.shown)) << each.reply;
+    }
+}
+
+TEST_F(CheckTimeTest, ReplyThatCannotBeReadIsToldAndTheLabelsKeepWhatTheyHad) {
+    const Message expected{.title = QStringLiteral("Software Error"),
+                           .text = QStringLiteral("Unable to read clock. Error #2"),
+                           .icon = Message::Icon::Exclamation};
+    for (const char* reply :
+         {"13/45/26\t100", "garbage\t1000", "2/29/26\t1000", "21/11/26\t100", "11/21/26\tnoon", "11/21/2026\t",
+          "11/21/26\t12x", "11/21/26 25652", "\t11/21/26\t25652", "11/21/26\t1e300", "1234567890"}) {
+        SCOPED_TRACE(reply);
+        messages.shown.clear();
+        session.state.Ctrlscrn = opstate::clockCheck;
+        check(reply);
+        EXPECT_EQ(messages.shown, std::vector<Message>{expected});
+        expectLabelsKept();
+        EXPECT_EQ(session.state.Ctrlscrn, opstate::clockCheck);
+    }
+}
+
+TEST_F(CheckTimeTest, PartsAreListedWhenParsingIsShownInServiceMode) {
+    debug.showParsing = true;
+    session.state.trouble = 1;
+    check("11/21/26\t2700");
+    EXPECT_EQ(debug.list.entries(), (std::deque<QString>{QStringLiteral("11/21/26\t"), QStringLiteral("2700")}));
+}
+
+TEST_F(CheckTimeTest, PartsOfAnUnreadableReplyAreListedToo) {
+    debug.showParsing = true;
+    session.state.trouble = 1;
+    check("garbage\tnoon");
+    EXPECT_EQ(debug.list.entries(), (std::deque<QString>{QStringLiteral("garbage\t"), QStringLiteral("noon")}));
+}
+
+TEST_F(CheckTimeTest, PartsAreNotListedOtherwise) {
+    debug.showParsing = true;
+    check("11/21/26\t2700");
+    debug.showParsing = false;
+    debug.rawBuffer = true;
+    session.state.trouble = 1;
+    check("11/21/26\t2700");
+    EXPECT_TRUE(debug.list.entries().empty());
+}
+
+} // namespace
+
+} // namespace orv

@@ -1,0 +1,326 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/sender.h"
+
+#include "base/text.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace orv {
+
+namespace {
+
+/// How often the windows are kept alive during a wait, in milliseconds of monotonic time.
+constexpr qint64 responsiveInterval = 10;
+
+constexpr int progressStep = 10;
+constexpr int progressMaximum = 100;
+
+} // namespace
+
+PromptDialogue::PromptDialogue(const SendingParts& parts)
+    : p_(parts) {}
+
+PromptOutcome PromptDialogue::waitprompt() {
+    const QScopedValueRollback polling(polling_, true);
+    const Clock& clock = p_.session.clock;
+    const quint64 connection = p_.ports.connectionNumber();
+    qint64 lastResponsive = clock.monotonicMilliseconds();
+    // A prompt left over from before stands in the poll's buffer without a line end; it would be taken for the
+    // beginning of the next line.
+    p_.poll.rxbuffer.clear();
+    p_.session.status.bufferCount = 0;
+    p_.session.state.Rtn.clear();
+
+    QByteArray text;
+    for (int pass = 0; pass < maximumPasses; ++pass) {
+        p_.ports.waitForInput(1);
+        const QByteArray block = p_.ports.readAll();
+        if (!block.isEmpty()) {
+            if (transcriptWanted()) {
+                p_.debug.list.append(QString::fromLatin1(block));
+            }
+            text += block;
+            if (takePrompt(text, block.size())) {
+                return keepResponsive(connection) ? PromptOutcome::Came : PromptOutcome::ConnectionLost;
+            }
+        } else if (p_.ports.checkFailure()) {
+            return PromptOutcome::ConnectionLost;
+        }
+        const qint64 now = clock.monotonicMilliseconds();
+        if (now - lastResponsive >= responsiveInterval) {
+            lastResponsive = now;
+            if (!keepResponsive(connection)) {
+                return PromptOutcome::ConnectionLost;
+            }
+        }
+    }
+    if (p_.debug.rawBuffer) {
+        p_.debug.list.append(QStringLiteral("Timeout"));
+    }
+    return PromptOutcome::TimedOut;
+}
+
+bool PromptDialogue::takePrompt(const QByteArray& text, qsizetype newCharacters) {
+    // A prompt that nothing stands before is left over from an earlier command.
+    const auto first = text.cbegin() + std::max<qsizetype>(text.size() - newCharacters, 1);
+    const auto prompt = std::find_if(first, text.cend(), [](char c) { return c == '>' || c == '.'; });
+    if (prompt == text.cend()) {
+        return false;
+    }
+    p_.session.state.Rtn = QString::fromLatin1(text.constData(), prompt - text.cbegin());
+    p_.debug.list.selectLast();
+    p_.settings.lamp = Lamp::Sending;
+    p_.progress.value = std::min(p_.progress.value + progressStep, progressMaximum);
+    p_.progress.valueLabel = QString::number(p_.progress.value);
+    return true;
+}
+
+bool PromptDialogue::keepResponsive(quint64 connection) {
+    p_.events.keepResponsive(false);
+    return !p_.events.programEnding() && p_.ports.connectionNumber() == connection;
+}
+
+void PromptDialogue::send(const QString& item, const QByteArray& terminator) {
+    p_.ports.write(item.toLatin1() + terminator);
+    // The transcript of this talk follows the settings screen's option alone, not the service mode: only the words
+    // "Timeout" follow the debug screen's own option.
+    if (transcriptWanted()) {
+        p_.debug.list.append(item);
+    }
+}
+
+void PromptDialogue::finish() {
+    p_.progress.value = 0;
+    p_.progress.valueLabel = QStringLiteral("0");
+    p_.settings.lamp = Lamp::Sent;
+    p_.timer.setInterval(StatusTimer::slowInterval);
+    p_.ports.discardInput();
+    p_.session.state.Ctrlscrn = opstate::ready;
+    p_.ports.write("P");
+}
+
+bool PromptDialogue::transcriptWanted() const {
+    const bool glow = p_.session.status.instrument.value() == QLatin1String("GLOW");
+    return glow ? p_.settings.glowProvideRawCounts : p_.settings.trxProvideRawCounts;
+}
+
+namespace {
+
+QString atLeastTwo(const QString& piece) {
+    return piece.size() == 1 ? QLatin1Char('0') + piece : piece;
+}
+
+} // namespace
+
+QString dateDigits(const QString& shortDate) {
+    constexpr QLatin1Char separator('/');
+    return atLeastTwo(shortDate.section(separator, 0, 0)) + atLeastTwo(shortDate.section(separator, 1, 1)) +
+           atLeastTwo(shortDate.section(separator, 2));
+}
+
+QString timeDigits(const QString& timeText) {
+    constexpr QLatin1Char separator(':');
+    constexpr int noon = 12;
+    QString hourText = timeText.section(separator, 0, 0);
+    const int hour = hourText.toInt();
+    if (timeText.contains(QLatin1String("PM"), Qt::CaseInsensitive) && hour != noon) {
+        hourText = QString::number(hour + noon);
+    } else if (timeText.contains(QLatin1String("AM"), Qt::CaseInsensitive) && hour == noon) {
+        hourText = QStringLiteral("0");
+    }
+    return atLeastTwo(hourText) + atLeastTwo(timeText.section(separator, 1, 1));
+}
+
+ClockSetter::ClockSetter(const SendingParts& parts, PromptDialogue& dialogue)
+    : p_(parts)
+    , dialogue_(dialogue) {}
+
+PromptOutcome ClockSetter::setclock() {
+    p_.ports.write("U");
+    PromptOutcome outcome = dialogue_.waitprompt();
+    if (outcome != PromptOutcome::Came) {
+        return outcome;
+    }
+    // The screen shows no date before the first tick after a report.
+    const QString shown = p_.settings.computerDate;
+    outcome = sendDigits(dateDigits(shown.isEmpty() ? shortDate(p_.session.clock.now().date()) : shown));
+    if (outcome == PromptOutcome::Came) {
+        outcome = dialogue_.waitprompt();
+    }
+    if (outcome == PromptOutcome::Came) {
+        outcome = sendDigits(timeDigits(clockText(p_.session.clock.now().time())));
+    }
+    if (outcome == PromptOutcome::Came) {
+        dialogue_.finish();
+    }
+    return outcome;
+}
+
+PromptOutcome ClockSetter::sendDigits(const QString& digits) {
+    // The instrument takes digits only as slowly as a person types them.
+    constexpr float secondsBetweenDigits = 0.2F;
+    for (const QChar digit : digits) {
+        if (!p_.wait.waitConnected(secondsBetweenDigits) || p_.ports.checkFailure()) {
+            return PromptOutcome::ConnectionLost;
+        }
+        p_.ports.write(QByteArray(1, digit.toLatin1()));
+        if (dialogue_.transcriptWanted() && p_.session.state.trouble == 1) {
+            p_.debug.list.append(digit);
+        }
+    }
+    return PromptOutcome::Came;
+}
+
+QString controlBits(const LoggerSettings& record) {
+    QString bits;
+    for (const bool flag : {record.autoStart.value(), record.gain.value(), record.auxAdc.value(),
+                            record.logEnabled.value(), record.wakeUp.value(), record.append.value()}) {
+        bits += QLatin1Char(flag ? '1' : '0');
+    }
+    return bits;
+}
+
+SettingsSender::SettingsSender(const Parts& parts)
+    : p_(parts)
+    , dialogue_(parts)
+    , clock_(parts, dialogue_) {}
+
+SettingsSender::Outcome SettingsSender::setprefs() {
+    if (!p_.ports.isOpen()) {
+        return Outcome::ConnectionLost;
+    }
+    QProperty<Activity>& activity = p_.session.commands.activity;
+    const Activity before = activity;
+    activity = Activity::Sending;
+    p_.timer.setInterval(0);
+    p_.progress.maximum = 100;
+    p_.progress.value = 0;
+
+    const Outcome outcome = ended(talk());
+    // Whoever ended the connection inside a wait has set the activity already, perhaps to one of its own.
+    if (activity == Activity::Sending || activity == Activity::SettingClock) {
+        activity = before;
+    }
+    return outcome;
+}
+
+PromptOutcome SettingsSender::talk() {
+    const LoggerSettings& record = p_.settings.record;
+    PromptOutcome outcome = sendItem(QStringLiteral("B"));
+    if (outcome == PromptOutcome::Came) {
+        outcome = sendItem(controlBits(record));
+    }
+    if (outcome == PromptOutcome::Came) {
+        outcome = sendNumber(QStringLiteral("T"), record.samplesPerPoint);
+    }
+    if (outcome == PromptOutcome::Came) {
+        outcome = sendNumber(QStringLiteral("D"), record.hoursBeforeBlock);
+    }
+    if (outcome == PromptOutcome::Came) {
+        outcome = sendNumber(QStringLiteral("Q"), record.pointsPerBlock);
+    }
+    if (outcome == PromptOutcome::Came) {
+        outcome = sendNumber(QStringLiteral("I"), record.secondsBetweenPoints);
+    }
+    // During a shutter reset the settings are sent only for a while; the clock is none of its business.
+    if (outcome == PromptOutcome::Came && p_.settings.syncTimeDate &&
+        p_.session.state.Ctrlscrn != opstate::shutterReset) {
+        p_.session.commands.activity = Activity::SettingClock;
+        outcome = clock_.setclock();
+    }
+    return outcome;
+}
+
+PromptOutcome SettingsSender::sendItem(const QString& item, const QByteArray& terminator) {
+    dialogue_.send(item, terminator);
+    return dialogue_.waitprompt();
+}
+
+PromptOutcome SettingsSender::sendNumber(const QString& command, const QProperty<QString>& value) {
+    const PromptOutcome outcome = sendItem(command);
+    return outcome == PromptOutcome::Came ? sendItem(value, "\r") : outcome;
+}
+
+SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {
+    switch (outcome) {
+    case PromptOutcome::Came:
+        // The setting of the clock has requested the report too; while the clock reply is awaited the second one is
+        // passed over.
+        dialogue_.finish();
+        return Outcome::Sent;
+    case PromptOutcome::TimedOut:
+        p_.progress.visible = false;
+        p_.timer.setInterval(StatusTimer::slowInterval);
+        p_.session.status.status = QStringLiteral("Ready");
+        p_.session.messages.show({.title = QStringLiteral("Error"),
+                                  .text = QStringLiteral("Error Sending Prefs. Error Code 1"),
+                                  .icon = Message::Icon::Exclamation});
+        if (showMainWindow) {
+            showMainWindow();
+        }
+        return Outcome::Failed;
+    case PromptOutcome::ConnectionLost:
+        break;
+    }
+    // The timer was stopped here, so nobody else starts it again for the next connection. One that runs belongs to a
+    // sending that was begun and ended inside the wait.
+    if (!p_.events.programEnding() && !p_.timer.isRunning()) {
+        p_.progress.visible = false;
+        p_.timer.setInterval(StatusTimer::normalInterval);
+    }
+    return Outcome::ConnectionLost;
+}
+
+SettingsCommands::SettingsCommands(Session& session, ComPorts& ports, SettingsPanel& settings, ProgressPanel& progress,
+                                   SettingsSender& sender)
+    : session_(session)
+    , ports_(ports)
+    , settings_(settings)
+    , progress_(progress)
+    , sender_(sender) {}
+
+void SettingsCommands::retrieveSettings() {
+    if (!session_.commands.canCommand) {
+        return;
+    }
+    ports_.discardInput();
+    session_.state.Ctrlscrn = opstate::ready;
+    ports_.write("P");
+    progress_.maximum = 100;
+    progress_.show();
+}
+
+void SettingsCommands::applySettings() {
+    if (!session_.commands.canCommand) {
+        return;
+    }
+    // The instrument cannot log a block without end.
+    if (leadingNumber(settings_.record.pointsPerBlock.value()) == 0.0 && settings_.record.logEnabled) {
+        session_.messages.show({.title = QStringLiteral("Invalid Setup"),
+                                .text = QStringLiteral("Logging and Continues Sampling invalid."),
+                                .icon = Message::Icon::Exclamation});
+        return;
+    }
+    progress_.show();
+    // The date goes to the instrument as the screen shows it, and the screen does not follow it all the time.
+    settings_.computerDate = shortDate(session_.clock.now().date());
+    sender_.setprefs();
+}
+
+void SettingsCommands::displayLoggerTime() {
+    if (!session_.commands.canCommand) {
+        return;
+    }
+    ports_.write("C");
+    session_.state.Ctrlscrn = opstate::clockCheck;
+}
+
+void SettingsCommands::chooseSamplingOption(int option) {
+    const bool glow = session_.status.instrument.value() == QLatin1String("GLOW");
+    settings_.record.samplesPerPoint = samplingPresets(glow).at(static_cast<std::size_t>(option - 1)).samplesPerPoint;
+    settings_.samplingOption = option;
+}
+
+} // namespace orv

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/poll.h"
+#include "link/waits.h"
+#include "settings/record.h"
+
+#include <functional>
+
+namespace orv {
+
+/// What the settings screen's buttons ask of the program above it: device files belong to the calibration.
+class SettingsActions {
+public:
+    virtual ~SettingsActions() = default;
+
+    virtual void loadDeviceFile() = 0;
+    virtual void saveDeviceFile() = 0;
+};
+
+/// What the procedures that write to the instrument's settings and clock work on; everything outlives them.
+struct SendingParts {
+    Session& session;
+    ComPorts& ports;
+    DebugPanel& debug;
+    Poll& poll;
+    TimedWait& wait;
+    EventYield& events;
+    StatusTimer& timer;
+    SettingsPanel& settings;
+    ProgressPanel& progress;
+};
+
+/// How a wait for the instrument's prompt, or a procedure made of such waits, went.
+enum class PromptOutcome {
+    Came,
+    TimedOut,
+    ConnectionLost ///< The connection has ended meanwhile, or the program is ending: nothing more may be sent.
+};
+
+/// The talk with an instrument that answers every item with a prompt.
+class PromptDialogue {
+public:
+    static constexpr int maximumPasses = 5000;
+
+    explicit PromptDialogue(const SendingParts& parts);
+
+    /// Waits for the prompt, ">" or "." with something before it in what has come since the call; what stands before
+    /// it is the reply and goes to `Rtn`. Does not yield: at most `maximumPasses` passes of up to 1 ms each, during
+    /// which the windows repaint but nothing of the operator's is handled. A prompt moves the progress bar on by 10,
+    /// at most to 100, and paints the lamp as sending.
+    PromptOutcome waitprompt();
+
+    /// Writes `item` and the terminator to the instrument; lists the item if the transcript is wanted.
+    void send(const QString& item, const QByteArray& terminator = {});
+
+    /// Ends a talk that succeeded: bar back to 0, lamp as sent, status timer at 10 ms, input discarded, and the
+    /// settings report requested, which `getprefs` reads.
+    void finish();
+
+    /// "Provide Raw Counts" of the calibration frame that belongs to the connected type: the fluorometer's when the
+    /// type label reads "GLOW", else the scattering meter's.
+    bool transcriptWanted() const;
+
+    /// waitprompt() is running: no tick may be dispatched.
+    bool isPolling() const { return polling_; }
+
+private:
+    bool takePrompt(const QByteArray& text, qsizetype newCharacters);
+    bool keepResponsive(quint64 connection);
+
+    SendingParts p_;
+    bool polling_ = false;
+};
+
+/// The digits of a short date ("1/5/99"), as the instrument takes its date: the three pieces between the "/" in their
+/// order, a piece of one character with a leading "0" ("010599").
+QString dateDigits(const QString& shortDate);
+
+/// Hour and minutes of a time of day, as the instrument takes its time: four digits of a 24-hour clock. Takes 12-hour
+/// text with "AM" or "PM" ("3:07:09 PM" is "1507", the hour after midnight "00") and 24-hour text.
+QString timeDigits(const QString& timeText);
+
+/// Sets the instrument's clock to the computer's.
+class ClockSetter {
+public:
+    /// `dialogue` must outlive this.
+    ClockSetter(const SendingParts& parts, PromptDialogue& dialogue);
+
+    /// Sends "U", then the date that the settings screen shows for the computer, then the present hour and minutes,
+    /// each digit 0.2 s after what came before; date and time wait for the instrument's prompt. Seconds are not sent:
+    /// the instrument starts the minute afresh. The status timer must be stopped; it runs again, and the settings
+    /// report is requested, when the outcome is `Came`.
+    PromptOutcome setclock();
+
+private:
+    PromptOutcome sendDigits(const QString& digits);
+
+    SendingParts p_;
+    PromptDialogue& dialogue_;
+};
+
+/// Writes the settings on the settings screen into the instrument.
+class SettingsSender {
+public:
+    using Parts = SendingParts;
+
+    enum class Outcome {
+        Sent,          ///< Everything was taken; the settings report has been requested.
+        Failed,        ///< The instrument did not answer an item. The operator has been told.
+        ConnectionLost ///< The connection has ended meanwhile, or there was none.
+    };
+
+    explicit SettingsSender(const Parts& parts);
+
+    /// Sends the flags and the four numbers item by item, each after the prompt for the one before, then sets the
+    /// clock if "Sync Time/Date" is ticked (never during a shutter reset), then requests the settings report; the
+    /// operation code becomes 23. The status timer is stopped meanwhile and runs again at 10 ms afterwards.
+    ///
+    /// When the instrument does not answer, what was sent stays written in it: the "Processing" dialog goes, the
+    /// operator is told, the main window comes forward, the status shows "Ready".
+    ///
+    /// A reset, a close or a failure of the port ends it without a word of its own and nothing more is sent.
+    Outcome setprefs();
+
+    /// A loop that does not yield to the event loop is running: no tick may be dispatched.
+    bool isPolling() const { return dialogue_.isPolling(); }
+
+    /// Brings the main window to the front; may be empty.
+    std::function<void()> showMainWindow;
+
+private:
+    Outcome ended(PromptOutcome outcome);
+    PromptOutcome talk();
+    PromptOutcome sendItem(const QString& item, const QByteArray& terminator = {});
+    PromptOutcome sendNumber(const QString& command, const QProperty<QString>& value);
+
+    Parts p_;
+    PromptDialogue dialogue_;
+    ClockSetter clock_;
+};
+
+/// The six flags as the instrument takes them, "0" or "1" each: auto start, gain, aux ADC, log enabled, wake up,
+/// append.
+QString controlBits(const LoggerSettings& record);
+
+/// The actions of the settings screen that concern the instrument. Those that need it do nothing, without a word,
+/// when it is not connected or when another operation is under way.
+class SettingsCommands {
+public:
+    SettingsCommands(Session& session, ComPorts& ports, SettingsPanel& settings, ProgressPanel& progress,
+                     SettingsSender& sender);
+
+    /// "Retrieve Settings": requests the settings report and shows the "Processing" dialog until it has been read.
+    void retrieveSettings();
+
+    /// "Apply Settings": sends the settings, with the "Processing" dialog. Refused with a message if logging is asked
+    /// of a block without end; no other value is checked.
+    void applySettings();
+
+    /// "Display Logger Time/Date": asks the instrument for its clock.
+    void displayLoggerTime();
+
+    /// The operator has chosen a sampling-rate option, 1..4: its preset goes into the samples per point, the
+    /// fluorometer's when the type label reads "GLOW", else the scattering meter's.
+    void chooseSamplingOption(int option);
+
+private:
+    Session& session_;
+    ComPorts& ports_;
+    SettingsPanel& settings_;
+    ProgressPanel& progress_;
+    SettingsSender& sender_;
+};
+
+} // namespace orv

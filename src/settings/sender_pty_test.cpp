@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/systemport.h"
+#include "settings/modes.h"
+#include "settings/reader.h"
+#include "settings/sender.h"
+#include "simulator/ptyserver.h"
+#include "testing/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace orv {
+
+namespace {
+
+/// The real port on a pseudo-terminal whose far end is served, on the test's clock, whenever the program waits.
+class ServedPort final : public Port {
+public:
+    ServedPort(const QString& device, TestClock& clock, PtyServer& server)
+        : port_(device)
+        , clock_(clock)
+        , server_(server) {}
+
+    QString open() override { return port_.open(); }
+    void close() override { port_.close(); }
+    bool isOpen() const override { return port_.isOpen(); }
+    void setDataTerminalReady(bool on) override { port_.setDataTerminalReady(on); }
+    QByteArray readAll() override { return port_.readAll(); }
+    void write(const QByteArray& bytes) override {
+        writes.emplace_back(bytes, clock_.monotonicMilliseconds());
+        port_.write(bytes);
+    }
+    void discardInput() override { port_.discardInput(); }
+    qsizetype inputCount() override { return port_.inputCount(); }
+    bool waitForInput(int milliseconds) override {
+        // What the server writes reaches this end a moment later; once nothing has come for long, nothing will.
+        constexpr int longSilence = 100;
+        clock_.advance(milliseconds);
+        server_.serve(0);
+        const bool arrived = port_.waitForInput(silentWaits_ < longSilence ? milliseconds : 0);
+        silentWaits_ = arrived ? 0 : silentWaits_ + 1;
+        return arrived;
+    }
+    QString failure() const override { return port_.failure(); }
+
+    std::vector<std::pair<QByteArray, qint64>> writes;
+
+private:
+    SystemPort port_;
+    TestClock& clock_;
+    PtyServer& server_;
+    int silentWaits_ = 0;
+};
+
+class NoActions final : public ProgramActions {
+public:
+    void fixit() override {}
+    void layOutHeaderRow() override {}
+    void closeRecordFile() override {}
+};
+
+/// Sending to the simulated instrument over a pseudo-terminal; ticks as the status timer dispatches them.
+class SendingPtyTest : public testing::Test {
+protected:
+    void connect(const char* device) {
+        server = std::make_unique<PtyServer>(parseSimulatorOptions(QString::fromLatin1(device)).options, clock);
+        ASSERT_EQ(server->open(), QString());
+        ports.setDevice(1, server->path());
+        ASSERT_TRUE(ports.open());
+        ports.discardInput(); // stands for the wake-up pulse
+        QByteArray greeting;
+        for (int pass = 0; pass < 2000 && !greeting.contains('\r'); ++pass) {
+            ports.waitForInput(1);
+            greeting += ports.readAll();
+        }
+        ASSERT_EQ(greeting, "V512\r");
+        port->writes.clear();
+        session.state.Ctrlscrn = opstate::settingsOpen;
+        session.state.Vartemp = QStringLiteral("V");
+        settings.computerDate = QStringLiteral("1/5/99");
+    }
+
+    std::unique_ptr<Port> makePort(const QString& device) {
+        auto made = std::make_unique<ServedPort>(device, clock, *server);
+        port = made.get();
+        return made;
+    }
+
+    void tick() {
+        ports.waitForInput(1);
+        poll.quary();
+        if (session.state.Ctrlscrn == opstate::ready && !session.state.Rtn.isEmpty()) {
+            reader.getprefs();
+        }
+        if (session.state.Ctrlscrn == opstate::clockCheck) {
+            clockDisplay.checktime();
+        }
+    }
+
+    void tickFor(int milliseconds) {
+        for (int passed = 0; passed < milliseconds; ++passed) {
+            tick();
+        }
+    }
+
+    QByteArray allWritten() const {
+        QByteArray all;
+        for (const auto& [bytes, when] : port->writes) {
+            all += bytes;
+        }
+        return all;
+    }
+
+    TestClock clock;
+    std::unique_ptr<PtyServer> server;
+    ServedPort* port = nullptr;
+    RecordedMessages messages;
+    SteppedYield events{clock};
+    Session session{clock, messages};
+    DebugPanel debug;
+    ComPorts ports{session, debug, [this](const QString& device) { return makePort(device); }};
+    ProgramLog log;
+    Poll poll{session, ports, debug, log};
+    TimedWait wait{clock, events, ports};
+    StatusTimer timer{[] {}};
+    SettingsPanel settings;
+    ProgressPanel progress;
+    NoActions actions;
+    ConnectionPanel items;
+    ManualConnection manual{session, items, actions};
+    SettingsReader reader{{.session = session,
+                           .ports = ports,
+                           .items = items,
+                           .manual = manual,
+                           .settings = settings,
+                           .progress = progress,
+                           .actions = actions}};
+    ClockDisplay clockDisplay{session, ports, debug, settings};
+    SettingsSender sender{{.session = session,
+                           .ports = ports,
+                           .debug = debug,
+                           .poll = poll,
+                           .wait = wait,
+                           .events = events,
+                           .timer = timer,
+                           .settings = settings,
+                           .progress = progress}};
+};
+
+const Mode sentMode{.samplesPerPoint = QStringLiteral("100"),
+                    .hoursBeforeBlock = QStringLiteral("12"),
+                    .pointsPerBlock = QStringLiteral("500"),
+                    .secondsBetweenPoints = QStringLiteral("60"),
+                    .logEnabled = true,
+                    .wakeUp = false,
+                    .auxAdc = true,
+                    .gain = false,
+                    .append = false,
+                    .autoStart = true};
+
+TEST_F(SendingPtyTest, TheInstrumentReportsWhatItWasSent) {
+    connect("sim:trx");
+    sentMode.putInto(settings.record);
+    ASSERT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
+    EXPECT_EQ(allWritten(), "B101100T100\rD12\rQ500\rI60\rP");
+    Mode{}.putInto(settings.record);
+    tickFor(300);
+    EXPECT_EQ(Mode::of(settings.record), sentMode);
+    EXPECT_EQ(settings.samplingOption.value(), 3);
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(SendingPtyTest, TheClockIsSetAndTheSecondReportDoesNoHarm) {
+    connect("sim:trx");
+    sentMode.putInto(settings.record);
+    settings.syncTimeDate = true;
+    events.tick = [this] { server->serve(0); };
+    ASSERT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
+    EXPECT_EQ(allWritten(), "B101100T100\rD12\rQ500\rI60\rU0105990930PP");
+    // Each digit is written 0.2 s after what came before it.
+    const std::size_t first = 11;
+    for (std::size_t digit = first; digit < first + 10; ++digit) {
+        const qint64 gap = port->writes.at(digit).second - port->writes.at(digit - 1).second;
+        EXPECT_GE(gap, 195) << digit;
+        EXPECT_LE(gap, digit == first || digit == first + 6 ? 300 : 205) << digit; // a prompt comes before two of them
+    }
+    Mode{}.putInto(settings.record);
+    tickFor(1000);
+    EXPECT_EQ(Mode::of(settings.record), sentMode);
+    EXPECT_EQ(settings.loggerDate.value(), QStringLiteral("1/5/99"));
+    EXPECT_TRUE(settings.loggerTime.value().startsWith(QStringLiteral("9:30:")));
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
+    EXPECT_EQ(settings.lamp.value(), Lamp::Read);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(SendingPtyTest, AnInstrumentThatGoesDeadIsGivenUp) {
+    connect("sim:trx?fault=cut&after=20ms");
+    settings.record.samplesPerPoint = QStringLiteral("100");
+    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
+    EXPECT_FALSE(allWritten().contains('P'));
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown.front().text, QStringLiteral("Error Sending Prefs. Error Code 1"));
+}
+
+} // namespace
+
+} // namespace orv

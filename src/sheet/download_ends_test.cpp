@@ -1,0 +1,349 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/downloadtest.h"
+
+#include "base/runtimeerror.h"
+
+#include <QFileInfo>
+
+namespace orv {
+
+namespace {
+
+constexpr const char* record = "01/05/99\t24526\t700";
+constexpr const char* stalled = "No data for 10 s. Reset stops the download.";
+
+/// Ways in which a download does not come to its end.
+class DownloadEndsTest : public DownloadTest {
+protected:
+    DownloadEndsTest() { identify("F", "310"); }
+
+    std::string status() const { return session.status.status.value().toStdString(); }
+
+    std::string incomplete(const char* records, const QString& where, const char* unread = "") const {
+        return "The download is incomplete: it was ended before the instrument had sent everything. " +
+               std::string(records) + " arrived and can be found " + where.toStdString() + "." + unread +
+               "\n\nThe instrument still holds its data; download it again.";
+    }
+};
+
+TEST_F(DownloadEndsTest, CancelledDialogSendsAndWritesNothing) {
+    session.status.notice = QStringLiteral("kept");
+    progress.maximum = 77;
+    timer.setInterval(StatusTimer::slowInterval);
+    download.saveAsText();
+    EXPECT_EQ(answers.asked.size(), 1);
+    EXPECT_FALSE(progress.visible);
+    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_TRUE(filesIn(folder).isEmpty());
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(status(), "Ready");
+    EXPECT_EQ(session.status.notice.value(), QStringLiteral("kept"));
+    EXPECT_FALSE(isTaking());
+    EXPECT_EQ(progress.maximum, 77);
+    EXPECT_EQ(timer.interval(), StatusTimer::slowInterval);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+/// Answers a file dialog after something has happened behind it.
+class BelatedAnswer final : public OperatorQuestions {
+public:
+    bool askYesNo(const QString& /*title*/, const QString& /*text*/) override { return false; }
+    QString saveFileName(const QString& /*title*/, const QString& /*presetName*/, const QString& /*suffix*/,
+                         const QString& /*filter*/) override {
+        meanwhile();
+        return fileName;
+    }
+    QString openFileName(const QString& /*title*/, const QString& /*suffix*/, const QString& /*filter*/) override {
+        return {};
+    }
+
+    std::function<void()> meanwhile;
+    QString fileName;
+};
+
+TEST_F(DownloadEndsTest, ProcessingDialogStandsBehindTheFileDialog) {
+    BelatedAnswer belated;
+    bool shown = false;
+    belated.meanwhile = [this, &shown] { shown = progress.visible; };
+    Download other({.session = session,
+                    .ports = ports,
+                    .timer = timer,
+                    .settings = settings,
+                    .progress = progress,
+                    .rows = rows,
+                    .panel = panel,
+                    .automaticSave = automaticSave,
+                    .questions = belated});
+    other.saveAsText();
+    EXPECT_TRUE(shown);
+    EXPECT_FALSE(progress.visible);
+}
+
+TEST_F(DownloadEndsTest, ConnectionLostDuringTheFileDialogEndsItThere) {
+    fill(path("dump.txt"), "older");
+    BelatedAnswer belated;
+    belated.fileName = path("dump.txt");
+    Download other({.session = session,
+                    .ports = ports,
+                    .timer = timer,
+                    .settings = settings,
+                    .progress = progress,
+                    .rows = rows,
+                    .panel = panel,
+                    .automaticSave = automaticSave,
+                    .questions = belated});
+    for (const bool openedAgain : {false, true}) {
+        belated.meanwhile = [this, openedAgain] {
+            ports.close();
+            if (openedAgain) {
+                ports.open();
+            }
+        };
+        other.saveAsText();
+        EXPECT_EQ(instrument->allWritten(), QByteArray());
+        EXPECT_EQ(dump(), QByteArray("older"));
+        EXPECT_FALSE(progress.visible);
+        EXPECT_FALSE(isTaking());
+        EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    }
+}
+
+TEST_F(DownloadEndsTest, InstrumentOfUnknownTypeGivesNoFile) {
+    session.state.Vartemp.clear();
+    saveAsText();
+    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_TRUE(filesIn(folder).isEmpty());
+    EXPECT_FALSE(progress.visible);
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_TRUE(onlyMessage().starts_with("The instrument has not told its type"));
+}
+
+TEST_F(DownloadEndsTest, FileThatCannotBeCreatedIsToldAndNothingIsSent) {
+    saveAsText();
+    replyAll({">O", record, "EOF"});
+    session.state.Ctrlscrn = opstate::settingsOpen;
+    instrument->writes.clear();
+    saveAsText("nowhere/dump.txt");
+    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_EQ(onlyMessage(), "The stored data cannot be written to " + path("nowhere/dump.txt").toStdString() +
+                                 ": No such file or directory.\n\nNothing was asked of the instrument. The instrument "
+                                 "still holds its data. Make room or choose another folder, and download it again.");
+    expectDialogPutBack();
+    EXPECT_FALSE(isTaking());
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(status(), "Ready");
+}
+
+TEST_F(DownloadEndsTest, StalledDumpIsToldAfterTenSecondsAndWaitedFor) {
+    for (const bool toFile : {true, false}) {
+        if (toFile) {
+            saveAsText();
+        } else {
+            download.vwhp();
+        }
+        const std::string usual = toFile ? "Saving Sheet" : "Exporting Memory";
+        replyAll({">O", record});
+        standStill(9999);
+        EXPECT_EQ(status(), usual);
+        standStill(1);
+        EXPECT_EQ(status(), stalled);
+        standStill(3'600'000);
+        EXPECT_TRUE(isTaking()) << "it goes on waiting";
+        reply(record);
+        EXPECT_EQ(status(), usual);
+        standStill(9999);
+        EXPECT_EQ(status(), usual);
+        standStill(1);
+        EXPECT_EQ(status(), stalled);
+        reply("EOF");
+        EXPECT_EQ(status(), "Ready");
+    }
+    EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t700\r\n2\t1/5/99\t9:05:01\t700\r\n");
+    EXPECT_EQ(sheet.rowCount(), 2);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(DownloadEndsTest, InstrumentThatNeverAnswersIsToldToo) {
+    clock.advance(100'000);
+    download.vwhp();
+    standStill(9999);
+    EXPECT_EQ(status(), "Exporting Memory");
+    standStill(1);
+    EXPECT_EQ(status(), stalled);
+}
+
+TEST_F(DownloadEndsTest, TextFileKeepsWhatArrivedAndIsClosed) {
+    saveAsText();
+    replyAll({">O", record, record});
+    const std::string before = dump().toStdString();
+    download.endIncomplete();
+    EXPECT_EQ(onlyMessage(), incomplete("2 records", QStringLiteral("in ") + path("dump.txt")));
+    expectIdle();
+    EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t700\r\n2\t1/5/99\t9:05:01\t700\r\n");
+    EXPECT_EQ(session.status.downloadedBytes.value(), QStringLiteral("0"));
+    reply(record);
+    EXPECT_EQ(dump().toStdString(), before);
+#ifdef Q_OS_LINUX
+    const QStringList open = QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System);
+    for (const QString& descriptor : open) {
+        EXPECT_NE(QFileInfo(QStringLiteral("/proc/self/fd/") + descriptor).symLinkTarget(), path("dump.txt"));
+    }
+#endif
+}
+
+TEST_F(DownloadEndsTest, SheetKeepsWhatArrived) {
+    download.vwhp();
+    reply(">O");
+    for (int row = 0; row < 12; ++row) {
+        reply(record);
+    }
+    download.endIncomplete();
+    EXPECT_EQ(onlyMessage(), incomplete("12 records", QStringLiteral("on the sheet")));
+    expectIdle();
+    EXPECT_EQ(sheet.rowCount(), 12);
+    EXPECT_TRUE(panel.unsaved);
+    EXPECT_EQ(panel.topRow, 2);
+}
+
+TEST_F(DownloadEndsTest, OneRecordIsNotTwo) {
+    saveAsText();
+    replyAll({">O", record});
+    download.endIncomplete();
+    EXPECT_EQ(onlyMessage(), incomplete("1 record", QStringLiteral("in ") + path("dump.txt")));
+}
+
+TEST_F(DownloadEndsTest, UnreadableRecordsAreToldWithTheIncompleteEnd) {
+    saveAsText();
+    replyAll({">O", record, "x", "y"});
+    download.endIncomplete();
+    EXPECT_EQ(onlyMessage(), incomplete("1 record", QStringLiteral("in ") + path("dump.txt"),
+                                        " 2 records could not be read; log.ohp has what was received."));
+}
+
+TEST_F(DownloadEndsTest, RecordsOfAutomaticSavesAreNotSoughtOnTheSheet) {
+    download.vwhp();
+    for (int row = 0; row <= 20000; ++row) {
+        session.state.Rtn = QString::fromLatin1(record);
+        download.importtofg1();
+    }
+    ASSERT_EQ(sheet.rowCount(), 1);
+    download.endIncomplete();
+    EXPECT_EQ(onlyMessage(), incomplete("20001 records", QStringLiteral("on the sheet and in the files that were saved "
+                                                                        "automatically")));
+}
+
+TEST_F(DownloadEndsTest, WithoutADownloadThereIsNothingToEnd) {
+    download.endIncomplete();
+    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    saveAsText();
+    reply("EOF");
+    download.endIncomplete();
+    saveAsText();
+    download.endIncomplete();
+    ASSERT_EQ(messages.shown.size(), 1U);
+    download.endIncomplete();
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+TEST_F(DownloadEndsTest, FullCounterEndsTheDownloadAndDropsTheRest) {
+    download.vwhp();
+    replyAll({">O", record});
+    session.state.plc = 32767;
+    session.state.Rtn = QString::fromLatin1(record);
+    EXPECT_THROW(download.importtofg1(), RuntimeError);
+    EXPECT_EQ(onlyMessage(), incomplete("1 record", QStringLiteral("on the sheet")));
+    expectDialogPutBack();
+    EXPECT_TRUE(isTaking()) << "the instrument is still sending";
+    reply(record);
+    EXPECT_EQ(sheet.rowCount(), 1);
+    reply("EOF");
+    expectIdle();
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(DownloadEndsTest, FullDiskStopsTheDownloadWithOneMessage) {
+    saveAsText();
+    replyAll({">O", record});
+    const QByteArray whole = dump();
+    {
+        const FileSizeLimit limit(static_cast<rlim_t>(whole.size()) + 5);
+        reply(record);
+        EXPECT_EQ(status(), "Download stopped");
+        expectDialogPutBack();
+        EXPECT_EQ(dump(), whole) << "no half row is left";
+        reply(record);
+    }
+    EXPECT_EQ(onlyMessage(), "The stored data cannot be written to " + path("dump.txt").toStdString() +
+                                 ": File too large.\n\nIt holds 1 record. The instrument still holds its data. Press "
+                                 "Reset, make room or choose another folder, and download it again.");
+    reply(record);
+    EXPECT_EQ(dump(), whole) << "a file with a gap would look whole";
+}
+
+TEST_F(DownloadEndsTest, NoCommandIsGivenIntoTheRestOfAStoppedDump) {
+    saveAsText();
+    replyAll({">O", record});
+    const FileSizeLimit limit(static_cast<rlim_t>(dump().size()));
+    reply(record);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_FALSE(session.commands.canCommand);
+    EXPECT_FALSE(session.commands.canRun);
+    replyAll({record, "65535", ">O", "bad"});
+    EXPECT_FALSE(session.commands.canCommand);
+    EXPECT_EQ(progress.value, 0);
+    standStill(10'000);
+    EXPECT_EQ(status(), stalled);
+    reply(record);
+    EXPECT_EQ(status(), "Download stopped");
+    reply("EOF");
+    expectIdle();
+    EXPECT_TRUE(session.commands.canCommand);
+    EXPECT_EQ(status(), "Ready");
+    EXPECT_EQ(session.status.downloadedBytes.value(), QStringLiteral("0"));
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+TEST_F(DownloadEndsTest, ResetAfterAFullDiskTellsNothingMore) {
+    saveAsText();
+    replyAll({">O", record});
+    const FileSizeLimit limit(static_cast<rlim_t>(dump().size()));
+    reply(record);
+    download.endIncomplete();
+    expectIdle();
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+TEST_F(DownloadEndsTest, DiskThatIsFullFromTheStartIsToldAndNothingIsSent) {
+    {
+        const FileSizeLimit limit(20);
+        saveAsText();
+    }
+    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_TRUE(onlyMessage().starts_with("The stored data cannot be written to "));
+    EXPECT_FALSE(isTaking());
+    EXPECT_EQ(dump(), QByteArray()) << "no half header is left";
+}
+
+#ifdef Q_OS_LINUX
+TEST_F(DownloadEndsTest, DeviceWithoutSpaceIsToldInTheSystemsWords) {
+    answers.fileName = QStringLiteral("/dev/full");
+    download.saveAsText();
+    EXPECT_TRUE(onlyMessage().starts_with("The stored data cannot be written to /dev/full: No space left on device."));
+    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_FALSE(progress.visible);
+}
+#endif
+
+TEST_F(DownloadEndsTest, FolderThatTakesNoFilesIsTold) {
+    const UnwritableFolder unwritable(folder);
+    saveAsText();
+    EXPECT_TRUE(onlyMessage().find(": Permission denied.") != std::string::npos);
+    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_FALSE(progress.visible);
+}
+#endif
+
+} // namespace
+
+} // namespace orv

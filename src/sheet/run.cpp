@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/run.h"
+
+#include "base/runtimeerror.h"
+#include "base/text.h"
+#include "settings/record.h"
+
+#include <utility>
+
+namespace orv {
+
+void showOnDebugScreen(DebugPanel& debug, const DataRow& row, RowLayout layout) {
+    switch (layout) {
+    case RowLayout::Unknown:
+        return;
+    case RowLayout::Glow:
+        debug.fluorometerOutput = row.values.value(0);
+        return;
+    case RowLayout::TrxOlder:
+    case RowLayout::TrxNewer:
+        break;
+    }
+    // The older generation sends a reference behind each angle.
+    const qsizetype step = layout == RowLayout::TrxOlder ? 2 : 1;
+    for (std::size_t angle = 0; angle < debug.scatteringOutputs.size(); ++angle) {
+        debug.scatteringOutputs.at(angle) = row.values.value(static_cast<qsizetype>(angle) * step);
+    }
+    debug.scatteringReference = row.values.value(valueCount(layout) - 1);
+}
+
+namespace {
+
+/// A reply shorter than this is an echo or a prompt, not data.
+constexpr qsizetype shortestDataLine = 10;
+
+} // namespace
+
+Collection::Collection(const Parts& parts)
+    : p_(parts) {}
+
+void Collection::run1() {
+    p_.ports.debugsay(QStringLiteral("Run 1"));
+    // The prompt that ends a block of one point may come together with its only line.
+    if (leadingNumber(p_.settings.record.pointsPerBlock.value()) == 1.0) {
+        p_.session.state.gatherstart = 1;
+    }
+    startRunningProfile();
+    p_.session.commands.runEnabled = false;
+}
+
+void Collection::startRunningProfile() {
+    p_.ports.debugsay(QStringLiteral("Start Running Profile"));
+    p_.ports.write("R");
+    p_.session.state.Ctrlscrn = opstate::collecting;
+    p_.session.commands.activity = Activity::Collecting;
+    p_.session.status.status = QStringLiteral("Running");
+    p_.session.status.notice = QString();
+    running_ = true;
+    hasLine_ = false;
+    unreadLines_ = 0;
+    recordFailureTold_ = false;
+    tellRecordFailure(p_.recordFile.start(p_.rows.connectedType()));
+}
+
+void Collection::profilemode() {
+    p_.ports.debugsay(QStringLiteral("Profile Sub"));
+    if (p_.session.state.Rtn.size() >= shortestDataLine) {
+        try {
+            takeLine();
+        } catch (const RuntimeError&) {
+            // The counter is full. Going on would meet the same error at every further line.
+            endRun();
+            throw;
+        }
+    }
+    endIfPrompted();
+}
+
+void Collection::takeLine() {
+    SessionState& state = p_.session.state;
+    state.gatherstart = 1;
+    const RowLayout layout = p_.rows.connectedLayout();
+    const auto row = readDataLine(state.Rtn, layout, requestedConversion(p_.settings));
+    if (!row) {
+        ++unreadLines_;
+        // A clock reply that was still on its way has two fields; anything longer is a line of this run.
+        if (state.Rtn.count(u'\t') >= 2) {
+            noteLine();
+        }
+        return;
+    }
+    p_.rows.addRow(*row);
+    p_.rows.followNewest();
+    if (rowTaken) {
+        rowTaken(*row, layout);
+    }
+    tellRecordFailure(p_.recordFile.append(recordLine(state.plc, *row, layout)));
+    noteLine();
+    p_.automaticSave.saveLongSheet();
+}
+
+void Collection::noteLine() {
+    // A prompt seen ahead of the first line was left over from the command before.
+    if (!std::exchange(hasLine_, true) && !p_.poll.rxbuffer.contains('>')) {
+        p_.session.state.Gatherstop = 0;
+    }
+}
+
+void Collection::endIfPrompted() {
+    const SessionState& state = p_.session.state;
+    if (!running_ || !hasLine_ || state.Gatherstop != 1) {
+        return;
+    }
+    // Lines that arrived ahead of the prompt become rows first, one in each tick.
+    const qsizetype lineFeed = p_.poll.rxbuffer.indexOf('\n');
+    const qsizetype prompt = p_.poll.rxbuffer.indexOf('>');
+    if (lineFeed >= 0 && (prompt < 0 || lineFeed < prompt)) {
+        return;
+    }
+    endRun();
+}
+
+void Collection::endRun() {
+    closeRecordFile();
+    p_.session.state.Ctrlscrn = opstate::collectionSetUp;
+    p_.session.status.status = QStringLiteral("Ready");
+}
+
+void Collection::closeRecordFile() {
+    if (!running_) {
+        return;
+    }
+    running_ = false;
+    p_.recordFile.close();
+    p_.session.state.gatherstart = 0;
+    p_.session.state.Gatherstop = 0;
+    p_.session.commands.activity = Activity::None;
+    p_.session.commands.runEnabled = true;
+    if (unreadLines_ > 0) {
+        p_.session.status.notice =
+            unreadLines_ == 1 ? QStringLiteral("1 line could not be read; it is in %1").arg(p_.session.fileNames.log)
+                              : QStringLiteral("%1 lines could not be read; they are in %2")
+                                    .arg(unreadLines_)
+                                    .arg(p_.session.fileNames.log);
+    }
+}
+
+void Collection::tellRecordFailure(const QString& reason) {
+    if (reason.isEmpty() || recordFailureTold_) {
+        return;
+    }
+    recordFailureTold_ = true;
+    p_.session.messages.show({.title = QStringLiteral("ORV Host Program"),
+                              .text = QStringLiteral("The record file %1 cannot be written: %2.\n\nThe run goes "
+                                                     "on and every row is on the sheet. Save the sheet when the run "
+                                                     "has ended.")
+                                          .arg(p_.session.fileNames.record, reason),
+                              .icon = Message::Icon::Exclamation});
+}
+
+} // namespace orv

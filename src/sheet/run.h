@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/debug.h"
+#include "link/poll.h"
+#include "sheet/dataline.h"
+#include "sheet/recordfile.h"
+#include "sheet/sheetfiles.h"
+#include "sheet/sheetrows.h"
+
+namespace orv {
+
+/// Shows the newest row's values in the instrument frames of the debug screen: GLOW's one value as the fluorometer's
+/// output, TRX's angles and last reference ("Ref") as the scattering meter's. A row of an unknown layout is not shown.
+void showOnDebugScreen(DebugPanel& debug, const DataRow& row, RowLayout layout);
+
+/// A real-time run ("profile"): every data line of the instrument becomes a row of the sheet and of the record file.
+class Collection {
+public:
+    struct Parts {
+        Session& session;
+        ComPorts& ports;
+        Poll& poll;
+        SettingsPanel& settings;
+        SheetRows& rows;
+        AutomaticSave& automaticSave;
+        RecordFile& recordFile;
+    };
+
+    explicit Collection(const Parts& parts);
+
+    /// Called with each row of a run once it is on the sheet.
+    std::function<void(const DataRow& row, RowLayout layout)> rowTaken;
+
+    /// `Command2`, the "Run" button.
+    void run1();
+
+    /// "Start Running Profile".
+    void startRunningProfile();
+
+    /// Takes the line in `Rtn`; ends the run if the instrument's prompt has come. Throws RuntimeError Overflow, with
+    /// the run ended, if the row counter is full.
+    void profilemode();
+
+    /// Ends the run if the instrument's prompt has come by itself, without a line.
+    void endIfPrompted();
+
+    /// Ends the run however it ended: the record file is closed whole, "Run" is offered again, lines that could not be
+    /// read are told. Nothing happens without a run.
+    void closeRecordFile();
+
+private:
+    void takeLine();
+    void noteLine();
+    void endRun();
+    void tellRecordFailure(const QString& reason);
+
+    Parts p_;
+    bool running_ = false;
+    bool hasLine_ = false; ///< A data line of this run has come, so that a prompt ends it.
+    bool recordFailureTold_ = false;
+    int unreadLines_ = 0;
+};
+
+} // namespace orv

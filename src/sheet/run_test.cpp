@@ -1,0 +1,377 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/run.h"
+
+#include "base/runtimeerror.h"
+#include "testing/sheettest.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace orv {
+
+namespace {
+
+class CollectionTest : public SheetTest {
+protected:
+    void startGlow(const char* pointsPerBlock = "0") {
+        identify("F", "512");
+        settings.record.pointsPerBlock = QString::fromLatin1(pointsPerBlock);
+        session.commands.runEnabled = true;
+        collection.run1();
+    }
+    static QByteArray line(int value) { return "11/21/26\t2700\t" + QByteArray::number(value) + "\r\n"; }
+};
+
+TEST_F(CollectionTest, RunSendsItsCommandAndShowsRunning) {
+    debug.comm2Output = true;
+    session.status.notice = QStringLiteral("of the run before");
+    startGlow();
+    EXPECT_EQ(debugPort->allWritten(), QByteArray("Run 1\rStart Running Profile\r"));
+    EXPECT_EQ(instrument->allWritten(), QByteArray("R"));
+    expectRunning();
+    EXPECT_FALSE(session.commands.runEnabled);
+    EXPECT_FALSE(session.commands.canRun);
+    EXPECT_EQ(session.status.notice.value(), QString());
+    EXPECT_EQ(sheet.rowCount(), 0);
+}
+
+TEST_F(CollectionTest, WatchForPromptsBeginsWithRunOnlyForBlocksOfOnePoint) {
+    const struct {
+        const char* points;
+        int gatherstart;
+    } cases[] = {{"1", 1}, {"01", 1}, {"1 point", 1}, {"0", 0}, {"2", 0}, {"", 0}, {"10", 0}, {"1.5", 0}};
+    for (const auto& each : cases) {
+        session.state.gatherstart = 0;
+        startGlow(each.points);
+        EXPECT_EQ(session.state.gatherstart, each.gatherstart) << each.points;
+    }
+}
+
+TEST_F(CollectionTest, StartingARunKeepsTheRowsOfTheSheet) {
+    startGlow();
+    receive(line(1));
+    collection.closeRecordFile();
+    collection.run1();
+    receive(line(2));
+    EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|11/21/26|1:00:00|1|||||");
+    EXPECT_EQ(cells(1).join(u'|').toStdString(), "2|11/21/26|1:00:00|2|||||");
+}
+
+TEST_F(CollectionTest, EachLineBecomesARowAndIsAnnounced) {
+    startGlow();
+    debug.comm2Output = true;
+    receive(line(512));
+    EXPECT_EQ(debugPort->allWritten(), QByteArray("Profile Sub\r"));
+    EXPECT_EQ(session.state.gatherstart, 1);
+    EXPECT_EQ(panel.counter.value().toStdString(), "1");
+    EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|11/21/26|1:00:00|512|||||");
+    EXPECT_TRUE(panel.unsaved);
+    expectRunning();
+}
+
+TEST_F(CollectionTest, RowsOfBothTrxGenerations) {
+    identify("V", "512");
+    collection.run1();
+    receive("11/21/26\t2700\t1\t2\t3\t4\r\n");
+    EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|11/21/26|1:00:00|1|2|3|4||");
+    identify("v", "412");
+    receive("11/21/26\t2700\t1\t2\t3\t4\t5\t6\r\n");
+    EXPECT_EQ(cells(1).join(u'|').toStdString(), "2|11/21/26|1:00:00|1|2|3|4|5|6");
+}
+
+TEST_F(CollectionTest, ConversionIsAskedOfTheScreenForEachRow) {
+    startGlow();
+    receive(line(512));
+    settings.glowProvideRawCounts = false;
+    settings.glowCalibration.offset = QStringLiteral("12");
+    settings.glowCalibration.scale = QStringLiteral("0.001");
+    receive(line(512));
+    EXPECT_EQ(sheet.cell(0, 3).toStdString(), "512");
+    EXPECT_EQ(sheet.cell(1, 3).toStdString(), "0.5");
+}
+
+TEST_F(CollectionTest, UnreadableDateIsKeptAsReceived) {
+    startGlow();
+    receive("99/99/99\t2700\t5\r\n");
+    EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|99/99/99|1:00:00|5|||||");
+}
+
+TEST_F(CollectionTest, EchoAndShortLinesAreNeitherRowsNorCounted) {
+    startGlow();
+    receive(">R\r\n");
+    receive("R\r\n");
+    receive("123456789\r\n");
+    receive("\r\n");
+    EXPECT_EQ(sheet.rowCount(), 0);
+    EXPECT_EQ(session.state.gatherstart, 0);
+    expectRunning();
+    receive(line(1));
+    receive(">");
+    expectEnded();
+    EXPECT_EQ(session.status.notice.value(), QString());
+}
+
+TEST_F(CollectionTest, IncompleteLineWaitsForItsEnd) {
+    startGlow();
+    receive("11/21/26\t27");
+    EXPECT_EQ(sheet.rowCount(), 0);
+    receive("00\t7\r\n");
+    EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|11/21/26|1:00:00|7|||||");
+}
+
+TEST_F(CollectionTest, LinesWithTooFewFieldsAreSkippedCountedAndToldAtTheEnd) {
+    startGlow();
+    receive("11/21/26\t2700\r\n");
+    EXPECT_EQ(session.state.gatherstart, 1) << "data has begun to arrive";
+    receive(line(1));
+    EXPECT_EQ(session.status.notice.value(), QString());
+    receive("no fields at all\r\n");
+    receive("11/21/26 2700 5\r\n");
+    EXPECT_EQ(sheet.rowCount(), 1);
+    receive(">");
+    expectEnded();
+    EXPECT_EQ(session.status.notice.value().toStdString(), "3 lines could not be read; they are in log.ohp");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(CollectionTest, CountOfUnreadLinesBeginsAfreshWithEachRun) {
+    startGlow();
+    receive("11/21/26\t2700\r\n");
+    collection.closeRecordFile();
+    EXPECT_EQ(session.status.notice.value().toStdString(), "1 line could not be read; it is in log.ohp");
+    collection.run1();
+    receive(line(1));
+    receive(">");
+    EXPECT_EQ(session.status.notice.value(), QString());
+}
+
+TEST_F(CollectionTest, PromptWithTheLastLineEndsTheRun) {
+    startGlow();
+    receive(line(1));
+    receive(line(2) + ">");
+    EXPECT_EQ(sheet.rowCount(), 2);
+    expectEnded();
+}
+
+TEST_F(CollectionTest, PromptApartFromTheLastLineEndsTheRunAtTheNextTick) {
+    startGlow();
+    receive(line(1));
+    receive(line(2));
+    expectRunning();
+    receive(">");
+    EXPECT_EQ(sheet.rowCount(), 2);
+    expectEnded();
+}
+
+TEST_F(CollectionTest, PromptBehindTheFirstLineEndsTheRun) {
+    startGlow();
+    receive(line(1) + ">");
+    tick();
+    EXPECT_EQ(sheet.rowCount(), 1);
+    expectEnded();
+}
+
+TEST_F(CollectionTest, EveryLineAheadOfThePromptBecomesARowFirst) {
+    startGlow();
+    receive(line(1));
+    instrument->input = line(2) + line(3) + "short\r\n" + line(4) + line(5) + ">";
+    for (int row = 2; row <= 3; ++row) {
+        tick();
+        EXPECT_EQ(sheet.rowCount(), row);
+        expectRunning();
+    }
+    tick();
+    tick();
+    expectRunning();
+    tick();
+    EXPECT_EQ(sheet.rowCount(), 5);
+    expectEnded();
+}
+
+TEST_F(CollectionTest, WholeBlockInOnePieceBecomesRowsBeforeItsPromptEndsTheRun) {
+    for (const char* points : {"1", "3"}) {
+        startGlow(points);
+        const int before = sheet.rowCount();
+        instrument->input = ">R\r\n" + line(1) + line(2) + line(3) + ">";
+        for (int ticks = 0; ticks < 5; ++ticks) {
+            tick();
+        }
+        EXPECT_EQ(sheet.rowCount(), before + 3) << points;
+        expectEnded();
+    }
+}
+
+TEST_F(CollectionTest, LinesBehindThePromptAreNoRowsOfTheRun) {
+    startGlow();
+    receive(line(1));
+    receive(line(2) + ">C\r\n" + line(3));
+    tick();
+    tick();
+    EXPECT_EQ(sheet.rowCount(), 2);
+    expectEnded();
+}
+
+TEST_F(CollectionTest, ExclamationMarkAloneDoesNotEndTheRun) {
+    startGlow();
+    receive(line(1));
+    receive("!");
+    EXPECT_EQ(session.state.Gatherstop, 3);
+    tick();
+    expectRunning();
+    receive("\r\n");
+    receive(line(2));
+    EXPECT_EQ(sheet.rowCount(), 2);
+    expectRunning();
+    receive(">");
+    expectEnded();
+}
+
+TEST_F(CollectionTest, PromptAheadOfAnyRowDoesNotEndTheRun) {
+    startGlow();
+    receive(">");
+    tick();
+    expectRunning();
+    receive("R\r\n");
+    receive(line(1));
+    expectRunning();
+    EXPECT_EQ(sheet.rowCount(), 1);
+}
+
+TEST_F(CollectionTest, BlockOfOnePointIsNotEndedByALeftOverPromptOrEcho) {
+    startGlow("1");
+    receive(">");
+    EXPECT_EQ(session.state.Gatherstop, 1);
+    expectRunning();
+    receive("R\r\n");
+    expectRunning();
+    receive(line(1));
+    EXPECT_EQ(sheet.rowCount(), 1);
+    expectRunning();
+    EXPECT_EQ(session.state.Gatherstop, 0) << "the left-over prompt no longer counts";
+    receive(">");
+    expectEnded();
+}
+
+TEST_F(CollectionTest, BlockOfOnePointEndsWithThePromptOfItsOnlyLine) {
+    startGlow("1");
+    receive(">R\r\n");
+    receive(line(1) + ">");
+    EXPECT_EQ(sheet.rowCount(), 1);
+    expectEnded();
+}
+
+TEST_F(CollectionTest, BlockOfOnePointIsNotEndedBetweenTwoPiecesOfItsLine) {
+    startGlow("1");
+    receive(">R\r\n11/21/26\t27");
+    tick();
+    expectRunning();
+    receive("00\t7\r\n");
+    expectRunning();
+    EXPECT_EQ(sheet.rowCount(), 1);
+    receive(">");
+    expectEnded();
+}
+
+TEST_F(CollectionTest, SecondRunIsNotEndedByTheFirstOnesPrompt) {
+    startGlow("1");
+    receive(line(1) + ">");
+    expectEnded();
+    collection.run1();
+    expectRunning();
+    receive("R\r\n");
+    tick();
+    expectRunning();
+    receive(line(2));
+    expectRunning();
+    EXPECT_EQ(sheet.rowCount(), 2);
+    receive(">");
+    expectEnded();
+    EXPECT_EQ(instrument->allWritten(), QByteArray("RR"));
+}
+
+TEST_F(CollectionTest, ViewFollowsEveryRow) {
+    startGlow();
+    for (int row = 1; row <= 13; ++row) {
+        receive(line(row));
+        EXPECT_EQ(panel.topRow.value(), row > 11 ? row - 10 : 0) << row;
+    }
+}
+
+TEST_F(CollectionTest, CounterOverflowEndsTheRunOnceWithAllRowsKept) {
+    startGlow();
+    receive(line(1));
+    session.state.plc = std::numeric_limits<qint16>::max();
+    const QStringList filesBefore = filesIn(folder);
+    EXPECT_TRUE(filesBefore.contains(QStringLiteral("Orvtemp.tmp.lock")));
+    instrument->input = line(2);
+    try {
+        tick();
+        FAIL() << "no overflow";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.kind(), RuntimeError::Kind::Overflow);
+    }
+    expectEnded();
+    EXPECT_EQ(sheet.rowCount(), 1);
+    EXPECT_EQ(session.state.plc, std::numeric_limits<qint16>::max());
+    EXPECT_TRUE(panel.unsaved);
+    receive(line(3));
+    EXPECT_EQ(sheet.rowCount(), 1) << "the error does not come again with every further line";
+    EXPECT_EQ(filesIn(folder), filesBefore);
+}
+
+TEST_F(CollectionTest, EndingWithoutARunChangesNothing) {
+    session.state.gatherstart = 1;
+    session.state.Gatherstop = 1;
+    session.commands.activity = Activity::Downloading;
+    collection.closeRecordFile();
+    collection.endIfPrompted();
+    EXPECT_EQ(session.state.gatherstart, 1);
+    EXPECT_EQ(session.state.Gatherstop, 1);
+    EXPECT_EQ(session.commands.activity.value(), Activity::Downloading);
+    EXPECT_FALSE(session.commands.runEnabled);
+    EXPECT_EQ(session.status.status.value(), QStringLiteral("Offline"));
+}
+
+} // namespace
+
+namespace {
+
+DataRow row(const char* values) {
+    return {.date = QStringLiteral("1/5/99"),
+            .time = QStringLiteral("9:05:07"),
+            .values = QString::fromLatin1(values).split(u' ')};
+}
+
+QStringList shown(const DebugPanel& debug) {
+    return {debug.fluorometerOutput, debug.scatteringOutputs[0], debug.scatteringOutputs[1], debug.scatteringOutputs[2],
+            debug.scatteringReference};
+}
+
+TEST(DebugOutput, GlowFillsTheFluorometer) {
+    DebugPanel debug;
+    showOnDebugScreen(debug, row("77"), RowLayout::Glow);
+    EXPECT_EQ(shown(debug), QStringList({QStringLiteral("77"), QString(), QString(), QString(), QString()}));
+}
+
+TEST(DebugOutput, NewerTrxHasOneReference) {
+    DebugPanel debug;
+    showOnDebugScreen(debug, row("1 2 3 4"), RowLayout::TrxNewer);
+    EXPECT_EQ(shown(debug).join(u' ').toStdString(), " 1 2 3 4");
+}
+
+TEST(DebugOutput, OlderTrxShowsItsLastReference) {
+    DebugPanel debug;
+    showOnDebugScreen(debug, row("1 91 2 92 3 93"), RowLayout::TrxOlder);
+    EXPECT_EQ(shown(debug).join(u' ').toStdString(), " 1 2 3 93");
+}
+
+TEST(DebugOutput, AnUnknownInstrumentShowsNothing) {
+    DebugPanel debug;
+    showOnDebugScreen(debug, row("1 2 3"), RowLayout::Unknown);
+    EXPECT_EQ(shown(debug).join(u' ').toStdString(), "    ");
+}
+
+} // namespace
+
+} // namespace orv

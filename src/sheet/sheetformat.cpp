@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/sheetformat.h"
+
+#include "base/text.h"
+
+#include <QByteArrayList>
+
+#include <limits>
+#include <optional>
+
+namespace orv {
+
+namespace {
+
+/// The lines of a file whatever ends them: CR LF, CR or LF.
+class Lines {
+public:
+    explicit Lines(const QByteArray& bytes)
+        : bytes_(bytes) {}
+
+    std::optional<QByteArrayView> next() {
+        if (at_ >= bytes_.size()) {
+            return std::nullopt;
+        }
+        qsizetype end = at_;
+        while (end < bytes_.size() && bytes_[end] != '\r' && bytes_[end] != '\n') {
+            ++end;
+        }
+        const QByteArrayView line = QByteArrayView(bytes_).sliced(at_, end - at_);
+        const bool pair = end + 1 < bytes_.size() && bytes_[end] == '\r' && bytes_[end + 1] == '\n';
+        at_ = end + (pair ? 2 : 1);
+        return line;
+    }
+
+    /// The next line that holds anything but blanks and tabs.
+    std::optional<QByteArrayView> nextFilled() {
+        std::optional<QByteArrayView> line = next();
+        while (line && line->trimmed().isEmpty()) {
+            line = next();
+        }
+        return line;
+    }
+
+private:
+    const QByteArray& bytes_;
+    qsizetype at_ = 0;
+};
+
+QByteArrayView unquoted(QByteArrayView cell) {
+    return cell.size() >= 2 && cell.front() == '"' && cell.back() == '"' ? cell.sliced(1, cell.size() - 2) : cell;
+}
+
+/// Whether double quotes around a cell are a spreadsheet's, or stood in the cell when this program wrote it: nothing
+/// else leaves the third line of its header as it is.
+enum class Quotes { OfSpreadsheet, OfCell };
+
+Quotes quotesIn(const QByteArray& bytes) {
+    return bytes.contains("\r\n\r\r\r\n") ? Quotes::OfCell : Quotes::OfSpreadsheet;
+}
+
+/// The first `cells` cells of a line, joined by tabs; missing ones are empty.
+QByteArray rowOf(QByteArrayView line, int cells, Quotes quotes) {
+    QByteArray row;
+    row.reserve(line.size() + cells);
+    for (int cell = 0; cell < cells; ++cell) {
+        const qsizetype tab = line.indexOf('\t');
+        const QByteArrayView text = tab < 0 ? line : line.first(tab);
+        if (cell > 0) {
+            row += '\t';
+        }
+        row += quotes == Quotes::OfSpreadsheet ? unquoted(text) : text;
+        line = tab < 0 ? QByteArrayView() : line.sliced(tab + 1);
+    }
+    return row;
+}
+
+LoadedSheet refuse(const QString& error) {
+    LoadedSheet refused;
+    refused.error = error;
+    return refused;
+}
+
+/// Type and number of rows from the first line: letter TAB firmware, blank, count. The count is negative if the line
+/// is no such line.
+struct FirstLine {
+    DataSheet::Type type;
+    double count = -1.0;
+};
+
+FirstLine readFirstLine(QByteArrayView line) {
+    FirstLine first;
+    const QByteArrayList cells = rowOf(line, 2, Quotes::OfSpreadsheet).split('\t');
+    const QByteArrayList numbers = cells[1].simplified().split(' ');
+    const QString letter = QString::fromLatin1(cells[0]);
+    if (rowLayout(letter, 0.0) == RowLayout::Unknown || numbers.size() != 2) {
+        return first;
+    }
+    bool isCount = false;
+    const int count = numbers[1].toInt(&isCount);
+    if (isCount) {
+        first.type = {.letter = letter, .firmware = leadingNumber(QString::fromLatin1(numbers[0]))};
+        first.count = count;
+    }
+    return first;
+}
+
+} // namespace
+
+LoadedSheet parseSheetFile(const QByteArray& bytes) {
+    Lines lines(bytes);
+    const FirstLine first = readFirstLine(lines.next().value_or(QByteArrayView()));
+    if (first.count < 0) {
+        return refuse(
+            QStringLiteral("It is not a sheet: its first line does not tell the instrument's type, its firmware "
+                           "and the number of rows. Choose a file that \"Save As\" has written."));
+    }
+    if (first.count > std::numeric_limits<qint16>::max()) {
+        return refuse(
+            QStringLiteral("It has %1 rows; the sheet holds at most %2. Split the file and correct the number "
+                           "of rows on the first line of each part.")
+                .arg(plainNumber(first.count))
+                .arg(std::numeric_limits<qint16>::max()));
+    }
+    // Everything that writes such files ends the last line too, so half a number is never taken for a whole one.
+    if (!bytes.endsWith('\r') && !bytes.endsWith('\n')) {
+        return refuse(QStringLiteral("It is cut short: its last line has no end. If nothing is missing, add a line end "
+                                     "to it."));
+    }
+    lines.next(); // the file's name; it may have been renamed since
+    if (!lines.nextFilled()) {
+        return refuse(QStringLiteral("It is cut short: the column headers are missing."));
+    }
+    LoadedSheet loaded;
+    loaded.type = first.type;
+    const int cells = first.type.layout() == RowLayout::Glow ? 4 : 8;
+    const auto count = static_cast<std::size_t>(first.count);
+    const Quotes quotes = quotesIn(bytes);
+    loaded.rows.reserve(count);
+    std::size_t found = 0;
+    while (const auto line = lines.nextFilled()) {
+        ++found;
+        if (found <= count) {
+            loaded.rows.push_back(rowOf(*line, cells, quotes));
+        }
+    }
+    if (found != count) {
+        return refuse(
+            QStringLiteral("%1 Its first line promises %2 rows, but there are %3. If rows were taken out or "
+                           "added on purpose, correct the number on the first line.")
+                .arg(found < count ? QStringLiteral("It is cut short.") : QStringLiteral("It holds more than it says."))
+                .arg(count)
+                .arg(found));
+    }
+    return loaded;
+}
+
+} // namespace orv

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "testing/fakes.h"
+#include "testing/screenchecks.h"
+#include "ui/graphpage.h"
+#include "ui/plotcanvas.h"
+
+#include <QComboBox>
+#include <QPrinter>
+#include <QPushButton>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace orv {
+
+/// The page over a sheet of its own, shown in the size it has in the main window.
+class GraphPageTest : public testing::Test {
+protected:
+    GraphPageTest() {
+        page.resize(980, 560);
+        page.show();
+        settle();
+    }
+
+    void layOut(const char* letter, double firmware) {
+        const DataSheet::Type type{.letter = QString::fromLatin1(letter), .firmware = firmware};
+        sheet.setHeader(type, headerRow(HeaderPlace::GridOnOpening, type.layout()));
+    }
+
+    /// Rows of a newer TRX, two in a second.
+    void append(int rows) {
+        for (int i = 0; i < rows; ++i) {
+            const int row = sheet.rowCount() + 1;
+            sheet.appendRow({QString::number(row), QStringLiteral("11/21/26"), timeText(row / 2),
+                             QString::number(1000 + row), QString::number(2000 + row),
+                             row == 5 ? QStringLiteral("?") : QString::number(3000), QString::number(4000)});
+        }
+    }
+
+    static QString timeText(int second) {
+        return QStringLiteral("%1:%2:%3")
+            .arg(second / 3600)
+            .arg(second / 60 % 60, 2, 10, QChar(u'0'))
+            .arg(second % 60, 2, 10, QChar(u'0'));
+    }
+
+    /// Lets widgets take their room, which draws them.
+    static void settle() {
+        for (int round = 0; round < 5; ++round) {
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::processEvents();
+        }
+    }
+
+    void appendAndDraw(int rows) {
+        append(rows);
+        page.refreshNow();
+    }
+
+    PlotCanvas& canvas() { return dynamic_cast<PlotCanvas&>(control<QWidget>(page, "Plot")); }
+    QCPRange places() { return canvas().xAxis->range(); }
+    QPushButton& follow() { return control<QPushButton>(page, "Follow"); }
+    QPushButton& showAll() { return control<QPushButton>(page, "ShowAll"); }
+    QCheckBox& curve(int number) { return control<QCheckBox>(page, qPrintable(QStringLiteral("Curve%1").arg(number))); }
+    std::string text(const char* name) { return control<QLabel>(page, name).text().toStdString(); }
+    std::string note() { return text("PlotNote"); }
+    std::string hint() {
+        auto* item = qobject_cast<QCPItemText*>(canvas().item(1));
+        return item != nullptr && item->visible() ? item->text().toStdString() : std::string();
+    }
+    /// What the page shows of a row: title, record, date, time and the values.
+    std::string readout() {
+        QString all;
+        for (const char* name : {"ReadoutTitle", "ReadoutRecord", "ReadoutDate", "ReadoutTime"}) {
+            all += control<QLabel>(page, name).text() + u'|';
+        }
+        for (int value = 1; value <= canvas().graphCount(); ++value) {
+            all += control<QLabel>(page, qPrintable(QStringLiteral("ReadoutValue%1").arg(value))).text() + u'|';
+        }
+        return all.toStdString();
+    }
+
+    void mouse(QEvent::Type type, const QPointF& at, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, at, canvas().mapToGlobal(at), button, buttons, Qt::NoModifier);
+        QApplication::sendEvent(&canvas(), &event);
+    }
+    void moveTo(const QPointF& at) { mouse(QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton); }
+    void drag(const QPointF& from, const QPointF& to) {
+        mouse(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+        mouse(QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton);
+        mouse(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
+    }
+    void doubleClick(const QPointF& at) {
+        mouse(QEvent::MouseButtonPress, at, Qt::LeftButton, Qt::LeftButton);
+        mouse(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton);
+        mouse(QEvent::MouseButtonDblClick, at, Qt::LeftButton, Qt::LeftButton);
+        mouse(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton);
+    }
+    void wheel(const QPointF& at, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QWheelEvent event(at, canvas().mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&canvas(), &event);
+    }
+    QPointF middle() { return canvas().axisRect()->rect().center(); }
+    QPointF pixel(double place, double value) {
+        return {canvas().xAxis->coordToPixel(place), canvas().yAxis->coordToPixel(value)};
+    }
+
+    DataSheet sheet;
+    SheetPanel panel;
+    CommandPanel commands;
+    RecordedMessages messages;
+    PreparedAnswers answers;
+    std::function<bool(QPrinter&)> choosePrinter;
+    GraphPage page{{.sheet = sheet,
+                    .panel = panel,
+                    .commands = commands,
+                    .messages = messages,
+                    .questions = answers,
+                    .choosePrinter = [this](QPrinter& printer) { return choosePrinter(printer); }}};
+};
+
+} // namespace orv

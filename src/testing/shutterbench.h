@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "calibration/shutterreset.h"
+#include "settings/reader.h"
+#include "simulator/simulatedport.h"
+#include "testing/fakes.h"
+
+namespace orv {
+
+/// Another port, watched: what is written to it is kept, it can be unplugged, and every wait for input is told.
+class UnpluggablePort final : public Port {
+public:
+    explicit UnpluggablePort(std::unique_ptr<Port> port)
+        : port_(std::move(port)) {}
+
+    QString open() override { return port_->open(); }
+    void close() override { port_->close(); }
+    bool isOpen() const override { return port_->isOpen(); }
+    void setDataTerminalReady(bool on) override { port_->setDataTerminalReady(on); }
+    QByteArray readAll() override { return unplugged ? QByteArray() : std::exchange(arrived, {}) + port_->readAll(); }
+    void write(const QByteArray& bytes) override {
+        writes.push_back(bytes);
+        port_->write(bytes);
+    }
+    void discardInput() override {
+        arrived.clear();
+        port_->discardInput();
+    }
+    qsizetype inputCount() override { return unplugged ? 0 : arrived.size() + port_->inputCount(); }
+    bool waitForInput(int milliseconds) override {
+        const bool came = !arrived.isEmpty() || port_->waitForInput(milliseconds);
+        if (waited) {
+            waited();
+        }
+        return came && !unplugged;
+    }
+    QString failure() const override { return unplugged ? QStringLiteral("Pulled.") : port_->failure(); }
+
+    QByteArrayList writes;
+    QByteArray arrived; ///< Characters that are here already, in front of those of the other port.
+    bool unplugged = false;
+    std::function<void()> waited;
+
+private:
+    std::unique_ptr<Port> port_;
+};
+
+/// For tests: a moment of a shutter reset, so long after one of its steps has begun.
+struct ShutterMoment {
+    const char* name;
+    const char* step;
+    int milliseconds;
+    bool temporarySent; ///< The instrument may hold the temporary settings.
+    bool yields;        ///< The operator's actions are handled.
+};
+
+/// One moment in each wait. With an instrument that answers, the settings are read after 1.2 s; a sending takes some
+/// 60 ms; the shutter moves for 31 s.
+inline constexpr std::array<ShutterMoment, 8> shutterMoments{
+    {{"ReadingSettings", "Getting Settings", 450, false, true},
+     {"BeforeSending", "Getting Settings", 1400, false, true},
+     {"Sending", "Sending New Settings", 10, true, false},
+     {"AfterSending", "Sending New Settings", 600, true, true},
+     {"Moving", "Moving Shutter", 15'300, true, true},
+     {"Polling", "Moving Shutter", 30'500, true, false},
+     {"BeforeRestoring", "Restoring Orignal Settings", 900, true, true},
+     {"Restoring", "Restoring Orignal Settings", 2030, true, false}}};
+
+/// For tests: a shutter reset with everything below it, and the instrument at the far end of the line. The clock moves
+/// only while the program waits.
+class ShutterBench : public ProgramActions {
+public:
+    /// Makes the port, which moves the clock while it waits.
+    using PortMaker = std::function<std::unique_ptr<Port>(TestClock& clock)>;
+
+    static PortMaker simulated(const char* device) {
+        const SimulatorOptions options = parseSimulatorOptions(QString::fromLatin1(device)).options;
+        return [options](TestClock& time) {
+            return std::make_unique<SimulatedPort>(options, time,
+                                                   [&time](int milliseconds) { time.advance(milliseconds); });
+        };
+    }
+
+    /// The settings of the instrument: append, wake up, log enabled; 30, 100, 5, 2.
+    explicit ShutterBench(const char* device = "sim:trx")
+        : ShutterBench(simulated(device)) {}
+
+    explicit ShutterBench(PortMaker maker)
+        : makePort(std::move(maker)) {
+        ports.setDevice(1, QStringLiteral("instrument"));
+        connect();
+        for (const char* item : {"B", "000111", "T", "30\r", "D", "2\r", "Q", "100\r", "I", "5\r"}) {
+            port->write(item);
+            clock.advance(100);
+        }
+        port->discardInput();
+        port->writes.clear();
+        reader.prefsState = 0.0F;
+
+        yield.tick = [this] {
+            if (timer.isRunning()) {
+                tick();
+            }
+            whenever();
+        };
+        yield.whileResponsive = [this](bool) { timerRunningWhilePolling |= timer.isRunning() && !sender.isPolling(); };
+        port->waited = [this] { whenever(); };
+        ports.portFailed = [this] { fixit(); };
+        progressWatch = session.status.shutterProgress.addNotifier([this] { noteStep(); });
+    }
+
+    /// Opens the port and wakes the instrument, as if it had been identified and read.
+    void connect() {
+        ports.open();
+        port->setDataTerminalReady(true);
+        port->setDataTerminalReady(false);
+        clock.advance(300);
+        port->discardInput(); // wakes an instrument on a pseudo-terminal
+        clock.advance(300);
+        port->readAll();
+        session.state.Ctrlscrn = opstate::settingsOpen;
+        session.state.Vartemp = QStringLiteral("V");
+        session.status.status = QStringLiteral("Ready");
+        session.commands.activity = Activity::None;
+        session.commands.runEnabled = true;
+        session.commands.resetShutterEnabled = true;
+        timer.enable();
+    }
+
+    /// What the program does at each tick of its timer.
+    void tick() {
+        if (ports.isOpen()) {
+            poll.quary();
+        }
+        if (session.state.Ctrlscrn == opstate::ready && !session.state.Rtn.isEmpty()) {
+            ++linesOfTicks;
+            reader.getprefs();
+        }
+        if (session.state.Ctrlscrn == opstate::clockCheck) {
+            clockDisplay.checktime();
+        }
+    }
+
+    /// Lets ticks go on for a while.
+    void live(float seconds) { wait.waitsec(seconds); }
+
+    void noteStep() {
+        const QString text = session.status.shutterProgress;
+        QString words = text;
+        while (!words.isEmpty() && (words.back().isDigit() || words.back() == u' ')) {
+            words.chop(1);
+        }
+        if (steps.isEmpty() || steps.back() != words) {
+            steps << words;
+            stepBegan = clock.monotonicMilliseconds();
+        }
+    }
+
+    bool at(const char* step, int milliseconds) const {
+        return !steps.isEmpty() && steps.back() == QLatin1String(step) &&
+               clock.monotonicMilliseconds() - stepBegan >= milliseconds;
+    }
+
+    QByteArray written() const { return port->writes.join(); }
+
+    ShutterSettings shown() const { return ShutterSettings::shown(settings.record); }
+
+    /// What the instrument reports when asked now.
+    QByteArray report() {
+        port->discardInput();
+        port->write("P");
+        clock.advance(300);
+        return port->readAll();
+    }
+
+    // What the procedures ask of the program.
+    void fixit() override {
+        ++resets;
+        ports.close();
+        session.state.Ctrlscrn = opstate::idle;
+        session.status.status = QStringLiteral("Offline");
+        session.commands.activity = Activity::None;
+        session.commands.runEnabled = false;
+        session.commands.resetShutterEnabled = false;
+    }
+    void layOutHeaderRow() override {}
+    void closeRecordFile() override {}
+
+    static ShutterSettings original() {
+        return {.flags = {true, true, true, false, false, false},
+                .numbers = {QStringLiteral("30"), QStringLiteral("100"), QStringLiteral("5"), QStringLiteral("2")}};
+    }
+
+    TestClock clock;
+    RecordedMessages messages;
+    SteppedYield yield{clock};
+    Session session{clock, messages};
+    DebugPanel debug;
+    UnpluggablePort* port = nullptr;
+    PortMaker makePort;
+    ComPorts ports{session, debug, [this](const QString&) {
+                       auto made = std::make_unique<UnpluggablePort>(makePort(clock));
+                       port = made.get();
+                       return made;
+                   }};
+    TimedWait wait{clock, yield, ports};
+    ProgramLog log;
+    Poll poll{session, ports, debug, log};
+    StatusTimer timer{[] {}};
+    ConnectionPanel items;
+    ManualConnection manual{session, items, *this};
+    SettingsPanel settings;
+    ProgressPanel progress;
+    SettingsReader reader{{.session = session,
+                           .ports = ports,
+                           .items = items,
+                           .manual = manual,
+                           .settings = settings,
+                           .progress = progress,
+                           .actions = *this}};
+    ClockDisplay clockDisplay{session, ports, debug, settings};
+    SettingsSender sender{{.session = session,
+                           .ports = ports,
+                           .debug = debug,
+                           .poll = poll,
+                           .wait = wait,
+                           .events = yield,
+                           .timer = timer,
+                           .settings = settings,
+                           .progress = progress}};
+    std::function<void()> getprefs = [this] { reader.getprefs(); };
+    std::function<SettingsSender::Outcome()> setprefs = [this] { return sender.setprefs(); };
+    ShutterReset shutter{{.session = session,
+                          .ports = ports,
+                          .wait = wait,
+                          .events = yield,
+                          .poll = poll,
+                          .timer = timer,
+                          .settings = settings,
+                          .getprefs = [this] { getprefs(); },
+                          .setprefs = [this] { return setprefs(); }}};
+
+    QStringList steps; ///< Progress texts without their counts, as they changed.
+    qint64 stepBegan = 0;
+    int linesOfTicks = 0; ///< Report lines that ticks handed on.
+    int resets = 0;
+    bool timerRunningWhilePolling = false;
+    /// Called whenever the clock has moved.
+    std::function<void()> whenever = [] {};
+    QPropertyNotifier progressWatch;
+};
+
+} // namespace orv

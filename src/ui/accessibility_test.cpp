@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/windowtest.h"
+#include "testing/windowwalk.h"
+#include "ui/messageboxes.h"
+#include "ui/settingswindow.h"
+#include "ui/widgets.h"
+
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace orv {
+namespace {
+
+/// The controls that have no access key of their own. Each entry is one more thing the keyboard reaches only by Tab.
+QString exemption(const QWidget& control) {
+    const auto isIn = [&control](const char* name) {
+        for (const QWidget* parent = control.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
+            if (parent->objectName() == QLatin1String(name)) {
+                return true;
+            }
+        }
+        return false;
+    };
+    const QString name = control.objectName();
+    const bool box = qobject_cast<const QLineEdit*>(&control) != nullptr;
+    if (box && isIn("Frame16")) {
+        return QStringLiteral("18 boxes of the worksheet: the option button of their row has the key");
+    }
+    if (box && isIn("ReferenceFrame")) {
+        return QStringLiteral("15 reference boxes: their frame has the key");
+    }
+    if (box && isIn("TrxCalibrationFrame") &&
+        (name == QLatin1String("Text11") || name == QLatin1String("Text12") || name == QLatin1String("Text13"))) {
+        return QStringLiteral("the second box of a row: the row's key leads to the first");
+    }
+    if (name == QLatin1String("fg1")) {
+        return QStringLiteral("the sheet has no caption; the page is made of it");
+    }
+    return {};
+}
+
+std::string findingsIn(QWidget& window) {
+    const WindowWalk walk(window, exemption);
+    return walk.findings().join(u'\n').toStdString();
+}
+
+class AccessibilityTest : public WindowTest {
+protected:
+    AccessibilityTest() {
+        program.load();
+        program.timer.setInterval(0);
+    }
+
+    SettingsWindow& openSettings() {
+        program.showSettingsForm();
+        QCoreApplication::processEvents();
+        return *window->settingsWindow();
+    }
+
+    void fillCalibration() {
+        program.calibrationPanel.instrumentName = QStringLiteral("TRX 1042");
+        program.calibrationPanel.colour = LightColour::Red;
+        program.calibration.addInstrument();
+        program.calibration.select(0);
+    }
+};
+
+TEST_F(AccessibilityTest, EveryPageOfTheMainWindow) {
+    const auto walkPages = [this](const char* when) {
+        for (const QString& caption : upperCaptions() + lowerCaptions()) {
+            if (upperCaptions().contains(caption)) {
+                program.selectUpperTab(caption);
+            } else {
+                program.selectLowerTab(caption);
+            }
+            QCoreApplication::processEvents();
+            EXPECT_EQ(findingsIn(*window), "") << "on the page " << caption.toStdString() << ' ' << when;
+        }
+    };
+    walkPages("offline");
+    program.toggleServiceMode();
+    walkPages("offline in service mode");
+    connectAndRead();
+    window->settingsWindow()->close();
+    fillCalibration();
+    walkPages("connected");
+    program.run();
+    com1.input = "R\r\n";
+    program.tick();
+    receiveRow();
+    receiveRow();
+    program.session.status.notice = QStringLiteral("A remark.");
+    program.session.status.shutterProgress = QStringLiteral("Moving Shutter");
+    program.session.status.shutterCountdown = QStringLiteral("12 s");
+    walkPages("in a run");
+}
+
+TEST_F(AccessibilityTest, EveryTabOfTheSettings) {
+    for (const char* type : {"________", "TRX", "GLOW"}) {
+        program.session.status.instrument = QString::fromLatin1(type);
+        SettingsWindow& settings = openSettings();
+        EXPECT_EQ(findingsIn(settings), "") << "before a tab is chosen";
+        for (const char* tab : {"Modes", "Time and Date", "Control Bits", "Sampling", "Calibration"}) {
+            settings.chooseTab(QString::fromLatin1(tab));
+            QCoreApplication::processEvents();
+            EXPECT_EQ(findingsIn(settings), "") << "on the tab " << tab << " for " << type;
+        }
+    }
+    program.settings.record.pointsPerBlock = QStringLiteral("99999");
+    program.settings.modeRemark = QStringLiteral("Saved as a.OCM.");
+    SettingsWindow& settings = openSettings();
+    for (const char* tab : {"Sampling", "Modes"}) {
+        settings.chooseTab(QString::fromLatin1(tab));
+        EXPECT_EQ(findingsIn(settings), "") << "with a remark on " << tab;
+    }
+}
+
+TEST_F(AccessibilityTest, ThePlainEnglishWindow) {
+    SettingsWindow& settings = openSettings();
+    settings.findChild<QPushButton*>(QStringLiteral("ViewCurrentSettingsTranscribedAsText"))->click();
+    QCoreApplication::processEvents();
+    auto* english = settings.findChild<QWidget*>(QStringLiteral("PlainEnglish"));
+    ASSERT_NE(english, nullptr);
+    ASSERT_TRUE(english->isVisible());
+    EXPECT_EQ(findingsIn(*english), "");
+}
+
+TEST_F(AccessibilityTest, TheManualConnectionDialog) {
+    item("ManualConnect1").trigger();
+    auto& dialog = find<QDialog>("ManualConnection");
+    ASSERT_TRUE(dialog.isVisible());
+    EXPECT_EQ(findingsIn(dialog), "");
+    ManualConnectionPanel& panel = program.manual.panel;
+    panel.startVisible = true;
+    panel.proceedVisible = true;
+    panel.retryEnabled = true;
+    EXPECT_EQ(findingsIn(dialog), "") << "with every button";
+}
+
+TEST_F(AccessibilityTest, TheProcessingDialog) {
+    program.progress.show();
+    program.progress.valueLabel = QStringLiteral("4711");
+    program.progress.percentage = QStringLiteral("12");
+    auto& dialog = find<QDialog>("Processing");
+    ASSERT_TRUE(dialog.isVisible());
+    EXPECT_EQ(findingsIn(dialog), "");
+}
+
+TEST_F(AccessibilityTest, TheAboutDialog) {
+    item("About").trigger();
+    EXPECT_EQ(findingsIn(find<QDialog>("AboutDialog")), "");
+}
+
+TEST_F(AccessibilityTest, MessagesAndQuestions) {
+    MessageBoxes boxes;
+    boxes.setParent(window.get());
+    boxes.show({.title = QStringLiteral("Connection"),
+                .text = QStringLiteral("The port cannot be opened."),
+                .icon = Message::Icon::Exclamation});
+    EXPECT_EQ(findingsIn(*window->findChild<QMessageBox*>()), "");
+    delete window->findChild<QMessageBox*>();
+
+    QuestionDialogs questions;
+    questions.setParent(window.get());
+    std::string findings = "the question was not shown";
+    QTimer::singleShot(0, window.get(), [&findings] {
+        QWidget* question = QApplication::activeModalWidget();
+        ASSERT_NE(question, nullptr);
+        findings = findingsIn(*question);
+        question->findChild<QPushButton*>()->click();
+    });
+    questions.askYesNo(QStringLiteral("Save data?"), QStringLiteral("Do you want to save the data?"));
+    EXPECT_EQ(findings, "");
+}
+
+/// Windows with one thing amiss each, and what is to be said of them.
+class WindowWalkTest : public testing::Test {
+protected:
+    WindowWalkTest() { speakLabelValues(); }
+
+    template <typename Widget>
+    Widget* add(const char* name, const char* text = "") {
+        auto* widget = new Widget;
+        widget->setObjectName(QString::fromLatin1(name));
+        if (*text != 0) {
+            widget->setProperty("text", QString::fromLatin1(text));
+        }
+        layout->addWidget(widget);
+        return widget;
+    }
+
+    QLineEdit* addField(const char* name, const char* caption) {
+        auto* label = add<QLabel>("", caption);
+        auto* field = add<QLineEdit>(name);
+        label->setBuddy(field);
+        return field;
+    }
+
+    std::string findings() {
+        window.show();
+        QCoreApplication::processEvents();
+        return WindowWalk(window).findings().join(u'\n').toStdString();
+    }
+
+    QWidget window;
+    QVBoxLayout* layout = new QVBoxLayout(&window);
+};
+
+TEST_F(WindowWalkTest, AWindowInOrder) {
+    addField("One", "&One");
+    add<QPushButton>("Two", "&Two");
+    add<QLabel>("Value", "12")->setAccessibleName(QStringLiteral("Rows"));
+    EXPECT_EQ(findings(), "");
+}
+
+TEST_F(WindowWalkTest, ANamelessField) {
+    add<QLineEdit>("One");
+    EXPECT_EQ(findings(), "QLineEdit \"One\" has no accessible name\n"
+                          "QLineEdit \"One\" has no caption with an access key");
+}
+
+TEST_F(WindowWalkTest, ANamelessButton) {
+    add<QPushButton>("One");
+    EXPECT_EQ(findings(), "QPushButton \"One\" has no accessible name\nQPushButton \"One\" has no access key");
+}
+
+TEST_F(WindowWalkTest, AValueThatTellsNothingOfItself) {
+    add<QLabel>("Value", "12");
+    EXPECT_EQ(findings(), "QLabel \"Value\" (12) shows a value and has no accessible name");
+}
+
+TEST_F(WindowWalkTest, AFieldWithoutAKey) {
+    addField("One", "One");
+    EXPECT_EQ(findings(), "QLineEdit \"One\" has no caption with an access key");
+}
+
+TEST_F(WindowWalkTest, AKeyTwice) {
+    addField("One", "&One");
+    add<QPushButton>("Other", "&Other");
+    EXPECT_EQ(findings(), "QPushButton \"Other\" (&Other) has the access key Alt+O of QLabel without object name "
+                          "(&One)");
+}
+
+TEST_F(WindowWalkTest, AHiddenButtonTakesNoKey) {
+    addField("One", "&One");
+    add<QPushButton>("Other", "&Other")->hide();
+    EXPECT_EQ(findings(), "");
+}
+
+TEST_F(WindowWalkTest, AWayBack) {
+    auto* lower = add<QPushButton>("Lower", "&Lower");
+    auto* upper = add<QPushButton>("Upper", "&Upper");
+    layout->removeWidget(lower);
+    layout->addWidget(lower);
+    ASSERT_EQ(lower->nextInFocusChain(), upper);
+    EXPECT_EQ(findings(), "QPushButton \"Upper\" (&Upper) is reached by the Tab key only after QPushButton \"Lower\" "
+                          "(&Lower), which stands behind it");
+}
+
+TEST_F(WindowWalkTest, AButtonThatTabPasses) {
+    add<QPushButton>("One", "&One")->setFocusPolicy(Qt::ClickFocus);
+    EXPECT_EQ(findings(), "QPushButton \"One\" (&One) is not reached by the Tab key");
+}
+
+TEST_F(WindowWalkTest, OneOptionOfAGroupIsEnough) {
+    add<QRadioButton>("One", "&One")->setChecked(true);
+    add<QRadioButton>("Two", "&Two")->setFocusPolicy(Qt::ClickFocus);
+    EXPECT_EQ(findings(), "");
+}
+
+TEST_F(WindowTest, AValueIsSpokenWithItsName) {
+    auto& status = find<QLabel>("Label20");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&status)->text(QAccessible::Name).toStdString(), "Status: Offline");
+    program.session.status.status = QStringLiteral("Ready");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&status)->text(QAccessible::Name).toStdString(), "Status: Ready");
+}
+
+} // namespace
+} // namespace orv

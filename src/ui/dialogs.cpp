@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/dialogs.h"
+
+#include "settings/plainenglish.h"
+#include "ui/widgets.h"
+
+#include <QCoreApplication>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace orv {
+
+AboutDialog::AboutDialog(QWidget* parent)
+    : QDialog(parent) {
+    setObjectName(QStringLiteral("AboutDialog"));
+    setWindowTitle(QStringLiteral("About Orv Host"));
+    auto* name = new QLabel(QStringLiteral("ORV Host Program"));
+    QFont font = name->font();
+    font.setPointSizeF(font.pointSizeF() * 1.6);
+    name->setFont(font);
+    auto* version = new QLabel(QStringLiteral("Version ") + QCoreApplication::applicationVersion());
+    version->setObjectName(QStringLiteral("VersionLabel"));
+    auto* purpose = new QLabel(QStringLiteral("Connects the ORV self-logging optical water sensors GLOW and TRX:\n"
+                                              "settings, live data, stored data, calibration."));
+    auto* ok = new QPushButton(QStringLiteral("&OK"));
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, [this] { accept(); });
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(24, 20, 24, 16);
+    layout->setSpacing(12);
+    layout->addWidget(name);
+    layout->addWidget(version);
+    layout->addWidget(purpose);
+    layout->addWidget(ok, 0, Qt::AlignRight);
+}
+
+ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget* parent)
+    : QDialog(parent)
+    , manual_(manual) {
+    setObjectName(QStringLiteral("ManualConnection"));
+    setWindowTitle(QStringLiteral("Manual Connection"));
+    setModal(false);
+
+    auto* text = new QPlainTextEdit;
+    text->setObjectName(QStringLiteral("ManualText"));
+    text->setAccessibleName(QStringLiteral("What to do"));
+    text->setReadOnly(true);
+    text->setTabChangesFocus(true);
+    text->setMinimumSize(420, 110);
+    const auto addButton = [](const QString& caption, const QString& name) {
+        auto* button = new QPushButton(caption);
+        button->setObjectName(name);
+        button->setAutoDefault(false);
+        return button;
+    };
+    auto* start = addButton(QStringLiteral("&Start"), QStringLiteral("ManualStart"));
+    auto* proceed = addButton(QStringLiteral("&Proceed"), QStringLiteral("ManualProceed"));
+    auto* retry = addButton(QStringLiteral("&Retry"), QStringLiteral("ManualRetry"));
+    auto* quit = addButton(QStringLiteral("&Quit"), QStringLiteral("ManualQuit"));
+
+    auto* buttons = new QHBoxLayout;
+    // A double click on "Proceed" must not press "Start", which appears as it goes.
+    buttons->addWidget(proceed);
+    buttons->addWidget(retry);
+    buttons->addWidget(start);
+    buttons->addStretch(1);
+    buttons->addWidget(quit);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(text, 1);
+    layout->addLayout(buttons);
+
+    connect(start, &QPushButton::clicked, this, [this] { manual_.start(); });
+    connect(proceed, &QPushButton::clicked, this, [this] { manual_.proceed(); });
+    connect(retry, &QPushButton::clicked, this, [this] { manual_.retry(); });
+    connect(quit, &QPushButton::clicked, this, [this] { manual_.quit(); });
+
+    const ManualConnectionPanel& panel = manual.panel;
+    bindings_.bind(panel.text, [text](const QString& shown) { text->setPlainText(shown); });
+    bindings_.bind(panel.startVisible, [start](bool on) { start->setVisible(on); });
+    bindings_.bind(panel.startEnabled, [start](bool on) { start->setEnabled(on); });
+    bindings_.bind(panel.proceedVisible, [proceed](bool on) { proceed->setVisible(on); });
+    bindings_.bind(panel.retryEnabled, [retry](bool on) { retry->setEnabled(on); });
+    bindings_.bind(panel.visible, [this](bool on) { setVisible(on); });
+}
+
+void ManualConnectionDialog::reject() {
+    manual_.closed();
+}
+
+ProgressDialog::ProgressDialog(ProgressPanel& panel, QWidget* parent)
+    : QDialog(parent)
+    , panel_(panel) {
+    setObjectName(QStringLiteral("Processing"));
+    setWindowTitle(QStringLiteral("Processing"));
+    setModal(false);
+
+    auto* bar = new QProgressBar;
+    bar->setObjectName(QStringLiteral("ProgressBar"));
+    bar->setAccessibleName(QStringLiteral("Progress"));
+    bar->setTextVisible(false); // the labels tell it
+    QLabel* label = makeValueLabel(QStringLiteral("ProgressLabel"), QStringLiteral("What is counted"));
+    QLabel* value = makeValueLabel(QStringLiteral("ProgressValue"), QStringLiteral("Value"));
+    QLabel* percentage = makeValueLabel(QStringLiteral("ProgressPercentage"), QStringLiteral("Percentage"));
+    QPushButton* abortButton = makeButton(
+        QStringLiteral("&Abort"), QStringLiteral("Abort"),
+        [this] {
+            if (abort) {
+                abort();
+            }
+        },
+        QStringLiteral("A download is stopped with \"Reset\" on the main window."));
+
+    auto* labels = new QHBoxLayout;
+    labels->setSpacing(12);
+    labels->addWidget(label);
+    labels->addWidget(value);
+    labels->addStretch(1);
+    labels->addWidget(percentage);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(abortButton);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(12);
+    layout->addLayout(labels);
+    layout->addWidget(bar);
+    layout->addStretch(1);
+    layout->addLayout(buttons);
+    constexpr int comfortableWidth = 360;
+    setMinimumWidth(comfortableWidth);
+
+    const auto drawBar = [this, bar] {
+        const int maximum = std::max(panel_.maximum.value(), 1);
+        bar->setRange(0, maximum);
+        bar->setValue(std::clamp(panel_.value.value(), 0, maximum));
+    };
+    const auto follow = [this](const QProperty<QString>& text, QLabel* shown) {
+        bindings_.bind(text, [shown](const QString& now) { shown->setText(now); });
+    };
+    bindings_.bind(panel.maximum, [drawBar](int /*maximum*/) { drawBar(); });
+    bindings_.bind(panel.value, [drawBar](int /*value*/) { drawBar(); });
+    follow(panel.label, label);
+    follow(panel.valueLabel, value);
+    follow(panel.percentage, percentage);
+    bindings_.bind(panel.visible, [this](bool on) { setVisible(on); });
+}
+
+void ProgressDialog::reject() {
+    panel_.visible = false;
+}
+
+namespace {
+
+// In the order of PlainEnglish::Line.
+constexpr const char* lineNames[] = {"OpeningLine", "RunLine",     "BinningLine",    "SleepLine",    "WakeLine",
+                                     "BlockLine",   "LoggingLine", "EndOfBlockLine", "NextBlockLine"};
+static_assert(std::size(lineNames) == PlainEnglish::lineCount);
+
+// Pixels at 96 dots per inch; a larger font takes more for a line.
+constexpr int topOfFirstLine = 32;
+constexpr int lineStep = 24;
+constexpr int sideMargin = 16;
+
+} // namespace
+
+PlainEnglishWindow::PlainEnglishWindow(const LoggerSettings& record, QWidget* parent)
+    : QWidget(parent, Qt::Window)
+    , record_(record)
+    , area_(new QScrollArea) {
+    setObjectName(QStringLiteral("PlainEnglish"));
+    setWindowTitle(QStringLiteral("In Plain English"));
+    area_->setFrameShape(QFrame::NoFrame);
+    area_->setFocusPolicy(Qt::NoFocus);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(makeButton(QStringLiteral("&Close"), QStringLiteral("ClosePlainEnglish"), [this] { close(); }));
+    connect(new QShortcut(QKeySequence(QKeySequence::Cancel), this), &QShortcut::activated, this, [this] { close(); });
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(area_, 1);
+    layout->addLayout(buttons);
+}
+
+void PlainEnglishWindow::open() {
+    QWidget* text = makeText();
+    area_->setWidget(text); // the former one goes
+    const QSize room = screen()->availableSize() * 3 / 4;
+    area_->setMinimumHeight(std::min(text->height(), room.height()));
+    resize(std::min(text->width(), room.width()) + 2 * sideMargin, sizeHint().height());
+    show();
+    raise();
+    activateWindow();
+}
+
+QWidget* PlainEnglishWindow::makeText() const {
+    const PlainEnglish english = inPlainEnglish(record_);
+    auto* text = new QWidget;
+    const int height = fontMetrics().height() + 4;
+    const int step = std::max(lineStep, height);
+    int top = topOfFirstLine;
+    int width = 0;
+    for (std::size_t line = 0; line < PlainEnglish::lineCount; ++line) {
+        QLabel* label = makeValueLabel(QString::fromLatin1(lineNames[line]), QStringLiteral("Description"));
+        label->setParent(text);
+        label->setText(english.lines.at(line));
+        // Without an end of the block there is nothing to say of the next one, and no line is left free for it.
+        if (line > 0 && (line != PlainEnglish::NextBlock || english.finiteBlock)) {
+            top += step;
+        }
+        const int labelWidth = label->sizeHint().width();
+        label->setGeometry(sideMargin, top, labelWidth, height);
+        width = std::max(width, labelWidth);
+    }
+    text->resize(width + 2 * sideMargin, top + step);
+    return text;
+}
+
+} // namespace orv

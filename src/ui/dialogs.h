@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/observe.h"
+#include "link/manualconnection.h"
+#include "settings/record.h"
+
+#include <QDialog>
+#include <QScrollArea>
+#include <QWidget>
+
+#include <functional>
+
+namespace orv {
+
+/// The About dialog: the program's name and version.
+class AboutDialog final : public QDialog {
+public:
+    explicit AboutDialog(QWidget* parent = nullptr);
+};
+
+/// The "Manual Connection" dialog. It does not block the main window.
+class ManualConnectionDialog final : public QDialog {
+public:
+    /// `manual` and its panel outlive the dialog.
+    explicit ManualConnectionDialog(ManualConnection& manual, QWidget* parent = nullptr);
+
+    /// Esc and the frame's close button.
+    void reject() override;
+
+private:
+    ManualConnection& manual_;
+    Bindings bindings_;
+};
+
+/// The dialog "Processing": how far a retrieval, a sending or a download has come. It does not block other windows;
+/// closing it only hides it.
+class ProgressDialog final : public QDialog {
+public:
+    explicit ProgressDialog(ProgressPanel& panel, QWidget* parent = nullptr);
+
+    /// What the "Abort" button does; empty: nothing.
+    std::function<void()> abort;
+
+    void reject() override;
+
+private:
+    ProgressPanel& panel_;
+    Bindings bindings_;
+};
+
+/// The screen "In Plain English": what the instrument will do under the settings on the settings screen, as they were
+/// when the screen was opened.
+class PlainEnglishWindow final : public QWidget {
+public:
+    explicit PlainEnglishWindow(const LoggerSettings& record, QWidget* parent = nullptr);
+
+    /// Describes the present settings and shows the screen.
+    void open();
+
+private:
+    QWidget* makeText() const;
+
+    const LoggerSettings& record_;
+    QScrollArea* area_;
+};
+
+} // namespace orv

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/dialogs.h"
+
+#include "testing/screentest.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace orv {
+
+namespace {
+
+class ProgressDialogTest : public testing::Test {
+protected:
+    QProgressBar& bar() const { return control<QProgressBar>(dialog, "ProgressBar"); }
+    QString text(const char* name) const { return control<QLabel>(dialog, name).text(); }
+
+    ProgressPanel panel;
+    ProgressDialog dialog{panel};
+};
+
+TEST_F(ProgressDialogTest, FollowsThePanel) {
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Processing"));
+    panel.show();
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(dialog.isModal());
+    EXPECT_EQ(text("ProgressLabel"), QStringLiteral("%"));
+    panel.value = 40;
+    panel.valueLabel = QStringLiteral("40");
+    EXPECT_EQ(bar().value(), 40);
+    EXPECT_EQ(text("ProgressValue"), QStringLiteral("40"));
+    panel.label = QStringLiteral("Bytes Downloaded");
+    panel.percentage = QStringLiteral("45");
+    EXPECT_EQ(text("ProgressLabel"), QStringLiteral("Bytes Downloaded"));
+    EXPECT_EQ(text("ProgressPercentage"), QStringLiteral("45"));
+    panel.visible = false;
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(ProgressDialogTest, TheBarStaysWithinItsMaximum) {
+    panel.maximum = 50;
+    panel.value = 200;
+    EXPECT_EQ(bar().value(), 50);
+    EXPECT_EQ(bar().maximum(), 50);
+    panel.maximum = 0;
+    panel.value = -3;
+    EXPECT_EQ(bar().value(), 0);
+    EXPECT_EQ(bar().maximum(), 1) << "a maximum of 0 would be a busy bar";
+}
+
+TEST_F(ProgressDialogTest, ClosingItOnlyHidesIt) {
+    panel.show();
+    dialog.close();
+    EXPECT_FALSE(panel.visible.value());
+    panel.show();
+    press(dialog, Qt::Key_Escape);
+    EXPECT_FALSE(panel.visible.value());
+}
+
+TEST_F(ProgressDialogTest, AbortDoesWhatItIsGivenOrNothing) {
+    panel.show();
+    auto& button = control<QPushButton>(dialog, "Abort");
+    EXPECT_EQ(button.text().remove(QLatin1Char('&')), QStringLiteral("Abort"));
+    EXPECT_TRUE(button.toolTip().contains(QStringLiteral("\"Reset\"")));
+    button.click();
+    EXPECT_TRUE(panel.visible.value());
+    int aborts = 0;
+    dialog.abort = [&aborts] { ++aborts; };
+    button.click();
+    EXPECT_EQ(aborts, 1);
+}
+
+} // namespace
+
+namespace {
+
+constexpr const char* names[] = {"OpeningLine", "RunLine",     "BinningLine",    "SleepLine",    "WakeLine",
+                                 "BlockLine",   "LoggingLine", "EndOfBlockLine", "NextBlockLine"};
+
+class PlainEnglishWindowTest : public testing::Test {
+protected:
+    PlainEnglishWindowTest() {
+        record.samplesPerPoint = QStringLiteral("30");
+        record.pointsPerBlock = QStringLiteral("600");
+    }
+
+    QString line(const char* name) const { return control<QLabel>(window, name).text(); }
+    QList<int> tops() const {
+        QList<int> list;
+        for (const char* name : names) {
+            list << control<QLabel>(window, name).y();
+        }
+        return list;
+    }
+
+    LoggerSettings record;
+    PlainEnglishWindow window{record};
+};
+
+TEST_F(PlainEnglishWindowTest, ShowsTheLinesOneUnderTheOther) {
+    window.open();
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("In Plain English"));
+    EXPECT_EQ(line("OpeningLine"), QStringLiteral("     The Orv Sensor will come up waiting for a command."));
+    EXPECT_EQ(line("BlockLine"), QStringLiteral("continues for 600 data points to create 1 data block."));
+    EXPECT_EQ(line("NextBlockLine"),
+              QStringLiteral("If you decide to take another data block, data in memory will be erased."));
+    EXPECT_EQ(tops(), (QList<int>{32, 56, 80, 104, 128, 152, 176, 200, 224}));
+}
+
+TEST_F(PlainEnglishWindowTest, NoLineIsKeptFreeForANextBlockThatNeverComes) {
+    record.pointsPerBlock = QStringLiteral("0");
+    record.autoStart = true;
+    window.open();
+    EXPECT_EQ(line("RunLine"), QString());
+    EXPECT_EQ(line("NextBlockLine"), QString());
+    EXPECT_EQ(tops(), (QList<int>{32, 56, 80, 104, 128, 152, 176, 200, 200}));
+}
+
+TEST_F(PlainEnglishWindowTest, DoesNotFollowEditsUntilItIsOpenedAgain) {
+    window.open();
+    record.samplesPerPoint = QStringLiteral("99");
+    EXPECT_EQ(line("BinningLine"), QStringLiteral("It will bin for 30 sample(s) to create 1 data point."));
+    window.open();
+    EXPECT_EQ(line("BinningLine"), QStringLiteral("It will bin for 99 sample(s) to create 1 data point."));
+}
+
+TEST_F(PlainEnglishWindowTest, NoSentenceIsCutOff) {
+    record.pointsPerBlock = QStringLiteral("0");
+    window.open();
+    QApplication::processEvents();
+    for (const char* name : names) {
+        const auto& label = control<QLabel>(window, name);
+        EXPECT_GE(label.width(), label.sizeHint().width());
+        EXPECT_FALSE(label.visibleRegion().isEmpty() && !label.text().isEmpty()) << name;
+        EXPECT_LE(label.mapTo(&window, QPoint(label.width(), 0)).x(), window.width()) << name;
+    }
+}
+
+TEST_F(PlainEnglishWindowTest, ItsButtonClosesIt) {
+    window.open();
+    EXPECT_TRUE(window.isVisible());
+    control<QPushButton>(window, "ClosePlainEnglish").click();
+    EXPECT_FALSE(window.isVisible());
+}
+
+} // namespace
+
+} // namespace orv

@@ -1,0 +1,371 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/graphpagetest.h"
+
+#include <QElapsedTimer>
+
+namespace orv {
+namespace {
+
+TEST_F(GraphPageTest, AnEmptySheetIsSaid) {
+    EXPECT_TRUE(hint().starts_with("No rows yet.")) << hint();
+    layOut("V", 512);
+    appendAndDraw(1);
+    EXPECT_EQ(hint(), "");
+    sheet.removeRows();
+    page.refreshNow();
+    EXPECT_TRUE(hint().starts_with("No rows yet.")) << hint();
+    EXPECT_EQ(readout(), "Newest row||||||||");
+}
+
+TEST_F(GraphPageTest, EachValueColumnIsACurveWithItsNameAndColour) {
+    layOut("V", 512);
+    appendAndDraw(20);
+    ASSERT_EQ(canvas().graphCount(), 4);
+    EXPECT_EQ(curve(1).text().toStdString(), "100");
+    EXPECT_EQ(curve(4).text().toStdString(), "Ref");
+    EXPECT_EQ(curve(4).accessibleName().toStdString(), "Curve Ref");
+    std::set<QRgb> colours;
+    for (int graph = 0; graph < 4; ++graph) {
+        colours.insert(canvas().graph(graph)->pen().color().rgb());
+        EXPECT_FALSE(curve(graph + 1).icon().isNull());
+        EXPECT_EQ(canvas().graph(graph)->dataCount(), 20);
+    }
+    EXPECT_EQ(colours.size(), 4U);
+    EXPECT_TRUE(std::isnan(canvas().graph(2)->data()->at(4)->value)) << "a cell that is no number is a gap";
+
+    sheet.removeRows();
+    layOut("F", 310);
+    page.refreshNow();
+    EXPECT_EQ(canvas().graphCount(), 1);
+    EXPECT_EQ(curve(1).text().toStdString(), "Output");
+    EXPECT_EQ(page.findChild<QCheckBox*>(QStringLiteral("Curve2")), nullptr);
+}
+
+TEST_F(GraphPageTest, RowsAreDrawnAWhileAfterTheyHaveComeAndAllAtOnce) {
+    layOut("V", 512);
+    appendAndDraw(1);
+    append(40);
+    settle();
+    const auto points = [this] { return canvas().graph(0)->dataCount(); };
+    EXPECT_EQ(points(), 1);
+    QElapsedTimer passed;
+    passed.start();
+    constexpr int patience = 20000;
+    while (points() == 1 && passed.elapsed() < patience) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    EXPECT_EQ(points(), 41);
+}
+
+TEST_F(GraphPageTest, AHiddenPageDoesNothing) {
+    layOut("V", 512);
+    appendAndDraw(3);
+    settle();
+    page.hide();
+    settle();
+    const int before = canvas().drawings();
+    append(50);
+    commands.activity = Activity::Collecting;
+    layOut("V", 600);
+    QElapsedTimer passed;
+    passed.start();
+    constexpr int longerThanADrawing = 500;
+    while (passed.elapsed() < longerThanADrawing) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    EXPECT_EQ(canvas().drawings(), before);
+    EXPECT_EQ(canvas().graph(0)->dataCount(), 3);
+    page.show();
+    EXPECT_EQ(canvas().graph(0)->dataCount(), 53);
+    EXPECT_GT(canvas().drawings(), before);
+}
+
+TEST_F(GraphPageTest, ALoadedSheetIsShownWholeAndARunIsFollowed) {
+    layOut("V", 512);
+    appendAndDraw(3000);
+    EXPECT_TRUE(showAll().isChecked());
+    EXPECT_LT(places().lower, 1);
+    EXPECT_GT(places().upper, 3000);
+    commands.activity = Activity::Collecting;
+    appendAndDraw(10);
+    EXPECT_TRUE(follow().isChecked());
+    EXPECT_FALSE(showAll().isChecked());
+    EXPECT_GT(places().lower, 1990);
+    EXPECT_GT(places().upper, 3010);
+    appendAndDraw(100);
+    EXPECT_GT(places().upper, 3110);
+    commands.activity = Activity::None;
+    page.refreshNow();
+    EXPECT_TRUE(follow().isChecked());
+}
+
+TEST_F(GraphPageTest, ZoomingAndDraggingStopFollowingAndFollowResumes) {
+    layOut("V", 512);
+    commands.activity = Activity::Collecting;
+    appendAndDraw(2000);
+    const auto expectStopped = [this] {
+        const QCPRange chosen = places();
+        EXPECT_FALSE(follow().isChecked());
+        EXPECT_FALSE(showAll().isChecked());
+        appendAndDraw(50);
+        EXPECT_EQ(places(), chosen);
+        follow().click();
+        EXPECT_TRUE(follow().isChecked());
+        EXPECT_GT(places().upper, sheet.rowCount());
+        appendAndDraw(50);
+        EXPECT_GT(places().upper, sheet.rowCount());
+    };
+    QCPRange before = places();
+    wheel(middle());
+    EXPECT_LT(places().size(), before.size());
+    expectStopped();
+    before = places();
+    drag(middle(), middle() + QPointF(60, 0));
+    EXPECT_LT(places().lower, before.lower);
+    EXPECT_NEAR(places().size(), before.size(), 1e-6);
+    expectStopped();
+    canvas().setFocus();
+    pressKey(canvas(), Qt::Key_Plus);
+    expectStopped();
+    follow().click();
+    EXPECT_TRUE(follow().isChecked()) << "pressing it again does not stop";
+}
+
+TEST_F(GraphPageTest, TheWheelWithCtrlZoomsTheValues) {
+    layOut("V", 512);
+    appendAndDraw(100);
+    const QCPRange placesBefore = places();
+    const QCPRange valuesBefore = canvas().yAxis->range();
+    wheel(middle(), Qt::ControlModifier);
+    EXPECT_EQ(places(), placesBefore);
+    EXPECT_LT(canvas().yAxis->range().size(), valuesBefore.size());
+    wheel(middle());
+    EXPECT_LT(places().size(), placesBefore.size());
+}
+
+TEST_F(GraphPageTest, ADoubleClickShowsAllAlsoWhatComes) {
+    layOut("V", 512);
+    commands.activity = Activity::Collecting;
+    appendAndDraw(2000);
+    wheel(middle());
+    doubleClick(middle());
+    EXPECT_TRUE(showAll().isChecked());
+    EXPECT_LT(places().lower, 1);
+    EXPECT_GT(places().upper, 2000);
+    appendAndDraw(500);
+    EXPECT_LT(places().lower, 1);
+    EXPECT_GT(places().upper, 2500);
+    wheel(middle());
+    showAll().click();
+    EXPECT_LT(places().lower, 1);
+    EXPECT_TRUE(showAll().isChecked());
+    pressKey(canvas(), Qt::Key_End);
+    EXPECT_TRUE(follow().isChecked());
+    pressKey(canvas(), Qt::Key_Home);
+    EXPECT_TRUE(showAll().isChecked());
+}
+
+TEST_F(GraphPageTest, TheReadoutTellsTheRowUnderThePointerElseTheNewest) {
+    layOut("V", 512);
+    appendAndDraw(20);
+    EXPECT_EQ(readout(), "Newest row|20|11/21/26|0:00:10|1020|2020|3000|4000|");
+    moveTo(pixel(5.3, 2000));
+    EXPECT_EQ(readout(), "Row under the cursor|5|11/21/26|0:00:02|1005|2005|?|4000|");
+    moveTo(pixel(5.6, 2000));
+    EXPECT_EQ(readout(), "Row under the cursor|6|11/21/26|0:00:03|1006|2006|3000|4000|");
+    appendAndDraw(1);
+    EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|6|") << "it stays while rows come";
+    moveTo(QPointF(1, 1));
+    EXPECT_EQ(readout().substr(0, 14), "Newest row|21|") << "outside of the curves";
+    moveTo(pixel(3, 2000));
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&canvas(), &leave);
+    EXPECT_EQ(readout().substr(0, 14), "Newest row|21|");
+    moveTo(pixel(3, 2000));
+    sheet.removeRows();
+    page.refreshNow();
+    EXPECT_EQ(readout(), "Newest row||||||||");
+}
+
+TEST_F(GraphPageTest, TheRowUnderTheCursorStaysWhenTheClockIsSetBack) {
+    layOut("V", 512);
+    control<QComboBox>(page, "PlotAxis").setCurrentIndex(1);
+    commands.activity = Activity::Collecting;
+    appendAndDraw(200);
+    canvas().emphasise(1);
+    moveTo(pixel(canvas().graph(0)->data()->at(150)->key, 1150));
+    const std::string before = readout();
+    EXPECT_EQ(before.substr(0, 23), "Row under the cursor|15") << before;
+    for (int row = 0; row < 3; ++row) {
+        const double earliest = canvas().graph(0)->data()->at(0)->key;
+        sheet.appendRow({QString::number(201 + row), QStringLiteral("11/20/26"), timeText(row), QStringLiteral("7"),
+                         QStringLiteral("7"), QStringLiteral("7"), QStringLiteral("7")});
+        page.refreshNow();
+        EXPECT_EQ(canvas().graph(0)->dataCount(), 201 + row);
+        EXPECT_LE(canvas().graph(0)->data()->at(0)->key, earliest);
+        EXPECT_EQ(readout(), before);
+        const auto* line = qobject_cast<QCPItemStraightLine*>(canvas().item(0));
+        ASSERT_NE(line, nullptr);
+        EXPECT_TRUE(line->visible());
+        EXPECT_GT(canvas().graph(1)->pen().widthF(), canvas().graph(0)->pen().widthF());
+    }
+    pressKey(canvas(), Qt::Key_Right);
+    EXPECT_NE(readout(), before);
+    EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|15") << "the row after";
+    sheet.removeRows();
+    appendAndDraw(200);
+    EXPECT_EQ(readout().substr(0, 15), "Newest row|200|") << "other rows, though there are as many";
+}
+
+TEST_F(GraphPageTest, TheKeyboardMovesTheCursorRowByRow) {
+    layOut("V", 512);
+    appendAndDraw(21);
+    pressKey(canvas(), Qt::Key_Right);
+    EXPECT_EQ(readout().substr(0, 24), "Row under the cursor|11|") << "it begins in the middle";
+    pressKey(canvas(), Qt::Key_Right);
+    EXPECT_EQ(readout().substr(0, 24), "Row under the cursor|12|");
+    for (int i = 0; i < 30; ++i) {
+        pressKey(canvas(), Qt::Key_Left);
+    }
+    EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|1|");
+}
+
+TEST_F(GraphPageTest, RowsOfOneSecondAreToldApartByTheirValues) {
+    layOut("V", 512);
+    append(20);
+    control<QComboBox>(page, "PlotAxis").setCurrentIndex(1);
+    const double place = canvas().graph(0)->data()->at(3)->key; // rows 4 and 5
+    curve(2).click();
+    curve(3).click();
+    curve(4).click();
+    moveTo(pixel(place, 1004));
+    EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|4|");
+    moveTo(pixel(place, 1005));
+    EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|5|");
+}
+
+TEST_F(GraphPageTest, TheAxisIsTheRecordNumberOrTheTime) {
+    layOut("V", 512);
+    appendAndDraw(20);
+    sheet.appendRow({QStringLiteral("21"), QStringLiteral("11/21/26"), QStringLiteral("27:00:00")});
+    page.refreshNow();
+    EXPECT_EQ(canvas().xAxis->label().toStdString(), "Record");
+    EXPECT_TRUE(note().starts_with("Wheel")) << note();
+    wheel(middle());
+    control<QComboBox>(page, "PlotAxis").setCurrentIndex(1);
+    EXPECT_EQ(canvas().xAxis->label().toStdString(), "Time");
+    EXPECT_EQ(canvas().graph(0)->dataCount(), 20);
+    EXPECT_EQ(note(), "1 rows without a readable time are not drawn.");
+    EXPECT_TRUE(showAll().isChecked()) << "what was zoomed to is a part of the other axis";
+    EXPECT_GT(places().lower, 1e9);
+    control<QComboBox>(page, "PlotAxis").setCurrentIndex(0);
+    EXPECT_EQ(canvas().graph(0)->dataCount(), 21);
+    EXPECT_LT(places().upper, 30);
+}
+
+TEST_F(GraphPageTest, RowsOfAnotherLayoutAreToldNotDrawn) {
+    layOut("V", 512);
+    appendAndDraw(7);
+    layOut("F", 310);
+    page.refreshNow();
+    EXPECT_EQ(note(), "7 rows of another type of instrument are not drawn.");
+    EXPECT_TRUE(hint().starts_with("The rows are of another type")) << hint();
+    EXPECT_EQ(readout(), "Newest row|||||");
+    appendAndDraw(1);
+    EXPECT_EQ(hint(), "");
+    EXPECT_EQ(readout(), "Newest row|8|11/21/26|0:00:04|1008|");
+}
+
+TEST_F(GraphPageTest, CurvesAreSwitchedByClickAndByKey) {
+    layOut("V", 512);
+    appendAndDraw(50);
+    const double highest = canvas().yAxis->range().upper;
+    EXPECT_GT(highest, 4000);
+    clickAt(curve(4), QPoint(8, curve(4).height() / 2));
+    EXPECT_FALSE(curve(4).isChecked());
+    EXPECT_FALSE(canvas().graph(3)->visible());
+    EXPECT_LT(canvas().yAxis->range().upper, 3500) << "the others get the room";
+    pressKey(curve(3), Qt::Key_Space);
+    EXPECT_FALSE(canvas().graph(2)->visible());
+    layOut("V", 600);
+    appendAndDraw(1);
+    EXPECT_FALSE(canvas().graph(2)->visible()) << "it stays off under a new header row of as many columns";
+    EXPECT_FALSE(curve(3).isChecked());
+    curve(1).click();
+    curve(2).click();
+    EXPECT_EQ(hint(), "All curves are switched off.");
+    pressKey(curve(3), Qt::Key_Space);
+    EXPECT_TRUE(canvas().graph(2)->visible());
+    EXPECT_EQ(hint(), "");
+}
+
+TEST_F(GraphPageTest, TheCurveInTheLegendThatHasTheFocusIsDrawnThicker) {
+    layOut("V", 512);
+    appendAndDraw(50);
+    page.activateWindow();
+    QCoreApplication::processEvents();
+    curve(2).setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_GT(canvas().graph(1)->pen().widthF(), canvas().graph(0)->pen().widthF());
+    canvas().setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(canvas().graph(1)->pen().widthF(), canvas().graph(0)->pen().widthF());
+}
+
+TEST_F(GraphPageTest, FollowsThePaletteWhileItIsShown) {
+    layOut("V", 512);
+    appendAndDraw(50);
+    const auto corner = [this] { return canvas().grab().toImage().pixelColor(3, 3); };
+    QPalette dark = page.palette();
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::Text, Qt::white);
+    const QColor lightCurve = canvas().graph(0)->pen().color();
+    page.setPalette(dark);
+    page.refreshNow();
+    EXPECT_EQ(corner(), QColor(30, 30, 30));
+    EXPECT_NE(canvas().graph(0)->pen().color(), lightCurve);
+    EXPECT_EQ(canvas().xAxis->tickLabelColor(), QColor(Qt::white));
+    QPalette light = dark;
+    light.setColor(QPalette::Base, Qt::white);
+    light.setColor(QPalette::Text, Qt::black);
+    page.setPalette(light);
+    page.refreshNow();
+    EXPECT_EQ(corner(), QColor(Qt::white));
+    EXPECT_EQ(canvas().graph(0)->pen().color(), lightCurve);
+}
+
+TEST_F(GraphPageTest, FollowsTheFont) {
+    QFont font = page.font();
+    font.setPointSize(font.pointSize() + 5);
+    page.setFont(font);
+    EXPECT_EQ(canvas().xAxis->tickLabelFont().pointSize(), font.pointSize());
+}
+
+TEST_F(GraphPageTest, CurvesAreSmoothExceptWhileRowsCome) {
+    EXPECT_FALSE(canvas().notAntialiasedElements().testFlag(QCP::aePlottables));
+    commands.activity = Activity::Downloading;
+    EXPECT_TRUE(canvas().notAntialiasedElements().testFlag(QCP::aePlottables));
+    commands.activity = Activity::None;
+    EXPECT_FALSE(canvas().notAntialiasedElements().testFlag(QCP::aePlottables));
+}
+
+TEST_F(GraphPageTest, EverythingCanBeOperatedAndFits) {
+    layOut("v", 412);
+    appendAndDraw(3);
+    expectOperable(page);
+    expectFits(page);
+    EXPECT_FALSE(canvas().accessibleName().isEmpty());
+    EXPECT_TRUE((canvas().focusPolicy() & Qt::TabFocus) != 0);
+    QStringList order;
+    for (QWidget* widget = page.nextInFocusChain(); widget != &page; widget = widget->nextInFocusChain()) {
+        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && page.isAncestorOf(widget)) {
+            order << widget->objectName();
+        }
+    }
+    EXPECT_EQ(order.join(u' ').toStdString(),
+              "PlotAxis Follow ShowAll SavePicture CopyPicture PrintPicture Plot Curve1 "
+              "Curve2 Curve3 Curve4 Curve5 Curve6");
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/observe.h"
+#include "program/program.h"
+#include "ui/messageboxes.h"
+
+#include <QMainWindow>
+
+#include <map>
+#include <memory>
+
+class QLabel;
+
+namespace orv {
+
+class ChoiceTabBar;
+class GraphPage;
+class SettingsWindow;
+class SheetPage;
+
+/// The main window, "ORV Host Program": menus, the upper tab strip with the operating pages, the lower one with the
+/// service pages.
+class MainWindow final : public QMainWindow {
+public:
+    MainWindow(Program& program, WindowEvents& events);
+    ~MainWindow() override;
+
+    /// The settings screen; null before its first use.
+    SettingsWindow* settingsWindow() const { return settingsWindow_.get(); }
+
+    /// Makes the pages that do not exist yet. The window does so soon after it is shown and when one is chosen.
+    void prepareAllPages();
+
+    /// Brings everything on the screen up to date, for screenshots.
+    void refreshNow();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void makeMenus();
+    void makeConnectMenu(QMenu* operation);
+    void addPage(Page page, QWidget* widget);
+    void makeTabStrips(QWidget* centre);
+    QLabel* makeSimulationMarker();
+    void makeShortcuts();
+    QAction* addShortcut(const QString& text, const QString& name, const QKeySequence& keys,
+                         const std::function<void()>& action);
+    QAction* addItem(QMenu* menu, const QString& text, const QString& name, const std::function<void()>& action);
+    void showPage(Page page);
+    void showSettings(bool visible);
+    void comeForward();
+    void quitNow();
+    void showAbout();
+
+    Program& program_;
+    WindowEvents& events_;
+    ChoiceTabBar* upperTabs_ = nullptr;
+    ChoiceTabBar* lowerTabs_ = nullptr;
+    QWidget* pageArea_ = nullptr;
+    SheetPage* sheetPage_ = nullptr;
+    GraphPage* graphPage_ = nullptr;
+    std::map<Page, QWidget*> pages_;
+    std::unique_ptr<SettingsWindow> settingsWindow_; ///< Made on first use and kept.
+    bool closeWhenPossible_ = false;
+    Bindings bindings_;
+};
+
+} // namespace orv

@@ -1,0 +1,362 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/windowtest.h"
+#include "ui/widgets.h"
+
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTabBar>
+
+namespace orv {
+namespace {
+
+std::string plain(QString text) {
+    return text.remove(u'&').toStdString();
+}
+
+TEST_F(WindowTest, TheMenusHaveTheirItemsInOrder) {
+    EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program");
+    std::string all;
+    const std::function<void(const QList<QAction*>&, const std::string&)> walk = [&](const QList<QAction*>& actions,
+                                                                                     const std::string& parent) {
+        for (const QAction* action : actions) {
+            if (!action->isSeparator()) {
+                const std::string name = parent + plain(action->text());
+                if (action->menu() != nullptr) {
+                    walk(action->menu()->actions(), name + " > ");
+                } else {
+                    all += name + "\n";
+                }
+            }
+        }
+    };
+    walk(window->menuBar()->actions(), "");
+    EXPECT_EQ(all, "Operation > Start Communication > Auto Connect Comm 1\n"
+                   "Operation > Start Communication > Auto Connect Comm 2\n"
+                   "Operation > Start Communication > Manual Connect Comm 1\n"
+                   "Operation > Start Communication > Maunal Connect Comm 2\n"
+                   "Operation > Close Port\n"
+                   "Operation > Quit\n"
+                   "Processing > Download Stored Data: Save as Text\n"
+                   "Processing > Download Stored Data: View with Host Program\n"
+                   "Settings > Settings\n"
+                   "Help > Contents\n"
+                   "Help > About Orv Host ...\n");
+}
+
+TEST_F(WindowTest, TheConnectItemsStartTheirConnection) {
+    const std::pair<const char*, const char*> items[] = {{"AutoConnect1", "Auto Open 1\rOpen port 1\r"},
+                                                         {"AutoConnect2", "Auto Open 2\rOpen Port 2\r"},
+                                                         {"ManualConnect1", "Manual 1 Start\r"},
+                                                         {"ManualConnect2", "Manual 2 Start\r"}};
+    com1.openReason = QStringLiteral("There is no such device.");
+    for (const auto& [name, announcement] : items) {
+        item(name).trigger();
+        EXPECT_TRUE(said().starts_with(announcement)) << name;
+        program.fixit();
+        said();
+    }
+}
+
+TEST_F(WindowTest, OnlyTheProceduresMarkAConnectItem) {
+    com1.openReason = QStringLiteral("There is no such device.");
+    item("AutoConnect1").trigger();
+    EXPECT_FALSE(item("AutoConnect1").isChecked());
+    com1.openReason.clear();
+    greeting = "V512\r";
+    int looks = 0;
+    com1.dtrChanged = [&](bool) {
+        ++looks;
+        EXPECT_FALSE(item("AutoConnect1").isChecked()) << "only when the attempt has ended";
+    };
+    item("AutoConnect1").trigger();
+    com1.dtrChanged = nullptr;
+    EXPECT_EQ(looks, 2);
+    EXPECT_TRUE(item("AutoConnect1").isChecked());
+    item("AutoConnect1").trigger();
+    EXPECT_TRUE(item("AutoConnect1").isChecked()) << "a second click takes the mark away";
+    item("ClosePort").trigger();
+    EXPECT_FALSE(item("AutoConnect1").isChecked());
+}
+
+TEST_F(WindowTest, TheOtherItemsDoWhatTheyName) {
+    connectAndRead();
+    said();
+    item("ShowSettingsForm").trigger();
+    EXPECT_EQ(said(), "Show Settings Form\r");
+    item("Contents").trigger();
+    EXPECT_EQ(said(), "");
+    item("DownloadText").trigger();
+    EXPECT_EQ(said(), "F2 Click\r");
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::settingsOpen) << "cancelled";
+    item("DownloadView").trigger();
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::importing);
+    item("ClosePort").trigger();
+    EXPECT_TRUE(said().find("Close Port\r") != std::string::npos);
+    EXPECT_FALSE(com1.isOpen());
+}
+
+TEST_F(WindowTest, AboutTellsTheVersionAndIsClosedByOk) {
+    QCoreApplication::setApplicationVersion(QStringLiteral("4.5.6"));
+    item("About").trigger();
+    EXPECT_EQ(said(), "About\r");
+    auto& dialog = find<QDialog>("AboutDialog");
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(find<QLabel>("VersionLabel").text().toStdString(), "Version 4.5.6");
+    button("cmdOK").click();
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(WindowTest, TheButtonsDoWhatTheyName) {
+    connectAndRead();
+    said();
+    button("Command2").click();
+    EXPECT_EQ(said(), "Run 1\rStart Running Profile\r");
+    greeting = "V512\r";
+    button("ResetButton").click();
+    EXPECT_TRUE(said().starts_with("Abort Run\rAbort Run Function\r"));
+    button("Command9").click();
+    EXPECT_EQ(said(), "Clear Spread Sheet\r");
+    button("Command10").click();
+    EXPECT_EQ(said(), "Loading Spread Sheet\r");
+    button("Command11").click();
+    EXPECT_EQ(said(), "Save Spread Sheet\r");
+}
+
+TEST_F(WindowTest, WhatCanBePressedFollowsTheProcedures) {
+    const auto enabled = [this] {
+        std::string names;
+        for (const char* name : {"AutoConnect1", "ManualConnect2", "ClosePort", "Quit", "DownloadView"}) {
+            names += item(name).isEnabled() ? std::string(name) + " " : "";
+        }
+        for (const char* name : {"Command2", "ResetButton", "ResetShutterButton", "Command9", "Command11"}) {
+            names += button(name).isEnabled() ? std::string(name) + " " : "";
+        }
+        return names;
+    };
+    program.fixit();
+    EXPECT_EQ(enabled(), "AutoConnect1 ManualConnect2 Quit ");
+    connectAndRead();
+    EXPECT_EQ(enabled(), "AutoConnect1 ClosePort Quit DownloadView "
+                         "Command2 ResetButton ResetShutterButton Command9 Command11 ");
+    program.run();
+    EXPECT_EQ(enabled(), "ClosePort Quit ResetButton Command11 ") << "nothing that would disturb a run";
+    com1.input = "R\r\n";
+    program.tick();
+    receiveRow();
+    com1.input = ">";
+    program.tick();
+    EXPECT_EQ(enabled(), "AutoConnect1 ClosePort Quit DownloadView "
+                         "Command2 ResetButton ResetShutterButton Command9 Command11 ");
+    program.closePort();
+    EXPECT_FALSE(button("ResetShutterButton").isVisibleTo(window.get()));
+    EXPECT_FALSE(button("Command2").isEnabled());
+    connectAndRead();
+    EXPECT_TRUE(button("ResetShutterButton").isVisibleTo(window.get()));
+}
+
+TEST_F(WindowTest, TheMenusOfAKnownInstrumentComeAndGo) {
+    const auto shown = [this] {
+        std::string names;
+        for (const QAction* action : window->menuBar()->actions()) {
+            names += action->isVisible() ? plain(action->text()) + " " : "";
+        }
+        return names;
+    };
+    program.fixit();
+    EXPECT_EQ(shown(), "Operation Help ");
+    connectAndRead();
+    EXPECT_EQ(shown(), "Operation Processing Settings Help ");
+    program.closePort();
+    EXPECT_EQ(shown(), "Operation Help ");
+}
+
+TEST_F(WindowTest, TheStatusPageShowsTheSession) {
+    const auto text = [this](const char* name) { return find<QLabel>(name).text().toStdString(); };
+    EXPECT_EQ(text("Label20"), "Offline");
+    EXPECT_EQ(text("FirmwareLabel"), "________");
+    EXPECT_EQ(text("Label23"), "________________");
+    connectAndRead();
+    EXPECT_EQ(text("Label20"), "Ready");
+    EXPECT_EQ(text("InstrumentLabel"), "TRX");
+    EXPECT_EQ(text("FirmwareLabel"), "512");
+    EXPECT_EQ(text("Label23"), "11/21/26");
+    EXPECT_EQ(text("Label22"), "9:30:14 AM");
+    EXPECT_EQ(text("BufferLabel"), "1");
+    EXPECT_EQ(button("ResetButton").toolTip().toStdString(),
+              "Stops current collection and requires the instrument to be reset.");
+}
+
+class TabsTest : public WindowTest {
+protected:
+    std::string shownPages() {
+        std::string names;
+        for (const char* name : {"StatusPage", "SheetPage", "GraphicalPage"}) {
+            names += find<QWidget>(name).isVisible() ? std::string(name) + " " : "";
+        }
+        return names;
+    }
+
+    void clickTab(QTabBar& strip, int index) {
+        const QPointF centre = strip.tabRect(index).center();
+        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, centre, strip.mapToGlobal(centre), Qt::LeftButton,
+                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&strip, &event);
+        }
+    }
+
+    QTabBar& upper = find<QTabBar>("TabStrip1");
+    QTabBar& lower = find<QTabBar>("TabStrip2");
+};
+
+TEST_F(TabsTest, TheStripsHaveTheirCaptionsAndToolTips) {
+    const auto captions = [](const QTabBar& strip) {
+        std::string all;
+        for (int index = 0; index < strip.count(); ++index) {
+            all += strip.tabText(index).toStdString() + "|";
+        }
+        return all;
+    };
+    EXPECT_EQ(captions(upper), "Status and Controls|Output: Spread Sheet|Output: Graphical|");
+    EXPECT_EQ(upper.toolTip().toStdString(), "Form Select Tabs.");
+    EXPECT_EQ(captions(lower), "Debug Screen|Testing|Calibration|");
+    EXPECT_EQ(lower.toolTip().toStdString(), "Special Tidelane Debug screens and Tools. Internal use only so far.");
+    EXPECT_TRUE(upper.isVisible());
+    EXPECT_FALSE(lower.isVisible());
+}
+
+TEST_F(TabsTest, EachUpperTabShowsItsPageAndSaysSo) {
+    EXPECT_EQ(shownPages(), "StatusPage ");
+    const std::pair<int, const char*> tabs[] = {{1, "SheetPage "}, {2, "GraphicalPage "}, {0, "StatusPage "}};
+    for (const auto& [index, page] : tabs) {
+        clickTab(upper, index);
+        EXPECT_EQ(shownPages(), page);
+        EXPECT_EQ(said(), "Tabstrip changing\r");
+    }
+}
+
+TEST_F(TabsTest, ALowerTabHidesTheUpperPageAndTheUpperTabBringsItBack) {
+    program.toggleServiceMode();
+    EXPECT_TRUE(lower.isVisible());
+    clickTab(upper, 1);
+    clickTab(lower, 1);
+    EXPECT_EQ(program.pages.shown.value(), Page::Testing);
+    EXPECT_EQ(shownPages(), "");
+    clickTab(upper, 1);
+    EXPECT_EQ(shownPages(), "SheetPage ");
+    clickTab(lower, 1);
+    EXPECT_EQ(program.pages.shown.value(), Page::Testing) << "the selected tab of a strip can be chosen again";
+}
+
+TEST_F(TabsTest, OnlyTheStripOfTheShownPageLooksChosen) {
+    const auto looksChosen = [](QTabBar& strip) {
+        auto& choice = dynamic_cast<ChoiceTabBar&>(strip);
+        const bool chosen = choice.isChosen();
+        const QImage before = strip.grab().toImage();
+        choice.setChosen(false);
+        const QImage unchosen = strip.grab().toImage();
+        choice.setChosen(chosen);
+        return before != unchosen;
+    };
+    program.toggleServiceMode();
+    clickTab(upper, 1);
+    EXPECT_TRUE(looksChosen(upper));
+    EXPECT_FALSE(looksChosen(lower));
+    clickTab(lower, 0);
+    EXPECT_EQ(program.pages.shown.value(), Page::Debug);
+    EXPECT_FALSE(looksChosen(upper));
+    EXPECT_TRUE(looksChosen(lower));
+    program.fixit();
+    EXPECT_TRUE(looksChosen(upper));
+    EXPECT_FALSE(looksChosen(lower));
+}
+
+TEST_F(TabsTest, KeysChooseAStripsOwnTabAgain) {
+    program.toggleServiceMode();
+    const auto press = [](QWidget& widget, int key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &event);
+    };
+    clickTab(upper, 2);
+    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        said();
+        press(lower, key);
+        EXPECT_EQ(program.pages.shown.value(), Page::Debug) << key;
+        EXPECT_EQ(said(), "");
+        press(upper, key);
+        EXPECT_EQ(shownPages(), "GraphicalPage ") << key;
+        EXPECT_EQ(said(), "Tabstrip changing\r");
+    }
+    press(upper, Qt::Key_Left);
+    EXPECT_EQ(shownPages(), "SheetPage ");
+    press(upper, Qt::Key_Return);
+    EXPECT_EQ(shownPages(), "SheetPage ");
+}
+
+TEST_F(TabsTest, OnlyCtrlAltHTogglesTheServiceMode) {
+    const auto press = [](QWidget& widget, int key, Qt::KeyboardModifiers modifiers) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers,
+                        modifiers == Qt::NoModifier ? QStringLiteral("h") : QString());
+        QCoreApplication::sendEvent(&widget, &event);
+    };
+    press(*window, Qt::Key_H, Qt::NoModifier);
+    press(*window, Qt::Key_H, Qt::ControlModifier);
+    press(*window, Qt::Key_H, Qt::AltModifier);
+    press(*window, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
+    press(*window, Qt::Key_G, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(program.session.state.trouble, 0);
+    EXPECT_FALSE(lower.isVisible());
+    press(*window, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(program.session.state.trouble, 1);
+    EXPECT_TRUE(lower.isVisible());
+    clickTab(upper, 1);
+    int presses = 0;
+    for (const char* name : {"Text37", "fg1", "Command11", "TabStrip1"}) {
+        press(find<QWidget>(name), Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
+        ++presses;
+        EXPECT_EQ(program.session.state.trouble, presses % 2 == 0 ? 1 : 0) << "with the focus on " << name;
+    }
+}
+
+TEST_F(TabsTest, AResetComesBackToTheUpperStripsPage) {
+    clickTab(upper, 1);
+    program.toggleServiceMode();
+    clickTab(lower, 2);
+    program.fixit();
+    EXPECT_EQ(shownPages(), "SheetPage ");
+}
+
+TEST_F(WindowTest, ChangingPagesNeverChangesTheWindowsSize) {
+    program.toggleServiceMode();
+    const QStringList captions = upperCaptions() + lowerCaptions();
+    const auto show = [this](const QString& caption) {
+        if (upperCaptions().contains(caption)) {
+            program.selectUpperTab(caption);
+        } else {
+            program.selectLowerTab(caption);
+        }
+        QCoreApplication::processEvents();
+    };
+    connectAndRead();
+    program.run();
+    com1.input = "R\r\n";
+    program.tick();
+    receiveRow();
+    for (const QSize size : {QSize(1000, 680), QSize(800, 600)}) {
+        show(captions.front());
+        window->resize(size);
+        QCoreApplication::processEvents();
+        ASSERT_EQ(window->size(), size);
+        for (const QString& from : captions) {
+            for (const QString& to : captions) {
+                show(from);
+                show(to);
+                ASSERT_EQ(window->size(), size) << qPrintable(from) << " to " << qPrintable(to);
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace orv

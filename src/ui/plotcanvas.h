@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "sheet/plotdata.h"
+#include "ui/plotcurve.h"
+
+#include <QIcon>
+
+#include <functional>
+
+namespace orv {
+
+/// Draws the curves and takes the operator's mouse and keys. It draws when drawNow() is called, when it is resized, and
+/// while the operator zooms, drags or moves the cursor.
+class PlotCanvas final : public QCustomPlot {
+public:
+    /// What the operator does; each must be set.
+    struct Actions {
+        std::function<void()> zoomed;               ///< He chose a part by zooming or dragging.
+        std::function<void()> showAll;              ///< Double click or Home.
+        std::function<void()> follow;               ///< End.
+        std::function<void(int point)> cursorMoved; ///< To a point, or to none (-1).
+    };
+
+    /// `curves` outlives the canvas.
+    PlotCanvas(const PlotData& curves, Actions actions, QWidget* parent = nullptr);
+
+    /// Lays all curves out anew after they have been replaced; every one is shown. The cursor moves to a point, or to
+    /// none (-1), which is not told.
+    void relay(int cursor);
+    /// Adds the points that have come.
+    void append();
+    void setShown(int curve, bool shown);
+    /// Draws one curve thicker than the others; none for -1.
+    void emphasise(int curve);
+    void setRanges(PlotView::Range places, PlotView::Range values);
+    PlotView::Range places() const;
+    /// Text in the place of the curves; none if empty.
+    void setHint(const QString& hint);
+    /// While rows come in, curves are drawn without antialiasing.
+    void setLive(bool live);
+    void setTheme(const PlotTheme& theme);
+    /// Takes over the widget's font.
+    void refreshFont();
+
+    void drawNow();
+    /// How often curves have been drawn on the screen.
+    int drawings() const { return drawings_; }
+
+    /// The curves as a picture of its own, black on white with a legend, `width` x `height` in units of a screen's
+    /// pixels.
+    void paintPicture(QCPPainter& painter, int width, int height);
+
+    /// The curve's line and symbol, for a legend.
+    QIcon swatch(int curve) const;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void layOutAxis();
+    void applyTheme(const PlotTheme& theme);
+    QPen penOf(int curve) const;
+    QCPScatterStyle symbolOf(int curve, const QColor& background) const;
+    void placeSymbols();
+    int pointAt(const QPointF& position) const;
+    void moveCursor(int point);
+    void placeCursor(int point);
+    void zoom(double factor);
+
+    const PlotData& data_;
+    Actions actions_;
+    PlotTheme theme_;
+    QCPItemStraightLine* cursorLine_;
+    QCPItemText* hint_;
+    bool settingRanges_ = false;
+    int drawnPoints_ = 0;
+    int cursor_ = -1;
+    int emphasised_ = -1;
+    double lineWidth_ = 1.0;
+    int drawings_ = 0;
+};
+
+} // namespace orv

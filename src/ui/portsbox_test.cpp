@@ -1,0 +1,337 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/screenchecks.h"
+#include "testing/windowtest.h"
+#include "ui/portsbox.h"
+
+#include <QAbstractItemView>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QWheelEvent>
+
+namespace orv {
+namespace {
+
+class PortsBoxTest : public WindowTest {
+protected:
+    PortsBoxTest() { plug("ttyUSB0", "Serial Adapter"); }
+
+    void plug(const char* name, const char* description = "") {
+        portList.plugged.push_back({QString::fromLatin1(name), QString::fromLatin1(description), QString()});
+        program.portChoices.refresh();
+    }
+
+    void unplugAll() {
+        portList.plugged.clear();
+        program.portChoices.refresh();
+    }
+
+    std::string listed() const {
+        std::string all;
+        for (int row = 0; row < chooser.view()->model()->rowCount(); ++row) {
+            all += chooser.view()->model()->index(row, 0).data(Qt::DisplayRole).toString().toStdString() + "\n";
+        }
+        return all;
+    }
+
+    /// Presses keys as an operator does: without replacing what the box holds.
+    void typeOn(const char* text) {
+        for (const char character : std::string(text)) {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(QLatin1Char(character)));
+            QApplication::sendEvent(&edit, &press);
+        }
+    }
+
+    void leave(Qt::FocusReason reason) {
+        QFocusEvent out(QEvent::FocusOut, reason);
+        QApplication::sendEvent(&edit, &out);
+    }
+
+    std::string shown() const { return edit.text().toStdString(); }
+    std::string device() const { return program.ports.device(1).toStdString(); }
+    std::string complaint() { return complaintLabel.isHidden() ? "" : complaintLabel.text().toStdString(); }
+
+    PortChooser& chooser = find<PortChooser>("PortChooser1");
+    PortChooser& second = find<PortChooser>("PortChooser2");
+    QLineEdit& edit = *chooser.lineEdit();
+    QLabel& complaintLabel = find<QLabel>("PortProblem1");
+};
+
+const char* const simulated = "sim:trx - simulated scattering meter\nsim:glow - simulated fluorometer\n";
+
+TEST_F(PortsBoxTest, StartsWithTheDevicesOfTheCommandLine) {
+    EXPECT_EQ(shown(), "ttyA");
+    EXPECT_EQ(second.currentText().toStdString(), "ttyB");
+    EXPECT_EQ(complaint(), "");
+}
+
+TEST_F(PortsBoxTest, ListsThePortsWithWhatTheySayAndTakesTheDeviceAlone) {
+    EXPECT_EQ(listed(), std::string("ttyUSB0 - Serial Adapter\n") + simulated);
+    chooser.showPopup();
+    chooser.view()->setCurrentIndex(chooser.model()->index(0, 0));
+    pressKey(*chooser.view(), Qt::Key_Return);
+    EXPECT_FALSE(chooser.view()->isVisible());
+    EXPECT_EQ(shown(), "ttyUSB0");
+    EXPECT_EQ(device(), "ttyUSB0");
+    EXPECT_TRUE(chooser.toolTip().startsWith(QStringLiteral("ttyUSB0 - Serial Adapter.")));
+}
+
+TEST_F(PortsBoxTest, TheArrowKeysStepThroughTheList) {
+    pressKey(chooser, Qt::Key_Down);
+    EXPECT_EQ(device(), "ttyUSB0");
+    pressKey(chooser, Qt::Key_Down);
+    EXPECT_EQ(device(), "sim:trx");
+    EXPECT_EQ(shown(), "sim:trx");
+    pressKey(chooser, Qt::Key_Up);
+    EXPECT_EQ(device(), "ttyUSB0");
+}
+
+TEST_F(PortsBoxTest, OpeningTheListBringsItUpToDate) {
+    portList.plugged.clear();
+    chooser.showPopup();
+    EXPECT_EQ(listed(), simulated);
+    chooser.hidePopup();
+}
+
+TEST_F(PortsBoxTest, AnOpenListStaysOpenWhilePortsComeAndGo) {
+    chooser.showPopup();
+    chooser.view()->setCurrentIndex(chooser.model()->index(1, 0));
+    plug("ttyACM0");
+    EXPECT_TRUE(chooser.view()->isVisible());
+    EXPECT_EQ(listed(), std::string("ttyACM0\nttyUSB0 - Serial Adapter\n") + simulated);
+    unplugAll();
+    EXPECT_TRUE(chooser.view()->isVisible());
+    EXPECT_EQ(listed(), simulated);
+    EXPECT_EQ(chooser.view()->currentIndex().data(Qt::EditRole).toString().toStdString(), "sim:trx");
+    pressKey(*chooser.view(), Qt::Key_Return);
+    EXPECT_EQ(device(), "sim:trx");
+}
+
+TEST_F(PortsBoxTest, AChosenPortThatVanishesStaysChosenAndComesBack) {
+    pressKey(chooser, Qt::Key_Down);
+    unplugAll();
+    EXPECT_EQ(shown(), "ttyUSB0");
+    EXPECT_EQ(device(), "ttyUSB0");
+    EXPECT_EQ(chooser.currentIndex(), -1);
+    plug("ttyACM0");
+    plug("ttyUSB0", "Another Adapter");
+    EXPECT_EQ(shown(), "ttyUSB0");
+    EXPECT_EQ(device(), "ttyUSB0");
+    EXPECT_EQ(chooser.currentIndex(), 1);
+    EXPECT_TRUE(chooser.toolTip().startsWith(QStringLiteral("ttyUSB0 - Another Adapter.")));
+}
+
+TEST_F(PortsBoxTest, WhatIsBeingTypedSurvivesPortsThatComeAndGo) {
+    pressKey(chooser, Qt::Key_Down);
+    type(edit, "/dev/tty");
+    edit.setSelection(8, -3);
+    const auto expectKept = [this] {
+        EXPECT_EQ(shown(), "/dev/tty");
+        EXPECT_EQ(edit.selectedText().toStdString(), "tty");
+        EXPECT_EQ(edit.cursorPosition(), 5);
+        EXPECT_EQ(device(), "ttyUSB0");
+    };
+    unplugAll();
+    expectKept();
+    plug("ttyS0");
+    expectKept();
+    plug("ttyUSB0");
+    expectKept();
+    portList.plugged[1].description = QStringLiteral("Adapter");
+    program.portChoices.refresh();
+    expectKept();
+    edit.setSelection(0, 4);
+    unplugAll();
+    EXPECT_EQ(edit.selectedText().toStdString(), "/dev");
+    EXPECT_EQ(edit.cursorPosition(), 4);
+    edit.setCursorPosition(2);
+    plug("ttyUSB0");
+    EXPECT_EQ(edit.cursorPosition(), 2);
+    edit.end(false);
+    typeOn("S5");
+    pressKey(edit, Qt::Key_Return);
+    EXPECT_EQ(device(), "/dev/ttyS5");
+}
+
+TEST_F(PortsBoxTest, ATypedDeviceCountsWhenItIsFinished) {
+    type(edit, "ttyS7");
+    EXPECT_EQ(device(), "ttyA");
+    pressKey(edit, Qt::Key_Return);
+    EXPECT_EQ(device(), "ttyS7");
+    type(edit, " /dev/ttyS8 ");
+    leave(Qt::TabFocusReason);
+    EXPECT_EQ(device(), "/dev/ttyS8");
+    EXPECT_EQ(shown(), "/dev/ttyS8");
+    type(edit, "ttyS9");
+    leave(Qt::PopupFocusReason); // the menu is opened
+    EXPECT_EQ(device(), "ttyS9");
+}
+
+TEST_F(PortsBoxTest, EscapeTakesBackWhatWasTyped) {
+    type(edit, "nonsense");
+    pressKey(edit, Qt::Key_Escape);
+    EXPECT_EQ(shown(), "ttyA");
+    EXPECT_EQ(device(), "ttyA");
+}
+
+TEST_F(PortsBoxTest, AMalformedNameIsToldBelowTheBoxAndStaysForMending) {
+    type(edit, "my port");
+    pressKey(edit, Qt::Key_Return);
+    EXPECT_EQ(complaint(), "\"my port\" is no device. COM 1 stays ttyA.");
+    EXPECT_EQ(shown(), "my port");
+    EXPECT_EQ(device(), "ttyA");
+    unplugAll();
+    EXPECT_EQ(shown(), "my port");
+    pressKey(edit, Qt::Key_Escape);
+    EXPECT_EQ(complaint(), "");
+    EXPECT_EQ(shown(), "ttyA");
+    type(edit, "my port");
+    pressKey(edit, Qt::Key_Return);
+    type(edit, "myport");
+    pressKey(edit, Qt::Key_Return);
+    EXPECT_EQ(complaint(), "");
+    EXPECT_EQ(device(), "myport");
+}
+
+TEST_F(PortsBoxTest, TheOtherPortsDeviceIsRefused) {
+    type(edit, "/dev/ttyB");
+    pressKey(edit, Qt::Key_Return);
+    EXPECT_EQ(complaint(),
+              "COM 2 is set to ttyB already. Choose another device here, or change COM 2 first. COM 1 stays ttyA.");
+    EXPECT_EQ(device(), "ttyA");
+}
+
+TEST_F(PortsBoxTest, CannotBeChangedWhileThePortIsOpen) {
+    EXPECT_TRUE(chooser.isEnabled());
+    type(edit, "my port");
+    pressKey(edit, Qt::Key_Return);
+    connectAndRead();
+    EXPECT_FALSE(chooser.isEnabled());
+    EXPECT_EQ(shown(), "ttyA") << "what is open, not what was typed";
+    EXPECT_EQ(complaint(), "");
+    EXPECT_TRUE(chooser.toolTip().contains(QStringLiteral("\"Close Port\"")));
+    plug("ttyA");
+    EXPECT_EQ(shown(), "ttyA");
+    item("ClosePort").trigger();
+    EXPECT_TRUE(chooser.isEnabled());
+}
+
+TEST_F(PortsBoxTest, CannotBeChangedDuringAnAttemptAndAnOpenListCloses) {
+    chooser.showPopup();
+    type(edit, "half");
+    int waitsSeen = 0;
+    atWait = [&](int) {
+        ++waitsSeen;
+        EXPECT_FALSE(chooser.isEnabled());
+        EXPECT_FALSE(chooser.view()->isVisible());
+        EXPECT_EQ(shown(), "ttyA");
+        com1.input = "V512\r";
+    };
+    program.autoConnect1();
+    EXPECT_EQ(waitsSeen, 1);
+}
+
+TEST_F(PortsBoxTest, TheDebugOutputLocksItsPort) {
+    EXPECT_FALSE(second.isEnabled());
+    EXPECT_TRUE(second.toolTip().contains(QStringLiteral("debug output")));
+    com2.failureReason = QStringLiteral("Gone.");
+    program.ports.debugsay(QStringLiteral("text"));
+    EXPECT_TRUE(second.isEnabled());
+}
+
+TEST_F(PortsBoxTest, ALockedDeviceIsAsReadableInLightAndDark) {
+    for (const QColor& text : {QColor(Qt::white), QColor(Qt::black)}) {
+        QPalette palette;
+        palette.setColor(QPalette::Text, text);
+        palette.setColor(QPalette::Disabled, QPalette::Text, Qt::gray);
+        chooser.setPalette(palette);
+        EXPECT_EQ(edit.palette().color(QPalette::Disabled, QPalette::Text), text);
+    }
+}
+
+TEST_F(PortsBoxTest, TheWheelChangesNothing) {
+    QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&chooser, &event);
+    EXPECT_EQ(device(), "ttyA");
+}
+
+TEST_F(PortsBoxTest, LongNamesAndDescriptionsDoNotWidenTheWindow) {
+    const int width = window->minimumSizeHint().width();
+    const std::string longText(300, 'W');
+    plug("ttyUSB1", longText.c_str());
+    type(edit, (longText + " " + longText).c_str());
+    pressKey(edit, Qt::Key_Return);
+    EXPECT_NE(complaint(), "");
+    EXPECT_EQ(window->minimumSizeHint().width(), width);
+    chooser.showPopup();
+    EXPECT_LE(chooser.view()->width(), chooser.width());
+    EXPECT_LE(chooser.view()->sizeHintForColumn(0), chooser.width());
+    chooser.hidePopup();
+    type(edit, longText.c_str());
+    pressKey(edit, Qt::Key_Return);
+    EXPECT_EQ(device(), longText);
+    EXPECT_EQ(window->minimumSizeHint().width(), width);
+}
+
+TEST_F(PortsBoxTest, FollowsThePortsWhileItCanBeSeenOnly) {
+    auto& timer = find<QTimer>("PortRefresh");
+    EXPECT_TRUE(timer.isActive());
+    timer.setInterval(1);
+    portList.plugged.clear();
+    const int before = portList.listings;
+    QElapsedTimer patience;
+    patience.start();
+    while (portList.listings == before && patience.elapsed() < 60'000) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_EQ(listed(), simulated);
+    program.selectUpperTab(QStringLiteral("Output: Spread Sheet"));
+    EXPECT_FALSE(timer.isActive());
+    program.selectUpperTab(QStringLiteral("Status and Controls"));
+    EXPECT_TRUE(timer.isActive());
+    window->hide();
+    EXPECT_FALSE(timer.isActive());
+}
+
+TEST_F(PortsBoxTest, IsOperableByKeyboardAndNamed) {
+    expectOperable(find<QWidget>("StatusPage"));
+    for (const PortChooser* port : {&chooser, &second}) {
+        EXPECT_FALSE(port->accessibleName().isEmpty());
+        EXPECT_FALSE(port->accessibleDescription().isEmpty());
+        EXPECT_EQ(port->lineEdit()->accessibleName(), port->accessibleName());
+        EXPECT_TRUE((port->focusPolicy() & Qt::TabFocus) != 0);
+    }
+    const auto buddies = find<QWidget>("PortsBox").findChildren<QLabel*>();
+    EXPECT_EQ(std::count_if(buddies.begin(), buddies.end(),
+                            [this](const QLabel* label) {
+                                return (label->buddy() == &chooser && label->text() == QLatin1String("COM &1")) ||
+                                       (label->buddy() == &second && label->text() == QLatin1String("COM &2"));
+                            }),
+              2);
+}
+
+TEST_F(PortsBoxTest, ASimulatedInstrumentIsMarkedOnEveryPageAndInTheTitle) {
+    auto& marker = find<QLabel>("SimulationMarker");
+    EXPECT_FALSE(marker.isVisible());
+    EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program");
+    type(edit, "sim:trx");
+    pressKey(edit, Qt::Key_Return);
+    program.toggleServiceMode();
+    for (const QString& caption : upperCaptions()) {
+        program.selectUpperTab(caption);
+        EXPECT_TRUE(marker.isVisible()) << qPrintable(caption);
+    }
+    for (const QString& caption : lowerCaptions()) {
+        program.selectLowerTab(caption);
+        EXPECT_TRUE(marker.isVisible()) << qPrintable(caption);
+    }
+    EXPECT_EQ(marker.text().toStdString(), "Simulated instrument on COM 1");
+    EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program (simulated instrument)");
+    type(edit, "ttyA");
+    pressKey(edit, Qt::Key_Return);
+    EXPECT_FALSE(marker.isVisible());
+    EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program");
+}
+
+} // namespace
+} // namespace orv

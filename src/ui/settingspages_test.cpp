@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/settingswindowtest.h"
+
+#include "ui/widgets.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace orv {
+
+namespace {
+
+class SettingsPagesTest : public SettingsWindowTest {
+protected:
+    QRadioButton& option(int number) const {
+        return find<QRadioButton>(QByteArray("SamplingOption" + QByteArray::number(number)).constData());
+    }
+};
+
+TEST_F(SettingsPagesTest, ModesAreDescribed) {
+    EXPECT_EQ(
+        find<QLabel>("ProfileDescription").text(),
+        QStringLiteral("This mode Autostarts, takes 1 data point per second, and repeats this indefinatly. Data is "
+                       "NOT logged."));
+    EXPECT_EQ(find<QLabel>("MooredDescription").text(),
+              QStringLiteral("This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up "
+                             "to 60000 data points."));
+    settings.modeRemark = QStringLiteral("Saved as a.OCM.");
+    EXPECT_EQ(find<QLabel>("ModeRemark").text(), QStringLiteral("Saved as a.OCM."));
+}
+
+TEST_F(SettingsPagesTest, CaptionsAreTheOnesOfTheControls) {
+    const std::pair<const char*, const char*> table[] = {
+        {"Profile", "Profile"},
+        {"Moored", "Moored"},
+        {"SaveAUserDefinedMode", "Save A User Defined Mode"},
+        {"LoadAUserDefinedMode", "Load A User Defined Mode"},
+        {"ViewCurrentSettingsTranscribedAsText", "View Current Settings Transcribed as Text"},
+        {"DisplayLoggerTimeDate", "Display Logger Time/Date"},
+        {"SyncTimeDate", "Sync Time/Date"},
+        {"AutoStart", "Auto Start"},
+        {"Append", "Append"},
+        {"LogEnabled", "Log Enabled"},
+        {"WakeUp", "Wake Up"},
+        {"AuxAdc", "Aux ADC"},
+        {"Gain", "Gain"},
+        {"CalcBValues", "Calc B Values"},
+        {"TrxProvideRawCounts", "Provide Raw Counts"},
+        {"CalcConsentrationInUgL", "Calc Consentration in ug/L"},
+        {"GlowProvideRawCounts", "Provide Raw Counts"},
+        {"Command6", "Load Device File"},
+        {"Command11", "Save Device File"},
+        {"Command13", "Load Device File"},
+        {"Command12", "Save Device File"},
+        {"RetrieveSettings", "Retrieve Settings"},
+        {"ApplySettings", "Apply Settings"},
+        {"Close", "Close"},
+    };
+    for (const auto& [name, caption] : table) {
+        EXPECT_EQ(find<QAbstractButton>(name).text().remove(QLatin1Char('&')), QString::fromLatin1(caption));
+    }
+    QStringList labels;
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        labels << label->text().remove(QLatin1Char('&'));
+    }
+    for (const char* caption :
+         {"Samples Per Second", "Delay Before Data Blocks (hours)", "Number of Data Points per Data Block",
+          "Delay Between Data Points (Seconds)", "Max Values", "Logger Capacity (% full)", "Angle 100 (l1)",
+          "Angle 125 (l2)", "Angle 150 (l3)", "1/mC", "Fchl =", "Counts -", "ug/IC"}) {
+        EXPECT_EQ(labels.count(QString::fromLatin1(caption)), 1) << caption;
+    }
+    EXPECT_EQ(labels.count(QStringLiteral("65535")), 2);
+    EXPECT_EQ(labels.count(QStringLiteral("Clean Water Offset")), 2);
+}
+
+TEST_F(SettingsPagesTest, ClocksAreShown) {
+    settings.computerDate = QStringLiteral("11/21/26");
+    settings.computerTime = QStringLiteral("9:30:15 AM");
+    settings.loggerDate = QStringLiteral("1/5/99");
+    settings.loggerTime = QStringLiteral("0:15:07 PM");
+    EXPECT_EQ(find<QLabel>("ComputerDate").text(), QStringLiteral("11/21/26"));
+    EXPECT_EQ(find<QLabel>("ComputerTime").text(), QStringLiteral("9:30:15 AM"));
+    EXPECT_EQ(find<QLabel>("LoggerDate").text(), QStringLiteral("1/5/99"));
+    EXPECT_EQ(find<QLabel>("LoggerTime").text(), QStringLiteral("0:15:07 PM"));
+}
+
+TEST_F(SettingsPagesTest, CheckBoxesAreTheRecord) {
+    const std::pair<const char*, QProperty<bool>*> table[] = {
+        {"AutoStart", &settings.record.autoStart},   {"Append", &settings.record.append},
+        {"LogEnabled", &settings.record.logEnabled}, {"WakeUp", &settings.record.wakeUp},
+        {"AuxAdc", &settings.record.auxAdc},         {"Gain", &settings.record.gain},
+        {"SyncTimeDate", &settings.syncTimeDate},
+    };
+    for (const auto& [name, flag] : table) {
+        auto& box = find<QCheckBox>(name);
+        *flag = true;
+        EXPECT_TRUE(box.isChecked()) << name;
+        box.click();
+        EXPECT_FALSE(flag->value()) << name;
+        box.click();
+        EXPECT_TRUE(flag->value()) << name;
+        *flag = false;
+        EXPECT_FALSE(box.isChecked()) << name;
+    }
+}
+
+TEST_F(SettingsPagesTest, TextBoxesAreTheRecord) {
+    const std::pair<const char*, QProperty<QString>*> table[] = {
+        {"Text1", &settings.record.hoursBeforeBlock},     {"Text2", &settings.record.samplesPerPoint},
+        {"Text3", &settings.record.secondsBetweenPoints}, {"Text4", &settings.record.pointsPerBlock},
+        {"Text10", &settings.trxCalibration[0].offset},   {"Text8", &settings.trxCalibration[1].offset},
+        {"Text9", &settings.trxCalibration[2].offset},    {"Text13", &settings.trxCalibration[0].scale},
+        {"Text11", &settings.trxCalibration[1].scale},    {"Text12", &settings.trxCalibration[2].scale},
+        {"GlowOffset", &settings.glowCalibration.offset}, {"GlowScale", &settings.glowCalibration.scale},
+    };
+    for (const auto& [name, text] : table) {
+        auto& box = find<QLineEdit>(name);
+        *text = QStringLiteral("12");
+        EXPECT_EQ(box.text(), QStringLiteral("12")) << name;
+        press(box, Qt::Key_Backspace);
+        type(box, "7");
+        EXPECT_EQ(text->value(), QStringLiteral("17")) << name;
+    }
+}
+
+TEST_F(SettingsPagesTest, CalibrationBoxesStandInTheirColumns) {
+    openAt("Calibration");
+    const auto at = [this](const char* name) { return find<QLineEdit>(name).mapTo(&window, QPoint(0, 0)); };
+    const char* const offsets[] = {"Text10", "Text8", "Text9"};
+    const char* const scales[] = {"Text13", "Text11", "Text12"};
+    for (std::size_t row = 0; row < 3; ++row) {
+        EXPECT_EQ(at(offsets[row]).x(), at("Text10").x());
+        EXPECT_EQ(at(scales[row]).x(), at("Text13").x());
+        EXPECT_EQ(at(offsets[row]).y(), at(scales[row]).y());
+        EXPECT_LT(at(offsets[row]).x(), at(scales[row]).x());
+    }
+    EXPECT_LT(at("Text10").y(), at("Text8").y());
+    EXPECT_LT(at("Text8").y(), at("Text9").y());
+}
+
+TEST_F(SettingsPagesTest, CalibrationStartsAtNothingChanged) {
+    for (const char* name : {"Text10", "Text8", "Text9", "GlowOffset"}) {
+        EXPECT_EQ(find<QLineEdit>(name).text(), QStringLiteral("0")) << name;
+    }
+    for (const char* name : {"Text13", "Text11", "Text12", "GlowScale"}) {
+        EXPECT_EQ(find<QLineEdit>(name).text(), QStringLiteral("1")) << name;
+    }
+    EXPECT_TRUE(find<QRadioButton>("TrxProvideRawCounts").isChecked());
+    EXPECT_TRUE(find<QRadioButton>("GlowProvideRawCounts").isChecked());
+}
+
+TEST_F(SettingsPagesTest, EachFrameHasItsOwnChoiceOfCalculation) {
+    find<QRadioButton>("CalcBValues").click();
+    EXPECT_FALSE(settings.trxProvideRawCounts.value());
+    EXPECT_TRUE(settings.glowProvideRawCounts.value());
+    find<QRadioButton>("CalcConsentrationInUgL").click();
+    EXPECT_FALSE(settings.glowProvideRawCounts.value());
+    find<QRadioButton>("TrxProvideRawCounts").click();
+    EXPECT_TRUE(settings.trxProvideRawCounts.value());
+    EXPECT_FALSE(find<QRadioButton>("CalcBValues").isChecked());
+    settings.glowProvideRawCounts = true;
+    EXPECT_TRUE(find<QRadioButton>("GlowProvideRawCounts").isChecked());
+    EXPECT_FALSE(find<QRadioButton>("CalcConsentrationInUgL").isChecked());
+}
+
+TEST_F(SettingsPagesTest, DeviceFilesAreForTheScatteringMeterOnly) {
+    find<QPushButton>("Command13").click();
+    find<QPushButton>("Command12").click();
+    EXPECT_EQ(deviceFiles.loads + deviceFiles.saves, 0);
+    find<QPushButton>("Command6").click();
+    EXPECT_EQ(deviceFiles.loads, 1);
+    EXPECT_EQ(deviceFiles.saves, 0);
+    find<QPushButton>("Command11").click();
+    EXPECT_EQ(deviceFiles.loads, 1);
+    EXPECT_EQ(deviceFiles.saves, 1);
+}
+
+TEST_F(SettingsPagesTest, AChosenSamplingOptionWritesItsPreset) {
+    openAt("Sampling");
+    session.status.instrument = QStringLiteral("GLOW");
+    option(3).click();
+    EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("90"));
+    EXPECT_EQ(find<QLineEdit>("Text2").text(), QStringLiteral("90"));
+    session.status.instrument = QStringLiteral("TRX");
+    option(4).click();
+    EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("210"));
+    option(4).setFocus();
+    press(option(4), Qt::Key_Left);
+    EXPECT_TRUE(option(3).isChecked());
+    EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("100")) << "the arrow keys choose too";
+}
+
+TEST_F(SettingsPagesTest, AnOptionThatAReportSelectsLeavesTheText) {
+    settings.record.samplesPerPoint = QStringLiteral("77");
+    for (const int selected : {2, 4, 0, 1}) {
+        settings.samplingOption = selected;
+        for (int number = 1; number <= 4; ++number) {
+            EXPECT_EQ(option(number).isChecked(), number == selected) << selected;
+        }
+    }
+    EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("77"));
+}
+
+TEST_F(SettingsPagesTest, OptionsAreCaptionedByTheTypeLabel) {
+    const std::pair<const char*, QStringList> table[] = {
+        {"TRX", QStringLiteral("2 1 1/2 1/4").split(QLatin1Char(' '))},
+        {"GLOW", QStringLiteral("5 3 2 1").split(QLatin1Char(' '))},
+        {"________", QStringLiteral("2 1 1/2 1/4").split(QLatin1Char(' '))},
+    };
+    for (const auto& [type, captions] : table) {
+        session.status.instrument = QString::fromLatin1(type);
+        QStringList shown;
+        for (int number = 1; number <= 4; ++number) {
+            shown << option(number).text().remove(u'&');
+        }
+        EXPECT_EQ(shown, captions);
+    }
+}
+
+TEST_F(SettingsPagesTest, CapacityIsShown) {
+    settings.capacity = QStringLiteral("12.3");
+    settings.memoryPointer = QStringLiteral("8123");
+    EXPECT_EQ(find<QLabel>("LoggerCapacity").text(), QStringLiteral("12.3"));
+    EXPECT_EQ(find<QLabel>("MemoryPointer").text(), QStringLiteral("8123"));
+}
+
+TEST_F(SettingsPagesTest, ANumberTooLargeIsToldWhenTheBoxIsLeftYetSent) {
+    openAt("Sampling");
+    for (const char* name : {"Text3", "Text4"}) {
+        auto& box = find<QLineEdit>(name);
+        auto& remark = find<QLabel>((QByteArray(name) + "Remark").constData());
+        box.setFocus();
+        box.selectAll();
+        type(box, "65536");
+        EXPECT_FALSE(remark.isVisible()) << name;
+        tellFocus(box, QEvent::FocusOut);
+        EXPECT_TRUE(remark.isVisible()) << name;
+        EXPECT_TRUE(remark.text().endsWith(QStringLiteral("65536 is more than the maximum of 65535."))) << name;
+    }
+    find<QPushButton>("ApplySettings").click();
+    EXPECT_EQ(writes.at(7).bytes, "65536\r");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(SettingsPagesTest, TheLampTellsWhatGoesOn) {
+    const std::pair<Lamp, QColor> table[] = {{Lamp::Reading, QColor(255, 0, 0)},
+                                             {Lamp::Sending, QColor(255, 255, 0)},
+                                             {Lamp::Sent, QColor(0, 255, 0)},
+                                             {Lamp::Read, QColor(0, 0, 255)}};
+    openAt("Control Bits");
+    auto& lamp = find<QWidget>("Lamp");
+    for (const auto& [shown, colour] : table) {
+        settings.lamp = shown;
+        const QImage image = lamp.grab().toImage();
+        EXPECT_EQ(image.pixelColor(image.rect().center()), colour);
+        EXPECT_EQ(find<QLabel>("LampText").text(), lampText(shown));
+        EXPECT_EQ(lamp.accessibleDescription(), lampText(shown));
+    }
+}
+
+} // namespace
+
+} // namespace orv

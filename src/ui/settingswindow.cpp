@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/settingswindow.h"
+
+#include "ui/settingspages.h"
+#include "ui/widgets.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace orv {
+
+namespace {
+
+QString calibrationTab() {
+    return QStringLiteral("Calibration");
+}
+
+QStringList tabCaptions() {
+    return {QStringLiteral("Modes"), QStringLiteral("Time and Date"), QStringLiteral("Control Bits"),
+            QStringLiteral("Sampling"), calibrationTab()};
+}
+
+} // namespace
+
+SettingsWindow::SettingsWindow(const Parts& parts, QWidget* parent)
+    : QWidget(parent, Qt::Window)
+    , p_(parts)
+    , tabs_(new ChoiceTabBar(tabCaptions()))
+    , frames_(new QStackedWidget)
+    , plainEnglish_(new PlainEnglishWindow(parts.panel.record, this)) {
+    setObjectName(QStringLiteral("LoggerSettings"));
+    setWindowTitle(QStringLiteral("Logger Settings"));
+    tabs_->setObjectName(QStringLiteral("SettingsTabs"));
+    tabs_->setAccessibleName(QStringLiteral("Groups of settings"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(tabs_);
+    layout->addWidget(frames_, 1);
+    makePages();
+    layout->addLayout(makeButtons());
+    makeTabShortcuts();
+    clearforms();
+
+    tabs_->tabChosen = [this](const QString& caption) { showFrame(caption); };
+    bindings_.bind(p_.session.status.instrument, [this](const QString& type) {
+        // The frame stays when the type is only forgotten, so that nothing goes from under the operator's hands.
+        if (chosen_ == calibrationTab() && (type == QLatin1String("GLOW") || type == QLatin1String("TRX"))) {
+            showFrame(chosen_);
+        }
+    });
+    bindings_.bind(p_.panel.visible, [this](bool on) {
+        if (on) {
+            present();
+        } else {
+            hide();
+        }
+    });
+}
+
+void SettingsWindow::makePages() {
+    noTabHint_ = makeHint(QStringLiteral("NoTabHint"), QStringLiteral("Choose a tab to see its settings."));
+    noTypeHint_ =
+        makeHint(QStringLiteral("NoTypeHint"), QStringLiteral("Connect an instrument to see its calibration."));
+    modesFrame_ = new ModesPage(p_.session, p_.panel, p_.modes, [this] { plainEnglish_->open(); });
+    timeFrame_ = new TimeAndDatePage(p_.session, p_.panel, p_.commands);
+    bitsFrame_ = new ControlBitsPage(p_.panel);
+    samplesFrame_ = new SamplesPage(p_.session, p_.panel, p_.commands);
+    trxFrame_ = new TrxCalibrationPage(p_.panel, p_.actions);
+    glowFrame_ = new GlowCalibrationPage(p_.panel);
+    for (QWidget* page :
+         {noTabHint_, noTypeHint_, modesFrame_, timeFrame_, bitsFrame_, samplesFrame_, trxFrame_, glowFrame_}) {
+        frames_->addWidget(page);
+    }
+}
+
+QWidget* SettingsWindow::makeHint(const QString& name, const QString& text) const {
+    auto* hint = new QLabel(text);
+    hint->setObjectName(name);
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    return hint;
+}
+
+QLayout* SettingsWindow::makeButtons() {
+    QPushButton* retrieve = makeButton(
+        QStringLiteral("&Retrieve Settings"), QStringLiteral("RetrieveSettings"),
+        [this] { p_.commands.retrieveSettings(); }, QStringLiteral("Retrieve settings from the logger"));
+    QPushButton* apply = makeButton(
+        QStringLiteral("&Apply Settings"), QStringLiteral("ApplySettings"), [this] { p_.commands.applySettings(); },
+        QStringLiteral("Send Settings to the logger"));
+    QPushButton* closeButton = makeButton(
+        QStringLiteral("&Close"), QStringLiteral("Close"),
+        [this] {
+            if (p_.showMainWindow) {
+                p_.showMainWindow();
+            }
+            p_.panel.visible = false;
+        },
+        QStringLiteral("Verify that settings are correct before closing this window"));
+    auto* row = new QHBoxLayout;
+    row->addWidget(retrieve);
+    row->addWidget(apply);
+    row->addStretch(1);
+    row->addWidget(closeButton);
+    bindings_.bind(p_.session.commands.canCommand, [retrieve, apply](bool on) {
+        retrieve->setEnabled(on);
+        apply->setEnabled(on);
+    });
+    return row;
+}
+
+void SettingsWindow::makeTabShortcuts() {
+    const auto step = [this](int by) {
+        tabs_->choose(tabs_->isChosen() ? (tabs_->currentIndex() + by + tabs_->count()) % tabs_->count() : 0);
+    };
+    for (const auto& [key, by] : {std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, -1)}) {
+        auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), this);
+        connect(shortcut, &QShortcut::activated, this, [step, by = by] { step(by); });
+    }
+    for (int index = 0; index < tabs_->count(); ++index) {
+        const QKeySequence keys(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + index));
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, index] { tabs_->choose(index); });
+        tabs_->setTabToolTip(index, QStringLiteral("%1 (%2)").arg(tabs_->tabText(index), keys.toString()));
+    }
+}
+
+void SettingsWindow::chooseTab(const QString& caption) {
+    const auto index = static_cast<int>(tabCaptions().indexOf(caption));
+    if (index >= 0) {
+        tabs_->choose(index);
+    }
+}
+
+void SettingsWindow::present() {
+    p_.panel.visible = true;
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void SettingsWindow::clearforms() {
+    frames_->setCurrentWidget(noTabHint_);
+}
+
+void SettingsWindow::showFrame(const QString& caption) {
+    clearforms();
+    chosen_ = caption;
+    QWidget* frame = noTabHint_;
+    if (caption == QLatin1String("Modes")) {
+        frame = modesFrame_;
+    } else if (caption == QLatin1String("Time and Date")) {
+        frame = timeFrame_;
+    } else if (caption == QLatin1String("Control Bits")) {
+        frame = bitsFrame_;
+    } else if (caption == QLatin1String("Sampling")) {
+        frame = samplesFrame_;
+    } else if (caption == calibrationTab()) {
+        frame = calibrationFrame();
+    }
+    frames_->setCurrentWidget(frame);
+}
+
+QWidget* SettingsWindow::calibrationFrame() {
+    const QString type = p_.session.status.instrument;
+    if (type == QLatin1String("GLOW")) {
+        return glowFrame_;
+    }
+    return type == QLatin1String("TRX") ? trxFrame_ : noTypeHint_;
+}
+
+void SettingsWindow::closeEvent(QCloseEvent* event) {
+    p_.panel.visible = false;
+    QWidget::closeEvent(event);
+}
+
+} // namespace orv

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/windowtest.h"
+#include "ui/settingswindow.h"
+
+#include <QTabBar>
+#include <QtTest/QTest>
+
+namespace orv {
+namespace {
+
+class ShortcutsTest : public WindowTest {
+protected:
+    ShortcutsTest() { comeForward(); }
+
+    void comeForward() {
+        QCoreApplication::processEvents(); // a window that has just been shown takes the focus
+        QApplication::setActiveWindow(window.get());
+        window->setFocus();
+        QCoreApplication::processEvents();
+    }
+
+    void connectAndComeForward() {
+        connectAndRead();
+        comeForward();
+        ASSERT_TRUE(window->isActiveWindow());
+    }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(window->windowHandle(), key, modifiers);
+        QCoreApplication::processEvents();
+    }
+
+    /// What a key leads to, on each page in turn.
+    void expectOnEveryPage(Qt::Key key, Qt::KeyboardModifiers modifiers, const std::string& announcement) {
+        for (const QString& caption : upperCaptions() + lowerCaptions()) {
+            if (upperCaptions().contains(caption)) {
+                program.selectUpperTab(caption);
+            } else {
+                program.selectLowerTab(caption);
+            }
+            said();
+            press(key, modifiers);
+            EXPECT_EQ(said(), announcement) << "on the page " << caption.toStdString();
+        }
+    }
+};
+
+TEST_F(ShortcutsTest, OpenWorksOnEveryPage) {
+    program.toggleServiceMode();
+    expectOnEveryPage(Qt::Key_O, Qt::ControlModifier, "Loading Spread Sheet\r");
+}
+
+TEST_F(ShortcutsTest, SaveAsWorksOnEveryPageOnceItsButtonDoes) {
+    program.toggleServiceMode();
+    program.fixit();
+    expectOnEveryPage(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier, "");
+    connectAndComeForward();
+    expectOnEveryPage(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier, "Save Spread Sheet\r");
+}
+
+TEST_F(ShortcutsTest, RunStartsARunFromAnyPage) {
+    program.fixit();
+    said();
+    press(Qt::Key_F5, Qt::NoModifier);
+    EXPECT_EQ(said(), "") << "nothing is connected";
+    connectAndComeForward();
+    program.selectUpperTab(QStringLiteral("Output: Graphical"));
+    said();
+    press(Qt::Key_F5, Qt::NoModifier);
+    EXPECT_EQ(said(), "Run 1\rStart Running Profile\r");
+    press(Qt::Key_F5, Qt::NoModifier);
+    EXPECT_EQ(said(), "") << "a run is under way";
+}
+
+TEST_F(ShortcutsTest, NothingIsOpenedOverARun) {
+    connectAndComeForward();
+    program.run();
+    said();
+    press(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(said(), "");
+}
+
+TEST_F(ShortcutsTest, AHiddenRunButtonIsNotPressedByItsKey) {
+    connectAndComeForward();
+    program.session.commands.runVisible = false;
+    said();
+    press(Qt::Key_F5, Qt::NoModifier);
+    EXPECT_EQ(said(), "");
+}
+
+TEST_F(ShortcutsTest, PagesAreChosenByTheirNumber) {
+    press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(program.pages.shown.value(), Page::Sheet);
+    press(Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(program.pages.shown.value(), Page::Graphical);
+    press(Qt::Key_5, Qt::ControlModifier);
+    EXPECT_EQ(program.pages.shown.value(), Page::Graphical) << "service pages only in service mode";
+    program.toggleServiceMode();
+    press(Qt::Key_5, Qt::ControlModifier);
+    EXPECT_EQ(program.pages.shown.value(), Page::Testing);
+    press(Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(program.pages.shown.value(), Page::Graphical) << "the strip's own tab comes back";
+}
+
+TEST_F(ShortcutsTest, TheKeysStandInTheToolTips) {
+    EXPECT_TRUE(button("Command2").toolTip().endsWith(QStringLiteral("(F5)")));
+    EXPECT_TRUE(button("Command10").toolTip().endsWith(QStringLiteral("(Ctrl+O)")));
+    EXPECT_TRUE(button("Command11").toolTip().endsWith(QStringLiteral("(Ctrl+Shift+S)")));
+    EXPECT_EQ(find<QTabBar>("TabStrip1").tabToolTip(1).toStdString(), "Form Select Tabs. (Ctrl+2)");
+    EXPECT_TRUE(find<QTabBar>("TabStrip2").tabToolTip(2).endsWith(QStringLiteral("(Ctrl+6)")));
+    EXPECT_EQ(item("Quit").shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));
+}
+
+TEST_F(ShortcutsTest, EscClosesTheDialogs) {
+    item("About").trigger();
+    auto& about = find<QDialog>("AboutDialog");
+    QTest::keyClick(&about, Qt::Key_Escape);
+    EXPECT_FALSE(about.isVisible());
+
+    item("ManualConnect1").trigger();
+    auto& manual = find<QDialog>("ManualConnection");
+    ASSERT_TRUE(manual.isVisible());
+    QTest::keyClick(&manual, Qt::Key_Escape);
+    EXPECT_FALSE(manual.isVisible());
+}
+
+TEST_F(ShortcutsTest, EscHidesTheProcessingDialogAndTheDownloadGoesOn) {
+    connectAndRead();
+    item("DownloadView").trigger();
+    auto& dialog = find<QDialog>("Processing");
+    ASSERT_TRUE(dialog.isVisible());
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::importing);
+    EXPECT_EQ(program.session.commands.activity.value(), Activity::Downloading);
+}
+
+TEST_F(ShortcutsTest, EscLeavesTheSettingsOpen) {
+    program.showSettingsForm();
+    SettingsWindow& settings = *window->settingsWindow();
+    QTest::keyClick(&settings, Qt::Key_Escape);
+    EXPECT_TRUE(settings.isVisible()) << "it is a window of its own, which \"Close\" closes";
+}
+
+} // namespace
+} // namespace orv

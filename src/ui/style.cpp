@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/style.h"
+
+#include <QStyleOptionButton>
+
+#include <algorithm>
+#include <cmath>
+
+namespace orv {
+
+namespace {
+
+/// Relative luminance of a colour, 0 to 1, as the contrast rules for the web define it.
+double luminance(const QColor& colour) {
+    const auto linear = [](float part) {
+        const auto value = static_cast<double>(part);
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const double first = luminance(one) + 0.05;
+    const double second = luminance(other) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+QColor between(const QColor& one, const QColor& other) {
+    return {(one.red() + other.red()) / 2, (one.green() + other.green()) / 2, (one.blue() + other.blue()) / 2};
+}
+
+} // namespace
+
+QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                     const QWidget* widget) const {
+    constexpr QSize room(16, 2);
+    const QSize proposed = QProxyStyle::sizeFromContents(type, option, size, widget);
+    // A style that leaves room already keeps it.
+    const bool tight = type == CT_PushButton && proposed.width() < size.width() + room.width();
+    return tight ? proposed.expandedTo(size + room) : proposed;
+}
+
+void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    const bool isButton = element == CE_PushButtonBevel || element == CE_PushButtonLabel;
+    if (!isButton || button == nullptr || (button->state & State_On) == 0) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    QStyleOptionButton coloured(*button);
+    coloured.palette.setColor(QPalette::Button, button->palette.color(QPalette::Highlight));
+    coloured.palette.setColor(QPalette::ButtonText, button->palette.color(QPalette::HighlightedText));
+    QProxyStyle::drawControl(element, &coloured, painter, widget);
+}
+
+void ProgramStyle::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    constexpr double readable = 2.5;
+    const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {{QPalette::WindowText, QPalette::Window},
+                                                                         {QPalette::ButtonText, QPalette::Button},
+                                                                         {QPalette::Text, QPalette::Base}};
+    for (const auto& [text, ground] : pairs) {
+        const QColor behind = palette.color(QPalette::Active, ground);
+        if (contrast(palette.color(QPalette::Disabled, text), behind) < readable) {
+            palette.setColor(QPalette::Disabled, text, between(palette.color(QPalette::Active, text), behind));
+        }
+    }
+}
+
+QIcon applicationIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 48, 64}) {
+        icon.addFile(QStringLiteral(":/icon/orvhost-%1.png").arg(size), QSize(size, size));
+    }
+    return icon;
+}
+
+} // namespace orv

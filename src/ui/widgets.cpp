@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/widgets.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QStyleOptionTab>
+
+namespace orv {
+
+QLabel* makeValueLabel(const QString& name, const QString& accessibleName) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setAccessibleName(accessibleName);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+QLabel* makeCaption(const QString& text, QWidget* buddy) {
+    auto* label = new QLabel(text);
+    label->setBuddy(buddy);
+    return label;
+}
+
+QPushButton* makeButton(const QString& caption, const QString& name, const std::function<void()>& clicked,
+                        const QString& toolTip) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
+    button->setToolTip(toolTip);
+    button->setAutoDefault(false);
+    QObject::connect(button, &QPushButton::clicked, button, clicked);
+    return button;
+}
+
+void bindChecked(Bindings& bindings, QAbstractButton* button, QProperty<bool>& checked) {
+    bindings.bind(checked, [button](bool on) { button->setChecked(on); });
+    QObject::connect(button, &QAbstractButton::clicked, button, [&checked](bool on) { checked = on; });
+}
+
+void setTabStop(QAbstractButton* option, bool on) {
+    option->setFocusPolicy(on ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void bindChoice(Bindings& bindings, QAbstractButton* whenTrue, QAbstractButton* whenFalse, QProperty<bool>& choice) {
+    bindings.bind(choice, [whenTrue, whenFalse](bool on) {
+        (on ? whenTrue : whenFalse)->setChecked(true);
+        setTabStop(whenTrue, on);
+        setTabStop(whenFalse, !on);
+    });
+    QObject::connect(whenTrue, &QAbstractButton::clicked, whenTrue, [&choice] { choice = true; });
+    QObject::connect(whenFalse, &QAbstractButton::clicked, whenFalse, [&choice] { choice = false; });
+}
+
+QColor lampColour(Lamp lamp) {
+    switch (lamp) {
+    case Lamp::Reading:
+        return {255, 0, 0};
+    case Lamp::Sending:
+        return {255, 255, 0};
+    case Lamp::Sent:
+        return {0, 255, 0};
+    case Lamp::Read:
+        return {0, 0, 255};
+    case Lamp::Off:
+        break;
+    }
+    return {};
+}
+
+QString lampText(Lamp lamp) {
+    switch (lamp) {
+    case Lamp::Reading:
+        return QStringLiteral("Reading the settings");
+    case Lamp::Sending:
+        return QStringLiteral("Sending the settings");
+    case Lamp::Sent:
+        return QStringLiteral("Settings sent");
+    case Lamp::Read:
+        return QStringLiteral("Settings read");
+    case Lamp::Off:
+        break;
+    }
+    return QStringLiteral("Nothing read or sent yet");
+}
+
+StatusLamp::StatusLamp(QWidget* parent)
+    : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAccessibleName(QStringLiteral("Status lamp"));
+}
+
+void StatusLamp::show(Lamp lamp) {
+    lamp_ = lamp;
+    setAccessibleDescription(lampText(lamp));
+    update();
+}
+
+QSize StatusLamp::sizeHint() const {
+    const int side = fontMetrics().height() + 4;
+    return {side, side};
+}
+
+void StatusLamp::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Mid), 1.5));
+    const QColor colour = lampColour(lamp_);
+    painter.setBrush(colour.isValid() ? QBrush(colour) : palette().brush(QPalette::Base));
+    painter.drawEllipse(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
+}
+
+ChoiceTabBar::ChoiceTabBar(const QStringList& captions, QWidget* parent)
+    : QTabBar(parent) {
+    setExpanding(false);
+    setUsesScrollButtons(true);
+    for (const QString& caption : captions) {
+        addTab(caption);
+    }
+    connect(this, &QTabBar::currentChanged, this, [this](int index) { choose(index); });
+    // The first tab counts as the current one already, so a click on it changes nothing by itself.
+    connect(this, &QTabBar::tabBarClicked, this, [this](int index) {
+        if (!chosen_ && index == currentIndex()) {
+            choose(index);
+        }
+    });
+}
+
+void ChoiceTabBar::choose(int index) {
+    chosen_ = true;
+    if (index != currentIndex()) {
+        setCurrentIndex(index);
+        return;
+    }
+    update();
+    if (tabChosen) {
+        tabChosen(tabText(index));
+    }
+}
+
+void ChoiceTabBar::setChosen(bool chosen) {
+    if (chosen_ != chosen) {
+        chosen_ = chosen;
+        update();
+    }
+}
+
+void ChoiceTabBar::initStyleOption(QStyleOptionTab* option, int tabIndex) const {
+    QTabBar::initStyleOption(option, tabIndex);
+    if (!chosen_) {
+        option->state &= ~QStyle::State_Selected;
+        option->selectedPosition = QStyleOptionTab::NotAdjacent;
+    }
+}
+
+void ChoiceTabBar::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (!chosen_) {
+            choose(currentIndex());
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    QTabBar::keyPressEvent(event);
+}
+
+namespace {
+
+class SpokenLabel final : public QAccessibleWidget {
+public:
+    explicit SpokenLabel(QLabel* label)
+        : QAccessibleWidget(label, QAccessible::StaticText) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const auto* label = qobject_cast<const QLabel*>(widget());
+        if (kind != QAccessible::Name || label == nullptr) {
+            return QAccessibleWidget::text(kind);
+        }
+        const QString name = label->accessibleName();
+        if (name.isEmpty() || label->text().isEmpty()) {
+            return name + label->text();
+        }
+        return name + QStringLiteral(": ") + label->text();
+    }
+};
+
+QAccessibleInterface* makeSpokenLabel(const QString& /*className*/, QObject* object) {
+    auto* label = qobject_cast<QLabel*>(object);
+    // A caption, and a label with a picture, are spoken well by themselves.
+    return label == nullptr || label->buddy() != nullptr || !label->pixmap(Qt::ReturnByValue).isNull()
+               ? nullptr
+               : new SpokenLabel(label);
+}
+
+} // namespace
+
+void speakLabelValues() {
+    QAccessible::installFactory(makeSpokenLabel);
+}
+
+} // namespace orv
