@@ -77,9 +77,9 @@ private:
 };
 
 /// A real serial port that keeps every block which the poll reads from it.
-class WatchedPort final : public Port {
+class EavesdroppedPort final : public Port {
 public:
-    WatchedPort(const QString& device, std::function<void(const QByteArray& block)> readBlock)
+    EavesdroppedPort(const QString& device, std::function<void(const QByteArray& block)> readBlock)
         : port_(device)
         , readBlock_(std::move(readBlock)) {}
 
@@ -249,7 +249,7 @@ protected:
                      .messages = messages,
                      .questions = answers,
                      .makePort = [this](const QString& device) -> std::unique_ptr<Port> {
-                         return std::make_unique<WatchedPort>(device, [this](const QByteArray& block) {
+                         return std::make_unique<EavesdroppedPort>(device, [this](const QByteArray& block) {
                              if (!program.connection.isPolling()) {
                                  received += block;
                                  expectedLog += block + "\r\n";
