@@ -60,7 +60,7 @@ private:
             if (!lastMessage_.isEmpty()) {
                 throw Failure(QStringLiteral("%1: %2").arg(what, lastMessage_.simplified()));
             }
-            if (program_.manual.panel.visible) {
+            if (program_.manual.shown.visible) {
                 throw Failure(QStringLiteral("%1: the instrument does not answer").arg(what));
             }
             if (timer.elapsed() > milliseconds) {
@@ -99,7 +99,7 @@ private:
         say(QStringLiteral("Connecting on COM 1 (%1)").arg(program_.ports.device(1)));
         find<QAction>("AutoConnect1")->trigger();
         waitFor(QStringLiteral("Connecting"), connectLimit, [this] { return settingsRead(); });
-        const StatusPanel& status = program_.session.status;
+        const StatusState& status = program_.session.status;
         say(QStringLiteral("Identified: %1, firmware %2").arg(status.instrument.value(), status.firmware.value()));
         const LoggerSettings& record = program_.settings.record;
         say(QStringLiteral("Settings read: %1 samples a point, %2 points a block, memory %3 % full, clock %4 %5")

@@ -270,21 +270,21 @@ private:
         choosePage(Page::Testing);
         take(window_, "testing");
         choosePage(Page::Calibration);
-        CalibrationPanel& panel = program_.calibrationPanel;
+        CalibrationState& shown = program_.calibrationState;
         for (const char* name : {"TRX 1042", "TRX 1043"}) {
-            panel.instrumentName = QString::fromLatin1(name);
-            panel.colour = LightColour::Red;
+            shown.instrumentName = QString::fromLatin1(name);
+            shown.colour = LightColour::Red;
             program_.calibration.addInstrument();
         }
         program_.calibration.select(0);
         for (int row = 0; row < BoxGrid<referenceRows.size()>::rowCount; ++row) {
             for (int channel = 0; channel < channelCount; ++channel) {
                 constexpr int step = 300;
-                panel.reference.at(row, channel) = QString::number(step * (row + 1) + channel);
+                shown.reference.at(row, channel) = QString::number(step * (row + 1) + channel);
             }
         }
         for (const int row : {0, 1, 2}) {
-            panel.selectedRow = row;
+            shown.selectedRow = row;
             program_.calibration.calcdp();
         }
         take(window_, "calibration");

@@ -3,7 +3,7 @@
 
 namespace orv {
 
-AwakeWhileCollecting::AwakeWhileCollecting(const CommandPanel& commands, SleepInhibitor& inhibitor) {
+AwakeWhileCollecting::AwakeWhileCollecting(const CommandState& commands, SleepInhibitor& inhibitor) {
     bindings_.bind(commands.activity, [this, &inhibitor](Activity activity) {
         const bool wanted = activity == Activity::Collecting || activity == Activity::Downloading;
         if (wanted == held_) {

@@ -27,10 +27,10 @@ public:
 /// The one of this system: on Linux through its login manager, on Windows by the system's own call, elsewhere none.
 std::unique_ptr<SleepInhibitor> makeSleepInhibitor();
 
-/// Holds an inhibitor while a run or a download goes on, however it ends. Panel and inhibitor outlive it.
+/// Holds an inhibitor while a run or a download goes on, however it ends. State and inhibitor outlive it.
 class AwakeWhileCollecting {
 public:
-    AwakeWhileCollecting(const CommandPanel& commands, SleepInhibitor& inhibitor);
+    AwakeWhileCollecting(const CommandState& commands, SleepInhibitor& inhibitor);
 
 private:
     bool held_ = false;

@@ -15,7 +15,7 @@ public:
 };
 
 TEST(AwakeWhileCollecting, HoldsForRunsAndDownloadsOnly) {
-    CommandPanel commands;
+    CommandState commands;
     RecordedInhibitor inhibitor;
     const AwakeWhileCollecting awake(commands, inhibitor);
     for (const Activity activity : {Activity::None, Activity::Connecting, Activity::Sending, Activity::SettingClock,

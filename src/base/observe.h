@@ -10,7 +10,7 @@
 
 namespace orv {
 
-/// What a screen keeps to follow the panels it draws. The panels outlive it.
+/// What a screen keeps to follow the values it shows. The values outlive it.
 class Bindings {
 public:
     /// Calls `draw` with the property's value now and after every change, until this object dies.
@@ -26,32 +26,35 @@ private:
     std::vector<QPropertyNotifier> notifiers_;
 };
 
-/// Those who want to be told of one kind of change.
-class Listeners {
-public:
-    /// What a listener keeps for as long as it wants to be told; it may outlive what it listens to.
-    using Subscription = std::shared_ptr<const std::function<void()>>;
+/// What a listener of a Signal keeps for as long as it wants to be told; it may outlive the signal.
+using Subscription = std::shared_ptr<const void>;
 
-    /// `listener` is called at each change, after those that came before it, until the last copy of what is returned
-    /// has gone. It may let go of its own subscription but not add another to the same change.
-    [[nodiscard]] Subscription add(std::function<void()> listener) {
+/// An event that others may want to be told of. A value that is shown is a QProperty instead.
+template <typename... Args>
+class Signal {
+public:
+    using Listener = std::function<void(Args...)>;
+
+    /// Calls `listener` at each event, after those that subscribed before it, until the last copy of what is returned
+    /// has gone. A listener may let go of its own subscription but not add another to the same event.
+    [[nodiscard]] Subscription subscribe(Listener listener) {
         std::erase_if(listeners_, [](const auto& other) { return other.expired(); });
-        auto subscription = std::make_shared<const std::function<void()>>(std::move(listener));
+        auto subscription = std::make_shared<const Listener>(std::move(listener));
         listeners_.push_back(subscription);
         return subscription;
     }
 
-    /// Tells the change to all.
-    void tell() const {
+    /// Tells all of them.
+    void tell(const Args&... args) const {
         for (const auto& listener : listeners_) {
-            if (const Subscription alive = listener.lock()) {
-                (*alive)();
+            if (const std::shared_ptr<const Listener> alive = listener.lock()) {
+                (*alive)(args...);
             }
         }
     }
 
 private:
-    std::vector<std::weak_ptr<const std::function<void()>>> listeners_;
+    std::vector<std::weak_ptr<const Listener>> listeners_;
 };
 
 } // namespace orv

@@ -213,7 +213,7 @@ private:
     void run(int page, const char* button = nullptr) {
         fillTo(program_.sheet, rowsBeforeRun, program_.sheet.type().layout());
         program_.session.state.plc = rowsBeforeRun;
-        program_.sheetPanel.counter = QString::number(rowsBeforeRun);
+        program_.sheetState.counter = QString::number(rowsBeforeRun);
         showPage(0);
         find<QPushButton>("Command2")->click();
         showPage(page);
@@ -261,7 +261,7 @@ private:
         print("empty_MB", before);
         fillTo(program_.sheet, fullSheetRows);
         program_.session.state.plc = fullSheetRows;
-        program_.sheetPanel.counter = QString::number(fullSheetRows);
+        program_.sheetState.counter = QString::number(fullSheetRows);
         auto* grid = find<QTableView>("fg1");
         live(settleTime);
         // Every part of the table comes to be seen once.
@@ -269,7 +269,7 @@ private:
             grid->scrollTo(grid->model()->index(row, 0), QAbstractItemView::PositionAtTop);
             QCoreApplication::processEvents();
         }
-        program_.sheetPanel.topRow = fullSheetRows - 10;
+        program_.sheetState.topRow = fullSheetRows - 10;
         live(settleTime);
         print("full_sheet_MB", residentMegabytes() - before);
     }

@@ -39,14 +39,14 @@ public:
     RecordedMessages messages;
     PreparedAnswers answers;
     Session session{clock, messages};
-    DebugPanel debug;
+    DebugState debug;
     ComPorts ports{session, debug, [](const QString&) { return std::make_unique<FakePort>(); }};
     DataSheet sheet;
-    SheetPanel panel;
-    SheetRows rows{session, ports, sheet, panel};
+    SheetState shown;
+    SheetRows rows{session, ports, sheet, shown};
     SheetFiles files{
-        {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .panel = panel, .questions = answers}};
-    AutomaticSave automaticSave{session, rows, files, panel};
+        {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .shown = shown, .questions = answers}};
+    AutomaticSave automaticSave{session, rows, files, shown};
 };
 
 /// The save in the middle of a run that has made the sheet full, through to the disk, and the clearing.

@@ -19,15 +19,15 @@ Computation::Computation(const Parts& parts)
     : p_(parts) {}
 
 void Computation::calcdp() {
-    const int row = p_.panel.selectedRow;
+    const int row = p_.shown.selectedRow;
     for (int channel = 0; channel < channelCount; ++channel) {
         const double channelMean = mean(firstSheetColumn + channel);
-        if (row == CalibrationPanel::noRow) {
+        if (row == CalibrationState::noRow) {
             continue;
         }
-        p_.panel.worksheet.at(row, channel) = plainNumber(channelMean);
+        p_.shown.worksheet.at(row, channel) = plainNumber(channelMean);
         if (row > cleanRow) {
-            p_.panel.results.at(static_cast<std::size_t>(channel)) = plainNumber(derivedPoint(row, channel));
+            p_.shown.results.at(static_cast<std::size_t>(channel)) = plainNumber(derivedPoint(row, channel));
         }
     }
     p_.store.storecal();
@@ -36,12 +36,12 @@ void Computation::calcdp() {
 double Computation::mean(int sheetColumn) {
     const int rows = p_.state.plc;
     double sum = 0.0;
-    p_.sheetPanel.currentColumn = sheetColumn;
+    p_.sheetState.currentColumn = sheetColumn;
     for (int row = 0; row < rows; ++row) {
         sum += leadingNumber(p_.sheet.cell(row, sheetColumn));
     }
     if (rows > 0) {
-        p_.sheetPanel.currentRow = rows;
+        p_.sheetState.currentRow = rows;
     }
     // The half added never matters: the mean is the whole quotient, cut and not rounded, on purpose.
     return std::floor(integerDivide(sum, rows) + 0.5);
@@ -50,9 +50,9 @@ double Computation::mean(int sheetColumn) {
 double Computation::derivedPoint(int row, int channel) const {
     const int point = row - cleanRow; // 1..4, also the reference row
     const auto reference = [this, channel](int referenceRow) {
-        return leadingNumber(p_.panel.reference.at(referenceRow, channel).value());
+        return leadingNumber(p_.shown.reference.at(referenceRow, channel).value());
     };
-    const double previous = leadingNumber(p_.panel.worksheet.at(row - 1, channel).value());
+    const double previous = leadingNumber(p_.shown.worksheet.at(row - 1, channel).value());
     return std::floor(reference(point) * integerDivide(previous, reference(point - 1)));
 }
 
@@ -81,19 +81,19 @@ const ColourBlock* blockOf(LightColour colour) {
     return nullptr;
 }
 
-QString tableLine(const char* caption, const CalibrationPanel& panel, int row) {
+QString tableLine(const char* caption, const CalibrationState& shown, int row) {
     constexpr int labelWidth = 7;
     QString line = QString::fromLatin1(caption).leftJustified(labelWidth);
     for (int channel = 0; channel < channelCount; ++channel) {
-        line += u'\t' + panel.worksheet.at(row, channel).value();
+        line += u'\t' + shown.worksheet.at(row, channel).value();
     }
     return line + QLatin1String("\r\r\n");
 }
 
 } // namespace
 
-QByteArray reportBytes(const CalibrationPanel& panel, const QDateTime& moment) {
-    const ColourBlock* block = blockOf(panel.colour);
+QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment) {
+    const ColourBlock* block = blockOf(shown.colour);
     QString text = QLatin1String("Date ") + shortDate(moment.date()) + QLatin1String("\r\n");
     text += QLatin1String("Time ") + clockText(moment.time()) + QLatin1String("\r\r\n");
     text += QLatin1String("KP 7 Data\r\n");
@@ -101,23 +101,23 @@ QByteArray reportBytes(const CalibrationPanel& panel, const QDateTime& moment) {
         text += u'\t' + QLatin1String(block->wavelength) + QLatin1String("\r\n");
         for (int row = 0; row < static_cast<int>(referenceRows.size()); ++row) {
             text += QLatin1String(referenceRows.at(static_cast<std::size_t>(row)).caption) + QLatin1String(" \t") +
-                    panel.reference.at(row, block->referenceColumn).value() + QLatin1String("\r\n");
+                    shown.reference.at(row, block->referenceColumn).value() + QLatin1String("\r\n");
         }
     }
     text += QLatin1String("\r\r\n");
-    text += QLatin1String("Sensor # ") + panel.currentEntry() + u' ' +
+    text += QLatin1String("Sensor # ") + shown.currentEntry() + u' ' +
             QLatin1String(block != nullptr ? block->word : "") + QLatin1String("\r\n");
     text += QLatin1String("\t100\t125\t150\r\n");
-    text += tableLine("Stdev", panel, 0);
+    text += tableLine("Stdev", shown, 0);
     for (int row = 0; row < static_cast<int>(worksheetRows.size()); ++row) {
-        text += tableLine(worksheetRows.at(static_cast<std::size_t>(row)).caption, panel, row);
+        text += tableLine(worksheetRows.at(static_cast<std::size_t>(row)).caption, shown, row);
     }
     return text.toUtf8();
 }
 
-Report::Report(Session& session, CalibrationPanel& panel, OperatorQuestions& questions)
+Report::Report(Session& session, CalibrationState& shown, OperatorQuestions& questions)
     : session_(session)
-    , panel_(panel)
+    , shown_(shown)
     , questions_(questions) {}
 
 void Report::save() {
@@ -126,44 +126,44 @@ void Report::save() {
     if (name.isEmpty()) {
         return;
     }
-    const QString reason = writeWholeFile(name, reportBytes(panel_, session_.clock.now()));
+    const QString reason = writeWholeFile(name, reportBytes(shown_, session_.clock.now()));
     if (!reason.isEmpty()) {
         session_.messages.show(fileNotSaved(title, name, reason));
     }
 }
 
-CalibrationActions::CalibrationActions(const Parts& parts)
+Calibration::Calibration(const Parts& parts)
     : messages_(parts.session.messages)
-    , store_(table, parts.panel)
-    , list_(parts.panel, store_)
+    , store_(table, parts.shown)
+    , list_(parts.shown, store_)
     , computation_({.state = parts.session.state,
                     .sheet = parts.sheet,
-                    .sheetPanel = parts.sheetPanel,
-                    .panel = parts.panel,
+                    .sheetState = parts.sheetState,
+                    .shown = parts.shown,
                     .store = store_})
-    , report_(parts.session, parts.panel, parts.questions) {}
+    , report_(parts.session, parts.shown, parts.questions) {}
 
-void CalibrationActions::addInstrument() {
+void Calibration::addInstrument() {
     runOperation(messages_, QStringLiteral("Add Instrument"), [this] { list_.addInstrument(); });
 }
 
-void CalibrationActions::next() {
+void Calibration::next() {
     runOperation(messages_, QStringLiteral("Next"), [this] { list_.next(); });
 }
 
-void CalibrationActions::previous() {
+void Calibration::previous() {
     runOperation(messages_, QStringLiteral("Previous"), [this] { list_.previous(); });
 }
 
-void CalibrationActions::select(int position) {
+void Calibration::select(int position) {
     runOperation(messages_, QStringLiteral("Show Instrument"), [this, position] { list_.select(position); });
 }
 
-void CalibrationActions::calcdp() {
+void Calibration::calcdp() {
     runOperation(messages_, QStringLiteral("Calc DP"), [this] { computation_.calcdp(); });
 }
 
-void CalibrationActions::saveCalInfo() {
+void Calibration::saveCalInfo() {
     report_.save();
 }
 

@@ -16,8 +16,8 @@ public:
     struct Parts {
         SessionState& state;
         const DataSheet& sheet;
-        SheetPanel& sheetPanel;
-        CalibrationPanel& panel;
+        SheetState& sheetState;
+        CalibrationState& shown;
         WorksheetStore& store;
     };
 
@@ -42,12 +42,12 @@ private:
 /// The calibration report of the instrument shown, from the worksheet as it stands on the screen: date and time, the
 /// reference values of the selected colour, the instrument, the table of the worksheet. Lines end CR LF; some have a
 /// CR more. The "Stdev" line repeats the "Air" row: there are no separate standard deviations.
-QByteArray reportBytes(const CalibrationPanel& panel, const QDateTime& moment);
+QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment);
 
 /// "Save Cal Info".
 class Report {
 public:
-    Report(Session& session, CalibrationPanel& panel, OperatorQuestions& questions);
+    Report(Session& session, CalibrationState& shown, OperatorQuestions& questions);
 
     /// Writes the report to the file that the operator names. A cancelled dialog writes nothing; if the file cannot be
     /// written, what was there stays and the operator is told why.
@@ -55,23 +55,23 @@ public:
 
 private:
     Session& session_;
-    CalibrationPanel& panel_;
+    CalibrationState& shown_;
     OperatorQuestions& questions_;
 };
 
 /// The operator's actions on the page "Calibration TRX(S)". A run-time error ends the action it happens in and is told
 /// once.
-class CalibrationActions {
+class Calibration {
 public:
     struct Parts {
         Session& session;
         const DataSheet& sheet;
-        SheetPanel& sheetPanel;
-        CalibrationPanel& panel;
+        SheetState& sheetState;
+        CalibrationState& shown;
         OperatorQuestions& questions;
     };
 
-    explicit CalibrationActions(const Parts& parts);
+    explicit Calibration(const Parts& parts);
 
     void addInstrument();      ///< `Command4`.
     void next();               ///< `Command5`.

@@ -19,7 +19,7 @@ enum Row { Air, Clean, Point1, Point2, Point3, Point4 };
 class ComputationTest : public testing::Test, protected CalibrationBench {
 protected:
     std::string results() const {
-        return QStringList{panel.results[0], panel.results[1], panel.results[2]}.join(u' ').toStdString();
+        return QStringList{shown.results[0], shown.results[1], shown.results[2]}.join(u' ').toStdString();
     }
 
     std::string lastError() const {
@@ -31,7 +31,7 @@ protected:
     }
 
     std::string rowText(Row which) const {
-        return QStringList{panel.worksheet.at(which, 0), panel.worksheet.at(which, 1), panel.worksheet.at(which, 2)}
+        return QStringList{shown.worksheet.at(which, 0), shown.worksheet.at(which, 1), shown.worksheet.at(which, 2)}
             .join(u' ')
             .toStdString();
     }
@@ -39,7 +39,7 @@ protected:
 
 TEST_F(ComputationTest, TheMeanIsTheTruncatedQuotientOfEachChannel) {
     fillSheet({QStringLiteral("4 10 1"), QStringLiteral("3 20 0"), QStringLiteral("2 30 0"), QStringLiteral("1 40 0")});
-    panel.selectedRow = Air;
+    shown.selectedRow = Air;
     actions.calcdp();
     EXPECT_EQ(rowText(Air), "2 25 0");
     EXPECT_EQ(lastError(), "");
@@ -47,14 +47,14 @@ TEST_F(ComputationTest, TheMeanIsTheTruncatedQuotientOfEachChannel) {
 
 TEST_F(ComputationTest, TheSumIsRoundedBeforeTheDivision) {
     fillSheet({QStringLiteral("4 4.25 0"), QStringLiteral("5.5 4.25 0")});
-    panel.selectedRow = Clean;
+    shown.selectedRow = Clean;
     actions.calcdp();
     EXPECT_EQ(rowText(Clean), "5 4 0") << "9.5 is 10, 8.5 is 8";
 }
 
 TEST_F(ComputationTest, NegativeMeansAreCutTowardZero) {
     fillSheet({QStringLiteral("-3 -1 -4"), QStringLiteral("0 0 0")});
-    panel.selectedRow = Air;
+    shown.selectedRow = Air;
     actions.calcdp();
     EXPECT_EQ(rowText(Air), "-1 0 -2");
 }
@@ -62,16 +62,16 @@ TEST_F(ComputationTest, NegativeMeansAreCutTowardZero) {
 TEST_F(ComputationTest, CellsCountByTheirLeadingNumberAndOnlyTheRowsOfTheCounter) {
     fillSheet({QStringLiteral("10x 5 8"), QStringLiteral("none 5 8"), QStringLiteral("900 900 900")});
     session.state.plc = 2;
-    panel.selectedRow = Air;
+    shown.selectedRow = Air;
     actions.calcdp();
     EXPECT_EQ(rowText(Air), "5 5 8");
 }
 
 TEST_F(ComputationTest, APointAlsoDerivesItsExpectedCount) {
     fillSheet({QStringLiteral("7 8 9")});
-    fill(panel.worksheet, "0 0 0/0 0 0/1000 900 100/0 0 0/0 0 0/0 0 0");
-    fill(panel.reference, "0 0 0/300 300 7/600 0.5 -2.5/0 0 0/0 0 0");
-    panel.selectedRow = Point2;
+    fill(shown.worksheet, "0 0 0/0 0 0/1000 900 100/0 0 0/0 0 0/0 0 0");
+    fill(shown.reference, "0 0 0/300 300 7/600 0.5 -2.5/0 0 0/0 0 0");
+    shown.selectedRow = Point2;
     actions.calcdp();
     EXPECT_EQ(rowText(Point2), "7 8 9");
     EXPECT_EQ(results(), "1800 1 -35") << R"(600*(1000 \ 300), Int(0.5*3), -2.5*14)";
@@ -79,32 +79,32 @@ TEST_F(ComputationTest, APointAlsoDerivesItsExpectedCount) {
 
 TEST_F(ComputationTest, EveryPointReadsTheRowsAboveIt) {
     fillSheet({QStringLiteral("1 1 1")});
-    fill(panel.worksheet, "0 0 0/100 200 300/0 0 0/0 0 0/50 60 70/0 0 0");
-    fill(panel.reference, "10 20 30/3 3 3/0 0 0/5 6 7/2 2 2");
-    panel.selectedRow = Point1;
+    fill(shown.worksheet, "0 0 0/100 200 300/0 0 0/0 0 0/50 60 70/0 0 0");
+    fill(shown.reference, "10 20 30/3 3 3/0 0 0/5 6 7/2 2 2");
+    shown.selectedRow = Point1;
     actions.calcdp();
     EXPECT_EQ(results(), "30 30 30") << "from Clean";
-    panel.selectedRow = Point4;
+    shown.selectedRow = Point4;
     actions.calcdp();
     EXPECT_EQ(results(), "20 20 20") << "from Point 3";
 }
 
 TEST_F(ComputationTest, TheDivisionRoundsBothSidesHalfToEven) {
     fillSheet({QStringLiteral("1 1 1")});
-    fill(panel.worksheet, "0 0 0/10.5 11.5 10/0 0 0/0 0 0/0 0 0/0 0 0");
-    fill(panel.reference, "2.5 2.5 3.5/1 1 1/0 0 0/0 0 0/0 0 0");
-    panel.selectedRow = Point1;
+    fill(shown.worksheet, "0 0 0/10.5 11.5 10/0 0 0/0 0 0/0 0 0/0 0 0");
+    fill(shown.reference, "2.5 2.5 3.5/1 1 1/0 0 0/0 0 0/0 0 0");
+    shown.selectedRow = Point1;
     actions.calcdp();
     EXPECT_EQ(results(), "5 6 2") << R"(10 \ 2, 12 \ 2, 10 \ 4)";
 }
 
 TEST_F(ComputationTest, AirAndCleanLeaveTheDerivedPoints) {
     fillSheet({QStringLiteral("1 2 3")});
-    for (QProperty<QString>& result : panel.results) {
+    for (QProperty<QString>& result : shown.results) {
         result = QStringLiteral("old");
     }
     for (const Row selected : {Air, Clean}) {
-        panel.selectedRow = selected;
+        shown.selectedRow = selected;
         actions.calcdp();
         EXPECT_EQ(rowText(selected), "1 2 3");
         EXPECT_EQ(results(), "old old old");
@@ -113,17 +113,17 @@ TEST_F(ComputationTest, AirAndCleanLeaveTheDerivedPoints) {
 
 TEST_F(ComputationTest, WithoutASelectedRowTheWorksheetIsOnlyKept) {
     fillSheet({QStringLiteral("1 2 3")});
-    fill(panel.worksheet, "1 1 1/2 2 2/3 3 3/4 4 4/5 5 5/6 6 6.5");
+    fill(shown.worksheet, "1 1 1/2 2 2/3 3 3/4 4 4/5 5 5/6 6 6.5");
     actions.calcdp();
-    EXPECT_EQ(textOf(panel.worksheet), "1 1 1/2 2 2/3 3 3/4 4 4/5 5 5/6 6 6.5");
+    EXPECT_EQ(textOf(shown.worksheet), "1 1 1/2 2 2/3 3 3/4 4 4/5 5 5/6 6 6.5");
     EXPECT_EQ(actions.table.value(0, 5, 2), 6);
     EXPECT_EQ(results(), "  ");
 }
 
 TEST_F(ComputationTest, TheResultIsKeptForTheCurrentInstrument) {
     fillSheet({QStringLiteral("11 12 13")});
-    panel.current = 3;
-    panel.selectedRow = Air;
+    shown.current = 3;
+    shown.selectedRow = Air;
     actions.calcdp();
     EXPECT_EQ(actions.table.value(3, 0, 0), 11);
     EXPECT_EQ(actions.table.value(3, 0, 2), 13);
@@ -131,8 +131,8 @@ TEST_F(ComputationTest, TheResultIsKeptForTheCurrentInstrument) {
 }
 
 TEST_F(ComputationTest, WithoutRowsNothingIsWrittenOrKept) {
-    fill(panel.worksheet, "1 1 1/2 2 2/3 3 3/4 4 4/5 5 5/6 6 6");
-    panel.selectedRow = Air;
+    fill(shown.worksheet, "1 1 1/2 2 2/3 3 3/4 4 4/5 5 5/6 6 6");
+    shown.selectedRow = Air;
     actions.calcdp();
     EXPECT_EQ(lastError(), error("Division by zero"));
     EXPECT_EQ(messages.shown.size(), 1U);
@@ -142,9 +142,9 @@ TEST_F(ComputationTest, WithoutRowsNothingIsWrittenOrKept) {
 
 TEST_F(ComputationTest, AMissingReferenceKeepsTheMeansWrittenSoFar) {
     fillSheet({QStringLiteral("7 8 9")});
-    fill(panel.worksheet, "0 0 0/100 100 100/1 1 1/0 0 0/0 0 0/0 0 0");
-    fill(panel.reference, "10  10/20 20 20/0 0 0/0 0 0/0 0 0"); // no reference of the second channel
-    panel.selectedRow = Point1;
+    fill(shown.worksheet, "0 0 0/100 100 100/1 1 1/0 0 0/0 0 0/0 0 0");
+    fill(shown.reference, "10  10/20 20 20/0 0 0/0 0 0/0 0 0"); // no reference of the second channel
+    shown.selectedRow = Point1;
     actions.calcdp();
     EXPECT_EQ(lastError(), error("Division by zero"));
     EXPECT_EQ(rowText(Point1), "7 8 1") << "the third channel was not reached";
@@ -154,18 +154,18 @@ TEST_F(ComputationTest, AMissingReferenceKeepsTheMeansWrittenSoFar) {
 
 TEST_F(ComputationTest, AReferenceThatRoundsToZeroIsZero) {
     fillSheet({QStringLiteral("7 8 9")});
-    fill(panel.worksheet, "0 0 0/100 100 100/0 0 0/0 0 0/0 0 0/0 0 0");
-    fill(panel.reference, "0.5 1 1/1 1 1/0 0 0/0 0 0/0 0 0");
-    panel.selectedRow = Point1;
+    fill(shown.worksheet, "0 0 0/100 100 100/0 0 0/0 0 0/0 0 0/0 0 0");
+    fill(shown.reference, "0.5 1 1/1 1 1/0 0 0/0 0 0/0 0 0");
+    shown.selectedRow = Point1;
     actions.calcdp();
     EXPECT_EQ(lastError(), error("Division by zero"));
 }
 
 TEST_F(ComputationTest, AMeanBeyondTheTableOverflowsAfterTheValuesBeforeIt) {
     fillSheet({QStringLiteral("40000 2 3")});
-    fill(panel.worksheet, "0 0 0/1 2 3/4 5 6/7 8 9/10 11 12/13 14 15");
-    panel.selectedRow = Point1;
-    fill(panel.reference, "1 1 1/1 1 1/1 1 1/1 1 1/1 1 1");
+    fill(shown.worksheet, "0 0 0/1 2 3/4 5 6/7 8 9/10 11 12/13 14 15");
+    shown.selectedRow = Point1;
+    fill(shown.reference, "1 1 1/1 1 1/1 1 1/1 1 1/1 1 1");
     actions.calcdp();
     EXPECT_EQ(lastError(), error("Overflow"));
     EXPECT_EQ(rowText(Point1), "40000 2 3");
@@ -176,7 +176,7 @@ TEST_F(ComputationTest, AMeanBeyondTheTableOverflowsAfterTheValuesBeforeIt) {
 
 TEST_F(ComputationTest, ASumBeyond32BitsOverflows) {
     fillSheet({QStringLiteral("2147483647 1 1"), QStringLiteral("1 1 1")});
-    panel.selectedRow = Air;
+    shown.selectedRow = Air;
     actions.calcdp();
     EXPECT_EQ(lastError(), error("Overflow"));
     EXPECT_EQ(rowText(Air), "  ");
@@ -185,14 +185,14 @@ TEST_F(ComputationTest, ASumBeyond32BitsOverflows) {
 TEST_F(ComputationTest, TheSheetIsLeftOnTheLastCellVisited) {
     fillSheet({QStringLiteral("1 2 3"), QStringLiteral("1 2 3")});
     actions.calcdp();
-    EXPECT_EQ(sheetPanel.currentColumn.value(), 5);
-    EXPECT_EQ(sheetPanel.currentRow.value(), 2);
+    EXPECT_EQ(sheetState.currentColumn.value(), 5);
+    EXPECT_EQ(sheetState.currentRow.value(), 2);
 }
 
 TEST_F(ComputationTest, WithoutRowsTheSheetIsLeftInTheFirstColumn) {
     actions.calcdp();
-    EXPECT_EQ(sheetPanel.currentColumn.value(), 3);
-    EXPECT_EQ(sheetPanel.currentRow.value(), 0);
+    EXPECT_EQ(sheetState.currentColumn.value(), 3);
+    EXPECT_EQ(sheetState.currentRow.value(), 0);
 }
 
 } // namespace
@@ -215,8 +215,8 @@ constexpr const char* table = "\t100\t125\t150\r\n"
 class ReportTest : public testing::Test, protected CalibrationBench {
 protected:
     ReportTest() {
-        fill(panel.worksheet, "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18.5");
-        fill(panel.reference, "b0 r0 g0/b1 r1 g1/b2 r2 g2/b3 r3 g3/b4 r4 ");
+        fill(shown.worksheet, "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18.5");
+        fill(shown.reference, "b0 r0 g0/b1 r1 g1/b2 r2 g2/b3 r3 g3/b4 r4 ");
         answers.fileName = folder.filePath(QStringLiteral("report.Txt"));
     }
 
@@ -242,7 +242,7 @@ TEST_F(ReportTest, Blue) {
     add("SN 1", LightColour::Red);
     add("SN 2", LightColour::Blue);
     actions.select(1);
-    fill(panel.worksheet, "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18.5");
+    fill(shown.worksheet, "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18.5");
     actions.saveCalInfo();
     EXPECT_EQ(written(), QByteArray(head) +
                              "\t440\r\nClean \tb0\r\nPoint 1 \tb1\r\nPoint 2 \tb2\r\nPoint 3 \tb3\r\nPoint 4 \tb4\r\n"
@@ -261,7 +261,7 @@ TEST_F(ReportTest, Green) {
 
 TEST_F(ReportTest, NoColourLeavesTheReferenceOutAndEndsTheSensorLineWithABlank) {
     add("SN 1", LightColour::Red);
-    panel.colour = LightColour::None;
+    shown.colour = LightColour::None;
     actions.saveCalInfo();
     EXPECT_EQ(written(), QByteArray(head) + "\r\r\nSensor # SN 1 \r\n" + table);
 }
@@ -274,16 +274,16 @@ TEST_F(ReportTest, AnEmptyListHasNoEntry) {
 TEST_F(ReportTest, TheWorksheetOnTheScreenCountsNotTheTable) {
     add("SN 1", LightColour::Red);
     actions.select(0);
-    panel.worksheet.at(0, 0) = QStringLiteral("unsaved");
+    shown.worksheet.at(0, 0) = QStringLiteral("unsaved");
     actions.saveCalInfo();
     EXPECT_TRUE(written().contains("Stdev  \tunsaved\t0\t0\r\r\nAir    \tunsaved\t0\t0\r\r\n"));
 }
 
 TEST_F(ReportTest, TheBytesAreTheSameUnderEveryLocale) {
     add("SN 1", LightColour::Red);
-    const QByteArray expected = reportBytes(panel, clock.now());
+    const QByteArray expected = reportBytes(shown, clock.now());
     QLocale::setDefault(QLocale(QLocale::German));
-    EXPECT_EQ(reportBytes(panel, clock.now()), expected);
+    EXPECT_EQ(reportBytes(shown, clock.now()), expected);
     QLocale::setDefault(QLocale::c());
 }
 
@@ -318,25 +318,25 @@ TEST_F(ReportTest, AFileThatCannotBeWrittenIsTold) {
 
 namespace {
 
-TEST(CalibrationActions, ABatchOfTwoFromTheSheetToItsReports) {
+TEST(Calibration, ABatchOfTwoFromTheSheetToItsReports) {
     const QTemporaryDir folder;
     CalibrationBench bench;
     bench.add("SN 1", LightColour::Red);
     bench.add("SN 2", LightColour::Green);
-    CalibrationBench::fill(bench.panel.reference, "10 20 30/1 2 3/0 0 0/0 0 0/0 0 0");
+    CalibrationBench::fill(bench.shown.reference, "10 20 30/1 2 3/0 0 0/0 0 0/0 0 0");
 
     bench.actions.select(0);
     bench.fillSheet({QStringLiteral("50 60 70")});
-    bench.panel.selectedRow = 1;
+    bench.shown.selectedRow = 1;
     bench.actions.calcdp();
-    bench.panel.selectedRow = 2;
+    bench.shown.selectedRow = 2;
     bench.actions.calcdp();
     bench.actions.next();
-    EXPECT_EQ(bench.panel.colour.value(), LightColour::Green);
-    EXPECT_EQ(bench.panel.worksheet.at(1, 0).value().toStdString(), "0");
+    EXPECT_EQ(bench.shown.colour.value(), LightColour::Green);
+    EXPECT_EQ(bench.shown.worksheet.at(1, 0).value().toStdString(), "0");
 
     bench.actions.next();
-    EXPECT_EQ(bench.panel.colour.value(), LightColour::Red);
+    EXPECT_EQ(bench.shown.colour.value(), LightColour::Red);
     bench.answers.fileName = folder.filePath(QStringLiteral("one.Txt"));
     bench.actions.saveCalInfo();
     QFile report(bench.answers.fileName);

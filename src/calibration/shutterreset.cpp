@@ -235,7 +235,7 @@ bool ShutterReset::rest(const Run& run, float seconds) {
 
 void ShutterReset::finish(Run& run, Outcome restored) {
     run.over = true;
-    CommandPanel& commands = p_.session.commands;
+    CommandState& commands = p_.session.commands;
     commands.activity = Activity::None;
     commands.runEnabled = true;
     showStep(QString());
@@ -262,7 +262,7 @@ void ShutterReset::interrupt(Run& run) {
     if (run.remembered) {
         run.remembered->show(p_.settings.record);
     }
-    CommandPanel& commands = p_.session.commands;
+    CommandState& commands = p_.session.commands;
     commands.activity = Activity::None;
     if (p_.events.programEnding()) {
         return;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "settings/record.h"
-#include "settings/sender.h"
+#include "settings/loggersettings.h"
+#include "settings/settingssender.h"
 
 #include <optional>
 
@@ -41,7 +41,7 @@ public:
         EventYield& events;
         Poll& poll;
         StatusTimer& timer;
-        SettingsPanel& settings;
+        SettingsState& settings;
         /// Takes the reply line in `Rtn` into the settings screen.
         std::function<void()> getprefs;
         /// Sends the settings screen's values; `Sent` leaves a report requested.

@@ -135,7 +135,7 @@ TEST(ShutterReset, WhatIsDisabledMeanwhile) {
             return;
         }
         looked = true;
-        const CommandPanel& commands = bench.session.commands;
+        const CommandState& commands = bench.session.commands;
         EXPECT_EQ(commands.activity.value(), Activity::ResettingShutter);
         EXPECT_FALSE(commands.runEnabled);
         EXPECT_FALSE(commands.resetShutterEnabled);

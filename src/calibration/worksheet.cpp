@@ -37,44 +37,44 @@ void forEachBox(Visit visit) {
 
 } // namespace
 
-WorksheetStore::WorksheetStore(CalibrationTable& table, CalibrationPanel& panel)
+WorksheetStore::WorksheetStore(CalibrationTable& table, CalibrationState& shown)
     : table_(table)
-    , panel_(panel) {}
+    , shown_(shown) {}
 
 void WorksheetStore::storecal() {
     forEachBox([this](int row, int channel) {
-        qint16& kept = table_.value(panel_.current, row, channel);
-        kept = toInteger16(leadingNumber(panel_.worksheet.at(row, channel).value()));
+        qint16& kept = table_.value(shown_.current, row, channel);
+        kept = toInteger16(leadingNumber(shown_.worksheet.at(row, channel).value()));
     });
 }
 
 void WorksheetStore::showcal() {
     forEachBox([this](int row, int channel) {
-        panel_.worksheet.at(row, channel) = QString::number(table_.value(panel_.current, row, channel));
+        shown_.worksheet.at(row, channel) = QString::number(table_.value(shown_.current, row, channel));
     });
-    const LightColour colour = table_.colour(panel_.current);
+    const LightColour colour = table_.colour(shown_.current);
     if (colour != LightColour::None) {
-        panel_.colour = colour;
+        shown_.colour = colour;
     }
 }
 
 void WorksheetStore::setcalcolour(LightColour colour) {
-    table_.colour(static_cast<int>(panel_.instruments.value().size()) - 1) = colour;
+    table_.colour(static_cast<int>(shown_.instruments.value().size()) - 1) = colour;
 }
 
-InstrumentList::InstrumentList(CalibrationPanel& panel, WorksheetStore& store)
-    : panel_(panel)
+InstrumentList::InstrumentList(CalibrationState& shown, WorksheetStore& store)
+    : shown_(shown)
     , store_(store) {}
 
 void InstrumentList::addInstrument() {
-    const LightColour colour = panel_.colour;
+    const LightColour colour = shown_.colour;
     if (colour == LightColour::None) {
-        panel_.message = QStringLiteral("SELECT A COLOR");
+        shown_.message = QStringLiteral("SELECT A COLOR");
         return;
     }
-    panel_.message = QString();
-    panel_.instruments = panel_.instruments.value() + QStringList{panel_.instrumentName.value()};
-    panel_.totalEntered = QString::number(count());
+    shown_.message = QString();
+    shown_.instruments = shown_.instruments.value() + QStringList{shown_.instrumentName.value()};
+    shown_.totalEntered = QString::number(count());
     store_.setcalcolour(colour);
 }
 
@@ -82,7 +82,7 @@ void InstrumentList::next() {
     if (count() == 0) {
         return;
     }
-    const int following = panel_.current + 1;
+    const int following = shown_.current + 1;
     show(following == count() ? 0 : following);
 }
 
@@ -90,7 +90,7 @@ void InstrumentList::previous() {
     if (count() == 0) {
         return;
     }
-    const int preceding = panel_.current - 1;
+    const int preceding = shown_.current - 1;
     show(preceding < 0 ? count() - 1 : preceding);
 }
 
@@ -101,8 +101,8 @@ void InstrumentList::select(int position) {
 }
 
 void InstrumentList::show(int position) {
-    panel_.current = static_cast<qint16>(position);
-    panel_.worksheetCaption = panel_.currentEntry();
+    shown_.current = static_cast<qint16>(position);
+    shown_.worksheetCaption = shown_.currentEntry();
     store_.showcal();
 }
 

@@ -78,7 +78,7 @@ private:
 };
 
 /// What the page "Calibration TRX(S)" shows and what its controls ask for.
-struct CalibrationPanel {
+struct CalibrationState {
     static constexpr int noRow = -1;
 
     QProperty<QString> instrumentName;                    ///< `Text17`, as typed.
@@ -100,7 +100,7 @@ struct CalibrationPanel {
 /// Moves values between the worksheet and the calibration table.
 class WorksheetStore {
 public:
-    WorksheetStore(CalibrationTable& table, CalibrationPanel& panel);
+    WorksheetStore(CalibrationTable& table, CalibrationState& shown);
 
     /// Keeps the 18 boxes for the current instrument: the number each begins with (0 if none), rounded half to even.
     /// Throws RuntimeError SubscriptOutOfRange (the current instrument is none of the seven; nothing is kept) or
@@ -118,13 +118,13 @@ public:
 
 private:
     CalibrationTable& table_;
-    CalibrationPanel& panel_;
+    CalibrationState& shown_;
 };
 
 /// The list of the instruments of a batch, and the steps from one to another.
 class InstrumentList {
 public:
-    InstrumentList(CalibrationPanel& panel, WorksheetStore& store);
+    InstrumentList(CalibrationState& shown, WorksheetStore& store);
 
     /// Adds the named instrument at the end and keeps its colour; the instrument shown stays. Without a colour it only
     /// says so. Throws RuntimeError SubscriptOutOfRange for an eighth instrument, which stays in the list without a
@@ -140,9 +140,9 @@ public:
 
 private:
     void show(int position);
-    int count() const { return static_cast<int>(panel_.instruments.value().size()); }
+    int count() const { return static_cast<int>(shown_.instruments.value().size()); }
 
-    CalibrationPanel& panel_;
+    CalibrationState& shown_;
     WorksheetStore& store_;
 };
 

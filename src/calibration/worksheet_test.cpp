@@ -26,80 +26,80 @@ protected:
         }
     }
 
-    std::string shown() const {
+    std::string listed() const {
         return QStringLiteral("%1 %2 %3")
-            .arg(panel.current.value())
-            .arg(panel.worksheetCaption.value())
-            .arg(static_cast<int>(panel.colour.value()))
+            .arg(shown.current.value())
+            .arg(shown.worksheetCaption.value())
+            .arg(static_cast<int>(shown.colour.value()))
             .toStdString();
     }
 };
 
 TEST_F(InstrumentListTest, WithoutAColourNothingIsAdded) {
     add("one", LightColour::None);
-    EXPECT_EQ(panel.message.value().toStdString(), "SELECT A COLOR");
-    EXPECT_TRUE(panel.instruments.value().isEmpty());
-    EXPECT_EQ(panel.totalEntered.value().toStdString(), "0");
+    EXPECT_EQ(shown.message.value().toStdString(), "SELECT A COLOR");
+    EXPECT_TRUE(shown.instruments.value().isEmpty());
+    EXPECT_EQ(shown.totalEntered.value().toStdString(), "0");
 }
 
 TEST_F(InstrumentListTest, AddingClearsTheMessageAndCounts) {
     add("one", LightColour::None);
     add("two", LightColour::Blue);
-    EXPECT_EQ(panel.message.value().toStdString(), "");
-    EXPECT_EQ(panel.instruments.value(), QStringList{QStringLiteral("two")});
-    EXPECT_EQ(panel.totalEntered.value().toStdString(), "1");
+    EXPECT_EQ(shown.message.value().toStdString(), "");
+    EXPECT_EQ(shown.instruments.value(), QStringList{QStringLiteral("two")});
+    EXPECT_EQ(shown.totalEntered.value().toStdString(), "1");
     EXPECT_EQ(actions.table.colour(0), LightColour::Blue);
 }
 
 TEST_F(InstrumentListTest, AddingKeepsTheInstrumentShownAndTheWorksheet) {
-    panel.worksheet.at(0, 0) = QStringLiteral("77");
+    shown.worksheet.at(0, 0) = QStringLiteral("77");
     addThree();
-    EXPECT_EQ(shown(), "0  11");
-    EXPECT_EQ(panel.worksheet.at(0, 0).value().toStdString(), "77");
+    EXPECT_EQ(listed(), "0  11");
+    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77");
 }
 
 TEST_F(InstrumentListTest, NextGoesRound) {
     addThree();
     actions.next();
-    EXPECT_EQ(shown(), "1 two 10");
+    EXPECT_EQ(listed(), "1 two 10");
     actions.next();
-    EXPECT_EQ(shown(), "2 three 11");
+    EXPECT_EQ(listed(), "2 three 11");
     actions.next();
-    EXPECT_EQ(shown(), "0 one 9");
+    EXPECT_EQ(listed(), "0 one 9");
 }
 
 TEST_F(InstrumentListTest, PreviousGoesRound) {
     addThree();
     actions.previous();
-    EXPECT_EQ(shown(), "2 three 11");
+    EXPECT_EQ(listed(), "2 three 11");
     actions.previous();
-    EXPECT_EQ(shown(), "1 two 10");
+    EXPECT_EQ(listed(), "1 two 10");
 }
 
 TEST_F(InstrumentListTest, AChosenEntryIsShownWithItsValues) {
     addThree();
     actions.select(1);
-    panel.worksheet.at(3, 2) = QStringLiteral("-5");
+    shown.worksheet.at(3, 2) = QStringLiteral("-5");
     actions.calcdp(); // no rows: the worksheet is not kept
     actions.select(1);
-    EXPECT_EQ(panel.worksheet.at(3, 2).value().toStdString(), "0");
-    EXPECT_EQ(shown(), "1 two 10");
+    EXPECT_EQ(shown.worksheet.at(3, 2).value().toStdString(), "0");
+    EXPECT_EQ(listed(), "1 two 10");
 }
 
 TEST_F(InstrumentListTest, AnEmptyListDoesNothing) {
-    panel.worksheet.at(0, 0) = QStringLiteral("77");
+    shown.worksheet.at(0, 0) = QStringLiteral("77");
     actions.next();
     actions.previous();
     actions.select(0);
-    EXPECT_EQ(shown(), "0  0");
-    EXPECT_EQ(panel.worksheet.at(0, 0).value().toStdString(), "77");
+    EXPECT_EQ(listed(), "0  0");
+    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77");
     EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(InstrumentListTest, AnEighthStaysInTheListWithoutAColour) {
     addEight();
-    EXPECT_EQ(panel.instruments.value().size(), 8);
-    EXPECT_EQ(panel.totalEntered.value().toStdString(), "8");
+    EXPECT_EQ(shown.instruments.value().size(), 8);
+    EXPECT_EQ(shown.totalEntered.value().toStdString(), "8");
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown.front().title.toStdString(), "ORV Host Program");
     EXPECT_TRUE(messages.shown.front().text.startsWith(
@@ -109,14 +109,14 @@ TEST_F(InstrumentListTest, AnEighthStaysInTheListWithoutAColour) {
 TEST_F(InstrumentListTest, AnEighthCanBeChosenButHasNoWorksheet) {
     addEight();
     messages.shown.clear();
-    panel.worksheet.at(0, 0) = QStringLiteral("77");
+    shown.worksheet.at(0, 0) = QStringLiteral("77");
     actions.select(7);
-    EXPECT_EQ(shown(), "7 8 9");
-    EXPECT_EQ(panel.worksheet.at(0, 0).value().toStdString(), "77");
+    EXPECT_EQ(listed(), "7 8 9");
+    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77");
     EXPECT_EQ(messages.shown.size(), 1U);
     actions.next();
-    EXPECT_EQ(shown(), "0 1 9");
-    EXPECT_EQ(panel.worksheet.at(0, 0).value().toStdString(), "0");
+    EXPECT_EQ(listed(), "0 1 9");
+    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "0");
     EXPECT_EQ(messages.shown.size(), 1U);
 }
 
@@ -139,8 +139,8 @@ RuntimeError::Kind kindThrownBy(const std::function<void()>& body) {
 class WorksheetStoreTest : public testing::Test {
 protected:
     CalibrationTable table;
-    CalibrationPanel panel;
-    WorksheetStore store{table, panel};
+    CalibrationState shown;
+    WorksheetStore store{table, shown};
 };
 
 TEST(Worksheet, BoxesAreNamedByRowAndChannel) {
@@ -171,32 +171,32 @@ TEST(Worksheet, EveryBoxHasAFieldOfItsOwn) {
 }
 
 TEST_F(WorksheetStoreTest, TheTableStartsAsZeros) {
-    CalibrationBench::fill(panel.worksheet, everyBox);
+    CalibrationBench::fill(shown.worksheet, everyBox);
     store.showcal();
-    EXPECT_EQ(CalibrationBench::textOf(panel.worksheet), "0 0 0/0 0 0/0 0 0/0 0 0/0 0 0/0 0 0");
+    EXPECT_EQ(CalibrationBench::textOf(shown.worksheet), "0 0 0/0 0 0/0 0 0/0 0 0/0 0 0/0 0 0");
 }
 
 TEST_F(WorksheetStoreTest, EachInstrumentKeepsItsOwnWorksheet) {
-    CalibrationBench::fill(panel.worksheet, everyBox);
-    panel.current = 6;
+    CalibrationBench::fill(shown.worksheet, everyBox);
+    shown.current = 6;
     store.storecal();
-    panel.current = 0;
-    CalibrationBench::fill(panel.worksheet, "-1 0 0/0 0 0/0 0 0/0 0 0/0 0 0/0 0 -32768");
+    shown.current = 0;
+    CalibrationBench::fill(shown.worksheet, "-1 0 0/0 0 0/0 0 0/0 0 0/0 0 0/0 0 -32768");
     store.storecal();
-    panel.current = 6;
+    shown.current = 6;
     store.showcal();
-    EXPECT_EQ(CalibrationBench::textOf(panel.worksheet), everyBox);
-    panel.current = 0;
+    EXPECT_EQ(CalibrationBench::textOf(shown.worksheet), everyBox);
+    shown.current = 0;
     store.showcal();
-    EXPECT_EQ(CalibrationBench::textOf(panel.worksheet), "-1 0 0/0 0 0/0 0 0/0 0 0/0 0 0/0 0 -32768");
+    EXPECT_EQ(CalibrationBench::textOf(shown.worksheet), "-1 0 0/0 0 0/0 0 0/0 0 0/0 0 0/0 0 -32768");
 }
 
 TEST_F(WorksheetStoreTest, KeepsTheLeadingNumberRoundedHalfToEven) {
-    panel.worksheet.at(0, 0) = QStringLiteral("12.5");
-    panel.worksheet.at(0, 1) = QStringLiteral("13.5");
-    panel.worksheet.at(1, 0) = QStringLiteral(" -2.5 counts");
-    panel.worksheet.at(1, 1) = QStringLiteral("none");
-    panel.worksheet.at(5, 2) = QStringLiteral("1,5");
+    shown.worksheet.at(0, 0) = QStringLiteral("12.5");
+    shown.worksheet.at(0, 1) = QStringLiteral("13.5");
+    shown.worksheet.at(1, 0) = QStringLiteral(" -2.5 counts");
+    shown.worksheet.at(1, 1) = QStringLiteral("none");
+    shown.worksheet.at(5, 2) = QStringLiteral("1,5");
     store.storecal();
     EXPECT_EQ(table.value(0, 0, 0), 12);
     EXPECT_EQ(table.value(0, 0, 1), 14);
@@ -207,41 +207,41 @@ TEST_F(WorksheetStoreTest, KeepsTheLeadingNumberRoundedHalfToEven) {
 }
 
 TEST_F(WorksheetStoreTest, AnOverflowKeepsWhatWasStoredBeforeIt) {
-    CalibrationBench::fill(panel.worksheet, everyBox);
-    panel.worksheet.at(2, 1) = QStringLiteral("32767.5");
+    CalibrationBench::fill(shown.worksheet, everyBox);
+    shown.worksheet.at(2, 1) = QStringLiteral("32767.5");
     EXPECT_EQ(kindThrownBy([this] { store.storecal(); }), RuntimeError::Kind::Overflow);
     store.showcal();
     // Clean and the first channel of Point 1 come before; Air comes last.
-    EXPECT_EQ(CalibrationBench::textOf(panel.worksheet), "0 0 0/4 5 6/7 0 0/0 0 0/0 0 0/0 0 0");
+    EXPECT_EQ(CalibrationBench::textOf(shown.worksheet), "0 0 0/4 5 6/7 0 0/0 0 0/0 0 0/0 0 0");
 }
 
 TEST_F(WorksheetStoreTest, TheLimitsFit) {
-    panel.worksheet.at(0, 0) = QStringLiteral("32767");
-    panel.worksheet.at(0, 1) = QStringLiteral("-32768");
+    shown.worksheet.at(0, 0) = QStringLiteral("32767");
+    shown.worksheet.at(0, 1) = QStringLiteral("-32768");
     store.storecal();
     EXPECT_EQ(table.value(0, 0, 0), 32767);
     EXPECT_EQ(table.value(0, 0, 1), -32768);
 }
 
 TEST_F(WorksheetStoreTest, AnInstrumentBeyondTheTableChangesNothing) {
-    CalibrationBench::fill(panel.worksheet, everyBox);
+    CalibrationBench::fill(shown.worksheet, everyBox);
     for (const qint16 current : {qint16{7}, qint16{-1}}) {
-        panel.current = current;
+        shown.current = current;
         EXPECT_EQ(kindThrownBy([this] { store.storecal(); }), RuntimeError::Kind::SubscriptOutOfRange);
         EXPECT_EQ(kindThrownBy([this] { store.showcal(); }), RuntimeError::Kind::SubscriptOutOfRange);
     }
-    EXPECT_EQ(CalibrationBench::textOf(panel.worksheet), everyBox);
+    EXPECT_EQ(CalibrationBench::textOf(shown.worksheet), everyBox);
 }
 
 TEST_F(WorksheetStoreTest, AnInstrumentWithoutAColourLeavesTheSelection) {
-    panel.colour = LightColour::Green;
+    shown.colour = LightColour::Green;
     store.showcal();
-    EXPECT_EQ(panel.colour.value(), LightColour::Green);
+    EXPECT_EQ(shown.colour.value(), LightColour::Green);
 }
 
 TEST_F(WorksheetStoreTest, TheColourBelongsToTheNewestEntry) {
     EXPECT_EQ(kindThrownBy([this] { store.setcalcolour(LightColour::Red); }), RuntimeError::Kind::SubscriptOutOfRange);
-    panel.instruments = QStringList{QStringLiteral("a"), QStringLiteral("b")};
+    shown.instruments = QStringList{QStringLiteral("a"), QStringLiteral("b")};
     store.setcalcolour(LightColour::Blue);
     EXPECT_EQ(table.colour(0), LightColour::None);
     EXPECT_EQ(table.colour(1), LightColour::Blue);

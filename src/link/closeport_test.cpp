@@ -8,23 +8,21 @@ namespace orv {
 
 namespace {
 
-using Panel = ConnectionPanel;
-
 TEST(ClosePort, takesBackWhatTheConnectionHasShown) {
     LinkRig rig;
     rig.replies = {"V512\r"};
     rig.connection.autoConnect1();
-    StatusPanel& status = rig.session.status;
+    StatusState& status = rig.session.status;
     status.instrument = QStringLiteral("TRX");
     status.date = QStringLiteral("1/5/99");
     status.time = QStringLiteral("3:05:09 PM");
-    DebugPanel& debug = rig.debug;
+    DebugState& debug = rig.debug;
     for (QProperty<bool>* frame :
          {&debug.debugFrameVisible, &debug.turbidityFrameVisible, &debug.fluorometerFrameVisible,
           &debug.transmissometerFrameVisible, &debug.outputFrameVisible}) {
         *frame = true;
     }
-    CommandPanel& commands = rig.session.commands;
+    CommandState& commands = rig.session.commands;
     commands.processingMenuVisible = true;
     commands.settingsMenuVisible = true;
     commands.activity = Activity::Collecting;
@@ -47,7 +45,8 @@ TEST(ClosePort, takesBackWhatTheConnectionHasShown) {
     EXPECT_FALSE(commands.resetShutterVisible.value());
     EXPECT_FALSE(commands.closePortEnabled.value());
     EXPECT_EQ(commands.activity.value(), Activity::None);
-    for (const Panel::Item item : {Panel::Auto1, Panel::Auto2, Panel::Manual1, Panel::Manual2}) {
+    for (const ConnectItems::Item item :
+         {ConnectItems::Auto1, ConnectItems::Auto2, ConnectItems::Manual1, ConnectItems::Manual2}) {
         EXPECT_TRUE(rig.items[item].enabled.value());
         EXPECT_FALSE(rig.items.checked(item));
     }
@@ -122,10 +121,10 @@ TEST(ClosePort, endsAConnectionInItsWakeUpPulseWithoutAnotherWord) {
     EXPECT_EQ(rig.com1.dtr, QStringList{QStringLiteral("on")});
     EXPECT_EQ(rig.session.status.status.value(), QStringLiteral("Offline"));
     EXPECT_EQ(rig.session.commands.activity.value(), Activity::None);
-    EXPECT_FALSE(rig.items.checked(Panel::Auto1));
+    EXPECT_FALSE(rig.items.checked(ConnectItems::Auto1));
     EXPECT_EQ(rig.state.Portused, 0);
     EXPECT_EQ(rig.headerRows, 0);
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
 }
 
 TEST(ClosePort, endsAConnectionBetweenReplyAndRequestWithoutAnotherWord) {
@@ -140,7 +139,7 @@ TEST(ClosePort, endsAConnectionBetweenReplyAndRequestWithoutAnotherWord) {
     EXPECT_TRUE(rig.com2.writes.empty());
     EXPECT_EQ(rig.headerRows, 0);
     EXPECT_EQ(rig.state.Ctrlscrn, opstate::idle);
-    EXPECT_FALSE(rig.items.checked(Panel::Auto2));
+    EXPECT_FALSE(rig.items.checked(ConnectItems::Auto2));
 }
 
 TEST(ClosePort, leavesTheNextConnectionToItself) {
@@ -158,8 +157,8 @@ TEST(ClosePort, leavesTheNextConnectionToItself) {
     EXPECT_TRUE(rig.com1.writes.empty());
     EXPECT_EQ(rig.com2.allWritten(), "P");
     EXPECT_EQ(rig.state.Portused, 2);
-    EXPECT_TRUE(rig.items.checked(Panel::Auto2));
-    EXPECT_FALSE(rig.items.checked(Panel::Auto1)) << "the attempt that was overtaken must not touch the menu";
+    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto2));
+    EXPECT_FALSE(rig.items.checked(ConnectItems::Auto1)) << "the attempt that was overtaken must not touch the menu";
     EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
 }
 
@@ -167,16 +166,14 @@ TEST(ClosePort, leavesTheNextConnectionToItself) {
 
 namespace {
 
-using Panel = ConnectionPanel;
-
 TEST(AbortRun, onlyAnnouncesItselfOnAClosedPort) {
     LinkRig rig;
     rig.tickDebugOutput();
-    rig.items[Panel::Auto1].checked = true;
+    rig.items[ConnectItems::Auto1].checked = true;
     rig.abortRun.abortrun();
     EXPECT_EQ(rig.com2.allWritten(), "Abort Run Function\r");
     EXPECT_FALSE(rig.session.commands.runEnabled.value());
-    EXPECT_TRUE(rig.items.checked(Panel::Auto1));
+    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto1));
     EXPECT_EQ(rig.resets, 0);
 }
 
@@ -193,9 +190,9 @@ TEST(AbortRun, resetsAndWakesTheInstrumentAgainOnComm1) {
     EXPECT_EQ(rig.com1.dtr, (QStringList{QStringLiteral("on"), QStringLiteral("off")}));
     EXPECT_EQ(rig.com1.allWritten(), "P") << "nothing but the wake-up stops the instrument";
     EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
-    EXPECT_TRUE(rig.items.checked(Panel::Auto1));
-    EXPECT_TRUE(rig.items[Panel::Auto1].enabled.value());
-    EXPECT_FALSE(rig.items[Panel::Manual1].enabled.value());
+    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto1));
+    EXPECT_TRUE(rig.items[ConnectItems::Auto1].enabled.value());
+    EXPECT_FALSE(rig.items[ConnectItems::Manual1].enabled.value());
     EXPECT_TRUE(rig.session.commands.runEnabled.value());
     EXPECT_EQ(rig.resets, 1);
 }
@@ -210,7 +207,7 @@ TEST(AbortRun, resetsAndWakesTheInstrumentAgainOnComm2) {
     rig.abortRun.abortrun();
     EXPECT_EQ(rig.com1.allWritten(), "P");
     EXPECT_EQ(rig.ports.selectedPort(), 2);
-    EXPECT_TRUE(rig.items.checked(Panel::Auto2));
+    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto2));
     EXPECT_EQ(rig.resets, 1);
 }
 
@@ -227,9 +224,9 @@ TEST(AbortRun, showsTheManualDialogAgainAfterAManualConnection) {
         rig.abortRun.abortrun();
         EXPECT_FALSE(rig.ports.isOpen());
         EXPECT_EQ(rig.state.Portused, port);
-        EXPECT_TRUE(rig.items.checked(port == 1 ? Panel::Manual1 : Panel::Manual2));
-        EXPECT_TRUE(rig.manual.panel.visible.value());
-        EXPECT_TRUE(rig.manual.panel.text.value().startsWith(
+        EXPECT_TRUE(rig.items.checked(port == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2));
+        EXPECT_TRUE(rig.manual.shown.visible.value());
+        EXPECT_TRUE(rig.manual.shown.text.value().startsWith(
             QStringLiteral("To start manual connection on Comm %1, click Proceed.").arg(port)));
         EXPECT_EQ(rig.resets, 1);
         EXPECT_EQ(rig.state.gatherstart, 0);
@@ -248,9 +245,9 @@ TEST(AbortRun, keepsTheManualDialogThatItShowsDuringAManualAttempt) {
         }
     };
     rig.manual.start();
-    EXPECT_TRUE(rig.manual.panel.visible.value());
-    EXPECT_TRUE(rig.manual.panel.text.value().startsWith(QStringLiteral("To start manual connection on Comm 2")));
-    EXPECT_TRUE(rig.manual.panel.proceedVisible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
+    EXPECT_TRUE(rig.manual.shown.text.value().startsWith(QStringLiteral("To start manual connection on Comm 2")));
+    EXPECT_TRUE(rig.manual.shown.proceedVisible.value());
     EXPECT_EQ(yields, 10) << "the attempt ends in its wait";
     EXPECT_TRUE(rig.com2.writes.empty());
     EXPECT_EQ(rig.state.Ctrlscrn, opstate::idle);
@@ -259,12 +256,12 @@ TEST(AbortRun, keepsTheManualDialogThatItShowsDuringAManualAttempt) {
 TEST(AbortRun, takesTheFirstCheckedItemAndNoOther) {
     LinkRig rig;
     rig.ports.open();
-    rig.items[Panel::Auto2].checked = true;
-    rig.items[Panel::Manual1].checked = true;
+    rig.items[ConnectItems::Auto2].checked = true;
+    rig.items[ConnectItems::Manual1].checked = true;
     rig.abortRun.abortrun();
     EXPECT_EQ(rig.resets, 1);
-    EXPECT_TRUE(rig.items.checked(Panel::Auto2));
-    EXPECT_FALSE(rig.items.checked(Panel::Manual1));
+    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto2));
+    EXPECT_FALSE(rig.items.checked(ConnectItems::Manual1));
     EXPECT_EQ(rig.ports.selectedPort(), 2);
 }
 
@@ -282,8 +279,8 @@ TEST(AbortRun, endsInTheFailureDialogWhenNothingAnswers) {
     rig.replies = {"V512\r"};
     rig.connection.autoConnect1();
     rig.abortRun.abortrun();
-    EXPECT_TRUE(rig.manual.panel.visible.value());
-    EXPECT_TRUE(rig.manual.panel.text.value().startsWith(
+    EXPECT_TRUE(rig.manual.shown.visible.value());
+    EXPECT_TRUE(rig.manual.shown.text.value().startsWith(
         QStringLiteral("Attempt to Auto Connect Via Comm 1 Failed!      Make sure")));
     EXPECT_EQ(rig.state.Portused, 1);
     EXPECT_TRUE(rig.ports.isOpen());

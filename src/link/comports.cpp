@@ -13,7 +13,7 @@ constexpr int debugPortNumber = 2;
 
 } // namespace
 
-ComPorts::ComPorts(Session& session, DebugPanel& debug, PortMaker makePort)
+ComPorts::ComPorts(Session& session, DebugState& debug, PortMaker makePort)
     : session_(session)
     , debug_(debug)
     , makePort_(std::move(makePort)) {}

@@ -27,7 +27,7 @@ public:
     /// Makes the port of a device name; never null.
     using PortMaker = std::function<std::unique_ptr<Port>(const QString& device)>;
 
-    ComPorts(Session& session, DebugPanel& debug, PortMaker makePort);
+    ComPorts(Session& session, DebugState& debug, PortMaker makePort);
 
     /// The device behind COM 1 or COM 2. Only for a port that is not in use.
     void setDevice(int portNumber, const QString& device);
@@ -85,7 +85,7 @@ private:
     void tellThatItCouldNotBeOpened(const QString& what, const QString& reason);
 
     Session& session_;
-    DebugPanel& debug_;
+    DebugState& debug_;
     PortMaker makePort_;
     std::array<Line, 2> lines_;
     Port* instrument_ = nullptr; ///< The open line of the instrument.

@@ -38,22 +38,22 @@ void Connection::autoConnect1() {
         return; // not opened, or overtaken by a reset, a close or another connection: those have set the items
     }
     p_.session.state.Portused = 1;
-    p_.items[ConnectionPanel::Auto1].checked = true;
-    p_.items[ConnectionPanel::Auto1].enabled = true;
+    p_.items[ConnectItems::Auto1].checked = true;
+    p_.items[ConnectItems::Auto1].enabled = true;
 }
 
 void Connection::autoConnect2() {
     p_.ports.debugsay(QStringLiteral("Auto Open 2"));
     p_.session.state.Portused = 2;
-    p_.items[ConnectionPanel::Auto2].checked = true;
-    p_.items[ConnectionPanel::Auto2].enabled = true;
+    p_.items[ConnectItems::Auto2].checked = true;
+    p_.items[ConnectItems::Auto2].enabled = true;
     openport2();
 }
 
 void Connection::manualConnect(int portNumber) {
     p_.ports.debugsay(portNumber == 1 ? QStringLiteral("Manual 1 Start") : QStringLiteral("Manual 2 Start"));
     p_.session.state.Portused = static_cast<quint8>(portNumber);
-    ConnectItem& item = p_.items[portNumber == 1 ? ConnectionPanel::Manual1 : ConnectionPanel::Manual2];
+    ConnectItem& item = p_.items[portNumber == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2];
     item.enabled = true;
     item.checked = true;
     p_.manual.show();
@@ -66,17 +66,17 @@ void Connection::closePort() {
     p_.session.state.portstatus = 2;
     p_.items.enableAll();
     p_.items.uncheckAll();
-    StatusPanel& status = p_.session.status;
-    status.firmware = StatusPanel::unknownShort();
-    status.instrument = StatusPanel::unknownShort();
-    status.date = StatusPanel::unknownLong();
-    status.time = StatusPanel::unknownLong();
+    StatusState& status = p_.session.status;
+    status.firmware = StatusState::unknownShort();
+    status.instrument = StatusState::unknownShort();
+    status.date = StatusState::unknownLong();
+    status.time = StatusState::unknownLong();
     p_.debug.debugFrameVisible = false;
     p_.debug.turbidityFrameVisible = false;
     p_.debug.fluorometerFrameVisible = false;
     p_.debug.transmissometerFrameVisible = false;
     p_.debug.outputFrameVisible = false;
-    CommandPanel& commands = p_.session.commands;
+    CommandState& commands = p_.session.commands;
     commands.processingMenuVisible = false;
     commands.settingsMenuVisible = false;
     commands.resetShutterVisible = false;
@@ -101,9 +101,9 @@ void Connection::openport(int portNumber) {
         return;
     }
     p_.session.state.portstatus = 1;
-    using Panel = ConnectionPanel;
-    const Panel::Item automatic = portNumber == 1 ? Panel::Auto1 : Panel::Auto2;
-    const Panel::Item manual = portNumber == 1 ? Panel::Manual1 : Panel::Manual2;
+
+    const ConnectItems::Item automatic = portNumber == 1 ? ConnectItems::Auto1 : ConnectItems::Auto2;
+    const ConnectItems::Item manual = portNumber == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2;
     if (p_.items.checked(automatic)) {
         p_.items[automatic].enabled = true;
         p_.items[manual].enabled = false;
@@ -112,9 +112,9 @@ void Connection::openport(int portNumber) {
         p_.items[manual].enabled = false;
         p_.items[automatic].enabled = false;
     }
-    p_.items[portNumber == 1 ? Panel::Auto2 : Panel::Auto1].enabled = false;
-    p_.items[portNumber == 1 ? Panel::Manual2 : Panel::Manual1].enabled = false;
-    CommandPanel& commands = p_.session.commands;
+    p_.items[portNumber == 1 ? ConnectItems::Auto2 : ConnectItems::Auto1].enabled = false;
+    p_.items[portNumber == 1 ? ConnectItems::Manual2 : ConnectItems::Manual1].enabled = false;
+    CommandState& commands = p_.session.commands;
     commands.closePortEnabled = true;
     commands.resetShutterEnabled = true;
     commands.resetShutterVisible = true;
@@ -135,7 +135,7 @@ void Connection::openprt() {
         p_.ports.selectPort(port);
     }
     p_.session.status.status = QStringLiteral("Connecting...");
-    CommandPanel& commands = p_.session.commands;
+    CommandState& commands = p_.session.commands;
     commands.resetEnabled = true;
     commands.runEnabled = true;
     commands.clearAllEnabled = true;
@@ -168,7 +168,7 @@ void Connection::presets() {
         p_.actions.fixit();
         return;
     }
-    CommandPanel& commands = p_.session.commands;
+    CommandState& commands = p_.session.commands;
     commands.activity = Activity::Connecting;
 
     p_.ports.setDataTerminalReady(true);
@@ -269,17 +269,18 @@ Connection::WakeUp Connection::wakeUp() {
 }
 
 void Connection::attemptFailed() {
-    using Panel = ConnectionPanel;
-    for (const Panel::Item item : {Panel::Auto1, Panel::Auto2, Panel::Manual1, Panel::Manual2}) {
+
+    for (const ConnectItems::Item item :
+         {ConnectItems::Auto1, ConnectItems::Auto2, ConnectItems::Manual1, ConnectItems::Manual2}) {
         if (p_.items.checked(item)) {
-            p_.session.state.Portused = static_cast<quint8>(Panel::portNumber(item));
+            p_.session.state.Portused = static_cast<quint8>(ConnectItems::portNumber(item));
             break;
         }
     }
     p_.manual.show();
 }
 
-AbortRun::AbortRun(Session& session, ConnectionPanel& items, ComPorts& ports, Connection& connection,
+AbortRun::AbortRun(Session& session, ConnectItems& items, ComPorts& ports, Connection& connection,
                    ManualConnection& manual, ProgramActions& actions)
     : session_(session)
     , items_(items)
@@ -294,16 +295,17 @@ void AbortRun::abortrun() {
         return;
     }
     session_.commands.runEnabled = true;
-    using Panel = ConnectionPanel;
-    for (const Panel::Item item : {Panel::Auto1, Panel::Auto2, Panel::Manual1, Panel::Manual2}) {
+
+    for (const ConnectItems::Item item :
+         {ConnectItems::Auto1, ConnectItems::Auto2, ConnectItems::Manual1, ConnectItems::Manual2}) {
         if (!items_.checked(item)) {
             continue;
         }
         // The reset unchecks every item, so the branches after this one do not run.
         actions_.fixit();
         items_[item].checked = true;
-        const int port = Panel::portNumber(item);
-        if (item == Panel::Auto1 || item == Panel::Auto2) {
+        const int port = ConnectItems::portNumber(item);
+        if (item == ConnectItems::Auto1 || item == ConnectItems::Auto2) {
             ports_.debugsay(QStringLiteral("Passed fix it for comm%1").arg(port));
             if (port == 1) {
                 connection_.openport1();

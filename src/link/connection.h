@@ -14,9 +14,9 @@ public:
     /// What the link's procedures work on; everything outlives the connection.
     struct Parts {
         Session& session;
-        ConnectionPanel& items;
+        ConnectItems& items;
         ComPorts& ports;
-        DebugPanel& debug;
+        DebugState& debug;
         TimedWait& wait;
         EventYield& events;
         ManualConnection& manual;
@@ -64,14 +64,14 @@ private:
 /// or when no connect item is checked.
 class AbortRun {
 public:
-    AbortRun(Session& session, ConnectionPanel& items, ComPorts& ports, Connection& connection,
-             ManualConnection& manual, ProgramActions& actions);
+    AbortRun(Session& session, ConnectItems& items, ComPorts& ports, Connection& connection, ManualConnection& manual,
+             ProgramActions& actions);
 
     void abortrun();
 
 private:
     Session& session_;
-    ConnectionPanel& items_;
+    ConnectItems& items_;
     ComPorts& ports_;
     Connection& connection_;
     ManualConnection& manual_;

@@ -8,31 +8,30 @@
 namespace orv {
 namespace {
 
-using Panel = ConnectionPanel;
-
 struct ItemRow {
     bool enabled;
     bool checked;
 };
 
 void expectItems(const LinkRig& rig, const std::array<ItemRow, 4>& expected) {
-    for (const Panel::Item item : {Panel::Auto1, Panel::Auto2, Panel::Manual1, Panel::Manual2}) {
+    for (const ConnectItems::Item item :
+         {ConnectItems::Auto1, ConnectItems::Auto2, ConnectItems::Manual1, ConnectItems::Manual2}) {
         SCOPED_TRACE(item);
         EXPECT_EQ(rig.items[item].enabled.value(), expected.at(static_cast<std::size_t>(item)).enabled);
         EXPECT_EQ(rig.items.checked(item), expected.at(static_cast<std::size_t>(item)).checked);
     }
 }
 
-TEST(ConnectionPanelTest, selectsThePortOfTheLastCheckedItem) {
-    ConnectionPanel items;
+TEST(ConnectItemsTest, selectsThePortOfTheLastCheckedItem) {
+    ConnectItems items;
     EXPECT_EQ(items.checkedPort(), 0);
-    items[Panel::Auto1].checked = true;
+    items[ConnectItems::Auto1].checked = true;
     EXPECT_EQ(items.checkedPort(), 1);
-    items[Panel::Auto2].checked = true;
+    items[ConnectItems::Auto2].checked = true;
     EXPECT_EQ(items.checkedPort(), 2);
-    items[Panel::Manual1].checked = true;
+    items[ConnectItems::Manual1].checked = true;
     EXPECT_EQ(items.checkedPort(), 1);
-    items[Panel::Manual2].checked = true;
+    items[ConnectItems::Manual2].checked = true;
     EXPECT_EQ(items.checkedPort(), 2);
     items.uncheckAll();
     EXPECT_EQ(items.checkedPort(), 0);
@@ -82,7 +81,7 @@ TEST(Connecting, checksItsItemBeforeTheAttemptOnComm2) {
     LinkRig rig;
     rig.replies = {"V512\r"};
     bool checkedDuring = true;
-    rig.com2.dtrChanged = [&](bool) { checkedDuring = checkedDuring && rig.items.checked(Panel::Auto2); };
+    rig.com2.dtrChanged = [&](bool) { checkedDuring = checkedDuring && rig.items.checked(ConnectItems::Auto2); };
     rig.connection.autoConnect2();
     EXPECT_EQ(rig.com2.dtr.size(), 2);
     EXPECT_TRUE(checkedDuring);
@@ -93,15 +92,15 @@ TEST(Connecting, checksItsItemBeforeTheAttemptOnComm2) {
 TEST(Connecting, checksAManualItemAndOpensTheDialogOnly) {
     for (const int port : {1, 2}) {
         LinkRig rig;
-        const Panel::Item item = port == 1 ? Panel::Manual1 : Panel::Manual2;
+        const ConnectItems::Item item = port == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2;
         rig.items[item].enabled = false;
         rig.connection.manualConnect(port);
         EXPECT_TRUE(rig.items.checked(item));
         EXPECT_TRUE(rig.items[item].enabled.value());
         EXPECT_EQ(rig.state.Portused, port);
-        EXPECT_TRUE(rig.manual.panel.visible.value());
+        EXPECT_TRUE(rig.manual.shown.visible.value());
         EXPECT_FALSE(rig.ports.isOpen());
-        EXPECT_TRUE(rig.manual.panel.text.value().contains(QStringLiteral("manual connection on Comm %1").arg(port)));
+        EXPECT_TRUE(rig.manual.shown.text.value().contains(QStringLiteral("manual connection on Comm %1").arg(port)));
     }
 }
 
@@ -115,7 +114,7 @@ TEST(Connecting, disablesTheOtherItemsDuringAManualConnection) {
 
 TEST(Connecting, usesPort2WithItsManualItemCheckedAfterAutomaticComm1) {
     LinkRig rig;
-    rig.items[Panel::Auto1].checked = true;
+    rig.items[ConnectItems::Auto1].checked = true;
     rig.connection.manualConnect(2);
     rig.replies = {"V512\r"};
     rig.manual.start();
@@ -133,7 +132,7 @@ TEST(Connecting, opensPort2AgainByComm1AfterASessionOnPort2) {
     EXPECT_TRUE(rig.com2.isOpen());
     EXPECT_FALSE(rig.com1.isOpen());
     EXPECT_EQ(rig.state.Portused, 1);
-    EXPECT_TRUE(rig.items.checked(Panel::Auto1));
+    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto1));
 }
 
 TEST(Connecting, opensPort1ByComm1OnceItsItemHasBeenChecked) {
@@ -141,14 +140,14 @@ TEST(Connecting, opensPort1ByComm1OnceItsItemHasBeenChecked) {
     rig.replies = {"V512\r", "V512\r"};
     rig.connection.autoConnect2();
     rig.connection.closePort();
-    rig.items[Panel::Auto1].checked = true;
+    rig.items[ConnectItems::Auto1].checked = true;
     rig.connection.autoConnect1();
     EXPECT_TRUE(rig.com1.isOpen());
 }
 
 TEST(Connecting, enablesTheButtonsAndShowsThatItConnects) {
     LinkRig rig;
-    CommandPanel& commands = rig.session.commands;
+    CommandState& commands = rig.session.commands;
     commands.resetShutterVisible = false;
     QString status;
     Activity activity = Activity::None;
@@ -185,7 +184,7 @@ TEST(Connecting, onlyAnnouncesWhileThePortIsOpen) {
     EXPECT_EQ(rig.ports.connectionNumber(), connection);
     EXPECT_TRUE(rig.com1.writes.empty());
     EXPECT_EQ(rig.com1.dtr.size(), 2);
-    EXPECT_TRUE(rig.items[Panel::Auto1].enabled.value());
+    EXPECT_TRUE(rig.items[ConnectItems::Auto1].enabled.value());
 }
 
 TEST(Connecting, endsLikeAResetWhenThePortCannotBeOpened) {
@@ -200,7 +199,7 @@ TEST(Connecting, endsLikeAResetWhenThePortCannotBeOpened) {
     EXPECT_EQ(rig.state.Portused, 0);
     expectItems(rig, {{{true, false}, {true, false}, {true, false}, {true, false}}});
     EXPECT_EQ(rig.yield.yields, 0);
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
 }
 
 TEST(Connecting, closesTheDialogWhenAManualConnectionCannotOpenThePort) {
@@ -212,7 +211,7 @@ TEST(Connecting, closesTheDialogWhenAManualConnectionCannotOpenThePort) {
     EXPECT_EQ(rig.messages.shown.size(), 1U);
     EXPECT_EQ(rig.resets, 1);
     EXPECT_EQ(rig.state.Seeking, 0);
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
 }
 
 TEST(Connecting, isToldOnceWhenTheLineFailsInTheWakeUpPulse) {
@@ -226,7 +225,7 @@ TEST(Connecting, isToldOnceWhenTheLineFailsInTheWakeUpPulse) {
     EXPECT_EQ(rig.messages.shown.size(), 1U);
     EXPECT_EQ(rig.resets, 1);
     EXPECT_FALSE(rig.ports.isOpen());
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
     EXPECT_EQ(rig.session.status.status.value(), QStringLiteral("Offline"));
 }
 
@@ -243,7 +242,7 @@ TEST(Connecting, isToldOnceWhenTheLineFailsWhileItWaitsForTheReply) {
     EXPECT_EQ(rig.resets, 1);
     EXPECT_EQ(endings, 1);
     EXPECT_FALSE(rig.connection.isPolling());
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
     expectItems(rig, {{{true, false}, {true, false}, {true, false}, {true, false}}});
 }
 

@@ -32,7 +32,7 @@ private:
 };
 
 /// What the debug screen shows and what its controls ask for.
-struct DebugPanel {
+struct DebugState {
     QProperty<bool> comm2Output{false}; ///< `Check1`, "Comm 2 Debug Output".
     QProperty<bool> rawBuffer{false};   ///< `Option1`, "Raw Buffer".
     QProperty<bool> showParsing{false}; ///< `Option2`, "Show Parsing".

@@ -11,7 +11,7 @@ void DirectSend::send(const QString& text) {
     ports_.write(text.toLatin1());
 }
 
-DebugFrames::DebugFrames(ComPorts& ports, DebugPanel& debug)
+DebugFrames::DebugFrames(ComPorts& ports, DebugState& debug)
     : ports_(ports)
     , debug_(debug) {}
 

@@ -22,7 +22,7 @@ private:
 /// scattering meter's frame stays as it is. Only the fluorometer's announces itself.
 class DebugFrames {
 public:
-    DebugFrames(ComPorts& ports, DebugPanel& debug);
+    DebugFrames(ComPorts& ports, DebugState& debug);
 
     void showFluorometer();
     void showTransmissometer();
@@ -32,7 +32,7 @@ private:
     void showOnly(const QProperty<bool>& frame);
 
     ComPorts& ports_;
-    DebugPanel& debug_;
+    DebugState& debug_;
 };
 
 } // namespace orv

@@ -25,47 +25,47 @@ QString failureText(int portNumber) {
 
 } // namespace
 
-ManualConnection::ManualConnection(Session& session, ConnectionPanel& connection, ProgramActions& actions)
+ManualConnection::ManualConnection(Session& session, ConnectItems& connection, ProgramActions& actions)
     : session_(session)
     , connection_(connection)
     , actions_(actions) {}
 
 void ManualConnection::show() {
     ++showings_;
-    panel.startVisible = false;
-    panel.startEnabled = true;
-    panel.proceedVisible = true;
-    panel.retryEnabled = true;
+    shown.startVisible = false;
+    shown.startEnabled = true;
+    shown.proceedVisible = true;
+    shown.retryEnabled = true;
     QString text;
-    if (connection_.checked(ConnectionPanel::Manual1)) {
+    if (connection_.checked(ConnectItems::Manual1)) {
         text = manualText(1);
-    } else if (connection_.checked(ConnectionPanel::Manual2)) {
+    } else if (connection_.checked(ConnectItems::Manual2)) {
         text = manualText(2);
-    } else if (connection_.checked(ConnectionPanel::Auto1)) {
+    } else if (connection_.checked(ConnectItems::Auto1)) {
         text = failureText(1);
-    } else if (connection_.checked(ConnectionPanel::Auto2)) {
+    } else if (connection_.checked(ConnectItems::Auto2)) {
         text = failureText(2);
     }
-    panel.text = text;
-    panel.visible = true;
+    shown.text = text;
+    shown.visible = true;
 }
 
 void ManualConnection::hide() {
-    panel.visible = false;
+    shown.visible = false;
 }
 
 void ManualConnection::proceed() {
-    panel.proceedVisible = false;
-    panel.startVisible = true;
-    panel.text = QStringLiteral("Shut power off of sensor. Press (Start) then turn power on.");
+    shown.proceedVisible = false;
+    shown.startVisible = true;
+    shown.text = QStringLiteral("Shut power off of sensor. Press (Start) then turn power on.");
 }
 
 void ManualConnection::start() {
     session_.state.Seeking = 1;
     session_.status.notice = QStringLiteral("Waiting for the instrument. \"Quit\" in the dialog ends it.");
     const auto noticeEnds = qScopeGuard([this] { session_.status.notice = QString(); });
-    panel.retryEnabled = false;
-    panel.startEnabled = false;
+    shown.retryEnabled = false;
+    shown.startEnabled = false;
     const int showing = showings_;
     openport(session_.state.Portused);
     session_.state.Seeking = 0; // connected or ended: a later automatic attempt must be bounded

@@ -18,7 +18,7 @@ struct ConnectItem {
 };
 
 /// The connect items in the order in which the port is selected from them; a later checked item overrides.
-struct ConnectionPanel {
+struct ConnectItems {
     enum Item { Auto1, Auto2, Manual1, Manual2 };
 
     std::array<ConnectItem, 4> items;
@@ -55,7 +55,7 @@ struct ConnectionPanel {
 };
 
 /// What the "Manual Connection" dialog shows.
-struct ManualConnectionPanel {
+struct ManualConnectionState {
     QProperty<bool> visible{false};
     QProperty<QString> text;
     QProperty<bool> startVisible{false};
@@ -67,7 +67,7 @@ struct ManualConnectionPanel {
 /// The "Manual Connection" dialog: lets the operator connect with a power cycle, by hand or after a failed attempt.
 class ManualConnection {
 public:
-    ManualConnection(Session& session, ConnectionPanel& connection, ProgramActions& actions);
+    ManualConnection(Session& session, ConnectItems& connection, ProgramActions& actions);
 
     /// Opens the dialog afresh, with the text of the checked connect item; no text if none is checked.
     void show();
@@ -83,14 +83,14 @@ public:
     /// the dialog only goes away.
     void closed();
 
-    ManualConnectionPanel panel;
+    ManualConnectionState shown;
 
     /// Calls `openport1` or `openport2`.
     std::function<void(int portNumber)> openport;
 
 private:
     Session& session_;
-    ConnectionPanel& connection_;
+    ConnectItems& connection_;
     ProgramActions& actions_;
     int showings_ = 0; ///< How often the dialog has been shown.
 };

@@ -8,22 +8,20 @@
 namespace orv {
 namespace {
 
-using Panel = ConnectionPanel;
-
 struct DialogText {
-    Panel::Item item;
+    ConnectItems::Item item;
     const char* text;
 };
 
 constexpr DialogText dialogTexts[] = {
-    {Panel::Manual1,
+    {ConnectItems::Manual1,
      "To start manual connection on Comm 1, click Proceed. If you wish to exit connection proccess click Quit"},
-    {Panel::Manual2,
+    {ConnectItems::Manual2,
      "To start manual connection on Comm 2, click Proceed. If you wish to exit connection proccess click Quit"},
-    {Panel::Auto1,
+    {ConnectItems::Auto1,
      "Attempt to Auto Connect Via Comm 1 Failed!      Make sure that this cable is DTR enabled, that power "
      "is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready."},
-    {Panel::Auto2,
+    {ConnectItems::Auto2,
      "Attempt to Auto Connect Via Comm 2 Failed!      Make sure that this cable is DTR enabled, that power "
      "is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready."},
 };
@@ -33,42 +31,42 @@ TEST(ManualConnection, opensWithTheTextOfTheCheckedItem) {
         LinkRig rig;
         rig.items[row.item].checked = true;
         rig.manual.show();
-        EXPECT_EQ(rig.manual.panel.text.value(), QLatin1String(row.text));
-        EXPECT_TRUE(rig.manual.panel.visible.value());
+        EXPECT_EQ(rig.manual.shown.text.value(), QLatin1String(row.text));
+        EXPECT_TRUE(rig.manual.shown.visible.value());
     }
 }
 
 TEST(ManualConnection, opensWithoutTextWhenNoItemIsChecked) {
     LinkRig rig;
-    rig.manual.panel.text = QStringLiteral("from before");
+    rig.manual.shown.text = QStringLiteral("from before");
     rig.manual.show();
-    EXPECT_EQ(rig.manual.panel.text.value(), QString());
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_EQ(rig.manual.shown.text.value(), QString());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
 }
 
 TEST(ManualConnection, opensWithProceedAndRetryButWithoutStart) {
     LinkRig rig;
-    ManualConnectionPanel& panel = rig.manual.panel;
-    panel.startVisible = true;
-    panel.startEnabled = false;
-    panel.proceedVisible = false;
-    panel.retryEnabled = false;
+    ManualConnectionState& shown = rig.manual.shown;
+    shown.startVisible = true;
+    shown.startEnabled = false;
+    shown.proceedVisible = false;
+    shown.retryEnabled = false;
     rig.manual.show();
-    EXPECT_FALSE(panel.startVisible.value());
-    EXPECT_TRUE(panel.startEnabled.value());
-    EXPECT_TRUE(panel.proceedVisible.value());
-    EXPECT_TRUE(panel.retryEnabled.value());
+    EXPECT_FALSE(shown.startVisible.value());
+    EXPECT_TRUE(shown.startEnabled.value());
+    EXPECT_TRUE(shown.proceedVisible.value());
+    EXPECT_TRUE(shown.retryEnabled.value());
 }
 
 TEST(ManualConnection, asksForAPowerCycleOnProceed) {
     LinkRig rig;
     rig.manual.show();
     rig.manual.proceed();
-    EXPECT_FALSE(rig.manual.panel.proceedVisible.value());
-    EXPECT_TRUE(rig.manual.panel.startVisible.value());
-    EXPECT_EQ(rig.manual.panel.text.value(),
+    EXPECT_FALSE(rig.manual.shown.proceedVisible.value());
+    EXPECT_TRUE(rig.manual.shown.startVisible.value());
+    EXPECT_EQ(rig.manual.shown.text.value(),
               QStringLiteral("Shut power off of sensor. Press (Start) then turn power on."));
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
     EXPECT_FALSE(rig.ports.isOpen());
 }
 
@@ -80,15 +78,15 @@ TEST(ManualConnection, seeksOnThePortInUseOnStartAndGoesAway) {
         rig.manual.openport = [&](int portNumber) {
             opened = portNumber;
             EXPECT_EQ(rig.state.Seeking, 1);
-            EXPECT_FALSE(rig.manual.panel.retryEnabled.value());
-            EXPECT_FALSE(rig.manual.panel.startEnabled.value());
-            EXPECT_TRUE(rig.manual.panel.visible.value());
+            EXPECT_FALSE(rig.manual.shown.retryEnabled.value());
+            EXPECT_FALSE(rig.manual.shown.startEnabled.value());
+            EXPECT_TRUE(rig.manual.shown.visible.value());
         };
         rig.manual.show();
         rig.manual.proceed();
         rig.manual.start();
         EXPECT_EQ(opened, port);
-        EXPECT_FALSE(rig.manual.panel.visible.value());
+        EXPECT_FALSE(rig.manual.shown.visible.value());
     }
 }
 
@@ -142,7 +140,7 @@ TEST(ManualConnection, opensThePortInUseOnRetryAndStays) {
     rig.manual.retry();
     EXPECT_EQ(opened, 2);
     EXPECT_EQ(rig.state.Seeking, 0);
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
 }
 
 TEST(ManualConnection, opensNothingWhileNoPortWasEverUsed) {
@@ -156,16 +154,16 @@ TEST(ManualConnection, opensNothingWhileNoPortWasEverUsed) {
 
 TEST(ManualConnection, resetsEverythingOnQuit) {
     LinkRig rig;
-    rig.items[Panel::Manual1].checked = true;
+    rig.items[ConnectItems::Manual1].checked = true;
     rig.state.Seeking = 1;
     rig.ports.open();
     rig.manual.show();
     rig.manual.quit();
     EXPECT_EQ(rig.state.Seeking, 0);
-    EXPECT_FALSE(rig.items.checked(Panel::Manual1));
+    EXPECT_FALSE(rig.items.checked(ConnectItems::Manual1));
     EXPECT_EQ(rig.resets, 1);
     EXPECT_FALSE(rig.ports.isOpen());
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
 }
 
 TEST(ManualConnection, resetsWhenItsWindowIsClosedBeforeTheInstrumentIsConnected) {
@@ -173,7 +171,7 @@ TEST(ManualConnection, resetsWhenItsWindowIsClosedBeforeTheInstrumentIsConnected
     rig.manual.show();
     rig.manual.closed();
     EXPECT_EQ(rig.resets, 1);
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
 }
 
 TEST(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedWithTheInstrumentConnected) {
@@ -185,7 +183,7 @@ TEST(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedWithTheInstrumentConnect
         rig.manual.closed();
         EXPECT_EQ(rig.resets, 0);
         EXPECT_TRUE(rig.ports.isOpen());
-        EXPECT_FALSE(rig.manual.panel.visible.value());
+        EXPECT_FALSE(rig.manual.shown.visible.value());
     }
 }
 
@@ -198,7 +196,7 @@ TEST(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedAfterADownload) {
     rig.manual.closed();
     EXPECT_EQ(rig.resets, 0);
     EXPECT_TRUE(rig.ports.isOpen());
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
 }
 
 TEST(ManualConnection, connectsWhenThePowerComesOnAfterAnyTime) {
@@ -213,7 +211,7 @@ TEST(ManualConnection, connectsWhenThePowerComesOnAfterAnyTime) {
     EXPECT_EQ(rig.session.status.firmware.value(), QStringLiteral("412"));
     EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
     EXPECT_EQ(rig.state.Seeking, 0);
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
     EXPECT_EQ(rig.resets, 0);
     EXPECT_GE(rig.clock.monotonicMilliseconds(), 60000);
 }
@@ -227,7 +225,7 @@ TEST(ManualConnection, seeksWithoutLimitUntilQuit) {
     rig.yield.whileResponsive = [&rig](bool manualDialogLives) {
         EXPECT_TRUE(manualDialogLives);
         EXPECT_TRUE(rig.connection.isPolling());
-        EXPECT_TRUE(rig.manual.panel.visible.value());
+        EXPECT_TRUE(rig.manual.shown.visible.value());
         if (rig.clock.monotonicMilliseconds() > 60000) {
             rig.manual.quit();
         }
@@ -242,7 +240,7 @@ TEST(ManualConnection, seeksWithoutLimitUntilQuit) {
     EXPECT_EQ(rig.headerRows, 0);
     EXPECT_EQ(rig.state.Ctrlscrn, opstate::idle);
     EXPECT_EQ(rig.session.status.status.value(), QStringLiteral("Offline"));
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
 }
 
 TEST(ManualConnection, endsWhenItsWindowIsClosedWhileItSeeks) {
@@ -276,7 +274,7 @@ TEST(ManualConnection, leavesNoEndlessSearchBehindForALaterAutomaticAttempt) {
     rig.yield.whileResponsive = [&](bool) { rig.yield.ending = ++calls > 2000; };
     rig.connection.autoConnect2();
     EXPECT_FALSE(rig.yield.ending) << "the attempt had no limit";
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
 }
 
 TEST(ManualConnection, endsTheSearchWhenThePortIsClosedInTheWakeUpPulse) {
@@ -288,7 +286,7 @@ TEST(ManualConnection, endsTheSearchWhenThePortIsClosedInTheWakeUpPulse) {
         if (++yields == 10) {
             rig.connection.closePort();
             rig.connection.autoConnect2();
-            bounded = rig.manual.panel.visible.value();
+            bounded = rig.manual.shown.visible.value();
         }
     };
     int calls = 0;
@@ -296,7 +294,7 @@ TEST(ManualConnection, endsTheSearchWhenThePortIsClosedInTheWakeUpPulse) {
     rig.manual.start();
     EXPECT_FALSE(rig.yield.ending) << "the automatic attempt had no limit";
     EXPECT_TRUE(bounded);
-    EXPECT_TRUE(rig.manual.panel.visible.value()) << "the dialog of the failed attempt must stay";
+    EXPECT_TRUE(rig.manual.shown.visible.value()) << "the dialog of the failed attempt must stay";
     EXPECT_TRUE(rig.com1.writes.empty());
 }
 

@@ -25,7 +25,7 @@ QString ProgramLog::write(const QByteArray& block) {
     return reason;
 }
 
-Poll::Poll(Session& session, ComPorts& ports, DebugPanel& debug, ProgramLog& log)
+Poll::Poll(Session& session, ComPorts& ports, DebugState& debug, ProgramLog& log)
     : session_(session)
     , ports_(ports)
     , debug_(debug)

@@ -29,7 +29,7 @@ private:
 /// Takes what the instrument port has received and cuts it into lines.
 class Poll {
 public:
-    Poll(Session& session, ComPorts& ports, DebugPanel& debug, ProgramLog& log);
+    Poll(Session& session, ComPorts& ports, DebugState& debug, ProgramLog& log);
 
     /// One poll: joins what has arrived to `rxbuffer`, moves at most one complete line into `Rtn` (empty if there is
     /// none), watches for the prompts ">" and "!" while `gatherstart` is 1, feeds the log and the debug list. A port
@@ -42,7 +42,7 @@ public:
 private:
     Session& session_;
     ComPorts& ports_;
-    DebugPanel& debug_;
+    DebugState& debug_;
     ProgramLog& log_;
 };
 

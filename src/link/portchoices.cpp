@@ -79,14 +79,14 @@ PortChoices::PortChoices(Parts parts)
     : p_(std::move(parts)) {
     const ComPorts& ports = p_.ports;
     for (const int portNumber : {1, 2}) {
-        PortChoicePanel::Chooser& chooser = panel[portNumber];
+        PortChoiceState::Chooser& chooser = shown[portNumber];
         chooser.device.setBinding([&ports, portNumber] { return ports.chosenDevice(portNumber).value(); });
         chooser.lock.setBinding([&ports, portNumber] { return lockReason(portNumber, ports.use(portNumber).value()); });
         // What is open now is the device in force: an older complaint would only mislead.
         notifiers_.push_back(chooser.lock.addNotifier([&chooser] { chooser.problem = QString(); }));
     }
-    panel.simulation.setBinding([&ports] { return simulationText(ports); });
-    panel.list = {{.device = QStringLiteral("sim:trx"), .description = QStringLiteral("simulated scattering meter")},
+    shown.simulation.setBinding([&ports] { return simulationText(ports); });
+    shown.list = {{.device = QStringLiteral("sim:trx"), .description = QStringLiteral("simulated scattering meter")},
                   {.device = QStringLiteral("sim:glow"), .description = QStringLiteral("simulated fluorometer")}};
 }
 
@@ -102,12 +102,12 @@ void PortChoices::refresh() {
     std::stable_sort(list.begin(), list.end(), [](const PortChoice& one, const PortChoice& other) {
         return SortKey(one.device) < SortKey(other.device);
     });
-    list += panel.list.value().last(simulatedCount);
-    panel.list = list;
+    list += shown.list.value().last(simulatedCount);
+    shown.list = list;
 }
 
 void PortChoices::refreshIfChanged() {
-    const bool allLocked = !panel[1].lock.value().isEmpty() && !panel[2].lock.value().isEmpty();
+    const bool allLocked = !shown[1].lock.value().isEmpty() && !shown[2].lock.value().isEmpty();
     if (!allLocked && p_.portList != nullptr && p_.portList->mayHaveChanged()) {
         refresh();
     }
@@ -127,7 +127,7 @@ void PortChoices::choose(int portNumber, const QString& device) {
     if (p_.ports.use(portNumber).value() != PortUse::None) {
         return;
     }
-    PortChoicePanel::Chooser& chooser = panel[portNumber];
+    PortChoiceState::Chooser& chooser = shown[portNumber];
     const QString wanted = device.trimmed();
     const QString inForce = p_.ports.device(portNumber);
     const QString problem = wanted == inForce ? QString() : problemOf(portNumber, wanted);

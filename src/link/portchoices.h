@@ -22,7 +22,7 @@ struct PortChoice {
 };
 
 /// What the choosers of COM 1 and COM 2 show.
-struct PortChoicePanel {
+struct PortChoiceState {
     struct Chooser {
         QProperty<QString> device;  ///< The device in force.
         QProperty<QString> problem; ///< Why what was chosen last is not in force; empty: it is.
@@ -61,7 +61,7 @@ public:
     /// told in the chooser's `problem`, and the device stays what it was. A port in use keeps its device.
     void choose(int portNumber, const QString& device);
 
-    PortChoicePanel panel;
+    PortChoiceState shown;
 
 private:
     QString problemOf(int portNumber, const QString& device) const;

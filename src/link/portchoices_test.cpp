@@ -14,7 +14,7 @@ class PortChoicesTest : public testing::Test {
 protected:
     std::string listed() const {
         std::string all;
-        for (const PortChoice& choice : choices.panel.list.value()) {
+        for (const PortChoice& choice : choices.shown.list.value()) {
             all += choice.device.toStdString() + "|" + choice.description.toStdString() + "\n";
         }
         return all;
@@ -22,10 +22,10 @@ protected:
 
     void plug(const char* name) { portList.plugged.push_back({QString::fromLatin1(name), {}, {}}); }
 
-    std::string device(int portNumber) const { return choices.panel[portNumber].device.value().toStdString(); }
-    std::string problem(int portNumber) const { return choices.panel[portNumber].problem.value().toStdString(); }
-    bool isLocked(int portNumber) const { return !choices.panel[portNumber].lock.value().isEmpty(); }
-    std::string simulation() const { return choices.panel.simulation.value().toStdString(); }
+    std::string device(int portNumber) const { return choices.shown[portNumber].device.value().toStdString(); }
+    std::string problem(int portNumber) const { return choices.shown[portNumber].problem.value().toStdString(); }
+    bool isLocked(int portNumber) const { return !choices.shown[portNumber].lock.value().isEmpty(); }
+    std::string simulation() const { return choices.shown.simulation.value().toStdString(); }
 
     void choose(int portNumber, const char* text) { choices.choose(portNumber, QString::fromLatin1(text)); }
 
@@ -47,7 +47,7 @@ TEST_F(PortChoicesTest, TheSimulatedInstrumentsAreOfferedWhereThereIsNoPort) {
     PortChoices without{{.ports = rig.ports, .portList = nullptr, .deviceProblem = {}}};
     without.refresh();
     without.refreshIfChanged();
-    EXPECT_EQ(without.panel.list.value().size(), 2);
+    EXPECT_EQ(without.shown.list.value().size(), 2);
 }
 
 TEST_F(PortChoicesTest, PortsAreListedByNameAndNumber) {
@@ -91,7 +91,7 @@ TEST_F(PortChoicesTest, AListThatStaysTheSameIsToldToNobody) {
     plug("ttyUSB0");
     choices.refresh();
     int changes = 0;
-    const auto notifier = choices.panel.list.addNotifier([&changes] { ++changes; });
+    const auto notifier = choices.shown.list.addNotifier([&changes] { ++changes; });
     choices.refresh();
     EXPECT_EQ(changes, 0);
     portList.plugged[0].description = QStringLiteral("Adapter");
@@ -179,7 +179,7 @@ TEST_F(PortChoicesTest, AStartValueThatIsOnBothPortsCanBeKept) {
 
 TEST_F(PortChoicesTest, APortOfTheInstrumentKeepsItsDeviceUntilItIsClosed) {
     rig.ports.open();
-    EXPECT_EQ(choices.panel[1].lock.value().toStdString(),
+    EXPECT_EQ(choices.shown[1].lock.value().toStdString(),
               "COM 1 is open. \"Close Port\" in the menu \"Operation\" lets you choose another device.");
     EXPECT_FALSE(isLocked(2));
     choose(1, "ttyC");
@@ -198,7 +198,7 @@ TEST_F(PortChoicesTest, APortOfTheInstrumentKeepsItsDeviceUntilItIsClosed) {
 
 TEST_F(PortChoicesTest, APortOfTheDebugOutputKeepsItsDevice) {
     rig.tickDebugOutput();
-    EXPECT_EQ(choices.panel[2].lock.value().toStdString(),
+    EXPECT_EQ(choices.shown[2].lock.value().toStdString(),
               "The debug output uses COM 2. Clear \"Comm 2 Debug Output\" on the debug screen to free it.");
     EXPECT_FALSE(isLocked(1));
     choose(2, "ttyC");
@@ -234,7 +234,7 @@ TEST_F(PortChoicesTest, NothingCanBeChangedDuringAnAttemptNorAfterItsFailureUnti
     };
     rig.connection.autoConnect1();
     EXPECT_GT(waits, 0);
-    EXPECT_TRUE(rig.manual.panel.visible);
+    EXPECT_TRUE(rig.manual.shown.visible);
     EXPECT_TRUE(isLocked(1)) << "the port is still open";
     rig.manual.quit();
     EXPECT_FALSE(isLocked(1));

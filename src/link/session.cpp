@@ -3,7 +3,7 @@
 
 namespace orv {
 
-CommandPanel::CommandPanel() {
+CommandState::CommandState() {
     undisturbed.setBinding([this] { return activity.value() == Activity::None; });
     canCommand.setBinding([this] { return portOpen.value() && undisturbed.value(); });
     canRun.setBinding([this] { return runEnabled.value() && canCommand.value(); });

@@ -45,7 +45,7 @@ struct SessionState {
 
 /// What the status page shows. Where two labels always read the same (the status on the status page and on the debug
 /// screen, the buffer counts) they show one value.
-struct StatusPanel {
+struct StatusState {
     static QString unknownShort() { return QStringLiteral("________"); }
     static QString unknownLong() { return QStringLiteral("________________"); }
 
@@ -69,10 +69,10 @@ enum class Activity { None, Connecting, Collecting, Downloading, Sending, Settin
 /// The flags are set by the procedures. Whether a button can really be pressed is derived from them and from the
 /// activity here and nowhere else: an operation under way must not be disturbed, but "Reset", "Close Port" and "Quit"
 /// always work.
-struct CommandPanel {
-    CommandPanel();
-    CommandPanel(const CommandPanel&) = delete;
-    CommandPanel& operator=(const CommandPanel&) = delete;
+struct CommandState {
+    CommandState();
+    CommandState(const CommandState&) = delete;
+    CommandState& operator=(const CommandState&) = delete;
 
     QProperty<Activity> activity{Activity::None};
 
@@ -107,7 +107,7 @@ struct FileNames {
     QString record = QStringLiteral("Orvtemp.tmp");
 };
 
-/// What every procedure shares: the state, the panels of the main window that any of them may change, the clock and
+/// What every procedure shares: the state, what the main window shows and any of them may change, the clock and
 /// the way to tell the operator something.
 struct Session {
     Session(Clock& clockToUse, OperatorMessages& messagesToUse)
@@ -115,8 +115,8 @@ struct Session {
         , messages(messagesToUse) {}
 
     SessionState state;
-    StatusPanel status;
-    CommandPanel commands;
+    StatusState status;
+    CommandState commands;
     FileNames fileNames;
     Clock& clock;
     OperatorMessages& messages;

@@ -10,9 +10,9 @@ constexpr Activity everyActivity[] = {
     Activity::None,    Activity::Connecting,   Activity::Collecting,      Activity::Downloading,
     Activity::Sending, Activity::SettingClock, Activity::ResettingShutter};
 
-/// A panel as it is when an instrument is connected and nothing is under way.
-struct ConnectedPanel : CommandPanel {
-    ConnectedPanel() {
+/// A shown as it is when an instrument is connected and nothing is under way.
+struct ConnectedWindow : CommandState {
+    ConnectedWindow() {
         portOpen = true;
         resetEnabled = true;
         runEnabled = true;
@@ -23,106 +23,106 @@ struct ConnectedPanel : CommandPanel {
     }
 };
 
-TEST(CommandPanel, offersOnlyOpeningASheetAtTheStart) {
-    const CommandPanel panel;
-    EXPECT_TRUE(panel.undisturbed.value());
-    EXPECT_TRUE(panel.canOpenSheet.value());
-    EXPECT_FALSE(panel.canCommand.value());
-    EXPECT_FALSE(panel.canRun.value());
-    EXPECT_FALSE(panel.canClearAll.value());
-    EXPECT_FALSE(panel.canSaveAs.value());
-    EXPECT_FALSE(panel.canResetShutter.value());
-    EXPECT_FALSE(panel.resetEnabled.value());
-    EXPECT_FALSE(panel.closePortEnabled.value());
-    EXPECT_FALSE(panel.processingMenuVisible.value());
-    EXPECT_FALSE(panel.settingsMenuVisible.value());
+TEST(CommandState, offersOnlyOpeningASheetAtTheStart) {
+    const CommandState shown;
+    EXPECT_TRUE(shown.undisturbed.value());
+    EXPECT_TRUE(shown.canOpenSheet.value());
+    EXPECT_FALSE(shown.canCommand.value());
+    EXPECT_FALSE(shown.canRun.value());
+    EXPECT_FALSE(shown.canClearAll.value());
+    EXPECT_FALSE(shown.canSaveAs.value());
+    EXPECT_FALSE(shown.canResetShutter.value());
+    EXPECT_FALSE(shown.resetEnabled.value());
+    EXPECT_FALSE(shown.closePortEnabled.value());
+    EXPECT_FALSE(shown.processingMenuVisible.value());
+    EXPECT_FALSE(shown.settingsMenuVisible.value());
 }
 
-TEST(CommandPanel, offersEverythingWhenConnectedAndAtRest) {
-    const ConnectedPanel panel;
-    EXPECT_TRUE(panel.undisturbed.value());
-    EXPECT_TRUE(panel.canCommand.value());
-    EXPECT_TRUE(panel.canRun.value());
-    EXPECT_TRUE(panel.canClearAll.value());
-    EXPECT_TRUE(panel.canSaveAs.value());
-    EXPECT_TRUE(panel.canOpenSheet.value());
-    EXPECT_TRUE(panel.canResetShutter.value());
+TEST(CommandState, offersEverythingWhenConnectedAndAtRest) {
+    const ConnectedWindow shown;
+    EXPECT_TRUE(shown.undisturbed.value());
+    EXPECT_TRUE(shown.canCommand.value());
+    EXPECT_TRUE(shown.canRun.value());
+    EXPECT_TRUE(shown.canClearAll.value());
+    EXPECT_TRUE(shown.canSaveAs.value());
+    EXPECT_TRUE(shown.canOpenSheet.value());
+    EXPECT_TRUE(shown.canResetShutter.value());
 }
 
-TEST(CommandPanel, needsAnOpenPortForEveryCommandToTheInstrument) {
-    ConnectedPanel panel;
-    panel.portOpen = false;
-    EXPECT_FALSE(panel.canCommand.value());
-    EXPECT_FALSE(panel.canRun.value());
-    EXPECT_FALSE(panel.canResetShutter.value());
-    EXPECT_TRUE(panel.canClearAll.value());
-    EXPECT_TRUE(panel.canOpenSheet.value());
+TEST(CommandState, needsAnOpenPortForEveryCommandToTheInstrument) {
+    ConnectedWindow shown;
+    shown.portOpen = false;
+    EXPECT_FALSE(shown.canCommand.value());
+    EXPECT_FALSE(shown.canRun.value());
+    EXPECT_FALSE(shown.canResetShutter.value());
+    EXPECT_TRUE(shown.canClearAll.value());
+    EXPECT_TRUE(shown.canOpenSheet.value());
 }
 
-TEST(CommandPanel, followsTheFlagsOfTheProcedures) {
-    ConnectedPanel panel;
-    panel.runEnabled = false;
-    EXPECT_FALSE(panel.canRun.value());
-    panel.clearAllEnabled = false;
-    EXPECT_FALSE(panel.canClearAll.value());
-    panel.resetShutterEnabled = false;
-    EXPECT_FALSE(panel.canResetShutter.value());
-    EXPECT_TRUE(panel.canCommand.value());
+TEST(CommandState, followsTheFlagsOfTheProcedures) {
+    ConnectedWindow shown;
+    shown.runEnabled = false;
+    EXPECT_FALSE(shown.canRun.value());
+    shown.clearAllEnabled = false;
+    EXPECT_FALSE(shown.canClearAll.value());
+    shown.resetShutterEnabled = false;
+    EXPECT_FALSE(shown.canResetShutter.value());
+    EXPECT_TRUE(shown.canCommand.value());
 }
 
-TEST(CommandPanel, sendsNoCommandIntoAnOperationUnderWay) {
-    ConnectedPanel panel;
+TEST(CommandState, sendsNoCommandIntoAnOperationUnderWay) {
+    ConnectedWindow shown;
     for (const Activity activity : everyActivity) {
         SCOPED_TRACE(static_cast<int>(activity));
-        panel.activity = activity;
+        shown.activity = activity;
         const bool atRest = activity == Activity::None;
-        EXPECT_EQ(panel.undisturbed.value(), atRest);
-        EXPECT_EQ(panel.canCommand.value(), atRest);
-        EXPECT_EQ(panel.canRun.value(), atRest);
-        EXPECT_EQ(panel.canResetShutter.value(), atRest);
+        EXPECT_EQ(shown.undisturbed.value(), atRest);
+        EXPECT_EQ(shown.canCommand.value(), atRest);
+        EXPECT_EQ(shown.canRun.value(), atRest);
+        EXPECT_EQ(shown.canResetShutter.value(), atRest);
     }
 }
 
-TEST(CommandPanel, keepsTheSheetOfRowsThatStillArrive) {
-    ConnectedPanel panel;
+TEST(CommandState, keepsTheSheetOfRowsThatStillArrive) {
+    ConnectedWindow shown;
     for (const Activity activity : everyActivity) {
         SCOPED_TRACE(static_cast<int>(activity));
-        panel.activity = activity;
+        shown.activity = activity;
         const bool rowsArrive = activity == Activity::Collecting || activity == Activity::Downloading;
-        EXPECT_EQ(panel.canClearAll.value(), !rowsArrive);
-        EXPECT_EQ(panel.canOpenSheet.value(), !rowsArrive);
+        EXPECT_EQ(shown.canClearAll.value(), !rowsArrive);
+        EXPECT_EQ(shown.canOpenSheet.value(), !rowsArrive);
     }
 }
 
-TEST(CommandPanel, keepsResetAndClosePortWhateverIsUnderWay) {
-    ConnectedPanel panel;
+TEST(CommandState, keepsResetAndClosePortWhateverIsUnderWay) {
+    ConnectedWindow shown;
     for (const Activity activity : everyActivity) {
         SCOPED_TRACE(static_cast<int>(activity));
-        panel.activity = activity;
-        EXPECT_TRUE(panel.resetEnabled.value());
-        EXPECT_TRUE(panel.closePortEnabled.value());
+        shown.activity = activity;
+        EXPECT_TRUE(shown.resetEnabled.value());
+        EXPECT_TRUE(shown.closePortEnabled.value());
     }
 }
 
-TEST(CommandPanel, canSaveRowsAfterAResetToo) {
-    CommandPanel panel;
-    panel.sheetHoldsRows = true;
-    EXPECT_TRUE(panel.canSaveAs.value());
-    panel.sheetHoldsRows = false;
-    EXPECT_FALSE(panel.canSaveAs.value());
-    panel.saveAsEnabled = true;
-    EXPECT_TRUE(panel.canSaveAs.value());
+TEST(CommandState, canSaveRowsAfterAResetToo) {
+    CommandState shown;
+    shown.sheetHoldsRows = true;
+    EXPECT_TRUE(shown.canSaveAs.value());
+    shown.sheetHoldsRows = false;
+    EXPECT_FALSE(shown.canSaveAs.value());
+    shown.saveAsEnabled = true;
+    EXPECT_TRUE(shown.canSaveAs.value());
 }
 
-TEST(CommandPanel, tellsAScreenOfADerivedChangeOnce) {
-    ConnectedPanel panel;
+TEST(CommandState, tellsAScreenOfADerivedChangeOnce) {
+    ConnectedWindow shown;
     int changes = 0;
-    const auto notifier = panel.canRun.addNotifier([&changes] { ++changes; });
-    panel.activity = Activity::Collecting;
+    const auto notifier = shown.canRun.addNotifier([&changes] { ++changes; });
+    shown.activity = Activity::Collecting;
     EXPECT_EQ(changes, 1);
-    panel.activity = Activity::Downloading;
+    shown.activity = Activity::Downloading;
     EXPECT_EQ(changes, 1);
-    panel.activity = Activity::None;
+    shown.activity = Activity::None;
     EXPECT_EQ(changes, 2);
 }
 

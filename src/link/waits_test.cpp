@@ -19,7 +19,7 @@ protected:
     TestClock clock;
     RecordedMessages messages;
     Session session{clock, messages};
-    DebugPanel debug;
+    DebugState debug;
     ComPorts ports{session, debug, [](const QString&) { return std::make_unique<FakePort>(); }};
     SteppedYield yield{clock};
     TimedWait wait{clock, yield, ports};

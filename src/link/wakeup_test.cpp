@@ -8,8 +8,6 @@
 namespace orv {
 namespace {
 
-using Panel = ConnectionPanel;
-
 struct ReplyRow {
     const char* name;
     std::deque<QByteArray> blocks;
@@ -56,7 +54,7 @@ TEST(WakeUp, goesOnWithoutATypeWhenTheReplyHasNeitherLetter) {
         rig.replies = {reply};
         rig.connection.autoConnect1();
         EXPECT_EQ(rig.state.Vartemp, QString());
-        EXPECT_EQ(rig.session.status.firmware.value(), StatusPanel::unknownShort());
+        EXPECT_EQ(rig.session.status.firmware.value(), StatusState::unknownShort());
         EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
         EXPECT_EQ(rig.com1.allWritten(), "P");
     }
@@ -176,9 +174,9 @@ TEST(WakeUp, failsAfterFiveSecondsOfSilence) {
     rig.com2.dtrChanged = [&](bool) { dropped = rig.clock.monotonicMilliseconds(); };
     rig.connection.autoConnect2();
     EXPECT_NEAR(static_cast<double>(rig.clock.monotonicMilliseconds() - dropped), 5000.0, 5.0);
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
     EXPECT_EQ(
-        rig.manual.panel.text.value(),
+        rig.manual.shown.text.value(),
         QStringLiteral("Attempt to Auto Connect Via Comm 2 Failed!      Make sure that this cable is DTR enabled, "
                        "that power is supplied to the instrument, and that you selected the right Comm Port. Click "
                        "Retry when ready."));
@@ -196,12 +194,12 @@ TEST(WakeUp, failsOnComm1WithAnEmptyTextAndThePortNumberOfBefore) {
     LinkRig rig;
     rig.state.Portused = 2;
     int portAtDialog = 0;
-    const auto notifier = rig.manual.panel.visible.addNotifier([&] { portAtDialog = rig.state.Portused; });
+    const auto notifier = rig.manual.shown.visible.addNotifier([&] { portAtDialog = rig.state.Portused; });
     rig.connection.autoConnect1();
-    EXPECT_EQ(rig.manual.panel.text.value(), QString());
+    EXPECT_EQ(rig.manual.shown.text.value(), QString());
     EXPECT_EQ(portAtDialog, 2);
     EXPECT_EQ(rig.state.Portused, 1) << "set when the attempt has returned";
-    EXPECT_TRUE(rig.items.checked(Panel::Auto1));
+    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto1));
 }
 
 TEST(WakeUp, failsWithAReplyThatNeverEnds) {
@@ -210,7 +208,7 @@ TEST(WakeUp, failsWithAReplyThatNeverEnds) {
     const qint64 start = rig.clock.monotonicMilliseconds();
     rig.connection.autoConnect2();
     EXPECT_GE(rig.clock.monotonicMilliseconds() - start, 6000);
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
     EXPECT_EQ(rig.state.Vartemp, QStringLiteral("F"));
     EXPECT_EQ(rig.session.status.firmware.value(), QStringLiteral("41")) << "the last character is taken for the CR";
     EXPECT_TRUE(rig.com2.writes.empty());
@@ -220,7 +218,7 @@ TEST(WakeUp, failsWithALetterAloneAndAnEmptyFirmware) {
     LinkRig rig;
     rig.replies = {"F"};
     rig.connection.autoConnect2();
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
     EXPECT_EQ(rig.session.status.firmware.value(), QString());
 }
 
@@ -231,7 +229,7 @@ TEST(WakeUp, isBoundedWhileGarbageKeepsComing) {
         rig.com2.input = "x";
     };
     rig.connection.autoConnect2();
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
     EXPECT_LT(rig.clock.monotonicMilliseconds(), 6100);
 }
 
@@ -243,7 +241,7 @@ TEST(WakeUp, isNotRepeatedByRetryWhileThePortStaysOpen) {
     rig.manual.retry();
     EXPECT_EQ(rig.yield.yields, yields);
     EXPECT_TRUE(rig.com2.writes.empty());
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
 }
 
 TEST(WakeUp, isRepeatedByRetryAfterClosePort) {
@@ -254,7 +252,7 @@ TEST(WakeUp, isRepeatedByRetryAfterClosePort) {
     rig.manual.retry();
     EXPECT_EQ(rig.com2.allWritten(), "P");
     EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
-    EXPECT_TRUE(rig.manual.panel.visible.value());
+    EXPECT_TRUE(rig.manual.shown.visible.value());
 }
 
 TEST(WakeUp, isEndedByQuitOfTheFailureDialog) {
@@ -272,7 +270,7 @@ TEST(WakeUp, endsWithTheProgram) {
     rig.connection.autoConnect2();
     EXPECT_EQ(rig.yield.responsive, 1);
     EXPECT_TRUE(rig.com2.writes.empty());
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
     EXPECT_EQ(rig.headerRows, 0);
 }
 
@@ -282,7 +280,7 @@ TEST(WakeUp, endsWithTheProgramInThePulse) {
     rig.connection.autoConnect2();
     EXPECT_EQ(rig.yield.yields, 4);
     EXPECT_TRUE(rig.com2.writes.empty());
-    EXPECT_FALSE(rig.manual.panel.visible.value());
+    EXPECT_FALSE(rig.manual.shown.visible.value());
 }
 
 } // namespace

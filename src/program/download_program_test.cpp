@@ -35,7 +35,7 @@ TEST_P(EveryKind, FileAndSheetHoldTheInstrumentsRecords) {
     EXPECT_EQ(toSheet.textRows, toFile.textRows);
     expectWholeEnd(toSheet);
     EXPECT_EQ(program.sheet.rowCount(), 60);
-    EXPECT_EQ(program.sheetPanel.topRow, 50);
+    EXPECT_EQ(program.sheetState.topRow, 50);
     EXPECT_EQ(savedSheetRows(), toSheet.sheetRows.toStdString());
 }
 
@@ -53,7 +53,7 @@ TEST_F(SimulatedDownload, EmptyMemoryGivesAFileWithoutRows) {
 }
 
 TEST_F(SimulatedDownload, MoreRecordsThanASheetHoldsAreSavedOnTheWay) {
-    program.sheetPanel.fileName = path("lake");
+    program.sheetState.fileName = path("lake");
     connectTo(QStringLiteral("sim:glow?records=20005&baud=0"));
     downloadToSheet();
     EXPECT_EQ(program.sheet.rowCount(), 5);
@@ -161,7 +161,7 @@ TEST_F(SimulatedDownload, QuittingThatIsThoughtBetterOfLetsItGoOn) {
 TEST_F(SimulatedDownload, CommandsWaitWhileItRuns) {
     connectTo(QStringLiteral("sim:trx"));
     startText();
-    const CommandPanel& commands = program.session.commands;
+    const CommandState& commands = program.session.commands;
     EXPECT_FALSE(commands.canCommand);
     EXPECT_FALSE(commands.canRun);
     EXPECT_FALSE(commands.canClearAll);

@@ -148,7 +148,7 @@ TEST_P(MainRoad, FromConnectToSavedSheet) {
     answers.fileName = folder.path("sheet.txt");
     program.saveAs();
     EXPECT_EQ(contentsOf(folder.path("sheet.txt")).toStdString(), expectedSheetFile("sheet.txt").toStdString());
-    EXPECT_FALSE(program.sheetPanel.unsaved);
+    EXPECT_FALSE(program.sheetState.unsaved);
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(folder.files().join(u' ').toStdString(), "Orvtemp.tmp log.ohp orvhost.lock sheet.txt");
 }
@@ -270,7 +270,7 @@ TEST_F(EndToEndTest, AManualConnectionSeeksUntilTheOperatorQuits) {
     program.manual.start();
     EXPECT_EQ(calls, 5);
     EXPECT_FALSE(program.ports.isOpen());
-    EXPECT_FALSE(program.manual.panel.visible);
+    EXPECT_FALSE(program.manual.shown.visible);
     EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
     EXPECT_EQ(program.session.state.Seeking, 0);
 }
@@ -286,8 +286,8 @@ TEST_F(EndToEndTest, ASilentInstrumentLeadsToTheManualDialogWithThePortOpen) {
     program.autoConnect1();
     EXPECT_GE(calls, 5) << "the attempt was given up before its five seconds had passed";
     EXPECT_LE(calls, 6);
-    EXPECT_TRUE(program.manual.panel.visible);
-    EXPECT_EQ(program.manual.panel.text.value().toStdString(), "");
+    EXPECT_TRUE(program.manual.shown.visible);
+    EXPECT_EQ(program.manual.shown.text.value().toStdString(), "");
     EXPECT_TRUE(program.ports.isOpen());
     program.manual.quit();
     EXPECT_FALSE(program.ports.isOpen());
@@ -318,7 +318,7 @@ TEST_F(EndToEndTest, ADeviceThatIsNotThereIsToldInPlainWords) {
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 1 (%1)").arg(folder.path("no-such-device"))));
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("no such device")));
     EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
-    EXPECT_TRUE(program.connectItems[ConnectionPanel::Auto2].enabled);
+    EXPECT_TRUE(program.connectItems[ConnectItems::Auto2].enabled);
 }
 
 } // namespace

@@ -17,7 +17,7 @@ QStringList upperCaptions();
 QStringList lowerCaptions();
 
 /// Which page is shown and what belongs to the service mode.
-struct PagePanel {
+struct PageState {
     QProperty<Page> shown{Page::Status};
     QProperty<QString> upperCaption{QStringLiteral("Status and Controls")}; ///< Selected tab of the upper strip.
     QProperty<bool> serviceMode{false};

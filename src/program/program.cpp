@@ -43,8 +43,8 @@ Program::Program(const Surroundings& surroundings)
     , deviceFiles(session, settings, questions)
     , calibration({.session = session,
                    .sheet = sheet,
-                   .sheetPanel = sheetPanel,
-                   .panel = calibrationPanel,
+                   .sheetState = sheetState,
+                   .shown = calibrationState,
                    .questions = questions})
     , settingsReader_({.session = session,
                        .ports = ports,
@@ -54,14 +54,14 @@ Program::Program(const Surroundings& surroundings)
                        .progress = progress,
                        .actions = *this})
     , clockDisplay_(session, ports, debug, settings)
-    , sheetRows_(session, ports, sheet, sheetPanel)
+    , sheetRows_(session, ports, sheet, sheetState)
     , sheetFiles_({.session = session,
                    .ports = ports,
                    .sheet = sheet,
                    .rows = sheetRows_,
-                   .panel = sheetPanel,
+                   .shown = sheetState,
                    .questions = questions})
-    , automaticSave_(session, sheetRows_, sheetFiles_, sheetPanel)
+    , automaticSave_(session, sheetRows_, sheetFiles_, sheetState)
     , recordFile_(surroundings.clock, session.fileNames.record)
     , runRecovery_({.session = session,
                     .rows = sheetRows_,
@@ -81,7 +81,7 @@ Program::Program(const Surroundings& surroundings)
                  .settings = settings,
                  .progress = progress,
                  .rows = sheetRows_,
-                 .panel = sheetPanel,
+                 .shown = sheetState,
                  .automaticSave = automaticSave_,
                  .questions = questions})
     , abortRun_(session, connectItems, ports, connection, manual, *this)
@@ -98,7 +98,7 @@ Program::Program(const Surroundings& surroundings)
     ports.portFailed = [this] { fixit(); };
     recordFile_.claim = [this] { return place_.claim(); };
     sheetFiles_.saved = [this] { recordFile_.rowsSaved(); };
-    rowsRemoved_ = sheet.rowsRemoved.add([this] { recordFile_.rowsDiscarded(); });
+    rowsRemoved_ = sheet.rowsRemoved.subscribe([this] { recordFile_.rowsDiscarded(); });
     collection_.rowTaken = [this](const DataRow& row, RowLayout layout) { showOnDebugScreen(debug, row, layout); };
 }
 
@@ -146,7 +146,7 @@ void Program::closePort() {
 void Program::reset() {
     act("Reset", [this] {
         ports.debugsay(QStringLiteral("Abort Run"));
-        sheetPanel.records = QStringLiteral("0");
+        sheetState.records = QStringLiteral("0");
         abortRun_.abortrun();
     });
 }
@@ -284,7 +284,7 @@ void Program::fixit() {
 
     connectItems.enableAll();
     connectItems.uncheckAll();
-    CommandPanel& commands = session.commands;
+    CommandState& commands = session.commands;
     commands.processingMenuVisible = false;
     commands.settingsMenuVisible = false;
     commands.resetEnabled = false;

@@ -10,20 +10,20 @@
 #include "link/session.h"
 #include "program/pages.h"
 #include "program/startup.h"
-#include "settings/devicefile.h"
+#include "settings/devicefiles.h"
 #include "settings/modes.h"
-#include "settings/reader.h"
-#include "settings/sender.h"
+#include "settings/settingsreader.h"
+#include "settings/settingssender.h"
 #include "sheet/download.h"
 #include "sheet/folderplace.h"
-#include "sheet/recovery.h"
 #include "sheet/run.h"
+#include "sheet/runrecovery.h"
 
 #include <QSet>
 
 namespace orv {
 
-/// The whole program below its windows: the panels that the screens draw and the procedures behind the operator's
+/// The whole program below its windows: what the screens show and the procedures behind the operator's
 /// actions. Everything runs on the one thread that made it.
 ///
 /// A run-time error that a procedure does not handle ends the operator's action or the tick it happened in, is told
@@ -96,13 +96,13 @@ public:
 
     Session session;
     OwnFilesKept questions;
-    DebugPanel debug;
-    ConnectionPanel connectItems;
-    SettingsPanel settings;
-    ProgressPanel progress;
-    SheetPanel sheetPanel;
-    CalibrationPanel calibrationPanel;
-    PagePanel pages;
+    DebugState debug;
+    ConnectItems connectItems;
+    SettingsState settings;
+    ProgressState progress;
+    SheetState sheetState;
+    CalibrationState calibrationState;
+    PageState pages;
     DataSheet sheet;
 
     ComPorts ports;
@@ -118,7 +118,7 @@ public:
     SettingsCommands settingsCommands;
     Modes modes;
     DeviceFiles deviceFiles;
-    CalibrationActions calibration;
+    Calibration calibration;
 
     /// Calls that the timer has made to `getprefs` since the program was last idle.
     int getprefsruns = 0;
@@ -141,11 +141,11 @@ private:
     AutomaticSave automaticSave_;
     RecordFile recordFile_;
     RunRecovery runRecovery_;
-    Collection collection_;
+    Run collection_;
     Download download_;
     AbortRun abortRun_;
     ShutterReset shutterReset_;
-    Listeners::Subscription rowsRemoved_;
+    Subscription rowsRemoved_;
     bool takingWhatArrived_ = false;
     const char* tickStep_ = ""; ///< What the tick is doing, for the message if it fails.
     QSet<QString> tickErrorsTold_;

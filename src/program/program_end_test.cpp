@@ -41,7 +41,7 @@ TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveIsCancelled) {
     answers.yes = true;
     EXPECT_FALSE(program.quit());
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), std::string(question) + "\nSave as|Untitled.txt|.txt|*.txt");
-    EXPECT_TRUE(program.sheetPanel.unsaved);
+    EXPECT_TRUE(program.sheetState.unsaved);
     EXPECT_EQ(program.sheet.rowCount(), 2);
     EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting) << "the run goes on";
     EXPECT_TRUE(messages.shown.empty());
@@ -53,7 +53,7 @@ TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveFails) {
     answers.fileName = folder.path("nowhere/sheet.txt");
     EXPECT_FALSE(program.quit());
     EXPECT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(program.sheetPanel.unsaved);
+    EXPECT_TRUE(program.sheetState.unsaved);
     EXPECT_EQ(program.sheet.rowCount(), 2);
 }
 
@@ -111,7 +111,7 @@ protected:
         EXPECT_TRUE(message.text.contains(QString::fromLatin1(port))) << qPrintable(message.text);
         EXPECT_TRUE(message.text.contains(com1.openReason)) << qPrintable(message.text);
         expectOffline();
-        EXPECT_FALSE(program.manual.panel.visible);
+        EXPECT_FALSE(program.manual.shown.visible);
     }
 };
 
@@ -207,17 +207,17 @@ TEST_F(ProgramTest, ClosePortEndsARunWhole) {
 TEST_F(ProgramTest, TheResetButtonStopsARunAndConnectsAgain) {
     runWithRows(2);
     tickDebugOutput();
-    program.sheetPanel.records = QStringLiteral("3");
+    program.sheetState.records = QStringLiteral("3");
     com1.writes.clear();
     com1.dtr.clear();
     replies = {"V512\r"};
     program.reset();
-    EXPECT_EQ(program.sheetPanel.records.value().toStdString(), "0");
+    EXPECT_EQ(program.sheetState.records.value().toStdString(), "0");
     EXPECT_EQ(program.session.state.Ctrlscrn, opstate::identified);
     EXPECT_EQ(com1.dtr.join(u' ').toStdString(), "on off");
     EXPECT_EQ(com1.allWritten().toStdString(), "P");
     EXPECT_EQ(program.sheet.rowCount(), 2);
-    EXPECT_TRUE(program.connectItems.checked(ConnectionPanel::Auto1));
+    EXPECT_TRUE(program.connectItems.checked(ConnectItems::Auto1));
     const std::string announced = said();
     EXPECT_TRUE(announced.starts_with("Abort Run\rAbort Run Function\rReset Everything AKA FIXIT\r")) << announced;
     EXPECT_TRUE(announced.ends_with("Passed fix it for comm1\rOpen port 1\rLooking to see what port to open\r"
@@ -227,18 +227,18 @@ TEST_F(ProgramTest, TheResetButtonStopsARunAndConnectsAgain) {
 
 TEST_F(ProgramTest, TheResetButtonOnAClosedPortOnlySaysSo) {
     tickDebugOutput();
-    program.sheetPanel.records = QStringLiteral("3");
+    program.sheetState.records = QStringLiteral("3");
     program.reset();
     EXPECT_EQ(said(), "Abort Run\rAbort Run Function\r");
-    EXPECT_EQ(program.sheetPanel.records.value().toStdString(), "0");
+    EXPECT_EQ(program.sheetState.records.value().toStdString(), "0");
 }
 
 TEST_F(ProgramTest, TheSecondWayToStopLeavesTheRecordsLabel) {
     tickDebugOutput();
-    program.sheetPanel.records = QStringLiteral("3");
+    program.sheetState.records = QStringLiteral("3");
     program.abort2();
     EXPECT_EQ(said(), "Abort 2\rAbort Run Function\r");
-    EXPECT_EQ(program.sheetPanel.records.value().toStdString(), "3");
+    EXPECT_EQ(program.sheetState.records.value().toStdString(), "3");
 }
 
 TEST_F(ProgramTest, ClosePortTurnsLinesThatWaitIntoRowsFirst) {

@@ -79,7 +79,7 @@ TEST_F(ProgramTest, AResetWithNoPortOpenTouchesNoPort) {
 }
 
 TEST_F(ProgramTest, AResetHidesEveryFrameOfTheDebugScreen) {
-    DebugPanel& debug = program.debug;
+    DebugState& debug = program.debug;
     QProperty<bool>* const frames[] = {&debug.debugFrameVisible, &debug.turbidityFrameVisible,
                                        &debug.fluorometerFrameVisible, &debug.transmissometerFrameVisible,
                                        &debug.outputFrameVisible};
@@ -105,7 +105,7 @@ TEST_F(ProgramTest, AResetKeepsWhatBelongsToTheSessionAndTheRows) {
     EXPECT_EQ(state.trouble, 1);
     EXPECT_EQ(state.Portused, 1);
     EXPECT_EQ(program.sheet.rowCount(), 2);
-    EXPECT_TRUE(program.sheetPanel.unsaved);
+    EXPECT_TRUE(program.sheetState.unsaved);
     EXPECT_EQ(program.session.status.firmware.value().toStdString(), "512");
 }
 

@@ -158,7 +158,7 @@ protected:
                     .arg(rows == 1 ? QString() : QStringLiteral("s"));
             EXPECT_EQ(next.answers.asked.join(u'\n').toStdString(), question.toStdString());
             EXPECT_EQ(next.program.session.state.plc, rows);
-            EXPECT_TRUE(next.program.sheetPanel.unsaved);
+            EXPECT_TRUE(next.program.sheetState.unsaved);
             next.answers.fileName = sheetFile;
             next.program.saveAs();
             const QByteArray sheet = contentsOf(sheetFile);

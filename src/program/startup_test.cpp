@@ -76,7 +76,7 @@ TEST_F(ProgramPlace, AnotherInstrumentHasRecoveredRowsSavedAside) {
     answers.yes = true;
     program.offerUnendedRun();
     connectAndRead("F310\r");
-    EXPECT_FALSE(program.sheetPanel.unsaved);
+    EXPECT_FALSE(program.sheetState.unsaved);
     EXPECT_FALSE(QFile::exists(folder.path("Orvtemp.tmp.lock")));
     EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled-2026")).size(), 1);
 }
@@ -178,7 +178,7 @@ TEST_F(ProgramTest, NothingIsSavedOverTheFilesThatTheProgramWrites) {
         const QByteArray before = contentsOf(folder.path("Orvtemp.tmp"));
         program.saveAs();
         EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")), before) << name;
-        EXPECT_TRUE(program.sheetPanel.unsaved.value()) << name;
+        EXPECT_TRUE(program.sheetState.unsaved.value()) << name;
         ASSERT_EQ(messages.shown.size(), 1U) << name;
         EXPECT_TRUE(messages.shown[0].text.endsWith(QStringLiteral("Save again under another name.")));
     }
@@ -191,14 +191,14 @@ TEST_F(ProgramTest, NothingIsSavedOverTheFilesThatTheProgramWrites) {
     answers.fileName = folder.path("mine.txt");
     program.saveAs();
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_FALSE(program.sheetPanel.unsaved.value());
+    EXPECT_FALSE(program.sheetState.unsaved.value());
 }
 
 } // namespace
 
 namespace {
 
-TEST(PagePanel, EachCaptionNamesItsPage) {
+TEST(PageState, EachCaptionNamesItsPage) {
     const std::pair<const char*, Page> captions[] = {
         {"Status and Controls", Page::Status},
         {"Output: Spread Sheet", Page::Sheet},
@@ -212,23 +212,23 @@ TEST(PagePanel, EachCaptionNamesItsPage) {
     }
 }
 
-TEST(PagePanel, AnyOtherTextNamesNoPage) {
+TEST(PageState, AnyOtherTextNamesNoPage) {
     for (const char* caption : {"", "Status", "status and controls", "Status and Controls ", "Output: Spread  Sheet",
                                 "Output: &Graphical", "Debug", "Form Loading"}) {
         EXPECT_EQ(pageOfCaption(QString::fromLatin1(caption)), Page::None) << caption;
     }
 }
 
-TEST(PagePanel, TheStripsHaveTheirTabsInOrder) {
+TEST(PageState, TheStripsHaveTheirTabsInOrder) {
     EXPECT_EQ(upperCaptions().join(u'|').toStdString(), "Status and Controls|Output: Spread Sheet|Output: Graphical");
     EXPECT_EQ(lowerCaptions().join(u'|').toStdString(), "Debug Screen|Testing|Calibration");
 }
 
-TEST(PagePanel, StartsOnTheStatusPageWithoutServiceMode) {
-    const PagePanel panel;
-    EXPECT_EQ(panel.shown.value(), Page::Status);
-    EXPECT_EQ(pageOfCaption(panel.upperCaption), Page::Status);
-    EXPECT_FALSE(panel.serviceMode);
+TEST(PageState, StartsOnTheStatusPageWithoutServiceMode) {
+    const PageState shown;
+    EXPECT_EQ(shown.shown.value(), Page::Status);
+    EXPECT_EQ(pageOfCaption(shown.upperCaption), Page::Status);
+    EXPECT_FALSE(shown.serviceMode);
 }
 
 } // namespace

@@ -114,7 +114,7 @@ bool writeWhole(const QString& name, const QByteArray& content) {
 
 } // namespace
 
-Modes::Modes(Session& session, const ComPorts& ports, SettingsPanel& settings, SettingsSender& sender,
+Modes::Modes(Session& session, const ComPorts& ports, SettingsState& settings, SettingsSender& sender,
              OperatorQuestions& questions)
     : session_(session)
     , ports_(ports)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "settings/record.h"
-#include "settings/sender.h"
+#include "settings/loggersettings.h"
+#include "settings/settingssender.h"
 
 #include <QByteArray>
 
@@ -44,7 +44,7 @@ std::optional<Mode> readModeFile(const QByteArray& content);
 /// instrument is connected, are sent to it at once. Nothing happens while another operation is under way.
 class Modes {
 public:
-    Modes(Session& session, const ComPorts& ports, SettingsPanel& settings, SettingsSender& sender,
+    Modes(Session& session, const ComPorts& ports, SettingsState& settings, SettingsSender& sender,
           OperatorQuestions& questions);
 
     /// Continuous sampling without logging. Samples per point follow the type label of the main window: 200 for
@@ -72,7 +72,7 @@ private:
 
     Session& session_;
     const ComPorts& ports_;
-    SettingsPanel& settings_;
+    SettingsState& settings_;
     SettingsSender& sender_;
     OperatorQuestions& questions_;
 };

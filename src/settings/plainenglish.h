@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 
 #include <array>
 

@@ -3,7 +3,7 @@
 
 #include "base/runtimeerror.h"
 #include "base/text.h"
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 
 #include <cmath>
 
@@ -145,7 +145,7 @@ void convert(QStringList& values, RowLayout layout, const Conversion& conversion
 
 } // namespace
 
-Conversion requestedConversion(const SettingsPanel& settings) {
+Conversion requestedConversion(const SettingsState& settings) {
     Conversion conversion;
     if (!settings.glowProvideRawCounts) {
         conversion.glow = readLine(settings.glowCalibration);

@@ -47,7 +47,7 @@ QStringList headerRow(HeaderPlace place, RowLayout layout);
 /// or more here, the reverse of the sheet's layouts.
 QStringList recordFileHeader(double firmware);
 
-struct SettingsPanel;
+struct SettingsState;
 
 /// One record of the instrument, live or from its memory, as the sheet and the files show it.
 struct DataRow {
@@ -69,7 +69,7 @@ struct Conversion {
 };
 
 /// What the settings screen asks for at this moment.
-Conversion requestedConversion(const SettingsPanel& settings);
+Conversion requestedConversion(const SettingsState& settings);
 
 /// Cuts a data line (date TAB time count TAB values, each field ended by a tab or the line's end) and converts it. More
 /// fields than the layout has are left out; nothing if there are too few. For an Unknown layout one value is enough

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/dataline.h"
 
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 
 #include <gtest/gtest.h>
 
@@ -208,7 +208,7 @@ TEST(DataLine, TrxConversionChangesTheAnglesOfBothGenerationsButNoReference) {
 }
 
 TEST(RequestedConversion, FollowsTheScreensOptionsAndBoxes) {
-    SettingsPanel settings;
+    SettingsState settings;
     settings.glowCalibration.offset = QStringLiteral("12.5 counts");
     settings.glowCalibration.scale = QStringLiteral(".02");
     const char* const offsets[] = {"1", "", "x"};

@@ -61,9 +61,9 @@ public:
     int headerChanges() const { return headerChanges_; }
 
     /// Told after each kind of change.
-    Listeners headerChanged;
-    Listeners rowAppended;
-    Listeners rowsRemoved;
+    Signal<> headerChanged;
+    Signal<> rowAppended;
+    Signal<> rowsRemoved;
 
 private:
     Type type_;
@@ -75,7 +75,7 @@ private:
 };
 
 /// What the data sheet page shows beside the grid.
-struct SheetPanel {
+struct SheetState {
     QProperty<QString> counter{QStringLiteral("0")};         ///< Rows on the sheet.
     QProperty<QString> records{QStringLiteral("0")};         ///< "Records :", automatic saves of this run.
     QProperty<QString> fileName{QStringLiteral("Untitled")}; ///< `Text37`.

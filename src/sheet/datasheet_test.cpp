@@ -86,10 +86,10 @@ TEST(DataSheet, RemovingRowsKeepsTheHeader) {
 TEST(DataSheet, EveryChangeIsToldAfterItHappened) {
     DataSheet sheet;
     QStringList told;
-    const Listeners::Subscription subscriptions[] = {
-        sheet.headerChanged.add([&] { told << QStringLiteral("header %1").arg(sheet.header().size()); }),
-        sheet.rowAppended.add([&] { told << QStringLiteral("row %1").arg(sheet.rowCount()); }),
-        sheet.rowsRemoved.add([&] { told << QStringLiteral("removed %1").arg(sheet.rowCount()); })};
+    const Subscription subscriptions[] = {
+        sheet.headerChanged.subscribe([&] { told << QStringLiteral("header %1").arg(sheet.header().size()); }),
+        sheet.rowAppended.subscribe([&] { told << QStringLiteral("row %1").arg(sheet.rowCount()); }),
+        sheet.rowsRemoved.subscribe([&] { told << QStringLiteral("removed %1").arg(sheet.rowCount()); })};
     sheet.setHeader({}, texts("a|b"));
     sheet.appendRow(texts("1"));
     sheet.appendRow(texts("2"));
@@ -101,11 +101,11 @@ TEST(DataSheet, AllWhoListenAreToldUntilTheyLetGo) {
     DataSheet sheet;
     QStringList told;
     const auto note = [&told](const char* name) { return [&told, name] { told << QString::fromLatin1(name); }; };
-    const Listeners::Subscription first = sheet.rowAppended.add(note("first"));
-    Listeners::Subscription second = sheet.rowAppended.add(note("second"));
+    const Subscription first = sheet.rowAppended.subscribe(note("first"));
+    Subscription second = sheet.rowAppended.subscribe(note("second"));
     sheet.appendRow(texts("1"));
     second.reset();
-    const Listeners::Subscription third = sheet.rowAppended.add(note("third"));
+    const Subscription third = sheet.rowAppended.subscribe(note("third"));
     sheet.appendRow(texts("2"));
     EXPECT_EQ(told.join(u',').toStdString(), "first,second,first,third");
 }
@@ -113,8 +113,8 @@ TEST(DataSheet, AllWhoListenAreToldUntilTheyLetGo) {
 TEST(DataSheet, AListenerMayLetGoWhileItIsTold) {
     DataSheet sheet;
     int told = 0;
-    Listeners::Subscription once;
-    once = sheet.rowsRemoved.add([&] {
+    Subscription once;
+    once = sheet.rowsRemoved.subscribe([&] {
         ++told;
         once.reset();
     });

@@ -4,7 +4,7 @@
 #include "base/files.h"
 #include "base/runtimeerror.h"
 #include "base/text.h"
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 
 #include <QFileInfo>
 

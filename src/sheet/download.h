@@ -3,7 +3,7 @@
 
 #include "link/comports.h"
 #include "link/waits.h"
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 #include "sheet/sheetfiles.h"
 #include "sheet/sheetrows.h"
 
@@ -19,10 +19,10 @@ public:
         Session& session;
         ComPorts& ports;
         StatusTimer& timer;
-        SettingsPanel& settings;
-        ProgressPanel& progress;
+        SettingsState& settings;
+        ProgressState& progress;
         SheetRows& rows;
-        SheetPanel& panel;
+        SheetState& shown;
         AutomaticSave& automaticSave;
         OperatorQuestions& questions;
     };

@@ -63,19 +63,19 @@ public:
 
 TEST_F(DownloadEndsTest, ProcessingDialogStandsBehindTheFileDialog) {
     BelatedAnswer belated;
-    bool shown = false;
-    belated.meanwhile = [this, &shown] { shown = progress.visible; };
+    bool wasShown = false;
+    belated.meanwhile = [this, &wasShown] { wasShown = progress.visible; };
     Download other({.session = session,
                     .ports = ports,
                     .timer = timer,
                     .settings = settings,
                     .progress = progress,
                     .rows = rows,
-                    .panel = panel,
+                    .shown = shown,
                     .automaticSave = automaticSave,
                     .questions = belated});
     other.saveAsText();
-    EXPECT_TRUE(shown);
+    EXPECT_TRUE(wasShown);
     EXPECT_FALSE(progress.visible);
 }
 
@@ -89,7 +89,7 @@ TEST_F(DownloadEndsTest, ConnectionLostDuringTheFileDialogEndsItThere) {
                     .settings = settings,
                     .progress = progress,
                     .rows = rows,
-                    .panel = panel,
+                    .shown = shown,
                     .automaticSave = automaticSave,
                     .questions = belated});
     for (const bool openedAgain : {false, true}) {
@@ -201,8 +201,8 @@ TEST_F(DownloadEndsTest, SheetKeepsWhatArrived) {
     EXPECT_EQ(onlyMessage(), incomplete("12 records", QStringLiteral("on the sheet")));
     expectIdle();
     EXPECT_EQ(sheet.rowCount(), 12);
-    EXPECT_TRUE(panel.unsaved);
-    EXPECT_EQ(panel.topRow, 2);
+    EXPECT_TRUE(shown.unsaved);
+    EXPECT_EQ(shown.topRow, 2);
 }
 
 TEST_F(DownloadEndsTest, OneRecordIsNotTwo) {

@@ -93,8 +93,8 @@ TEST_F(DownloadTest, SheetKeepsItsRowsAndGetsTheRecordsBehindThem) {
     EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|1/5/99|9:05:01|10|15|20|25|30|35");
     EXPECT_EQ(cells(1).join(u'|').toStdString(), "2|1/6/99|0:02:13|11|16|21|26|31|36");
     EXPECT_EQ(session.state.plc, 2);
-    EXPECT_EQ(panel.counter.value(), QStringLiteral("2"));
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_EQ(shown.counter.value(), QStringLiteral("2"));
+    EXPECT_TRUE(shown.unsaved);
     EXPECT_TRUE(filesIn(folder).isEmpty());
 }
 
@@ -238,10 +238,10 @@ TEST_F(DownloadTest, ViewIsScrolledOnceAtTheEnd) {
     download.vwhp();
     for (int record = 0; record < 30; ++record) {
         reply("01/05/99\t24526\t700");
-        EXPECT_EQ(panel.topRow, 0);
+        EXPECT_EQ(shown.topRow, 0);
     }
     reply("EOF");
-    EXPECT_EQ(panel.topRow, 20);
+    EXPECT_EQ(shown.topRow, 20);
 }
 
 TEST_F(DownloadTest, ElevenRowsAreNotScrolledTwelveAre) {
@@ -251,16 +251,16 @@ TEST_F(DownloadTest, ElevenRowsAreNotScrolledTwelveAre) {
         reply("01/05/99\t24526\t700");
     }
     reply("EOF");
-    EXPECT_EQ(panel.topRow, 0);
+    EXPECT_EQ(shown.topRow, 0);
     download.vwhp();
     replyAll({"01/05/99\t24526\t700", "0"});
-    EXPECT_EQ(panel.topRow, 2);
+    EXPECT_EQ(shown.topRow, 2);
 }
 
 TEST_F(DownloadTest, LongSheetIsSavedAndClearedOnTheWay) {
     identify("F", "310");
-    panel.fileName = path("lake");
-    panel.records = QStringLiteral("4");
+    shown.fileName = path("lake");
+    shown.records = QStringLiteral("4");
     download.vwhp();
     reply(">O");
     for (int record = 1; record <= 20012; ++record) {
@@ -269,7 +269,7 @@ TEST_F(DownloadTest, LongSheetIsSavedAndClearedOnTheWay) {
         ASSERT_EQ(session.state.plc, record % 20000);
     }
     reply("EOF");
-    EXPECT_EQ(panel.records.value(), QStringLiteral("5"));
+    EXPECT_EQ(shown.records.value(), QStringLiteral("5"));
     EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "lake4.txt");
     const QByteArray saved = contentsOf(path("lake4.txt"));
     EXPECT_TRUE(saved.startsWith("F\t310 20000\r\nlake4.txt\r\n"));
@@ -277,7 +277,7 @@ TEST_F(DownloadTest, LongSheetIsSavedAndClearedOnTheWay) {
     EXPECT_EQ(sheet.rowCount(), 12);
     EXPECT_EQ(sheet.cell(0, 0), QStringLiteral("1"));
     EXPECT_EQ(sheet.cell(0, 3), QStringLiteral("20001"));
-    EXPECT_EQ(panel.topRow, 2);
+    EXPECT_EQ(shown.topRow, 2);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(messages.shown.empty());
 }

@@ -3,13 +3,13 @@
 
 #include "base/runtimeerror.h"
 #include "base/text.h"
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 
 #include <utility>
 
 namespace orv {
 
-void showOnDebugScreen(DebugPanel& debug, const DataRow& row, RowLayout layout) {
+void showOnDebugScreen(DebugState& debug, const DataRow& row, RowLayout layout) {
     switch (layout) {
     case RowLayout::Unknown:
         return;
@@ -35,10 +35,10 @@ constexpr qsizetype shortestDataLine = 10;
 
 } // namespace
 
-Collection::Collection(const Parts& parts)
+Run::Run(const Parts& parts)
     : p_(parts) {}
 
-void Collection::run1() {
+void Run::run1() {
     p_.ports.debugsay(QStringLiteral("Run 1"));
     // The prompt that ends a block of one point may come together with its only line.
     if (leadingNumber(p_.settings.record.pointsPerBlock.value()) == 1.0) {
@@ -48,7 +48,7 @@ void Collection::run1() {
     p_.session.commands.runEnabled = false;
 }
 
-void Collection::startRunningProfile() {
+void Run::startRunningProfile() {
     p_.ports.debugsay(QStringLiteral("Start Running Profile"));
     p_.ports.write("R");
     p_.session.state.Ctrlscrn = opstate::collecting;
@@ -62,7 +62,7 @@ void Collection::startRunningProfile() {
     tellRecordFailure(p_.recordFile.start(p_.rows.connectedType()));
 }
 
-void Collection::profilemode() {
+void Run::profilemode() {
     p_.ports.debugsay(QStringLiteral("Profile Sub"));
     if (p_.session.state.Rtn.size() >= shortestDataLine) {
         try {
@@ -76,7 +76,7 @@ void Collection::profilemode() {
     endIfPrompted();
 }
 
-void Collection::takeLine() {
+void Run::takeLine() {
     SessionState& state = p_.session.state;
     state.gatherstart = 1;
     const RowLayout layout = p_.rows.connectedLayout();
@@ -99,14 +99,14 @@ void Collection::takeLine() {
     p_.automaticSave.saveLongSheet();
 }
 
-void Collection::noteLine() {
+void Run::noteLine() {
     // A prompt seen ahead of the first line was left over from the command before.
     if (!std::exchange(hasLine_, true) && !p_.poll.rxbuffer.contains('>')) {
         p_.session.state.Gatherstop = 0;
     }
 }
 
-void Collection::endIfPrompted() {
+void Run::endIfPrompted() {
     const SessionState& state = p_.session.state;
     if (!running_ || !hasLine_ || state.Gatherstop != 1) {
         return;
@@ -120,13 +120,13 @@ void Collection::endIfPrompted() {
     endRun();
 }
 
-void Collection::endRun() {
+void Run::endRun() {
     closeRecordFile();
     p_.session.state.Ctrlscrn = opstate::collectionSetUp;
     p_.session.status.status = QStringLiteral("Ready");
 }
 
-void Collection::closeRecordFile() {
+void Run::closeRecordFile() {
     if (!running_) {
         return;
     }
@@ -145,7 +145,7 @@ void Collection::closeRecordFile() {
     }
 }
 
-void Collection::tellRecordFailure(const QString& reason) {
+void Run::tellRecordFailure(const QString& reason) {
     if (reason.isEmpty() || recordFailureTold_) {
         return;
     }

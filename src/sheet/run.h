@@ -12,22 +12,22 @@ namespace orv {
 
 /// Shows the newest row's values in the instrument frames of the debug screen: GLOW's one value as the fluorometer's
 /// output, TRX's angles and last reference ("Ref") as the scattering meter's. A row of an unknown layout is not shown.
-void showOnDebugScreen(DebugPanel& debug, const DataRow& row, RowLayout layout);
+void showOnDebugScreen(DebugState& debug, const DataRow& row, RowLayout layout);
 
 /// A real-time run ("profile"): every data line of the instrument becomes a row of the sheet and of the record file.
-class Collection {
+class Run {
 public:
     struct Parts {
         Session& session;
         ComPorts& ports;
         Poll& poll;
-        SettingsPanel& settings;
+        SettingsState& settings;
         SheetRows& rows;
         AutomaticSave& automaticSave;
         RecordFile& recordFile;
     };
 
-    explicit Collection(const Parts& parts);
+    explicit Run(const Parts& parts);
 
     /// Called with each row of a run once it is on the sheet.
     std::function<void(const DataRow& row, RowLayout layout)> rowTaken;

@@ -134,8 +134,8 @@ TEST_F(CollectionFilesTest, RecordOfAFailedSaveIsKept) {
 
 TEST_F(CollectionFilesTest, The20000thRowSavesCountsAndClears) {
     start("F", "412");
-    panel.fileName = path("lake");
-    panel.records = QStringLiteral("3");
+    shown.fileName = path("lake");
+    shown.records = QStringLiteral("3");
     haveRows(19998);
     receive(line(1));
     EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock");
@@ -148,11 +148,11 @@ TEST_F(CollectionFilesTest, The20000thRowSavesCountsAndClears) {
         saved.startsWith("F\t412 20000\r\nlake3.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\td\tt\t9\t\r"));
     EXPECT_TRUE(saved.endsWith("19999\t11/21/26\t1:00:00\t1\t\r20000\t11/21/26\t1:00:00\t2\t\r"));
     EXPECT_EQ(saved.count('\r'), 4 + 2 + 20000);
-    EXPECT_EQ(panel.records.value().toStdString(), "4");
+    EXPECT_EQ(shown.records.value().toStdString(), "4");
     EXPECT_EQ(sheet.rowCount(), 0);
     EXPECT_EQ(session.state.plc, 0);
-    EXPECT_EQ(panel.counter.value().toStdString(), "0");
-    EXPECT_FALSE(panel.unsaved);
+    EXPECT_EQ(shown.counter.value().toStdString(), "0");
+    EXPECT_FALSE(shown.unsaved);
     EXPECT_EQ(files.autosaving, 0);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(messages.shown.empty());
@@ -171,7 +171,7 @@ TEST_F(CollectionFilesTest, AutomaticSaveKeepsAnOlderFileUnderADatedName) {
     receive(line(1));
     EXPECT_EQ(contentsOf(path("Untitled0-20261121-093015.txt")), QByteArray("older"));
     EXPECT_TRUE(contentsOf(path("Untitled0.txt")).startsWith("F\t412 20000\r\nUntitled0.txt\r\n"));
-    EXPECT_EQ(panel.records.value().toStdString(), "1");
+    EXPECT_EQ(shown.records.value().toStdString(), "1");
 }
 
 TEST_F(CollectionFilesTest, RunEndsWithThePromptOfTheRowThatIsSavedAutomatically) {
@@ -181,7 +181,7 @@ TEST_F(CollectionFilesTest, RunEndsWithThePromptOfTheRowThatIsSavedAutomatically
     receive(line(2) + ">");
     expectEnded();
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_EQ(panel.records.value().toStdString(), "1");
+    EXPECT_EQ(shown.records.value().toStdString(), "1");
     EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Untitled0.txt") << "saved rows are not offered";
 }
 
@@ -196,7 +196,7 @@ TEST_F(CollectionFilesTest, RecordOfAutomaticallySavedRowsNeedNotBeKept) {
 
 TEST_F(CollectionFilesTest, AutomaticSaveThatFailsKeepsTheRowsTellsOnceAndIsTriedAgainLater) {
     start("F", "412");
-    panel.fileName = path("nowhere/lake");
+    shown.fileName = path("nowhere/lake");
     haveRows(19999);
     receive(line(1));
     ASSERT_EQ(messages.shown.size(), 1U);
@@ -206,31 +206,31 @@ TEST_F(CollectionFilesTest, AutomaticSaveThatFailsKeepsTheRowsTellsOnceAndIsTrie
     }
     EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(sheet.rowCount(), 20499);
-    EXPECT_TRUE(panel.unsaved);
-    EXPECT_EQ(panel.records.value().toStdString(), "0");
+    EXPECT_TRUE(shown.unsaved);
+    EXPECT_EQ(shown.records.value().toStdString(), "0");
     EXPECT_EQ(files.autosaving, 0);
     expectRunning();
-    panel.fileName = path("lake");
+    shown.fileName = path("lake");
     receive(line(501));
     EXPECT_TRUE(contentsOf(path("lake0.txt")).startsWith("F\t412 20500\r\nlake0.txt\r\n"));
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_EQ(panel.records.value().toStdString(), "1");
+    EXPECT_EQ(shown.records.value().toStdString(), "1");
     EXPECT_EQ(messages.shown.size(), 1U);
 
     haveRows(19999);
     receive(line(1));
-    EXPECT_EQ(panel.records.value().toStdString(), "2") << "the next sheet is saved at 20000 rows again";
+    EXPECT_EQ(shown.records.value().toStdString(), "2") << "the next sheet is saved at 20000 rows again";
 }
 
 TEST_F(CollectionFilesTest, RecordFileThatCannotBeCreatedIsToldOnceAndRowsGoOn) {
     RecordFile lost(clock, path("nowhere/Orvtemp.tmp"));
-    Collection run({.session = session,
-                    .ports = ports,
-                    .poll = poll,
-                    .settings = settings,
-                    .rows = rows,
-                    .automaticSave = automaticSave,
-                    .recordFile = lost});
+    orv::Run run({.session = session,
+                  .ports = ports,
+                  .poll = poll,
+                  .settings = settings,
+                  .rows = rows,
+                  .automaticSave = automaticSave,
+                  .recordFile = lost});
     identify("F", "412");
     for (std::size_t runs = 1; runs <= 2; ++runs) {
         run.run1();

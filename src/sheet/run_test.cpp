@@ -64,9 +64,9 @@ TEST_F(CollectionTest, EachLineBecomesARowAndIsAnnounced) {
     receive(line(512));
     EXPECT_EQ(debugPort->allWritten(), QByteArray("Profile Sub\r"));
     EXPECT_EQ(session.state.gatherstart, 1);
-    EXPECT_EQ(panel.counter.value().toStdString(), "1");
+    EXPECT_EQ(shown.counter.value().toStdString(), "1");
     EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|11/21/26|1:00:00|512|||||");
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_TRUE(shown.unsaved);
     expectRunning();
 }
 
@@ -294,7 +294,7 @@ TEST_F(CollectionTest, ViewFollowsEveryRow) {
     startGlow();
     for (int row = 1; row <= 13; ++row) {
         receive(line(row));
-        EXPECT_EQ(panel.topRow.value(), row > 11 ? row - 10 : 0) << row;
+        EXPECT_EQ(shown.topRow.value(), row > 11 ? row - 10 : 0) << row;
     }
 }
 
@@ -314,7 +314,7 @@ TEST_F(CollectionTest, CounterOverflowEndsTheRunOnceWithAllRowsKept) {
     expectEnded();
     EXPECT_EQ(sheet.rowCount(), 1);
     EXPECT_EQ(session.state.plc, std::numeric_limits<qint16>::max());
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_TRUE(shown.unsaved);
     receive(line(3));
     EXPECT_EQ(sheet.rowCount(), 1) << "the error does not come again with every further line";
     EXPECT_EQ(filesIn(folder), filesBefore);
@@ -343,31 +343,31 @@ DataRow row(const char* values) {
             .values = QString::fromLatin1(values).split(u' ')};
 }
 
-QStringList shown(const DebugPanel& debug) {
+QStringList shown(const DebugState& debug) {
     return {debug.fluorometerOutput, debug.scatteringOutputs[0], debug.scatteringOutputs[1], debug.scatteringOutputs[2],
             debug.scatteringReference};
 }
 
 TEST(DebugOutput, GlowFillsTheFluorometer) {
-    DebugPanel debug;
+    DebugState debug;
     showOnDebugScreen(debug, row("77"), RowLayout::Glow);
     EXPECT_EQ(shown(debug), QStringList({QStringLiteral("77"), QString(), QString(), QString(), QString()}));
 }
 
 TEST(DebugOutput, NewerTrxHasOneReference) {
-    DebugPanel debug;
+    DebugState debug;
     showOnDebugScreen(debug, row("1 2 3 4"), RowLayout::TrxNewer);
     EXPECT_EQ(shown(debug).join(u' ').toStdString(), " 1 2 3 4");
 }
 
 TEST(DebugOutput, OlderTrxShowsItsLastReference) {
-    DebugPanel debug;
+    DebugState debug;
     showOnDebugScreen(debug, row("1 91 2 92 3 93"), RowLayout::TrxOlder);
     EXPECT_EQ(shown(debug).join(u' ').toStdString(), " 1 2 3 93");
 }
 
 TEST(DebugOutput, AnUnknownInstrumentShowsNothing) {
-    DebugPanel debug;
+    DebugState debug;
     showOnDebugScreen(debug, row("1 2 3"), RowLayout::Unknown);
     EXPECT_EQ(shown(debug).join(u' ').toStdString(), "    ");
 }

@@ -79,8 +79,8 @@ SheetFiles::SheetFiles(const Parts& parts)
     : p_(parts) {}
 
 QString SheetFiles::presetName() const {
-    const QString records = p_.session.state.plc < autosaveRows ? QString() : p_.panel.records.value();
-    return p_.panel.fileName.value() + records + QLatin1String(".txt");
+    const QString records = p_.session.state.plc < autosaveRows ? QString() : p_.shown.records.value();
+    return p_.shown.fileName.value() + records + QLatin1String(".txt");
 }
 
 SheetFiles::Outcome SheetFiles::saveas() {
@@ -106,11 +106,11 @@ SheetFiles::Outcome SheetFiles::saveas() {
 }
 
 void SheetFiles::saveAside() {
-    if (!p_.panel.unsaved || p_.sheet.type().layout() == RowLayout::Unknown) {
+    if (!p_.shown.unsaved || p_.sheet.type().layout() == RowLayout::Unknown) {
         return;
     }
     const QString name =
-        QStringLiteral("%1-%2.txt").arg(p_.panel.fileName.value(), fileNameStamp(p_.session.clock.now()));
+        QStringLiteral("%1-%2.txt").arg(p_.shown.fileName.value(), fileNameStamp(p_.session.clock.now()));
     if (write(name) == Outcome::Saved) {
         p_.session.messages.show({.title = QStringLiteral("Save Data"),
                                   .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
@@ -134,7 +134,7 @@ void SheetFiles::loadit() {
     }
     p_.ports.debugsay(loaded.type.layout() == RowLayout::Glow ? QStringLiteral("Loading Flour Sheet")
                                                               : QStringLiteral("Loading TRX(S) Sheet"));
-    if (p_.panel.unsaved) {
+    if (p_.shown.unsaved) {
         if (!ask()) {
             return;
         }
@@ -159,7 +159,7 @@ bool SheetFiles::refuse(const QString& name, const LoadedSheet& loaded) {
 }
 
 bool SheetFiles::ask() {
-    if (!p_.panel.unsaved || !p_.questions.askYesNo(QStringLiteral("Save Data"),
+    if (!p_.shown.unsaved || !p_.questions.askYesNo(QStringLiteral("Save Data"),
                                                     QStringLiteral("Data not Saved. Do you wish to save it now ?"))) {
         return true;
     }
@@ -183,7 +183,7 @@ SheetFiles::Outcome SheetFiles::write(const QString& name) {
         return fail(name, file.errorString());
     }
     autosaveFailureTold_ = false;
-    p_.panel.unsaved = false;
+    p_.shown.unsaved = false;
     if (saved) {
         saved();
     }
@@ -209,11 +209,11 @@ constexpr int retryAfterRows = 500;
 
 } // namespace
 
-AutomaticSave::AutomaticSave(Session& session, SheetRows& rows, SheetFiles& files, SheetPanel& panel)
+AutomaticSave::AutomaticSave(Session& session, SheetRows& rows, SheetFiles& files, SheetState& shown)
     : session_(session)
     , rows_(rows)
     , files_(files)
-    , panel_(panel) {}
+    , shown_(shown) {}
 
 void AutomaticSave::saveLongSheet() {
     const int count = session_.state.plc;
@@ -226,7 +226,7 @@ void AutomaticSave::saveLongSheet() {
     files_.autosaving = 1;
     const bool saved = files_.saveas() == SheetFiles::Outcome::Saved;
     if (saved) {
-        panel_.records = plainNumber(leadingNumber(panel_.records.value()) + 1.0);
+        shown_.records = plainNumber(leadingNumber(shown_.records.value()) + 1.0);
         rows_.clearSpreadSheet();
         nextTry_ = rowLimit;
     } else {

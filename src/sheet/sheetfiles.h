@@ -23,7 +23,7 @@ public:
         ComPorts& ports;
         DataSheet& sheet;
         SheetRows& rows;
-        SheetPanel& panel;
+        SheetState& shown;
         OperatorQuestions& questions;
     };
 
@@ -70,7 +70,7 @@ public:
     /// Rows at which the sheet is saved and cleared.
     static constexpr int rowLimit = 20000;
 
-    AutomaticSave(Session& session, SheetRows& rows, SheetFiles& files, SheetPanel& panel);
+    AutomaticSave(Session& session, SheetRows& rows, SheetFiles& files, SheetState& shown);
 
     /// Saves, counts in "Records :" and clears, if the sheet has rowLimit rows or more. If the save fails the operator
     /// has been told and every row stays; it is tried again every 500 rows.
@@ -80,7 +80,7 @@ private:
     Session& session_;
     SheetRows& rows_;
     SheetFiles& files_;
-    SheetPanel& panel_;
+    SheetState& shown_;
     int nextTry_ = rowLimit;
 };
 

@@ -97,8 +97,8 @@ TEST_F(SheetFilesTest, SheetOfUnknownTypeHasNothingToSave) {
 TEST_F(SheetFilesTest, OperatorsSaveAsksWithThePresetNameAndWritesUnderTheConfirmedOne) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
-    panel.fileName = QStringLiteral("Untitled");
-    panel.records = QStringLiteral("3");
+    shown.fileName = QStringLiteral("Untitled");
+    shown.records = QStringLiteral("3");
     answers.fileName = path("lake.txt");
     debug.comm2Output = true;
     int savedCalls = 0;
@@ -107,7 +107,7 @@ TEST_F(SheetFilesTest, OperatorsSaveAsksWithThePresetNameAndWritesUnderTheConfir
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|Untitled.txt|.txt|*.txt");
     EXPECT_EQ(contentsOf(path("lake.txt")).toStdString(), bytes());
     EXPECT_EQ(filesIn(folder).size(), 1) << "no temporary file is left";
-    EXPECT_FALSE(panel.unsaved);
+    EXPECT_FALSE(shown.unsaved);
     EXPECT_EQ(savedCalls, 1);
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\rSaving TRX(S) Sheet\r"));
@@ -123,8 +123,8 @@ TEST_F(SheetFilesTest, GlowAnnouncesItsOwnSaving) {
 
 TEST_F(SheetFilesTest, PresetNameHasTheRecordsFrom20000RowsOn) {
     identify("V", "512");
-    panel.fileName = QStringLiteral("lake");
-    panel.records = QStringLiteral("3");
+    shown.fileName = QStringLiteral("lake");
+    shown.records = QStringLiteral("3");
     session.state.plc = 19999;
     files.saveas();
     session.state.plc = 20000;
@@ -152,7 +152,7 @@ TEST_F(SheetFilesTest, CancelledSaveWritesNothingAndLeavesTheState) {
     files.saved = [] { FAIL() << "nothing was saved"; };
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Cancelled);
     EXPECT_TRUE(filesIn(folder).isEmpty());
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_TRUE(shown.unsaved);
     EXPECT_EQ(sheet.rowCount(), 1);
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\r"));
@@ -160,7 +160,7 @@ TEST_F(SheetFilesTest, CancelledSaveWritesNothingAndLeavesTheState) {
 
 TEST_F(SheetFilesTest, AutomaticSaveAsksNothingAndKeepsAFileFromBefore) {
     identify("V", "512");
-    panel.fileName = path("lake");
+    shown.fileName = path("lake");
     fill(path("lake.txt"), "older");
     files.autosaving = 1;
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
@@ -177,7 +177,7 @@ TEST_F(SheetFilesTest, FolderThatDoesNotExistIsToldAndTheRowsStayUnsaved) {
     files.saved = [] { FAIL() << "nothing was saved"; };
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
     expectOneFailure(answers.fileName);
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_TRUE(shown.unsaved);
     EXPECT_EQ(sheet.rowCount(), 1);
 }
 
@@ -194,7 +194,7 @@ TEST_F(SheetFilesTest, UnwritableFolderLeavesTheOldFileAndTellsWhy) {
     }
     expectOneFailure(answers.fileName);
     EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_TRUE(shown.unsaved);
 }
 
 TEST_F(SheetFilesTest, FullDiskLeavesTheOldFileAndTellsWhy) {
@@ -213,14 +213,14 @@ TEST_F(SheetFilesTest, FullDiskLeavesTheOldFileAndTellsWhy) {
         expectOneFailure(answers.fileName);
         EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
         EXPECT_EQ(filesIn(folder).size(), 1) << "no half-written file is left";
-        EXPECT_TRUE(panel.unsaved);
+        EXPECT_TRUE(shown.unsaved);
     }
 }
 
 TEST_F(SheetFilesTest, AutomaticSaveThatFailsLeavesTheOldFileUnderItsName) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
-    panel.fileName = path("lake");
+    shown.fileName = path("lake");
     fill(path("lake.txt"), "older");
     files.autosaving = 1;
     {
@@ -236,13 +236,13 @@ TEST_F(SheetFilesTest, AutomaticSaveThatFailsLeavesTheOldFileUnderItsName) {
 TEST_F(SheetFilesTest, RowsOfAnotherTypeAreSavedUnderADatedNameAndTold) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
-    panel.fileName = QDir(folder.path()).filePath(QStringLiteral("lake"));
+    shown.fileName = QDir(folder.path()).filePath(QStringLiteral("lake"));
     const QString name = QDir(folder.path()).filePath(QStringLiteral("lake-20261121-093015.txt"));
     files.saveAside();
     QFile file(name);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), sheetFileBytes(sheet, name));
-    EXPECT_FALSE(panel.unsaved);
+    EXPECT_FALSE(shown.unsaved);
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(name)) << qPrintable(messages.shown[0].text);
     EXPECT_EQ(sheet.rowCount(), 1) << "the rows stay on the sheet";
@@ -258,7 +258,7 @@ class AutomaticSaveTest : public SheetTest {
 protected:
     AutomaticSaveTest() {
         identify("F", "310");
-        panel.fileName = path("lake");
+        shown.fileName = path("lake");
     }
 
     void fillUpTo(int count) {
@@ -275,21 +275,21 @@ TEST_F(AutomaticSaveTest, BelowTheLimitNothingHappens) {
     automaticSave.saveLongSheet();
     EXPECT_EQ(sheet.rowCount(), 19999);
     EXPECT_TRUE(filesIn(folder).isEmpty());
-    EXPECT_EQ(panel.records.value(), QStringLiteral("0"));
+    EXPECT_EQ(shown.records.value(), QStringLiteral("0"));
 }
 
 TEST_F(AutomaticSaveTest, AtTheLimitItSavesUnderTheCountedNameAndClears) {
-    panel.records = QStringLiteral("6");
+    shown.records = QStringLiteral("6");
     debug.comm2Output = true;
     fillUpTo(20000);
     automaticSave.saveLongSheet();
     EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "lake6.txt");
     EXPECT_TRUE(contentsOf(path("lake6.txt")).startsWith("F\t310 20000\r\nlake6.txt\r\n"));
-    EXPECT_EQ(panel.records.value(), QStringLiteral("7"));
+    EXPECT_EQ(shown.records.value(), QStringLiteral("7"));
     EXPECT_EQ(sheet.rowCount(), 0);
     EXPECT_EQ(session.state.plc, 0);
-    EXPECT_EQ(panel.counter.value(), QStringLiteral("0"));
-    EXPECT_FALSE(panel.unsaved);
+    EXPECT_EQ(shown.counter.value(), QStringLiteral("0"));
+    EXPECT_FALSE(shown.unsaved);
     EXPECT_EQ(files.autosaving, 0);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(messages.shown.empty());
@@ -300,23 +300,23 @@ TEST_F(AutomaticSaveTest, AtTheLimitItSavesUnderTheCountedNameAndClears) {
 }
 
 TEST_F(AutomaticSaveTest, LabelThatIsNoNumberCountsFromZero) {
-    panel.records = QStringLiteral("x");
+    shown.records = QStringLiteral("x");
     fillUpTo(20000);
     automaticSave.saveLongSheet();
     EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "lakex.txt");
-    EXPECT_EQ(panel.records.value(), QStringLiteral("1"));
+    EXPECT_EQ(shown.records.value(), QStringLiteral("1"));
 }
 
 TEST_F(AutomaticSaveTest, FailureKeepsTheRowsAndIsTriedAgainAfter500) {
-    panel.fileName = path("nowhere/lake");
+    shown.fileName = path("nowhere/lake");
     fillUpTo(20000);
     automaticSave.saveLongSheet();
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(sheet.rowCount(), 20000);
-    EXPECT_TRUE(panel.unsaved);
-    EXPECT_EQ(panel.records.value(), QStringLiteral("0"));
+    EXPECT_TRUE(shown.unsaved);
+    EXPECT_EQ(shown.records.value(), QStringLiteral("0"));
     EXPECT_EQ(files.autosaving, 0);
-    panel.fileName = path("lake");
+    shown.fileName = path("lake");
     fillUpTo(20499);
     automaticSave.saveLongSheet();
     EXPECT_EQ(sheet.rowCount(), 20499) << "not tried at every row";

@@ -70,8 +70,8 @@ protected:
         EXPECT_EQ(sheet.type(), (DataSheet::Type{.letter = QStringLiteral("F"), .firmware = 310.0}));
         EXPECT_EQ(sheet.header().join(u'|').toStdString(), "Data #|Date|Time|Output");
         EXPECT_EQ(session.state.plc, 3);
-        EXPECT_EQ(panel.counter.value(), QStringLiteral("3"));
-        EXPECT_TRUE(panel.unsaved);
+        EXPECT_EQ(shown.counter.value(), QStringLiteral("3"));
+        EXPECT_TRUE(shown.unsaved);
     }
 
     void expectLoaded() {
@@ -80,8 +80,8 @@ protected:
         EXPECT_EQ(sheet.type(), (DataSheet::Type{.letter = QStringLiteral("V"), .firmware = 512.0}));
         EXPECT_EQ(sheet.header().join(u'|').toStdString(), "Data #|Date|Time|100|125|150|Ref");
         EXPECT_EQ(session.state.plc, 2);
-        EXPECT_EQ(panel.counter.value(), QStringLiteral("2"));
-        EXPECT_FALSE(panel.unsaved);
+        EXPECT_EQ(shown.counter.value(), QStringLiteral("2"));
+        EXPECT_FALSE(shown.unsaved);
     }
 
     /// Loads the file in vain; returns what the operator was told of it.
@@ -105,7 +105,7 @@ protected:
 
     Answers questions;
     SheetFiles loading{
-        {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .panel = panel, .questions = questions}};
+        {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .shown = shown, .questions = questions}};
 };
 
 TEST_F(SheetLoadingTest, CancelledDialogLoadsNothing) {
@@ -118,7 +118,7 @@ TEST_F(SheetLoadingTest, CancelledDialogLoadsNothing) {
 }
 
 TEST_F(SheetLoadingTest, SavedRowsAreReplacedWithoutAQuestion) {
-    panel.unsaved = false;
+    shown.unsaved = false;
     debug.comm2Output = true;
     load(path("newer.txt"));
     EXPECT_EQ(questions.all(), "Open|.txt|*.txt");
@@ -128,7 +128,7 @@ TEST_F(SheetLoadingTest, SavedRowsAreReplacedWithoutAQuestion) {
 }
 
 TEST_F(SheetLoadingTest, GlowSheetAnnouncesItsOwnLoading) {
-    panel.unsaved = false;
+    shown.unsaved = false;
     fill(path("glow.txt"), "f\t310 1\r\nglow.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\td\tt\t5\t\r");
     debug.comm2Output = true;
     load(path("glow.txt"));
@@ -160,7 +160,7 @@ TEST_F(SheetLoadingTest, SavingOverTheFileThatIsOpenedLoadsWhatItHoldsNow) {
     load(path("newer.txt"));
     EXPECT_EQ(sheet.type().letter, QStringLiteral("F"));
     EXPECT_EQ(sheet.rowCount(), 3);
-    EXPECT_FALSE(panel.unsaved);
+    EXPECT_FALSE(shown.unsaved);
     EXPECT_TRUE(contentsOf(path("newer.txt")).startsWith("F\t310 3\r\n"));
 }
 
@@ -234,7 +234,7 @@ TEST_F(SheetLoadingTest, UnreadableFileIsTold) {
 TEST_F(SheetLoadingTest, LoadedSheetCanBeSavedWithoutAnInstrument) {
     ports.close();
     session.state.Vartemp.clear();
-    session.status.firmware = StatusPanel::unknownShort();
+    session.status.firmware = StatusState::unknownShort();
     session.commands.sheetHoldsRows = false;
     load(path("newer.txt"));
     EXPECT_TRUE(session.commands.canSaveAs);
@@ -244,20 +244,20 @@ TEST_F(SheetLoadingTest, LoadedSheetCanBeSavedWithoutAnInstrument) {
     fill(path("empty.txt"), newerFile(0));
     load(path("empty.txt"));
     EXPECT_FALSE(session.commands.canSaveAs);
-    EXPECT_EQ(panel.counter.value(), QStringLiteral("0"));
+    EXPECT_EQ(shown.counter.value(), QStringLiteral("0"));
 }
 
 TEST_F(SheetLoadingTest, ViewShowsTheLastTenRowsOfALongSheet) {
-    panel.topRow = 2;
+    shown.topRow = 2;
     fill(path("long.txt"), newerFile(11));
     load(path("long.txt"));
-    EXPECT_EQ(panel.topRow, 0);
+    EXPECT_EQ(shown.topRow, 0);
     fill(path("long.txt"), newerFile(12));
     load(path("long.txt"));
-    EXPECT_EQ(panel.topRow, 2);
+    EXPECT_EQ(shown.topRow, 2);
     fill(path("long.txt"), newerFile(20000));
     load(path("long.txt"));
-    EXPECT_EQ(panel.topRow, 19990);
+    EXPECT_EQ(shown.topRow, 19990);
     EXPECT_EQ(session.state.plc, 20000);
     EXPECT_EQ(sheet.rowCount(), 20000);
 }
@@ -266,17 +266,17 @@ TEST_F(SheetLoadingTest, RowsAddedAfterLoadingAreCountedOnAndUnsaved) {
     load(path("newer.txt"));
     rows.addRow({.date = QStringLiteral("d"), .time = QStringLiteral("t"), .values = {QStringLiteral("5")}});
     EXPECT_EQ(cells(2).join(u'|').toStdString(), "3|d|t|5|||||");
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_TRUE(shown.unsaved);
 }
 
 TEST_F(SheetLoadingTest, QuittingAsksOnlyAboutUnsavedRows) {
-    panel.unsaved = false;
+    shown.unsaved = false;
     EXPECT_TRUE(loading.ask());
     EXPECT_TRUE(questions.asked.isEmpty());
-    panel.unsaved = true;
+    shown.unsaved = true;
     EXPECT_TRUE(loading.ask()) << "No ends the program";
     EXPECT_EQ(questions.all(), askText);
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_TRUE(shown.unsaved);
     EXPECT_EQ(filesIn(folder).size(), 1);
 }
 
@@ -289,7 +289,7 @@ TEST_F(SheetLoadingTest, QuittingSavesAfterAYesAndStaysIfThatFails) {
     expectSheetAsItWas();
     questions.saveName = path("mine.txt");
     EXPECT_TRUE(loading.ask());
-    EXPECT_FALSE(panel.unsaved);
+    EXPECT_FALSE(shown.unsaved);
     EXPECT_TRUE(contentsOf(path("mine.txt")).startsWith("F\t310 3\r\nmine.txt\r\n"));
 }
 

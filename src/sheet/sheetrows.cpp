@@ -8,11 +8,11 @@
 
 namespace orv {
 
-SheetRows::SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetPanel& panel)
+SheetRows::SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetState& shown)
     : session_(session)
     , ports_(ports)
     , sheet_(sheet)
-    , panel_(panel) {}
+    , shown_(shown) {}
 
 double SheetRows::firmware() const {
     return leadingNumber(session_.status.firmware.value());
@@ -37,9 +37,9 @@ void SheetRows::clearSpreadSheet() {
 void SheetRows::clear() {
     session_.state.plc = 0;
     sheet_.removeRows();
-    panel_.topRow = 0;
-    panel_.counter = QStringLiteral("0");
-    panel_.unsaved = false;
+    shown_.topRow = 0;
+    shown_.counter = QStringLiteral("0");
+    shown_.unsaved = false;
     session_.commands.sheetHoldsRows = false;
     // A firmware label that has not been filled reads as 0, the older generation.
     const QString shownLetter = session_.state.isGlow() ? QStringLiteral("F") : QStringLiteral("V");
@@ -56,8 +56,8 @@ void SheetRows::addRow(const DataRow& row) {
     }
     ++plc;
     sheet_.appendRow(sheetCells(plc, row));
-    panel_.counter = QString::number(plc);
-    panel_.unsaved = true;
+    shown_.counter = QString::number(plc);
+    shown_.unsaved = true;
     session_.commands.sheetHoldsRows = true;
 }
 
@@ -68,19 +68,19 @@ void SheetRows::replaceBy(LoadedSheet loaded) {
         sheet_.appendJoinedRow(std::move(row));
     }
     session_.state.plc = static_cast<qint16>(loaded.rows.size());
-    panel_.counter = QString::number(session_.state.plc);
+    shown_.counter = QString::number(session_.state.plc);
     session_.commands.sheetHoldsRows = session_.state.plc > 0;
     followNewest();
 }
 
 void SheetRows::recover(LoadedSheet recorded) {
     replaceBy(std::move(recorded));
-    panel_.unsaved = session_.state.plc > 0;
+    shown_.unsaved = session_.state.plc > 0;
 }
 
 void SheetRows::followNewest() {
     if (session_.state.plc > 11) {
-        panel_.topRow = session_.state.plc - 10;
+        shown_.topRow = session_.state.plc - 10;
     }
 }
 

@@ -11,7 +11,7 @@ namespace orv {
 /// What every procedure that fills the sheet shares: laying out, clearing, adding rows, and the counter `plc`.
 class SheetRows {
 public:
-    SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetPanel& panel);
+    SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetState& shown);
 
     /// Writes the header row of the connected type when a port has been opened; nothing for an unknown type.
     void layOutOnOpening();
@@ -43,7 +43,7 @@ private:
     Session& session_;
     ComPorts& ports_;
     DataSheet& sheet_;
-    SheetPanel& panel_;
+    SheetState& shown_;
 };
 
 } // namespace orv

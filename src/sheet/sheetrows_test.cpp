@@ -54,9 +54,9 @@ TEST_F(SheetRowsTest, ClearingRemovesRowsCounterViewAndUnsavedState) {
     rows.clearSpreadSheet();
     EXPECT_EQ(session.state.plc, 0);
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_EQ(panel.counter.value().toStdString(), "0");
-    EXPECT_EQ(panel.topRow.value(), 0);
-    EXPECT_FALSE(panel.unsaved);
+    EXPECT_EQ(shown.counter.value().toStdString(), "0");
+    EXPECT_EQ(shown.topRow.value(), 0);
+    EXPECT_FALSE(shown.unsaved);
     EXPECT_FALSE(session.commands.sheetHoldsRows);
     EXPECT_EQ(debugPort->allWritten(), QByteArray("Clear Spread Sheet\r"));
     EXPECT_TRUE(answers.asked.isEmpty());
@@ -104,35 +104,35 @@ TEST_F(SheetRowsTest, OpeningThePortKeepsTheRows) {
     identify("V", "512");
     EXPECT_EQ(sheet.rowCount(), 1);
     EXPECT_EQ(session.state.plc, 1);
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_TRUE(shown.unsaved);
 }
 
 TEST_F(SheetRowsTest, AddingARowCountsAndShowsIt) {
     session.state.plc = 0;
     rows.addRow(aRow());
     EXPECT_EQ(session.state.plc, 1);
-    EXPECT_EQ(panel.counter.value().toStdString(), "1");
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_EQ(shown.counter.value().toStdString(), "1");
+    EXPECT_TRUE(shown.unsaved);
     EXPECT_TRUE(session.commands.sheetHoldsRows);
     rows.addRow(aRow());
-    EXPECT_EQ(panel.counter.value().toStdString(), "2");
+    EXPECT_EQ(shown.counter.value().toStdString(), "2");
     EXPECT_EQ(cells(1).join(u'|').toStdString(), "2|1/5/99|9:05:07|512|||||");
 }
 
 TEST_F(SheetRowsTest, ViewStaysWith11RowsAndFollowsFrom12On) {
-    panel.topRow = 5;
+    shown.topRow = 5;
     for (int row = 0; row < 11; ++row) {
         rows.addRow(aRow());
         rows.followNewest();
-        EXPECT_EQ(panel.topRow.value(), 5);
+        EXPECT_EQ(shown.topRow.value(), 5);
     }
     rows.addRow(aRow());
-    EXPECT_EQ(panel.topRow.value(), 5) << "moved only on request";
+    EXPECT_EQ(shown.topRow.value(), 5) << "moved only on request";
     rows.followNewest();
-    EXPECT_EQ(panel.topRow.value(), 2);
+    EXPECT_EQ(shown.topRow.value(), 2);
     rows.addRow(aRow());
     rows.followNewest();
-    EXPECT_EQ(panel.topRow.value(), 3);
+    EXPECT_EQ(shown.topRow.value(), 3);
 }
 
 TEST_F(SheetRowsTest, CounterThatIsFullOverflowsWithNothingChanged) {
@@ -147,7 +147,7 @@ TEST_F(SheetRowsTest, CounterThatIsFullOverflowsWithNothingChanged) {
     }
     EXPECT_EQ(session.state.plc, std::numeric_limits<qint16>::max());
     EXPECT_EQ(sheet.rowCount(), 1);
-    EXPECT_EQ(panel.counter.value().toStdString(), "32767");
+    EXPECT_EQ(shown.counter.value().toStdString(), "32767");
 }
 
 TEST_F(SheetRowsTest, FirmwareIsTheLeadingNumberOfTheLabel) {

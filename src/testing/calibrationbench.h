@@ -6,12 +6,12 @@
 
 namespace orv {
 
-/// For tests: a calibration page's worth of panels and actions without a window.
+/// For tests: a calibration page's worth of values and actions without a window.
 class CalibrationBench {
 public:
     void add(const char* name, LightColour colour) {
-        panel.instrumentName = QString::fromLatin1(name);
-        panel.colour = colour;
+        shown.instrumentName = QString::fromLatin1(name);
+        shown.colour = colour;
         actions.addInstrument();
     }
 
@@ -51,10 +51,10 @@ public:
     PreparedAnswers answers;
     Session session{clock, messages};
     DataSheet sheet;
-    SheetPanel sheetPanel;
-    CalibrationPanel panel;
-    CalibrationActions actions{
-        {.session = session, .sheet = sheet, .sheetPanel = sheetPanel, .panel = panel, .questions = answers}};
+    SheetState sheetState;
+    CalibrationState shown;
+    Calibration actions{
+        {.session = session, .sheet = sheet, .sheetState = sheetState, .shown = shown, .questions = answers}};
 };
 
 } // namespace orv

@@ -84,7 +84,7 @@ protected:
         return messages.shown.back().text.toStdString();
     }
 
-    ProgressPanel progress;
+    ProgressState progress;
     StatusTimer timer{[] {}};
     Download download{{.session = session,
                        .ports = ports,
@@ -92,7 +92,7 @@ protected:
                        .settings = settings,
                        .progress = progress,
                        .rows = rows,
-                       .panel = panel,
+                       .shown = shown,
                        .automaticSave = automaticSave,
                        .questions = answers}};
 };

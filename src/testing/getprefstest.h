@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "settings/reader.h"
+#include "settings/settingsreader.h"
 #include "testing/fakes.h"
 
 #include <gtest/gtest.h>
@@ -60,13 +60,13 @@ protected:
     TestClock clock;
     RecordedMessages messages;
     Session session{clock, messages};
-    DebugPanel debug;
+    DebugState debug;
     ComPorts ports{session, debug, [this](const QString& device) { return makePort(device); }};
-    ConnectionPanel items;
+    ConnectItems items;
     RecordedActions actions{session.state};
     ManualConnection manual{session, items, actions};
-    SettingsPanel settings;
-    ProgressPanel progress;
+    SettingsState settings;
+    ProgressState progress;
     SettingsReader reader{{.session = session,
                            .ports = ports,
                            .items = items,

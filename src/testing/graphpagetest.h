@@ -111,13 +111,13 @@ protected:
     }
 
     DataSheet sheet;
-    SheetPanel panel;
-    CommandPanel commands;
+    SheetState shown;
+    CommandState commands;
     RecordedMessages messages;
     PreparedAnswers answers;
     std::function<bool(QPrinter&)> choosePrinter;
     GraphPage page{{.sheet = sheet,
-                    .panel = panel,
+                    .shown = shown,
                     .commands = commands,
                     .messages = messages,
                     .questions = answers,

@@ -22,7 +22,7 @@ public:
     TestClock clock;
     RecordedMessages messages;
     Session session{clock, messages};
-    DebugPanel debug;
+    DebugState debug;
     FakePort* instrument = nullptr;
     FakePort* debugOutput = nullptr;
     ComPorts ports{session, debug, [this](const QString& device) {

@@ -74,7 +74,7 @@ public:
         session.status.status = QStringLiteral("Offline");
         items.enableAll();
         items.uncheckAll();
-        CommandPanel& commands = session.commands;
+        CommandState& commands = session.commands;
         commands.resetEnabled = false;
         commands.runEnabled = false;
         commands.clearAllEnabled = false;
@@ -106,8 +106,8 @@ public:
     RecordedMessages messages;
     Session session{clock, messages};
     SessionState& state = session.state;
-    ConnectionPanel items;
-    DebugPanel debug;
+    ConnectItems items;
+    DebugState debug;
     ProgramLog log;
     FakePort com1;
     FakePort com2;

@@ -150,7 +150,7 @@ protected:
             EXPECT_TRUE(item.enabled);
             EXPECT_FALSE(item.checked);
         }
-        const CommandPanel& commands = program.session.commands;
+        const CommandState& commands = program.session.commands;
         EXPECT_EQ(commands.activity.value(), Activity::None);
         EXPECT_FALSE(commands.processingMenuVisible);
         EXPECT_FALSE(commands.settingsMenuVisible);

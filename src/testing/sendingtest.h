@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "settings/sender.h"
+#include "settings/settingssender.h"
 #include "testing/fakes.h"
 
 #include <gtest/gtest.h>
@@ -91,14 +91,14 @@ protected:
     RecordedMessages messages;
     SteppedYield events{clock};
     Session session{clock, messages};
-    DebugPanel debug;
+    DebugState debug;
     ComPorts ports{session, debug, [this](const QString& /*device*/) { return makePort(); }};
     ProgramLog log;
     Poll poll{session, ports, debug, log};
     TimedWait wait{clock, events, ports};
     StatusTimer timer{[] {}};
-    SettingsPanel settings;
-    ProgressPanel progress;
+    SettingsState settings;
+    ProgressState progress;
     SendingParts parts{.session = session,
                        .ports = ports,
                        .debug = debug,

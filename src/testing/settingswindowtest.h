@@ -53,7 +53,7 @@ protected:
     Modes modes{session, ports, settings, sender, answers};
     int mainWindowShown = 0;
     SettingsWindow window{{.session = session,
-                           .panel = settings,
+                           .shown = settings,
                            .commands = commands,
                            .modes = modes,
                            .actions = deviceFiles,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 #include "sheet/run.h"
 #include "testing/fakes.h"
 #include "testing/filesizelimit.h"
@@ -79,8 +79,8 @@ protected:
         ports.open();
         ports.openDebugPort();
         files.saved = [this] { recordFile.rowsSaved(); };
-        discarding = sheet.rowsRemoved.add([this] { recordFile.rowsDiscarded(); });
-        panel.fileName = path("Untitled");
+        discarding = sheet.rowsRemoved.subscribe([this] { recordFile.rowsDiscarded(); });
+        shown.fileName = path("Untitled");
     }
 
     std::unique_ptr<Port> makePort(const QString& device) {
@@ -145,27 +145,27 @@ protected:
     TestClock clock;
     RecordedMessages messages;
     Session session{clock, messages};
-    DebugPanel debug;
+    DebugState debug;
     ComPorts ports{session, debug, [this](const QString& device) { return makePort(device); }};
     ProgramLog log;
     Poll poll{session, ports, debug, log};
-    SettingsPanel settings;
+    SettingsState settings;
     DataSheet sheet;
-    SheetPanel panel;
+    SheetState shown;
     PreparedAnswers answers;
-    SheetRows rows{session, ports, sheet, panel};
+    SheetRows rows{session, ports, sheet, shown};
     SheetFiles files{
-        {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .panel = panel, .questions = answers}};
-    AutomaticSave automaticSave{session, rows, files, panel};
-    Listeners::Subscription discarding;
+        {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .shown = shown, .questions = answers}};
+    AutomaticSave automaticSave{session, rows, files, shown};
+    Subscription discarding;
     RecordFile recordFile{clock, folder.filePath(QStringLiteral("Orvtemp.tmp"))};
-    Collection collection{{.session = session,
-                           .ports = ports,
-                           .poll = poll,
-                           .settings = settings,
-                           .rows = rows,
-                           .automaticSave = automaticSave,
-                           .recordFile = recordFile}};
+    orv::Run collection{{.session = session,
+                         .ports = ports,
+                         .poll = poll,
+                         .settings = settings,
+                         .rows = rows,
+                         .automaticSave = automaticSave,
+                         .recordFile = recordFile}};
 };
 
 } // namespace orv

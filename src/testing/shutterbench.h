@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calibration/shutterreset.h"
-#include "settings/reader.h"
+#include "settings/settingsreader.h"
 #include "simulator/simulatedport.h"
 #include "testing/fakes.h"
 
@@ -196,7 +196,7 @@ public:
     RecordedMessages messages;
     SteppedYield yield{clock};
     Session session{clock, messages};
-    DebugPanel debug;
+    DebugState debug;
     UnpluggablePort* port = nullptr;
     PortMaker makePort;
     ComPorts ports{session, debug, [this](const QString&) {
@@ -208,10 +208,10 @@ public:
     ProgramLog log;
     Poll poll{session, ports, debug, log};
     StatusTimer timer{[] {}};
-    ConnectionPanel items;
+    ConnectItems items;
     ManualConnection manual{session, items, *this};
-    SettingsPanel settings;
-    ProgressPanel progress;
+    SettingsState settings;
+    ProgressState progress;
     SettingsReader reader{{.session = session,
                            .ports = ports,
                            .items = items,

@@ -60,8 +60,8 @@ protected:
     }
 
     void fillCalibration() {
-        program.calibrationPanel.instrumentName = QStringLiteral("TRX 1042");
-        program.calibrationPanel.colour = LightColour::Red;
+        program.calibrationState.instrumentName = QStringLiteral("TRX 1042");
+        program.calibrationState.colour = LightColour::Red;
         program.calibration.addInstrument();
         program.calibration.select(0);
     }
@@ -132,10 +132,10 @@ TEST_F(AccessibilityTest, TheManualConnectionDialog) {
     auto& dialog = find<QDialog>("ManualConnection");
     ASSERT_TRUE(dialog.isVisible());
     EXPECT_EQ(findingsIn(dialog), "");
-    ManualConnectionPanel& panel = program.manual.panel;
-    panel.startVisible = true;
-    panel.proceedVisible = true;
-    panel.retryEnabled = true;
+    ManualConnectionState& shown = program.manual.shown;
+    shown.startVisible = true;
+    shown.proceedVisible = true;
+    shown.retryEnabled = true;
     EXPECT_EQ(findingsIn(dialog), "") << "with every button";
 }
 

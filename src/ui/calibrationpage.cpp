@@ -64,9 +64,9 @@ QLabel* makeHeading(const QString& text) {
 
 } // namespace
 
-CalibrationPage::CalibrationPage(CalibrationPanel& panel, CalibrationActions& actions, QWidget* parent)
+CalibrationPage::CalibrationPage(CalibrationState& shown, Calibration& actions, QWidget* parent)
     : QWidget(parent)
-    , panel_(panel)
+    , shown_(shown)
     , actions_(actions) {
     setObjectName(QStringLiteral("CalibrationPage"));
     auto* frame = new QGroupBox(QStringLiteral("Calibration TRX(S)"));
@@ -86,7 +86,7 @@ QGroupBox* CalibrationPage::makeInstruments() {
     auto* layout = new QVBoxLayout(frame);
 
     auto* name =
-        makeBox(panel_.instrumentName, QStringLiteral("Text17"), QStringLiteral("Instrument name or serial number"));
+        makeBox(shown_.instrumentName, QStringLiteral("Text17"), QStringLiteral("Instrument name or serial number"));
     name->setToolTip(QStringLiteral("Name or serial number of the next instrument of the batch."));
     auto* nameCaption = new QLabel(QStringLiteral("Name or serial n&umber:"));
     nameCaption->setBuddy(name);
@@ -130,8 +130,8 @@ QWidget* CalibrationPage::makeColours() {
         option->setAccessibleName(QStringLiteral("Light source %1").arg(option->text().remove(u'&')));
         group->addButton(option);
         layout->addWidget(option);
-        connect(option, &QRadioButton::clicked, this, [this, colour = selector.colour] { panel_.colour = colour; });
-        bindings_.bind(panel_.colour, [option, colour = selector.colour](LightColour selected) {
+        connect(option, &QRadioButton::clicked, this, [this, colour = selector.colour] { shown_.colour = colour; });
+        bindings_.bind(shown_.colour, [option, colour = selector.colour](LightColour selected) {
             if (selected == colour) {
                 option->setChecked(true);
             }
@@ -147,7 +147,7 @@ QListWidget* CalibrationPage::makeList() {
     list->setAccessibleName(QStringLiteral("Instruments entered"));
     list->setToolTip(QStringLiteral("Choose an instrument to show its worksheet."));
     list->setMinimumHeight(list->fontMetrics().height() * 4);
-    bindings_.bind(panel_.instruments, [list](const QStringList& names) {
+    bindings_.bind(shown_.instruments, [list](const QStringList& names) {
         const QSignalBlocker quiet(list); // no instrument is chosen by being entered
         for (qsizetype added = list->count(); added < names.size(); ++added) {
             list->addItem(names.at(added));
@@ -155,12 +155,12 @@ QListWidget* CalibrationPage::makeList() {
     });
     const auto highlightShown = [this, list] {
         const QSignalBlocker quiet(list);
-        if (!panel_.worksheetCaption.value().isEmpty()) {
-            list->setCurrentRow(panel_.current);
+        if (!shown_.worksheetCaption.value().isEmpty()) {
+            list->setCurrentRow(shown_.current);
         }
     };
-    bindings_.bind(panel_.current, [highlightShown](qint16) { highlightShown(); });
-    bindings_.bind(panel_.worksheetCaption, [highlightShown](const QString&) { highlightShown(); });
+    bindings_.bind(shown_.current, [highlightShown](qint16) { highlightShown(); });
+    bindings_.bind(shown_.worksheetCaption, [highlightShown](const QString&) { highlightShown(); });
     list->viewport()->installEventFilter(this);
     // A key moves to another entry; a click counts also on the entry that is current already.
     // Taking the focus makes an entry current without selecting it; only a choice shows an instrument.
@@ -198,7 +198,7 @@ QWidget* CalibrationPage::makeNavigation() {
     layout->addStretch();
     layout->addWidget(new QLabel(QStringLiteral("Total Entered :")));
     auto* total = makeWorksheetLabel(QStringLiteral("Label70"), QStringLiteral("Total entered"));
-    bindings_.bind(panel_.totalEntered, [total](const QString& count) { total->setText(count); });
+    bindings_.bind(shown_.totalEntered, [total](const QString& count) { total->setText(count); });
     layout->addWidget(total);
     return row;
 }
@@ -215,7 +215,7 @@ QWidget* CalibrationPage::makeMessages() {
     box->setPalette(shown);
     box->setAccessibleName(QStringLiteral("Messages"));
     box->setToolTip(QStringLiteral("What is still missing."));
-    bindings_.bind(panel_.message, [box](const QString& text) { box->setText(text); });
+    bindings_.bind(shown_.message, [box](const QString& text) { box->setText(text); });
     auto* caption = new QLabel(QStringLiteral("&Messages:"));
     caption->setBuddy(box);
     layout->addWidget(caption);
@@ -226,7 +226,7 @@ QWidget* CalibrationPage::makeMessages() {
 QGroupBox* CalibrationPage::makeWorksheet() {
     auto* frame = new QGroupBox;
     frame->setObjectName(QStringLiteral("Frame16"));
-    bindings_.bind(panel_.worksheetCaption, [frame](QString caption) {
+    bindings_.bind(shown_.worksheetCaption, [frame](QString caption) {
         frame->setTitle(caption.isEmpty() ? QStringLiteral("Worksheet")
                                           : caption.replace(u'&', QLatin1String("&&"))); // a name, not a key
     });
@@ -256,7 +256,7 @@ QGroupBox* CalibrationPage::makeWorksheet() {
     buttons->addStretch();
     buttons->addWidget(new QLabel(QStringLiteral("Instrument index:")));
     auto* index = makeWorksheetLabel(QStringLiteral("Label71"), QStringLiteral("Instrument index"));
-    bindings_.bind(panel_.current, [index](qint16 current) { index->setText(QString::number(current)); });
+    bindings_.bind(shown_.current, [index](qint16 current) { index->setText(QString::number(current)); });
     buttons->addWidget(index);
     grid->addLayout(buttons, resultRow + 1, 0, 1, channelCount + 1);
     return frame;
@@ -268,8 +268,8 @@ void CalibrationPage::addWorksheetRow(QGridLayout* grid, int row) {
     auto* selector = new QRadioButton(QString::fromLatin1(selectorCaptions.at(static_cast<std::size_t>(row))));
     selector->setObjectName(QStringLiteral("Option%1").arg(firstSelector + row));
     selector->setToolTip(QStringLiteral("The rows on the data sheet were measured for \"%1\".").arg(caption));
-    connect(selector, &QRadioButton::clicked, this, [this, row] { panel_.selectedRow = row; });
-    bindings_.bind(panel_.selectedRow, [selector, row](int selected) {
+    connect(selector, &QRadioButton::clicked, this, [this, row] { shown_.selectedRow = row; });
+    bindings_.bind(shown_.selectedRow, [selector, row](int selected) {
         if (selected == row) {
             selector->setChecked(true);
         }
@@ -277,7 +277,7 @@ void CalibrationPage::addWorksheetRow(QGridLayout* grid, int row) {
     grid->addWidget(selector, row + 1, 0);
     for (int channel = 0; channel < channelCount; ++channel) {
         const QString accessibleName = QStringLiteral("%1, angle %2").arg(caption, angleText(channel));
-        auto* box = makeBox(panel_.worksheet.at(row, channel), boxName(boxes, channel), accessibleName);
+        auto* box = makeBox(shown_.worksheet.at(row, channel), boxName(boxes, channel), accessibleName);
         box->setToolTip(QStringLiteral("%1: kept as a whole number from -32768 to 32767.").arg(accessibleName));
         box->setAlignment(Qt::AlignRight);
         grid->addWidget(box, row + 1, channel + 1);
@@ -291,10 +291,10 @@ void CalibrationPage::addResults(QGridLayout* grid, int gridRow) {
     for (int channel = 0; channel < channelCount; ++channel) {
         const auto index = static_cast<std::size_t>(channel);
         auto* label = makeWorksheetLabel(QStringLiteral("Label%1").arg(resultLabels.at(index)),
-                                     QStringLiteral("DP, angle %1").arg(angleText(channel)));
+                                         QStringLiteral("DP, angle %1").arg(angleText(channel)));
         label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        bindings_.bind(panel_.results.at(index), [label](const QString& text) { label->setText(text); });
+        bindings_.bind(shown_.results.at(index), [label](const QString& text) { label->setText(text); });
         grid->addWidget(label, gridRow, channel + 1);
     }
 }
@@ -317,7 +317,7 @@ QGroupBox* CalibrationPage::makeReference() {
         grid->addWidget(rowCaption, row + 1, 0);
         for (int channel = 0; channel < channelCount; ++channel) {
             const QString accessibleName = QStringLiteral("Reference %1, column %2").arg(caption).arg(channel + 1);
-            auto* box = makeBox(panel_.reference.at(row, channel), boxName(boxes, channel), accessibleName);
+            auto* box = makeBox(shown_.reference.at(row, channel), boxName(boxes, channel), accessibleName);
             box->setToolTip(accessibleName + QLatin1Char('.'));
             box->setAlignment(Qt::AlignRight);
             grid->addWidget(box, row + 1, channel + 1);
@@ -380,8 +380,8 @@ TestingPage::TestingPage(Session& session, const std::function<void()>& resetShu
 }
 
 QWidget* TestingPage::makeProgress(Session& session) {
-    auto* panel = new QWidget;
-    auto* form = new QFormLayout(panel);
+    auto* shown = new QWidget;
+    auto* form = new QFormLayout(shown);
     form->setContentsMargins(0, 0, 0, 0);
 
     auto* status = new QLabel;
@@ -393,9 +393,9 @@ QWidget* TestingPage::makeProgress(Session& session) {
     auto* progress = new QLineEdit;
     progress->setObjectName(QStringLiteral("TestingProgress"));
     progress->setReadOnly(true);
-    QPalette shown = progress->palette();
-    shown.setColor(QPalette::Base, shown.color(QPalette::Window)); // nothing can be typed here
-    progress->setPalette(shown);
+    QPalette palette = progress->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window)); // nothing can be typed here
+    progress->setPalette(palette);
     progress->setAccessibleName(QStringLiteral("Progress of the shutter reset"));
     progress->setToolTip(QStringLiteral("The step of the shutter reset under way."));
     bindings_.bind(session.status.shutterProgress, [progress](const QString& text) { progress->setText(text); });
@@ -413,7 +413,7 @@ QWidget* TestingPage::makeProgress(Session& session) {
     auto* caption = new QLabel(QStringLiteral("Pro&gress:"));
     caption->setBuddy(progress);
     form->addRow(caption, row);
-    return panel;
+    return shown;
 }
 
 } // namespace orv

@@ -24,8 +24,8 @@ namespace orv {
 /// The page "Calibration TRX(S)": the instruments of a batch, the worksheet of the one shown, and the reference values.
 class CalibrationPage final : public QWidget {
 public:
-    /// Panel and actions outlive the page.
-    CalibrationPage(CalibrationPanel& panel, CalibrationActions& actions, QWidget* parent = nullptr);
+    /// Values and actions outlive the page.
+    CalibrationPage(CalibrationState& shown, Calibration& actions, QWidget* parent = nullptr);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -44,8 +44,8 @@ private:
     QPushButton* makeButton(const QString& caption, const QString& name, const QString& toolTip,
                             const std::function<void()>& action);
 
-    CalibrationPanel& panel_;
-    CalibrationActions& actions_;
+    CalibrationState& shown_;
+    Calibration& actions_;
     bool chosenByPress_ = false; ///< The press of the click under way has chosen an entry of the list already.
     Bindings bindings_;
 };

@@ -26,7 +26,7 @@ protected:
 
     void clickEntry(int row) { clickAt(*list().viewport(), list().visualItemRect(list().item(row)).center()); }
 
-    CalibrationPage page{panel, actions};
+    CalibrationPage page{shown, actions};
 };
 
 TEST_F(CalibrationPageTest, IsOperableByKeyboardAndFits) {
@@ -61,8 +61,8 @@ TEST_F(CalibrationPageTest, EveryBoxIsThereByItsName) {
 }
 
 TEST_F(CalibrationPageTest, BoxesStandInTheirRowAndColumn) {
-    fill(panel.worksheet, "33 34 35/18 19 20/21 22 23/24 25 26/27 28 29/30 31 32");
-    fill(panel.reference, "2 3 4/5 6 7/8 9 10/11 12 13/14 15 16");
+    fill(shown.worksheet, "33 34 35/18 19 20/21 22 23/24 25 26/27 28 29/30 31 32");
+    fill(shown.reference, "2 3 4/5 6 7/8 9 10/11 12 13/14 15 16");
     for (int number = 2; number <= 35; ++number) {
         if (number != 17) {
             EXPECT_EQ(text(QStringLiteral("Text%1").arg(number).toLatin1().constData()).toInt(), number);
@@ -75,13 +75,13 @@ TEST_F(CalibrationPageTest, BoxesStandInTheirRowAndColumn) {
     EXPECT_LT(control<QLineEdit>(page, "Text34").x(), control<QLineEdit>(page, "Text35").x());
 }
 
-TEST_F(CalibrationPageTest, TypingFillsThePanel) {
+TEST_F(CalibrationPageTest, TypingFillsTheState) {
     type(control<QLineEdit>(page, "Text19"), "12.5");
     type(control<QLineEdit>(page, "Text16"), "7");
     type(control<QLineEdit>(page, "Text17"), "SN & 1");
-    EXPECT_EQ(panel.worksheet.at(1, 1).value().toStdString(), "12.5");
-    EXPECT_EQ(panel.reference.at(4, 2).value().toStdString(), "7");
-    EXPECT_EQ(panel.instrumentName.value().toStdString(), "SN & 1");
+    EXPECT_EQ(shown.worksheet.at(1, 1).value().toStdString(), "12.5");
+    EXPECT_EQ(shown.reference.at(4, 2).value().toStdString(), "7");
+    EXPECT_EQ(shown.instrumentName.value().toStdString(), "SN & 1");
 }
 
 TEST_F(CalibrationPageTest, AColourMustBeChosenFirst) {
@@ -126,7 +126,7 @@ TEST_F(CalibrationPageTest, AClickShowsAnEntryAgainAndAgain) {
     add("two", LightColour::Blue);
     EXPECT_EQ(list().currentRow(), -1) << "adding shows nothing";
     clickEntry(1);
-    EXPECT_EQ(panel.current.value(), 1);
+    EXPECT_EQ(shown.current.value(), 1);
     type(control<QLineEdit>(page, "Text18"), "99");
     clickEntry(1);
     EXPECT_EQ(text("Text18").toStdString(), "0");
@@ -137,8 +137,8 @@ TEST_F(CalibrationPageTest, KeysMoveThroughTheList) {
     add("two", LightColour::Blue);
     clickEntry(0);
     pressKey(list(), Qt::Key_Down);
-    EXPECT_EQ(panel.current.value(), 1);
-    EXPECT_EQ(panel.worksheetCaption.value().toStdString(), "two");
+    EXPECT_EQ(shown.current.value(), 1);
+    EXPECT_EQ(shown.worksheetCaption.value().toStdString(), "two");
 }
 
 TEST_F(CalibrationPageTest, TheFirstInstrumentIsHighlightedWhenItIsShown) {
@@ -162,7 +162,7 @@ TEST_F(CalibrationPageTest, AnEighthInstrumentIsListedAndTold) {
 
 TEST_F(CalibrationPageTest, CalcDpFillsTheSelectedRowAndItsResults) {
     fillSheet({QStringLiteral("10 20 30")});
-    fill(panel.reference, "1 1 1/2 3 4/0 0 0/0 0 0/0 0 0");
+    fill(shown.reference, "1 1 1/2 3 4/0 0 0/0 0 0/0 0 0");
     press("Option4");
     press("Command12");
     press("Option5");
@@ -179,8 +179,8 @@ TEST_F(CalibrationPageTest, RowsAndColoursAreChosenIndependently) {
     press("Option8");
     press("Option9");
     press("Option11");
-    EXPECT_EQ(panel.selectedRow.value(), 5);
-    EXPECT_EQ(panel.colour.value(), LightColour::Green);
+    EXPECT_EQ(shown.selectedRow.value(), 5);
+    EXPECT_EQ(shown.colour.value(), LightColour::Green);
     EXPECT_TRUE(control<QRadioButton>(page, "Option8").isChecked());
     EXPECT_FALSE(control<QRadioButton>(page, "Option3").isChecked());
 }

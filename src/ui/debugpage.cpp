@@ -136,18 +136,18 @@ QLabel* makeDebugLabel(const QString& accessibleName) {
 
 } // namespace
 
-DebugScreen::DebugScreen(const Parts& parts, QWidget* parent)
+DebugPage::DebugPage(const Parts& parts, QWidget* parent)
     : QWidget(parent)
     , p_(parts)
     , model_(parts.debug.list) {
-    setObjectName(QStringLiteral("DebugScreen"));
+    setObjectName(QStringLiteral("DebugPage"));
     auto* layout = new QHBoxLayout(this);
     layout->addWidget(makeDebugFrame(), 1);
     layout->addLayout(makeSensorFrames());
     layout->addStretch(); // keeps the sensor frames narrow when the debug frame is hidden
 }
 
-QGroupBox* DebugScreen::makeDebugFrame() {
+QGroupBox* DebugPage::makeDebugFrame() {
     auto* frame = new QGroupBox(QStringLiteral("Tidelane Debug Screen"));
     frame->setObjectName(QStringLiteral("DebugFrame"));
     auto* layout = new QVBoxLayout(frame);
@@ -163,7 +163,7 @@ QGroupBox* DebugScreen::makeDebugFrame() {
     return frame;
 }
 
-QWidget* DebugScreen::makeOutputControls() {
+QWidget* DebugPage::makeOutputControls() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -204,14 +204,14 @@ QWidget* DebugScreen::makeOutputControls() {
     return row;
 }
 
-QRadioButton* DebugScreen::makeOption(const QString& caption, const QString& name, const QString& toolTip) {
+QRadioButton* DebugPage::makeOption(const QString& caption, const QString& name, const QString& toolTip) {
     auto* option = new QRadioButton(caption);
     option->setObjectName(name);
     option->setToolTip(toolTip);
     return option;
 }
 
-QListView* DebugScreen::makeList() {
+QListView* DebugPage::makeList() {
     auto* list = new QListView;
     list->setObjectName(QStringLiteral("DebugList"));
     list->setAccessibleName(QStringLiteral("Traffic from the instrument, newest last"));
@@ -233,7 +233,7 @@ QListView* DebugScreen::makeList() {
     return list;
 }
 
-void DebugScreen::makeHint(QListView* list) {
+void DebugPage::makeHint(QListView* list) {
     auto* hint = new QLabel;
     hint->setObjectName(QStringLiteral("DebugListHint"));
     hint->setAccessibleName(QStringLiteral("Why the list is empty"));
@@ -258,7 +258,7 @@ void DebugScreen::makeHint(QListView* list) {
     bindings_.bind(p_.debug.showParsing, [show](bool) { show(); });
 }
 
-QWidget* DebugScreen::makeDirectSend() {
+QWidget* DebugPage::makeDirectSend() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -271,7 +271,7 @@ QWidget* DebugScreen::makeDirectSend() {
     button->setObjectName(QStringLiteral("DirectSend"));
     button->setToolTip(QStringLiteral("Sends the text to the instrument, if a port is open and nothing else is under "
                                       "way."));
-    connect(button, &QPushButton::clicked, this, &DebugScreen::send);
+    connect(button, &QPushButton::clicked, this, &DebugPage::send);
     connect(text_, &QLineEdit::returnPressed, button, &QPushButton::click);
     bindings_.bind(p_.session.commands.undisturbed, [button](bool undisturbed) { button->setEnabled(undisturbed); });
     layout->addWidget(caption);
@@ -281,7 +281,7 @@ QWidget* DebugScreen::makeDirectSend() {
     return row;
 }
 
-QWidget* DebugScreen::makeStatusRow() {
+QWidget* DebugPage::makeStatusRow() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -314,9 +314,9 @@ QWidget* DebugScreen::makeStatusRow() {
     return row;
 }
 
-QVBoxLayout* DebugScreen::makeSensorFrames() {
+QVBoxLayout* DebugPage::makeSensorFrames() {
     auto* layout = new QVBoxLayout;
-    DebugPanel& debug = p_.debug;
+    DebugState& debug = p_.debug;
     const QString output = QStringLiteral("Output");
 
     auto* fluorometer = makeSensorFrame(QStringLiteral("Fluorometer"), QStringLiteral("FluorometerFrame"),
@@ -348,7 +348,7 @@ QVBoxLayout* DebugScreen::makeSensorFrames() {
     return layout;
 }
 
-QGroupBox* DebugScreen::makeSensorFrame(const QString& title, const QString& name, const QProperty<bool>& visible) {
+QGroupBox* DebugPage::makeSensorFrame(const QString& title, const QString& name, const QProperty<bool>& visible) {
     auto* frame = new QGroupBox(title);
     frame->setObjectName(name);
     frame->setToolTip(QStringLiteral("The newest values that the instrument has sent in a run."));
@@ -357,8 +357,8 @@ QGroupBox* DebugScreen::makeSensorFrame(const QString& title, const QString& nam
     return frame;
 }
 
-void DebugScreen::addOutput(QGroupBox* frame, const QString& caption, const QString& accessibleName,
-                            const QProperty<QString>& value) {
+void DebugPage::addOutput(QGroupBox* frame, const QString& caption, const QString& accessibleName,
+                          const QProperty<QString>& value) {
     auto* label = makeDebugLabel(accessibleName);
     label->setObjectName(accessibleName);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -367,14 +367,14 @@ void DebugScreen::addOutput(QGroupBox* frame, const QString& caption, const QStr
     qobject_cast<QFormLayout*>(frame->layout())->addRow(caption, label);
 }
 
-void DebugScreen::showInServiceMode(QWidget* control) {
+void DebugPage::showInServiceMode(QWidget* control) {
     bindings_.bind(p_.pages.serviceMode, [control](bool on) {
         control->setVisible(on);
         control->setEnabled(on);
     });
 }
 
-void DebugScreen::send() {
+void DebugPage::send() {
     p_.directSend.send(text_->text());
 }
 

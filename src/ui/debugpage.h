@@ -68,20 +68,20 @@ private:
 };
 
 /// The page "Debug Screen": raw traffic, parsed lines, direct send, the debug output, the newest values.
-class DebugScreen final : public QWidget {
+class DebugPage final : public QWidget {
 public:
     /// What the page draws and acts on; everything outlives it.
     struct Parts {
         Session& session;
         ComPorts& ports;
-        DebugPanel& debug;
-        PagePanel& pages;
+        DebugState& debug;
+        PageState& pages;
         DirectSend& directSend;
-        /// "Comm 2 Debug Output" was clicked; opens the port or clears the panel's flag again.
+        /// "Comm 2 Debug Output" was clicked; opens the port or clears the shown's flag again.
         std::function<void(bool ticked)> setComm2Output;
     };
 
-    explicit DebugScreen(const Parts& parts, QWidget* parent = nullptr);
+    explicit DebugPage(const Parts& parts, QWidget* parent = nullptr);
 
 private:
     QGroupBox* makeDebugFrame();

@@ -185,12 +185,12 @@ protected:
                          return port;
                      }}};
     DirectSend directSend{program.ports};
-    DebugScreen page{{.session = program.session,
-                      .ports = program.ports,
-                      .debug = program.debug,
-                      .pages = program.pages,
-                      .directSend = directSend,
-                      .setComm2Output = [this](bool ticked) { program.setComm2Output(ticked); }}};
+    DebugPage page{{.session = program.session,
+                    .ports = program.ports,
+                    .debug = program.debug,
+                    .pages = program.pages,
+                    .directSend = directSend,
+                    .setComm2Output = [this](bool ticked) { program.setComm2Output(ticked); }}};
 };
 
 TEST_F(DebugScreenTest, IsOperableByKeyboardAndFits) {
@@ -323,7 +323,7 @@ TEST_F(DebugScreenTest, StatusAndBufferFollow) {
 }
 
 TEST_F(DebugScreenTest, FramesAndTheirValuesFollow) {
-    DebugPanel& debug = program.debug;
+    DebugState& debug = program.debug;
     const std::vector<std::pair<const char*, QProperty<bool>*>> frames = {
         {"DebugFrame", &debug.debugFrameVisible},
         {"FluorometerFrame", &debug.fluorometerFrameVisible},

@@ -84,22 +84,22 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     connect(retry, &QPushButton::clicked, this, [this] { manual_.retry(); });
     connect(quit, &QPushButton::clicked, this, [this] { manual_.quit(); });
 
-    const ManualConnectionPanel& panel = manual.panel;
-    bindings_.bind(panel.text, [text](const QString& shown) { text->setPlainText(shown); });
-    bindings_.bind(panel.startVisible, [start](bool on) { start->setVisible(on); });
-    bindings_.bind(panel.startEnabled, [start](bool on) { start->setEnabled(on); });
-    bindings_.bind(panel.proceedVisible, [proceed](bool on) { proceed->setVisible(on); });
-    bindings_.bind(panel.retryEnabled, [retry](bool on) { retry->setEnabled(on); });
-    bindings_.bind(panel.visible, [this](bool on) { setVisible(on); });
+    const ManualConnectionState& shown = manual.shown;
+    bindings_.bind(shown.text, [text](const QString& shown) { text->setPlainText(shown); });
+    bindings_.bind(shown.startVisible, [start](bool on) { start->setVisible(on); });
+    bindings_.bind(shown.startEnabled, [start](bool on) { start->setEnabled(on); });
+    bindings_.bind(shown.proceedVisible, [proceed](bool on) { proceed->setVisible(on); });
+    bindings_.bind(shown.retryEnabled, [retry](bool on) { retry->setEnabled(on); });
+    bindings_.bind(shown.visible, [this](bool on) { setVisible(on); });
 }
 
 void ManualConnectionDialog::reject() {
     manual_.closed();
 }
 
-ProgressDialog::ProgressDialog(ProgressPanel& panel, QWidget* parent)
+ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     : QDialog(parent)
-    , panel_(panel) {
+    , shown_(shown) {
     setObjectName(QStringLiteral("Processing"));
     setWindowTitle(QStringLiteral("Processing"));
     setModal(false);
@@ -139,23 +139,23 @@ ProgressDialog::ProgressDialog(ProgressPanel& panel, QWidget* parent)
     setMinimumWidth(comfortableWidth);
 
     const auto drawBar = [this, bar] {
-        const int maximum = std::max(panel_.maximum.value(), 1);
+        const int maximum = std::max(shown_.maximum.value(), 1);
         bar->setRange(0, maximum);
-        bar->setValue(std::clamp(panel_.value.value(), 0, maximum));
+        bar->setValue(std::clamp(shown_.value.value(), 0, maximum));
     };
     const auto follow = [this](const QProperty<QString>& text, QLabel* shown) {
         bindings_.bind(text, [shown](const QString& now) { shown->setText(now); });
     };
-    bindings_.bind(panel.maximum, [drawBar](int /*maximum*/) { drawBar(); });
-    bindings_.bind(panel.value, [drawBar](int /*value*/) { drawBar(); });
-    follow(panel.label, label);
-    follow(panel.valueLabel, value);
-    follow(panel.percentage, percentage);
-    bindings_.bind(panel.visible, [this](bool on) { setVisible(on); });
+    bindings_.bind(shown.maximum, [drawBar](int /*maximum*/) { drawBar(); });
+    bindings_.bind(shown.value, [drawBar](int /*value*/) { drawBar(); });
+    follow(shown.label, label);
+    follow(shown.valueLabel, value);
+    follow(shown.percentage, percentage);
+    bindings_.bind(shown.visible, [this](bool on) { setVisible(on); });
 }
 
 void ProgressDialog::reject() {
-    panel_.visible = false;
+    shown_.visible = false;
 }
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include "base/observe.h"
 #include "link/manualconnection.h"
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 
 #include <QDialog>
 #include <QScrollArea>
@@ -22,7 +22,7 @@ public:
 /// The "Manual Connection" dialog. It does not block the main window.
 class ManualConnectionDialog final : public QDialog {
 public:
-    /// `manual` and its panel outlive the dialog.
+    /// `manual` and its shown outlive the dialog.
     explicit ManualConnectionDialog(ManualConnection& manual, QWidget* parent = nullptr);
 
     /// Esc and the frame's close button.
@@ -37,7 +37,7 @@ private:
 /// closing it only hides it.
 class ProgressDialog final : public QDialog {
 public:
-    explicit ProgressDialog(ProgressPanel& panel, QWidget* parent = nullptr);
+    explicit ProgressDialog(ProgressState& shown, QWidget* parent = nullptr);
 
     /// What the "Abort" button does; empty: nothing.
     std::function<void()> abort;
@@ -45,7 +45,7 @@ public:
     void reject() override;
 
 private:
-    ProgressPanel& panel_;
+    ProgressState& shown_;
     Bindings bindings_;
 };
 

@@ -18,56 +18,56 @@ protected:
     QProgressBar& bar() const { return control<QProgressBar>(dialog, "ProgressBar"); }
     QString text(const char* name) const { return control<QLabel>(dialog, name).text(); }
 
-    ProgressPanel panel;
-    ProgressDialog dialog{panel};
+    ProgressState shown;
+    ProgressDialog dialog{shown};
 };
 
-TEST_F(ProgressDialogTest, FollowsThePanel) {
+TEST_F(ProgressDialogTest, FollowsTheState) {
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Processing"));
-    panel.show();
+    shown.show();
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_FALSE(dialog.isModal());
     EXPECT_EQ(text("ProgressLabel"), QStringLiteral("%"));
-    panel.value = 40;
-    panel.valueLabel = QStringLiteral("40");
+    shown.value = 40;
+    shown.valueLabel = QStringLiteral("40");
     EXPECT_EQ(bar().value(), 40);
     EXPECT_EQ(text("ProgressValue"), QStringLiteral("40"));
-    panel.label = QStringLiteral("Bytes Downloaded");
-    panel.percentage = QStringLiteral("45");
+    shown.label = QStringLiteral("Bytes Downloaded");
+    shown.percentage = QStringLiteral("45");
     EXPECT_EQ(text("ProgressLabel"), QStringLiteral("Bytes Downloaded"));
     EXPECT_EQ(text("ProgressPercentage"), QStringLiteral("45"));
-    panel.visible = false;
+    shown.visible = false;
     EXPECT_FALSE(dialog.isVisible());
 }
 
 TEST_F(ProgressDialogTest, TheBarStaysWithinItsMaximum) {
-    panel.maximum = 50;
-    panel.value = 200;
+    shown.maximum = 50;
+    shown.value = 200;
     EXPECT_EQ(bar().value(), 50);
     EXPECT_EQ(bar().maximum(), 50);
-    panel.maximum = 0;
-    panel.value = -3;
+    shown.maximum = 0;
+    shown.value = -3;
     EXPECT_EQ(bar().value(), 0);
     EXPECT_EQ(bar().maximum(), 1) << "a maximum of 0 would be a busy bar";
 }
 
 TEST_F(ProgressDialogTest, ClosingItOnlyHidesIt) {
-    panel.show();
+    shown.show();
     dialog.close();
-    EXPECT_FALSE(panel.visible.value());
-    panel.show();
+    EXPECT_FALSE(shown.visible.value());
+    shown.show();
     press(dialog, Qt::Key_Escape);
-    EXPECT_FALSE(panel.visible.value());
+    EXPECT_FALSE(shown.visible.value());
 }
 
 TEST_F(ProgressDialogTest, AbortDoesWhatItIsGivenOrNothing) {
-    panel.show();
+    shown.show();
     auto& button = control<QPushButton>(dialog, "Abort");
     EXPECT_EQ(button.text().remove(QLatin1Char('&')), QStringLiteral("Abort"));
     EXPECT_TRUE(button.toolTip().contains(QStringLiteral("\"Reset\"")));
     button.click();
-    EXPECT_TRUE(panel.visible.value());
+    EXPECT_TRUE(shown.visible.value());
     int aborts = 0;
     dialog.abort = [&aborts] { ++aborts; };
     button.click();

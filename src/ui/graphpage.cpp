@@ -407,7 +407,7 @@ void GraphPage::refreshTheme() {
 
 void GraphPage::savePicture(PictureFormat format) {
     const QString suffix = pictureSuffix(format);
-    const QString name = p_.questions.saveFileName(QStringLiteral("Save Picture"), p_.panel.fileName.value() + suffix,
+    const QString name = p_.questions.saveFileName(QStringLiteral("Save Picture"), p_.shown.fileName.value() + suffix,
                                                    suffix, QLatin1Char('*') + suffix);
     if (name.isEmpty()) {
         return;
@@ -454,8 +454,8 @@ void GraphPage::tell(const QString& title, const QString& text) {
 void GraphPage::showEvent(QShowEvent* event) {
     QGroupBox::showEvent(event);
     const auto follow = [this] { schedule(); };
-    subscriptions_ = {p_.sheet.rowAppended.add(follow), p_.sheet.headerChanged.add(follow),
-                      p_.sheet.rowsRemoved.add(follow)};
+    subscriptions_ = {p_.sheet.rowAppended.subscribe(follow), p_.sheet.headerChanged.subscribe(follow),
+                      p_.sheet.rowsRemoved.subscribe(follow)};
     stale_ = true;
     refreshNow();
 }

@@ -86,8 +86,8 @@ public:
     /// What the page works on; everything outlives it.
     struct Parts {
         DataSheet& sheet;
-        const SheetPanel& panel;
-        const CommandPanel& commands;
+        const SheetState& shown;
+        const CommandState& commands;
         OperatorMessages& messages;
         OperatorQuestions& questions;
         /// Lets the operator choose how to print; false if he cancels. Empty: the system's own dialog.
@@ -135,7 +135,7 @@ private:
     int pointed_ = -1;        ///< The point under the pointer.
     QTimer refreshTimer_;
     bool stale_ = true;
-    std::vector<Listeners::Subscription> subscriptions_; ///< While the page is shown.
+    std::vector<Subscription> subscriptions_; ///< While the page is shown.
     Bindings bindings_;
 };
 

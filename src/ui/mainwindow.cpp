@@ -79,25 +79,25 @@ void MainWindow::prepareAllPages() {
     if (sheetPage_ != nullptr) {
         return;
     }
-    sheetPage_ = new SheetPage(program_.sheet, program_.sheetPanel, program_.session.commands,
+    sheetPage_ = new SheetPage(program_.sheet, program_.sheetState, program_.session.commands,
                                {.saveAs = [this] { program_.saveAs(); },
                                 .open = [this] { program_.openSheet(); },
                                 .clearAll = [this] { program_.clearAll(); }});
     addPage(Page::Sheet, sheetPage_);
     graphPage_ = new GraphPage({.sheet = program_.sheet,
-                                .panel = program_.sheetPanel,
+                                .shown = program_.sheetState,
                                 .commands = program_.session.commands,
                                 .messages = program_.session.messages,
                                 .questions = program_.questions});
     addPage(Page::Graphical, graphPage_);
-    addPage(Page::Debug, new DebugScreen({.session = program_.session,
-                                          .ports = program_.ports,
-                                          .debug = program_.debug,
-                                          .pages = program_.pages,
-                                          .directSend = program_.directSend,
-                                          .setComm2Output = [this](bool ticked) { program_.setComm2Output(ticked); }}));
+    addPage(Page::Debug, new DebugPage({.session = program_.session,
+                                        .ports = program_.ports,
+                                        .debug = program_.debug,
+                                        .pages = program_.pages,
+                                        .directSend = program_.directSend,
+                                        .setComm2Output = [this](bool ticked) { program_.setComm2Output(ticked); }}));
     addPage(Page::Testing, scrollable(new TestingPage(program_.session, [this] { program_.resetShutter(); })));
-    addPage(Page::Calibration, scrollable(new CalibrationPage(program_.calibrationPanel, program_.calibration)));
+    addPage(Page::Calibration, scrollable(new CalibrationPage(program_.calibrationState, program_.calibration)));
     // What is made later stands at the end of the tab order; the service strip comes after every page.
     QWidget* last = previousInFocusChain();
     while ((last->focusPolicy() & Qt::TabFocus) == 0 && last != lowerTabs_) {
@@ -169,7 +169,7 @@ QLabel* MainWindow::makeSimulationMarker() {
     marker->setBackgroundRole(QPalette::ToolTipBase);
     marker->setForegroundRole(QPalette::ToolTipText);
     marker->setMargin(3);
-    bindings_.bind(program_.portChoices.panel.simulation, [this, marker](const QString& text) {
+    bindings_.bind(program_.portChoices.shown.simulation, [this, marker](const QString& text) {
         marker->setText(text);
         marker->setVisible(!text.isEmpty());
         const QString title = QStringLiteral("ORV Host Program");
@@ -236,7 +236,7 @@ void MainWindow::makeMenus() {
     addItem(help, QStringLiteral("&Contents"), QStringLiteral("Contents"), [] {});
     addItem(help, QStringLiteral("&About Orv Host ..."), QStringLiteral("About"), [this] { showAbout(); });
 
-    const CommandPanel& commands = program_.session.commands;
+    const CommandState& commands = program_.session.commands;
     bindings_.bind(commands.closePortEnabled, [closePort](bool on) { closePort->setEnabled(on); });
     bindings_.bind(commands.processingMenuVisible, [processing](bool on) { processing->menuAction()->setVisible(on); });
     bindings_.bind(commands.settingsMenuVisible,
@@ -267,7 +267,7 @@ void MainWindow::makeShortcuts() {
                                 Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { program_.saveAs(); });
     QAction* run = addShortcut(QStringLiteral("Run"), QStringLiteral("RunShortcut"), QKeySequence(Qt::Key_F5),
                                [this] { program_.run(); });
-    const CommandPanel& commands = program_.session.commands;
+    const CommandState& commands = program_.session.commands;
     bindings_.bind(commands.canOpenSheet, [open](bool can) { open->setEnabled(can); });
     bindings_.bind(commands.canSaveAs, [save](bool can) { save->setEnabled(can); });
     bindings_.bind(commands.canRun, [run](bool can) { run->setEnabled(can); });
@@ -297,16 +297,16 @@ void MainWindow::makeShortcuts() {
 
 void MainWindow::makeConnectMenu(QMenu* operation) {
     struct Item {
-        ConnectionPanel::Item item;
+        ConnectItems::Item item;
         const char* text;
         const char* name;
         std::function<void()> action;
     };
     const Item items[] = {
-        {ConnectionPanel::Auto1, "&Auto Connect Comm 1", "AutoConnect1", [this] { program_.autoConnect1(); }},
-        {ConnectionPanel::Auto2, "A&uto Connect Comm 2", "AutoConnect2", [this] { program_.autoConnect2(); }},
-        {ConnectionPanel::Manual1, "&Manual Connect Comm 1", "ManualConnect1", [this] { program_.manualConnect(1); }},
-        {ConnectionPanel::Manual2, "Mau&nal Connect Comm 2", "ManualConnect2", [this] { program_.manualConnect(2); }},
+        {ConnectItems::Auto1, "&Auto Connect Comm 1", "AutoConnect1", [this] { program_.autoConnect1(); }},
+        {ConnectItems::Auto2, "A&uto Connect Comm 2", "AutoConnect2", [this] { program_.autoConnect2(); }},
+        {ConnectItems::Manual1, "&Manual Connect Comm 1", "ManualConnect1", [this] { program_.manualConnect(1); }},
+        {ConnectItems::Manual2, "Mau&nal Connect Comm 2", "ManualConnect2", [this] { program_.manualConnect(2); }},
     };
     QMenu* start = operation->addMenu(QStringLiteral("&Start Communication"));
     for (const Item& item : items) {
@@ -330,11 +330,11 @@ void MainWindow::makeConnectMenu(QMenu* operation) {
 
 void MainWindow::showSettings(bool visible) {
     if (!visible || settingsWindow_) {
-        return; // the window follows the panel itself
+        return; // the window follows the shown itself
     }
     settingsWindow_ =
         std::make_unique<SettingsWindow>(SettingsWindow::Parts{.session = program_.session,
-                                                               .panel = program_.settings,
+                                                               .shown = program_.settings,
                                                                .commands = program_.settingsCommands,
                                                                .modes = program_.modes,
                                                                .actions = program_.deviceFiles,

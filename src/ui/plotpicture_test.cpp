@@ -41,7 +41,7 @@ protected:
 };
 
 TEST_F(PlotPictureTest, EachFormatIsSavedUnderTheNameThatIsChosen) {
-    panel.fileName = QStringLiteral("bay");
+    shown.fileName = QStringLiteral("bay");
     EXPECT_TRUE(save("SavePng", "a.png").startsWith("\x89PNG\r\n\x1a\n"));
     EXPECT_TRUE(save("SavePdf", "a.pdf").startsWith("%PDF-1."));
     EXPECT_TRUE(save("SavePdf", "a.pdf").trimmed().endsWith("%%EOF"));

@@ -118,10 +118,10 @@ PortChooser::PortChooser(PortChoices& choices, int portNumber)
 
     connect(this, &QComboBox::activated, this, [this](int row) { choose(model_.device(row)); });
     connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { choose(lineEdit()->text()); });
-    const PortChoicePanel& panel = choices.panel;
-    bindings_.bind(panel.list, [this](const QList<PortChoice>& list) { setChoices(list); });
-    bindings_.bind(panel[portNumber].device, [this](const QString&) { showDevice(); });
-    bindings_.bind(panel[portNumber].lock, [this](const QString& reason) { setLock(reason); });
+    const PortChoiceState& shown = choices.shown;
+    bindings_.bind(shown.list, [this](const QList<PortChoice>& list) { setChoices(list); });
+    bindings_.bind(shown[portNumber].device, [this](const QString&) { showDevice(); });
+    bindings_.bind(shown[portNumber].lock, [this](const QString& reason) { setLock(reason); });
 }
 
 void PortChooser::showPopup() {
@@ -130,7 +130,7 @@ void PortChooser::showPopup() {
 }
 
 void PortChooser::choose(const QString& device) {
-    const PortChoicePanel::Chooser& chooser = choices_.panel[portNumber_];
+    const PortChoiceState::Chooser& chooser = choices_.shown[portNumber_];
     choices_.choose(portNumber_, device);
     // A name that was refused stays for mending, beside what is wrong with it.
     if (chooser.problem.value().isEmpty()) {
@@ -139,7 +139,7 @@ void PortChooser::choose(const QString& device) {
 }
 
 void PortChooser::showDevice() {
-    const QString device = choices_.panel[portNumber_].device;
+    const QString device = choices_.shown[portNumber_].device;
     const QSignalBlocker blocker(this);
     setCurrentIndex(model_.rowOf(device));
     if (lineEdit()->text() != device) {
@@ -158,7 +158,7 @@ void PortChooser::setChoices(const QList<PortChoice>& list) {
     const int selected = edit->selectionStart();
     const auto selectedLength = static_cast<int>(edit->selectedText().size());
     model_.setChoices(list);
-    setCurrentIndex(model_.rowOf(choices_.panel[portNumber_].device));
+    setCurrentIndex(model_.rowOf(choices_.shown[portNumber_].device));
     if (edit->text() != text) {
         edit->setText(text);
         if (selected < 0) {
@@ -182,12 +182,12 @@ void PortChooser::setLock(const QString& reason) {
 }
 
 void PortChooser::showToolTip() {
-    const PortChoicePanel& panel = choices_.panel;
-    const QString lock = panel[portNumber_].lock;
-    const QString device = panel[portNumber_].device;
+    const PortChoiceState& shown = choices_.shown;
+    const QString lock = shown[portNumber_].lock;
+    const QString device = shown[portNumber_].device;
     const int row = model_.rowOf(device);
     const QString text = QStringLiteral("%1.\n%2").arg(
-        row < 0 ? device : described(panel.list.value().at(row)),
+        row < 0 ? device : described(shown.list.value().at(row)),
         lock.isEmpty() ? QStringLiteral("Choose a port or type the name of a device.") : lock);
     for (QWidget* widget : {static_cast<QWidget*>(this), static_cast<QWidget*>(lineEdit())}) {
         widget->setToolTip(text);
@@ -213,8 +213,8 @@ void PortChooser::changeEvent(QEvent* event) {
 bool PortChooser::eventFilter(QObject* watched, QEvent* event) {
     if (watched == lineEdit() && event->type() == QEvent::KeyPress) {
         const bool isEscape = static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape;
-        if (isEscape && lineEdit()->text() != choices_.panel[portNumber_].device.value()) {
-            choose(choices_.panel[portNumber_].device);
+        if (isEscape && lineEdit()->text() != choices_.shown[portNumber_].device.value()) {
+            choose(choices_.shown[portNumber_].device);
             return true;
         }
     }
@@ -263,7 +263,7 @@ void PortsBox::addChooser(QGridLayout& layout, int portNumber) {
     layout.addWidget(caption, 0, column);
     layout.addWidget(chooser, 0, column + 1);
     layout.addWidget(problem, 1, column + 1, Qt::AlignTop);
-    bindings_.bind(choices_.panel[portNumber].problem, [problem](const QString& text) {
+    bindings_.bind(choices_.shown[portNumber].problem, [problem](const QString& text) {
         problem->setText(text);
         problem->setToolTip(text);
         problem->setVisible(!text.isEmpty());

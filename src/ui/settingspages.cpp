@@ -57,15 +57,15 @@ QString withKey(QString caption) {
 
 } // namespace
 
-SamplesPage::SamplesPage(Session& session, SettingsPanel& panel, SettingsCommands& commands)
+SamplesPage::SamplesPage(Session& session, SettingsState& shown, SettingsCommands& commands)
     : QGroupBox(QStringLiteral("Samples and Intervals")) {
     setObjectName(QStringLiteral("SamplesFrame"));
     auto* layout = new QGridLayout(this);
     layout->setHorizontalSpacing(16);
     layout->setVerticalSpacing(8);
     layout->setColumnStretch(2, 1);
-    addNumbers(layout, panel.record, makeOptions(session, panel, commands));
-    addCapacity(layout, panel);
+    addNumbers(layout, shown.record, makeOptions(session, shown, commands));
+    addCapacity(layout, shown);
     layout->setRowStretch(layout->rowCount(), 1);
 }
 
@@ -103,7 +103,7 @@ std::function<void(const QString&)> SamplesPage::makeRemark(QGridLayout* layout,
     };
 }
 
-void SamplesPage::addCapacity(QGridLayout* layout, SettingsPanel& panel) {
+void SamplesPage::addCapacity(QGridLayout* layout, SettingsState& shown) {
     const QString caption = QStringLiteral("Logger Capacity (% full)");
     const QString toolTip = QStringLiteral("This is the % of data memory used in the logger.");
     QLabel* capacity = makeValueLabel(QStringLiteral("LoggerCapacity"), caption);
@@ -115,11 +115,11 @@ void SamplesPage::addCapacity(QGridLayout* layout, SettingsPanel& panel) {
     layout->addWidget(name, capacityRow, 0);
     layout->addWidget(capacity, capacityRow, 1);
     layout->addWidget(pointer, capacityRow, 2);
-    bindings_.bind(panel.capacity, [capacity](const QString& text) { capacity->setText(text); });
-    bindings_.bind(panel.memoryPointer, [pointer](const QString& text) { pointer->setText(text); });
+    bindings_.bind(shown.capacity, [capacity](const QString& text) { capacity->setText(text); });
+    bindings_.bind(shown.memoryPointer, [pointer](const QString& text) { pointer->setText(text); });
 }
 
-QWidget* SamplesPage::makeOptions(Session& session, SettingsPanel& panel, SettingsCommands& commands) {
+QWidget* SamplesPage::makeOptions(Session& session, SettingsState& shown, SettingsCommands& commands) {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -143,7 +143,7 @@ QWidget* SamplesPage::makeOptions(Session& session, SettingsPanel& panel, Settin
             options_.at(i)->setAccessibleName(presets.at(i).caption + QStringLiteral(" data points per second"));
         }
     });
-    bindings_.bind(panel.samplingOption, [this](int selected) { select(selected); });
+    bindings_.bind(shown.samplingOption, [this](int selected) { select(selected); });
     return row;
 }
 
@@ -188,7 +188,7 @@ constexpr Flag flags[] = {
 
 } // namespace
 
-ControlBitsPage::ControlBitsPage(SettingsPanel& panel)
+ControlBitsPage::ControlBitsPage(SettingsState& shown)
     : QGroupBox(QStringLiteral("Control Bits")) {
     setObjectName(QStringLiteral("ControlBitsFrame"));
     auto* layout = new QVBoxLayout(this);
@@ -197,7 +197,7 @@ ControlBitsPage::ControlBitsPage(SettingsPanel& panel)
         auto* box = new QCheckBox(QString::fromLatin1(flag.caption));
         box->setObjectName(QString::fromLatin1(flag.name));
         box->setToolTip(QString::fromLatin1(flag.toolTip));
-        bindChecked(bindings_, box, panel.record.*flag.value);
+        bindChecked(bindings_, box, shown.record.*flag.value);
         layout->addWidget(box, 0, Qt::AlignLeft);
     }
     layout->addStretch(1);
@@ -209,13 +209,13 @@ ControlBitsPage::ControlBitsPage(SettingsPanel& panel)
     row->addWidget(lamp);
     row->addWidget(words, 1);
     layout->addLayout(row);
-    bindings_.bind(panel.lamp, [lamp, words](Lamp shown) {
+    bindings_.bind(shown.lamp, [lamp, words](Lamp shown) {
         lamp->show(shown);
         words->setText(lampText(shown));
     });
 }
 
-TimeAndDatePage::TimeAndDatePage(Session& session, SettingsPanel& panel, SettingsCommands& commands)
+TimeAndDatePage::TimeAndDatePage(Session& session, SettingsState& shown, SettingsCommands& commands)
     : QGroupBox(QStringLiteral("Time and Date")) {
     setObjectName(QStringLiteral("TimeAndDateFrame"));
     auto* display = makeButton(QStringLiteral("&Display Logger Time/Date"), QStringLiteral("DisplayLoggerTimeDate"),
@@ -240,18 +240,18 @@ TimeAndDatePage::TimeAndDatePage(Session& session, SettingsPanel& panel, Setting
     const QString date = QStringLiteral("Date");
     QFormLayout* computer = makeClock(QStringLiteral("Computer Time / Date"), QStringLiteral("ComputerTimeDate"),
                                       QStringLiteral("This is the computers Time and Date."));
-    addRow(computer, time, QStringLiteral("ComputerTime"), QStringLiteral("Computer "), panel.computerTime);
-    addRow(computer, date, QStringLiteral("ComputerDate"), QStringLiteral("Computer "), panel.computerDate);
+    addRow(computer, time, QStringLiteral("ComputerTime"), QStringLiteral("Computer "), shown.computerTime);
+    addRow(computer, date, QStringLiteral("ComputerDate"), QStringLiteral("Computer "), shown.computerDate);
     QFormLayout* logger = makeClock(QStringLiteral("Logger Time / Date"), QStringLiteral("LoggerTimeDate"),
                                     QStringLiteral("This is the Loggers Time and Date at last display."));
-    addRow(logger, date, QStringLiteral("LoggerDate"), QStringLiteral("Logger "), panel.loggerDate);
-    addRow(logger, time, QStringLiteral("LoggerTime"), QStringLiteral("Logger "), panel.loggerTime);
+    addRow(logger, date, QStringLiteral("LoggerDate"), QStringLiteral("Logger "), shown.loggerDate);
+    addRow(logger, time, QStringLiteral("LoggerTime"), QStringLiteral("Logger "), shown.loggerTime);
 
     auto* sync = new QCheckBox(QStringLiteral("&Sync Time/Date"));
     sync->setObjectName(QStringLiteral("SyncTimeDate"));
     sync->setToolTip(QStringLiteral("This tells the Host to set the Loggers Time and Date to that of the Computer. "
                                     "(Updated after send settings)"));
-    bindChecked(bindings_, sync, panel.syncTimeDate);
+    bindChecked(bindings_, sync, shown.syncTimeDate);
 
     auto* layout = new QGridLayout(this);
     layout->setHorizontalSpacing(16);
@@ -285,7 +285,7 @@ QFrame* makeLine() {
 
 } // namespace
 
-ModesPage::ModesPage(Session& session, SettingsPanel& panel, Modes& modes, const std::function<void()>& viewAsText)
+ModesPage::ModesPage(Session& session, SettingsState& shown, Modes& modes, const std::function<void()>& viewAsText)
     : QGroupBox(QStringLiteral("Modes")) {
     setObjectName(QStringLiteral("ModesFrame"));
     auto* profile = makeButton(QStringLiteral("&Profile"), QStringLiteral("Profile"), [&modes] { modes.profile(); });
@@ -324,7 +324,7 @@ ModesPage::ModesPage(Session& session, SettingsPanel& panel, Modes& modes, const
     layout->addWidget(view, 6, 0, 1, 2, Qt::AlignLeft);
     layout->setRowStretch(7, 1);
 
-    bindings_.bind(panel.modeRemark, [remark](const QString& text) { remark->setText(text); });
+    bindings_.bind(shown.modeRemark, [remark](const QString& text) { remark->setText(text); });
     bindings_.bind(session.commands.undisturbed, [profile, moored, load](bool on) {
         profile->setEnabled(on);
         moored->setEnabled(on);
@@ -373,14 +373,14 @@ QLayout* makeFoot(QRadioButton* calculate, QRadioButton* raw, QPushButton* load,
 
 } // namespace
 
-TrxCalibrationPage::TrxCalibrationPage(SettingsPanel& panel, SettingsActions& actions)
+TrxCalibrationPage::TrxCalibrationPage(SettingsState& shown, SettingsActions& actions)
     : QGroupBox(QStringLiteral("TRX Calibration: Offsets and B calculations")) {
     setObjectName(QStringLiteral("TrxCalibrationFrame"));
     auto* angles = new QGridLayout;
-    addAngles(angles, panel);
+    addAngles(angles, shown);
     auto* calculate = makeOption(QStringLiteral("Calc &B Values"), QStringLiteral("CalcBValues"));
     auto* raw = makeOption(QStringLiteral("&Provide Raw Counts"), QStringLiteral("TrxProvideRawCounts"));
-    bindChoice(bindings_, raw, calculate, panel.trxProvideRawCounts);
+    bindChoice(bindings_, raw, calculate, shown.trxProvideRawCounts);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(20);
@@ -393,7 +393,7 @@ TrxCalibrationPage::TrxCalibrationPage(SettingsPanel& panel, SettingsActions& ac
                       1);
 }
 
-void TrxCalibrationPage::addAngles(QGridLayout* layout, SettingsPanel& panel) {
+void TrxCalibrationPage::addAngles(QGridLayout* layout, SettingsState& shown) {
     struct Angle {
         const char* caption;
         const char* offset;
@@ -412,7 +412,7 @@ void TrxCalibrationPage::addAngles(QGridLayout* layout, SettingsPanel& panel) {
     layout->addWidget(new QLabel(scaleColumn), 0, 2);
     int row = 1;
     for (const Angle& angle : angles) {
-        CalibrationBoxes& boxes = panel.trxCalibration.at(static_cast<std::size_t>(row - 1));
+        CalibrationBoxes& boxes = shown.trxCalibration.at(static_cast<std::size_t>(row - 1));
         const QString caption = QString::fromLatin1(angle.caption);
         const QString name = QString(caption).remove(QLatin1Char('&')) + QStringLiteral(", ");
         NumberBox* offset = makeBox(QString::fromLatin1(angle.offset), name + offsetColumn(), boxes.offset);
@@ -423,12 +423,12 @@ void TrxCalibrationPage::addAngles(QGridLayout* layout, SettingsPanel& panel) {
     }
 }
 
-GlowCalibrationPage::GlowCalibrationPage(SettingsPanel& panel)
+GlowCalibrationPage::GlowCalibrationPage(SettingsState& shown)
     : QGroupBox(QStringLiteral("GLW Calibration: Offsets and B calculations")) {
     setObjectName(QStringLiteral("GlowCalibrationFrame"));
     const QString unit = QStringLiteral("ug/IC");
-    NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), panel.glowCalibration.offset);
-    NumberBox* scale = makeBox(QStringLiteral("GlowScale"), unit, panel.glowCalibration.scale);
+    NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), shown.glowCalibration.offset);
+    NumberBox* scale = makeBox(QStringLiteral("GlowScale"), unit, shown.glowCalibration.scale);
     // Reads as the formula by which counts become a concentration: counts less the offset, times the scale.
     auto* formula = new QGridLayout;
     formula->setHorizontalSpacing(8);
@@ -445,7 +445,7 @@ GlowCalibrationPage::GlowCalibrationPage(SettingsPanel& panel)
     auto* calculate =
         makeOption(QStringLiteral("Calc Consentration in &ug/L"), QStringLiteral("CalcConsentrationInUgL"));
     auto* raw = makeOption(QStringLiteral("&Provide Raw Counts"), QStringLiteral("GlowProvideRawCounts"));
-    bindChoice(bindings_, raw, calculate, panel.glowProvideRawCounts);
+    bindChoice(bindings_, raw, calculate, shown.glowProvideRawCounts);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(20);

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "base/observe.h"
+#include "settings/loggersettings.h"
 #include "settings/modes.h"
-#include "settings/record.h"
-#include "settings/sender.h"
+#include "settings/settingssender.h"
 #include "ui/numberbox.h"
 
 #include <QGridLayout>
@@ -18,13 +18,13 @@ namespace orv {
 /// The frame "Samples and Intervals": the four numbers, the sampling-rate options and the memory used.
 class SamplesPage final : public QGroupBox {
 public:
-    SamplesPage(Session& session, SettingsPanel& panel, SettingsCommands& commands);
+    SamplesPage(Session& session, SettingsState& shown, SettingsCommands& commands);
 
 private:
     void addNumbers(QGridLayout* layout, LoggerSettings& record, QWidget* options);
     static std::function<void(const QString&)> makeRemark(QGridLayout* layout, const NumberBox& box);
-    void addCapacity(QGridLayout* layout, SettingsPanel& panel);
-    QWidget* makeOptions(Session& session, SettingsPanel& panel, SettingsCommands& commands);
+    void addCapacity(QGridLayout* layout, SettingsState& shown);
+    QWidget* makeOptions(Session& session, SettingsState& shown, SettingsCommands& commands);
     void select(int option);
 
     std::array<QRadioButton*, 4> options_{};
@@ -34,7 +34,7 @@ private:
 /// The frame "Control Bits": the six flags and the status lamp.
 class ControlBitsPage final : public QGroupBox {
 public:
-    explicit ControlBitsPage(SettingsPanel& panel);
+    explicit ControlBitsPage(SettingsState& shown);
 
 private:
     Bindings bindings_;
@@ -43,7 +43,7 @@ private:
 /// The frame "Time and Date": the computer's clock, the instrument's at last display, and whether to set it.
 class TimeAndDatePage final : public QGroupBox {
 public:
-    TimeAndDatePage(Session& session, SettingsPanel& panel, SettingsCommands& commands);
+    TimeAndDatePage(Session& session, SettingsState& shown, SettingsCommands& commands);
 
 private:
     Bindings bindings_;
@@ -53,7 +53,7 @@ private:
 class ModesPage final : public QGroupBox {
 public:
     /// `viewAsText` shows the settings in plain English.
-    ModesPage(Session& session, SettingsPanel& panel, Modes& modes, const std::function<void()>& viewAsText);
+    ModesPage(Session& session, SettingsState& shown, Modes& modes, const std::function<void()>& viewAsText);
 
 private:
     Bindings bindings_;
@@ -62,10 +62,10 @@ private:
 /// The scattering meter's calibration frame: offset and scale of each angle, and the device files.
 class TrxCalibrationPage final : public QGroupBox {
 public:
-    TrxCalibrationPage(SettingsPanel& panel, SettingsActions& actions);
+    TrxCalibrationPage(SettingsState& shown, SettingsActions& actions);
 
 private:
-    void addAngles(QGridLayout* layout, SettingsPanel& panel);
+    void addAngles(QGridLayout* layout, SettingsState& shown);
 
     Bindings bindings_;
 };
@@ -73,7 +73,7 @@ private:
 /// The fluorometer's calibration frame: one offset and one scale.
 class GlowCalibrationPage final : public QGroupBox {
 public:
-    explicit GlowCalibrationPage(SettingsPanel& panel);
+    explicit GlowCalibrationPage(SettingsState& shown);
 
 private:
     Bindings bindings_;

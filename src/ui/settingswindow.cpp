@@ -29,7 +29,7 @@ SettingsWindow::SettingsWindow(const Parts& parts, QWidget* parent)
     , p_(parts)
     , tabs_(new ChoiceTabBar(tabCaptions()))
     , frames_(new QStackedWidget)
-    , plainEnglish_(new PlainEnglishWindow(parts.panel.record, this)) {
+    , plainEnglish_(new PlainEnglishWindow(parts.shown.record, this)) {
     setObjectName(QStringLiteral("LoggerSettings"));
     setWindowTitle(QStringLiteral("Logger Settings"));
     tabs_->setObjectName(QStringLiteral("SettingsTabs"));
@@ -49,7 +49,7 @@ SettingsWindow::SettingsWindow(const Parts& parts, QWidget* parent)
             showFrame(chosen_);
         }
     });
-    bindings_.bind(p_.panel.visible, [this](bool on) {
+    bindings_.bind(p_.shown.visible, [this](bool on) {
         if (on) {
             present();
         } else {
@@ -62,12 +62,12 @@ void SettingsWindow::makePages() {
     noTabHint_ = makeHint(QStringLiteral("NoTabHint"), QStringLiteral("Choose a tab to see its settings."));
     noTypeHint_ =
         makeHint(QStringLiteral("NoTypeHint"), QStringLiteral("Connect an instrument to see its calibration."));
-    modesFrame_ = new ModesPage(p_.session, p_.panel, p_.modes, [this] { plainEnglish_->open(); });
-    timeFrame_ = new TimeAndDatePage(p_.session, p_.panel, p_.commands);
-    bitsFrame_ = new ControlBitsPage(p_.panel);
-    samplesFrame_ = new SamplesPage(p_.session, p_.panel, p_.commands);
-    trxFrame_ = new TrxCalibrationPage(p_.panel, p_.actions);
-    glowFrame_ = new GlowCalibrationPage(p_.panel);
+    modesFrame_ = new ModesPage(p_.session, p_.shown, p_.modes, [this] { plainEnglish_->open(); });
+    timeFrame_ = new TimeAndDatePage(p_.session, p_.shown, p_.commands);
+    bitsFrame_ = new ControlBitsPage(p_.shown);
+    samplesFrame_ = new SamplesPage(p_.session, p_.shown, p_.commands);
+    trxFrame_ = new TrxCalibrationPage(p_.shown, p_.actions);
+    glowFrame_ = new GlowCalibrationPage(p_.shown);
     for (QWidget* page :
          {noTabHint_, noTypeHint_, modesFrame_, timeFrame_, bitsFrame_, samplesFrame_, trxFrame_, glowFrame_}) {
         frames_->addWidget(page);
@@ -95,7 +95,7 @@ QLayout* SettingsWindow::makeButtons() {
             if (p_.showMainWindow) {
                 p_.showMainWindow();
             }
-            p_.panel.visible = false;
+            p_.shown.visible = false;
         },
         QStringLiteral("Verify that settings are correct before closing this window"));
     auto* row = new QHBoxLayout;
@@ -133,7 +133,7 @@ void SettingsWindow::chooseTab(const QString& caption) {
 }
 
 void SettingsWindow::present() {
-    p_.panel.visible = true;
+    p_.shown.visible = true;
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
@@ -171,7 +171,7 @@ QWidget* SettingsWindow::calibrationFrame() {
 }
 
 void SettingsWindow::closeEvent(QCloseEvent* event) {
-    p_.panel.visible = false;
+    p_.shown.visible = false;
     QWidget::closeEvent(event);
 }
 

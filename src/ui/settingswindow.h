@@ -3,7 +3,7 @@
 
 #include "base/observe.h"
 #include "settings/modes.h"
-#include "settings/sender.h"
+#include "settings/settingssender.h"
 #include "ui/dialogs.h"
 #include "ui/widgets.h"
 
@@ -14,14 +14,14 @@
 
 namespace orv {
 
-/// The screen "Logger Settings". Made on first use and kept; shown and hidden with SettingsPanel::visible. Its controls
+/// The screen "Logger Settings". Made on first use and kept; shown and hidden with SettingsState::visible. Its controls
 /// are the settings record. It does not block the main window.
 class SettingsWindow final : public QWidget {
 public:
     /// What the screen draws and acts through; everything outlives it.
     struct Parts {
         Session& session;
-        SettingsPanel& panel;
+        SettingsState& shown;
         SettingsCommands& commands;
         Modes& modes;
         SettingsActions& actions;

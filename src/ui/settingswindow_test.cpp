@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* tabNames[] = {"Modes", "Time and Date", "Control Bits", "Sampling", "Calibration"};
 
-TEST_F(SettingsWindowTest, IsAWindowOfItsOwnThatFollowsThePanel) {
+TEST_F(SettingsWindowTest, IsAWindowOfItsOwnThatFollowsTheState) {
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Logger Settings"));
     EXPECT_TRUE(window.isWindow());
@@ -92,7 +92,7 @@ TEST_F(SettingsWindowTest, CalibrationShowsTheFrameOfTheTypeLabel) {
               QStringLiteral("GLW Calibration: Offsets and B calculations"));
     session.status.instrument = QStringLiteral("TRX");
     EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("TrxCalibrationFrame")});
-    session.status.instrument = StatusPanel::unknownShort();
+    session.status.instrument = StatusState::unknownShort();
     EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("TrxCalibrationFrame")});
     window.chooseTab(QStringLiteral("Modes"));
     window.chooseTab(QStringLiteral("Calibration"));

@@ -118,10 +118,10 @@ public:
 
 } // namespace
 
-SheetPage::SheetPage(DataSheet& sheet, SheetPanel& panel, const CommandPanel& commands, const Actions& actions,
+SheetPage::SheetPage(DataSheet& sheet, SheetState& shown, const CommandState& commands, const Actions& actions,
                      QWidget* parent)
     : QWidget(parent)
-    , panel_(panel)
+    , shown_(shown)
     , model_(sheet)
     , grid_(new QTableView) {
     setObjectName(QStringLiteral("SheetPage"));
@@ -176,7 +176,7 @@ SheetPage::SheetPage(DataSheet& sheet, SheetPanel& panel, const CommandPanel& co
     layout->addLayout(bar);
     layout->addWidget(grid_, 1);
 
-    connect(fileName, &QLineEdit::textEdited, this, [this](const QString& text) { panel_.fileName = text; });
+    connect(fileName, &QLineEdit::textEdited, this, [this](const QString& text) { shown_.fileName = text; });
     connect(save, &QPushButton::clicked, this, [actions] { actions.saveAs(); });
     connect(open, &QPushButton::clicked, this, [actions] { actions.open(); });
     connect(clear, &QPushButton::clicked, this, [actions] { actions.clearAll(); });
@@ -184,29 +184,29 @@ SheetPage::SheetPage(DataSheet& sheet, SheetPanel& panel, const CommandPanel& co
     refreshTimer_.setSingleShot(true);
     refreshTimer_.setInterval(refreshDelay);
     connect(&refreshTimer_, &QTimer::timeout, this, [this] { refreshNow(); });
-    subscriptions_ = {sheet.rowAppended.add([this] { schedule(); }), sheet.headerChanged.add([this] {
+    subscriptions_ = {sheet.rowAppended.subscribe([this] { schedule(); }), sheet.headerChanged.subscribe([this] {
                           model_.noteHeader();
                           schedule();
                       }),
-                      sheet.rowsRemoved.add([this] {
+                      sheet.rowsRemoved.subscribe([this] {
                           model_.noteRemoved();
                           schedule();
                       })};
 
-    bindings_.bind(panel.fileName, [fileName](const QString& text) {
+    bindings_.bind(shown.fileName, [fileName](const QString& text) {
         if (fileName->text() != text) {
             fileName->setText(text);
         }
     });
-    bindings_.bind(panel.counter, [counter](const QString& text) { counter->setText(text); });
-    bindings_.bind(panel.records, [records](const QString& text) { records->setText(text); });
-    bindings_.bind(panel.topRow, [this](int) { schedule(); });
+    bindings_.bind(shown.counter, [counter](const QString& text) { counter->setText(text); });
+    bindings_.bind(shown.records, [records](const QString& text) { records->setText(text); });
+    bindings_.bind(shown.topRow, [this](int) { schedule(); });
     const auto visit = [this](int) {
         visitPending_ = true;
         schedule();
     };
-    bindings_.bind(panel.currentRow, visit);
-    bindings_.bind(panel.currentColumn, visit); // changes also when the same cell is the last one visited again
+    bindings_.bind(shown.currentRow, visit);
+    bindings_.bind(shown.currentColumn, visit); // changes also when the same cell is the last one visited again
     bindings_.bind(commands.canSaveAs, [save](bool can) { save->setEnabled(can); });
     bindings_.bind(commands.canOpenSheet, [open](bool can) { open->setEnabled(can); });
     bindings_.bind(commands.canClearAll, [clear](bool can) { clear->setEnabled(can); });
@@ -227,13 +227,13 @@ void SheetPage::refreshNow() {
     if (model_.refresh()) {
         shownTop_ = 0;
     }
-    const QModelIndex visited = model_.index(panel_.currentRow - 1, panel_.currentColumn);
+    const QModelIndex visited = model_.index(shown_.currentRow - 1, shown_.currentColumn);
     if (std::exchange(visitPending_, false) && visited.isValid() && visited != grid_->currentIndex()) {
         grid_->selectionModel()->setCurrentIndex(visited, QItemSelectionModel::NoUpdate);
     }
     // The grid's row 0 is the header, so grid row n is row n - 1 of the table.
-    if (panel_.topRow != shownTop_) {
-        shownTop_ = panel_.topRow;
+    if (shown_.topRow != shownTop_) {
+        shownTop_ = shown_.topRow;
         if (shownTop_ > 0) {
             grid_->doItemsLayout(); // new rows must count before the view can be brought to them
             grid_->verticalScrollBar()->setValue(shownTop_ - 1);

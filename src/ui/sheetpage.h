@@ -53,7 +53,7 @@ public:
     };
 
     /// Follows the sheet, which outlives it.
-    SheetPage(DataSheet& sheet, SheetPanel& panel, const CommandPanel& commands, const Actions& actions,
+    SheetPage(DataSheet& sheet, SheetState& shown, const CommandState& commands, const Actions& actions,
               QWidget* parent = nullptr);
 
     /// Draws what has changed now, for screenshots and tests.
@@ -66,14 +66,14 @@ protected:
 private:
     void schedule();
 
-    SheetPanel& panel_;
+    SheetState& shown_;
     SheetModel model_;
     QTableView* grid_;
     QTimer refreshTimer_;
     bool stale_ = false;
     int shownTop_ = 0;
     bool visitPending_ = false; ///< A procedure has visited a cell since the grid was drawn.
-    std::vector<Listeners::Subscription> subscriptions_;
+    std::vector<Subscription> subscriptions_;
     Bindings bindings_;
 };
 

@@ -70,7 +70,7 @@ TEST_F(SheetModelTest, ARefreshInsertsOnlyTheNewRows) {
 TEST_F(SheetModelTest, RemovedRowsGoAtARefreshAlsoIfAsManyHaveCome) {
     append(4);
     SheetModel model(sheet);
-    const auto noting = sheet.rowsRemoved.add([&model] { model.noteRemoved(); });
+    const auto noting = sheet.rowsRemoved.subscribe([&model] { model.noteRemoved(); });
     sheet.removeRows();
     EXPECT_EQ(text(model, 3, 0), "") << "a row that is no longer there reads as empty until then";
     append(4);
@@ -96,8 +96,8 @@ TEST_F(SheetModelTest, TheHeaderRowIsTheSheetsWithEmptyCellsBehindIt) {
 class SheetPageTest : public SheetModelTest {
 protected:
     SheetPageTest() {
-        counting = sheet.rowsRemoved.add([this] { ++removalsHeard; });
-        page = std::make_unique<SheetPage>(sheet, panel, commands,
+        counting = sheet.rowsRemoved.subscribe([this] { ++removalsHeard; });
+        page = std::make_unique<SheetPage>(sheet, shown, commands,
                                            SheetPage::Actions{.saveAs = [this] { pressed += "save "; },
                                                               .open = [this] { pressed += "open "; },
                                                               .clearAll = [this] { pressed += "clear "; }});
@@ -108,9 +108,9 @@ protected:
     /// A row as a run adds it.
     void addRow() {
         append(1);
-        panel.counter = QString::number(sheet.rowCount());
+        shown.counter = QString::number(sheet.rowCount());
         if (sheet.rowCount() > 11) {
-            panel.topRow = sheet.rowCount() - 10;
+            shown.topRow = sheet.rowCount() - 10;
         }
     }
 
@@ -136,11 +136,11 @@ protected:
         return reached();
     }
 
-    SheetPanel panel;
-    CommandPanel commands;
+    SheetState shown;
+    CommandState commands;
     std::string pressed;
     int removalsHeard = 0;
-    Listeners::Subscription counting;
+    Subscription counting;
     std::unique_ptr<SheetPage> page;
     QTableView* grid = nullptr;
 };
@@ -217,7 +217,7 @@ TEST_F(SheetPageTest, ClearingEmptiesTheGridAndIsPassedOn) {
         addRow();
     }
     page->refreshNow();
-    panel.topRow = 0;
+    shown.topRow = 0;
     sheet.removeRows();
     page->refreshNow();
     EXPECT_EQ(shownRows(), 0);
@@ -231,7 +231,7 @@ TEST_F(SheetPageTest, AsManyRowsInPlaceOfTheOldOnesAreFollowedToo) {
     page->resize(900, 250);
     page->show();
     for (int round = 0; round < 2; ++round) {
-        panel.topRow = 0;
+        shown.topRow = 0;
         sheet.removeRows();
         for (int row = 0; row < 50; ++row) {
             addRow();
@@ -284,8 +284,8 @@ TEST_F(SheetPageTest, CaptionsToolTipsAndTheFileName) {
         QKeyEvent press(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QString(QLatin1Char(letter)));
         QCoreApplication::sendEvent(&name, &press);
     }
-    EXPECT_EQ(panel.fileName.value().toStdString(), "bay");
-    panel.records = QStringLiteral("2");
+    EXPECT_EQ(shown.fileName.value().toStdString(), "bay");
+    shown.records = QStringLiteral("2");
     EXPECT_EQ(find<QLabel>("RecordsCounter").text().toStdString(), "2");
 }
 
@@ -295,8 +295,8 @@ TEST_F(SheetPageTest, ACellVisitedAgainIsCurrentAgain) {
     }
     const auto visitLastCell = [this] {
         for (const int column : {3, 4, 5}) {
-            panel.currentColumn = column;
-            panel.currentRow = 4;
+            shown.currentColumn = column;
+            shown.currentRow = 4;
         }
         page->refreshNow();
     };

@@ -31,7 +31,7 @@ int widthOf(const QLabel& value, const QString& text) {
 
 } // namespace
 
-NewestRowScreen::NewestRowScreen(const DataSheet& sheet, const SheetPanel& panel, QWidget* parent)
+NewestRowScreen::NewestRowScreen(const DataSheet& sheet, const SheetState& shown, QWidget* parent)
     : QGroupBox(QStringLiteral("Newest row"), parent)
     , sheet_(sheet)
     , empty_(new QLabel(QStringLiteral("No rows yet. Connect, then press Run."))) {
@@ -65,7 +65,7 @@ NewestRowScreen::NewestRowScreen(const DataSheet& sheet, const SheetPanel& panel
     drawTimer_.setSingleShot(true);
     drawTimer_.setInterval(drawDelay);
     connect(&drawTimer_, &QTimer::timeout, this, [this] { draw(); });
-    bindings_.bind(panel.counter, [this](const QString&) {
+    bindings_.bind(shown.counter, [this](const QString&) {
         if (isVisible() && !drawTimer_.isActive()) {
             drawTimer_.start();
         }
@@ -160,7 +160,7 @@ StatusPage::StatusPage(Program& program, const Actions& actions, QWidget* parent
     left->addWidget(makeStatusBox(program));
     left->addWidget(new PortsBox(program.portChoices));
     left->addWidget(makeInstrumentBox(program));
-    left->addWidget(new NewestRowScreen(program.sheet, program.sheetPanel));
+    left->addWidget(new NewestRowScreen(program.sheet, program.sheetState));
     left->addStretch(1);
     auto* layout = new QHBoxLayout(this);
     layout->addLayout(left, 1);
@@ -215,7 +215,7 @@ QWidget* StatusPage::makeInstrumentBox(Program& program) {
         form->addRow(caption, label);
         bindings_.bind(value, [label](const QString& text) { label->setText(text); });
     };
-    const StatusPanel& status = program.session.status;
+    const StatusState& status = program.session.status;
     addRow(QStringLiteral("Instrument:"), QStringLiteral("InstrumentLabel"), status.instrument);
     addRow(QStringLiteral("Firmware Ver."), QStringLiteral("FirmwareLabel"), status.firmware);
     addRow(QStringLiteral("Date"), QStringLiteral("Label23"), status.date);
@@ -226,7 +226,7 @@ QWidget* StatusPage::makeInstrumentBox(Program& program) {
     auto* buffer = makeCount(QStringLiteral("BufferLabel"), QStringLiteral("Characters in the receive buffer"), 1.0);
     form->addRow(QStringLiteral("Buffer"), buffer);
     counts_ = {rows, buffer};
-    bindings_.bind(program.sheetPanel.counter, [this, rows](const QString& text) { setCount(rows, text); });
+    bindings_.bind(program.sheetState.counter, [this, rows](const QString& text) { setCount(rows, text); });
     bindings_.bind(status.bufferCount, [this, buffer](int count) { setCount(buffer, QString::number(count)); });
     return box;
 }
@@ -263,7 +263,7 @@ QWidget* StatusPage::makeControlsBox(Program& program, const Actions& actions) {
     auto* shutter =
         addButton(QStringLiteral("Reset Sh&utter"), QStringLiteral("ResetShutterButton"),
                   QStringLiteral("Moves the instrument's shutter back to its rest position."), actions.resetShutter);
-    const CommandPanel& commands = program.session.commands;
+    const CommandState& commands = program.session.commands;
     bindings_.bind(commands.canRun, [run](bool can) { run->setEnabled(can); });
     bindings_.bind(commands.runVisible, [run](bool visible) { run->setVisible(visible); });
     bindings_.bind(commands.resetEnabled, [reset](bool can) { reset->setEnabled(can); });

@@ -19,7 +19,7 @@ namespace orv {
 /// while rows come, and not at all while hidden.
 class NewestRowScreen final : public QGroupBox {
 public:
-    NewestRowScreen(const DataSheet& sheet, const SheetPanel& panel, QWidget* parent = nullptr);
+    NewestRowScreen(const DataSheet& sheet, const SheetState& shown, QWidget* parent = nullptr);
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/observe.h"
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 
 #include <QAbstractButton>
 #include <QColor>

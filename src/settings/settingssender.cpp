@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/sender.h"
+#include "settings/settingssender.h"
 
 #include "base/text.h"
 
@@ -273,7 +273,7 @@ SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {
     return Outcome::ConnectionLost;
 }
 
-SettingsCommands::SettingsCommands(Session& session, ComPorts& ports, SettingsPanel& settings, ProgressPanel& progress,
+SettingsCommands::SettingsCommands(Session& session, ComPorts& ports, SettingsState& settings, ProgressState& progress,
                                    SettingsSender& sender)
     : session_(session)
     , ports_(ports)

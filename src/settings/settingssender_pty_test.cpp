@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/systemport.h"
 #include "settings/modes.h"
-#include "settings/reader.h"
-#include "settings/sender.h"
+#include "settings/settingsreader.h"
+#include "settings/settingssender.h"
 #include "simulator/ptyserver.h"
 #include "testing/fakes.h"
 
@@ -116,16 +116,16 @@ protected:
     RecordedMessages messages;
     SteppedYield events{clock};
     Session session{clock, messages};
-    DebugPanel debug;
+    DebugState debug;
     ComPorts ports{session, debug, [this](const QString& device) { return makePort(device); }};
     ProgramLog log;
     Poll poll{session, ports, debug, log};
     TimedWait wait{clock, events, ports};
     StatusTimer timer{[] {}};
-    SettingsPanel settings;
-    ProgressPanel progress;
+    SettingsState settings;
+    ProgressState progress;
     NoActions actions;
-    ConnectionPanel items;
+    ConnectItems items;
     ManualConnection manual{session, items, actions};
     SettingsReader reader{{.session = session,
                            .ports = ports,

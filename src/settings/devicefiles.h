@@ -2,8 +2,8 @@
 #pragma once
 
 #include "link/session.h"
-#include "settings/record.h"
-#include "settings/sender.h"
+#include "settings/loggersettings.h"
+#include "settings/settingssender.h"
 
 #include <QByteArray>
 
@@ -25,7 +25,7 @@ std::optional<DeviceValues> readDeviceFile(const QByteArray& bytes);
 /// "Load Device File" and "Save Device File" of the TRX frame. Those of the GLOW frame have nothing to do.
 class DeviceFiles final : public SettingsActions {
 public:
-    DeviceFiles(Session& session, SettingsPanel& settings, OperatorQuestions& questions);
+    DeviceFiles(Session& session, SettingsState& settings, OperatorQuestions& questions);
 
     /// A cancelled dialog, a missing file and one with fewer than six values leave the boxes as they are, silently.
     void loadDeviceFile() override;
@@ -35,7 +35,7 @@ public:
 
 private:
     Session& session_;
-    SettingsPanel& settings_;
+    SettingsState& settings_;
     OperatorQuestions& questions_;
     QString suffix_; ///< What the dialog was last set to: only saving sets it.
     QString filter_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/devicefile.h"
+#include "settings/devicefiles.h"
 
 #include "testing/fakes.h"
 
@@ -91,7 +91,7 @@ protected:
     RecordedMessages messages;
     PreparedAnswers answers;
     Session session{clock, messages};
-    SettingsPanel settings;
+    SettingsState settings;
     DeviceFiles files{session, settings, answers};
 };
 

@@ -35,7 +35,7 @@ struct CalibrationBoxes {
 };
 
 /// What the "Logger Settings" screen shows.
-struct SettingsPanel {
+struct SettingsState {
     LoggerSettings record;
 
     QProperty<bool> visible{false};
@@ -46,8 +46,8 @@ struct SettingsPanel {
     QProperty<bool> syncTimeDate{false}; ///< "Sync Time/Date".
     QProperty<QString> computerDate;
     QProperty<QString> computerTime;
-    QProperty<QString> loggerDate{StatusPanel::unknownLong()};
-    QProperty<QString> loggerTime{StatusPanel::unknownLong()};
+    QProperty<QString> loggerDate{StatusState::unknownLong()};
+    QProperty<QString> loggerTime{StatusState::unknownLong()};
     QProperty<QString> modeRemark; ///< How the last saving or loading of a mode went; empty before.
 
     std::array<CalibrationBoxes, 3> trxCalibration; ///< Angles 100, 125, 150.
@@ -66,7 +66,7 @@ struct SamplingPreset {
 std::array<SamplingPreset, 4> samplingPresets(bool glow);
 
 /// What the "Processing" dialog shows.
-struct ProgressPanel {
+struct ProgressState {
     QProperty<bool> visible{false};
     QProperty<int> maximum{100};
     QProperty<int> value{0};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "sheet/recovery.h"
+#include "sheet/runrecovery.h"
 
 #include "sheet/folderplace.h"
 #include "testing/sheettest.h"
@@ -289,8 +289,8 @@ TEST_F(RunRecoveryTest, YesBringsTheRowsToTheSheetUnsaved) {
     EXPECT_EQ(sheet.header().join(u'|').toStdString(), "Data #|Date|Time|100|125|150|Ref");
     EXPECT_EQ(sheet.type(), (DataSheet::Type{.letter = QStringLiteral("V"), .firmware = 512.0}));
     EXPECT_EQ(session.state.plc, 2);
-    EXPECT_EQ(panel.counter.value(), QStringLiteral("2"));
-    EXPECT_TRUE(panel.unsaved);
+    EXPECT_EQ(shown.counter.value(), QStringLiteral("2"));
+    EXPECT_TRUE(shown.unsaved);
     EXPECT_TRUE(session.commands.canSaveAs);
     EXPECT_EQ(contentsOf(path("Orvtemp.tmp")), header + twoRows);
     EXPECT_EQ(fileNames(), "Orvtemp.tmp|Orvtemp.tmp.lock") << "the next program offers them too, should this one die";
@@ -321,7 +321,7 @@ TEST_F(RunRecoveryTest, UnsavedRowsAreOfferedAgainByTheNextProgram) {
     recovery.offer();
     RecordFile later(clock, path("Orvtemp.tmp"));
     RunRecovery next({.session = session, .rows = rows, .files = files, .recordFile = later, .questions = answers});
-    panel.unsaved = false; // its sheet is empty
+    shown.unsaved = false; // its sheet is empty
     answers.asked.clear();
     next.offer();
     EXPECT_EQ(answers.asked.size(), 1);
@@ -357,7 +357,7 @@ TEST_F(RunRecoveryTest, UnsavedRowsOfARunThatEndedAreOffered) {
     EXPECT_TRUE(answers.asked.isEmpty()) << "they are on the sheet";
     RecordFile later(clock, path("Orvtemp.tmp"));
     RunRecovery next({.session = session, .rows = rows, .files = files, .recordFile = later, .questions = answers});
-    panel.unsaved = false; // its sheet is empty
+    shown.unsaved = false; // its sheet is empty
     answers.yes = true;
     next.offer();
     EXPECT_EQ(asked(), "ORV Host Program: The last run in this folder did not end. Load its 1 row into the sheet?");
@@ -415,7 +415,7 @@ TEST_F(RunRecoveryTest, NoKeepsTheFileUnderADatedNameAndTellsWhere) {
     EXPECT_EQ(toldText(), "The record file of the last run is kept as " +
                               path("Orvtemp-20261121-093015-2.tmp").toStdString() + ".");
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_FALSE(panel.unsaved);
+    EXPECT_FALSE(shown.unsaved);
 }
 
 TEST_F(RunRecoveryTest, OneRowIsOneRow) {

@@ -3,7 +3,7 @@
 
 #include "link/poll.h"
 #include "link/waits.h"
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 
 #include <functional>
 
@@ -22,13 +22,13 @@ public:
 struct SendingParts {
     Session& session;
     ComPorts& ports;
-    DebugPanel& debug;
+    DebugState& debug;
     Poll& poll;
     TimedWait& wait;
     EventYield& events;
     StatusTimer& timer;
-    SettingsPanel& settings;
-    ProgressPanel& progress;
+    SettingsState& settings;
+    ProgressState& progress;
 };
 
 /// How a wait for the instrument's prompt, or a procedure made of such waits, went.
@@ -148,7 +148,7 @@ QString controlBits(const LoggerSettings& record);
 /// when it is not connected or when another operation is under way.
 class SettingsCommands {
 public:
-    SettingsCommands(Session& session, ComPorts& ports, SettingsPanel& settings, ProgressPanel& progress,
+    SettingsCommands(Session& session, ComPorts& ports, SettingsState& settings, ProgressState& progress,
                      SettingsSender& sender);
 
     /// "Retrieve Settings": requests the settings report and shows the "Processing" dialog until it has been read.
@@ -168,8 +168,8 @@ public:
 private:
     Session& session_;
     ComPorts& ports_;
-    SettingsPanel& settings_;
-    ProgressPanel& progress_;
+    SettingsState& settings_;
+    ProgressState& progress_;
     SettingsSender& sender_;
 };
 

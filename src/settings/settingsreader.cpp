@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/reader.h"
+#include "settings/settingsreader.h"
 
 #include "base/runtimeerror.h"
 #include "base/text.h"
@@ -108,7 +108,7 @@ void SettingsReader::getprefs() {
 }
 
 void SettingsReader::takeMemoryPointer(double value) {
-    SettingsPanel& settings = p_.settings;
+    SettingsState& settings = p_.settings;
     settings.memoryPointer = plainNumber(value);
     // The divisor is 65525, not the 65535 shown as the maximum elsewhere: the last ten places are never written, so a
     // full memory may read slightly over 100.
@@ -125,7 +125,7 @@ void SettingsReader::takeMemoryPointer(double value) {
     p_.progress.valueLabel = QStringLiteral("0");
     p_.progress.visible = false;
     prefsState = 0.0F;
-    CommandPanel& commands = p_.session.commands;
+    CommandState& commands = p_.session.commands;
     commands.settingsFormEnabled = true;
     commands.processingMenuVisible = true;
     commands.settingsMenuVisible = true;
@@ -166,7 +166,7 @@ void SettingsReader::giveUp() {
     p_.actions.fixit();
 }
 
-ClockDisplay::ClockDisplay(Session& session, ComPorts& ports, DebugPanel& debug, SettingsPanel& settings)
+ClockDisplay::ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings)
     : session_(session)
     , ports_(ports)
     , debug_(debug)

@@ -3,7 +3,7 @@
 
 #include "link/comports.h"
 #include "link/manualconnection.h"
-#include "settings/record.h"
+#include "settings/loggersettings.h"
 
 namespace orv {
 
@@ -13,10 +13,10 @@ public:
     struct Parts {
         Session& session;
         ComPorts& ports;
-        ConnectionPanel& items;
+        ConnectItems& items;
         ManualConnection& manual;
-        SettingsPanel& settings;
-        ProgressPanel& progress;
+        SettingsState& settings;
+        ProgressState& progress;
         ProgramActions& actions;
     };
 
@@ -44,7 +44,7 @@ private:
 /// clock reply and changes nothing. One that cannot be read is told in a message; every label stays as it was.
 class ClockDisplay {
 public:
-    ClockDisplay(Session& session, ComPorts& ports, DebugPanel& debug, SettingsPanel& settings);
+    ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings);
 
     void checktime();
 
@@ -53,8 +53,8 @@ private:
 
     Session& session_;
     ComPorts& ports_;
-    DebugPanel& debug_;
-    SettingsPanel& settings_;
+    DebugState& debug_;
+    SettingsState& settings_;
 };
 
 } // namespace orv

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "sheet/recovery.h"
+#include "sheet/runrecovery.h"
 
 #include "base/text.h"
 #include "sheet/folderplace.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/reader.h"
+#include "settings/settingsreader.h"
 
 #include "base/runtimeerror.h"
 #include "testing/fakes.h"
@@ -210,9 +210,9 @@ TEST_F(GetPrefsTest, WholeReportFillsTheRecord) {
 
 TEST_F(GetPrefsTest, EachCallAnnouncesItselfAndHidesTheManualDialog) {
     debug.comm2Output = true;
-    manual.panel.visible = true;
+    manual.shown.visible = true;
     take("S1");
-    EXPECT_FALSE(manual.panel.visible);
+    EXPECT_FALSE(manual.shown.visible);
     take("noise");
     take("MP0");
     EXPECT_EQ(debugPort->allWritten(), QByteArray("Get Prefs\rGet Prefs\rGet Prefs\r"));
@@ -221,7 +221,7 @@ TEST_F(GetPrefsTest, EachCallAnnouncesItselfAndHidesTheManualDialog) {
 TEST_F(GetPrefsTest, The150thCallOfTheProgramGivesUp) {
     debug.comm2Output = true;
     progress.visible = true;
-    items[ConnectionPanel::Auto1].checked = true;
+    items[ConnectItems::Auto1].checked = true;
     for (int call = 1; call < 150; ++call) {
         take("S1");
     }
@@ -234,8 +234,8 @@ TEST_F(GetPrefsTest, The150thCallOfTheProgramGivesUp) {
     EXPECT_EQ(actions.resets, 1);
     EXPECT_EQ(actions.portAtReset, 1);
     EXPECT_FALSE(progress.visible);
-    EXPECT_TRUE(manual.panel.visible);
-    EXPECT_TRUE(manual.panel.text.value().startsWith(QLatin1String("Attempt to Auto Connect Via Comm 1 Failed!")));
+    EXPECT_TRUE(manual.shown.visible);
+    EXPECT_TRUE(manual.shown.text.value().startsWith(QLatin1String("Attempt to Auto Connect Via Comm 1 Failed!")));
     EXPECT_EQ(session.state.Timeout, 150);
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_TRUE(record().autoStart) << "the line of the 150th call is not read";
@@ -252,7 +252,7 @@ TEST_F(GetPrefsTest, The151stCallGoesOnInTheMiddleOfTheReport) {
     EXPECT_EQ(record().samplesPerPoint.value(), QString()) << "the field before the time-out is still the last one";
     take("D25");
     EXPECT_EQ(record().hoursBeforeBlock.value(), QStringLiteral("25"));
-    EXPECT_FALSE(manual.panel.visible);
+    EXPECT_FALSE(manual.shown.visible);
     EXPECT_EQ(actions.resets, 1);
     EXPECT_EQ(session.state.Timeout, 152);
 }
@@ -269,23 +269,23 @@ TEST_F(GetPrefsTest, ReportsDoNotSetTheCountBack) {
 }
 
 TEST_F(GetPrefsTest, GivingUpTakesThePortFromTheLastCheckedItem) {
-    using Panel = ConnectionPanel;
+
     const struct {
-        std::vector<Panel::Item> checked;
+        std::vector<ConnectItems::Item> checked;
         int port;
     } cases[] = {
-        {{Panel::Auto1}, 1},
-        {{Panel::Auto2}, 2},
-        {{Panel::Manual1}, 1},
-        {{Panel::Manual2}, 2},
-        {{Panel::Auto2, Panel::Manual1}, 1},
-        {{Panel::Auto1, Panel::Auto2}, 2},
-        {{Panel::Auto1, Panel::Auto2, Panel::Manual1, Panel::Manual2}, 2},
+        {{ConnectItems::Auto1}, 1},
+        {{ConnectItems::Auto2}, 2},
+        {{ConnectItems::Manual1}, 1},
+        {{ConnectItems::Manual2}, 2},
+        {{ConnectItems::Auto2, ConnectItems::Manual1}, 1},
+        {{ConnectItems::Auto1, ConnectItems::Auto2}, 2},
+        {{ConnectItems::Auto1, ConnectItems::Auto2, ConnectItems::Manual1, ConnectItems::Manual2}, 2},
         {{}, 7},
     };
     for (const auto& each : cases) {
         items.uncheckAll();
-        for (const Panel::Item item : each.checked) {
+        for (const ConnectItems::Item item : each.checked) {
             items[item].checked = true;
         }
         session.state.Portused = 7;
@@ -338,7 +338,7 @@ TEST_F(GetPrefsTest, MemoryPointerIsShownRawAndAsPercentage) {
 TEST_F(GetPrefsTest, EndOfTheReportShowsTheSettingsAndAsksForTheClock) {
     take("I5");
     progress.visible = true;
-    CommandPanel& commands = session.commands;
+    CommandState& commands = session.commands;
     commands.runVisible = false;
     take("MP100");
     EXPECT_EQ(settings.lamp.value(), Lamp::Read);
@@ -441,9 +441,9 @@ protected:
     TestClock clock;
     RecordedMessages messages;
     Session session{clock, messages};
-    DebugPanel debug;
+    DebugState debug;
     ComPorts ports{session, debug, [this](const QString&) { return makePort(); }};
-    SettingsPanel settings;
+    SettingsState settings;
     ClockDisplay display{session, ports, debug, settings};
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/devicefile.h"
+#include "settings/devicefiles.h"
 
 #include "base/files.h"
 
@@ -11,7 +11,7 @@ namespace orv {
 namespace {
 
 /// The box of each line of the file.
-std::array<QProperty<QString>*, 6> boxes(SettingsPanel& settings) {
+std::array<QProperty<QString>*, 6> boxes(SettingsState& settings) {
     auto& [angle100, angle125, angle150] = settings.trxCalibration;
     return {&angle100.offset, &angle125.offset, &angle150.offset, &angle100.scale, &angle125.scale, &angle150.scale};
 }
@@ -66,7 +66,7 @@ std::optional<DeviceValues> readDeviceFile(const QByteArray& bytes) {
     return values;
 }
 
-DeviceFiles::DeviceFiles(Session& session, SettingsPanel& settings, OperatorQuestions& questions)
+DeviceFiles::DeviceFiles(Session& session, SettingsState& settings, OperatorQuestions& questions)
     : session_(session)
     , settings_(settings)
     , questions_(questions) {}
