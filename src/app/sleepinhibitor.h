@@ -8,8 +8,8 @@
 
 namespace orv {
 
-/// Keeps the computer from going to sleep by itself. Best effort: neither call waits for anything or fails, and where
-/// the system offers no way to do it nothing happens.
+/// Keeps the computer from going to sleep by itself. Best effort: no call waits for anything or fails. This one is for
+/// systems that offer no way to do it.
 class SleepInhibitor {
 public:
     SleepInhibitor() = default;
@@ -18,14 +18,22 @@ public:
     virtual ~SleepInhibitor() = default; ///< Releases.
 
     /// From now on the computer stays awake. Without effect if it does already.
-    virtual void take() = 0;
+    virtual void take() {}
 
     /// The computer may sleep again. Without effect if it may already.
-    virtual void release() = 0;
+    virtual void release() {}
+
+    /// Whether the system has granted it and it has not been released.
+    virtual bool isHeld() const { return false; }
 };
 
-/// The one of this system: on Linux through its login manager, on Windows by the system's own call, elsewhere none.
-std::unique_ptr<SleepInhibitor> makeSleepInhibitor();
+/// The one of this system: Linux's login manager on the bus at `busAddress`, the system's own if empty; Windows' own
+/// call; elsewhere none. Nothing is asked of the bus before take().
+std::unique_ptr<SleepInhibitor> makeSleepInhibitor(const QString& busAddress = {});
+
+/// The path of the socket in a bus address ("unix:path=/run/dbus/system_bus_socket"), of the first alternative that has
+/// one, or the empty text.
+QString busSocketPath(const QString& address);
 
 /// Holds an inhibitor while a run or a download goes on, however it ends. State and inhibitor outlive it.
 class AwakeWhileCollecting {
