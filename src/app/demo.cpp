@@ -92,7 +92,7 @@ private:
 
     bool settingsRead() {
         return program_.session.status.status.value() == QLatin1String("Ready") &&
-               program_.session.state.Ctrlscrn == opstate::settingsOpen;
+               program_.session.state.Ctrlscrn == Operation::SettingsOpen;
     }
 
     void connect() {
@@ -100,7 +100,8 @@ private:
         find<QAction>("AutoConnect1")->trigger();
         waitFor(QStringLiteral("Connecting"), connectLimit, [this] { return settingsRead(); });
         const StatusState& status = program_.session.status;
-        say(QStringLiteral("Identified: %1, firmware %2").arg(status.instrument.value(), status.firmware.value()));
+        say(QStringLiteral("Identified: %1, firmware %2")
+                .arg(instrumentName(status.instrument), status.firmware.value()));
         const LoggerSettings& record = program_.settings.record;
         say(QStringLiteral("Settings read: %1 samples a point, %2 points a block, memory %3 % full, clock %4 %5")
                 .arg(record.samplesPerPoint.value(), record.pointsPerBlock.value(), program_.settings.capacity.value(),

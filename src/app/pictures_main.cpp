@@ -144,7 +144,7 @@ private:
     void waitUntilReady() {
         waitFor("connecting", [this] {
             return program_.session.status.status.value() == QLatin1String("Ready") &&
-                   program_.session.state.Ctrlscrn == opstate::settingsOpen;
+                   program_.session.state.Ctrlscrn == Operation::SettingsOpen;
         });
     }
 
@@ -158,14 +158,14 @@ private:
         QElapsedTimer timer;
         timer.start();
         constexpr int late = 260;
-        const float code = program_.session.state.Ctrlscrn;
+        const Operation operation = program_.session.state.Ctrlscrn;
         const int interval = program_.timer.interval();
         program_.timer.setInterval(0);
         while (timer.elapsed() < late) {
             QCoreApplication::processEvents(QEventLoop::AllEvents, late);
         }
         program_.timer.setInterval(interval);
-        if (program_.session.state.Ctrlscrn != code) {
+        if (program_.session.state.Ctrlscrn != operation) {
             throw std::runtime_error(std::string(name) + ": the program has gone on while its picture was taken");
         }
     }

@@ -192,7 +192,7 @@ private:
         find<QAction>("AutoConnect1")->trigger();
         waitFor("Connecting", connectLimit, [this] {
             return program_.session.status.status.value() == QLatin1String("Ready") &&
-                   program_.session.state.Ctrlscrn == opstate::settingsOpen;
+                   program_.session.state.Ctrlscrn == Operation::SettingsOpen;
         });
         live(settleTime);
     }

@@ -18,7 +18,7 @@ public:
     SheetRig() {
         QDir::setCurrent(folder_.path());
         session.state.Vartemp = QStringLiteral("V");
-        session.status.firmware = QStringLiteral("512");
+        session.setFirmware(QStringLiteral("512"));
     }
     ~SheetRig() { QDir::setCurrent(before_); }
     SheetRig(const SheetRig&) = delete;

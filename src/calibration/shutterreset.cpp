@@ -241,7 +241,7 @@ void ShutterReset::finish(Run& run, Outcome restored) {
     showStep(QString());
     readBackOn_ = p_.ports.connectionNumber();
     if (restored == Outcome::Failed) {
-        p_.session.state.Ctrlscrn = opstate::settingsOpen;
+        p_.session.state.Ctrlscrn = Operation::SettingsOpen;
         p_.session.status.status = QStringLiteral("Ready");
         tell(QStringLiteral(
                  "The settings from before could not be sent back. The instrument may still hold the temporary "
@@ -269,7 +269,7 @@ void ShutterReset::interrupt(Run& run) {
     }
     p_.timer.setInterval(StatusTimer::normalInterval);
     if (p_.ports.isOpen()) {
-        p_.session.state.Ctrlscrn = opstate::settingsOpen;
+        p_.session.state.Ctrlscrn = Operation::SettingsOpen;
         p_.session.status.status = QStringLiteral("Ready");
         commands.runEnabled = true;
         readBackOn_ = p_.ports.connectionNumber();
@@ -289,7 +289,7 @@ void ShutterReset::interrupt(Run& run) {
 
 void ShutterReset::showResetting() {
     // The code keeps ticks and report lines from acting; a sending has set another.
-    p_.session.state.Ctrlscrn = opstate::shutterReset;
+    p_.session.state.Ctrlscrn = Operation::ShutterReset;
     p_.session.status.status = QStringLiteral("Resetting Shutter");
 }
 

@@ -45,7 +45,7 @@ protected:
         EXPECT_EQ(bench.session.commands.activity.value(), Activity::None);
         EXPECT_EQ(bench.session.status.shutterProgress.value().toStdString(), "");
         EXPECT_EQ(bench.session.status.shutterCountdown.value().toStdString(), "");
-        EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::idle);
+        EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::Idle);
     }
 
     void expectTold() {
@@ -103,7 +103,7 @@ TEST_P(ShutterInterruptedByOperator, ByAResetThatConnectsAgainLeavesTheNewConnec
         bench.connect();
         bench.clock.advance(1300);
         bench.session.commands.activity = Activity::Collecting;
-        bench.session.state.Ctrlscrn = opstate::collecting;
+        bench.session.state.Ctrlscrn = Operation::Collecting;
         bench.timer.setInterval(StatusTimer::slowInterval);
         readAnew.show(bench.settings.record);
         writesBefore = bench.port->writes.size();
@@ -111,7 +111,7 @@ TEST_P(ShutterInterruptedByOperator, ByAResetThatConnectsAgainLeavesTheNewConnec
     EXPECT_EQ(bench.port->writes.size(), writesBefore);
     EXPECT_EQ(bench.shown(), readAnew);
     EXPECT_EQ(bench.session.commands.activity.value(), Activity::Collecting);
-    EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::collecting);
+    EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::Collecting);
     EXPECT_EQ(bench.timer.interval(), StatusTimer::slowInterval);
     EXPECT_EQ(bench.session.status.status.value().toStdString(), "Ready");
     EXPECT_TRUE(bench.session.commands.runEnabled);
@@ -158,7 +158,7 @@ TEST(ShutterRuntimeError, WhileReadingLeavesTheTimerRunning) {
     EXPECT_TRUE(bench.timer.isRunning());
     EXPECT_EQ(bench.session.commands.activity.value(), Activity::None);
     EXPECT_TRUE(bench.session.commands.canRun);
-    EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_EQ(bench.session.status.status.value().toStdString(), "Ready");
     EXPECT_EQ(bench.session.status.shutterProgress.value().toStdString(), "");
     EXPECT_TRUE(bench.ports.isOpen());
@@ -190,7 +190,7 @@ TEST(ShutterTimeOut, TheHundredAndFiftiethReportLineEndsItLikeAReset) {
     EXPECT_EQ(bench.written(), "P");
     EXPECT_TRUE(bench.timer.isRunning());
     EXPECT_EQ(bench.session.commands.activity.value(), Activity::None);
-    EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::idle);
+    EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::Idle);
 }
 
 } // namespace

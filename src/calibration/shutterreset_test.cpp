@@ -88,7 +88,7 @@ TEST(ShutterReset, TheWholeSequence) {
     EXPECT_TRUE(bench.messages.shown.empty());
     EXPECT_TRUE(bench.session.commands.runEnabled);
     EXPECT_EQ(bench.session.commands.activity.value(), Activity::None);
-    EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::ready) << "the last report is to be read";
+    EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::Ready) << "the last report is to be read";
     EXPECT_TRUE(bench.timer.isRunning());
     EXPECT_EQ(bench.linesOfTicks, 0) << "the report of the temporary settings reached the screen";
     EXPECT_EQ(bench.session.status.shutterCountdown.value().toStdString(), "");
@@ -103,7 +103,7 @@ TEST(ShutterReset, CanBeUsedAgainWhenTheRestoredSettingsHaveBeenRead) {
     EXPECT_EQ(bench.linesOfTicks, 12);
     EXPECT_TRUE(bench.session.commands.canResetShutter);
     EXPECT_EQ(bench.shown(), ShutterBench::original());
-    EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::settingsOpen) << "the clock has been read";
+    EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::SettingsOpen) << "the clock has been read";
     EXPECT_EQ(bench.session.status.status.value().toStdString(), "Ready");
     EXPECT_TRUE(bench.report().contains("S0\r\nG0\r\nA0\r\nL1\r\nW1\r\nM1\r\nT30\r\nD2\r\nQ100\r\nI5\r\n"));
 
@@ -141,7 +141,7 @@ TEST(ShutterReset, WhatIsDisabledMeanwhile) {
         EXPECT_FALSE(commands.resetShutterEnabled);
         EXPECT_FALSE(bench.timer.isRunning());
         EXPECT_EQ(bench.session.status.status.value().toStdString(), "Resetting Shutter");
-        EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::shutterReset);
+        EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::ShutterReset);
     };
     bench.shutter.shutterreset();
     EXPECT_TRUE(looked);
@@ -154,7 +154,7 @@ TEST(ShutterReset, SaysSoAndKeepsItsCodeWhileTheReportIsRead) {
         if (bench.at("Getting Settings", 350) && bench.steps.size() == 1) {
             ++looks;
             EXPECT_EQ(bench.session.status.status.value().toStdString(), "Resetting Shutter");
-            EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::shutterReset);
+            EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::ShutterReset);
         }
     };
     bench.shutter.shutterreset();
@@ -271,7 +271,7 @@ TEST(ShutterReset, ASilentInstrumentGoesThroughEveryStep) {
     EXPECT_TRUE(bench.session.commands.canRun);
     EXPECT_TRUE(bench.timer.isRunning());
     EXPECT_EQ(bench.shown(), ShutterBench::original());
-    EXPECT_EQ(bench.session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_EQ(bench.session.status.status.value().toStdString(), "Ready");
 
     ASSERT_EQ(bench.messages.shown.size(), 3U);
@@ -313,7 +313,7 @@ TEST(ShutterReset, APromptAmongOtherCharactersDoesNotEndThePolls) {
     bench.ports.setDevice(1, QStringLiteral("fake"));
     bench.connect();
     bench.setprefs = [&bench] {
-        bench.session.state.Ctrlscrn = opstate::ready;
+        bench.session.state.Ctrlscrn = Operation::Ready;
         return SettingsSender::Outcome::Sent;
     };
     bool together = false;

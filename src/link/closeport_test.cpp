@@ -13,7 +13,7 @@ TEST(ClosePort, takesBackWhatTheConnectionHasShown) {
     rig.replies = {"V512\r"};
     rig.connection.autoConnect1();
     StatusState& status = rig.session.status;
-    status.instrument = QStringLiteral("TRX");
+    status.instrument = InstrumentType::Trx;
     status.date = QStringLiteral("1/5/99");
     status.time = QStringLiteral("3:05:09 PM");
     DebugState& debug = rig.debug;
@@ -32,7 +32,7 @@ TEST(ClosePort, takesBackWhatTheConnectionHasShown) {
 
     EXPECT_EQ(status.status.value(), QStringLiteral("Offline"));
     EXPECT_EQ(status.firmware.value(), QString(8, u'_'));
-    EXPECT_EQ(status.instrument.value(), QString(8, u'_'));
+    EXPECT_EQ(instrumentName(status.instrument), QString(8, u'_'));
     EXPECT_EQ(status.date.value(), QString(16, u'_'));
     EXPECT_EQ(status.time.value(), QString(16, u'_'));
     EXPECT_FALSE(debug.debugFrameVisible.value());
@@ -53,7 +53,7 @@ TEST(ClosePort, takesBackWhatTheConnectionHasShown) {
     EXPECT_FALSE(rig.ports.isOpen());
     EXPECT_EQ(rig.state.portstatus, 2);
     EXPECT_EQ(rig.state.Rtn, QStringLiteral("wakeup!!!"));
-    EXPECT_EQ(rig.state.Ctrlscrn, opstate::idle);
+    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Idle);
     EXPECT_EQ(rig.state.Tmr, 1);
     EXPECT_EQ(rig.state.Portused, 1);
     EXPECT_EQ(rig.state.Vartemp, QStringLiteral("V"));
@@ -138,7 +138,7 @@ TEST(ClosePort, endsAConnectionBetweenReplyAndRequestWithoutAnotherWord) {
     rig.connection.autoConnect2();
     EXPECT_TRUE(rig.com2.writes.empty());
     EXPECT_EQ(rig.headerRows, 0);
-    EXPECT_EQ(rig.state.Ctrlscrn, opstate::idle);
+    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Idle);
     EXPECT_FALSE(rig.items.checked(ConnectItems::Auto2));
 }
 
@@ -159,7 +159,7 @@ TEST(ClosePort, leavesTheNextConnectionToItself) {
     EXPECT_EQ(rig.state.Portused, 2);
     EXPECT_TRUE(rig.items.checked(ConnectItems::Auto2));
     EXPECT_FALSE(rig.items.checked(ConnectItems::Auto1)) << "the attempt that was overtaken must not touch the menu";
-    EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
+    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
 }
 
 } // namespace
@@ -189,7 +189,7 @@ TEST(AbortRun, resetsAndWakesTheInstrumentAgainOnComm1) {
                                      "Looking to see what port to open\rPresets for Opening Port\r");
     EXPECT_EQ(rig.com1.dtr, (QStringList{QStringLiteral("on"), QStringLiteral("off")}));
     EXPECT_EQ(rig.com1.allWritten(), "P") << "nothing but the wake-up stops the instrument";
-    EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
+    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
     EXPECT_TRUE(rig.items.checked(ConnectItems::Auto1));
     EXPECT_TRUE(rig.items[ConnectItems::Auto1].enabled.value());
     EXPECT_FALSE(rig.items[ConnectItems::Manual1].enabled.value());
@@ -217,7 +217,7 @@ TEST(AbortRun, showsTheManualDialogAgainAfterAManualConnection) {
         rig.connection.manualConnect(port);
         rig.replies = {"V512\r"};
         rig.manual.start();
-        ASSERT_EQ(rig.state.Ctrlscrn, opstate::identified);
+        ASSERT_EQ(rig.state.Ctrlscrn, Operation::Identified);
         rig.state.Portused = 0;
         rig.state.Gatherstop = 3;
         rig.state.gatherstart = 1;
@@ -250,7 +250,7 @@ TEST(AbortRun, keepsTheManualDialogThatItShowsDuringAManualAttempt) {
     EXPECT_TRUE(rig.manual.shown.proceedVisible.value());
     EXPECT_EQ(yields, 10) << "the attempt ends in its wait";
     EXPECT_TRUE(rig.com2.writes.empty());
-    EXPECT_EQ(rig.state.Ctrlscrn, opstate::idle);
+    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Idle);
 }
 
 TEST(AbortRun, takesTheFirstCheckedItemAndNoOther) {

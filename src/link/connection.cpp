@@ -61,14 +61,14 @@ void Connection::manualConnect(int portNumber) {
 
 void Connection::closePort() {
     p_.ports.debugsay(QStringLiteral("Close Port"));
-    // Lines that still wait become rows while the firmware label tells their layout.
+    // Lines that still wait become rows while the firmware tells their layout.
     p_.actions.closeRecordFile();
     p_.session.state.portstatus = 2;
     p_.items.enableAll();
     p_.items.uncheckAll();
     StatusState& status = p_.session.status;
-    status.firmware = StatusState::unknownShort();
-    status.instrument = StatusState::unknownShort();
+    p_.session.setFirmware(StatusState::unknownShort());
+    status.instrument = InstrumentType::Unknown;
     status.date = StatusState::unknownLong();
     status.time = StatusState::unknownLong();
     p_.debug.debugFrameVisible = false;
@@ -148,7 +148,7 @@ void Connection::closingBranch() {
     SessionState& state = p_.session.state;
     p_.ports.close();
     state.Rtn = QStringLiteral("wakeup!!!");
-    state.Ctrlscrn = opstate::idle;
+    state.Ctrlscrn = Operation::Idle;
     p_.ports.discardInput();
     state.Tmr = 1;
     p_.session.status.status = QStringLiteral("Offline");
@@ -196,7 +196,7 @@ void Connection::presets() {
     }
     p_.ports.write("P");
     p_.actions.layOutHeaderRow();
-    state.Ctrlscrn = opstate::identified;
+    state.Ctrlscrn = Operation::Identified;
     p_.timer.enable();
     state.Tmr = 1;
     commands.activity = Activity::None;
@@ -213,7 +213,7 @@ Connection::WakeUp Connection::wakeUp() {
     const auto showFirmware = [this, &state] {
         // The reply is the type letter, the firmware's digits and CR.
         if (!state.Vartemp.isEmpty()) {
-            p_.session.status.firmware = state.Rtn.mid(1, std::max<qsizetype>(state.Rtn.size() - 2, 0));
+            p_.session.setFirmware(state.Rtn.mid(1, std::max<qsizetype>(state.Rtn.size() - 2, 0)));
         }
     };
 

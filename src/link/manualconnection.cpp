@@ -90,7 +90,7 @@ void ManualConnection::quit() {
 
 void ManualConnection::closed() {
     // The code is back at idle after a download too; the menu is there while the instrument is known.
-    if (session_.state.Ctrlscrn == opstate::idle && !session_.commands.processingMenuVisible) {
+    if (session_.state.Ctrlscrn == Operation::Idle && !session_.commands.processingMenuVisible) {
         quit();
     } else {
         hide();

@@ -175,11 +175,12 @@ TEST(ManualConnection, resetsWhenItsWindowIsClosedBeforeTheInstrumentIsConnected
 }
 
 TEST(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedWithTheInstrumentConnected) {
-    for (const float code : {opstate::identified, opstate::ready, opstate::settingsOpen, opstate::collecting}) {
+    for (const Operation operation :
+         {Operation::Identified, Operation::Ready, Operation::SettingsOpen, Operation::Collecting}) {
         LinkRig rig;
         rig.ports.open();
         rig.manual.show();
-        rig.state.Ctrlscrn = code;
+        rig.state.Ctrlscrn = operation;
         rig.manual.closed();
         EXPECT_EQ(rig.resets, 0);
         EXPECT_TRUE(rig.ports.isOpen());
@@ -191,7 +192,7 @@ TEST(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedAfterADownload) {
     LinkRig rig;
     rig.ports.open();
     rig.session.commands.processingMenuVisible = true;
-    rig.state.Ctrlscrn = opstate::idle;
+    rig.state.Ctrlscrn = Operation::Idle;
     rig.manual.show();
     rig.manual.closed();
     EXPECT_EQ(rig.resets, 0);
@@ -209,7 +210,7 @@ TEST(ManualConnection, connectsWhenThePowerComesOnAfterAnyTime) {
     EXPECT_EQ(rig.com2.allWritten(), "P");
     EXPECT_EQ(rig.state.Vartemp, QStringLiteral("F"));
     EXPECT_EQ(rig.session.status.firmware.value(), QStringLiteral("412"));
-    EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
+    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
     EXPECT_EQ(rig.state.Seeking, 0);
     EXPECT_FALSE(rig.manual.shown.visible.value());
     EXPECT_EQ(rig.resets, 0);
@@ -238,7 +239,7 @@ TEST(ManualConnection, seeksWithoutLimitUntilQuit) {
     EXPECT_EQ(rig.resets, 1);
     EXPECT_TRUE(rig.com1.writes.empty());
     EXPECT_EQ(rig.headerRows, 0);
-    EXPECT_EQ(rig.state.Ctrlscrn, opstate::idle);
+    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Idle);
     EXPECT_EQ(rig.session.status.status.value(), QStringLiteral("Offline"));
     EXPECT_FALSE(rig.manual.shown.visible.value());
 }

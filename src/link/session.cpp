@@ -1,7 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/session.h"
 
+#include "base/text.h"
+
 namespace orv {
+
+InstrumentType instrumentType(const QString& letter) {
+    if (letter.compare(QLatin1String("V"), Qt::CaseInsensitive) == 0) {
+        return InstrumentType::Trx;
+    }
+    return letter.compare(QLatin1String("F"), Qt::CaseInsensitive) == 0 ? InstrumentType::Glow
+                                                                        : InstrumentType::Unknown;
+}
+
+QString instrumentName(InstrumentType type) {
+    switch (type) {
+    case InstrumentType::Trx:
+        return QStringLiteral("TRX");
+    case InstrumentType::Glow:
+        return QStringLiteral("GLOW");
+    case InstrumentType::Unknown:
+        break;
+    }
+    return StatusState::unknownShort();
+}
+
+void Session::setFirmware(const QString& text) {
+    status.firmware = text;
+    state.firmware = leadingNumber(text);
+}
 
 CommandState::CommandState() {
     undisturbed.setBinding([this] { return activity.value() == Activity::None; });

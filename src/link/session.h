@@ -9,38 +9,49 @@
 
 namespace orv {
 
-/// Operation codes: what the program waits for. The status timer dispatches on them, compared for exact equality;
-/// with any other value it does nothing but poll.
-namespace opstate {
-inline constexpr float idle = 0.0F;            ///< Idle or offline.
-inline constexpr float collectionSetUp = 1.0F; ///< A real-time collection is set up, or has ended.
-inline constexpr float settingsOpen = 2.0F;    ///< The computer's time and date are shown on the settings screen.
-inline constexpr float collecting = 11.0F;     ///< Every reply line goes to `profilemode`.
-inline constexpr float ready = 23.0F;          ///< Every reply line goes to `getprefs`.
-inline constexpr float importing = 28.0F;      ///< Stored data goes to the sheet.
-inline constexpr float savingText = 38.0F;     ///< Stored data goes to a text file.
-inline constexpr float clockCheck = 48.0F;     ///< The clock reply is awaited.
-inline constexpr float identified = 64.0F;     ///< The wake-up has told type and firmware.
-inline constexpr float shutterReset = 999.0F;  ///< A shutter reset is under way.
-} // namespace opstate
+/// What goes on, `opstate`: what the program waits for. The numbers stand in the state dump. The status timer
+/// dispatches on them; with any other value it does nothing but poll.
+enum class Operation : int {
+    Idle = 0,            ///< Idle or offline.
+    CollectionSetUp = 1, ///< A real-time collection is set up, or has ended.
+    SettingsOpen = 2,    ///< The computer's time and date are shown on the settings screen.
+    Collecting = 11,     ///< Every reply line goes to `profilemode`.
+    Ready = 23,          ///< Every reply line goes to `getprefs`.
+    Importing = 28,      ///< Stored data goes to the sheet.
+    SavingText = 38,     ///< Stored data goes to a text file.
+    ClockCheck = 48,     ///< The clock reply is awaited.
+    Identified = 64,     ///< The wake-up has told type and firmware.
+    ShutterReset = 999,  ///< A shutter reset is under way.
+};
+
+/// The instruments of the series.
+enum class InstrumentType { Unknown, Trx, Glow };
+
+/// The type that a letter of either case stands for: "V" TRX, "F" GLOW.
+InstrumentType instrumentType(const QString& letter);
+
+/// What the operator reads for the type: "TRX", "GLOW" or eight underscores.
+QString instrumentName(InstrumentType type);
 
 /// The program-wide variables. One instance lives for the whole run; `fixit` gives the values named "reset".
 struct SessionState {
-    float Ctrlscrn = opstate::idle; ///< The operation code. Reset: 0.
-    QString Rtn;                    ///< The last complete reply line, without its end. Reset: "wakeup!!!".
-    qint16 Tmr = 0;                 ///< 1: the next poll first empties the receive buffer. Reset: 1.
-    QString Vartemp;                ///< The type letter after identification, "V" or "F". Kept by a reset.
-    quint8 trouble = 0;             ///< 1: service mode, the debug list is fed. Kept by a reset.
-    quint8 portstatus = 0;          ///< 1: the operator has opened a port; 2: closed or offline. Reset: 2.
-    quint8 gatherstart = 0;         ///< 1: a collection runs and the poll watches for prompts. Reset: 0.
-    quint8 Gatherstop = 0;          ///< Prompt seen meanwhile: 1 for ">", 3 for "!". Reset: 0.
-    qint16 plc = 0;                 ///< Data rows on the sheet. Kept by a reset.
-    qint16 Timeout = 0;             ///< Calls of `getprefs` since the start of the program. Kept by a reset.
-    quint8 Seeking = 0;             ///< 1: a manual connection waits without limit. Reset: 0.
-    quint8 Portused = 0;            ///< COM port number in use, 1 or 2; 0 before the first. Kept by a reset.
+    Operation Ctrlscrn = Operation::Idle; ///< What goes on. Reset: Idle.
+    QString Rtn;                          ///< The last complete reply line, without its end. Reset: "wakeup!!!".
+    qint16 Tmr = 0;                       ///< 1: the next poll first empties the receive buffer. Reset: 1.
+    QString Vartemp;                      ///< The type letter after identification, "V" or "F". Kept by a reset.
+    quint8 trouble = 0;                   ///< 1: service mode, the debug list is fed. Kept by a reset.
+    quint8 portstatus = 0;                ///< 1: the operator has opened a port; 2: closed or offline. Reset: 2.
+    quint8 gatherstart = 0;               ///< 1: a collection runs and the poll watches for prompts. Reset: 0.
+    quint8 Gatherstop = 0;                ///< Prompt seen meanwhile: 1 for ">", 3 for "!". Reset: 0.
+    qint16 plc = 0;                       ///< Data rows on the sheet. Kept by a reset.
+    qint16 Timeout = 0;                   ///< Calls of `getprefs` since the start of the program. Kept by a reset.
+    quint8 Seeking = 0;                   ///< 1: a manual connection waits without limit. Reset: 0.
+    quint8 Portused = 0;                  ///< COM port number in use, 1 or 2; 0 before the first. Kept by a reset.
+    double firmware = 0.0;                ///< The firmware's number; 0 while it is not known. Kept by a reset.
 
-    bool isTrx() const { return Vartemp == QLatin1String("V") || Vartemp == QLatin1String("v"); }
-    bool isGlow() const { return Vartemp == QLatin1String("F") || Vartemp == QLatin1String("f"); }
+    /// The type by the letter. The main window may show another: it shows the type from the first tick after the
+    /// wake-up until the port is closed.
+    InstrumentType type() const { return instrumentType(Vartemp); }
 };
 
 /// What the status page shows. Where two labels always read the same (the status on the status page and on the debug
@@ -50,13 +61,13 @@ struct StatusState {
     static QString unknownLong() { return QStringLiteral("________________"); }
 
     QProperty<QString> status{QStringLiteral("Offline")};
-    QProperty<QString> firmware{unknownShort()};   ///< The caption that is read as the firmware number.
-    QProperty<QString> instrument{unknownShort()}; ///< "TRX" or "GLOW" once identified.
-    QProperty<QString> date{unknownLong()};        ///< The instrument's date at the last clock reply.
-    QProperty<QString> time{unknownLong()};        ///< The instrument's time at the last clock reply.
-    QProperty<int> bufferCount{0};                 ///< Characters received and not yet consumed as a line.
-    QProperty<QString> shutterProgress;            ///< `Text38`.
-    QProperty<QString> shutterCountdown;           ///< Seconds left of the shutter's long wait; empty otherwise.
+    QProperty<QString> firmware{unknownShort()};                   ///< What the wake-up's reply says of it.
+    QProperty<InstrumentType> instrument{InstrumentType::Unknown}; ///< Known once identified.
+    QProperty<QString> date{unknownLong()};                        ///< The instrument's date at the last clock reply.
+    QProperty<QString> time{unknownLong()};                        ///< The instrument's time at the last clock reply.
+    QProperty<int> bufferCount{0};       ///< Characters received and not yet consumed as a line.
+    QProperty<QString> shutterProgress;  ///< `Text38`.
+    QProperty<QString> shutterCountdown; ///< Seconds left of the shutter's long wait; empty otherwise.
     QProperty<QString> downloadedBytes{QStringLiteral("0")}; ///< Size of the last whole download.
     QProperty<QString> notice; ///< A remark beside the status that needs no answer; empty most of the time.
 };
@@ -113,6 +124,9 @@ struct Session {
     Session(Clock& clockToUse, OperatorMessages& messagesToUse)
         : clock(clockToUse)
         , messages(messagesToUse) {}
+
+    /// Shows the firmware and keeps the number that the text begins with, 0 if none.
+    void setFirmware(const QString& text);
 
     SessionState state;
     StatusState status;

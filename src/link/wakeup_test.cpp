@@ -40,7 +40,7 @@ TEST(WakeUp, takesTypeAndFirmwareFromTheFirstReply) {
         rig.connection.autoConnect1();
         EXPECT_EQ(rig.state.Vartemp, QLatin1String(row.type));
         EXPECT_EQ(rig.session.status.firmware.value(), QLatin1String(row.firmware));
-        EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
+        EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
         EXPECT_EQ(rig.com1.allWritten(), "P");
         EXPECT_EQ(rig.typeAtHeaderRow, QLatin1String(row.type));
         EXPECT_EQ(rig.headerRows, 1);
@@ -55,7 +55,7 @@ TEST(WakeUp, goesOnWithoutATypeWhenTheReplyHasNeitherLetter) {
         rig.connection.autoConnect1();
         EXPECT_EQ(rig.state.Vartemp, QString());
         EXPECT_EQ(rig.session.status.firmware.value(), StatusState::unknownShort());
-        EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
+        EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
         EXPECT_EQ(rig.com1.allWritten(), "P");
     }
 }
@@ -184,7 +184,7 @@ TEST(WakeUp, failsAfterFiveSecondsOfSilence) {
     EXPECT_TRUE(rig.ports.isOpen());
     EXPECT_TRUE(rig.com2.writes.empty());
     EXPECT_EQ(rig.headerRows, 0);
-    EXPECT_EQ(rig.state.Ctrlscrn, opstate::idle);
+    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Idle);
     EXPECT_EQ(rig.session.commands.activity.value(), Activity::None);
     EXPECT_TRUE(rig.messages.shown.empty());
     EXPECT_FALSE(rig.timer.isRunning());
@@ -251,7 +251,7 @@ TEST(WakeUp, isRepeatedByRetryAfterClosePort) {
     rig.replies = {"V512\r"};
     rig.manual.retry();
     EXPECT_EQ(rig.com2.allWritten(), "P");
-    EXPECT_EQ(rig.state.Ctrlscrn, opstate::identified);
+    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
     EXPECT_TRUE(rig.manual.shown.visible.value());
 }
 

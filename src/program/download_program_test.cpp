@@ -85,7 +85,7 @@ TEST_F(SimulatedDownload, CutDumpIsToldWaitedForAndKept) {
         ASSERT_EQ(told(), std::vector<std::string>{incompleteText(percent, "in " + path("dump.txt").toStdString())});
         EXPECT_EQ(fileRows(), expected.textRows.toStdString());
         messages.shown.clear();
-        tickUntil([this] { return program.session.state.Ctrlscrn == opstate::settingsOpen; });
+        tickUntil([this] { return program.session.state.Ctrlscrn == Operation::SettingsOpen; });
         downloadToFile();
         const ExpectedDump whole(line->lines(), 4);
         EXPECT_EQ(whole.records, 100);
@@ -185,7 +185,7 @@ TEST_F(SimulatedDownload, GarbageHarmsOnlyTheRecordsItStandsIn) {
         load();
         program.autoConnect1();
         program.session.state.Vartemp = QStringLiteral("V");
-        program.session.status.firmware = QStringLiteral("512");
+        program.session.setFirmware(QStringLiteral("512"));
         tickUntil([this] { return program.ports.inputCount() == 0 && line->blocks.back().endsWith('>'); });
         startText();
         const qint64 start = clock.monotonicMilliseconds();

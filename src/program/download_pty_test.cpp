@@ -84,7 +84,7 @@ TEST_P(CutOverPty, KeepsWhatArrived) {
     program.reset();
     EXPECT_EQ(fileRows(), expected.textRows.toStdString());
     EXPECT_EQ(told(), std::vector<std::string>{incompleteText(percent, "in " + path("dump.txt").toStdString())});
-    tickUntil([this] { return program.session.state.Ctrlscrn == opstate::settingsOpen; });
+    tickUntil([this] { return program.session.state.Ctrlscrn == Operation::SettingsOpen; });
     EXPECT_EQ(status(), "Ready") << "connected again";
 }
 

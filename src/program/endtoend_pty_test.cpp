@@ -118,7 +118,7 @@ TEST_P(MainRoad, FromConnectToSavedSheet) {
     start(kind.device);
     EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
     connectAndRead();
-    EXPECT_EQ(program.session.status.instrument.value().toStdString(), kind.type);
+    EXPECT_EQ(instrumentName(program.session.status.instrument).toStdString(), kind.type);
     EXPECT_EQ(program.session.status.firmware.value().toStdString(), kind.firmware);
     EXPECT_EQ(program.settings.record.pointsPerBlock.value().toInt(), kind.rows);
     EXPECT_EQ(program.settings.memoryPointer.value().toStdString(), "200");
@@ -228,14 +228,14 @@ TEST_F(EndToEndTest, ClosePortInARunAndASecondSession) {
     ASSERT_TRUE(until([this] { return program.session.state.plc >= 3; }));
     program.closePort();
     EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
-    EXPECT_EQ(program.session.status.instrument.value().toStdString(), "________");
+    EXPECT_EQ(instrumentName(program.session.status.instrument).toStdString(), "________");
     EXPECT_EQ(program.session.status.firmware.value().toStdString(), "________");
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     const int rows = program.sheet.rowCount();
     EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")).count("\r\n"), 5 + rows);
 
     connectAndRead();
-    EXPECT_EQ(program.session.status.instrument.value().toStdString(), "GLOW");
+    EXPECT_EQ(instrumentName(program.session.status.instrument).toStdString(), "GLOW");
     program.run();
     ASSERT_TRUE(until([this, rows] { return program.session.state.plc > rows; }));
     EXPECT_EQ(program.sheet.cell(rows, 0).toStdString(), std::to_string(rows + 1));

@@ -134,7 +134,7 @@ void Program::manualConnect(int portNumber) {
 void Program::closePort() {
     act("Close Port", [this] {
         connection.closePort();
-        settingsReader_.prefsState = 0.0F; // a report cut short must not run on into the next connection's
+        settingsReader_.prefsState = 0; // a report cut short must not run on into the next connection's
         progress.visible = false;
         // The debug frame is hidden; an empty window would help nobody.
         if (pages.shown.value() == Page::Debug) {
@@ -271,7 +271,7 @@ void Program::fixit() {
     ports.close();
     SessionState& state = session.state;
     state.Rtn = QStringLiteral("wakeup!!!");
-    state.Ctrlscrn = opstate::idle;
+    state.Ctrlscrn = Operation::Idle;
     ports.discardInput();
     state.Tmr = 1;
     session.status.status = QStringLiteral("Offline");
@@ -296,7 +296,7 @@ void Program::fixit() {
     commands.activity = Activity::None;
     progress.visible = false;
     tickErrorsTold_.clear();
-    settingsReader_.prefsState = 0.0F;
+    settingsReader_.prefsState = 0;
 
     state.portstatus = 2;
     state.Gatherstop = 0;
@@ -312,7 +312,7 @@ void Program::fixit() {
 void Program::dumpState() {
     const SessionState& state = session.state;
     const std::pair<const char*, QString> lines[] = {
-        {"Ctrlscrn ", printedNumber(static_cast<double>(state.Ctrlscrn))},
+        {"Ctrlscrn ", printedNumber(static_cast<int>(state.Ctrlscrn))},
         {"Rtn ", state.Rtn},
         {"Tmr ", printedNumber(state.Tmr)},
         {"csnter ", QString()}, // names no variable; readers of the dump expect the line
@@ -350,8 +350,9 @@ void Program::prepareSheet() {
 
 void Program::takeWhatArrived() {
     const auto collecting = [this] {
-        const float code = session.state.Ctrlscrn;
-        return code == opstate::collecting || code == opstate::savingText || code == opstate::importing;
+        const Operation operation = session.state.Ctrlscrn;
+        return operation == Operation::Collecting || operation == Operation::SavingText ||
+               operation == Operation::Importing;
     };
     // A line that fails meanwhile resets the program, which comes here again.
     if (takingWhatArrived_ || !collecting() || !ports.isOpen()) {
@@ -388,31 +389,28 @@ void Program::tick() {
 void Program::dispatch() {
     // Every test reads the code afresh: a procedure called by one step can enable a later one in the same tick.
     SessionState& state = session.state;
-    if (state.Ctrlscrn == opstate::identified) {
+    if (state.Ctrlscrn == Operation::Identified) {
         ports.debugsay(QStringLiteral("Version Detected"));
-        state.Ctrlscrn = opstate::ready;
-        if (state.isTrx()) {
-            debug.outputFrameVisible = true;
-            session.status.instrument = QStringLiteral("TRX");
-        }
-        if (state.isGlow()) {
-            debug.fluorometerFrameVisible = true;
-            session.status.instrument = QStringLiteral("GLOW");
+        state.Ctrlscrn = Operation::Ready;
+        // Without a letter the type that is shown stays.
+        if (const InstrumentType type = state.type(); type != InstrumentType::Unknown) {
+            (type == InstrumentType::Trx ? debug.outputFrameVisible : debug.fluorometerFrameVisible) = true;
+            session.status.instrument = type;
         }
     }
     if (ports.isOpen()) {
         tickStep_ = "Reading the port";
         poll.quary();
     }
-    if (state.Ctrlscrn == opstate::ready && !state.Rtn.isEmpty()) {
+    if (state.Ctrlscrn == Operation::Ready && !state.Rtn.isEmpty()) {
         tickStep_ = "Reading the settings";
         ++getprefsruns;
         settingsReader_.getprefs();
     }
-    if (state.Ctrlscrn == opstate::idle) {
+    if (state.Ctrlscrn == Operation::Idle) {
         getprefsruns = 0;
     }
-    if (state.Ctrlscrn == opstate::collecting) {
+    if (state.Ctrlscrn == Operation::Collecting) {
         tickStep_ = "Collecting";
         if (!state.Rtn.isEmpty()) {
             collection_.profilemode();
@@ -420,20 +418,20 @@ void Program::dispatch() {
             collection_.endIfPrompted();
         }
     }
-    if (state.Ctrlscrn == opstate::clockCheck) {
+    if (state.Ctrlscrn == Operation::ClockCheck) {
         tickStep_ = "Reading the clock";
         clockDisplay_.checktime();
     }
-    if (state.Ctrlscrn == opstate::settingsOpen) {
+    if (state.Ctrlscrn == Operation::SettingsOpen) {
         const QDateTime now = session.clock.now();
         settings.computerTime = clockText(now.time());
         settings.computerDate = shortDate(now.date());
     }
-    if (state.Ctrlscrn == opstate::savingText) {
+    if (state.Ctrlscrn == Operation::SavingText) {
         tickStep_ = "Downloading";
         download_.savefiletxt();
     }
-    if (state.Ctrlscrn == opstate::importing) {
+    if (state.Ctrlscrn == Operation::Importing) {
         tickStep_ = "Downloading";
         download_.importtofg1();
     }

@@ -43,7 +43,7 @@ TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveIsCancelled) {
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), std::string(question) + "\nSave as|Untitled.txt|.txt|*.txt");
     EXPECT_TRUE(program.sheetState.unsaved);
     EXPECT_EQ(program.sheet.rowCount(), 2);
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting) << "the run goes on";
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting) << "the run goes on";
     EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -213,7 +213,7 @@ TEST_F(ProgramTest, TheResetButtonStopsARunAndConnectsAgain) {
     replies = {"V512\r"};
     program.reset();
     EXPECT_EQ(program.sheetState.records.value().toStdString(), "0");
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::identified);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Identified);
     EXPECT_EQ(com1.dtr.join(u' ').toStdString(), "on off");
     EXPECT_EQ(com1.allWritten().toStdString(), "P");
     EXPECT_EQ(program.sheet.rowCount(), 2);
@@ -272,12 +272,12 @@ TEST_F(ProgramTest, ARunOfOnlyUnreadableLinesEndsAtThePromptAndTellsThem) {
     program.run();
     receive("R\r\n");
     receive("11/21/26\t2700\r\n>"); // a clock reply that was still on its way, and its prompt
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
     receive("\r\n11/21/26\t2700\t11\t22\r\n");
     ticks(2);
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
     receive(">");
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collectionSetUp);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::CollectionSetUp);
     EXPECT_EQ(program.session.status.notice.value().toStdString(), "2 lines could not be read; they are in log.ohp");
 }
 

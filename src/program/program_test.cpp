@@ -12,7 +12,7 @@ const char* const freshReset = "Reset Everything AKA FIXIT\r"
 TEST_F(ProgramTest, AResetAnnouncesItselfAndDumpsTheStateOnTheDebugPort) {
     tickDebugOutput();
     SessionState& state = program.session.state;
-    state.Ctrlscrn = opstate::collecting;
+    state.Ctrlscrn = Operation::Collecting;
     state.Rtn = QStringLiteral("a line");
     state.Vartemp = QStringLiteral("V");
     state.trouble = 1;

@@ -16,11 +16,11 @@ class IdentifiedTick : public ProgramTest, public testing::WithParamInterface<Le
 TEST_P(IdentifiedTick, ShowsTheTypeAndMovesToReady) {
     tickDebugOutput();
     SessionState& state = program.session.state;
-    state.Ctrlscrn = opstate::identified;
+    state.Ctrlscrn = Operation::Identified;
     state.Vartemp = QString::fromLatin1(GetParam().letter);
     program.tick();
-    EXPECT_EQ(state.Ctrlscrn, opstate::ready);
-    EXPECT_EQ(program.session.status.instrument.value().toStdString(), GetParam().label);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
+    EXPECT_EQ(instrumentName(program.session.status.instrument).toStdString(), GetParam().label);
     EXPECT_EQ(program.debug.outputFrameVisible.value(), GetParam().outputFrame);
     EXPECT_EQ(program.debug.fluorometerFrameVisible.value(), GetParam().fluorometerFrame);
     EXPECT_EQ(said(), "Version Detected\r");
@@ -83,7 +83,7 @@ TEST_F(ProgramTest, TheEndOfTheReportIsFollowedByTheClockInTheSameTick) {
     receive("MP200\r\n");
     EXPECT_EQ(said(), "Get Prefs\rCheck Orv Sensor Time\r");
     EXPECT_EQ(com1.allWritten().toStdString(), "C");
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::clockCheck);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::ClockCheck);
     program.tick();
     EXPECT_EQ(said(), "Check Orv Sensor Time\r") << "at every tick until the clock has come";
 }
@@ -94,7 +94,7 @@ TEST_F(ProgramTest, TheTickThatReadsTheClockShowsTheComputersTimeToo) {
     receive("MP200\r\n");
     EXPECT_EQ(program.settings.computerTime.value().toStdString(), "");
     receive("11/21/26\t32400\r\n");
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_EQ(program.session.status.date.value().toStdString(), "11/21/26");
     EXPECT_EQ(program.session.status.time.value().toStdString(), "0:00:00 PM");
     EXPECT_EQ(program.settings.computerDate.value().toStdString(), "11/21/26");
@@ -122,7 +122,7 @@ TEST_F(ProgramTest, CollectingTakesEachReplyLineAndIsSilentWithoutOne) {
 TEST_F(ProgramTest, APromptByItselfEndsTheRunAtItsTick) {
     runWithRows(2);
     receive(">");
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collectionSetUp);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::CollectionSetUp);
     EXPECT_EQ(program.session.status.status.value().toStdString(), "Ready");
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     EXPECT_TRUE(program.session.commands.canRun);
@@ -132,10 +132,10 @@ TEST_F(ProgramTest, APromptTogetherWithLinesEndsTheRunBehindTheLastOfThem) {
     runWithRows(1);
     com1.input = "11/21/26\t2700\t2\t2\t3\t4\r\n11/21/26\t2700\t3\t2\t3\t4\r\n>";
     program.tick();
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
     program.tick();
     EXPECT_EQ(program.sheet.rowCount(), 3);
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collectionSetUp);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::CollectionSetUp);
 }
 
 TEST_F(ProgramTest, ABlockOfOnePointIsNotEndedByThePromptLeftOver) {
@@ -145,10 +145,10 @@ TEST_F(ProgramTest, ABlockOfOnePointIsNotEndedByThePromptLeftOver) {
     EXPECT_EQ(program.session.state.gatherstart, 1);
     receive("R\r\n");
     ticks(3);
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
     receive("11/21/26\t2700\t1\t2\t3\t4\r\n>");
     EXPECT_EQ(program.sheet.rowCount(), 1);
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collectionSetUp);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::CollectionSetUp);
 }
 
 TEST_F(ProgramTest, ADownloadIntoTheSheetIsFedByTheTick) {
@@ -158,7 +158,7 @@ TEST_F(ProgramTest, ADownloadIntoTheSheetIsFedByTheTick) {
     receive("11/20/26\t2700\t1\t2\t3\t4\r\n");
     EXPECT_EQ(program.sheet.rowCount(), 1);
     receive("EOF\r\n>");
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::idle);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Idle);
     EXPECT_EQ(program.session.status.status.value().toStdString(), "Ready");
 }
 
@@ -169,7 +169,7 @@ TEST_F(ProgramTest, ADownloadIntoAFileIsFedByTheTick) {
     receive("O\r\n");
     receive("11/20/26\t2700\t1\t2\t3\t4\r\n");
     receive("EOF\r\n>");
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::idle);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Idle);
     EXPECT_TRUE(contentsOf(folder.path("stored.txt")).endsWith("\r\n1\t11/20/26\t1:00:00\t1\t\t2\t\t3\t4\r\n"));
     EXPECT_EQ(program.sheet.rowCount(), 0);
 }
@@ -178,13 +178,13 @@ TEST_F(ProgramTest, WithAnyOtherCodeATickOnlyPolls) {
     program.load();
     connectAndRead();
     tickDebugOutput();
-    for (const float code : {0.0F, 1.0F, 999.0F, 23.5F, 63.0F, -23.0F}) {
-        program.session.state.Ctrlscrn = code;
+    for (const int code : {0, 1, 999, 24, 63, -23}) {
+        program.session.state.Ctrlscrn = static_cast<Operation>(code);
         program.session.state.Tmr = 1;
         fill(folder.path("log.ohp"), "");
         receive("11/21/26\t2700\t1\t2\t3\t4\r\n");
         EXPECT_EQ(program.session.state.Rtn.toStdString(), "11/21/26\t2700\t1\t2\t3\t4") << code;
-        EXPECT_EQ(program.session.state.Ctrlscrn, code);
+        EXPECT_EQ(program.session.state.Ctrlscrn, static_cast<Operation>(code));
         EXPECT_EQ(said(), "") << code;
         EXPECT_EQ(program.sheet.rowCount(), 0) << code;
         EXPECT_TRUE(contentsOf(folder.path("log.ohp")).endsWith("11/21/26\t2700\t1\t2\t3\t4\r\n\r\n")) << code;
@@ -205,16 +205,16 @@ TEST_F(ProgramTest, NoTickIsDispatchedDuringTheWakeUpLoop) {
         clock.advance(milliseconds);
         ++waits;
         com1.input = waits == 1 ? "V4" : "12\r";
-        program.session.state.Ctrlscrn = opstate::settingsOpen;
+        program.session.state.Ctrlscrn = Operation::SettingsOpen;
         program.tick();
-        program.session.state.Ctrlscrn = opstate::idle;
+        program.session.state.Ctrlscrn = Operation::Idle;
         EXPECT_FALSE(com1.input.isEmpty()) << "the tick has taken the wake-up reply";
     };
     program.autoConnect1();
     EXPECT_EQ(waits, 2);
     EXPECT_EQ(program.session.status.firmware.value().toStdString(), "412");
     EXPECT_EQ(program.settings.computerTime.value().toStdString(), "");
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::identified);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Identified);
 }
 
 TEST_F(ProgramTest, TicksGoOnDuringTheWakeUpPulse) {

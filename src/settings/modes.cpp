@@ -99,12 +99,11 @@ QString modeFilter() {
     return QStringLiteral("*.OCM");
 }
 
-QString glowSamples() {
-    return QStringLiteral("200");
-}
-
-QString trxSamples() {
-    return QStringLiteral("30");
+/// An instrument of unknown type leaves the samples as they were.
+void setSamples(Mode& mode, InstrumentType type) {
+    if (type != InstrumentType::Unknown) {
+        mode.samplesPerPoint = type == InstrumentType::Glow ? QStringLiteral("200") : QStringLiteral("30");
+    }
 }
 
 bool writeWhole(const QString& name, const QByteArray& content) {
@@ -138,12 +137,7 @@ void Modes::profile() {
     mode.pointsPerBlock = QStringLiteral("0");
     // This mode goes by the label that the operator sees, the other by the letter of the identification: they differ
     // while a connection is being made and after it was closed.
-    const QString type = session_.status.instrument;
-    if (type == QLatin1String("GLOW")) {
-        mode.samplesPerPoint = glowSamples();
-    } else if (type == QLatin1String("TRX")) {
-        mode.samplesPerPoint = trxSamples();
-    }
+    setSamples(mode, session_.status.instrument);
     mode.putInto(settings_.record);
     sendIfConnected();
 }
@@ -162,11 +156,7 @@ void Modes::moored() {
     mode.hoursBeforeBlock = QStringLiteral("0");
     mode.secondsBetweenPoints = QStringLiteral("3600");
     mode.pointsPerBlock = QStringLiteral("60000");
-    if (session_.state.isGlow()) {
-        mode.samplesPerPoint = glowSamples();
-    } else if (session_.state.isTrx()) {
-        mode.samplesPerPoint = trxSamples();
-    }
+    setSamples(mode, session_.state.type());
     mode.putInto(settings_.record);
     sendIfConnected();
 }

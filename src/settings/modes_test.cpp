@@ -150,20 +150,21 @@ protected:
 };
 
 TEST_F(ModesTest, ProfileGoesByTheTypeLabel) {
-    const std::pair<const char*, const char*> table[] = {{"GLOW", "200"}, {"TRX", "30"}, {"________", "7"}};
+    const std::pair<InstrumentType, const char*> table[] = {
+        {InstrumentType::Glow, "200"}, {InstrumentType::Trx, "30"}, {InstrumentType::Unknown, "7"}};
     session.state.Vartemp = QStringLiteral("F");
-    for (const auto& [label, samples] : table) {
+    for (const auto& [type, samples] : table) {
         fillOtherwise();
-        session.status.instrument = QString::fromLatin1(label);
+        session.status.instrument = type;
         modes.profile();
-        EXPECT_EQ(shown(), profileMode(samples)) << label;
+        EXPECT_EQ(shown(), profileMode(samples)) << samples;
     }
 }
 
 TEST_F(ModesTest, MooredGoesByTheTypeLetter) {
     const std::pair<const char*, const char*> table[] = {{"F", "200"}, {"f", "200"}, {"V", "30"},
                                                          {"v", "30"},  {"", "7"},    {"X", "7"}};
-    session.status.instrument = QStringLiteral("GLOW");
+    session.status.instrument = InstrumentType::Glow;
     logged = true;
     for (const auto& [letter, samples] : table) {
         fillOtherwise();

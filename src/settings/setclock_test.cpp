@@ -68,7 +68,7 @@ TEST_F(SetClockTest, FinishesAsTheSendingDoes) {
     EXPECT_EQ(instrument->discards, 2);
     EXPECT_EQ(settings.lamp.value(), Lamp::Sent);
     EXPECT_EQ(progress.value.value(), 0);
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::ready);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
     EXPECT_EQ(session.commands.activity.value(), Activity::None);
 }
 
@@ -196,7 +196,7 @@ TEST_F(SettingsCommandsTest, RetrieveRequestsTheReportBehindTheProgressDialog) {
     onWrite = [this](const QByteArray& bytes) {
         EXPECT_EQ(bytes, "P");
         EXPECT_EQ(instrument->discards, 1);
-        EXPECT_EQ(session.state.Ctrlscrn, opstate::ready);
+        EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
     };
     commands.retrieveSettings();
     EXPECT_EQ(writes.size(), 1U);
@@ -247,7 +247,7 @@ TEST_F(SettingsCommandsTest, NoOtherValueIsChecked) {
 TEST_F(SettingsCommandsTest, DisplayLoggerTimeAsksForTheClock) {
     commands.displayLoggerTime();
     EXPECT_EQ(written(), QByteArrayList{"C"});
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::clockCheck);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::ClockCheck);
     EXPECT_EQ(instrument->discards, 0);
 }
 
@@ -261,7 +261,7 @@ TEST_F(SettingsCommandsTest, NothingHappensWithoutAConnection) {
     EXPECT_TRUE(writes.empty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_FALSE(progress.visible.value());
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_EQ(instrument->discards, 0);
 }
 
@@ -274,18 +274,18 @@ TEST_F(SettingsCommandsTest, NothingDisturbsAnOperationUnderWay) {
         commands.displayLoggerTime();
     }
     EXPECT_TRUE(writes.empty());
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
 }
 
 TEST_F(SettingsCommandsTest, EachSamplingOptionWritesThePresetOfTheTypeLabel) {
-    const std::pair<const char*, std::array<const char*, 4>> table[] = {
-        {"TRX", {"10", "30", "100", "210"}},
-        {"GLOW", {"25", "55", "90", "200"}},
-        {"________", {"10", "30", "100", "210"}},
+    const std::pair<InstrumentType, std::array<const char*, 4>> table[] = {
+        {InstrumentType::Trx, {"10", "30", "100", "210"}},
+        {InstrumentType::Glow, {"25", "55", "90", "200"}},
+        {InstrumentType::Unknown, {"10", "30", "100", "210"}},
     };
     session.state.Vartemp = QStringLiteral("F"); // the letter has no say here
     for (const auto& [type, presets] : table) {
-        session.status.instrument = QString::fromLatin1(type);
+        session.status.instrument = type;
         for (int option = 1; option <= 4; ++option) {
             commands.chooseSamplingOption(option);
             EXPECT_EQ(settings.record.samplesPerPoint.value(),

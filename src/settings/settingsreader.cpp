@@ -69,7 +69,7 @@ void SettingsReader::getprefs() {
         return;
     }
     p_.session.status.status = QStringLiteral("Loading Properties");
-    if (prefsState == 0.0F) {
+    if (prefsState == 0) {
         p_.progress.value = 0;
         p_.progress.maximum = 100;
         p_.settings.lamp = Lamp::Reading;
@@ -86,13 +86,12 @@ void SettingsReader::getprefs() {
     const auto* tagged = std::find_if(std::begin(reportFields), std::end(reportFields),
                                       [&line](const auto& field) { return line.startsWith(QChar(field.tag)); });
     if (tagged != std::end(reportFields)) {
-        prefsState = static_cast<float>(tagged->code);
+        prefsState = tagged->code;
         value = plainNumber(leadingNumber(QStringView(line).mid(1)));
     }
     // A line without a tag falls to the field before it, with an empty value, which counts as 0.
-    const auto* field = std::find_if(std::begin(reportFields), std::end(reportFields), [this](const auto& candidate) {
-        return prefsState == static_cast<float>(candidate.code);
-    });
+    const auto* field = std::find_if(std::begin(reportFields), std::end(reportFields),
+                                     [this](const auto& candidate) { return prefsState == candidate.code; });
     if (field == std::end(reportFields)) {
         return;
     }
@@ -116,15 +115,15 @@ void SettingsReader::takeMemoryPointer(double value) {
     selectSamplingOption();
 
     SessionState& state = p_.session.state;
-    const bool resettingShutter = state.Ctrlscrn == opstate::shutterReset;
+    const bool resettingShutter = state.Ctrlscrn == Operation::ShutterReset;
     if (!resettingShutter) {
-        state.Ctrlscrn = opstate::settingsOpen;
+        state.Ctrlscrn = Operation::SettingsOpen;
     }
     settings.lamp = Lamp::Read;
     p_.progress.value = 0;
     p_.progress.valueLabel = QStringLiteral("0");
     p_.progress.visible = false;
-    prefsState = 0.0F;
+    prefsState = 0;
     CommandState& commands = p_.session.commands;
     commands.settingsFormEnabled = true;
     commands.processingMenuVisible = true;
@@ -133,7 +132,7 @@ void SettingsReader::takeMemoryPointer(double value) {
     settings.visible = true;
     if (!resettingShutter) {
         p_.ports.write("C");
-        state.Ctrlscrn = opstate::clockCheck;
+        state.Ctrlscrn = Operation::ClockCheck;
     }
     p_.session.status.status = QStringLiteral("Ready");
 }
@@ -150,7 +149,7 @@ void SettingsReader::selectSamplingOption() {
         }
     };
     select(false);
-    if (p_.session.state.isGlow()) {
+    if (p_.session.state.type() == InstrumentType::Glow) {
         select(true);
     }
     p_.settings.samplingOption = selected;
@@ -204,7 +203,7 @@ void ClockDisplay::show(const QString& dateText, const QString& timeText) {
     settings_.loggerDate = shortDate(*date);
     session_.status.time = time;
     settings_.loggerTime = time;
-    session_.state.Ctrlscrn = opstate::settingsOpen;
+    session_.state.Ctrlscrn = Operation::SettingsOpen;
 }
 
 } // namespace orv

@@ -29,7 +29,7 @@ public:
     void getprefs();
 
     /// 0 between reports, else the code of the last field: G 1, A 2, W 3, L 4, T 5, D 6, Q 7, I 8, S 9, M 10.
-    float prefsState = 0.0F;
+    int prefsState = 0;
 
 private:
     void giveUp();

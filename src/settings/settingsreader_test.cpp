@@ -17,27 +17,27 @@ struct FlagField {
     const char* tag;
     QProperty<bool> LoggerSettings::*box;
     int progress;
-    float code;
+    int code;
 };
 
 const FlagField flagFields[] = {
-    {"S", &LoggerSettings::autoStart, 10, 9.0F}, {"G", &LoggerSettings::gain, 20, 1.0F},
-    {"A", &LoggerSettings::auxAdc, 30, 2.0F},    {"L", &LoggerSettings::logEnabled, 40, 4.0F},
-    {"W", &LoggerSettings::wakeUp, 50, 3.0F},    {"M", &LoggerSettings::append, 60, 10.0F},
+    {"S", &LoggerSettings::autoStart, 10, 9}, {"G", &LoggerSettings::gain, 20, 1},
+    {"A", &LoggerSettings::auxAdc, 30, 2},    {"L", &LoggerSettings::logEnabled, 40, 4},
+    {"W", &LoggerSettings::wakeUp, 50, 3},    {"M", &LoggerSettings::append, 60, 10},
 };
 
 struct NumberField {
     const char* tag;
     QProperty<QString> LoggerSettings::*box;
     int progress;
-    float code;
+    int code;
 };
 
 const NumberField numberFields[] = {
-    {"T", &LoggerSettings::samplesPerPoint, 70, 5.0F},
-    {"D", &LoggerSettings::hoursBeforeBlock, 80, 6.0F},
-    {"Q", &LoggerSettings::pointsPerBlock, 90, 7.0F},
-    {"I", &LoggerSettings::secondsBetweenPoints, 100, 8.0F},
+    {"T", &LoggerSettings::samplesPerPoint, 70, 5},
+    {"D", &LoggerSettings::hoursBeforeBlock, 80, 6},
+    {"Q", &LoggerSettings::pointsPerBlock, 90, 7},
+    {"I", &LoggerSettings::secondsBetweenPoints, 100, 8},
 };
 
 TEST_F(GetPrefsTest, OneTicksTheFlagsBoxAndNothingElse) {
@@ -156,7 +156,7 @@ TEST_F(GetPrefsTest, LineWithoutTagAheadOfTheFirstFieldChangesNoField) {
     for (const NumberField& each : numberFields) {
         EXPECT_EQ((record().*each.box).value(), QStringLiteral("5")) << each.tag;
     }
-    EXPECT_EQ(reader.prefsState, 0.0F);
+    EXPECT_EQ(reader.prefsState, 0);
     EXPECT_EQ(progress.value.value(), 0);
     EXPECT_EQ(session.status.status.value(), QStringLiteral("Loading Properties"));
 }
@@ -331,7 +331,7 @@ TEST_F(GetPrefsTest, MemoryPointerIsShownRawAndAsPercentage) {
         take(each.line);
         EXPECT_EQ(settings.memoryPointer.value(), QString::fromLatin1(each.raw));
         EXPECT_EQ(settings.capacity.value(), QString::fromLatin1(each.capacity));
-        EXPECT_EQ(reader.prefsState, 0.0F) << "the report has ended";
+        EXPECT_EQ(reader.prefsState, 0) << "the report has ended";
     }
 }
 
@@ -351,14 +351,14 @@ TEST_F(GetPrefsTest, EndOfTheReportShowsTheSettingsAndAsksForTheClock) {
     EXPECT_TRUE(commands.runVisible);
     EXPECT_TRUE(settings.visible);
     EXPECT_EQ(instrument->allWritten(), QByteArray("C"));
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::clockCheck);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::ClockCheck);
     EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
 }
 
 TEST_F(GetPrefsTest, ShutterResetKeepsItsCodeAndTheClockIsNotAskedFor) {
-    session.state.Ctrlscrn = opstate::shutterReset;
+    session.state.Ctrlscrn = Operation::ShutterReset;
     take("MP100");
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::shutterReset);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::ShutterReset);
     EXPECT_EQ(instrument->allWritten(), QByteArray());
     EXPECT_EQ(settings.memoryPointer.value(), QStringLiteral("100"));
     EXPECT_TRUE(settings.visible);
@@ -410,7 +410,7 @@ protected:
         ports.setDevice(2, QStringLiteral("debug"));
         ports.openDebugPort();
         debug.comm2Output = true;
-        session.state.Ctrlscrn = opstate::clockCheck;
+        session.state.Ctrlscrn = Operation::ClockCheck;
         for (QProperty<QString>* label : labels()) {
             *label = QStringLiteral("kept");
         }
@@ -453,7 +453,7 @@ TEST_F(CheckTimeTest, ReplyIsShownOnBothScreensAndTheCodeBecomesSettingsOpen) {
     EXPECT_EQ(settings.loggerDate.value(), QStringLiteral("11/21/26"));
     EXPECT_EQ(session.status.time.value(), QStringLiteral("9:30:02 AM"));
     EXPECT_EQ(settings.loggerTime.value(), QStringLiteral("9:30:02 AM"));
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(debugPort->allWritten(), QByteArray("Check Orv Sensor Time\r"));
 }
@@ -463,7 +463,7 @@ TEST_F(CheckTimeTest, ReplyUnderTenCharactersChangesNothingAndTellsNothing) {
         SCOPED_TRACE(reply);
         check(reply);
         expectLabelsKept();
-        EXPECT_EQ(session.state.Ctrlscrn, opstate::clockCheck);
+        EXPECT_EQ(session.state.Ctrlscrn, Operation::ClockCheck);
     }
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(debugPort->writes.size(), 5U) << "announced at every call";
@@ -525,11 +525,11 @@ TEST_F(CheckTimeTest, ReplyThatCannotBeReadIsToldAndTheLabelsKeepWhatTheyHad) {
           "11/21/26\t12x", "11/21/26 25652", "\t11/21/26\t25652", "11/21/26\t1e300", "1234567890"}) {
         SCOPED_TRACE(reply);
         messages.shown.clear();
-        session.state.Ctrlscrn = opstate::clockCheck;
+        session.state.Ctrlscrn = Operation::ClockCheck;
         check(reply);
         EXPECT_EQ(messages.shown, std::vector<Message>{expected});
         expectLabelsKept();
-        EXPECT_EQ(session.state.Ctrlscrn, opstate::clockCheck);
+        EXPECT_EQ(session.state.Ctrlscrn, Operation::ClockCheck);
     }
 }
 

@@ -97,12 +97,12 @@ void PromptDialogue::finish() {
     p_.settings.lamp = Lamp::Sent;
     p_.timer.setInterval(StatusTimer::slowInterval);
     p_.ports.discardInput();
-    p_.session.state.Ctrlscrn = opstate::ready;
+    p_.session.state.Ctrlscrn = Operation::Ready;
     p_.ports.write("P");
 }
 
 bool PromptDialogue::transcriptWanted() const {
-    const bool glow = p_.session.status.instrument.value() == QLatin1String("GLOW");
+    const bool glow = p_.session.status.instrument.value() == InstrumentType::Glow;
     return glow ? p_.settings.glowProvideRawCounts : p_.settings.trxProvideRawCounts;
 }
 
@@ -226,7 +226,7 @@ PromptOutcome SettingsSender::talk() {
     }
     // During a shutter reset the settings are sent only for a while; the clock is none of its business.
     if (outcome == PromptOutcome::Came && p_.settings.syncTimeDate &&
-        p_.session.state.Ctrlscrn != opstate::shutterReset) {
+        p_.session.state.Ctrlscrn != Operation::ShutterReset) {
         p_.session.commands.activity = Activity::SettingClock;
         outcome = clock_.setclock();
     }
@@ -286,7 +286,7 @@ void SettingsCommands::retrieveSettings() {
         return;
     }
     ports_.discardInput();
-    session_.state.Ctrlscrn = opstate::ready;
+    session_.state.Ctrlscrn = Operation::Ready;
     ports_.write("P");
     progress_.maximum = 100;
     progress_.show();
@@ -314,11 +314,11 @@ void SettingsCommands::displayLoggerTime() {
         return;
     }
     ports_.write("C");
-    session_.state.Ctrlscrn = opstate::clockCheck;
+    session_.state.Ctrlscrn = Operation::ClockCheck;
 }
 
 void SettingsCommands::chooseSamplingOption(int option) {
-    const bool glow = session_.status.instrument.value() == QLatin1String("GLOW");
+    const bool glow = session_.status.instrument.value() == InstrumentType::Glow;
     settings_.record.samplesPerPoint = samplingPresets(glow).at(static_cast<std::size_t>(option - 1)).samplesPerPoint;
     settings_.samplingOption = option;
 }

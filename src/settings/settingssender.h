@@ -59,7 +59,7 @@ public:
     void finish();
 
     /// "Provide Raw Counts" of the calibration frame that belongs to the connected type: the fluorometer's when the
-    /// type label reads "GLOW", else the scattering meter's.
+    /// main window shows "GLOW", else the scattering meter's.
     bool transcriptWanted() const;
 
     /// waitprompt() is running: no tick may be dispatched.
@@ -162,7 +162,7 @@ public:
     void displayLoggerTime();
 
     /// The operator has chosen a sampling-rate option, 1..4: its preset goes into the samples per point, the
-    /// fluorometer's when the type label reads "GLOW", else the scattering meter's.
+    /// fluorometer's when the main window shows "GLOW", else the scattering meter's.
     void chooseSamplingOption(int option);
 
 private:

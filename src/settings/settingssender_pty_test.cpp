@@ -74,7 +74,7 @@ protected:
         }
         ASSERT_EQ(greeting, "V512\r");
         port->writes.clear();
-        session.state.Ctrlscrn = opstate::settingsOpen;
+        session.state.Ctrlscrn = Operation::SettingsOpen;
         session.state.Vartemp = QStringLiteral("V");
         settings.computerDate = QStringLiteral("1/5/99");
     }
@@ -88,10 +88,10 @@ protected:
     void tick() {
         ports.waitForInput(1);
         poll.quary();
-        if (session.state.Ctrlscrn == opstate::ready && !session.state.Rtn.isEmpty()) {
+        if (session.state.Ctrlscrn == Operation::Ready && !session.state.Rtn.isEmpty()) {
             reader.getprefs();
         }
-        if (session.state.Ctrlscrn == opstate::clockCheck) {
+        if (session.state.Ctrlscrn == Operation::ClockCheck) {
             clockDisplay.checktime();
         }
     }
@@ -166,7 +166,7 @@ TEST_F(SendingPtyTest, TheInstrumentReportsWhatItWasSent) {
     tickFor(300);
     EXPECT_EQ(Mode::of(settings.record), sentMode);
     EXPECT_EQ(settings.samplingOption.value(), 3);
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -189,7 +189,7 @@ TEST_F(SendingPtyTest, TheClockIsSetAndTheSecondReportDoesNoHarm) {
     EXPECT_EQ(Mode::of(settings.record), sentMode);
     EXPECT_EQ(settings.loggerDate.value(), QStringLiteral("1/5/99"));
     EXPECT_TRUE(settings.loggerTime.value().startsWith(QStringLiteral("9:30:")));
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
     EXPECT_EQ(settings.lamp.value(), Lamp::Read);
     EXPECT_TRUE(messages.shown.empty());

@@ -131,14 +131,14 @@ TEST_F(SetPrefsTest, FinishesWithTheLampGreenAndTheTimerSlow) {
     onWrite = [this](const QByteArray& bytes) {
         if (bytes == "P") {
             EXPECT_EQ(instrument->discards, 1);
-            EXPECT_EQ(session.state.Ctrlscrn, opstate::ready);
+            EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
         }
     };
     sender.setprefs();
     EXPECT_EQ(settings.lamp.value(), Lamp::Sent);
     EXPECT_EQ(timer.interval(), 10);
     EXPECT_TRUE(timer.isRunning());
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::ready);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
     EXPECT_EQ(progress.value.value(), 0);
     EXPECT_EQ(progress.valueLabel.value(), QStringLiteral("0"));
     EXPECT_EQ(session.commands.activity.value(), Activity::None);
@@ -204,7 +204,7 @@ TEST_F(SetPrefsTest, SendsTextsAsTypedAndAnEmptyBoxAsABareReturn) {
 TEST_F(SetPrefsTest, GivesUpOnASilentInstrumentAfterOneItem) {
     answered = 0;
     progress.visible = true;
-    session.state.Ctrlscrn = opstate::settingsOpen;
+    session.state.Ctrlscrn = Operation::SettingsOpen;
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
     EXPECT_EQ(written(), QByteArrayList{"B"});
     EXPECT_EQ(passes, 5000);
@@ -214,7 +214,7 @@ TEST_F(SetPrefsTest, GivesUpOnASilentInstrumentAfterOneItem) {
     EXPECT_EQ(timer.interval(), 10);
     EXPECT_TRUE(timer.isRunning());
     EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_EQ(session.commands.activity.value(), Activity::None);
     EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("30"));
     EXPECT_EQ(instrument->discards, 0);
@@ -250,11 +250,11 @@ TEST_F(SetPrefsTest, DoesNotYieldButKeepsTheWindowsAlive) {
 
 TEST_F(SetPrefsTest, NeverSetsTheClockDuringAShutterReset) {
     settings.syncTimeDate = true;
-    session.state.Ctrlscrn = opstate::shutterReset;
+    session.state.Ctrlscrn = Operation::ShutterReset;
     session.commands.activity = Activity::ResettingShutter;
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
     EXPECT_EQ(written(), wholeSending);
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::ready);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
     EXPECT_EQ(session.commands.activity.value(), Activity::ResettingShutter);
 }
 
@@ -349,7 +349,7 @@ TEST_F(SetPrefsTest, ListsNothingWhileValuesAreCalculated) {
 
 TEST_F(SetPrefsTest, TheOptionOfTheConnectedTypeDecidesOnTheTranscript) {
     settings.trxProvideRawCounts = false;
-    session.status.instrument = QStringLiteral("GLOW");
+    session.status.instrument = InstrumentType::Glow;
     sender.setprefs();
     EXPECT_EQ(transcript().size(), 20);
 }

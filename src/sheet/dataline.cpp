@@ -61,12 +61,14 @@ QStringList trxNewerRow(HeaderPlace place) {
 
 } // namespace
 
-RowLayout rowLayout(const QString& typeLetter, double firmware) {
-    if (typeLetter == QLatin1String("F") || typeLetter == QLatin1String("f")) {
+RowLayout rowLayout(InstrumentType type, double firmware) {
+    switch (type) {
+    case InstrumentType::Glow:
         return RowLayout::Glow;
-    }
-    if (typeLetter == QLatin1String("V") || typeLetter == QLatin1String("v")) {
-        return firmware < 500.0 ? RowLayout::TrxOlder : RowLayout::TrxNewer;
+    case InstrumentType::Trx:
+        return firmware < newerGeneration ? RowLayout::TrxOlder : RowLayout::TrxNewer;
+    case InstrumentType::Unknown:
+        break;
     }
     return RowLayout::Unknown;
 }
@@ -99,7 +101,7 @@ QStringList headerRow(HeaderPlace place, RowLayout layout) {
 }
 
 QStringList recordFileHeader(double firmware) {
-    if (firmware >= 500.0) {
+    if (firmware >= newerGeneration) {
         return columns({"Date", "Time", "LED1", "REF1", "LED2", "REF2", "LED3", "REF3"});
     }
     return columns({"Date", "Time", "LED1", "LED2", "LED3", "REF3"});

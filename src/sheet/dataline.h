@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "link/session.h"
+
 #include <QStringList>
 
 #include <array>
@@ -24,8 +26,10 @@ enum class RowLayout {
     TrxNewer, ///< Firmware 500 or more: three angles, then one reference.
 };
 
-/// The layout for a type letter (either case) and a firmware number.
-RowLayout rowLayout(const QString& typeLetter, double firmware);
+/// The least firmware number of the newer generation.
+inline constexpr double newerGeneration = 500.0;
+
+RowLayout rowLayout(InstrumentType type, double firmware);
 
 /// How many values a data line of the layout carries after date and time count: 1, 6 or 4; for Unknown the most any
 /// layout has, 6.

@@ -22,7 +22,7 @@ TEST(RowLayout, TypeLetterInEitherCaseAndFirmwareGenerationDecide) {
         {"VF", 512.0, RowLayout::Unknown},
     };
     for (const auto& each : cases) {
-        EXPECT_EQ(rowLayout(QString::fromLatin1(each.letter), each.firmware), each.layout)
+        EXPECT_EQ(rowLayout(instrumentType(QString::fromLatin1(each.letter)), each.firmware), each.layout)
             << each.letter << ' ' << each.firmware;
     }
 }

@@ -27,7 +27,7 @@ public:
         QString letter;
         double firmware = 0.0;
 
-        RowLayout layout() const { return rowLayout(letter, firmware); }
+        RowLayout layout() const { return rowLayout(instrumentType(letter), firmware); }
         bool operator==(const Type&) const = default;
     };
 

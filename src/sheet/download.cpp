@@ -66,15 +66,15 @@ void Download::saveAsText() {
                     QStringLiteral("Make room or choose another folder, and download it again."));
         return;
     }
-    begin(Target::TextFile, opstate::savingText, QStringLiteral("Saving Sheet"));
+    begin(Target::TextFile, Operation::SavingText, QStringLiteral("Saving Sheet"));
 }
 
 void Download::vwhp() {
     p_.progress.show();
-    begin(Target::Sheet, opstate::importing, QStringLiteral("Exporting Memory"));
+    begin(Target::Sheet, Operation::Importing, QStringLiteral("Exporting Memory"));
 }
 
-void Download::begin(Target target, float code, const QString& status) {
+void Download::begin(Target target, Operation operation, const QString& status) {
     target_ = target;
     records_ = 0;
     unread_ = 0;
@@ -86,7 +86,7 @@ void Download::begin(Target target, float code, const QString& status) {
     // One line is taken at each tick. Erased records are lines of 7 characters, 137 a second at 9600 baud: more than
     // the 100 ticks a second that the timer has after settings were sent.
     p_.timer.setInterval(StatusTimer::normalInterval);
-    p_.session.state.Ctrlscrn = code;
+    p_.session.state.Ctrlscrn = operation;
     p_.session.commands.activity = Activity::Downloading;
     p_.session.status.notice = QString();
     p_.ports.write("O");
@@ -206,7 +206,7 @@ void Download::finish() {
 void Download::end() {
     closeTarget();
     target_ = Target::None;
-    p_.session.state.Ctrlscrn = opstate::idle;
+    p_.session.state.Ctrlscrn = Operation::Idle;
     p_.session.commands.activity = Activity::None;
 }
 

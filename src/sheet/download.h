@@ -48,7 +48,7 @@ private:
     /// command may be given, since what is left of this dump would be taken for the answer.
     enum class Target { None, TextFile, Sheet, Nowhere };
 
-    void begin(Target target, float code, const QString& status);
+    void begin(Target target, Operation operation, const QString& status);
     bool takeReply(const QString& progressLabel, DataRow& row);
     void showProgress(const QString& label);
     void finish();

@@ -35,7 +35,7 @@ TEST_F(DownloadEndsTest, CancelledDialogSendsAndWritesNothing) {
     EXPECT_FALSE(progress.visible);
     EXPECT_EQ(instrument->allWritten(), QByteArray());
     EXPECT_TRUE(filesIn(folder).isEmpty());
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_EQ(status(), "Ready");
     EXPECT_EQ(session.status.notice.value(), QStringLiteral("kept"));
     EXPECT_FALSE(isTaking());
@@ -104,7 +104,7 @@ TEST_F(DownloadEndsTest, ConnectionLostDuringTheFileDialogEndsItThere) {
         EXPECT_EQ(dump(), QByteArray("older"));
         EXPECT_FALSE(progress.visible);
         EXPECT_FALSE(isTaking());
-        EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+        EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     }
 }
 
@@ -114,14 +114,14 @@ TEST_F(DownloadEndsTest, InstrumentOfUnknownTypeGivesNoFile) {
     EXPECT_EQ(instrument->allWritten(), QByteArray());
     EXPECT_TRUE(filesIn(folder).isEmpty());
     EXPECT_FALSE(progress.visible);
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_TRUE(onlyMessage().starts_with("The instrument has not told its type"));
 }
 
 TEST_F(DownloadEndsTest, FileThatCannotBeCreatedIsToldAndNothingIsSent) {
     saveAsText();
     replyAll({">O", record, "EOF"});
-    session.state.Ctrlscrn = opstate::settingsOpen;
+    session.state.Ctrlscrn = Operation::SettingsOpen;
     instrument->writes.clear();
     saveAsText("nowhere/dump.txt");
     EXPECT_EQ(instrument->allWritten(), QByteArray());
@@ -130,7 +130,7 @@ TEST_F(DownloadEndsTest, FileThatCannotBeCreatedIsToldAndNothingIsSent) {
                                  "still holds its data. Make room or choose another folder, and download it again.");
     expectDialogPutBack();
     EXPECT_FALSE(isTaking());
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_EQ(status(), "Ready");
 }
 
@@ -234,7 +234,7 @@ TEST_F(DownloadEndsTest, RecordsOfAutomaticSavesAreNotSoughtOnTheSheet) {
 
 TEST_F(DownloadEndsTest, WithoutADownloadThereIsNothingToEnd) {
     download.endIncomplete();
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::settingsOpen);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     saveAsText();
     reply("EOF");
     download.endIncomplete();

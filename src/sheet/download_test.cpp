@@ -61,7 +61,7 @@ TEST_F(DownloadTest, TextDownloadAsksAnnouncesAndStarts) {
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|Stored Data.txt|.txt|*.txt");
     EXPECT_EQ(debugPort->allWritten(), QByteArray("F2 Click\r"));
     EXPECT_EQ(instrument->allWritten(), QByteArray("O"));
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::savingText);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::SavingText);
     EXPECT_EQ(session.status.status.value(), QStringLiteral("Saving Sheet"));
     EXPECT_EQ(session.status.notice.value(), QString()) << "a remark on an earlier operation";
     EXPECT_TRUE(isTaking());
@@ -76,7 +76,7 @@ TEST_F(DownloadTest, ViewDownloadStartsWithoutAQuestion) {
     download.vwhp();
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_EQ(instrument->allWritten(), QByteArray("O"));
-    EXPECT_EQ(session.state.Ctrlscrn, opstate::importing);
+    EXPECT_EQ(session.state.Ctrlscrn, Operation::Importing);
     EXPECT_EQ(session.status.status.value(), QStringLiteral("Exporting Memory"));
     EXPECT_TRUE(isTaking());
     EXPECT_TRUE(progress.visible);

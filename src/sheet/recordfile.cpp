@@ -46,7 +46,7 @@ DataSheet::Type RunLock::type() const {
     const QString letter = QString::fromLatin1(found[0]);
     bool isNumber = false;
     const double firmware = found[1].toDouble(&isNumber);
-    if (!isNumber || rowLayout(letter, firmware) == RowLayout::Unknown) {
+    if (!isNumber || instrumentType(letter) == InstrumentType::Unknown) {
         return {};
     }
     return {.letter = letter, .firmware = firmware};
@@ -84,7 +84,7 @@ bool RunLock::copyFrom(const RunLock& other) const {
 namespace {
 
 /// A firmware number of each generation, whose headers differ.
-constexpr std::array generations{0.0, 500.0};
+constexpr std::array generations{0.0, newerGeneration};
 
 /// How long a written row may wait for the disk, in milliseconds.
 constexpr qint64 diskDelay = 500;

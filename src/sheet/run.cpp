@@ -51,7 +51,7 @@ void Run::run1() {
 void Run::startRunningProfile() {
     p_.ports.debugsay(QStringLiteral("Start Running Profile"));
     p_.ports.write("R");
-    p_.session.state.Ctrlscrn = opstate::collecting;
+    p_.session.state.Ctrlscrn = Operation::Collecting;
     p_.session.commands.activity = Activity::Collecting;
     p_.session.status.status = QStringLiteral("Running");
     p_.session.status.notice = QString();
@@ -122,7 +122,7 @@ void Run::endIfPrompted() {
 
 void Run::endRun() {
     closeRecordFile();
-    p_.session.state.Ctrlscrn = opstate::collectionSetUp;
+    p_.session.state.Ctrlscrn = Operation::CollectionSetUp;
     p_.session.status.status = QStringLiteral("Ready");
 }
 

@@ -242,7 +242,7 @@ TEST_F(CollectionFilesTest, RecordFileThatCannotBeCreatedIsToldOnceAndRowsGoOn) 
         run.profilemode();
         run.profilemode();
         EXPECT_EQ(messages.shown.size(), runs);
-        EXPECT_EQ(session.state.Ctrlscrn, opstate::collecting);
+        EXPECT_EQ(session.state.Ctrlscrn, Operation::Collecting);
         run.closeRecordFile();
     }
     EXPECT_EQ(sheet.rowCount(), 4);

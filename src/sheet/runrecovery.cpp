@@ -25,8 +25,7 @@ constexpr qsizetype cellsBeforeValues = 3;
 constexpr qsizetype glowFields = cellsBeforeValues + 1;
 constexpr qsizetype trxFields = cellsBeforeValues + 6;
 
-/// The least firmware number of each generation, where only the generation is known.
-constexpr double newerGeneration = 500.0;
+/// A firmware number of the older generation, where only the generation is known.
 constexpr double olderGeneration = 0.0;
 
 bool isHeaderLine(const QByteArray& line) {
@@ -194,8 +193,7 @@ QString notRecovered(const RecordedRows& found) {
     }
     if (found.typeGuessed) {
         notes << QStringLiteral("The instrument's type was told by the rows; the sheet says %1 with firmware %2.")
-                     .arg(rowLayout(found.sheet.type.letter, 0.0) == RowLayout::Glow ? QStringLiteral("GLOW")
-                                                                                     : QStringLiteral("TRX"),
+                     .arg(instrumentName(instrumentType(found.sheet.type.letter)),
                           plainNumber(found.sheet.type.firmware));
     }
     const int number = found.sheet.rows.front().split('\t').first().toInt();

@@ -71,7 +71,7 @@ TEST_F(SheetFilesTest, EmptySheetIsItsHeader) {
 TEST_F(SheetFilesTest, TypeWrittenIsTheSheetsOwn) {
     identify("V", "512");
     session.state.Vartemp = QStringLiteral("F");
-    session.status.firmware = QStringLiteral("7");
+    session.setFirmware(QStringLiteral("7"));
     EXPECT_EQ(bytes().substr(0, 9), "V\t512 0\r\n");
 }
 

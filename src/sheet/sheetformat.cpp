@@ -92,7 +92,7 @@ FirstLine readFirstLine(QByteArrayView line) {
     const QByteArrayList cells = rowOf(line, 2, Quotes::OfSpreadsheet).split('\t');
     const QByteArrayList numbers = cells[1].simplified().split(' ');
     const QString letter = QString::fromLatin1(cells[0]);
-    if (rowLayout(letter, 0.0) == RowLayout::Unknown || numbers.size() != 2) {
+    if (instrumentType(letter) == InstrumentType::Unknown || numbers.size() != 2) {
         return first;
     }
     bool isCount = false;

@@ -234,7 +234,7 @@ TEST_F(SheetLoadingTest, UnreadableFileIsTold) {
 TEST_F(SheetLoadingTest, LoadedSheetCanBeSavedWithoutAnInstrument) {
     ports.close();
     session.state.Vartemp.clear();
-    session.status.firmware = StatusState::unknownShort();
+    session.setFirmware(StatusState::unknownShort());
     session.commands.sheetHoldsRows = false;
     load(path("newer.txt"));
     EXPECT_TRUE(session.commands.canSaveAs);

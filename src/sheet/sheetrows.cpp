@@ -14,12 +14,8 @@ SheetRows::SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetS
     , sheet_(sheet)
     , shown_(shown) {}
 
-double SheetRows::firmware() const {
-    return leadingNumber(session_.status.firmware.value());
-}
-
 RowLayout SheetRows::connectedLayout() const {
-    return rowLayout(session_.state.Vartemp, firmware());
+    return connectedType().layout();
 }
 
 void SheetRows::layOutOnOpening() {
@@ -41,12 +37,14 @@ void SheetRows::clear() {
     shown_.counter = QStringLiteral("0");
     shown_.unsaved = false;
     session_.commands.sheetHoldsRows = false;
-    // A firmware label that has not been filled reads as 0, the older generation.
-    const QString shownLetter = session_.state.isGlow() ? QStringLiteral("F") : QStringLiteral("V");
-    const RowLayout layout = rowLayout(shownLetter, firmware());
-    const bool known = session_.state.isGlow() || session_.state.isTrx();
-    sheet_.setHeader({.letter = known ? session_.state.Vartemp : QString(), .firmware = firmware()},
-                     headerRow(HeaderPlace::GridOnClearing, layout));
+    // While the firmware is not known it counts as the older generation.
+    const InstrumentType type = session_.state.type();
+    const double firmware = session_.state.firmware;
+    const RowLayout layout =
+        rowLayout(type == InstrumentType::Glow ? InstrumentType::Glow : InstrumentType::Trx, firmware);
+    sheet_.setHeader(
+        {.letter = type != InstrumentType::Unknown ? session_.state.Vartemp : QString(), .firmware = firmware},
+        headerRow(HeaderPlace::GridOnClearing, layout));
 }
 
 void SheetRows::addRow(const DataRow& row) {

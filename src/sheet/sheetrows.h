@@ -34,8 +34,9 @@ public:
 
     /// The layout of the connected instrument's data lines.
     RowLayout connectedLayout() const;
-    double firmware() const;
-    DataSheet::Type connectedType() const { return {.letter = session_.state.Vartemp, .firmware = firmware()}; }
+    DataSheet::Type connectedType() const {
+        return {.letter = session_.state.Vartemp, .firmware = session_.state.firmware};
+    }
 
 private:
     void clear();

@@ -17,7 +17,7 @@ protected:
     void clearedAs(const char* letter, const char* firmware, const char* header) {
         SCOPED_TRACE(std::string(letter) + " " + firmware);
         session.state.Vartemp = QString::fromLatin1(letter);
-        session.status.firmware = QString::fromLatin1(firmware);
+        session.setFirmware(QString::fromLatin1(firmware));
         rows.clearSpreadSheet();
         EXPECT_EQ(sheet.header().join(u'|').toStdString(), header);
     }
@@ -156,8 +156,8 @@ TEST_F(SheetRowsTest, FirmwareIsTheLeadingNumberOfTheLabel) {
         double firmware;
     } cases[] = {{"512", 512.0}, {"________", 0.0}, {"5.12", 5.12}, {"412b", 412.0}, {"", 0.0}};
     for (const auto& each : cases) {
-        session.status.firmware = QString::fromLatin1(each.label);
-        EXPECT_EQ(rows.firmware(), each.firmware) << each.label;
+        session.setFirmware(QString::fromLatin1(each.label));
+        EXPECT_EQ(rows.connectedType().firmware, each.firmware) << each.label;
     }
 }
 

@@ -197,7 +197,7 @@ protected:
         program.ports.setDevice(1, device);
         load();
         program.autoConnect1();
-        tickUntil([this] { return program.session.state.Ctrlscrn == opstate::settingsOpen; });
+        tickUntil([this] { return program.session.state.Ctrlscrn == Operation::SettingsOpen; });
         ASSERT_TRUE(program.session.commands.canCommand);
         ASSERT_TRUE(messages.shown.empty());
     }

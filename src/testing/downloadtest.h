@@ -11,17 +11,17 @@ class DownloadTest : public SheetTest {
 protected:
     DownloadTest() {
         settings.memoryPointer = QStringLiteral("200");
-        session.state.Ctrlscrn = opstate::settingsOpen;
+        session.state.Ctrlscrn = Operation::SettingsOpen;
         session.status.status = QStringLiteral("Ready");
     }
 
     /// One tick of the status timer.
     void tickOnce() {
         poll.quary();
-        if (session.state.Ctrlscrn == opstate::savingText) {
+        if (session.state.Ctrlscrn == Operation::SavingText) {
             download.savefiletxt();
         }
-        if (session.state.Ctrlscrn == opstate::importing) {
+        if (session.state.Ctrlscrn == Operation::Importing) {
             download.importtofg1();
         }
     }
@@ -62,7 +62,7 @@ protected:
 
     /// Nothing of a download is left over: commands can be given, the dialog is closed and as new.
     void expectIdle() {
-        EXPECT_EQ(session.state.Ctrlscrn, opstate::idle);
+        EXPECT_EQ(session.state.Ctrlscrn, Operation::Idle);
         EXPECT_EQ(session.commands.activity.value(), Activity::None);
         expectDialogPutBack();
     }

@@ -200,7 +200,7 @@ protected:
         while (!reached()) {
             if (passed.elapsed() > patience) {
                 ADD_FAILURE() << "status \"" << program.session.status.status.value().toStdString() << "\", code "
-                              << program.session.state.Ctrlscrn;
+                              << static_cast<int>(program.session.state.Ctrlscrn);
                 return false;
             }
             QTimer wakeUp;
@@ -213,9 +213,9 @@ protected:
 
     bool isReady() const {
         return program.session.status.status.value() == QLatin1String("Ready") &&
-               program.session.state.Ctrlscrn == opstate::settingsOpen;
+               program.session.state.Ctrlscrn == Operation::SettingsOpen;
     }
-    bool runHasEnded() const { return program.session.state.Ctrlscrn == opstate::collectionSetUp; }
+    bool runHasEnded() const { return program.session.state.Ctrlscrn == Operation::CollectionSetUp; }
 
     void connectAndRead() {
         program.autoConnect1();

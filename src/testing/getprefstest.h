@@ -38,7 +38,7 @@ protected:
         ports.setDevice(2, QStringLiteral("debug"));
         ports.open();
         ports.openDebugPort();
-        session.state.Ctrlscrn = opstate::ready;
+        session.state.Ctrlscrn = Operation::Ready;
         session.state.Vartemp = QStringLiteral("V");
     }
 

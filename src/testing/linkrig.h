@@ -69,7 +69,7 @@ public:
         ports.debugsay(QStringLiteral("(reset)"));
         ports.close();
         state.Rtn = QStringLiteral("wakeup!!!");
-        state.Ctrlscrn = opstate::idle;
+        state.Ctrlscrn = Operation::Idle;
         state.Tmr = 1;
         session.status.status = QStringLiteral("Offline");
         items.enableAll();

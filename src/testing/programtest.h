@@ -107,7 +107,7 @@ protected:
         replies = {greeting};
         program.autoConnect1();
         ASSERT_TRUE(program.ports.isOpen());
-        ASSERT_EQ(program.session.state.Ctrlscrn, opstate::identified);
+        ASSERT_EQ(program.session.state.Ctrlscrn, Operation::Identified);
     }
 
     /// Connects and lets the instrument answer until the program is "Ready".
@@ -118,7 +118,7 @@ protected:
         ticks(linesOfReport);
         receive("C\r\n11/21/26\t25661\r\n>");
         ticks(2);
-        ASSERT_EQ(program.session.state.Ctrlscrn, opstate::settingsOpen);
+        ASSERT_EQ(program.session.state.Ctrlscrn, Operation::SettingsOpen);
         ASSERT_EQ(program.session.status.status.value().toStdString(), "Ready");
     }
 
@@ -139,7 +139,7 @@ protected:
         EXPECT_FALSE(com1.isOpen());
         const SessionState& state = program.session.state;
         EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
-        EXPECT_EQ(state.Ctrlscrn, opstate::idle);
+        EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
         EXPECT_EQ(state.Rtn.toStdString(), "wakeup!!!");
         EXPECT_EQ(state.Tmr, 1);
         EXPECT_EQ(state.portstatus, 2);

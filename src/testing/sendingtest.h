@@ -29,9 +29,9 @@ protected:
             clock.advance(milliseconds);
         };
         instrument->written = [this](const QByteArray& bytes) { takeWrite(bytes); };
-        session.state.Ctrlscrn = opstate::settingsOpen;
+        session.state.Ctrlscrn = Operation::SettingsOpen;
         session.state.Vartemp = QStringLiteral("V");
-        session.status.instrument = QStringLiteral("TRX");
+        session.status.instrument = InstrumentType::Trx;
         session.status.status = QStringLiteral("before");
         settings.record.samplesPerPoint = QStringLiteral("30");
         settings.record.hoursBeforeBlock = QStringLiteral("24");

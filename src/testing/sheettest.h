@@ -93,14 +93,14 @@ protected:
 
     void identify(const char* letter, const char* firmware) {
         session.state.Vartemp = QString::fromLatin1(letter);
-        session.status.firmware = QString::fromLatin1(firmware);
+        session.setFirmware(QString::fromLatin1(firmware));
         rows.layOutOnOpening();
     }
 
     /// What a status timer's tick does while a run may be under way.
     void tick() {
         poll.quary();
-        if (session.state.Ctrlscrn == opstate::collecting) {
+        if (session.state.Ctrlscrn == Operation::Collecting) {
             if (session.state.Rtn.isEmpty()) {
                 collection.endIfPrompted();
             } else {
@@ -123,14 +123,14 @@ protected:
     }
 
     void expectRunning() {
-        EXPECT_EQ(session.state.Ctrlscrn, opstate::collecting);
+        EXPECT_EQ(session.state.Ctrlscrn, Operation::Collecting);
         EXPECT_EQ(session.status.status.value(), QStringLiteral("Running"));
         EXPECT_EQ(session.commands.activity.value(), Activity::Collecting);
         EXPECT_TRUE(recordFile.isOpen());
     }
 
     void expectEnded() {
-        EXPECT_EQ(session.state.Ctrlscrn, opstate::collectionSetUp);
+        EXPECT_EQ(session.state.Ctrlscrn, Operation::CollectionSetUp);
         EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
         EXPECT_EQ(session.commands.activity.value(), Activity::None);
         EXPECT_TRUE(session.commands.runEnabled);

@@ -96,7 +96,7 @@ public:
         }
         port->discardInput();
         port->writes.clear();
-        reader.prefsState = 0.0F;
+        reader.prefsState = 0;
 
         yield.tick = [this] {
             if (timer.isRunning()) {
@@ -119,7 +119,7 @@ public:
         port->discardInput(); // wakes an instrument on a pseudo-terminal
         clock.advance(300);
         port->readAll();
-        session.state.Ctrlscrn = opstate::settingsOpen;
+        session.state.Ctrlscrn = Operation::SettingsOpen;
         session.state.Vartemp = QStringLiteral("V");
         session.status.status = QStringLiteral("Ready");
         session.commands.activity = Activity::None;
@@ -133,11 +133,11 @@ public:
         if (ports.isOpen()) {
             poll.quary();
         }
-        if (session.state.Ctrlscrn == opstate::ready && !session.state.Rtn.isEmpty()) {
+        if (session.state.Ctrlscrn == Operation::Ready && !session.state.Rtn.isEmpty()) {
             ++linesOfTicks;
             reader.getprefs();
         }
-        if (session.state.Ctrlscrn == opstate::clockCheck) {
+        if (session.state.Ctrlscrn == Operation::ClockCheck) {
             clockDisplay.checktime();
         }
     }
@@ -178,7 +178,7 @@ public:
     void fixit() override {
         ++resets;
         ports.close();
-        session.state.Ctrlscrn = opstate::idle;
+        session.state.Ctrlscrn = Operation::Idle;
         session.status.status = QStringLiteral("Offline");
         session.commands.activity = Activity::None;
         session.commands.runEnabled = false;

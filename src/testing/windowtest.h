@@ -114,7 +114,7 @@ protected:
         com1.input += "C\r\n11/21/26\t25661\r\n>";
         program.tick();
         program.tick();
-        ASSERT_EQ(program.session.state.Ctrlscrn, opstate::settingsOpen);
+        ASSERT_EQ(program.session.state.Ctrlscrn, Operation::SettingsOpen);
     }
 
     void receiveRow() {

@@ -98,14 +98,15 @@ TEST_F(AccessibilityTest, EveryPageOfTheMainWindow) {
 }
 
 TEST_F(AccessibilityTest, EveryTabOfTheSettings) {
-    for (const char* type : {"________", "TRX", "GLOW"}) {
-        program.session.status.instrument = QString::fromLatin1(type);
+    for (const InstrumentType type : {InstrumentType::Unknown, InstrumentType::Trx, InstrumentType::Glow}) {
+        program.session.status.instrument = type;
         SettingsWindow& settings = openSettings();
         EXPECT_EQ(findingsIn(settings), "") << "before a tab is chosen";
         for (const char* tab : {"Modes", "Time and Date", "Control Bits", "Sampling", "Calibration"}) {
             settings.chooseTab(QString::fromLatin1(tab));
             QCoreApplication::processEvents();
-            EXPECT_EQ(findingsIn(settings), "") << "on the tab " << tab << " for " << type;
+            EXPECT_EQ(findingsIn(settings), "")
+                << "on the tab " << tab << " for " << instrumentName(type).toStdString();
         }
     }
     program.settings.record.pointsPerBlock = QStringLiteral("99999");

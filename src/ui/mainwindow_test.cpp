@@ -88,9 +88,9 @@ TEST_F(WindowTest, TheOtherItemsDoWhatTheyName) {
     EXPECT_EQ(said(), "");
     item("DownloadText").trigger();
     EXPECT_EQ(said(), "F2 Click\r");
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::settingsOpen) << "cancelled";
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::SettingsOpen) << "cancelled";
     item("DownloadView").trigger();
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::importing);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Importing);
     item("ClosePort").trigger();
     EXPECT_TRUE(said().find("Close Port\r") != std::string::npos);
     EXPECT_FALSE(com1.isOpen());

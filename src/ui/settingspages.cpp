@@ -136,8 +136,8 @@ QWidget* SamplesPage::makeOptions(Session& session, SettingsState& shown, Settin
         connect(button, &QRadioButton::clicked, this, [&commands, option] { commands.chooseSamplingOption(option); });
     }
     layout->addStretch(1);
-    bindings_.bind(session.status.instrument, [this](const QString& type) {
-        const auto presets = samplingPresets(type == QLatin1String("GLOW"));
+    bindings_.bind(session.status.instrument, [this](InstrumentType type) {
+        const auto presets = samplingPresets(type == InstrumentType::Glow);
         for (std::size_t i = 0; i < options_.size(); ++i) {
             options_.at(i)->setText(withKey(presets.at(i).caption));
             options_.at(i)->setAccessibleName(presets.at(i).caption + QStringLiteral(" data points per second"));

@@ -180,11 +180,11 @@ TEST_F(SettingsPagesTest, DeviceFilesAreForTheScatteringMeterOnly) {
 
 TEST_F(SettingsPagesTest, AChosenSamplingOptionWritesItsPreset) {
     openAt("Sampling");
-    session.status.instrument = QStringLiteral("GLOW");
+    session.status.instrument = InstrumentType::Glow;
     option(3).click();
     EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("90"));
     EXPECT_EQ(find<QLineEdit>("Text2").text(), QStringLiteral("90"));
-    session.status.instrument = QStringLiteral("TRX");
+    session.status.instrument = InstrumentType::Trx;
     option(4).click();
     EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("210"));
     option(4).setFocus();
@@ -205,13 +205,13 @@ TEST_F(SettingsPagesTest, AnOptionThatAReportSelectsLeavesTheText) {
 }
 
 TEST_F(SettingsPagesTest, OptionsAreCaptionedByTheTypeLabel) {
-    const std::pair<const char*, QStringList> table[] = {
-        {"TRX", QStringLiteral("2 1 1/2 1/4").split(QLatin1Char(' '))},
-        {"GLOW", QStringLiteral("5 3 2 1").split(QLatin1Char(' '))},
-        {"________", QStringLiteral("2 1 1/2 1/4").split(QLatin1Char(' '))},
+    const std::pair<InstrumentType, QStringList> table[] = {
+        {InstrumentType::Trx, QStringLiteral("2 1 1/2 1/4").split(QLatin1Char(' '))},
+        {InstrumentType::Glow, QStringLiteral("5 3 2 1").split(QLatin1Char(' '))},
+        {InstrumentType::Unknown, QStringLiteral("2 1 1/2 1/4").split(QLatin1Char(' '))},
     };
     for (const auto& [type, captions] : table) {
-        session.status.instrument = QString::fromLatin1(type);
+        session.status.instrument = type;
         QStringList shown;
         for (int number = 1; number <= 4; ++number) {
             shown << option(number).text().remove(u'&');

@@ -43,9 +43,9 @@ SettingsWindow::SettingsWindow(const Parts& parts, QWidget* parent)
     clearforms();
 
     tabs_->tabChosen = [this](const QString& caption) { showFrame(caption); };
-    bindings_.bind(p_.session.status.instrument, [this](const QString& type) {
+    bindings_.bind(p_.session.status.instrument, [this](InstrumentType type) {
         // The frame stays when the type is only forgotten, so that nothing goes from under the operator's hands.
-        if (chosen_ == calibrationTab() && (type == QLatin1String("GLOW") || type == QLatin1String("TRX"))) {
+        if (chosen_ == calibrationTab() && type != InstrumentType::Unknown) {
             showFrame(chosen_);
         }
     });
@@ -163,11 +163,15 @@ void SettingsWindow::showFrame(const QString& caption) {
 }
 
 QWidget* SettingsWindow::calibrationFrame() {
-    const QString type = p_.session.status.instrument;
-    if (type == QLatin1String("GLOW")) {
+    switch (p_.session.status.instrument.value()) {
+    case InstrumentType::Glow:
         return glowFrame_;
+    case InstrumentType::Trx:
+        return trxFrame_;
+    case InstrumentType::Unknown:
+        break;
     }
-    return type == QLatin1String("TRX") ? trxFrame_ : noTypeHint_;
+    return noTypeHint_;
 }
 
 void SettingsWindow::closeEvent(QCloseEvent* event) {

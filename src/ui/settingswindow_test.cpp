@@ -84,15 +84,15 @@ TEST_F(SettingsWindowTest, PageKeysGoRoundTheTabs) {
 }
 
 TEST_F(SettingsWindowTest, CalibrationShowsTheFrameOfTheTypeLabel) {
-    session.status.instrument = QStringLiteral("GLOW");
+    session.status.instrument = InstrumentType::Glow;
     session.state.Vartemp = QStringLiteral("V"); // the letter has no say here
     openAt("Calibration");
     EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("GlowCalibrationFrame")});
     EXPECT_EQ(find<QGroupBox>("GlowCalibrationFrame").title(),
               QStringLiteral("GLW Calibration: Offsets and B calculations"));
-    session.status.instrument = QStringLiteral("TRX");
+    session.status.instrument = InstrumentType::Trx;
     EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("TrxCalibrationFrame")});
-    session.status.instrument = StatusState::unknownShort();
+    session.status.instrument = InstrumentType::Unknown;
     EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("TrxCalibrationFrame")});
     window.chooseTab(QStringLiteral("Modes"));
     window.chooseTab(QStringLiteral("Calibration"));
@@ -261,8 +261,8 @@ TEST_F(SettingsWindowTest, TheTabKeyGoesFromTopToBottom) {
 }
 
 TEST_F(SettingsWindowTest, MnemonicsAreUniqueOnEachTab) {
-    for (const char* type : {"TRX", "GLOW"}) {
-        session.status.instrument = QString::fromLatin1(type);
+    for (const InstrumentType type : {InstrumentType::Trx, InstrumentType::Glow}) {
+        session.status.instrument = type;
         for (const char* tab : tabNames) {
             openAt(tab);
             QSet<QString> letters;
@@ -290,8 +290,8 @@ TEST_F(SettingsWindowTest, MnemonicsAreUniqueOnEachTab) {
 
 TEST_F(SettingsWindowTest, NothingIsCutOff) {
     settings.record.secondsBetweenPoints = QStringLiteral("99999");
-    for (const char* type : {"TRX", "GLOW"}) {
-        session.status.instrument = QString::fromLatin1(type);
+    for (const InstrumentType type : {InstrumentType::Trx, InstrumentType::Glow}) {
+        session.status.instrument = type;
         for (const char* tab : tabNames) {
             openAt(tab);
             window.resize(window.minimumSizeHint());

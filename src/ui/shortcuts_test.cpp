@@ -131,7 +131,7 @@ TEST_F(ShortcutsTest, EscHidesTheProcessingDialogAndTheDownloadGoesOn) {
     ASSERT_TRUE(dialog.isVisible());
     QTest::keyClick(&dialog, Qt::Key_Escape);
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::importing);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Importing);
     EXPECT_EQ(program.session.commands.activity.value(), Activity::Downloading);
 }
 

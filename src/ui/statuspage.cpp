@@ -209,20 +209,25 @@ QWidget* StatusPage::makeInstrumentBox(Program& program) {
     auto* form = new QFormLayout(box);
     form->setHorizontalSpacing(24);
     form->setVerticalSpacing(8);
-    const auto addRow = [this, form](const QString& caption, const QString& name, const QProperty<QString>& value) {
+    const auto addRow = [this, form](const QString& caption, const QString& name) {
         auto* label = makeValue(name, caption);
         enlarge(label, 1.2);
         form->addRow(caption, label);
-        bindings_.bind(value, [label](const QString& text) { label->setText(text); });
+        return label;
+    };
+    const auto addText = [this, addRow](const QString& caption, const QString& name, const QProperty<QString>& value) {
+        bindings_.bind(value, [label = addRow(caption, name)](const QString& text) { label->setText(text); });
     };
     const StatusState& status = program.session.status;
-    addRow(QStringLiteral("Instrument:"), QStringLiteral("InstrumentLabel"), status.instrument);
-    addRow(QStringLiteral("Firmware Ver."), QStringLiteral("FirmwareLabel"), status.firmware);
-    addRow(QStringLiteral("Date"), QStringLiteral("Label23"), status.date);
-    addRow(QStringLiteral("Time"), QStringLiteral("Label22"), status.time);
+    bindings_.bind(status.instrument,
+                   [label = addRow(QStringLiteral("Instrument:"), QStringLiteral("InstrumentLabel"))](
+                       InstrumentType type) { label->setText(instrumentName(type)); });
+    addText(QStringLiteral("Firmware Ver."), QStringLiteral("FirmwareLabel"), status.firmware);
+    addText(QStringLiteral("Date"), QStringLiteral("Label23"), status.date);
+    addText(QStringLiteral("Time"), QStringLiteral("Label22"), status.time);
     auto* rows = makeCount(QStringLiteral("StatusRows"), QStringLiteral("Rows on the sheet"), 1.2);
     form->addRow(QStringLiteral("Rows on the sheet"), rows);
-    addRow(QStringLiteral("Bytes downloaded"), QStringLiteral("DownloadedBytes"), status.downloadedBytes);
+    addText(QStringLiteral("Bytes downloaded"), QStringLiteral("DownloadedBytes"), status.downloadedBytes);
     auto* buffer = makeCount(QStringLiteral("BufferLabel"), QStringLiteral("Characters in the receive buffer"), 1.0);
     form->addRow(QStringLiteral("Buffer"), buffer);
     counts_ = {rows, buffer};

@@ -44,7 +44,7 @@ TEST_F(ManualDialogTest, ProceedAndStartConnect) {
     button("ManualStart").click();
     EXPECT_GE(waits, longAfterAnAttempt);
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::identified);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Identified);
     EXPECT_EQ(program.session.status.firmware.value().toStdString(), "310");
 }
 
@@ -151,7 +151,7 @@ TEST_F(WindowTest, TheWindowLivesDuringAnAutomaticAttempt) {
     item("AutoConnect1").trigger();
     EXPECT_TRUE(timerRan);
     EXPECT_TRUE(labelDrawn);
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::identified);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Identified);
 }
 
 TEST_F(WindowTest, ClosingTheWindowDuringAnAutomaticAttemptEndsTheProgramBehindIt) {
@@ -205,7 +205,7 @@ TEST_F(ClosingTest, ACancelledSaveKeepsTheWindowAndTheRun) {
     window->close();
     EXPECT_FALSE(events.programEnding());
     EXPECT_TRUE(window->isVisible());
-    EXPECT_EQ(program.session.state.Ctrlscrn, opstate::collecting);
+    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
     receiveRow();
     EXPECT_EQ(program.sheet.rowCount(), 2);
 }
