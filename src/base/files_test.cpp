@@ -100,7 +100,7 @@ TEST(KeptFile, FileThatCannotBeRenamedStaysAndTheReasonIsTold) {
     const QString path = folder.filePath(QStringLiteral("Orvtemp.tmp"));
     fill(path, "rows");
     {
-        const UnwritableFolder unwritable(folder);
+        const UnwritableFolder unwritable(folder.path());
         EXPECT_NE(keepUnderDatedName(path, moment), QString());
     }
     EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp");

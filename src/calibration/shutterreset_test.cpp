@@ -318,7 +318,7 @@ TEST(ShutterReset, APromptAmongOtherCharactersDoesNotEndThePolls) {
     };
     bool together = false;
     bool alone = false;
-    bench.port->waited = [&] {
+    bench.port->waited = [&](int) {
         if (!together && bench.at("Moving Shutter", 30'500)) {
             fake->input = "r\r\n>";
             together = true;
@@ -350,7 +350,7 @@ TEST(ShutterReset, AnnouncesItself) {
     auto* debugPort = new FakePort;
     bench.makePort = [debugPort](TestClock&) { return std::unique_ptr<Port>(debugPort); };
     bench.ports.setDevice(2, QStringLiteral("debug"));
-    UnpluggablePort* const instrument = bench.port;
+    WatchedPort* const instrument = bench.port;
     bench.ports.openDebugPort();
     bench.port = instrument;
     bench.debug.comm2Output = true;

@@ -24,14 +24,14 @@ TEST_P(EveryKind, FileAndSheetHoldTheInstrumentsRecords) {
     connectTo(QString::fromStdString(GetParam()));
     const qsizetype values = valuesOf(GetParam());
     downloadToFile();
-    const ExpectedDump toFile(line->lines(), values);
+    const ExpectedDump toFile(dumpLines(line->blocks), values);
     EXPECT_EQ(toFile.records, 60);
     EXPECT_EQ(fileRows(), toFile.textRows.toStdString());
     expectWholeEnd(toFile);
     EXPECT_EQ(program.sheet.rowCount(), 0);
 
     downloadToSheet();
-    const ExpectedDump toSheet(line->lines(), values);
+    const ExpectedDump toSheet(dumpLines(line->blocks), values);
     EXPECT_EQ(toSheet.textRows, toFile.textRows);
     expectWholeEnd(toSheet);
     EXPECT_EQ(program.sheet.rowCount(), 60);
@@ -61,7 +61,7 @@ TEST_F(SimulatedDownload, MoreRecordsThanASheetHoldsAreSavedOnTheWay) {
     EXPECT_TRUE(saved.startsWith("F\t310 20000\r\nlake0.txt\r\n"));
     const QByteArray all = saved.mid(saved.indexOf("\t\r\n") + 3) + QByteArray::fromStdString(savedSheetRows());
     const QByteArrayList rowsOfFile = all.split('\r');
-    const QByteArrayList rowsOfDump = ExpectedDump(line->lines(), 1).sheetRows.split('\r');
+    const QByteArrayList rowsOfDump = ExpectedDump(dumpLines(line->blocks), 1).sheetRows.split('\r');
     ASSERT_EQ(rowsOfFile.size(), rowsOfDump.size());
     for (qsizetype row = 0; row < rowsOfDump.size(); ++row) {
         const auto withoutNumber = [](const QByteArray& text) { return text.mid(text.indexOf('\t')); };
@@ -78,7 +78,7 @@ TEST_F(SimulatedDownload, CutDumpIsToldWaitedForAndKept) {
         startText();
         tickUntil([this] { return status() == "No data for 10 s. Reset stops the download."; });
         EXPECT_TRUE(isTaking());
-        const ExpectedDump expected(line->lines(), 4);
+        const ExpectedDump expected(dumpLines(line->blocks), 4);
         EXPECT_EQ(expected.records, percent);
         EXPECT_FALSE(expected.ended);
         program.reset();
@@ -87,7 +87,7 @@ TEST_F(SimulatedDownload, CutDumpIsToldWaitedForAndKept) {
         messages.shown.clear();
         tickUntil([this] { return program.session.state.Ctrlscrn == Operation::SettingsOpen; });
         downloadToFile();
-        const ExpectedDump whole(line->lines(), 4);
+        const ExpectedDump whole(dumpLines(line->blocks), 4);
         EXPECT_EQ(whole.records, 100);
         EXPECT_EQ(fileRows(), whole.textRows.toStdString()) << "the same file, downloaded again after the reset";
         expectWholeEnd(whole);
@@ -102,7 +102,7 @@ TEST_F(SimulatedDownload, CutDumpStaysOnTheSheet) {
         program.clearAll();
         program.vwhp();
         tickUntil([this] { return status() == "No data for 10 s. Reset stops the download."; });
-        const ExpectedDump expected(line->lines(), 1);
+        const ExpectedDump expected(dumpLines(line->blocks), 1);
         EXPECT_EQ(expected.records, percent);
         program.closePort();
         EXPECT_EQ(status(), "Offline");
@@ -118,7 +118,7 @@ TEST_F(SimulatedDownload, PulledCableEndsItWithTheFileWhole) {
         connectTo(QStringLiteral("sim:trx?firmware=412&records=100&fault=unplug&after=%1%").arg(percent));
         startText();
         tickUntil([this] { return !isTaking(); });
-        const ExpectedDump expected(line->lines(), 6);
+        const ExpectedDump expected(dumpLines(line->blocks), 6);
         EXPECT_EQ(expected.records, percent);
         EXPECT_EQ(fileRows(), expected.textRows.toStdString());
         EXPECT_EQ(status(), "Offline");
@@ -136,7 +136,7 @@ TEST_F(SimulatedDownload, QuitInTheMiddleKeepsTheFile) {
     tickUntil([this] { return fileRows().find("\n20\t") != std::string::npos; });
     EXPECT_TRUE(program.quit());
     program.end();
-    EXPECT_EQ(fileRows(), ExpectedDump(line->lines(), 4).textRows.toStdString());
+    EXPECT_EQ(fileRows(), ExpectedDump(dumpLines(line->blocks), 4).textRows.toStdString());
     EXPECT_EQ(told(), std::vector<std::string>{incompleteText(20, "in " + path("dump.txt").toStdString())});
     EXPECT_FALSE(isTaking());
 }
@@ -150,7 +150,7 @@ TEST_F(SimulatedDownload, QuittingThatIsThoughtBetterOfLetsItGoOn) {
     EXPECT_FALSE(program.quit()) << "the save was cancelled";
     EXPECT_TRUE(isTaking());
     tickUntil([this] { return !isTaking(); });
-    const ExpectedDump expected(line->lines(), 1);
+    const ExpectedDump expected(dumpLines(line->blocks), 1);
     expectWholeEnd(expected);
     EXPECT_EQ(savedSheetRows(), expected.sheetRows.toStdString());
     answers.asked.clear();
@@ -190,10 +190,10 @@ TEST_F(SimulatedDownload, GarbageHarmsOnlyTheRecordsItStandsIn) {
         startText();
         const qint64 start = clock.monotonicMilliseconds();
         tickUntil([this, start] { return !isTaking() || clock.monotonicMilliseconds() - start > 30'000; });
-        const ExpectedDump expected(line->lines(), 4);
+        const ExpectedDump expected(dumpLines(line->blocks), 4);
         program.closePort();
         EXPECT_EQ(fileRows(), expected.textRows.toStdString());
-        EXPECT_TRUE(contents(path("log.ohp")).endsWith(line->logged()));
+        EXPECT_TRUE(contents(path("log.ohp")).endsWith(line->blocks.join("\r\n") + "\r\n"));
         spoilt += expected.unreadable;
     }
     EXPECT_GT(spoilt, 0);

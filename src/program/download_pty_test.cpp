@@ -51,13 +51,13 @@ TEST_P(EveryKindOverPty, FileAndSheetHoldTheInstrumentsRecords) {
     serve(QString::fromStdString(GetParam()));
     const qsizetype values = valuesOf(GetParam());
     downloadToFile();
-    const ExpectedDump toFile(line->lines(), values);
+    const ExpectedDump toFile(dumpLines(line->blocks), values);
     EXPECT_EQ(toFile.records, 150);
     EXPECT_EQ(fileRows(), toFile.textRows.toStdString());
     expectWholeEnd(toFile);
 
     downloadToSheet();
-    const ExpectedDump toSheet(line->lines(), values);
+    const ExpectedDump toSheet(dumpLines(line->blocks), values);
     EXPECT_EQ(toSheet.textRows, toFile.textRows);
     expectWholeEnd(toSheet);
     EXPECT_EQ(program.sheet.rowCount(), 150);
@@ -79,7 +79,7 @@ TEST_P(CutOverPty, KeepsWhatArrived) {
     clock.advance(10'000);
     program.tick();
     EXPECT_EQ(status(), "No data for 10 s. Reset stops the download.");
-    const ExpectedDump expected(line->lines(), 4);
+    const ExpectedDump expected(dumpLines(line->blocks), 4);
     EXPECT_EQ(expected.records, percent);
     program.reset();
     EXPECT_EQ(fileRows(), expected.textRows.toStdString());
@@ -94,7 +94,7 @@ TEST_F(PtyDownload, PulledCableKeepsWhatArrived) {
     serve(QStringLiteral("sim:glow?records=100&baud=0&fault=unplug&after=50%"));
     program.vwhp();
     tickUntil([this] { return !isTaking(); });
-    const ExpectedDump expected(line->lines(), 1);
+    const ExpectedDump expected(dumpLines(line->blocks), 1);
     EXPECT_EQ(status(), "Offline");
     EXPECT_EQ(savedSheetRows(), expected.sheetRows.toStdString());
     ASSERT_EQ(messages.shown.size(), 2U);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/programtest.h"
+#include "testing/programrig.h"
 
 namespace orv {
 namespace {

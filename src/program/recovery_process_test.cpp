@@ -24,7 +24,7 @@ struct NextProgram {
                      .events = events,
                      .messages = messages,
                      .questions = answers,
-                     .makePort = [this](const QString& /*device*/) { return std::make_unique<LentPort>(port); }}};
+                     .makePort = [this](const QString& /*device*/) { return std::make_unique<WatchedPort>(port); }}};
 };
 
 QStringList rowsOnSheet(const DataSheet& sheet) {

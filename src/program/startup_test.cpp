@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/pages.h"
 #include "sheet/folderplace.h"
-#include "testing/filesizelimit.h"
-#include "testing/programtest.h"
+#include "testing/programrig.h"
 
 #include <QCoreApplication>
 

@@ -336,7 +336,7 @@ TEST_F(DownloadEndsTest, DeviceWithoutSpaceIsToldInTheSystemsWords) {
 #endif
 
 TEST_F(DownloadEndsTest, FolderThatTakesNoFilesIsTold) {
-    const UnwritableFolder unwritable(folder);
+    const UnwritableFolder unwritable(folder.path());
     saveAsText();
     EXPECT_TRUE(onlyMessage().find(": Permission denied.") != std::string::npos);
     EXPECT_EQ(instrument->allWritten(), QByteArray());

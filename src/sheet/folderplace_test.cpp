@@ -148,7 +148,7 @@ TEST_F(FolderPlaceTest, AProgramOnAnotherComputerIsNamedWithIt) {
 
 #ifdef Q_OS_UNIX
 TEST_F(FolderPlaceTest, WhereNothingCanBeWrittenNoLockIsNeeded) {
-    const UnwritableFolder unwritable(folder);
+    const UnwritableFolder unwritable(folder.path());
     FolderPlace place;
     place.take();
     EXPECT_EQ(place.number(), 1);
@@ -158,7 +158,7 @@ TEST_F(FolderPlaceTest, WhereNothingCanBeWrittenNoLockIsNeeded) {
 
 TEST_F(FolderPlaceTest, ALockThatStaysInAFolderMadeUnwritableIsNoOtherProgram) {
     fill(path("orvhost.lock"), lockOfThisProgram());
-    const UnwritableFolder unwritable(folder);
+    const UnwritableFolder unwritable(folder.path());
     FolderPlace place;
     place.take();
     EXPECT_EQ(place.otherProgram(), QString());
@@ -191,7 +191,7 @@ TEST_F(FolderPlaceTest, OnAFullDiskThereIsNoPlace) {
 TEST_F(FolderPlaceTest, APlaceHadWithoutALockIsClaimedBeforeItsFilesAreWritten) {
     FolderPlace early;
     {
-        const UnwritableFolder unwritable(folder);
+        const UnwritableFolder unwritable(folder.path());
         early.take();
         EXPECT_EQ(early.claim(), QStringLiteral("no lock file can be made beside it"));
     }

@@ -448,7 +448,7 @@ TEST_F(RecordFileTest, FolderThatDoesNotExistIsTold) {
 
 #ifdef Q_OS_UNIX
 TEST_F(RecordFileTest, FolderThatIsNotWritableIsTold) {
-    const UnwritableFolder unwritable(folder);
+    const UnwritableFolder unwritable(folder.path());
     EXPECT_NE(file.start(trx(500.0)), QString());
     EXPECT_FALSE(file.isOpen());
 }
@@ -459,7 +459,7 @@ TEST_F(RecordFileTest, UnsavedRowsThatCannotBeKeptAreNotDestroyed) {
     file.close();
     {
         allowEveryone(path("Orvtemp.tmp"));
-        const UnwritableFolder unwritable(folder);
+        const UnwritableFolder unwritable(folder.path());
         const QString reason = file.start(trx(500.0));
         EXPECT_TRUE(reason.startsWith(QLatin1String("the rows of the run before could not be kept")))
             << qPrintable(reason);
@@ -473,7 +473,7 @@ TEST_F(RecordFileTest, ARunWithoutARecordFileLeavesTheLockOfTheOneBefore) {
     fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
     file.unendedRecovered();
     {
-        const UnwritableFolder unwritable(folder);
+        const UnwritableFolder unwritable(folder.path());
         EXPECT_NE(file.start(trx(412.0)), QString());
         file.close();
     }
@@ -486,7 +486,7 @@ TEST_F(RecordFileTest, AnUnendedRunThatCannotBeKeptStaysWithItsLock) {
     fill(path("Orvtemp.tmp"), newerHeader + row);
     fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
     {
-        const UnwritableFolder unwritable(folder);
+        const UnwritableFolder unwritable(folder.path());
         QString keptAs;
         EXPECT_NE(file.keepUnended(keptAs), QString());
     }

@@ -541,7 +541,7 @@ TEST_F(RunRecoveryTest, AFileThatCannotBeKeptStaysAndIsTold) {
     leave(header + twoRows);
     allowEveryone(path("Orvtemp.tmp"));
     {
-        const UnwritableFolder unwritable(folder);
+        const UnwritableFolder unwritable(folder.path());
         recovery.offer();
     }
     ASSERT_EQ(messages.shown.size(), 1U);

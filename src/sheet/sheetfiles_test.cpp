@@ -189,7 +189,7 @@ TEST_F(SheetFilesTest, UnwritableFolderLeavesTheOldFileAndTellsWhy) {
     allowEveryone(path("lake.txt"));
     answers.fileName = path("lake.txt");
     {
-        const UnwritableFolder unwritable(folder);
+        const UnwritableFolder unwritable(folder.path());
         EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
     }
     expectOneFailure(answers.fileName);

@@ -226,7 +226,7 @@ TEST_F(SheetLoadingTest, PipeWithoutAWriterIsNotWaitedFor) {
 
 TEST_F(SheetLoadingTest, UnreadableFileIsTold) {
     QFile::setPermissions(path("newer.txt"), QFile::Permissions());
-    const UnwritableFolder asNobody(folder);
+    const UnwritableFolder asNobody(folder.path());
     EXPECT_EQ(refusal(path("newer.txt")), "It cannot be read: Permission denied.");
 }
 #endif

@@ -16,74 +16,19 @@
 
 namespace orv {
 
-/// A port in front of another: keeps what the program has read since its last "O", and lets the test's clock run
-/// while the program waits for input.
-class WatchedPort final : public Port {
-public:
-    WatchedPort(std::unique_ptr<Port> port, TestClock* runs)
-        : port_(std::move(port))
-        , runs_(runs) {}
-
-    QString open() override { return port_->open(); }
-    void close() override { port_->close(); }
-    bool isOpen() const override { return port_->isOpen(); }
-    void setDataTerminalReady(bool on) override { port_->setDataTerminalReady(on); }
-    QByteArray readAll() override {
-        QByteArray block = port_->readAll();
-        if (!block.isEmpty()) {
-            blocks.push_back(block);
-        }
-        return block;
+/// The dump as it came in these blocks: the lines from ">O" to the end, without the two characters of their ends, and
+/// what was left unfinished. The prompt of before may have been read ahead of the echo.
+inline QByteArrayList dumpLines(const QByteArrayList& blocks) {
+    QByteArray all = blocks.join();
+    if (all.startsWith('O')) {
+        all.prepend('>');
     }
-    void write(const QByteArray& bytes) override {
-        if (bytes == "O") {
-            blocks.clear();
-        }
-        port_->write(bytes);
+    QByteArrayList found = all.split('\n');
+    for (QByteArray& line : found) {
+        line.chop(1);
     }
-    void discardInput() override { port_->discardInput(); }
-    qsizetype inputCount() override { return port_->inputCount(); }
-    bool waitForInput(int milliseconds) override {
-        const bool found = port_->waitForInput(milliseconds);
-        if (runs_ != nullptr) {
-            runs_->advance(milliseconds);
-        }
-        return found;
-    }
-    QString failure() const override { return port_->failure(); }
-
-    /// The dump as it came: the lines from ">O" to the end, without the two characters of their ends, and what was left
-    /// unfinished. The prompt of before may have been read ahead of the echo.
-    QByteArrayList lines() const {
-        QByteArray all;
-        for (const QByteArray& block : blocks) {
-            all += block;
-        }
-        if (all.startsWith('O')) {
-            all.prepend('>');
-        }
-        QByteArrayList found = all.split('\n');
-        for (QByteArray& line : found) {
-            line.chop(1);
-        }
-        return found;
-    }
-
-    /// How the log shows it.
-    QByteArray logged() const {
-        QByteArray all;
-        for (const QByteArray& block : blocks) {
-            all += block + "\r\n";
-        }
-        return all;
-    }
-
-    std::vector<QByteArray> blocks;
-
-private:
-    std::unique_ptr<Port> port_;
-    TestClock* runs_;
-};
+    return found;
+}
 
 /// How many values a record of the simulated instrument has.
 inline qsizetype valuesOf(const std::string& device) {
@@ -179,8 +124,18 @@ protected:
     virtual void pass() { program.tick(); }
 
     std::unique_ptr<Port> makePort(const QString& device) {
-        auto port = std::make_unique<WatchedPort>(makeInstrument(device), clockRunsWhileWaiting() ? &clock : nullptr);
+        auto port = std::make_unique<WatchedPort>(makeInstrument(device));
         line = port.get();
+        port->written = [this](const QByteArray& bytes) {
+            if (bytes == "O") {
+                line->blocks.clear();
+            }
+        };
+        port->waited = [this](int milliseconds) {
+            if (clockRunsWhileWaiting()) {
+                clock.advance(milliseconds);
+            }
+        };
         return port;
     }
     virtual bool clockRunsWhileWaiting() const = 0;
@@ -263,7 +218,7 @@ protected:
         EXPECT_FALSE(program.progress.visible);
         EXPECT_EQ(program.session.status.downloadedBytes.value(), QString::number(expected.bytes));
         EXPECT_TRUE(program.session.commands.canCommand);
-        EXPECT_TRUE(contents(path("log.ohp")).endsWith(line->logged()));
+        EXPECT_TRUE(contents(path("log.ohp")).endsWith(line->blocks.join("\r\n") + "\r\n"));
         EXPECT_TRUE(messages.shown.empty());
     }
 

@@ -3,7 +3,7 @@
 
 #include "base/filedescriptor.h"
 #include "link/systemport.h"
-#include "testing/programtest.h"
+#include "testing/programrig.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -74,35 +74,6 @@ public:
 
 private:
     FileDescriptor master_;
-};
-
-/// A real serial port that keeps every block which the poll reads from it.
-class EavesdroppedPort final : public Port {
-public:
-    EavesdroppedPort(const QString& device, std::function<void(const QByteArray& block)> readBlock)
-        : port_(device)
-        , readBlock_(std::move(readBlock)) {}
-
-    QString open() override { return port_.open(); }
-    void close() override { port_.close(); }
-    bool isOpen() const override { return port_.isOpen(); }
-    void setDataTerminalReady(bool on) override { port_.setDataTerminalReady(on); }
-    QByteArray readAll() override {
-        QByteArray block = port_.readAll();
-        if (!block.isEmpty()) {
-            readBlock_(block);
-        }
-        return block;
-    }
-    void write(const QByteArray& bytes) override { port_.write(bytes); }
-    void discardInput() override { port_.discardInput(); }
-    qsizetype inputCount() override { return port_.inputCount(); }
-    bool waitForInput(int milliseconds) override { return port_.waitForInput(milliseconds); }
-    QString failure() const override { return port_.failure(); }
-
-private:
-    SystemPort port_;
-    std::function<void(const QByteArray& block)> readBlock_;
 };
 
 /// The day of the test stands still except when the program waits; the monotonic time also runs by itself.
@@ -249,12 +220,14 @@ protected:
                      .messages = messages,
                      .questions = answers,
                      .makePort = [this](const QString& device) -> std::unique_ptr<Port> {
-                         return std::make_unique<EavesdroppedPort>(device, [this](const QByteArray& block) {
+                         auto port = std::make_unique<WatchedPort>(std::make_unique<SystemPort>(device));
+                         port->read = [this](const QByteArray& block) {
                              if (!program.connection.isPolling()) {
                                  received += block;
                                  expectedLog += block + "\r\n";
                              }
-                         });
+                         };
+                         return port;
                      }}};
 };
 

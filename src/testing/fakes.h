@@ -6,10 +6,12 @@
 #include "link/waits.h"
 #include "testing/testclock.h"
 
+#include <QByteArrayList>
 #include <QStringList>
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -107,6 +109,77 @@ private:
     bool isOpen_ = false;
 };
 
+/// A port in front of another, which the test lends or gives away: keeps what passes and can be unplugged.
+class WatchedPort final : public Port {
+public:
+    explicit WatchedPort(Port& lent)
+        : port_(lent) {}
+    explicit WatchedPort(std::unique_ptr<Port> given)
+        : given_(std::move(given))
+        , port_(*given_) {}
+
+    QString open() override { return port_.open(); }
+    void close() override { port_.close(); }
+    bool isOpen() const override { return port_.isOpen(); }
+    void setDataTerminalReady(bool on) override { port_.setDataTerminalReady(on); }
+    QByteArray readAll() override {
+        QByteArray block = unplugged ? QByteArray() : std::exchange(arrived, {}) + port_.readAll();
+        if (!block.isEmpty()) {
+            blocks.push_back(block);
+            if (read) {
+                read(block);
+            }
+        }
+        return block;
+    }
+    void write(const QByteArray& bytes) override {
+        writes.push_back(bytes);
+        if (written) {
+            written(bytes);
+        }
+        port_.write(bytes);
+    }
+    void discardInput() override {
+        arrived.clear();
+        port_.discardInput();
+    }
+    qsizetype inputCount() override { return unplugged ? 0 : arrived.size() + port_.inputCount(); }
+    bool waitForInput(int milliseconds) override {
+        const bool came = !arrived.isEmpty() || port_.waitForInput(milliseconds);
+        if (waited) {
+            waited(milliseconds);
+        }
+        return came && !unplugged;
+    }
+    QString failure() const override { return unplugged ? QStringLiteral("Pulled.") : port_.failure(); }
+
+    QByteArrayList writes; ///< Each write of the program.
+    QByteArrayList blocks; ///< Each block that the program has read.
+    QByteArray arrived;    ///< Characters that are here already, in front of those of the other port.
+    bool unplugged = false;
+    std::function<void(const QByteArray& bytes)> written;
+    std::function<void(const QByteArray& block)> read;
+    std::function<void(int milliseconds)> waited; ///< Called after every wait for input.
+
+private:
+    std::unique_ptr<Port> given_;
+    Port& port_;
+};
+
+/// The ports of a computer that the test plugs together.
+class FakePortList final : public PortList {
+public:
+    std::vector<ListedPort> ports() override {
+        ++listings;
+        return plugged;
+    }
+    bool mayHaveChanged() override { return changed; }
+
+    std::vector<ListedPort> plugged;
+    bool changed = true;
+    int listings = 0;
+};
+
 /// Lets the test's clock run while the program waits: each yield takes `step` milliseconds (or the whole rest of the
 /// wait, if that is shorter) and then calls `tick`, as the status timer would.
 class SteppedYield final : public EventYield {
@@ -116,6 +189,10 @@ public:
 
     void processEvents(int milliseconds) override {
         ++yields;
+        if (process) {
+            process(milliseconds);
+            return;
+        }
         clock_.advance(std::min(step, std::max(milliseconds, 1)));
         if (tick) {
             tick();
@@ -127,14 +204,16 @@ public:
             whileResponsive(manualDialogLives);
         }
     }
-    bool programEnding() const override { return ending; }
+    bool programEnding() const override { return ending || (programEnds && programEnds()); }
 
     int step = 5;
     int yields = 0;
     int responsive = 0;
     bool ending = false;
     std::function<void()> tick;
+    std::function<void(int milliseconds)> process; ///< What a yield does instead of all that.
     std::function<void(bool manualDialogLives)> whileResponsive;
+    std::function<bool()> programEnds;
 
 private:
     TestClock& clock_;

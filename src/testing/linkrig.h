@@ -12,27 +12,6 @@
 
 namespace orv {
 
-/// A port that a test lends to the program: the test keeps the port itself.
-class LentPort final : public Port {
-public:
-    explicit LentPort(Port& port)
-        : port_(port) {}
-
-    QString open() override { return port_.open(); }
-    void close() override { port_.close(); }
-    bool isOpen() const override { return port_.isOpen(); }
-    void setDataTerminalReady(bool on) override { port_.setDataTerminalReady(on); }
-    QByteArray readAll() override { return port_.readAll(); }
-    void write(const QByteArray& bytes) override { port_.write(bytes); }
-    void discardInput() override { port_.discardInput(); }
-    qsizetype inputCount() override { return port_.inputCount(); }
-    bool waitForInput(int milliseconds) override { return port_.waitForInput(milliseconds); }
-    QString failure() const override { return port_.failure(); }
-
-private:
-    Port& port_;
-};
-
 /// The whole link over two fake ports, with a reset and a status timer that do what the link needs of them.
 ///
 /// While the program waits for input, the clock of the test runs and `replies` arrive, one block for each wait.
@@ -113,7 +92,7 @@ public:
     FakePort com2;
     std::deque<QByteArray> replies;
     ComPorts ports{session, debug, [this](const QString& device) {
-                       return std::make_unique<LentPort>(device == QLatin1String("ttyA") ? com1 : com2);
+                       return std::make_unique<WatchedPort>(device == QLatin1String("ttyA") ? com1 : com2);
                    }};
     SteppedYield yield{clock};
     TimedWait wait{clock, yield, ports};

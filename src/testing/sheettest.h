@@ -4,7 +4,7 @@
 #include "settings/loggersettings.h"
 #include "sheet/run.h"
 #include "testing/fakes.h"
-#include "testing/filesizelimit.h"
+#include "testing/folder.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,60 +14,11 @@
 
 #include <memory>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
-
 namespace orv {
-
-inline QByteArray contentsOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
-}
-
-inline void fill(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
 
 inline QStringList filesIn(const QTemporaryDir& folder) {
     return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }
-
-#ifdef Q_OS_UNIX
-inline void allowEveryone(const QString& path) {
-    constexpr int readAndWriteForAll = 0x6666;
-    QFile::setPermissions(path, QFile::Permissions(readAndWriteForAll));
-}
-
-/// While it lives the folder takes no new files, whoever runs the test: a superuser acts as nobody meanwhile.
-class UnwritableFolder {
-public:
-    explicit UnwritableFolder(const QTemporaryDir& folder)
-        : path_(folder.path()) {
-        constexpr int readAndEnterForAll = 0x5555;
-        QFile::setPermissions(path_, QFile::Permissions(readAndEnterForAll));
-        superuser_ = geteuid() == 0;
-        if (superuser_) {
-            constexpr uid_t nobody = 65534;
-            EXPECT_EQ(seteuid(nobody), 0);
-        }
-    }
-    UnwritableFolder(const UnwritableFolder&) = delete;
-    UnwritableFolder& operator=(const UnwritableFolder&) = delete;
-    ~UnwritableFolder() {
-        if (superuser_) {
-            EXPECT_EQ(seteuid(0), 0);
-        }
-        QFile::setPermissions(path_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-
-private:
-    QString path_;
-    bool superuser_ = false;
-};
-#endif
 
 /// The sheet's procedures joined as in the program, the instrument on COM 1 and the debug output on COM 2, with files
 /// in a folder of the test's own.

@@ -8,44 +8,6 @@
 
 namespace orv {
 
-/// Another port, watched: what is written to it is kept, it can be unplugged, and every wait for input is told.
-class UnpluggablePort final : public Port {
-public:
-    explicit UnpluggablePort(std::unique_ptr<Port> port)
-        : port_(std::move(port)) {}
-
-    QString open() override { return port_->open(); }
-    void close() override { port_->close(); }
-    bool isOpen() const override { return port_->isOpen(); }
-    void setDataTerminalReady(bool on) override { port_->setDataTerminalReady(on); }
-    QByteArray readAll() override { return unplugged ? QByteArray() : std::exchange(arrived, {}) + port_->readAll(); }
-    void write(const QByteArray& bytes) override {
-        writes.push_back(bytes);
-        port_->write(bytes);
-    }
-    void discardInput() override {
-        arrived.clear();
-        port_->discardInput();
-    }
-    qsizetype inputCount() override { return unplugged ? 0 : arrived.size() + port_->inputCount(); }
-    bool waitForInput(int milliseconds) override {
-        const bool came = !arrived.isEmpty() || port_->waitForInput(milliseconds);
-        if (waited) {
-            waited();
-        }
-        return came && !unplugged;
-    }
-    QString failure() const override { return unplugged ? QStringLiteral("Pulled.") : port_->failure(); }
-
-    QByteArrayList writes;
-    QByteArray arrived; ///< Characters that are here already, in front of those of the other port.
-    bool unplugged = false;
-    std::function<void()> waited;
-
-private:
-    std::unique_ptr<Port> port_;
-};
-
 /// For tests: a moment of a shutter reset, so long after one of its steps has begun.
 struct ShutterMoment {
     const char* name;
@@ -105,7 +67,7 @@ public:
             whenever();
         };
         yield.whileResponsive = [this](bool) { timerRunningWhilePolling |= timer.isRunning() && !sender.isPolling(); };
-        port->waited = [this] { whenever(); };
+        port->waited = [this](int) { whenever(); };
         ports.portFailed = [this] { fixit(); };
         progressWatch = session.status.shutterProgress.addNotifier([this] { noteStep(); });
     }
@@ -197,10 +159,10 @@ public:
     SteppedYield yield{clock};
     Session session{clock, messages};
     DebugState debug;
-    UnpluggablePort* port = nullptr;
+    WatchedPort* port = nullptr;
     PortMaker makePort;
     ComPorts ports{session, debug, [this](const QString&) {
-                       auto made = std::make_unique<UnpluggablePort>(makePort(clock));
+                       auto made = std::make_unique<WatchedPort>(makePort(clock));
                        port = made.get();
                        return made;
                    }};

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "testing/fakeportlist.h"
-#include "testing/programtest.h"
+#include "testing/programrig.h"
 #include "ui/mainwindow.h"
 
 #include <QAction>
@@ -142,7 +142,7 @@ protected:
                      .questions = answers,
                      .makePort =
                          [this](const QString& device) {
-                             return std::make_unique<LentPort>(device == QLatin1String("ttyA") ? com1 : com2);
+                             return std::make_unique<WatchedPort>(device == QLatin1String("ttyA") ? com1 : com2);
                          },
                      .portList = &portList,
                      .deviceProblem =

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/programrig.h"
+
+#include "simulator/simulatedport.h"
+
+#include <QRegularExpression>
+
+namespace orv {
+
+QByteArray settingsReport(const QByteArray& pointsPerBlock) {
+    return "P\r\nS1\r\nG0\r\nA0\r\nL1\r\nW1\r\nM0\r\nT30\r\nD24\r\nQ" + pointsPerBlock + "\r\nI5\r\nMP32762\r\n>";
+}
+
+std::unique_ptr<Port> simulatedInstrument(const QString& device, TestClock& clock) {
+    const auto parsed = parseSimulatorOptions(device);
+    EXPECT_EQ(parsed.error.toStdString(), "");
+    return std::make_unique<SimulatedPort>(parsed.options, clock,
+                                           [&clock](int milliseconds) { clock.advance(milliseconds); });
+}
+
+ProgramRig::ProgramRig()
+    : ProgramRig(FarEnd()) {
+    ports.setDevice(1, QStringLiteral("ttyA"));
+    ports.setDevice(2, QStringLiteral("ttyB"));
+    for (FakePort* port : {&com1, &com2}) {
+        port->waited = [this, port](int milliseconds) {
+            clock.advance(milliseconds);
+            if (!replies.empty()) {
+                port->input = replies.front();
+                replies.pop_front();
+            }
+        };
+    }
+}
+
+ProgramRig::ProgramRig(FarEnd farEnd)
+    : farEnd_(std::move(farEnd))
+    , program({.clock = clock,
+               .events = events,
+               .messages = messages,
+               .questions = answers,
+               .makePort =
+                   [this](const QString& device) {
+                       auto port = farEnd_
+                                       ? std::make_unique<WatchedPort>(farEnd_(device, clock))
+                                       : std::make_unique<WatchedPort>(device == QLatin1String("ttyA") ? com1 : com2);
+                       line = port.get();
+                       return port;
+                   },
+               .portList = &portList,
+               .deviceProblem =
+                   [](const QString& device) {
+                       return device.contains(u' ') ? QStringLiteral("\"%1\" is no device.").arg(device) : QString();
+                   }}) {
+    events.tick = [this] { program.tick(); };
+}
+
+ProgramRig::~ProgramRig() = default;
+
+void ProgramRig::autoConnect(int portNumber) {
+    if (portNumber == 1) {
+        program.autoConnect1();
+    } else {
+        program.autoConnect2();
+    }
+}
+
+void ProgramRig::connect(const QByteArray& greeting) {
+    replies = {greeting};
+    autoConnect();
+    ASSERT_TRUE(ports.isOpen());
+    ASSERT_EQ(state.Ctrlscrn, Operation::Identified);
+}
+
+void ProgramRig::connectAndRead(const QByteArray& greeting, const QByteArray& pointsPerBlock) {
+    connect(greeting);
+    receive(settingsReport(pointsPerBlock));
+    constexpr int linesOfReport = 12;
+    ticks(linesOfReport);
+    receive("C\r\n11/21/26\t25661\r\n>");
+    ticks(2);
+    ASSERT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
+    ASSERT_EQ(status.status.value().toStdString(), "Ready");
+}
+
+void ProgramRig::runWithRows(int rows) {
+    connectAndRead();
+    program.run();
+    receive("R\r\n");
+    for (int row = 1; row <= rows; ++row) {
+        receive("11/21/26\t2700\t" + QByteArray::number(row) + "\t20\t30\t40\r\n");
+    }
+    ASSERT_EQ(state.plc, rows);
+}
+
+void ProgramRig::receive(const QByteArray& bytes) {
+    (farEnd_ ? line->arrived : com1.input) += bytes;
+    program.tick();
+}
+
+void ProgramRig::ticks(int count) {
+    for (int i = 0; i < count; ++i) {
+        program.tick();
+    }
+}
+
+void ProgramRig::live(float seconds) {
+    program.wait.waitsec(seconds);
+}
+
+void ProgramRig::tickDebugOutput() {
+    program.setComm2Output(true);
+    ASSERT_TRUE(ports.isDebugPortOpen());
+}
+
+std::string ProgramRig::said() {
+    const std::string all = com2.allWritten().toStdString();
+    com2.writes.clear();
+    return all;
+}
+
+std::string ProgramRig::saidBriefly() {
+    static const QRegularExpression reset(QStringLiteral("Reset Everything AKA FIXIT\r.*?Portused +[0-9]+\r"),
+                                          QRegularExpression::DotMatchesEverythingOption);
+    return QString::fromStdString(said()).replace(reset, QStringLiteral("(reset)\r")).toStdString();
+}
+
+void ProgramRig::expectOffline() {
+    EXPECT_FALSE(ports.isOpen());
+    EXPECT_FALSE(com1.isOpen());
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
+    EXPECT_EQ(state.Rtn.toStdString(), "wakeup!!!");
+    EXPECT_EQ(state.Tmr, 1);
+    EXPECT_EQ(state.portstatus, 2);
+    EXPECT_EQ(state.Gatherstop, 0);
+    EXPECT_EQ(state.gatherstart, 0);
+    EXPECT_EQ(state.Seeking, 0);
+    for (const ConnectItem& item : items.items) {
+        EXPECT_TRUE(item.enabled);
+        EXPECT_FALSE(item.checked);
+    }
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_FALSE(commands.processingMenuVisible);
+    EXPECT_FALSE(commands.settingsMenuVisible);
+    EXPECT_FALSE(commands.resetEnabled);
+    EXPECT_FALSE(commands.runEnabled);
+    EXPECT_FALSE(commands.clearAllEnabled);
+    EXPECT_FALSE(commands.saveAsEnabled);
+    EXPECT_FALSE(commands.resetShutterEnabled);
+    EXPECT_FALSE(commands.closePortEnabled);
+}
+
+} // namespace orv

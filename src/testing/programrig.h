@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "program/program.h"
+#include "testing/fakes.h"
+#include "testing/folder.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <string>
+
+namespace orv {
+
+/// What an instrument answers to "P" when it has just greeted: the echo, its settings and the prompt.
+QByteArray settingsReport(const QByteArray& pointsPerBlock = "0");
+
+/// The simulated instrument of a device name such as "sim:trx?records=60", at the pace of its line on that clock.
+std::unique_ptr<Port> simulatedInstrument(const QString& device, TestClock& clock);
+
+/// The whole program below its windows, with its own wiring, reset and tick, in a folder of its own. The status timer,
+/// the clock and the operator are the test. Tests of any part bring the program where that part matters, and look at it
+/// through the references below.
+///
+/// The program waits inside some actions: a verb of the rig returns when the action has come to its end, and the test's
+/// clock has run on meanwhile with the ticks that fall into the wait.
+class ProgramRig {
+public:
+    /// Makes what is at the far end of a device's line.
+    using FarEnd = std::function<std::unique_ptr<Port>(const QString& device, TestClock& clock)>;
+
+    /// The far ends of both lines are the test: `com1` is "ttyA" on COM 1, `com2` is "ttyB" on COM 2. While the program
+    /// waits for input the clock runs, and `replies` arrive, one block for each wait.
+    ProgramRig();
+    /// Both lines lead to instruments, which are watched: see `line`.
+    explicit ProgramRig(FarEnd farEnd);
+    ~ProgramRig();
+    ProgramRig(const ProgramRig&) = delete;
+    ProgramRig& operator=(const ProgramRig&) = delete;
+
+    /// "Auto Connect Comm 1" or 2, to the end of the attempt.
+    void autoConnect(int portNumber = 1);
+    /// The same on COM 1 with an instrument that greets so.
+    void connect(const QByteArray& greeting = "V512\r");
+    /// Connects and lets the instrument answer until the program is "Ready".
+    void connectAndRead(const QByteArray& greeting = "V512\r", const QByteArray& pointsPerBlock = "0");
+    /// Connects, runs and receives so many rows of a TRX of the newer generation.
+    void runWithRows(int rows);
+
+    /// One tick of the status timer that finds these characters.
+    void receive(const QByteArray& bytes);
+    void ticks(int count);
+    /// Lets ticks go on for a while.
+    void live(float seconds);
+
+    /// Opens the debug port and ticks its box; what is written there is in `said()`.
+    void tickDebugOutput();
+    /// What has been written to the debug port since the last call.
+    std::string said();
+    /// The same; each reset, which writes 14 lines, is "(reset)".
+    std::string saidBriefly();
+
+    /// Everything by which the operator sees that the program is as after a reset.
+    void expectOffline();
+
+    OwnFolder folder;
+    TestClock clock;
+    RecordedMessages messages;
+    PreparedAnswers answers;
+    SteppedYield events{clock};
+    FakePort com1;
+    FakePort com2;
+    FakePortList portList;
+    std::deque<QByteArray> replies;
+    WatchedPort* line = nullptr; ///< The port made last.
+
+private:
+    FarEnd farEnd_;
+
+public:
+    Program program;
+
+    Session& session = program.session;
+    SessionState& state = session.state;
+    StatusState& status = session.status;
+    CommandState& commands = session.commands;
+    ConnectItems& items = program.connectItems;
+    DebugState& debug = program.debug;
+    SettingsState& settings = program.settings;
+    ProgressState& progress = program.progress;
+    SheetState& sheetState = program.sheetState;
+    DataSheet& sheet = program.sheet;
+    ComPorts& ports = program.ports;
+    StatusTimer& timer = program.timer;
+    ManualConnection& manual = program.manual;
+    QByteArray& rxbuffer = program.poll.rxbuffer;
+};
+
+class ProgramTest : public testing::Test, public ProgramRig {};
+
+} // namespace orv
