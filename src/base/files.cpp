@@ -67,20 +67,25 @@ void syncToDisk(int fileHandle) {
 #endif
 }
 
-QString writeWholeFile(const QString& name, const QByteArray& bytes) {
+QString writeWholeFile(const QString& name, const QByteArray& bytes, const std::optional<QDateTime>& keepOlder) {
     QSaveFile file(name);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) {
-        return {};
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
+        return file.errorString();
     }
-    return file.errorString();
+    // Only now that the new one is whole, so that a failure leaves the older one where it is.
+    const QString reason = keepOlder ? keepUnderDatedName(name, *keepOlder) : QString();
+    if (!reason.isEmpty()) {
+        return QStringLiteral("the older file of that name could not be kept (%1)").arg(reason);
+    }
+    return file.commit() ? QString() : file.errorString();
 }
 
 Message fileNotSaved(const QString& title, const QString& name, const QString& reason) {
-    return {.title = title,
-            .text = QStringLiteral("%1 could not be saved: %2.\n\nA file that was there before is unchanged. Choose "
-                                   "another folder or make room on the disk, then save again.")
-                        .arg(QFileInfo(name).absoluteFilePath(), reason),
-            .icon = Message::Icon::Exclamation};
+    return operatorWarning(
+        QStringLiteral("%1 could not be saved: %2.\n\nA file that was there before is unchanged. Choose "
+                       "another folder or make room on the disk, then save again.")
+            .arg(QFileInfo(name).absoluteFilePath(), reason),
+        title);
 }
 
 } // namespace orv

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QString>
 
+#include <optional>
+
 namespace orv {
 
 /// Appends all of `bytes` to an open unbuffered file, or nothing: after a failure (disk full) the file ends as before.
@@ -22,8 +24,10 @@ QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* k
 /// Lets the operating system bring an open file's data to the disk before returning. Best effort.
 void syncToDisk(int fileHandle);
 
-/// Writes a file whole or not at all. Returns the empty text, or why it could not be written.
-QString writeWholeFile(const QString& name, const QByteArray& bytes);
+/// Writes a file whole or not at all: an older one of that name stays until the new one is on the disk. With
+/// `keepOlder` the older one is then kept under that moment's dated name. Returns the empty text, or why it could not
+/// be written.
+QString writeWholeFile(const QString& name, const QByteArray& bytes, const std::optional<QDateTime>& keepOlder = {});
 
 /// What the operator is told when a small file could not be written.
 Message fileNotSaved(const QString& title, const QString& name, const QString& reason);

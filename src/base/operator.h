@@ -16,6 +16,16 @@ struct Message {
     bool operator==(const Message&) const = default;
 };
 
+/// The title of a box that is about no one operation.
+inline QString programTitle() {
+    return QStringLiteral("ORV Host Program");
+}
+
+/// A message with the exclamation icon: something did not go as the operator wanted.
+inline Message operatorWarning(const QString& text, const QString& title = programTitle()) {
+    return {.title = title, .text = text, .icon = Message::Icon::Exclamation};
+}
+
 /// Tells the operator something. Implementations never wait for an answer, so it may be called from a tick, and show
 /// a message that is still on the screen only once.
 class OperatorMessages {

@@ -32,11 +32,9 @@ const char* RuntimeError::what() const noexcept {
 }
 
 Message runtimeErrorMessage(const RuntimeError& error, const QString& operation) {
-    return {.title = QStringLiteral("ORV Host Program"),
-            .text = QStringLiteral("%1: the operation ended with the error \"%2\".\n\n"
-                                   "The program goes on and all data is kept.")
-                        .arg(operation, error.name()),
-            .icon = Message::Icon::Exclamation};
+    return operatorWarning(QStringLiteral("%1: the operation ended with the error \"%2\".\n\n"
+                                          "The program goes on and all data is kept.")
+                               .arg(operation, error.name()));
 }
 
 bool runOperation(OperatorMessages& messages, const QString& operation, const std::function<void()>& body) {

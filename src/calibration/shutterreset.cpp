@@ -312,8 +312,7 @@ void ShutterReset::lampChanged() {
 }
 
 void ShutterReset::tell(const QString& text) {
-    p_.session.messages.show(
-        {.title = QStringLiteral("Reset Shutter"), .text = text, .icon = Message::Icon::Exclamation});
+    p_.session.messages.show(operatorWarning(text, QStringLiteral("Reset Shutter")));
 }
 
 } // namespace orv

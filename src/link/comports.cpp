@@ -54,9 +54,7 @@ QString ComPorts::openLine(int portNumber, const Port* heldByOther, const QStrin
 }
 
 void ComPorts::tellThatItCouldNotBeOpened(const QString& what, const QString& reason) {
-    session_.messages.show({.title = QStringLiteral("ORV Host Program"),
-                            .text = QStringLiteral("%1 could not be opened.\n\n%2").arg(what, reason),
-                            .icon = Message::Icon::Exclamation});
+    session_.messages.show(operatorWarning(QStringLiteral("%1 could not be opened.\n\n%2").arg(what, reason)));
 }
 
 bool ComPorts::open() {
@@ -132,11 +130,9 @@ bool ComPorts::checkFailure() {
         portFailed();
     }
     session_.messages.show(
-        {.title = QStringLiteral("ORV Host Program"),
-         .text = QStringLiteral("The connection on %1 was lost.\n\n%2\n\nAll rows received so far are "
-                                "kept. Check the cable, then connect again.")
-                     .arg(name, reason),
-         .icon = Message::Icon::Exclamation});
+        operatorWarning(QStringLiteral("The connection on %1 was lost.\n\n%2\n\nAll rows received so far are "
+                                       "kept. Check the cable, then connect again.")
+                            .arg(name, reason)));
     return true;
 }
 
@@ -177,11 +173,9 @@ void ComPorts::debugsay(const QString& text) {
     closeDebugPort();
     debug_.comm2Output = false;
     session_.messages.show(
-        {.title = QStringLiteral("ORV Host Program"),
-         .text = QStringLiteral("The debug output on COM 2 has stopped.\n\n%1\n\nTick \"Comm 2 Debug "
-                                "Output\" to try again.")
-                     .arg(reason),
-         .icon = Message::Icon::Exclamation});
+        operatorWarning(QStringLiteral("The debug output on COM 2 has stopped.\n\n%1\n\nTick \"Comm 2 Debug "
+                                       "Output\" to try again.")
+                            .arg(reason)));
 }
 
 } // namespace orv

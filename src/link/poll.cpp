@@ -2,6 +2,7 @@
 #include "link/poll.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orv {
 
@@ -20,9 +21,7 @@ QString ProgramLog::write(const QByteArray& block) {
         failureTold_ = false;
         return {};
     }
-    QString reason = failureTold_ ? QString() : file_.errorString();
-    failureTold_ = true;
-    return reason;
+    return std::exchange(failureTold_, true) ? QString() : file_.errorString();
 }
 
 Poll::Poll(Session& session, ComPorts& ports, DebugState& debug, ProgramLog& log)
@@ -46,12 +45,11 @@ void Poll::quary() {
         }
         const QString reason = log_.write(block);
         if (!reason.isEmpty()) {
-            session_.messages.show({.title = QStringLiteral("ORV Host Program"),
-                                    .text = QStringLiteral("The log file %1 can no longer be written: %2.\n\nThe "
-                                                           "program goes on; make room on the disk so that the log is "
-                                                           "complete again.")
-                                                .arg(session_.fileNames.log, reason),
-                                    .icon = Message::Icon::Exclamation});
+            session_.messages.show(
+                operatorWarning(QStringLiteral("The log file %1 can no longer be written: %2.\n\nThe "
+                                               "program goes on; make room on the disk so that the log is "
+                                               "complete again.")
+                                    .arg(session_.fileNames.log, reason)));
         }
     } else if (!rxbuffer.contains('\n') && ports_.checkFailure()) {
         return; // a line that failed is told after its last complete line has been consumed

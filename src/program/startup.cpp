@@ -47,11 +47,11 @@ QString OwnFilesKept::saveFileName(const QString& title, const QString& presetNa
     if (name.isEmpty() || !isOwn(name)) {
         return name;
     }
-    session_.messages.show({.title = title,
-                            .text = QStringLiteral("%1 is a file that this program writes itself while it runs, so "
-                                                   "nothing can be saved there.\n\nSave again under another name.")
-                                        .arg(QFileInfo(name).absoluteFilePath()),
-                            .icon = Message::Icon::Exclamation});
+    session_.messages.show(
+        operatorWarning(QStringLiteral("%1 is a file that this program writes itself while it runs, so "
+                                       "nothing can be saved there.\n\nSave again under another name.")
+                            .arg(QFileInfo(name).absoluteFilePath()),
+                        title));
     return {};
 }
 
@@ -76,14 +76,12 @@ void Program::takePlace() {
         runRecovery_.takeOverFromFreePlaces(place_.number());
     }
     if (place_.cannotLock()) {
-        session.messages.show(
-            {.title = QStringLiteral("ORV Host Program"),
-             .text = QStringLiteral("No lock file can be made in this folder, perhaps because the disk is full: %1\n\n"
-                                    "So that no other program's files are written to, this program works without log "
-                                    "and record file. Make room on the disk, or choose another folder, and start the "
-                                    "program again.")
-                         .arg(QDir::currentPath()),
-             .icon = Message::Icon::Exclamation});
+        session.messages.show(operatorWarning(
+            QStringLiteral("No lock file can be made in this folder, perhaps because the disk is full: %1\n\n"
+                           "So that no other program's files are written to, this program works without log "
+                           "and record file. Make room on the disk, or choose another folder, and start the "
+                           "program again.")
+                .arg(QDir::currentPath())));
     }
     if (place_.otherProgram().isEmpty()) {
         return;
@@ -92,13 +90,10 @@ void Program::takePlace() {
                               ? QStringLiteral("This program works without such files. Start it in another folder, so "
                                                "that log and record file are kept.")
                               : QStringLiteral("This program writes %1 and %2 instead.").arg(names.log, names.record);
-    session.messages.show(
-        {.title = QStringLiteral("ORV Host Program"),
-         .text =
-             QStringLiteral("Another ORV Host Program uses this folder (%1): %2\n\nIts log and record file are left "
-                            "alone. %3")
-                 .arg(place_.otherProgram(), QDir::currentPath(), files),
-         .icon = Message::Icon::Exclamation});
+    session.messages.show(operatorWarning(
+        QStringLiteral("Another ORV Host Program uses this folder (%1): %2\n\nIts log and record file are left "
+                       "alone. %3")
+            .arg(place_.otherProgram(), QDir::currentPath(), files)));
 }
 
 void Program::openLog() {
@@ -107,12 +102,11 @@ void Program::openLog() {
     }
     const QString reason = log_.open(session.fileNames.log);
     if (!reason.isEmpty()) {
-        session.messages.show({.title = QStringLiteral("ORV Host Program"),
-                               .text = QStringLiteral("The log file %1 cannot be written in this folder: %2.\n\nThe "
-                                                      "program works without it. Start it in a folder where you may "
-                                                      "write files, so that log and record file are kept.")
-                                           .arg(session.fileNames.log, reason),
-                               .icon = Message::Icon::Exclamation});
+        session.messages.show(
+            operatorWarning(QStringLiteral("The log file %1 cannot be written in this folder: %2.\n\nThe "
+                                           "program works without it. Start it in a folder where you may "
+                                           "write files, so that log and record file are kept.")
+                                .arg(session.fileNames.log, reason)));
     }
 }
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/modes.h"
 
+#include "base/files.h"
 #include "base/text.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringList>
 
 namespace orv {
@@ -106,11 +106,6 @@ void setSamples(Mode& mode, InstrumentType type) {
     }
 }
 
-bool writeWhole(const QString& name, const QByteArray& content) {
-    QSaveFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
-}
-
 } // namespace
 
 Modes::Modes(Session& session, const ComPorts& ports, SettingsState& settings, SettingsSender& sender,
@@ -169,7 +164,7 @@ void Modes::saveMode() {
         return;
     }
     const QString shown = QFileInfo(name).fileName();
-    settings_.modeRemark = writeWhole(name, modeFileContent(mode))
+    settings_.modeRemark = writeWholeFile(name, modeFileContent(mode)).isEmpty()
                                ? QStringLiteral("Saved as %1.").arg(shown)
                                : QStringLiteral("%1 could not be written; nothing was saved.").arg(shown);
 }
@@ -217,9 +212,8 @@ void Modes::sendIfConnected() {
 }
 
 void Modes::refuse(const QString& text) {
-    session_.messages.show({.title = QStringLiteral("Load A User Defined Mode"),
-                            .text = text + QStringLiteral("\n\nNothing was changed and nothing was sent."),
-                            .icon = Message::Icon::Exclamation});
+    session_.messages.show(operatorWarning(text + QStringLiteral("\n\nNothing was changed and nothing was sent."),
+                                           QStringLiteral("Load A User Defined Mode")));
 }
 
 } // namespace orv

@@ -187,9 +187,8 @@ void ClockDisplay::checktime() {
     try {
         show(dateText, timeText);
     } catch (const RuntimeError&) {
-        session_.messages.show({.title = QStringLiteral("Software Error"),
-                                .text = QStringLiteral("Unable to read clock. Error #2"),
-                                .icon = Message::Icon::Exclamation});
+        session_.messages.show(
+            operatorWarning(QStringLiteral("Unable to read clock. Error #2"), QStringLiteral("Software Error")));
     }
 }
 

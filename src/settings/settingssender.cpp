@@ -254,9 +254,8 @@ SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {
         p_.progress.visible = false;
         p_.timer.setInterval(StatusTimer::slowInterval);
         p_.session.status.status = QStringLiteral("Ready");
-        p_.session.messages.show({.title = QStringLiteral("Error"),
-                                  .text = QStringLiteral("Error Sending Prefs. Error Code 1"),
-                                  .icon = Message::Icon::Exclamation});
+        p_.session.messages.show(
+            operatorWarning(QStringLiteral("Error Sending Prefs. Error Code 1"), QStringLiteral("Error")));
         if (showMainWindow) {
             showMainWindow();
         }
@@ -298,9 +297,8 @@ void SettingsCommands::applySettings() {
     }
     // The instrument cannot log a block without end.
     if (leadingNumber(settings_.record.pointsPerBlock.value()) == 0.0 && settings_.record.logEnabled) {
-        session_.messages.show({.title = QStringLiteral("Invalid Setup"),
-                                .text = QStringLiteral("Logging and Continues Sampling invalid."),
-                                .icon = Message::Icon::Exclamation});
+        session_.messages.show(operatorWarning(QStringLiteral("Logging and Continues Sampling invalid."),
+                                               QStringLiteral("Invalid Setup")));
         return;
     }
     progress_.show();

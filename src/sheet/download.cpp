@@ -50,10 +50,9 @@ void Download::saveAsText() {
     }
     if (layout == RowLayout::Unknown) {
         p_.progress.visible = false;
-        p_.session.messages.show({.title = QStringLiteral("ORV Host Program"),
-                                  .text = QStringLiteral("The instrument has not told its type, so its data cannot be "
-                                                         "read. Press Reset to connect again, then download."),
-                                  .icon = Message::Icon::Exclamation});
+        p_.session.messages.show(
+            operatorWarning(QStringLiteral("The instrument has not told its type, so its data cannot be "
+                                           "read. Press Reset to connect again, then download.")));
         return;
     }
     file_.setFileName(name);
@@ -258,21 +257,17 @@ void Download::tellIncomplete(Target target) {
                                              .arg(recordsText(unread_), p_.session.fileNames.log)
                                        : QString();
     p_.session.messages.show(
-        {.title = QStringLiteral("ORV Host Program"),
-         .text = QStringLiteral("The download is incomplete: it was ended before the instrument had "
-                                "sent everything. %1 arrived and can be found %2.%3\n\nThe "
-                                "instrument still holds its data; download it again.")
-                     .arg(recordsText(records_), where, unread),
-         .icon = Message::Icon::Exclamation});
+        operatorWarning(QStringLiteral("The download is incomplete: it was ended before the instrument had "
+                                       "sent everything. %1 arrived and can be found %2.%3\n\nThe "
+                                       "instrument still holds its data; download it again.")
+                            .arg(recordsText(records_), where, unread)));
 }
 
 void Download::tellFailure(const QString& reason, const QString& state, const QString& nextStep) {
     p_.session.messages.show(
-        {.title = QStringLiteral("ORV Host Program"),
-         .text = QStringLiteral("The stored data cannot be written to %1: %2.\n\n%3 The instrument "
-                                "still holds its data. %4")
-                     .arg(QFileInfo(file_.fileName()).absoluteFilePath(), reason, state, nextStep),
-         .icon = Message::Icon::Exclamation});
+        operatorWarning(QStringLiteral("The stored data cannot be written to %1: %2.\n\n%3 The instrument "
+                                       "still holds its data. %4")
+                            .arg(QFileInfo(file_.fileName()).absoluteFilePath(), reason, state, nextStep)));
 }
 
 } // namespace orv

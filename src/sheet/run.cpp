@@ -146,16 +146,14 @@ void Run::closeRecordFile() {
 }
 
 void Run::tellRecordFailure(const QString& reason) {
-    if (reason.isEmpty() || recordFailureTold_) {
+    if (reason.isEmpty() || std::exchange(recordFailureTold_, true)) {
         return;
     }
-    recordFailureTold_ = true;
-    p_.session.messages.show({.title = QStringLiteral("ORV Host Program"),
-                              .text = QStringLiteral("The record file %1 cannot be written: %2.\n\nThe run goes "
-                                                     "on and every row is on the sheet. Save the sheet when the run "
-                                                     "has ended.")
-                                          .arg(p_.session.fileNames.record, reason),
-                              .icon = Message::Icon::Exclamation});
+    p_.session.messages.show(
+        operatorWarning(QStringLiteral("The record file %1 cannot be written: %2.\n\nThe run goes "
+                                       "on and every row is on the sheet. Save the sheet when the run "
+                                       "has ended.")
+                            .arg(p_.session.fileNames.record, reason)));
 }
 
 } // namespace orv

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/graphpage.h"
 
+#include "base/files.h"
 #include "ui/plotcanvas.h"
 #include "ui/plotpicture.h"
 
@@ -414,7 +415,7 @@ void GraphPage::savePicture(PictureFormat format) {
     }
     // Rows may have come while the operator chose.
     refreshNow();
-    const QString reason = writePicture(name, plotPicture(*canvas_, pictureFormat(name, format)));
+    const QString reason = writeWholeFile(name, plotPicture(*canvas_, pictureFormat(name, format)));
     if (!reason.isEmpty()) {
         tell(QStringLiteral("Save Picture"),
              QStringLiteral("The picture could not be saved as %1: %2.\n\nChoose another folder or make room on the "
@@ -448,7 +449,7 @@ void GraphPage::print() {
 }
 
 void GraphPage::tell(const QString& title, const QString& text) {
-    p_.messages.show({.title = title, .text = text, .icon = Message::Icon::Exclamation});
+    p_.messages.show(operatorWarning(text, title));
 }
 
 void GraphPage::showEvent(QShowEvent* event) {

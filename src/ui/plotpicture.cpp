@@ -6,7 +6,6 @@
 #include <QPageLayout>
 #include <QPdfWriter>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
 #include <cmath>
@@ -123,14 +122,6 @@ QByteArray plotPicture(PlotCanvas& canvas, PictureFormat format) {
 
 bool printPlot(PlotCanvas& canvas, QPrinter& printer) {
     return paintPage(canvas, printer, printer.pageLayout().paintRectPixels(printer.resolution()).size());
-}
-
-QString writePicture(const QString& fileName, const QByteArray& bytes) {
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return file.errorString();
-    }
-    return {};
 }
 
 } // namespace orv

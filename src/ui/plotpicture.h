@@ -29,8 +29,4 @@ QByteArray plotPicture(PlotCanvas& canvas, PictureFormat format);
 /// Prints the same onto one page. Returns whether the printer took it.
 bool printPlot(PlotCanvas& canvas, QPrinter& printer);
 
-/// Writes a file whole or not at all: the older file stays until the new one is on the disk. Returns the empty text or
-/// why it failed.
-QString writePicture(const QString& fileName, const QByteArray& bytes);
-
 } // namespace orv

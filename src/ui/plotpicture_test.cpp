@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/files.h"
 #include "testing/graphpagetest.h"
 #include "ui/plotpicture.h"
 
@@ -102,7 +103,7 @@ TEST_F(PlotPictureTest, APictureThatCannotBeWrittenIsToldAndTheOldOneStays) {
     EXPECT_NE(text.find("Choose another folder"), std::string::npos) << text;
     EXPECT_EQ(messages.shown[0].icon, Message::Icon::Exclamation);
 
-    EXPECT_FALSE(writePicture(folder.path(), "bytes").isEmpty()) << "a folder is no file";
+    EXPECT_FALSE(writeWholeFile(folder.path(), "bytes").isEmpty()) << "a folder is no file";
     EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "nothing half written is left";
 }
 
