@@ -11,53 +11,16 @@ namespace orv {
 
 namespace {
 
-QStringList columns(std::initializer_list<const char*> names) {
-    QStringList row;
-    for (const char* name : names) {
-        row.append(QString::fromLatin1(name));
-    }
-    return row;
-}
-
-QStringList glowRow(HeaderPlace place) {
-    switch (place) {
-    case HeaderPlace::GridOnOpening:
-    case HeaderPlace::GridOnClearing:
-        return columns({"Data #", "Date", "Time", "Output"});
-    case HeaderPlace::SheetFile:
-        return columns({"Data Point", "Date", "Time", "Counts"});
-    case HeaderPlace::DownloadFile:
-        return columns({"Data Point", "Date", "Time", "Output"});
-    }
-    return {};
-}
-
-QStringList trxOlderRow(HeaderPlace place) {
-    switch (place) {
-    case HeaderPlace::GridOnOpening:
-        return columns({"Data #", "Date", "Time", "100", "Ref 100", "125", "Ref 125", "150", "Ref"});
-    case HeaderPlace::GridOnClearing:
-        return columns({"Data #", "Date", "Time", "100", "Ref1", "125", "Ref2", "150", "Ref3"});
-    case HeaderPlace::SheetFile:
-        return columns({"Data Point", "Date", "Time", "100", "REF 100", "125", "REF 125", "150", "REF 150"});
-    case HeaderPlace::DownloadFile:
-        return columns({"Data Point", "Date", "Time", "100", "100 REF", "125", "125 REF", "150", "150 REF"});
-    }
-    return {};
-}
-
-QStringList trxNewerRow(HeaderPlace place) {
-    switch (place) {
-    case HeaderPlace::GridOnOpening:
-    case HeaderPlace::GridOnClearing:
-        return columns({"Data #", "Date", "Time", "100", "125", "150", "Ref"});
-    case HeaderPlace::SheetFile:
-        return columns({"Data Point", "Date", "Time", "100", "125", "150", "REF 150"});
-    case HeaderPlace::DownloadFile:
-        return columns({"Data Point", "Date", "Time", "100", "125", "150", "150 REF"});
-    }
-    return {};
-}
+/// The columns of each layout but Unknown, in each place, in the order of the two enumerations.
+constexpr std::array<std::array<const char*, 4>, 3> headers{{
+    {"Data #|Date|Time|Output", "Data #|Date|Time|Output", "Data Point|Date|Time|Counts",
+     "Data Point|Date|Time|Output"},
+    {"Data #|Date|Time|100|Ref 100|125|Ref 125|150|Ref", "Data #|Date|Time|100|Ref1|125|Ref2|150|Ref3",
+     "Data Point|Date|Time|100|REF 100|125|REF 125|150|REF 150",
+     "Data Point|Date|Time|100|100 REF|125|125 REF|150|150 REF"},
+    {"Data #|Date|Time|100|125|150|Ref", "Data #|Date|Time|100|125|150|Ref", "Data Point|Date|Time|100|125|150|REF 150",
+     "Data Point|Date|Time|100|125|150|150 REF"},
+}};
 
 } // namespace
 
@@ -73,38 +36,12 @@ RowLayout rowLayout(InstrumentType type, double firmware) {
     return RowLayout::Unknown;
 }
 
-int valueCount(RowLayout layout) {
-    switch (layout) {
-    case RowLayout::Glow:
-        return 1;
-    case RowLayout::TrxNewer:
-        return 4;
-    case RowLayout::TrxOlder:
-    case RowLayout::Unknown:
-        break;
-    }
-    return 6;
-}
-
 QStringList headerRow(HeaderPlace place, RowLayout layout) {
-    switch (layout) {
-    case RowLayout::Glow:
-        return glowRow(place);
-    case RowLayout::TrxOlder:
-        return trxOlderRow(place);
-    case RowLayout::TrxNewer:
-        return trxNewerRow(place);
-    case RowLayout::Unknown:
-        break;
+    if (layout == RowLayout::Unknown) {
+        return {};
     }
-    return {};
-}
-
-QStringList recordFileHeader(double firmware) {
-    if (firmware >= newerGeneration) {
-        return columns({"Date", "Time", "LED1", "REF1", "LED2", "REF2", "LED3", "REF3"});
-    }
-    return columns({"Date", "Time", "LED1", "LED2", "LED3", "REF3"});
+    const auto& places = headers.at(static_cast<std::size_t>(layout) - 1);
+    return QString::fromLatin1(places.at(static_cast<std::size_t>(place))).split(u'|');
 }
 
 namespace {

@@ -33,7 +33,9 @@ RowLayout rowLayout(InstrumentType type, double firmware);
 
 /// How many values a data line of the layout carries after date and time count: 1, 6 or 4; for Unknown the most any
 /// layout has, 6.
-int valueCount(RowLayout layout);
+constexpr int valueCount(RowLayout layout) {
+    return layout == RowLayout::Glow ? 1 : layout == RowLayout::TrxNewer ? 4 : 6;
+}
 
 /// Where a header row stands. The same columns are named differently in each place: readers of the files and users
 /// of the grid know them by these names.
@@ -46,10 +48,6 @@ enum class HeaderPlace {
 
 /// The header texts of a layout, left to right; none for Unknown.
 QStringList headerRow(HeaderPlace place, RowLayout layout);
-
-/// The header of the record file's rows, the same for every type. The references LED by LED belong to firmware 500
-/// or more here, the reverse of the sheet's layouts.
-QStringList recordFileHeader(double firmware);
 
 struct SettingsState;
 

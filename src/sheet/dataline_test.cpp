@@ -58,15 +58,6 @@ TEST(HeaderRows, EachPlaceNamesTheColumnsItsOwnWay) {
     }
 }
 
-TEST(HeaderRows, RecordFileNamesReferencesLedByLedFromFirmware500On) {
-    const char* const newer = "Date|Time|LED1|REF1|LED2|REF2|LED3|REF3";
-    const char* const older = "Date|Time|LED1|LED2|LED3|REF3";
-    EXPECT_EQ(recordFileHeader(512.0).join(u'|').toStdString(), newer);
-    EXPECT_EQ(recordFileHeader(500.0).join(u'|').toStdString(), newer);
-    EXPECT_EQ(recordFileHeader(499.0).join(u'|').toStdString(), older);
-    EXPECT_EQ(recordFileHeader(0.0).join(u'|').toStdString(), older);
-}
-
 } // namespace
 
 namespace {

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/datasheet.h"
 
+#include "base/runtimeerror.h"
+
+#include <limits>
+#include <utility>
+
 namespace orv {
 
 QString DataSheet::cell(int row, int column) const {
@@ -61,6 +66,80 @@ void DataSheet::removeRows() {
     rowsOfOtherLayout_ = 0;
     ++removals_;
     rowsRemoved.tell();
+}
+
+SheetRows::SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetState& shown)
+    : session_(session)
+    , ports_(ports)
+    , sheet_(sheet)
+    , shown_(shown) {}
+
+RowLayout SheetRows::connectedLayout() const {
+    return connectedType().layout();
+}
+
+void SheetRows::layOutOnOpening() {
+    const RowLayout layout = connectedLayout();
+    if (layout != RowLayout::Unknown) {
+        sheet_.setHeader(connectedType(), headerRow(HeaderPlace::GridOnOpening, layout));
+    }
+}
+
+void SheetRows::clearSpreadSheet() {
+    ports_.debugsay(QStringLiteral("Clear Spread Sheet"));
+    clear();
+}
+
+void SheetRows::clear() {
+    session_.state.plc = 0;
+    sheet_.removeRows();
+    shown_.topRow = 0;
+    shown_.counter = QStringLiteral("0");
+    shown_.unsaved = false;
+    session_.commands.sheetHoldsRows = false;
+    // While the firmware is not known it counts as the older generation.
+    const InstrumentType type = session_.state.type();
+    const double firmware = session_.state.firmware;
+    const RowLayout layout =
+        rowLayout(type == InstrumentType::Glow ? InstrumentType::Glow : InstrumentType::Trx, firmware);
+    sheet_.setHeader(
+        {.letter = type != InstrumentType::Unknown ? session_.state.Vartemp : QString(), .firmware = firmware},
+        headerRow(HeaderPlace::GridOnClearing, layout));
+}
+
+void SheetRows::addRow(const DataRow& row) {
+    qint16& plc = session_.state.plc;
+    if (plc == std::numeric_limits<qint16>::max()) {
+        throw RuntimeError(RuntimeError::Kind::Overflow);
+    }
+    ++plc;
+    sheet_.appendRow(sheetCells(plc, row));
+    shown_.counter = QString::number(plc);
+    shown_.unsaved = true;
+    session_.commands.sheetHoldsRows = true;
+}
+
+void SheetRows::replaceBy(LoadedSheet loaded) {
+    clear();
+    sheet_.setHeader(loaded.type, headerRow(HeaderPlace::GridOnClearing, loaded.type.layout()));
+    for (QByteArray& row : loaded.rows) {
+        sheet_.appendJoinedRow(std::move(row));
+    }
+    session_.state.plc = static_cast<qint16>(loaded.rows.size());
+    shown_.counter = QString::number(session_.state.plc);
+    session_.commands.sheetHoldsRows = session_.state.plc > 0;
+    followNewest();
+}
+
+void SheetRows::recover(LoadedSheet recorded) {
+    replaceBy(std::move(recorded));
+    shown_.unsaved = session_.state.plc > 0;
+}
+
+void SheetRows::followNewest() {
+    if (session_.state.plc > 11) {
+        shown_.topRow = session_.state.plc - 10;
+    }
 }
 
 } // namespace orv

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/observe.h"
+#include "link/comports.h"
 #include "sheet/dataline.h"
 
 #include <QByteArray>
@@ -19,7 +20,7 @@ namespace orv {
 /// Characters are those the instrument can send (Latin-1).
 class DataSheet {
 public:
-    static constexpr int columnCount = 9;
+    static constexpr int columnCount = sheetcolumn::firstValue + valueCount(RowLayout::TrxOlder);
 
     /// The type letter and firmware of the instrument whose rows these are; set when the header row is laid out or a
     /// file is loaded. An empty letter is a sheet of no known type.
@@ -74,6 +75,13 @@ private:
     std::vector<QByteArray> rows_; ///< The cells of a row joined by tabs.
 };
 
+/// The rows of a file, for the sheet.
+struct LoadedSheet {
+    DataSheet::Type type;
+    std::vector<QByteArray> rows; ///< Cells joined by tabs.
+    QString error;                ///< Empty, or what is wrong with the file; then there are no rows.
+};
+
 /// What the data sheet page shows beside the grid.
 struct SheetState {
     QProperty<QString> counter{QStringLiteral("0")};         ///< Rows on the sheet.
@@ -83,6 +91,45 @@ struct SheetState {
     QProperty<int> currentRow{0};                            ///< Grid cell that a procedure visited last.
     QProperty<int> currentColumn{0};
     QProperty<bool> unsaved{false}; ///< The sheet holds rows that no file has.
+};
+
+/// What every procedure that fills the sheet shares: laying out, clearing, adding rows, and the counter `plc`.
+class SheetRows {
+public:
+    SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetState& shown);
+
+    /// Writes the header row of the connected type when a port has been opened; nothing for an unknown type.
+    void layOutOnOpening();
+
+    /// "Clear Spread Sheet": removes all rows without asking and writes the header row, TRX's for any letter that is
+    /// not GLOW's.
+    void clearSpreadSheet();
+
+    /// Counts the row and adds it. Throws RuntimeError Overflow, with nothing changed, if the counter is full.
+    void addRow(const DataRow& row);
+
+    /// Replaces everything on the sheet by a loaded file; its rows are not unsaved.
+    void replaceBy(LoadedSheet loaded);
+
+    /// The same with rows that no sheet file has: they are unsaved.
+    void recover(LoadedSheet recorded);
+
+    /// Brings the last ten rows into view once there are more than 11.
+    void followNewest();
+
+    /// The layout of the connected instrument's data lines.
+    RowLayout connectedLayout() const;
+    DataSheet::Type connectedType() const {
+        return {.letter = session_.state.Vartemp, .firmware = session_.state.firmware};
+    }
+
+private:
+    void clear();
+
+    Session& session_;
+    ComPorts& ports_;
+    DataSheet& sheet_;
+    SheetState& shown_;
 };
 
 } // namespace orv

@@ -5,7 +5,6 @@
 #include "link/waits.h"
 #include "settings/loggersettings.h"
 #include "sheet/sheetfiles.h"
-#include "sheet/sheetrows.h"
 
 #include <QFile>
 

@@ -3,14 +3,12 @@
 
 #include "base/files.h"
 #include "base/text.h"
-#include "sheet/dataline.h"
+#include "sheet/recordformat.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace orv {
@@ -19,6 +17,9 @@ namespace {
 
 /// No lock is longer.
 constexpr qint64 longestLock = 256;
+
+/// How long a written row may wait for the disk, in milliseconds.
+constexpr qint64 diskDelay = 500;
 
 } // namespace
 
@@ -81,51 +82,6 @@ bool RunLock::copyFrom(const RunLock& other) const {
     return file.open(QIODevice::ReadOnly) && write(file.read(longestLock));
 }
 
-namespace {
-
-/// A firmware number of each generation, whose headers differ.
-constexpr std::array generations{0.0, newerGeneration};
-
-/// How long a written row may wait for the disk, in milliseconds.
-constexpr qint64 diskDelay = 500;
-
-/// No header is longer.
-constexpr qint64 longestHeader = 512;
-
-QByteArray headerText(const QDateTime& start, double firmware) {
-    const QString text =
-        QStringLiteral("Orvtemp.tmp\t%1\t%2\r\n"
-                       "Device File\r\n"
-                       "\r\r\r\n"
-                       // The number column's header stands on a line of its own.
-                       "Data point\t\r\n"
-                       "%3\r\n")
-            .arg(shortDate(start.date()), clockText(start.time()), recordFileHeader(firmware).join(u'\t'));
-    return text.toLatin1();
-}
-
-bool isHeaderOrItsBegin(const QByteArray& bytes) {
-    const QByteArray begin("Orvtemp.tmp\t");
-    if (!bytes.startsWith(begin)) {
-        return begin.startsWith(bytes);
-    }
-    const qsizetype firstEnd = bytes.indexOf('\n');
-    const QByteArray dateAndTime = bytes.mid(begin.size(), firstEnd < 0 ? -1 : firstEnd - begin.size());
-    if (!std::all_of(dateAndTime.begin(), dateAndTime.end(),
-                     [](char letter) { return QByteArray("0123456789/:\t APM\r").contains(letter); })) {
-        return false;
-    }
-    if (firstEnd < 0) {
-        return true;
-    }
-    return std::any_of(generations.begin(), generations.end(), [&](double firmware) {
-        const QByteArray header = headerText(QDateTime(QDate(2000, 1, 1), QTime(0, 0)), firmware);
-        return header.mid(header.indexOf('\n')).startsWith(bytes.mid(firstEnd));
-    });
-}
-
-} // namespace
-
 RecordFile::RecordFile(const Clock& clock, const QString& path)
     : clock_(clock)
     , file_(path)
@@ -151,7 +107,7 @@ QString RecordFile::start(const DataSheet::Type& type) {
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
         return file_.errorString();
     }
-    reason = appendWhole(file_, headerText(clock_.now(), type.firmware));
+    reason = appendWhole(file_, recordHeader(clock_.now(), type.firmware));
     begun_ = reason.isEmpty();
     if (begun_) {
         // Not before the file of the run before is out of the way: a program that dies here leaves no row of that run
@@ -189,7 +145,7 @@ bool RecordFile::holdsUnsavedRows() const {
         return old.exists();
     }
     // Whatever stands behind a header, or in a file that is no record file, is kept. A header may have been cut off.
-    return !isHeaderOrItsBegin(old.read(longestHeader));
+    return !isRecordHeaderOrItsBegin(old.read(longestRecordHeader));
 }
 
 QString RecordFile::append(const QString& line) {

@@ -4,9 +4,9 @@
 #include "link/debug.h"
 #include "link/poll.h"
 #include "sheet/dataline.h"
+#include "sheet/datasheet.h"
 #include "sheet/recordfile.h"
 #include "sheet/sheetfiles.h"
-#include "sheet/sheetrows.h"
 
 namespace orv {
 

@@ -3,24 +3,19 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "sheet/sheetformat.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 
+#include <optional>
 #include <utility>
 
 namespace orv {
 
 namespace {
 
-constexpr int autosaveRows = 20000;
-
 /// A full sheet is a few megabytes.
 constexpr qint64 largestFile = qint64{64} * 1024 * 1024;
-
-int cellsPerRow(RowLayout layout) {
-    return layout == RowLayout::Glow ? 4 : 8;
-}
 
 QString tellable(const QString& name) {
     return QFileInfo(name).absoluteFilePath();
@@ -53,33 +48,11 @@ LoadedSheet readSheetFile(const QString& name) {
 
 } // namespace
 
-QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName) {
-    const RowLayout layout = sheet.type().layout();
-    if (layout == RowLayout::Unknown) {
-        return {};
-    }
-    QString header = sheet.type().letter + u'\t' + plainNumber(sheet.type().firmware) +
-                     printedNumber(sheet.rowCount()) + QLatin1String("\r\n") + QFileInfo(fileName).fileName() +
-                     QLatin1String("\r\n\r\r\r\n") + headerRow(HeaderPlace::SheetFile, layout).join(u'\t');
-    if (layout == RowLayout::Glow) {
-        header += u'\t';
-    }
-    constexpr qsizetype usualRowLength = 64;
-    QByteArray bytes;
-    bytes.reserve(header.size() + 2 + sheet.rowCount() * usualRowLength);
-    bytes += header.toUtf8() + "\r\n";
-    for (int row = 0; row < sheet.rowCount(); ++row) {
-        sheet.writeCells(row, cellsPerRow(layout), bytes);
-        bytes += '\r';
-    }
-    return bytes;
-}
-
 SheetFiles::SheetFiles(const Parts& parts)
     : p_(parts) {}
 
 QString SheetFiles::presetName() const {
-    const QString records = p_.session.state.plc < autosaveRows ? QString() : p_.shown.records.value();
+    const QString records = p_.session.state.plc < AutomaticSave::rowLimit ? QString() : p_.shown.records.value();
     return p_.shown.fileName.value() + records + QLatin1String(".txt");
 }
 
@@ -151,10 +124,9 @@ bool SheetFiles::refuse(const QString& name, const LoadedSheet& loaded) {
     if (loaded.error.isEmpty()) {
         return false;
     }
-    p_.session.messages.show({.title = QStringLiteral("Open"),
-                              .text = QStringLiteral("%1 could not be opened.\n\n%2\n\nThe sheet is as it was.")
-                                          .arg(tellable(name), loaded.error),
-                              .icon = Message::Icon::Exclamation});
+    p_.session.messages.show(operatorWarning(
+        QStringLiteral("%1 could not be opened.\n\n%2\n\nThe sheet is as it was.").arg(tellable(name), loaded.error),
+        QStringLiteral("Open")));
     return true;
 }
 
@@ -167,20 +139,10 @@ bool SheetFiles::ask() {
 }
 
 SheetFiles::Outcome SheetFiles::write(const QString& name) {
-    QSaveFile file(name);
-    const QByteArray bytes = sheetFileBytes(p_.sheet, name);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
-        return fail(name, file.errorString());
-    }
-    // The older file goes out of the way only now that the new one is whole, so that a failed save leaves it.
-    if (autosaving == 1) {
-        const QString reason = keepUnderDatedName(name, p_.session.clock.now());
-        if (!reason.isEmpty()) {
-            return fail(name, QStringLiteral("the older file of that name could not be kept (%1)").arg(reason));
-        }
-    }
-    if (!file.commit()) {
-        return fail(name, file.errorString());
+    const auto keepOlder = autosaving == 1 ? std::optional(p_.session.clock.now()) : std::nullopt;
+    const QString reason = writeWholeFile(name, sheetFileBytes(p_.sheet, name), keepOlder);
+    if (!reason.isEmpty()) {
+        return fail(name, reason);
     }
     autosaveFailureTold_ = false;
     p_.shown.unsaved = false;
@@ -194,20 +156,14 @@ SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason)
     if (autosaving == 1 && std::exchange(autosaveFailureTold_, true)) {
         return Outcome::Failed;
     }
-    p_.session.messages.show({.title = QStringLiteral("Save as"),
-                              .text = QStringLiteral("The sheet could not be saved as %1: %2.\n\nIts rows are still on "
-                                                     "the sheet. Choose another folder or make room on the disk, then "
-                                                     "save again.")
-                                          .arg(tellable(name), reason),
-                              .icon = Message::Icon::Exclamation});
+    p_.session.messages.show(
+        operatorWarning(QStringLiteral("The sheet could not be saved as %1: %2.\n\nIts rows are still on "
+                                       "the sheet. Choose another folder or make room on the disk, then "
+                                       "save again.")
+                            .arg(tellable(name), reason),
+                        QStringLiteral("Save as")));
     return Outcome::Failed;
 }
-
-namespace {
-
-constexpr int retryAfterRows = 500;
-
-} // namespace
 
 AutomaticSave::AutomaticSave(Session& session, SheetRows& rows, SheetFiles& files, SheetState& shown)
     : session_(session)
@@ -230,7 +186,7 @@ void AutomaticSave::saveLongSheet() {
         rows_.clearSpreadSheet();
         nextTry_ = rowLimit;
     } else {
-        nextTry_ = count + retryAfterRows;
+        nextTry_ = count + 500;
     }
     files_.autosaving = 0;
 }

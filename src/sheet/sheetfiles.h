@@ -3,17 +3,10 @@
 
 #include "link/comports.h"
 #include "sheet/datasheet.h"
-#include "sheet/sheetrows.h"
 
 #include <functional>
 
 namespace orv {
-
-/// The bytes of a sheet file: header lines, the file's column headers (spelled unlike the grid's), and the rows, eight
-/// cells for TRX and four for GLOW, each followed by a tab, each row ended by a lone CR. For the older TRX the ninth
-/// column is left out, for the newer one an empty eighth cell is added: that is the format. Empty for an unknown type.
-/// `fileName` stands on the second line without its folders.
-QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName);
 
 /// Saves and loads the data sheet.
 class SheetFiles {

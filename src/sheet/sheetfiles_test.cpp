@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/sheetformat.h"
 #include "testing/sheettest.h"
 
 namespace orv {

@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <QByteArrayList>
+#include <QFileInfo>
 
 #include <limits>
 #include <optional>
@@ -104,7 +105,34 @@ FirstLine readFirstLine(QByteArrayView line) {
     return first;
 }
 
+/// Eight cells for TRX: the older one's ninth is left out, the newer one's eighth is empty.
+constexpr int cellsPerRow(RowLayout layout) {
+    return layout == RowLayout::Glow ? 4 : 8;
+}
+
 } // namespace
+
+QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName) {
+    const RowLayout layout = sheet.type().layout();
+    if (layout == RowLayout::Unknown) {
+        return {};
+    }
+    QString header = sheet.type().letter + u'\t' + plainNumber(sheet.type().firmware) +
+                     printedNumber(sheet.rowCount()) + QLatin1String("\r\n") + QFileInfo(fileName).fileName() +
+                     QLatin1String("\r\n\r\r\r\n") + headerRow(HeaderPlace::SheetFile, layout).join(u'\t');
+    if (layout == RowLayout::Glow) {
+        header += u'\t';
+    }
+    constexpr qsizetype usualRowLength = 64;
+    QByteArray bytes;
+    bytes.reserve(header.size() + 2 + sheet.rowCount() * usualRowLength);
+    bytes += header.toUtf8() + "\r\n";
+    for (int row = 0; row < sheet.rowCount(); ++row) {
+        sheet.writeCells(row, cellsPerRow(layout), bytes);
+        bytes += '\r';
+    }
+    return bytes;
+}
 
 LoadedSheet parseSheetFile(const QByteArray& bytes) {
     Lines lines(bytes);
@@ -132,7 +160,7 @@ LoadedSheet parseSheetFile(const QByteArray& bytes) {
     }
     LoadedSheet loaded;
     loaded.type = first.type;
-    const int cells = first.type.layout() == RowLayout::Glow ? 4 : 8;
+    const int cells = cellsPerRow(first.type.layout());
     const auto count = static_cast<std::size_t>(first.count);
     const Quotes quotes = quotesIn(bytes);
     loaded.rows.reserve(count);

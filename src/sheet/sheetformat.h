@@ -6,16 +6,13 @@
 #include <QByteArray>
 #include <QString>
 
-#include <vector>
-
 namespace orv {
 
-/// What a sheet file holds.
-struct LoadedSheet {
-    DataSheet::Type type;
-    std::vector<QByteArray> rows; ///< Cells joined by tabs: eight for TRX, four for GLOW.
-    QString error;                ///< Empty, or what is wrong with the file; then there are no rows.
-};
+/// The bytes of a sheet file: header lines, the file's column headers (spelled unlike the grid's), and the rows, eight
+/// cells for TRX and four for GLOW, each followed by a tab, each row ended by a lone CR. For the older TRX the ninth
+/// column is left out, for the newer one an empty eighth cell is added: that is the format. Empty for an unknown type.
+/// `fileName` stands on the second line without its folders.
+QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName);
 
 /// Reads the bytes of a sheet file, as saved by this program (rows ended by a lone CR) or by a spreadsheet (CR LF or
 /// LF, cells in double quotes, empty cells at the end of a line left out or added). The first line tells the type
