@@ -10,54 +10,10 @@
 
 namespace orv {
 
-/// Fills the worksheet from the rows on the data sheet.
-class Computation {
-public:
-    struct Parts {
-        SessionState& state;
-        const DataSheet& sheet;
-        SheetState& sheetState;
-        CalibrationState& shown;
-        WorksheetStore& store;
-    };
-
-    explicit Computation(const Parts& parts);
-
-    /// "Calc DP". Writes the mean of the sheet's columns 3, 4 and 5 over the `plc` rows into the selected row of the
-    /// worksheet; for Point k also the derived point Int(Rk * (P \ Rk-1)), P being the box above and R the reference
-    /// values of the same channel. Then keeps the worksheet for the current instrument. With no row selected nothing is
-    /// written, only kept.
-    ///
-    /// Throws RuntimeError DivisionByZero (no rows; a reference of 0) or Overflow: what was written before stays and
-    /// the worksheet is not kept, or not wholly if a value of it does not fit.
-    void calcdp();
-
-private:
-    double mean(int sheetColumn);
-    double derivedPoint(int row, int channel) const;
-
-    Parts p_;
-};
-
 /// The calibration report of the instrument shown, from the worksheet as it stands on the screen: date and time, the
 /// reference values of the selected colour, the instrument, the table of the worksheet. Lines end CR LF; some have a
 /// CR more. The "Stdev" line repeats the "Air" row: there are no separate standard deviations.
 QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment);
-
-/// "Save Cal Info".
-class Report {
-public:
-    Report(Session& session, CalibrationState& shown, OperatorQuestions& questions);
-
-    /// Writes the report to the file that the operator names. A cancelled dialog writes nothing; if the file cannot be
-    /// written, what was there stays and the operator is told why.
-    void save();
-
-private:
-    Session& session_;
-    CalibrationState& shown_;
-    OperatorQuestions& questions_;
-};
 
 /// The operator's actions on the page "Calibration TRX(S)". A run-time error ends the action it happens in and is told
 /// once.
@@ -77,17 +33,30 @@ public:
     void next();               ///< `Command5`.
     void previous();           ///< `Command8`.
     void select(int position); ///< A click on an entry of `List2`.
-    void calcdp();             ///< `Command12`.
-    void saveCalInfo();        ///< `Command14`.
+
+    /// `Command12`, "Calc DP". Writes the mean of the sheet's columns 3, 4 and 5 over the `plc` rows into the selected
+    /// row of the worksheet; for Point k also the derived point Int(Rk * (P \ Rk-1)), P being the box above and R the
+    /// reference values of the same channel. Then keeps the worksheet for the current instrument. With no row selected
+    /// nothing is written, only kept.
+    ///
+    /// Ends with DivisionByZero (no rows; a reference of 0) or Overflow: what was written before stays and the
+    /// worksheet is not kept, or not wholly if a value of it does not fit.
+    void calcdp();
+
+    /// `Command14`, "Save Cal Info". Writes the report to the file that the operator names. A cancelled dialog writes
+    /// nothing; if the file cannot be written, what was there stays and the operator is told why.
+    void saveCalInfo();
 
     CalibrationTable table;
 
 private:
-    OperatorMessages& messages_;
+    void compute();
+    double mean(int sheetColumn);
+    double derivedPoint(int row, int channel) const;
+
+    Parts p_;
     WorksheetStore store_;
     InstrumentList list_;
-    Computation computation_;
-    Report report_;
 };
 
 } // namespace orv

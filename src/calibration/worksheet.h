@@ -53,6 +53,18 @@ private:
 /// The colour of an instrument's light source, by the number of its selector.
 enum class LightColour : quint8 { None = 0, Red = 9, Blue = 10, Green = 11 };
 
+struct Light {
+    LightColour colour;
+    const char* name;
+    const char* wavelength; ///< Nanometres.
+    int referenceColumn;    ///< Where its values stand in the reference frame.
+};
+
+/// The lights, in the order of their selectors.
+inline constexpr std::array<Light, 3> lights{{{LightColour::Red, "Red", "650", 1},
+                                              {LightColour::Blue, "Blue", "440", 0},
+                                              {LightColour::Green, "Green", "532", 2}}};
+
 /// What is kept of each instrument of a calibration batch, in memory only. It starts as zeros.
 class CalibrationTable {
 public:

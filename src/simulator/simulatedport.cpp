@@ -36,32 +36,6 @@ void SimulatedPort::close() {
     }
 }
 
-void SimulatedPort::setDataTerminalReady(bool on) {
-    if (open_) {
-        instrument_->setWakeLine(on);
-    }
-}
-
-QByteArray SimulatedPort::readAll() {
-    return open_ ? instrument_->takeArrived() : QByteArray();
-}
-
-void SimulatedPort::write(const QByteArray& bytes) {
-    if (open_) {
-        instrument_->receive(bytes);
-    }
-}
-
-void SimulatedPort::discardInput() {
-    if (open_) {
-        instrument_->discardArrived();
-    }
-}
-
-qsizetype SimulatedPort::inputCount() {
-    return open_ ? instrument_->arrivedCount() : 0;
-}
-
 bool SimulatedPort::waitForInput(int milliseconds) {
     qint64 remaining = milliseconds;
     while (inputCount() == 0 && remaining > 0) {

@@ -23,13 +23,25 @@ public:
     QString open() override;
     void close() override;
     bool isOpen() const override { return open_; }
-    void setDataTerminalReady(bool on) override;
-    QByteArray readAll() override;
-    void write(const QByteArray& bytes) override;
-    void discardInput() override;
+    void setDataTerminalReady(bool on) override {
+        if (open_) {
+            instrument_->setWakeLine(on);
+        }
+    }
+    QByteArray readAll() override { return open_ ? instrument_->takeArrived() : QByteArray(); }
+    void write(const QByteArray& bytes) override {
+        if (open_) {
+            instrument_->receive(bytes);
+        }
+    }
+    void discardInput() override {
+        if (open_) {
+            instrument_->discardArrived();
+        }
+    }
 
     /// As for every port, except that it counts no further than about 64 KB.
-    qsizetype inputCount() override;
+    qsizetype inputCount() override { return open_ ? instrument_->arrivedCount() : 0; }
 
     /// As for every port; on a closed or failed port it sleeps the whole time.
     bool waitForInput(int milliseconds) override;
