@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/connection.h"
-#include "testing/linkrig.h"
+#include "testing/programrig.h"
 
 #include <gtest/gtest.h>
 
@@ -8,27 +8,25 @@ namespace orv {
 
 namespace {
 
-TEST(ClosePort, takesBackWhatTheConnectionHasShown) {
-    LinkRig rig;
-    rig.replies = {"V512\r"};
-    rig.connection.autoConnect1();
-    StatusState& status = rig.session.status;
+using ClosePort = ProgramTest;
+
+TEST_F(ClosePort, takesBackWhatTheConnectionHasShown) {
+    replies = {"V512\r"};
+    autoConnect();
     status.instrument = InstrumentType::Trx;
     status.date = QStringLiteral("1/5/99");
     status.time = QStringLiteral("3:05:09 PM");
-    DebugState& debug = rig.debug;
     for (QProperty<bool>* frame :
          {&debug.debugFrameVisible, &debug.turbidityFrameVisible, &debug.fluorometerFrameVisible,
           &debug.transmissometerFrameVisible, &debug.outputFrameVisible}) {
         *frame = true;
     }
-    CommandState& commands = rig.session.commands;
     commands.processingMenuVisible = true;
     commands.settingsMenuVisible = true;
     commands.activity = Activity::Collecting;
-    rig.state.Portused = 1;
+    state.Portused = 1;
 
-    rig.connection.closePort();
+    program.closePort();
 
     EXPECT_EQ(status.status.value(), QStringLiteral("Offline"));
     EXPECT_EQ(status.firmware.value(), QString(8, u'_'));
@@ -47,47 +45,45 @@ TEST(ClosePort, takesBackWhatTheConnectionHasShown) {
     EXPECT_EQ(commands.activity.value(), Activity::None);
     for (const ConnectItems::Item item :
          {ConnectItems::Auto1, ConnectItems::Auto2, ConnectItems::Manual1, ConnectItems::Manual2}) {
-        EXPECT_TRUE(rig.items[item].enabled.value());
-        EXPECT_FALSE(rig.items.checked(item));
+        EXPECT_TRUE(items[item].enabled.value());
+        EXPECT_FALSE(items.checked(item));
     }
-    EXPECT_FALSE(rig.ports.isOpen());
-    EXPECT_EQ(rig.state.portstatus, 2);
-    EXPECT_EQ(rig.state.Rtn, QStringLiteral("wakeup!!!"));
-    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Idle);
-    EXPECT_EQ(rig.state.Tmr, 1);
-    EXPECT_EQ(rig.state.Portused, 1);
-    EXPECT_EQ(rig.state.Vartemp, QStringLiteral("V"));
-    EXPECT_EQ(rig.recordFilesClosed, 1);
-    EXPECT_EQ(rig.resets, 0);
+    EXPECT_FALSE(ports.isOpen());
+    EXPECT_EQ(state.portstatus, 2);
+    EXPECT_EQ(state.Rtn, QStringLiteral("wakeup!!!"));
+    EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
+    EXPECT_EQ(state.Tmr, 1);
+    EXPECT_EQ(state.Portused, 1);
+    EXPECT_EQ(state.Vartemp, QStringLiteral("V"));
 }
 
-TEST(ClosePort, announcesItselfAndClosesTheRecordFileBeforeThePort) {
-    LinkRig rig;
-    rig.replies = {"V512\r"};
-    rig.connection.autoConnect1();
-    rig.tickDebugOutput();
-    rig.connection.closePort();
-    EXPECT_EQ(rig.com2.allWritten(), "Close Port\r(record file)\rLooking to see what port to open\r");
+TEST_F(ClosePort, announcesItselfAndClosesTheRecordFileBeforeThePort) {
+    runWithRows(1);
+    tickDebugOutput();
+    com1.input = "11/21/26\t2700\t2\t20\t30\t40\r\n";
+    program.closePort();
+    EXPECT_EQ(said(), "Close Port\rProfile Sub\rLooking to see what port to open\r") << "no reset";
+    EXPECT_EQ(sheet.rowCount(), 2);
+    EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
 }
 
-TEST(ClosePort, doesNoHarmWhileThePortIsClosed) {
-    LinkRig rig;
-    rig.state.Rtn = QStringLiteral("kept");
-    rig.connection.closePort();
-    EXPECT_EQ(rig.state.Rtn, QStringLiteral("kept"));
-    EXPECT_EQ(rig.state.portstatus, 2);
-    EXPECT_TRUE(rig.com1.dtr.isEmpty());
-    EXPECT_TRUE(rig.messages.shown.empty());
+TEST_F(ClosePort, doesNoHarmWhileThePortIsClosed) {
+    state.Rtn = QStringLiteral("kept");
+    program.closePort();
+    EXPECT_EQ(state.Rtn, QStringLiteral("kept"));
+    EXPECT_EQ(state.portstatus, 2);
+    EXPECT_TRUE(com1.dtr.isEmpty());
+    EXPECT_TRUE(messages.shown.empty());
 }
 
-TEST(ClosePort, listsTheInputCountOnlyInTheServiceModeWithShowParsing) {
+TEST_F(ClosePort, listsTheInputCountOnlyInTheServiceModeWithShowParsing) {
     for (const bool serviceMode : {false, true}) {
         for (const bool showParsing : {false, true}) {
-            LinkRig rig;
+            ProgramRig rig;
             rig.ports.open();
             rig.state.trouble = serviceMode ? 1 : 0;
             rig.debug.showParsing = showParsing;
-            rig.connection.closePort();
+            rig.program.closePort();
             const std::deque<QString> expected =
                 serviceMode && showParsing ? std::deque<QString>{QStringLiteral("0")} : std::deque<QString>{};
             EXPECT_EQ(rig.debug.list.entries(), expected);
@@ -95,195 +91,181 @@ TEST(ClosePort, listsTheInputCountOnlyInTheServiceModeWithShowParsing) {
     }
 }
 
-TEST(ClosePort, hidesResetShutterUntilTheNextConnection) {
-    LinkRig rig;
-    rig.replies = {"V512\r", "V512\r"};
-    rig.connection.autoConnect1();
-    rig.connection.closePort();
-    EXPECT_FALSE(rig.session.commands.resetShutterVisible.value());
-    rig.connection.autoConnect1();
-    EXPECT_TRUE(rig.session.commands.resetShutterVisible.value());
-    EXPECT_TRUE(rig.session.commands.resetShutterEnabled.value());
+TEST_F(ClosePort, hidesResetShutterUntilTheNextConnection) {
+    replies = {"V512\r", "V512\r"};
+    autoConnect();
+    program.closePort();
+    EXPECT_FALSE(commands.resetShutterVisible.value());
+    autoConnect();
+    EXPECT_TRUE(commands.resetShutterVisible.value());
+    EXPECT_TRUE(commands.resetShutterEnabled.value());
 }
 
-TEST(ClosePort, endsAConnectionInItsWakeUpPulseWithoutAnotherWord) {
-    LinkRig rig;
+TEST_F(ClosePort, endsAConnectionInItsWakeUpPulseWithoutAnotherWord) {
     int yields = 0;
-    rig.yield.tick = [&] {
+    events.tick = [&] {
         if (++yields == 10) {
-            rig.connection.closePort();
+            program.closePort();
         }
     };
-    rig.replies = {"V512\r"};
-    rig.connection.autoConnect1();
+    replies = {"V512\r"};
+    autoConnect();
     EXPECT_EQ(yields, 10);
-    EXPECT_TRUE(rig.com1.writes.empty());
-    EXPECT_EQ(rig.com1.dtr, QStringList{QStringLiteral("on")});
-    EXPECT_EQ(rig.session.status.status.value(), QStringLiteral("Offline"));
-    EXPECT_EQ(rig.session.commands.activity.value(), Activity::None);
-    EXPECT_FALSE(rig.items.checked(ConnectItems::Auto1));
-    EXPECT_EQ(rig.state.Portused, 0);
-    EXPECT_EQ(rig.headerRows, 0);
-    EXPECT_FALSE(rig.manual.shown.visible.value());
+    EXPECT_TRUE(com1.writes.empty());
+    EXPECT_EQ(com1.dtr, QStringList{QStringLiteral("on")});
+    EXPECT_EQ(status.status.value(), QStringLiteral("Offline"));
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_FALSE(items.checked(ConnectItems::Auto1));
+    EXPECT_EQ(state.Portused, 0);
+    EXPECT_EQ(sheet.type().layout(), RowLayout::Unknown);
+    EXPECT_FALSE(manual.shown.visible.value());
 }
 
-TEST(ClosePort, endsAConnectionBetweenReplyAndRequestWithoutAnotherWord) {
-    LinkRig rig;
-    rig.replies = {"V512\r"};
-    rig.yield.tick = [&] {
-        if (rig.state.Vartemp == QLatin1String("V") && rig.ports.isOpen()) {
-            rig.connection.closePort();
+TEST_F(ClosePort, endsAConnectionBetweenReplyAndRequestWithoutAnotherWord) {
+    replies = {"V512\r"};
+    events.tick = [&] {
+        if (state.Vartemp == QLatin1String("V") && ports.isOpen()) {
+            program.closePort();
         }
     };
-    rig.connection.autoConnect2();
-    EXPECT_TRUE(rig.com2.writes.empty());
-    EXPECT_EQ(rig.headerRows, 0);
-    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Idle);
-    EXPECT_FALSE(rig.items.checked(ConnectItems::Auto2));
+    autoConnect(2);
+    EXPECT_TRUE(com2.writes.empty());
+    EXPECT_EQ(sheet.type().layout(), RowLayout::Unknown);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
+    EXPECT_FALSE(items.checked(ConnectItems::Auto2));
 }
 
-TEST(ClosePort, leavesTheNextConnectionToItself) {
-    LinkRig rig;
+TEST_F(ClosePort, leavesTheNextConnectionToItself) {
     int yields = 0;
-    rig.yield.tick = [&] {
-        rig.tick();
+    events.tick = [&] {
+        program.tick();
         if (++yields == 10) {
-            rig.connection.closePort();
-            rig.connection.autoConnect2();
+            program.closePort();
+            autoConnect(2);
         }
     };
-    rig.replies = {"F412\r"};
-    rig.connection.autoConnect1();
-    EXPECT_TRUE(rig.com1.writes.empty());
-    EXPECT_EQ(rig.com2.allWritten(), "P");
-    EXPECT_EQ(rig.state.Portused, 2);
-    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto2));
-    EXPECT_FALSE(rig.items.checked(ConnectItems::Auto1)) << "the attempt that was overtaken must not touch the menu";
-    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
+    replies = {"F412\r"};
+    autoConnect();
+    EXPECT_TRUE(com1.writes.empty());
+    EXPECT_EQ(com2.allWritten(), "P");
+    EXPECT_EQ(state.Portused, 2);
+    EXPECT_TRUE(items.checked(ConnectItems::Auto2));
+    EXPECT_FALSE(items.checked(ConnectItems::Auto1)) << "the attempt that was overtaken must not touch the menu";
+    EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
 }
 
 } // namespace
 
 namespace {
 
-TEST(AbortRun, onlyAnnouncesItselfOnAClosedPort) {
-    LinkRig rig;
-    rig.tickDebugOutput();
-    rig.items[ConnectItems::Auto1].checked = true;
-    rig.abortRun.abortrun();
-    EXPECT_EQ(rig.com2.allWritten(), "Abort Run Function\r");
-    EXPECT_FALSE(rig.session.commands.runEnabled.value());
-    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto1));
-    EXPECT_EQ(rig.resets, 0);
+using AbortRun = ProgramTest;
+
+TEST_F(AbortRun, onlyAnnouncesItselfOnAClosedPort) {
+    tickDebugOutput();
+    items[ConnectItems::Auto1].checked = true;
+    abort2();
+    EXPECT_EQ(said(), "Abort 2\rAbort Run Function\r") << "no reset";
+    EXPECT_FALSE(commands.runEnabled.value());
+    EXPECT_TRUE(items.checked(ConnectItems::Auto1));
 }
 
-TEST(AbortRun, resetsAndWakesTheInstrumentAgainOnComm1) {
-    LinkRig rig;
-    rig.replies = {"V512\r", "V512\r"};
-    rig.connection.autoConnect1();
-    rig.tickDebugOutput();
-    rig.com1.writes.clear();
-    rig.com1.dtr.clear();
-    rig.abortRun.abortrun();
-    EXPECT_EQ(rig.com2.allWritten(), "Abort Run Function\r(reset)\rPassed fix it for comm1\rOpen port 1\r"
-                                     "Looking to see what port to open\rPresets for Opening Port\r");
-    EXPECT_EQ(rig.com1.dtr, (QStringList{QStringLiteral("on"), QStringLiteral("off")}));
-    EXPECT_EQ(rig.com1.allWritten(), "P") << "nothing but the wake-up stops the instrument";
-    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
-    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto1));
-    EXPECT_TRUE(rig.items[ConnectItems::Auto1].enabled.value());
-    EXPECT_FALSE(rig.items[ConnectItems::Manual1].enabled.value());
-    EXPECT_TRUE(rig.session.commands.runEnabled.value());
-    EXPECT_EQ(rig.resets, 1);
+TEST_F(AbortRun, resetsAndWakesTheInstrumentAgainOnComm1) {
+    replies = {"V512\r", "V512\r"};
+    autoConnect();
+    tickDebugOutput();
+    com1.writes.clear();
+    com1.dtr.clear();
+    abort2();
+    EXPECT_EQ(saidBriefly(), "Abort 2\rAbort Run Function\r(reset)\rPassed fix it for comm1\rOpen port 1\r"
+                             "Looking to see what port to open\rPresets for Opening Port\r");
+    EXPECT_EQ(com1.dtr, (QStringList{QStringLiteral("on"), QStringLiteral("off")}));
+    EXPECT_EQ(com1.allWritten(), "P") << "nothing but the wake-up stops the instrument";
+    EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
+    EXPECT_TRUE(items.checked(ConnectItems::Auto1));
+    EXPECT_TRUE(items[ConnectItems::Auto1].enabled.value());
+    EXPECT_FALSE(items[ConnectItems::Manual1].enabled.value());
+    EXPECT_TRUE(commands.runEnabled.value());
 }
 
-TEST(AbortRun, resetsAndWakesTheInstrumentAgainOnComm2) {
-    LinkRig rig;
-    rig.ports.setDevice(1, QStringLiteral("ttyB"));
-    rig.ports.setDevice(2, QStringLiteral("ttyA"));
-    rig.replies = {"F412\r", "F412\r"};
-    rig.connection.autoConnect2();
-    rig.com1.writes.clear();
-    rig.abortRun.abortrun();
-    EXPECT_EQ(rig.com1.allWritten(), "P");
-    EXPECT_EQ(rig.ports.selectedPort(), 2);
-    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto2));
-    EXPECT_EQ(rig.resets, 1);
+TEST_F(AbortRun, resetsAndWakesTheInstrumentAgainOnComm2) {
+    ports.setDevice(1, QStringLiteral("ttyB"));
+    ports.setDevice(2, QStringLiteral("ttyA"));
+    replies = {"F412\r", "F412\r"};
+    autoConnect(2);
+    com1.writes.clear();
+    abort2();
+    EXPECT_EQ(com1.allWritten(), "P");
+    EXPECT_EQ(ports.selectedPort(), 2);
+    EXPECT_TRUE(items.checked(ConnectItems::Auto2));
+    EXPECT_EQ(com1.dtr.size(), 4) << "closed and opened again";
 }
 
-TEST(AbortRun, showsTheManualDialogAgainAfterAManualConnection) {
+TEST_F(AbortRun, showsTheManualDialogAgainAfterAManualConnection) {
     for (const int port : {1, 2}) {
-        LinkRig rig;
-        rig.connection.manualConnect(port);
+        ProgramRig rig;
+        rig.program.manualConnect(port);
         rig.replies = {"V512\r"};
-        rig.manual.start();
+        rig.pressStart();
         ASSERT_EQ(rig.state.Ctrlscrn, Operation::Identified);
         rig.state.Portused = 0;
         rig.state.Gatherstop = 3;
         rig.state.gatherstart = 1;
-        rig.abortRun.abortrun();
+        rig.abort2();
         EXPECT_FALSE(rig.ports.isOpen());
         EXPECT_EQ(rig.state.Portused, port);
         EXPECT_TRUE(rig.items.checked(port == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2));
         EXPECT_TRUE(rig.manual.shown.visible.value());
         EXPECT_TRUE(rig.manual.shown.text.value().startsWith(
             QStringLiteral("To start manual connection on Comm %1, click Proceed.").arg(port)));
-        EXPECT_EQ(rig.resets, 1);
         EXPECT_EQ(rig.state.gatherstart, 0);
         EXPECT_EQ(rig.state.Gatherstop, 0);
     }
 }
 
-TEST(AbortRun, keepsTheManualDialogThatItShowsDuringAManualAttempt) {
-    LinkRig rig;
-    rig.connection.manualConnect(2);
-    rig.manual.proceed();
+TEST_F(AbortRun, keepsTheManualDialogThatItShowsDuringAManualAttempt) {
+    program.manualConnect(2);
+    manual.proceed();
     int yields = 0;
-    rig.yield.tick = [&] {
+    events.tick = [&] {
         if (++yields == 10) {
-            rig.abortRun.abortrun();
+            abort2();
         }
     };
-    rig.manual.start();
-    EXPECT_TRUE(rig.manual.shown.visible.value());
-    EXPECT_TRUE(rig.manual.shown.text.value().startsWith(QStringLiteral("To start manual connection on Comm 2")));
-    EXPECT_TRUE(rig.manual.shown.proceedVisible.value());
+    pressStart();
+    EXPECT_TRUE(manual.shown.visible.value());
+    EXPECT_TRUE(manual.shown.text.value().startsWith(QStringLiteral("To start manual connection on Comm 2")));
+    EXPECT_TRUE(manual.shown.proceedVisible.value());
     EXPECT_EQ(yields, 10) << "the attempt ends in its wait";
-    EXPECT_TRUE(rig.com2.writes.empty());
-    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Idle);
+    EXPECT_TRUE(com2.writes.empty());
+    EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
 }
 
-TEST(AbortRun, takesTheFirstCheckedItemAndNoOther) {
-    LinkRig rig;
-    rig.ports.open();
-    rig.items[ConnectItems::Auto2].checked = true;
-    rig.items[ConnectItems::Manual1].checked = true;
-    rig.abortRun.abortrun();
-    EXPECT_EQ(rig.resets, 1);
-    EXPECT_TRUE(rig.items.checked(ConnectItems::Auto2));
-    EXPECT_FALSE(rig.items.checked(ConnectItems::Manual1));
-    EXPECT_EQ(rig.ports.selectedPort(), 2);
+TEST_F(AbortRun, takesTheFirstCheckedItemAndNoOther) {
+    ports.open();
+    items[ConnectItems::Auto2].checked = true;
+    items[ConnectItems::Manual1].checked = true;
+    abort2();
+    EXPECT_TRUE(items.checked(ConnectItems::Auto2));
+    EXPECT_FALSE(items.checked(ConnectItems::Manual1));
+    EXPECT_EQ(ports.selectedPort(), 2);
 }
 
-TEST(AbortRun, onlyEnablesRunWhenNoItemIsChecked) {
-    LinkRig rig;
-    rig.ports.open();
-    rig.abortRun.abortrun();
-    EXPECT_TRUE(rig.session.commands.runEnabled.value());
-    EXPECT_TRUE(rig.ports.isOpen());
-    EXPECT_EQ(rig.resets, 0);
+TEST_F(AbortRun, onlyEnablesRunWhenNoItemIsChecked) {
+    ports.open();
+    abort2();
+    EXPECT_TRUE(commands.runEnabled.value());
+    EXPECT_TRUE(ports.isOpen());
 }
 
-TEST(AbortRun, endsInTheFailureDialogWhenNothingAnswers) {
-    LinkRig rig;
-    rig.replies = {"V512\r"};
-    rig.connection.autoConnect1();
-    rig.abortRun.abortrun();
-    EXPECT_TRUE(rig.manual.shown.visible.value());
-    EXPECT_TRUE(rig.manual.shown.text.value().startsWith(
+TEST_F(AbortRun, endsInTheFailureDialogWhenNothingAnswers) {
+    replies = {"V512\r"};
+    autoConnect();
+    abort2();
+    EXPECT_TRUE(manual.shown.visible.value());
+    EXPECT_TRUE(manual.shown.text.value().startsWith(
         QStringLiteral("Attempt to Auto Connect Via Comm 1 Failed!      Make sure")));
-    EXPECT_EQ(rig.state.Portused, 1);
-    EXPECT_TRUE(rig.ports.isOpen());
+    EXPECT_EQ(state.Portused, 1);
+    EXPECT_TRUE(ports.isOpen());
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/comports.h"
 
-#include "testing/linkrig.h"
+#include "testing/programrig.h"
 
 #include <gtest/gtest.h>
 
@@ -10,270 +10,256 @@ namespace {
 
 const QString title = QStringLiteral("ORV Host Program");
 
-TEST(ComPorts, areBothClosedAtTheStartWithPortOneSelected) {
-    LinkRig rig;
-    EXPECT_FALSE(rig.ports.isOpen());
-    EXPECT_FALSE(rig.ports.isDebugPortOpen());
-    EXPECT_EQ(rig.ports.selectedPort(), 1);
-    EXPECT_EQ(rig.ports.device(1), QStringLiteral("ttyA"));
-    EXPECT_EQ(rig.ports.device(2), QStringLiteral("ttyB"));
+using ComPorts = ProgramTest;
+
+TEST_F(ComPorts, areBothClosedAtTheStartWithPortOneSelected) {
+    EXPECT_FALSE(ports.isOpen());
+    EXPECT_FALSE(ports.isDebugPortOpen());
+    EXPECT_EQ(ports.selectedPort(), 1);
+    EXPECT_EQ(ports.device(1), QStringLiteral("ttyA"));
+    EXPECT_EQ(ports.device(2), QStringLiteral("ttyB"));
 }
 
-TEST(ComPorts, openTheSelectedPort) {
-    LinkRig rig;
-    rig.ports.selectPort(2);
-    EXPECT_TRUE(rig.ports.open());
-    EXPECT_TRUE(rig.com2.isOpen());
-    EXPECT_FALSE(rig.com1.isOpen());
-    EXPECT_TRUE(rig.session.commands.portOpen.value());
-    rig.ports.close();
-    EXPECT_FALSE(rig.com2.isOpen());
-    EXPECT_FALSE(rig.session.commands.portOpen.value());
+TEST_F(ComPorts, openTheSelectedPort) {
+    ports.selectPort(2);
+    EXPECT_TRUE(ports.open());
+    EXPECT_TRUE(com2.isOpen());
+    EXPECT_FALSE(com1.isOpen());
+    EXPECT_TRUE(commands.portOpen.value());
+    ports.close();
+    EXPECT_FALSE(com2.isOpen());
+    EXPECT_FALSE(commands.portOpen.value());
 }
 
-TEST(ComPorts, stayOnTheOpenPortWhenAnotherIsSelected) {
-    LinkRig rig;
-    rig.ports.open();
-    rig.ports.selectPort(2);
-    EXPECT_TRUE(rig.ports.open());
-    EXPECT_TRUE(rig.com1.isOpen());
-    EXPECT_FALSE(rig.com2.isOpen());
+TEST_F(ComPorts, stayOnTheOpenPortWhenAnotherIsSelected) {
+    ports.open();
+    ports.selectPort(2);
+    EXPECT_TRUE(ports.open());
+    EXPECT_TRUE(com1.isOpen());
+    EXPECT_FALSE(com2.isOpen());
 }
 
-TEST(ComPorts, numberEachConnectionAnew) {
-    LinkRig rig;
-    const quint64 start = rig.ports.connectionNumber();
-    rig.ports.open();
-    const quint64 first = rig.ports.connectionNumber();
+TEST_F(ComPorts, numberEachConnectionAnew) {
+    const quint64 start = ports.connectionNumber();
+    ports.open();
+    const quint64 first = ports.connectionNumber();
     EXPECT_NE(first, start);
-    rig.ports.open();
-    EXPECT_EQ(rig.ports.connectionNumber(), first);
-    rig.ports.close();
-    const quint64 closed = rig.ports.connectionNumber();
+    ports.open();
+    EXPECT_EQ(ports.connectionNumber(), first);
+    ports.close();
+    const quint64 closed = ports.connectionNumber();
     EXPECT_NE(closed, first);
-    rig.ports.close();
-    EXPECT_EQ(rig.ports.connectionNumber(), closed);
-    rig.ports.open();
-    EXPECT_NE(rig.ports.connectionNumber(), first);
+    ports.close();
+    EXPECT_EQ(ports.connectionNumber(), closed);
+    ports.open();
+    EXPECT_NE(ports.connectionNumber(), first);
 }
 
-TEST(ComPorts, passEveryOperationToTheOpenPort) {
-    LinkRig rig;
-    rig.ports.open();
-    rig.ports.setDataTerminalReady(true);
-    rig.ports.setDataTerminalReady(false);
-    EXPECT_EQ(rig.com1.dtr, (QStringList{QStringLiteral("on"), QStringLiteral("off")}));
-    rig.com1.input = "abc";
-    EXPECT_EQ(rig.ports.inputCount(), 3);
-    EXPECT_TRUE(rig.ports.waitForInput(1));
-    EXPECT_EQ(rig.ports.readAll(), "abc");
-    EXPECT_EQ(rig.ports.readAll(), QByteArray());
-    EXPECT_FALSE(rig.ports.waitForInput(1));
-    rig.ports.write("P");
-    rig.ports.write("B1");
-    EXPECT_EQ(rig.com1.allWritten(), "PB1");
-    rig.com1.input = "abc";
-    rig.ports.discardInput();
-    EXPECT_EQ(rig.ports.inputCount(), 0);
+TEST_F(ComPorts, passEveryOperationToTheOpenPort) {
+    ports.open();
+    ports.setDataTerminalReady(true);
+    ports.setDataTerminalReady(false);
+    EXPECT_EQ(com1.dtr, (QStringList{QStringLiteral("on"), QStringLiteral("off")}));
+    com1.input = "abc";
+    EXPECT_EQ(ports.inputCount(), 3);
+    EXPECT_TRUE(ports.waitForInput(1));
+    EXPECT_EQ(ports.readAll(), "abc");
+    EXPECT_EQ(ports.readAll(), QByteArray());
+    EXPECT_FALSE(ports.waitForInput(1));
+    ports.write("P");
+    ports.write("B1");
+    EXPECT_EQ(com1.allWritten(), "PB1");
+    com1.input = "abc";
+    ports.discardInput();
+    EXPECT_EQ(ports.inputCount(), 0);
 }
 
-TEST(ComPorts, touchNoPortWhileClosed) {
-    LinkRig rig;
-    rig.ports.open();
-    rig.ports.close();
-    rig.com1.input = "abc";
-    rig.ports.setDataTerminalReady(true);
-    rig.ports.write("P");
-    rig.ports.discardInput();
-    EXPECT_EQ(rig.ports.readAll(), QByteArray());
-    EXPECT_EQ(rig.ports.inputCount(), 0);
-    EXPECT_FALSE(rig.ports.waitForInput(1));
-    EXPECT_FALSE(rig.ports.checkFailure());
-    EXPECT_TRUE(rig.com1.dtr.isEmpty());
-    EXPECT_TRUE(rig.com1.writes.empty());
-    EXPECT_EQ(rig.com1.discards, 0);
+TEST_F(ComPorts, touchNoPortWhileClosed) {
+    ports.open();
+    ports.close();
+    com1.input = "abc";
+    ports.setDataTerminalReady(true);
+    ports.write("P");
+    ports.discardInput();
+    EXPECT_EQ(ports.readAll(), QByteArray());
+    EXPECT_EQ(ports.inputCount(), 0);
+    EXPECT_FALSE(ports.waitForInput(1));
+    EXPECT_FALSE(ports.checkFailure());
+    EXPECT_TRUE(com1.dtr.isEmpty());
+    EXPECT_TRUE(com1.writes.empty());
+    EXPECT_EQ(com1.discards, 0);
 }
 
-TEST(ComPorts, tellWhyAPortCannotBeOpened) {
-    LinkRig rig;
-    rig.com2.openReason = QStringLiteral("There is no such device. Plug it in.");
-    rig.ports.selectPort(2);
-    EXPECT_FALSE(rig.ports.open());
-    EXPECT_FALSE(rig.ports.isOpen());
-    EXPECT_FALSE(rig.session.commands.portOpen.value());
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
+TEST_F(ComPorts, tellWhyAPortCannotBeOpened) {
+    com2.openReason = QStringLiteral("There is no such device. Plug it in.");
+    ports.selectPort(2);
+    EXPECT_FALSE(ports.open());
+    EXPECT_FALSE(ports.isOpen());
+    EXPECT_FALSE(commands.portOpen.value());
+    ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(
-        rig.messages.shown[0],
+        messages.shown[0],
         (Message{title, QStringLiteral("COM 2 (ttyB) could not be opened.\n\nThere is no such device. Plug it in."),
                  Message::Icon::Exclamation}));
-    rig.com2.openReason.clear();
-    EXPECT_TRUE(rig.ports.open());
-    EXPECT_EQ(rig.messages.shown.size(), 1U);
+    com2.openReason.clear();
+    EXPECT_TRUE(ports.open());
+    EXPECT_EQ(messages.shown.size(), 1U);
 }
 
-TEST(ComPorts, keepAPercentSignInADeviceName) {
-    LinkRig rig;
-    rig.ports.setDevice(1, QStringLiteral("tty%2"));
-    rig.com2.openReason = QStringLiteral("Reason.");
-    rig.ports.open();
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_EQ(rig.messages.shown[0].text, QStringLiteral("COM 1 (tty%2) could not be opened.\n\nReason."));
+TEST_F(ComPorts, keepAPercentSignInADeviceName) {
+    ports.setDevice(1, QStringLiteral("tty%2"));
+    com2.openReason = QStringLiteral("Reason.");
+    ports.open();
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].text, QStringLiteral("COM 1 (tty%2) could not be opened.\n\nReason."));
 }
 
-TEST(ComPorts, refuseTheInstrumentThePortOfTheDebugOutput) {
-    LinkRig rig;
-    rig.tickDebugOutput();
-    rig.ports.selectPort(2);
-    EXPECT_FALSE(rig.ports.open());
-    EXPECT_TRUE(rig.ports.isDebugPortOpen());
-    EXPECT_TRUE(rig.com2.isOpen());
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
+TEST_F(ComPorts, refuseTheInstrumentThePortOfTheDebugOutput) {
+    tickDebugOutput();
+    ports.selectPort(2);
+    EXPECT_FALSE(ports.open());
+    EXPECT_TRUE(ports.isDebugPortOpen());
+    EXPECT_TRUE(com2.isOpen());
+    ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(
-        rig.messages.shown[0].text,
+        messages.shown[0].text,
         QStringLiteral("COM 2 (ttyB) could not be opened.\n\nThe debug output (\"Comm 2 Debug Output\") is using it. "
                        "Connect the instrument to the other port, or clear the box."));
-    rig.ports.closeDebugPort();
-    EXPECT_TRUE(rig.ports.open());
-    EXPECT_TRUE(rig.com2.isOpen());
-    EXPECT_EQ(rig.messages.shown.size(), 1U);
+    ports.closeDebugPort();
+    EXPECT_TRUE(ports.open());
+    EXPECT_TRUE(com2.isOpen());
+    EXPECT_EQ(messages.shown.size(), 1U);
 }
 
-TEST(ComPorts, refuseTheDebugOutputThePortOfTheInstrument) {
-    LinkRig rig;
-    rig.ports.selectPort(2);
-    rig.ports.open();
-    EXPECT_FALSE(rig.ports.openDebugPort());
-    EXPECT_FALSE(rig.ports.isDebugPortOpen());
-    EXPECT_TRUE(rig.ports.isOpen());
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_EQ(rig.messages.shown[0].text,
+TEST_F(ComPorts, refuseTheDebugOutputThePortOfTheInstrument) {
+    ports.selectPort(2);
+    ports.open();
+    EXPECT_FALSE(ports.openDebugPort());
+    EXPECT_FALSE(ports.isDebugPortOpen());
+    EXPECT_TRUE(ports.isOpen());
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].text,
               QStringLiteral(
                   "The debug output on COM 2 (ttyB) could not be opened.\n\nThe instrument is connected on it. Use "
                   "\"Close Port\" first, or connect the instrument to COM 1."));
-    rig.ports.close();
-    EXPECT_TRUE(rig.ports.openDebugPort());
+    ports.close();
+    EXPECT_TRUE(ports.openDebugPort());
 }
 
-TEST(ComPorts, noticeThatBothNumbersMeanOneDevice) {
-    LinkRig rig;
-    rig.ports.setDevice(1, QStringLiteral("ttyB"));
-    rig.tickDebugOutput();
-    EXPECT_FALSE(rig.ports.open());
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_TRUE(rig.messages.shown[0].text.startsWith(QStringLiteral(
+TEST_F(ComPorts, noticeThatBothNumbersMeanOneDevice) {
+    ports.setDevice(1, QStringLiteral("ttyB"));
+    tickDebugOutput();
+    EXPECT_FALSE(ports.open());
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(QStringLiteral(
         "COM 1 (ttyB) could not be opened.\n\nThe debug output (\"Comm 2 Debug Output\") is using it.")));
 }
 
-TEST(ComPorts, serveInstrumentAndDebugOutputSideBySide) {
-    LinkRig rig;
-    rig.tickDebugOutput();
-    EXPECT_TRUE(rig.ports.open());
-    EXPECT_TRUE(rig.ports.openDebugPort());
-    EXPECT_TRUE(rig.messages.shown.empty());
-    rig.ports.write("P");
-    rig.ports.debugsay(QStringLiteral("Hello"));
-    EXPECT_EQ(rig.com1.allWritten(), "P");
-    EXPECT_EQ(rig.com2.allWritten(), "Hello\r");
-    rig.ports.close();
-    EXPECT_TRUE(rig.ports.isDebugPortOpen());
+TEST_F(ComPorts, serveInstrumentAndDebugOutputSideBySide) {
+    tickDebugOutput();
+    EXPECT_TRUE(ports.open());
+    EXPECT_TRUE(ports.openDebugPort());
+    EXPECT_TRUE(messages.shown.empty());
+    ports.write("P");
+    ports.debugsay(QStringLiteral("Hello"));
+    EXPECT_EQ(com1.allWritten(), "P");
+    EXPECT_EQ(said(), "Hello\r");
+    ports.close();
+    EXPECT_TRUE(ports.isDebugPortOpen());
 }
 
-TEST(ComPorts, tellWhyTheDebugPortCannotBeOpened) {
-    LinkRig rig;
-    rig.ports.setDevice(2, QStringLiteral("tty%1"));
-    rig.com2.openReason = QStringLiteral("It is used by another program. Close that program, then connect again.");
-    EXPECT_FALSE(rig.ports.openDebugPort());
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_EQ(rig.messages.shown[0],
+TEST_F(ComPorts, tellWhyTheDebugPortCannotBeOpened) {
+    ports.setDevice(2, QStringLiteral("tty%1"));
+    com2.openReason = QStringLiteral("It is used by another program. Close that program, then connect again.");
+    EXPECT_FALSE(ports.openDebugPort());
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0],
               (Message{title,
                        QStringLiteral("The debug output on COM 2 (tty%1) could not be opened.\n\nIt is used by another "
                                       "program. Close that program, then tick \"Comm 2 Debug Output\" again."),
                        Message::Icon::Exclamation}));
 }
 
-TEST(DebugOutput, writesTheTextAndCarriageReturnWhileItsBoxIsTicked) {
-    LinkRig rig;
-    rig.tickDebugOutput();
-    rig.ports.debugsay(QStringLiteral("Form Loading"));
-    rig.ports.debugsay(QString());
-    rig.ports.debugsay(QStringLiteral("\u00ff"));
-    EXPECT_EQ(rig.com2.allWritten(), "Form Loading\r\r\xff\r");
+using DebugOutput = ProgramTest;
+
+TEST_F(DebugOutput, writesTheTextAndCarriageReturnWhileItsBoxIsTicked) {
+    tickDebugOutput();
+    ports.debugsay(QStringLiteral("Form Loading"));
+    ports.debugsay(QString());
+    ports.debugsay(QStringLiteral("\u00ff"));
+    EXPECT_EQ(said(), "Form Loading\r\r\xff\r");
 }
 
-TEST(DebugOutput, writesNothingWhileItsBoxIsCleared) {
-    LinkRig rig;
-    rig.tickDebugOutput();
-    rig.debug.comm2Output = false;
-    rig.ports.debugsay(QStringLiteral("Form Loading"));
-    EXPECT_TRUE(rig.com2.writes.empty());
-    EXPECT_TRUE(rig.com2.isOpen());
+TEST_F(DebugOutput, writesNothingWhileItsBoxIsCleared) {
+    tickDebugOutput();
+    debug.comm2Output = false;
+    ports.debugsay(QStringLiteral("Form Loading"));
+    EXPECT_TRUE(com2.writes.empty());
+    EXPECT_TRUE(com2.isOpen());
 }
 
-TEST(DebugOutput, isIgnoredWhileItsPortIsClosed) {
-    LinkRig rig;
-    rig.debug.comm2Output = true;
-    rig.ports.debugsay(QStringLiteral("Form Loading"));
-    EXPECT_TRUE(rig.com2.writes.empty());
-    EXPECT_FALSE(rig.com2.isOpen());
-    EXPECT_TRUE(rig.messages.shown.empty());
+TEST_F(DebugOutput, isIgnoredWhileItsPortIsClosed) {
+    debug.comm2Output = true;
+    ports.debugsay(QStringLiteral("Form Loading"));
+    EXPECT_TRUE(com2.writes.empty());
+    EXPECT_FALSE(com2.isOpen());
+    EXPECT_TRUE(messages.shown.empty());
 }
 
-TEST(DebugOutput, endsWithOneMessageWhenItsPortFails) {
-    LinkRig rig;
-    rig.tickDebugOutput();
-    rig.com2.failureReason = QStringLiteral("The device is gone.");
-    rig.ports.debugsay(QStringLiteral("one"));
-    rig.ports.debugsay(QStringLiteral("two"));
-    EXPECT_TRUE(rig.com2.writes.empty());
-    EXPECT_FALSE(rig.com2.isOpen());
-    EXPECT_FALSE(rig.ports.isDebugPortOpen());
-    EXPECT_FALSE(rig.debug.comm2Output.value());
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_EQ(rig.messages.shown[0],
+TEST_F(DebugOutput, endsWithOneMessageWhenItsPortFails) {
+    tickDebugOutput();
+    com2.failureReason = QStringLiteral("The device is gone.");
+    ports.debugsay(QStringLiteral("one"));
+    ports.debugsay(QStringLiteral("two"));
+    EXPECT_TRUE(com2.writes.empty());
+    EXPECT_FALSE(com2.isOpen());
+    EXPECT_FALSE(ports.isDebugPortOpen());
+    EXPECT_FALSE(debug.comm2Output.value());
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0],
               (Message{title,
                        QStringLiteral("The debug output on COM 2 has stopped.\n\nThe device is gone.\n\nTick \"Comm 2 "
                                       "Debug Output\" to try again."),
                        Message::Icon::Exclamation}));
-    rig.tickDebugOutput();
-    rig.ports.debugsay(QStringLiteral("three"));
-    EXPECT_EQ(rig.com2.allWritten(), "three\r");
+    tickDebugOutput();
+    ports.debugsay(QStringLiteral("three"));
+    EXPECT_EQ(said(), "three\r");
 }
 
-TEST(PortFailure, closesThePortAndIsToldOnceAfterTheReset) {
-    LinkRig rig;
-    rig.ports.open();
-    EXPECT_FALSE(rig.ports.checkFailure());
-    rig.com1.failureReason = QStringLiteral("The device is gone.");
+using PortFailure = ProgramTest;
+
+TEST_F(PortFailure, closesThePortAndIsToldOnceAfterTheReset) {
+    connect();
+    EXPECT_FALSE(ports.checkFailure());
+    com1.failureReason = QStringLiteral("The device is gone.");
     std::size_t messagesAtReset = 99;
     bool openAtReset = true;
-    rig.ports.portFailed = [&] {
-        messagesAtReset = rig.messages.shown.size();
-        openAtReset = rig.ports.isOpen();
-    };
-    EXPECT_TRUE(rig.ports.checkFailure());
-    EXPECT_FALSE(rig.ports.checkFailure());
+    const auto reset = status.status.addNotifier([&] {
+        messagesAtReset = messages.shown.size();
+        openAtReset = ports.isOpen();
+    });
+    EXPECT_TRUE(ports.checkFailure());
+    EXPECT_FALSE(ports.checkFailure());
     EXPECT_EQ(messagesAtReset, 0U);
     EXPECT_FALSE(openAtReset);
-    EXPECT_FALSE(rig.com1.isOpen());
-    EXPECT_FALSE(rig.session.commands.portOpen.value());
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
+    EXPECT_FALSE(com1.isOpen());
+    EXPECT_FALSE(commands.portOpen.value());
+    ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(
-        rig.messages.shown[0],
+        messages.shown[0],
         (Message{title,
                  QStringLiteral("The connection on COM 1 (ttyA) was lost.\n\nThe device is gone.\n\nAll rows received "
                                 "so far are kept. Check the cable, then connect again."),
                  Message::Icon::Exclamation}));
 }
 
-TEST(PortFailure, isToldWithoutAListenerToo) {
-    LinkRig rig;
-    rig.ports.portFailed = nullptr;
-    rig.ports.selectPort(2);
-    rig.ports.open();
-    rig.com2.failureReason = QStringLiteral("Gone.");
-    EXPECT_TRUE(rig.ports.checkFailure());
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_TRUE(rig.messages.shown[0].text.startsWith(QStringLiteral("The connection on COM 2 (ttyB) was lost.")));
+TEST_F(PortFailure, isToldWithTheNumberOfItsPort) {
+    ports.selectPort(2);
+    ports.open();
+    com2.failureReason = QStringLiteral("Gone.");
+    EXPECT_TRUE(ports.checkFailure());
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(QStringLiteral("The connection on COM 2 (ttyB) was lost.")));
 }
 
 } // namespace

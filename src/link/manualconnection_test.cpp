@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/manualconnection.h"
 
-#include "testing/linkrig.h"
+#include "testing/programrig.h"
 
 #include <gtest/gtest.h>
 
@@ -26,9 +26,11 @@ constexpr DialogText dialogTexts[] = {
      "is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready."},
 };
 
-TEST(ManualConnection, opensWithTheTextOfTheCheckedItem) {
+using ManualConnection = ProgramTest;
+
+TEST_F(ManualConnection, opensWithTheTextOfTheCheckedItem) {
     for (const DialogText& row : dialogTexts) {
-        LinkRig rig;
+        ProgramRig rig;
         rig.items[row.item].checked = true;
         rig.manual.show();
         EXPECT_EQ(rig.manual.shown.text.value(), QLatin1String(row.text));
@@ -36,72 +38,69 @@ TEST(ManualConnection, opensWithTheTextOfTheCheckedItem) {
     }
 }
 
-TEST(ManualConnection, opensWithoutTextWhenNoItemIsChecked) {
-    LinkRig rig;
-    rig.manual.shown.text = QStringLiteral("from before");
-    rig.manual.show();
-    EXPECT_EQ(rig.manual.shown.text.value(), QString());
-    EXPECT_TRUE(rig.manual.shown.visible.value());
+TEST_F(ManualConnection, opensWithoutTextWhenNoItemIsChecked) {
+    manual.shown.text = QStringLiteral("from before");
+    manual.show();
+    EXPECT_EQ(manual.shown.text.value(), QString());
+    EXPECT_TRUE(manual.shown.visible.value());
 }
 
-TEST(ManualConnection, opensWithProceedAndRetryButWithoutStart) {
-    LinkRig rig;
-    ManualConnectionState& shown = rig.manual.shown;
+TEST_F(ManualConnection, opensWithProceedAndRetryButWithoutStart) {
+    ManualConnectionState& shown = manual.shown;
     shown.startVisible = true;
     shown.startEnabled = false;
     shown.proceedVisible = false;
     shown.retryEnabled = false;
-    rig.manual.show();
+    manual.show();
     EXPECT_FALSE(shown.startVisible.value());
     EXPECT_TRUE(shown.startEnabled.value());
     EXPECT_TRUE(shown.proceedVisible.value());
     EXPECT_TRUE(shown.retryEnabled.value());
 }
 
-TEST(ManualConnection, asksForAPowerCycleOnProceed) {
-    LinkRig rig;
-    rig.manual.show();
-    rig.manual.proceed();
-    EXPECT_FALSE(rig.manual.shown.proceedVisible.value());
-    EXPECT_TRUE(rig.manual.shown.startVisible.value());
-    EXPECT_EQ(rig.manual.shown.text.value(),
-              QStringLiteral("Shut power off of sensor. Press (Start) then turn power on."));
-    EXPECT_TRUE(rig.manual.shown.visible.value());
-    EXPECT_FALSE(rig.ports.isOpen());
+TEST_F(ManualConnection, asksForAPowerCycleOnProceed) {
+    manual.show();
+    manual.proceed();
+    EXPECT_FALSE(manual.shown.proceedVisible.value());
+    EXPECT_TRUE(manual.shown.startVisible.value());
+    EXPECT_EQ(manual.shown.text.value(), QStringLiteral("Shut power off of sensor. Press (Start) then turn power on."));
+    EXPECT_TRUE(manual.shown.visible.value());
+    EXPECT_FALSE(ports.isOpen());
 }
 
-TEST(ManualConnection, seeksOnThePortInUseOnStartAndGoesAway) {
+TEST_F(ManualConnection, seeksOnThePortInUseOnStartAndGoesAway) {
     for (const int port : {1, 2}) {
-        LinkRig rig;
-        rig.state.Portused = static_cast<quint8>(port);
-        int opened = 0;
-        rig.manual.openport = [&](int portNumber) {
-            opened = portNumber;
+        ProgramRig rig;
+        rig.replies = {"V512\r"};
+        FakePort& used = port == 1 ? rig.com1 : rig.com2;
+        used.dtrChanged = [&rig](bool) {
             EXPECT_EQ(rig.state.Seeking, 1);
             EXPECT_FALSE(rig.manual.shown.retryEnabled.value());
             EXPECT_FALSE(rig.manual.shown.startEnabled.value());
             EXPECT_TRUE(rig.manual.shown.visible.value());
         };
-        rig.manual.show();
+        rig.program.manualConnect(port);
         rig.manual.proceed();
-        rig.manual.start();
-        EXPECT_EQ(opened, port);
+        rig.pressStart();
+        EXPECT_EQ(used.dtr.size(), 2);
+        EXPECT_TRUE(used.isOpen());
+        EXPECT_EQ(rig.state.Seeking, 0) << "no longer once it has returned";
         EXPECT_FALSE(rig.manual.shown.visible.value());
     }
 }
 
-TEST(ManualConnection, saysWhileItSeeksThatTheDialogEndsIt) {
+TEST_F(ManualConnection, saysWhileItSeeksThatTheDialogEndsIt) {
     const std::string wait = "Waiting for the instrument. \"Quit\" in the dialog ends it.";
-    const std::function<void(LinkRig&)> ends[] = {
-        [](LinkRig& rig) { rig.com1.input = "V512\r"; },
-        [](LinkRig& rig) { rig.manual.quit(); },
-        [](LinkRig& rig) { rig.connection.closePort(); },
-        [](LinkRig& rig) { rig.com1.failureReason = QStringLiteral("Gone."); },
+    const std::function<void(ProgramRig&)> ends[] = {
+        [](ProgramRig& rig) { rig.com1.input = "V512\r"; },
+        [](ProgramRig& rig) { rig.manual.quit(); },
+        [](ProgramRig& rig) { rig.program.closePort(); },
+        [](ProgramRig& rig) { rig.com1.failureReason = QStringLiteral("Gone."); },
     };
     for (const auto& end : ends) {
-        LinkRig rig;
-        const QProperty<QString>& notice = rig.session.status.notice;
-        rig.connection.manualConnect(1);
+        ProgramRig rig;
+        const QProperty<QString>& notice = rig.status.notice;
+        rig.program.manualConnect(1);
         EXPECT_EQ(notice.value().toStdString(), "");
         rig.manual.proceed();
         EXPECT_EQ(notice.value().toStdString(), "");
@@ -113,190 +112,160 @@ TEST(ManualConnection, saysWhileItSeeksThatTheDialogEndsIt) {
                 end(rig);
             }
         };
-        rig.manual.start();
+        rig.pressStart();
         EXPECT_GE(waits, 100);
         EXPECT_EQ(notice.value().toStdString(), "");
     }
-    LinkRig rig;
+    ProgramRig rig;
     rig.com1.openReason = QStringLiteral("Reason.");
-    rig.connection.manualConnect(1);
-    rig.manual.start();
-    EXPECT_EQ(rig.session.status.notice.value().toStdString(), "");
+    rig.program.manualConnect(1);
+    rig.pressStart();
+    EXPECT_EQ(rig.status.notice.value().toStdString(), "");
 }
 
-TEST(ManualConnection, seeksNoLongerOnceStartHasReturned) {
-    LinkRig rig;
-    rig.manual.openport = [](int) {};
-    rig.manual.start();
-    EXPECT_EQ(rig.state.Seeking, 0);
+TEST_F(ManualConnection, opensThePortInUseOnRetryAndStays) {
+    com2.dtrChanged = [this](bool) { EXPECT_EQ(state.Seeking, 0); };
+    replies = {"V512\r"};
+    program.manualConnect(2);
+    pressRetry();
+    EXPECT_EQ(com2.dtr.size(), 2);
+    EXPECT_TRUE(manual.shown.visible.value());
 }
 
-TEST(ManualConnection, opensThePortInUseOnRetryAndStays) {
-    LinkRig rig;
-    int opened = 0;
-    rig.manual.openport = [&opened](int portNumber) { opened = portNumber; };
-    rig.state.Portused = 2;
-    rig.manual.show();
-    rig.manual.retry();
-    EXPECT_EQ(opened, 2);
-    EXPECT_EQ(rig.state.Seeking, 0);
-    EXPECT_TRUE(rig.manual.shown.visible.value());
+TEST_F(ManualConnection, opensNothingWhileNoPortWasEverUsed) {
+    state.Portused = 0;
+    manual.show();
+    pressRetry();
+    EXPECT_FALSE(com1.isOpen());
+    EXPECT_FALSE(com2.isOpen());
 }
 
-TEST(ManualConnection, opensNothingWhileNoPortWasEverUsed) {
-    LinkRig rig;
-    rig.state.Portused = 0;
-    rig.manual.show();
-    rig.manual.retry();
-    EXPECT_FALSE(rig.com1.isOpen());
-    EXPECT_FALSE(rig.com2.isOpen());
+TEST_F(ManualConnection, resetsEverythingOnQuit) {
+    items[ConnectItems::Manual1].checked = true;
+    state.Seeking = 1;
+    ports.open();
+    manual.show();
+    manual.quit();
+    expectOffline();
+    EXPECT_FALSE(manual.shown.visible.value());
 }
 
-TEST(ManualConnection, resetsEverythingOnQuit) {
-    LinkRig rig;
-    rig.items[ConnectItems::Manual1].checked = true;
-    rig.state.Seeking = 1;
-    rig.ports.open();
-    rig.manual.show();
-    rig.manual.quit();
-    EXPECT_EQ(rig.state.Seeking, 0);
-    EXPECT_FALSE(rig.items.checked(ConnectItems::Manual1));
-    EXPECT_EQ(rig.resets, 1);
-    EXPECT_FALSE(rig.ports.isOpen());
-    EXPECT_FALSE(rig.manual.shown.visible.value());
+TEST_F(ManualConnection, resetsWhenItsWindowIsClosedBeforeTheInstrumentIsConnected) {
+    manual.show();
+    manual.closed();
+    expectOffline();
+    EXPECT_FALSE(manual.shown.visible.value());
 }
 
-TEST(ManualConnection, resetsWhenItsWindowIsClosedBeforeTheInstrumentIsConnected) {
-    LinkRig rig;
-    rig.manual.show();
-    rig.manual.closed();
-    EXPECT_EQ(rig.resets, 1);
-    EXPECT_FALSE(rig.manual.shown.visible.value());
-}
-
-TEST(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedWithTheInstrumentConnected) {
+TEST_F(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedWithTheInstrumentConnected) {
     for (const Operation operation :
          {Operation::Identified, Operation::Ready, Operation::SettingsOpen, Operation::Collecting}) {
-        LinkRig rig;
+        ProgramRig rig;
         rig.ports.open();
         rig.manual.show();
         rig.state.Ctrlscrn = operation;
         rig.manual.closed();
-        EXPECT_EQ(rig.resets, 0);
         EXPECT_TRUE(rig.ports.isOpen());
         EXPECT_FALSE(rig.manual.shown.visible.value());
     }
 }
 
-TEST(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedAfterADownload) {
-    LinkRig rig;
-    rig.ports.open();
-    rig.session.commands.processingMenuVisible = true;
-    rig.state.Ctrlscrn = Operation::Idle;
-    rig.manual.show();
-    rig.manual.closed();
-    EXPECT_EQ(rig.resets, 0);
-    EXPECT_TRUE(rig.ports.isOpen());
-    EXPECT_FALSE(rig.manual.shown.visible.value());
+TEST_F(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedAfterADownload) {
+    ports.open();
+    commands.processingMenuVisible = true;
+    state.Ctrlscrn = Operation::Idle;
+    manual.show();
+    manual.closed();
+    EXPECT_TRUE(ports.isOpen());
+    EXPECT_FALSE(manual.shown.visible.value());
 }
 
-TEST(ManualConnection, connectsWhenThePowerComesOnAfterAnyTime) {
-    LinkRig rig;
-    rig.connection.manualConnect(2);
-    rig.manual.proceed();
-    rig.replies.resize(60000); // a minute of silence
-    rig.replies.emplace_back("F412\r");
-    rig.manual.start();
-    EXPECT_EQ(rig.com2.allWritten(), "P");
-    EXPECT_EQ(rig.state.Vartemp, QStringLiteral("F"));
-    EXPECT_EQ(rig.session.status.firmware.value(), QStringLiteral("412"));
-    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
-    EXPECT_EQ(rig.state.Seeking, 0);
-    EXPECT_FALSE(rig.manual.shown.visible.value());
-    EXPECT_EQ(rig.resets, 0);
-    EXPECT_GE(rig.clock.monotonicMilliseconds(), 60000);
+TEST_F(ManualConnection, connectsWhenThePowerComesOnAfterAnyTime) {
+    program.manualConnect(2);
+    manual.proceed();
+    replies.resize(60000); // a minute of silence
+    replies.emplace_back("F412\r");
+    pressStart();
+    EXPECT_EQ(com2.allWritten(), "P");
+    EXPECT_EQ(state.Vartemp, QStringLiteral("F"));
+    EXPECT_EQ(status.firmware.value(), QStringLiteral("412"));
+    EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
+    EXPECT_EQ(state.Seeking, 0);
+    EXPECT_FALSE(manual.shown.visible.value());
+    EXPECT_TRUE(ports.isOpen());
+    EXPECT_GE(clock.monotonicMilliseconds(), 60000);
 }
 
-TEST(ManualConnection, seeksWithoutLimitUntilQuit) {
-    LinkRig rig;
-    rig.connection.manualConnect(1);
-    rig.manual.proceed();
-    int endings = 0;
-    rig.connection.pollingEnded = [&endings] { ++endings; };
-    rig.yield.whileResponsive = [&rig](bool manualDialogLives) {
+TEST_F(ManualConnection, seeksWithoutLimitUntilQuit) {
+    program.manualConnect(1);
+    manual.proceed();
+    events.whileResponsive = [this](bool manualDialogLives) {
         EXPECT_TRUE(manualDialogLives);
-        EXPECT_TRUE(rig.connection.isPolling());
-        EXPECT_TRUE(rig.manual.shown.visible.value());
-        if (rig.clock.monotonicMilliseconds() > 60000) {
-            rig.manual.quit();
+        EXPECT_TRUE(program.isPolling());
+        EXPECT_TRUE(manual.shown.visible.value());
+        if (clock.monotonicMilliseconds() > 60000) {
+            manual.quit();
         }
     };
-    rig.manual.start();
-    EXPECT_GT(rig.clock.monotonicMilliseconds(), 60000);
-    EXPECT_LT(rig.clock.monotonicMilliseconds(), 60100) << "the loop ends at once";
-    EXPECT_FALSE(rig.connection.isPolling());
-    EXPECT_EQ(endings, 1);
-    EXPECT_EQ(rig.resets, 1);
-    EXPECT_TRUE(rig.com1.writes.empty());
-    EXPECT_EQ(rig.headerRows, 0);
-    EXPECT_EQ(rig.state.Ctrlscrn, Operation::Idle);
-    EXPECT_EQ(rig.session.status.status.value(), QStringLiteral("Offline"));
-    EXPECT_FALSE(rig.manual.shown.visible.value());
+    pressStart();
+    EXPECT_GT(clock.monotonicMilliseconds(), 60000);
+    EXPECT_LT(clock.monotonicMilliseconds(), 60100) << "the loop ends at once";
+    EXPECT_FALSE(program.isPolling());
+    EXPECT_EQ(pollingEnds, 1);
+    expectOffline();
+    EXPECT_TRUE(com1.writes.empty());
+    EXPECT_EQ(sheet.type().layout(), RowLayout::Unknown);
+    EXPECT_FALSE(manual.shown.visible.value());
 }
 
-TEST(ManualConnection, endsWhenItsWindowIsClosedWhileItSeeks) {
-    LinkRig rig;
-    rig.connection.manualConnect(1);
-    rig.manual.proceed();
-    rig.yield.whileResponsive = [&rig](bool) { rig.manual.closed(); };
-    rig.manual.start();
-    EXPECT_EQ(rig.resets, 1);
-    EXPECT_FALSE(rig.ports.isOpen());
-    EXPECT_TRUE(rig.com1.writes.empty());
+TEST_F(ManualConnection, endsWhenItsWindowIsClosedWhileItSeeks) {
+    program.manualConnect(1);
+    manual.proceed();
+    events.whileResponsive = [this](bool) { manual.closed(); };
+    pressStart();
+    expectOffline();
+    EXPECT_TRUE(com1.writes.empty());
 }
 
-TEST(ManualConnection, looksForTheTypeLetterAfreshInEachAttempt) {
-    LinkRig rig;
-    rig.connection.manualConnect(1);
-    rig.replies.emplace_back("F");
-    rig.replies.resize(6000);
-    rig.replies.emplace_back("V512\r");
-    rig.manual.start();
-    EXPECT_EQ(rig.state.Vartemp, QStringLiteral("V"));
+TEST_F(ManualConnection, looksForTheTypeLetterAfreshInEachAttempt) {
+    program.manualConnect(1);
+    replies.emplace_back("F");
+    replies.resize(6000);
+    replies.emplace_back("V512\r");
+    pressStart();
+    EXPECT_EQ(state.Vartemp, QStringLiteral("V"));
 }
 
-TEST(ManualConnection, leavesNoEndlessSearchBehindForALaterAutomaticAttempt) {
-    LinkRig rig;
-    rig.connection.autoConnect2(); // silent: the port stays open
-    rig.manual.proceed();
-    rig.manual.start(); // does nothing on an open port
-    rig.connection.closePort();
+TEST_F(ManualConnection, leavesNoEndlessSearchBehindForALaterAutomaticAttempt) {
+    autoConnect(2); // silent: the port stays open
+    manual.proceed();
+    pressStart(); // does nothing on an open port
+    program.closePort();
     int calls = 0;
-    rig.yield.whileResponsive = [&](bool) { rig.yield.ending = ++calls > 2000; };
-    rig.connection.autoConnect2();
-    EXPECT_FALSE(rig.yield.ending) << "the attempt had no limit";
-    EXPECT_TRUE(rig.manual.shown.visible.value());
+    events.whileResponsive = [&](bool) { events.ending = ++calls > 2000; };
+    autoConnect(2);
+    EXPECT_FALSE(events.ending) << "the attempt had no limit";
+    EXPECT_TRUE(manual.shown.visible.value());
 }
 
-TEST(ManualConnection, endsTheSearchWhenThePortIsClosedInTheWakeUpPulse) {
-    LinkRig rig;
-    rig.connection.manualConnect(1);
+TEST_F(ManualConnection, endsTheSearchWhenThePortIsClosedInTheWakeUpPulse) {
+    program.manualConnect(1);
     int yields = 0;
     bool bounded = false;
-    rig.yield.tick = [&] {
+    events.tick = [&] {
         if (++yields == 10) {
-            rig.connection.closePort();
-            rig.connection.autoConnect2();
-            bounded = rig.manual.shown.visible.value();
+            program.closePort();
+            autoConnect(2);
+            bounded = manual.shown.visible.value();
         }
     };
     int calls = 0;
-    rig.yield.whileResponsive = [&](bool) { rig.yield.ending = ++calls > 2000; };
-    rig.manual.start();
-    EXPECT_FALSE(rig.yield.ending) << "the automatic attempt had no limit";
+    events.whileResponsive = [&](bool) { events.ending = ++calls > 2000; };
+    pressStart();
+    EXPECT_FALSE(events.ending) << "the automatic attempt had no limit";
     EXPECT_TRUE(bounded);
-    EXPECT_TRUE(rig.manual.shown.visible.value()) << "the dialog of the failed attempt must stay";
-    EXPECT_TRUE(rig.com1.writes.empty());
+    EXPECT_TRUE(manual.shown.visible.value()) << "the dialog of the failed attempt must stay";
+    EXPECT_TRUE(com1.writes.empty());
 }
 
 } // namespace

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/poll.h"
 
-#include "testing/linkrig.h"
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "testing/programrig.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,13 +12,10 @@ namespace {
 
 class ProgramLogTest : public testing::Test {
 protected:
-    QByteArray content() const {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not readable)");
-    }
+    QByteArray content() const { return contentsOf(path); }
 
-    QTemporaryDir folder;
-    QString path = folder.filePath(QStringLiteral("log.ohp"));
+    OwnFolder folder;
+    QString path = folder.path("log.ohp");
 };
 
 TEST_F(ProgramLogTest, isCreatedEmpty) {
@@ -53,14 +47,14 @@ TEST_F(ProgramLogTest, holdsEachBlockAtOnceFollowedByCarriageReturnAndLineFeed) 
 
 TEST_F(ProgramLogTest, saysWhyItCannotBeOpened) {
     ProgramLog log;
-    EXPECT_NE(log.open(folder.filePath(QStringLiteral("missing/log.ohp"))), QString());
+    EXPECT_NE(log.open(folder.path("missing/log.ohp")), QString());
     EXPECT_NE(log.open(folder.path()), QString());
 }
 
 TEST_F(ProgramLogTest, ignoresBlocksWhileItIsNotOpen) {
     ProgramLog log;
     EXPECT_EQ(log.write("abc"), QString());
-    ASSERT_NE(log.open(folder.filePath(QStringLiteral("missing/log.ohp"))), QString());
+    ASSERT_NE(log.open(folder.path("missing/log.ohp")), QString());
     EXPECT_EQ(log.write("abc"), QString());
 }
 
@@ -75,29 +69,23 @@ TEST_F(ProgramLogTest, tellsAFailureToWriteOnce) {
     EXPECT_EQ(log.write("abc"), QString());
 }
 
-} // namespace
-
-namespace {
-
 using testing::ElementsAre;
 
-class PollTest : public testing::Test {
+class PollTest : public ProgramTest {
 protected:
     PollTest() {
-        rig.ports.open();
-        rig.state.Tmr = 0;
+        ports.open();
+        state.Tmr = 0;
     }
 
     /// One poll that finds `block` in the port; the line it took.
     QByteArray take(const QByteArray& block) {
-        rig.com1.input = block;
-        rig.poll.quary();
-        return rig.state.Rtn.toLatin1();
+        com1.input = block;
+        program.tick();
+        return state.Rtn.toLatin1();
     }
 
-    std::vector<QString> listed() const { return {rig.debug.list.entries().begin(), rig.debug.list.entries().end()}; }
-
-    LinkRig rig;
+    std::vector<QString> listed() const { return {debug.list.entries().begin(), debug.list.entries().end()}; }
 };
 
 struct CutRow {
@@ -129,25 +117,25 @@ TEST_F(PollTest, cutsOneLineWithItsEndOffTheBuffer) {
     };
     for (const CutRow& row : rows) {
         SCOPED_TRACE(row.name);
-        rig.poll.rxbuffer.clear();
+        rxbuffer.clear();
         EXPECT_EQ(take(row.text), row.line);
-        EXPECT_EQ(rig.poll.rxbuffer, row.rest);
-        EXPECT_EQ(rig.session.status.bufferCount.value(), row.rest.size());
+        EXPECT_EQ(rxbuffer, row.rest);
+        EXPECT_EQ(status.bufferCount.value(), row.rest.size());
     }
 }
 
 TEST_F(PollTest, takesTwoLinesInTwoCalls) {
     EXPECT_EQ(take("one\r\ntwo\r\n"), "one");
     EXPECT_EQ(take(""), "two");
-    EXPECT_EQ(rig.session.status.bufferCount.value(), 0);
+    EXPECT_EQ(status.bufferCount.value(), 0);
     EXPECT_EQ(take(""), "");
 }
 
 TEST_F(PollTest, completesALineThatCameWithoutItsLineFeed) {
     EXPECT_EQ(take("V1.0\r"), "");
-    EXPECT_EQ(rig.session.status.bufferCount.value(), 5);
+    EXPECT_EQ(status.bufferCount.value(), 5);
     EXPECT_EQ(take("\nS"), "V1.0");
-    EXPECT_EQ(rig.poll.rxbuffer, "S");
+    EXPECT_EQ(rxbuffer, "S");
 }
 
 TEST_F(PollTest, joinsALineThatComesByTheCharacter) {
@@ -163,34 +151,34 @@ TEST_F(PollTest, emptiesTheLineOfThePollBefore) {
 }
 
 TEST_F(PollTest, leavesTheCountAloneWhenThereIsNothingAtAll) {
-    rig.session.status.bufferCount = 77;
+    status.bufferCount = 77;
     take("");
-    EXPECT_EQ(rig.session.status.bufferCount.value(), 77);
+    EXPECT_EQ(status.bufferCount.value(), 77);
     take("a");
-    EXPECT_EQ(rig.session.status.bufferCount.value(), 1);
+    EXPECT_EQ(status.bufferCount.value(), 1);
 }
 
 TEST_F(PollTest, emptiesItsBufferFirstWhenAskedAndOnlyOnce) {
     take("old");
-    rig.state.Tmr = 1;
+    state.Tmr = 1;
     EXPECT_EQ(take("new\r\n"), "new");
-    EXPECT_EQ(rig.state.Tmr, 0);
+    EXPECT_EQ(state.Tmr, 0);
     take("kept");
     EXPECT_EQ(take("\r\n"), "kept");
 }
 
 TEST_F(PollTest, emptiesItsBufferWithNothingNewToo) {
     take("line\r\nmore\r\n");
-    rig.state.Tmr = 1;
+    state.Tmr = 1;
     EXPECT_EQ(take(""), "");
-    EXPECT_EQ(rig.poll.rxbuffer, "");
-    EXPECT_EQ(rig.state.Tmr, 0);
+    EXPECT_EQ(rxbuffer, "");
+    EXPECT_EQ(state.Tmr, 0);
 }
 
 TEST_F(PollTest, dropsNothingHoweverMuchArrives) {
     const QByteArray much(100000, 'x');
     take(much);
-    EXPECT_EQ(rig.session.status.bufferCount.value(), 100000);
+    EXPECT_EQ(status.bufferCount.value(), 100000);
     EXPECT_EQ(take("\r\n"), much);
 }
 
@@ -202,61 +190,58 @@ struct PromptRow {
 TEST_F(PollTest, notesAPromptAnywhereInTheTextDuringACollection) {
     const PromptRow rows[] = {{"abc", 0}, {">", 1},  {"!", 3},      {"12>", 1},   {"12!34", 3},
                               {"!>", 1},  {">!", 1}, {"a\r\n>", 1}, {">\r\n", 1}, {"a\r\nb\r\n!", 3}};
-    rig.state.gatherstart = 1;
+    state.gatherstart = 1;
     for (const PromptRow& row : rows) {
         SCOPED_TRACE(row.text.toStdString());
-        rig.poll.rxbuffer.clear();
-        rig.state.Gatherstop = 0;
+        rxbuffer.clear();
+        state.Gatherstop = 0;
         take(row.text);
-        EXPECT_EQ(rig.state.Gatherstop, row.gatherstop);
+        EXPECT_EQ(state.Gatherstop, row.gatherstop);
     }
 }
 
 TEST_F(PollTest, notesAPromptThatWasBufferedBeforeTheCollection) {
     take("12>");
-    EXPECT_EQ(rig.state.Gatherstop, 0);
-    rig.state.gatherstart = 1;
+    EXPECT_EQ(state.Gatherstop, 0);
+    state.gatherstart = 1;
     take("");
-    EXPECT_EQ(rig.state.Gatherstop, 1);
+    EXPECT_EQ(state.Gatherstop, 1);
 }
 
 TEST_F(PollTest, leavesThePromptFlagAloneOutsideACollection) {
     for (const int kept : {0, 1, 3}) {
-        rig.state.Gatherstop = static_cast<quint8>(kept);
+        state.Gatherstop = static_cast<quint8>(kept);
         take(">!");
-        EXPECT_EQ(rig.state.Gatherstop, kept);
+        EXPECT_EQ(state.Gatherstop, kept);
     }
 }
 
 TEST_F(PollTest, keepsAPromptFlagWhenTheTextHoldsNone) {
-    rig.state.gatherstart = 1;
-    rig.state.Gatherstop = 3;
+    state.gatherstart = 1;
+    state.Gatherstop = 3;
     take("abc\r\n");
-    EXPECT_EQ(rig.state.Gatherstop, 3);
+    EXPECT_EQ(state.Gatherstop, 3);
 }
 
 TEST_F(PollTest, writesEveryBlockToTheLogByteForByte) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("log.ohp"));
-    ASSERT_EQ(rig.log.open(path), QString());
+    program.load();
+    ports.open();
     take("abc\r\nde");
     take("");
     take(QByteArray("\0\xff>", 3));
     take("\n");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("abc\r\nde\r\n\0\xff>\r\n\n\r\n", 17));
+    EXPECT_EQ(contentsOf(folder.path("log.ohp")), QByteArray("abc\r\nde\r\n\0\xff>\r\n\n\r\n", 17));
 }
 
 TEST_F(PollTest, listsBlocksWithRawBufferAndLinesWithShowParsing) {
-    rig.state.trouble = 1;
-    rig.debug.rawBuffer = true;
+    state.trouble = 1;
+    debug.rawBuffer = true;
     take("one\r\ntwo\r\n");
     take("");
     EXPECT_THAT(listed(), ElementsAre(QStringLiteral("one\r\ntwo\r\n")));
 
-    rig.debug.rawBuffer = false;
-    rig.debug.showParsing = true;
+    debug.rawBuffer = false;
+    debug.showParsing = true;
     take("three\r\nfour\r\nfi");
     take("");
     take("");
@@ -265,19 +250,19 @@ TEST_F(PollTest, listsBlocksWithRawBufferAndLinesWithShowParsing) {
 }
 
 TEST_F(PollTest, listsNothingOutsideTheServiceMode) {
-    rig.debug.rawBuffer = true;
-    rig.debug.showParsing = true;
+    debug.rawBuffer = true;
+    debug.showParsing = true;
     int selections = 0;
-    rig.debug.list.lastSelected = [&selections] { ++selections; };
+    debug.list.lastSelected = [&selections] { ++selections; };
     take("one\r\n");
     EXPECT_THAT(listed(), ElementsAre());
     EXPECT_EQ(selections, 0);
 }
 
 TEST_F(PollTest, selectsTheLastEntryAfterEachLineInTheServiceMode) {
-    rig.state.trouble = 1;
+    state.trouble = 1;
     int selections = 0;
-    rig.debug.list.lastSelected = [&selections] { ++selections; };
+    debug.list.lastSelected = [&selections] { ++selections; };
     take("on");
     EXPECT_EQ(selections, 0);
     take("e\r\n");
@@ -292,25 +277,26 @@ TEST_F(PollTest, tellsAFailedLogOnceAndGoesOn) {
     if (!QFile::exists(full)) {
         GTEST_SKIP() << "no device that is always full";
     }
-    ASSERT_EQ(rig.log.open(full), QString());
+    ASSERT_TRUE(QFile::link(full, folder.path("log.ohp")));
+    program.load();
+    ports.open();
     EXPECT_EQ(take("abc\r\n"), "abc");
     EXPECT_EQ(take("def\r\n"), "def");
-    ASSERT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_TRUE(
-        rig.messages.shown[0].text.startsWith(QStringLiteral("The log file log.ohp can no longer be written: ")));
-    EXPECT_EQ(rig.messages.shown[0].title, QStringLiteral("ORV Host Program"));
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(QStringLiteral("The log file log.ohp can no longer be written: ")));
+    EXPECT_EQ(messages.shown[0].title, QStringLiteral("ORV Host Program"));
 }
 
 TEST_F(PollTest, meetsAFailureOnlyAfterEveryLineThatArrivedBefore) {
-    rig.com1.failureReason = QStringLiteral("Gone.");
+    com1.failureReason = QStringLiteral("Gone.");
     EXPECT_EQ(take("one\r\ntwo\r\nthr"), "one");
     EXPECT_EQ(take(""), "two");
-    EXPECT_TRUE(rig.ports.isOpen());
-    EXPECT_TRUE(rig.messages.shown.empty());
+    EXPECT_TRUE(ports.isOpen());
+    EXPECT_TRUE(messages.shown.empty());
     take("");
-    EXPECT_FALSE(rig.ports.isOpen());
-    EXPECT_EQ(rig.messages.shown.size(), 1U);
-    EXPECT_EQ(rig.resets, 1);
+    EXPECT_FALSE(ports.isOpen());
+    EXPECT_EQ(messages.shown.size(), 1U);
+    expectOffline();
 }
 
 } // namespace

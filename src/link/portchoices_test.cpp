@@ -2,15 +2,14 @@
 #include "link/portchoices.h"
 
 #include "link/port.h"
-#include "testing/fakeportlist.h"
-#include "testing/linkrig.h"
+#include "testing/programrig.h"
 
 #include <gtest/gtest.h>
 
 namespace orv {
 namespace {
 
-class PortChoicesTest : public testing::Test {
+class PortChoicesTest : public ProgramTest {
 protected:
     std::string listed() const {
         std::string all;
@@ -29,13 +28,7 @@ protected:
 
     void choose(int portNumber, const char* text) { choices.choose(portNumber, QString::fromLatin1(text)); }
 
-    LinkRig rig;
-    FakePortList portList;
-    PortChoices choices{{.ports = rig.ports, .portList = &portList, .deviceProblem = [](const QString& device) {
-                             return device.contains(u' ') || device.isEmpty()
-                                        ? QStringLiteral("\"%1\" is no device.").arg(device)
-                                        : QString();
-                         }}};
+    PortChoices& choices = program.portChoices;
 };
 
 const char* const simulated = "sim:trx|simulated scattering meter\nsim:glow|simulated fluorometer\n";
@@ -44,7 +37,7 @@ TEST_F(PortChoicesTest, TheSimulatedInstrumentsAreOfferedWhereThereIsNoPort) {
     EXPECT_EQ(listed(), simulated);
     choices.refresh();
     EXPECT_EQ(listed(), simulated);
-    PortChoices without{{.ports = rig.ports, .portList = nullptr, .deviceProblem = {}}};
+    PortChoices without{{.ports = ports, .portList = nullptr, .deviceProblem = {}}};
     without.refresh();
     without.refreshIfChanged();
     EXPECT_EQ(without.shown.list.value().size(), 2);
@@ -106,10 +99,10 @@ TEST_F(PortChoicesTest, PortsAreListedAnewOnlyWhereThatCanMatter) {
     portList.changed = true;
     choices.refreshIfChanged();
     EXPECT_EQ(portList.listings, 1);
-    rig.ports.open();
+    ports.open();
     choices.refreshIfChanged();
     EXPECT_EQ(portList.listings, 2) << "COM 2 can still be changed";
-    rig.ports.openDebugPort();
+    ports.openDebugPort();
     choices.refreshIfChanged();
     EXPECT_EQ(portList.listings, 2);
     choices.refresh();
@@ -121,15 +114,15 @@ TEST_F(PortChoicesTest, AChoiceIsTheDeviceOfTheNextOpening) {
     EXPECT_EQ(device(2), "ttyB");
     choose(1, "  other \t");
     EXPECT_EQ(device(1), "other");
-    EXPECT_EQ(rig.ports.device(1).toStdString(), "other");
+    EXPECT_EQ(ports.device(1).toStdString(), "other");
     EXPECT_EQ(problem(1), "");
-    rig.ports.open();
-    EXPECT_TRUE(rig.com2.isOpen()) << "the rig's line of every device but ttyA";
-    EXPECT_FALSE(rig.com1.isOpen());
+    ports.open();
+    EXPECT_TRUE(com2.isOpen()) << "the rig's line of every device but ttyA";
+    EXPECT_FALSE(com1.isOpen());
 }
 
 TEST_F(PortChoicesTest, ADeviceSetByTheProgramIsShown) {
-    rig.ports.setDevice(2, QStringLiteral("/dev/pts/3"));
+    ports.setDevice(2, QStringLiteral("/dev/pts/3"));
     EXPECT_EQ(device(2), "/dev/pts/3");
 }
 
@@ -170,7 +163,7 @@ TEST_F(PortChoicesTest, EachPortCanHaveASimulatedInstrumentOfItsOwn) {
 }
 
 TEST_F(PortChoicesTest, AStartValueThatIsOnBothPortsCanBeKept) {
-    rig.ports.setDevice(1, QStringLiteral("ttyB"));
+    ports.setDevice(1, QStringLiteral("ttyB"));
     choose(1, "ttyB");
     EXPECT_EQ(problem(1), "");
     choose(1, "ttyA");
@@ -178,7 +171,7 @@ TEST_F(PortChoicesTest, AStartValueThatIsOnBothPortsCanBeKept) {
 }
 
 TEST_F(PortChoicesTest, APortOfTheInstrumentKeepsItsDeviceUntilItIsClosed) {
-    rig.ports.open();
+    ports.open();
     EXPECT_EQ(choices.shown[1].lock.value().toStdString(),
               "COM 1 is open. \"Close Port\" in the menu \"Operation\" lets you choose another device.");
     EXPECT_FALSE(isLocked(2));
@@ -188,75 +181,75 @@ TEST_F(PortChoicesTest, APortOfTheInstrumentKeepsItsDeviceUntilItIsClosed) {
     EXPECT_EQ(problem(1), "");
     choose(2, "ttyC");
     EXPECT_EQ(device(2), "ttyC");
-    rig.ports.selectPort(2); // for the next opening
-    rig.ports.close();
+    ports.selectPort(2); // for the next opening
+    ports.close();
     EXPECT_FALSE(isLocked(1));
-    rig.ports.open();
+    ports.open();
     EXPECT_FALSE(isLocked(1));
     EXPECT_TRUE(isLocked(2));
 }
 
 TEST_F(PortChoicesTest, APortOfTheDebugOutputKeepsItsDevice) {
-    rig.tickDebugOutput();
+    tickDebugOutput();
     EXPECT_EQ(choices.shown[2].lock.value().toStdString(),
               "The debug output uses COM 2. Clear \"Comm 2 Debug Output\" on the debug screen to free it.");
     EXPECT_FALSE(isLocked(1));
     choose(2, "ttyC");
     EXPECT_EQ(device(2), "ttyB");
-    rig.debug.comm2Output = false;
+    debug.comm2Output = false;
     EXPECT_TRUE(isLocked(2)) << "its port stays open";
-    rig.debug.comm2Output = true;
-    rig.com2.failureReason = QStringLiteral("Gone.");
-    rig.ports.debugsay(QStringLiteral("text"));
+    debug.comm2Output = true;
+    com2.failureReason = QStringLiteral("Gone.");
+    ports.debugsay(QStringLiteral("text"));
     EXPECT_FALSE(isLocked(2));
 }
 
 TEST_F(PortChoicesTest, APortThatCouldNotBeOpenedCanBeChanged) {
-    rig.com1.openReason = rig.com2.openReason = QStringLiteral("Reason.");
-    rig.ports.open();
-    rig.ports.openDebugPort();
+    com1.openReason = com2.openReason = QStringLiteral("Reason.");
+    ports.open();
+    ports.openDebugPort();
     EXPECT_FALSE(isLocked(1));
     EXPECT_FALSE(isLocked(2));
 }
 
 TEST_F(PortChoicesTest, APortThatIsLostCanBeChanged) {
-    rig.ports.open();
-    rig.com1.failureReason = QStringLiteral("Gone.");
-    EXPECT_TRUE(rig.ports.checkFailure());
+    ports.open();
+    com1.failureReason = QStringLiteral("Gone.");
+    EXPECT_TRUE(ports.checkFailure());
     EXPECT_FALSE(isLocked(1));
 }
 
 TEST_F(PortChoicesTest, NothingCanBeChangedDuringAnAttemptNorAfterItsFailureUntilQuit) {
     int waits = 0;
-    rig.com1.waited = [&](int milliseconds) {
-        rig.clock.advance(milliseconds);
+    com1.waited = [&](int milliseconds) {
+        clock.advance(milliseconds);
         waits += isLocked(1) ? 1 : 0;
     };
-    rig.connection.autoConnect1();
+    autoConnect();
     EXPECT_GT(waits, 0);
-    EXPECT_TRUE(rig.manual.shown.visible);
+    EXPECT_TRUE(manual.shown.visible);
     EXPECT_TRUE(isLocked(1)) << "the port is still open";
-    rig.manual.quit();
+    manual.quit();
     EXPECT_FALSE(isLocked(1));
 }
 
 TEST_F(PortChoicesTest, NothingCanBeChangedWhileAManualConnectionSeeks) {
-    rig.connection.manualConnect(2);
+    program.manualConnect(2);
     EXPECT_FALSE(isLocked(2)) << "nothing has been opened yet";
-    rig.com2.waited = [this](int milliseconds) {
-        rig.clock.advance(milliseconds);
+    com2.waited = [this](int milliseconds) {
+        clock.advance(milliseconds);
         EXPECT_TRUE(isLocked(2));
         EXPECT_FALSE(isLocked(1));
-        rig.com2.input = "V512\r";
+        com2.input = "V512\r";
     };
-    rig.manual.start();
+    pressStart();
     EXPECT_TRUE(isLocked(2));
 }
 
 TEST_F(PortChoicesTest, AComplaintGoesWhenThePortIsOpened) {
     choose(1, "no device");
     EXPECT_NE(problem(1), "");
-    rig.ports.open();
+    ports.open();
     EXPECT_EQ(problem(1), "");
 }
 
@@ -272,21 +265,21 @@ TEST_F(PortChoicesTest, ASimulatedInstrumentIsTold) {
 
 TEST_F(PortChoicesTest, OnceConnectedOnlyTheConnectedInstrumentCounts) {
     choose(2, "sim:glow");
-    rig.ports.open();
+    ports.open();
     EXPECT_EQ(simulation(), "") << "a real instrument is connected";
-    rig.ports.close();
+    ports.close();
     EXPECT_EQ(simulation(), "Simulated instrument on COM 2");
-    rig.ports.selectPort(2);
-    rig.ports.open();
+    ports.selectPort(2);
+    ports.open();
     EXPECT_EQ(simulation(), "Simulated instrument on COM 2");
     choose(1, "sim:trx");
     EXPECT_EQ(simulation(), "Simulated instrument on COM 2");
-    rig.ports.close();
+    ports.close();
     choose(2, "ttyB");
-    rig.ports.open();
+    ports.open();
     EXPECT_EQ(simulation(), "");
-    rig.ports.close();
-    rig.tickDebugOutput();
+    ports.close();
+    tickDebugOutput();
     EXPECT_EQ(simulation(), "Simulated instrument on COM 1") << "the debug output is no instrument";
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/waits.h"
 
-#include "testing/fakes.h"
+#include "testing/programrig.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -12,17 +12,9 @@ namespace orv {
 
 namespace {
 
-class TimedWaitTest : public testing::Test {
+class TimedWaitTest : public ProgramTest {
 protected:
     void startAt(QTime time) { clock = TestClock(QDateTime(QDate(2026, 11, 21), time)); }
-
-    TestClock clock;
-    RecordedMessages messages;
-    Session session{clock, messages};
-    DebugState debug;
-    ComPorts ports{session, debug, [](const QString&) { return std::make_unique<FakePort>(); }};
-    SteppedYield yield{clock};
-    TimedWait wait{clock, yield, ports};
 };
 
 TEST_F(TimedWaitTest, returnsAfterTheSecondsOfClockTime) {
@@ -30,7 +22,7 @@ TEST_F(TimedWaitTest, returnsAfterTheSecondsOfClockTime) {
     const qint64 start = clock.monotonicMilliseconds();
     wait.waitsec(1.0F);
     EXPECT_EQ(clock.monotonicMilliseconds() - start, 1000);
-    EXPECT_EQ(yield.yields, 200);
+    EXPECT_EQ(events.yields, 200);
 }
 
 TEST_F(TimedWaitTest, takesFractionsOfASecond) {
@@ -52,52 +44,52 @@ TEST_F(TimedWaitTest, neverReturnsEarlyAndAtMostAClockStepLate) {
 
 TEST_F(TimedWaitTest, doesNotYieldForZeroSeconds) {
     wait.waitsec(0.0F);
-    EXPECT_EQ(yield.yields, 0);
+    EXPECT_EQ(events.yields, 0);
     wait.waitsec(-1.0F);
-    EXPECT_EQ(yield.yields, 0);
+    EXPECT_EQ(events.yields, 0);
 }
 
 TEST_F(TimedWaitTest, sleepsForTheRestOfTheWaitWhenNothingHappens) {
-    yield.step = 100000;
+    events.step = 100000;
     startAt(QTime(1, 0));
     wait.waitsec(0.5F);
-    EXPECT_EQ(yield.yields, 1);
+    EXPECT_EQ(events.yields, 1);
     EXPECT_EQ(clock.monotonicMilliseconds(), 500);
     wait.waitsec(2.5F);
-    EXPECT_EQ(yield.yields, 4) << "no sleep is longer than a second";
+    EXPECT_EQ(events.yields, 4) << "no sleep is longer than a second";
     EXPECT_EQ(clock.monotonicMilliseconds(), 3000);
 }
 
 TEST_F(TimedWaitTest, neverReturnsAcrossMidnight) {
     startAt(QTime(23, 59, 59, 500));
-    yield.step = 1000;
+    events.step = 1000;
     qint64 ended = 0;
-    yield.tick = [&] {
-        if (yield.yields == 200000) { // more than two days
-            yield.ending = true;
+    events.tick = [&] {
+        if (events.yields == 200000) { // more than two days
+            events.ending = true;
             ended = clock.monotonicMilliseconds();
         }
     };
     wait.waitsec(1.0F);
-    EXPECT_TRUE(yield.ending);
+    EXPECT_TRUE(events.ending);
     EXPECT_EQ(clock.monotonicMilliseconds(), ended);
-    EXPECT_EQ(yield.yields, 200000);
+    EXPECT_EQ(events.yields, 200000);
 }
 
 TEST_F(TimedWaitTest, returnsWhenItEndsBeforeMidnight) {
     startAt(QTime(23, 59, 58));
-    yield.step = 100;
+    events.step = 100;
     wait.waitsec(1.0F);
     EXPECT_GE(clock.monotonicMilliseconds(), 990);
     EXPECT_LE(clock.monotonicMilliseconds(), 1100);
 }
 
 TEST_F(TimedWaitTest, returnsAtOnceWhenTheProgramIsEnding) {
-    yield.tick = [this] { yield.ending = yield.yields == 3; };
+    events.tick = [this] { events.ending = events.yields == 3; };
     wait.waitsec(10.0F);
-    EXPECT_EQ(yield.yields, 3);
+    EXPECT_EQ(events.yields, 3);
     EXPECT_FALSE(wait.waitConnected(10.0F));
-    EXPECT_EQ(yield.yields, 3);
+    EXPECT_EQ(events.yields, 3);
 }
 
 TEST_F(TimedWaitTest, tellsThatTheConnectionHasLasted) {
@@ -109,19 +101,19 @@ TEST_F(TimedWaitTest, tellsThatTheConnectionHasLasted) {
 
 TEST_F(TimedWaitTest, endsWithTheConnection) {
     ports.open();
-    yield.tick = [this] {
-        if (yield.yields == 2) {
+    events.tick = [this] {
+        if (events.yields == 2) {
             ports.close();
         }
     };
     EXPECT_FALSE(wait.waitConnected(1.0F));
-    EXPECT_EQ(yield.yields, 2);
+    EXPECT_EQ(events.yields, 2);
 }
 
 TEST_F(TimedWaitTest, tellsAConnectionThatWasClosedAndOpenedAgainApart) {
     ports.open();
-    yield.tick = [this] {
-        if (yield.yields == 2) {
+    events.tick = [this] {
+        if (events.yields == 2) {
             ports.close();
             ports.open();
         }
@@ -132,7 +124,7 @@ TEST_F(TimedWaitTest, tellsAConnectionThatWasClosedAndOpenedAgainApart) {
 
 TEST_F(TimedWaitTest, waitsItsFullTimeWithoutWatchingTheConnectionWhenNotAsked) {
     ports.open();
-    yield.tick = [this] { ports.close(); };
+    events.tick = [this] { ports.close(); };
     startAt(QTime(1, 0));
     wait.waitsec(0.5F);
     EXPECT_EQ(clock.monotonicMilliseconds(), 500);

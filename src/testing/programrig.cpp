@@ -50,9 +50,12 @@ ProgramRig::ProgramRig(FarEnd farEnd)
                .portList = &portList,
                .deviceProblem =
                    [](const QString& device) {
-                       return device.contains(u' ') ? QStringLiteral("\"%1\" is no device.").arg(device) : QString();
+                       return device.isEmpty() || device.contains(u' ')
+                                  ? QStringLiteral("\"%1\" is no device.").arg(device)
+                                  : QString();
                    }}) {
     events.tick = [this] { program.tick(); };
+    program.connection.pollingEnded = [this] { ++pollingEnds; };
 }
 
 ProgramRig::~ProgramRig() = default;
@@ -63,6 +66,18 @@ void ProgramRig::autoConnect(int portNumber) {
     } else {
         program.autoConnect2();
     }
+}
+
+void ProgramRig::pressStart() {
+    manual.start();
+}
+
+void ProgramRig::pressRetry() {
+    manual.retry();
+}
+
+void ProgramRig::abort2() {
+    program.abort2();
 }
 
 void ProgramRig::connect(const QByteArray& greeting) {
@@ -105,7 +120,7 @@ void ProgramRig::ticks(int count) {
 }
 
 void ProgramRig::live(float seconds) {
-    program.wait.waitsec(seconds);
+    wait.waitsec(seconds);
 }
 
 void ProgramRig::tickDebugOutput() {

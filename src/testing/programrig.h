@@ -40,7 +40,12 @@ public:
 
     /// "Auto Connect Comm 1" or 2, to the end of the attempt.
     void autoConnect(int portNumber = 1);
-    /// The same on COM 1 with an instrument that greets so.
+    /// "Start" and "Retry" of the "Manual Connection" dialog, to the end of the attempt.
+    void pressStart();
+    void pressRetry();
+    /// "Abort 2", to the end of the attempt to connect again.
+    void abort2();
+    /// "Auto Connect Comm 1" with an instrument that greets so.
     void connect(const QByteArray& greeting = "V512\r");
     /// Connects and lets the instrument answer until the program is "Ready".
     void connectAndRead(const QByteArray& greeting = "V512\r", const QByteArray& pointsPerBlock = "0");
@@ -73,6 +78,7 @@ public:
     FakePortList portList;
     std::deque<QByteArray> replies;
     WatchedPort* line = nullptr; ///< The port made last.
+    int pollingEnds = 0;         ///< How many loops that do not yield have ended in the connection.
 
 private:
     FarEnd farEnd_;
@@ -91,6 +97,7 @@ public:
     SheetState& sheetState = program.sheetState;
     DataSheet& sheet = program.sheet;
     ComPorts& ports = program.ports;
+    TimedWait& wait = program.wait;
     StatusTimer& timer = program.timer;
     ManualConnection& manual = program.manual;
     QByteArray& rxbuffer = program.poll.rxbuffer;
