@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/files.h"
 
-#include "testing/sheettest.h"
+#include "testing/folder.h"
 
 namespace orv {
 
@@ -11,8 +11,8 @@ class AppendWholeTest : public testing::Test {
 protected:
     AppendWholeTest() { EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)); }
 
-    QTemporaryDir folder;
-    QFile file{folder.filePath(QStringLiteral("rows.txt"))};
+    OwnFolder folder;
+    QFile file{folder.path("rows.txt")};
 };
 
 TEST_F(AppendWholeTest, EveryAppendReachesTheSystemAtOnce) {
@@ -67,43 +67,43 @@ TEST(KeptFile, TakesADatedNameBesideItsOwn) {
         {"noending", "noending-20261121-093015"},
     };
     for (const auto& each : cases) {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QString::fromLatin1(each.name));
+        const OwnFolder folder;
+        const QString path = folder.path(each.name);
         fill(path, "rows");
         EXPECT_EQ(keepUnderDatedName(path, moment), QString());
-        EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), each.kept);
-        EXPECT_EQ(contentsOf(folder.filePath(QString::fromLatin1(each.kept))), QByteArray("rows"));
+        EXPECT_EQ(folder.files().join(u'|').toStdString(), each.kept);
+        EXPECT_EQ(contentsOf(folder.path(each.kept)), QByteArray("rows"));
     }
 }
 
 TEST(KeptFile, FilesKeptInTheSameSecondGetFurtherNumbers) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Orvtemp.tmp"));
+    const OwnFolder folder;
+    const QString path = folder.path("Orvtemp.tmp");
     for (const char* run : {"first", "second", "third"}) {
         fill(path, run);
         EXPECT_EQ(keepUnderDatedName(path, moment), QString());
     }
-    EXPECT_EQ(contentsOf(folder.filePath(QStringLiteral("Orvtemp-20261121-093015.tmp"))), QByteArray("first"));
-    EXPECT_EQ(contentsOf(folder.filePath(QStringLiteral("Orvtemp-20261121-093015-2.tmp"))), QByteArray("second"));
-    EXPECT_EQ(contentsOf(folder.filePath(QStringLiteral("Orvtemp-20261121-093015-3.tmp"))), QByteArray("third"));
+    EXPECT_EQ(contentsOf(folder.path("Orvtemp-20261121-093015.tmp")), QByteArray("first"));
+    EXPECT_EQ(contentsOf(folder.path("Orvtemp-20261121-093015-2.tmp")), QByteArray("second"));
+    EXPECT_EQ(contentsOf(folder.path("Orvtemp-20261121-093015-3.tmp")), QByteArray("third"));
 }
 
 TEST(KeptFile, NothingToKeepIsNoFailure) {
-    const QTemporaryDir folder;
-    EXPECT_EQ(keepUnderDatedName(folder.filePath(QStringLiteral("Orvtemp.tmp")), moment), QString());
-    EXPECT_TRUE(filesIn(folder).isEmpty());
+    const OwnFolder folder;
+    EXPECT_EQ(keepUnderDatedName(folder.path("Orvtemp.tmp"), moment), QString());
+    EXPECT_TRUE(folder.files().isEmpty());
 }
 
 #ifdef Q_OS_UNIX
 TEST(KeptFile, FileThatCannotBeRenamedStaysAndTheReasonIsTold) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Orvtemp.tmp"));
+    const OwnFolder folder;
+    const QString path = folder.path("Orvtemp.tmp");
     fill(path, "rows");
     {
         const UnwritableFolder unwritable(folder.path());
         EXPECT_NE(keepUnderDatedName(path, moment), QString());
     }
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp");
     EXPECT_EQ(contentsOf(path), QByteArray("rows"));
 }
 #endif

@@ -124,6 +124,8 @@ public:
     int getprefsruns = 0;
 
 private:
+    friend class ProgramRig; // lets tests look at the parts
+
     void prepareSheet();
     void takeWhatArrived();
     void takePlace();

@@ -17,7 +17,7 @@ class DownloadEndsTest : public DownloadTest {
 protected:
     DownloadEndsTest() { identify("F", "310"); }
 
-    std::string status() const { return session.status.status.value().toStdString(); }
+    std::string statusText() const { return status.status.value().toStdString(); }
 
     std::string incomplete(const char* records, const QString& where, const char* unread = "") const {
         return "The download is incomplete: it was ended before the instrument had sent everything. " +
@@ -27,111 +27,73 @@ protected:
 };
 
 TEST_F(DownloadEndsTest, CancelledDialogSendsAndWritesNothing) {
-    session.status.notice = QStringLiteral("kept");
+    status.notice = QStringLiteral("kept");
     progress.maximum = 77;
     timer.setInterval(StatusTimer::slowInterval);
     download.saveAsText();
     EXPECT_EQ(answers.asked.size(), 1);
     EXPECT_FALSE(progress.visible);
-    EXPECT_EQ(instrument->allWritten(), QByteArray());
-    EXPECT_TRUE(filesIn(folder).isEmpty());
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
-    EXPECT_EQ(status(), "Ready");
-    EXPECT_EQ(session.status.notice.value(), QStringLiteral("kept"));
+    EXPECT_EQ(com1.allWritten(), QByteArray());
+    EXPECT_TRUE(folder.files().isEmpty());
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(statusText(), "Ready");
+    EXPECT_EQ(status.notice.value(), QStringLiteral("kept"));
     EXPECT_FALSE(isTaking());
     EXPECT_EQ(progress.maximum, 77);
     EXPECT_EQ(timer.interval(), StatusTimer::slowInterval);
     EXPECT_TRUE(messages.shown.empty());
 }
 
-/// Answers a file dialog after something has happened behind it.
-class BelatedAnswer final : public OperatorQuestions {
-public:
-    bool askYesNo(const QString& /*title*/, const QString& /*text*/) override { return false; }
-    QString saveFileName(const QString& /*title*/, const QString& /*presetName*/, const QString& /*suffix*/,
-                         const QString& /*filter*/) override {
-        meanwhile();
-        return fileName;
-    }
-    QString openFileName(const QString& /*title*/, const QString& /*suffix*/, const QString& /*filter*/) override {
-        return {};
-    }
-
-    std::function<void()> meanwhile;
-    QString fileName;
-};
-
 TEST_F(DownloadEndsTest, ProcessingDialogStandsBehindTheFileDialog) {
-    BelatedAnswer belated;
     bool wasShown = false;
-    belated.meanwhile = [this, &wasShown] { wasShown = progress.visible; };
-    Download other({.session = session,
-                    .ports = ports,
-                    .timer = timer,
-                    .settings = settings,
-                    .progress = progress,
-                    .rows = rows,
-                    .shown = shown,
-                    .automaticSave = automaticSave,
-                    .questions = belated});
-    other.saveAsText();
+    answers.whileAsked = [this, &wasShown] { wasShown = progress.visible; };
+    download.saveAsText();
     EXPECT_TRUE(wasShown);
     EXPECT_FALSE(progress.visible);
 }
 
 TEST_F(DownloadEndsTest, ConnectionLostDuringTheFileDialogEndsItThere) {
     fill(path("dump.txt"), "older");
-    BelatedAnswer belated;
-    belated.fileName = path("dump.txt");
-    Download other({.session = session,
-                    .ports = ports,
-                    .timer = timer,
-                    .settings = settings,
-                    .progress = progress,
-                    .rows = rows,
-                    .shown = shown,
-                    .automaticSave = automaticSave,
-                    .questions = belated});
     for (const bool openedAgain : {false, true}) {
-        belated.meanwhile = [this, openedAgain] {
+        answers.whileAsked = [this, openedAgain] {
             ports.close();
             if (openedAgain) {
                 ports.open();
             }
         };
-        other.saveAsText();
-        EXPECT_EQ(instrument->allWritten(), QByteArray());
+        saveAsText();
+        EXPECT_EQ(com1.allWritten(), QByteArray());
         EXPECT_EQ(dump(), QByteArray("older"));
         EXPECT_FALSE(progress.visible);
         EXPECT_FALSE(isTaking());
-        EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
+        EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
     }
 }
 
 TEST_F(DownloadEndsTest, InstrumentOfUnknownTypeGivesNoFile) {
-    session.state.Vartemp.clear();
+    state.Vartemp.clear();
     saveAsText();
-    EXPECT_EQ(instrument->allWritten(), QByteArray());
-    EXPECT_TRUE(filesIn(folder).isEmpty());
+    EXPECT_EQ(com1.allWritten(), QByteArray());
+    EXPECT_TRUE(folder.files().isEmpty());
     EXPECT_FALSE(progress.visible);
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_TRUE(onlyMessage().starts_with("The instrument has not told its type"));
 }
 
 TEST_F(DownloadEndsTest, FileThatCannotBeCreatedIsToldAndNothingIsSent) {
     saveAsText();
     replyAll({">O", record, "EOF"});
-    session.state.Ctrlscrn = Operation::SettingsOpen;
-    instrument->writes.clear();
+    state.Ctrlscrn = Operation::SettingsOpen;
+    com1.writes.clear();
     saveAsText("nowhere/dump.txt");
-    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_EQ(com1.allWritten(), QByteArray());
     EXPECT_EQ(onlyMessage(), "The stored data cannot be written to " + path("nowhere/dump.txt").toStdString() +
                                  ": No such file or directory.\n\nNothing was asked of the instrument. The instrument "
                                  "still holds its data. Make room or choose another folder, and download it again.");
     expectDialogPutBack();
     EXPECT_FALSE(isTaking());
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
-    EXPECT_EQ(status(), "Ready");
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(statusText(), "Ready");
 }
 
 TEST_F(DownloadEndsTest, StalledDumpIsToldAfterTenSecondsAndWaitedFor) {
@@ -144,19 +106,19 @@ TEST_F(DownloadEndsTest, StalledDumpIsToldAfterTenSecondsAndWaitedFor) {
         const std::string usual = toFile ? "Saving Sheet" : "Exporting Memory";
         replyAll({">O", record});
         standStill(9999);
-        EXPECT_EQ(status(), usual);
+        EXPECT_EQ(statusText(), usual);
         standStill(1);
-        EXPECT_EQ(status(), stalled);
+        EXPECT_EQ(statusText(), stalled);
         standStill(3'600'000);
         EXPECT_TRUE(isTaking()) << "it goes on waiting";
         reply(record);
-        EXPECT_EQ(status(), usual);
+        EXPECT_EQ(statusText(), usual);
         standStill(9999);
-        EXPECT_EQ(status(), usual);
+        EXPECT_EQ(statusText(), usual);
         standStill(1);
-        EXPECT_EQ(status(), stalled);
+        EXPECT_EQ(statusText(), stalled);
         reply("EOF");
-        EXPECT_EQ(status(), "Ready");
+        EXPECT_EQ(statusText(), "Ready");
     }
     EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t700\r\n2\t1/5/99\t9:05:01\t700\r\n");
     EXPECT_EQ(sheet.rowCount(), 2);
@@ -167,9 +129,9 @@ TEST_F(DownloadEndsTest, InstrumentThatNeverAnswersIsToldToo) {
     clock.advance(100'000);
     download.vwhp();
     standStill(9999);
-    EXPECT_EQ(status(), "Exporting Memory");
+    EXPECT_EQ(statusText(), "Exporting Memory");
     standStill(1);
-    EXPECT_EQ(status(), stalled);
+    EXPECT_EQ(statusText(), stalled);
 }
 
 TEST_F(DownloadEndsTest, TextFileKeepsWhatArrivedAndIsClosed) {
@@ -180,7 +142,7 @@ TEST_F(DownloadEndsTest, TextFileKeepsWhatArrivedAndIsClosed) {
     EXPECT_EQ(onlyMessage(), incomplete("2 records", QStringLiteral("in ") + path("dump.txt")));
     expectIdle();
     EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t700\r\n2\t1/5/99\t9:05:01\t700\r\n");
-    EXPECT_EQ(session.status.downloadedBytes.value(), QStringLiteral("0"));
+    EXPECT_EQ(status.downloadedBytes.value(), QStringLiteral("0"));
     reply(record);
     EXPECT_EQ(dump().toStdString(), before);
 #ifdef Q_OS_LINUX
@@ -201,8 +163,8 @@ TEST_F(DownloadEndsTest, SheetKeepsWhatArrived) {
     EXPECT_EQ(onlyMessage(), incomplete("12 records", QStringLiteral("on the sheet")));
     expectIdle();
     EXPECT_EQ(sheet.rowCount(), 12);
-    EXPECT_TRUE(shown.unsaved);
-    EXPECT_EQ(shown.topRow, 2);
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_EQ(sheetState.topRow, 2);
 }
 
 TEST_F(DownloadEndsTest, OneRecordIsNotTwo) {
@@ -223,7 +185,7 @@ TEST_F(DownloadEndsTest, UnreadableRecordsAreToldWithTheIncompleteEnd) {
 TEST_F(DownloadEndsTest, RecordsOfAutomaticSavesAreNotSoughtOnTheSheet) {
     download.vwhp();
     for (int row = 0; row <= 20000; ++row) {
-        session.state.Rtn = QString::fromLatin1(record);
+        state.Rtn = QString::fromLatin1(record);
         download.importtofg1();
     }
     ASSERT_EQ(sheet.rowCount(), 1);
@@ -234,7 +196,7 @@ TEST_F(DownloadEndsTest, RecordsOfAutomaticSavesAreNotSoughtOnTheSheet) {
 
 TEST_F(DownloadEndsTest, WithoutADownloadThereIsNothingToEnd) {
     download.endIncomplete();
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
     saveAsText();
     reply("EOF");
     download.endIncomplete();
@@ -248,8 +210,8 @@ TEST_F(DownloadEndsTest, WithoutADownloadThereIsNothingToEnd) {
 TEST_F(DownloadEndsTest, FullCounterEndsTheDownloadAndDropsTheRest) {
     download.vwhp();
     replyAll({">O", record});
-    session.state.plc = 32767;
-    session.state.Rtn = QString::fromLatin1(record);
+    state.plc = 32767;
+    state.Rtn = QString::fromLatin1(record);
     EXPECT_THROW(download.importtofg1(), RuntimeError);
     EXPECT_EQ(onlyMessage(), incomplete("1 record", QStringLiteral("on the sheet")));
     expectDialogPutBack();
@@ -269,7 +231,7 @@ TEST_F(DownloadEndsTest, FullDiskStopsTheDownloadWithOneMessage) {
     {
         const FileSizeLimit limit(static_cast<rlim_t>(whole.size()) + 5);
         reply(record);
-        EXPECT_EQ(status(), "Download stopped");
+        EXPECT_EQ(statusText(), "Download stopped");
         expectDialogPutBack();
         EXPECT_EQ(dump(), whole) << "no half row is left";
         reply(record);
@@ -287,20 +249,20 @@ TEST_F(DownloadEndsTest, NoCommandIsGivenIntoTheRestOfAStoppedDump) {
     const FileSizeLimit limit(static_cast<rlim_t>(dump().size()));
     reply(record);
     ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_FALSE(session.commands.canCommand);
-    EXPECT_FALSE(session.commands.canRun);
+    EXPECT_FALSE(commands.canCommand);
+    EXPECT_FALSE(commands.canRun);
     replyAll({record, "65535", ">O", "bad"});
-    EXPECT_FALSE(session.commands.canCommand);
+    EXPECT_FALSE(commands.canCommand);
     EXPECT_EQ(progress.value, 0);
     standStill(10'000);
-    EXPECT_EQ(status(), stalled);
+    EXPECT_EQ(statusText(), stalled);
     reply(record);
-    EXPECT_EQ(status(), "Download stopped");
+    EXPECT_EQ(statusText(), "Download stopped");
     reply("EOF");
     expectIdle();
-    EXPECT_TRUE(session.commands.canCommand);
-    EXPECT_EQ(status(), "Ready");
-    EXPECT_EQ(session.status.downloadedBytes.value(), QStringLiteral("0"));
+    EXPECT_TRUE(commands.canCommand);
+    EXPECT_EQ(statusText(), "Ready");
+    EXPECT_EQ(status.downloadedBytes.value(), QStringLiteral("0"));
     EXPECT_EQ(messages.shown.size(), 1U);
 }
 
@@ -319,7 +281,7 @@ TEST_F(DownloadEndsTest, DiskThatIsFullFromTheStartIsToldAndNothingIsSent) {
         const FileSizeLimit limit(20);
         saveAsText();
     }
-    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_EQ(com1.allWritten(), QByteArray());
     EXPECT_TRUE(onlyMessage().starts_with("The stored data cannot be written to "));
     EXPECT_FALSE(isTaking());
     EXPECT_EQ(dump(), QByteArray()) << "no half header is left";
@@ -330,7 +292,7 @@ TEST_F(DownloadEndsTest, DeviceWithoutSpaceIsToldInTheSystemsWords) {
     answers.fileName = QStringLiteral("/dev/full");
     download.saveAsText();
     EXPECT_TRUE(onlyMessage().starts_with("The stored data cannot be written to /dev/full: No space left on device."));
-    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_EQ(com1.allWritten(), QByteArray());
     EXPECT_FALSE(progress.visible);
 }
 #endif
@@ -339,7 +301,7 @@ TEST_F(DownloadEndsTest, FolderThatTakesNoFilesIsTold) {
     const UnwritableFolder unwritable(folder.path());
     saveAsText();
     EXPECT_TRUE(onlyMessage().find(": Permission denied.") != std::string::npos);
-    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    EXPECT_EQ(com1.allWritten(), QByteArray());
     EXPECT_FALSE(progress.visible);
 }
 #endif

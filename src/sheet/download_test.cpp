@@ -56,14 +56,14 @@ TEST_F(DownloadTest, FirmwareOf500IsTheNewerGeneration) {
 TEST_F(DownloadTest, TextDownloadAsksAnnouncesAndStarts) {
     identify("V", "512");
     debug.comm2Output = true;
-    session.status.notice = QStringLiteral("3 lines could not be read; they are in log.ohp");
+    status.notice = QStringLiteral("3 lines could not be read; they are in log.ohp");
     saveAsText();
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|Stored Data.txt|.txt|*.txt");
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("F2 Click\r"));
-    EXPECT_EQ(instrument->allWritten(), QByteArray("O"));
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::SavingText);
-    EXPECT_EQ(session.status.status.value(), QStringLiteral("Saving Sheet"));
-    EXPECT_EQ(session.status.notice.value(), QString()) << "a remark on an earlier operation";
+    EXPECT_EQ(said(), "F2 Click\r");
+    EXPECT_EQ(com1.allWritten(), QByteArray("O"));
+    EXPECT_EQ(state.Ctrlscrn, Operation::SavingText);
+    EXPECT_EQ(status.status.value(), QStringLiteral("Saving Sheet"));
+    EXPECT_EQ(status.notice.value(), QString()) << "a remark on an earlier operation";
     EXPECT_TRUE(isTaking());
     EXPECT_TRUE(progress.visible);
     EXPECT_EQ(progress.label.value(), QStringLiteral("%"));
@@ -75,9 +75,9 @@ TEST_F(DownloadTest, ViewDownloadStartsWithoutAQuestion) {
     identify("V", "512");
     download.vwhp();
     EXPECT_TRUE(answers.asked.isEmpty());
-    EXPECT_EQ(instrument->allWritten(), QByteArray("O"));
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::Importing);
-    EXPECT_EQ(session.status.status.value(), QStringLiteral("Exporting Memory"));
+    EXPECT_EQ(com1.allWritten(), QByteArray("O"));
+    EXPECT_EQ(state.Ctrlscrn, Operation::Importing);
+    EXPECT_EQ(status.status.value(), QStringLiteral("Exporting Memory"));
     EXPECT_TRUE(isTaking());
     EXPECT_TRUE(progress.visible);
     EXPECT_EQ(progress.label.value(), QStringLiteral("%"));
@@ -92,10 +92,10 @@ TEST_F(DownloadTest, SheetKeepsItsRowsAndGetsTheRecordsBehindThem) {
     replyAll({">O", "01/06/99\t100\t11\t16\t21\t26\t31\t36", "EOF"});
     EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|1/5/99|9:05:01|10|15|20|25|30|35");
     EXPECT_EQ(cells(1).join(u'|').toStdString(), "2|1/6/99|0:02:13|11|16|21|26|31|36");
-    EXPECT_EQ(session.state.plc, 2);
-    EXPECT_EQ(shown.counter.value(), QStringLiteral("2"));
-    EXPECT_TRUE(shown.unsaved);
-    EXPECT_TRUE(filesIn(folder).isEmpty());
+    EXPECT_EQ(state.plc, 2);
+    EXPECT_EQ(sheetState.counter.value(), QStringLiteral("2"));
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_TRUE(folder.files().isEmpty());
 }
 
 TEST_F(DownloadTest, MemoryPointerSetsTheBarsMaximumUnlessItIsZero) {
@@ -119,7 +119,7 @@ TEST_F(DownloadTest, ErasedRecordsAreDropped) {
     saveAsText();
     replyAll({">O", "65535", "01/05/99\t24526\t700", "65535", "65535", "01/05/99\t24526\t65535", "EOF"});
     EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t700\r\n2\t1/5/99\t9:05:01\t65535\r\n");
-    EXPECT_EQ(session.status.notice.value(), QString()) << "erased memory is no unreadable record";
+    EXPECT_EQ(status.notice.value(), QString()) << "erased memory is no unreadable record";
     download.vwhp();
     replyAll({">O", "65535", "01/05/99\t24526\t700", "65535", "EOF"});
     EXPECT_EQ(sheet.rowCount(), 1);
@@ -132,11 +132,11 @@ TEST_F(DownloadTest, ZeroEndsLikeEof) {
         replyAll({">O", "01/05/99\t24526\t700", end});
         expectIdle();
         EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t700\r\n");
-        EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
+        EXPECT_EQ(status.status.value(), QStringLiteral("Ready"));
         download.vwhp();
         replyAll({">O", "01/05/99\t24526\t700", end});
         expectIdle();
-        EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
+        EXPECT_EQ(status.status.value(), QStringLiteral("Ready"));
     }
     EXPECT_EQ(sheet.rowCount(), 2);
     EXPECT_TRUE(messages.shown.empty());
@@ -148,7 +148,7 @@ TEST_F(DownloadTest, OnlyAWholeReplyIsAnEnd) {
     replyAll({">O", "00", "0 ", "EOF.", "eof", "065535"});
     EXPECT_TRUE(isTaking());
     reply("EOF");
-    EXPECT_EQ(session.status.notice.value(), QStringLiteral("5 records could not be read; they are in log.ohp"));
+    EXPECT_EQ(status.notice.value(), QStringLiteral("5 records could not be read; they are in log.ohp"));
 }
 
 TEST_F(DownloadTest, OpeningOfTheDumpResetsTheRecordCounter) {
@@ -158,7 +158,7 @@ TEST_F(DownloadTest, OpeningOfTheDumpResetsTheRecordCounter) {
     EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t700\r\n"
                           "1\t1/5/99\t9:05:01\t701\r\n"
                           "2\t1/5/99\t9:05:01\t702\r\n");
-    EXPECT_EQ(session.status.notice.value(), QString()) << "a late clock reply is no record of the dump";
+    EXPECT_EQ(status.notice.value(), QString()) << "a late clock reply is no record of the dump";
 }
 
 TEST_F(DownloadTest, OpeningWhosePromptWasTakenEarlierCountsToo) {
@@ -166,7 +166,7 @@ TEST_F(DownloadTest, OpeningWhosePromptWasTakenEarlierCountsToo) {
     saveAsText();
     replyAll({"O", "01/05/99\t24526\t701", "EOF"});
     EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t701\r\n");
-    EXPECT_EQ(session.status.notice.value(), QString());
+    EXPECT_EQ(status.notice.value(), QString());
 }
 
 TEST_F(DownloadTest, CountersStartAfreshWithEachDownload) {
@@ -176,8 +176,8 @@ TEST_F(DownloadTest, CountersStartAfreshWithEachDownload) {
     saveAsText("two.txt");
     replyAll({"01/05/99\t24526\t701", "EOF"});
     EXPECT_EQ(dumpRows("two.txt"), "1\t1/5/99\t9:05:01\t701\r\n");
-    EXPECT_EQ(session.status.downloadedBytes.value(), QStringLiteral("21"));
-    EXPECT_EQ(session.status.notice.value(), QString());
+    EXPECT_EQ(status.downloadedBytes.value(), QStringLiteral("21"));
+    EXPECT_EQ(status.notice.value(), QString());
 }
 
 TEST_F(DownloadTest, BytesAreCountedWithoutLineEnds) {
@@ -196,9 +196,9 @@ TEST_F(DownloadTest, BytesAreCountedWithoutLineEnds) {
     replyAll({"65535", "not a record"});
     EXPECT_EQ(progress.valueLabel.value(), QStringLiteral("37"));
     EXPECT_EQ(progress.percentage.value(), QStringLiteral("92 %"));
-    EXPECT_EQ(session.status.downloadedBytes.value(), QStringLiteral("0")) << "only a whole download is shown there";
+    EXPECT_EQ(status.downloadedBytes.value(), QStringLiteral("0")) << "only a whole download is shown there";
     reply("EOF");
-    EXPECT_EQ(session.status.downloadedBytes.value(), QStringLiteral("40"));
+    EXPECT_EQ(status.downloadedBytes.value(), QStringLiteral("40"));
 }
 
 TEST_F(DownloadTest, BarStaysWithinItsMaximum) {
@@ -224,8 +224,8 @@ TEST_F(DownloadTest, EverythingIsPutBackAtTheEnd) {
         EXPECT_GT(progress.value, 0);
         reply("EOF");
         expectIdle();
-        EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
-        EXPECT_EQ(session.status.downloadedBytes.value(), QStringLiteral("23"));
+        EXPECT_EQ(status.status.value(), QStringLiteral("Ready"));
+        EXPECT_EQ(status.downloadedBytes.value(), QStringLiteral("23"));
         reply("01/05/99\t24526\t700");
         EXPECT_EQ(sheet.rowCount(), toFile ? 0 : 1) << "what comes later is no record";
     }
@@ -238,10 +238,10 @@ TEST_F(DownloadTest, ViewIsScrolledOnceAtTheEnd) {
     download.vwhp();
     for (int record = 0; record < 30; ++record) {
         reply("01/05/99\t24526\t700");
-        EXPECT_EQ(shown.topRow, 0);
+        EXPECT_EQ(sheetState.topRow, 0);
     }
     reply("EOF");
-    EXPECT_EQ(shown.topRow, 20);
+    EXPECT_EQ(sheetState.topRow, 20);
 }
 
 TEST_F(DownloadTest, ElevenRowsAreNotScrolledTwelveAre) {
@@ -251,33 +251,33 @@ TEST_F(DownloadTest, ElevenRowsAreNotScrolledTwelveAre) {
         reply("01/05/99\t24526\t700");
     }
     reply("EOF");
-    EXPECT_EQ(shown.topRow, 0);
+    EXPECT_EQ(sheetState.topRow, 0);
     download.vwhp();
     replyAll({"01/05/99\t24526\t700", "0"});
-    EXPECT_EQ(shown.topRow, 2);
+    EXPECT_EQ(sheetState.topRow, 2);
 }
 
 TEST_F(DownloadTest, LongSheetIsSavedAndClearedOnTheWay) {
     identify("F", "310");
-    shown.fileName = path("lake");
-    shown.records = QStringLiteral("4");
+    sheetState.fileName = path("lake");
+    sheetState.records = QStringLiteral("4");
     download.vwhp();
     reply(">O");
     for (int record = 1; record <= 20012; ++record) {
-        session.state.Rtn = QStringLiteral("01/05/99\t24526\t%1").arg(record);
+        state.Rtn = QStringLiteral("01/05/99\t24526\t%1").arg(record);
         download.importtofg1();
-        ASSERT_EQ(session.state.plc, record % 20000);
+        ASSERT_EQ(state.plc, record % 20000);
     }
     reply("EOF");
-    EXPECT_EQ(shown.records.value(), QStringLiteral("5"));
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "lake4.txt");
+    EXPECT_EQ(sheetState.records.value(), QStringLiteral("5"));
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake4.txt");
     const QByteArray saved = contentsOf(path("lake4.txt"));
     EXPECT_TRUE(saved.startsWith("F\t310 20000\r\nlake4.txt\r\n"));
     EXPECT_TRUE(saved.endsWith("20000\t1/5/99\t9:05:01\t20000\t\r"));
     EXPECT_EQ(sheet.rowCount(), 12);
     EXPECT_EQ(sheet.cell(0, 0), QStringLiteral("1"));
     EXPECT_EQ(sheet.cell(0, 3), QStringLiteral("20001"));
-    EXPECT_EQ(shown.topRow, 2);
+    EXPECT_EQ(sheetState.topRow, 2);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(messages.shown.empty());
 }
@@ -286,13 +286,13 @@ TEST_F(DownloadTest, RecordsThatCannotBeReadAreCountedAndToldAtTheEnd) {
     identify("V", "512");
     saveAsText();
     replyAll({">O", "01/05/99\t24526\t10\t20\t30", "01/05/99\t24526\t10\t20\t30\t40"});
-    EXPECT_EQ(session.status.notice.value(), QString());
+    EXPECT_EQ(status.notice.value(), QString());
     reply("EOF");
-    EXPECT_EQ(session.status.notice.value(), QStringLiteral("1 record could not be read; it is in log.ohp"));
+    EXPECT_EQ(status.notice.value(), QStringLiteral("1 record could not be read; it is in log.ohp"));
     EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t10\t\t20\t\t30\t40\r\n") << "it takes no number";
     download.vwhp();
     replyAll({">O", "x", "01/05/99\t24526\t10\t20\t30\t40", "\t", "EOF"});
-    EXPECT_EQ(session.status.notice.value(), QStringLiteral("2 records could not be read; they are in log.ohp"));
+    EXPECT_EQ(status.notice.value(), QStringLiteral("2 records could not be read; they are in log.ohp"));
     EXPECT_EQ(sheet.rowCount(), 1);
     EXPECT_TRUE(messages.shown.empty());
 }

@@ -12,11 +12,8 @@ namespace {
 /// The tests stand in a folder of their own, where places are taken.
 class FolderPlaceTest : public testing::Test {
 protected:
-    FolderPlaceTest() { QDir::setCurrent(folder.path()); }
-    ~FolderPlaceTest() override { QDir::setCurrent(before); }
-
-    QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
-    std::string files() const { return filesIn(folder).join(u'|').toStdString(); }
+    QString path(const char* name) const { return folder.path(name); }
+    std::string files() const { return folder.files().join(u'|').toStdString(); }
 
     /// The lock file of a place as this living program writes it.
     QByteArray lockOfThisProgram() const {
@@ -34,8 +31,7 @@ protected:
         EXPECT_EQ(files(), "orvhost.lock");
     }
 
-    const QString before = QDir::currentPath();
-    const QTemporaryDir folder;
+    OwnFolder folder;
 };
 
 TEST_F(FolderPlaceTest, NamesOfTheFirstPlaceArePlain) {

@@ -21,10 +21,10 @@ namespace {
 
 class RunLockTest : public testing::Test {
 protected:
-    QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
+    QString path(const char* name) const { return folder.path(name); }
 
-    const QTemporaryDir folder;
-    const RunLock lock{folder.filePath(QStringLiteral("Orvtemp.tmp"))};
+    OwnFolder folder;
+    const RunLock lock{folder.path("Orvtemp.tmp")};
 };
 
 TEST_F(RunLockTest, TellsTheTypeThatWasPut) {
@@ -47,7 +47,7 @@ TEST_F(RunLockTest, TellsTheTypeThatWasPut) {
     }
     lock.remove();
     EXPECT_FALSE(lock.stands());
-    EXPECT_TRUE(filesIn(folder).isEmpty());
+    EXPECT_TRUE(folder.files().isEmpty());
 }
 
 TEST_F(RunLockTest, ALockThatCannotBeReadStandsWithoutAType) {
@@ -82,7 +82,7 @@ TEST_F(RunLockTest, CanBeCopiedFromAnotherFile) {
     EXPECT_EQ(lock.type(), (DataSheet::Type{.letter = QStringLiteral("F"), .firmware = 310.0}));
     other.remove();
     EXPECT_FALSE(lock.copyFrom(other));
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp.lock");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp.lock");
 }
 
 } // namespace
@@ -106,17 +106,17 @@ DataSheet::Type trx(double firmware) {
 
 class RecordFileTest : public testing::Test {
 protected:
-    QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
+    QString path(const char* name) const { return folder.path(name); }
     QByteArray contents() const { return contentsOf(path("Orvtemp.tmp")); }
     QByteArray kept() const { return contentsOf(path("Orvtemp-20261121-093015.tmp")); }
     qsizetype filesBesideTheLock() const {
-        return filesIn(folder).size() - (QFile::exists(path("Orvtemp.tmp.lock")) ? 1 : 0);
+        return folder.files().size() - (QFile::exists(path("Orvtemp.tmp.lock")) ? 1 : 0);
     }
     void addRow() { ASSERT_EQ(file.append(QStringLiteral("1\t1/5/99\t9:05:07\t512")), QString()); }
 
-    QTemporaryDir folder;
+    OwnFolder folder;
     TestClock clock;
-    RecordFile file{clock, folder.filePath(QStringLiteral("Orvtemp.tmp"))};
+    RecordFile file{clock, folder.path("Orvtemp.tmp")};
     const QByteArray row{"1\t1/5/99\t9:05:07\t512\r\n"};
 };
 
@@ -384,7 +384,7 @@ TEST_F(RecordFileTest, AnUnendedRunIsKeptUnderADatedNameBeforeItsLockGoes) {
     QString keptAs;
     EXPECT_EQ(file.keepUnended(keptAs), QString());
     EXPECT_EQ(keptAs, path("Orvtemp-20261121-093015.tmp"));
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp-20261121-093015.tmp");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp-20261121-093015.tmp");
     EXPECT_EQ(kept(), newerHeader + row);
 }
 
@@ -397,7 +397,7 @@ TEST_F(RecordFileTest, TakesOverAnotherFileAndKeepsItsOwn) {
         EXPECT_TRUE(file.isUnended());
         EXPECT_EQ(file.unendedType(), trx(512.0));
         EXPECT_EQ(contents(), newerHeader + row + row);
-        EXPECT_EQ(filesIn(folder).join(u'|').toStdString(),
+        EXPECT_EQ(folder.files().join(u'|').toStdString(),
                   hasRows ? "Orvtemp-20261121-093015.tmp|Orvtemp.tmp|Orvtemp.tmp.lock"
                           : "Orvtemp.tmp|Orvtemp.tmp.lock");
     }
@@ -413,14 +413,14 @@ TEST_F(RecordFileTest, TakingOverCanBeInterruptedAnywhere) {
     file.takeUnendedFrom(path("Orvtemp-2.tmp"));
     EXPECT_TRUE(file.hasUnendedRun());
     EXPECT_EQ(contents(), newerHeader + row);
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock");
 
     // The file has been moved, the other lock not yet removed.
     file.dropUnended();
     fill(path("Orvtemp-2.tmp.lock"), "V\t512\r\n");
     file.takeUnendedFrom(path("Orvtemp-2.tmp"));
     EXPECT_EQ(contents(), newerHeader + row);
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp");
 }
 
 TEST_F(RecordFileTest, AFileThatIsAnotherProgramsIsNotTouched) {
@@ -433,7 +433,7 @@ TEST_F(RecordFileTest, AFileThatIsAnotherProgramsIsNotTouched) {
     file.close();
     EXPECT_EQ(contents(), olderHeader);
     EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t412\r\n"));
-    EXPECT_EQ(filesIn(folder).size(), 2);
+    EXPECT_EQ(folder.files().size(), 2);
     file.claim = [] { return QString(); };
     EXPECT_EQ(file.start(trx(500.0)), QString());
 }

@@ -23,7 +23,7 @@ protected:
         return QByteArray::number(number) + "\t11/21/26\t1:00:00\t" + QByteArray::number(value) + "\r\n";
     }
     void haveRows(int count) {
-        while (session.state.plc < count) {
+        while (state.plc < count) {
             rows.addRow({.date = QStringLiteral("d"), .time = QStringLiteral("t"), .values = {QStringLiteral("9")}});
         }
     }
@@ -73,18 +73,18 @@ TEST_F(CollectionFilesTest, EndingTheRunFromOutsideClosesTheRecordFileEvenWithou
     collection.closeRecordFile();
     EXPECT_FALSE(recordFile.isOpen());
     EXPECT_EQ(record(), recordHeader(false));
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
-    EXPECT_TRUE(session.commands.runEnabled);
-    EXPECT_EQ(session.state.gatherstart, 0);
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_TRUE(commands.runEnabled);
+    EXPECT_EQ(state.gatherstart, 0);
 
     collection.run1();
     receive(line(1));
-    session.state.Gatherstop = 3;
+    state.Gatherstop = 3;
     collection.closeRecordFile();
     collection.closeRecordFile();
     EXPECT_FALSE(recordFile.isOpen());
     EXPECT_EQ(record(), recordHeader(false) + row(1, 1));
-    EXPECT_EQ(session.state.Gatherstop, 0);
+    EXPECT_EQ(state.Gatherstop, 0);
     receive(line(2));
     EXPECT_EQ(record(), recordHeader(false) + row(1, 1));
 }
@@ -92,7 +92,7 @@ TEST_F(CollectionFilesTest, EndingTheRunFromOutsideClosesTheRecordFileEvenWithou
 TEST_F(CollectionFilesTest, SecondRunKeepsTheFirstOnesUnsavedRecord) {
     start("F", "412");
     receive(line(1) + ">");
-    tick();
+    program.tick();
     collection.run1();
     receive("R\r\n");
     receive(line(2));
@@ -103,18 +103,18 @@ TEST_F(CollectionFilesTest, SecondRunKeepsTheFirstOnesUnsavedRecord) {
 TEST_F(CollectionFilesTest, SecondRunReplacesTheFirstOnesSavedRecord) {
     start("F", "412");
     receive(line(1) + ">");
-    tick();
+    program.tick();
     answers.fileName = path("lake.txt");
     ASSERT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
     rows.clearSpreadSheet();
     collection.run1();
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|lake.txt");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|lake.txt|orvhost.lock");
 }
 
 TEST_F(CollectionFilesTest, RecordOfRowsClearedUnsavedIsKept) {
     start("F", "412");
     receive(line(1) + ">");
-    tick();
+    program.tick();
     rows.clearSpreadSheet();
     answers.fileName = path("lake.txt");
     ASSERT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
@@ -125,7 +125,7 @@ TEST_F(CollectionFilesTest, RecordOfRowsClearedUnsavedIsKept) {
 TEST_F(CollectionFilesTest, RecordOfAFailedSaveIsKept) {
     start("F", "412");
     receive(line(1) + ">");
-    tick();
+    program.tick();
     answers.fileName = path("nowhere/lake.txt");
     ASSERT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
     collection.run1();
@@ -134,30 +134,29 @@ TEST_F(CollectionFilesTest, RecordOfAFailedSaveIsKept) {
 
 TEST_F(CollectionFilesTest, The20000thRowSavesCountsAndClears) {
     start("F", "412");
-    shown.fileName = path("lake");
-    shown.records = QStringLiteral("3");
+    sheetState.fileName = path("lake");
+    sheetState.records = QStringLiteral("3");
     haveRows(19998);
     receive(line(1));
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|orvhost.lock");
     EXPECT_EQ(sheet.rowCount(), 19999);
     debug.comm2Output = true;
     receive(line(2));
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|lake3.txt");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|lake3.txt|orvhost.lock");
     const QByteArray saved = contentsOf(path("lake3.txt"));
     EXPECT_TRUE(
         saved.startsWith("F\t412 20000\r\nlake3.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\td\tt\t9\t\r"));
     EXPECT_TRUE(saved.endsWith("19999\t11/21/26\t1:00:00\t1\t\r20000\t11/21/26\t1:00:00\t2\t\r"));
     EXPECT_EQ(saved.count('\r'), 4 + 2 + 20000);
-    EXPECT_EQ(shown.records.value().toStdString(), "4");
+    EXPECT_EQ(sheetState.records.value().toStdString(), "4");
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_EQ(session.state.plc, 0);
-    EXPECT_EQ(shown.counter.value().toStdString(), "0");
-    EXPECT_FALSE(shown.unsaved);
+    EXPECT_EQ(state.plc, 0);
+    EXPECT_EQ(sheetState.counter.value().toStdString(), "0");
+    EXPECT_FALSE(sheetState.unsaved);
     EXPECT_EQ(files.autosaving, 0);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(debugPort->allWritten(),
-              QByteArray("Profile Sub\rSave Spread Sheet\rSaving Flour Sheet\rClear Spread Sheet\r"));
+    EXPECT_EQ(said(), "Profile Sub\rSave Spread Sheet\rSaving Flour Sheet\rClear Spread Sheet\r");
     expectRunning();
     receive(line(3));
     EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|11/21/26|1:00:00|3|||||");
@@ -171,7 +170,7 @@ TEST_F(CollectionFilesTest, AutomaticSaveKeepsAnOlderFileUnderADatedName) {
     receive(line(1));
     EXPECT_EQ(contentsOf(path("Untitled0-20261121-093015.txt")), QByteArray("older"));
     EXPECT_TRUE(contentsOf(path("Untitled0.txt")).startsWith("F\t412 20000\r\nUntitled0.txt\r\n"));
-    EXPECT_EQ(shown.records.value().toStdString(), "1");
+    EXPECT_EQ(sheetState.records.value().toStdString(), "1");
 }
 
 TEST_F(CollectionFilesTest, RunEndsWithThePromptOfTheRowThatIsSavedAutomatically) {
@@ -181,8 +180,9 @@ TEST_F(CollectionFilesTest, RunEndsWithThePromptOfTheRowThatIsSavedAutomatically
     receive(line(2) + ">");
     expectEnded();
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_EQ(shown.records.value().toStdString(), "1");
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Untitled0.txt") << "saved rows are not offered";
+    EXPECT_EQ(sheetState.records.value().toStdString(), "1");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Untitled0.txt|orvhost.lock")
+        << "saved rows are not offered";
 }
 
 TEST_F(CollectionFilesTest, RecordOfAutomaticallySavedRowsNeedNotBeKept) {
@@ -191,12 +191,12 @@ TEST_F(CollectionFilesTest, RecordOfAutomaticallySavedRowsNeedNotBeKept) {
     receive(line(1));
     collection.closeRecordFile();
     collection.run1();
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|Untitled0.txt");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|Untitled0.txt|orvhost.lock");
 }
 
 TEST_F(CollectionFilesTest, AutomaticSaveThatFailsKeepsTheRowsTellsOnceAndIsTriedAgainLater) {
     start("F", "412");
-    shown.fileName = path("nowhere/lake");
+    sheetState.fileName = path("nowhere/lake");
     haveRows(19999);
     receive(line(1));
     ASSERT_EQ(messages.shown.size(), 1U);
@@ -206,44 +206,36 @@ TEST_F(CollectionFilesTest, AutomaticSaveThatFailsKeepsTheRowsTellsOnceAndIsTrie
     }
     EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(sheet.rowCount(), 20499);
-    EXPECT_TRUE(shown.unsaved);
-    EXPECT_EQ(shown.records.value().toStdString(), "0");
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_EQ(sheetState.records.value().toStdString(), "0");
     EXPECT_EQ(files.autosaving, 0);
     expectRunning();
-    shown.fileName = path("lake");
+    sheetState.fileName = path("lake");
     receive(line(501));
     EXPECT_TRUE(contentsOf(path("lake0.txt")).startsWith("F\t412 20500\r\nlake0.txt\r\n"));
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_EQ(shown.records.value().toStdString(), "1");
+    EXPECT_EQ(sheetState.records.value().toStdString(), "1");
     EXPECT_EQ(messages.shown.size(), 1U);
 
     haveRows(19999);
     receive(line(1));
-    EXPECT_EQ(shown.records.value().toStdString(), "2") << "the next sheet is saved at 20000 rows again";
+    EXPECT_EQ(sheetState.records.value().toStdString(), "2") << "the next sheet is saved at 20000 rows again";
 }
 
 TEST_F(CollectionFilesTest, RecordFileThatCannotBeCreatedIsToldOnceAndRowsGoOn) {
-    RecordFile lost(clock, path("nowhere/Orvtemp.tmp"));
-    orv::Run run({.session = session,
-                  .ports = ports,
-                  .poll = poll,
-                  .settings = settings,
-                  .rows = rows,
-                  .automaticSave = automaticSave,
-                  .recordFile = lost});
+    recordFile.setPath(path("nowhere/Orvtemp.tmp"));
     identify("F", "412");
     for (std::size_t runs = 1; runs <= 2; ++runs) {
-        run.run1();
+        collection.run1();
         ASSERT_EQ(messages.shown.size(), runs);
         EXPECT_EQ(messages.shown.back().title.toStdString(), "ORV Host Program");
         EXPECT_TRUE(
             messages.shown.back().text.startsWith(QLatin1String("The record file Orvtemp.tmp cannot be written: ")));
-        session.state.Rtn = QStringLiteral("11/21/26\t2700\t5");
-        run.profilemode();
-        run.profilemode();
+        receive(line(5));
+        receive(line(5));
         EXPECT_EQ(messages.shown.size(), runs);
-        EXPECT_EQ(session.state.Ctrlscrn, Operation::Collecting);
-        run.closeRecordFile();
+        EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
+        collection.closeRecordFile();
     }
     EXPECT_EQ(sheet.rowCount(), 4);
 }

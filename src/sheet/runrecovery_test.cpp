@@ -23,7 +23,7 @@ QByteArray newerRow(int number, const char* end = "\r\n") {
 class RecordedRowsTest : public testing::Test {
 protected:
     RecordedRows read(const QByteArray& bytes, const DataSheet::Type& typeOfLock = type("V", 512.0)) {
-        const QString path = folder.filePath(QStringLiteral("Orvtemp.tmp"));
+        const QString path = folder.path("Orvtemp.tmp");
         fill(path, bytes);
         RecordedRows found = readRecordedRows(path, typeOfLock);
         EXPECT_EQ(contentsOf(path), bytes);
@@ -46,7 +46,7 @@ protected:
         EXPECT_FALSE(found.hasEarlierRows);
     }
 
-    const QTemporaryDir folder;
+    OwnFolder folder;
 };
 
 TEST_F(RecordedRowsTest, RowsOfEachLayoutBecomeTheSheetsCells) {
@@ -72,7 +72,7 @@ TEST_F(RecordedRowsTest, ThereMayBeNone) {
         expectWhole(found);
         EXPECT_EQ(text(found), "");
     }
-    const RecordedRows nowhere = readRecordedRows(folder.filePath(QStringLiteral("nowhere")), type("V", 512.0));
+    const RecordedRows nowhere = readRecordedRows(folder.path("nowhere"), type("V", 512.0));
     expectWhole(nowhere);
     EXPECT_EQ(nowhere.sheet.error, QString());
     EXPECT_EQ(text(nowhere), "");
@@ -225,7 +225,7 @@ TEST_F(RecordedRowsTest, OfAVeryLongFileTheEndIsRead) {
 }
 
 TEST_F(RecordedRowsTest, AFileThatCannotBeReadIsNoEmptyOne) {
-    const QString path = folder.filePath(QStringLiteral("Orvtemp.tmp"));
+    const QString path = folder.path("Orvtemp.tmp");
     QDir().mkdir(path);
     EXPECT_NE(readRecordedRows(path, type("V", 512.0)).sheet.error, QString());
 }
@@ -242,21 +242,14 @@ const QByteArray
 /// A folder in which a program died during a run, and the sheet's procedures of the next program.
 class RunRecoveryTest : public SheetTest {
 protected:
-    RunRecoveryTest() { QDir::setCurrent(folder.path()); }
-    ~RunRecoveryTest() override { QDir::setCurrent(before); }
-
     void leave(const QByteArray& record, const QByteArray& lock = "V\t512\r\n") {
         fill(path("Orvtemp.tmp"), record);
         fill(path("Orvtemp.tmp.lock"), lock);
     }
 
     std::string asked() const { return answers.asked.join(u'\n').toStdString(); }
-    std::string fileNames() const { return filesIn(folder).join(u'|').toStdString(); }
+    std::string fileNames() const { return folder.files().join(u'|').toStdString(); }
     std::string toldText() const { return messages.shown.empty() ? "" : messages.shown.back().text.toStdString(); }
-
-    RunRecovery recovery{
-        {.session = session, .rows = rows, .files = files, .recordFile = recordFile, .questions = answers}};
-    const QString before = QDir::currentPath();
 };
 
 TEST_F(RunRecoveryTest, WithoutALockNothingIsAskedOrTouched) {
@@ -288,10 +281,10 @@ TEST_F(RunRecoveryTest, YesBringsTheRowsToTheSheetUnsaved) {
     EXPECT_EQ(cells(1).join(u'|').toStdString(), "2|11/21/26|9:05:08|101|126|151|41||");
     EXPECT_EQ(sheet.header().join(u'|').toStdString(), "Data #|Date|Time|100|125|150|Ref");
     EXPECT_EQ(sheet.type(), (DataSheet::Type{.letter = QStringLiteral("V"), .firmware = 512.0}));
-    EXPECT_EQ(session.state.plc, 2);
-    EXPECT_EQ(shown.counter.value(), QStringLiteral("2"));
-    EXPECT_TRUE(shown.unsaved);
-    EXPECT_TRUE(session.commands.canSaveAs);
+    EXPECT_EQ(state.plc, 2);
+    EXPECT_EQ(sheetState.counter.value(), QStringLiteral("2"));
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_TRUE(commands.canSaveAs);
     EXPECT_EQ(contentsOf(path("Orvtemp.tmp")), header + twoRows);
     EXPECT_EQ(fileNames(), "Orvtemp.tmp|Orvtemp.tmp.lock") << "the next program offers them too, should this one die";
 }
@@ -321,7 +314,7 @@ TEST_F(RunRecoveryTest, UnsavedRowsAreOfferedAgainByTheNextProgram) {
     recovery.offer();
     RecordFile later(clock, path("Orvtemp.tmp"));
     RunRecovery next({.session = session, .rows = rows, .files = files, .recordFile = later, .questions = answers});
-    shown.unsaved = false; // its sheet is empty
+    sheetState.unsaved = false; // its sheet is empty
     answers.asked.clear();
     next.offer();
     EXPECT_EQ(answers.asked.size(), 1);
@@ -336,28 +329,28 @@ TEST_F(RunRecoveryTest, ARunOnRecoveredRowsLosesNeither) {
     collection.run1();
     EXPECT_EQ(contentsOf(path("Orvtemp-20261121-093015.tmp")), header + twoRows);
     receive("R\r\n11/21/26\t2700\t7\t8\t9\t10\r\n");
-    tick();
+    program.tick();
     EXPECT_EQ(cells(2).join(u'|').toStdString(), "3|11/21/26|1:00:00|7|8|9|10||");
     EXPECT_EQ(contentsOf(path("Orvtemp.tmp")), header + "3\t11/21/26\t1:00:00\t7\t\t8\t\t9\t10\r\n");
     answers.fileName = path("sheet.txt");
     files.saveas();
     EXPECT_TRUE(QFile::exists(path("Orvtemp.tmp.lock"))) << "the run goes on";
     collection.closeRecordFile();
-    EXPECT_EQ(fileNames(), "Orvtemp-20261121-093015.tmp|Orvtemp.tmp|sheet.txt");
+    EXPECT_EQ(fileNames(), "Orvtemp-20261121-093015.tmp|Orvtemp.tmp|orvhost.lock|sheet.txt");
 }
 
 TEST_F(RunRecoveryTest, UnsavedRowsOfARunThatEndedAreOffered) {
     identify("V", "512");
     collection.run1();
     receive("R\r\n11/21/26\t2700\t7\t8\t9\t10\r\n");
-    tick();
+    program.tick();
     receive(">");
     expectEnded();
     recovery.offer();
     EXPECT_TRUE(answers.asked.isEmpty()) << "they are on the sheet";
     RecordFile later(clock, path("Orvtemp.tmp"));
     RunRecovery next({.session = session, .rows = rows, .files = files, .recordFile = later, .questions = answers});
-    shown.unsaved = false; // its sheet is empty
+    sheetState.unsaved = false; // its sheet is empty
     answers.yes = true;
     next.offer();
     EXPECT_EQ(asked(), "ORV Host Program: The last run in this folder did not end. Load its 1 row into the sheet?");
@@ -390,7 +383,7 @@ TEST_F(RunRecoveryTest, ARunThatDiedBeforeItsFirstRowHasTheOneBeforeOffered) {
     answers.fileName = path("sheet.txt");
     files.saveas();
     collection.closeRecordFile();
-    EXPECT_EQ(fileNames(), "Orvtemp-20261120-120000.tmp|Orvtemp.tmp|sheet.txt");
+    EXPECT_EQ(fileNames(), "Orvtemp-20261120-120000.tmp|Orvtemp.tmp|orvhost.lock|sheet.txt");
 }
 
 TEST_F(RunRecoveryTest, RowsThatTheRecordFileLacksAreTold) {
@@ -415,7 +408,7 @@ TEST_F(RunRecoveryTest, NoKeepsTheFileUnderADatedNameAndTellsWhere) {
     EXPECT_EQ(toldText(), "The record file of the last run is kept as " +
                               path("Orvtemp-20261121-093015-2.tmp").toStdString() + ".");
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_FALSE(shown.unsaved);
+    EXPECT_FALSE(sheetState.unsaved);
 }
 
 TEST_F(RunRecoveryTest, OneRowIsOneRow) {
@@ -484,7 +477,7 @@ TEST_F(RunRecoveryTest, ARunThatBeganOnAFilledSheetIsTold) {
     leave(header + "501\t11/21/26\t9:05:07\t100\t\t125\t\t150\t40\r\n");
     answers.yes = true;
     recovery.offer();
-    EXPECT_EQ(session.state.plc, 1);
+    EXPECT_EQ(state.plc, 1);
     EXPECT_NE(toldText().find("The run began with row 501."), std::string::npos);
 }
 

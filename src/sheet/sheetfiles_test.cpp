@@ -71,7 +71,7 @@ TEST_F(SheetFilesTest, EmptySheetIsItsHeader) {
 
 TEST_F(SheetFilesTest, TypeWrittenIsTheSheetsOwn) {
     identify("V", "512");
-    session.state.Vartemp = QStringLiteral("F");
+    state.Vartemp = QStringLiteral("F");
     session.setFirmware(QStringLiteral("7"));
     EXPECT_EQ(bytes().substr(0, 9), "V\t512 0\r\n");
 }
@@ -88,18 +88,18 @@ TEST_F(SheetFilesTest, SheetOfUnknownTypeHasNothingToSave) {
     answers.fileName = path("lake.txt");
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
     EXPECT_EQ(bytes(), "");
-    EXPECT_TRUE(filesIn(folder).isEmpty());
+    EXPECT_TRUE(folder.files().isEmpty());
     EXPECT_TRUE(answers.asked.isEmpty());
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.startsWith(QLatin1String("There is nothing to save")));
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\r"));
+    EXPECT_EQ(said(), "Save Spread Sheet\r");
 }
 
 TEST_F(SheetFilesTest, OperatorsSaveAsksWithThePresetNameAndWritesUnderTheConfirmedOne) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
-    shown.fileName = QStringLiteral("Untitled");
-    shown.records = QStringLiteral("3");
+    sheetState.fileName = QStringLiteral("Untitled");
+    sheetState.records = QStringLiteral("3");
     answers.fileName = path("lake.txt");
     debug.comm2Output = true;
     int savedCalls = 0;
@@ -107,11 +107,11 @@ TEST_F(SheetFilesTest, OperatorsSaveAsksWithThePresetNameAndWritesUnderTheConfir
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|Untitled.txt|.txt|*.txt");
     EXPECT_EQ(contentsOf(path("lake.txt")).toStdString(), bytes());
-    EXPECT_EQ(filesIn(folder).size(), 1) << "no temporary file is left";
-    EXPECT_FALSE(shown.unsaved);
+    EXPECT_EQ(folder.files().size(), 1) << "no temporary file is left";
+    EXPECT_FALSE(sheetState.unsaved);
     EXPECT_EQ(savedCalls, 1);
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\rSaving TRX(S) Sheet\r"));
+    EXPECT_EQ(said(), "Save Spread Sheet\rSaving TRX(S) Sheet\r");
 }
 
 TEST_F(SheetFilesTest, GlowAnnouncesItsOwnSaving) {
@@ -119,18 +119,18 @@ TEST_F(SheetFilesTest, GlowAnnouncesItsOwnSaving) {
     answers.fileName = path("lake.txt");
     debug.comm2Output = true;
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\rSaving Flour Sheet\r"));
+    EXPECT_EQ(said(), "Save Spread Sheet\rSaving Flour Sheet\r");
 }
 
 TEST_F(SheetFilesTest, PresetNameHasTheRecordsFrom20000RowsOn) {
     identify("V", "512");
-    shown.fileName = QStringLiteral("lake");
-    shown.records = QStringLiteral("3");
-    session.state.plc = 19999;
+    sheetState.fileName = QStringLiteral("lake");
+    sheetState.records = QStringLiteral("3");
+    state.plc = 19999;
     files.saveas();
-    session.state.plc = 20000;
+    state.plc = 20000;
     files.saveas();
-    session.state.plc = 20500;
+    state.plc = 20500;
     files.saveas();
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|lake.txt|.txt|*.txt\n"
                                                        "Save as|lake3.txt|.txt|*.txt\n"
@@ -143,7 +143,7 @@ TEST_F(SheetFilesTest, ConfirmedNameReplacesTheFile) {
     answers.fileName = path("lake.txt");
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
     EXPECT_EQ(contentsOf(path("lake.txt")).toStdString(), bytes());
-    EXPECT_EQ(filesIn(folder).size(), 1);
+    EXPECT_EQ(folder.files().size(), 1);
 }
 
 TEST_F(SheetFilesTest, CancelledSaveWritesNothingAndLeavesTheState) {
@@ -152,23 +152,23 @@ TEST_F(SheetFilesTest, CancelledSaveWritesNothingAndLeavesTheState) {
     debug.comm2Output = true;
     files.saved = [] { FAIL() << "nothing was saved"; };
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Cancelled);
-    EXPECT_TRUE(filesIn(folder).isEmpty());
-    EXPECT_TRUE(shown.unsaved);
+    EXPECT_TRUE(folder.files().isEmpty());
+    EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(sheet.rowCount(), 1);
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\r"));
+    EXPECT_EQ(said(), "Save Spread Sheet\r");
 }
 
 TEST_F(SheetFilesTest, AutomaticSaveAsksNothingAndKeepsAFileFromBefore) {
     identify("V", "512");
-    shown.fileName = path("lake");
+    sheetState.fileName = path("lake");
     fill(path("lake.txt"), "older");
     files.autosaving = 1;
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_EQ(contentsOf(path("lake-20261121-093015.txt")), QByteArray("older"));
     EXPECT_TRUE(contentsOf(path("lake.txt")).startsWith("V\t512 0\r\nlake.txt\r\n"));
-    EXPECT_EQ(filesIn(folder).size(), 2);
+    EXPECT_EQ(folder.files().size(), 2);
 }
 
 TEST_F(SheetFilesTest, FolderThatDoesNotExistIsToldAndTheRowsStayUnsaved) {
@@ -178,7 +178,7 @@ TEST_F(SheetFilesTest, FolderThatDoesNotExistIsToldAndTheRowsStayUnsaved) {
     files.saved = [] { FAIL() << "nothing was saved"; };
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
     expectOneFailure(answers.fileName);
-    EXPECT_TRUE(shown.unsaved);
+    EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(sheet.rowCount(), 1);
 }
 
@@ -195,7 +195,7 @@ TEST_F(SheetFilesTest, UnwritableFolderLeavesTheOldFileAndTellsWhy) {
     }
     expectOneFailure(answers.fileName);
     EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
-    EXPECT_TRUE(shown.unsaved);
+    EXPECT_TRUE(sheetState.unsaved);
 }
 
 TEST_F(SheetFilesTest, FullDiskLeavesTheOldFileAndTellsWhy) {
@@ -213,15 +213,15 @@ TEST_F(SheetFilesTest, FullDiskLeavesTheOldFileAndTellsWhy) {
         }
         expectOneFailure(answers.fileName);
         EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
-        EXPECT_EQ(filesIn(folder).size(), 1) << "no half-written file is left";
-        EXPECT_TRUE(shown.unsaved);
+        EXPECT_EQ(folder.files().size(), 1) << "no half-written file is left";
+        EXPECT_TRUE(sheetState.unsaved);
     }
 }
 
 TEST_F(SheetFilesTest, AutomaticSaveThatFailsLeavesTheOldFileUnderItsName) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
-    shown.fileName = path("lake");
+    sheetState.fileName = path("lake");
     fill(path("lake.txt"), "older");
     files.autosaving = 1;
     {
@@ -229,7 +229,7 @@ TEST_F(SheetFilesTest, AutomaticSaveThatFailsLeavesTheOldFileUnderItsName) {
         EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
     }
     expectOneFailure(path("lake.txt"));
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "lake.txt");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake.txt");
     EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
 }
 #endif
@@ -237,13 +237,13 @@ TEST_F(SheetFilesTest, AutomaticSaveThatFailsLeavesTheOldFileUnderItsName) {
 TEST_F(SheetFilesTest, RowsOfAnotherTypeAreSavedUnderADatedNameAndTold) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
-    shown.fileName = QDir(folder.path()).filePath(QStringLiteral("lake"));
+    sheetState.fileName = QDir(folder.path()).filePath(QStringLiteral("lake"));
     const QString name = QDir(folder.path()).filePath(QStringLiteral("lake-20261121-093015.txt"));
     files.saveAside();
     QFile file(name);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), sheetFileBytes(sheet, name));
-    EXPECT_FALSE(shown.unsaved);
+    EXPECT_FALSE(sheetState.unsaved);
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(name)) << qPrintable(messages.shown[0].text);
     EXPECT_EQ(sheet.rowCount(), 1) << "the rows stay on the sheet";
@@ -259,13 +259,13 @@ class AutomaticSaveTest : public SheetTest {
 protected:
     AutomaticSaveTest() {
         identify("F", "310");
-        shown.fileName = path("lake");
+        sheetState.fileName = path("lake");
     }
 
     void fillUpTo(int count) {
         const DataRow row{
             .date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("700")}};
-        while (session.state.plc < count) {
+        while (state.plc < count) {
             rows.addRow(row);
         }
     }
@@ -275,49 +275,49 @@ TEST_F(AutomaticSaveTest, BelowTheLimitNothingHappens) {
     fillUpTo(19999);
     automaticSave.saveLongSheet();
     EXPECT_EQ(sheet.rowCount(), 19999);
-    EXPECT_TRUE(filesIn(folder).isEmpty());
-    EXPECT_EQ(shown.records.value(), QStringLiteral("0"));
+    EXPECT_TRUE(folder.files().isEmpty());
+    EXPECT_EQ(sheetState.records.value(), QStringLiteral("0"));
 }
 
 TEST_F(AutomaticSaveTest, AtTheLimitItSavesUnderTheCountedNameAndClears) {
-    shown.records = QStringLiteral("6");
+    sheetState.records = QStringLiteral("6");
     debug.comm2Output = true;
     fillUpTo(20000);
     automaticSave.saveLongSheet();
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "lake6.txt");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake6.txt");
     EXPECT_TRUE(contentsOf(path("lake6.txt")).startsWith("F\t310 20000\r\nlake6.txt\r\n"));
-    EXPECT_EQ(shown.records.value(), QStringLiteral("7"));
+    EXPECT_EQ(sheetState.records.value(), QStringLiteral("7"));
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_EQ(session.state.plc, 0);
-    EXPECT_EQ(shown.counter.value(), QStringLiteral("0"));
-    EXPECT_FALSE(shown.unsaved);
+    EXPECT_EQ(state.plc, 0);
+    EXPECT_EQ(sheetState.counter.value(), QStringLiteral("0"));
+    EXPECT_FALSE(sheetState.unsaved);
     EXPECT_EQ(files.autosaving, 0);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("Save Spread Sheet\rSaving Flour Sheet\rClear Spread Sheet\r"));
+    EXPECT_EQ(said(), "Save Spread Sheet\rSaving Flour Sheet\rClear Spread Sheet\r");
     fillUpTo(20000);
     automaticSave.saveLongSheet();
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "lake6.txt|lake7.txt");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake6.txt|lake7.txt");
 }
 
 TEST_F(AutomaticSaveTest, LabelThatIsNoNumberCountsFromZero) {
-    shown.records = QStringLiteral("x");
+    sheetState.records = QStringLiteral("x");
     fillUpTo(20000);
     automaticSave.saveLongSheet();
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "lakex.txt");
-    EXPECT_EQ(shown.records.value(), QStringLiteral("1"));
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "lakex.txt");
+    EXPECT_EQ(sheetState.records.value(), QStringLiteral("1"));
 }
 
 TEST_F(AutomaticSaveTest, FailureKeepsTheRowsAndIsTriedAgainAfter500) {
-    shown.fileName = path("nowhere/lake");
+    sheetState.fileName = path("nowhere/lake");
     fillUpTo(20000);
     automaticSave.saveLongSheet();
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(sheet.rowCount(), 20000);
-    EXPECT_TRUE(shown.unsaved);
-    EXPECT_EQ(shown.records.value(), QStringLiteral("0"));
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_EQ(sheetState.records.value(), QStringLiteral("0"));
     EXPECT_EQ(files.autosaving, 0);
-    shown.fileName = path("lake");
+    sheetState.fileName = path("lake");
     fillUpTo(20499);
     automaticSave.saveLongSheet();
     EXPECT_EQ(sheet.rowCount(), 20499) << "not tried at every row";

@@ -10,45 +10,22 @@ namespace orv {
 
 namespace {
 
-/// Gives each dialog an answer of its own.
-class Answers final : public OperatorQuestions {
-public:
-    bool askYesNo(const QString& title, const QString& text) override {
-        asked << title + QLatin1String(": ") + text;
-        return yes;
-    }
-    QString saveFileName(const QString& title, const QString& /*presetName*/, const QString& /*suffix*/,
-                         const QString& /*filter*/) override {
-        asked << title;
-        return saveName;
-    }
-    QString openFileName(const QString& title, const QString& suffix, const QString& filter) override {
-        asked << QStringList{title, suffix, filter}.join(u'|');
-        return openName;
-    }
-
-    std::string all() const { return asked.join(u'\n').toStdString(); }
-
-    bool yes = false;
-    QString saveName;
-    QString openName;
-    QStringList asked;
-};
-
+constexpr const char* savePreset = "\nSave as|Untitled.txt|.txt|*.txt";
 constexpr const char* askText = "Save Data: Data not Saved. Do you wish to save it now ?";
 
 class SheetLoadingTest : public SheetTest {
 protected:
     SheetLoadingTest() {
+        sheetState.fileName = QStringLiteral("Untitled");
         identify("F", "310");
         for (int row = 0; row < 3; ++row) {
             rows.addRow({.date = QStringLiteral("1/5/99"),
                          .time = QStringLiteral("9:05:07"),
                          .values = {QString::number(700 + row)}});
         }
-        session.state.Rtn = QStringLiteral("kept");
+        state.Rtn = QStringLiteral("kept");
         fill(path("newer.txt"), newerFile(2));
-        questions.openName = path("newer.txt");
+        answers.openName = path("newer.txt");
     }
 
     static QByteArray newerFile(int count) {
@@ -61,8 +38,8 @@ protected:
     }
 
     void load(const QString& name) {
-        questions.openName = name;
-        loading.loadit();
+        answers.openName = name;
+        files.loadit();
     }
 
     void expectSheetAsItWas() {
@@ -70,9 +47,9 @@ protected:
         EXPECT_EQ(cells(2).join(u'|').toStdString(), "3|1/5/99|9:05:07|702|||||");
         EXPECT_EQ(sheet.type(), (DataSheet::Type{.letter = QStringLiteral("F"), .firmware = 310.0}));
         EXPECT_EQ(sheet.header().join(u'|').toStdString(), "Data #|Date|Time|Output");
-        EXPECT_EQ(session.state.plc, 3);
-        EXPECT_EQ(shown.counter.value(), QStringLiteral("3"));
-        EXPECT_TRUE(shown.unsaved);
+        EXPECT_EQ(state.plc, 3);
+        EXPECT_EQ(sheetState.counter.value(), QStringLiteral("3"));
+        EXPECT_TRUE(sheetState.unsaved);
     }
 
     void expectLoaded() {
@@ -80,9 +57,9 @@ protected:
         EXPECT_EQ(cells(1).join(u'|').toStdString(), "2|1/6/99|10:00:00|10|20|30|2||");
         EXPECT_EQ(sheet.type(), (DataSheet::Type{.letter = QStringLiteral("V"), .firmware = 512.0}));
         EXPECT_EQ(sheet.header().join(u'|').toStdString(), "Data #|Date|Time|100|125|150|Ref");
-        EXPECT_EQ(session.state.plc, 2);
-        EXPECT_EQ(shown.counter.value(), QStringLiteral("2"));
-        EXPECT_FALSE(shown.unsaved);
+        EXPECT_EQ(state.plc, 2);
+        EXPECT_EQ(sheetState.counter.value(), QStringLiteral("2"));
+        EXPECT_FALSE(sheetState.unsaved);
     }
 
     /// Loads the file in vain; returns what the operator was told of it.
@@ -104,78 +81,76 @@ protected:
         return told.text.mid(opening.size()).chopped(closing.size()).toStdString();
     }
 
-    Answers questions;
-    SheetFiles loading{
-        {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .shown = shown, .questions = questions}};
+    std::string asked() const { return answers.asked.join(u'\n').toStdString(); }
 };
 
 TEST_F(SheetLoadingTest, CancelledDialogLoadsNothing) {
     debug.comm2Output = true;
     load(QString());
-    EXPECT_EQ(questions.all(), "Open|.txt|*.txt") << "nor is anything asked about the rows";
+    EXPECT_EQ(asked(), "Open|.txt|*.txt") << "nor is anything asked about the rows";
     expectSheetAsItWas();
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("Loading Spread Sheet\r"));
+    EXPECT_EQ(said(), "Loading Spread Sheet\r");
 }
 
 TEST_F(SheetLoadingTest, SavedRowsAreReplacedWithoutAQuestion) {
-    shown.unsaved = false;
+    sheetState.unsaved = false;
     debug.comm2Output = true;
     load(path("newer.txt"));
-    EXPECT_EQ(questions.all(), "Open|.txt|*.txt");
+    EXPECT_EQ(asked(), "Open|.txt|*.txt");
     expectLoaded();
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_TRUE(debugPort->allWritten().startsWith("Loading Spread Sheet\rLoading TRX(S) Sheet\r"));
+    EXPECT_TRUE(com2.allWritten().startsWith("Loading Spread Sheet\rLoading TRX(S) Sheet\r"));
 }
 
 TEST_F(SheetLoadingTest, GlowSheetAnnouncesItsOwnLoading) {
-    shown.unsaved = false;
+    sheetState.unsaved = false;
     fill(path("glow.txt"), "f\t310 1\r\nglow.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\td\tt\t5\t\r");
     debug.comm2Output = true;
     load(path("glow.txt"));
     EXPECT_EQ(cells(0).join(u'|').toStdString(), "1|d|t|5|||||");
     EXPECT_EQ(sheet.header().join(u'|').toStdString(), "Data #|Date|Time|Output");
-    EXPECT_TRUE(debugPort->allWritten().startsWith("Loading Spread Sheet\rLoading Flour Sheet\r"));
+    EXPECT_TRUE(com2.allWritten().startsWith("Loading Spread Sheet\rLoading Flour Sheet\r"));
 }
 
 TEST_F(SheetLoadingTest, UnsavedRowsGoAfterANo) {
     load(path("newer.txt"));
-    EXPECT_EQ(questions.all(), std::string("Open|.txt|*.txt\n") + askText);
+    EXPECT_EQ(asked(), std::string("Open|.txt|*.txt\n") + askText);
     expectLoaded();
-    EXPECT_EQ(filesIn(folder).join(u'|').toStdString(), "newer.txt");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "newer.txt");
 }
 
 TEST_F(SheetLoadingTest, UnsavedRowsAreSavedFirstAfterAYes) {
-    questions.yes = true;
-    questions.saveName = path("mine.txt");
-    const QByteArray mine = sheetFileBytes(sheet, questions.saveName);
+    answers.yes = true;
+    answers.fileName = path("mine.txt");
+    const QByteArray mine = sheetFileBytes(sheet, answers.fileName);
     load(path("newer.txt"));
-    EXPECT_EQ(questions.all(), std::string("Open|.txt|*.txt\n") + askText + "\nSave as");
+    EXPECT_EQ(asked(), std::string("Open|.txt|*.txt\n") + askText + savePreset);
     EXPECT_EQ(contentsOf(path("mine.txt")).toStdString(), mine.toStdString());
     expectLoaded();
 }
 
 TEST_F(SheetLoadingTest, SavingOverTheFileThatIsOpenedLoadsWhatItHoldsNow) {
-    questions.yes = true;
-    questions.saveName = path("newer.txt");
+    answers.yes = true;
+    answers.fileName = path("newer.txt");
     load(path("newer.txt"));
     EXPECT_EQ(sheet.type().letter, QStringLiteral("F"));
     EXPECT_EQ(sheet.rowCount(), 3);
-    EXPECT_FALSE(shown.unsaved);
+    EXPECT_FALSE(sheetState.unsaved);
     EXPECT_TRUE(contentsOf(path("newer.txt")).startsWith("F\t310 3\r\n"));
 }
 
 TEST_F(SheetLoadingTest, CancelledSaveKeepsTheRows) {
-    questions.yes = true;
+    answers.yes = true;
     load(path("newer.txt"));
-    EXPECT_EQ(questions.all(), std::string("Open|.txt|*.txt\n") + askText + "\nSave as");
+    EXPECT_EQ(asked(), std::string("Open|.txt|*.txt\n") + askText + savePreset);
     expectSheetAsItWas();
     EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(SheetLoadingTest, FailedSaveKeepsTheRows) {
-    questions.yes = true;
-    questions.saveName = path("nowhere/mine.txt");
+    answers.yes = true;
+    answers.fileName = path("nowhere/mine.txt");
     load(path("newer.txt"));
     expectSheetAsItWas();
     ASSERT_EQ(messages.shown.size(), 1U);
@@ -185,7 +160,7 @@ TEST_F(SheetLoadingTest, FailedSaveKeepsTheRows) {
 TEST_F(SheetLoadingTest, BadFileIsToldBeforeAnythingIsAskedAboutTheRows) {
     fill(path("bad.txt"), "no sheet\r\n");
     EXPECT_TRUE(refusal(path("bad.txt")).starts_with("It is not a sheet: "));
-    EXPECT_EQ(questions.all(), "Open|.txt|*.txt");
+    EXPECT_EQ(asked(), "Open|.txt|*.txt");
 }
 
 TEST_F(SheetLoadingTest, FilesThatCannotBeLoadedLeaveTheSheet) {
@@ -234,32 +209,32 @@ TEST_F(SheetLoadingTest, UnreadableFileIsTold) {
 
 TEST_F(SheetLoadingTest, LoadedSheetCanBeSavedWithoutAnInstrument) {
     ports.close();
-    session.state.Vartemp.clear();
+    state.Vartemp.clear();
     session.setFirmware(StatusState::unknownShort());
-    session.commands.sheetHoldsRows = false;
+    commands.sheetHoldsRows = false;
     load(path("newer.txt"));
-    EXPECT_TRUE(session.commands.canSaveAs);
-    questions.saveName = path("newer.txt");
-    EXPECT_EQ(loading.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_TRUE(commands.canSaveAs);
+    answers.fileName = path("newer.txt");
+    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
     EXPECT_EQ(contentsOf(path("newer.txt")).toStdString(), newerFile(2).toStdString());
     fill(path("empty.txt"), newerFile(0));
     load(path("empty.txt"));
-    EXPECT_FALSE(session.commands.canSaveAs);
-    EXPECT_EQ(shown.counter.value(), QStringLiteral("0"));
+    EXPECT_FALSE(commands.canSaveAs);
+    EXPECT_EQ(sheetState.counter.value(), QStringLiteral("0"));
 }
 
 TEST_F(SheetLoadingTest, ViewShowsTheLastTenRowsOfALongSheet) {
-    shown.topRow = 2;
+    sheetState.topRow = 2;
     fill(path("long.txt"), newerFile(11));
     load(path("long.txt"));
-    EXPECT_EQ(shown.topRow, 0);
+    EXPECT_EQ(sheetState.topRow, 0);
     fill(path("long.txt"), newerFile(12));
     load(path("long.txt"));
-    EXPECT_EQ(shown.topRow, 2);
+    EXPECT_EQ(sheetState.topRow, 2);
     fill(path("long.txt"), newerFile(20000));
     load(path("long.txt"));
-    EXPECT_EQ(shown.topRow, 19990);
-    EXPECT_EQ(session.state.plc, 20000);
+    EXPECT_EQ(sheetState.topRow, 19990);
+    EXPECT_EQ(state.plc, 20000);
     EXPECT_EQ(sheet.rowCount(), 20000);
 }
 
@@ -267,37 +242,37 @@ TEST_F(SheetLoadingTest, RowsAddedAfterLoadingAreCountedOnAndUnsaved) {
     load(path("newer.txt"));
     rows.addRow({.date = QStringLiteral("d"), .time = QStringLiteral("t"), .values = {QStringLiteral("5")}});
     EXPECT_EQ(cells(2).join(u'|').toStdString(), "3|d|t|5|||||");
-    EXPECT_TRUE(shown.unsaved);
+    EXPECT_TRUE(sheetState.unsaved);
 }
 
 TEST_F(SheetLoadingTest, QuittingAsksOnlyAboutUnsavedRows) {
-    shown.unsaved = false;
-    EXPECT_TRUE(loading.ask());
-    EXPECT_TRUE(questions.asked.isEmpty());
-    shown.unsaved = true;
-    EXPECT_TRUE(loading.ask()) << "No ends the program";
-    EXPECT_EQ(questions.all(), askText);
-    EXPECT_TRUE(shown.unsaved);
-    EXPECT_EQ(filesIn(folder).size(), 1);
+    sheetState.unsaved = false;
+    EXPECT_TRUE(files.ask());
+    EXPECT_TRUE(answers.asked.isEmpty());
+    sheetState.unsaved = true;
+    EXPECT_TRUE(files.ask()) << "No ends the program";
+    EXPECT_EQ(asked(), askText);
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_EQ(folder.files().size(), 1);
 }
 
 TEST_F(SheetLoadingTest, QuittingSavesAfterAYesAndStaysIfThatFails) {
-    questions.yes = true;
-    EXPECT_FALSE(loading.ask()) << "the save was cancelled";
+    answers.yes = true;
+    EXPECT_FALSE(files.ask()) << "the save was cancelled";
     expectSheetAsItWas();
-    questions.saveName = path("nowhere/mine.txt");
-    EXPECT_FALSE(loading.ask()) << "the save failed";
+    answers.fileName = path("nowhere/mine.txt");
+    EXPECT_FALSE(files.ask()) << "the save failed";
     expectSheetAsItWas();
-    questions.saveName = path("mine.txt");
-    EXPECT_TRUE(loading.ask());
-    EXPECT_FALSE(shown.unsaved);
+    answers.fileName = path("mine.txt");
+    EXPECT_TRUE(files.ask());
+    EXPECT_FALSE(sheetState.unsaved);
     EXPECT_TRUE(contentsOf(path("mine.txt")).startsWith("F\t310 3\r\nmine.txt\r\n"));
 }
 
 TEST_F(SheetLoadingTest, ClearingTheSheetLeavesNothingUnsaved) {
     rows.clearSpreadSheet();
-    EXPECT_TRUE(loading.ask());
-    EXPECT_TRUE(questions.asked.isEmpty());
+    EXPECT_TRUE(files.ask());
+    EXPECT_TRUE(answers.asked.isEmpty());
 }
 
 } // namespace

@@ -16,7 +16,7 @@ protected:
 
     void clearedAs(const char* letter, const char* firmware, const char* header) {
         SCOPED_TRACE(std::string(letter) + " " + firmware);
-        session.state.Vartemp = QString::fromLatin1(letter);
+        state.Vartemp = QString::fromLatin1(letter);
         session.setFirmware(QString::fromLatin1(firmware));
         rows.clearSpreadSheet();
         EXPECT_EQ(sheet.header().join(u'|').toStdString(), header);
@@ -52,13 +52,13 @@ TEST_F(SheetRowsTest, ClearingRemovesRowsCounterViewAndUnsavedState) {
     rows.followNewest();
     debug.comm2Output = true;
     rows.clearSpreadSheet();
-    EXPECT_EQ(session.state.plc, 0);
+    EXPECT_EQ(state.plc, 0);
     EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_EQ(shown.counter.value().toStdString(), "0");
-    EXPECT_EQ(shown.topRow.value(), 0);
-    EXPECT_FALSE(shown.unsaved);
-    EXPECT_FALSE(session.commands.sheetHoldsRows);
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("Clear Spread Sheet\r"));
+    EXPECT_EQ(sheetState.counter.value().toStdString(), "0");
+    EXPECT_EQ(sheetState.topRow.value(), 0);
+    EXPECT_FALSE(sheetState.unsaved);
+    EXPECT_FALSE(commands.sheetHoldsRows);
+    EXPECT_EQ(said(), "Clear Spread Sheet\r");
     EXPECT_TRUE(answers.asked.isEmpty());
 }
 
@@ -103,51 +103,51 @@ TEST_F(SheetRowsTest, OpeningThePortKeepsTheRows) {
     rows.addRow(aRow());
     identify("V", "512");
     EXPECT_EQ(sheet.rowCount(), 1);
-    EXPECT_EQ(session.state.plc, 1);
-    EXPECT_TRUE(shown.unsaved);
+    EXPECT_EQ(state.plc, 1);
+    EXPECT_TRUE(sheetState.unsaved);
 }
 
 TEST_F(SheetRowsTest, AddingARowCountsAndShowsIt) {
-    session.state.plc = 0;
+    state.plc = 0;
     rows.addRow(aRow());
-    EXPECT_EQ(session.state.plc, 1);
-    EXPECT_EQ(shown.counter.value().toStdString(), "1");
-    EXPECT_TRUE(shown.unsaved);
-    EXPECT_TRUE(session.commands.sheetHoldsRows);
+    EXPECT_EQ(state.plc, 1);
+    EXPECT_EQ(sheetState.counter.value().toStdString(), "1");
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_TRUE(commands.sheetHoldsRows);
     rows.addRow(aRow());
-    EXPECT_EQ(shown.counter.value().toStdString(), "2");
+    EXPECT_EQ(sheetState.counter.value().toStdString(), "2");
     EXPECT_EQ(cells(1).join(u'|').toStdString(), "2|1/5/99|9:05:07|512|||||");
 }
 
 TEST_F(SheetRowsTest, ViewStaysWith11RowsAndFollowsFrom12On) {
-    shown.topRow = 5;
+    sheetState.topRow = 5;
     for (int row = 0; row < 11; ++row) {
         rows.addRow(aRow());
         rows.followNewest();
-        EXPECT_EQ(shown.topRow.value(), 5);
+        EXPECT_EQ(sheetState.topRow.value(), 5);
     }
     rows.addRow(aRow());
-    EXPECT_EQ(shown.topRow.value(), 5) << "moved only on request";
+    EXPECT_EQ(sheetState.topRow.value(), 5) << "moved only on request";
     rows.followNewest();
-    EXPECT_EQ(shown.topRow.value(), 2);
+    EXPECT_EQ(sheetState.topRow.value(), 2);
     rows.addRow(aRow());
     rows.followNewest();
-    EXPECT_EQ(shown.topRow.value(), 3);
+    EXPECT_EQ(sheetState.topRow.value(), 3);
 }
 
 TEST_F(SheetRowsTest, CounterThatIsFullOverflowsWithNothingChanged) {
-    session.state.plc = std::numeric_limits<qint16>::max() - 1;
+    state.plc = std::numeric_limits<qint16>::max() - 1;
     rows.addRow(aRow());
-    EXPECT_EQ(session.state.plc, std::numeric_limits<qint16>::max());
+    EXPECT_EQ(state.plc, std::numeric_limits<qint16>::max());
     try {
         rows.addRow(aRow());
         FAIL() << "no overflow";
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.kind(), RuntimeError::Kind::Overflow);
     }
-    EXPECT_EQ(session.state.plc, std::numeric_limits<qint16>::max());
+    EXPECT_EQ(state.plc, std::numeric_limits<qint16>::max());
     EXPECT_EQ(sheet.rowCount(), 1);
-    EXPECT_EQ(shown.counter.value().toStdString(), "32767");
+    EXPECT_EQ(sheetState.counter.value().toStdString(), "32767");
 }
 
 TEST_F(SheetRowsTest, FirmwareIsTheLeadingNumberOfTheLabel) {

@@ -11,26 +11,12 @@ class DownloadTest : public SheetTest {
 protected:
     DownloadTest() {
         settings.memoryPointer = QStringLiteral("200");
-        session.state.Ctrlscrn = Operation::SettingsOpen;
-        session.status.status = QStringLiteral("Ready");
-    }
-
-    /// One tick of the status timer.
-    void tickOnce() {
-        poll.quary();
-        if (session.state.Ctrlscrn == Operation::SavingText) {
-            download.savefiletxt();
-        }
-        if (session.state.Ctrlscrn == Operation::Importing) {
-            download.importtofg1();
-        }
+        state.Ctrlscrn = Operation::SettingsOpen;
+        status.status = QStringLiteral("Ready");
     }
 
     /// Lets a line arrive (CR LF is added) and be handled.
-    void reply(const QByteArray& line) {
-        instrument->input += line + "\r\n";
-        tickOnce();
-    }
+    void reply(const QByteArray& line) { receive(line + "\r\n"); }
 
     void replyAll(std::initializer_list<const char*> lines) {
         for (const char* line : lines) {
@@ -46,7 +32,7 @@ protected:
     /// Lets time pass without data; every tick sees the clock.
     void standStill(qint64 milliseconds) {
         clock.advance(milliseconds);
-        tickOnce();
+        program.tick();
     }
 
     QByteArray dump(const char* name = "dump.txt") const { return contentsOf(path(name)); }
@@ -58,12 +44,12 @@ protected:
         return bytes.mid(bytes.indexOf('\n', headers) + 1).toStdString();
     }
 
-    bool isTaking() const { return session.commands.activity.value() == Activity::Downloading; }
+    bool isTaking() const { return commands.activity.value() == Activity::Downloading; }
 
     /// Nothing of a download is left over: commands can be given, the dialog is closed and as new.
     void expectIdle() {
-        EXPECT_EQ(session.state.Ctrlscrn, Operation::Idle);
-        EXPECT_EQ(session.commands.activity.value(), Activity::None);
+        EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
+        EXPECT_EQ(commands.activity.value(), Activity::None);
         expectDialogPutBack();
     }
 
@@ -83,18 +69,6 @@ protected:
         EXPECT_EQ(messages.shown.back().icon, Message::Icon::Exclamation);
         return messages.shown.back().text.toStdString();
     }
-
-    ProgressState progress;
-    StatusTimer timer{[] {}};
-    Download download{{.session = session,
-                       .ports = ports,
-                       .timer = timer,
-                       .settings = settings,
-                       .progress = progress,
-                       .rows = rows,
-                       .shown = shown,
-                       .automaticSave = automaticSave,
-                       .questions = answers}};
 };
 
 } // namespace orv

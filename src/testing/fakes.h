@@ -30,20 +30,31 @@ class PreparedAnswers final : public OperatorQuestions {
 public:
     bool askYesNo(const QString& title, const QString& text) override {
         asked << title + QLatin1String(": ") + text;
+        if (whileAsked) {
+            whileAsked();
+        }
         return yes;
     }
     QString saveFileName(const QString& title, const QString& presetName, const QString& suffix,
                          const QString& filter) override {
         asked << QStringList{title, presetName, suffix, filter}.join(QLatin1Char('|'));
+        if (whileAsked) {
+            whileAsked();
+        }
         return fileName;
     }
     QString openFileName(const QString& title, const QString& suffix, const QString& filter) override {
         asked << QStringList{title, suffix, filter}.join(QLatin1Char('|'));
-        return fileName;
+        if (whileAsked) {
+            whileAsked();
+        }
+        return openName.isEmpty() ? fileName : openName;
     }
 
     bool yes = false;
     QString fileName; ///< Empty: cancelled.
+    QString openName; ///< The same for files to open, if it is another.
+    std::function<void()> whileAsked;
     QStringList asked;
 };
 

@@ -68,6 +68,8 @@ public:
     /// Everything by which the operator sees that the program is as after a reset.
     void expectOffline();
 
+    QString path(const char* name) const { return folder.path(name); }
+
     OwnFolder folder;
     TestClock clock;
     RecordedMessages messages;
@@ -101,6 +103,14 @@ public:
     StatusTimer& timer = program.timer;
     ManualConnection& manual = program.manual;
     QByteArray& rxbuffer = program.poll.rxbuffer;
+    SheetRows& rows = program.sheetRows_;
+    SheetFiles& files = program.sheetFiles_;
+    AutomaticSave& automaticSave = program.automaticSave_;
+    RecordFile& recordFile = program.recordFile_;
+    RunRecovery& recovery = program.runRecovery_;
+    Run& collection = program.collection_;
+    Download& download = program.download_;
+    ShutterReset& shutter = program.shutterReset_;
 };
 
 class ProgramTest : public testing::Test, public ProgramRig {};
