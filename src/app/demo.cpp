@@ -35,7 +35,7 @@ public:
     Demo(Program& program, MainWindow& window, MessageBoxes& messages)
         : program_(program)
         , window_(window) {
-        messages.told = [this](const Message& message) { lastMessage_ = message.text; };
+        told_ = messages.told.subscribe([this](const Message& message) { lastMessage_ = message.text; });
     }
 
     void run() {
@@ -196,6 +196,7 @@ private:
     Program& program_;
     MainWindow& window_;
     QString lastMessage_;
+    Subscription told_;
 };
 
 } // namespace
@@ -212,7 +213,6 @@ int runDemo(Program& program, MainWindow& window, MessageBoxes& messages, const 
         QTextStream(stderr) << "Failed: " << failure.what() << Qt::endl;
         status = 1;
     }
-    messages.told = nullptr; // it tells the demo, which is gone
     program.end();
     return status;
 }

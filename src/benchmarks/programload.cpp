@@ -119,7 +119,7 @@ public:
         : seconds_(seconds) {
         program_.ports.setDevice(1, device);
         messages_.setParent(&window_);
-        messages_.told = [this](const Message& message) { lastMessage_ = message.text; };
+        told_ = messages_.told.subscribe([this](const Message& message) { lastMessage_ = message.text; });
     }
 
     void measure(const QString& state) {
@@ -277,6 +277,7 @@ private:
     int seconds_;
     qint64 received_ = 0;
     QString lastMessage_;
+    Subscription told_;
     SystemClock clock_;
     WindowEvents events_;
     MessageBoxes messages_;

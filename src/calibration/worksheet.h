@@ -11,6 +11,7 @@ namespace orv {
 
 /// The scattering channels of a sensor; channel 0, 1, 2 is the angle 100, 125, 150.
 inline constexpr int channelCount = 3;
+inline constexpr std::array<const char*, channelCount> channelAngles{"100", "125", "150"};
 
 /// A row of three text boxes. Their names end with consecutive numbers, channel by channel.
 struct BoxRow {

@@ -9,15 +9,11 @@ void DebugList::append(const QString& entry) {
         entries_.pop_front();
     }
     entries_.push_back(entry);
-    if (appended) {
-        appended(full);
-    }
+    appended.tell(full);
 }
 
 void DebugList::selectLast() {
-    if (lastSelected) {
-        lastSelected();
-    }
+    lastSelected.tell();
 }
 
 } // namespace orv

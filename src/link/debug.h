@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QProperty>
+#include "base/observe.h"
+
 #include <QString>
 
 #include <array>
 #include <deque>
-#include <functional>
 
 namespace orv {
 
@@ -23,9 +23,8 @@ public:
 
     const std::deque<QString>& entries() const { return entries_; }
 
-    /// Called after an append; the argument tells whether the oldest entry went.
-    std::function<void(bool droppedOldest)> appended;
-    std::function<void()> lastSelected;
+    Signal<bool> appended; ///< Tells whether the oldest entry went.
+    Signal<> lastSelected;
 
 private:
     std::deque<QString> entries_;

@@ -20,7 +20,7 @@ TEST(DebugList, keepsItsEntriesInOrder) {
 TEST(DebugList, dropsTheOldestEntryWhenItIsFull) {
     DebugList list;
     int dropped = 0;
-    list.appended = [&dropped](bool droppedOldest) { dropped += droppedOldest ? 1 : 0; };
+    const auto counting = list.appended.subscribe([&dropped](bool droppedOldest) { dropped += droppedOldest ? 1 : 0; });
     for (std::size_t i = 0; i < DebugList::maximumEntries; ++i) {
         list.append(QString::number(i));
     }
@@ -36,7 +36,7 @@ TEST(DebugList, dropsTheOldestEntryWhenItIsFull) {
 TEST(DebugList, showsTheNewEntryToItsListener) {
     DebugList list;
     QString seen;
-    list.appended = [&](bool) { seen = list.entries().back(); };
+    const auto looking = list.appended.subscribe([&](bool) { seen = list.entries().back(); });
     list.append(QStringLiteral("one"));
     EXPECT_EQ(seen, QStringLiteral("one"));
 }
@@ -45,7 +45,7 @@ TEST(DebugList, selectsItsLastEntryOnlyWhenAsked) {
     DebugList list;
     list.selectLast();
     int selections = 0;
-    list.lastSelected = [&selections] { ++selections; };
+    const auto counting = list.lastSelected.subscribe([&selections] { ++selections; });
     list.append(QStringLiteral("one"));
     EXPECT_EQ(selections, 0);
     list.selectLast();

@@ -253,7 +253,7 @@ TEST_F(PollTest, listsNothingOutsideTheServiceMode) {
     debug.rawBuffer = true;
     debug.showParsing = true;
     int selections = 0;
-    debug.list.lastSelected = [&selections] { ++selections; };
+    const auto counting = debug.list.lastSelected.subscribe([&selections] { ++selections; });
     take("one\r\n");
     EXPECT_THAT(listed(), ElementsAre());
     EXPECT_EQ(selections, 0);
@@ -262,7 +262,7 @@ TEST_F(PollTest, listsNothingOutsideTheServiceMode) {
 TEST_F(PollTest, selectsTheLastEntryAfterEachLineInTheServiceMode) {
     state.trouble = 1;
     int selections = 0;
-    debug.list.lastSelected = [&selections] { ++selections; };
+    const auto counting = debug.list.lastSelected.subscribe([&selections] { ++selections; });
     take("on");
     EXPECT_EQ(selections, 0);
     take("e\r\n");

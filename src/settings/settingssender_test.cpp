@@ -316,7 +316,7 @@ TEST_F(SetPrefsTest, LeavesTheTimerStillWhenTheProgramEnds) {
 TEST_F(SetPrefsTest, ListsEveryItemAndAnswerWhileRawCountsAreProvided) {
     settings.record.hoursBeforeBlock = QString();
     int selections = 0;
-    debug.list.lastSelected = [&selections] { ++selections; };
+    const auto counting = debug.list.lastSelected.subscribe([&selections] { ++selections; });
     sender.setprefs();
     EXPECT_EQ(transcript(), (QStringList{QStringLiteral("B"),
                                          QStringLiteral("B."),

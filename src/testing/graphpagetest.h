@@ -1,28 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "testing/fakes.h"
-#include "testing/screenchecks.h"
+#include "testing/windowrig.h"
 #include "ui/graphpage.h"
 #include "ui/plotcanvas.h"
 
+#include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
-#include <QPrinter>
-#include <QPushButton>
 #include <QWheelEvent>
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 namespace orv {
 
-/// The page over a sheet of its own, shown in the size it has in the main window.
-class GraphPageTest : public testing::Test {
+/// The page in its window, over a sheet that the test fills.
+class GraphPageTest : public WindowTest {
 protected:
     GraphPageTest() {
-        page.resize(980, 560);
-        page.show();
+        showPage(QStringLiteral("Output: Graphical"));
         settle();
     }
 
@@ -61,12 +55,11 @@ protected:
         page.refreshNow();
     }
 
-    PlotCanvas& canvas() { return dynamic_cast<PlotCanvas&>(control<QWidget>(page, "Plot")); }
+    PlotCanvas& canvas() { return dynamic_cast<PlotCanvas&>(find<QWidget>("Plot")); }
     QCPRange places() { return canvas().xAxis->range(); }
-    QPushButton& follow() { return control<QPushButton>(page, "Follow"); }
-    QPushButton& showAll() { return control<QPushButton>(page, "ShowAll"); }
-    QCheckBox& curve(int number) { return control<QCheckBox>(page, qPrintable(QStringLiteral("Curve%1").arg(number))); }
-    std::string text(const char* name) { return control<QLabel>(page, name).text().toStdString(); }
+    QPushButton& follow() { return button("Follow"); }
+    QPushButton& showAll() { return button("ShowAll"); }
+    QCheckBox& curve(int number) { return find<QCheckBox>(qPrintable(QStringLiteral("Curve%1").arg(number))); }
     std::string note() { return text("PlotNote"); }
     std::string hint() {
         auto* item = qobject_cast<QCPItemText*>(canvas().item(1));
@@ -74,14 +67,14 @@ protected:
     }
     /// What the page shows of a row: title, record, date, time and the values.
     std::string readout() {
-        QString all;
+        std::string all;
         for (const char* name : {"ReadoutTitle", "ReadoutRecord", "ReadoutDate", "ReadoutTime"}) {
-            all += control<QLabel>(page, name).text() + u'|';
+            all += text(name) + '|';
         }
         for (int value = 1; value <= canvas().graphCount(); ++value) {
-            all += control<QLabel>(page, qPrintable(QStringLiteral("ReadoutValue%1").arg(value))).text() + u'|';
+            all += text(qPrintable(QStringLiteral("ReadoutValue%1").arg(value))) + '|';
         }
-        return all.toStdString();
+        return all;
     }
 
     void mouse(QEvent::Type type, const QPointF& at, Qt::MouseButton button, Qt::MouseButtons buttons) {
@@ -95,8 +88,7 @@ protected:
         mouse(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
     }
     void doubleClick(const QPointF& at) {
-        mouse(QEvent::MouseButtonPress, at, Qt::LeftButton, Qt::LeftButton);
-        mouse(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton);
+        clickAt(canvas(), at);
         mouse(QEvent::MouseButtonDblClick, at, Qt::LeftButton, Qt::LeftButton);
         mouse(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton);
     }
@@ -110,18 +102,7 @@ protected:
         return {canvas().xAxis->coordToPixel(place), canvas().yAxis->coordToPixel(value)};
     }
 
-    DataSheet sheet;
-    SheetState shown;
-    CommandState commands;
-    RecordedMessages messages;
-    PreparedAnswers answers;
-    std::function<bool(QPrinter&)> choosePrinter;
-    GraphPage page{{.sheet = sheet,
-                    .shown = shown,
-                    .commands = commands,
-                    .messages = messages,
-                    .questions = answers,
-                    .choosePrinter = [this](QPrinter& printer) { return choosePrinter(printer); }}};
+    GraphPage& page = dynamic_cast<GraphPage&>(find<QWidget>("GraphicalPage"));
 };
 
 } // namespace orv

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "testing/screentest.h"
+#include "testing/controls.h"
 #include "testing/sendingtest.h"
 #include "ui/settingswindow.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/windowtest.h"
+#include "testing/windowrig.h"
 #include "testing/windowwalk.h"
 #include "ui/messageboxes.h"
 #include "ui/settingswindow.h"
@@ -41,11 +41,6 @@ QString exemption(const QWidget& control) {
     return {};
 }
 
-std::string findingsIn(QWidget& window) {
-    const WindowWalk walk(window, exemption);
-    return walk.findings().join(u'\n').toStdString();
-}
-
 class AccessibilityTest : public WindowTest {
 protected:
     AccessibilityTest() {
@@ -69,15 +64,10 @@ protected:
 
 TEST_F(AccessibilityTest, EveryPageOfTheMainWindow) {
     const auto walkPages = [this](const char* when) {
-        for (const QString& caption : upperCaptions() + lowerCaptions()) {
-            if (upperCaptions().contains(caption)) {
-                program.selectUpperTab(caption);
-            } else {
-                program.selectLowerTab(caption);
-            }
+        onEachPage([&](const std::string& caption) {
             QCoreApplication::processEvents();
-            EXPECT_EQ(findingsIn(*window), "") << "on the page " << caption.toStdString() << ' ' << when;
-        }
+            EXPECT_EQ(findingsIn(*window, exemption), "") << "on the page " << caption << ' ' << when;
+        });
     };
     walkPages("offline");
     program.toggleServiceMode();
@@ -87,25 +77,31 @@ TEST_F(AccessibilityTest, EveryPageOfTheMainWindow) {
     fillCalibration();
     walkPages("connected");
     program.run();
-    com1.input = "R\r\n";
-    program.tick();
+    receive("R\r\n");
     receiveRow();
     receiveRow();
-    program.session.status.notice = QStringLiteral("A remark.");
-    program.session.status.shutterProgress = QStringLiteral("Moving Shutter");
-    program.session.status.shutterCountdown = QStringLiteral("12 s");
+    status.notice = QStringLiteral("A remark.");
+    status.shutterProgress = QStringLiteral("Moving Shutter");
+    status.shutterCountdown = QStringLiteral("12 s");
     walkPages("in a run");
+}
+
+TEST_F(AccessibilityTest, EveryPageIsOperableByKeyboardAndFits) {
+    for (const char* page : {"StatusPage", "GraphicalPage", "DebugPage", "TestingPage", "CalibrationPage"}) {
+        SCOPED_TRACE(page);
+        expectOperableAndFits(find<QWidget>(page));
+    }
 }
 
 TEST_F(AccessibilityTest, EveryTabOfTheSettings) {
     for (const InstrumentType type : {InstrumentType::Unknown, InstrumentType::Trx, InstrumentType::Glow}) {
-        program.session.status.instrument = type;
+        status.instrument = type;
         SettingsWindow& settings = openSettings();
-        EXPECT_EQ(findingsIn(settings), "") << "before a tab is chosen";
+        EXPECT_EQ(findingsIn(settings, exemption), "") << "before a tab is chosen";
         for (const char* tab : {"Modes", "Time and Date", "Control Bits", "Sampling", "Calibration"}) {
             settings.chooseTab(QString::fromLatin1(tab));
             QCoreApplication::processEvents();
-            EXPECT_EQ(findingsIn(settings), "")
+            EXPECT_EQ(findingsIn(settings, exemption), "")
                 << "on the tab " << tab << " for " << instrumentName(type).toStdString();
         }
     }
@@ -114,7 +110,7 @@ TEST_F(AccessibilityTest, EveryTabOfTheSettings) {
     SettingsWindow& settings = openSettings();
     for (const char* tab : {"Sampling", "Modes"}) {
         settings.chooseTab(QString::fromLatin1(tab));
-        EXPECT_EQ(findingsIn(settings), "") << "with a remark on " << tab;
+        EXPECT_EQ(findingsIn(settings, exemption), "") << "with a remark on " << tab;
     }
 }
 
@@ -125,19 +121,19 @@ TEST_F(AccessibilityTest, ThePlainEnglishWindow) {
     auto* english = settings.findChild<QWidget*>(QStringLiteral("PlainEnglish"));
     ASSERT_NE(english, nullptr);
     ASSERT_TRUE(english->isVisible());
-    EXPECT_EQ(findingsIn(*english), "");
+    EXPECT_EQ(findingsIn(*english, exemption), "");
 }
 
 TEST_F(AccessibilityTest, TheManualConnectionDialog) {
     item("ManualConnect1").trigger();
     auto& dialog = find<QDialog>("ManualConnection");
     ASSERT_TRUE(dialog.isVisible());
-    EXPECT_EQ(findingsIn(dialog), "");
+    EXPECT_EQ(findingsIn(dialog, exemption), "");
     ManualConnectionState& shown = program.manual.shown;
     shown.startVisible = true;
     shown.proceedVisible = true;
     shown.retryEnabled = true;
-    EXPECT_EQ(findingsIn(dialog), "") << "with every button";
+    EXPECT_EQ(findingsIn(dialog, exemption), "") << "with every button";
 }
 
 TEST_F(AccessibilityTest, TheProcessingDialog) {
@@ -146,12 +142,12 @@ TEST_F(AccessibilityTest, TheProcessingDialog) {
     program.progress.percentage = QStringLiteral("12");
     auto& dialog = find<QDialog>("Processing");
     ASSERT_TRUE(dialog.isVisible());
-    EXPECT_EQ(findingsIn(dialog), "");
+    EXPECT_EQ(findingsIn(dialog, exemption), "");
 }
 
 TEST_F(AccessibilityTest, TheAboutDialog) {
     item("About").trigger();
-    EXPECT_EQ(findingsIn(find<QDialog>("AboutDialog")), "");
+    EXPECT_EQ(findingsIn(find<QDialog>("AboutDialog"), exemption), "");
 }
 
 TEST_F(AccessibilityTest, MessagesAndQuestions) {
@@ -160,7 +156,7 @@ TEST_F(AccessibilityTest, MessagesAndQuestions) {
     boxes.show({.title = QStringLiteral("Connection"),
                 .text = QStringLiteral("The port cannot be opened."),
                 .icon = Message::Icon::Exclamation});
-    EXPECT_EQ(findingsIn(*window->findChild<QMessageBox*>()), "");
+    EXPECT_EQ(findingsIn(*window->findChild<QMessageBox*>(), exemption), "");
     delete window->findChild<QMessageBox*>();
 
     QuestionDialogs questions;
@@ -169,7 +165,7 @@ TEST_F(AccessibilityTest, MessagesAndQuestions) {
     QTimer::singleShot(0, window.get(), [&findings] {
         QWidget* question = QApplication::activeModalWidget();
         ASSERT_NE(question, nullptr);
-        findings = findingsIn(*question);
+        findings = findingsIn(*question, exemption);
         question->findChild<QPushButton*>()->click();
     });
     questions.askYesNo(QStringLiteral("Save data?"), QStringLiteral("Do you want to save the data?"));
@@ -202,7 +198,7 @@ protected:
     std::string findings() {
         window.show();
         QCoreApplication::processEvents();
-        return WindowWalk(window).findings().join(u'\n').toStdString();
+        return findingsIn(window);
     }
 
     QWidget window;

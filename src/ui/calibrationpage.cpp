@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/calibrationpage.h"
 
+#include "ui/widgets.h"
+
 #include <QButtonGroup>
 #include <QEvent>
 #include <QFormLayout>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -20,30 +16,13 @@ namespace orv {
 
 namespace {
 
-constexpr std::array<const char*, channelCount> angles{"100", "125", "150"};
-
-/// What the report prints each reference column for.
-constexpr std::array<const char*, channelCount> reportColours{"Blue 440", "Red 650", "Green 532"};
-
 /// The selectors of the worksheet rows, from `Option3` on; the underlined letter is the key.
 constexpr std::array<const char*, worksheetRows.size()> selectorCaptions{"&Air",     "&Clean",   "Point &1",
                                                                          "Point &2", "Point &3", "Point &4"};
 constexpr int firstSelector = 3;
 
 QString angleText(int channel) {
-    return QString::fromLatin1(angles.at(static_cast<std::size_t>(channel)));
-}
-
-QString reportColour(int channel) {
-    return QString::fromLatin1(reportColours.at(static_cast<std::size_t>(channel)));
-}
-
-QLabel* makeWorksheetLabel(const QString& name, const QString& accessibleName) {
-    auto* label = new QLabel;
-    label->setObjectName(name);
-    label->setAccessibleName(accessibleName);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return label;
+    return QString::fromLatin1(channelAngles.at(static_cast<std::size_t>(channel)));
 }
 
 /// A grid of captions and one column for each channel; two of them stand below each other in line.
@@ -64,12 +43,11 @@ QLabel* makeHeading(const QString& text) {
 
 } // namespace
 
-CalibrationPage::CalibrationPage(CalibrationState& shown, Calibration& actions, QWidget* parent)
-    : QWidget(parent)
-    , shown_(shown)
-    , actions_(actions) {
+CalibrationPage::CalibrationPage(Program& program)
+    : shown_(program.calibrationState)
+    , calibration_(program.calibration) {
     setObjectName(QStringLiteral("CalibrationPage"));
-    auto* frame = new QGroupBox(QStringLiteral("Calibration TRX(S)"));
+    auto* frame = makeFrame("Calibration TRX(S)");
     auto* layout = new QHBoxLayout(frame);
     layout->addWidget(makeInstruments(), 2);
     auto* right = new QVBoxLayout;
@@ -82,63 +60,48 @@ CalibrationPage::CalibrationPage(CalibrationState& shown, Calibration& actions, 
 }
 
 QGroupBox* CalibrationPage::makeInstruments() {
-    auto* frame = new QGroupBox(QStringLiteral("Instruments"));
+    auto* frame = makeFrame("Instruments");
     auto* layout = new QVBoxLayout(frame);
 
     auto* name =
         makeBox(shown_.instrumentName, QStringLiteral("Text17"), QStringLiteral("Instrument name or serial number"));
     name->setToolTip(QStringLiteral("Name or serial number of the next instrument of the batch."));
-    auto* nameCaption = new QLabel(QStringLiteral("Name or serial n&umber:"));
-    nameCaption->setBuddy(name);
-    layout->addWidget(nameCaption);
-    layout->addWidget(name);
-    layout->addWidget(makeColours());
-    auto* add = makeButton(QStringLiteral("Add Ins&trument"), QStringLiteral("Command4"),
-                           QStringLiteral("Adds the named instrument with its light colour; a batch has up to seven."),
-                           [this] { actions_.addInstrument(); });
+    auto* add = makeButton(
+        "Add Ins&trument", "Command4", [this] { calibration_.addInstrument(); },
+        "Adds the named instrument with its light colour; a batch has up to seven.");
     connect(name, &QLineEdit::returnPressed, add, &QPushButton::click);
-    layout->addWidget(add);
     auto* list = makeList();
-    auto* listCaption = new QLabel(QStringLiteral("Instruments &entered:"));
-    listCaption->setBuddy(list);
-    layout->addWidget(listCaption);
+    auto* messages = makeReadOnlyBox("Text36", "Messages", "What is still missing.");
+    bindText(bindings_, messages, shown_.message);
+
+    layout->addWidget(makeCaption("Name or serial n&umber:", name));
+    layout->addWidget(name);
+    layout->addLayout(makeColours());
+    layout->addWidget(add);
+    layout->addWidget(makeCaption("Instruments &entered:", list));
     layout->addWidget(list, 1);
-    layout->addWidget(makeNavigation());
-    layout->addWidget(makeMessages());
+    layout->addLayout(makeNavigation());
+    layout->addWidget(makeCaption("&Messages:", messages));
+    layout->addWidget(messages);
     return frame;
 }
 
-QWidget* CalibrationPage::makeColours() {
-    struct Selector {
-        LightColour colour;
-        const char* caption;
-    };
-    constexpr std::array<Selector, 3> selectors{
-        {{LightColour::Red, "&Red"}, {LightColour::Blue, "&Blue"}, {LightColour::Green, "&Green"}}};
-
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
+QLayout* CalibrationPage::makeColours() {
+    auto* layout = new QHBoxLayout;
     layout->addWidget(new QLabel(QStringLiteral("Light source:")));
-    auto* group = new QButtonGroup(row);
-    for (const Selector& selector : selectors) {
-        auto* option = new QRadioButton(QString::fromLatin1(selector.caption));
-        option->setObjectName(QStringLiteral("Option%1").arg(static_cast<int>(selector.colour)));
-        option->setToolTip(
-            QStringLiteral("Colour of the instrument's light source; also chooses the reference values of "
-                           "the report."));
-        option->setAccessibleName(QStringLiteral("Light source %1").arg(option->text().remove(u'&')));
+    auto* group = new QButtonGroup(this);
+    for (const Light& light : lights) {
+        const QString word = QString::fromLatin1(light.name);
+        auto* option = makeOption(u'&' + word, QStringLiteral("Option%1").arg(static_cast<int>(light.colour)),
+                                  "Colour of the instrument's light source; also chooses the reference values of the "
+                                  "report.");
+        option->setAccessibleName(QStringLiteral("Light source %1").arg(word));
+        bindOption(bindings_, option, shown_.colour, light.colour);
         group->addButton(option);
         layout->addWidget(option);
-        connect(option, &QRadioButton::clicked, this, [this, colour = selector.colour] { shown_.colour = colour; });
-        bindings_.bind(shown_.colour, [option, colour = selector.colour](LightColour selected) {
-            if (selected == colour) {
-                option->setChecked(true);
-            }
-        });
     }
     layout->addStretch();
-    return row;
+    return layout;
 }
 
 QListWidget* CalibrationPage::makeList() {
@@ -167,12 +130,12 @@ QListWidget* CalibrationPage::makeList() {
     connect(list, &QListWidget::itemSelectionChanged, this, [this, list] {
         if (!list->selectedItems().isEmpty()) {
             chosenByPress_ = true;
-            actions_.select(list->currentRow());
+            calibration_.select(list->currentRow());
         }
     });
     connect(list, &QListWidget::itemClicked, this, [this, list](QListWidgetItem* item) {
         if (!chosenByPress_) {
-            actions_.select(list->row(item));
+            calibration_.select(list->row(item));
         }
     });
     return list;
@@ -185,47 +148,23 @@ bool CalibrationPage::eventFilter(QObject* /*watched*/, QEvent* event) {
     return false;
 }
 
-QWidget* CalibrationPage::makeNavigation() {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(makeButton(QStringLiteral("Pre&vious"), QStringLiteral("Command8"),
-                                 QStringLiteral("Shows the instrument before; from the first, the last."),
-                                 [this] { actions_.previous(); }));
-    layout->addWidget(makeButton(QStringLiteral("&Next"), QStringLiteral("Command5"),
-                                 QStringLiteral("Shows the instrument after; from the last, the first."),
-                                 [this] { actions_.next(); }));
+QLayout* CalibrationPage::makeNavigation() {
+    auto* total = makeValueLabel("Label70", "Total entered");
+    bindText(bindings_, total, shown_.totalEntered);
+    auto* layout = new QHBoxLayout;
+    layout->addWidget(makeButton(
+        "Pre&vious", "Command8", [this] { calibration_.previous(); },
+        "Shows the instrument before; from the first, the last."));
+    layout->addWidget(makeButton(
+        "&Next", "Command5", [this] { calibration_.next(); }, "Shows the instrument after; from the last, the first."));
     layout->addStretch();
     layout->addWidget(new QLabel(QStringLiteral("Total Entered :")));
-    auto* total = makeWorksheetLabel(QStringLiteral("Label70"), QStringLiteral("Total entered"));
-    bindings_.bind(shown_.totalEntered, [total](const QString& count) { total->setText(count); });
     layout->addWidget(total);
-    return row;
-}
-
-QWidget* CalibrationPage::makeMessages() {
-    auto* row = new QWidget;
-    auto* layout = new QVBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    auto* box = new QLineEdit;
-    box->setObjectName(QStringLiteral("Text36"));
-    box->setReadOnly(true);
-    QPalette shown = box->palette();
-    shown.setColor(QPalette::Base, shown.color(QPalette::Window)); // nothing can be typed here
-    box->setPalette(shown);
-    box->setAccessibleName(QStringLiteral("Messages"));
-    box->setToolTip(QStringLiteral("What is still missing."));
-    bindings_.bind(shown_.message, [box](const QString& text) { box->setText(text); });
-    auto* caption = new QLabel(QStringLiteral("&Messages:"));
-    caption->setBuddy(box);
-    layout->addWidget(caption);
-    layout->addWidget(box);
-    return row;
+    return layout;
 }
 
 QGroupBox* CalibrationPage::makeWorksheet() {
-    auto* frame = new QGroupBox;
-    frame->setObjectName(QStringLiteral("Frame16"));
+    auto* frame = makeFrame({}, "Frame16");
     bindings_.bind(shown_.worksheetCaption, [frame](QString caption) {
         frame->setTitle(caption.isEmpty() ? QStringLiteral("Worksheet")
                                           : caption.replace(u'&', QLatin1String("&&"))); // a name, not a key
@@ -235,45 +174,37 @@ QGroupBox* CalibrationPage::makeWorksheet() {
         grid->addWidget(makeHeading(angleText(channel)), 0, channel + 1);
     }
     auto* selectors = new QButtonGroup(frame);
-    for (int row = 0; row < BoxGrid<worksheetRows.size()>::rowCount; ++row) {
+    constexpr int rows = BoxGrid<worksheetRows.size()>::rowCount;
+    for (int row = 0; row < rows; ++row) {
         addWorksheetRow(grid, row);
         selectors->addButton(qobject_cast<QRadioButton*>(grid->itemAtPosition(row + 1, 0)->widget()));
     }
-    const int resultRow = BoxGrid<worksheetRows.size()>::rowCount + 1;
-    addResults(grid, resultRow);
+    addResults(grid, rows + 1);
 
+    auto* index = makeValueLabel("Label71", "Instrument index");
+    bindings_.bind(shown_.current, [index](qint16 current) { index->setText(QString::number(current)); });
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(
-        makeButton(QStringLiteral("Calc &DP"), QStringLiteral("Command12"),
-                   QStringLiteral("Writes the means of the rows on the data sheet into the selected row; "
-                                  "for a point also its DP values. Keeps the worksheet."),
-                   [this] { actions_.calcdp(); }));
-    buttons->addWidget(
-        makeButton(QStringLiteral("Save Cal &Info"), QStringLiteral("Command14"),
-                   QStringLiteral("Writes this worksheet and the reference values of the light colour to "
-                                  "a report file."),
-                   [this] { actions_.saveCalInfo(); }));
+    buttons->addWidget(makeButton(
+        "Calc &DP", "Command12", [this] { calibration_.calcdp(); },
+        "Writes the means of the rows on the data sheet into the selected row; for a point also its DP values. Keeps "
+        "the worksheet."));
+    buttons->addWidget(makeButton(
+        "Save Cal &Info", "Command14", [this] { calibration_.saveCalInfo(); },
+        "Writes this worksheet and the reference values of the light colour to a report file."));
     buttons->addStretch();
     buttons->addWidget(new QLabel(QStringLiteral("Instrument index:")));
-    auto* index = makeWorksheetLabel(QStringLiteral("Label71"), QStringLiteral("Instrument index"));
-    bindings_.bind(shown_.current, [index](qint16 current) { index->setText(QString::number(current)); });
     buttons->addWidget(index);
-    grid->addLayout(buttons, resultRow + 1, 0, 1, channelCount + 1);
+    grid->addLayout(buttons, rows + 2, 0, 1, channelCount + 1);
     return frame;
 }
 
 void CalibrationPage::addWorksheetRow(QGridLayout* grid, int row) {
     const BoxRow& boxes = worksheetRows.at(static_cast<std::size_t>(row));
     const QString caption = QString::fromLatin1(boxes.caption);
-    auto* selector = new QRadioButton(QString::fromLatin1(selectorCaptions.at(static_cast<std::size_t>(row))));
-    selector->setObjectName(QStringLiteral("Option%1").arg(firstSelector + row));
-    selector->setToolTip(QStringLiteral("The rows on the data sheet were measured for \"%1\".").arg(caption));
-    connect(selector, &QRadioButton::clicked, this, [this, row] { shown_.selectedRow = row; });
-    bindings_.bind(shown_.selectedRow, [selector, row](int selected) {
-        if (selected == row) {
-            selector->setChecked(true);
-        }
-    });
+    auto* selector = makeOption(selectorCaptions.at(static_cast<std::size_t>(row)),
+                                QStringLiteral("Option%1").arg(firstSelector + row),
+                                QStringLiteral("The rows on the data sheet were measured for \"%1\".").arg(caption));
+    bindOption(bindings_, selector, shown_.selectedRow, row);
     grid->addWidget(selector, row + 1, 0);
     for (int channel = 0; channel < channelCount; ++channel) {
         const QString accessibleName = QStringLiteral("%1, angle %2").arg(caption, angleText(channel));
@@ -290,25 +221,24 @@ void CalibrationPage::addResults(QGridLayout* grid, int gridRow) {
     grid->addWidget(caption, gridRow, 0);
     for (int channel = 0; channel < channelCount; ++channel) {
         const auto index = static_cast<std::size_t>(channel);
-        auto* label = makeWorksheetLabel(QStringLiteral("Label%1").arg(resultLabels.at(index)),
-                                         QStringLiteral("DP, angle %1").arg(angleText(channel)));
-        label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        bindings_.bind(shown_.results.at(index), [label](const QString& text) { label->setText(text); });
+        auto* label = makeFramedLabel(QStringLiteral("Label%1").arg(resultLabels.at(index)),
+                                      QStringLiteral("DP, angle %1").arg(angleText(channel)));
+        bindText(bindings_, label, shown_.results.at(index));
         grid->addWidget(label, gridRow, channel + 1);
     }
 }
 
 QGroupBox* CalibrationPage::makeReference() {
-    auto* frame = new QGroupBox(QStringLiteral("&KP 7"));
-    frame->setObjectName(QStringLiteral("ReferenceFrame"));
+    auto* frame = makeFrame("&KP 7", "ReferenceFrame");
     auto* grid = makeChannelGrid(frame);
-    for (int channel = 0; channel < channelCount; ++channel) {
-        auto* heading = makeHeading(QStringLiteral("%1 / %2").arg(angleText(channel), reportColour(channel)));
+    for (const Light& light : lights) {
+        const QString angle = angleText(light.referenceColumn);
+        const QString colour = QStringLiteral("%1 %2").arg(QLatin1String(light.name), QLatin1String(light.wavelength));
+        auto* heading = makeHeading(QStringLiteral("%1 / %2").arg(angle, colour));
         heading->setToolTip(QStringLiteral("\"Calc DP\" uses this column for the angle %1, the report for the light "
                                            "colour %2.")
-                                .arg(angleText(channel), reportColour(channel)));
-        grid->addWidget(heading, 0, channel + 1);
+                                .arg(angle, colour));
+        grid->addWidget(heading, 0, light.referenceColumn + 1);
     }
     for (int row = 0; row < BoxGrid<referenceRows.size()>::rowCount; ++row) {
         const BoxRow& boxes = referenceRows.at(static_cast<std::size_t>(row));
@@ -333,28 +263,13 @@ QLineEdit* CalibrationPage::makeBox(QProperty<QString>& text, const QString& nam
     auto* box = new QLineEdit;
     box->setObjectName(name);
     box->setAccessibleName(accessibleName);
-    connect(box, &QLineEdit::textEdited, this, [&text](const QString& typed) { text = typed; });
-    bindings_.bind(text, [box](const QString& shown) {
-        if (box->text() != shown) {
-            box->setText(shown);
-        }
-    });
+    bindTyped(bindings_, box, text);
     return box;
 }
 
-QPushButton* CalibrationPage::makeButton(const QString& caption, const QString& name, const QString& toolTip,
-                                         const std::function<void()>& action) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setToolTip(toolTip);
-    connect(button, &QPushButton::clicked, this, action);
-    return button;
-}
-
-TestingPage::TestingPage(Session& session, const std::function<void()>& resetShutter, QWidget* parent)
-    : QWidget(parent) {
+TestingPage::TestingPage(Program& program) {
     setObjectName(QStringLiteral("TestingPage"));
-    auto* frame = new QGroupBox(QStringLiteral("Testing"));
+    auto* frame = makeFrame("Testing");
     auto* layout = new QVBoxLayout(frame);
 
     auto* explanation = new QLabel(QStringLiteral(
@@ -365,55 +280,37 @@ TestingPage::TestingPage(Session& session, const std::function<void()>& resetShu
     explanation->setWordWrap(true);
     layout->addWidget(explanation);
 
-    auto* button = new QPushButton(QStringLiteral("&Reset Shutter"));
-    button->setObjectName(QStringLiteral("ResetShutter"));
-    button->setToolTip(QStringLiteral("Moves the shutter to its rest position; takes up to a minute and a half."));
-    QObject::connect(button, &QPushButton::clicked, this, resetShutter);
-    bindings_.bind(session.commands.canResetShutter, [button](bool can) { button->setEnabled(can); });
-    bindings_.bind(session.commands.resetShutterVisible, [button](bool visible) { button->setVisible(visible); });
+    auto* button = makeButton(
+        "&Reset Shutter", "ResetShutter", [&program] { program.resetShutter(); },
+        "Moves the shutter to its rest position; takes up to a minute and a half.");
     layout->addWidget(button, 0, Qt::AlignLeft);
-    layout->addWidget(makeProgress(session));
+    bindEnabled(bindings_, button, program.session.commands.canResetShutter);
+    bindVisible(bindings_, button, program.session.commands.resetShutterVisible);
+    layout->addLayout(makeProgress(program.session.status));
     layout->addStretch();
 
     auto* pageLayout = new QVBoxLayout(this);
     pageLayout->addWidget(frame);
 }
 
-QWidget* TestingPage::makeProgress(Session& session) {
-    auto* shown = new QWidget;
-    auto* form = new QFormLayout(shown);
-    form->setContentsMargins(0, 0, 0, 0);
-
-    auto* status = new QLabel;
-    status->setObjectName(QStringLiteral("TestingStatus"));
-    status->setAccessibleName(QStringLiteral("Status"));
-    bindings_.bind(session.status.status, [status](const QString& text) { status->setText(text); });
-    form->addRow(QStringLiteral("Status:"), status);
-
-    auto* progress = new QLineEdit;
-    progress->setObjectName(QStringLiteral("TestingProgress"));
-    progress->setReadOnly(true);
-    QPalette palette = progress->palette();
-    palette.setColor(QPalette::Base, palette.color(QPalette::Window)); // nothing can be typed here
-    progress->setPalette(palette);
-    progress->setAccessibleName(QStringLiteral("Progress of the shutter reset"));
-    progress->setToolTip(QStringLiteral("The step of the shutter reset under way."));
-    bindings_.bind(session.status.shutterProgress, [progress](const QString& text) { progress->setText(text); });
-
-    auto* countdown = new QLabel;
-    countdown->setObjectName(QStringLiteral("TestingCountdown"));
-    countdown->setAccessibleName(QStringLiteral("Time left"));
+QLayout* TestingPage::makeProgress(const StatusState& shown) {
+    auto* status = makeValueLabel("TestingStatus", "Status");
+    bindText(bindings_, status, shown.status);
+    auto* progress =
+        makeReadOnlyBox("TestingProgress", "Progress of the shutter reset", "The step of the shutter reset under way.");
+    bindText(bindings_, progress, shown.shutterProgress);
+    auto* countdown = makeValueLabel("TestingCountdown", "Time left");
     countdown->setToolTip(QStringLiteral("How long the shutter still moves."));
     countdown->setMinimumWidth(countdown->fontMetrics().horizontalAdvance(QStringLiteral("00 s ")));
-    bindings_.bind(session.status.shutterCountdown, [countdown](const QString& text) { countdown->setText(text); });
+    bindText(bindings_, countdown, shown.shutterCountdown);
 
     auto* row = new QHBoxLayout;
     row->addWidget(progress, 1);
     row->addWidget(countdown);
-    auto* caption = new QLabel(QStringLiteral("Pro&gress:"));
-    caption->setBuddy(progress);
-    form->addRow(caption, row);
-    return shown;
+    auto* form = new QFormLayout;
+    form->addRow(QStringLiteral("Status:"), status);
+    form->addRow(makeCaption("Pro&gress:", progress), row);
+    return form;
 }
 
 } // namespace orv

@@ -2,41 +2,43 @@
 #include "ui/calibrationpage.h"
 
 #include "testing/calibrationbench.h"
-#include "testing/fakes.h"
-#include "testing/screenchecks.h"
+#include "testing/windowrig.h"
 
+#include <QGroupBox>
 #include <QListWidget>
-#include <QPushButton>
 #include <QRadioButton>
 
 namespace orv {
 
 namespace {
 
-class CalibrationPageTest : public testing::Test, protected CalibrationBench {
+class CalibrationPageTest : public WindowTest {
 protected:
-    CalibrationPageTest() {
-        page.resize(960, 560);
-        page.show();
-    }
+    CalibrationPageTest() { showPage(QStringLiteral("Calibration")); }
 
-    QString text(const char* name) { return control<QLineEdit>(page, name).text(); }
-    void press(const char* name) { control<QAbstractButton>(page, name).click(); }
-    QListWidget& list() { return control<QListWidget>(page, "List2"); }
+    QLineEdit& box(const char* name) { return find<QLineEdit>(name); }
+    std::string typed(const char* name) { return box(name).text().toStdString(); }
+    std::string title() { return find<QGroupBox>("Frame16").title().toStdString(); }
+    QRadioButton& option(const char* name) { return find<QRadioButton>(name); }
+    void click(const char* name) { find<QAbstractButton>(name).click(); }
+    QListWidget& list() { return find<QListWidget>("List2"); }
 
     void clickEntry(int row) { clickAt(*list().viewport(), list().visualItemRect(list().item(row)).center()); }
 
-    CalibrationPage page{shown, actions};
-};
+    /// Enters an instrument with the light of an option button.
+    void add(const char* name, const char* colour) {
+        retype(box("Text17"), name);
+        click(colour);
+        click("Command4");
+    }
 
-TEST_F(CalibrationPageTest, IsOperableByKeyboardAndFits) {
-    expectOperable(page);
-    expectFits(page);
-}
+    CalibrationState& shown = program.calibrationState;
+    QWidget& page = find<QWidget>("CalibrationPage");
+};
 
 TEST_F(CalibrationPageTest, TabGoesThroughTheWorkInItsOrder) {
     QStringList names;
-    const QWidget* first = &control<QLineEdit>(page, "Text17");
+    const QWidget* first = &box("Text17");
     const QWidget* widget = first;
     do {
         if ((widget->focusPolicy() & Qt::TabFocus) != 0 && !widget->objectName().isEmpty()) {
@@ -61,96 +63,96 @@ TEST_F(CalibrationPageTest, EveryBoxIsThereByItsName) {
 }
 
 TEST_F(CalibrationPageTest, BoxesStandInTheirRowAndColumn) {
-    fill(shown.worksheet, "33 34 35/18 19 20/21 22 23/24 25 26/27 28 29/30 31 32");
-    fill(shown.reference, "2 3 4/5 6 7/8 9 10/11 12 13/14 15 16");
+    CalibrationBench::fill(shown.worksheet, "33 34 35/18 19 20/21 22 23/24 25 26/27 28 29/30 31 32");
+    CalibrationBench::fill(shown.reference, "2 3 4/5 6 7/8 9 10/11 12 13/14 15 16");
     for (int number = 2; number <= 35; ++number) {
         if (number != 17) {
-            EXPECT_EQ(text(QStringLiteral("Text%1").arg(number).toLatin1().constData()).toInt(), number);
+            EXPECT_EQ(box(qPrintable(QStringLiteral("Text%1").arg(number))).text().toInt(), number);
         }
     }
-    const auto& air = control<QRadioButton>(page, "Option3");
+    const auto& air = option("Option3");
     EXPECT_EQ(air.text().toStdString(), "&Air");
-    EXPECT_EQ(control<QLineEdit>(page, "Text35").geometry().center().y(), air.geometry().center().y());
-    EXPECT_LT(control<QLineEdit>(page, "Text33").x(), control<QLineEdit>(page, "Text34").x());
-    EXPECT_LT(control<QLineEdit>(page, "Text34").x(), control<QLineEdit>(page, "Text35").x());
+    EXPECT_EQ(box("Text35").geometry().center().y(), air.geometry().center().y());
+    EXPECT_LT(box("Text33").x(), box("Text34").x());
+    EXPECT_LT(box("Text34").x(), box("Text35").x());
 }
 
 TEST_F(CalibrationPageTest, TypingFillsTheState) {
-    type(control<QLineEdit>(page, "Text19"), "12.5");
-    type(control<QLineEdit>(page, "Text16"), "7");
-    type(control<QLineEdit>(page, "Text17"), "SN & 1");
+    retype(box("Text19"), "12.5");
+    retype(box("Text16"), "7");
+    retype(box("Text17"), "SN & 1");
     EXPECT_EQ(shown.worksheet.at(1, 1).value().toStdString(), "12.5");
     EXPECT_EQ(shown.reference.at(4, 2).value().toStdString(), "7");
     EXPECT_EQ(shown.instrumentName.value().toStdString(), "SN & 1");
 }
 
 TEST_F(CalibrationPageTest, AColourMustBeChosenFirst) {
-    press("Command4");
-    EXPECT_EQ(text("Text36").toStdString(), "SELECT A COLOR");
+    click("Command4");
+    EXPECT_EQ(typed("Text36"), "SELECT A COLOR");
     EXPECT_EQ(list().count(), 0);
-    press("Option10");
-    press("Command4");
-    EXPECT_EQ(text("Text36").toStdString(), "");
+    click("Option10");
+    click("Command4");
+    EXPECT_EQ(typed("Text36"), "");
     EXPECT_EQ(list().count(), 1);
-    EXPECT_EQ(control<QLabel>(page, "Label70").text().toStdString(), "1");
-    EXPECT_EQ(actions.table.colour(0), LightColour::Blue);
+    EXPECT_EQ(text("Label70"), "1");
+    EXPECT_EQ(program.calibration.table.colour(0), LightColour::Blue);
 }
 
 TEST_F(CalibrationPageTest, EnterInTheNameAdds) {
-    press("Option9");
-    type(control<QLineEdit>(page, "Text17"), "SN1");
-    pressKey(control<QLineEdit>(page, "Text17"), Qt::Key_Return);
+    click("Option9");
+    retype(box("Text17"), "SN1");
+    press(box("Text17"), Qt::Key_Return);
     ASSERT_EQ(list().count(), 1);
     EXPECT_EQ(list().item(0)->text().toStdString(), "SN1");
 }
 
 TEST_F(CalibrationPageTest, NavigationShowsNameIndexAndColour) {
-    add("one", LightColour::Red);
-    add("A & B", LightColour::Green);
-    EXPECT_EQ(control<QGroupBox>(page, "Frame16").title().toStdString(), "Worksheet");
-    press("Command5");
-    EXPECT_EQ(control<QGroupBox>(page, "Frame16").title().toStdString(), "A && B");
-    EXPECT_EQ(control<QLabel>(page, "Label71").text().toStdString(), "1");
-    EXPECT_TRUE(control<QRadioButton>(page, "Option11").isChecked());
+    add("one", "Option9");
+    add("A & B", "Option11");
+    EXPECT_EQ(title(), "Worksheet");
+    click("Command5");
+    EXPECT_EQ(title(), "A && B");
+    EXPECT_EQ(text("Label71"), "1");
+    EXPECT_TRUE(option("Option11").isChecked());
     EXPECT_EQ(list().currentRow(), 1);
-    press("Command8");
-    EXPECT_EQ(control<QGroupBox>(page, "Frame16").title().toStdString(), "one");
-    EXPECT_TRUE(control<QRadioButton>(page, "Option9").isChecked());
-    EXPECT_FALSE(control<QRadioButton>(page, "Option11").isChecked());
+    click("Command8");
+    EXPECT_EQ(title(), "one");
+    EXPECT_TRUE(option("Option9").isChecked());
+    EXPECT_FALSE(option("Option11").isChecked());
     EXPECT_EQ(list().currentRow(), 0);
-    EXPECT_EQ(text("Text18").toStdString(), "0");
+    EXPECT_EQ(typed("Text18"), "0");
 }
 
 TEST_F(CalibrationPageTest, AClickShowsAnEntryAgainAndAgain) {
-    add("one", LightColour::Red);
-    add("two", LightColour::Blue);
+    add("one", "Option9");
+    add("two", "Option10");
     EXPECT_EQ(list().currentRow(), -1) << "adding shows nothing";
     clickEntry(1);
     EXPECT_EQ(shown.current.value(), 1);
-    type(control<QLineEdit>(page, "Text18"), "99");
+    retype(box("Text18"), "99");
     clickEntry(1);
-    EXPECT_EQ(text("Text18").toStdString(), "0");
+    EXPECT_EQ(typed("Text18"), "0");
 }
 
 TEST_F(CalibrationPageTest, KeysMoveThroughTheList) {
-    add("one", LightColour::Red);
-    add("two", LightColour::Blue);
+    add("one", "Option9");
+    add("two", "Option10");
     clickEntry(0);
-    pressKey(list(), Qt::Key_Down);
+    press(list(), Qt::Key_Down);
     EXPECT_EQ(shown.current.value(), 1);
     EXPECT_EQ(shown.worksheetCaption.value().toStdString(), "two");
 }
 
 TEST_F(CalibrationPageTest, TheFirstInstrumentIsHighlightedWhenItIsShown) {
-    add("one", LightColour::Red);
-    press("Command5");
+    add("one", "Option9");
+    click("Command5");
     EXPECT_EQ(list().currentRow(), 0);
 }
 
 TEST_F(CalibrationPageTest, AnEighthInstrumentIsListedAndTold) {
-    press("Option9");
+    click("Option9");
     for (int count = 0; count < 8; ++count) {
-        press("Command4");
+        click("Command4");
     }
     EXPECT_EQ(list().count(), 8);
     EXPECT_EQ(messages.shown.size(), 1U);
@@ -161,100 +163,82 @@ TEST_F(CalibrationPageTest, AnEighthInstrumentIsListedAndTold) {
 }
 
 TEST_F(CalibrationPageTest, CalcDpFillsTheSelectedRowAndItsResults) {
-    fillSheet({QStringLiteral("10 20 30")});
-    fill(shown.reference, "1 1 1/2 3 4/0 0 0/0 0 0/0 0 0");
-    press("Option4");
-    press("Command12");
-    press("Option5");
-    press("Command12");
-    EXPECT_EQ(text("Text18").toStdString(), "10");
-    EXPECT_EQ(text("Text23").toStdString(), "30");
-    EXPECT_EQ(control<QLabel>(page, "Label57").text().toStdString(), "20");
-    EXPECT_EQ(control<QLabel>(page, "Label59").text().toStdString(), "60");
-    EXPECT_EQ(control<QLabel>(page, "Label61").text().toStdString(), "120");
+    sheet.appendRow({QStringLiteral("1"), QStringLiteral("1/5/99"), QStringLiteral("9:05:07"), QStringLiteral("10"),
+                     QStringLiteral("20"), QStringLiteral("30")});
+    state.plc = 1;
+    CalibrationBench::fill(shown.reference, "1 1 1/2 3 4/0 0 0/0 0 0/0 0 0");
+    click("Option4");
+    click("Command12");
+    click("Option5");
+    click("Command12");
+    EXPECT_EQ(typed("Text18"), "10");
+    EXPECT_EQ(typed("Text23"), "30");
+    EXPECT_EQ(text("Label57"), "20");
+    EXPECT_EQ(text("Label59"), "60");
+    EXPECT_EQ(text("Label61"), "120");
 }
 
 TEST_F(CalibrationPageTest, RowsAndColoursAreChosenIndependently) {
-    press("Option3");
-    press("Option8");
-    press("Option9");
-    press("Option11");
+    click("Option3");
+    click("Option8");
+    click("Option9");
+    click("Option11");
     EXPECT_EQ(shown.selectedRow.value(), 5);
     EXPECT_EQ(shown.colour.value(), LightColour::Green);
-    EXPECT_TRUE(control<QRadioButton>(page, "Option8").isChecked());
-    EXPECT_FALSE(control<QRadioButton>(page, "Option3").isChecked());
+    EXPECT_TRUE(option("Option8").isChecked());
+    EXPECT_FALSE(option("Option3").isChecked());
 }
 
 TEST_F(CalibrationPageTest, SaveCalInfoAsksForAName) {
-    press("Command14");
+    click("Command14");
     EXPECT_EQ(answers.asked.size(), 1);
 }
 
 TEST_F(CalibrationPageTest, TheListTakingTheFocusShowsNothing) {
-    add("one", LightColour::Red);
-    type(control<QLineEdit>(page, "Text33"), "123");
-    page.show();
-    page.activateWindow();
+    add("one", "Option9");
+    retype(box("Text33"), "123");
+    window->activateWindow();
     list().setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(text("Text33").toStdString(), "123");
+    EXPECT_EQ(typed("Text33"), "123");
 }
 
-} // namespace
-
-namespace {
-
-class TestingPageTest : public testing::Test {
+class TestingPageTest : public WindowTest {
 protected:
-    TestingPageTest() {
-        page.resize(960, 560);
-        page.show();
-    }
-
-    QPushButton& button() { return control<QPushButton>(page, "ResetShutter"); }
+    TestingPageTest() { showPage(QStringLiteral("Testing")); }
 
     void connectInstrument() {
-        session.commands.portOpen = true;
-        session.commands.resetShutterEnabled = true;
+        commands.portOpen = true;
+        commands.resetShutterEnabled = true;
+        said();
     }
-
-    TestClock clock;
-    RecordedMessages messages;
-    Session session{clock, messages};
-    int resets = 0;
-    TestingPage page{session, [this] { ++resets; }};
 };
 
-TEST_F(TestingPageTest, IsOperableByKeyboardAndFits) {
-    expectOperable(page);
-    expectFits(page);
-}
-
 TEST_F(TestingPageTest, TheShutterNeedsAConnectionAndRest) {
-    EXPECT_FALSE(button().isEnabled());
+    EXPECT_FALSE(button("ResetShutter").isEnabled());
     connectInstrument();
-    EXPECT_TRUE(button().isEnabled());
-    button().click();
-    EXPECT_EQ(resets, 1);
-    session.commands.activity = Activity::Collecting;
-    EXPECT_FALSE(button().isEnabled());
+    EXPECT_TRUE(button("ResetShutter").isEnabled());
+    button("ResetShutter").click();
+    EXPECT_EQ(said(), "Reset Shutter\r");
+    commands.activity = Activity::Collecting;
+    EXPECT_FALSE(button("ResetShutter").isEnabled());
 }
 
 TEST_F(TestingPageTest, TheButtonGoesWithTheClosedPort) {
     connectInstrument();
-    session.commands.resetShutterVisible = false;
-    EXPECT_FALSE(button().isVisible());
-    session.commands.resetShutterVisible = true;
-    EXPECT_TRUE(button().isVisible());
+    commands.resetShutterVisible = false;
+    EXPECT_FALSE(button("ResetShutter").isVisible());
+    commands.resetShutterVisible = true;
+    EXPECT_TRUE(button("ResetShutter").isVisible());
 }
 
 TEST_F(TestingPageTest, ShowsStatusStepAndCountdown) {
-    session.status.status = QStringLiteral("Resetting Shutter");
-    session.status.shutterProgress = QStringLiteral("Moving Shutter");
-    session.status.shutterCountdown = QStringLiteral("29 s");
-    EXPECT_EQ(control<QLabel>(page, "TestingStatus").text().toStdString(), "Resetting Shutter");
-    EXPECT_EQ(control<QLineEdit>(page, "TestingProgress").text().toStdString(), "Moving Shutter");
-    EXPECT_TRUE(control<QLineEdit>(page, "TestingProgress").isReadOnly());
-    EXPECT_EQ(control<QLabel>(page, "TestingCountdown").text().toStdString(), "29 s");
+    status.status = QStringLiteral("Resetting Shutter");
+    status.shutterProgress = QStringLiteral("Moving Shutter");
+    status.shutterCountdown = QStringLiteral("29 s");
+    EXPECT_EQ(text("TestingStatus"), "Resetting Shutter");
+    EXPECT_EQ(find<QLineEdit>("TestingProgress").text().toStdString(), "Moving Shutter");
+    EXPECT_TRUE(find<QLineEdit>("TestingProgress").isReadOnly());
+    EXPECT_EQ(text("TestingCountdown"), "29 s");
 }
 
 } // namespace

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/debugpage.h"
 
+#include "ui/widgets.h"
+
 #include <QCheckBox>
 #include <QFontDatabase>
 #include <QFormLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListView>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -71,19 +68,14 @@ DebugListModel::DebugListModel(DebugList& list)
     timer_.setSingleShot(true);
     timer_.setInterval(viewInterval);
     connect(&timer_, &QTimer::timeout, this, &DebugListModel::flush);
-    list_.appended = [this](bool) {
-        waiting_ = std::min(waiting_ + 1, DebugList::maximumEntries);
-        later();
-    };
-    list_.lastSelected = [this] {
-        selectLast_ = true;
-        later();
-    };
-}
-
-DebugListModel::~DebugListModel() {
-    list_.appended = nullptr;
-    list_.lastSelected = nullptr;
+    subscriptions_ = {list.appended.subscribe([this](bool) {
+                          waiting_ = std::min(waiting_ + 1, DebugList::maximumEntries);
+                          later();
+                      }),
+                      list.lastSelected.subscribe([this] {
+                          selectLast_ = true;
+                          later();
+                      })};
 }
 
 int DebugListModel::rowCount(const QModelIndex& parent) const {
@@ -119,96 +111,76 @@ void DebugListModel::flush() {
         endInsertRows();
         waiting_ = 0;
     }
-    if (std::exchange(selectLast_, false) && lastSelected) {
-        lastSelected();
+    if (std::exchange(selectLast_, false)) {
+        lastSelected.tell();
     }
 }
 
-namespace {
-
-QLabel* makeDebugLabel(const QString& accessibleName) {
-    auto* label = new QLabel;
-    label->setAccessibleName(accessibleName);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    return label;
-}
-
-} // namespace
-
-DebugPage::DebugPage(const Parts& parts, QWidget* parent)
-    : QWidget(parent)
-    , p_(parts)
-    , model_(parts.debug.list) {
+DebugPage::DebugPage(Program& program)
+    : program_(program)
+    , debug_(program.debug)
+    , session_(program.session)
+    , model_(debug_.list) {
     setObjectName(QStringLiteral("DebugPage"));
     auto* layout = new QHBoxLayout(this);
-    layout->addWidget(makeDebugFrame(), 1);
-    layout->addLayout(makeSensorFrames());
+    auto* frame = makeDebugFrame();
+    layout->addWidget(frame, 1);
+    bindVisible(bindings_, frame, debug_.debugFrameVisible);
+    auto* frames = new QVBoxLayout;
+    layout->addLayout(frames);
+    addSensorFrames(frames);
     layout->addStretch(); // keeps the sensor frames narrow when the debug frame is hidden
 }
 
 QGroupBox* DebugPage::makeDebugFrame() {
-    auto* frame = new QGroupBox(QStringLiteral("Tidelane Debug Screen"));
-    frame->setObjectName(QStringLiteral("DebugFrame"));
-    auto* layout = new QVBoxLayout(frame);
-    layout->addWidget(makeOutputControls());
+    auto* frame = makeFrame("Tidelane Debug Screen", "DebugFrame");
     auto* list = makeList();
-    auto* caption = new QLabel(QStringLiteral("&Traffic, newest last:"));
-    caption->setBuddy(list);
-    layout->addWidget(caption);
+    auto* layout = new QVBoxLayout(frame);
+    auto* controls = new QHBoxLayout;
+    layout->addLayout(controls);
+    addOutputControls(controls);
+    layout->addWidget(makeCaption("&Traffic, newest last:", list));
     layout->addWidget(list, 1);
-    layout->addWidget(makeDirectSend());
-    layout->addWidget(makeStatusRow());
-    bindings_.bind(p_.debug.debugFrameVisible, [frame](bool visible) { frame->setVisible(visible); });
+    auto* sending = new QHBoxLayout;
+    layout->addLayout(sending);
+    addDirectSend(sending);
+    layout->addWidget(makeStatus());
     return frame;
 }
 
-QWidget* DebugPage::makeOutputControls() {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-
+void DebugPage::addOutputControls(QHBoxLayout* layout) {
     auto* output = new QCheckBox(QStringLiteral("&Comm 2 Debug Output"));
     output->setObjectName(QStringLiteral("Check1"));
     output->setToolTip(QStringLiteral("Copies what the program announces about its own work to COM 2."));
     connect(output, &QCheckBox::clicked, this, [this, output](bool ticked) {
-        p_.setComm2Output(ticked);
+        program_.setComm2Output(ticked);
         // A port that cannot be opened clears a flag that was never set, which nobody is told.
-        output->setChecked(p_.debug.comm2Output);
+        output->setChecked(debug_.comm2Output);
     });
-    bindings_.bind(p_.debug.comm2Output, [output](bool ticked) { output->setChecked(ticked); });
+    bindings_.bind(debug_.comm2Output, [output](bool ticked) { output->setChecked(ticked); });
 
-    auto* raw = makeOption(QStringLiteral("&Raw Buffer"), QStringLiteral("Option1"),
-                           QStringLiteral("Lists every block of characters as it is read from the instrument."));
+    auto* raw =
+        makeOption("&Raw Buffer", "Option1", "Lists every block of characters as it is read from the instrument.");
     connect(raw, &QRadioButton::clicked, this, [this] {
-        p_.debug.rawBuffer = true;
-        p_.debug.showParsing = false;
-        p_.ports.debugsay(QStringLiteral("Huh?"));
+        debug_.rawBuffer = true;
+        debug_.showParsing = false;
+        program_.ports.debugsay(QStringLiteral("Huh?"));
     });
-    bindings_.bind(p_.debug.rawBuffer, [raw](bool selected) { raw->setChecked(selected); });
+    bindings_.bind(debug_.rawBuffer, [raw](bool selected) { raw->setChecked(selected); });
 
-    auto* parsing = makeOption(QStringLiteral("Sho&w Parsing"), QStringLiteral("Option2"),
-                               QStringLiteral("Lists every line that is cut out of what the instrument sends."));
+    auto* parsing =
+        makeOption("Sho&w Parsing", "Option2", "Lists every line that is cut out of what the instrument sends.");
     connect(parsing, &QRadioButton::clicked, this, [this] {
-        p_.debug.rawBuffer = false;
-        p_.debug.showParsing = true;
+        debug_.rawBuffer = false;
+        debug_.showParsing = true;
     });
-    bindings_.bind(p_.debug.showParsing, [parsing](bool selected) { parsing->setChecked(selected); });
+    bindings_.bind(debug_.showParsing, [parsing](bool selected) { parsing->setChecked(selected); });
 
-    for (QWidget* control :
-         {static_cast<QWidget*>(output), static_cast<QWidget*>(raw), static_cast<QWidget*>(parsing)}) {
+    for (QAbstractButton* control : std::initializer_list<QAbstractButton*>{output, raw, parsing}) {
         layout->addWidget(control);
         showInServiceMode(control);
     }
     layout->addStretch();
-    return row;
-}
-
-QRadioButton* DebugPage::makeOption(const QString& caption, const QString& name, const QString& toolTip) {
-    auto* option = new QRadioButton(caption);
-    option->setObjectName(name);
-    option->setToolTip(toolTip);
-    return option;
 }
 
 QListView* DebugPage::makeList() {
@@ -226,10 +198,10 @@ QListView* DebugPage::makeList() {
                                                                             : ControlSymbols::Arrows);
     list->setModel(&model_);
     makeHint(list);
-    model_.lastSelected = [this, list] {
+    lastSelected_ = model_.lastSelected.subscribe([this, list] {
         list->setCurrentIndex(model_.index(model_.rowCount() - 1));
         list->scrollToBottom();
-    };
+    });
     return list;
 }
 
@@ -244,7 +216,7 @@ void DebugPage::makeHint(QListView* list) {
     auto* layout = new QVBoxLayout(list->viewport());
     layout->addWidget(hint);
     const auto show = [this, hint] {
-        hint->setText(p_.debug.rawBuffer || p_.debug.showParsing
+        hint->setText(debug_.rawBuffer || debug_.showParsing
                           ? QStringLiteral("Nothing has been received since.")
                           : QStringLiteral("Choose \"Raw Buffer\" or \"Show Parsing\" to list what the instrument "
                                            "sends."));
@@ -254,128 +226,85 @@ void DebugPage::makeHint(QListView* list) {
         connect(&model_, changed, this, show);
     }
     connect(&model_, &QAbstractItemModel::modelReset, this, show);
-    bindings_.bind(p_.debug.rawBuffer, [show](bool) { show(); });
-    bindings_.bind(p_.debug.showParsing, [show](bool) { show(); });
+    bindings_.bind(debug_.rawBuffer, [show](bool) { show(); });
+    bindings_.bind(debug_.showParsing, [show](bool) { show(); });
 }
 
-QWidget* DebugPage::makeDirectSend() {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    auto* caption = new QLabel(QStringLiteral("Te&xt to send:"));
-    text_ = new QLineEdit;
-    text_->setObjectName(QStringLiteral("DirectSendText"));
-    text_->setToolTip(QStringLiteral("Is sent exactly as typed; nothing is added at its end."));
-    caption->setBuddy(text_);
-    auto* button = new QPushButton(QStringLiteral("&Direct Send"));
-    button->setObjectName(QStringLiteral("DirectSend"));
-    button->setToolTip(QStringLiteral("Sends the text to the instrument, if a port is open and nothing else is under "
-                                      "way."));
-    connect(button, &QPushButton::clicked, this, &DebugPage::send);
-    connect(text_, &QLineEdit::returnPressed, button, &QPushButton::click);
-    bindings_.bind(p_.session.commands.undisturbed, [button](bool undisturbed) { button->setEnabled(undisturbed); });
-    layout->addWidget(caption);
-    layout->addWidget(text_, 1);
+void DebugPage::addDirectSend(QHBoxLayout* layout) {
+    auto* text = new QLineEdit;
+    text->setObjectName(QStringLiteral("DirectSendText"));
+    text->setToolTip(QStringLiteral("Is sent exactly as typed; nothing is added at its end."));
+    auto* button = makeButton(
+        "&Direct Send", "DirectSend", [this, text] { program_.directSend.send(text->text()); },
+        "Sends the text to the instrument, if a port is open and nothing else is under way.");
+    connect(text, &QLineEdit::returnPressed, button, &QPushButton::click);
+    bindEnabled(bindings_, button, session_.commands.undisturbed);
+    layout->addWidget(makeCaption("Te&xt to send:", text));
+    layout->addWidget(text, 1);
     layout->addWidget(button);
-    showInServiceMode(text_);
-    return row;
+    showInServiceMode(text);
 }
 
-QWidget* DebugPage::makeStatusRow() {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-
-    auto* statusFrame = new QGroupBox(QStringLiteral("Status"));
-    auto* status = new QLabel;
-    status->setObjectName(QStringLiteral("DebugStatus"));
-    status->setAccessibleName(QStringLiteral("Status"));
-    auto* statusLayout = new QHBoxLayout(statusFrame);
-    statusLayout->addWidget(status);
-    bindings_.bind(p_.session.status.status, [status](const QString& text) {
+QGroupBox* DebugPage::makeStatus() {
+    auto* status = makeValueLabel("DebugStatus", "Status");
+    bindings_.bind(session_.status.status, [status](const QString& text) {
         status->setText(text);
         status->repaint(); // a procedure that does not yield may follow
     });
-
     auto* caption = new QLabel(QStringLiteral("Buffer"));
-    auto* buffer = makeDebugLabel(QStringLiteral("Buffer"));
-    buffer->setObjectName(QStringLiteral("DebugBuffer"));
+    auto* buffer = makeFramedLabel("DebugBuffer", "Buffer");
     buffer->setToolTip(QStringLiteral("Characters received that do not make a whole line yet."));
     buffer->setMinimumWidth(buffer->fontMetrics().horizontalAdvance(QStringLiteral("000000")));
-    buffer->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    bindings_.bind(p_.session.status.bufferCount, [buffer](int count) { buffer->setText(QString::number(count)); });
-
-    statusLayout->addStretch(1);
-    statusLayout->addWidget(caption);
-    statusLayout->addWidget(buffer);
-    layout->addWidget(statusFrame, 1);
+    bindings_.bind(session_.status.bufferCount, [buffer](int count) { buffer->setText(QString::number(count)); });
+    auto* frame = makeFrame("Status");
+    auto* layout = new QHBoxLayout(frame);
+    layout->addWidget(status);
+    layout->addStretch(1);
+    layout->addWidget(caption);
+    layout->addWidget(buffer);
     showInServiceMode(caption);
     showInServiceMode(buffer);
-    return row;
-}
-
-QVBoxLayout* DebugPage::makeSensorFrames() {
-    auto* layout = new QVBoxLayout;
-    DebugState& debug = p_.debug;
-    const QString output = QStringLiteral("Output");
-
-    auto* fluorometer = makeSensorFrame(QStringLiteral("Fluorometer"), QStringLiteral("FluorometerFrame"),
-                                        debug.fluorometerFrameVisible);
-    addOutput(fluorometer, output, QStringLiteral("Fluorometer output"), debug.fluorometerOutput);
-
-    auto* scattering =
-        makeSensorFrame(QStringLiteral("Scattering Meter"), QStringLiteral("OutputFrame"), debug.outputFrameVisible);
-    constexpr std::array<const char*, 3> angles{"100", "125", "150"};
-    for (std::size_t angle = 0; angle < debug.scatteringOutputs.size(); ++angle) {
-        const QString degrees = QString::fromLatin1(angles.at(angle));
-        addOutput(scattering, output + u' ' + degrees, QStringLiteral("Scattering output at %1 degrees").arg(degrees),
-                  debug.scatteringOutputs.at(angle));
-    }
-    addOutput(scattering, QStringLiteral("Ref Det"), QStringLiteral("Reference detector"), debug.scatteringReference);
-
-    auto* transmissometer = makeSensorFrame(QStringLiteral("Transmissometer"), QStringLiteral("TransmissometerFrame"),
-                                            debug.transmissometerFrameVisible);
-    addOutput(transmissometer, output, QStringLiteral("Transmissometer output"), debug.transmissometerOutput);
-
-    auto* turbidity = makeSensorFrame(QStringLiteral("Turbidty Sensor"), QStringLiteral("TurbidityFrame"),
-                                      debug.turbidityFrameVisible);
-    addOutput(turbidity, output, QStringLiteral("Turbidity sensor output"), debug.turbidityOutput);
-
-    for (QGroupBox* frame : {fluorometer, scattering, transmissometer, turbidity}) {
-        layout->addWidget(frame);
-    }
-    layout->addStretch();
-    return layout;
-}
-
-QGroupBox* DebugPage::makeSensorFrame(const QString& title, const QString& name, const QProperty<bool>& visible) {
-    auto* frame = new QGroupBox(title);
-    frame->setObjectName(name);
-    frame->setToolTip(QStringLiteral("The newest values that the instrument has sent in a run."));
-    new QFormLayout(frame);
-    bindings_.bind(visible, [frame](bool shown) { frame->setVisible(shown); });
     return frame;
 }
 
-void DebugPage::addOutput(QGroupBox* frame, const QString& caption, const QString& accessibleName,
+void DebugPage::addSensorFrames(QVBoxLayout* frames) {
+    const QString output = QStringLiteral("Output");
+    addOutput(addSensorFrame(frames, "Fluorometer", "FluorometerFrame", debug_.fluorometerFrameVisible), output,
+              QStringLiteral("Fluorometer output"), debug_.fluorometerOutput);
+    auto* scattering = addSensorFrame(frames, "Scattering Meter", "OutputFrame", debug_.outputFrameVisible);
+    for (std::size_t channel = 0; channel < channelAngles.size(); ++channel) {
+        const QString degrees = QString::fromLatin1(channelAngles.at(channel));
+        addOutput(scattering, output + u' ' + degrees, QStringLiteral("Scattering output at %1 degrees").arg(degrees),
+                  debug_.scatteringOutputs.at(channel));
+    }
+    addOutput(scattering, QStringLiteral("Ref Det"), QStringLiteral("Reference detector"), debug_.scatteringReference);
+    addOutput(addSensorFrame(frames, "Transmissometer", "TransmissometerFrame", debug_.transmissometerFrameVisible),
+              output, QStringLiteral("Transmissometer output"), debug_.transmissometerOutput);
+    addOutput(addSensorFrame(frames, "Turbidty Sensor", "TurbidityFrame", debug_.turbidityFrameVisible), output,
+              QStringLiteral("Turbidity sensor output"), debug_.turbidityOutput);
+    frames->addStretch();
+}
+
+QFormLayout* DebugPage::addSensorFrame(QVBoxLayout* frames, QAnyStringView title, QAnyStringView name,
+                                       const QProperty<bool>& visible) {
+    auto* frame = makeFrame(title, name);
+    frame->setToolTip(QStringLiteral("The newest values that the instrument has sent in a run."));
+    frames->addWidget(frame);
+    bindVisible(bindings_, frame, visible);
+    return new QFormLayout(frame);
+}
+
+void DebugPage::addOutput(QFormLayout* form, const QString& caption, const QString& accessibleName,
                           const QProperty<QString>& value) {
-    auto* label = makeDebugLabel(accessibleName);
-    label->setObjectName(accessibleName);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* label = makeFramedLabel(accessibleName, accessibleName);
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")));
-    bindings_.bind(value, [label](const QString& text) { label->setText(text); });
-    qobject_cast<QFormLayout*>(frame->layout())->addRow(caption, label);
+    bindText(bindings_, label, value);
+    form->addRow(caption, label);
 }
 
 void DebugPage::showInServiceMode(QWidget* control) {
-    bindings_.bind(p_.pages.serviceMode, [control](bool on) {
-        control->setVisible(on);
-        control->setEnabled(on);
-    });
-}
-
-void DebugPage::send() {
-    p_.directSend.send(text_->text());
+    bindVisible(bindings_, control, program_.pages.serviceMode);
+    bindEnabled(bindings_, control, program_.pages.serviceMode);
 }
 
 } // namespace orv

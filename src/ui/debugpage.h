@@ -1,25 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/observe.h"
-#include "link/debug.h"
-#include "link/directsend.h"
-#include "program/pages.h"
+#include "program/program.h"
 
 #include <QAbstractListModel>
 #include <QTimer>
 #include <QWidget>
 
-#include <functional>
-
+class QFormLayout;
 class QGroupBox;
-
-class QLineEdit;
-
+class QHBoxLayout;
 class QListView;
-
-class QRadioButton;
-
 class QVBoxLayout;
 
 namespace orv {
@@ -35,14 +26,11 @@ QString visibleText(const QString& text, ControlSymbols symbols);
 
 /// The debug list as a view shows it.
 ///
-/// A busy line brings hundreds of entries a second; the view hears of them together, about 20 times a second. One list
-/// has one model, which must not outlive it.
+/// A busy line brings hundreds of entries a second; the view hears of them together, about 20 times a second. The list
+/// outlives the model.
 class DebugListModel final : public QAbstractListModel {
 public:
     explicit DebugListModel(DebugList& list);
-    DebugListModel(const DebugListModel&) = delete;
-    DebugListModel& operator=(const DebugListModel&) = delete;
-    ~DebugListModel() override;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -53,8 +41,8 @@ public:
     /// Lets the view hear of everything now.
     void flush();
 
-    /// Called when the last row is to be selected.
-    std::function<void()> lastSelected;
+    /// The last row is to be selected.
+    Signal<> lastSelected;
 
 private:
     void later();
@@ -65,42 +53,33 @@ private:
     bool selectLast_ = false;
     ControlSymbols symbols_ = ControlSymbols::Pictures;
     QTimer timer_;
+    std::vector<Subscription> subscriptions_;
 };
 
 /// The page "Debug Screen": raw traffic, parsed lines, direct send, the debug output, the newest values.
 class DebugPage final : public QWidget {
 public:
-    /// What the page draws and acts on; everything outlives it.
-    struct Parts {
-        Session& session;
-        ComPorts& ports;
-        DebugState& debug;
-        PageState& pages;
-        DirectSend& directSend;
-        /// "Comm 2 Debug Output" was clicked; opens the port or clears the shown's flag again.
-        std::function<void(bool ticked)> setComm2Output;
-    };
-
-    explicit DebugPage(const Parts& parts, QWidget* parent = nullptr);
+    explicit DebugPage(Program& program);
 
 private:
     QGroupBox* makeDebugFrame();
-    QWidget* makeOutputControls();
+    void addOutputControls(QHBoxLayout* layout);
     QListView* makeList();
     void makeHint(QListView* list);
-    QWidget* makeDirectSend();
-    QWidget* makeStatusRow();
-    QVBoxLayout* makeSensorFrames();
-    QGroupBox* makeSensorFrame(const QString& title, const QString& name, const QProperty<bool>& visible);
-    void addOutput(QGroupBox* frame, const QString& caption, const QString& accessibleName,
+    void addDirectSend(QHBoxLayout* layout);
+    QGroupBox* makeStatus();
+    void addSensorFrames(QVBoxLayout* frames);
+    QFormLayout* addSensorFrame(QVBoxLayout* frames, QAnyStringView title, QAnyStringView name,
+                                const QProperty<bool>& visible);
+    void addOutput(QFormLayout* form, const QString& caption, const QString& accessibleName,
                    const QProperty<QString>& value);
-    QRadioButton* makeOption(const QString& caption, const QString& name, const QString& toolTip);
     void showInServiceMode(QWidget* control);
-    void send();
 
-    Parts p_;
+    Program& program_;
+    DebugState& debug_;
+    const Session& session_;
     DebugListModel model_;
-    QLineEdit* text_ = nullptr;
+    Subscription lastSelected_;
     Bindings bindings_;
 };
 

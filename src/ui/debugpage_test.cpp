@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/debugpage.h"
 
-#include "program/program.h"
-#include "testing/fakes.h"
-#include "testing/screenchecks.h"
+#include "testing/windowrig.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
-#include <QDir>
-#include <QElapsedTimer>
 #include <QListView>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace orv {
 
@@ -45,7 +36,7 @@ protected:
                          [this](const QModelIndex&, int first, int last) {
                              changes << QStringLiteral("-%1-%2").arg(first).arg(last);
                          });
-        model.lastSelected = [this] { changes << QStringLiteral("last"); };
+        last = model.lastSelected.subscribe([this] { changes << QStringLiteral("last"); });
     }
 
     void append(std::size_t count) {
@@ -59,6 +50,7 @@ protected:
     DebugList list;
     DebugListModel model{list};
     QStringList changes;
+    Subscription last;
     int next = 0;
 };
 
@@ -86,12 +78,7 @@ TEST_F(DebugListModelTest, TheViewSeesTheSymbolsTheEntryStays) {
 
 TEST_F(DebugListModelTest, ItHearsByItself) {
     append(1);
-    QElapsedTimer patience;
-    patience.start();
-    while (model.rowCount() == 0 && patience.elapsed() < 5000) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    EXPECT_EQ(model.rowCount(), 1);
+    EXPECT_TRUE(WindowRig::waitFor([this] { return model.rowCount() == 1; }));
 }
 
 TEST_F(DebugListModelTest, AFullListLosesItsOldest) {
@@ -130,76 +117,30 @@ TEST_F(DebugListModelTest, TheListOutlivesTheModel) {
     EXPECT_EQ(longLived.entries().size(), 1U);
 }
 
-} // namespace
-
-namespace {
-
-/// The page over the whole program, with the test at the far end of both ports.
-class DebugScreenTest : public testing::Test {
+/// The page in its window, in the service mode, with an open port and no debug output.
+class DebugScreenTest : public WindowTest {
 protected:
     DebugScreenTest() {
-        program.ports.setDevice(1, QStringLiteral("instrument"));
-        program.ports.setDevice(2, QStringLiteral("debug"));
-        program.ports.open();
+        program.setComm2Output(false);
+        ports.open();
         program.toggleServiceMode();
-        program.selectLowerTab(QStringLiteral("Debug Screen"));
-        page.resize(960, 560);
-        page.show();
-    }
-
-    void receive(const char* bytes) {
-        instrument->input += bytes;
-        program.tick();
+        showPage(QStringLiteral("Debug Screen"));
     }
 
     std::string listed() const {
         QStringList entries;
-        for (const QString& entry : program.debug.list.entries()) {
+        for (const QString& entry : debug.list.entries()) {
             entries << visibleText(entry, ControlSymbols::Pictures);
         }
         return entries.join(u'|').toStdString();
     }
 
-    void click(const char* name) { control<QAbstractButton>(page, name).click(); }
-    bool visible(const char* name) { return control<QWidget>(page, name).isVisible(); }
-
-    TestClock clock;
-    RecordedMessages messages;
-    PreparedAnswers answers;
-    SteppedYield yield{clock};
-    FakePort* instrument = nullptr;
-    FakePort* debugPort = nullptr;
-    QString debugPortReason;
-    Program program{{.clock = clock,
-                     .events = yield,
-                     .messages = messages,
-                     .questions = answers,
-                     .makePort = [this](const QString& device) {
-                         auto port = std::make_unique<FakePort>();
-                         if (device == QLatin1String("debug")) {
-                             port->openReason = debugPortReason;
-                             debugPort = port.get();
-                         } else {
-                             instrument = port.get();
-                         }
-                         return port;
-                     }}};
-    DirectSend directSend{program.ports};
-    DebugPage page{{.session = program.session,
-                    .ports = program.ports,
-                    .debug = program.debug,
-                    .pages = program.pages,
-                    .directSend = directSend,
-                    .setComm2Output = [this](bool ticked) { program.setComm2Output(ticked); }}};
+    void click(const char* name) { find<QAbstractButton>(name).click(); }
+    bool visible(const char* name) { return find<QWidget>(name).isVisible(); }
 };
 
-TEST_F(DebugScreenTest, IsOperableByKeyboardAndFits) {
-    expectOperable(page);
-    expectFits(page);
-}
-
 TEST_F(DebugScreenTest, AnEmptyListSaysHowToFillIt) {
-    auto& hint = control<QLabel>(page, "DebugListHint");
+    auto& hint = find<QLabel>("DebugListHint");
     EXPECT_TRUE(hint.isVisible());
     EXPECT_EQ(hint.text().toStdString(),
               "Choose \"Raw Buffer\" or \"Show Parsing\" to list what the instrument sends.");
@@ -210,13 +151,8 @@ TEST_F(DebugScreenTest, AnEmptyListSaysHowToFillIt) {
         EXPECT_EQ(hint.text().toStdString(), "Nothing has been received since.");
     }
     receive("abc\r\n");
-    auto& list = control<QListView>(page, "DebugList");
-    QElapsedTimer patience;
-    patience.start();
-    while (list.model()->rowCount() == 0 && patience.elapsed() < 60'000) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-    }
-    ASSERT_EQ(list.model()->rowCount(), 1);
+    auto& list = find<QListView>("DebugList");
+    ASSERT_TRUE(waitFor([&list] { return list.model()->rowCount() == 1; }));
     EXPECT_FALSE(hint.isVisible());
     EXPECT_FALSE(hint.isVisibleTo(&list));
 }
@@ -226,7 +162,7 @@ TEST_F(DebugScreenTest, RawBufferListsBlocks) {
     receive("abc\r\nde\r\n");
     EXPECT_EQ(listed(), "abc\u240d\u240ade\u240d\u240a");
     program.tick();
-    EXPECT_EQ(program.debug.list.entries().size(), 1U);
+    EXPECT_EQ(debug.list.entries().size(), 1U);
 }
 
 TEST_F(DebugScreenTest, ShowParsingListsLinesOneAPoll) {
@@ -240,7 +176,7 @@ TEST_F(DebugScreenTest, ShowParsingListsLinesOneAPoll) {
 TEST_F(DebugScreenTest, WithoutServiceModeNothingIsListed) {
     program.toggleServiceMode();
     for (const char* option : {"Option1", "Option2"}) {
-        (option == std::string("Option1") ? program.debug.rawBuffer : program.debug.showParsing) = true;
+        (option == std::string("Option1") ? debug.rawBuffer : debug.showParsing) = true;
         receive("abc\r\n");
     }
     EXPECT_EQ(listed(), "");
@@ -252,25 +188,25 @@ TEST_F(DebugScreenTest, TheControlsBelongToTheServiceMode) {
     }
     program.toggleServiceMode();
     for (const char* name : {"Check1", "Option1", "Option2", "DirectSendText", "DebugBuffer"}) {
-        EXPECT_TRUE(control<QWidget>(page, name).isHidden()) << name;
-        EXPECT_FALSE(control<QWidget>(page, name).isEnabled()) << name;
+        EXPECT_TRUE(find<QWidget>(name).isHidden()) << name;
+        EXPECT_FALSE(find<QWidget>(name).isEnabled()) << name;
     }
 }
 
 TEST_F(DebugScreenTest, RawBufferAnnouncesItselfShowParsingDoesNot) {
     click("Check1");
-    ASSERT_NE(debugPort, nullptr);
+    ASSERT_TRUE(com2.isOpen());
     click("Option1");
-    EXPECT_EQ(debugPort->allWritten(), "Huh?\r");
+    EXPECT_EQ(said(), "Huh?\r");
     click("Option2");
-    EXPECT_EQ(debugPort->allWritten(), "Huh?\r");
-    EXPECT_FALSE(program.debug.rawBuffer);
-    EXPECT_FALSE(control<QRadioButton>(page, "Option1").isChecked());
+    EXPECT_EQ(said(), "");
+    EXPECT_FALSE(debug.rawBuffer);
+    EXPECT_FALSE(find<QRadioButton>("Option1").isChecked());
 }
 
 TEST_F(DebugScreenTest, ADebugPortThatCannotBeOpenedClearsTheBox) {
-    debugPortReason = QStringLiteral("There is no such device.");
-    auto& box = control<QCheckBox>(page, "Check1");
+    com2.openReason = QStringLiteral("There is no such device.");
+    auto& box = find<QCheckBox>("Check1");
     for (int attempt = 1; attempt <= 2; ++attempt) {
         box.click();
         EXPECT_FALSE(box.isChecked()) << attempt;
@@ -279,34 +215,34 @@ TEST_F(DebugScreenTest, ADebugPortThatCannotBeOpenedClearsTheBox) {
 }
 
 TEST_F(DebugScreenTest, DirectSendKeepsTheText) {
-    auto& box = control<QLineEdit>(page, "DirectSendText");
-    type(box, "P 1");
+    auto& box = find<QLineEdit>("DirectSendText");
+    retype(box, "P 1");
     click("DirectSend");
-    EXPECT_EQ(instrument->allWritten(), "P 1");
+    EXPECT_EQ(com1.allWritten(), "P 1");
     EXPECT_EQ(box.text().toStdString(), "P 1");
-    pressKey(box, Qt::Key_Return);
-    EXPECT_EQ(instrument->allWritten(), "P 1P 1");
+    press(box, Qt::Key_Return);
+    EXPECT_EQ(com1.allWritten(), "P 1P 1");
 }
 
 TEST_F(DebugScreenTest, DirectSendOnAClosedPortOnlyAnnounces) {
     click("Check1");
-    program.ports.close();
-    type(control<QLineEdit>(page, "DirectSendText"), "P");
+    ports.close();
+    retype(find<QLineEdit>("DirectSendText"), "P");
     click("DirectSend");
-    EXPECT_TRUE(instrument->writes.empty());
-    EXPECT_TRUE(debugPort->allWritten().endsWith("Direct Enter\r"));
+    EXPECT_TRUE(com1.writes.empty());
+    EXPECT_TRUE(com2.allWritten().endsWith("Direct Enter\r"));
     EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(DebugScreenTest, DirectSendWaitsForWhatIsUnderWay) {
-    program.session.commands.activity = Activity::Collecting;
-    EXPECT_FALSE(control<QPushButton>(page, "DirectSend").isEnabled());
-    program.session.commands.activity = Activity::None;
-    EXPECT_TRUE(control<QPushButton>(page, "DirectSend").isEnabled());
+    commands.activity = Activity::Collecting;
+    EXPECT_FALSE(button("DirectSend").isEnabled());
+    commands.activity = Activity::None;
+    EXPECT_TRUE(button("DirectSend").isEnabled());
 }
 
 TEST_F(DebugScreenTest, TheNewestEntryIsSelected) {
-    auto& list = control<QListView>(page, "DebugList");
+    auto& list = find<QListView>("DebugList");
     click("Option2");
     receive("abc\r\nde\r\n");
     program.tick();
@@ -316,14 +252,13 @@ TEST_F(DebugScreenTest, TheNewestEntryIsSelected) {
 }
 
 TEST_F(DebugScreenTest, StatusAndBufferFollow) {
-    program.session.status.status = QStringLiteral("Connecting...");
+    status.status = QStringLiteral("Connecting...");
     receive("abc");
-    EXPECT_EQ(control<QLabel>(page, "DebugStatus").text().toStdString(), "Connecting...");
-    EXPECT_EQ(control<QLabel>(page, "DebugBuffer").text().toStdString(), "3");
+    EXPECT_EQ(text("DebugStatus"), "Connecting...");
+    EXPECT_EQ(text("DebugBuffer"), "3");
 }
 
 TEST_F(DebugScreenTest, FramesAndTheirValuesFollow) {
-    DebugState& debug = program.debug;
     const std::vector<std::pair<const char*, QProperty<bool>*>> frames = {
         {"DebugFrame", &debug.debugFrameVisible},
         {"FluorometerFrame", &debug.fluorometerFrameVisible},
@@ -342,11 +277,11 @@ TEST_F(DebugScreenTest, FramesAndTheirValuesFollow) {
     debug.fluorometerOutput = QStringLiteral("77");
     debug.transmissometerOutput = QStringLiteral("78");
     debug.turbidityOutput = QStringLiteral("79");
-    EXPECT_EQ(control<QLabel>(page, "Scattering output at 125 degrees").text().toStdString(), "125.5");
-    EXPECT_EQ(control<QLabel>(page, "Reference detector").text().toStdString(), "4000");
-    EXPECT_EQ(control<QLabel>(page, "Fluorometer output").text().toStdString(), "77");
-    EXPECT_EQ(control<QLabel>(page, "Transmissometer output").text().toStdString(), "78");
-    EXPECT_EQ(control<QLabel>(page, "Turbidity sensor output").text().toStdString(), "79");
+    EXPECT_EQ(text("Scattering output at 125 degrees"), "125.5");
+    EXPECT_EQ(text("Reference detector"), "4000");
+    EXPECT_EQ(text("Fluorometer output"), "77");
+    EXPECT_EQ(text("Transmissometer output"), "78");
+    EXPECT_EQ(text("Turbidity sensor output"), "79");
 }
 
 } // namespace

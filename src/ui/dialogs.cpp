@@ -24,17 +24,14 @@ AboutDialog::AboutDialog(QWidget* parent)
     setObjectName(QStringLiteral("AboutDialog"));
     setWindowTitle(QStringLiteral("About Orv Host"));
     auto* name = new QLabel(QStringLiteral("ORV Host Program"));
-    QFont font = name->font();
-    font.setPointSizeF(font.pointSizeF() * 1.6);
-    name->setFont(font);
+    enlarge(name, 1.6);
     auto* version = new QLabel(QStringLiteral("Version ") + QCoreApplication::applicationVersion());
     version->setObjectName(QStringLiteral("VersionLabel"));
     auto* purpose = new QLabel(QStringLiteral("Connects the ORV self-logging optical water sensors GLOW and TRX:\n"
                                               "settings, live data, stored data, calibration."));
-    auto* ok = new QPushButton(QStringLiteral("&OK"));
-    ok->setObjectName(QStringLiteral("cmdOK"));
+    auto* ok = makeButton("&OK", "cmdOK", [this] { accept(); });
+    ok->setAutoDefault(true);
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, [this] { accept(); });
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(24, 20, 24, 16);
     layout->setSpacing(12);
@@ -57,16 +54,10 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setMinimumSize(420, 110);
-    const auto addButton = [](const QString& caption, const QString& name) {
-        auto* button = new QPushButton(caption);
-        button->setObjectName(name);
-        button->setAutoDefault(false);
-        return button;
-    };
-    auto* start = addButton(QStringLiteral("&Start"), QStringLiteral("ManualStart"));
-    auto* proceed = addButton(QStringLiteral("&Proceed"), QStringLiteral("ManualProceed"));
-    auto* retry = addButton(QStringLiteral("&Retry"), QStringLiteral("ManualRetry"));
-    auto* quit = addButton(QStringLiteral("&Quit"), QStringLiteral("ManualQuit"));
+    auto* start = makeButton("&Start", "ManualStart", [this] { manual_.start(); });
+    auto* proceed = makeButton("&Proceed", "ManualProceed", [this] { manual_.proceed(); });
+    auto* retry = makeButton("&Retry", "ManualRetry", [this] { manual_.retry(); });
+    auto* quit = makeButton("&Quit", "ManualQuit", [this] { manual_.quit(); });
 
     auto* buttons = new QHBoxLayout;
     // A double click on "Proceed" must not press "Start", which appears as it goes.
@@ -79,18 +70,13 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     layout->addWidget(text, 1);
     layout->addLayout(buttons);
 
-    connect(start, &QPushButton::clicked, this, [this] { manual_.start(); });
-    connect(proceed, &QPushButton::clicked, this, [this] { manual_.proceed(); });
-    connect(retry, &QPushButton::clicked, this, [this] { manual_.retry(); });
-    connect(quit, &QPushButton::clicked, this, [this] { manual_.quit(); });
-
     const ManualConnectionState& shown = manual.shown;
-    bindings_.bind(shown.text, [text](const QString& shown) { text->setPlainText(shown); });
-    bindings_.bind(shown.startVisible, [start](bool on) { start->setVisible(on); });
-    bindings_.bind(shown.startEnabled, [start](bool on) { start->setEnabled(on); });
-    bindings_.bind(shown.proceedVisible, [proceed](bool on) { proceed->setVisible(on); });
-    bindings_.bind(shown.retryEnabled, [retry](bool on) { retry->setEnabled(on); });
-    bindings_.bind(shown.visible, [this](bool on) { setVisible(on); });
+    bindings_.bind(shown.text, [text](const QString& now) { text->setPlainText(now); });
+    bindVisible(bindings_, start, shown.startVisible);
+    bindEnabled(bindings_, start, shown.startEnabled);
+    bindVisible(bindings_, proceed, shown.proceedVisible);
+    bindEnabled(bindings_, retry, shown.retryEnabled);
+    bindVisible<QDialog>(bindings_, this, shown.visible);
 }
 
 void ManualConnectionDialog::reject() {
@@ -108,18 +94,9 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     bar->setObjectName(QStringLiteral("ProgressBar"));
     bar->setAccessibleName(QStringLiteral("Progress"));
     bar->setTextVisible(false); // the labels tell it
-    QLabel* label = makeValueLabel(QStringLiteral("ProgressLabel"), QStringLiteral("What is counted"));
-    QLabel* value = makeValueLabel(QStringLiteral("ProgressValue"), QStringLiteral("Value"));
-    QLabel* percentage = makeValueLabel(QStringLiteral("ProgressPercentage"), QStringLiteral("Percentage"));
-    QPushButton* abortButton = makeButton(
-        QStringLiteral("&Abort"), QStringLiteral("Abort"),
-        [this] {
-            if (abort) {
-                abort();
-            }
-        },
-        QStringLiteral("A download is stopped with \"Reset\" on the main window."));
-
+    QLabel* label = makeValueLabel("ProgressLabel", "What is counted");
+    QLabel* value = makeValueLabel("ProgressValue", "Value");
+    QLabel* percentage = makeValueLabel("ProgressPercentage", "Percentage");
     auto* labels = new QHBoxLayout;
     labels->setSpacing(12);
     labels->addWidget(label);
@@ -128,7 +105,8 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     labels->addWidget(percentage);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    buttons->addWidget(abortButton);
+    buttons->addWidget(makeButton(
+        "&Abort", "Abort", [] {}, "A download is stopped with \"Reset\" on the main window."));
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addLayout(labels);
@@ -143,15 +121,12 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
         bar->setRange(0, maximum);
         bar->setValue(std::clamp(shown_.value.value(), 0, maximum));
     };
-    const auto follow = [this](const QProperty<QString>& text, QLabel* shown) {
-        bindings_.bind(text, [shown](const QString& now) { shown->setText(now); });
-    };
     bindings_.bind(shown.maximum, [drawBar](int /*maximum*/) { drawBar(); });
     bindings_.bind(shown.value, [drawBar](int /*value*/) { drawBar(); });
-    follow(shown.label, label);
-    follow(shown.valueLabel, value);
-    follow(shown.percentage, percentage);
-    bindings_.bind(shown.visible, [this](bool on) { setVisible(on); });
+    bindText(bindings_, label, shown.label);
+    bindText(bindings_, value, shown.valueLabel);
+    bindText(bindings_, percentage, shown.percentage);
+    bindVisible<QDialog>(bindings_, this, shown.visible);
 }
 
 void ProgressDialog::reject() {
@@ -182,7 +157,7 @@ PlainEnglishWindow::PlainEnglishWindow(const LoggerSettings& record, QWidget* pa
     area_->setFocusPolicy(Qt::NoFocus);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    buttons->addWidget(makeButton(QStringLiteral("&Close"), QStringLiteral("ClosePlainEnglish"), [this] { close(); }));
+    buttons->addWidget(makeButton("&Close", "ClosePlainEnglish", [this] { close(); }));
     connect(new QShortcut(QKeySequence(QKeySequence::Cancel), this), &QShortcut::activated, this, [this] { close(); });
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(area_, 1);
@@ -208,7 +183,7 @@ QWidget* PlainEnglishWindow::makeText() const {
     int top = topOfFirstLine;
     int width = 0;
     for (std::size_t line = 0; line < PlainEnglish::lineCount; ++line) {
-        QLabel* label = makeValueLabel(QString::fromLatin1(lineNames[line]), QStringLiteral("Description"));
+        QLabel* label = makeValueLabel(lineNames[line], "Description");
         label->setParent(text);
         label->setText(english.lines.at(line));
         // Without an end of the block there is nothing to say of the next one, and no line is left free for it.

@@ -9,21 +9,18 @@
 #include <QScrollArea>
 #include <QWidget>
 
-#include <functional>
-
 namespace orv {
 
 /// The About dialog: the program's name and version.
 class AboutDialog final : public QDialog {
 public:
-    explicit AboutDialog(QWidget* parent = nullptr);
+    explicit AboutDialog(QWidget* parent);
 };
 
 /// The "Manual Connection" dialog. It does not block the main window.
 class ManualConnectionDialog final : public QDialog {
 public:
-    /// `manual` and its shown outlive the dialog.
-    explicit ManualConnectionDialog(ManualConnection& manual, QWidget* parent = nullptr);
+    ManualConnectionDialog(ManualConnection& manual, QWidget* parent);
 
     /// Esc and the frame's close button.
     void reject() override;
@@ -34,13 +31,10 @@ private:
 };
 
 /// The dialog "Processing": how far a retrieval, a sending or a download has come. It does not block other windows;
-/// closing it only hides it.
+/// closing it only hides it. "Abort" does nothing: its tool tip says what does.
 class ProgressDialog final : public QDialog {
 public:
-    explicit ProgressDialog(ProgressState& shown, QWidget* parent = nullptr);
-
-    /// What the "Abort" button does; empty: nothing.
-    std::function<void()> abort;
+    ProgressDialog(ProgressState& shown, QWidget* parent);
 
     void reject() override;
 

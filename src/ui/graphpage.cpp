@@ -2,8 +2,10 @@
 #include "ui/graphpage.h"
 
 #include "base/files.h"
+#include "ui/curvelist.h"
 #include "ui/plotcanvas.h"
 #include "ui/plotpicture.h"
+#include "ui/widgets.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -23,129 +25,6 @@ namespace orv {
 
 namespace {
 
-constexpr int linesBeforeCurves = 3;
-
-QLabel* makeValue(const QString& name, const QString& accessibleName) {
-    auto* label = new QLabel;
-    label->setObjectName(name);
-    label->setAccessibleName(accessibleName);
-    label->setTextFormat(Qt::PlainText);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    // A fixed width, so that a new number does not lay out the page anew.
-    label->setFixedWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("00000.00000")));
-    return label;
-}
-
-} // namespace
-
-CurveList::CurveList(Actions actions, QWidget* parent)
-    : QWidget(parent)
-    , actions_(std::move(actions))
-    , title_(new QLabel)
-    , grid_(new QGridLayout) {
-    setObjectName(QStringLiteral("CurveList"));
-    title_->setObjectName(QStringLiteral("ReadoutTitle"));
-    title_->setTextFormat(Qt::PlainText);
-    record_ = addValue(*grid_, 0, QStringLiteral("ReadoutRecord"), QStringLiteral("Record"));
-    date_ = addValue(*grid_, 1, QStringLiteral("ReadoutDate"), QStringLiteral("Date"));
-    time_ = addValue(*grid_, 2, QStringLiteral("ReadoutTime"), QStringLiteral("Time"));
-    grid_->setColumnStretch(0, 1);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(title_);
-    layout->addLayout(grid_);
-    layout->addStretch(1);
-}
-
-QLabel* CurveList::addValue(QGridLayout& grid, int row, const QString& name, const QString& caption) {
-    auto* value = makeValue(name, caption);
-    grid.addWidget(new QLabel(caption), row, 0);
-    grid.addWidget(value, row, 1);
-    return value;
-}
-
-void CurveList::setCurves(const QStringList& names, const std::vector<bool>& shown) {
-    // A control that has the focus stays, so that a header row that is laid out anew does not take the focus away.
-    while (lines_.size() > static_cast<std::size_t>(names.size())) {
-        delete lines_.back().box;
-        delete lines_.back().value;
-        lines_.pop_back();
-    }
-    for (auto curve = static_cast<int>(lines_.size()); curve < names.size(); ++curve) {
-        auto* box = new QCheckBox;
-        box->setObjectName(QStringLiteral("Curve%1").arg(curve + 1));
-        box->setIconSize(QSize(28, 14));
-        box->setToolTip(QStringLiteral("Shows or hides this curve (Alt+%1).").arg(curve + 1));
-        box->installEventFilter(this);
-        connect(box, &QCheckBox::toggled, this, [this, curve](bool on) { actions_.switched(curve, on); });
-        auto* value = makeValue(QStringLiteral("ReadoutValue%1").arg(curve + 1), QString());
-        grid_->addWidget(box, linesBeforeCurves + curve, 0);
-        grid_->addWidget(value, linesBeforeCurves + curve, 1);
-        lines_.push_back({.box = box, .value = value});
-    }
-    for (std::size_t curve = 0; curve < lines_.size(); ++curve) {
-        const QString& name = names[static_cast<qsizetype>(curve)];
-        const auto& [box, value] = lines_[curve];
-        const QSignalBlocker quiet(box);
-        box->setText(QString(name).replace(u'&', QLatin1String("&&")));
-        // A letter of the name would change with the header row; a new text takes the shortcut away.
-        box->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(curve))));
-        box->setAccessibleName(QStringLiteral("Curve %1").arg(name));
-        box->setChecked(shown[curve]);
-        value->setAccessibleName(QStringLiteral("Value of %1").arg(name));
-    }
-}
-
-void CurveList::followInTabOrder(QWidget* before) {
-    for (const Line& line : lines_) {
-        setTabOrder(before, line.box);
-        before = line.box;
-    }
-}
-
-void CurveList::setSwatches(const std::vector<QIcon>& swatches) {
-    for (std::size_t curve = 0; curve < std::min(lines_.size(), swatches.size()); ++curve) {
-        lines_[curve].box->setIcon(swatches[curve]);
-    }
-}
-
-void CurveList::show(const Readout& readout) {
-    title_->setText(readout.title);
-    record_->setText(readout.record);
-    date_->setText(readout.date);
-    time_->setText(readout.time);
-    for (std::size_t curve = 0; curve < lines_.size(); ++curve) {
-        lines_[curve].value->setText(readout.values.value(static_cast<qsizetype>(curve)));
-    }
-}
-
-bool CurveList::eventFilter(QObject* /*watched*/, QEvent* event) {
-    switch (event->type()) {
-    case QEvent::Enter:
-    case QEvent::Leave:
-    case QEvent::FocusIn:
-    case QEvent::FocusOut:
-        // The box itself knows of it only when it has handled the event.
-        QMetaObject::invokeMethod(
-            this, [this] { tellRegarded(); }, Qt::QueuedConnection);
-        break;
-    default:
-        break;
-    }
-    return false;
-}
-
-void CurveList::tellRegarded() {
-    const auto first = [this](auto regarded) {
-        const auto found = std::find_if(lines_.begin(), lines_.end(), regarded);
-        return found == lines_.end() ? -1 : static_cast<int>(found - lines_.begin());
-    };
-    const int pointed = first([](const Line& line) { return line.box->underMouse(); });
-    actions_.regarded(pointed >= 0 ? pointed : first([](const Line& line) { return line.box->hasFocus(); }));
-}
-
-namespace {
-
 constexpr double shortestRefreshDelay = 330.0; ///< Milliseconds from the first change to drawing it.
 constexpr double drawingShare = 20.0;          ///< The delay is so many times what drawing takes, if that is more.
 
@@ -155,27 +34,13 @@ bool receives(Activity activity) {
 
 } // namespace
 
-GraphPage::GraphPage(const Parts& parts, QWidget* parent)
-    : QGroupBox(QStringLiteral("Graphical"), parent)
-    , p_(parts)
-    , data_(parts.sheet)
-    , canvas_(new PlotCanvas(data_, {.zoomed = [this] { setMode(PlotView::Mode::Own); },
-                                     .showAll = [this] { setMode(PlotView::Mode::All); },
-                                     .follow = [this] { setMode(PlotView::Mode::Newest); },
-                                     .cursorMoved = [this](int point) { readOut(point); }}))
-    , list_(new CurveList({.switched =
-                               [this](int curve, bool shown) {
-                                   shown_[static_cast<std::size_t>(curve)] = shown;
-                                   canvas_->setShown(curve, shown);
-                                   view_.setMode(view_.mode()); // the others get the room
-                                   stale_ = true;
-                                   refreshNow();
-                               },
-                           .regarded =
-                               [this](int curve) {
-                                   canvas_->emphasise(curve);
-                                   canvas_->drawNow();
-                               }}))
+GraphPage::GraphPage(Program& program)
+    : QGroupBox(QStringLiteral("Graphical"))
+    , program_(program)
+    , sheet_(program.sheet)
+    , data_(sheet_)
+    , canvas_(new PlotCanvas(data_))
+    , list_(new CurveList)
     , note_(new QLabel) {
     setObjectName(QStringLiteral("GraphicalPage"));
     canvas_->setObjectName(QStringLiteral("Plot"));
@@ -193,26 +58,24 @@ GraphPage::GraphPage(const Parts& parts, QWidget* parent)
     layout->addWidget(note_);
     setTabOrder(bar->findChildren<QPushButton*>().constLast(), canvas_);
 
+    operator_ = {canvas_->zoomed.subscribe([this] { setMode(PlotView::Mode::Own); }),
+                 canvas_->allWanted.subscribe([this] { setMode(PlotView::Mode::All); }),
+                 canvas_->newestWanted.subscribe([this] { setMode(PlotView::Mode::Newest); }),
+                 canvas_->cursorMoved.subscribe([this](int point) { readOut(point); }),
+                 list_->switched.subscribe([this](int curve, bool shown) { switchCurve(curve, shown); }),
+                 list_->regarded.subscribe([this](int curve) {
+                     canvas_->emphasise(curve);
+                     canvas_->drawNow();
+                 })};
     refreshTimer_.setSingleShot(true);
     connect(&refreshTimer_, &QTimer::timeout, this, [this] { refreshNow(); });
-    bindings_.bind(p_.commands.activity, [this](Activity activity) {
+    bindings_.bind(program.session.commands.activity, [this](Activity activity) {
         view_.setReceiving(receives(activity));
         canvas_->setLive(receives(activity));
         showMode();
         schedule();
     });
     refreshTheme();
-}
-
-QPushButton* GraphPage::makeButton(const QString& caption, const char* name, const QString& toolTip,
-                                   const std::function<void()>& action) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(toolTip);
-    if (action) {
-        connect(button, &QPushButton::clicked, this, [action] { action(); });
-    }
-    return button;
 }
 
 QMenu* GraphPage::makeSaveMenu(QWidget* parent) {
@@ -238,37 +101,28 @@ QWidget* GraphPage::makeBar() {
     axis->setObjectName(QStringLiteral("PlotAxis"));
     axis->setToolTip(QStringLiteral("What the curves are drawn over."));
     axis->addItems({QStringLiteral("Record number"), QStringLiteral("Time")});
-    auto* axisLabel = new QLabel(QStringLiteral("&X axis :"));
-    axisLabel->setBuddy(axis);
-    connect(axis, &QComboBox::currentIndexChanged, this, [this](int index) {
-        data_.setAxis(index == 1 ? PlotData::Axis::Time : PlotData::Axis::Record);
-        if (view_.mode() == PlotView::Mode::Own) {
-            view_.setMode(PlotView::Mode::All); // what was zoomed to lies on another axis
-            showMode();
-        }
-        stale_ = true;
-        refreshNow();
-    });
-    follow_ = makeButton(QStringLiteral("&Follow"), "Follow", QStringLiteral("Shows the newest rows as they come."),
-                         [this] { setMode(PlotView::Mode::Newest); });
-    showAll_ = makeButton(QStringLiteral("Show A&ll"), "ShowAll",
-                          QStringLiteral("Shows all rows. A double click on the curves does the same."),
-                          [this] { setMode(PlotView::Mode::All); });
+    connect(axis, &QComboBox::currentIndexChanged, this,
+            [this](int index) { setAxis(index == 1 ? PlotData::Axis::Time : PlotData::Axis::Record); });
+    follow_ = makeButton(
+        "&Follow", "Follow", [this] { setMode(PlotView::Mode::Newest); }, "Shows the newest rows as they come.");
+    showAll_ = makeButton(
+        "Show A&ll", "ShowAll", [this] { setMode(PlotView::Mode::All); },
+        "Shows all rows. A double click on the curves does the same.");
     follow_->setCheckable(true);
     showAll_->setCheckable(true);
-    auto* save = makeButton(QStringLiteral("Save Pict&ure"), "SavePicture",
-                            QStringLiteral("Saves the curves as they are seen as a PNG, PDF or SVG file."), {});
+    auto* save = makeButton(
+        "Save Pict&ure", "SavePicture", [] {}, "Saves the curves as they are seen as a PNG, PDF or SVG file.");
     save->setMenu(makeSaveMenu(save));
-    auto* copy = makeButton(QStringLiteral("Cop&y"), "CopyPicture",
-                            QStringLiteral("Copies the curves as they are seen as a picture to the clipboard."),
-                            [this] { copyPicture(); });
-    auto* printButton = makeButton(QStringLiteral("Print &Graph..."), "PrintPicture",
-                                   QStringLiteral("Prints the curves as they are seen."), [this] { print(); });
+    auto* copy = makeButton(
+        "Cop&y", "CopyPicture", [this] { copyPicture(); },
+        "Copies the curves as they are seen as a picture to the clipboard.");
+    auto* printButton = makeButton(
+        "Print &Graph...", "PrintPicture", [this] { print(); }, "Prints the curves as they are seen.");
 
     auto* bar = new QWidget;
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(axisLabel);
+    row->addWidget(makeCaption("&X axis :", axis));
     row->addWidget(axis);
     row->addSpacing(16);
     row->addWidget(follow_);
@@ -278,6 +132,24 @@ QWidget* GraphPage::makeBar() {
     row->addWidget(copy);
     row->addWidget(printButton);
     return bar;
+}
+
+void GraphPage::setAxis(PlotData::Axis axis) {
+    data_.setAxis(axis);
+    if (view_.mode() == PlotView::Mode::Own) {
+        view_.setMode(PlotView::Mode::All); // what was zoomed to lies on another axis
+        showMode();
+    }
+    stale_ = true;
+    refreshNow();
+}
+
+void GraphPage::switchCurve(int curve, bool shown) {
+    shown_[static_cast<std::size_t>(curve)] = shown;
+    canvas_->setShown(curve, shown);
+    view_.setMode(view_.mode()); // the others get the room
+    stale_ = true;
+    refreshNow();
 }
 
 void GraphPage::schedule() {
@@ -386,11 +258,11 @@ void GraphPage::readOut(int point) {
     readout.title = pointed_ >= 0 ? QStringLiteral("Row under the cursor") : QStringLiteral("Newest row");
     const int row = pointed_ >= 0 ? data_.row(pointed_) : data_.rowCount() - 1;
     if (row >= data_.rowsOfOtherLayout() && row >= 0) {
-        readout.record = p_.sheet.cell(row, sheetcolumn::record);
-        readout.date = p_.sheet.cell(row, sheetcolumn::date);
-        readout.time = p_.sheet.cell(row, sheetcolumn::time);
+        readout.record = sheet_.cell(row, sheetcolumn::record);
+        readout.date = sheet_.cell(row, sheetcolumn::date);
+        readout.time = sheet_.cell(row, sheetcolumn::time);
         for (int curve = 0; curve < data_.curveCount(); ++curve) {
-            readout.values << p_.sheet.cell(row, sheetcolumn::firstValue + curve);
+            readout.values << sheet_.cell(row, sheetcolumn::firstValue + curve);
         }
     }
     list_->show(readout);
@@ -408,8 +280,9 @@ void GraphPage::refreshTheme() {
 
 void GraphPage::savePicture(PictureFormat format) {
     const QString suffix = pictureSuffix(format);
-    const QString name = p_.questions.saveFileName(QStringLiteral("Save Picture"), p_.shown.fileName.value() + suffix,
-                                                   suffix, QLatin1Char('*') + suffix);
+    const QString name =
+        program_.questions.saveFileName(QStringLiteral("Save Picture"), program_.sheetState.fileName.value() + suffix,
+                                        suffix, QLatin1Char('*') + suffix);
     if (name.isEmpty()) {
         return;
     }
@@ -433,11 +306,8 @@ void GraphPage::print() {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     printer.setDocName(QStringLiteral("Curves of the data sheet"));
-    const auto choose = [this](QPrinter& chosen) {
-        QPrintDialog dialog(&chosen, this);
-        return dialog.exec() == QDialog::Accepted;
-    };
-    if (!(p_.choosePrinter ? p_.choosePrinter(printer) : choose(printer))) {
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted) {
         return;
     }
     refreshNow();
@@ -449,14 +319,14 @@ void GraphPage::print() {
 }
 
 void GraphPage::tell(const QString& title, const QString& text) {
-    p_.messages.show(operatorWarning(text, title));
+    program_.session.messages.show(operatorWarning(text, title));
 }
 
 void GraphPage::showEvent(QShowEvent* event) {
     QGroupBox::showEvent(event);
     const auto follow = [this] { schedule(); };
-    subscriptions_ = {p_.sheet.rowAppended.subscribe(follow), p_.sheet.headerChanged.subscribe(follow),
-                      p_.sheet.rowsRemoved.subscribe(follow)};
+    subscriptions_ = {sheet_.rowAppended.subscribe(follow), sheet_.headerChanged.subscribe(follow),
+                      sheet_.rowsRemoved.subscribe(follow)};
     stale_ = true;
     refreshNow();
 }

@@ -14,7 +14,6 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -40,16 +39,28 @@ QWidget* scrollable(QWidget* page) {
     return area;
 }
 
+ChoiceTabBar* makeStrip(const QStringList& captions, const char* name, const char* accessibleName,
+                        const char* toolTip) {
+    auto* strip = new ChoiceTabBar(captions);
+    strip->setObjectName(QLatin1String(name));
+    strip->setAccessibleName(QLatin1String(accessibleName));
+    strip->setToolTip(QLatin1String(toolTip));
+    strip->setDrawBase(false);
+    return strip;
+}
+
 } // namespace
 
 MainWindow::MainWindow(Program& program, WindowEvents& events)
     : program_(program)
-    , events_(events) {
+    , events_(events)
+    , upperTabs_(makeStrip(upperCaptions(), "TabStrip1", "Pages", "Form Select Tabs."))
+    , lowerTabs_(makeStrip(lowerCaptions(), "TabStrip2", "Service pages",
+                           "Special Tidelane Debug screens and Tools. Internal use only so far."))
+    , pageArea_(new QWidget) {
     speakLabelValues();
     setObjectName(QStringLiteral("MainWindow"));
-    auto* centre = new QWidget;
-    makeTabStrips(centre);
-    setCentralWidget(centre);
+    layOut();
     makeMenus();
     makeShortcuts();
     resize(1000, 680);
@@ -79,25 +90,13 @@ void MainWindow::prepareAllPages() {
     if (sheetPage_ != nullptr) {
         return;
     }
-    sheetPage_ = new SheetPage(program_.sheet, program_.sheetState, program_.session.commands,
-                               {.saveAs = [this] { program_.saveAs(); },
-                                .open = [this] { program_.openSheet(); },
-                                .clearAll = [this] { program_.clearAll(); }});
+    sheetPage_ = new SheetPage(program_);
+    graphPage_ = new GraphPage(program_);
     addPage(Page::Sheet, sheetPage_);
-    graphPage_ = new GraphPage({.sheet = program_.sheet,
-                                .shown = program_.sheetState,
-                                .commands = program_.session.commands,
-                                .messages = program_.session.messages,
-                                .questions = program_.questions});
     addPage(Page::Graphical, graphPage_);
-    addPage(Page::Debug, new DebugPage({.session = program_.session,
-                                        .ports = program_.ports,
-                                        .debug = program_.debug,
-                                        .pages = program_.pages,
-                                        .directSend = program_.directSend,
-                                        .setComm2Output = [this](bool ticked) { program_.setComm2Output(ticked); }}));
-    addPage(Page::Testing, scrollable(new TestingPage(program_.session, [this] { program_.resetShutter(); })));
-    addPage(Page::Calibration, scrollable(new CalibrationPage(program_.calibrationState, program_.calibration)));
+    addPage(Page::Debug, new DebugPage(program_));
+    addPage(Page::Testing, scrollable(new TestingPage(program_)));
+    addPage(Page::Calibration, scrollable(new CalibrationPage(program_)));
     // What is made later stands at the end of the tab order; the service strip comes after every page.
     QWidget* last = previousInFocusChain();
     while ((last->focusPolicy() & Qt::TabFocus) == 0 && last != lowerTabs_) {
@@ -106,49 +105,41 @@ void MainWindow::prepareAllPages() {
     setTabOrder(last, lowerTabs_);
 }
 
-void MainWindow::makeTabStrips(QWidget* centre) {
-    upperTabs_ = new ChoiceTabBar(upperCaptions());
-    upperTabs_->setObjectName(QStringLiteral("TabStrip1"));
-    upperTabs_->setAccessibleName(QStringLiteral("Pages"));
-    upperTabs_->setToolTip(QStringLiteral("Form Select Tabs."));
-    upperTabs_->setDrawBase(false);
-    lowerTabs_ = new ChoiceTabBar(lowerCaptions());
-    lowerTabs_->setObjectName(QStringLiteral("TabStrip2"));
-    lowerTabs_->setAccessibleName(QStringLiteral("Service pages"));
-    lowerTabs_->setToolTip(QStringLiteral("Special Tidelane Debug screens and Tools. Internal use only so far."));
-    lowerTabs_->setDrawBase(false);
-    lowerTabs_->setShape(QTabBar::RoundedSouth);
-    pageArea_ = new QWidget;
-    auto* pageLayout = new QVBoxLayout(pageArea_);
-    pageLayout->setContentsMargins(0, 0, 0, 0);
-    addPage(Page::Status, scrollable(new StatusPage(program_, {.run = [this] { program_.run(); },
-                                                               .reset = [this] { program_.reset(); },
-                                                               .resetShutter = [this] { program_.resetShutter(); }})));
+void MainWindow::layOut() {
+    auto* centre = new QWidget;
     auto* layout = new QVBoxLayout(centre);
+    auto* pages = new QVBoxLayout(pageArea_);
+    pages->setContentsMargins(0, 0, 0, 0);
     auto* upperRow = new QHBoxLayout;
-    upperRow->addWidget(upperTabs_);
-    upperRow->addStretch(1);
-    upperRow->addWidget(makeSimulationMarker());
+    auto* serviceRow = new QHBoxLayout;
     layout->addLayout(upperRow);
     layout->addWidget(pageArea_, 1);
+    layout->addLayout(serviceRow);
+    upperRow->addWidget(upperTabs_);
+    upperRow->addStretch(1);
+    addSimulationMarker(upperRow);
+    addPage(Page::Status, scrollable(new StatusPage(program_)));
+    addServiceMarker(serviceRow);
+    serviceRow->addWidget(lowerTabs_);
+    serviceRow->addStretch(1);
+    lowerTabs_->setShape(QTabBar::RoundedSouth);
+    setCentralWidget(centre);
+
+    subscriptions_ = {
+        upperTabs_->tabChosen.subscribe([this](const QString& caption) { program_.selectUpperTab(caption); }),
+        lowerTabs_->tabChosen.subscribe([this](const QString& caption) { program_.selectLowerTab(caption); })};
+    bindings_.bind(program_.pages.shown, [this](Page page) { showPage(page); });
+    bindVisible(bindings_, lowerTabs_, program_.pages.serviceMode);
+}
+
+void MainWindow::addServiceMarker(QLayout* row) {
     auto* marker = new QWidget;
     marker->setObjectName(QStringLiteral("ServiceMarker"));
     marker->setAccessibleName(QStringLiteral("Service mode"));
     marker->setFixedSize(14, 14);
     marker->setAutoFillBackground(true);
-    auto* serviceRow = new QHBoxLayout;
-    serviceRow->addWidget(marker);
-    serviceRow->addWidget(lowerTabs_);
-    serviceRow->addStretch(1);
-    layout->addLayout(serviceRow);
-
-    upperTabs_->tabChosen = [this](const QString& caption) { program_.selectUpperTab(caption); };
-    lowerTabs_->tabChosen = [this](const QString& caption) { program_.selectLowerTab(caption); };
-    bindings_.bind(program_.pages.shown, [this](Page page) { showPage(page); });
-    bindings_.bind(program_.pages.serviceMode, [this, marker](bool on) {
-        lowerTabs_->setVisible(on);
-        marker->setVisible(on);
-    });
+    row->addWidget(marker);
+    bindVisible(bindings_, marker, program_.pages.serviceMode);
     bindings_.bind(program_.pages.markerColour, [marker](quint32 colour) {
         QPalette palette = marker->palette();
         const auto part = [colour](int shift) { return static_cast<int>(colour >> shift & 0xFFU); };
@@ -158,7 +149,7 @@ void MainWindow::makeTabStrips(QWidget* centre) {
     });
 }
 
-QLabel* MainWindow::makeSimulationMarker() {
+void MainWindow::addSimulationMarker(QLayout* row) {
     auto* marker = new QLabel;
     marker->setObjectName(QStringLiteral("SimulationMarker"));
     marker->setAccessibleName(QStringLiteral("Simulated instrument"));
@@ -169,13 +160,13 @@ QLabel* MainWindow::makeSimulationMarker() {
     marker->setBackgroundRole(QPalette::ToolTipBase);
     marker->setForegroundRole(QPalette::ToolTipText);
     marker->setMargin(3);
+    row->addWidget(marker);
     bindings_.bind(program_.portChoices.shown.simulation, [this, marker](const QString& text) {
         marker->setText(text);
         marker->setVisible(!text.isEmpty());
         const QString title = QStringLiteral("ORV Host Program");
         setWindowTitle(text.isEmpty() ? title : QStringLiteral("%1 (simulated instrument)").arg(title));
     });
-    return marker;
 }
 
 void MainWindow::showPage(Page page) {
@@ -198,11 +189,17 @@ void MainWindow::showPage(Page page) {
     }
 }
 
+QAction* MainWindow::makeAction(const QString& text, const QString& name, const std::function<void()>& action) {
+    auto* made = new QAction(text, this);
+    made->setObjectName(name);
+    connect(made, &QAction::triggered, this, [action] { action(); });
+    return made;
+}
+
 QAction* MainWindow::addItem(QMenu* menu, const QString& text, const QString& name,
                              const std::function<void()>& action) {
-    QAction* item = menu->addAction(text);
-    item->setObjectName(name);
-    connect(item, &QAction::triggered, this, [action] { action(); });
+    QAction* item = makeAction(text, name, action);
+    menu->addAction(item);
     return item;
 }
 
@@ -237,24 +234,19 @@ void MainWindow::makeMenus() {
     addItem(help, QStringLiteral("&About Orv Host ..."), QStringLiteral("About"), [this] { showAbout(); });
 
     const CommandState& commands = program_.session.commands;
-    bindings_.bind(commands.closePortEnabled, [closePort](bool on) { closePort->setEnabled(on); });
-    bindings_.bind(commands.processingMenuVisible, [processing](bool on) { processing->menuAction()->setVisible(on); });
-    bindings_.bind(commands.settingsMenuVisible,
-                   [settingsMenu](bool on) { settingsMenu->menuAction()->setVisible(on); });
-    bindings_.bind(commands.settingsFormEnabled, [settingsForm](bool on) { settingsForm->setEnabled(on); });
-    bindings_.bind(commands.canCommand, [saveText, view](bool can) {
-        saveText->setEnabled(can);
-        view->setEnabled(can);
-    });
+    bindEnabled(bindings_, closePort, commands.closePortEnabled);
+    bindVisible(bindings_, processing->menuAction(), commands.processingMenuVisible);
+    bindVisible(bindings_, settingsMenu->menuAction(), commands.settingsMenuVisible);
+    bindEnabled(bindings_, settingsForm, commands.settingsFormEnabled);
+    bindEnabled(bindings_, saveText, commands.canCommand);
+    bindEnabled(bindings_, view, commands.canCommand);
 }
 
 QAction* MainWindow::addShortcut(const QString& text, const QString& name, const QKeySequence& keys,
                                  const std::function<void()>& action) {
-    auto* shortcut = new QAction(text, this);
-    shortcut->setObjectName(name);
+    QAction* shortcut = makeAction(text, name, action);
     shortcut->setShortcut(keys);
     shortcut->setAutoRepeat(false);
-    connect(shortcut, &QAction::triggered, this, [action] { action(); });
     addAction(shortcut);
     return shortcut;
 }
@@ -268,10 +260,10 @@ void MainWindow::makeShortcuts() {
     QAction* run = addShortcut(QStringLiteral("Run"), QStringLiteral("RunShortcut"), QKeySequence(Qt::Key_F5),
                                [this] { program_.run(); });
     const CommandState& commands = program_.session.commands;
-    bindings_.bind(commands.canOpenSheet, [open](bool can) { open->setEnabled(can); });
-    bindings_.bind(commands.canSaveAs, [save](bool can) { save->setEnabled(can); });
-    bindings_.bind(commands.canRun, [run](bool can) { run->setEnabled(can); });
-    bindings_.bind(commands.runVisible, [run](bool visible) { run->setVisible(visible); });
+    bindEnabled(bindings_, open, commands.canOpenSheet);
+    bindEnabled(bindings_, save, commands.canSaveAs);
+    bindEnabled(bindings_, run, commands.canRun);
+    bindVisible(bindings_, run, commands.runVisible);
 
     // The letters belong to the pages: a page has more controls than its tab strips would leave letters.
     int number = 0;
@@ -289,7 +281,7 @@ void MainWindow::makeShortcuts() {
                 });
             strip->setTabToolTip(index, QStringLiteral("%1 (%2)").arg(strip->toolTip(), keys.toString()));
             if (strip == lowerTabs_) {
-                bindings_.bind(program_.pages.serviceMode, [choose](bool on) { choose->setEnabled(on); });
+                bindEnabled(bindings_, choose, program_.pages.serviceMode);
             }
         }
     }
@@ -330,7 +322,7 @@ void MainWindow::makeConnectMenu(QMenu* operation) {
 
 void MainWindow::showSettings(bool visible) {
     if (!visible || settingsWindow_) {
-        return; // the window follows the shown itself
+        return; // the window follows by itself
     }
     settingsWindow_ =
         std::make_unique<SettingsWindow>(SettingsWindow::Parts{.session = program_.session,

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/observe.h"
 #include "program/program.h"
 #include "ui/messageboxes.h"
 
@@ -9,8 +8,7 @@
 
 #include <map>
 #include <memory>
-
-class QLabel;
+#include <vector>
 
 namespace orv {
 
@@ -44,9 +42,11 @@ private:
     void makeMenus();
     void makeConnectMenu(QMenu* operation);
     void addPage(Page page, QWidget* widget);
-    void makeTabStrips(QWidget* centre);
-    QLabel* makeSimulationMarker();
+    void layOut();
+    void addSimulationMarker(QLayout* row);
+    void addServiceMarker(QLayout* row);
     void makeShortcuts();
+    QAction* makeAction(const QString& text, const QString& name, const std::function<void()>& action);
     QAction* addShortcut(const QString& text, const QString& name, const QKeySequence& keys,
                          const std::function<void()>& action);
     QAction* addItem(QMenu* menu, const QString& text, const QString& name, const std::function<void()>& action);
@@ -58,14 +58,15 @@ private:
 
     Program& program_;
     WindowEvents& events_;
-    ChoiceTabBar* upperTabs_ = nullptr;
-    ChoiceTabBar* lowerTabs_ = nullptr;
-    QWidget* pageArea_ = nullptr;
+    ChoiceTabBar* upperTabs_;
+    ChoiceTabBar* lowerTabs_;
+    QWidget* pageArea_;
     SheetPage* sheetPage_ = nullptr;
     GraphPage* graphPage_ = nullptr;
     std::map<Page, QWidget*> pages_;
     std::unique_ptr<SettingsWindow> settingsWindow_; ///< Made on first use and kept.
     bool closeWhenPossible_ = false;
+    std::vector<Subscription> subscriptions_;
     Bindings bindings_;
 };
 

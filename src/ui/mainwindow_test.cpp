@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/windowtest.h"
+#include "testing/windowrig.h"
 #include "ui/widgets.h"
 
 #include <QLineEdit>
@@ -63,7 +63,7 @@ TEST_F(WindowTest, OnlyTheProceduresMarkAConnectItem) {
     item("AutoConnect1").trigger();
     EXPECT_FALSE(item("AutoConnect1").isChecked());
     com1.openReason.clear();
-    greeting = "V512\r";
+    replies = {"V512\r"};
     int looks = 0;
     com1.dtrChanged = [&](bool) {
         ++looks;
@@ -88,9 +88,9 @@ TEST_F(WindowTest, TheOtherItemsDoWhatTheyName) {
     EXPECT_EQ(said(), "");
     item("DownloadText").trigger();
     EXPECT_EQ(said(), "F2 Click\r");
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::SettingsOpen) << "cancelled";
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen) << "cancelled";
     item("DownloadView").trigger();
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Importing);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Importing);
     item("ClosePort").trigger();
     EXPECT_TRUE(said().find("Close Port\r") != std::string::npos);
     EXPECT_FALSE(com1.isOpen());
@@ -102,7 +102,7 @@ TEST_F(WindowTest, AboutTellsTheVersionAndIsClosedByOk) {
     EXPECT_EQ(said(), "About\r");
     auto& dialog = find<QDialog>("AboutDialog");
     EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(find<QLabel>("VersionLabel").text().toStdString(), "Version 4.5.6");
+    EXPECT_EQ(text("VersionLabel"), "Version 4.5.6");
     button("cmdOK").click();
     EXPECT_FALSE(dialog.isVisible());
 }
@@ -112,7 +112,7 @@ TEST_F(WindowTest, TheButtonsDoWhatTheyName) {
     said();
     button("Command2").click();
     EXPECT_EQ(said(), "Run 1\rStart Running Profile\r");
-    greeting = "V512\r";
+    replies = {"V512\r"};
     button("ResetButton").click();
     EXPECT_TRUE(said().starts_with("Abort Run\rAbort Run Function\r"));
     button("Command9").click();
@@ -141,11 +141,9 @@ TEST_F(WindowTest, WhatCanBePressedFollowsTheProcedures) {
                          "Command2 ResetButton ResetShutterButton Command9 Command11 ");
     program.run();
     EXPECT_EQ(enabled(), "ClosePort Quit ResetButton Command11 ") << "nothing that would disturb a run";
-    com1.input = "R\r\n";
-    program.tick();
+    receive("R\r\n");
     receiveRow();
-    com1.input = ">";
-    program.tick();
+    receive(">");
     EXPECT_EQ(enabled(), "AutoConnect1 ClosePort Quit DownloadView "
                          "Command2 ResetButton ResetShutterButton Command9 Command11 ");
     program.closePort();
@@ -172,7 +170,6 @@ TEST_F(WindowTest, TheMenusOfAKnownInstrumentComeAndGo) {
 }
 
 TEST_F(WindowTest, TheStatusPageShowsTheSession) {
-    const auto text = [this](const char* name) { return find<QLabel>(name).text().toStdString(); };
     EXPECT_EQ(text("Label20"), "Offline");
     EXPECT_EQ(text("FirmwareLabel"), "________");
     EXPECT_EQ(text("Label23"), "________________");
@@ -195,15 +192,6 @@ protected:
             names += find<QWidget>(name).isVisible() ? std::string(name) + " " : "";
         }
         return names;
-    }
-
-    void clickTab(QTabBar& strip, int index) {
-        const QPointF centre = strip.tabRect(index).center();
-        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, centre, strip.mapToGlobal(centre), Qt::LeftButton,
-                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(&strip, &event);
-        }
     }
 
     QTabBar& upper = find<QTabBar>("TabStrip1");
@@ -274,10 +262,6 @@ TEST_F(TabsTest, OnlyTheStripOfTheShownPageLooksChosen) {
 
 TEST_F(TabsTest, KeysChooseAStripsOwnTabAgain) {
     program.toggleServiceMode();
-    const auto press = [](QWidget& widget, int key) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QCoreApplication::sendEvent(&widget, &event);
-    };
     clickTab(upper, 2);
     for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
         said();
@@ -296,26 +280,24 @@ TEST_F(TabsTest, KeysChooseAStripsOwnTabAgain) {
 
 TEST_F(TabsTest, OnlyCtrlAltHTogglesTheServiceMode) {
     const auto press = [](QWidget& widget, int key, Qt::KeyboardModifiers modifiers) {
-        QKeyEvent event(QEvent::KeyPress, key, modifiers,
-                        modifiers == Qt::NoModifier ? QStringLiteral("h") : QString());
-        QCoreApplication::sendEvent(&widget, &event);
+        orv::press(widget, key, {}, modifiers);
     };
-    press(*window, Qt::Key_H, Qt::NoModifier);
+    orv::press(*window, Qt::Key_H, QStringLiteral("h"));
     press(*window, Qt::Key_H, Qt::ControlModifier);
     press(*window, Qt::Key_H, Qt::AltModifier);
     press(*window, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
     press(*window, Qt::Key_G, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_EQ(program.session.state.trouble, 0);
+    EXPECT_EQ(state.trouble, 0);
     EXPECT_FALSE(lower.isVisible());
     press(*window, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_EQ(program.session.state.trouble, 1);
+    EXPECT_EQ(state.trouble, 1);
     EXPECT_TRUE(lower.isVisible());
     clickTab(upper, 1);
     int presses = 0;
     for (const char* name : {"Text37", "fg1", "Command11", "TabStrip1"}) {
         press(find<QWidget>(name), Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
         ++presses;
-        EXPECT_EQ(program.session.state.trouble, presses % 2 == 0 ? 1 : 0) << "with the focus on " << name;
+        EXPECT_EQ(state.trouble, presses % 2 == 0 ? 1 : 0) << "with the focus on " << name;
     }
 }
 
@@ -331,17 +313,12 @@ TEST_F(WindowTest, ChangingPagesNeverChangesTheWindowsSize) {
     program.toggleServiceMode();
     const QStringList captions = upperCaptions() + lowerCaptions();
     const auto show = [this](const QString& caption) {
-        if (upperCaptions().contains(caption)) {
-            program.selectUpperTab(caption);
-        } else {
-            program.selectLowerTab(caption);
-        }
+        showPage(caption);
         QCoreApplication::processEvents();
     };
     connectAndRead();
     program.run();
-    com1.input = "R\r\n";
-    program.tick();
+    receive("R\r\n");
     receiveRow();
     for (const QSize size : {QSize(1000, 680), QSize(800, 600)}) {
         show(captions.front());

@@ -70,9 +70,7 @@ QString chosen(QFileDialog& dialog) {
 } // namespace
 
 void MessageBoxes::show(const Message& message) {
-    if (told) {
-        told(message);
-    }
+    told.tell(message);
     const QString name = message.title + QLatin1Char('\n') + message.text;
     if (parent_) {
         for (const auto* open : parent_->findChildren<QMessageBox*>()) {

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/observe.h"
 #include "base/operator.h"
 #include "link/waits.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
-
-#include <functional>
 
 namespace orv {
 
@@ -22,8 +21,8 @@ public:
     /// Returns when the operator has closed every open box: the last words of a program that ends.
     void waitUntilRead();
 
-    /// Called for every message, shown anew or not.
-    std::function<void(const Message& message)> told;
+    /// Tells every message, shown anew or not.
+    Signal<Message> told;
 
 private:
     QPointer<QWidget> parent_;

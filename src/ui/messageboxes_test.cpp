@@ -41,7 +41,7 @@ TEST_F(MessageBoxesTest, AMessageIsShownWithoutWaitingForAnAnswer) {
 
 TEST_F(MessageBoxesTest, TheSameMessageIsNotShownTwiceAtATime) {
     int told = 0;
-    boxes.told = [&told](const Message&) { ++told; };
+    const auto counting = boxes.told.subscribe([&told](const Message&) { ++told; });
     boxes.show(lost);
     boxes.show(lost);
     EXPECT_EQ(told, 2);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/plotcanvas.h"
 
-#include "ui/plotcurve.h"
-
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
@@ -28,10 +26,8 @@ QCPGraphData dataPoint(const PlotData& data, int curve, int point) {
 
 } // namespace
 
-PlotCanvas::PlotCanvas(const PlotData& curves, Actions actions, QWidget* parent)
-    : QCustomPlot(parent)
-    , data_(curves)
-    , actions_(std::move(actions))
+PlotCanvas::PlotCanvas(const PlotData& curves)
+    : data_(curves)
     , theme_(paperTheme()) {
     setAccessibleName(QStringLiteral("Curves of the data sheet"));
     setAccessibleDescription(
@@ -50,10 +46,10 @@ PlotCanvas::PlotCanvas(const PlotData& curves, Actions actions, QWidget* parent)
         axis->setNumberPrecision(9);
         axis->setSubTicks(false);
     }
-    xAxis2->setTickLabels(false);
-    xAxis2->setTicks(false);
-    yAxis2->setTickLabels(false);
-    yAxis2->setTicks(false);
+    for (QCPAxis* axis : {xAxis2, yAxis2}) {
+        axis->setTickLabels(false);
+        axis->setTicks(false);
+    }
     yAxis->setLabel(QStringLiteral("Value"));
     legend->setFillOrder(QCPLegend::foColumnsFirst);
     legend->setBorderPen(Qt::NoPen);
@@ -73,7 +69,7 @@ PlotCanvas::PlotCanvas(const PlotData& curves, Actions actions, QWidget* parent)
 
     const auto chosen = [this] {
         if (!settingRanges_) {
-            actions_.zoomed();
+            zoomed.tell();
         }
     };
     connect(xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, chosen);
@@ -83,7 +79,7 @@ PlotCanvas::PlotCanvas(const PlotData& curves, Actions actions, QWidget* parent)
             (event->modifiers() & Qt::ControlModifier) != 0 || event->position().x() < axisRect()->left();
         axisRect()->setRangeZoom(values ? Qt::Vertical : Qt::Horizontal);
     });
-    connect(this, &QCustomPlot::mouseDoubleClick, this, [this] { actions_.showAll(); });
+    connect(this, &QCustomPlot::mouseDoubleClick, this, [this] { allWanted.tell(); });
     connect(this, &QCustomPlot::mouseMove, this, [this](const QMouseEvent* event) {
         if (event->buttons() == Qt::NoButton) {
             moveCursor(pointAt(event->position()));
@@ -185,7 +181,7 @@ void PlotCanvas::setTheme(const PlotTheme& theme) {
 
 QPen PlotCanvas::penOf(int curve) const {
     constexpr double emphasis = 2.5;
-    return {theme_.curves[static_cast<std::size_t>(curve % PlotTheme::curveColours)],
+    return {theme_.curves[static_cast<std::size_t>(curve) % theme_.curves.size()],
             curve == emphasised_ ? emphasis : lineWidth_};
 }
 
@@ -269,7 +265,7 @@ void PlotCanvas::moveCursor(int point) {
     }
     placeCursor(point);
     layer(QStringLiteral("cursor"))->replot();
-    actions_.cursorMoved(point);
+    cursorMoved.tell(point);
 }
 
 void PlotCanvas::placeCursor(int point) {
@@ -310,10 +306,10 @@ void PlotCanvas::keyPressEvent(QKeyEvent* event) {
         zoom(1.0 / closer);
         break;
     case Qt::Key_Home:
-        actions_.showAll();
+        allWanted.tell();
         break;
     case Qt::Key_End:
-        actions_.follow();
+        newestWanted.tell();
         break;
     default:
         QCustomPlot::keyPressEvent(event);

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/observe.h"
 #include "sheet/plotdata.h"
 #include "ui/plotcurve.h"
-
-#include <QIcon>
-
-#include <functional>
+#include "ui/style.h"
 
 namespace orv {
 
@@ -14,16 +12,14 @@ namespace orv {
 /// while the operator zooms, drags or moves the cursor.
 class PlotCanvas final : public QCustomPlot {
 public:
-    /// What the operator does; each must be set.
-    struct Actions {
-        std::function<void()> zoomed;               ///< He chose a part by zooming or dragging.
-        std::function<void()> showAll;              ///< Double click or Home.
-        std::function<void()> follow;               ///< End.
-        std::function<void(int point)> cursorMoved; ///< To a point, or to none (-1).
-    };
-
     /// `curves` outlives the canvas.
-    PlotCanvas(const PlotData& curves, Actions actions, QWidget* parent = nullptr);
+    explicit PlotCanvas(const PlotData& curves);
+
+    // What the operator does.
+    Signal<> zoomed;         ///< He chose a part by zooming or dragging.
+    Signal<> allWanted;      ///< Double click or Home.
+    Signal<> newestWanted;   ///< End.
+    Signal<int> cursorMoved; ///< To a point, or to none (-1).
 
     /// Lays all curves out anew after they have been replaced; every one is shown. The cursor moves to a point, or to
     /// none (-1), which is not told.
@@ -73,7 +69,6 @@ private:
     void zoom(double factor);
 
     const PlotData& data_;
-    Actions actions_;
     PlotTheme theme_;
     QCPItemStraightLine* cursorLine_;
     QCPItemText* hint_;

@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QColor>
-#include <QPalette>
-
-#include <array>
-
 // The plotting library's header wants two keywords that the program's own code does without.
 #include <QtGlobal>
 #define signals Q_SIGNALS
@@ -16,26 +11,8 @@
 
 namespace orv {
 
-/// The colours of the plot.
-struct PlotTheme {
-    static constexpr int curveColours = 6; ///< As many as a row of the sheet can have values.
-
-    QColor background;
-    QColor text; ///< Also the axes.
-    QColor grid;
-    QColor focus;
-    /// Colours that people of every kind of colour vision can tell apart from each other and from the background.
-    std::array<QColor, curveColours> curves;
-};
-
-/// The colours that go with a window's palette, light or dark.
-PlotTheme plotTheme(const QPalette& palette);
-
-/// Black on white, for pictures and print.
-PlotTheme paperTheme();
-
 /// A curve with gaps, which are points whose value is NaN. Every number is seen, however many points share a pixel: the
-/// line reaches the last one before a gap and begins with the first one behind it, and a number that stands alone
+/// line reaches the last one before a gap and begins with the first one after it, and a number that stands alone
 /// between gaps, where there is no line, has its symbol whatever the distance of the other symbols is.
 class PlotCurve final : public QCPGraph {
 public:

@@ -3,11 +3,11 @@
 #include "testing/graphpagetest.h"
 #include "ui/plotpicture.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTimer>
 
 namespace orv {
 namespace {
@@ -20,10 +20,9 @@ protected:
     }
 
     QByteArray save(const char* action, const char* name) {
-        answers.fileName = folder.filePath(QString::fromLatin1(name));
-        control<QAction>(page, action).trigger();
-        QFile file(answers.fileName);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        answers.fileName = folder.path(name);
+        item(action).trigger();
+        return QFile::exists(answers.fileName) ? contentsOf(answers.fileName) : QByteArray();
     }
 
     /// Whether a picture shows a colour anywhere.
@@ -38,11 +37,31 @@ protected:
         return false;
     }
 
-    QTemporaryDir folder;
+    /// Presses "Print Graph..." and answers the system's dialog.
+    void print(const std::function<void(QPrintDialog& dialog)>& answer) {
+        bool asked = false;
+        QTimer::singleShot(0, window.get(), [&asked, answer] {
+            auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            asked = true;
+            answer(*dialog);
+        });
+        button("PrintPicture").click();
+        EXPECT_TRUE(asked);
+    }
+
+    /// An answer that takes the program's page and prints it into a file.
+    static auto printInto(const QString& name) {
+        return [name](QPrintDialog& dialog) {
+            dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
+            dialog.printer()->setOutputFileName(name);
+            dialog.done(QDialog::Accepted);
+        };
+    }
 };
 
 TEST_F(PlotPictureTest, EachFormatIsSavedUnderTheNameThatIsChosen) {
-    shown.fileName = QStringLiteral("bay");
+    sheetState.fileName = QStringLiteral("bay");
     EXPECT_TRUE(save("SavePng", "a.png").startsWith("\x89PNG\r\n\x1a\n"));
     EXPECT_TRUE(save("SavePdf", "a.pdf").startsWith("%PDF-1."));
     EXPECT_TRUE(save("SavePdf", "a.pdf").trimmed().endsWith("%%EOF"));
@@ -88,10 +107,10 @@ TEST_F(PlotPictureTest, APictureIsLightSmoothAndHasALegendWhateverTheScreen) {
 TEST_F(PlotPictureTest, ACancelledDialogDoesNothing) {
     const int before = canvas().drawings();
     answers.fileName.clear();
-    control<QAction>(page, "SavePng").trigger();
+    item("SavePng").trigger();
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(canvas().drawings(), before);
-    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    EXPECT_TRUE(folder.files().isEmpty());
 }
 
 TEST_F(PlotPictureTest, APictureThatCannotBeWrittenIsToldAndTheOldOneStays) {
@@ -104,42 +123,31 @@ TEST_F(PlotPictureTest, APictureThatCannotBeWrittenIsToldAndTheOldOneStays) {
     EXPECT_EQ(messages.shown[0].icon, Message::Icon::Exclamation);
 
     EXPECT_FALSE(writeWholeFile(folder.path(), "bytes").isEmpty()) << "a folder is no file";
-    EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "nothing half written is left";
+    EXPECT_TRUE(folder.files().isEmpty()) << "nothing half written is left";
 }
 
 TEST_F(PlotPictureTest, CopyPutsThePictureOnTheClipboard) {
     QGuiApplication::clipboard()->clear();
-    control<QPushButton>(page, "CopyPicture").click();
+    button("CopyPicture").click();
     const QImage copied = QGuiApplication::clipboard()->image();
     EXPECT_EQ(copied.size(), plotImage(canvas()).size());
     EXPECT_TRUE(shows(copied, paperTheme().curves[0]));
 }
 
 TEST_F(PlotPictureTest, PrintsOnePageUnlessItIsCancelled) {
-    const QString name = folder.filePath(QStringLiteral("page.pdf"));
-    choosePrinter = [](QPrinter&) { return false; };
-    control<QPushButton>(page, "PrintPicture").click();
+    const QString name = folder.path("page.pdf");
+    print([](QPrintDialog& dialog) {
+        EXPECT_EQ(dialog.printer()->pageLayout().orientation(), QPageLayout::Landscape);
+        dialog.reject();
+    });
     EXPECT_FALSE(QFile::exists(name));
-    choosePrinter = [&name](QPrinter& printer) {
-        EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(name);
-        return true;
-    };
-    control<QPushButton>(page, "PrintPicture").click();
-    QFile file(name);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().startsWith("%PDF-1."));
+    print(printInto(name));
+    EXPECT_TRUE(contentsOf(name).startsWith("%PDF-1."));
     EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(PlotPictureTest, APrinterThatDoesNotTakeThePageIsTold) {
-    choosePrinter = [this](QPrinter& printer) {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(folder.filePath(QStringLiteral("gone/page.pdf")));
-        return true;
-    };
-    control<QPushButton>(page, "PrintPicture").click();
+    print(printInto(folder.path("gone/page.pdf")));
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].title.toStdString(), "Print Graph");
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/portsbox.h"
 
+#include "ui/widgets.h"
+
 #include <QAbstractItemView>
 #include <QGridLayout>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QWheelEvent>
@@ -251,16 +251,13 @@ PortsBox::PortsBox(PortChoices& choices)
 void PortsBox::addChooser(QGridLayout& layout, int portNumber) {
     const int column = portNumber == 1 ? 0 : 3;
     auto* chooser = new PortChooser(choices_, portNumber);
-    auto* caption = new QLabel(QStringLiteral("COM &%1").arg(portNumber));
-    caption->setBuddy(chooser);
-    auto* problem = new QLabel;
-    problem->setObjectName(QStringLiteral("PortProblem%1").arg(portNumber));
-    problem->setAccessibleName(QStringLiteral("What is wrong with the device for COM %1").arg(portNumber));
-    problem->setTextFormat(Qt::PlainText);
+    auto* problem = makeValueLabel(QStringLiteral("PortProblem%1").arg(portNumber),
+                                   QStringLiteral("What is wrong with the device for COM %1").arg(portNumber));
+    problem->setTextInteractionFlags(Qt::NoTextInteraction); // a click there must not finish what is typed
     problem->setWordWrap(true);
     // One long word in it must not make the window wider.
     problem->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
-    layout.addWidget(caption, 0, column);
+    layout.addWidget(makeCaption(QStringLiteral("COM &%1").arg(portNumber), chooser), 0, column);
     layout.addWidget(chooser, 0, column + 1);
     layout.addWidget(problem, 1, column + 1, Qt::AlignTop);
     bindings_.bind(choices_.shown[portNumber].problem, [problem](const QString& text) {

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/screenchecks.h"
-#include "testing/windowtest.h"
+#include "testing/windowrig.h"
 #include "ui/portsbox.h"
 
 #include <QAbstractItemView>
-#include <QFocusEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
 
@@ -33,19 +31,6 @@ protected:
         return all;
     }
 
-    /// Presses keys as an operator does: without replacing what the box holds.
-    void typeOn(const char* text) {
-        for (const char character : std::string(text)) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(QLatin1Char(character)));
-            QApplication::sendEvent(&edit, &press);
-        }
-    }
-
-    void leave(Qt::FocusReason reason) {
-        QFocusEvent out(QEvent::FocusOut, reason);
-        QApplication::sendEvent(&edit, &out);
-    }
-
     std::string shown() const { return edit.text().toStdString(); }
     std::string device() const { return program.ports.device(1).toStdString(); }
     std::string complaint() { return complaintLabel.isHidden() ? "" : complaintLabel.text().toStdString(); }
@@ -68,7 +53,7 @@ TEST_F(PortsBoxTest, ListsThePortsWithWhatTheySayAndTakesTheDeviceAlone) {
     EXPECT_EQ(listed(), std::string("ttyUSB0 - Serial Adapter\n") + simulated);
     chooser.showPopup();
     chooser.view()->setCurrentIndex(chooser.model()->index(0, 0));
-    pressKey(*chooser.view(), Qt::Key_Return);
+    press(*chooser.view(), Qt::Key_Return);
     EXPECT_FALSE(chooser.view()->isVisible());
     EXPECT_EQ(shown(), "ttyUSB0");
     EXPECT_EQ(device(), "ttyUSB0");
@@ -76,12 +61,12 @@ TEST_F(PortsBoxTest, ListsThePortsWithWhatTheySayAndTakesTheDeviceAlone) {
 }
 
 TEST_F(PortsBoxTest, TheArrowKeysStepThroughTheList) {
-    pressKey(chooser, Qt::Key_Down);
+    press(chooser, Qt::Key_Down);
     EXPECT_EQ(device(), "ttyUSB0");
-    pressKey(chooser, Qt::Key_Down);
+    press(chooser, Qt::Key_Down);
     EXPECT_EQ(device(), "sim:trx");
     EXPECT_EQ(shown(), "sim:trx");
-    pressKey(chooser, Qt::Key_Up);
+    press(chooser, Qt::Key_Up);
     EXPECT_EQ(device(), "ttyUSB0");
 }
 
@@ -102,12 +87,12 @@ TEST_F(PortsBoxTest, AnOpenListStaysOpenWhilePortsComeAndGo) {
     EXPECT_TRUE(chooser.view()->isVisible());
     EXPECT_EQ(listed(), simulated);
     EXPECT_EQ(chooser.view()->currentIndex().data(Qt::EditRole).toString().toStdString(), "sim:trx");
-    pressKey(*chooser.view(), Qt::Key_Return);
+    press(*chooser.view(), Qt::Key_Return);
     EXPECT_EQ(device(), "sim:trx");
 }
 
 TEST_F(PortsBoxTest, AChosenPortThatVanishesStaysChosenAndComesBack) {
-    pressKey(chooser, Qt::Key_Down);
+    press(chooser, Qt::Key_Down);
     unplugAll();
     EXPECT_EQ(shown(), "ttyUSB0");
     EXPECT_EQ(device(), "ttyUSB0");
@@ -121,8 +106,8 @@ TEST_F(PortsBoxTest, AChosenPortThatVanishesStaysChosenAndComesBack) {
 }
 
 TEST_F(PortsBoxTest, WhatIsBeingTypedSurvivesPortsThatComeAndGo) {
-    pressKey(chooser, Qt::Key_Down);
-    type(edit, "/dev/tty");
+    press(chooser, Qt::Key_Down);
+    retype(edit, "/dev/tty");
     edit.setSelection(8, -3);
     const auto expectKept = [this] {
         EXPECT_EQ(shown(), "/dev/tty");
@@ -147,54 +132,54 @@ TEST_F(PortsBoxTest, WhatIsBeingTypedSurvivesPortsThatComeAndGo) {
     plug("ttyUSB0");
     EXPECT_EQ(edit.cursorPosition(), 2);
     edit.end(false);
-    typeOn("S5");
-    pressKey(edit, Qt::Key_Return);
+    type(edit, "S5");
+    press(edit, Qt::Key_Return);
     EXPECT_EQ(device(), "/dev/ttyS5");
 }
 
 TEST_F(PortsBoxTest, ATypedDeviceCountsWhenItIsFinished) {
-    type(edit, "ttyS7");
+    retype(edit, "ttyS7");
     EXPECT_EQ(device(), "ttyA");
-    pressKey(edit, Qt::Key_Return);
+    press(edit, Qt::Key_Return);
     EXPECT_EQ(device(), "ttyS7");
-    type(edit, " /dev/ttyS8 ");
-    leave(Qt::TabFocusReason);
+    retype(edit, " /dev/ttyS8 ");
+    tellFocus(edit, QEvent::FocusOut, Qt::TabFocusReason);
     EXPECT_EQ(device(), "/dev/ttyS8");
     EXPECT_EQ(shown(), "/dev/ttyS8");
-    type(edit, "ttyS9");
-    leave(Qt::PopupFocusReason); // the menu is opened
+    retype(edit, "ttyS9");
+    tellFocus(edit, QEvent::FocusOut, Qt::PopupFocusReason); // the menu is opened
     EXPECT_EQ(device(), "ttyS9");
 }
 
 TEST_F(PortsBoxTest, EscapeTakesBackWhatWasTyped) {
-    type(edit, "nonsense");
-    pressKey(edit, Qt::Key_Escape);
+    retype(edit, "nonsense");
+    press(edit, Qt::Key_Escape);
     EXPECT_EQ(shown(), "ttyA");
     EXPECT_EQ(device(), "ttyA");
 }
 
 TEST_F(PortsBoxTest, AMalformedNameIsToldBelowTheBoxAndStaysForMending) {
-    type(edit, "my port");
-    pressKey(edit, Qt::Key_Return);
+    retype(edit, "my port");
+    press(edit, Qt::Key_Return);
     EXPECT_EQ(complaint(), "\"my port\" is no device. COM 1 stays ttyA.");
     EXPECT_EQ(shown(), "my port");
     EXPECT_EQ(device(), "ttyA");
     unplugAll();
     EXPECT_EQ(shown(), "my port");
-    pressKey(edit, Qt::Key_Escape);
+    press(edit, Qt::Key_Escape);
     EXPECT_EQ(complaint(), "");
     EXPECT_EQ(shown(), "ttyA");
-    type(edit, "my port");
-    pressKey(edit, Qt::Key_Return);
-    type(edit, "myport");
-    pressKey(edit, Qt::Key_Return);
+    retype(edit, "my port");
+    press(edit, Qt::Key_Return);
+    retype(edit, "myport");
+    press(edit, Qt::Key_Return);
     EXPECT_EQ(complaint(), "");
     EXPECT_EQ(device(), "myport");
 }
 
 TEST_F(PortsBoxTest, TheOtherPortsDeviceIsRefused) {
-    type(edit, "/dev/ttyB");
-    pressKey(edit, Qt::Key_Return);
+    retype(edit, "/dev/ttyB");
+    press(edit, Qt::Key_Return);
     EXPECT_EQ(complaint(),
               "COM 2 is set to ttyB already. Choose another device here, or change COM 2 first. COM 1 stays ttyA.");
     EXPECT_EQ(device(), "ttyA");
@@ -202,8 +187,8 @@ TEST_F(PortsBoxTest, TheOtherPortsDeviceIsRefused) {
 
 TEST_F(PortsBoxTest, CannotBeChangedWhileThePortIsOpen) {
     EXPECT_TRUE(chooser.isEnabled());
-    type(edit, "my port");
-    pressKey(edit, Qt::Key_Return);
+    retype(edit, "my port");
+    press(edit, Qt::Key_Return);
     connectAndRead();
     EXPECT_FALSE(chooser.isEnabled());
     EXPECT_EQ(shown(), "ttyA") << "what is open, not what was typed";
@@ -217,7 +202,7 @@ TEST_F(PortsBoxTest, CannotBeChangedWhileThePortIsOpen) {
 
 TEST_F(PortsBoxTest, CannotBeChangedDuringAnAttemptAndAnOpenListCloses) {
     chooser.showPopup();
-    type(edit, "half");
+    retype(edit, "half");
     int waitsSeen = 0;
     atWait = [&](int) {
         ++waitsSeen;
@@ -259,16 +244,16 @@ TEST_F(PortsBoxTest, LongNamesAndDescriptionsDoNotWidenTheWindow) {
     const int width = window->minimumSizeHint().width();
     const std::string longText(300, 'W');
     plug("ttyUSB1", longText.c_str());
-    type(edit, (longText + " " + longText).c_str());
-    pressKey(edit, Qt::Key_Return);
+    retype(edit, (longText + " " + longText).c_str());
+    press(edit, Qt::Key_Return);
     EXPECT_NE(complaint(), "");
     EXPECT_EQ(window->minimumSizeHint().width(), width);
     chooser.showPopup();
     EXPECT_LE(chooser.view()->width(), chooser.width());
     EXPECT_LE(chooser.view()->sizeHintForColumn(0), chooser.width());
     chooser.hidePopup();
-    type(edit, longText.c_str());
-    pressKey(edit, Qt::Key_Return);
+    retype(edit, longText.c_str());
+    press(edit, Qt::Key_Return);
     EXPECT_EQ(device(), longText);
     EXPECT_EQ(window->minimumSizeHint().width(), width);
 }
@@ -279,11 +264,7 @@ TEST_F(PortsBoxTest, FollowsThePortsWhileItCanBeSeenOnly) {
     timer.setInterval(1);
     portList.plugged.clear();
     const int before = portList.listings;
-    QElapsedTimer patience;
-    patience.start();
-    while (portList.listings == before && patience.elapsed() < 60'000) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-    }
+    EXPECT_TRUE(waitFor([this, before] { return portList.listings > before; }));
     EXPECT_EQ(listed(), simulated);
     program.selectUpperTab(QStringLiteral("Output: Spread Sheet"));
     EXPECT_FALSE(timer.isActive());
@@ -294,7 +275,6 @@ TEST_F(PortsBoxTest, FollowsThePortsWhileItCanBeSeenOnly) {
 }
 
 TEST_F(PortsBoxTest, IsOperableByKeyboardAndNamed) {
-    expectOperable(find<QWidget>("StatusPage"));
     for (const PortChooser* port : {&chooser, &second}) {
         EXPECT_FALSE(port->accessibleName().isEmpty());
         EXPECT_FALSE(port->accessibleDescription().isEmpty());
@@ -314,21 +294,14 @@ TEST_F(PortsBoxTest, ASimulatedInstrumentIsMarkedOnEveryPageAndInTheTitle) {
     auto& marker = find<QLabel>("SimulationMarker");
     EXPECT_FALSE(marker.isVisible());
     EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program");
-    type(edit, "sim:trx");
-    pressKey(edit, Qt::Key_Return);
+    retype(edit, "sim:trx");
+    press(edit, Qt::Key_Return);
     program.toggleServiceMode();
-    for (const QString& caption : upperCaptions()) {
-        program.selectUpperTab(caption);
-        EXPECT_TRUE(marker.isVisible()) << qPrintable(caption);
-    }
-    for (const QString& caption : lowerCaptions()) {
-        program.selectLowerTab(caption);
-        EXPECT_TRUE(marker.isVisible()) << qPrintable(caption);
-    }
+    onEachPage([&marker](const std::string& caption) { EXPECT_TRUE(marker.isVisible()) << caption; });
     EXPECT_EQ(marker.text().toStdString(), "Simulated instrument on COM 1");
     EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program (simulated instrument)");
-    type(edit, "ttyA");
-    pressKey(edit, Qt::Key_Return);
+    retype(edit, "ttyA");
+    press(edit, Qt::Key_Return);
     EXPECT_FALSE(marker.isVisible());
     EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program");
 }

@@ -42,7 +42,7 @@ SettingsWindow::SettingsWindow(const Parts& parts, QWidget* parent)
     makeTabShortcuts();
     clearforms();
 
-    tabs_->tabChosen = [this](const QString& caption) { showFrame(caption); };
+    tabChosen_ = tabs_->tabChosen.subscribe([this](const QString& caption) { showFrame(caption); });
     bindings_.bind(p_.session.status.instrument, [this](InstrumentType type) {
         // The frame stays when the type is only forgotten, so that nothing goes from under the operator's hands.
         if (chosen_ == calibrationTab() && type != InstrumentType::Unknown) {

@@ -63,6 +63,7 @@ private:
     QWidget* trxFrame_ = nullptr;
     QWidget* glowFrame_ = nullptr;
     QString chosen_; ///< Caption of the chosen tab; empty before the first choice.
+    Subscription tabChosen_;
     Bindings bindings_;
 };
 

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheetpage.h"
 
+#include "ui/widgets.h"
+
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPainter>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
@@ -16,9 +15,8 @@
 
 namespace orv {
 
-SheetModel::SheetModel(const DataSheet& sheet, QObject* parent)
-    : QAbstractTableModel(parent)
-    , sheet_(sheet)
+SheetModel::SheetModel(const DataSheet& sheet)
+    : sheet_(sheet)
     , shownRows_(sheet.rowCount()) {}
 
 bool SheetModel::refresh() {
@@ -77,24 +75,6 @@ namespace {
 /// Drawing the grid costs far more than a row, so it is drawn so many milliseconds after the first change.
 constexpr int refreshDelay = 200;
 
-QPushButton* makeButton(const QString& caption, const QString& name, const QString& toolTip) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setToolTip(toolTip);
-    return button;
-}
-
-QLabel* makeCounter(const QString& name, const QString& accessibleName) {
-    auto* label = new QLabel;
-    label->setObjectName(name);
-    label->setAccessibleName(accessibleName);
-    label->setTextFormat(Qt::PlainText);
-    // A fixed size, so that a new number does not lay out the page anew.
-    label->setFixedSize(label->fontMetrics().horizontalAdvance(QStringLiteral("0000000")),
-                        label->fontMetrics().height());
-    return label;
-}
-
 /// Draws the grid's cells as the style would, but at a fraction of its cost: plain text of one font, at the right.
 class CellPainter final : public QStyledItemDelegate {
 public:
@@ -118,11 +98,9 @@ public:
 
 } // namespace
 
-SheetPage::SheetPage(DataSheet& sheet, SheetState& shown, const CommandState& commands, const Actions& actions,
-                     QWidget* parent)
-    : QWidget(parent)
-    , shown_(shown)
-    , model_(sheet)
+SheetPage::SheetPage(Program& program)
+    : shown_(program.sheetState)
+    , model_(program.sheet)
     , grid_(new QTableView) {
     setObjectName(QStringLiteral("SheetPage"));
 
@@ -141,27 +119,58 @@ SheetPage::SheetPage(DataSheet& sheet, SheetState& shown, const CommandState& co
     grid_->verticalHeader()->setDefaultSectionSize(grid_->fontMetrics().height() + 6);
     grid_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     grid_->horizontalHeader()->setHighlightSections(false);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(makeBar(program));
+    layout->addWidget(grid_, 1);
 
+    refreshTimer_.setSingleShot(true);
+    refreshTimer_.setInterval(refreshDelay);
+    connect(&refreshTimer_, &QTimer::timeout, this, [this] { refreshNow(); });
+    DataSheet& sheet = program.sheet;
+    subscriptions_ = {sheet.rowAppended.subscribe([this] { schedule(); }), sheet.headerChanged.subscribe([this] {
+                          model_.noteHeader();
+                          schedule();
+                      }),
+                      sheet.rowsRemoved.subscribe([this] {
+                          model_.noteRemoved();
+                          schedule();
+                      })};
+    bindings_.bind(shown_.topRow, [this](int) { schedule(); });
+    const auto visit = [this](int) {
+        visitPending_ = true;
+        schedule();
+    };
+    bindings_.bind(shown_.currentRow, visit);
+    bindings_.bind(shown_.currentColumn, visit); // changes also when the same cell is the last one visited again
+}
+
+QLayout* SheetPage::makeBar(Program& program) {
     auto* fileName = new QLineEdit;
     fileName->setObjectName(QStringLiteral("Text37"));
     fileName->setToolTip(
         QStringLiteral("Default File Name, and the file name used for auto-recording of long profiles."));
-    auto* fileNameLabel = new QLabel(QStringLiteral("File &name :"));
-    fileNameLabel->setBuddy(fileName);
-    auto* counter = makeCounter(QStringLiteral("SheetCounter"), QStringLiteral("Rows on the sheet"));
-    auto* records = makeCounter(QStringLiteral("RecordsCounter"), QStringLiteral("Automatic saves"));
+    bindTyped(bindings_, fileName, shown_.fileName);
+    auto* counter = makeNumberLabel("SheetCounter", "Rows on the sheet", "0000000");
+    bindText(bindings_, counter, shown_.counter);
+    auto* records = makeNumberLabel("RecordsCounter", "Automatic saves", "0000000");
     records->setToolTip(QStringLiteral("This is used to indicated how many records were automatically created over a "
                                        "long profile, or data gathering."));
-    auto* save =
-        makeButton(QStringLiteral("Save &As"), QStringLiteral("Command11"),
-                   QStringLiteral("Save all Data on the Spread Sheet to a Tab Delimited Text File. (Ctrl+Shift+S)"));
-    auto* open = makeButton(QStringLiteral("Op&en"), QStringLiteral("Command10"),
-                            QStringLiteral("Open a saved sheet. It replaces what is on the Spread Sheet. (Ctrl+O)"));
-    auto* clear = makeButton(QStringLiteral("&Clear All"), QStringLiteral("Command9"),
-                             QStringLiteral("Clears the Spread Sheet of all data."));
+    bindText(bindings_, records, shown_.records);
+    auto* save = makeButton(
+        "Save &As", "Command11", [&program] { program.saveAs(); },
+        "Save all Data on the Spread Sheet to a Tab Delimited Text File. (Ctrl+Shift+S)");
+    auto* open = makeButton(
+        "Op&en", "Command10", [&program] { program.openSheet(); },
+        "Open a saved sheet. It replaces what is on the Spread Sheet. (Ctrl+O)");
+    auto* clear = makeButton(
+        "&Clear All", "Command9", [&program] { program.clearAll(); }, "Clears the Spread Sheet of all data.");
+    const CommandState& commands = program.session.commands;
+    bindEnabled(bindings_, save, commands.canSaveAs);
+    bindEnabled(bindings_, open, commands.canOpenSheet);
+    bindEnabled(bindings_, clear, commands.canClearAll);
 
     auto* bar = new QHBoxLayout;
-    bar->addWidget(fileNameLabel);
+    bar->addWidget(makeCaption("File &name :", fileName));
     bar->addWidget(fileName, 1);
     bar->addSpacing(16);
     bar->addWidget(new QLabel(QStringLiteral("Rows :")));
@@ -172,44 +181,7 @@ SheetPage::SheetPage(DataSheet& sheet, SheetState& shown, const CommandState& co
     bar->addWidget(save);
     bar->addWidget(open);
     bar->addWidget(clear);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(bar);
-    layout->addWidget(grid_, 1);
-
-    connect(fileName, &QLineEdit::textEdited, this, [this](const QString& text) { shown_.fileName = text; });
-    connect(save, &QPushButton::clicked, this, [actions] { actions.saveAs(); });
-    connect(open, &QPushButton::clicked, this, [actions] { actions.open(); });
-    connect(clear, &QPushButton::clicked, this, [actions] { actions.clearAll(); });
-
-    refreshTimer_.setSingleShot(true);
-    refreshTimer_.setInterval(refreshDelay);
-    connect(&refreshTimer_, &QTimer::timeout, this, [this] { refreshNow(); });
-    subscriptions_ = {sheet.rowAppended.subscribe([this] { schedule(); }), sheet.headerChanged.subscribe([this] {
-                          model_.noteHeader();
-                          schedule();
-                      }),
-                      sheet.rowsRemoved.subscribe([this] {
-                          model_.noteRemoved();
-                          schedule();
-                      })};
-
-    bindings_.bind(shown.fileName, [fileName](const QString& text) {
-        if (fileName->text() != text) {
-            fileName->setText(text);
-        }
-    });
-    bindings_.bind(shown.counter, [counter](const QString& text) { counter->setText(text); });
-    bindings_.bind(shown.records, [records](const QString& text) { records->setText(text); });
-    bindings_.bind(shown.topRow, [this](int) { schedule(); });
-    const auto visit = [this](int) {
-        visitPending_ = true;
-        schedule();
-    };
-    bindings_.bind(shown.currentRow, visit);
-    bindings_.bind(shown.currentColumn, visit); // changes also when the same cell is the last one visited again
-    bindings_.bind(commands.canSaveAs, [save](bool can) { save->setEnabled(can); });
-    bindings_.bind(commands.canOpenSheet, [open](bool can) { open->setEnabled(can); });
-    bindings_.bind(commands.canClearAll, [clear](bool can) { clear->setEnabled(can); });
+    return bar;
 }
 
 void SheetPage::schedule() {

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/observe.h"
-#include "link/session.h"
-#include "sheet/datasheet.h"
+#include "program/program.h"
 
 #include <QAbstractTableModel>
 #include <QTableView>
 #include <QTimer>
 #include <QWidget>
 
-#include <functional>
 #include <vector>
 
 namespace orv {
@@ -19,7 +16,7 @@ namespace orv {
 /// follows a run a few times a second instead of at every row.
 class SheetModel final : public QAbstractTableModel {
 public:
-    explicit SheetModel(const DataSheet& sheet, QObject* parent = nullptr);
+    explicit SheetModel(const DataSheet& sheet);
 
     /// Brings the table up to date with the sheet; cheap if nothing has changed. Returns whether rows were removed
     /// since, so that the table has been replaced as a whole.
@@ -45,16 +42,7 @@ private:
 /// at all while another page is shown.
 class SheetPage final : public QWidget {
 public:
-    /// What the page's buttons do.
-    struct Actions {
-        std::function<void()> saveAs;
-        std::function<void()> open;
-        std::function<void()> clearAll;
-    };
-
-    /// Follows the sheet, which outlives it.
-    SheetPage(DataSheet& sheet, SheetState& shown, const CommandState& commands, const Actions& actions,
-              QWidget* parent = nullptr);
+    explicit SheetPage(Program& program);
 
     /// Draws what has changed now, for screenshots and tests.
     void refreshNow();
@@ -64,6 +52,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    QLayout* makeBar(Program& program);
     void schedule();
 
     SheetState& shown_;

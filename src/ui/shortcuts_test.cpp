@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/windowtest.h"
+#include "testing/windowrig.h"
 #include "ui/settingswindow.h"
 
 #include <QTabBar>
@@ -32,16 +32,11 @@ protected:
 
     /// What a key leads to, on each page in turn.
     void expectOnEveryPage(Qt::Key key, Qt::KeyboardModifiers modifiers, const std::string& announcement) {
-        for (const QString& caption : upperCaptions() + lowerCaptions()) {
-            if (upperCaptions().contains(caption)) {
-                program.selectUpperTab(caption);
-            } else {
-                program.selectLowerTab(caption);
-            }
+        onEachPage([&](const std::string& caption) {
             said();
             press(key, modifiers);
-            EXPECT_EQ(said(), announcement) << "on the page " << caption.toStdString();
-        }
+            EXPECT_EQ(said(), announcement) << "on the page " << caption;
+        });
     }
 };
 
@@ -82,7 +77,7 @@ TEST_F(ShortcutsTest, NothingIsOpenedOverARun) {
 
 TEST_F(ShortcutsTest, AHiddenRunButtonIsNotPressedByItsKey) {
     connectAndComeForward();
-    program.session.commands.runVisible = false;
+    commands.runVisible = false;
     said();
     press(Qt::Key_F5, Qt::NoModifier);
     EXPECT_EQ(said(), "");
@@ -131,8 +126,8 @@ TEST_F(ShortcutsTest, EscHidesTheProcessingDialogAndTheDownloadGoesOn) {
     ASSERT_TRUE(dialog.isVisible());
     QTest::keyClick(&dialog, Qt::Key_Escape);
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Importing);
-    EXPECT_EQ(program.session.commands.activity.value(), Activity::Downloading);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Importing);
+    EXPECT_EQ(commands.activity.value(), Activity::Downloading);
 }
 
 TEST_F(ShortcutsTest, EscLeavesTheSettingsOpen) {

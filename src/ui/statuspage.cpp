@@ -2,14 +2,11 @@
 #include "ui/statuspage.h"
 
 #include "ui/portsbox.h"
+#include "ui/widgets.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -18,7 +15,7 @@ namespace orv {
 
 namespace {
 
-constexpr int drawDelay = 200; ///< Milliseconds after the first of some rows.
+constexpr int drawDelay = 200; ///< Milliseconds after the first of some changes.
 constexpr int columnsAcross = 3;
 constexpr int valueMargin = 4;
 
@@ -31,9 +28,9 @@ int widthOf(const QLabel& value, const QString& text) {
 
 } // namespace
 
-NewestRowScreen::NewestRowScreen(const DataSheet& sheet, const SheetState& shown, QWidget* parent)
-    : QGroupBox(QStringLiteral("Newest row"), parent)
-    , sheet_(sheet)
+NewestRowScreen::NewestRowScreen(const Program& program)
+    : QGroupBox(QStringLiteral("Newest row"))
+    , sheet_(program.sheet)
     , empty_(new QLabel(QStringLiteral("No rows yet. Connect, then press Run."))) {
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(32);
@@ -41,9 +38,7 @@ NewestRowScreen::NewestRowScreen(const DataSheet& sheet, const SheetState& shown
     for (int column = 0; column < DataSheet::columnCount; ++column) {
         auto* caption = new QLabel;
         auto* value = new QLabel;
-        QFont font = value->font();
-        font.setPointSizeF(font.pointSizeF() * 1.9);
-        value->setFont(font);
+        enlarge(value, 1.9);
         value->setTextFormat(Qt::PlainText);
         // A fixed size, so that a new value does not lay out the page anew; an own background, so that it does not
         // paint the box behind it anew.
@@ -65,7 +60,7 @@ NewestRowScreen::NewestRowScreen(const DataSheet& sheet, const SheetState& shown
     drawTimer_.setSingleShot(true);
     drawTimer_.setInterval(drawDelay);
     connect(&drawTimer_, &QTimer::timeout, this, [this] { draw(); });
-    bindings_.bind(shown.counter, [this](const QString&) {
+    bindings_.bind(program.sheetState.counter, [this](const QString&) {
         if (isVisible() && !drawTimer_.isActive()) {
             drawTimer_.start();
         }
@@ -99,138 +94,89 @@ void NewestRowScreen::showEvent(QShowEvent* event) {
     draw();
 }
 
-namespace {
-
-QLabel* makeValue(const QString& name, const QString& accessibleName) {
-    auto* label = new QLabel;
-    label->setObjectName(name);
-    label->setAccessibleName(accessibleName);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return label;
-}
-
-/// The box with the shutter reset's step: nothing can be typed there, so it does not look as if.
-QLineEdit* makeProgressBox() {
-    auto* box = new QLineEdit;
-    box->setObjectName(QStringLiteral("Text38"));
-    box->setAccessibleName(QStringLiteral("Shutter reset progress"));
-    box->setToolTip(QStringLiteral("The step of the shutter reset under way."));
-    box->setReadOnly(true);
-    box->setFrame(false);
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    box->setPalette(palette);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("Restoring Orignal Settings 00000000")));
-    return box;
-}
-
-void enlarge(QLabel* label, double factor) {
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * factor);
-    label->setFont(font);
-}
-
-constexpr int countsPaintDelay = 200; ///< Milliseconds after the first of some changes.
-
-/// A label for a number. Its size is fixed, so that a new number does not lay out the page anew.
-QLabel* makeCount(const QString& name, const QString& accessibleName, double size) {
-    auto* label = new QLabel;
-    label->setObjectName(name);
-    label->setAccessibleName(accessibleName);
-    label->setTextFormat(Qt::PlainText);
-    enlarge(label, size);
-    label->setFixedSize(label->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")),
-                        label->fontMetrics().height());
-    return label;
-}
-
-} // namespace
-
-StatusPage::StatusPage(Program& program, const Actions& actions, QWidget* parent)
-    : QWidget(parent) {
+StatusPage::StatusPage(Program& program) {
     setObjectName(QStringLiteral("StatusPage"));
     countsTimer_.setSingleShot(true);
-    countsTimer_.setInterval(countsPaintDelay);
+    countsTimer_.setInterval(drawDelay);
     connect(&countsTimer_, &QTimer::timeout, this, [this] {
         for (QLabel* count : counts_) {
             count->update();
         }
     });
     auto* left = new QVBoxLayout;
-    left->addWidget(makeStatusBox(program));
+    left->addWidget(makeStatusBox(program.session.status));
     left->addWidget(new PortsBox(program.portChoices));
     left->addWidget(makeInstrumentBox(program));
-    left->addWidget(new NewestRowScreen(program.sheet, program.sheetState));
+    left->addWidget(new NewestRowScreen(program));
     left->addStretch(1);
     auto* layout = new QHBoxLayout(this);
     layout->addLayout(left, 1);
-    layout->addWidget(makeControlsBox(program, actions), 0, Qt::AlignTop);
+    layout->addWidget(makeControlsBox(program), 0, Qt::AlignTop);
 }
 
-QWidget* StatusPage::makeStatusBox(Program& program) {
-    auto* box = new QGroupBox(QStringLiteral("Status"));
-    auto* status = makeValue(QStringLiteral("Label20"), QStringLiteral("Status"));
+QGroupBox* StatusPage::makeStatusBox(const StatusState& shown) {
+    auto* status = makeValueLabel("Label20", "Status");
     enlarge(status, 2.2);
-    auto* shutter = makeProgressBox();
-    auto* countdown = makeValue(QStringLiteral("ShutterCountdown"), QStringLiteral("Time the shutter still moves"));
-    auto* notice = makeValue(QStringLiteral("Notice"), QStringLiteral("Remark"));
+    auto* shutter = makeReadOnlyBox("Text38", "Shutter reset progress", "The step of the shutter reset under way.");
+    shutter->setFrame(false);
+    shutter->setFixedWidth(
+        shutter->fontMetrics().horizontalAdvance(QStringLiteral("Restoring Orignal Settings 00000000")));
+    auto* countdown = makeValueLabel("ShutterCountdown", "Time the shutter still moves");
+    auto* notice = makeValueLabel("Notice", "Remark");
     notice->setWordWrap(true);
+    auto* box = makeFrame("Status");
     auto* layout = new QVBoxLayout(box);
-    layout->addWidget(status);
     auto* shutterRow = new QHBoxLayout;
+    layout->addWidget(status);
+    layout->addLayout(shutterRow);
     shutterRow->addWidget(shutter);
     shutterRow->addWidget(countdown);
     shutterRow->addStretch(1);
-    layout->addLayout(shutterRow);
     layout->addWidget(notice);
 
-    bindings_.bind(program.session.status.status, [status](const QString& text) {
+    bindings_.bind(shown.status, [status](const QString& text) {
         status->setText(text);
         status->repaint(); // a procedure that does not yield may follow
     });
-    bindings_.bind(program.session.status.shutterProgress, [shutter](const QString& text) {
-        shutter->setText(text);
-        shutter->setVisible(!text.isEmpty());
-        shutter->repaint();
-    });
-    bindings_.bind(program.session.status.shutterCountdown, [countdown](const QString& text) {
-        countdown->setText(text);
-        countdown->setVisible(!text.isEmpty());
-    });
-    bindings_.bind(program.session.status.notice, [notice](const QString& text) {
-        notice->setText(text);
-        notice->setVisible(!text.isEmpty());
-    });
+    const auto showUnlessEmpty = [this](const QProperty<QString>& text, auto* control) {
+        bindings_.bind(text, [control](const QString& now) {
+            control->setText(now);
+            control->setVisible(!now.isEmpty());
+        });
+    };
+    showUnlessEmpty(shown.shutterProgress, shutter);
+    bindings_.bind(shown.shutterProgress, [shutter](const QString&) { shutter->repaint(); });
+    showUnlessEmpty(shown.shutterCountdown, countdown);
+    showUnlessEmpty(shown.notice, notice);
     return box;
 }
 
-QWidget* StatusPage::makeInstrumentBox(Program& program) {
-    auto* box = new QGroupBox(QStringLiteral("Instrument"));
+QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
+    auto* box = makeFrame("Instrument");
     auto* form = new QFormLayout(box);
     form->setHorizontalSpacing(24);
     form->setVerticalSpacing(8);
-    const auto addRow = [this, form](const QString& caption, const QString& name) {
-        auto* label = makeValue(name, caption);
+    const auto addRow = [form](const QString& caption, const char* name) {
+        auto* label = makeValueLabel(name, caption);
         enlarge(label, 1.2);
         form->addRow(caption, label);
         return label;
     };
-    const auto addText = [this, addRow](const QString& caption, const QString& name, const QProperty<QString>& value) {
-        bindings_.bind(value, [label = addRow(caption, name)](const QString& text) { label->setText(text); });
+    const auto addCount = [this, form](const QString& caption, const char* name, const char* accessibleName,
+                                       double size) {
+        counts_.push_back(makeNumberLabel(name, accessibleName, "0000000000", size));
+        form->addRow(caption, counts_.back());
+        return counts_.back();
     };
     const StatusState& status = program.session.status;
-    bindings_.bind(status.instrument,
-                   [label = addRow(QStringLiteral("Instrument:"), QStringLiteral("InstrumentLabel"))](
-                       InstrumentType type) { label->setText(instrumentName(type)); });
-    addText(QStringLiteral("Firmware Ver."), QStringLiteral("FirmwareLabel"), status.firmware);
-    addText(QStringLiteral("Date"), QStringLiteral("Label23"), status.date);
-    addText(QStringLiteral("Time"), QStringLiteral("Label22"), status.time);
-    auto* rows = makeCount(QStringLiteral("StatusRows"), QStringLiteral("Rows on the sheet"), 1.2);
-    form->addRow(QStringLiteral("Rows on the sheet"), rows);
-    addText(QStringLiteral("Bytes downloaded"), QStringLiteral("DownloadedBytes"), status.downloadedBytes);
-    auto* buffer = makeCount(QStringLiteral("BufferLabel"), QStringLiteral("Characters in the receive buffer"), 1.0);
-    form->addRow(QStringLiteral("Buffer"), buffer);
-    counts_ = {rows, buffer};
+    auto* instrument = addRow(QStringLiteral("Instrument:"), "InstrumentLabel");
+    bindText(bindings_, addRow(QStringLiteral("Firmware Ver."), "FirmwareLabel"), status.firmware);
+    bindText(bindings_, addRow(QStringLiteral("Date"), "Label23"), status.date);
+    bindText(bindings_, addRow(QStringLiteral("Time"), "Label22"), status.time);
+    auto* rows = addCount(QStringLiteral("Rows on the sheet"), "StatusRows", "Rows on the sheet", 1.2);
+    bindText(bindings_, addRow(QStringLiteral("Bytes downloaded"), "DownloadedBytes"), status.downloadedBytes);
+    auto* buffer = addCount(QStringLiteral("Buffer"), "BufferLabel", "Characters in the receive buffer", 1.0);
+    bindings_.bind(status.instrument, [instrument](InstrumentType type) { instrument->setText(instrumentName(type)); });
     bindings_.bind(program.sheetState.counter, [this, rows](const QString& text) { setCount(rows, text); });
     bindings_.bind(status.bufferCount, [this, buffer](int count) { setCount(buffer, QString::number(count)); });
     return box;
@@ -245,35 +191,28 @@ void StatusPage::setCount(QLabel* label, const QString& text) {
     }
 }
 
-QWidget* StatusPage::makeControlsBox(Program& program, const Actions& actions) {
-    auto* box = new QGroupBox(QStringLiteral("Controls"));
+QGroupBox* StatusPage::makeControlsBox(Program& program) {
+    auto* box = makeFrame("Controls");
     auto* layout = new QVBoxLayout(box);
-    const auto addButton = [this, layout](const QString& caption, const QString& name, const QString& toolTip,
-                                          const std::function<void()>& action) {
-        auto* button = new QPushButton(caption);
-        button->setObjectName(name);
-        button->setToolTip(toolTip);
+    auto* run = makeButton(
+        "&Run", "Command2", [&program] { program.run(); },
+        "Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp. (F5)");
+    auto* reset = makeButton(
+        "R&eset", "ResetButton", [&program] { program.reset(); },
+        "Stops current collection and requires the instrument to be reset.");
+    auto* shutter = makeButton(
+        "Reset Sh&utter", "ResetShutterButton", [&program] { program.resetShutter(); },
+        "Moves the instrument's shutter back to its rest position.");
+    for (QPushButton* button : {run, reset, shutter}) {
         button->setMinimumSize(150, 38);
         layout->addWidget(button);
-        connect(button, &QPushButton::clicked, this, [action] { action(); });
-        return button;
-    };
-    auto* run =
-        addButton(QStringLiteral("&Run"), QStringLiteral("Command2"),
-                  QStringLiteral("Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp. (F5)"),
-                  actions.run);
-    auto* reset =
-        addButton(QStringLiteral("R&eset"), QStringLiteral("ResetButton"),
-                  QStringLiteral("Stops current collection and requires the instrument to be reset."), actions.reset);
-    auto* shutter =
-        addButton(QStringLiteral("Reset Sh&utter"), QStringLiteral("ResetShutterButton"),
-                  QStringLiteral("Moves the instrument's shutter back to its rest position."), actions.resetShutter);
+    }
     const CommandState& commands = program.session.commands;
-    bindings_.bind(commands.canRun, [run](bool can) { run->setEnabled(can); });
-    bindings_.bind(commands.runVisible, [run](bool visible) { run->setVisible(visible); });
-    bindings_.bind(commands.resetEnabled, [reset](bool can) { reset->setEnabled(can); });
-    bindings_.bind(commands.canResetShutter, [shutter](bool can) { shutter->setEnabled(can); });
-    bindings_.bind(commands.resetShutterVisible, [shutter](bool visible) { shutter->setVisible(visible); });
+    bindEnabled(bindings_, run, commands.canRun);
+    bindVisible(bindings_, run, commands.runVisible);
+    bindEnabled(bindings_, reset, commands.resetEnabled);
+    bindEnabled(bindings_, shutter, commands.canResetShutter);
+    bindVisible(bindings_, shutter, commands.resetShutterVisible);
     return box;
 }
 

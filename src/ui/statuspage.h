@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/observe.h"
 #include "program/program.h"
-#include "sheet/datasheet.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QTimer>
-#include <QWidget>
 
-#include <functional>
 #include <vector>
+
+class QLabel;
 
 namespace orv {
 
@@ -19,7 +16,7 @@ namespace orv {
 /// while rows come, and not at all while hidden.
 class NewestRowScreen final : public QGroupBox {
 public:
-    NewestRowScreen(const DataSheet& sheet, const SheetState& shown, QWidget* parent = nullptr);
+    explicit NewestRowScreen(const Program& program);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -39,19 +36,12 @@ private:
 /// times a second; they are painted about five times a second.
 class StatusPage final : public QWidget {
 public:
-    /// What the page's buttons do.
-    struct Actions {
-        std::function<void()> run;
-        std::function<void()> reset;
-        std::function<void()> resetShutter;
-    };
-
-    StatusPage(Program& program, const Actions& actions, QWidget* parent = nullptr);
+    explicit StatusPage(Program& program);
 
 private:
-    QWidget* makeStatusBox(Program& program);
-    QWidget* makeInstrumentBox(Program& program);
-    QWidget* makeControlsBox(Program& program, const Actions& actions);
+    QGroupBox* makeStatusBox(const StatusState& shown);
+    QGroupBox* makeInstrumentBox(const Program& program);
+    QGroupBox* makeControlsBox(Program& program);
     void setCount(QLabel* label, const QString& text);
 
     std::vector<QLabel*> counts_;

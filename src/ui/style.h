@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QColor>
 #include <QIcon>
 #include <QProxyStyle>
+
+#include <array>
 
 namespace orv {
 
@@ -19,6 +22,23 @@ public:
                      const QWidget* widget) const override;
     void polish(QPalette& palette) override;
 };
+
+/// The colours of the plot.
+struct PlotTheme {
+    QColor background;
+    QColor text; ///< Also the axes.
+    QColor grid;
+    QColor focus;
+    /// As many as a row of the sheet can have values. People of every kind of colour vision can tell them apart from
+    /// each other and from the background.
+    std::array<QColor, 6> curves;
+};
+
+/// The colours that go with a window's palette, light or dark.
+PlotTheme plotTheme(const QPalette& palette);
+
+/// Black on white, for pictures and print.
+PlotTheme paperTheme();
 
 /// The program's icon in the sizes that windows need. It is part of the program: asking the desktop's icon theme, whose
 /// picture is the same, would read its index at every start.

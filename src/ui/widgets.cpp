@@ -4,35 +4,91 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPainter>
 #include <QStyleOptionTab>
 
 namespace orv {
 
-QLabel* makeValueLabel(const QString& name, const QString& accessibleName) {
+QLabel* makeValueLabel(QAnyStringView name, QAnyStringView accessibleName) {
     auto* label = new QLabel;
-    label->setObjectName(name);
-    label->setAccessibleName(accessibleName);
+    label->setObjectName(name.toString());
+    label->setAccessibleName(accessibleName.toString());
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
 }
 
-QLabel* makeCaption(const QString& text, QWidget* buddy) {
-    auto* label = new QLabel(text);
+QLabel* makeFramedLabel(QAnyStringView name, QAnyStringView accessibleName) {
+    QLabel* label = makeValueLabel(name, accessibleName);
+    label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return label;
+}
+
+QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size) {
+    QLabel* label = makeValueLabel(name, accessibleName);
+    label->setTextInteractionFlags(Qt::NoTextInteraction); // selecting costs at every number
+    if (size > 1.0) {
+        enlarge(label, size);
+    }
+    label->setFixedSize(label->fontMetrics().horizontalAdvance(widest.toString()), label->fontMetrics().height());
+    return label;
+}
+
+QLabel* makeCaption(QAnyStringView text, QWidget* buddy) {
+    auto* label = new QLabel(text.toString());
     label->setBuddy(buddy);
     return label;
 }
 
-QPushButton* makeButton(const QString& caption, const QString& name, const std::function<void()>& clicked,
-                        const QString& toolTip) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setToolTip(toolTip);
+void enlarge(QLabel* label, double factor) {
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * factor);
+    label->setFont(font);
+}
+
+QLineEdit* makeReadOnlyBox(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView toolTip) {
+    auto* box = new QLineEdit;
+    box->setObjectName(name.toString());
+    box->setAccessibleName(accessibleName.toString());
+    box->setToolTip(toolTip.toString());
+    box->setReadOnly(true);
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    box->setPalette(palette);
+    return box;
+}
+
+QPushButton* makeButton(QAnyStringView caption, QAnyStringView name, const std::function<void()>& clicked,
+                        QAnyStringView toolTip) {
+    auto* button = new QPushButton(caption.toString());
+    button->setObjectName(name.toString());
+    button->setToolTip(toolTip.toString());
     button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, button, clicked);
     return button;
+}
+
+QRadioButton* makeOption(QAnyStringView caption, QAnyStringView name, QAnyStringView toolTip) {
+    auto* option = new QRadioButton(caption.toString());
+    option->setObjectName(name.toString());
+    option->setToolTip(toolTip.toString());
+    return option;
+}
+
+QGroupBox* makeFrame(QAnyStringView title, QAnyStringView name) {
+    auto* frame = new QGroupBox(title.toString());
+    frame->setObjectName(name.toString());
+    return frame;
+}
+
+void bindTyped(Bindings& bindings, QLineEdit* box, QProperty<QString>& text) {
+    bindings.bind(text, [box](const QString& shown) {
+        if (box->text() != shown) {
+            box->setText(shown);
+        }
+    });
+    QObject::connect(box, &QLineEdit::textEdited, box, [&text](const QString& typed) { text = typed; });
 }
 
 void bindChecked(Bindings& bindings, QAbstractButton* button, QProperty<bool>& checked) {
@@ -135,9 +191,7 @@ void ChoiceTabBar::choose(int index) {
         return;
     }
     update();
-    if (tabChosen) {
-        tabChosen(tabText(index));
-    }
+    tabChosen.tell(tabText(index));
 }
 
 void ChoiceTabBar::setChosen(bool chosen) {

@@ -6,8 +6,11 @@
 
 #include <QAbstractButton>
 #include <QColor>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabBar>
 #include <QWidget>
 
@@ -15,17 +18,67 @@
 
 namespace orv {
 
-/// A label whose text can be selected, with the object name by which it is found.
-QLabel* makeValueLabel(const QString& name, const QString& accessibleName);
+/// A label for a value: plain text that can be selected.
+QLabel* makeValueLabel(QAnyStringView name, QAnyStringView accessibleName);
+
+/// A value label in a sunken frame, for a number at the right.
+QLabel* makeFramedLabel(QAnyStringView name, QAnyStringView accessibleName);
+
+/// A label for a number that changes often, in letters of `size` times the usual ones. Its size is fixed, as wide as
+/// `widest`, so that a new number does not lay out the page anew.
+QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size = 1.0);
 
 /// A label that belongs to `buddy`: its mnemonic moves the focus there.
-QLabel* makeCaption(const QString& text, QWidget* buddy);
+QLabel* makeCaption(QAnyStringView text, QWidget* buddy);
 
-QPushButton* makeButton(const QString& caption, const QString& name, const std::function<void()>& clicked,
-                        const QString& toolTip = {});
+/// Gives a label letters of so many times the usual size.
+void enlarge(QLabel* label, double factor);
+
+/// A box in which nothing can be typed; it has the ground of the page, so that it does not look as if.
+QLineEdit* makeReadOnlyBox(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView toolTip);
+
+/// A push button that calls `clicked`. The Enter key presses it only while it has the focus.
+QPushButton* makeButton(QAnyStringView caption, QAnyStringView name, const std::function<void()>& clicked,
+                        QAnyStringView toolTip = {});
+
+/// An option button; of those with one parent only one is selected.
+QRadioButton* makeOption(QAnyStringView caption, QAnyStringView name, QAnyStringView toolTip = {});
+
+/// A frame with a title, which may be empty.
+QGroupBox* makeFrame(QAnyStringView title, QAnyStringView name = {});
+
+/// Lets a control or a menu entry follow the property: whether it is enabled, whether it is there, or what it says. A
+/// control that is shown must have its parent, or it would be a window for a moment.
+template <typename Control>
+void bindEnabled(Bindings& bindings, Control* control, const QProperty<bool>& enabled) {
+    bindings.bind(enabled, [control](bool on) { control->setEnabled(on); });
+}
+template <typename Control>
+void bindVisible(Bindings& bindings, Control* control, const QProperty<bool>& visible) {
+    bindings.bind(visible, [control](bool on) { control->setVisible(on); });
+}
+template <typename Control>
+void bindText(Bindings& bindings, Control* control, const QProperty<QString>& text) {
+    bindings.bind(text, [control](const QString& shown) { control->setText(shown); });
+}
+
+/// Lets a box show the property and set it while the operator types.
+void bindTyped(Bindings& bindings, QLineEdit* box, QProperty<QString>& text);
 
 /// Lets a check box or option button show the property and set it when the operator clicks.
 void bindChecked(Bindings& bindings, QAbstractButton* button, QProperty<bool>& checked);
+
+/// Selects one of several option buttons when the property has its value, and sets the property when the operator
+/// clicks.
+template <typename Value>
+void bindOption(Bindings& bindings, QAbstractButton* option, QProperty<Value>& choice, Value value) {
+    bindings.bind(choice, [option, value](Value chosen) {
+        if (chosen == value) {
+            option->setChecked(true);
+        }
+    });
+    QObject::connect(option, &QAbstractButton::clicked, option, [&choice, value] { choice = value; });
+}
 
 /// Whether the Tab key stops at an option button: only at the selected one of its group, the arrow keys go on from
 /// there.
@@ -72,8 +125,8 @@ public:
     /// Selects a tab as the operator would.
     void choose(int index);
 
-    /// Called with the caption of every tab that is chosen.
-    std::function<void(const QString& caption)> tabChosen;
+    /// Tells the caption of every tab that is chosen.
+    Signal<QString> tabChosen;
 
 protected:
     void initStyleOption(QStyleOptionTab* option, int tabIndex) const override;

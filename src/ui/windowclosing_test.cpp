@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/windowtest.h"
+#include "testing/windowrig.h"
 
 #include <QPlainTextEdit>
 
@@ -38,19 +38,19 @@ TEST_F(ManualDialogTest, ProceedAndStartConnect) {
         if (wait == longAfterAnAttempt) {
             EXPECT_FALSE(button("ManualStart").isEnabled());
             EXPECT_FALSE(button("ManualRetry").isEnabled());
-            greeting = "F310\r";
+            replies = {"F310\r"};
         }
     };
     button("ManualStart").click();
     EXPECT_GE(waits, longAfterAnAttempt);
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Identified);
-    EXPECT_EQ(program.session.status.firmware.value().toStdString(), "310");
+    EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
+    EXPECT_EQ(status.firmware.value().toStdString(), "310");
 }
 
 TEST_F(ManualDialogTest, RetryConnectsAndTheDialogStays) {
     item("ManualConnect1").trigger();
-    greeting = "V512\r";
+    replies = {"V512\r"};
     button("ManualRetry").click();
     EXPECT_TRUE(com1.isOpen());
     EXPECT_TRUE(dialog.isVisible());
@@ -102,10 +102,10 @@ TEST_F(SeekingTest, TheDialogsQuitEndsItAndNothingElseTakesInput) {
     };
     seek();
     EXPECT_EQ(saidMeanwhile, "");
-    EXPECT_EQ(program.session.state.trouble, 0);
+    EXPECT_EQ(state.trouble, 0);
     EXPECT_LT(waits, mostWaits);
     EXPECT_FALSE(com1.isOpen());
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_TRUE(com1.writes.empty());
 }
@@ -119,7 +119,7 @@ TEST_F(SeekingTest, ClosingTheDialogEndsIt) {
     seek();
     EXPECT_LT(waits, mostWaits);
     EXPECT_FALSE(com1.isOpen());
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
 }
 
 TEST_F(SeekingTest, ClosingTheWindowEndsItAndThenTheProgram) {
@@ -132,7 +132,7 @@ TEST_F(SeekingTest, ClosingTheWindowEndsItAndThenTheProgram) {
     EXPECT_LT(waits, mostWaits);
     EXPECT_FALSE(com1.isOpen());
     EXPECT_FALSE(window->isVisible());
-    EXPECT_TRUE(events.programEnding());
+    EXPECT_TRUE(windowEvents.programEnding());
 }
 
 TEST_F(WindowTest, TheWindowLivesDuringAnAutomaticAttempt) {
@@ -145,13 +145,13 @@ TEST_F(WindowTest, TheWindowLivesDuringAnAutomaticAttempt) {
             QTimer::singleShot(0, window.get(), [&timerRan] { timerRan = true; });
         } else if (wait == later) {
             labelDrawn = find<QLabel>("Label20").text() == QLatin1String("Connecting...");
-            greeting = "V512\r";
+            replies = {"V512\r"};
         }
     };
     item("AutoConnect1").trigger();
     EXPECT_TRUE(timerRan);
     EXPECT_TRUE(labelDrawn);
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Identified);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
 }
 
 TEST_F(WindowTest, ClosingTheWindowDuringAnAutomaticAttemptEndsTheProgramBehindIt) {
@@ -161,13 +161,13 @@ TEST_F(WindowTest, ClosingTheWindowDuringAnAutomaticAttemptEndsTheProgramBehindI
         if (wait == begun) {
             window->close();
             openAfterClosing = window->isVisible();
-            greeting = "V512\r";
+            replies = {"V512\r"};
         }
     };
     item("AutoConnect1").trigger();
     EXPECT_TRUE(openAfterClosing);
     EXPECT_FALSE(window->isVisible());
-    EXPECT_TRUE(events.programEnding());
+    EXPECT_TRUE(windowEvents.programEnding());
     EXPECT_TRUE(com1.writes.empty()) << "nothing is sent behind the end";
 }
 
@@ -181,7 +181,7 @@ protected:
         said();
     }
 
-    bool hasEnded() const { return events.programEnding() && !window->isVisible(); }
+    bool hasEnded() const { return windowEvents.programEnding() && !window->isVisible(); }
 };
 
 TEST_F(ClosingTest, WithNothingUnsavedTheWindowCloses) {
@@ -203,9 +203,9 @@ TEST_F(ClosingTest, ACancelledSaveKeepsTheWindowAndTheRun) {
     collectRow();
     answers.yes = true;
     window->close();
-    EXPECT_FALSE(events.programEnding());
+    EXPECT_FALSE(windowEvents.programEnding());
     EXPECT_TRUE(window->isVisible());
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
     receiveRow();
     EXPECT_EQ(program.sheet.rowCount(), 2);
 }
@@ -216,7 +216,7 @@ TEST_F(ClosingTest, QuitAnnouncesItselfAndSaves) {
     answers.fileName = folder.path("sheet.txt");
     item("Quit").trigger();
     EXPECT_EQ(said(), "Exit\rSave Spread Sheet\rSaving TRX(S) Sheet\r");
-    EXPECT_TRUE(events.programEnding());
+    EXPECT_TRUE(windowEvents.programEnding());
     EXPECT_TRUE(contentsOf(folder.path("sheet.txt")).startsWith("V\t512 1\r\n"));
 }
 
@@ -225,14 +225,14 @@ TEST_F(ClosingTest, QuitWhoseSaveIsCancelledKeepsTheProgram) {
     answers.yes = true;
     item("Quit").trigger();
     EXPECT_EQ(said(), "Exit\rSave Spread Sheet\r");
-    EXPECT_FALSE(events.programEnding());
+    EXPECT_FALSE(windowEvents.programEnding());
     EXPECT_TRUE(window->isVisible());
 }
 
 TEST_F(ClosingTest, QuitDuringTheWakeUpPulseEndsAtOnceAndSendsNothing) {
     QTimer::singleShot(0, window.get(), [this] { item("Quit").trigger(); });
     item("AutoConnect1").trigger();
-    EXPECT_TRUE(events.programEnding());
+    EXPECT_TRUE(windowEvents.programEnding());
     EXPECT_FALSE(com1.isOpen());
     EXPECT_TRUE(com1.writes.empty());
     EXPECT_EQ(waits, 0);
