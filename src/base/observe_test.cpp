@@ -44,5 +44,24 @@ TEST(Bindings, drawNothingOnceTheyAreGone) {
     EXPECT_EQ(draws, 1);
 }
 
+TEST(Signal, tellsAllWhoListenUntilTheyLetGo) {
+    Signal<> signal;
+    std::vector<int> told;
+    const auto note = [&told](int listener) { return [&told, listener] { told.push_back(listener); }; };
+    const Subscription first = signal.subscribe(note(1));
+    Subscription second = signal.subscribe(note(2));
+    signal.tell();
+    second.reset();
+    const Subscription third = signal.subscribe(note(3));
+    Subscription once;
+    once = signal.subscribe([&] {
+        note(4)();
+        once.reset(); // while it is told
+    });
+    signal.tell();
+    signal.tell();
+    EXPECT_THAT(told, ElementsAre(1, 2, 1, 3, 4, 1, 3));
+}
+
 } // namespace
 } // namespace orv

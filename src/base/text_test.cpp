@@ -1,18 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/text.h"
 
-#include "base/runtimeerror.h"
+#include "testing/expect.h"
 
 #include <QDateTime>
 #include <QLocale>
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
-#include <functional>
 #include <limits>
-#include <optional>
 
 namespace orv {
 
@@ -22,16 +16,6 @@ using Kind = RuntimeError::Kind;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-/// The kind of the error that `call` throws; nothing if it throws none.
-std::optional<Kind> errorOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const RuntimeError& error) {
-        return error.kind();
-    }
-    return std::nullopt;
-}
 
 /// Runs the test under a locale that writes a decimal comma.
 class GermanLocale {
@@ -45,107 +29,106 @@ private:
     QLocale before_;
 };
 
-struct ParsedText {
-    const char* text;
-    double value;
-};
+using TextAndNumber = std::pair<const char*, double>;
+
+double number(const char* text) {
+    return leadingNumber(QString::fromUtf8(text));
+}
+
+double wholeNumber(const char* text) {
+    return wholeNumberText(QString::fromUtf8(text));
+}
 
 TEST(LeadingNumber, readsTheNumberThatATextBeginsWith) {
-    const ParsedText rows[] = {
-        {"", 0},          {"   ", 0},         {"abc", 0},     {"5", 5},
-        {" 5", 5},        {"\t 5", 5},        {"5 ", 5},      {"5abc", 5},
-        {"12 34", 12},    {"+7", 7},          {"-7", -7},     {"- 7", 0},
-        {"--7", 0},       {"+", 0},           {"-", 0},       {".", 0},
-        {"-.", 0},        {".5", 0.5},        {"-.5", -0.5},  {"5.", 5},
-        {"5.x", 5},       {"3.25rest", 3.25}, {"1.2.3", 1.2}, {"1,5", 1},
-        {"1,000", 1},     {"1e3", 1000},      {"1E3", 1000},  {"1e+2", 100},
-        {"1e-2", 0.01},   {"1e", 1},          {"1e+", 1},     {"1e-x", 1},
-        {"1.e2", 100},    {".e2", 0},         {"e2", 0},      {"0512", 512},
-        {"00", 0},        {"512\r", 512},     {"\r\n7", 7},   {"0x10", 0},
-        {"inf", 0},       {"nan", 0},         {"-0", 0},      {"________", 0},
-        {"65535", 65535}, {"1d2", 1},         {"1e2e3", 100}, {"2147483648", 2147483648.0},
+    const TextAndNumber rows[] = {
+        {"", 0},
+        {"   ", 0},
+        {"abc", 0},
+        {"5", 5},
+        {" 5", 5},
+        {"\t 5", 5},
+        {"5 ", 5},
+        {"5abc", 5},
+        {"12 34", 12},
+        {"+7", 7},
+        {"-7", -7},
+        {"- 7", 0},
+        {"--7", 0},
+        {"+", 0},
+        {"-", 0},
+        {".", 0},
+        {"-.", 0},
+        {".5", 0.5},
+        {"-.5", -0.5},
+        {"5.", 5},
+        {"5.x", 5},
+        {"3.25rest", 3.25},
+        {"1.2.3", 1.2},
+        {"1,5", 1},
+        {"1,000", 1},
+        {"1e3", 1000},
+        {"1E3", 1000},
+        {"1e+2", 100},
+        {"1e-2", 0.01},
+        {"1e", 1},
+        {"1e+", 1},
+        {"1e-x", 1},
+        {"1.e2", 100},
+        {".e2", 0},
+        {"e2", 0},
+        {"0512", 512},
+        {"00", 0},
+        {"512\r", 512},
+        {"\r\n7", 7},
+        {"0x10", 0},
+        {"inf", 0},
+        {"nan", 0},
+        {"-0", 0},
+        {"________", 0},
+        {"65535", 65535},
+        {"1d2", 1},
+        {"1e2e3", 100},
+        {"2147483648", 2147483648.0},
+        {"1e999", infinity},
+        {"-1e999x", -infinity},
+        {"1e-999", 0},
+        {"\u0665", 0},
+        {"5\u0665", 5},
     };
-    for (const ParsedText& row : rows) {
-        EXPECT_EQ(leadingNumber(QString::fromLatin1(row.text)), row.value) << '"' << row.text << '"';
-    }
-}
-
-TEST(LeadingNumber, overflowsToInfinityAndNeverToZero) {
-    EXPECT_EQ(leadingNumber(QStringLiteral("1e999")), infinity);
-    EXPECT_EQ(leadingNumber(QStringLiteral("-1e999x")), -infinity);
-    EXPECT_EQ(leadingNumber(QStringLiteral("1e-999")), 0.0);
-}
-
-TEST(LeadingNumber, ignoresDigitsOfOtherScripts) {
-    EXPECT_EQ(leadingNumber(QStringLiteral("\u0665")), 0.0);
-    EXPECT_EQ(leadingNumber(QStringLiteral("5\u0665")), 5.0);
+    expectEach(rows, number);
 }
 
 TEST(LeadingNumber, readsAPointUnderEveryLocale) {
     const GermanLocale german;
-    EXPECT_EQ(leadingNumber(QStringLiteral("1.5")), 1.5);
-    EXPECT_EQ(leadingNumber(QStringLiteral("1,5")), 1.0);
-    EXPECT_EQ(leadingNumber(QStringLiteral("1.000")), 1.0);
+    const TextAndNumber rows[] = {{"1.5", 1.5}, {"1,5", 1}, {"1.000", 1}};
+    expectEach(rows, number);
 }
 
 TEST(WholeNumberText, readsATextThatIsANumberAndNothingElse) {
-    const ParsedText rows[] = {{"5", 5},         {" 5", 5},   {"5\t", 5},      {" -2.5 ", -2.5},
-                               {"+1", 1},        {".5", 0.5}, {"5.", 5},       {"1e3", 1000},
-                               {"1.5E-1", 0.15}, {"0", 0},    {"32400", 32400}};
-    for (const ParsedText& row : rows) {
-        EXPECT_EQ(wholeNumberText(QString::fromLatin1(row.text)), row.value) << '"' << row.text << '"';
-    }
-}
-
-TEST(WholeNumberText, refusesEveryOtherText) {
+    const TextAndNumber rows[] = {{"5", 5},         {" 5", 5},   {"5\t", 5},      {" -2.5 ", -2.5},
+                                  {"+1", 1},        {".5", 0.5}, {"5.", 5},       {"1e3", 1000},
+                                  {"1.5E-1", 0.15}, {"0", 0},    {"32400", 32400}};
+    expectEach(rows, wholeNumber);
     for (const char* text : {"", " ", "abc", "5a", "a5", "1 2", "1,5", "--1", "1e", "1e+", ".", "-", "0x10", "nan",
                              "inf", "5>", "1.2.3"}) {
-        EXPECT_EQ(errorOf([text] { wholeNumberText(QString::fromLatin1(text)); }), Kind::TypeMismatch)
-            << '"' << text << '"';
+        EXPECT_EQ(errorOf([text] { wholeNumber(text); }), Kind::TypeMismatch) << '"' << text << '"';
     }
 }
 
 TEST(WholeNumberText, readsAPointUnderEveryLocale) {
     const GermanLocale german;
-    EXPECT_EQ(wholeNumberText(QStringLiteral("1.5")), 1.5);
-    EXPECT_EQ(errorOf([] { wholeNumberText(QStringLiteral("1,5")); }), Kind::TypeMismatch);
+    EXPECT_EQ(wholeNumber("1.5"), 1.5);
+    EXPECT_EQ(errorOf([] { wholeNumber("1,5"); }), Kind::TypeMismatch);
 }
-
-struct WrittenNumber {
-    double value;
-    const char* plain;
-    const char* printed;
-};
-
-constexpr WrittenNumber writtenNumbers[] = {
-    {0, "0", " 0"},
-    {-0.0, "0", " 0"},
-    {5, "5", " 5"},
-    {-5, "-5", "-5"},
-    {999, "999", " 999"},
-    {0.5, "0.5", " 0.5"},
-    {-0.5, "-0.5", "-0.5"},
-    {1.25, "1.25", " 1.25"},
-    {0.1, "0.1", " 0.1"},
-    {12.34567, "12.34567", " 12.34567"},
-    {0.00001, "0.00001", " 0.00001"},
-    {100000, "100000", " 100000"},
-    {1e6, "1000000", " 1000000"},
-    {123456789012.0, "123456789012", " 123456789012"},
-    {1e20, "100000000000000000000", " 100000000000000000000"},
-    {-2147483648.0, "-2147483648", "-2147483648"},
-};
 
 TEST(PlainNumber, hasNeitherExponentNorTrailingZerosNorLeadingBlank) {
-    for (const WrittenNumber& row : writtenNumbers) {
-        EXPECT_EQ(plainNumber(row.value), QLatin1String(row.plain)) << row.value;
+    for (const char* text : {"0", "5", "-5", "999", "0.5", "-0.5", "1.25", "0.1", "12.34567", "0.00001", "100000",
+                             "1000000", "123456789012", "100000000000000000000", "-2147483648"}) {
+        EXPECT_EQ(plainNumber(std::stod(text)).toStdString(), text);
+        EXPECT_EQ(printedNumber(std::stod(text)).toStdString(), (*text == '-' ? "" : " ") + std::string(text));
     }
-}
-
-TEST(PrintedNumber, putsABlankBeforeAValueThatIsNotNegative) {
-    for (const WrittenNumber& row : writtenNumbers) {
-        EXPECT_EQ(printedNumber(row.value), QLatin1String(row.printed)) << row.value;
-    }
+    EXPECT_EQ(plainNumber(-0.0), QStringLiteral("0"));
+    EXPECT_EQ(printedNumber(-0.0), QStringLiteral(" 0"));
 }
 
 TEST(PlainNumber, isReadBackAsTheSameNumber) {
@@ -161,49 +144,22 @@ TEST(PlainNumber, writesAPointAndNoGroupsUnderEveryLocale) {
     EXPECT_EQ(printedNumber(1234567.5), QStringLiteral(" 1234567.5"));
 }
 
-struct Rounded {
-    double value;
-    double whole;
-};
-
 TEST(RoundHalfEven, roundsHalvesToTheEvenNeighbour) {
-    const Rounded rows[] = {{0, 0},
-                            {0.5, 0},
-                            {1.5, 2},
-                            {2.5, 2},
-                            {3.5, 4},
-                            {-0.5, 0},
-                            {-1.5, -2},
-                            {-2.5, -2},
-                            {-3.5, -4},
-                            {0.49, 0},
-                            {0.51, 1},
-                            {-0.49, 0},
-                            {-0.51, -1},
-                            {2.4999, 2},
-                            {2.5001, 3},
-                            {9.5, 10},
-                            {32766.5, 32766},
-                            {32767.5, 32768},
-                            {-32768.5, -32768},
-                            {0.49999999999999994, 0},
-                            {1e15 + 0.5, 1e15},
-                            {4503599627370495.5, 4503599627370496.0},
-                            {1e300, 1e300},
-                            {-1e-20, 0}};
-    for (const Rounded& row : rows) {
-        EXPECT_EQ(roundHalfEven(row.value), row.whole) << row.value;
-    }
+    const std::pair<double, double> rows[] = {
+        {0, 0},      {0.5, 0},   {1.5, 2},         {2.5, 2},         {3.5, 4},           {-0.5, 0},      {-1.5, -2},
+        {-2.5, -2},  {-3.5, -4}, {0.49, 0},        {0.51, 1},        {-0.49, 0},         {-0.51, -1},    {2.4999, 2},
+        {2.5001, 3}, {9.5, 10},  {32766.5, 32766}, {32767.5, 32768}, {-32768.5, -32768}, {1e300, 1e300}, {-1e-20, 0},
+    };
+    expectEach(rows, roundHalfEven);
+    EXPECT_EQ(roundHalfEven(0.49999999999999994), 0);
+    EXPECT_EQ(roundHalfEven(1e15 + 0.5), 1e15);
+    EXPECT_EQ(roundHalfEven(4503599627370495.5), 4503599627370496.0);
 }
 
 TEST(ToInteger16, roundsHalfToEvenWithinItsBounds) {
-    EXPECT_EQ(toInteger16(0.5), 0);
-    EXPECT_EQ(toInteger16(1.5), 2);
-    EXPECT_EQ(toInteger16(-1.5), -2);
-    EXPECT_EQ(toInteger16(32767), 32767);
-    EXPECT_EQ(toInteger16(32767.49), 32767);
-    EXPECT_EQ(toInteger16(-32768), -32768);
-    EXPECT_EQ(toInteger16(-32768.5), -32768);
+    const std::pair<double, int> rows[] = {{0.5, 0},          {1.5, 2},         {-1.5, -2},        {32767, 32767},
+                                           {32767.49, 32767}, {-32768, -32768}, {-32768.5, -32768}};
+    expectEach(rows, toInteger16);
 }
 
 TEST(ToInteger16, overflowsOutsideItsBounds) {
@@ -227,31 +183,31 @@ TEST(ToInteger32, overflowsOutsideItsBounds) {
     }
 }
 
-struct Division {
-    double dividend;
-    double divisor;
-    qint32 quotient;
-};
-
 TEST(IntegerDivide, roundsTheOperandsAndCutsTheQuotientTowardZero) {
-    const Division rows[] = {{10, 4, 2},
-                             {9.5, 2, 5},
-                             {8.5, 2, 4},
-                             {7, 2, 3},
-                             {-7, 2, -3},
-                             {7, -2, -3},
-                             {-7, -2, 3},
-                             {0, 5, 0},
-                             {5, 1.5, 2},
-                             {5, 2.5, 2},
-                             {5, 0.51, 5},
-                             {1, 2, 0},
-                             {-1, 2, 0},
-                             {2147483647, 1, 2147483647},
-                             {2147483647.49, 1, 2147483647},
-                             {-2147483648.0, 1, std::numeric_limits<qint32>::min()},
-                             {-2147483648.0, 2, -1073741824}};
-    for (const Division& row : rows) {
+    const struct {
+        double dividend;
+        double divisor;
+        qint32 quotient;
+    } rows[] = {
+        {10, 4, 2},
+        {9.5, 2, 5},
+        {8.5, 2, 4},
+        {7, 2, 3},
+        {-7, 2, -3},
+        {7, -2, -3},
+        {-7, -2, 3},
+        {0, 5, 0},
+        {5, 1.5, 2},
+        {5, 2.5, 2},
+        {5, 0.51, 5},
+        {1, 2, 0},
+        {-1, 2, 0},
+        {2147483647, 1, 2147483647},
+        {2147483647.49, 1, 2147483647},
+        {-2147483648.0, 2, -1073741824},
+        {-2147483648.0, 1, std::numeric_limits<qint32>::min()},
+    };
+    for (const auto& row : rows) {
         EXPECT_EQ(integerDivide(row.dividend, row.divisor), row.quotient) << row.dividend << " \\ " << row.divisor;
     }
 }
@@ -277,55 +233,33 @@ TEST(NumberText, IsTheWholeTextOrNothing) {
     }
 }
 
-} // namespace
-
-namespace {
-
-struct DateRow {
-    QDate date;
-    const char* text;
-};
-
-const DateRow shortDates[] = {
+const std::pair<QDate, const char*> shortDates[] = {
     {QDate(1999, 1, 5), "1/5/99"},     {QDate(2026, 11, 21), "11/21/26"}, {QDate(2000, 1, 1), "1/1/00"},
     {QDate(2009, 12, 31), "12/31/09"}, {QDate(2026, 2, 3), "2/3/26"},
 };
 
-struct TimeRow {
-    QTime time;
-    const char* text;
-};
-
-const TimeRow clockTexts[] = {
+const std::pair<QTime, const char*> clockTexts[] = {
     {QTime(0, 0, 0), "12:00:00 AM"},  {QTime(0, 59, 1), "12:59:01 AM"},   {QTime(1, 2, 3), "1:02:03 AM"},
     {QTime(9, 30, 15), "9:30:15 AM"}, {QTime(11, 59, 59), "11:59:59 AM"}, {QTime(12, 0, 0), "12:00:00 PM"},
     {QTime(13, 5, 0), "1:05:00 PM"},  {QTime(15, 7, 9), "3:07:09 PM"},    {QTime(23, 59, 59, 999), "11:59:59 PM"},
 };
 
-TEST(ShortDate, isMonthDayAndTwoDigitYear) {
-    for (const DateRow& row : shortDates) {
-        EXPECT_EQ(shortDate(row.date), QLatin1String(row.text)) << row.text;
-    }
+std::string dateText(QDate date) {
+    return shortDate(date).toStdString();
 }
 
-TEST(ClockText, isATwelveHourTimeWithTwelveForNoonAndMidnight) {
-    for (const TimeRow& row : clockTexts) {
-        EXPECT_EQ(clockText(row.time), QLatin1String(row.text)) << row.text;
-    }
+std::string timeText(QTime time) {
+    return clockText(time).toStdString();
 }
 
 TEST(DateAndTimeTexts, areTheSameUnderEveryLocale) {
     const QLocale before;
-    for (const QLocale& locale : {QLocale(QLocale::German), QLocale(QLocale::Arabic, QLocale::Egypt),
+    for (const QLocale& locale : {before, QLocale(QLocale::German), QLocale(QLocale::Arabic, QLocale::Egypt),
                                   QLocale(QLocale::Japanese), QLocale(QLocale::English, QLocale::UnitedKingdom)}) {
         SCOPED_TRACE(locale.name().toStdString());
         QLocale::setDefault(locale);
-        for (const DateRow& row : shortDates) {
-            EXPECT_EQ(shortDate(row.date), QLatin1String(row.text));
-        }
-        for (const TimeRow& row : clockTexts) {
-            EXPECT_EQ(clockText(row.time), QLatin1String(row.text));
-        }
+        expectEach(shortDates, dateText);
+        expectEach(clockTexts, timeText);
         EXPECT_EQ(fileNameStamp(QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15))), QStringLiteral("20261121-093015"));
         EXPECT_EQ(instrumentDate(QStringLiteral("1/5/99")), QDate(1999, 1, 5));
         EXPECT_EQ(timeOfDay(2700).text12(), QStringLiteral("1:00:00 AM"));
@@ -334,20 +268,19 @@ TEST(DateAndTimeTexts, areTheSameUnderEveryLocale) {
 }
 
 TEST(FileNameStamp, isPaddedSoThatNamesSortByTime) {
-    EXPECT_EQ(fileNameStamp(QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15))), QStringLiteral("20261121-093015"));
     EXPECT_EQ(fileNameStamp(QDateTime(QDate(2027, 1, 2), QTime(0, 3, 4))), QStringLiteral("20270102-000304"));
 }
 
 TEST(InstrumentDate, readsMonthDayAndYear) {
-    const DateRow rows[] = {
+    const std::pair<QDate, const char*> rows[] = {
         {QDate(1999, 1, 5), "1/5/99"},       {QDate(1999, 1, 5), "01/05/99"},     {QDate(1999, 1, 5), "01-05-99"},
         {QDate(1999, 1, 5), "1-5-1999"},     {QDate(2026, 11, 21), "11/21/26"},   {QDate(2026, 11, 21), "11/21/2026"},
         {QDate(2026, 11, 21), " 11/21/26 "}, {QDate(2026, 11, 21), "11/21/26\t"}, {QDate(2000, 2, 29), "2/29/00"},
         {QDate(2029, 12, 31), "12/31/29"},   {QDate(1930, 1, 1), "1/1/30"},       {QDate(2009, 1, 5), "1/5/9"},
         {QDate(2026, 3, 12), "3/12/26"},     {QDate(1930, 1, 1), "1/1/1930"},
     };
-    for (const DateRow& row : rows) {
-        EXPECT_EQ(instrumentDate(QString::fromLatin1(row.text)), row.date) << '"' << row.text << '"';
+    for (const auto& [date, text] : rows) {
+        EXPECT_EQ(instrumentDate(QString::fromLatin1(text)), date) << '"' << text << '"';
     }
 }
 
@@ -361,15 +294,13 @@ TEST(InstrumentDate, refusesWhatIsNoSuchDate) {
     }
 }
 
-struct CountRow {
-    double count;
-    TimeOfDay time;
-    const char* text24;
-    const char* text12;
-};
-
 TEST(TimeOfDay, isCountedInSixtyFourThousandEightHundredthsOfADay) {
-    const CountRow rows[] = {
+    const struct {
+        double count;
+        TimeOfDay time;
+        const char* text24;
+        const char* text12;
+    } rows[] = {
         {0, {0, 0, 0}, "0:00:00", "0:00:00 AM"},          {1, {0, 0, 1}, "0:00:01", "0:00:01 AM"},
         {675, {0, 15, 0}, "0:15:00", "0:15:00 AM"},       {2700, {1, 0, 0}, "1:00:00", "1:00:00 AM"},
         {13500, {5, 0, 0}, "5:00:00", "5:00:00 AM"},      {32399, {11, 59, 58}, "11:59:58", "11:59:58 AM"},
@@ -377,7 +308,7 @@ TEST(TimeOfDay, isCountedInSixtyFourThousandEightHundredthsOfADay) {
         {35100, {13, 0, 0}, "13:00:00", "1:00:00 PM"},    {48600, {18, 0, 0}, "18:00:00", "6:00:00 PM"},
         {64799, {23, 59, 58}, "23:59:58", "11:59:58 PM"},
     };
-    for (const CountRow& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.count);
         EXPECT_EQ(timeOfDay(row.count), row.time);
         EXPECT_EQ(timeOfDay(row.count).text24(), QLatin1String(row.text24));
@@ -416,14 +347,8 @@ TEST(TimeOfDay, hasHoursOutsideADayForCountsOutsideADay) {
 }
 
 TEST(TimeOfDay, overflowsWhenTheHoursDoNotFit) {
-    for (const double count :
-         {1e300, -1e300, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
-        try {
-            timeOfDay(count);
-            ADD_FAILURE() << count << " was converted";
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.kind(), RuntimeError::Kind::Overflow);
-        }
+    for (const double count : {1e300, -1e300, infinity, notANumber}) {
+        EXPECT_EQ(errorOf([count] { timeOfDay(count); }), Kind::Overflow) << count;
     }
 }
 

@@ -18,6 +18,14 @@ enum Row { Air, Clean, Point1, Point2, Point3, Point4 };
 
 class ComputationTest : public testing::Test, protected CalibrationBench {
 protected:
+    void compute(int selected, std::initializer_list<const char*> sheetRows) {
+        for (const char* row : sheetRows) {
+            fillSheet({QString::fromLatin1(row)});
+        }
+        shown.selectedRow = selected;
+        actions.calcdp();
+    }
+
     std::string results() const {
         return QStringList{shown.results[0], shown.results[1], shown.results[2]}.join(u' ').toStdString();
     }
@@ -38,63 +46,44 @@ protected:
 };
 
 TEST_F(ComputationTest, TheMeanIsTheTruncatedQuotientOfEachChannel) {
-    fillSheet({QStringLiteral("4 10 1"), QStringLiteral("3 20 0"), QStringLiteral("2 30 0"), QStringLiteral("1 40 0")});
-    shown.selectedRow = Air;
-    actions.calcdp();
-    EXPECT_EQ(rowText(Air), "2 25 0");
+    compute(Air, {"4 10 -3", "3 20 -1", "2 30 -2", "1 40 0"});
+    EXPECT_EQ(rowText(Air), "2 25 -1") << "cut toward zero";
     EXPECT_EQ(lastError(), "");
 }
 
 TEST_F(ComputationTest, TheSumIsRoundedBeforeTheDivision) {
-    fillSheet({QStringLiteral("4 4.25 0"), QStringLiteral("5.5 4.25 0")});
-    shown.selectedRow = Clean;
-    actions.calcdp();
+    compute(Clean, {"4 4.25 -1", "5.5 4.25 0"});
     EXPECT_EQ(rowText(Clean), "5 4 0") << "9.5 is 10, 8.5 is 8";
-}
-
-TEST_F(ComputationTest, NegativeMeansAreCutTowardZero) {
-    fillSheet({QStringLiteral("-3 -1 -4"), QStringLiteral("0 0 0")});
-    shown.selectedRow = Air;
-    actions.calcdp();
-    EXPECT_EQ(rowText(Air), "-1 0 -2");
 }
 
 TEST_F(ComputationTest, CellsCountByTheirLeadingNumberAndOnlyTheRowsOfTheCounter) {
     fillSheet({QStringLiteral("10x 5 8"), QStringLiteral("none 5 8"), QStringLiteral("900 900 900")});
     session.state.plc = 2;
-    shown.selectedRow = Air;
-    actions.calcdp();
+    compute(Air, {});
     EXPECT_EQ(rowText(Air), "5 5 8");
 }
 
 TEST_F(ComputationTest, APointAlsoDerivesItsExpectedCount) {
-    fillSheet({QStringLiteral("7 8 9")});
     fill(shown.worksheet, "0 0 0/0 0 0/1000 900 100/0 0 0/0 0 0/0 0 0");
     fill(shown.reference, "0 0 0/300 300 7/600 0.5 -2.5/0 0 0/0 0 0");
-    shown.selectedRow = Point2;
-    actions.calcdp();
+    compute(Point2, {"7 8 9"});
     EXPECT_EQ(rowText(Point2), "7 8 9");
     EXPECT_EQ(results(), "1800 1 -35") << R"(600*(1000 \ 300), Int(0.5*3), -2.5*14)";
 }
 
 TEST_F(ComputationTest, EveryPointReadsTheRowsAboveIt) {
-    fillSheet({QStringLiteral("1 1 1")});
     fill(shown.worksheet, "0 0 0/100 200 300/0 0 0/0 0 0/50 60 70/0 0 0");
     fill(shown.reference, "10 20 30/3 3 3/0 0 0/5 6 7/2 2 2");
-    shown.selectedRow = Point1;
-    actions.calcdp();
+    compute(Point1, {"1 1 1"});
     EXPECT_EQ(results(), "30 30 30") << "from Clean";
-    shown.selectedRow = Point4;
-    actions.calcdp();
+    compute(Point4, {});
     EXPECT_EQ(results(), "20 20 20") << "from Point 3";
 }
 
 TEST_F(ComputationTest, TheDivisionRoundsBothSidesHalfToEven) {
-    fillSheet({QStringLiteral("1 1 1")});
     fill(shown.worksheet, "0 0 0/10.5 11.5 10/0 0 0/0 0 0/0 0 0/0 0 0");
     fill(shown.reference, "2.5 2.5 3.5/1 1 1/0 0 0/0 0 0/0 0 0");
-    shown.selectedRow = Point1;
-    actions.calcdp();
+    compute(Point1, {"1 1 1"});
     EXPECT_EQ(results(), "5 6 2") << R"(10 \ 2, 12 \ 2, 10 \ 4)";
 }
 
@@ -141,11 +130,9 @@ TEST_F(ComputationTest, WithoutRowsNothingIsWrittenOrKept) {
 }
 
 TEST_F(ComputationTest, AMissingReferenceKeepsTheMeansWrittenSoFar) {
-    fillSheet({QStringLiteral("7 8 9")});
     fill(shown.worksheet, "0 0 0/100 100 100/1 1 1/0 0 0/0 0 0/0 0 0");
     fill(shown.reference, "10  10/20 20 20/0 0 0/0 0 0/0 0 0"); // no reference of the second channel
-    shown.selectedRow = Point1;
-    actions.calcdp();
+    compute(Point1, {"7 8 9"});
     EXPECT_EQ(lastError(), error("Division by zero"));
     EXPECT_EQ(rowText(Point1), "7 8 1") << "the third channel was not reached";
     EXPECT_EQ(results(), "200  ");
@@ -153,20 +140,16 @@ TEST_F(ComputationTest, AMissingReferenceKeepsTheMeansWrittenSoFar) {
 }
 
 TEST_F(ComputationTest, AReferenceThatRoundsToZeroIsZero) {
-    fillSheet({QStringLiteral("7 8 9")});
     fill(shown.worksheet, "0 0 0/100 100 100/0 0 0/0 0 0/0 0 0/0 0 0");
     fill(shown.reference, "0.5 1 1/1 1 1/0 0 0/0 0 0/0 0 0");
-    shown.selectedRow = Point1;
-    actions.calcdp();
+    compute(Point1, {"7 8 9"});
     EXPECT_EQ(lastError(), error("Division by zero"));
 }
 
 TEST_F(ComputationTest, AMeanBeyondTheTableOverflowsAfterTheValuesBeforeIt) {
-    fillSheet({QStringLiteral("40000 2 3")});
-    fill(shown.worksheet, "0 0 0/1 2 3/4 5 6/7 8 9/10 11 12/13 14 15");
-    shown.selectedRow = Point1;
     fill(shown.reference, "1 1 1/1 1 1/1 1 1/1 1 1/1 1 1");
-    actions.calcdp();
+    fill(shown.worksheet, "0 0 0/1 2 3/4 5 6/7 8 9/10 11 12/13 14 15");
+    compute(Point1, {"40000 2 3"});
     EXPECT_EQ(lastError(), error("Overflow"));
     EXPECT_EQ(rowText(Point1), "40000 2 3");
     EXPECT_EQ(actions.table.value(0, Clean, 2), 3) << "stored before";
@@ -175,9 +158,7 @@ TEST_F(ComputationTest, AMeanBeyondTheTableOverflowsAfterTheValuesBeforeIt) {
 }
 
 TEST_F(ComputationTest, ASumBeyond32BitsOverflows) {
-    fillSheet({QStringLiteral("2147483647 1 1"), QStringLiteral("1 1 1")});
-    shown.selectedRow = Air;
-    actions.calcdp();
+    compute(Air, {"2147483647 1 1", "1 1 1"});
     EXPECT_EQ(lastError(), error("Overflow"));
     EXPECT_EQ(rowText(Air), "  ");
 }
@@ -228,35 +209,29 @@ protected:
     QTemporaryDir folder;
 };
 
-TEST_F(ReportTest, Red) {
-    add("SN 1", LightColour::Red);
-    actions.saveCalInfo();
-    EXPECT_EQ(written(), QByteArray(head) +
-                             "\t650\r\nClean \tr0\r\nPoint 1 \tr1\r\nPoint 2 \tr2\r\nPoint 3 \tr3\r\nPoint 4 \tr4\r\n"
-                             "\r\r\nSensor # SN 1 Red\r\n" +
-                             table);
-    EXPECT_TRUE(messages.shown.empty());
-}
-
-TEST_F(ReportTest, Blue) {
+TEST_F(ReportTest, HasTheReferencesOfTheColour) {
+    const struct {
+        LightColour colour;
+        const char* references;
+        const char* name;
+    } cases[] = {
+        {LightColour::Red, "\t650\r\nClean \tr0\r\nPoint 1 \tr1\r\nPoint 2 \tr2\r\nPoint 3 \tr3\r\nPoint 4 \tr4\r\n",
+         "Red"},
+        {LightColour::Blue, "\t440\r\nClean \tb0\r\nPoint 1 \tb1\r\nPoint 2 \tb2\r\nPoint 3 \tb3\r\nPoint 4 \tb4\r\n",
+         "Blue"},
+        {LightColour::Green, "\t532\r\nClean \tg0\r\nPoint 1 \tg1\r\nPoint 2 \tg2\r\nPoint 3 \tg3\r\nPoint 4 \t\r\n",
+         "Green"},
+    };
     add("SN 1", LightColour::Red);
     add("SN 2", LightColour::Blue);
     actions.select(1);
     fill(shown.worksheet, "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18.5");
-    actions.saveCalInfo();
-    EXPECT_EQ(written(), QByteArray(head) +
-                             "\t440\r\nClean \tb0\r\nPoint 1 \tb1\r\nPoint 2 \tb2\r\nPoint 3 \tb3\r\nPoint 4 \tb4\r\n"
-                             "\r\r\nSensor # SN 2 Blue\r\n" +
-                             table);
-}
-
-TEST_F(ReportTest, Green) {
-    add("SN 1", LightColour::Green);
-    actions.saveCalInfo();
-    EXPECT_EQ(written(), QByteArray(head) +
-                             "\t532\r\nClean \tg0\r\nPoint 1 \tg1\r\nPoint 2 \tg2\r\nPoint 3 \tg3\r\nPoint 4 \t\r\n"
-                             "\r\r\nSensor # SN 1 Green\r\n" +
-                             table);
+    for (const auto& each : cases) {
+        shown.colour = each.colour;
+        actions.saveCalInfo();
+        EXPECT_EQ(written(), QByteArray(head) + each.references + "\r\r\nSensor # SN 2 " + each.name + "\r\n" + table);
+        EXPECT_TRUE(messages.shown.empty());
+    }
 }
 
 TEST_F(ReportTest, NoColourLeavesTheReferenceOutAndEndsTheSensorLineWithABlank) {

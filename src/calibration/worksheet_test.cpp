@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calibration/worksheet.h"
 
-#include "base/runtimeerror.h"
 #include "testing/calibrationbench.h"
+#include "testing/expect.h"
 
 #include <gtest/gtest.h>
 
@@ -35,15 +35,11 @@ protected:
     }
 };
 
-TEST_F(InstrumentListTest, WithoutAColourNothingIsAdded) {
+TEST_F(InstrumentListTest, WithoutAColourNothingIsAddedAndTheNextClearsTheMessage) {
     add("one", LightColour::None);
     EXPECT_EQ(shown.message.value().toStdString(), "SELECT A COLOR");
     EXPECT_TRUE(shown.instruments.value().isEmpty());
     EXPECT_EQ(shown.totalEntered.value().toStdString(), "0");
-}
-
-TEST_F(InstrumentListTest, AddingClearsTheMessageAndCounts) {
-    add("one", LightColour::None);
     add("two", LightColour::Blue);
     EXPECT_EQ(shown.message.value().toStdString(), "");
     EXPECT_EQ(shown.instruments.value(), QStringList{QStringLiteral("two")});
@@ -58,22 +54,16 @@ TEST_F(InstrumentListTest, AddingKeepsTheInstrumentShownAndTheWorksheet) {
     EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77");
 }
 
-TEST_F(InstrumentListTest, NextGoesRound) {
+TEST_F(InstrumentListTest, NextAndPreviousGoRound) {
     addThree();
-    actions.next();
-    EXPECT_EQ(listed(), "1 two 10");
-    actions.next();
-    EXPECT_EQ(listed(), "2 three 11");
-    actions.next();
-    EXPECT_EQ(listed(), "0 one 9");
-}
-
-TEST_F(InstrumentListTest, PreviousGoesRound) {
-    addThree();
-    actions.previous();
-    EXPECT_EQ(listed(), "2 three 11");
-    actions.previous();
-    EXPECT_EQ(listed(), "1 two 10");
+    for (const char* expected : {"1 two 10", "2 three 11", "0 one 9"}) {
+        actions.next();
+        EXPECT_EQ(listed(), expected);
+    }
+    for (const char* expected : {"2 three 11", "1 two 10"}) {
+        actions.previous();
+        EXPECT_EQ(listed(), expected);
+    }
 }
 
 TEST_F(InstrumentListTest, AChosenEntryIsShownWithItsValues) {
@@ -125,16 +115,6 @@ TEST_F(InstrumentListTest, AnEighthCanBeChosenButHasNoWorksheet) {
 namespace {
 
 constexpr const char* everyBox = "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18";
-
-RuntimeError::Kind kindThrownBy(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const RuntimeError& error) {
-        return error.kind();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return RuntimeError::Kind::InvalidArgument;
-}
 
 class WorksheetStoreTest : public testing::Test {
 protected:
@@ -192,43 +172,30 @@ TEST_F(WorksheetStoreTest, EachInstrumentKeepsItsOwnWorksheet) {
 }
 
 TEST_F(WorksheetStoreTest, KeepsTheLeadingNumberRoundedHalfToEven) {
-    shown.worksheet.at(0, 0) = QStringLiteral("12.5");
-    shown.worksheet.at(0, 1) = QStringLiteral("13.5");
-    shown.worksheet.at(1, 0) = QStringLiteral(" -2.5 counts");
-    shown.worksheet.at(1, 1) = QStringLiteral("none");
-    shown.worksheet.at(5, 2) = QStringLiteral("1,5");
-    store.storecal();
-    EXPECT_EQ(table.value(0, 0, 0), 12);
-    EXPECT_EQ(table.value(0, 0, 1), 14);
-    EXPECT_EQ(table.value(0, 1, 0), -2);
-    EXPECT_EQ(table.value(0, 1, 1), 0);
-    EXPECT_EQ(table.value(0, 5, 2), 1);
-    EXPECT_EQ(table.value(0, 0, 2), 0) << "an empty box";
+    const std::pair<const char*, int> boxes[] = {{"12.5", 12}, {"13.5", 14}, {" -2.5 counts", -2}, {"none", 0},
+                                                 {"1,5", 1},   {"", 0},      {"32767", 32767},     {"-32768", -32768}};
+    for (const auto& [text, kept] : boxes) {
+        shown.worksheet.at(1, 1) = QString::fromLatin1(text);
+        store.storecal();
+        EXPECT_EQ(table.value(0, 1, 1), kept) << text;
+    }
 }
 
 TEST_F(WorksheetStoreTest, AnOverflowKeepsWhatWasStoredBeforeIt) {
     CalibrationBench::fill(shown.worksheet, everyBox);
     shown.worksheet.at(2, 1) = QStringLiteral("32767.5");
-    EXPECT_EQ(kindThrownBy([this] { store.storecal(); }), RuntimeError::Kind::Overflow);
+    EXPECT_EQ(errorOf([this] { store.storecal(); }), RuntimeError::Kind::Overflow);
     store.showcal();
     // Clean and the first channel of Point 1 come before; Air comes last.
     EXPECT_EQ(CalibrationBench::textOf(shown.worksheet), "0 0 0/4 5 6/7 0 0/0 0 0/0 0 0/0 0 0");
-}
-
-TEST_F(WorksheetStoreTest, TheLimitsFit) {
-    shown.worksheet.at(0, 0) = QStringLiteral("32767");
-    shown.worksheet.at(0, 1) = QStringLiteral("-32768");
-    store.storecal();
-    EXPECT_EQ(table.value(0, 0, 0), 32767);
-    EXPECT_EQ(table.value(0, 0, 1), -32768);
 }
 
 TEST_F(WorksheetStoreTest, AnInstrumentBeyondTheTableChangesNothing) {
     CalibrationBench::fill(shown.worksheet, everyBox);
     for (const qint16 current : {qint16{7}, qint16{-1}}) {
         shown.current = current;
-        EXPECT_EQ(kindThrownBy([this] { store.storecal(); }), RuntimeError::Kind::SubscriptOutOfRange);
-        EXPECT_EQ(kindThrownBy([this] { store.showcal(); }), RuntimeError::Kind::SubscriptOutOfRange);
+        EXPECT_EQ(errorOf([this] { store.storecal(); }), RuntimeError::Kind::SubscriptOutOfRange);
+        EXPECT_EQ(errorOf([this] { store.showcal(); }), RuntimeError::Kind::SubscriptOutOfRange);
     }
     EXPECT_EQ(CalibrationBench::textOf(shown.worksheet), everyBox);
 }
@@ -240,7 +207,7 @@ TEST_F(WorksheetStoreTest, AnInstrumentWithoutAColourLeavesTheSelection) {
 }
 
 TEST_F(WorksheetStoreTest, TheColourBelongsToTheNewestEntry) {
-    EXPECT_EQ(kindThrownBy([this] { store.setcalcolour(LightColour::Red); }), RuntimeError::Kind::SubscriptOutOfRange);
+    EXPECT_EQ(errorOf([this] { store.setcalcolour(LightColour::Red); }), RuntimeError::Kind::SubscriptOutOfRange);
     shown.instruments = QStringList{QStringLiteral("a"), QStringLiteral("b")};
     store.setcalcolour(LightColour::Blue);
     EXPECT_EQ(table.colour(0), LightColour::None);

@@ -58,10 +58,6 @@ TEST(HeaderRows, EachPlaceNamesTheColumnsItsOwnWay) {
     }
 }
 
-} // namespace
-
-namespace {
-
 QString joined(const std::optional<DataRow>& row) {
     return row ? (QStringList{row->date, row->time} + row->values).join(u'|') : QStringLiteral("(no row)");
 }
@@ -71,58 +67,52 @@ std::string read(const char* line, RowLayout layout, const Conversion& conversio
 }
 
 TEST(DataLine, FieldsOfEachLayoutBecomeTheRow) {
-    EXPECT_EQ(read("11/21/26\t24530\t512", RowLayout::Glow), "11/21/26|9:05:06|512");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4", RowLayout::TrxNewer), "11/21/26|9:05:06|1|2|3|4");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5\t6", RowLayout::TrxOlder), "11/21/26|9:05:06|1|2|3|4|5|6");
-}
-
-TEST(DataLine, TabBehindTheLastFieldAndFurtherFieldsAreLeftOut) {
-    EXPECT_EQ(read("11/21/26\t24530\t512\t", RowLayout::Glow), "11/21/26|9:05:06|512");
-    EXPECT_EQ(read("11/21/26\t24530\t512\t7\t8", RowLayout::Glow), "11/21/26|9:05:06|512");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t", RowLayout::TrxNewer), "11/21/26|9:05:06|1|2|3|4");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5\t6", RowLayout::TrxNewer), "11/21/26|9:05:06|1|2|3|4");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5\t6\t7", RowLayout::TrxOlder), "11/21/26|9:05:06|1|2|3|4|5|6");
-}
-
-TEST(DataLine, TooFewFieldsAreNoRow) {
-    EXPECT_EQ(read("", RowLayout::Glow), "(no row)");
-    EXPECT_EQ(read("11/21/26\t24530", RowLayout::Glow), "(no row)");
-    EXPECT_EQ(read("11/21/26 24530 512", RowLayout::Glow), "(no row)");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3", RowLayout::TrxNewer), "(no row)");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5", RowLayout::TrxOlder), "(no row)");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4", RowLayout::TrxOlder), "(no row)");
-    EXPECT_EQ(read("11/21/26\t24530", RowLayout::Unknown), "(no row)");
-}
-
-TEST(DataLine, EmptyFieldsAreCellsToo) {
-    EXPECT_EQ(read("11/21/26\t24530\t1\t\t3\t", RowLayout::TrxNewer), "11/21/26|9:05:06|1||3|");
-}
-
-TEST(DataLine, AnyLineBreakEndsTheLastField) {
-    EXPECT_EQ(read("11/21/26\t24530\t512\r", RowLayout::Glow), "11/21/26|9:05:06|512");
-    EXPECT_EQ(read("11/21/26\t24530\t512\nnoise", RowLayout::Glow), "11/21/26|9:05:06|512");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\r\t3\t4", RowLayout::TrxNewer), "(no row)");
-}
-
-TEST(DataLine, WithoutAnIdentifiedTypeOneToSixValuesAreTaken) {
-    EXPECT_EQ(read("11/21/26\t24530\t1", RowLayout::Unknown), "11/21/26|9:05:06|1");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4", RowLayout::Unknown), "11/21/26|9:05:06|1|2|3|4");
-    EXPECT_EQ(read("11/21/26\t24530\t1\t2\t3\t4\t5\t6\t7", RowLayout::Unknown), "11/21/26|9:05:06|1|2|3|4|5|6");
-}
-
-TEST(DataLine, DateIsShortOrAsReceivedIfItIsNone) {
-    EXPECT_EQ(read("01/05/1999\t0\t1", RowLayout::Glow), "1/5/99|0:00:00|1");
-    EXPECT_EQ(read(" 1-5-29 \t0\t1", RowLayout::Glow), "1/5/29|0:00:00|1");
-    EXPECT_EQ(read("13/45/26\t0\t1", RowLayout::Glow), "13/45/26|0:00:00|1");
-    EXPECT_EQ(read(" ~#! \t0\t1", RowLayout::Glow), " ~#! |0:00:00|1");
-    EXPECT_EQ(read("\t0\t1", RowLayout::Glow), "|0:00:00|1");
+    const struct {
+        RowLayout layout;
+        const char* line;
+        const char* row;
+    } cases[] = {
+        {RowLayout::Glow, "11/21/26\t24530\t512", "11/21/26|9:05:06|512"},
+        {RowLayout::TrxNewer, "11/21/26\t24530\t1\t2\t3\t4", "11/21/26|9:05:06|1|2|3|4"},
+        {RowLayout::TrxOlder, "11/21/26\t24530\t1\t2\t3\t4\t5\t6", "11/21/26|9:05:06|1|2|3|4|5|6"},
+        // An empty field is a cell too.
+        {RowLayout::TrxNewer, "11/21/26\t24530\t1\t\t3\t", "11/21/26|9:05:06|1||3|"},
+        // A tab after the last field and further fields are left out.
+        {RowLayout::Glow, "11/21/26\t24530\t512\t", "11/21/26|9:05:06|512"},
+        {RowLayout::Glow, "11/21/26\t24530\t512\t7\t8", "11/21/26|9:05:06|512"},
+        {RowLayout::TrxNewer, "11/21/26\t24530\t1\t2\t3\t4\t", "11/21/26|9:05:06|1|2|3|4"},
+        {RowLayout::TrxNewer, "11/21/26\t24530\t1\t2\t3\t4\t5\t6", "11/21/26|9:05:06|1|2|3|4"},
+        {RowLayout::TrxOlder, "11/21/26\t24530\t1\t2\t3\t4\t5\t6\t7", "11/21/26|9:05:06|1|2|3|4|5|6"},
+        // Too few fields are no row.
+        {RowLayout::Glow, "", "(no row)"},
+        {RowLayout::Glow, "11/21/26\t24530", "(no row)"},
+        {RowLayout::Glow, "11/21/26 24530 512", "(no row)"},
+        {RowLayout::TrxNewer, "11/21/26\t24530\t1\t2\t3", "(no row)"},
+        {RowLayout::TrxOlder, "11/21/26\t24530\t1\t2\t3\t4\t5", "(no row)"},
+        {RowLayout::TrxOlder, "11/21/26\t24530\t1\t2\t3\t4", "(no row)"},
+        {RowLayout::Unknown, "11/21/26\t24530", "(no row)"},
+        // Any line break ends the last field.
+        {RowLayout::Glow, "11/21/26\t24530\t512\r", "11/21/26|9:05:06|512"},
+        {RowLayout::Glow, "11/21/26\t24530\t512\nnoise", "11/21/26|9:05:06|512"},
+        {RowLayout::TrxNewer, "11/21/26\t24530\t1\t2\r\t3\t4", "(no row)"},
+        // Without an identified type one to six values are taken.
+        {RowLayout::Unknown, "11/21/26\t24530\t1", "11/21/26|9:05:06|1"},
+        {RowLayout::Unknown, "11/21/26\t24530\t1\t2\t3\t4", "11/21/26|9:05:06|1|2|3|4"},
+        {RowLayout::Unknown, "11/21/26\t24530\t1\t2\t3\t4\t5\t6\t7", "11/21/26|9:05:06|1|2|3|4|5|6"},
+        // The date is short, or as received if it is none.
+        {RowLayout::Glow, "01/05/1999\t0\t1", "1/5/99|0:00:00|1"},
+        {RowLayout::Glow, " 1-5-29 \t0\t1", "1/5/29|0:00:00|1"},
+        {RowLayout::Glow, "13/45/26\t0\t1", "13/45/26|0:00:00|1"},
+        {RowLayout::Glow, " ~#! \t0\t1", " ~#! |0:00:00|1"},
+        {RowLayout::Glow, "\t0\t1", "|0:00:00|1"},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(read(each.line, each.layout), each.row) << each.line;
+    }
 }
 
 TEST(DataLine, TimeCountIs24HourTimeOrAsReceivedIfItIsNone) {
-    const struct {
-        const char* count;
-        const char* time;
-    } cases[] = {
+    const std::pair<std::string, std::string> counts[] = {
         {"0", "0:00:00"},
         {"2700", "1:00:00"},
         {"32400", "12:00:00"},
@@ -137,9 +127,8 @@ TEST(DataLine, TimeCountIs24HourTimeOrAsReceivedIfItIsNone) {
         {"1e300", "1e300"},
         {"2700.75", "1:00:01"},
     };
-    for (const auto& each : cases) {
-        EXPECT_EQ(read((std::string("11/21/26\t") + each.count + "\t1").c_str(), RowLayout::Glow),
-                  std::string("11/21/26|") + each.time + "|1");
+    for (const auto& [count, time] : counts) {
+        EXPECT_EQ(read(("11/21/26\t" + count + "\t1").c_str(), RowLayout::Glow), "11/21/26|" + time + "|1");
     }
 }
 
@@ -164,18 +153,17 @@ TEST(ConvertedValue, IsCutToFiveDecimalsAsPlainText) {
         {"2.5", 0.0, 1.0, "2.5"},
         {"1", 0.0, 1e308, "1"},
         {"0042", 42.0, 1.0, "0042"},
+        // What is no number stays as received.
+        {"", 5.0, 2.0, ""},
+        {"abc", 5.0, 2.0, "abc"},
+        {"12x", 5.0, 2.0, "12x"},
+        {"1 2", 5.0, 2.0, "1 2"},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(convertedValue(QString::fromLatin1(each.counts), {.offset = each.offset, .scale = each.scale})
                       .toStdString(),
                   each.value)
             << each.counts << ' ' << each.offset << ' ' << each.scale;
-    }
-}
-
-TEST(ConvertedValue, CountsThatAreNoNumberStayAsReceived) {
-    for (const char* counts : {"", "abc", "12x", "1 2"}) {
-        EXPECT_EQ(convertedValue(QString::fromLatin1(counts), {.offset = 5.0, .scale = 2.0}).toStdString(), counts);
     }
 }
 

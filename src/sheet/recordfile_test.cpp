@@ -112,12 +112,19 @@ protected:
     qsizetype filesBesideTheLock() const {
         return folder.files().size() - (QFile::exists(path("Orvtemp.tmp.lock")) ? 1 : 0);
     }
-    void addRow() { ASSERT_EQ(file.append(QStringLiteral("1\t1/5/99\t9:05:07\t512")), QString()); }
+    QByteArray lockText() const { return contentsOf(path("Orvtemp.tmp.lock")); }
+    void addRow() { ASSERT_EQ(file.append(rowText), QString()); }
+    void leaveUnended() const {
+        fill(path("Orvtemp.tmp"), newerHeader + row);
+        fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    }
 
     OwnFolder folder;
     TestClock clock;
     RecordFile file{clock, folder.path("Orvtemp.tmp")};
-    const QByteArray row{"1\t1/5/99\t9:05:07\t512\r\n"};
+    const QString rowText = QStringLiteral("1\t1/5/99\t9:05:07\t512");
+    const QByteArray row = rowText.toLatin1() + "\r\n";
+    const QByteArray none{"(no such file)"};
 };
 
 TEST_F(RecordFileTest, BeginsWithTheHeaderOfTheFirmware) {
@@ -162,142 +169,87 @@ TEST_F(RecordFileTest, WithoutAnOpenFileARowGoesNowhere) {
     EXPECT_EQ(contents(), newerHeader);
 }
 
-TEST_F(RecordFileTest, EarlierRunsUnsavedRowsAreKeptUnderADatedName) {
-    file.start(trx(500.0));
-    addRow();
-    file.close();
-    EXPECT_EQ(file.start(trx(412.0)), QString());
-    EXPECT_EQ(kept(), newerHeader + row);
-    EXPECT_EQ(contents(), olderHeader);
-    EXPECT_EQ(filesBesideTheLock(), 2);
+TEST_F(RecordFileTest, AnEarlierRunIsKeptUnderADatedNameIfARowOfItWasNotSaved) {
+    const struct {
+        const char* steps; ///< n, o: a run with newer or older firmware; r: a row; c: close; s, d: saved, discarded.
+        QByteArray kept;
+        QByteArray contents;
+    } cases[] = {
+        {"nrco", newerHeader + row, olderHeader},
+        {"nrnr", newerHeader + row, newerHeader + row}, // the run before was not closed
+        {"nco", none, olderHeader},                     // it had no rows
+        {"nrcsdn", none, newerHeader},
+        {"nrsrcn", newerHeader + row + row, newerHeader},  // a row after the save
+        {"nrdrcsn", newerHeader + row + row, newerHeader}, // a row cleared unsaved before it
+        {"nrdnrsn", newerHeader + row, newerHeader},       // the first run's file is kept, the second's is not
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.steps);
+        QFile::remove(path("Orvtemp.tmp"));
+        QFile::remove(path("Orvtemp-20261121-093015.tmp"));
+        RecordFile run(clock, path("Orvtemp.tmp"));
+        for (const char* step = each.steps; *step != '\0'; ++step) {
+            switch (*step) {
+            case 'n':
+            case 'o':
+                EXPECT_EQ(run.start(trx(*step == 'n' ? 500.0 : 412.0)), QString());
+                break;
+            case 'r':
+                EXPECT_EQ(run.append(rowText), QString());
+                break;
+            case 'c':
+                run.close();
+                break;
+            case 's':
+                run.rowsSaved();
+                break;
+            default:
+                run.rowsDiscarded();
+            }
+        }
+        EXPECT_EQ(kept(), each.kept);
+        EXPECT_EQ(contents(), each.contents);
+        EXPECT_EQ(filesBesideTheLock(), each.kept == none ? 1 : 2);
+    }
 }
 
-TEST_F(RecordFileTest, RunThatWasNotClosedIsKeptToo) {
-    file.start(trx(500.0));
-    addRow();
-    EXPECT_EQ(file.start(trx(500.0)), QString());
-    EXPECT_EQ(kept(), newerHeader + row);
-    addRow();
-    EXPECT_EQ(contents(), newerHeader + row);
-}
-
-TEST_F(RecordFileTest, EarlierRunWithoutRowsIsNotKept) {
-    file.start(trx(500.0));
-    file.close();
-    EXPECT_EQ(file.start(trx(412.0)), QString());
-    EXPECT_EQ(contents(), olderHeader);
-    EXPECT_EQ(filesBesideTheLock(), 1);
-}
-
-TEST_F(RecordFileTest, EarlierRunWhoseRowsWereSavedIsNotKept) {
-    file.start(trx(500.0));
-    addRow();
-    file.close();
-    file.rowsSaved();
-    file.rowsDiscarded();
-    EXPECT_EQ(file.start(trx(500.0)), QString());
-    EXPECT_EQ(contents(), newerHeader);
-    EXPECT_EQ(filesBesideTheLock(), 1);
-}
-
-TEST_F(RecordFileTest, RowsAfterTheSaveAreUnsavedAgain) {
-    file.start(trx(500.0));
-    addRow();
-    file.rowsSaved();
-    addRow();
-    file.close();
-    file.start(trx(500.0));
-    EXPECT_EQ(kept(), newerHeader + row + row);
-}
-
-TEST_F(RecordFileTest, RowsClearedUnsavedKeepTheFileEvenIfLaterRowsAreSaved) {
-    file.start(trx(500.0));
-    addRow();
-    file.rowsDiscarded();
-    addRow();
-    file.close();
-    file.rowsSaved();
-    file.start(trx(500.0));
-    EXPECT_EQ(kept(), newerHeader + row + row);
-}
-
-TEST_F(RecordFileTest, DiscardingOfOneRunDoesNotKeepTheNext) {
-    file.start(trx(500.0));
-    addRow();
-    file.rowsDiscarded();
-    file.start(trx(500.0));
-    addRow();
-    file.rowsSaved();
-    file.start(trx(500.0));
-    EXPECT_EQ(filesBesideTheLock(), 2) << "the first run's file is kept, the second's is not";
-    EXPECT_EQ(kept(), newerHeader + row);
-}
-
-TEST_F(RecordFileTest, FileOfAnEarlierProgramRunIsKeptWithItsRows) {
-    fill(path("Orvtemp.tmp"), olderHeader + row);
-    file.rowsSaved();
-    EXPECT_EQ(file.start(trx(500.0)), QString());
-    EXPECT_EQ(kept(), olderHeader + row);
-    EXPECT_EQ(contents(), newerHeader);
-}
-
-TEST_F(RecordFileTest, FileOfAnEarlierProgramRunWithoutRowsIsNotKept) {
-    for (const QByteArray& found : {QByteArray(), olderHeader, newerHeader, olderHeader.first(40)}) {
+TEST_F(RecordFileTest, AFileThatIsFoundIsKeptIfItHoldsMoreThanAHeader) {
+    std::vector<QByteArray> headers{olderHeader, olderHeader.first(40)};
+    for (qsizetype length = 0; length <= newerHeader.size(); ++length) {
+        headers.push_back(newerHeader.first(length));
+    }
+    for (const QByteArray& found : headers) {
         fill(path("Orvtemp.tmp"), found);
-        RecordFile fresh(clock, path("Orvtemp.tmp"));
-        EXPECT_EQ(fresh.start(trx(500.0)), QString());
+        EXPECT_EQ(RecordFile(clock, path("Orvtemp.tmp")).start(trx(500.0)), QString());
         EXPECT_EQ(filesBesideTheLock(), 1) << found.toStdString();
     }
-}
-
-TEST_F(RecordFileTest, FileThatIsNoRecordFileIsKept) {
-    const QByteArray foreign = "1\n2\n3\n4\n5\n6\n";
-    fill(path("Orvtemp.tmp"), foreign);
-    file.start(trx(500.0));
-    EXPECT_EQ(kept(), foreign);
-}
-
-TEST_F(RecordFileTest, ShortFileThatIsNoRecordFileIsKept) {
-    for (const QByteArray& foreign :
-         {QByteArray("one line\r\n"), QByteArray("x"), QByteArray("Orvtemp.tmp\tmy notes\r\n"),
-          QByteArray("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\nMy file\r\n"), newerHeader + "\n", QByteArray(3, '\0')}) {
+    for (const QByteArray& found :
+         {olderHeader + row, QByteArray("1\n2\n3\n4\n5\n6\n"), QByteArray("one line\r\n"), QByteArray("x"),
+          QByteArray("Orvtemp.tmp\tmy notes\r\n"), QByteArray("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\nMy file\r\n"),
+          newerHeader + "\n", QByteArray(3, '\0'), QByteArray(100000, 'x')}) {
         QFile::remove(path("Orvtemp-20261121-093015.tmp"));
-        fill(path("Orvtemp.tmp"), foreign);
+        fill(path("Orvtemp.tmp"), found);
         RecordFile fresh(clock, path("Orvtemp.tmp"));
+        fresh.rowsSaved(); // none of its own
         EXPECT_EQ(fresh.start(trx(500.0)), QString());
-        EXPECT_EQ(kept(), foreign);
+        EXPECT_EQ(kept(), found);
+        EXPECT_EQ(contents(), newerHeader);
     }
-}
-
-TEST_F(RecordFileTest, AHeaderCutOffAnywhereHoldsNoRows) {
-    for (qsizetype length = 0; length < newerHeader.size(); ++length) {
-        fill(path("Orvtemp.tmp"), newerHeader.first(length));
-        RecordFile fresh(clock, path("Orvtemp.tmp"));
-        fresh.start(trx(500.0));
-        EXPECT_EQ(filesBesideTheLock(), 1) << length;
-    }
-}
-
-TEST_F(RecordFileTest, LongFileWithoutLineEndsIsKept) {
-    const QByteArray foreign(100000, 'x');
-    fill(path("Orvtemp.tmp"), foreign);
-    file.start(trx(500.0));
-    EXPECT_EQ(kept(), foreign);
 }
 
 TEST_F(RecordFileTest, ALockStandsBesideItWhileItIsWritten) {
     EXPECT_FALSE(file.isUnended());
     file.start({.letter = QStringLiteral("F"), .firmware = 310.0});
-    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("F\t310\r\n"));
+    EXPECT_EQ(lockText(), QByteArray("F\t310\r\n"));
     EXPECT_FALSE(file.isUnended()) << "it is this program's run";
     addRow();
     file.rowsSaved();
     file.rowsDiscarded();
-    EXPECT_TRUE(QFile::exists(path("Orvtemp.tmp.lock"))) << "a save during the run does not end it";
+    EXPECT_NE(lockText(), none) << "a save during the run does not end it";
     file.start(trx(512.0));
-    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t512\r\n"));
+    EXPECT_EQ(lockText(), QByteArray("V\t512\r\n"));
     file.close();
-    EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+    EXPECT_EQ(lockText(), none);
 }
 
 TEST_F(RecordFileTest, TheLockOutlastsARunUntilItsRowsAreSavedOrDiscarded) {
@@ -305,14 +257,14 @@ TEST_F(RecordFileTest, TheLockOutlastsARunUntilItsRowsAreSavedOrDiscarded) {
         file.start(trx(512.0));
         addRow();
         file.close();
-        EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t512\r\n"));
+        EXPECT_EQ(lockText(), QByteArray("V\t512\r\n"));
         EXPECT_FALSE(file.isUnended()) << "its rows are on this program's sheet";
         {
             const RecordFile later(clock, path("Orvtemp.tmp"));
             EXPECT_TRUE(later.isUnended());
         }
         save ? file.rowsSaved() : file.rowsDiscarded();
-        EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+        EXPECT_EQ(lockText(), none);
         EXPECT_EQ(contents(), newerHeader + row);
     }
 }
@@ -322,13 +274,13 @@ TEST_F(RecordFileTest, ARunWhoseRowsAreSavedLeavesNoLock) {
     addRow();
     file.rowsSaved();
     file.close();
-    EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+    EXPECT_EQ(lockText(), none);
     file.start(trx(512.0));
     addRow();
     file.rowsSaved();
     addRow();
     file.close();
-    EXPECT_TRUE(QFile::exists(path("Orvtemp.tmp.lock"))) << "but one with rows behind the save does";
+    EXPECT_NE(lockText(), none) << "but one with rows behind the save does";
 }
 
 TEST_F(RecordFileTest, TheLockNamesTheFileOfUnsavedRowsOfTheRunBefore) {
@@ -336,22 +288,21 @@ TEST_F(RecordFileTest, TheLockNamesTheFileOfUnsavedRowsOfTheRunBefore) {
     file.start(trx(512.0));
     addRow();
     file.start(trx(412.0));
-    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), naming);
+    EXPECT_EQ(lockText(), naming);
     file.close();
-    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), naming) << "without a row of its own, too";
+    EXPECT_EQ(lockText(), naming) << "without a row of its own, too";
     file.start(trx(412.0));
-    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), naming) << "and in the run after that";
+    EXPECT_EQ(lockText(), naming) << "and in the run after that";
     file.rowsSaved();
-    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t412\r\n"));
+    EXPECT_EQ(lockText(), QByteArray("V\t412\r\n"));
     file.close();
-    EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+    EXPECT_EQ(lockText(), none);
     EXPECT_EQ(kept(), newerHeader + row);
 }
 
 TEST_F(RecordFileTest, RecoveredRowsKeepTheLockUntilTheyAreSavedOrDiscarded) {
     for (const bool save : {true, false}) {
-        fill(path("Orvtemp.tmp"), newerHeader + row);
-        fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+        leaveUnended();
         file.rowsDiscarded();
         file.rowsSaved();
         EXPECT_TRUE(file.isUnended()) << "not recovered yet";
@@ -366,21 +317,19 @@ TEST_F(RecordFileTest, RecoveredRowsKeepTheLockUntilTheyAreSavedOrDiscarded) {
 }
 
 TEST_F(RecordFileTest, ARunAfterARecoveryKeepsTheFileAndTheLockIsItsOwn) {
-    fill(path("Orvtemp.tmp"), newerHeader + row);
-    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    leaveUnended();
     file.unendedRecovered();
     EXPECT_EQ(file.start(trx(412.0)), QString());
     EXPECT_EQ(kept(), newerHeader + row);
     addRow();
     file.rowsSaved();
-    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t412\r\n")) << "this run goes on";
+    EXPECT_EQ(lockText(), QByteArray("V\t412\r\n")) << "this run goes on";
     file.close();
-    EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.lock")));
+    EXPECT_EQ(lockText(), none);
 }
 
 TEST_F(RecordFileTest, AnUnendedRunIsKeptUnderADatedNameBeforeItsLockGoes) {
-    fill(path("Orvtemp.tmp"), newerHeader + row);
-    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    leaveUnended();
     QString keptAs;
     EXPECT_EQ(file.keepUnended(keptAs), QString());
     EXPECT_EQ(keptAs, path("Orvtemp-20261121-093015.tmp"));
@@ -432,7 +381,7 @@ TEST_F(RecordFileTest, AFileThatIsAnotherProgramsIsNotTouched) {
     EXPECT_EQ(file.append(QStringLiteral("1")), QString());
     file.close();
     EXPECT_EQ(contents(), olderHeader);
-    EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t412\r\n"));
+    EXPECT_EQ(lockText(), QByteArray("V\t412\r\n"));
     EXPECT_EQ(folder.files().size(), 2);
     file.claim = [] { return QString(); };
     EXPECT_EQ(file.start(trx(500.0)), QString());
@@ -469,8 +418,7 @@ TEST_F(RecordFileTest, UnsavedRowsThatCannotBeKeptAreNotDestroyed) {
 }
 
 TEST_F(RecordFileTest, ARunWithoutARecordFileLeavesTheLockOfTheOneBefore) {
-    fill(path("Orvtemp.tmp"), newerHeader + row);
-    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    leaveUnended();
     file.unendedRecovered();
     {
         const UnwritableFolder unwritable(folder.path());
@@ -483,8 +431,7 @@ TEST_F(RecordFileTest, ARunWithoutARecordFileLeavesTheLockOfTheOneBefore) {
 }
 
 TEST_F(RecordFileTest, AnUnendedRunThatCannotBeKeptStaysWithItsLock) {
-    fill(path("Orvtemp.tmp"), newerHeader + row);
-    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    leaveUnended();
     {
         const UnwritableFolder unwritable(folder.path());
         QString keptAs;

@@ -8,232 +8,6 @@ namespace orv {
 
 namespace {
 
-const QByteArray start("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\nDevice File\r\n\r\r\r\nData point\t\r\n");
-const QByteArray newer(start + "Date\tTime\tLED1\tREF1\tLED2\tREF2\tLED3\tREF3\r\n");
-const QByteArray older(start + "Date\tTime\tLED1\tLED2\tLED3\tREF3\r\n");
-
-DataSheet::Type type(const char* letter, double firmware) {
-    return {.letter = QString::fromLatin1(letter), .firmware = firmware};
-}
-
-QByteArray newerRow(int number, const char* end = "\r\n") {
-    return QByteArray::number(number) + "\t11/21/26\t9:05:07\t100\t\t125\t\t150\t40" + end;
-}
-
-class RecordedRowsTest : public testing::Test {
-protected:
-    RecordedRows read(const QByteArray& bytes, const DataSheet::Type& typeOfLock = type("V", 512.0)) {
-        const QString path = folder.path("Orvtemp.tmp");
-        fill(path, bytes);
-        RecordedRows found = readRecordedRows(path, typeOfLock);
-        EXPECT_EQ(contentsOf(path), bytes);
-        EXPECT_EQ(found.sheet.error, QString());
-        return found;
-    }
-
-    static std::string text(const RecordedRows& found) {
-        QByteArray all;
-        for (const QByteArray& row : found.sheet.rows) {
-            all += row + '\n';
-        }
-        return all.toStdString();
-    }
-
-    static void expectWhole(const RecordedRows& found) {
-        EXPECT_FALSE(found.cutOff);
-        EXPECT_EQ(found.unreadableLines, 0);
-        EXPECT_FALSE(found.typeGuessed);
-        EXPECT_FALSE(found.hasEarlierRows);
-    }
-
-    OwnFolder folder;
-};
-
-TEST_F(RecordedRowsTest, RowsOfEachLayoutBecomeTheSheetsCells) {
-    const RecordedRows trx = read(newer + newerRow(1) + newerRow(2));
-    expectWhole(trx);
-    EXPECT_EQ(trx.sheet.type, type("V", 512.0));
-    EXPECT_EQ(text(trx), "1\t11/21/26\t9:05:07\t100\t125\t150\t40\n2\t11/21/26\t9:05:07\t100\t125\t150\t40\n");
-
-    const RecordedRows olderTrx = read(older + "1\t1/5/99\t9:05:07\t1\t2\t3\t4\t5\t6\r\n", type("v", 412.0));
-    expectWhole(olderTrx);
-    EXPECT_EQ(olderTrx.sheet.type, type("v", 412.0));
-    EXPECT_EQ(text(olderTrx), "1\t1/5/99\t9:05:07\t1\t2\t3\t4\t5\t6\n");
-
-    const RecordedRows glow = read(older + "1\t1/5/99\t9:05:07\t700\r\n", type("F", 310.0));
-    expectWhole(glow);
-    EXPECT_EQ(glow.sheet.type, type("F", 310.0));
-    EXPECT_EQ(text(glow), "1\t1/5/99\t9:05:07\t700\n");
-}
-
-TEST_F(RecordedRowsTest, ThereMayBeNone) {
-    for (const QByteArray& bytes : {QByteArray(), newer, older}) {
-        const RecordedRows found = read(bytes);
-        expectWhole(found);
-        EXPECT_EQ(text(found), "");
-    }
-    const RecordedRows nowhere = readRecordedRows(folder.path("nowhere"), type("V", 512.0));
-    expectWhole(nowhere);
-    EXPECT_EQ(nowhere.sheet.error, QString());
-    EXPECT_EQ(text(nowhere), "");
-}
-
-/// However much of the file has reached the disk: every whole line is a row, and nothing else is.
-TEST_F(RecordedRowsTest, FileCutAnywhereHasItsWholeLines) {
-    const QByteArray whole = newer + newerRow(1) + newerRow(2) + newerRow(3);
-    for (qsizetype size = 0; size <= whole.size(); ++size) {
-        const QByteArray bytes = whole.first(size);
-        const RecordedRows found = read(bytes);
-        const auto rows = std::max<qsizetype>(0, bytes.count('\n') - newer.count('\n'));
-        EXPECT_EQ(static_cast<qsizetype>(found.sheet.rows.size()), rows) << size;
-        EXPECT_EQ(found.cutOff, size > 0 && !bytes.endsWith('\n')) << size;
-        EXPECT_EQ(found.unreadableLines, 0) << size;
-    }
-}
-
-TEST_F(RecordedRowsTest, ALastLineWithoutAnEndIsLeftOutEvenIfItLooksWhole) {
-    for (const char* end : {"", "\r"}) {
-        const RecordedRows found = read(newer + newerRow(1) + newerRow(2, end));
-        EXPECT_TRUE(found.cutOff);
-        EXPECT_EQ(found.sheet.rows.size(), 1U);
-    }
-}
-
-TEST_F(RecordedRowsTest, LinesMayEndWithALineFeedOnly) {
-    QByteArray bytes = newer + newerRow(1) + newerRow(2);
-    const RecordedRows found = read(bytes.replace("\r\n", "\n"));
-    expectWhole(found);
-    EXPECT_EQ(found.sheet.rows.size(), 2U);
-    EXPECT_EQ(found.sheet.rows[1], QByteArray("2\t11/21/26\t9:05:07\t100\t125\t150\t40"));
-}
-
-TEST_F(RecordedRowsTest, LinesThatAreNoRowsAreCountedAndTheOthersKept) {
-    for (const QByteArray& bad : {
-             QByteArray("2\t11/21/26\t9:05:07\t100\t\t125\t\t150\r\n"),        // a field too few
-             QByteArray("2\t11/21/26\t9:05:07\t100\t\t125\t\t150\t40\t7\r\n"), // one too many
-             QByteArray("2\t11/21/26\t9:05:07\t700\r\n"),                      // of another layout
-             QByteArray("2\t11/21/26\t9:05:07\t100\t7\t125\t\t150\t40\r\n"),   // a reference where none can be
-             QByteArray("2\t11/21/26\t9:05:07\t100\t\t125\t7\t150\t40\r\n"),
-             QByteArray("x\t11/21/26\t9:05:07\t100\t\t125\t\t150\t40\r\n"),
-             QByteArray("0\t11/21/26\t9:05:07\t100\t\t125\t\t150\t40\r\n"),
-             QByteArray("-1\t11/21/26\t9:05:07\t100\t\t125\t\t150\t40\r\n"),
-             QByteArray("32768\t11/21/26\t9:05:07\t100\t\t125\t\t150\t40\r\n"),
-             QByteArray("\t\r\n"),
-             QByteArray(4096, '\0') + "\r\n",
-             QByteArray("2\t11/21/26\t9:05:07\t100\t\t125\t\t150\t4") + '\0' + "\r\n",
-             QByteArray(200'000, 'x') + "\r\n",
-         }) {
-        const RecordedRows found = read(newer + newerRow(1) + bad + newerRow(3));
-        EXPECT_EQ(found.unreadableLines, 1) << bad.left(80).toStdString();
-        EXPECT_EQ(text(found), "1\t11/21/26\t9:05:07\t100\t125\t150\t40\n3\t11/21/26\t9:05:07\t100\t125\t150\t40\n");
-        EXPECT_FALSE(found.cutOff);
-    }
-}
-
-TEST_F(RecordedRowsTest, ABlockOfNulCharactersAtTheEndIsACutLine) {
-    const RecordedRows found = read(newer + newerRow(1) + QByteArray(100'000, '\0'));
-    EXPECT_TRUE(found.cutOff);
-    EXPECT_EQ(found.sheet.rows.size(), 1U);
-}
-
-TEST_F(RecordedRowsTest, AnOverlongLineWithoutAnEndIsACutLine) {
-    const RecordedRows found = read(newer + newerRow(1) + QByteArray(65536, 'x'));
-    EXPECT_TRUE(found.cutOff);
-    EXPECT_EQ(found.unreadableLines, 0);
-}
-
-TEST_F(RecordedRowsTest, AHeaderThatIsDamagedCostsNoRow) {
-    QByteArray damaged = newer;
-    damaged.replace("Device File", QByteArray(11, '\0'));
-    const RecordedRows found = read(damaged + newerRow(1));
-    EXPECT_EQ(found.unreadableLines, 1);
-    EXPECT_EQ(found.sheet.rows.size(), 1U);
-    const RecordedRows without = read(newerRow(1) + newerRow(2));
-    EXPECT_EQ(without.unreadableLines, 0);
-    EXPECT_EQ(without.sheet.rows.size(), 2U);
-}
-
-TEST_F(RecordedRowsTest, WithoutATypeTheRowsAndTheHeaderTellIt) {
-    const struct {
-        QByteArray bytes;
-        DataSheet::Type lock;
-        DataSheet::Type expected;
-        const char* row;
-    } cases[] = {
-        {newer + newerRow(1), type("", 0.0), type("V", 500.0), "1\t11/21/26\t9:05:07\t100\t125\t150\t40\n"},
-        {older + "1\ta\tb\t1\t2\t3\t4\t5\t6\r\n", type("", 0.0), type("V", 0.0), "1\ta\tb\t1\t2\t3\t4\t5\t6\n"},
-        {older + "1\ta\tb\t700\r\n", type("", 0.0), type("F", 0.0), "1\ta\tb\t700\n"},
-        {newer + "1\ta\tb\t700\r\n", type("", 0.0), type("F", 500.0), "1\ta\tb\t700\n"},
-        {older + "1\ta\tb\t700\r\n", type("V", 512.0), type("F", 0.0), "1\ta\tb\t700\n"},
-        {newer + newerRow(1), type("F", 310.0), type("V", 500.0), "1\t11/21/26\t9:05:07\t100\t125\t150\t40\n"},
-    };
-    for (const auto& each : cases) {
-        const RecordedRows found = read(each.bytes, each.lock);
-        EXPECT_TRUE(found.typeGuessed);
-        EXPECT_EQ(found.sheet.type, each.expected) << each.row;
-        EXPECT_EQ(text(found), each.row);
-        EXPECT_EQ(found.unreadableLines, 0);
-    }
-}
-
-TEST_F(RecordedRowsTest, RowsFromBeforeTheSheetWasClearedAreLeftOut) {
-    QByteArray bytes = newer;
-    for (int number = 1; number <= 20000; ++number) {
-        bytes += newerRow(number);
-    }
-    const RecordedRows full = read(bytes);
-    expectWhole(full);
-    EXPECT_EQ(full.sheet.rows.size(), 20000U);
-    const RecordedRows found = read(bytes + newerRow(1) + newerRow(2));
-    EXPECT_TRUE(found.hasEarlierRows);
-    EXPECT_EQ(text(found), "1\t11/21/26\t9:05:07\t100\t125\t150\t40\n2\t11/21/26\t9:05:07\t100\t125\t150\t40\n");
-    const RecordedRows firstLost = read(bytes + "?\r\n" + newerRow(2));
-    EXPECT_TRUE(firstLost.hasEarlierRows);
-    EXPECT_EQ(firstLost.sheet.rows.size(), 1U);
-}
-
-TEST_F(RecordedRowsTest, TheLongestSheetFits) {
-    QByteArray bytes = newer;
-    for (int number = 1; number <= 32767; ++number) {
-        bytes += newerRow(number);
-    }
-    const RecordedRows found = read(bytes);
-    expectWhole(found);
-    EXPECT_EQ(found.sheet.rows.size(), 32767U);
-}
-
-TEST_F(RecordedRowsTest, ARunThatBeganOnAFilledSheetKeepsItsNumbers) {
-    const RecordedRows found = read(newer + newerRow(501) + newerRow(502));
-    expectWhole(found);
-    EXPECT_EQ(text(found), "501\t11/21/26\t9:05:07\t100\t125\t150\t40\n502\t11/21/26\t9:05:07\t100\t125\t150\t40\n");
-}
-
-TEST_F(RecordedRowsTest, OfAVeryLongFileTheEndIsRead) {
-    QByteArray bytes = newer;
-    QByteArray sheetful;
-    for (int number = 1; number <= 20000; ++number) {
-        sheetful += newerRow(number);
-    }
-    while (bytes.size() < qsizetype{17} * 1024 * 1024) {
-        bytes += sheetful;
-    }
-    const RecordedRows found = read(bytes + newerRow(1), type("", 0.0));
-    EXPECT_TRUE(found.hasEarlierRows);
-    EXPECT_EQ(found.sheet.type, type("V", 500.0)) << "the header was read too";
-    EXPECT_EQ(found.unreadableLines, 0);
-    EXPECT_EQ(found.sheet.rows.size(), 1U);
-}
-
-TEST_F(RecordedRowsTest, AFileThatCannotBeReadIsNoEmptyOne) {
-    const QString path = folder.path("Orvtemp.tmp");
-    QDir().mkdir(path);
-    EXPECT_NE(readRecordedRows(path, type("V", 512.0)).sheet.error, QString());
-}
-
-} // namespace
-
-namespace {
-
 const QByteArray header("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\nDevice File\r\n\r\r\r\nData point\t\r\n"
                         "Date\tTime\tLED1\tREF1\tLED2\tREF2\tLED3\tREF3\r\n");
 const QByteArray
@@ -245,6 +19,18 @@ protected:
     void leave(const QByteArray& record, const QByteArray& lock = "V\t512\r\n") {
         fill(path("Orvtemp.tmp"), record);
         fill(path("Orvtemp.tmp.lock"), lock);
+    }
+
+    /// Such a folder, and the operator says yes.
+    void recover(const QByteArray& record = header + twoRows, const QByteArray& lock = "V\t512\r\n") {
+        leave(record, lock);
+        answers.yes = true;
+        recovery.offer();
+    }
+
+    void beginRun() {
+        identify("V", "512");
+        collection.run1();
     }
 
     std::string asked() const { return answers.asked.join(u'\n').toStdString(); }
@@ -264,17 +50,14 @@ TEST_F(RunRecoveryTest, WithoutALockNothingIsAskedOrTouched) {
 }
 
 TEST_F(RunRecoveryTest, NothingIsAskedDuringARun) {
-    identify("V", "512");
-    collection.run1();
+    beginRun();
     recovery.offer();
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(recordFile.isOpen());
 }
 
 TEST_F(RunRecoveryTest, YesBringsTheRowsToTheSheetUnsaved) {
-    leave(header + twoRows);
-    answers.yes = true;
-    recovery.offer();
+    recover();
     EXPECT_EQ(asked(), "ORV Host Program: The last run in this folder did not end. Load its 2 rows into the sheet?");
     EXPECT_TRUE(messages.shown.empty()) << "there is nothing to add";
     EXPECT_EQ(sheet.rowCount(), 2);
@@ -290,9 +73,7 @@ TEST_F(RunRecoveryTest, YesBringsTheRowsToTheSheetUnsaved) {
 }
 
 TEST_F(RunRecoveryTest, SavedRowsAreNotOfferedAgainAndTheFileIsKept) {
-    leave(header + twoRows);
-    answers.yes = true;
-    recovery.offer();
+    recover();
     answers.fileName = path("sheet.txt");
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
     EXPECT_EQ(contentsOf(path("sheet.txt")),
@@ -303,15 +84,12 @@ TEST_F(RunRecoveryTest, SavedRowsAreNotOfferedAgainAndTheFileIsKept) {
     answers.asked.clear();
     recovery.offer();
     EXPECT_TRUE(answers.asked.isEmpty());
-    identify("V", "512");
-    collection.run1();
+    beginRun();
     EXPECT_EQ(contentsOf(path("Orvtemp-20261121-093015.tmp")), header + twoRows);
 }
 
 TEST_F(RunRecoveryTest, UnsavedRowsAreOfferedAgainByTheNextProgram) {
-    leave(header + twoRows);
-    answers.yes = true;
-    recovery.offer();
+    recover();
     RecordFile later(clock, path("Orvtemp.tmp"));
     RunRecovery next({.session = session, .rows = rows, .files = files, .recordFile = later, .questions = answers});
     sheetState.unsaved = false; // its sheet is empty
@@ -322,11 +100,8 @@ TEST_F(RunRecoveryTest, UnsavedRowsAreOfferedAgainByTheNextProgram) {
 }
 
 TEST_F(RunRecoveryTest, ARunOnRecoveredRowsLosesNeither) {
-    leave(header + twoRows);
-    answers.yes = true;
-    recovery.offer();
-    identify("V", "512");
-    collection.run1();
+    recover();
+    beginRun();
     EXPECT_EQ(contentsOf(path("Orvtemp-20261121-093015.tmp")), header + twoRows);
     receive("R\r\n11/21/26\t2700\t7\t8\t9\t10\r\n");
     program.tick();
@@ -340,8 +115,7 @@ TEST_F(RunRecoveryTest, ARunOnRecoveredRowsLosesNeither) {
 }
 
 TEST_F(RunRecoveryTest, UnsavedRowsOfARunThatEndedAreOffered) {
-    identify("V", "512");
-    collection.run1();
+    beginRun();
     receive("R\r\n11/21/26\t2700\t7\t8\t9\t10\r\n");
     program.tick();
     receive(">");
@@ -376,8 +150,7 @@ TEST_F(RunRecoveryTest, ARunThatDiedBeforeItsFirstRowHasTheOneBeforeOffered) {
     EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(sheet.rowCount(), 2);
     EXPECT_EQ(fileNames(), "Orvtemp-20261120-120000.tmp|Orvtemp.tmp|Orvtemp.tmp.lock") << "offered again";
-    identify("V", "512");
-    collection.run1();
+    beginRun();
     EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray("V\t512\tOrvtemp-20261120-120000.tmp\r\n"))
         << "and after a further run without a row";
     answers.fileName = path("sheet.txt");
@@ -386,14 +159,21 @@ TEST_F(RunRecoveryTest, ARunThatDiedBeforeItsFirstRowHasTheOneBeforeOffered) {
     EXPECT_EQ(fileNames(), "Orvtemp-20261120-120000.tmp|Orvtemp.tmp|orvhost.lock|sheet.txt");
 }
 
-TEST_F(RunRecoveryTest, RowsThatTheRecordFileLacksAreTold) {
-    QByteArray gap = twoRows;
-    leave(header + gap.replace("\n2\t", "\n9\t"));
-    answers.yes = true;
-    recovery.offer();
-    EXPECT_NE(toldText().find("The numbers of the rows have gaps: 7 rows are missing in the record file.\n"),
-              std::string::npos)
-        << toldText();
+TEST_F(RunRecoveryTest, WhatTheSheetLacksIsTold) {
+    const std::pair<QByteArray, const char*> cases[] = {
+        {QByteArray(twoRows).replace("\n2\t", "\n9\t"),
+         "The numbers of the rows have gaps: 7 rows are missing in the record file.\n"},
+        {twoRows + twoRows, "The sheet was saved or cleared during the run; rows from before that are left out."},
+        {"501\t11/21/26\t9:05:07\t100\t\t125\t\t150\t40\r\n", "The run began with row 501."},
+    };
+    for (const auto& [rowsOfFile, told] : cases) {
+        sheetState.unsaved = false;
+        recover(header + rowsOfFile);
+        EXPECT_EQ(sheet.rowCount(), rowsOfFile.startsWith("501") ? 1 : 2);
+        EXPECT_EQ(state.plc, sheet.rowCount());
+        EXPECT_NE(toldText().find(told), std::string::npos) << toldText();
+        EXPECT_EQ(contentsOf(path("Orvtemp.tmp")), header + rowsOfFile);
+    }
 }
 
 TEST_F(RunRecoveryTest, NoKeepsTheFileUnderADatedNameAndTellsWhere) {
@@ -444,9 +224,7 @@ TEST_F(RunRecoveryTest, AFileWithoutOneReadableRowIsKeptAndTold) {
 
 TEST_F(RunRecoveryTest, WhatIsLeftOutIsToldInOneMessageAndKept) {
     const QByteArray damaged = header + "nonsense\r\n" + twoRows + "3\t11/21/26\t9:05:0";
-    leave(damaged, QByteArray());
-    answers.yes = true;
-    recovery.offer();
+    recover(damaged, QByteArray());
     EXPECT_EQ(sheet.rowCount(), 2);
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(toldText(), "The rows of the last run are on the sheet.\n\n"
@@ -458,33 +236,12 @@ TEST_F(RunRecoveryTest, WhatIsLeftOutIsToldInOneMessageAndKept) {
                               " has everything. The next run keeps it under a name with date and time.");
     answers.fileName = path("sheet.txt");
     files.saveas();
-    identify("V", "512");
-    collection.run1();
+    beginRun();
     EXPECT_EQ(contentsOf(path("Orvtemp-20261121-093015.tmp")), damaged);
 }
 
-TEST_F(RunRecoveryTest, RowsTakenOffTheSheetDuringTheRunAreTold) {
-    leave(header + twoRows + twoRows);
-    answers.yes = true;
-    recovery.offer();
-    EXPECT_EQ(asked(), "ORV Host Program: The last run in this folder did not end. Load its 2 rows into the sheet?");
-    EXPECT_NE(toldText().find("The sheet was saved or cleared during the run; rows from before that are left out."),
-              std::string::npos);
-    EXPECT_EQ(contentsOf(path("Orvtemp.tmp")), header + twoRows + twoRows);
-}
-
-TEST_F(RunRecoveryTest, ARunThatBeganOnAFilledSheetIsTold) {
-    leave(header + "501\t11/21/26\t9:05:07\t100\t\t125\t\t150\t40\r\n");
-    answers.yes = true;
-    recovery.offer();
-    EXPECT_EQ(state.plc, 1);
-    EXPECT_NE(toldText().find("The run began with row 501."), std::string::npos);
-}
-
 TEST_F(RunRecoveryTest, ClearAllForgetsTheRecoveredRowsButNotTheFile) {
-    leave(header + twoRows);
-    answers.yes = true;
-    recovery.offer();
+    recover();
     rows.clearSpreadSheet();
     EXPECT_EQ(fileNames(), "Orvtemp.tmp");
     EXPECT_EQ(contentsOf(path("Orvtemp.tmp")), header + twoRows);
@@ -509,9 +266,7 @@ TEST_F(RunRecoveryTest, RowsThatCameMeanwhileAreOfferedForSavingFirst) {
 TEST_F(RunRecoveryTest, AGlowRunIsLaidOutAsGlow) {
     QByteArray glow = header;
     glow.replace("\tREF1", "").replace("\tREF2", "");
-    leave(glow + "1\t1/5/99\t9:05:07\t700\r\n", "F\t310\r\n");
-    answers.yes = true;
-    recovery.offer();
+    recover(glow + "1\t1/5/99\t9:05:07\t700\r\n", "F\t310\r\n");
     EXPECT_EQ(sheet.header().join(u'|').toStdString(), "Data #|Date|Time|Output");
     answers.fileName = path("sheet.txt");
     files.saveas();

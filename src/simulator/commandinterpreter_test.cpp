@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/commandinterpreter.h"
 
-#include <gtest/gtest.h>
+#include "testing/expect.h"
 
 namespace orv {
 
@@ -53,24 +53,12 @@ TEST(InstrumentSettings, ShutterNeedsItsOwnSettings) {
     EXPECT_FALSE(settings.allowShutter());
 }
 
-TEST(InstrumentSettings, PresetsGiveTheirRates) {
-    EXPECT_EQ(samplingTime(InstrumentKind::Trx, 10), 500);
-    EXPECT_EQ(samplingTime(InstrumentKind::Trx, 30), 1000);
-    EXPECT_EQ(samplingTime(InstrumentKind::Trx, 100), 2000);
-    EXPECT_EQ(samplingTime(InstrumentKind::Trx, 210), 4000);
-    EXPECT_EQ(samplingTime(InstrumentKind::Glow, 25), 200);
-    EXPECT_EQ(samplingTime(InstrumentKind::Glow, 55), 333);
-    EXPECT_EQ(samplingTime(InstrumentKind::Glow, 90), 500);
-    EXPECT_EQ(samplingTime(InstrumentKind::Glow, 200), 1000);
-}
-
-TEST(InstrumentSettings, OtherNumbersOfSamplesTakeWhatLiesBetween) {
-    EXPECT_EQ(samplingTime(InstrumentKind::Trx, 0), 50);
-    EXPECT_EQ(samplingTime(InstrumentKind::Trx, 1), 50);
-    EXPECT_EQ(samplingTime(InstrumentKind::Trx, 20), 750);
-    EXPECT_EQ(samplingTime(InstrumentKind::Trx, 420), 8000);
-    EXPECT_EQ(samplingTime(InstrumentKind::Glow, 1), 8);
-    EXPECT_EQ(samplingTime(InstrumentKind::Glow, 65535), 327675);
+TEST(InstrumentSettings, PresetsGiveTheirRatesAndOtherNumbersOfSamplesWhatLiesBetween) {
+    const std::pair<int, int> trx[] = {{10, 500}, {30, 1000}, {100, 2000}, {210, 4000},
+                                       {0, 50},   {1, 50},    {20, 750},   {420, 8000}};
+    expectEach(trx, [](int samples) { return samplingTime(InstrumentKind::Trx, samples); });
+    const std::pair<int, int> glow[] = {{25, 200}, {55, 333}, {90, 500}, {200, 1000}, {1, 8}, {65535, 327675}};
+    expectEach(glow, [](int samples) { return samplingTime(InstrumentKind::Glow, samples); });
 }
 
 } // namespace

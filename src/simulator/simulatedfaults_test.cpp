@@ -29,8 +29,7 @@ TEST(SimulatedFaults, ALateInstrumentGreetsAndAnswersLate) {
 }
 
 TEST(SimulatedFaults, WhatALateInstrumentIsSentMeanwhileIsTakenThen) {
-    InstrumentBench bench("sim:trx?fault=late&delay=0.5");
-    bench.wake();
+    AwakeBench bench("sim:trx?fault=late&delay=0.5");
     bench.listen(500);
     bench.instrument.receive("xy");
     EXPECT_EQ(bench.listen(600), "x\r\n>y");
@@ -65,8 +64,7 @@ TEST(SimulatedFaults, NoCarriageReturnBehindTheGreeting) {
 
 TEST(SimulatedFaults, ACutDumpStopsInMidLineAndTheInstrumentIsDead) {
     for (const auto& [after, lines] : {std::pair("10%", 20), {"50%", 100}, {"99%", 198}}) {
-        InstrumentBench bench(qPrintable(QStringLiteral("sim:trx?fault=cut&after=") + QLatin1String(after)));
-        bench.wake();
+        AwakeBench bench(qPrintable(QStringLiteral("sim:trx?fault=cut&after=") + QLatin1String(after)));
         const QByteArray heard = bench.type("O", 60'000);
         EXPECT_EQ(heard.count('\n'), 1 + lines) << after;
         EXPECT_FALSE(heard.endsWith('\n'));
@@ -76,39 +74,29 @@ TEST(SimulatedFaults, ACutDumpStopsInMidLineAndTheInstrumentIsDead) {
 }
 
 TEST(SimulatedFaults, ACutLineWorksAgainAfterTheNextWakeUp) {
-    InstrumentBench bench("sim:trx?fault=cut&records=4&baud=0");
-    bench.wake();
+    AwakeBench bench("sim:trx?fault=cut&records=4&baud=0");
     EXPECT_FALSE(bench.type("O").endsWith(">"));
     EXPECT_EQ(bench.wake(), "V512\r");
     EXPECT_TRUE(bench.type("O").endsWith("EOF\r\n>"));
 }
 
 TEST(SimulatedFaults, ARunIsCutToo) {
-    InstrumentBench bench("sim:trx?fault=cut&points=10&after=30%");
-    bench.wake();
-    EXPECT_EQ(bench.type("R", 60'000).count('\n'), 1 + 3);
-    InstrumentBench endless("sim:trx?fault=cut");
-    endless.wake();
-    EXPECT_EQ(endless.type("R", 60'000).count('\n'), 1 + 50);
+    EXPECT_EQ(AwakeBench("sim:trx?fault=cut&points=10&after=30%").type("R", 60'000).count('\n'), 1 + 3);
+    EXPECT_EQ(AwakeBench("sim:trx?fault=cut").type("R", 60'000).count('\n'), 1 + 50);
 }
 
 TEST(SimulatedFaults, ABlockCutAtItsEndHasNoPrompt) {
-    InstrumentBench bench("sim:trx?fault=cut&points=2&after=100%");
-    bench.wake();
-    const QByteArray heard = bench.type("R", 10'000);
+    const QByteArray heard = AwakeBench("sim:trx?fault=cut&points=2&after=100%").type("R", 10'000);
     EXPECT_EQ(heard.count('\n'), 3);
     EXPECT_TRUE(heard.endsWith("\r\n"));
 }
 
 TEST(SimulatedFaults, CutAfterSoManyBytes) {
-    InstrumentBench bench("sim:trx?fault=cut&after=1234");
-    bench.wake();
-    EXPECT_EQ(bench.type("O", 60'000).size(), 3 + 1234);
+    EXPECT_EQ(AwakeBench("sim:trx?fault=cut&after=1234").type("O", 60'000).size(), 3 + 1234);
 }
 
 TEST(SimulatedFaults, UnplugShowsWhenWhatWentBeforeHasArrived) {
-    InstrumentBench bench("sim:trx?fault=unplug&after=93");
-    bench.wake();
+    AwakeBench bench("sim:trx?fault=unplug&after=93");
     bench.instrument.receive("O");
     bench.clock.advance(99);
     EXPECT_FALSE(bench.instrument.isUnplugged());
@@ -124,8 +112,7 @@ TEST(SimulatedFaults, UnplugShowsWhenWhatWentBeforeHasArrived) {
 }
 
 TEST(SimulatedFaults, UnplugSoLongAfterTheGreeting) {
-    InstrumentBench bench("sim:trx?fault=unplug&after=1500ms");
-    bench.wake();
+    AwakeBench bench("sim:trx?fault=unplug&after=1500ms");
     bench.type("R", 1390);
     EXPECT_FALSE(bench.instrument.isUnplugged());
     bench.listen(10);
@@ -134,8 +121,7 @@ TEST(SimulatedFaults, UnplugSoLongAfterTheGreeting) {
 }
 
 TEST(SimulatedFaults, CutSoLongAfterTheGreetingEvenWhenIdle) {
-    InstrumentBench bench("sim:trx?fault=cut&after=1500ms");
-    bench.wake();
+    AwakeBench bench("sim:trx?fault=cut&after=1500ms");
     EXPECT_EQ(bench.type("x", 2000), "x\r\n>");
     EXPECT_EQ(bench.type("x", 2000), "");
 }

@@ -36,8 +36,7 @@ TEST(SimulatedInstrument, TheGreetingSurvivesADiscardRightAfterTheWakeUpPulse) {
 }
 
 TEST(SimulatedInstrument, EachReplyEndsWithThePromptThatOpensTheNextLine) {
-    InstrumentBench bench("sim:trx");
-    bench.wake();
+    AwakeBench bench("sim:trx");
     QByteArray heard = bench.type("P");
     EXPECT_EQ(heard, QByteArray("P\r\n") + report + ">");
     heard += bench.type("C");
@@ -50,15 +49,13 @@ TEST(SimulatedInstrument, EachReplyEndsWithThePromptThatOpensTheNextLine) {
 }
 
 TEST(SimulatedInstrument, ClockReply) {
-    InstrumentBench bench("sim:trx");
-    bench.wake();
+    AwakeBench bench("sim:trx");
     bench.clock.advance(4800);
     EXPECT_EQ(bench.type("C"), "C\r\n11/21/26\t25665\r\n>");
 }
 
 TEST(SimulatedInstrument, ValuesAreEchoedAnsweredAndKept) {
-    InstrumentBench bench("sim:glow");
-    bench.wake();
+    AwakeBench bench("sim:glow");
     EXPECT_EQ(bench.type("B"), "B.");
     EXPECT_EQ(bench.type("110101"), "110101>");
     EXPECT_EQ(bench.type("T"), "T.");
@@ -77,8 +74,7 @@ TEST(SimulatedInstrument, ValuesAreEchoedAnsweredAndKept) {
 }
 
 TEST(SimulatedInstrument, ClockRunsFromWhatItWasSetTo) {
-    InstrumentBench bench("sim:trx");
-    bench.wake();
+    AwakeBench bench("sim:trx");
     EXPECT_EQ(bench.type("U"), "U.");
     EXPECT_EQ(bench.type("010599"), "010599.");
     EXPECT_EQ(bench.type("1507", 0), "");
@@ -88,8 +84,7 @@ TEST(SimulatedInstrument, ClockRunsFromWhatItWasSetTo) {
 }
 
 TEST(SimulatedInstrument, PacesItsOutput) {
-    InstrumentBench bench("sim:trx");
-    bench.wake();
+    AwakeBench bench("sim:trx");
     bench.instrument.receive("O");
     bench.clock.advance(1000);
     EXPECT_EQ(bench.instrument.arrivedCount(), 960);
@@ -97,8 +92,7 @@ TEST(SimulatedInstrument, PacesItsOutput) {
 }
 
 TEST(SimulatedInstrument, ADumpKeepsThePaceForAnHour) {
-    InstrumentBench bench("sim:trx?records=65525&erased=200000");
-    bench.wake();
+    AwakeBench bench("sim:trx?records=65525&erased=200000");
     bench.instrument.receive("O");
     qint64 heard = 0;
     for (int step = 0; step < 3600 * 200; ++step) {
@@ -109,8 +103,7 @@ TEST(SimulatedInstrument, ADumpKeepsThePaceForAnHour) {
 }
 
 TEST(SimulatedInstrument, DumpsItsRecordsOldestFirst) {
-    InstrumentBench bench("sim:glow?records=3&baud=0");
-    bench.wake();
+    AwakeBench bench("sim:glow?records=3&baud=0");
     const QByteArrayList lines = linesOf(bench.type("O", 0));
     ASSERT_EQ(lines.size(), 6);
     EXPECT_EQ(lines.at(0), "O");
@@ -122,15 +115,13 @@ TEST(SimulatedInstrument, DumpsItsRecordsOldestFirst) {
 }
 
 TEST(SimulatedInstrument, DumpsErasedMemoryAndTheOtherEnd) {
-    InstrumentBench bench("sim:trx?records=0&erased=2&end=0");
-    bench.wake();
+    AwakeBench bench("sim:trx?records=0&erased=2&end=0");
     EXPECT_EQ(bench.type("O"), "O\r\n65535\r\n65535\r\n0\r\n>");
     EXPECT_EQ(bench.type("x"), "x\r\n>");
 }
 
 TEST(SimulatedInstrument, AnUnpacedDumpComesWholeThoughInPieces) {
-    InstrumentBench bench("sim:trx?records=65525&baud=0");
-    bench.wake();
+    AwakeBench bench("sim:trx?records=65525&baud=0");
     bench.instrument.receive("O");
     QByteArray heard;
     while (const qsizetype count = bench.instrument.arrivedCount()) {
@@ -142,16 +133,14 @@ TEST(SimulatedInstrument, AnUnpacedDumpComesWholeThoughInPieces) {
 }
 
 TEST(SimulatedInstrument, DiscardingDropsAllPiecesOfAnUnpacedDump) {
-    InstrumentBench bench("sim:trx?records=65525&baud=0");
-    bench.wake();
+    AwakeBench bench("sim:trx?records=65525&baud=0");
     bench.instrument.receive("O");
     bench.instrument.discardArrived();
     EXPECT_EQ(bench.type("x"), "x\r\n>");
 }
 
 TEST(SimulatedInstrument, ABlockEndsWithThePrompt) {
-    InstrumentBench bench("sim:trx?points=3&rate=10");
-    bench.wake();
+    AwakeBench bench("sim:trx?points=3&rate=10");
     EXPECT_EQ(bench.type("R", 90), "R\r\n");
     const QByteArrayList lines = linesOf(bench.listen(1000));
     ASSERT_EQ(lines.size(), 4);
@@ -162,16 +151,14 @@ TEST(SimulatedInstrument, ABlockEndsWithThePrompt) {
 }
 
 TEST(SimulatedInstrument, SamplesAtItsRateWithoutDrift) {
-    InstrumentBench bench("sim:glow?rate=3");
-    bench.wake();
+    AwakeBench bench("sim:glow?rate=3");
     QByteArray heard = bench.type("R", 3'600'000);
     heard += bench.listen(50);
     EXPECT_EQ(heard.count('\n'), 1 + 3 * 3600);
 }
 
 TEST(SimulatedInstrument, SamplesAsItsSettingsSay) {
-    InstrumentBench bench("sim:trx");
-    bench.wake();
+    AwakeBench bench("sim:trx");
     EXPECT_EQ(bench.type("R", 10'100).count('\n'), 1 + 20);
     bench.wake();
     bench.type("T210\rI1\r");
@@ -183,8 +170,7 @@ TEST(SimulatedInstrument, SamplesAsItsSettingsSay) {
 }
 
 TEST(SimulatedInstrument, ASlowLineHoldsUpThePointsWithoutAGap) {
-    InstrumentBench bench("sim:trx?rate=1000");
-    bench.wake();
+    AwakeBench bench("sim:trx?rate=1000");
     bench.type("R", 1000);
     EXPECT_EQ(bench.listen(10'000).size(), 9600);
     // A host that does not read for a day finds 64 KB, and the line goes on from there.
@@ -193,8 +179,7 @@ TEST(SimulatedInstrument, ASlowLineHoldsUpThePointsWithoutAGap) {
 }
 
 TEST(SimulatedInstrument, DoesNotHearWhatComesWhileItRunsOrDumps) {
-    InstrumentBench bench("sim:trx?points=1&records=1");
-    bench.wake();
+    AwakeBench bench("sim:trx?points=1&records=1");
     bench.instrument.receive("RP");
     EXPECT_EQ(bench.type("C", 700).count("\r\n"), 2);
     bench.instrument.receive("O");
@@ -202,15 +187,13 @@ TEST(SimulatedInstrument, DoesNotHearWhatComesWhileItRunsOrDumps) {
 }
 
 TEST(SimulatedInstrument, HearsWhatComesWhileAReplyIsOnItsWay) {
-    InstrumentBench bench("sim:trx");
-    bench.wake();
+    AwakeBench bench("sim:trx");
     bench.instrument.receive("P");
     EXPECT_TRUE(bench.type("x").endsWith("MP200\r\n>x\r\n>"));
 }
 
 TEST(SimulatedInstrument, LogsPointsBehindItsRecords) {
-    InstrumentBench bench("sim:glow?records=2&points=3&baud=0&rate=100");
-    bench.wake();
+    AwakeBench bench("sim:glow?records=2&points=3&baud=0&rate=100");
     bench.type("B000111");
     const QByteArrayList run = linesOf(bench.type("R", 100));
     EXPECT_TRUE(bench.type("P").endsWith("MP5\r\n>"));
@@ -220,8 +203,7 @@ TEST(SimulatedInstrument, LogsPointsBehindItsRecords) {
 }
 
 TEST(SimulatedInstrument, ErasesItsMemoryFirstWhenAppendIsOff) {
-    InstrumentBench bench("sim:glow?records=2&points=3&baud=0&rate=100");
-    bench.wake();
+    AwakeBench bench("sim:glow?records=2&points=3&baud=0&rate=100");
     bench.type("B000010");
     bench.type("R");
     EXPECT_TRUE(bench.type("P").endsWith("MP2\r\n>")) << "without logging the memory stays";
@@ -232,8 +214,7 @@ TEST(SimulatedInstrument, ErasesItsMemoryFirstWhenAppendIsOff) {
 }
 
 TEST(SimulatedInstrument, AWakeUpPulseEndsARunADumpAndAnEntry) {
-    InstrumentBench bench("sim:trx");
-    bench.wake();
+    AwakeBench bench("sim:trx");
     bench.type("R", 2000);
     EXPECT_EQ(bench.wake(), "V512\r");
     EXPECT_EQ(bench.listen(2000), "");
@@ -246,8 +227,7 @@ TEST(SimulatedInstrument, AWakeUpPulseEndsARunADumpAndAnEntry) {
 }
 
 TEST(SimulatedInstrument, MovesItsShutterInItsTime) {
-    InstrumentBench bench("sim:trx");
-    bench.wake();
+    AwakeBench bench("sim:trx");
     EXPECT_EQ(bench.type("r"), "r\r\n>");
     bench.type("B000000T1\rD0\rQ1\rI0\r");
     EXPECT_EQ(bench.type("r", 30'000), "r\r\n");
@@ -257,8 +237,7 @@ TEST(SimulatedInstrument, MovesItsShutterInItsTime) {
 }
 
 TEST(SimulatedInstrument, SleepDropsWhatHasNotBeenTaken) {
-    InstrumentBench bench("sim:trx");
-    bench.wake();
+    AwakeBench bench("sim:trx");
     bench.instrument.receive("P");
     bench.clock.advance(20);
     bench.instrument.sleep();

@@ -21,6 +21,12 @@ protected:
                                                });
     }
 
+    std::unique_ptr<SimulatedPort> makeOpen(const char* device) {
+        auto port = make(device);
+        port->open();
+        return port;
+    }
+
     static void pulse(Port& port) {
         port.setDataTerminalReady(true);
         port.setDataTerminalReady(false);
@@ -66,8 +72,7 @@ TEST_F(SimulatedPortTest, OpeningAloneWakesNothing) {
 }
 
 TEST_F(SimulatedPortTest, AReopenedPortFindsWhatTheInstrumentKept) {
-    const auto port = make("sim:trx");
-    port->open();
+    const auto port = makeOpen("sim:trx");
     pulse(*port);
     readFor(*port, 200);
     port->write("Q17\r");
@@ -84,8 +89,7 @@ TEST_F(SimulatedPortTest, AReopenedPortFindsWhatTheInstrumentKept) {
 }
 
 TEST_F(SimulatedPortTest, ADtrLineRaisedBeforeClosingDoesNotWakeAfterwards) {
-    const auto port = make("sim:trx");
-    port->open();
+    const auto port = makeOpen("sim:trx");
     port->setDataTerminalReady(true);
     port->close();
     port->open();
@@ -94,8 +98,7 @@ TEST_F(SimulatedPortTest, ADtrLineRaisedBeforeClosingDoesNotWakeAfterwards) {
 }
 
 TEST_F(SimulatedPortTest, WaitsNoLongerThanNeeded) {
-    const auto port = make("sim:trx");
-    port->open();
+    const auto port = makeOpen("sim:trx");
     pulse(*port);
     EXPECT_TRUE(port->waitForInput(10'000));
     EXPECT_EQ(sleptAltogether(), 102);
@@ -106,8 +109,7 @@ TEST_F(SimulatedPortTest, WaitsNoLongerThanNeeded) {
 }
 
 TEST_F(SimulatedPortTest, WaitsAtMostAsLongAsTold) {
-    const auto port = make("sim:trx");
-    port->open();
+    const auto port = makeOpen("sim:trx");
     EXPECT_FALSE(port->waitForInput(40));
     EXPECT_EQ(sleptAltogether(), 40);
     EXPECT_EQ(slept.size(), 1U);
@@ -137,8 +139,7 @@ TEST_F(SimulatedPortTest, AClockThatStandsStillDoesNotHangAWait) {
 }
 
 TEST_F(SimulatedPortTest, DiscardsWhatHasArrivedAndNothingElse) {
-    const auto port = make("sim:trx");
-    port->open();
+    const auto port = makeOpen("sim:trx");
     pulse(*port);
     clock.advance(103);
     port->discardInput();
@@ -147,8 +148,7 @@ TEST_F(SimulatedPortTest, DiscardsWhatHasArrivedAndNothingElse) {
 }
 
 TEST_F(SimulatedPortTest, AnUnpluggedPortFailsUntilItIsOpenedAgain) {
-    const auto port = make("sim:trx?fault=unplug&records=4&baud=0");
-    port->open();
+    const auto port = makeOpen("sim:trx?fault=unplug&records=4&baud=0");
     pulse(*port);
     readFor(*port, 200);
     port->write("O");

@@ -45,6 +45,15 @@ public:
     SimulatedInstrument instrument;
 };
 
+/// For tests: such an instrument that has been woken.
+class AwakeBench : public InstrumentBench {
+public:
+    explicit AwakeBench(const char* device)
+        : InstrumentBench(device) {
+        wake();
+    }
+};
+
 /// For tests: the lines of a text whose lines all end with CR LF, and what follows the last line end.
 inline QByteArrayList linesOf(const QByteArray& text) {
     QByteArrayList lines = text.split('\n');
