@@ -378,33 +378,6 @@ TEST_F(AwakeProgram, ConnectingAndReadingTheSettingsLetTheComputerSleep) {
     EXPECT_EQ(inhibitor.calls, "");
 }
 
-TEST_F(AwakeProgram, ARunKeepsItAwakeUntilItsReset) {
-    runWithRows(3);
-    EXPECT_EQ(inhibitor.calls, "take ");
-    replies = {"V512\r"};
-    program.reset();
-    EXPECT_EQ(inhibitor.calls, "take release ");
-}
-
-TEST_F(AwakeProgram, ARunKeepsItAwakeUntilThePortIsClosed) {
-    runWithRows(3);
-    program.closePort();
-    EXPECT_EQ(inhibitor.calls, "take release ");
-}
-
-TEST_F(AwakeProgram, ARunKeepsItAwakeUntilTheCableIsPulled) {
-    runWithRows(3);
-    com1.failureReason = QStringLiteral("The device is gone.");
-    program.tick();
-    EXPECT_EQ(inhibitor.calls, "take release ");
-}
-
-TEST_F(AwakeProgram, ARunKeepsItAwakeUntilTheProgramEnds) {
-    runWithRows(3);
-    program.end();
-    EXPECT_EQ(inhibitor.calls, "take release ");
-}
-
 TEST_F(AwakeProgram, ADownloadKeepsItAwakeUntilItsEnd) {
     connectAndRead();
     answers.fileName = folder.path("dump.txt");
@@ -412,6 +385,37 @@ TEST_F(AwakeProgram, ADownloadKeepsItAwakeUntilItsEnd) {
     EXPECT_EQ(inhibitor.calls, "take ");
     receive("O\r\n11/21/26\t2700\t1\t20\t30\t40\r\nEOF\r\n");
     ticks(4);
+    EXPECT_EQ(inhibitor.calls, "take release ");
+}
+
+class AwakeRun : public AwakeProgram {
+protected:
+    void SetUp() override {
+        AwakeProgram::SetUp();
+        runWithRows(3);
+        EXPECT_EQ(inhibitor.calls, "take ");
+    }
+};
+
+TEST_F(AwakeRun, LastsUntilItsReset) {
+    replies = {"V512\r"};
+    program.reset();
+    EXPECT_EQ(inhibitor.calls, "take release ");
+}
+
+TEST_F(AwakeRun, LastsUntilThePortIsClosed) {
+    program.closePort();
+    EXPECT_EQ(inhibitor.calls, "take release ");
+}
+
+TEST_F(AwakeRun, LastsUntilTheCableIsPulled) {
+    com1.failureReason = QStringLiteral("The device is gone.");
+    program.tick();
+    EXPECT_EQ(inhibitor.calls, "take release ");
+}
+
+TEST_F(AwakeRun, LastsUntilTheProgramEnds) {
+    program.end();
     EXPECT_EQ(inhibitor.calls, "take release ");
 }
 

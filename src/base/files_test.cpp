@@ -57,22 +57,19 @@ namespace {
 const QDateTime moment(QDate(2026, 11, 21), QTime(9, 30, 15));
 
 TEST(KeptFile, TakesADatedNameBesideItsOwn) {
-    const struct {
-        const char* name;
-        const char* kept;
-    } cases[] = {
+    const std::pair<const char*, const char*> names[] = {
         {"Orvtemp.tmp", "Orvtemp-20261121-093015.tmp"},
         {"Untitled0.txt", "Untitled0-20261121-093015.txt"},
         {"lake.run.3.txt", "lake.run.3-20261121-093015.txt"},
         {"noending", "noending-20261121-093015"},
     };
-    for (const auto& each : cases) {
+    for (const auto& [name, keptAs] : names) {
         const OwnFolder folder;
-        const QString path = folder.path(each.name);
+        const QString path = folder.path(name);
         fill(path, "rows");
         EXPECT_EQ(keepUnderDatedName(path, moment), QString());
-        EXPECT_EQ(folder.files().join(u'|').toStdString(), each.kept);
-        EXPECT_EQ(contentsOf(folder.path(each.kept)), QByteArray("rows"));
+        EXPECT_EQ(folder.files().join(u'|').toStdString(), keptAs);
+        EXPECT_EQ(contentsOf(folder.path(keptAs)), QByteArray("rows"));
     }
 }
 

@@ -354,10 +354,11 @@ TEST(TimeOfDay, overflowsWhenTheHoursDoNotFit) {
 
 TEST(TimeOfDay, padsMinutesAndSecondsButNotHours) {
     EXPECT_EQ((TimeOfDay{9, 5, 7}.text24()), QStringLiteral("9:05:07"));
-    EXPECT_EQ((TimeOfDay{5, 5, 5}.text12()), QStringLiteral("5:05:05 AM"));
-    EXPECT_EQ((TimeOfDay{15, 5, 9}.text12()), QStringLiteral("3:05:09 PM"));
-    EXPECT_EQ((TimeOfDay{12, 15, 7}.text12()), QStringLiteral("0:15:07 PM"));
-    EXPECT_EQ((TimeOfDay{0, 10, 11}.text12()), QStringLiteral("0:10:11 AM"));
+    const std::pair<TimeOfDay, const char*> rows[] = {{{5, 5, 5}, "5:05:05 AM"},
+                                                      {{15, 5, 9}, "3:05:09 PM"},
+                                                      {{12, 15, 7}, "0:15:07 PM"},
+                                                      {{0, 10, 11}, "0:10:11 AM"}};
+    expectEach(rows, [](const TimeOfDay& time) { return time.text12().toStdString(); });
 }
 
 TEST(SheetTime, ReadsTheSheetsTimesAndThoseOfSpreadsheets) {

@@ -284,9 +284,10 @@ TEST_F(ReportTest, AFileThatCannotBeWrittenIsTold) {
     answers.fileName = folder.filePath(QStringLiteral("missing/report.Txt"));
     actions.saveCalInfo();
     ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown.front().title.toStdString(), "Save Cal Info");
-    EXPECT_TRUE(messages.shown.front().text.startsWith(answers.fileName + QStringLiteral(" could not be saved: ")));
-    EXPECT_FALSE(messages.shown.front().text.contains(QStringLiteral("saved: .")));
+    const Message& told = messages.shown.front();
+    EXPECT_EQ(told.title.toStdString(), "Save Cal Info");
+    EXPECT_TRUE(told.text.startsWith(answers.fileName + QStringLiteral(" could not be saved: ")));
+    EXPECT_FALSE(told.text.contains(QStringLiteral("saved: .")));
 }
 
 } // namespace

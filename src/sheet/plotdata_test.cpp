@@ -54,26 +54,28 @@ protected:
 };
 
 TEST_F(PlotDataTest, EveryLayoutHasACurveForEachOfItsValueColumns) {
+    const struct {
+        const char* letter;
+        double firmware;
+        HeaderPlace place;
+        const char* row;
+        const char* names;
+        const char* points;
+    } cases[] = {
+        {"F", 310, HeaderPlace::GridOnOpening, "1|11/21/26|1:00:00|2400", "Output", "1:2400"},
+        {"V", 512, HeaderPlace::GridOnOpening, "1|11/21/26|1:00:00|10|20|30|40", "100|125|150|Ref", "1:10,20,30,40"},
+        {"v", 412, HeaderPlace::GridOnClearing, "1|11/21/26|1:00:00|10|11|20|21|30|31", "100|Ref1|125|Ref2|150|Ref3",
+         "1:10,11,20,21,30,31"},
+    };
     data.update();
-    layOut("F", 310);
-    append({"1|11/21/26|1:00:00|2400"});
-    data.update();
-    EXPECT_EQ(names(), "Output");
-    EXPECT_EQ(points(), "1:2400");
-
-    sheet.removeRows();
-    layOut("V", 512);
-    append({"1|11/21/26|1:00:00|10|20|30|40"});
-    data.update();
-    EXPECT_EQ(names(), "100|125|150|Ref");
-    EXPECT_EQ(points(), "1:10,20,30,40");
-
-    sheet.removeRows();
-    layOut("v", 412, HeaderPlace::GridOnClearing);
-    append({"1|11/21/26|1:00:00|10|11|20|21|30|31"});
-    data.update();
-    EXPECT_EQ(names(), "100|Ref1|125|Ref2|150|Ref3");
-    EXPECT_EQ(points(), "1:10,11,20,21,30,31");
+    for (const auto& each : cases) {
+        sheet.removeRows();
+        layOut(each.letter, each.firmware, each.place);
+        append({each.row});
+        data.update();
+        EXPECT_EQ(names(), each.names);
+        EXPECT_EQ(points(), each.points);
+    }
 }
 
 TEST_F(PlotDataTest, ASheetOfNoKnownTypeIsNamedByItsHeaderOrByNumbers) {

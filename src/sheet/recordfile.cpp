@@ -13,16 +13,6 @@
 
 namespace orv {
 
-namespace {
-
-/// No lock is longer.
-constexpr qint64 longestLock = 256;
-
-/// How long a written row may wait for the disk, in milliseconds.
-constexpr qint64 diskDelay = 500;
-
-} // namespace
-
 RunLock::RunLock(const QString& recordFilePath)
     : path_(recordFilePath + QLatin1String(".lock")) {}
 
@@ -35,7 +25,7 @@ QByteArrayList RunLock::fields() const {
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    const QByteArray bytes = file.read(longestLock);
+    const QByteArray bytes = file.read(longest);
     return bytes.endsWith("\r\n") ? bytes.chopped(2).split('\t') : QByteArrayList();
 }
 
@@ -79,7 +69,7 @@ void RunLock::remove() const {
 
 bool RunLock::copyFrom(const RunLock& other) const {
     QFile file(other.path_);
-    return file.open(QIODevice::ReadOnly) && write(file.read(longestLock));
+    return file.open(QIODevice::ReadOnly) && write(file.read(longest));
 }
 
 RecordFile::RecordFile(const Clock& clock, const QString& path)
@@ -163,6 +153,7 @@ QString RecordFile::append(const QString& line) {
 }
 
 void RecordFile::syncWhenDue() {
+    constexpr qint64 diskDelay = 500; // milliseconds that a written row may wait
     if (waitsForDisk_ && clock_.monotonicMilliseconds() - waitsSince_ >= diskDelay) {
         waitsForDisk_ = false;
         syncToDisk(file_.handle());

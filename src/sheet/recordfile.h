@@ -38,6 +38,8 @@ public:
     bool copyFrom(const RunLock& other) const;
 
 private:
+    static constexpr qint64 longest = 256; ///< Bytes; no lock is longer.
+
     QByteArrayList fields() const;
     bool write(const QByteArray& bytes) const;
 

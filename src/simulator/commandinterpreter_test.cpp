@@ -80,6 +80,10 @@ protected:
         return last->text;
     }
 
+    void expectReplies(std::initializer_list<std::pair<const char*, const char*>> dialogue) {
+        expectEach(dialogue, [this](const char* typed) { return reply(typed); });
+    }
+
     InstrumentSettings settings;
     InstrumentClock clock{QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15)), 0};
     InstrumentMemory memory{12, {0}};
@@ -91,30 +95,20 @@ TEST_F(CommandInterpreterTest, CommandsWithoutValues) {
     EXPECT_EQ(reply("C"), "\r\n11/21/26\t25661\r\n>");
     EXPECT_EQ(reply("R", Deed::Run), "\r\n");
     EXPECT_EQ(reply("O", Deed::Dump), "\r\n");
-    EXPECT_EQ(reply("x"), "\r\n>");
-    EXPECT_EQ(reply("p"), "\r\n>");
-    EXPECT_EQ(reply("\r"), "\r\n>");
+    expectReplies({{"x", "\r\n>"}, {"p", "\r\n>"}, {"\r", "\r\n>"}});
 }
 
 TEST_F(CommandInterpreterTest, FlagsAreExactlySixCharacters) {
-    EXPECT_EQ(reply("B"), ".");
-    EXPECT_EQ(reply("11111"), "(nothing)");
-    EXPECT_EQ(reply("1"), ">");
+    expectReplies({{"B", "."}, {"11111", "(nothing)"}, {"1", ">"}});
     EXPECT_TRUE(settings.autoStart && settings.gain && settings.auxAdc && settings.logEnabled && settings.wakeUp &&
                 settings.append);
-    EXPECT_EQ(reply("B"), ".");
-    EXPECT_EQ(reply("00\r000x1"), ">");
+    expectReplies({{"B", "."}, {"00\r000x1", ">"}});
     EXPECT_FALSE(settings.autoStart);
     EXPECT_TRUE(settings.append);
 }
 
 TEST_F(CommandInterpreterTest, NumbersEndWithCarriageReturn) {
-    EXPECT_EQ(reply("T"), ".");
-    EXPECT_EQ(reply("030"), "(nothing)");
-    EXPECT_EQ(reply("\r"), ">");
-    EXPECT_EQ(reply("D24\r"), ">");
-    EXPECT_EQ(reply("Q65535\r"), ">");
-    EXPECT_EQ(reply("I7\r"), ">");
+    expectReplies({{"T", "."}, {"030", "(nothing)"}, {"\r", ">"}, {"D24\r", ">"}, {"Q65535\r", ">"}, {"I7\r", ">"}});
     EXPECT_EQ(settings.samplesPerPoint, 30);
     EXPECT_EQ(settings.hoursBeforeBlock, 24);
     EXPECT_EQ(settings.pointsPerBlock, 65535);
@@ -132,10 +126,7 @@ TEST_F(CommandInterpreterTest, AnEmptyNumberIsZeroAndALargeOneIsTheLargest) {
 }
 
 TEST_F(CommandInterpreterTest, ClockIsSetWithTheLastDigit) {
-    EXPECT_EQ(reply("U"), ".");
-    EXPECT_EQ(reply("01059"), "(nothing)");
-    EXPECT_EQ(reply("9"), ".");
-    EXPECT_EQ(reply("150"), "(nothing)");
+    expectReplies({{"U", "."}, {"01059", "(nothing)"}, {"9", "."}, {"150", "(nothing)"}});
     EXPECT_EQ(clock.at(0).text(), "11/21/26\t25661");
     EXPECT_EQ(reply("7"), ">");
     EXPECT_EQ(clock.at(0).text(), "01/05/99\t40815");

@@ -32,6 +32,14 @@ protected:
         ASSERT_TRUE(host.isOpen());
     }
 
+    /// A host opens the line and has read the greeting.
+    void startAndWake(const char* device) {
+        start(device);
+        openHost();
+        discard();
+        listen(300);
+    }
+
     void closeHost() {
         host.reset();
         server->serve(0);
@@ -98,10 +106,7 @@ TEST_F(PtyServerTest, TheLineIsRawBeforeAHostOpensIt) {
 }
 
 TEST_F(PtyServerTest, DiscardingAfterACommandOnlyDiscards) {
-    start("sim:trx");
-    openHost();
-    discard();
-    listen(300);
+    startAndWake("sim:trx");
     discard();
     EXPECT_EQ(listen(300), "V512\r") << "nothing was sent to the instrument yet";
     send("x");
@@ -119,10 +124,7 @@ TEST_F(PtyServerTest, DiscardingAfterACommandOnlyDiscards) {
 }
 
 TEST_F(PtyServerTest, ClosingPutsTheInstrumentToSleepAndItKeepsItsSettings) {
-    start("sim:trx");
-    openHost();
-    discard();
-    listen(300);
+    startAndWake("sim:trx");
     send("Q5\r");
     listen(100);
     send("R");
@@ -140,10 +142,7 @@ TEST_F(PtyServerTest, ClosingPutsTheInstrumentToSleepAndItKeepsItsSettings) {
 }
 
 TEST_F(PtyServerTest, AHostThatClosesAndOpensAtOnceIsANewHost) {
-    start("sim:trx");
-    openHost();
-    discard();
-    listen(300);
+    startAndWake("sim:trx");
     send("R");
     listen(1000);
     host.reset();
@@ -229,10 +228,7 @@ TEST_F(PtyServerTest, ALineThatAHostMisconfiguredAndLockedIsPutInOrder) {
 }
 
 TEST_F(PtyServerTest, NeverBlocksOnAHostThatDoesNotReadAndLosesNothing) {
-    start("sim:trx?records=20000&baud=0");
-    openHost();
-    discard();
-    listen(300);
+    startAndWake("sim:trx?records=20000&baud=0");
     send("O");
     for (int step = 0; step < 100; ++step) {
         EXPECT_TRUE(server->serve(0));
@@ -249,10 +245,7 @@ TEST_F(PtyServerTest, NeverBlocksOnAHostThatDoesNotReadAndLosesNothing) {
 }
 
 TEST_F(PtyServerTest, HandsOverWhatHasArrivedEveryEightMilliseconds) {
-    start("sim:trx?records=3");
-    openHost();
-    discard();
-    listen(300);
+    startAndWake("sim:trx?records=3");
     send("O");
     qsizetype pieces = 0;
     QByteArray heard;
@@ -269,10 +262,7 @@ TEST_F(PtyServerTest, HandsOverWhatHasArrivedEveryEightMilliseconds) {
 }
 
 TEST_F(PtyServerTest, AnUnpluggedLineVanishesAfterWhatWentBefore) {
-    start("sim:trx?fault=unplug&after=20&baud=0");
-    openHost();
-    discard();
-    listen(300);
+    startAndWake("sim:trx?fault=unplug&after=20&baud=0");
     send("O");
     bool served = true;
     for (int step = 0; step < 10 && served; ++step) {

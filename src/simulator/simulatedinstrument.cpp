@@ -41,11 +41,15 @@ void SimulatedInstrument::setWakeLine(bool raised) {
     }
 }
 
-void SimulatedInstrument::wake() {
+void SimulatedInstrument::stop() {
     advance();
     time_ = ticksNow();
     line_.abandon(time_);
     strikeAt_.reset();
+}
+
+void SimulatedInstrument::wake() {
+    stop();
     heldInput_.clear();
     interpreter_.reset();
     if (options_.fault == SimulatedFault::Silent || unplugged_) {
@@ -57,11 +61,8 @@ void SimulatedInstrument::wake() {
 }
 
 void SimulatedInstrument::sleep() {
-    advance();
-    time_ = ticksNow();
-    line_.abandon(time_);
+    stop();
     line_.takeArrived();
-    strikeAt_.reset();
     activity_ = Activity::Asleep;
     wakeLine_ = false;
 }

@@ -68,6 +68,7 @@ private:
     qint64 monotonicTime() const { return origin_ + time_ / line_.ticksPerMillisecond(); }
 
     void advance();
+    void stop(); ///< Drops what is on its way and what would have come.
     std::optional<qint64> nextEvent() const;
     void handleEvent();
     void strike();

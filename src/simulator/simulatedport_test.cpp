@@ -27,6 +27,13 @@ protected:
         return port;
     }
 
+    std::unique_ptr<SimulatedPort> makeAwake(const char* device) {
+        auto port = makeOpen(device);
+        pulse(*port);
+        readFor(*port, 200);
+        return port;
+    }
+
     static void pulse(Port& port) {
         port.setDataTerminalReady(true);
         port.setDataTerminalReady(false);
@@ -72,9 +79,7 @@ TEST_F(SimulatedPortTest, OpeningAloneWakesNothing) {
 }
 
 TEST_F(SimulatedPortTest, AReopenedPortFindsWhatTheInstrumentKept) {
-    const auto port = makeOpen("sim:trx");
-    pulse(*port);
-    readFor(*port, 200);
+    const auto port = makeAwake("sim:trx");
     port->write("Q17\r");
     readFor(*port, 200);
     port->write("R");
@@ -148,9 +153,7 @@ TEST_F(SimulatedPortTest, DiscardsWhatHasArrivedAndNothingElse) {
 }
 
 TEST_F(SimulatedPortTest, AnUnpluggedPortFailsUntilItIsOpenedAgain) {
-    const auto port = makeOpen("sim:trx?fault=unplug&records=4&baud=0");
-    pulse(*port);
-    readFor(*port, 200);
+    const auto port = makeAwake("sim:trx?fault=unplug&records=4&baud=0");
     port->write("O");
     EXPECT_EQ(port->readAll().count('\n'), 3);
     EXPECT_EQ(port->failure().toStdString(),
