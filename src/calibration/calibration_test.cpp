@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFile>
 #include <QLocale>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -198,15 +197,13 @@ protected:
     ReportTest() {
         fill(shown.worksheet, "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18.5");
         fill(shown.reference, "b0 r0 g0/b1 r1 g1/b2 r2 g2/b3 r3 g3/b4 r4 ");
-        answers.fileName = folder.filePath(QStringLiteral("report.Txt"));
+        answers.fileName = path("report.Txt");
     }
 
     QByteArray written() const {
         QFile file(answers.fileName);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
     }
-
-    QTemporaryDir folder;
 };
 
 TEST_F(ReportTest, HasTheReferencesOfTheColour) {
@@ -281,7 +278,7 @@ TEST_F(ReportTest, ACancelledDialogWritesNothing) {
 }
 
 TEST_F(ReportTest, AFileThatCannotBeWrittenIsTold) {
-    answers.fileName = folder.filePath(QStringLiteral("missing/report.Txt"));
+    answers.fileName = path("missing/report.Txt");
     actions.saveCalInfo();
     ASSERT_EQ(messages.shown.size(), 1U);
     const Message& told = messages.shown.front();
@@ -295,7 +292,6 @@ TEST_F(ReportTest, AFileThatCannotBeWrittenIsTold) {
 namespace {
 
 TEST(Calibration, ABatchOfTwoFromTheSheetToItsReports) {
-    const QTemporaryDir folder;
     CalibrationBench bench;
     bench.add("SN 1", LightColour::Red);
     bench.add("SN 2", LightColour::Green);
@@ -313,7 +309,7 @@ TEST(Calibration, ABatchOfTwoFromTheSheetToItsReports) {
 
     bench.actions.next();
     EXPECT_EQ(bench.shown.colour.value(), LightColour::Red);
-    bench.answers.fileName = folder.filePath(QStringLiteral("one.Txt"));
+    bench.answers.fileName = bench.path("one.Txt");
     bench.actions.saveCalInfo();
     QFile report(bench.answers.fileName);
     ASSERT_TRUE(report.open(QIODevice::ReadOnly));
