@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulator/simulatedport.h"
 #include "testing/downloadrig.h"
 
 namespace orv {
@@ -9,13 +8,8 @@ namespace {
 /// Downloads from a simulated instrument at the pace of its line, on the test's clock.
 class SimulatedDownload : public DownloadRig {
 protected:
-    std::unique_ptr<Port> makeInstrument(const QString& device) override {
-        const auto parsed = parseSimulatorOptions(device);
-        EXPECT_EQ(parsed.error, QString());
-        return std::make_unique<SimulatedPort>(parsed.options, clock,
-                                               [this](int milliseconds) { clock.advance(milliseconds); });
-    }
-    bool clockRunsWhileWaiting() const override { return false; }
+    SimulatedDownload()
+        : DownloadRig(simulatedInstrument) {}
 };
 
 class EveryKind : public SimulatedDownload, public testing::WithParamInterface<std::string> {};
@@ -28,14 +22,14 @@ TEST_P(EveryKind, FileAndSheetHoldTheInstrumentsRecords) {
     EXPECT_EQ(toFile.records, 60);
     EXPECT_EQ(fileRows(), toFile.textRows.toStdString());
     expectWholeEnd(toFile);
-    EXPECT_EQ(program.sheet.rowCount(), 0);
+    EXPECT_EQ(sheet.rowCount(), 0);
 
     downloadToSheet();
     const ExpectedDump toSheet(dumpLines(line->blocks), values);
     EXPECT_EQ(toSheet.textRows, toFile.textRows);
     expectWholeEnd(toSheet);
-    EXPECT_EQ(program.sheet.rowCount(), 60);
-    EXPECT_EQ(program.sheetState.topRow, 50);
+    EXPECT_EQ(sheet.rowCount(), 60);
+    EXPECT_EQ(sheetState.topRow, 50);
     EXPECT_EQ(savedSheetRows(), toSheet.sheetRows.toStdString());
 }
 
@@ -48,16 +42,16 @@ TEST_F(SimulatedDownload, EmptyMemoryGivesAFileWithoutRows) {
     connectTo(QStringLiteral("sim:trx?records=0"));
     downloadToFile();
     EXPECT_EQ(fileRows(), "");
-    EXPECT_EQ(status(), "Ready");
-    EXPECT_EQ(program.progress.maximum, 100) << "as reading the settings left it";
+    EXPECT_EQ(statusText(), "Ready");
+    EXPECT_EQ(progress.maximum, 100) << "as reading the settings left it";
 }
 
 TEST_F(SimulatedDownload, MoreRecordsThanASheetHoldsAreSavedOnTheWay) {
-    program.sheetState.fileName = path("lake");
+    sheetState.fileName = path("lake");
     connectTo(QStringLiteral("sim:glow?records=20005&baud=0"));
     downloadToSheet();
-    EXPECT_EQ(program.sheet.rowCount(), 5);
-    const QByteArray saved = contents(path("lake0.txt"));
+    EXPECT_EQ(sheet.rowCount(), 5);
+    const QByteArray saved = contentsOf(path("lake0.txt"));
     EXPECT_TRUE(saved.startsWith("F\t310 20000\r\nlake0.txt\r\n"));
     const QByteArray all = saved.mid(saved.indexOf("\t\r\n") + 3) + QByteArray::fromStdString(savedSheetRows());
     const QByteArrayList rowsOfFile = all.split('\r');
@@ -76,7 +70,7 @@ TEST_F(SimulatedDownload, CutDumpIsToldWaitedForAndKept) {
         messages.shown.clear();
         connectTo(QStringLiteral("sim:trx?records=100&fault=cut&after=%1%").arg(percent));
         startText();
-        tickUntil([this] { return status() == "No data for 10 s. Reset stops the download."; });
+        tickUntil([this] { return statusText() == "No data for 10 s. Reset stops the download."; });
         EXPECT_TRUE(isTaking());
         const ExpectedDump expected(dumpLines(line->blocks), 4);
         EXPECT_EQ(expected.records, percent);
@@ -85,7 +79,7 @@ TEST_F(SimulatedDownload, CutDumpIsToldWaitedForAndKept) {
         ASSERT_EQ(told(), std::vector<std::string>{incompleteText(percent, "in " + path("dump.txt").toStdString())});
         EXPECT_EQ(fileRows(), expected.textRows.toStdString());
         messages.shown.clear();
-        tickUntil([this] { return program.session.state.Ctrlscrn == Operation::SettingsOpen; });
+        tickUntil([this] { return state.Ctrlscrn == Operation::SettingsOpen; });
         downloadToFile();
         const ExpectedDump whole(dumpLines(line->blocks), 4);
         EXPECT_EQ(whole.records, 100);
@@ -101,11 +95,11 @@ TEST_F(SimulatedDownload, CutDumpStaysOnTheSheet) {
         connectTo(QStringLiteral("sim:glow?records=100&fault=cut&after=%1%").arg(percent));
         program.clearAll();
         program.vwhp();
-        tickUntil([this] { return status() == "No data for 10 s. Reset stops the download."; });
+        tickUntil([this] { return statusText() == "No data for 10 s. Reset stops the download."; });
         const ExpectedDump expected(dumpLines(line->blocks), 1);
         EXPECT_EQ(expected.records, percent);
         program.closePort();
-        EXPECT_EQ(status(), "Offline");
+        EXPECT_EQ(statusText(), "Offline");
         EXPECT_EQ(told(), std::vector<std::string>{incompleteText(percent, "on the sheet")});
         EXPECT_EQ(savedSheetRows(), expected.sheetRows.toStdString());
     }
@@ -121,9 +115,9 @@ TEST_F(SimulatedDownload, PulledCableEndsItWithTheFileWhole) {
         const ExpectedDump expected(dumpLines(line->blocks), 6);
         EXPECT_EQ(expected.records, percent);
         EXPECT_EQ(fileRows(), expected.textRows.toStdString());
-        EXPECT_EQ(status(), "Offline");
-        EXPECT_FALSE(program.progress.visible);
-        EXPECT_FALSE(program.ports.isOpen());
+        EXPECT_EQ(statusText(), "Offline");
+        EXPECT_FALSE(progress.visible);
+        EXPECT_FALSE(ports.isOpen());
         ASSERT_EQ(messages.shown.size(), 2U);
         EXPECT_EQ(told()[0], incompleteText(percent, "in " + path("dump.txt").toStdString()));
         EXPECT_TRUE(told()[1].starts_with("The connection on COM 1 "));
@@ -144,7 +138,7 @@ TEST_F(SimulatedDownload, QuitInTheMiddleKeepsTheFile) {
 TEST_F(SimulatedDownload, QuittingThatIsThoughtBetterOfLetsItGoOn) {
     connectTo(QStringLiteral("sim:glow?records=100"));
     program.vwhp();
-    tickUntil([this] { return program.sheet.rowCount() == 20; });
+    tickUntil([this] { return sheet.rowCount() == 20; });
     answers.yes = true;
     answers.fileName.clear();
     EXPECT_FALSE(program.quit()) << "the save was cancelled";
@@ -161,7 +155,6 @@ TEST_F(SimulatedDownload, QuittingThatIsThoughtBetterOfLetsItGoOn) {
 TEST_F(SimulatedDownload, CommandsWaitWhileItRuns) {
     connectTo(QStringLiteral("sim:trx"));
     startText();
-    const CommandState& commands = program.session.commands;
     EXPECT_FALSE(commands.canCommand);
     EXPECT_FALSE(commands.canRun);
     EXPECT_FALSE(commands.canClearAll);
@@ -181,19 +174,19 @@ TEST_F(SimulatedDownload, GarbageHarmsOnlyTheRecordsItStandsIn) {
     for (const int seed : {1, 2, 3, 4, 5, 6, 7, 8}) {
         program.closePort();
         messages.shown.clear();
-        program.ports.setDevice(1, QStringLiteral("sim:trx?records=50&fault=garbage&seed=%1").arg(seed));
+        ports.setDevice(1, QStringLiteral("sim:trx?records=50&fault=garbage&seed=%1").arg(seed));
         load();
-        program.autoConnect1();
-        program.session.state.Vartemp = QStringLiteral("V");
+        autoConnect();
+        state.Vartemp = QStringLiteral("V");
         program.session.setFirmware(QStringLiteral("512"));
-        tickUntil([this] { return program.ports.inputCount() == 0 && line->blocks.back().endsWith('>'); });
+        tickUntil([this] { return ports.inputCount() == 0 && line->blocks.back().endsWith('>'); });
         startText();
         const qint64 start = clock.monotonicMilliseconds();
         tickUntil([this, start] { return !isTaking() || clock.monotonicMilliseconds() - start > 30'000; });
         const ExpectedDump expected(dumpLines(line->blocks), 4);
         program.closePort();
         EXPECT_EQ(fileRows(), expected.textRows.toStdString());
-        EXPECT_TRUE(contents(path("log.ohp")).endsWith(line->blocks.join("\r\n") + "\r\n"));
+        EXPECT_TRUE(contentsOf(path("log.ohp")).endsWith(line->blocks.join("\r\n") + "\r\n"));
         spoilt += expected.unreadable;
     }
     EXPECT_GT(spoilt, 0);
@@ -203,7 +196,7 @@ TEST_F(SimulatedDownload, GarbageHarmsOnlyTheRecordsItStandsIn) {
 class DownloadPace : public SimulatedDownload, public testing::WithParamInterface<std::string> {
 protected:
     void expectPace(const std::function<void()>& download) {
-        program.timer.setInterval(StatusTimer::slowInterval);
+        timer.setInterval(StatusTimer::slowInterval);
         const qint64 start = clock.monotonicMilliseconds();
         download();
         const auto taken = static_cast<double>(clock.monotonicMilliseconds() - start);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/systemport.h"
 #include "testing/downloadrig.h"
+#include "testing/processes.h"
 
-#include <QProcess>
+#include <QCoreApplication>
 
 namespace orv {
 
@@ -12,37 +13,30 @@ namespace {
 /// pseudo-terminal. The program's waits pass at once; the line takes the time it takes.
 class PtyDownload : public DownloadRig {
 protected:
-    ~PtyDownload() override {
-        program.end();
-        server_.terminate();
-        server_.waitForFinished();
+    PtyDownload()
+        : DownloadRig([](const QString& device, TestClock&) { return std::make_unique<SystemPort>(device); }) {
+        lineMade = [this, made = lineMade] {
+            made();
+            line->waited = [this](int milliseconds) { clock.advance(milliseconds); };
+        };
     }
-
-    std::unique_ptr<Port> makeInstrument(const QString& device) override {
-        return std::make_unique<SystemPort>(device);
-    }
-    bool clockRunsWhileWaiting() const override { return true; }
+    ~PtyDownload() override { program.end(); }
 
     void step() override {
         QCoreApplication::processEvents();
-        if (!program.ports.waitForInput(1)) {
-            clock.advance(program.timer.interval());
+        if (!ports.waitForInput(1)) {
+            clock.advance(timer.interval());
         }
         program.tick();
     }
 
-    void serve(const QString& instrument) {
-        server_.start(QStringLiteral(ORVSIM_PATH), {instrument});
-        QByteArray path;
-        while (!path.endsWith('\n') && server_.waitForReadyRead()) {
-            path += server_.readLine();
-        }
-        ASSERT_TRUE(path.startsWith("/dev/")) << path.toStdString();
-        connectTo(QFile::decodeName(path.trimmed()));
+    void serve(const QString& device) {
+        instrument_ = std::make_unique<InstrumentProcess>(device);
+        connectTo(instrument_->path);
     }
 
 private:
-    QProcess server_;
+    std::unique_ptr<InstrumentProcess> instrument_;
 };
 
 class EveryKindOverPty : public PtyDownload, public testing::WithParamInterface<std::string> {};
@@ -60,7 +54,7 @@ TEST_P(EveryKindOverPty, FileAndSheetHoldTheInstrumentsRecords) {
     const ExpectedDump toSheet(dumpLines(line->blocks), values);
     EXPECT_EQ(toSheet.textRows, toFile.textRows);
     expectWholeEnd(toSheet);
-    EXPECT_EQ(program.sheet.rowCount(), 150);
+    EXPECT_EQ(sheet.rowCount(), 150);
     EXPECT_EQ(savedSheetRows(), toSheet.sheetRows.toStdString());
 }
 
@@ -75,17 +69,17 @@ TEST_P(CutOverPty, KeepsWhatArrived) {
     const int percent = GetParam();
     serve(QStringLiteral("sim:trx?records=100&baud=0&fault=cut&after=%1%").arg(percent));
     startText();
-    tickUntil([this, percent] { return contents(path("dump.txt")).count('\n') == percent + 4; });
+    tickUntil([this, percent] { return contentsOf(path("dump.txt")).count('\n') == percent + 4; });
     clock.advance(10'000);
     program.tick();
-    EXPECT_EQ(status(), "No data for 10 s. Reset stops the download.");
+    EXPECT_EQ(statusText(), "No data for 10 s. Reset stops the download.");
     const ExpectedDump expected(dumpLines(line->blocks), 4);
     EXPECT_EQ(expected.records, percent);
     program.reset();
     EXPECT_EQ(fileRows(), expected.textRows.toStdString());
     EXPECT_EQ(told(), std::vector<std::string>{incompleteText(percent, "in " + path("dump.txt").toStdString())});
-    tickUntil([this] { return program.session.state.Ctrlscrn == Operation::SettingsOpen; });
-    EXPECT_EQ(status(), "Ready") << "connected again";
+    tickUntil([this] { return state.Ctrlscrn == Operation::SettingsOpen; });
+    EXPECT_EQ(statusText(), "Ready") << "connected again";
 }
 
 INSTANTIATE_TEST_SUITE_P(Download, CutOverPty, testing::Values(10, 50, 99));
@@ -95,7 +89,7 @@ TEST_F(PtyDownload, PulledCableKeepsWhatArrived) {
     program.vwhp();
     tickUntil([this] { return !isTaking(); });
     const ExpectedDump expected(dumpLines(line->blocks), 1);
-    EXPECT_EQ(status(), "Offline");
+    EXPECT_EQ(statusText(), "Offline");
     EXPECT_EQ(savedSheetRows(), expected.sheetRows.toStdString());
     ASSERT_EQ(messages.shown.size(), 2U);
     EXPECT_EQ(told()[0], incompleteText(expected.records, "on the sheet"));

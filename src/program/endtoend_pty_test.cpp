@@ -116,31 +116,31 @@ protected:
 TEST_P(MainRoad, FromConnectToSavedSheet) {
     const Kind& kind = GetParam();
     start(kind.device);
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
     connectAndRead();
-    EXPECT_EQ(instrumentName(program.session.status.instrument).toStdString(), kind.type);
-    EXPECT_EQ(program.session.status.firmware.value().toStdString(), kind.firmware);
+    EXPECT_EQ(instrumentName(status.instrument).toStdString(), kind.type);
+    EXPECT_EQ(status.firmware.value().toStdString(), kind.firmware);
     EXPECT_EQ(program.settings.record.pointsPerBlock.value().toInt(), kind.rows);
     EXPECT_EQ(program.settings.memoryPointer.value().toStdString(), "200");
     EXPECT_EQ(program.settings.capacity.value().toStdString(), "0.3");
     EXPECT_TRUE(program.settings.visible);
-    EXPECT_EQ(program.sheet.header().join(u'|').toStdString(), kind.grid);
+    EXPECT_EQ(sheet.header().join(u'|').toStdString(), kind.grid);
     const DecodedLine clockReply = decodeLine(received.mid(received.indexOf("\r\n", received.indexOf("C\r\n")) + 2));
-    EXPECT_EQ(program.session.status.date.value().toStdString(), clockReply.date.toStdString());
-    EXPECT_TRUE(program.session.commands.canRun);
+    EXPECT_EQ(status.date.value().toStdString(), clockReply.date.toStdString());
+    EXPECT_TRUE(commands.canRun);
 
     received.clear();
     program.run();
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Running");
-    EXPECT_FALSE(program.session.commands.canRun);
+    EXPECT_EQ(status.status.value().toStdString(), "Running");
+    EXPECT_FALSE(commands.canRun);
     ASSERT_TRUE(until([this] { return runHasEnded(); }));
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Ready");
-    EXPECT_TRUE(program.session.commands.canRun);
+    EXPECT_EQ(status.status.value().toStdString(), "Ready");
+    EXPECT_TRUE(commands.canRun);
     const std::vector<DecodedLine> rows = receivedRows();
     ASSERT_EQ(static_cast<int>(rows.size()), kind.rows);
     expectTheInstrumentsOwnReadings(rows);
-    EXPECT_EQ(program.sheet.rowCount(), kind.rows);
-    EXPECT_EQ(program.session.state.plc, kind.rows);
+    EXPECT_EQ(sheet.rowCount(), kind.rows);
+    EXPECT_EQ(state.plc, kind.rows);
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")).toStdString(), expectedRecordFile().toStdString());
     EXPECT_EQ(contentsOf(folder.path("log.ohp")).toStdString(), expectedLog.toStdString());
@@ -148,7 +148,7 @@ TEST_P(MainRoad, FromConnectToSavedSheet) {
     answers.fileName = folder.path("sheet.txt");
     program.saveAs();
     EXPECT_EQ(contentsOf(folder.path("sheet.txt")).toStdString(), expectedSheetFile("sheet.txt").toStdString());
-    EXPECT_FALSE(program.sheetState.unsaved);
+    EXPECT_FALSE(sheetState.unsaved);
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(folder.files().join(u' ').toStdString(), "Orvtemp.tmp log.ohp orvhost.lock sheet.txt");
 }
@@ -200,20 +200,20 @@ TEST_F(EndToEndTest, ResetStopsARunAndConnectsAgainWithEveryRow) {
     connectAndRead();
     received.clear();
     program.run();
-    ASSERT_TRUE(until([this] { return program.session.state.plc >= 5; }));
+    ASSERT_TRUE(until([this] { return state.plc >= 5; }));
     program.reset();
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     ASSERT_TRUE(until([this] { return isReady(); }));
-    const int rows = program.sheet.rowCount();
+    const int rows = sheet.rowCount();
     EXPECT_GE(rows, 5);
     const QByteArray record = contentsOf(folder.path("Orvtemp.tmp"));
     EXPECT_TRUE(record.endsWith("\r\n"));
     EXPECT_EQ(record.count("\r\n"), 5 + rows);
     EXPECT_EQ(contentsOf(folder.path("log.ohp")).toStdString(), expectedLog.toStdString());
-    EXPECT_TRUE(program.session.commands.canRun);
+    EXPECT_TRUE(commands.canRun);
 
     program.run();
-    ASSERT_TRUE(until([this, rows] { return program.session.state.plc > rows + 3; }));
+    ASSERT_TRUE(until([this, rows] { return state.plc > rows + 3; }));
     EXPECT_EQ(folder.files().join(u' ').toStdString(),
               "Orvtemp-20261121-093017.tmp Orvtemp.tmp Orvtemp.tmp.lock log.ohp orvhost.lock")
         << "the unsaved rows of the first run are kept";
@@ -225,72 +225,72 @@ TEST_F(EndToEndTest, ClosePortInARunAndASecondSession) {
     start("sim:glow?baud=0&rate=200");
     connectAndRead();
     program.run();
-    ASSERT_TRUE(until([this] { return program.session.state.plc >= 3; }));
+    ASSERT_TRUE(until([this] { return state.plc >= 3; }));
     program.closePort();
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
-    EXPECT_EQ(instrumentName(program.session.status.instrument).toStdString(), "________");
-    EXPECT_EQ(program.session.status.firmware.value().toStdString(), "________");
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(instrumentName(status.instrument).toStdString(), "________");
+    EXPECT_EQ(status.firmware.value().toStdString(), "________");
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
-    const int rows = program.sheet.rowCount();
+    const int rows = sheet.rowCount();
     EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")).count("\r\n"), 5 + rows);
 
     connectAndRead();
-    EXPECT_EQ(instrumentName(program.session.status.instrument).toStdString(), "GLOW");
+    EXPECT_EQ(instrumentName(status.instrument).toStdString(), "GLOW");
     program.run();
-    ASSERT_TRUE(until([this, rows] { return program.session.state.plc > rows; }));
-    EXPECT_EQ(program.sheet.cell(rows, 0).toStdString(), std::to_string(rows + 1));
+    ASSERT_TRUE(until([this, rows] { return state.plc > rows; }));
+    EXPECT_EQ(sheet.cell(rows, 0).toStdString(), std::to_string(rows + 1));
     EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(EndToEndTest, ClosePortDuringTheWakeUpPulseSendsNothingMore) {
     start("sim:trx?baud=0");
-    events.inWait.push_back([this] { program.closePort(); });
-    program.autoConnect1();
-    EXPECT_FALSE(program.ports.isOpen());
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
-    EXPECT_EQ(program.session.commands.activity.value(), Activity::None);
-    EXPECT_EQ(program.session.state.Portused, 0);
+    inWait.push_back([this] { program.closePort(); });
+    autoConnect();
+    EXPECT_FALSE(ports.isOpen());
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_EQ(state.Portused, 0);
     connectAndRead();
-    EXPECT_EQ(program.session.status.firmware.value().toStdString(), "512");
+    EXPECT_EQ(status.firmware.value().toStdString(), "512");
 }
 
 TEST_F(EndToEndTest, AManualConnectionSeeksUntilTheOperatorQuits) {
     start("sim:trx?fault=silent");
     program.manualConnect(1);
-    program.manual.proceed();
+    manual.proceed();
     int calls = 0;
-    events.whileSeeking = [this, &calls] {
+    events.whileResponsive = [this, &calls](bool) {
         constexpr qint64 longerThanAnAttempt = 6000;
-        clock.skip(longerThanAnAttempt);
+        clock.advance(longerThanAnAttempt);
         ++calls;
         if (calls == 5) {
-            program.manual.quit();
+            manual.quit();
         }
     };
-    program.manual.start();
+    pressStart();
     EXPECT_EQ(calls, 5);
-    EXPECT_FALSE(program.ports.isOpen());
-    EXPECT_FALSE(program.manual.shown.visible);
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
-    EXPECT_EQ(program.session.state.Seeking, 0);
+    EXPECT_FALSE(ports.isOpen());
+    EXPECT_FALSE(manual.shown.visible);
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(state.Seeking, 0);
 }
 
 TEST_F(EndToEndTest, ASilentInstrumentLeadsToTheManualDialogWithThePortOpen) {
     start("sim:trx?fault=silent");
     int calls = 0;
-    events.whileSeeking = [this, &calls] {
+    events.whileResponsive = [this, &calls](bool) {
         constexpr qint64 skipped = 1000;
-        clock.skip(skipped);
+        clock.advance(skipped);
         ++calls;
     };
-    program.autoConnect1();
+    autoConnect();
     EXPECT_GE(calls, 5) << "the attempt was given up before its five seconds had passed";
     EXPECT_LE(calls, 6);
-    EXPECT_TRUE(program.manual.shown.visible);
-    EXPECT_EQ(program.manual.shown.text.value().toStdString(), "");
-    EXPECT_TRUE(program.ports.isOpen());
-    program.manual.quit();
-    EXPECT_FALSE(program.ports.isOpen());
+    EXPECT_TRUE(manual.shown.visible);
+    EXPECT_EQ(manual.shown.text.value().toStdString(), "");
+    EXPECT_TRUE(ports.isOpen());
+    manual.quit();
+    EXPECT_FALSE(ports.isOpen());
 }
 
 TEST_F(EndToEndTest, AnInstrumentThatVanishesInARunIsToldOnceWithEveryRowKept) {
@@ -298,26 +298,26 @@ TEST_F(EndToEndTest, AnInstrumentThatVanishesInARunIsToldOnceWithEveryRowKept) {
     connectAndRead();
     received.clear();
     program.run();
-    ASSERT_TRUE(until([this] { return program.session.state.plc >= 4; }));
+    ASSERT_TRUE(until([this] { return state.plc >= 4; }));
     instrument->kill();
-    ASSERT_TRUE(until([this] { return !program.ports.isOpen(); }));
+    ASSERT_TRUE(until([this] { return !ports.isOpen(); }));
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(instrument->path));
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
-    EXPECT_EQ(program.sheet.rowCount(), static_cast<int>(receivedRows().size()));
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(sheet.rowCount(), static_cast<int>(receivedRows().size()));
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
-    EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")).count("\r\n"), 5 + program.sheet.rowCount());
+    EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")).count("\r\n"), 5 + sheet.rowCount());
     EXPECT_EQ(contentsOf(folder.path("log.ohp")).toStdString(), expectedLog.toStdString());
 }
 
 TEST_F(EndToEndTest, ADeviceThatIsNotThereIsToldInPlainWords) {
     start("sim:trx");
-    program.ports.setDevice(1, folder.path("no-such-device"));
-    program.autoConnect1();
+    ports.setDevice(1, folder.path("no-such-device"));
+    autoConnect();
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 1 (%1)").arg(folder.path("no-such-device"))));
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("no such device")));
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
     EXPECT_TRUE(program.connectItems[ConnectItems::Auto2].enabled);
 }
 

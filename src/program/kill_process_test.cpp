@@ -1,5 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/endtoendtest.h"
+#include "testing/folder.h"
+#include "testing/instrumentlines.h"
+#include "testing/processes.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
 
 #include <thread>
 

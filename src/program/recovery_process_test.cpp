@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/endtoendtest.h"
+#include "testing/instrumentlines.h"
+#include "testing/processes.h"
+#include "testing/programrig.h"
+
+#include <QElapsedTimer>
 
 #include <random>
 #include <thread>

@@ -19,7 +19,7 @@ std::unique_ptr<Port> simulatedInstrument(const QString& device, TestClock& cloc
 }
 
 ProgramRig::ProgramRig()
-    : ProgramRig(FarEnd()) {
+    : ProgramRig(LineMaker()) {
     ports.setDevice(1, QStringLiteral("ttyA"));
     ports.setDevice(2, QStringLiteral("ttyB"));
     for (FakePort* port : {&com1, &com2}) {
@@ -33,18 +33,21 @@ ProgramRig::ProgramRig()
     }
 }
 
-ProgramRig::ProgramRig(FarEnd farEnd)
-    : farEnd_(std::move(farEnd))
+ProgramRig::ProgramRig(LineMaker makeLine)
+    : makeLine_(std::move(makeLine))
     , program({.clock = clock,
                .events = events,
                .messages = messages,
                .questions = answers,
                .makePort =
                    [this](const QString& device) {
-                       auto port = farEnd_
-                                       ? std::make_unique<WatchedPort>(farEnd_(device, clock))
+                       auto port = makeLine_
+                                       ? std::make_unique<WatchedPort>(makeLine_(device, clock))
                                        : std::make_unique<WatchedPort>(device == QLatin1String("ttyA") ? com1 : com2);
                        line = port.get();
+                       if (lineMade) {
+                           lineMade();
+                       }
                        return port;
                    },
                .portList = &portList,
@@ -109,7 +112,7 @@ void ProgramRig::runWithRows(int rows) {
 }
 
 void ProgramRig::receive(const QByteArray& bytes) {
-    (farEnd_ ? line->arrived : com1.input) += bytes;
+    (makeLine_ ? line->arrived : com1.input) += bytes;
     program.tick();
 }
 

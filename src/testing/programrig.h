@@ -26,14 +26,14 @@ std::unique_ptr<Port> simulatedInstrument(const QString& device, TestClock& cloc
 /// clock has run on meanwhile with the ticks that fall into the wait.
 class ProgramRig {
 public:
-    /// Makes what is at the far end of a device's line.
-    using FarEnd = std::function<std::unique_ptr<Port>(const QString& device, TestClock& clock)>;
+    /// Makes the port of a device.
+    using LineMaker = std::function<std::unique_ptr<Port>(const QString& device, TestClock& clock)>;
 
     /// The far ends of both lines are the test: `com1` is "ttyA" on COM 1, `com2` is "ttyB" on COM 2. While the program
     /// waits for input the clock runs, and `replies` arrive, one block for each wait.
     ProgramRig();
     /// Both lines lead to instruments, which are watched: see `line`.
-    explicit ProgramRig(FarEnd farEnd);
+    explicit ProgramRig(LineMaker makeLine);
     ~ProgramRig();
     ProgramRig(const ProgramRig&) = delete;
     ProgramRig& operator=(const ProgramRig&) = delete;
@@ -79,11 +79,12 @@ public:
     FakePort com2;
     FakePortList portList;
     std::deque<QByteArray> replies;
-    WatchedPort* line = nullptr; ///< The port made last.
-    int pollingEnds = 0;         ///< How many loops that do not yield have ended in the connection.
+    WatchedPort* line = nullptr;    ///< The port made last.
+    std::function<void()> lineMade; ///< Called when there is another.
+    int pollingEnds = 0;            ///< How many loops that do not yield have ended in the connection.
 
 private:
-    FarEnd farEnd_;
+    LineMaker makeLine_;
 
 public:
     Program program;
@@ -113,6 +114,11 @@ public:
     ShutterReset& shutter = program.shutterReset_;
 };
 
-class ProgramTest : public testing::Test, public ProgramRig {};
+class ProgramTest : public testing::Test, public ProgramRig {
+protected:
+    ProgramTest() = default;
+    explicit ProgramTest(LineMaker makeLine)
+        : ProgramRig(std::move(makeLine)) {}
+};
 
 } // namespace orv
