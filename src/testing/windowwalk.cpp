@@ -2,27 +2,16 @@
 #include "testing/windowwalk.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QAction>
-#include <QComboBox>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QKeySequence>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMainWindow>
 #include <QMap>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QSlider>
 #include <QTabBar>
-#include <QTextEdit>
 
 #include <algorithm>
 
@@ -48,35 +37,26 @@ public:
     const QStringList& findings() const { return findings_; }
 
 private:
+    static bool isOneOf(const QWidget& widget, std::initializer_list<const char*> classes) {
+        return std::any_of(classes.begin(), classes.end(),
+                           [&widget](const char* name) { return widget.inherits(name); });
+    }
+
     /// What Qt's own controls are made of: scroll bars, headers, the buttons in a box or at the end of a tab strip.
     static bool isPartOfAControl(const QWidget& widget) {
-        if (qobject_cast<const QScrollBar*>(&widget) != nullptr ||
-            qobject_cast<const QHeaderView*>(&widget) != nullptr) {
-            return true;
+        bool part = isOneOf(widget, {"QScrollBar", "QHeaderView"});
+        for (const QWidget* parent = widget.parentWidget(); parent != nullptr && !part;
+             parent = parent->parentWidget()) {
+            part = isOneOf(*parent, {"QLineEdit", "QComboBox", "QTabBar", "QMenuBar", "QAbstractItemView",
+                                     "QAbstractSpinBox", "QPlainTextEdit", "QTextEdit"});
         }
-        for (const QWidget* parent = widget.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
-            if (qobject_cast<const QLineEdit*>(parent) != nullptr ||
-                qobject_cast<const QComboBox*>(parent) != nullptr || qobject_cast<const QTabBar*>(parent) != nullptr ||
-                qobject_cast<const QMenuBar*>(parent) != nullptr ||
-                qobject_cast<const QAbstractItemView*>(parent) != nullptr ||
-                qobject_cast<const QAbstractSpinBox*>(parent) != nullptr ||
-                qobject_cast<const QPlainTextEdit*>(parent) != nullptr ||
-                qobject_cast<const QTextEdit*>(parent) != nullptr) {
-                return true;
-            }
-        }
-        return false;
+        return part;
     }
 
     /// Takes what is typed or chosen.
     static bool isField(const QWidget& widget) {
-        return qobject_cast<const QLineEdit*>(&widget) != nullptr ||
-               qobject_cast<const QComboBox*>(&widget) != nullptr ||
-               qobject_cast<const QAbstractSpinBox*>(&widget) != nullptr ||
-               qobject_cast<const QSlider*>(&widget) != nullptr ||
-               qobject_cast<const QAbstractItemView*>(&widget) != nullptr ||
-               qobject_cast<const QTextEdit*>(&widget) != nullptr ||
-               qobject_cast<const QPlainTextEdit*>(&widget) != nullptr;
+        return isOneOf(widget, {"QLineEdit", "QComboBox", "QAbstractSpinBox", "QSlider", "QAbstractItemView",
+                                "QTextEdit", "QPlainTextEdit"});
     }
 
     static bool isReadOnly(const QWidget& widget) {
@@ -133,9 +113,7 @@ private:
                 }
                 continue;
             }
-            const bool control = isField(*widget) || qobject_cast<QAbstractButton*>(widget) != nullptr ||
-                                 qobject_cast<QTabBar*>(widget) != nullptr ||
-                                 qobject_cast<QProgressBar*>(widget) != nullptr ||
+            const bool control = isField(*widget) || isOneOf(*widget, {"QAbstractButton", "QTabBar", "QProgressBar"}) ||
                                  (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
             if (control && widget->focusProxy() == nullptr && accessibleName(*widget).isEmpty()) {
                 find(*widget, QStringLiteral("has no accessible name"));

@@ -189,14 +189,14 @@ void MainWindow::showPage(Page page) {
     }
 }
 
-QAction* MainWindow::makeAction(const QString& text, const QString& name, const std::function<void()>& action) {
-    auto* made = new QAction(text, this);
-    made->setObjectName(name);
+QAction* MainWindow::makeAction(QAnyStringView text, QAnyStringView name, const std::function<void()>& action) {
+    auto* made = new QAction(text.toString(), this);
+    made->setObjectName(name.toString());
     connect(made, &QAction::triggered, this, [action] { action(); });
     return made;
 }
 
-QAction* MainWindow::addItem(QMenu* menu, const QString& text, const QString& name,
+QAction* MainWindow::addItem(QMenu* menu, QAnyStringView text, QAnyStringView name,
                              const std::function<void()>& action) {
     QAction* item = makeAction(text, name, action);
     menu->addAction(item);
@@ -206,10 +206,9 @@ QAction* MainWindow::addItem(QMenu* menu, const QString& text, const QString& na
 void MainWindow::makeMenus() {
     QMenu* operation = menuBar()->addMenu(QStringLiteral("&Operation"));
     makeConnectMenu(operation);
-    QAction* closePort = addItem(operation, QStringLiteral("&Close Port"), QStringLiteral("ClosePort"),
-                                 [this] { program_.closePort(); });
+    QAction* closePort = addItem(operation, "&Close Port", "ClosePort", [this] { program_.closePort(); });
     operation->addSeparator();
-    QAction* quit = addItem(operation, QStringLiteral("&Quit"), QStringLiteral("Quit"), [this] {
+    QAction* quit = addItem(operation, "&Quit", "Quit", [this] {
         if (program_.quit()) {
             quitNow();
         }
@@ -217,21 +216,20 @@ void MainWindow::makeMenus() {
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 
     QMenu* processing = menuBar()->addMenu(QStringLiteral("&Processing"));
-    QAction* saveText = addItem(processing, QStringLiteral("Download Stored Data: &Save as Text"),
-                                QStringLiteral("DownloadText"), [this] { program_.downloadText(); });
-    QAction* view = addItem(processing, QStringLiteral("Download Stored Data: &View with Host Program"),
-                            QStringLiteral("DownloadView"), [this] { program_.vwhp(); });
+    QAction* saveText =
+        addItem(processing, "Download Stored Data: &Save as Text", "DownloadText", [this] { program_.downloadText(); });
+    QAction* view = addItem(processing, "Download Stored Data: &View with Host Program", "DownloadView",
+                            [this] { program_.vwhp(); });
 
     QMenu* settingsMenu = menuBar()->addMenu(QStringLiteral("&Settings"));
-    QAction* settingsForm =
-        addItem(settingsMenu, QStringLiteral("&Settings"), QStringLiteral("ShowSettingsForm"), [this] {
-            program_.showSettingsForm();
-            settingsWindow_->present();
-        });
+    QAction* settingsForm = addItem(settingsMenu, "&Settings", "ShowSettingsForm", [this] {
+        program_.showSettingsForm();
+        settingsWindow_->present();
+    });
 
     QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
-    addItem(help, QStringLiteral("&Contents"), QStringLiteral("Contents"), [] {});
-    addItem(help, QStringLiteral("&About Orv Host ..."), QStringLiteral("About"), [this] { showAbout(); });
+    addItem(help, "&Contents", "Contents", [] {});
+    addItem(help, "&About Orv Host ...", "About", [this] { showAbout(); });
 
     const CommandState& commands = program_.session.commands;
     bindEnabled(bindings_, closePort, commands.closePortEnabled);
@@ -242,7 +240,7 @@ void MainWindow::makeMenus() {
     bindEnabled(bindings_, view, commands.canCommand);
 }
 
-QAction* MainWindow::addShortcut(const QString& text, const QString& name, const QKeySequence& keys,
+QAction* MainWindow::addShortcut(QAnyStringView text, QAnyStringView name, const QKeySequence& keys,
                                  const std::function<void()>& action) {
     QAction* shortcut = makeAction(text, name, action);
     shortcut->setShortcut(keys);
@@ -253,12 +251,10 @@ QAction* MainWindow::addShortcut(const QString& text, const QString& name, const
 
 void MainWindow::makeShortcuts() {
     // Each does what its button does, whichever page is shown, and only while the button could be pressed.
-    QAction* open = addShortcut(QStringLiteral("Open"), QStringLiteral("OpenShortcut"), Qt::CTRL | Qt::Key_O,
-                                [this] { program_.openSheet(); });
-    QAction* save = addShortcut(QStringLiteral("Save As"), QStringLiteral("SaveAsShortcut"),
-                                Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { program_.saveAs(); });
-    QAction* run = addShortcut(QStringLiteral("Run"), QStringLiteral("RunShortcut"), QKeySequence(Qt::Key_F5),
-                               [this] { program_.run(); });
+    QAction* open = addShortcut("Open", "OpenShortcut", Qt::CTRL | Qt::Key_O, [this] { program_.openSheet(); });
+    QAction* save =
+        addShortcut("Save As", "SaveAsShortcut", Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { program_.saveAs(); });
+    QAction* run = addShortcut("Run", "RunShortcut", Qt::Key_F5, [this] { program_.run(); });
     const CommandState& commands = program_.session.commands;
     bindEnabled(bindings_, open, commands.canOpenSheet);
     bindEnabled(bindings_, save, commands.canSaveAs);
@@ -267,16 +263,14 @@ void MainWindow::makeShortcuts() {
 
     // The letters belong to the pages: a page has more controls than its tab strips would leave letters.
     int number = 0;
-    for (QTabBar* strip : {upperTabs_, lowerTabs_}) {
+    for (ChoiceTabBar* strip : {upperTabs_, lowerTabs_}) {
         for (int index = 0; index < strip->count(); ++index) {
             ++number;
             const QKeySequence keys(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number));
             QAction* choose =
                 addShortcut(strip->tabText(index), QStringLiteral("ChoosePage%1").arg(number), keys, [strip, index] {
-                    if (index == strip->currentIndex()) {
-                        Q_EMIT strip->tabBarClicked(index);
-                    } else {
-                        strip->setCurrentIndex(index);
+                    if (!strip->isChosen() || index != strip->currentIndex()) {
+                        strip->choose(index);
                     }
                 });
             strip->setTabToolTip(index, QStringLiteral("%1 (%2)").arg(strip->toolTip(), keys.toString()));
@@ -292,7 +286,7 @@ void MainWindow::makeConnectMenu(QMenu* operation) {
         ConnectItems::Item item;
         const char* text;
         const char* name;
-        std::function<void()> action;
+        std::function<void()> connectNow;
     };
     const Item items[] = {
         {ConnectItems::Auto1, "&Auto Connect Comm 1", "AutoConnect1", [this] { program_.autoConnect1(); }},
@@ -301,22 +295,17 @@ void MainWindow::makeConnectMenu(QMenu* operation) {
         {ConnectItems::Manual2, "Mau&nal Connect Comm 2", "ManualConnect2", [this] { program_.manualConnect(2); }},
     };
     QMenu* start = operation->addMenu(QStringLiteral("&Start Communication"));
-    for (const Item& item : items) {
-        QAction* action = start->addAction(QString::fromLatin1(item.text));
-        action->setObjectName(QString::fromLatin1(item.name));
+    const QProperty<bool>& undisturbed = program_.session.commands.undisturbed;
+    for (const auto& [item, text, name, connectNow] : items) {
+        const ConnectItem& state = program_.connectItems[item];
+        QAction* action = addItem(start, text, name, connectNow);
         action->setCheckable(true);
-        const ConnectItem& state = program_.connectItems[item.item];
         // A click must not change the mark by itself, not even while the attempt goes on: the procedures set it.
-        connect(action, &QAction::triggered, this, [action, &state, connectNow = item.action] {
-            action->setChecked(state.checked);
-            connectNow();
-        });
+        connect(action, &QAction::toggled, this, [action, &state] { action->setChecked(state.checked); });
         bindings_.bind(state.checked, [action](bool on) { action->setChecked(on); });
-        const auto enable = [action, &state, this] {
-            action->setEnabled(state.enabled && program_.session.commands.undisturbed);
-        };
-        bindings_.bind(state.enabled, [enable](bool) { enable(); });
-        bindings_.bind(program_.session.commands.undisturbed, [enable](bool) { enable(); });
+        const auto enable = [action, &state, &undisturbed](bool) { action->setEnabled(state.enabled && undisturbed); };
+        bindings_.bind(state.enabled, enable);
+        bindings_.bind(undisturbed, enable);
     }
 }
 

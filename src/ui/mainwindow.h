@@ -46,10 +46,10 @@ private:
     void addSimulationMarker(QLayout* row);
     void addServiceMarker(QLayout* row);
     void makeShortcuts();
-    QAction* makeAction(const QString& text, const QString& name, const std::function<void()>& action);
-    QAction* addShortcut(const QString& text, const QString& name, const QKeySequence& keys,
+    QAction* makeAction(QAnyStringView text, QAnyStringView name, const std::function<void()>& action);
+    QAction* addItem(QMenu* menu, QAnyStringView text, QAnyStringView name, const std::function<void()>& action);
+    QAction* addShortcut(QAnyStringView text, QAnyStringView name, const QKeySequence& keys,
                          const std::function<void()>& action);
-    QAction* addItem(QMenu* menu, const QString& text, const QString& name, const std::function<void()>& action);
     void showPage(Page page);
     void showSettings(bool visible);
     void comeForward();

@@ -321,16 +321,6 @@ void PlotCanvas::leaveEvent(QEvent* event) {
     QCustomPlot::leaveEvent(event);
 }
 
-void PlotCanvas::focusInEvent(QFocusEvent* event) {
-    QCustomPlot::focusInEvent(event);
-    update();
-}
-
-void PlotCanvas::focusOutEvent(QFocusEvent* event) {
-    QCustomPlot::focusOutEvent(event);
-    update();
-}
-
 void PlotCanvas::paintEvent(QPaintEvent* event) {
     QCustomPlot::paintEvent(event);
     if (hasFocus()) {
