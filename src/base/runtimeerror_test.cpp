@@ -13,23 +13,18 @@ namespace {
 
 using Kind = RuntimeError::Kind;
 
-struct NamedKind {
-    Kind kind;
-    const char* name;
-};
-
-constexpr NamedKind everyKind[] = {{Kind::Overflow, "Overflow"},
-                                   {Kind::SubscriptOutOfRange, "Subscript out of range"},
-                                   {Kind::DivisionByZero, "Division by zero"},
-                                   {Kind::InvalidArgument, "Invalid argument"},
-                                   {Kind::TypeMismatch, "Type mismatch"}};
+constexpr std::pair<Kind, const char*> everyKind[] = {{Kind::Overflow, "Overflow"},
+                                                      {Kind::SubscriptOutOfRange, "Subscript out of range"},
+                                                      {Kind::DivisionByZero, "Division by zero"},
+                                                      {Kind::InvalidArgument, "Invalid argument"},
+                                                      {Kind::TypeMismatch, "Type mismatch"}};
 
 TEST(RuntimeError, hasANameForEveryKind) {
-    for (const NamedKind& row : everyKind) {
-        const RuntimeError error(row.kind);
-        EXPECT_EQ(error.kind(), row.kind);
-        EXPECT_EQ(error.name(), QLatin1String(row.name));
-        EXPECT_STREQ(error.what(), row.name);
+    for (const auto& [kind, name] : everyKind) {
+        const RuntimeError error(kind);
+        EXPECT_EQ(error.kind(), kind);
+        EXPECT_EQ(error.name(), QLatin1String(name));
+        EXPECT_STREQ(error.what(), name);
     }
 }
 
@@ -58,19 +53,19 @@ TEST(RunOperation, runsTheOperationToItsEndAndTellsNothing) {
 }
 
 TEST(RunOperation, endsAtTheErrorAndTellsItOnce) {
-    for (const NamedKind& row : everyKind) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [kind, name] : everyKind) {
+        SCOPED_TRACE(name);
         RecordedMessages messages;
         bool passed = false;
         EXPECT_FALSE(runOperation(messages, QStringLiteral("Run"), [&] {
             if (!passed) {
-                throw RuntimeError(row.kind);
+                throw RuntimeError(kind);
             }
             passed = true;
         }));
         EXPECT_FALSE(passed);
         ASSERT_EQ(messages.shown.size(), 1U);
-        EXPECT_EQ(messages.shown[0], runtimeErrorMessage(RuntimeError(row.kind), QStringLiteral("Run")));
+        EXPECT_EQ(messages.shown[0], runtimeErrorMessage(RuntimeError(kind), QStringLiteral("Run")));
     }
 }
 

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace orv {
 
 namespace {
@@ -207,11 +209,7 @@ protected:
 };
 
 TEST_F(ReportTest, HasTheReferencesOfTheColour) {
-    const struct {
-        LightColour colour;
-        const char* references;
-        const char* name;
-    } cases[] = {
+    const std::tuple<LightColour, const char*, const char*> cases[] = {
         {LightColour::Red, "\t650\r\nClean \tr0\r\nPoint 1 \tr1\r\nPoint 2 \tr2\r\nPoint 3 \tr3\r\nPoint 4 \tr4\r\n",
          "Red"},
         {LightColour::Blue, "\t440\r\nClean \tb0\r\nPoint 1 \tb1\r\nPoint 2 \tb2\r\nPoint 3 \tb3\r\nPoint 4 \tb4\r\n",
@@ -223,10 +221,10 @@ TEST_F(ReportTest, HasTheReferencesOfTheColour) {
     add("SN 2", LightColour::Blue);
     actions.select(1);
     fill(shown.worksheet, "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18.5");
-    for (const auto& each : cases) {
-        shown.colour = each.colour;
+    for (const auto& [colour, references, name] : cases) {
+        shown.colour = colour;
         actions.saveCalInfo();
-        EXPECT_EQ(written(), QByteArray(head) + each.references + "\r\r\nSensor # SN 2 " + each.name + "\r\n" + table);
+        EXPECT_EQ(written(), QByteArray(head) + references + "\r\r\nSensor # SN 2 " + name + "\r\n" + table);
         EXPECT_TRUE(messages.shown.empty());
     }
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 namespace orv {
 
@@ -54,27 +55,20 @@ protected:
 };
 
 TEST_F(PlotDataTest, EveryLayoutHasACurveForEachOfItsValueColumns) {
-    const struct {
-        const char* letter;
-        double firmware;
-        HeaderPlace place;
-        const char* row;
-        const char* names;
-        const char* points;
-    } cases[] = {
+    const std::tuple<const char*, double, HeaderPlace, const char*, const char*, const char*> cases[] = {
         {"F", 310, HeaderPlace::GridOnOpening, "1|11/21/26|1:00:00|2400", "Output", "1:2400"},
         {"V", 512, HeaderPlace::GridOnOpening, "1|11/21/26|1:00:00|10|20|30|40", "100|125|150|Ref", "1:10,20,30,40"},
         {"v", 412, HeaderPlace::GridOnClearing, "1|11/21/26|1:00:00|10|11|20|21|30|31", "100|Ref1|125|Ref2|150|Ref3",
          "1:10,11,20,21,30,31"},
     };
     data.update();
-    for (const auto& each : cases) {
+    for (const auto& [letter, firmware, place, row, curves, drawn] : cases) {
         sheet.removeRows();
-        layOut(each.letter, each.firmware, each.place);
-        append({each.row});
+        layOut(letter, firmware, place);
+        append({row});
         data.update();
-        EXPECT_EQ(names(), each.names);
-        EXPECT_EQ(points(), each.points);
+        EXPECT_EQ(names(), curves);
+        EXPECT_EQ(points(), drawn);
     }
 }
 

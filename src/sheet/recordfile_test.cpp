@@ -114,6 +114,10 @@ protected:
     }
     QByteArray lockText() const { return contentsOf(path("Orvtemp.tmp.lock")); }
     void addRow() { ASSERT_EQ(file.append(rowText), QString()); }
+    void runWithARow(double firmware = 500.0) {
+        EXPECT_EQ(file.start(trx(firmware)), QString());
+        addRow();
+    }
     void leaveUnended() const {
         fill(path("Orvtemp.tmp"), newerHeader + row);
         fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
@@ -150,8 +154,7 @@ TEST_F(RecordFileTest, FirstLineTellsDateAndTimeOfTheStart) {
 }
 
 TEST_F(RecordFileTest, EachRowIsInTheFileAtOnce) {
-    file.start(trx(500.0));
-    addRow();
+    runWithARow();
     EXPECT_EQ(contents(), newerHeader + row);
     addRow();
     EXPECT_EQ(contents(), newerHeader + row + row);
@@ -254,8 +257,7 @@ TEST_F(RecordFileTest, ALockStandsBesideItWhileItIsWritten) {
 
 TEST_F(RecordFileTest, TheLockOutlastsARunUntilItsRowsAreSavedOrDiscarded) {
     for (const bool save : {true, false}) {
-        file.start(trx(512.0));
-        addRow();
+        runWithARow(512.0);
         file.close();
         EXPECT_EQ(lockText(), QByteArray("V\t512\r\n"));
         EXPECT_FALSE(file.isUnended()) << "its rows are on this program's sheet";
@@ -270,13 +272,11 @@ TEST_F(RecordFileTest, TheLockOutlastsARunUntilItsRowsAreSavedOrDiscarded) {
 }
 
 TEST_F(RecordFileTest, ARunWhoseRowsAreSavedLeavesNoLock) {
-    file.start(trx(512.0));
-    addRow();
+    runWithARow(512.0);
     file.rowsSaved();
     file.close();
     EXPECT_EQ(lockText(), none);
-    file.start(trx(512.0));
-    addRow();
+    runWithARow(512.0);
     file.rowsSaved();
     addRow();
     file.close();
@@ -285,8 +285,7 @@ TEST_F(RecordFileTest, ARunWhoseRowsAreSavedLeavesNoLock) {
 
 TEST_F(RecordFileTest, TheLockNamesTheFileOfUnsavedRowsOfTheRunBefore) {
     const QByteArray naming("V\t412\tOrvtemp-20261121-093015.tmp\r\n");
-    file.start(trx(512.0));
-    addRow();
+    runWithARow(512.0);
     file.start(trx(412.0));
     EXPECT_EQ(lockText(), naming);
     file.close();
@@ -403,8 +402,7 @@ TEST_F(RecordFileTest, FolderThatIsNotWritableIsTold) {
 }
 
 TEST_F(RecordFileTest, UnsavedRowsThatCannotBeKeptAreNotDestroyed) {
-    file.start(trx(500.0));
-    addRow();
+    runWithARow();
     file.close();
     {
         allowEveryone(path("Orvtemp.tmp"));
@@ -449,8 +447,7 @@ TEST_F(RecordFileTest, FullDiskAtTheHeaderIsTold) {
 }
 
 TEST_F(RecordFileTest, FullDiskLeavesTheLastWholeRow) {
-    file.start(trx(500.0));
-    addRow();
+    runWithARow();
     {
         const FileSizeLimit limit(static_cast<rlim_t>(newerHeader.size() + row.size() + 5));
         EXPECT_NE(file.append(QStringLiteral("2\t1/5/99\t9:05:08\t513")), QString());
@@ -489,8 +486,7 @@ TEST_F(RecordFileTest, RowsReachTheDiskHalfASecondAfterTheFirstThatWaits) {
 }
 
 TEST_F(RecordFileTest, ClosingBringsWaitingRowsToTheDiskAndOnlyThen) {
-    file.start(trx(500.0));
-    addRow();
+    runWithARow();
     diskSyncs = 0;
     file.close();
     EXPECT_EQ(diskSyncs, 1);

@@ -234,15 +234,14 @@ void SimulatedInstrument::takeHeldInput() {
 
 void SimulatedInstrument::perform(const CommandReply& reply) {
     send(reply.text);
-    if (reply.deed == Deed::Wait) {
-        activity_ = Activity::Ready;
-        takeHeldInput();
-        return;
+    if (reply.deed != Deed::Wait) {
+        heldInput_.clear();
+        linesSent_ = 0;
     }
-    heldInput_.clear();
-    linesSent_ = 0;
     switch (reply.deed) {
     case Deed::Wait:
+        activity_ = Activity::Ready;
+        takeHeldInput();
         break;
     case Deed::Run:
         startRun();

@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
+#include <string>
+#include <utility>
 
 namespace orv {
 namespace {
@@ -41,13 +42,10 @@ TEST(SimulatorOptions, EveryOptionIsStored) {
 }
 
 TEST(SimulatorOptions, FaultsByName) {
-    EXPECT_EQ(parsed("sim:glow?fault=none").fault, SimulatedFault::None);
-    EXPECT_EQ(parsed("sim:glow?fault=silent").fault, SimulatedFault::Silent);
-    EXPECT_EQ(parsed("sim:glow?fault=late").fault, SimulatedFault::Late);
-    EXPECT_EQ(parsed("sim:glow?fault=garbage").fault, SimulatedFault::Garbage);
-    EXPECT_EQ(parsed("sim:glow?fault=cut").fault, SimulatedFault::Cut);
-    EXPECT_EQ(parsed("sim:glow?fault=unplug").fault, SimulatedFault::Unplug);
-    EXPECT_EQ(parsed("sim:glow?fault=nocr").fault, SimulatedFault::NoCr);
+    int fault = 0; // in the order of the enumeration
+    for (const char* name : {"none", "silent", "late", "garbage", "cut", "unplug", "nocr"}) {
+        EXPECT_EQ(parsed(("sim:glow?fault=" + std::string(name)).c_str()).fault, SimulatedFault{fault++}) << name;
+    }
 }
 
 TEST(SimulatorOptions, FaultPoints) {
@@ -65,66 +63,48 @@ TEST(SimulatorOptions, ErasedMemoryAndLimits) {
     EXPECT_EQ(parsed("sim:trx?records=65525").records, 65525);
 }
 
-struct BadDevice {
-    const char* device;
-    const char* message;
-};
-
-/// How the test framework names the case.
-void PrintTo(const BadDevice& bad, std::ostream* stream) {
-    *stream << bad.device;
+TEST(SimulatorOptions, WhatIsMalformedIsToldWithWhatIsAllowed) {
+    const std::string options =
+        "firmware, baud, rate, records, points, erased, end, shutter, seed, fault, delay and after.";
+    const std::pair<const char*, std::string> cases[] = {
+        {"sim:", "It must begin with sim:trx or sim:glow."},
+        {"sim:TRX", "It must begin with sim:trx or sim:glow."},
+        {"sim:trxx?rate=1", "It must begin with sim:trx or sim:glow."},
+        {"ttyUSB0", "It must begin with sim:trx or sim:glow."},
+        {"sim:trx?", "There is no option \"\"; the options are " + options},
+        {"sim:trx?speed=2", "There is no option \"speed\"; the options are " + options},
+        {"sim:trx?firmware=", "The option firmware must be a whole number from 0 to 99999, not \"\"."},
+        {"sim:trx?firmware", "The option firmware must be a whole number from 0 to 99999, not \"\"."},
+        {"sim:trx?firmware=5x", "The option firmware must be a whole number from 0 to 99999, not \"5x\"."},
+        {"sim:trx?baud=-1", "The option baud must be a whole number from 0 to 1000000, not \"-1\"."},
+        {"sim:trx?baud=99999999999999999999999",
+         "The option baud must be a whole number from 0 to 1000000, not \"99999999999999999999999\"."},
+        {"sim:trx?rate=0", "The option rate must be a number from 0.001 to 1000, not \"0\"."},
+        {"sim:trx?rate=1e3", "The option rate must be a number from 0.001 to 1000, not \"1e3\"."},
+        {"sim:trx?rate=.5", "The option rate must be a number from 0.001 to 1000, not \".5\"."},
+        {"sim:trx?rate=1.", "The option rate must be a number from 0.001 to 1000, not \"1.\"."},
+        {"sim:trx?rate=0.0001", "The option rate must be a number from 0.001 to 1000, not \"0.0001\"."},
+        {"sim:trx?rate=1.2.3", "The option rate must be a number from 0.001 to 1000, not \"1.2.3\"."},
+        {"sim:trx?records=65526", "The option records must be a whole number from 0 to 65525, not \"65526\"."},
+        {"sim:trx?points=65536", "The option points must be a whole number from 0 to 65535, not \"65536\"."},
+        {"sim:trx?erased=x", "The option erased must be a whole number from 0 to 1000000, not \"x\"."},
+        {"sim:trx?end=EOF", "The option end must be eof or 0, not \"EOF\"."},
+        {"sim:trx?shutter=3601", "The option shutter must be a number of seconds from 0 to 3600, not \"3601\"."},
+        {"sim:trx?seed=4294967296", "The option seed must be a whole number from 0 to 4294967295, not \"4294967296\"."},
+        {"sim:trx?fault=fire",
+         "The option fault must be one of none, silent, late, garbage, cut, unplug, nocr, not \"fire\"."},
+        {"sim:trx?rate=2&rate=3", "The option rate is given twice."},
+        {"sim:trx?delay=2", "The option delay needs fault=late."},
+        {"sim:trx?fault=late&delay=a", "The option delay must be a number of seconds from 0 to 3600, not \"a\"."},
+        {"sim:trx?after=2", "The option after needs fault=cut or fault=unplug."},
+        {"sim:trx?fault=cut&after=101%", "The option after must be a number of bytes, 0% to 100% or a number of "
+                                         "milliseconds (\"1500ms\"), not \"101%\"."},
+    };
+    for (const auto& [device, message] : cases) {
+        EXPECT_EQ(parseSimulatorOptions(QString::fromLatin1(device)).error.toStdString(),
+                  '"' + std::string(device) + "\" names no simulated instrument. " + message);
+    }
 }
-
-class MalformedSimulatorOptions : public testing::TestWithParam<BadDevice> {};
-
-TEST_P(MalformedSimulatorOptions, SaysWhatIsWrongAndWhatIsAllowed) {
-    const QString device = QString::fromLatin1(GetParam().device);
-    const QString error = parseSimulatorOptions(device).error;
-    EXPECT_EQ(error.toStdString(), QStringLiteral("\"%1\" names no simulated instrument. %2")
-                                       .arg(device, QString::fromLatin1(GetParam().message))
-                                       .toStdString());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    All, MalformedSimulatorOptions,
-    testing::Values(
-        BadDevice{"sim:", "It must begin with sim:trx or sim:glow."},
-        BadDevice{"sim:TRX", "It must begin with sim:trx or sim:glow."},
-        BadDevice{"sim:trxx?rate=1", "It must begin with sim:trx or sim:glow."},
-        BadDevice{"ttyUSB0", "It must begin with sim:trx or sim:glow."},
-        BadDevice{"sim:trx?", "There is no option \"\"; the options are firmware, baud, rate, records, points, "
-                              "erased, end, shutter, seed, fault, delay and after."},
-        BadDevice{"sim:trx?speed=2", "There is no option \"speed\"; the options are firmware, baud, rate, records, "
-                                     "points, erased, end, shutter, seed, fault, delay and after."},
-        BadDevice{"sim:trx?firmware=", "The option firmware must be a whole number from 0 to 99999, not \"\"."},
-        BadDevice{"sim:trx?firmware", "The option firmware must be a whole number from 0 to 99999, not \"\"."},
-        BadDevice{"sim:trx?firmware=5x", "The option firmware must be a whole number from 0 to 99999, not \"5x\"."},
-        BadDevice{"sim:trx?baud=-1", "The option baud must be a whole number from 0 to 1000000, not \"-1\"."},
-        BadDevice{"sim:trx?baud=99999999999999999999999",
-                  "The option baud must be a whole number from 0 to 1000000, not \"99999999999999999999999\"."},
-        BadDevice{"sim:trx?rate=0", "The option rate must be a number from 0.001 to 1000, not \"0\"."},
-        BadDevice{"sim:trx?rate=1e3", "The option rate must be a number from 0.001 to 1000, not \"1e3\"."},
-        BadDevice{"sim:trx?rate=.5", "The option rate must be a number from 0.001 to 1000, not \".5\"."},
-        BadDevice{"sim:trx?rate=1.", "The option rate must be a number from 0.001 to 1000, not \"1.\"."},
-        BadDevice{"sim:trx?rate=0.0001", "The option rate must be a number from 0.001 to 1000, not \"0.0001\"."},
-        BadDevice{"sim:trx?rate=1.2.3", "The option rate must be a number from 0.001 to 1000, not \"1.2.3\"."},
-        BadDevice{"sim:trx?records=65526", "The option records must be a whole number from 0 to 65525, not \"65526\"."},
-        BadDevice{"sim:trx?points=65536", "The option points must be a whole number from 0 to 65535, not \"65536\"."},
-        BadDevice{"sim:trx?erased=x", "The option erased must be a whole number from 0 to 1000000, not \"x\"."},
-        BadDevice{"sim:trx?end=EOF", "The option end must be eof or 0, not \"EOF\"."},
-        BadDevice{"sim:trx?shutter=3601",
-                  "The option shutter must be a number of seconds from 0 to 3600, not \"3601\"."},
-        BadDevice{"sim:trx?seed=4294967296",
-                  "The option seed must be a whole number from 0 to 4294967295, not \"4294967296\"."},
-        BadDevice{"sim:trx?fault=fire", "The option fault must be one of none, silent, late, garbage, cut, unplug, "
-                                        "nocr, not \"fire\"."},
-        BadDevice{"sim:trx?rate=2&rate=3", "The option rate is given twice."},
-        BadDevice{"sim:trx?delay=2", "The option delay needs fault=late."},
-        BadDevice{"sim:trx?fault=late&delay=a",
-                  "The option delay must be a number of seconds from 0 to 3600, not \"a\"."},
-        BadDevice{"sim:trx?after=2", "The option after needs fault=cut or fault=unplug."},
-        BadDevice{"sim:trx?fault=cut&after=101%", "The option after must be a number of bytes, 0% to 100% or a number "
-                                                  "of milliseconds (\"1500ms\"), not \"101%\"."}));
 
 TEST(SimulatorOptions, NamesSimulatorLooksAtThePrefixOnly) {
     EXPECT_TRUE(namesSimulator(QStringLiteral("sim:anything")));
