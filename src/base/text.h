@@ -52,7 +52,7 @@ QString fileNameStamp(const QDateTime& moment);
 /// years 00-29 are 20xx, 30-99 are 19xx. Nothing if the text is no such date.
 std::optional<QDate> instrumentDate(QStringView text);
 
-/// A time of day as the sheet shows it, h:mm:ss, or with "AM" or "PM" behind it as spreadsheets write it; the hour of
+/// A time of day as the sheet shows it, h:mm:ss, or with "AM" or "PM" after it as spreadsheets write it; the hour of
 /// noon and midnight may then be 12 or 0. Nothing if the text is no time within one day.
 std::optional<QTime> sheetTime(QStringView text);
 

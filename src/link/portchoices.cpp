@@ -9,7 +9,7 @@ namespace orv {
 
 namespace {
 
-/// A device's name before its number, and the number: "ttyUSB10" stands behind "ttyUSB9".
+/// A device's name before its number, and the number: "ttyUSB10" stands after "ttyUSB9".
 struct SortKey {
     QString name;
     qlonglong number = -1;

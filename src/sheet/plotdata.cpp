@@ -137,12 +137,12 @@ int PlotData::nearestPoint(double place) const {
     if (places_.empty()) {
         return -1;
     }
-    const auto behind = std::upper_bound(places_.begin(), places_.end(), place);
-    if (behind == places_.begin()) {
+    const auto after = std::upper_bound(places_.begin(), places_.end(), place);
+    if (after == places_.begin()) {
         return 0;
     }
-    const int before = static_cast<int>(behind - places_.begin()) - 1;
-    return behind != places_.end() && *behind - place <= place - *(behind - 1) ? before + 1 : before;
+    const int before = static_cast<int>(after - places_.begin()) - 1;
+    return after != places_.end() && *after - place <= place - *(after - 1) ? before + 1 : before;
 }
 
 int PlotData::pointOf(int row) const {

@@ -31,7 +31,7 @@ public:
     /// What update() found.
     enum class Change {
         None,
-        Appended, ///< Points were added behind those that were there.
+        Appended, ///< Points were added after those that were there.
         Relaid,   ///< Points or curves are others, but the sheet's rows have not been replaced.
         Replaced, ///< Rows were removed; what is there now came after that.
     };
@@ -63,7 +63,7 @@ public:
     int rowsOfOtherLayout() const { return rowsOfOtherLayout_; }
     int rowsWithoutPlace() const { return taken_ - rowsOfOtherLayout_ - pointCount(); }
 
-    /// The first point at `place` or behind it; pointCount() if there is none.
+    /// The first point at `place` or after it; pointCount() if there is none.
     int firstPointFrom(double place) const;
     /// The point nearest to `place`, the later of two; -1 if there is none.
     int nearestPoint(double place) const;

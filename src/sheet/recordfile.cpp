@@ -134,7 +134,7 @@ bool RecordFile::holdsUnsavedRows() const {
     if (!old.open(QIODevice::ReadOnly)) {
         return old.exists();
     }
-    // Whatever stands behind a header, or in a file that is no record file, is kept. A header may have been cut off.
+    // Whatever stands after a header, or in a file that is no record file, is kept. A header may have been cut off.
     return !isRecordHeaderOrItsBegin(old.read(longestRecordHeader));
 }
 

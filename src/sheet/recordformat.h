@@ -30,7 +30,7 @@ struct RecordedRows {
                                  ///< that are left out.
 };
 
-/// Reads the rows that a run had on the sheet: those behind the last place where the numbers begin anew. `type` as the
+/// Reads the rows that a run had on the sheet: those after the last place where the numbers begin anew. `type` as the
 /// run's lock tells it. Lines may end CR LF or LF. At most the last 16 MB are read; a sheet is a quarter of that. There
 /// are no rows in a file that does not exist.
 RecordedRows readRecordedRows(const QString& path, const DataSheet::Type& type);

@@ -20,7 +20,7 @@ void showOnDebugScreen(DebugState& debug, const DataRow& row, RowLayout layout) 
     case RowLayout::TrxNewer:
         break;
     }
-    // The older generation sends a reference behind each angle.
+    // The older generation sends a reference after each angle.
     const qsizetype step = layout == RowLayout::TrxOlder ? 2 : 1;
     for (std::size_t angle = 0; angle < debug.scatteringOutputs.size(); ++angle) {
         debug.scatteringOutputs.at(angle) = row.values.value(static_cast<qsizetype>(angle) * step);

@@ -58,7 +58,7 @@ struct CommandReply {
 /// Understands what the host types, and keeps what it sets.
 ///
 /// A reply begins on a new line, except those that belong to a value: "B", "T", "D", "Q", "I" and "U" are answered with
-/// ".", their values with ">", right behind the echo.
+/// ".", their values with ">", right after the echo.
 class CommandInterpreter {
 public:
     /// What is handed in is changed as the host commands, and must live longer than this.

@@ -41,7 +41,7 @@ struct FaultPoint {
 ///     rate=0.001..1000       data lines a second; default: as its samples per point say (see InstrumentSettings)
 ///     records=0..65525       records in its memory at the start; default 200
 ///     points=0..65535        points of a block, 0 = a run has no end; default 0
-///     erased=0..1000000      lines "65535" for erased memory, sent behind the records of a dump; default 0
+///     erased=0..1000000      lines "65535" for erased memory, sent after the records of a dump; default 0
 ///     end=eof|0              last line of a dump, "EOF" or "0"; default eof
 ///     shutter=0..3600        seconds that its shutter moves; default 31
 ///     seed=0..4294967295     its readings and its garbage follow from this number; default 1

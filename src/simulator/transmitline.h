@@ -18,7 +18,7 @@ public:
 
     qint64 ticksPerMillisecond() const { return ticksPerMillisecond_; }
 
-    /// Queues bytes behind those still on their way.
+    /// Queues bytes after those still on their way.
     void send(const QByteArray& bytes, qint64 now);
 
     /// Moves what has arrived by now to the host's end.
