@@ -102,9 +102,9 @@ private:
         const StatusState& status = program_.session.status;
         say(QStringLiteral("Identified: %1, firmware %2")
                 .arg(instrumentName(status.instrument), status.firmware.value()));
-        const LoggerSettings& record = program_.settings.record;
+        const LoggerSettings& record = program_.settings.record.value();
         say(QStringLiteral("Settings read: %1 samples a point, %2 points a block, memory %3 % full, clock %4 %5")
-                .arg(record.samplesPerPoint.value(), record.pointsPerBlock.value(), program_.settings.capacity.value(),
+                .arg(record.samplesPerPoint, record.pointsPerBlock, program_.settings.capacity.value(),
                      status.date.value(), status.time.value()));
     }
 

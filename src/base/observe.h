@@ -26,6 +26,15 @@ private:
     std::vector<QPropertyNotifier> notifiers_;
 };
 
+/// Changes a part of a shown value: `edit` is given a copy that it may write into, and who follows the value is told
+/// once, if it has become another.
+template <typename T, typename Edit>
+void change(QProperty<T>& property, Edit edit) {
+    T value = property.value();
+    edit(value);
+    property = std::move(value);
+}
+
 /// What a listener of a Signal keeps for as long as it wants to be told; it may outlive the signal.
 using Subscription = std::shared_ptr<const void>;
 

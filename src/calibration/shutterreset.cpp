@@ -9,69 +9,6 @@ namespace orv {
 
 namespace {
 
-struct Flag {
-    QProperty<bool> LoggerSettings::*box;
-    const char* caption;
-};
-
-const std::array<Flag, 6> flagBoxes{{{&LoggerSettings::append, "Append"},
-                                     {&LoggerSettings::logEnabled, "Log Enabled"},
-                                     {&LoggerSettings::wakeUp, "Wake Up"},
-                                     {&LoggerSettings::auxAdc, "Aux ADC"},
-                                     {&LoggerSettings::gain, "Gain"},
-                                     {&LoggerSettings::autoStart, "Auto Start"}}};
-
-const std::array<QProperty<QString> LoggerSettings::*, 4> numberBoxes{
-    &LoggerSettings::samplesPerPoint, &LoggerSettings::pointsPerBlock, &LoggerSettings::secondsBetweenPoints,
-    &LoggerSettings::hoursBeforeBlock};
-
-} // namespace
-
-ShutterSettings ShutterSettings::temporary() {
-    const QString none = QStringLiteral("0");
-    const QString one = QStringLiteral("1");
-    return {.flags = {}, .numbers = {one, one, none, none}};
-}
-
-ShutterSettings ShutterSettings::shown(const LoggerSettings& record) {
-    ShutterSettings settings;
-    for (std::size_t flag = 0; flag < flagBoxes.size(); ++flag) {
-        settings.flags.at(flag) = record.*flagBoxes.at(flag).box;
-    }
-    for (std::size_t number = 0; number < numberBoxes.size(); ++number) {
-        settings.numbers.at(number) = record.*numberBoxes.at(number);
-    }
-    return settings;
-}
-
-void ShutterSettings::show(LoggerSettings& record) const {
-    for (std::size_t flag = 0; flag < flagBoxes.size(); ++flag) {
-        record.*flagBoxes.at(flag).box = flags.at(flag);
-    }
-    for (std::size_t number = 0; number < numberBoxes.size(); ++number) {
-        record.*numberBoxes.at(number) = numbers.at(number);
-    }
-}
-
-QString ShutterSettings::text() const {
-    QStringList ticked;
-    for (std::size_t flag = 0; flag < flagBoxes.size(); ++flag) {
-        if (flags.at(flag)) {
-            ticked << QString::fromLatin1(flagBoxes.at(flag).caption);
-        }
-    }
-    const auto number = [this](std::size_t index) {
-        return numbers.at(index).isEmpty() ? QStringLiteral("none") : numbers.at(index);
-    };
-    return QStringLiteral(
-               "%1; samples per point %2, points per block %3, seconds between points %4, hours before a block "
-               "%5")
-        .arg(ticked.isEmpty() ? QStringLiteral("no control bit") : ticked.join(QLatin1String(", ")), number(0),
-             number(1), number(2), number(3));
-}
-
-namespace {
-
 constexpr int retryLimit = 20;
 constexpr int pollLimit = 30000;
 constexpr int moveSeconds = 30;
@@ -83,6 +20,30 @@ constexpr qint64 responsiveInterval = 10;
 constexpr int pollsPerCount = 100;
 
 } // namespace
+
+QString inWords(const LoggerSettings& settings) {
+    QStringList ticked;
+    for (const Setting* setting : settingsInOrder("MLWAGS")) {
+        if (settings.*setting->flag) {
+            ticked << setting->plainCaption();
+        }
+    }
+    QString words = ticked.isEmpty() ? QStringLiteral("no control bit") : ticked.join(QLatin1String(", "));
+    const std::pair<const char*, QString> numbers[] = {{"; samples per point ", settings.samplesPerPoint},
+                                                       {", points per block ", settings.pointsPerBlock},
+                                                       {", seconds between points ", settings.secondsBetweenPoints},
+                                                       {", hours before a block ", settings.hoursBeforeBlock}};
+    for (const auto& [caption, number] : numbers) {
+        words += QLatin1String(caption) + (number.isEmpty() ? QStringLiteral("none") : number);
+    }
+    return words;
+}
+
+LoggerSettings shutterSettings() {
+    const QString none = QStringLiteral("0");
+    const QString one = QStringLiteral("1");
+    return {.samplesPerPoint = one, .hoursBeforeBlock = none, .pointsPerBlock = one, .secondsBetweenPoints = none};
+}
 
 ShutterReset::ShutterReset(Parts parts)
     : p_(std::move(parts))
@@ -120,11 +81,11 @@ bool ShutterReset::perform(Run& run) {
     if (!readSettings(run)) {
         return false;
     }
-    run.remembered = ShutterSettings::shown(p_.settings.record);
+    run.remembered = p_.settings.record;
     if (!rest(run, 0.5F)) {
         return false;
     }
-    ShutterSettings::temporary().show(p_.settings.record);
+    p_.settings.record = shutterSettings();
     showStep(QStringLiteral("Sending New Settings"));
     run.temporarySent = true;
     // The report that this sending asks for is only polled away: its lines find the code 999.
@@ -132,7 +93,7 @@ bool ShutterReset::perform(Run& run) {
         return false;
     }
     counter_ = 0;
-    run.remembered->show(p_.settings.record);
+    p_.settings.record = *run.remembered;
     showStep(QStringLiteral("Restoring Orignal Settings"));
     p_.timer.setInterval(StatusTimer::normalInterval);
     if (!rest(run, 2.0F)) {
@@ -247,7 +208,7 @@ void ShutterReset::finish(Run& run, Outcome restored) {
                  "The settings from before could not be sent back. The instrument may still hold the temporary "
                  "settings (%1).\n\nThe settings from before are on the settings screen again (%2). When the "
                  "instrument answers, send them with \"Apply Settings\".")
-                 .arg(ShutterSettings::temporary().text(), run.remembered->text()));
+                 .arg(inWords(shutterSettings()), inWords(*run.remembered)));
     }
 }
 
@@ -260,7 +221,7 @@ void ShutterReset::interrupt(Run& run) {
     p_.session.status.shutterCountdown = QString();
     showStep(QString());
     if (run.remembered) {
-        run.remembered->show(p_.settings.record);
+        p_.settings.record = *run.remembered;
     }
     CommandState& commands = p_.session.commands;
     commands.activity = Activity::None;
@@ -284,7 +245,7 @@ void ShutterReset::interrupt(Run& run) {
              "The shutter reset was interrupted. The instrument may still hold the temporary settings (%1).\n\n"
              "Its settings from before: %2.\n\nConnect again, compare them with the settings screen, and send "
              "them with \"Apply Settings\" if they differ.")
-             .arg(ShutterSettings::temporary().text(), run.remembered->text()));
+             .arg(inWords(shutterSettings()), inWords(*run.remembered)));
 }
 
 void ShutterReset::showResetting() {

@@ -8,25 +8,11 @@
 
 namespace orv {
 
-/// The logger settings that a shutter reset changes for a while.
-struct ShutterSettings {
-    std::array<bool, 6> flags{};    ///< "Append", "Log Enabled", "Wake Up", "Aux ADC", "Gain", "Auto Start".
-    std::array<QString, 4> numbers; ///< `Text2`, `Text4`, `Text3`, `Text1`.
+/// The settings under which the instrument obeys "r": no flag, one sample a point, one point a block, no delays.
+LoggerSettings shutterSettings();
 
-    /// Those under which the instrument obeys "r": no flag, one sample a point, one point a block, no delays.
-    static ShutterSettings temporary();
-
-    /// What the settings screen shows.
-    static ShutterSettings shown(const LoggerSettings& record);
-
-    /// Puts them on the settings screen.
-    void show(LoggerSettings& record) const;
-
-    /// For the operator: "Append, Wake Up; samples per point 10, points per block 0, ...".
-    QString text() const;
-
-    bool operator==(const ShutterSettings&) const = default;
-};
+/// For the operator: "Append, Wake Up; samples per point 10, points per block 0, ...".
+QString inWords(const LoggerSettings& settings);
 
 /// Brings the instrument's shutter back to its rest position: reads the settings, sends temporary ones under which the
 /// instrument obeys, moves the shutter and sends the settings from before back.
@@ -65,7 +51,7 @@ private:
     struct Run {
         bool over = false;
         bool temporarySent = false; ///< At least in part.
-        std::optional<ShutterSettings> remembered;
+        std::optional<LoggerSettings> remembered;
     };
 
     bool perform(Run& run);
@@ -74,7 +60,6 @@ private:
     bool moveShutter(const Run& run);
     bool pollForPrompt(const Run& run);
     bool rest(const Run& run, float seconds);
-    void restoreSettings(const ShutterSettings& settings);
     void finish(Run& run, Outcome restored);
     void interrupt(Run& run);
     void showResetting();

@@ -58,7 +58,7 @@ protected:
         ASSERT_EQ(told.size(), 1U);
         const QString& text = told.front().text;
         EXPECT_EQ(text.contains(QStringLiteral("may still hold the temporary settings")), GetParam().temporarySent);
-        EXPECT_EQ(text.contains(ShutterBench::original().text()), GetParam().temporarySent);
+        EXPECT_EQ(text.contains(inWords(ShutterBench::original())), GetParam().temporarySent);
         EXPECT_EQ(text.contains(QStringLiteral("still has its own settings")), !GetParam().temporarySent);
     }
 
@@ -97,7 +97,7 @@ TEST_P(ShutterInterruptedByOperator, ByCloseAndResetOfTheLink) {
 }
 
 TEST_P(ShutterInterruptedByOperator, ByAResetThatConnectsAgainLeavesTheNewConnectionAlone) {
-    const ShutterSettings readAnew = ShutterSettings::temporary();
+    const LoggerSettings readAnew = shutterSettings();
     runAndAt([&] {
         bench.fixit();
         bench.connect();
@@ -105,7 +105,7 @@ TEST_P(ShutterInterruptedByOperator, ByAResetThatConnectsAgainLeavesTheNewConnec
         bench.session.commands.activity = Activity::Collecting;
         bench.session.state.Ctrlscrn = Operation::Collecting;
         bench.timer.setInterval(StatusTimer::slowInterval);
-        readAnew.show(bench.settings.record);
+        bench.settings.record = readAnew;
         writesBefore = bench.port->writes.size();
     });
     EXPECT_EQ(bench.port->writes.size(), writesBefore);
@@ -133,7 +133,7 @@ TEST_P(ShutterInterruptedByOperator, TheNextResetStartsAfresh) {
     runAndAt([this] { bench.fixit(); });
     bench.connect();
     bench.live(1.0F);
-    ShutterBench::original().show(bench.settings.record);
+    bench.settings.record = ShutterBench::original();
     bench.port->writes.clear();
     bench.steps.clear();
     bench.messages.shown.clear();

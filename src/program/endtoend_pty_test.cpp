@@ -120,7 +120,7 @@ TEST_P(MainRoad, FromConnectToSavedSheet) {
     connectAndRead();
     EXPECT_EQ(instrumentName(status.instrument).toStdString(), kind.type);
     EXPECT_EQ(status.firmware.value().toStdString(), kind.firmware);
-    EXPECT_EQ(program.settings.record.pointsPerBlock.value().toInt(), kind.rows);
+    EXPECT_EQ(program.settings.record.value().pointsPerBlock.toInt(), kind.rows);
     EXPECT_EQ(program.settings.memoryPointer.value().toStdString(), "200");
     EXPECT_EQ(program.settings.capacity.value().toStdString(), "0.3");
     EXPECT_TRUE(program.settings.visible);

@@ -310,13 +310,13 @@ TEST_F(ProgramTest, AReportCutShortByClosePortDoesNotRunOnIntoTheNext) {
     connect();
     receive("P\r\nS1\r\nG0\r\nA0\r\nL1\r\nW1\r\nM0\r\nT30\r\n");
     ticks(8);
-    ASSERT_EQ(program.settings.record.samplesPerPoint.value().toStdString(), "30");
+    ASSERT_EQ(program.settings.record.value().samplesPerPoint.toStdString(), "30");
     program.closePort();
     program.settings.lamp = Lamp::Off;
     connect();
     receive("P\r\n");
     ticks(1);
-    EXPECT_EQ(program.settings.record.samplesPerPoint.value().toStdString(), "30") << "the echo is no setting";
+    EXPECT_EQ(program.settings.record.value().samplesPerPoint.toStdString(), "30") << "the echo is no setting";
     EXPECT_EQ(program.settings.lamp.value(), Lamp::Reading);
 }
 

@@ -1,29 +1,58 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/observe.h"
 #include "link/session.h"
 
 #include <QProperty>
 #include <QString>
 
 #include <array>
+#include <span>
+#include <vector>
 
 namespace orv {
 
-/// `LoggerSettings`: how the instrument collects by itself. The controls of the settings screen are this record, so
-/// the numbers are the text in their boxes, as reported or as typed.
+/// How the instrument collects by itself. The numbers are texts, as reported or as typed.
 struct LoggerSettings {
-    QProperty<bool> autoStart{false};        ///< Collect at power-up.
-    QProperty<bool> append{false};           ///< Add blocks to the memory instead of erasing it first.
-    QProperty<bool> logEnabled{false};       ///< Record in memory.
-    QProperty<bool> wakeUp{false};           ///< After a block: ready for commands (true) or asleep.
-    QProperty<bool> auxAdc{false};           ///< Function not available.
-    QProperty<bool> gain{false};             ///< Function not available.
-    QProperty<QString> hoursBeforeBlock;     ///< `Text1`, hours; 0 is half a second.
-    QProperty<QString> samplesPerPoint;      ///< `Text2`, samples averaged into one point.
-    QProperty<QString> secondsBetweenPoints; ///< `Text3`, seconds, 0..65535.
-    QProperty<QString> pointsPerBlock;       ///< `Text4`, 0..65535; 0 is continuous.
+    bool autoStart = false;            ///< Collect at power-up.
+    bool gain = false;                 ///< Function not available.
+    bool auxAdc = false;               ///< Function not available.
+    bool logEnabled = false;           ///< Record in memory.
+    bool wakeUp = false;               ///< After a block: ready for commands (true) or asleep.
+    bool append = false;               ///< Add blocks to the memory instead of erasing it first.
+    QString samplesPerPoint = {};      ///< Samples averaged into one point.
+    QString hoursBeforeBlock = {};     ///< 0 is half a second.
+    QString pointsPerBlock = {};       ///< 0..65535; 0 is continuous.
+    QString secondsBetweenPoints = {}; ///< 0..65535.
+
+    bool operator==(const LoggerSettings&) const = default;
 };
+
+/// What one of the ten settings is called, and where its value lies: in one of `flag` and `number`, the other is null.
+struct Setting {
+    char16_t letter; ///< Its tag in the report. A number is set by the same letter.
+    int code;        ///< In `prefsState`, once its line was read.
+    bool LoggerSettings::*flag;
+    QString LoggerSettings::*number;
+    const char* name;    ///< For those who ask for it in writing.
+    const char* control; ///< Object name of its box on the settings screen.
+    const char* caption; ///< Of that box, with the access key.
+    const char* toolTip;
+    int digits; ///< As many may be typed; 0 for a flag.
+
+    /// The caption without the mark of its access key.
+    QString plainCaption() const { return QString::fromLatin1(caption).remove(u'&'); }
+};
+
+/// The ten settings in the order in which the instrument reports and takes them: the six flags, which are the control
+/// bits, then the four numbers.
+extern const std::array<Setting, 10> allSettings;
+inline constexpr std::span<const Setting> flagSettings = std::span(allSettings).first<6>();
+inline constexpr std::span<const Setting> numberSettings = std::span(allSettings).last<4>();
+
+/// The settings of these letters, in this order: "TDQI".
+std::vector<const Setting*> settingsInOrder(const char* letters);
 
 /// The status lamp of the settings screen: what goes on with the settings.
 enum class Lamp { Off, Reading, Sending, Sent, Read };
@@ -36,7 +65,7 @@ struct CalibrationBoxes {
 
 /// What the "Logger Settings" screen shows.
 struct SettingsState {
-    LoggerSettings record;
+    QProperty<LoggerSettings> record;
 
     QProperty<bool> visible{false};
     QProperty<Lamp> lamp{Lamp::Off};

@@ -13,83 +13,9 @@ namespace orv {
 
 namespace {
 
-struct TextField {
-    QString Mode::*value;
-    QProperty<QString> LoggerSettings::*control;
-};
-
-struct FlagField {
-    bool Mode::*value;
-    QProperty<bool> LoggerSettings::*control;
-};
-
-// In the order of the file's lines, texts first.
-constexpr TextField textFields[] = {
-    {&Mode::samplesPerPoint, &LoggerSettings::samplesPerPoint},
-    {&Mode::hoursBeforeBlock, &LoggerSettings::hoursBeforeBlock},
-    {&Mode::pointsPerBlock, &LoggerSettings::pointsPerBlock},
-    {&Mode::secondsBetweenPoints, &LoggerSettings::secondsBetweenPoints},
-};
-constexpr FlagField flagFields[] = {
-    {&Mode::logEnabled, &LoggerSettings::logEnabled}, {&Mode::wakeUp, &LoggerSettings::wakeUp},
-    {&Mode::auxAdc, &LoggerSettings::auxAdc},         {&Mode::gain, &LoggerSettings::gain},
-    {&Mode::append, &LoggerSettings::append},         {&Mode::autoStart, &LoggerSettings::autoStart},
-};
-constexpr qsizetype lineCount = std::size(textFields) + std::size(flagFields);
-
-} // namespace
-
-Mode Mode::of(const LoggerSettings& record) {
-    Mode mode;
-    for (const auto& [value, control] : textFields) {
-        mode.*value = record.*control;
-    }
-    for (const auto& [value, control] : flagFields) {
-        mode.*value = record.*control;
-    }
-    return mode;
+std::vector<const Setting*> linesOfFile() {
+    return settingsInOrder("TDQILWAGMS");
 }
-
-void Mode::putInto(LoggerSettings& record) const {
-    for (const auto& [value, control] : textFields) {
-        record.*control = this->*value;
-    }
-    for (const auto& [value, control] : flagFields) {
-        record.*control = this->*value;
-    }
-}
-
-QByteArray modeFileContent(const Mode& mode) {
-    QString content;
-    for (const auto& field : textFields) {
-        content += mode.*field.value + QLatin1String("\r\n");
-    }
-    for (const auto& field : flagFields) {
-        content += printedNumber(mode.*field.value ? 1.0 : 0.0) + QLatin1String("\r\n");
-    }
-    return content.toLatin1();
-}
-
-std::optional<Mode> readModeFile(const QByteArray& content) {
-    QStringList lines = QString::fromLatin1(content).split(QLatin1Char('\n'));
-    if (lines.last().isEmpty()) {
-        lines.removeLast(); // what follows the last line end is no line
-    }
-    if (lines.size() < lineCount) {
-        return std::nullopt;
-    }
-    Mode mode;
-    auto line = lines.cbegin();
-    for (const auto& field : textFields) {
-        mode.*field.value = (line++)->trimmed();
-    }
-    for (const auto& field : flagFields) {
-        mode.*field.value = leadingNumber(*line++) != 0.0;
-    }
-    return mode;
-}
-
-namespace {
 
 QString modeSuffix() {
     return QStringLiteral(".OCM");
@@ -99,14 +25,36 @@ QString modeFilter() {
     return QStringLiteral("*.OCM");
 }
 
-/// An instrument of unknown type leaves the samples as they were.
-void setSamples(Mode& mode, InstrumentType type) {
-    if (type != InstrumentType::Unknown) {
-        mode.samplesPerPoint = type == InstrumentType::Glow ? QStringLiteral("200") : QStringLiteral("30");
+} // namespace
+
+QByteArray modeFileContent(const LoggerSettings& mode) {
+    QString content;
+    for (const Setting* setting : linesOfFile()) {
+        content += setting->flag == nullptr ? mode.*setting->number : printedNumber(mode.*setting->flag ? 1.0 : 0.0);
+        content += QLatin1String("\r\n");
     }
+    return content.toLatin1();
 }
 
-} // namespace
+std::optional<LoggerSettings> readModeFile(const QByteArray& content) {
+    const QStringList lines = QString::fromLatin1(content).split(u'\n');
+    const auto settings = linesOfFile();
+    // What follows the last line end is no line.
+    if (lines.size() - (lines.last().isEmpty() ? 1 : 0) < static_cast<qsizetype>(settings.size())) {
+        return std::nullopt;
+    }
+    LoggerSettings mode;
+    auto line = lines.cbegin();
+    for (const Setting* setting : settings) {
+        if (setting->flag == nullptr) {
+            mode.*setting->number = line->trimmed();
+        } else {
+            mode.*setting->flag = leadingNumber(*line) != 0.0;
+        }
+        ++line;
+    }
+    return mode;
+}
 
 Modes::Modes(Session& session, const ComPorts& ports, SettingsState& settings, SettingsSender& sender,
              OperatorQuestions& questions)
@@ -117,54 +65,48 @@ Modes::Modes(Session& session, const ComPorts& ports, SettingsState& settings, S
     , questions_(questions) {}
 
 void Modes::profile() {
-    if (wouldDisturb()) {
-        return;
-    }
-    Mode mode = Mode::of(settings_.record);
-    mode.logEnabled = false;
-    mode.wakeUp = true;
-    mode.auxAdc = false;
-    mode.gain = false;
-    mode.append = false;
-    mode.autoStart = true;
-    mode.hoursBeforeBlock = QStringLiteral("0");
-    mode.secondsBetweenPoints = QStringLiteral("0");
-    mode.pointsPerBlock = QStringLiteral("0");
     // This mode goes by the label that the operator sees, the other by the letter of the identification: they differ
     // while a connection is being made and after it was closed.
-    setSamples(mode, session_.status.instrument);
-    mode.putInto(settings_.record);
-    sendIfConnected();
+    const QString none = QStringLiteral("0");
+    use({.autoStart = true,
+         .wakeUp = true,
+         .hoursBeforeBlock = none,
+         .pointsPerBlock = none,
+         .secondsBetweenPoints = none},
+        session_.status.instrument);
 }
 
 void Modes::moored() {
+    use({.autoStart = true,
+         .logEnabled = true,
+         .wakeUp = true,
+         .append = true,
+         .hoursBeforeBlock = QStringLiteral("0"),
+         .pointsPerBlock = QStringLiteral("60000"),
+         .secondsBetweenPoints = QStringLiteral("3600")},
+        session_.state.type());
+}
+
+void Modes::use(LoggerSettings mode, InstrumentType type) {
     if (wouldDisturb()) {
         return;
     }
-    Mode mode = Mode::of(settings_.record);
-    mode.logEnabled = true;
-    mode.wakeUp = true;
-    mode.auxAdc = false;
-    mode.gain = false;
-    mode.append = true;
-    mode.autoStart = true;
-    mode.hoursBeforeBlock = QStringLiteral("0");
-    mode.secondsBetweenPoints = QStringLiteral("3600");
-    mode.pointsPerBlock = QStringLiteral("60000");
-    setSamples(mode, session_.state.type());
-    mode.putInto(settings_.record);
+    mode.samplesPerPoint = type == InstrumentType::Glow  ? QStringLiteral("200")
+                           : type == InstrumentType::Trx ? QStringLiteral("30")
+                                                         : settings_.record.value().samplesPerPoint;
+    settings_.record = mode;
     sendIfConnected();
 }
 
 void Modes::saveMode() {
-    const Mode mode = Mode::of(settings_.record);
+    const QByteArray content = modeFileContent(settings_.record);
     const QString name =
         questions_.saveFileName(QStringLiteral("Save A User Defined Mode"), QString(), modeSuffix(), modeFilter());
     if (name.isEmpty()) {
         return;
     }
     const QString shown = QFileInfo(name).fileName();
-    settings_.modeRemark = writeWholeFile(name, modeFileContent(mode)).isEmpty()
+    settings_.modeRemark = writeWholeFile(name, content).isEmpty()
                                ? QStringLiteral("Saved as %1.").arg(shown)
                                : QStringLiteral("%1 could not be written; nothing was saved.").arg(shown);
 }
@@ -194,12 +136,12 @@ void Modes::loadMode() {
         refuse(QStringLiteral("The mode file %1 could not be read: %2.").arg(shown, file.errorString()));
         return;
     }
-    const std::optional<Mode> mode = readModeFile(content);
+    const std::optional<LoggerSettings> mode = readModeFile(content);
     if (!mode) {
         refuse(QStringLiteral("%1 is not a complete mode file: it has fewer than ten lines.").arg(shown));
         return;
     }
-    mode->putInto(settings_.record);
+    settings_.record = *mode;
     settings_.modeRemark = QStringLiteral("Loaded %1.").arg(QFileInfo(name).fileName());
     sendIfConnected();
 }

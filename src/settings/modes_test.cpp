@@ -14,45 +14,30 @@ namespace orv {
 
 namespace {
 
-Mode exampleMode() {
-    return {.samplesPerPoint = QStringLiteral("30"),
-            .hoursBeforeBlock = QString(),
-            .pointsPerBlock = QStringLiteral("00600"),
-            .secondsBetweenPoints = QStringLiteral("3600"),
-            .logEnabled = true,
-            .wakeUp = false,
-            .auxAdc = true,
-            .gain = false,
-            .append = false,
-            .autoStart = true};
-}
+const LoggerSettings exampleMode{.autoStart = true,
+                                 .auxAdc = true,
+                                 .logEnabled = true,
+                                 .samplesPerPoint = QStringLiteral("30"),
+                                 .pointsPerBlock = QStringLiteral("00600"),
+                                 .secondsBetweenPoints = QStringLiteral("3600")};
 
 const QByteArray exampleContent = "30\r\n\r\n00600\r\n3600\r\n 1\r\n 0\r\n 1\r\n 0\r\n 0\r\n 1\r\n";
 
 TEST(ModeFile, WritesTenLinesTextsAsTypedFlagsInPrintForm) {
-    EXPECT_EQ(modeFileContent(exampleMode()), exampleContent);
+    EXPECT_EQ(modeFileContent(exampleMode), exampleContent);
 }
 
 TEST(ModeFile, EachFlagHasItsOwnLine) {
-    bool Mode::*const order[] = {&Mode::logEnabled, &Mode::wakeUp, &Mode::auxAdc,
-                                 &Mode::gain,       &Mode::append, &Mode::autoStart};
-    for (qsizetype set = 0; set < 6; ++set) {
-        Mode mode;
-        mode.*order[set] = true;
-        EXPECT_EQ(modeFileContent(mode).split('\n').indexOf(" 1\r"), 4 + set);
+    const LoggerSettings inOrder[] = {{.logEnabled = true}, {.wakeUp = true}, {.auxAdc = true},
+                                      {.gain = true},       {.append = true}, {.autoStart = true}};
+    qsizetype line = 4;
+    for (const LoggerSettings& mode : inOrder) {
+        EXPECT_EQ(modeFileContent(mode).split('\n').indexOf(" 1\r"), line++);
     }
 }
 
 TEST(ModeFile, ReadsBackWhatItWrote) {
-    EXPECT_EQ(readModeFile(exampleContent), exampleMode());
-}
-
-TEST(ModeFile, RecordRoundTrips) {
-    LoggerSettings record;
-    exampleMode().putInto(record);
-    EXPECT_EQ(record.pointsPerBlock.value(), QStringLiteral("00600"));
-    EXPECT_TRUE(record.auxAdc.value());
-    EXPECT_EQ(Mode::of(record), exampleMode());
+    EXPECT_EQ(readModeFile(exampleContent), exampleMode);
 }
 
 TEST(ModeFile, FewerThanTenLinesAreNoMode) {
@@ -62,14 +47,14 @@ TEST(ModeFile, FewerThanTenLinesAreNoMode) {
 }
 
 TEST(ModeFile, AcceptsAMissingLastLineEndBareLineFeedsAndMoreLines) {
-    EXPECT_EQ(readModeFile(exampleContent.chopped(2)), exampleMode());
-    EXPECT_EQ(readModeFile(QByteArray(exampleContent).replace("\r", "")), exampleMode());
-    EXPECT_EQ(readModeFile(exampleContent + "more\r\n"), exampleMode());
-    EXPECT_EQ(readModeFile(" 30 \n\n00600\n\t3600\n1\n0\n1\n0\n0\n1\n"), exampleMode());
+    EXPECT_EQ(readModeFile(exampleContent.chopped(2)), exampleMode);
+    EXPECT_EQ(readModeFile(QByteArray(exampleContent).replace("\r", "")), exampleMode);
+    EXPECT_EQ(readModeFile(exampleContent + "more\r\n"), exampleMode);
+    EXPECT_EQ(readModeFile(" 30 \n\n00600\n\t3600\n1\n0\n1\n0\n0\n1\n"), exampleMode);
 }
 
 TEST(ModeFile, AFlagIsClearForZeroAndSetForAnythingElse) {
-    const std::optional<Mode> mode = readModeFile("\n\n\n\n 2\n-1\n 0.5\n 0.0\n\nabc\n");
+    const std::optional<LoggerSettings> mode = readModeFile("\n\n\n\n 2\n-1\n 0.5\n 0.0\n\nabc\n");
     ASSERT_TRUE(mode);
     EXPECT_TRUE(mode->logEnabled);
     EXPECT_TRUE(mode->wakeUp);
@@ -78,10 +63,6 @@ TEST(ModeFile, AFlagIsClearForZeroAndSetForAnythingElse) {
     EXPECT_FALSE(mode->append);
     EXPECT_FALSE(mode->autoStart);
 }
-
-} // namespace
-
-namespace {
 
 const QByteArray mooredFile = "30\r\n0\r\n60000\r\n3600\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n 1\r\n";
 
@@ -100,44 +81,35 @@ protected:
         ASSERT_EQ(file.write(content), content.size());
     }
 
-    Mode shown() const { return Mode::of(settings.record); }
+    LoggerSettings shown() const { return settings.record.value(); }
 
-    /// What a mode looks like behind "Profile" or "Moored", with its samples per point.
-    static Mode profileMode(const char* samples) {
-        return {.samplesPerPoint = QString::fromLatin1(samples),
+    /// What a mode looks like after "Profile" or "Moored", with its samples per point.
+    static LoggerSettings profileMode(const char* samples) {
+        return {.autoStart = true,
+                .wakeUp = true,
+                .samplesPerPoint = QString::fromLatin1(samples),
                 .hoursBeforeBlock = QStringLiteral("0"),
                 .pointsPerBlock = QStringLiteral("0"),
-                .secondsBetweenPoints = QStringLiteral("0"),
-                .wakeUp = true,
-                .autoStart = true};
+                .secondsBetweenPoints = QStringLiteral("0")};
     }
-    static Mode mooredMode(const char* samples) {
-        return {.samplesPerPoint = QString::fromLatin1(samples),
-                .hoursBeforeBlock = QStringLiteral("0"),
-                .pointsPerBlock = QStringLiteral("60000"),
-                .secondsBetweenPoints = QStringLiteral("3600"),
+    static LoggerSettings mooredMode(const char* samples) {
+        return {.autoStart = true,
                 .logEnabled = true,
                 .wakeUp = true,
                 .append = true,
-                .autoStart = true};
+                .samplesPerPoint = QString::fromLatin1(samples),
+                .hoursBeforeBlock = QStringLiteral("0"),
+                .pointsPerBlock = QStringLiteral("60000"),
+                .secondsBetweenPoints = QStringLiteral("3600")};
     }
 
     /// A record whose every value differs from both built-in modes.
     void fillOtherwise() {
-        Mode{.samplesPerPoint = QStringLiteral("7"),
-             .hoursBeforeBlock = QStringLiteral("7"),
-             .pointsPerBlock = QStringLiteral("7"),
-             .secondsBetweenPoints = QStringLiteral("7"),
-             .logEnabled = !logged,
-             .wakeUp = false,
-             .auxAdc = true,
-             .gain = true,
-             .append = !logged,
-             .autoStart = false}
-            .putInto(settings.record);
+        const QString seven = QStringLiteral("7");
+        settings.record = {false, true, true, !logged, false, !logged, seven, seven, seven, seven};
     }
 
-    void expectNothingHappened(const Mode& before) {
+    void expectNothingHappened(const LoggerSettings& before) {
         EXPECT_EQ(shown(), before);
         EXPECT_TRUE(writes.empty());
         EXPECT_TRUE(settings.modeRemark.value().isEmpty());
@@ -197,7 +169,7 @@ TEST_F(ModesTest, NothingHappensWhileAnotherOperationIsUnderWay) {
     session.commands.activity = Activity::Collecting;
     answers.fileName = path("moored.OCM");
     write(answers.fileName, mooredFile);
-    const Mode before = shown();
+    const LoggerSettings before = shown();
     modes.profile();
     modes.moored();
     modes.loadMode();
@@ -206,7 +178,7 @@ TEST_F(ModesTest, NothingHappensWhileAnotherOperationIsUnderWay) {
 }
 
 TEST_F(ModesTest, SaveWritesTheTenLines) {
-    mooredMode("30").putInto(settings.record);
+    settings.record = mooredMode("30");
     answers.fileName = path("deep sea.OCM");
     modes.saveMode();
     EXPECT_EQ(contentOf(answers.fileName), mooredFile);
@@ -218,13 +190,13 @@ TEST_F(ModesTest, SaveWritesTheTenLines) {
 TEST_F(ModesTest, SaveReplacesAnOlderLongerFile) {
     answers.fileName = path("old.OCM");
     write(answers.fileName, QByteArray(5000, 'x'));
-    mooredMode("30").putInto(settings.record);
+    settings.record = mooredMode("30");
     modes.saveMode();
     EXPECT_EQ(contentOf(answers.fileName), mooredFile);
 }
 
 TEST_F(ModesTest, ACancelledSaveDoesNothing) {
-    const Mode before = shown();
+    const LoggerSettings before = shown();
     modes.saveMode();
     expectNothingHappened(before);
     EXPECT_TRUE(messages.shown.empty());
@@ -277,14 +249,14 @@ TEST_F(ModesTest, TheSuffixIsAppendedUnlessTheNameEndsSoLetterForLetter) {
 }
 
 TEST_F(ModesTest, ACancelledLoadDoesNothing) {
-    const Mode before = shown();
+    const LoggerSettings before = shown();
     modes.loadMode();
     expectNothingHappened(before);
     EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(ModesTest, AFileThatCannotBeReadIsToldAndChangesNothing) {
-    const Mode before = shown();
+    const LoggerSettings before = shown();
     write(path("short.OCM"), "30\r\n0\r\n60000\r\n3600\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n");
     write(path("empty.OCM"), "");
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("folder.OCM")));
@@ -302,8 +274,8 @@ TEST_F(ModesTest, AFileThatCannotBeReadIsToldAndChangesNothing) {
 
 TEST_F(ModesTest, SavingAndLoadingRestoresAllTenValues) {
     fillOtherwise();
-    settings.record.hoursBeforeBlock = QString();
-    const Mode before = shown();
+    change(settings.record, [](LoggerSettings& record) { record.hoursBeforeBlock = QString(); });
+    const LoggerSettings before = shown();
     answers.fileName = path("own.OCM");
     modes.saveMode();
     modes.moored();

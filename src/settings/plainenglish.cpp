@@ -33,7 +33,7 @@ QString sleepLine(double total) {
 PlainEnglish inPlainEnglish(const LoggerSettings& record) {
     PlainEnglish text;
     auto& lines = text.lines;
-    const QString delay = delayPhrase(leadingNumber(record.hoursBeforeBlock.value()));
+    const QString delay = delayPhrase(leadingNumber(record.hoursBeforeBlock));
     if (record.autoStart) {
         lines[PlainEnglish::Opening] = QStringLiteral("     The Orv Sensor will start to collect data ") + delay +
                                        QStringLiteral(" after power up");
@@ -42,15 +42,15 @@ PlainEnglish inPlainEnglish(const LoggerSettings& record) {
         lines[PlainEnglish::Run] = QStringLiteral("If you press run, it will start to collect data") + delay +
                                    QStringLiteral(" after you press run.");
     }
-    lines[PlainEnglish::Binning] = QStringLiteral("It will bin for ") + record.samplesPerPoint.value() +
+    lines[PlainEnglish::Binning] = QStringLiteral("It will bin for ") + record.samplesPerPoint +
                                    QStringLiteral(" sample(s) to create 1 data point.");
-    lines[PlainEnglish::Sleep] = sleepLine(leadingNumber(record.secondsBetweenPoints.value()));
+    lines[PlainEnglish::Sleep] = sleepLine(leadingNumber(record.secondsBetweenPoints));
     lines[PlainEnglish::Wake] = QStringLiteral("After this it wakes up and takes another data point. The process");
 
-    const double points = leadingNumber(record.pointsPerBlock.value());
+    const double points = leadingNumber(record.pointsPerBlock);
     text.finiteBlock = points > 0.0;
     if (text.finiteBlock) {
-        lines[PlainEnglish::Block] = QStringLiteral("continues for ") + record.pointsPerBlock.value() +
+        lines[PlainEnglish::Block] = QStringLiteral("continues for ") + record.pointsPerBlock +
                                      QStringLiteral(" data points to create 1 data block.");
     } else if (points == 0.0) {
         lines[PlainEnglish::Block] =

@@ -215,10 +215,10 @@ TEST_F(SettingsCommandsTest, ApplySendsBehindTheProgressDialog) {
 }
 
 TEST_F(SettingsCommandsTest, LoggingABlockWithoutEndIsRefused) {
-    settings.record.logEnabled = true;
+    change(settings.record, [](LoggerSettings& record) { record.logEnabled = true; });
     for (const char* points : {"0", "", "000", "x5", "0.0"}) {
         messages.shown.clear();
-        settings.record.pointsPerBlock = QString::fromLatin1(points);
+        change(settings.record, [&](LoggerSettings& record) { record.pointsPerBlock = QString::fromLatin1(points); });
         commands.applySettings();
         EXPECT_TRUE(writes.empty()) << points;
         EXPECT_FALSE(progress.visible.value());
@@ -230,16 +230,18 @@ TEST_F(SettingsCommandsTest, LoggingABlockWithoutEndIsRefused) {
 }
 
 TEST_F(SettingsCommandsTest, ABlockWithoutEndIsSentWhenNothingIsLogged) {
-    settings.record.pointsPerBlock = QStringLiteral("0");
+    change(settings.record, [](LoggerSettings& record) { record.pointsPerBlock = QStringLiteral("0"); });
     commands.applySettings();
     EXPECT_EQ(writes.size(), 11U);
     EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(SettingsCommandsTest, NoOtherValueIsChecked) {
-    settings.record.logEnabled = true;
-    settings.record.pointsPerBlock = QStringLiteral("99999");
-    settings.record.secondsBetweenPoints = QStringLiteral("99999");
+    change(settings.record, [](LoggerSettings& record) {
+        record.logEnabled = true;
+        record.pointsPerBlock = QStringLiteral("99999");
+        record.secondsBetweenPoints = QStringLiteral("99999");
+    });
     commands.applySettings();
     EXPECT_EQ(writes.size(), 11U);
 }
@@ -253,8 +255,10 @@ TEST_F(SettingsCommandsTest, DisplayLoggerTimeAsksForTheClock) {
 
 TEST_F(SettingsCommandsTest, NothingHappensWithoutAConnection) {
     ports.close();
-    settings.record.logEnabled = true;
-    settings.record.pointsPerBlock = QStringLiteral("0");
+    change(settings.record, [](LoggerSettings& record) {
+        record.logEnabled = true;
+        record.pointsPerBlock = QStringLiteral("0");
+    });
     commands.retrieveSettings();
     commands.applySettings();
     commands.displayLoggerTime();
@@ -288,7 +292,7 @@ TEST_F(SettingsCommandsTest, EachSamplingOptionWritesThePresetOfTheTypeLabel) {
         session.status.instrument = type;
         for (int option = 1; option <= 4; ++option) {
             commands.chooseSamplingOption(option);
-            EXPECT_EQ(settings.record.samplesPerPoint.value(),
+            EXPECT_EQ(settings.record.value().samplesPerPoint,
                       QString::fromLatin1(presets.at(static_cast<std::size_t>(option - 1))));
             EXPECT_EQ(settings.samplingOption.value(), option);
         }

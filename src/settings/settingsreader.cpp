@@ -5,7 +5,6 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 
@@ -13,43 +12,12 @@ namespace orv {
 
 namespace {
 
-/// One field of the report: its tag, its code in `prefsState`, how far the bar stands behind it, and the control it
-/// fills, a check box or a number box.
-struct ReportField {
-    char16_t tag;
-    int code;
-    int progress;
-    QProperty<bool> LoggerSettings::*flag = nullptr;
-    QProperty<QString> LoggerSettings::*number = nullptr;
-};
-
-const std::array reportFields{
-    ReportField{u'S', 9, 10, &LoggerSettings::autoStart, nullptr},
-    ReportField{u'M', 10, 60, &LoggerSettings::append, nullptr},
-    ReportField{u'G', 1, 20, &LoggerSettings::gain, nullptr},
-    ReportField{u'A', 2, 30, &LoggerSettings::auxAdc, nullptr},
-    ReportField{u'L', 4, 40, &LoggerSettings::logEnabled, nullptr},
-    ReportField{u'W', 3, 50, &LoggerSettings::wakeUp, nullptr},
-    ReportField{u'T', 5, 70, nullptr, &LoggerSettings::samplesPerPoint},
-    ReportField{u'D', 6, 80, nullptr, &LoggerSettings::hoursBeforeBlock},
-    ReportField{u'Q', 7, 90, nullptr, &LoggerSettings::pointsPerBlock},
-    ReportField{u'I', 8, 100, nullptr, &LoggerSettings::secondsBetweenPoints},
-};
-
+/// How far each field moves the progress bar on.
+constexpr int progressStep = 10;
 constexpr int memoryPointerCode = 11;
 constexpr qint16 giveUpAtCall = 150;
 
 } // namespace
-
-std::array<SamplingPreset, 4> samplingPresets(bool glow) {
-    const auto preset = [](const char* caption, const char* samples) {
-        return SamplingPreset{.caption = QString::fromLatin1(caption), .samplesPerPoint = QString::fromLatin1(samples)};
-    };
-    if (glow) {
-        return {preset("5", "25"), preset("3", "55"), preset("2", "90"), preset("1", "200")};
-    }
-    return {preset("2", "10"), preset("1", "30"), preset("1/2", "100"), preset("1/4", "210")};
-}
 
 SettingsReader::SettingsReader(const Parts& parts)
     : p_(parts) {}
@@ -83,27 +51,25 @@ void SettingsReader::getprefs() {
         takeMemoryPointer(leadingNumber(QStringView(line).mid(2)));
         return;
     }
-    const auto* tagged = std::find_if(std::begin(reportFields), std::end(reportFields),
-                                      [&line](const auto& field) { return line.startsWith(QChar(field.tag)); });
-    if (tagged != std::end(reportFields)) {
+    const char16_t tag = line.isEmpty() ? u'\0' : line.front().unicode();
+    if (const auto* tagged = std::ranges::find(allSettings, tag, &Setting::letter); tagged != allSettings.end()) {
         prefsState = tagged->code;
         value = plainNumber(leadingNumber(QStringView(line).mid(1)));
     }
     // A line without a tag falls to the field before it, with an empty value, which counts as 0.
-    const auto* field = std::find_if(std::begin(reportFields), std::end(reportFields),
-                                     [this](const auto& candidate) { return prefsState == candidate.code; });
-    if (field == std::end(reportFields)) {
+    const auto* field = std::ranges::find(allSettings, prefsState, &Setting::code);
+    if (field == allSettings.end()) {
         return;
     }
-    if (field->flag != nullptr) {
+    change(p_.settings.record, [&](LoggerSettings& record) {
         const double number = leadingNumber(value);
-        if (number == 1.0 || number == 0.0) {
-            p_.settings.record.*(field->flag) = number == 1.0;
+        if (field->number != nullptr) {
+            record.*field->number = value;
+        } else if (number == 1.0 || number == 0.0) {
+            record.*field->flag = number == 1.0;
         }
-    } else {
-        p_.settings.record.*(field->number) = value;
-    }
-    p_.progress.value = field->progress;
+    });
+    p_.progress.value = progressStep * static_cast<int>(field - allSettings.begin() + 1);
 }
 
 void SettingsReader::takeMemoryPointer(double value) {
@@ -138,7 +104,7 @@ void SettingsReader::takeMemoryPointer(double value) {
 }
 
 void SettingsReader::selectSamplingOption() {
-    const QString samples = p_.settings.record.samplesPerPoint;
+    const QString samples = p_.settings.record.value().samplesPerPoint;
     int selected = 0;
     const auto select = [&selected, &samples](bool glow) {
         const auto presets = samplingPresets(glow);

@@ -22,13 +22,13 @@ public:
 
     explicit SettingsReader(const Parts& parts);
 
-    /// Takes the line in `Rtn`: a tag of one letter (S, M, G, A, L, W, T, D, Q, I) and its value, or "MP" and the
-    /// memory pointer, which ends the report, shows the settings screen and asks for the clock. A line without a tag
-    /// counts as an empty value of the field before. The 150th call of the program run gives the retrieval up.
-    /// Throws RuntimeError Overflow at call 32768.
+    /// Takes the line in `Rtn`: a setting's letter and its value, or "MP" and the memory pointer, which ends the
+    /// report, shows the settings screen and asks for the clock. A line without a tag counts as an empty value of the
+    /// field before. The 150th call of the program run gives the retrieval up. Throws RuntimeError Overflow at call
+    /// 32768.
     void getprefs();
 
-    /// 0 between reports, else the code of the last field: G 1, A 2, W 3, L 4, T 5, D 6, Q 7, I 8, S 9, M 10.
+    /// 0 between reports, else the code of the last field.
     int prefsState = 0;
 
 private:

@@ -15,7 +15,7 @@ namespace {
 
 struct FlagField {
     const char* tag;
-    QProperty<bool> LoggerSettings::*box;
+    bool LoggerSettings::*box;
     int progress;
     int code;
 };
@@ -28,7 +28,7 @@ const FlagField flagFields[] = {
 
 struct NumberField {
     const char* tag;
-    QProperty<QString> LoggerSettings::*box;
+    QString LoggerSettings::*box;
     int progress;
     int code;
 };
@@ -40,15 +40,24 @@ const NumberField numberFields[] = {
     {"I", &LoggerSettings::secondsBetweenPoints, 100, 8},
 };
 
+const LoggerSettings everySet{true,
+                              true,
+                              true,
+                              true,
+                              true,
+                              true,
+                              QStringLiteral("5"),
+                              QStringLiteral("5"),
+                              QStringLiteral("5"),
+                              QStringLiteral("5")};
+
 TEST_F(GetPrefsTest, OneTicksTheFlagsBoxAndNothingElse) {
     for (const FlagField& field : flagFields) {
         SCOPED_TRACE(field.tag);
-        for (const FlagField& each : flagFields) {
-            record().*each.box = false;
-        }
+        settings.record = LoggerSettings();
         take(qPrintable(QString::fromLatin1(field.tag) + u'1'));
         for (const FlagField& each : flagFields) {
-            EXPECT_EQ((record().*each.box).value(), each.tag == field.tag) << each.tag;
+            EXPECT_EQ(record().*each.box, each.tag == field.tag) << each.tag;
         }
         EXPECT_EQ(progress.value.value(), field.progress);
         EXPECT_EQ(reader.prefsState, field.code);
@@ -58,12 +67,10 @@ TEST_F(GetPrefsTest, OneTicksTheFlagsBoxAndNothingElse) {
 TEST_F(GetPrefsTest, ZeroClearsTheFlagsBoxAndNothingElse) {
     for (const FlagField& field : flagFields) {
         SCOPED_TRACE(field.tag);
-        for (const FlagField& each : flagFields) {
-            record().*each.box = true;
-        }
+        settings.record = everySet;
         take(qPrintable(QString::fromLatin1(field.tag) + u'0'));
         for (const FlagField& each : flagFields) {
-            EXPECT_EQ((record().*each.box).value(), each.tag != field.tag) << each.tag;
+            EXPECT_EQ(record().*each.box, each.tag != field.tag) << each.tag;
         }
         EXPECT_EQ(progress.value.value(), field.progress);
     }
@@ -74,10 +81,10 @@ TEST_F(GetPrefsTest, AnyOtherFlagValueLeavesTheBoxButMovesTheBar) {
         for (const bool before : {false, true}) {
             for (const char* value : {"2", "-1", "0.5", "10", "1.5"}) {
                 SCOPED_TRACE(std::string(field.tag) + value);
-                record().*field.box = before;
+                change(settings.record, [&](LoggerSettings& record) { record.*field.box = before; });
                 progress.value = 0;
                 take((std::string(field.tag) + value).c_str());
-                EXPECT_EQ((record().*field.box).value(), before);
+                EXPECT_EQ(record().*field.box, before);
                 EXPECT_EQ(progress.value.value(), field.progress);
             }
         }
@@ -91,9 +98,9 @@ TEST_F(GetPrefsTest, FlagValuesAreReadAsLeadingNumbers) {
     } cases[] = {{"S 1", true},  {"S01", true}, {"S1.0", true}, {"S1on", true},
                  {"Son", false}, {"S", false},  {"S-", false}};
     for (const auto& each : cases) {
-        record().autoStart = !each.ticked;
+        settings.record = LoggerSettings{.autoStart = !each.ticked};
         take(each.line);
-        EXPECT_EQ(record().autoStart.value(), each.ticked) << each.line;
+        EXPECT_EQ(record().autoStart, each.ticked) << each.line;
     }
 }
 
@@ -106,9 +113,9 @@ TEST_F(GetPrefsTest, NumbersGoIntoTheirBoxesAsPlainText) {
     for (const NumberField& field : numberFields) {
         for (const auto& each : values) {
             SCOPED_TRACE(std::string(field.tag) + each.value);
-            record().*field.box = QStringLiteral("before");
+            change(settings.record, [&](LoggerSettings& record) { record.*field.box = QStringLiteral("before"); });
             take((std::string(field.tag) + each.value).c_str());
-            EXPECT_EQ((record().*field.box).value(), QString::fromLatin1(each.text));
+            EXPECT_EQ(record().*field.box, QString::fromLatin1(each.text));
             EXPECT_EQ(progress.value.value(), field.progress);
             EXPECT_EQ(reader.prefsState, field.code);
         }
@@ -122,7 +129,7 @@ TEST_F(GetPrefsTest, LineWithoutTagClearsTheFlagBefore) {
             take((std::string(field.tag) + "1").c_str());
             progress.value = 0;
             take(line);
-            EXPECT_FALSE((record().*field.box).value());
+            EXPECT_FALSE(record().*field.box);
             EXPECT_EQ(progress.value.value(), field.progress);
             EXPECT_EQ(reader.prefsState, field.code);
         }
@@ -135,27 +142,17 @@ TEST_F(GetPrefsTest, LineWithoutTagEmptiesTheNumberBefore) {
         take((std::string(field.tag) + "12").c_str());
         progress.value = 0;
         take("noise 99");
-        EXPECT_EQ((record().*field.box).value(), QString());
+        EXPECT_EQ(record().*field.box, QString());
         EXPECT_EQ(progress.value.value(), field.progress);
         EXPECT_EQ(reader.prefsState, field.code);
     }
 }
 
 TEST_F(GetPrefsTest, LineWithoutTagAheadOfTheFirstFieldChangesNoField) {
-    for (const FlagField& each : flagFields) {
-        record().*each.box = true;
-    }
-    for (const NumberField& each : numberFields) {
-        record().*each.box = QStringLiteral("5");
-    }
+    settings.record = everySet;
     progress.value = 40;
     take(">P");
-    for (const FlagField& each : flagFields) {
-        EXPECT_TRUE((record().*each.box).value()) << each.tag;
-    }
-    for (const NumberField& each : numberFields) {
-        EXPECT_EQ((record().*each.box).value(), QStringLiteral("5")) << each.tag;
-    }
+    EXPECT_EQ(record(), everySet);
     EXPECT_EQ(reader.prefsState, 0);
     EXPECT_EQ(progress.value.value(), 0);
     EXPECT_EQ(session.status.status.value(), QStringLiteral("Loading Properties"));
@@ -197,10 +194,10 @@ TEST_F(GetPrefsTest, WholeReportFillsTheRecord) {
     EXPECT_TRUE(record().logEnabled);
     EXPECT_FALSE(record().wakeUp);
     EXPECT_TRUE(record().append);
-    EXPECT_EQ(record().samplesPerPoint.value(), QStringLiteral("30"));
-    EXPECT_EQ(record().hoursBeforeBlock.value(), QStringLiteral("24"));
-    EXPECT_EQ(record().pointsPerBlock.value(), QStringLiteral("100"));
-    EXPECT_EQ(record().secondsBetweenPoints.value(), QStringLiteral("5"));
+    EXPECT_EQ(record().samplesPerPoint, QStringLiteral("30"));
+    EXPECT_EQ(record().hoursBeforeBlock, QStringLiteral("24"));
+    EXPECT_EQ(record().pointsPerBlock, QStringLiteral("100"));
+    EXPECT_EQ(record().secondsBetweenPoints, QStringLiteral("5"));
     EXPECT_EQ(settings.memoryPointer.value(), QStringLiteral("32762"));
     EXPECT_EQ(settings.capacity.value(), QStringLiteral("50"));
     EXPECT_EQ(settings.samplingOption.value(), 2);
@@ -249,9 +246,9 @@ TEST_F(GetPrefsTest, The151stCallGoesOnInTheMiddleOfTheReport) {
     take("D24");
     ASSERT_EQ(actions.resets, 1);
     take("noise");
-    EXPECT_EQ(record().samplesPerPoint.value(), QString()) << "the field before the time-out is still the last one";
+    EXPECT_EQ(record().samplesPerPoint, QString()) << "the field before the time-out is still the last one";
     take("D25");
-    EXPECT_EQ(record().hoursBeforeBlock.value(), QStringLiteral("25"));
+    EXPECT_EQ(record().hoursBeforeBlock, QStringLiteral("25"));
     EXPECT_FALSE(manual.shown.visible);
     EXPECT_EQ(actions.resets, 1);
     EXPECT_EQ(session.state.Timeout, 152);
@@ -299,7 +296,7 @@ TEST_F(GetPrefsTest, CallBeyondTheCountersRangeOverflowsWithNothingRead) {
     session.state.Timeout = std::numeric_limits<qint16>::max() - 1;
     take("T30");
     EXPECT_EQ(session.state.Timeout, std::numeric_limits<qint16>::max());
-    EXPECT_EQ(record().samplesPerPoint.value(), QStringLiteral("30"));
+    EXPECT_EQ(record().samplesPerPoint, QStringLiteral("30"));
     try {
         take("T40");
         FAIL() << "no overflow";
@@ -307,7 +304,7 @@ TEST_F(GetPrefsTest, CallBeyondTheCountersRangeOverflowsWithNothingRead) {
         EXPECT_EQ(error.kind(), RuntimeError::Kind::Overflow);
     }
     EXPECT_EQ(session.state.Timeout, std::numeric_limits<qint16>::max());
-    EXPECT_EQ(record().samplesPerPoint.value(), QStringLiteral("30"));
+    EXPECT_EQ(record().samplesPerPoint, QStringLiteral("30"));
     EXPECT_EQ(actions.resets, 0);
 }
 

@@ -175,9 +175,8 @@ PromptOutcome ClockSetter::sendDigits(const QString& digits) {
 
 QString controlBits(const LoggerSettings& record) {
     QString bits;
-    for (const bool flag : {record.autoStart.value(), record.gain.value(), record.auxAdc.value(),
-                            record.logEnabled.value(), record.wakeUp.value(), record.append.value()}) {
-        bits += QLatin1Char(flag ? '1' : '0');
+    for (const Setting& setting : flagSettings) {
+        bits += QLatin1Char(record.*setting.flag ? '1' : '0');
     }
     return bits;
 }
@@ -207,40 +206,27 @@ SettingsSender::Outcome SettingsSender::setprefs() {
 }
 
 PromptOutcome SettingsSender::talk() {
-    const LoggerSettings& record = p_.settings.record;
-    PromptOutcome outcome = sendItem(QStringLiteral("B"));
-    if (outcome == PromptOutcome::Came) {
-        outcome = sendItem(controlBits(record));
+    const LoggerSettings record = p_.settings.record;
+    PromptOutcome outcome = PromptOutcome::Came;
+    const auto item = [this, &outcome](const QString& text, const QByteArray& terminator = {}) {
+        dialogue_.send(text, terminator);
+        outcome = dialogue_.waitprompt();
+        return outcome == PromptOutcome::Came;
+    };
+    if (!item(QStringLiteral("B")) || !item(controlBits(record))) {
+        return outcome;
     }
-    if (outcome == PromptOutcome::Came) {
-        outcome = sendNumber(QStringLiteral("T"), record.samplesPerPoint);
-    }
-    if (outcome == PromptOutcome::Came) {
-        outcome = sendNumber(QStringLiteral("D"), record.hoursBeforeBlock);
-    }
-    if (outcome == PromptOutcome::Came) {
-        outcome = sendNumber(QStringLiteral("Q"), record.pointsPerBlock);
-    }
-    if (outcome == PromptOutcome::Came) {
-        outcome = sendNumber(QStringLiteral("I"), record.secondsBetweenPoints);
+    for (const Setting& setting : numberSettings) {
+        if (!item(QChar(setting.letter)) || !item(record.*setting.number, "\r")) {
+            return outcome;
+        }
     }
     // During a shutter reset the settings are sent only for a while; the clock is none of its business.
-    if (outcome == PromptOutcome::Came && p_.settings.syncTimeDate &&
-        p_.session.state.Ctrlscrn != Operation::ShutterReset) {
+    if (p_.settings.syncTimeDate && p_.session.state.Ctrlscrn != Operation::ShutterReset) {
         p_.session.commands.activity = Activity::SettingClock;
         outcome = clock_.setclock();
     }
     return outcome;
-}
-
-PromptOutcome SettingsSender::sendItem(const QString& item, const QByteArray& terminator) {
-    dialogue_.send(item, terminator);
-    return dialogue_.waitprompt();
-}
-
-PromptOutcome SettingsSender::sendNumber(const QString& command, const QProperty<QString>& value) {
-    const PromptOutcome outcome = sendItem(command);
-    return outcome == PromptOutcome::Came ? sendItem(value, "\r") : outcome;
 }
 
 SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {
@@ -296,7 +282,8 @@ void SettingsCommands::applySettings() {
         return;
     }
     // The instrument cannot log a block without end.
-    if (leadingNumber(settings_.record.pointsPerBlock.value()) == 0.0 && settings_.record.logEnabled) {
+    const LoggerSettings& record = settings_.record.value();
+    if (leadingNumber(record.pointsPerBlock) == 0.0 && record.logEnabled) {
         session_.messages.show(operatorWarning(QStringLiteral("Logging and Continues Sampling invalid."),
                                                QStringLiteral("Invalid Setup")));
         return;
@@ -317,7 +304,9 @@ void SettingsCommands::displayLoggerTime() {
 
 void SettingsCommands::chooseSamplingOption(int option) {
     const bool glow = session_.status.instrument.value() == InstrumentType::Glow;
-    settings_.record.samplesPerPoint = samplingPresets(glow).at(static_cast<std::size_t>(option - 1)).samplesPerPoint;
+    change(settings_.record, [&](LoggerSettings& record) {
+        record.samplesPerPoint = samplingPresets(glow).at(static_cast<std::size_t>(option - 1)).samplesPerPoint;
+    });
     settings_.samplingOption = option;
 }
 

@@ -132,16 +132,13 @@ public:
 private:
     Outcome ended(PromptOutcome outcome);
     PromptOutcome talk();
-    PromptOutcome sendItem(const QString& item, const QByteArray& terminator = {});
-    PromptOutcome sendNumber(const QString& command, const QProperty<QString>& value);
 
     Parts p_;
     PromptDialogue dialogue_;
     ClockSetter clock_;
 };
 
-/// The six flags as the instrument takes them, "0" or "1" each: auto start, gain, aux ADC, log enabled, wake up,
-/// append.
+/// The six flags as the instrument takes them, "0" or "1" each.
 QString controlBits(const LoggerSettings& record);
 
 /// The actions of the settings screen that concern the instrument. Those that need it do nothing, without a word,

@@ -146,25 +146,22 @@ protected:
                            .progress = progress}};
 };
 
-const Mode sentMode{.samplesPerPoint = QStringLiteral("100"),
-                    .hoursBeforeBlock = QStringLiteral("12"),
-                    .pointsPerBlock = QStringLiteral("500"),
-                    .secondsBetweenPoints = QStringLiteral("60"),
-                    .logEnabled = true,
-                    .wakeUp = false,
-                    .auxAdc = true,
-                    .gain = false,
-                    .append = false,
-                    .autoStart = true};
+const LoggerSettings sentMode{.autoStart = true,
+                              .auxAdc = true,
+                              .logEnabled = true,
+                              .samplesPerPoint = QStringLiteral("100"),
+                              .hoursBeforeBlock = QStringLiteral("12"),
+                              .pointsPerBlock = QStringLiteral("500"),
+                              .secondsBetweenPoints = QStringLiteral("60")};
 
 TEST_F(SendingPtyTest, TheInstrumentReportsWhatItWasSent) {
     connect("sim:trx");
-    sentMode.putInto(settings.record);
+    settings.record = sentMode;
     ASSERT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
     EXPECT_EQ(allWritten(), "B101100T100\rD12\rQ500\rI60\rP");
-    Mode{}.putInto(settings.record);
+    settings.record = LoggerSettings();
     tickFor(300);
-    EXPECT_EQ(Mode::of(settings.record), sentMode);
+    EXPECT_EQ(settings.record.value(), sentMode);
     EXPECT_EQ(settings.samplingOption.value(), 3);
     EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_TRUE(messages.shown.empty());
@@ -172,7 +169,7 @@ TEST_F(SendingPtyTest, TheInstrumentReportsWhatItWasSent) {
 
 TEST_F(SendingPtyTest, TheClockIsSetAndTheSecondReportDoesNoHarm) {
     connect("sim:trx");
-    sentMode.putInto(settings.record);
+    settings.record = sentMode;
     settings.syncTimeDate = true;
     events.tick = [this] { server->serve(0); };
     ASSERT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
@@ -184,9 +181,9 @@ TEST_F(SendingPtyTest, TheClockIsSetAndTheSecondReportDoesNoHarm) {
         EXPECT_GE(gap, 195) << digit;
         EXPECT_LE(gap, digit == first || digit == first + 6 ? 300 : 205) << digit; // a prompt comes before two of them
     }
-    Mode{}.putInto(settings.record);
+    settings.record = LoggerSettings();
     tickFor(1000);
-    EXPECT_EQ(Mode::of(settings.record), sentMode);
+    EXPECT_EQ(settings.record.value(), sentMode);
     EXPECT_EQ(settings.loggerDate.value(), QStringLiteral("1/5/99"));
     EXPECT_TRUE(settings.loggerTime.value().startsWith(QStringLiteral("9:30:")));
     EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
@@ -197,7 +194,7 @@ TEST_F(SendingPtyTest, TheClockIsSetAndTheSecondReportDoesNoHarm) {
 
 TEST_F(SendingPtyTest, AnInstrumentThatGoesDeadIsGivenUp) {
     connect("sim:trx?fault=cut&after=20ms");
-    settings.record.samplesPerPoint = QStringLiteral("100");
+    change(settings.record, [](LoggerSettings& record) { record.samplesPerPoint = QStringLiteral("100"); });
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
     EXPECT_FALSE(allWritten().contains('P'));
     ASSERT_EQ(messages.shown.size(), 1U);

@@ -171,29 +171,24 @@ TEST_F(SetPrefsTest, StandsStillAndAdvancesTheBarByTenAPrompt) {
 }
 
 TEST_F(SetPrefsTest, BuildsTheControlBitsInTheInstrumentsOrder) {
-    LoggerSettings& record = settings.record;
-    QProperty<bool>* const order[] = {&record.autoStart,  &record.gain,   &record.auxAdc,
-                                      &record.logEnabled, &record.wakeUp, &record.append};
-    for (std::size_t ticked = 0; ticked < 6; ++ticked) {
-        for (QProperty<bool>* flag : order) {
-            *flag = flag == order[ticked];
-        }
-        QString expected(6, QLatin1Char('0'));
-        expected[static_cast<qsizetype>(ticked)] = QLatin1Char('1');
-        EXPECT_EQ(controlBits(record), expected);
+    const std::pair<LoggerSettings, const char*> table[] = {
+        {{.autoStart = true}, "100000"},  {{.gain = true}, "010000"},   {{.auxAdc = true}, "001000"},
+        {{.logEnabled = true}, "000100"}, {{.wakeUp = true}, "000010"}, {{.append = true}, "000001"}};
+    for (const auto& [record, bits] : table) {
+        EXPECT_EQ(controlBits(record).toStdString(), bits);
     }
-    for (QProperty<bool>* flag : order) {
-        *flag = true;
-    }
+    settings.record = {true, true, true, true, true, true, {}, {}, {}, {}};
     sender.setprefs();
     EXPECT_EQ(writes.at(1).bytes, "111111");
 }
 
 TEST_F(SetPrefsTest, SendsTextsAsTypedAndAnEmptyBoxAsABareReturn) {
-    settings.record.samplesPerPoint = QString();
-    settings.record.hoursBeforeBlock = QStringLiteral("007");
-    settings.record.pointsPerBlock = QStringLiteral("99999");
-    settings.record.secondsBetweenPoints = QStringLiteral(" 1.5");
+    change(settings.record, [](LoggerSettings& record) {
+        record.samplesPerPoint = QString();
+        record.hoursBeforeBlock = QStringLiteral("007");
+        record.pointsPerBlock = QStringLiteral("99999");
+        record.secondsBetweenPoints = QStringLiteral(" 1.5");
+    });
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
     EXPECT_EQ(writes.at(3).bytes, "\r");
     EXPECT_EQ(writes.at(5).bytes, "007\r");
@@ -216,7 +211,7 @@ TEST_F(SetPrefsTest, GivesUpOnASilentInstrumentAfterOneItem) {
     EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
     EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_EQ(session.commands.activity.value(), Activity::None);
-    EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("30"));
+    EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("30"));
     EXPECT_EQ(instrument->discards, 0);
 }
 
@@ -314,7 +309,7 @@ TEST_F(SetPrefsTest, LeavesTheTimerStillWhenTheProgramEnds) {
 }
 
 TEST_F(SetPrefsTest, ListsEveryItemAndAnswerWhileRawCountsAreProvided) {
-    settings.record.hoursBeforeBlock = QString();
+    change(settings.record, [](LoggerSettings& record) { record.hoursBeforeBlock = QString(); });
     int selections = 0;
     const auto counting = debug.list.lastSelected.subscribe([&selections] { ++selections; });
     sender.setprefs();

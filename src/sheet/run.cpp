@@ -41,7 +41,7 @@ Run::Run(const Parts& parts)
 void Run::run1() {
     p_.ports.debugsay(QStringLiteral("Run 1"));
     // The prompt that ends a block of one point may come together with its only line.
-    if (leadingNumber(p_.settings.record.pointsPerBlock.value()) == 1.0) {
+    if (leadingNumber(p_.settings.record.value().pointsPerBlock) == 1.0) {
         p_.session.state.gatherstart = 1;
     }
     startRunningProfile();

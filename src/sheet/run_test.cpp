@@ -15,7 +15,8 @@ class CollectionTest : public SheetTest {
 protected:
     void startGlow(const char* pointsPerBlock = "0") {
         identify("F", "512");
-        settings.record.pointsPerBlock = QString::fromLatin1(pointsPerBlock);
+        change(settings.record,
+               [&](LoggerSettings& record) { record.pointsPerBlock = QString::fromLatin1(pointsPerBlock); });
         commands.runEnabled = true;
         collection.run1();
     }

@@ -53,7 +53,7 @@ protected:
         reader.getprefs();
     }
 
-    LoggerSettings& record() { return settings.record; }
+    LoggerSettings record() const { return settings.record; }
 
     FakePort* instrument = nullptr;
     FakePort* debugPort = nullptr;

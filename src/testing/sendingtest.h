@@ -33,10 +33,12 @@ protected:
         session.state.Vartemp = QStringLiteral("V");
         session.status.instrument = InstrumentType::Trx;
         session.status.status = QStringLiteral("before");
-        settings.record.samplesPerPoint = QStringLiteral("30");
-        settings.record.hoursBeforeBlock = QStringLiteral("24");
-        settings.record.pointsPerBlock = QStringLiteral("60000");
-        settings.record.secondsBetweenPoints = QStringLiteral("3600");
+        change(settings.record, [](LoggerSettings& record) {
+            record.samplesPerPoint = QStringLiteral("30");
+            record.hoursBeforeBlock = QStringLiteral("24");
+            record.pointsPerBlock = QStringLiteral("60000");
+            record.secondsBetweenPoints = QStringLiteral("3600");
+        });
         settings.computerDate = QStringLiteral("1/5/99");
         sender.showMainWindow = [this] { shownAfter = messages.shown.size(); };
     }

@@ -126,7 +126,7 @@ public:
 
     QByteArray written() const { return port->writes.join(); }
 
-    ShutterSettings shown() const { return ShutterSettings::shown(settings.record); }
+    LoggerSettings shown() const { return settings.record; }
 
     /// What the instrument reports when asked now.
     QByteArray report() {
@@ -149,9 +149,14 @@ public:
     void layOutHeaderRow() override {}
     void closeRecordFile() override {}
 
-    static ShutterSettings original() {
-        return {.flags = {true, true, true, false, false, false},
-                .numbers = {QStringLiteral("30"), QStringLiteral("100"), QStringLiteral("5"), QStringLiteral("2")}};
+    static LoggerSettings original() {
+        return {.logEnabled = true,
+                .wakeUp = true,
+                .append = true,
+                .samplesPerPoint = QStringLiteral("30"),
+                .hoursBeforeBlock = QStringLiteral("2"),
+                .pointsPerBlock = QStringLiteral("100"),
+                .secondsBetweenPoints = QStringLiteral("5")};
     }
 
     TestClock clock;

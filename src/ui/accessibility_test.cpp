@@ -105,7 +105,7 @@ TEST_F(AccessibilityTest, EveryTabOfTheSettings) {
                 << "on the tab " << tab << " for " << instrumentName(type).toStdString();
         }
     }
-    program.settings.record.pointsPerBlock = QStringLiteral("99999");
+    change(program.settings.record, [](LoggerSettings& record) { record.pointsPerBlock = QStringLiteral("99999"); });
     program.settings.modeRemark = QStringLiteral("Saved as a.OCM.");
     SettingsWindow& settings = openSettings();
     for (const char* tab : {"Sampling", "Modes"}) {

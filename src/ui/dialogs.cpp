@@ -147,9 +147,8 @@ constexpr int sideMargin = 16;
 
 } // namespace
 
-PlainEnglishWindow::PlainEnglishWindow(const LoggerSettings& record, QWidget* parent)
+PlainEnglishWindow::PlainEnglishWindow(QWidget* parent)
     : QWidget(parent, Qt::Window)
-    , record_(record)
     , area_(new QScrollArea) {
     setObjectName(QStringLiteral("PlainEnglish"));
     setWindowTitle(QStringLiteral("In Plain English"));
@@ -164,8 +163,8 @@ PlainEnglishWindow::PlainEnglishWindow(const LoggerSettings& record, QWidget* pa
     layout->addLayout(buttons);
 }
 
-void PlainEnglishWindow::open() {
-    QWidget* text = makeText();
+void PlainEnglishWindow::open(const LoggerSettings& record) {
+    QWidget* text = makeText(record);
     area_->setWidget(text); // the former one goes
     const QSize room = screen()->availableSize() * 3 / 4;
     area_->setMinimumHeight(std::min(text->height(), room.height()));
@@ -175,8 +174,8 @@ void PlainEnglishWindow::open() {
     activateWindow();
 }
 
-QWidget* PlainEnglishWindow::makeText() const {
-    const PlainEnglish english = inPlainEnglish(record_);
+QWidget* PlainEnglishWindow::makeText(const LoggerSettings& record) const {
+    const PlainEnglish english = inPlainEnglish(record);
     auto* text = new QWidget;
     const int height = fontMetrics().height() + 4;
     const int step = std::max(lineStep, height);

@@ -43,19 +43,17 @@ private:
     Bindings bindings_;
 };
 
-/// The screen "In Plain English": what the instrument will do under the settings on the settings screen, as they were
-/// when the screen was opened.
+/// The screen "In Plain English": what the instrument will do under the settings with which it was opened.
 class PlainEnglishWindow final : public QWidget {
 public:
-    explicit PlainEnglishWindow(const LoggerSettings& record, QWidget* parent = nullptr);
+    explicit PlainEnglishWindow(QWidget* parent = nullptr);
 
-    /// Describes the present settings and shows the screen.
-    void open();
+    /// Describes the settings and shows the screen.
+    void open(const LoggerSettings& record);
 
 private:
-    QWidget* makeText() const;
+    QWidget* makeText(const LoggerSettings& record) const;
 
-    const LoggerSettings& record_;
     QScrollArea* area_;
 };
 

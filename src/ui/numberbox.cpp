@@ -66,12 +66,14 @@ NumberBox::NumberBox(const QString& allowed, int maximumLength) {
 
 void NumberBox::follow(QProperty<QString>& text) {
     connect(this, &QLineEdit::textEdited, this, [&text](const QString& typed) { text = typed; });
-    bindings_.bind(text, [this](const QString& shown) {
-        if (this->text() != shown) {
-            standing_ = shown; // so that the box takes it
-            setText(shown);
-        }
-    });
+    bindings_.bind(text, [this](const QString& shown) { draw(shown); });
+}
+
+void NumberBox::draw(const QString& shown) {
+    if (text() != shown) {
+        standing_ = shown; // so that the box takes it
+        setText(shown);
+    }
 }
 
 void NumberBox::markOver(int maximum, const std::function<void(const QString&)>& remark) {

@@ -22,6 +22,15 @@ public:
     /// Shows the property and writes into it what is typed.
     void follow(QProperty<QString>& text);
 
+    /// The same for one text of a value.
+    template <typename Value>
+    void follow(QProperty<Value>& value, QString Value::*text) {
+        connect(this, &QLineEdit::textEdited, this, [&value, text](const QString& typed) {
+            change(value, [text, &typed](Value& changed) { changed.*text = typed; });
+        });
+        bindings_.bind(value, [this, text](const Value& now) { draw(now.*text); });
+    }
+
     /// A number over `maximum` is marked when the box is left, or at once when the program sets it; the mark goes as
     /// soon as the number is in range. `remark` is called with what to tell the operator, empty when the mark goes.
     void markOver(int maximum, const std::function<void(const QString&)>& remark);
@@ -33,6 +42,7 @@ protected:
 
 private:
     NumberBox(const QString& allowed, int maximumLength);
+    void draw(const QString& shown);
     bool isOver() const;
     void setMarked(bool marked);
 

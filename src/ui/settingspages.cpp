@@ -24,31 +24,6 @@ constexpr int maximumOfFiveDigits = 65535;
 constexpr int capacityRow = 4;
 constexpr int firstRemarkRow = 5;
 
-struct NumberField {
-    const char* name;
-    const char* caption;
-    int digits;
-    const char* toolTip;
-    QProperty<QString> LoggerSettings::*value;
-};
-
-// In the order of the rows. The boxes' numbers follow another order: hours, samples, seconds, points.
-constexpr NumberField fields[] = {
-    {"Text2", "Samples Per &Second", 3,
-     "This tells the logger to grab X number of samples and average then to determine one data point.",
-     &LoggerSettings::samplesPerPoint},
-    {"Text1", "Delay &Before Data Blocks (hours)", 3,
-     "This is the amount of time in hours that the logger will wait before collecting a data block. For example: A "
-     "value of 24 is 1 data block per 24 hours.",
-     &LoggerSettings::hoursBeforeBlock},
-    {"Text4", "&Number of Data Points per Data Block", 5, "", &LoggerSettings::pointsPerBlock},
-    {"Text3", "Delay Between Data &Points (Seconds)", 5, "", &LoggerSettings::secondsBetweenPoints},
-};
-
-QString withoutMnemonic(const char* caption) {
-    return QString::fromLatin1(caption).remove(QLatin1Char('&'));
-}
-
 /// The access key of a rate is its last digit, of "1/2" the stroke: "2" has it already.
 QString withKey(QString caption) {
     const bool half = caption == QLatin1String("1/2");
@@ -69,15 +44,15 @@ SamplesPage::SamplesPage(Session& session, SettingsState& shown, SettingsCommand
     layout->setRowStretch(layout->rowCount(), 1);
 }
 
-void SamplesPage::addNumbers(QGridLayout* layout, LoggerSettings& record, QWidget* options) {
+void SamplesPage::addNumbers(QGridLayout* layout, QProperty<LoggerSettings>& record, QWidget* options) {
     int row = 0;
-    for (const NumberField& field : fields) {
-        NumberBox* box = NumberBox::forDigits(field.digits);
-        box->setObjectName(QString::fromLatin1(field.name));
-        box->setToolTip(QString::fromLatin1(field.toolTip));
-        box->setAccessibleName(withoutMnemonic(field.caption));
-        box->follow(record.*field.value);
-        layout->addWidget(makeCaption(QString::fromLatin1(field.caption), box), row, 0);
+    for (const Setting& setting : numberSettings) {
+        NumberBox* box = NumberBox::forDigits(setting.digits);
+        box->setObjectName(QString::fromLatin1(setting.control));
+        box->setToolTip(QString::fromLatin1(setting.toolTip));
+        box->setAccessibleName(setting.plainCaption());
+        box->follow(record, setting.number);
+        layout->addWidget(makeCaption(QString::fromLatin1(setting.caption), box), row, 0);
         layout->addWidget(box, row, 1);
         if (row == 0) {
             layout->addWidget(options, row, 2);
@@ -161,43 +136,20 @@ void SamplesPage::select(int option) {
     group->setExclusive(true);
 }
 
-namespace {
-
-struct Flag {
-    const char* caption;
-    const char* name;
-    const char* toolTip;
-    QProperty<bool> LoggerSettings::*value;
-};
-
-constexpr Flag flags[] = {
-    {"Auto &Start", "AutoStart", "Auto Start: This tells the logger to start collecting data at power up.",
-     &LoggerSettings::autoStart},
-    {"App&end", "Append",
-     "Append: This tells the logger to add new data blocks to the end of memory. If this is not set, all pervious data "
-     "blocks will be erased.",
-     &LoggerSettings::append},
-    {"&Log Enabled", "LogEnabled", "Log Enabled: This tells the logger to record data in memory",
-     &LoggerSettings::logEnabled},
-    {"&Wake Up", "WakeUp",
-     "Wake Up: This tells the logger to sleep after gathering a data block or stay ready to accept a command.",
-     &LoggerSettings::wakeUp},
-    {"Aux A&DC", "AuxAdc", "Function not available", &LoggerSettings::auxAdc},
-    {"&Gain", "Gain", "Function not available", &LoggerSettings::gain},
-};
-
-} // namespace
-
 ControlBitsPage::ControlBitsPage(SettingsState& shown)
     : QGroupBox(QStringLiteral("Control Bits")) {
     setObjectName(QStringLiteral("ControlBitsFrame"));
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
-    for (const Flag& flag : flags) {
-        auto* box = new QCheckBox(QString::fromLatin1(flag.caption));
-        box->setObjectName(QString::fromLatin1(flag.name));
-        box->setToolTip(QString::fromLatin1(flag.toolTip));
-        bindChecked(bindings_, box, shown.record.*flag.value);
+    for (const Setting* setting : settingsInOrder("SMLWAG")) {
+        auto* box = new QCheckBox(QString::fromLatin1(setting->caption));
+        box->setObjectName(QString::fromLatin1(setting->control));
+        box->setToolTip(QString::fromLatin1(setting->toolTip));
+        bindings_.bind(shown.record,
+                       [box, flag = setting->flag](const LoggerSettings& now) { box->setChecked(now.*flag); });
+        connect(box, &QAbstractButton::clicked, this, [&record = shown.record, flag = setting->flag](bool on) {
+            change(record, [flag, on](LoggerSettings& changed) { changed.*flag = on; });
+        });
         layout->addWidget(box, 0, Qt::AlignLeft);
     }
     layout->addStretch(1);
@@ -209,9 +161,9 @@ ControlBitsPage::ControlBitsPage(SettingsState& shown)
     row->addWidget(lamp);
     row->addWidget(words, 1);
     layout->addLayout(row);
-    bindings_.bind(shown.lamp, [lamp, words](Lamp shown) {
-        lamp->show(shown);
-        words->setText(lampText(shown));
+    bindings_.bind(shown.lamp, [lamp, words](Lamp now) {
+        lamp->show(now);
+        words->setText(lampText(now));
     });
 }
 

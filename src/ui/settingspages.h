@@ -21,7 +21,7 @@ public:
     SamplesPage(Session& session, SettingsState& shown, SettingsCommands& commands);
 
 private:
-    void addNumbers(QGridLayout* layout, LoggerSettings& record, QWidget* options);
+    void addNumbers(QGridLayout* layout, QProperty<LoggerSettings>& record, QWidget* options);
     static std::function<void(const QString&)> makeRemark(QGridLayout* layout, const NumberBox& box);
     void addCapacity(QGridLayout* layout, SettingsState& shown);
     QWidget* makeOptions(Session& session, SettingsState& shown, SettingsCommands& commands);

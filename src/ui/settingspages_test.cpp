@@ -88,29 +88,62 @@ TEST_F(SettingsPagesTest, ClocksAreShown) {
 }
 
 TEST_F(SettingsPagesTest, CheckBoxesAreTheRecord) {
-    const std::pair<const char*, QProperty<bool>*> table[] = {
-        {"AutoStart", &settings.record.autoStart},   {"Append", &settings.record.append},
-        {"LogEnabled", &settings.record.logEnabled}, {"WakeUp", &settings.record.wakeUp},
-        {"AuxAdc", &settings.record.auxAdc},         {"Gain", &settings.record.gain},
-        {"SyncTimeDate", &settings.syncTimeDate},
+    const std::pair<const char*, bool LoggerSettings::*> table[] = {
+        {"AutoStart", &LoggerSettings::autoStart},   {"Append", &LoggerSettings::append},
+        {"LogEnabled", &LoggerSettings::logEnabled}, {"WakeUp", &LoggerSettings::wakeUp},
+        {"AuxAdc", &LoggerSettings::auxAdc},         {"Gain", &LoggerSettings::gain},
     };
+    const LoggerSettings before = settings.record;
     for (const auto& [name, flag] : table) {
+        LoggerSettings ticked = before;
+        ticked.*flag = true;
         auto& box = find<QCheckBox>(name);
-        *flag = true;
+        settings.record = ticked;
         EXPECT_TRUE(box.isChecked()) << name;
         box.click();
-        EXPECT_FALSE(flag->value()) << name;
+        EXPECT_EQ(settings.record.value(), before) << name;
         box.click();
-        EXPECT_TRUE(flag->value()) << name;
-        *flag = false;
+        EXPECT_EQ(settings.record.value(), ticked) << name;
+        settings.record = before;
         EXPECT_FALSE(box.isChecked()) << name;
+    }
+    auto& sync = find<QCheckBox>("SyncTimeDate");
+    settings.syncTimeDate = true;
+    EXPECT_TRUE(sync.isChecked());
+    sync.click();
+    EXPECT_FALSE(settings.syncTimeDate.value());
+}
+
+TEST_F(SettingsPagesTest, NumberBoxesAreTheRecord) {
+    const std::pair<const char*, QString LoggerSettings::*> table[] = {
+        {"Text1", &LoggerSettings::hoursBeforeBlock},
+        {"Text2", &LoggerSettings::samplesPerPoint},
+        {"Text3", &LoggerSettings::secondsBetweenPoints},
+        {"Text4", &LoggerSettings::pointsPerBlock},
+    };
+    for (const auto& [name, number] : table) {
+        LoggerSettings expected = settings.record;
+        expected.*number = QStringLiteral("12");
+        settings.record = expected;
+        auto& box = find<QLineEdit>(name);
+        EXPECT_EQ(box.text(), QStringLiteral("12")) << name;
+        press(box, Qt::Key_Backspace);
+        type(box, "7");
+        expected.*number = QStringLiteral("17");
+        EXPECT_EQ(settings.record.value(), expected) << name;
     }
 }
 
-TEST_F(SettingsPagesTest, TextBoxesAreTheRecord) {
+TEST_F(SettingsPagesTest, ABoxKeepsItsSelectionWhenAnotherSettingChanges) {
+    auto& box = find<QLineEdit>("Text4");
+    box.setSelection(0, 2);
+    find<QCheckBox>("Gain").click();
+    type(find<QLineEdit>("Text1"), "1");
+    EXPECT_EQ(box.selectedText().toStdString(), "60");
+}
+
+TEST_F(SettingsPagesTest, CalibrationBoxesAreTheCalibration) {
     const std::pair<const char*, QProperty<QString>*> table[] = {
-        {"Text1", &settings.record.hoursBeforeBlock},     {"Text2", &settings.record.samplesPerPoint},
-        {"Text3", &settings.record.secondsBetweenPoints}, {"Text4", &settings.record.pointsPerBlock},
         {"Text10", &settings.trxCalibration[0].offset},   {"Text8", &settings.trxCalibration[1].offset},
         {"Text9", &settings.trxCalibration[2].offset},    {"Text13", &settings.trxCalibration[0].scale},
         {"Text11", &settings.trxCalibration[1].scale},    {"Text12", &settings.trxCalibration[2].scale},
@@ -182,26 +215,26 @@ TEST_F(SettingsPagesTest, AChosenSamplingOptionWritesItsPreset) {
     openAt("Sampling");
     session.status.instrument = InstrumentType::Glow;
     option(3).click();
-    EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("90"));
+    EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("90"));
     EXPECT_EQ(find<QLineEdit>("Text2").text(), QStringLiteral("90"));
     session.status.instrument = InstrumentType::Trx;
     option(4).click();
-    EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("210"));
+    EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("210"));
     option(4).setFocus();
     press(option(4), Qt::Key_Left);
     EXPECT_TRUE(option(3).isChecked());
-    EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("100")) << "the arrow keys choose too";
+    EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("100")) << "the arrow keys choose too";
 }
 
 TEST_F(SettingsPagesTest, AnOptionThatAReportSelectsLeavesTheText) {
-    settings.record.samplesPerPoint = QStringLiteral("77");
+    change(settings.record, [](LoggerSettings& record) { record.samplesPerPoint = QStringLiteral("77"); });
     for (const int selected : {2, 4, 0, 1}) {
         settings.samplingOption = selected;
         for (int number = 1; number <= 4; ++number) {
             EXPECT_EQ(option(number).isChecked(), number == selected) << selected;
         }
     }
-    EXPECT_EQ(settings.record.samplesPerPoint.value(), QStringLiteral("77"));
+    EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("77"));
 }
 
 TEST_F(SettingsPagesTest, OptionsAreCaptionedByTheTypeLabel) {

@@ -29,7 +29,7 @@ SettingsWindow::SettingsWindow(const Parts& parts, QWidget* parent)
     , p_(parts)
     , tabs_(new ChoiceTabBar(tabCaptions()))
     , frames_(new QStackedWidget)
-    , plainEnglish_(new PlainEnglishWindow(parts.shown.record, this)) {
+    , plainEnglish_(new PlainEnglishWindow(this)) {
     setObjectName(QStringLiteral("LoggerSettings"));
     setWindowTitle(QStringLiteral("Logger Settings"));
     tabs_->setObjectName(QStringLiteral("SettingsTabs"));
@@ -62,7 +62,7 @@ void SettingsWindow::makePages() {
     noTabHint_ = makeHint(QStringLiteral("NoTabHint"), QStringLiteral("Choose a tab to see its settings."));
     noTypeHint_ =
         makeHint(QStringLiteral("NoTypeHint"), QStringLiteral("Connect an instrument to see its calibration."));
-    modesFrame_ = new ModesPage(p_.session, p_.shown, p_.modes, [this] { plainEnglish_->open(); });
+    modesFrame_ = new ModesPage(p_.session, p_.shown, p_.modes, [this] { plainEnglish_->open(p_.shown.record); });
     timeFrame_ = new TimeAndDatePage(p_.session, p_.shown, p_.commands);
     bitsFrame_ = new ControlBitsPage(p_.shown);
     samplesFrame_ = new SamplesPage(p_.session, p_.shown, p_.commands);

@@ -166,7 +166,7 @@ TEST_F(SettingsWindowTest, NoButtonSendsAnythingWhenNotConnected) {
     EXPECT_TRUE(writes.empty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_FALSE(progress.visible.value());
-    EXPECT_EQ(settings.record.pointsPerBlock.value(), QStringLiteral("60000"))
+    EXPECT_EQ(settings.record.value().pointsPerBlock, QStringLiteral("60000"))
         << "the modes fill the screen all the same";
 }
 
@@ -289,7 +289,7 @@ TEST_F(SettingsWindowTest, MnemonicsAreUniqueOnEachTab) {
 }
 
 TEST_F(SettingsWindowTest, NothingIsCutOff) {
-    settings.record.secondsBetweenPoints = QStringLiteral("99999");
+    change(settings.record, [](LoggerSettings& record) { record.secondsBetweenPoints = QStringLiteral("99999"); });
     for (const InstrumentType type : {InstrumentType::Trx, InstrumentType::Glow}) {
         session.status.instrument = type;
         for (const char* tab : tabNames) {

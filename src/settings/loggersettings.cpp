@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/loggersettings.h"
+
+#include <algorithm>
+
+namespace orv {
+
+namespace {
+
+using Record = LoggerSettings;
+
+} // namespace
+
+constinit const std::array<Setting, 10> allSettings{{
+    {u'S', 9, &Record::autoStart, nullptr, "autoStart", "AutoStart", "Auto &Start",
+     "Auto Start: This tells the logger to start collecting data at power up.", 0},
+    {u'G', 1, &Record::gain, nullptr, "gain", "Gain", "&Gain", "Function not available", 0},
+    {u'A', 2, &Record::auxAdc, nullptr, "auxAdc", "AuxAdc", "Aux A&DC", "Function not available", 0},
+    {u'L', 4, &Record::logEnabled, nullptr, "logEnabled", "LogEnabled", "&Log Enabled",
+     "Log Enabled: This tells the logger to record data in memory", 0},
+    {u'W', 3, &Record::wakeUp, nullptr, "wakeUp", "WakeUp", "&Wake Up",
+     "Wake Up: This tells the logger to sleep after gathering a data block or stay ready to accept a command.", 0},
+    {u'M', 10, &Record::append, nullptr, "append", "Append", "App&end",
+     "Append: This tells the logger to add new data blocks to the end of memory. If this is not set, all pervious data "
+     "blocks will be erased.",
+     0},
+    {u'T', 5, nullptr, &Record::samplesPerPoint, "samplesPerPoint", "Text2", "Samples Per &Second",
+     "This tells the logger to grab X number of samples and average then to determine one data point.", 3},
+    {u'D', 6, nullptr, &Record::hoursBeforeBlock, "hoursBeforeBlock", "Text1", "Delay &Before Data Blocks (hours)",
+     "This is the amount of time in hours that the logger will wait before collecting a data block. For example: A "
+     "value of 24 is 1 data block per 24 hours.",
+     3},
+    {u'Q', 7, nullptr, &Record::pointsPerBlock, "pointsPerBlock", "Text4", "&Number of Data Points per Data Block", "",
+     5},
+    {u'I', 8, nullptr, &Record::secondsBetweenPoints, "secondsBetweenPoints", "Text3",
+     "Delay Between Data &Points (Seconds)", "", 5},
+}};
+
+std::vector<const Setting*> settingsInOrder(const char* letters) {
+    std::vector<const Setting*> ordered;
+    for (; *letters != 0; ++letters) {
+        ordered.push_back(std::ranges::find(allSettings, QLatin1Char(*letters).unicode(), &Setting::letter));
+    }
+    return ordered;
+}
+
+std::array<SamplingPreset, 4> samplingPresets(bool glow) {
+    const auto preset = [](const char* caption, const char* samples) {
+        return SamplingPreset{.caption = QString::fromLatin1(caption), .samplesPerPoint = QString::fromLatin1(samples)};
+    };
+    if (glow) {
+        return {preset("5", "25"), preset("3", "55"), preset("2", "90"), preset("1", "200")};
+    }
+    return {preset("2", "10"), preset("1", "30"), preset("1/2", "100"), preset("1/4", "210")};
+}
+
+} // namespace orv
