@@ -3,7 +3,6 @@
 
 #include "link/session.h"
 #include "settings/loggersettings.h"
-#include "settings/settingssender.h"
 
 #include <QByteArray>
 
@@ -23,15 +22,15 @@ QByteArray deviceFileBytes(const DeviceValues& values);
 std::optional<DeviceValues> readDeviceFile(const QByteArray& bytes);
 
 /// "Load Device File" and "Save Device File" of the TRX frame. Those of the GLOW frame have nothing to do.
-class DeviceFiles final : public SettingsActions {
+class DeviceFiles {
 public:
     DeviceFiles(Session& session, SettingsState& settings, OperatorQuestions& questions);
 
     /// A cancelled dialog, a missing file and one with fewer than six values leave the boxes as they are, silently.
-    void loadDeviceFile() override;
+    void loadDeviceFile();
 
-    /// A file that cannot be written is told; a cancelled dialog does nothing.
-    void saveDeviceFile() override;
+    /// If the file cannot be written, the operator is told. A cancelled dialog does nothing.
+    void saveDeviceFile();
 
 private:
     Session& session_;

@@ -9,15 +9,6 @@
 
 namespace orv {
 
-/// What the settings screen's buttons ask of the program above it: device files belong to the calibration.
-class SettingsActions {
-public:
-    virtual ~SettingsActions() = default;
-
-    virtual void loadDeviceFile() = 0;
-    virtual void saveDeviceFile() = 0;
-};
-
 /// What the procedures that write to the instrument's settings and clock work on; everything outlives them.
 struct SendingParts {
     Session& session;

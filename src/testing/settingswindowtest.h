@@ -2,27 +2,39 @@
 #pragma once
 
 #include "testing/controls.h"
-#include "testing/sendingtest.h"
+#include "testing/programrig.h"
 #include "ui/settingswindow.h"
 
 namespace orv {
 
-class CountedDeviceFiles final : public SettingsActions {
-public:
-    void loadDeviceFile() override { ++loads; }
-    void saveDeviceFile() override { ++saves; }
-
-    int loads = 0;
-    int saves = 0;
-};
-
-/// The settings screen on an open port with an answering instrument.
-class SettingsWindowTest : public SendingTest {
+/// The settings screen on an open port whose far end answers every item.
+class SettingsWindowTest : public ProgramTest {
 protected:
+    SettingsWindowTest() {
+        ports.open();
+        com1.written = [this](const QByteArray& item) {
+            if (item != "P" && item != "C") {
+                com1.input += item + (QByteArray("BTDQI").contains(item) ? '.' : '>');
+            }
+        };
+        state.Ctrlscrn = Operation::SettingsOpen;
+        state.Vartemp = QStringLiteral("V");
+        status.instrument = InstrumentType::Trx;
+        settings.record = {.samplesPerPoint = QStringLiteral("30"),
+                           .hoursBeforeBlock = QStringLiteral("24"),
+                           .pointsPerBlock = QStringLiteral("60000"),
+                           .secondsBetweenPoints = QStringLiteral("3600")};
+    }
+
     template <typename Widget>
     Widget& find(const char* name) const {
         return control<Widget>(window, name);
     }
+
+    void click(const char* button) const { find<QAbstractButton>(button).click(); }
+
+    /// What has been written to the instrument since the last call.
+    std::vector<QByteArray> written() { return std::exchange(com1.writes, {}); }
 
     /// The frames that can be seen, by object name.
     QStringList shownFrames() const {
@@ -47,17 +59,9 @@ protected:
         QApplication::processEvents();
     }
 
-    PreparedAnswers answers;
-    CountedDeviceFiles deviceFiles;
-    SettingsCommands commands{session, ports, settings, progress, sender};
-    Modes modes{session, ports, settings, sender, answers};
+    SettingsWindow window{program};
     int mainWindowShown = 0;
-    SettingsWindow window{{.session = session,
-                           .shown = settings,
-                           .commands = commands,
-                           .modes = modes,
-                           .actions = deviceFiles,
-                           .showMainWindow = [this] { ++mainWindowShown; }}};
+    Subscription mainWindowWanted = window.mainWindowWanted.subscribe([this] { ++mainWindowShown; });
 };
 
 } // namespace orv

@@ -313,13 +313,8 @@ void MainWindow::showSettings(bool visible) {
     if (!visible || settingsWindow_) {
         return; // the window follows by itself
     }
-    settingsWindow_ =
-        std::make_unique<SettingsWindow>(SettingsWindow::Parts{.session = program_.session,
-                                                               .shown = program_.settings,
-                                                               .commands = program_.settingsCommands,
-                                                               .modes = program_.modes,
-                                                               .actions = program_.deviceFiles,
-                                                               .showMainWindow = [this] { comeForward(); }});
+    settingsWindow_ = std::make_unique<SettingsWindow>(program_);
+    subscriptions_.push_back(settingsWindow_->mainWindowWanted.subscribe([this] { comeForward(); }));
 }
 
 void MainWindow::comeForward() {

@@ -76,7 +76,7 @@ void NumberBox::draw(const QString& shown) {
     }
 }
 
-void NumberBox::markOver(int maximum, const std::function<void(const QString&)>& remark) {
+void NumberBox::markOver(int maximum, QLabel* remark) {
     maximum_ = maximum;
     remark_ = remark;
     warning_ = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
@@ -104,13 +104,12 @@ void NumberBox::setMarked(bool marked) {
     if (maximum_ == 0) {
         return;
     }
-    if (marked || marked_) {
-        const QString text =
-            marked ? QStringLiteral("%1 is more than the maximum of %2.").arg(this->text()).arg(maximum_) : QString();
-        warning_->setToolTip(text);
-        setAccessibleDescription(text);
-        remark_(text);
-    }
+    const QString text =
+        marked ? QStringLiteral("%1 is more than the maximum of %2.").arg(this->text()).arg(maximum_) : QString();
+    warning_->setToolTip(text);
+    setAccessibleDescription(text);
+    remark_->setText(marked ? accessibleName() + QStringLiteral(": ") + text : QString());
+    remark_->setVisible(marked);
     warning_->setVisible(marked);
     marked_ = marked;
 }

@@ -3,9 +3,8 @@
 
 #include "base/observe.h"
 
+#include <QLabel>
 #include <QLineEdit>
-
-#include <functional>
 
 namespace orv {
 
@@ -32,8 +31,8 @@ public:
     }
 
     /// A number over `maximum` is marked when the box is left, or at once when the program sets it; the mark goes as
-    /// soon as the number is in range. `remark` is called with what to tell the operator, empty when the mark goes.
-    void markOver(int maximum, const std::function<void(const QString&)>& remark);
+    /// soon as the number is in range. `remark` is shown meanwhile and says so under the box's accessible name.
+    void markOver(int maximum, QLabel* remark);
 
     bool isMarked() const { return marked_; }
 
@@ -49,7 +48,7 @@ private:
     Bindings bindings_;
     QString standing_; ///< The text of the box; while the program sets one, that text already.
     int maximum_ = 0;  ///< 0: none.
-    std::function<void(const QString&)> remark_;
+    QLabel* remark_ = nullptr;
     QAction* warning_ = nullptr;
     bool marked_ = false;
 };

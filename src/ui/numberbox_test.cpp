@@ -55,11 +55,12 @@ class MarkedBoxTest : public testing::Test {
 protected:
     MarkedBoxTest() {
         box->follow(text);
-        box->markOver(65535, [this](const QString& told) { remarks << told; });
+        box->setAccessibleName(QStringLiteral("Points"));
+        box->markOver(65535, &remark);
     }
 
     QProperty<QString> text;
-    QStringList remarks;
+    QLabel remark;
     std::unique_ptr<NumberBox> box{NumberBox::forDigits(5)};
 };
 
@@ -68,14 +69,18 @@ TEST_F(MarkedBoxTest, MarksWhatIsOverTheMaximum) {
         text = QString::fromLatin1(fine);
         EXPECT_FALSE(box->isMarked()) << fine;
     }
-    EXPECT_TRUE(remarks.isEmpty());
+    EXPECT_FALSE(remark.isVisible());
     text = QStringLiteral("65536");
     EXPECT_TRUE(box->isMarked());
-    EXPECT_EQ(remarks, QStringList{QStringLiteral("65536 is more than the maximum of 65535.")});
+    EXPECT_EQ(remark.text().toStdString(), "Points: 65536 is more than the maximum of 65535.");
+    EXPECT_EQ(box->accessibleDescription().toStdString(), "65536 is more than the maximum of 65535.");
+    EXPECT_TRUE(remark.isVisible());
     EXPECT_EQ(text.value(), QStringLiteral("65536"));
     text = QStringLiteral("65535");
     EXPECT_FALSE(box->isMarked());
-    EXPECT_EQ(remarks.last(), QString());
+    EXPECT_EQ(remark.text(), QString());
+    EXPECT_EQ(box->accessibleDescription(), QString());
+    EXPECT_FALSE(remark.isVisible());
 }
 
 TEST_F(MarkedBoxTest, WaitsUntilTheBoxIsLeft) {

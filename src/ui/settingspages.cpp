@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settingspages.h"
 
+#include "ui/dialogs.h"
 #include "ui/numberbox.h"
 #include "ui/widgets.h"
 
@@ -8,223 +9,43 @@
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QRadioButton>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace orv {
 
 namespace {
 
-constexpr int maximumOfFiveDigits = 65535;
-
-// The rows of the frame: the four numbers, the memory used, and what there is to remark on the numbers.
-constexpr int capacityRow = 4;
-constexpr int firstRemarkRow = 5;
-
-/// The access key of a rate is its last digit, of "1/2" the stroke: "2" has it already.
-QString withKey(QString caption) {
-    const bool half = caption == QLatin1String("1/2");
-    return caption.insert(half ? caption.indexOf(u'/') : caption.size() - 1, u'&');
-}
-
-} // namespace
-
-SamplesPage::SamplesPage(Session& session, SettingsState& shown, SettingsCommands& commands)
-    : QGroupBox(QStringLiteral("Samples and Intervals")) {
-    setObjectName(QStringLiteral("SamplesFrame"));
-    auto* layout = new QGridLayout(this);
-    layout->setHorizontalSpacing(16);
-    layout->setVerticalSpacing(8);
-    layout->setColumnStretch(2, 1);
-    addNumbers(layout, shown.record, makeOptions(session, shown, commands));
-    addCapacity(layout, shown);
-    layout->setRowStretch(layout->rowCount(), 1);
-}
-
-void SamplesPage::addNumbers(QGridLayout* layout, QProperty<LoggerSettings>& record, QWidget* options) {
-    int row = 0;
-    for (const Setting& setting : numberSettings) {
-        NumberBox* box = NumberBox::forDigits(setting.digits);
-        box->setObjectName(QString::fromLatin1(setting.control));
-        box->setToolTip(QString::fromLatin1(setting.toolTip));
-        box->setAccessibleName(setting.plainCaption());
-        box->follow(record, setting.number);
-        layout->addWidget(makeCaption(QString::fromLatin1(setting.caption), box), row, 0);
-        layout->addWidget(box, row, 1);
-        if (row == 0) {
-            layout->addWidget(options, row, 2);
-        } else if (row == 1) {
-            // Stands over the two boxes of five digits, like the head of a column.
-            layout->addWidget(new QLabel(QStringLiteral("Max Values")), row, 2);
-        } else {
-            layout->addWidget(new QLabel(QString::number(maximumOfFiveDigits)), row, 2);
-            box->markOver(maximumOfFiveDigits, makeRemark(layout, *box));
-        }
-        ++row;
+/// A frame, and what it keeps to follow the program.
+class SettingsPage final : public QGroupBox {
+public:
+    SettingsPage(const QString& title, const QString& name)
+        : QGroupBox(title) {
+        setObjectName(name);
     }
+
+    Bindings bindings;
+};
+
+void nameAfter(const Setting& setting, QWidget* control) {
+    control->setObjectName(QString::fromLatin1(setting.control));
+    control->setToolTip(QString::fromLatin1(setting.toolTip));
 }
 
-std::function<void(const QString&)> SamplesPage::makeRemark(QGridLayout* layout, const NumberBox& box) {
-    QLabel* remark = makeValueLabel(box.objectName() + QStringLiteral("Remark"), QStringLiteral("Remark"));
-    remark->setWordWrap(true);
-    remark->hide();
-    layout->addWidget(remark, std::max(layout->rowCount(), firstRemarkRow), 0, 1, 3);
-    return [remark, caption = box.accessibleName()](const QString& text) {
-        remark->setText(text.isEmpty() ? text : caption + QStringLiteral(": ") + text);
-        remark->setVisible(!text.isEmpty());
-    };
+QLabel* makeShownText(SettingsPage* page, const QString& name, const QString& accessibleName,
+                      const QProperty<QString>& text) {
+    QLabel* label = makeValueLabel(name, accessibleName);
+    page->bindings.bind(text, [label](const QString& now) { label->setText(now); });
+    return label;
 }
 
-void SamplesPage::addCapacity(QGridLayout* layout, SettingsState& shown) {
-    const QString caption = QStringLiteral("Logger Capacity (% full)");
-    const QString toolTip = QStringLiteral("This is the % of data memory used in the logger.");
-    QLabel* capacity = makeValueLabel(QStringLiteral("LoggerCapacity"), caption);
-    QLabel* pointer = makeValueLabel(QStringLiteral("MemoryPointer"), QStringLiteral("Memory pointer"));
-    auto* name = new QLabel(caption);
-    name->setToolTip(toolTip);
-    capacity->setToolTip(toolTip);
-    pointer->setToolTip(QStringLiteral("Memory pointer as the logger reports it, 0 to 65525."));
-    layout->addWidget(name, capacityRow, 0);
-    layout->addWidget(capacity, capacityRow, 1);
-    layout->addWidget(pointer, capacityRow, 2);
-    bindings_.bind(shown.capacity, [capacity](const QString& text) { capacity->setText(text); });
-    bindings_.bind(shown.memoryPointer, [pointer](const QString& text) { pointer->setText(text); });
-}
-
-QWidget* SamplesPage::makeOptions(Session& session, SettingsState& shown, SettingsCommands& commands) {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(12);
-    auto* group = new QButtonGroup(row);
-    int option = 0;
-    for (QRadioButton*& button : options_) {
-        ++option;
-        button = new QRadioButton;
-        button->setObjectName(QStringLiteral("SamplingOption%1").arg(option));
-        group->addButton(button);
-        layout->addWidget(button);
-        // Only the operator's choice writes the preset; an option that a report selects must leave the text alone.
-        connect(button, &QRadioButton::clicked, this, [&commands, option] { commands.chooseSamplingOption(option); });
-    }
-    layout->addStretch(1);
-    bindings_.bind(session.status.instrument, [this](InstrumentType type) {
-        const auto presets = samplingPresets(type == InstrumentType::Glow);
-        for (std::size_t i = 0; i < options_.size(); ++i) {
-            options_.at(i)->setText(withKey(presets.at(i).caption));
-            options_.at(i)->setAccessibleName(presets.at(i).caption + QStringLiteral(" data points per second"));
-        }
-    });
-    bindings_.bind(shown.samplingOption, [this](int selected) { select(selected); });
-    return row;
-}
-
-void SamplesPage::select(int option) {
-    QButtonGroup* group = options_.front()->group();
-    const bool known = option >= 1 && option <= 4;
-    // A group that insists on a selection cannot lose it.
-    group->setExclusive(known);
-    int number = 0;
-    for (QRadioButton* button : options_) {
-        ++number;
-        button->setChecked(number == option);
-        setTabStop(button, known ? number == option : number == 1);
-    }
-    group->setExclusive(true);
-}
-
-ControlBitsPage::ControlBitsPage(SettingsState& shown)
-    : QGroupBox(QStringLiteral("Control Bits")) {
-    setObjectName(QStringLiteral("ControlBitsFrame"));
-    auto* layout = new QVBoxLayout(this);
-    layout->setSpacing(12);
-    for (const Setting* setting : settingsInOrder("SMLWAG")) {
-        auto* box = new QCheckBox(QString::fromLatin1(setting->caption));
-        box->setObjectName(QString::fromLatin1(setting->control));
-        box->setToolTip(QString::fromLatin1(setting->toolTip));
-        bindings_.bind(shown.record,
-                       [box, flag = setting->flag](const LoggerSettings& now) { box->setChecked(now.*flag); });
-        connect(box, &QAbstractButton::clicked, this, [&record = shown.record, flag = setting->flag](bool on) {
-            change(record, [flag, on](LoggerSettings& changed) { changed.*flag = on; });
-        });
-        layout->addWidget(box, 0, Qt::AlignLeft);
-    }
-    layout->addStretch(1);
-
-    auto* lamp = new StatusLamp;
-    lamp->setObjectName(QStringLiteral("Lamp"));
-    QLabel* words = makeValueLabel(QStringLiteral("LampText"), QStringLiteral("Status"));
-    auto* row = new QHBoxLayout;
-    row->addWidget(lamp);
-    row->addWidget(words, 1);
-    layout->addLayout(row);
-    bindings_.bind(shown.lamp, [lamp, words](Lamp now) {
-        lamp->show(now);
-        words->setText(lampText(now));
-    });
-}
-
-TimeAndDatePage::TimeAndDatePage(Session& session, SettingsState& shown, SettingsCommands& commands)
-    : QGroupBox(QStringLiteral("Time and Date")) {
-    setObjectName(QStringLiteral("TimeAndDateFrame"));
-    auto* display = makeButton(QStringLiteral("&Display Logger Time/Date"), QStringLiteral("DisplayLoggerTimeDate"),
-                               [&commands] { commands.displayLoggerTime(); });
-
-    const auto makeClock = [](const QString& caption, const QString& name, const QString& toolTip) {
-        auto* box = new QGroupBox(caption);
-        box->setObjectName(name);
-        box->setToolTip(toolTip);
-        auto* form = new QFormLayout(box);
-        form->setHorizontalSpacing(24);
-        form->setVerticalSpacing(8);
-        return form;
-    };
-    const auto addRow = [this](QFormLayout* form, const QString& caption, const QString& name, const QString& whose,
-                               const QProperty<QString>& value) {
-        QLabel* label = makeValueLabel(name, whose + caption);
-        form->addRow(caption, label);
-        bindings_.bind(value, [label](const QString& text) { label->setText(text); });
-    };
-    const QString time = QStringLiteral("Time");
-    const QString date = QStringLiteral("Date");
-    QFormLayout* computer = makeClock(QStringLiteral("Computer Time / Date"), QStringLiteral("ComputerTimeDate"),
-                                      QStringLiteral("This is the computers Time and Date."));
-    addRow(computer, time, QStringLiteral("ComputerTime"), QStringLiteral("Computer "), shown.computerTime);
-    addRow(computer, date, QStringLiteral("ComputerDate"), QStringLiteral("Computer "), shown.computerDate);
-    QFormLayout* logger = makeClock(QStringLiteral("Logger Time / Date"), QStringLiteral("LoggerTimeDate"),
-                                    QStringLiteral("This is the Loggers Time and Date at last display."));
-    addRow(logger, date, QStringLiteral("LoggerDate"), QStringLiteral("Logger "), shown.loggerDate);
-    addRow(logger, time, QStringLiteral("LoggerTime"), QStringLiteral("Logger "), shown.loggerTime);
-
-    auto* sync = new QCheckBox(QStringLiteral("&Sync Time/Date"));
-    sync->setObjectName(QStringLiteral("SyncTimeDate"));
-    sync->setToolTip(QStringLiteral("This tells the Host to set the Loggers Time and Date to that of the Computer. "
-                                    "(Updated after send settings)"));
-    bindChecked(bindings_, sync, shown.syncTimeDate);
-
-    auto* layout = new QGridLayout(this);
-    layout->setHorizontalSpacing(16);
-    layout->setVerticalSpacing(16);
-    layout->addWidget(display, 0, 0, 1, 2, Qt::AlignLeft);
-    layout->addWidget(computer->parentWidget(), 1, 0);
-    layout->addWidget(logger->parentWidget(), 1, 1);
-    layout->addWidget(sync, 2, 0, 1, 2, Qt::AlignLeft);
-    layout->setColumnStretch(0, 1);
-    layout->setColumnStretch(1, 1);
-    layout->setRowStretch(3, 1);
-
-    bindings_.bind(session.commands.canCommand, [display](bool on) { display->setEnabled(on); });
-}
-
-namespace {
-
-QLabel* makeDescription(const QString& text, const QString& name) {
+QLabel* makeDescription(const QString& text, const QString& name, QWidget* of) {
     QLabel* label = makeValueLabel(name, QStringLiteral("Description"));
     label->setText(text);
     label->setWordWrap(true);
+    of->setAccessibleDescription(text);
     return label;
 }
 
@@ -237,9 +58,10 @@ QFrame* makeLine() {
 
 } // namespace
 
-ModesPage::ModesPage(Session& session, SettingsState& shown, Modes& modes, const std::function<void()>& viewAsText)
-    : QGroupBox(QStringLiteral("Modes")) {
-    setObjectName(QStringLiteral("ModesFrame"));
+QWidget* makeModesPage(Program& program) {
+    auto* page = new SettingsPage(QStringLiteral("Modes"), QStringLiteral("ModesFrame"));
+    auto* english = new PlainEnglishWindow(page);
+    Modes& modes = program.modes;
     auto* profile = makeButton(QStringLiteral("&Profile"), QStringLiteral("Profile"), [&modes] { modes.profile(); });
     auto* moored = makeButton(QStringLiteral("&Moored"), QStringLiteral("Moored"), [&modes] { modes.moored(); });
     auto* save = makeButton(QStringLiteral("&Save A User Defined Mode"), QStringLiteral("SaveAUserDefinedMode"),
@@ -247,27 +69,26 @@ ModesPage::ModesPage(Session& session, SettingsState& shown, Modes& modes, const
     auto* load = makeButton(QStringLiteral("&Load A User Defined Mode"), QStringLiteral("LoadAUserDefinedMode"),
                             [&modes] { modes.loadMode(); });
     auto* view = makeButton(QStringLiteral("&View Current Settings Transcribed as Text"),
-                            QStringLiteral("ViewCurrentSettingsTranscribedAsText"), viewAsText);
-    auto* profileText =
-        makeDescription(QStringLiteral("This mode Autostarts, takes 1 data point per second, and repeats "
-                                       "this indefinatly. Data is NOT logged."),
-                        QStringLiteral("ProfileDescription"));
-    auto* mooredText = makeDescription(QStringLiteral("This Mode Autostarts, takes 1 data point per second. It repeats "
-                                                      "once an hour. It logs up to 60000 data points."),
-                                       QStringLiteral("MooredDescription"));
-    profile->setAccessibleDescription(profileText->text());
-    moored->setAccessibleDescription(mooredText->text());
-    auto* remark = makeValueLabel(QStringLiteral("ModeRemark"), QStringLiteral("Mode file"));
+                            QStringLiteral("ViewCurrentSettingsTranscribedAsText"),
+                            [english, &record = program.settings.record] { english->open(record); });
+    auto* remark =
+        makeShownText(page, QStringLiteral("ModeRemark"), QStringLiteral("Mode file"), program.settings.modeRemark);
     remark->setWordWrap(true);
 
-    auto* layout = new QGridLayout(this);
+    auto* layout = new QGridLayout(page);
     layout->setHorizontalSpacing(16);
     layout->setVerticalSpacing(12);
     layout->setColumnStretch(1, 1);
     layout->addWidget(profile, 0, 0);
-    layout->addWidget(profileText, 0, 1);
+    layout->addWidget(makeDescription(QStringLiteral("This mode Autostarts, takes 1 data point per second, and repeats "
+                                                     "this indefinatly. Data is NOT logged."),
+                                      QStringLiteral("ProfileDescription"), profile),
+                      0, 1);
     layout->addWidget(moored, 1, 0);
-    layout->addWidget(mooredText, 1, 1);
+    layout->addWidget(makeDescription(QStringLiteral("This Mode Autostarts, takes 1 data point per second. It repeats "
+                                                     "once an hour. It logs up to 60000 data points."),
+                                      QStringLiteral("MooredDescription"), moored),
+                      1, 1);
     layout->addWidget(makeLine(), 2, 0, 1, 2);
     layout->addWidget(save, 3, 0);
     layout->addWidget(load, 4, 0);
@@ -276,12 +97,200 @@ ModesPage::ModesPage(Session& session, SettingsState& shown, Modes& modes, const
     layout->addWidget(view, 6, 0, 1, 2, Qt::AlignLeft);
     layout->setRowStretch(7, 1);
 
-    bindings_.bind(shown.modeRemark, [remark](const QString& text) { remark->setText(text); });
-    bindings_.bind(session.commands.undisturbed, [profile, moored, load](bool on) {
-        profile->setEnabled(on);
-        moored->setEnabled(on);
-        load->setEnabled(on);
+    for (QPushButton* button : {profile, moored, load}) {
+        page->bindings.bind(program.session.commands.undisturbed, [button](bool on) { button->setEnabled(on); });
+    }
+    return page;
+}
+
+namespace {
+
+QGroupBox* makeClock(SettingsPage* page, const QString& whose, const QString& toolTip,
+                     const std::vector<std::pair<QString, const QProperty<QString>*>>& rows) {
+    auto* box = new QGroupBox(whose + QStringLiteral(" Time / Date"));
+    box->setObjectName(whose + QStringLiteral("TimeDate"));
+    box->setToolTip(toolTip);
+    auto* form = new QFormLayout(box);
+    form->setHorizontalSpacing(24);
+    form->setVerticalSpacing(8);
+    for (const auto& [caption, value] : rows) {
+        form->addRow(caption, makeShownText(page, whose + caption, whose + u' ' + caption, *value));
+    }
+    return box;
+}
+
+} // namespace
+
+QWidget* makeTimeAndDatePage(Program& program) {
+    auto* page = new SettingsPage(QStringLiteral("Time and Date"), QStringLiteral("TimeAndDateFrame"));
+    SettingsState& shown = program.settings;
+    auto* display = makeButton(QStringLiteral("&Display Logger Time/Date"), QStringLiteral("DisplayLoggerTimeDate"),
+                               [&program] { program.settingsCommands.displayLoggerTime(); });
+    page->bindings.bind(program.session.commands.canCommand, [display](bool on) { display->setEnabled(on); });
+    const QString time = QStringLiteral("Time");
+    const QString date = QStringLiteral("Date");
+    auto* computer = makeClock(page, QStringLiteral("Computer"), QStringLiteral("This is the computers Time and Date."),
+                               {{time, &shown.computerTime}, {date, &shown.computerDate}});
+    auto* logger =
+        makeClock(page, QStringLiteral("Logger"), QStringLiteral("This is the Loggers Time and Date at last display."),
+                  {{date, &shown.loggerDate}, {time, &shown.loggerTime}});
+
+    auto* sync = new QCheckBox(QStringLiteral("&Sync Time/Date"));
+    sync->setObjectName(QStringLiteral("SyncTimeDate"));
+    sync->setToolTip(QStringLiteral("This tells the Host to set the Loggers Time and Date to that of the Computer. "
+                                    "(Updated after send settings)"));
+    bindChecked(page->bindings, sync, shown.syncTimeDate);
+
+    auto* layout = new QGridLayout(page);
+    layout->setHorizontalSpacing(16);
+    layout->setVerticalSpacing(16);
+    layout->addWidget(display, 0, 0, 1, 2, Qt::AlignLeft);
+    layout->addWidget(computer, 1, 0);
+    layout->addWidget(logger, 1, 1);
+    layout->addWidget(sync, 2, 0, 1, 2, Qt::AlignLeft);
+    layout->setColumnStretch(0, 1);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(3, 1);
+    return page;
+}
+
+QWidget* makeControlBitsPage(Program& program) {
+    auto* page = new SettingsPage(QStringLiteral("Control Bits"), QStringLiteral("ControlBitsFrame"));
+    auto* layout = new QVBoxLayout(page);
+    layout->setSpacing(12);
+    QProperty<LoggerSettings>& record = program.settings.record;
+    for (const Setting* setting : settingsInOrder("SMLWAG")) {
+        auto* box = new QCheckBox(QString::fromLatin1(setting->caption));
+        nameAfter(*setting, box);
+        page->bindings.bind(record, [box, setting](const LoggerSettings& now) { box->setChecked(now.*setting->flag); });
+        QObject::connect(box, &QCheckBox::clicked, page, [&record, setting](bool on) {
+            change(record, [setting, on](LoggerSettings& changed) { changed.*setting->flag = on; });
+        });
+        layout->addWidget(box, 0, Qt::AlignLeft);
+    }
+    layout->addStretch(1);
+
+    auto* lamp = new StatusLamp;
+    lamp->setObjectName(QStringLiteral("Lamp"));
+    QLabel* words = makeValueLabel(QStringLiteral("LampText"), QStringLiteral("Status"));
+    auto* row = new QHBoxLayout;
+    row->addWidget(lamp);
+    row->addWidget(words, 1);
+    layout->addLayout(row);
+    page->bindings.bind(program.settings.lamp, [lamp, words](Lamp now) {
+        lamp->show(now);
+        words->setText(lampText(now));
     });
+    return page;
+}
+
+namespace {
+
+/// The access key of a rate is its last digit, of "1/2" the stroke: "2" has it already.
+QString withKey(QString caption) {
+    const bool half = caption == QLatin1String("1/2");
+    return caption.insert(half ? caption.indexOf(u'/') : caption.size() - 1, u'&');
+}
+
+/// The four sampling-rate options, of which none may be selected.
+class SamplingOptions final : public QWidget {
+public:
+    explicit SamplingOptions(Program& program) {
+        auto* layout = new QHBoxLayout(this);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(12);
+        for (int option = 1; option <= 4; ++option) {
+            auto* button = new QRadioButton;
+            button->setObjectName(QStringLiteral("SamplingOption%1").arg(option));
+            group_.addButton(button, option);
+            layout->addWidget(button);
+            // Only the operator's choice writes the preset; an option that a report selects must leave the text alone.
+            connect(button, &QRadioButton::clicked, this,
+                    [&program, option] { program.settingsCommands.chooseSamplingOption(option); });
+        }
+        layout->addStretch(1);
+        bindings_.bind(program.session.status.instrument, [this](InstrumentType type) {
+            int option = 0;
+            for (const SamplingPreset& preset : samplingPresets(type == InstrumentType::Glow)) {
+                QAbstractButton* button = group_.button(++option);
+                button->setText(withKey(preset.caption));
+                button->setAccessibleName(preset.caption + QStringLiteral(" data points per second"));
+            }
+        });
+        bindings_.bind(program.settings.samplingOption, [this](int selected) { select(selected); });
+    }
+
+private:
+    void select(int option) {
+        const bool known = group_.button(option) != nullptr;
+        // A group that insists on a selection cannot lose it.
+        group_.setExclusive(known);
+        for (QAbstractButton* button : group_.buttons()) {
+            const int number = group_.id(button);
+            button->setChecked(number == option);
+            setTabStop(button, known ? number == option : number == 1);
+        }
+        group_.setExclusive(true);
+    }
+
+    QButtonGroup group_;
+    Bindings bindings_;
+};
+
+// The rows of the page: the four numbers, the memory used, and what there is to remark on the numbers.
+constexpr int capacityRow = 4;
+constexpr int firstRemarkRow = 5;
+
+void addNumbers(QGridLayout* layout, Program& program) {
+    constexpr int maximumOfFiveDigits = 65535;
+    int row = 0;
+    for (const Setting& setting : numberSettings) {
+        NumberBox* box = NumberBox::forDigits(setting.digits);
+        nameAfter(setting, box);
+        box->setAccessibleName(setting.plainCaption());
+        box->follow(program.settings.record, setting.number);
+        layout->addWidget(makeCaption(QString::fromLatin1(setting.caption), box), row, 0);
+        layout->addWidget(box, row, 1);
+        if (row == 0) {
+            layout->addWidget(new SamplingOptions(program), row, 2);
+        } else if (row == 1) {
+            // Stands over the two boxes of five digits, like the head of a column.
+            layout->addWidget(new QLabel(QStringLiteral("Max Values")), row, 2);
+        } else {
+            layout->addWidget(new QLabel(QString::number(maximumOfFiveDigits)), row, 2);
+            QLabel* remark = makeValueLabel(box->objectName() + QStringLiteral("Remark"), QStringLiteral("Remark"));
+            remark->setWordWrap(true);
+            layout->addWidget(remark, std::max(layout->rowCount(), firstRemarkRow), 0, 1, 3);
+            box->markOver(maximumOfFiveDigits, remark);
+        }
+        ++row;
+    }
+}
+
+} // namespace
+
+QWidget* makeSamplesPage(Program& program) {
+    auto* page = new SettingsPage(QStringLiteral("Samples and Intervals"), QStringLiteral("SamplesFrame"));
+    auto* layout = new QGridLayout(page);
+    layout->setHorizontalSpacing(16);
+    layout->setVerticalSpacing(8);
+    layout->setColumnStretch(2, 1);
+    addNumbers(layout, program);
+
+    const QString caption = QStringLiteral("Logger Capacity (% full)");
+    auto* name = new QLabel(caption);
+    auto* capacity = makeShownText(page, QStringLiteral("LoggerCapacity"), caption, program.settings.capacity);
+    auto* pointer = makeShownText(page, QStringLiteral("MemoryPointer"), QStringLiteral("Memory pointer"),
+                                  program.settings.memoryPointer);
+    for (QLabel* label : {name, capacity}) {
+        label->setToolTip(QStringLiteral("This is the % of data memory used in the logger."));
+    }
+    pointer->setToolTip(QStringLiteral("Memory pointer as the logger reports it, 0 to 65525."));
+    layout->addWidget(name, capacityRow, 0);
+    layout->addWidget(capacity, capacityRow, 1);
+    layout->addWidget(pointer, capacityRow, 2);
+    layout->setRowStretch(layout->rowCount(), 1);
+    return page;
 }
 
 namespace {
@@ -298,54 +307,34 @@ NumberBox* makeBox(const QString& name, const QString& accessibleName, QProperty
     return box;
 }
 
-QRadioButton* makeOption(const QString& caption, const QString& name) {
+/// The lower part of either frame: whether raw counts are provided, and the device file buttons.
+QLayout* makeFoot(SettingsPage* page, QProperty<bool>& provideRawCounts, QRadioButton* calculate,
+                  const QString& rawName, QPushButton* load, QPushButton* save) {
+    auto* raw = new QRadioButton(QStringLiteral("&Provide Raw Counts"));
+    raw->setObjectName(rawName);
+    bindChoice(page->bindings, raw, calculate, provideRawCounts);
+    auto* foot = new QHBoxLayout;
+    const auto addColumn = [foot](QWidget* upper, QWidget* lower) {
+        auto* column = new QVBoxLayout;
+        column->setSpacing(8);
+        column->addWidget(upper);
+        column->addWidget(lower);
+        column->addStretch(1);
+        foot->addLayout(column);
+    };
+    addColumn(calculate, raw);
+    foot->addStretch(1);
+    addColumn(load, save);
+    return foot;
+}
+
+QRadioButton* makeCalculateOption(const QString& caption, const QString& name) {
     auto* option = new QRadioButton(caption);
     option->setObjectName(name);
     return option;
 }
 
-/// The lower part of either frame: two options and the device file buttons.
-QLayout* makeFoot(QRadioButton* calculate, QRadioButton* raw, QPushButton* load, QPushButton* save) {
-    auto* options = new QVBoxLayout;
-    options->setSpacing(8);
-    options->addWidget(calculate);
-    options->addWidget(raw);
-    options->addStretch(1);
-    auto* buttons = new QVBoxLayout;
-    buttons->setSpacing(8);
-    buttons->addWidget(load);
-    buttons->addWidget(save);
-    buttons->addStretch(1);
-    auto* foot = new QHBoxLayout;
-    foot->addLayout(options);
-    foot->addStretch(1);
-    foot->addLayout(buttons);
-    return foot;
-}
-
-} // namespace
-
-TrxCalibrationPage::TrxCalibrationPage(SettingsState& shown, SettingsActions& actions)
-    : QGroupBox(QStringLiteral("TRX Calibration: Offsets and B calculations")) {
-    setObjectName(QStringLiteral("TrxCalibrationFrame"));
-    auto* angles = new QGridLayout;
-    addAngles(angles, shown);
-    auto* calculate = makeOption(QStringLiteral("Calc &B Values"), QStringLiteral("CalcBValues"));
-    auto* raw = makeOption(QStringLiteral("&Provide Raw Counts"), QStringLiteral("TrxProvideRawCounts"));
-    bindChoice(bindings_, raw, calculate, shown.trxProvideRawCounts);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->setSpacing(20);
-    layout->addLayout(angles);
-    layout->addLayout(makeFoot(calculate, raw,
-                               makeButton(QStringLiteral("&Load Device File"), QStringLiteral("Command6"),
-                                          [&actions] { actions.loadDeviceFile(); }),
-                               makeButton(QStringLiteral("&Save Device File"), QStringLiteral("Command11"),
-                                          [&actions] { actions.saveDeviceFile(); })),
-                      1);
-}
-
-void TrxCalibrationPage::addAngles(QGridLayout* layout, SettingsState& shown) {
+QGridLayout* makeAngles(SettingsState& shown) {
     struct Angle {
         const char* caption;
         const char* offset;
@@ -357,6 +346,7 @@ void TrxCalibrationPage::addAngles(QGridLayout* layout, SettingsState& shown) {
         {"Angle 1&50 (l3)", "Text9", "Text12"},
     };
     const QString scaleColumn = QStringLiteral("1/mC");
+    auto* layout = new QGridLayout;
     layout->setHorizontalSpacing(16);
     layout->setVerticalSpacing(8);
     layout->setColumnStretch(3, 1);
@@ -366,21 +356,42 @@ void TrxCalibrationPage::addAngles(QGridLayout* layout, SettingsState& shown) {
     for (const Angle& angle : angles) {
         CalibrationBoxes& boxes = shown.trxCalibration.at(static_cast<std::size_t>(row - 1));
         const QString caption = QString::fromLatin1(angle.caption);
-        const QString name = QString(caption).remove(QLatin1Char('&')) + QStringLiteral(", ");
+        const QString name = QString(caption).remove(u'&') + QStringLiteral(", ");
         NumberBox* offset = makeBox(QString::fromLatin1(angle.offset), name + offsetColumn(), boxes.offset);
         layout->addWidget(makeCaption(caption, offset), row, 0);
         layout->addWidget(offset, row, 1);
         layout->addWidget(makeBox(QString::fromLatin1(angle.scale), name + scaleColumn, boxes.scale), row, 2);
         ++row;
     }
+    return layout;
 }
 
-GlowCalibrationPage::GlowCalibrationPage(SettingsState& shown)
-    : QGroupBox(QStringLiteral("GLW Calibration: Offsets and B calculations")) {
-    setObjectName(QStringLiteral("GlowCalibrationFrame"));
-    const QString unit = QStringLiteral("ug/IC");
-    NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), shown.glowCalibration.offset);
-    NumberBox* scale = makeBox(QStringLiteral("GlowScale"), unit, shown.glowCalibration.scale);
+} // namespace
+
+QWidget* makeTrxCalibrationPage(Program& program) {
+    auto* page = new SettingsPage(QStringLiteral("TRX Calibration: Offsets and B calculations"),
+                                  QStringLiteral("TrxCalibrationFrame"));
+    DeviceFiles& files = program.deviceFiles;
+    auto* layout = new QVBoxLayout(page);
+    layout->setSpacing(20);
+    layout->addLayout(makeAngles(program.settings));
+    layout->addLayout(makeFoot(page, program.settings.trxProvideRawCounts,
+                               makeCalculateOption(QStringLiteral("Calc &B Values"), QStringLiteral("CalcBValues")),
+                               QStringLiteral("TrxProvideRawCounts"),
+                               makeButton(QStringLiteral("&Load Device File"), QStringLiteral("Command6"),
+                                          [&files] { files.loadDeviceFile(); }),
+                               makeButton(QStringLiteral("&Save Device File"), QStringLiteral("Command11"),
+                                          [&files] { files.saveDeviceFile(); })),
+                      1);
+    return page;
+}
+
+QWidget* makeGlowCalibrationPage(Program& program) {
+    auto* page = new SettingsPage(QStringLiteral("GLW Calibration: Offsets and B calculations"),
+                                  QStringLiteral("GlowCalibrationFrame"));
+    CalibrationBoxes& boxes = program.settings.glowCalibration;
+    NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), boxes.offset);
+    NumberBox* scale = makeBox(QStringLiteral("GlowScale"), QStringLiteral("ug/IC"), boxes.scale);
     // Reads as the formula by which counts become a concentration: counts less the offset, times the scale.
     auto* formula = new QGridLayout;
     formula->setHorizontalSpacing(8);
@@ -394,22 +405,21 @@ GlowCalibrationPage::GlowCalibrationPage(SettingsState& shown)
     formula->addWidget(makeCaption(QStringLiteral("u&g/IC"), scale), 1, 5);
     formula->setColumnStretch(6, 1);
 
-    auto* calculate =
-        makeOption(QStringLiteral("Calc Consentration in &ug/L"), QStringLiteral("CalcConsentrationInUgL"));
-    auto* raw = makeOption(QStringLiteral("&Provide Raw Counts"), QStringLiteral("GlowProvideRawCounts"));
-    bindChoice(bindings_, raw, calculate, shown.glowProvideRawCounts);
-
-    auto* layout = new QVBoxLayout(this);
+    auto* layout = new QVBoxLayout(page);
     layout->setSpacing(20);
     layout->addLayout(formula);
     // Device files hold the scattering meter's six values; a fluorometer has none, so its two buttons do nothing.
     const auto nothing = [] {};
     const QString toolTip = QStringLiteral("Device files are for the TRX only.");
     layout->addLayout(
-        makeFoot(calculate, raw,
+        makeFoot(page, program.settings.glowProvideRawCounts,
+                 makeCalculateOption(QStringLiteral("Calc Consentration in &ug/L"),
+                                     QStringLiteral("CalcConsentrationInUgL")),
+                 QStringLiteral("GlowProvideRawCounts"),
                  makeButton(QStringLiteral("&Load Device File"), QStringLiteral("Command13"), nothing, toolTip),
                  makeButton(QStringLiteral("&Save Device File"), QStringLiteral("Command12"), nothing, toolTip)),
         1);
+    return page;
 }
 
 } // namespace orv

@@ -6,7 +6,6 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 
 namespace orv {
@@ -186,12 +185,12 @@ TEST_F(SettingsPagesTest, CalibrationStartsAtNothingChanged) {
 }
 
 TEST_F(SettingsPagesTest, EachFrameHasItsOwnChoiceOfCalculation) {
-    find<QRadioButton>("CalcBValues").click();
+    click("CalcBValues");
     EXPECT_FALSE(settings.trxProvideRawCounts.value());
     EXPECT_TRUE(settings.glowProvideRawCounts.value());
-    find<QRadioButton>("CalcConsentrationInUgL").click();
+    click("CalcConsentrationInUgL");
     EXPECT_FALSE(settings.glowProvideRawCounts.value());
-    find<QRadioButton>("TrxProvideRawCounts").click();
+    click("TrxProvideRawCounts");
     EXPECT_TRUE(settings.trxProvideRawCounts.value());
     EXPECT_FALSE(find<QRadioButton>("CalcBValues").isChecked());
     settings.glowProvideRawCounts = true;
@@ -200,15 +199,14 @@ TEST_F(SettingsPagesTest, EachFrameHasItsOwnChoiceOfCalculation) {
 }
 
 TEST_F(SettingsPagesTest, DeviceFilesAreForTheScatteringMeterOnly) {
-    find<QPushButton>("Command13").click();
-    find<QPushButton>("Command12").click();
-    EXPECT_EQ(deviceFiles.loads + deviceFiles.saves, 0);
-    find<QPushButton>("Command6").click();
-    EXPECT_EQ(deviceFiles.loads, 1);
-    EXPECT_EQ(deviceFiles.saves, 0);
-    find<QPushButton>("Command11").click();
-    EXPECT_EQ(deviceFiles.loads, 1);
-    EXPECT_EQ(deviceFiles.saves, 1);
+    click("Command13");
+    click("Command12");
+    EXPECT_TRUE(answers.asked.isEmpty());
+    click("Command6");
+    EXPECT_EQ(answers.asked, QStringList{QStringLiteral("Load Device File||")});
+    click("Command11");
+    EXPECT_EQ(answers.asked.back(), QStringLiteral("Save Device File||.ODV|*.ODV"));
+    EXPECT_EQ(answers.asked.size(), 2);
 }
 
 TEST_F(SettingsPagesTest, AChosenSamplingOptionWritesItsPreset) {
@@ -273,8 +271,8 @@ TEST_F(SettingsPagesTest, ANumberTooLargeIsToldWhenTheBoxIsLeftYetSent) {
         EXPECT_TRUE(remark.isVisible()) << name;
         EXPECT_TRUE(remark.text().endsWith(QStringLiteral("65536 is more than the maximum of 65535."))) << name;
     }
-    find<QPushButton>("ApplySettings").click();
-    EXPECT_EQ(writes.at(7).bytes, "65536\r");
+    click("ApplySettings");
+    EXPECT_EQ(written().at(7), "65536\r");
     EXPECT_TRUE(messages.shown.empty());
 }
 

@@ -24,12 +24,20 @@ QStringList tabCaptions() {
 
 } // namespace
 
-SettingsWindow::SettingsWindow(const Parts& parts, QWidget* parent)
+SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
     : QWidget(parent, Qt::Window)
-    , p_(parts)
+    , program_(program)
     , tabs_(new ChoiceTabBar(tabCaptions()))
     , frames_(new QStackedWidget)
-    , plainEnglish_(new PlainEnglishWindow(this)) {
+    , noTabHint_(makeHint(QStringLiteral("NoTabHint"), QStringLiteral("Choose a tab to see its settings.")))
+    , noTypeHint_(
+          makeHint(QStringLiteral("NoTypeHint"), QStringLiteral("Connect an instrument to see its calibration.")))
+    , frameOfTab_{{QStringLiteral("Modes"), addFrame(makeModesPage(program))},
+                  {QStringLiteral("Time and Date"), addFrame(makeTimeAndDatePage(program))},
+                  {QStringLiteral("Control Bits"), addFrame(makeControlBitsPage(program))},
+                  {QStringLiteral("Sampling"), addFrame(makeSamplesPage(program))}}
+    , trxFrame_(addFrame(makeTrxCalibrationPage(program)))
+    , glowFrame_(addFrame(makeGlowCalibrationPage(program))) {
     setObjectName(QStringLiteral("LoggerSettings"));
     setWindowTitle(QStringLiteral("Logger Settings"));
     tabs_->setObjectName(QStringLiteral("SettingsTabs"));
@@ -37,19 +45,18 @@ SettingsWindow::SettingsWindow(const Parts& parts, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs_);
     layout->addWidget(frames_, 1);
-    makePages();
     layout->addLayout(makeButtons());
     makeTabShortcuts();
     clearforms();
 
     tabChosen_ = tabs_->tabChosen.subscribe([this](const QString& caption) { showFrame(caption); });
-    bindings_.bind(p_.session.status.instrument, [this](InstrumentType type) {
+    bindings_.bind(program.session.status.instrument, [this](InstrumentType type) {
         // The frame stays when the type is only forgotten, so that nothing goes from under the operator's hands.
         if (chosen_ == calibrationTab() && type != InstrumentType::Unknown) {
             showFrame(chosen_);
         }
     });
-    bindings_.bind(p_.shown.visible, [this](bool on) {
+    bindings_.bind(program.settings.visible, [this](bool on) {
         if (on) {
             present();
         } else {
@@ -58,44 +65,31 @@ SettingsWindow::SettingsWindow(const Parts& parts, QWidget* parent)
     });
 }
 
-void SettingsWindow::makePages() {
-    noTabHint_ = makeHint(QStringLiteral("NoTabHint"), QStringLiteral("Choose a tab to see its settings."));
-    noTypeHint_ =
-        makeHint(QStringLiteral("NoTypeHint"), QStringLiteral("Connect an instrument to see its calibration."));
-    modesFrame_ = new ModesPage(p_.session, p_.shown, p_.modes, [this] { plainEnglish_->open(p_.shown.record); });
-    timeFrame_ = new TimeAndDatePage(p_.session, p_.shown, p_.commands);
-    bitsFrame_ = new ControlBitsPage(p_.shown);
-    samplesFrame_ = new SamplesPage(p_.session, p_.shown, p_.commands);
-    trxFrame_ = new TrxCalibrationPage(p_.shown, p_.actions);
-    glowFrame_ = new GlowCalibrationPage(p_.shown);
-    for (QWidget* page :
-         {noTabHint_, noTypeHint_, modesFrame_, timeFrame_, bitsFrame_, samplesFrame_, trxFrame_, glowFrame_}) {
-        frames_->addWidget(page);
-    }
+QWidget* SettingsWindow::addFrame(QWidget* frame) {
+    frames_->addWidget(frame);
+    return frame;
 }
 
-QWidget* SettingsWindow::makeHint(const QString& name, const QString& text) const {
+QWidget* SettingsWindow::makeHint(const QString& name, const QString& text) {
     auto* hint = new QLabel(text);
     hint->setObjectName(name);
     hint->setAlignment(Qt::AlignCenter);
     hint->setForegroundRole(QPalette::PlaceholderText);
-    return hint;
+    return addFrame(hint);
 }
 
 QLayout* SettingsWindow::makeButtons() {
     QPushButton* retrieve = makeButton(
         QStringLiteral("&Retrieve Settings"), QStringLiteral("RetrieveSettings"),
-        [this] { p_.commands.retrieveSettings(); }, QStringLiteral("Retrieve settings from the logger"));
+        [this] { program_.settingsCommands.retrieveSettings(); }, QStringLiteral("Retrieve settings from the logger"));
     QPushButton* apply = makeButton(
-        QStringLiteral("&Apply Settings"), QStringLiteral("ApplySettings"), [this] { p_.commands.applySettings(); },
-        QStringLiteral("Send Settings to the logger"));
+        QStringLiteral("&Apply Settings"), QStringLiteral("ApplySettings"),
+        [this] { program_.settingsCommands.applySettings(); }, QStringLiteral("Send Settings to the logger"));
     QPushButton* closeButton = makeButton(
         QStringLiteral("&Close"), QStringLiteral("Close"),
         [this] {
-            if (p_.showMainWindow) {
-                p_.showMainWindow();
-            }
-            p_.shown.visible = false;
+            mainWindowWanted.tell();
+            program_.settings.visible = false;
         },
         QStringLiteral("Verify that settings are correct before closing this window"));
     auto* row = new QHBoxLayout;
@@ -103,7 +97,7 @@ QLayout* SettingsWindow::makeButtons() {
     row->addWidget(apply);
     row->addStretch(1);
     row->addWidget(closeButton);
-    bindings_.bind(p_.session.commands.canCommand, [retrieve, apply](bool on) {
+    bindings_.bind(program_.session.commands.canCommand, [retrieve, apply](bool on) {
         retrieve->setEnabled(on);
         apply->setEnabled(on);
     });
@@ -133,7 +127,7 @@ void SettingsWindow::chooseTab(const QString& caption) {
 }
 
 void SettingsWindow::present() {
-    p_.shown.visible = true;
+    program_.settings.visible = true;
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
@@ -145,25 +139,13 @@ void SettingsWindow::clearforms() {
 }
 
 void SettingsWindow::showFrame(const QString& caption) {
-    clearforms();
     chosen_ = caption;
-    QWidget* frame = noTabHint_;
-    if (caption == QLatin1String("Modes")) {
-        frame = modesFrame_;
-    } else if (caption == QLatin1String("Time and Date")) {
-        frame = timeFrame_;
-    } else if (caption == QLatin1String("Control Bits")) {
-        frame = bitsFrame_;
-    } else if (caption == QLatin1String("Sampling")) {
-        frame = samplesFrame_;
-    } else if (caption == calibrationTab()) {
-        frame = calibrationFrame();
-    }
-    frames_->setCurrentWidget(frame);
+    frames_->setCurrentWidget(caption == calibrationTab() ? calibrationFrame()
+                                                          : frameOfTab_.value(caption, noTabHint_));
 }
 
 QWidget* SettingsWindow::calibrationFrame() {
-    switch (p_.session.status.instrument.value()) {
+    switch (program_.session.status.instrument.value()) {
     case InstrumentType::Glow:
         return glowFrame_;
     case InstrumentType::Trx:
@@ -175,7 +157,7 @@ QWidget* SettingsWindow::calibrationFrame() {
 }
 
 void SettingsWindow::closeEvent(QCloseEvent* event) {
-    p_.shown.visible = false;
+    program_.settings.visible = false;
     QWidget::closeEvent(event);
 }
 

@@ -2,15 +2,12 @@
 #pragma once
 
 #include "base/observe.h"
-#include "settings/modes.h"
-#include "settings/settingssender.h"
-#include "ui/dialogs.h"
+#include "program/program.h"
 #include "ui/widgets.h"
 
+#include <QMap>
 #include <QStackedWidget>
 #include <QWidget>
-
-#include <functional>
 
 namespace orv {
 
@@ -18,17 +15,7 @@ namespace orv {
 /// are the settings record. It does not block the main window.
 class SettingsWindow final : public QWidget {
 public:
-    /// What the screen draws and acts through; everything outlives it.
-    struct Parts {
-        Session& session;
-        SettingsState& shown;
-        SettingsCommands& commands;
-        Modes& modes;
-        SettingsActions& actions;
-        std::function<void()> showMainWindow; ///< Brings the main window to the front; may be empty.
-    };
-
-    explicit SettingsWindow(const Parts& parts, QWidget* parent = nullptr);
+    explicit SettingsWindow(Program& program, QWidget* parent = nullptr);
 
     /// Chooses a tab as a click on it does: "Modes", "Time and Date", "Control Bits", "Sampling" or "Calibration".
     void chooseTab(const QString& caption);
@@ -39,29 +26,27 @@ public:
     /// Hides every frame.
     void clearforms();
 
+    Signal<> mainWindowWanted; ///< "Close" was pressed: the main window is to come to the front.
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void makePages();
     QLayout* makeButtons();
     void makeTabShortcuts();
     void showFrame(const QString& caption);
     QWidget* calibrationFrame();
-    QWidget* makeHint(const QString& name, const QString& text) const;
+    QWidget* makeHint(const QString& name, const QString& text);
+    QWidget* addFrame(QWidget* frame);
 
-    Parts p_;
+    Program& program_;
     ChoiceTabBar* tabs_;
     QStackedWidget* frames_;
-    PlainEnglishWindow* plainEnglish_;
-    QWidget* noTabHint_ = nullptr;
-    QWidget* noTypeHint_ = nullptr;
-    QWidget* modesFrame_ = nullptr;
-    QWidget* timeFrame_ = nullptr;
-    QWidget* bitsFrame_ = nullptr;
-    QWidget* samplesFrame_ = nullptr;
-    QWidget* trxFrame_ = nullptr;
-    QWidget* glowFrame_ = nullptr;
+    QWidget* noTabHint_;
+    QWidget* noTypeHint_;
+    QMap<QString, QWidget*> frameOfTab_; ///< All but "Calibration", which has one for each type.
+    QWidget* trxFrame_;
+    QWidget* glowFrame_;
     QString chosen_; ///< Caption of the chosen tab; empty before the first choice.
     Subscription tabChosen_;
     Bindings bindings_;

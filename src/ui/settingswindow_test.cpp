@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/settingswindowtest.h"
 
-#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -121,7 +120,7 @@ TEST_F(SettingsWindowTest, KeepsItsTabAndTextsBetweenOpenings) {
 
 TEST_F(SettingsWindowTest, CloseShowsTheMainWindow) {
     open();
-    find<QPushButton>("Close").click();
+    click("Close");
     EXPECT_EQ(mainWindowShown, 1);
     EXPECT_FALSE(window.isVisible());
     EXPECT_FALSE(settings.visible.value());
@@ -135,22 +134,18 @@ TEST_F(SettingsWindowTest, PresentShowsIt) {
 
 TEST_F(SettingsWindowTest, ButtonsDoTheirWork) {
     open();
-    find<QPushButton>("RetrieveSettings").click();
-    EXPECT_EQ(written(), QByteArrayList{"P"});
-    writes.clear();
-    find<QPushButton>("DisplayLoggerTimeDate").click();
-    EXPECT_EQ(written(), QByteArrayList{"C"});
-    writes.clear();
-    find<QPushButton>("ApplySettings").click();
-    EXPECT_EQ(writes.size(), 11U);
-    writes.clear();
-    find<QPushButton>("Profile").click();
-    EXPECT_EQ(writes.at(1).bytes, "100010");
-    writes.clear();
-    find<QPushButton>("Moored").click();
-    EXPECT_EQ(writes.at(1).bytes, "100111");
-    find<QPushButton>("SaveAUserDefinedMode").click();
-    find<QPushButton>("LoadAUserDefinedMode").click();
+    click("RetrieveSettings");
+    EXPECT_EQ(written(), std::vector<QByteArray>{"P"});
+    click("DisplayLoggerTimeDate");
+    EXPECT_EQ(written(), std::vector<QByteArray>{"C"});
+    click("ApplySettings");
+    EXPECT_EQ(written().size(), 11U);
+    click("Profile");
+    EXPECT_EQ(written().at(1), "100010");
+    click("Moored");
+    EXPECT_EQ(written().at(1), "100111");
+    click("SaveAUserDefinedMode");
+    click("LoadAUserDefinedMode");
     EXPECT_EQ(answers.asked.size(), 2);
 }
 
@@ -163,7 +158,7 @@ TEST_F(SettingsWindowTest, NoButtonSendsAnythingWhenNotConnected) {
         ++buttons;
     }
     EXPECT_EQ(buttons, 14);
-    EXPECT_TRUE(writes.empty());
+    EXPECT_TRUE(written().empty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_FALSE(progress.visible.value());
     EXPECT_EQ(settings.record.value().pointsPerBlock, QStringLiteral("60000"))
@@ -315,7 +310,7 @@ TEST_F(SettingsWindowTest, NothingIsCutOff) {
 
 TEST_F(SettingsWindowTest, PlainEnglishShowsTheSettingsAsTheyAreNow) {
     open();
-    find<QPushButton>("ViewCurrentSettingsTranscribedAsText").click();
+    click("ViewCurrentSettingsTranscribedAsText");
     auto& english = find<QWidget>("PlainEnglish");
     EXPECT_TRUE(english.isVisible());
     EXPECT_EQ(control<QLabel>(english, "BinningLine").text(),
