@@ -25,17 +25,16 @@ QString takeField(QStringView& text) {
     }
     QString field;
     qsizetype end = 0;
-    if (start < text.size() && text[start] == u'"') {
+    const bool quoted = start < text.size() && text[start] == u'"';
+    if (quoted) {
         const qsizetype quote = text.indexOf(u'"', start + 1);
         end = quote < 0 ? text.size() : quote;
         field = text.sliced(start + 1, end - start - 1).toString();
-        while (end < text.size() && !isEnd(text[end])) {
-            ++end;
-        }
-    } else {
-        while (end < text.size() && !isEnd(text[end])) {
-            ++end;
-        }
+    }
+    while (end < text.size() && !isEnd(text[end])) {
+        ++end;
+    }
+    if (!quoted) {
         field = text.first(end).toString();
     }
     const bool windowsLineEnd = text.sliced(end).startsWith(QLatin1String("\r\n"));

@@ -21,10 +21,6 @@ QString modeSuffix() {
     return QStringLiteral(".OCM");
 }
 
-QString modeFilter() {
-    return QStringLiteral("*.OCM");
-}
-
 } // namespace
 
 QByteArray modeFileContent(const LoggerSettings& mode) {
@@ -100,8 +96,8 @@ void Modes::use(LoggerSettings mode, InstrumentType type) {
 
 void Modes::saveMode() {
     const QByteArray content = modeFileContent(settings_.record);
-    const QString name =
-        questions_.saveFileName(QStringLiteral("Save A User Defined Mode"), QString(), modeSuffix(), modeFilter());
+    const QString name = questions_.saveFileName(QStringLiteral("Save A User Defined Mode"), QString(), modeSuffix(),
+                                                 u'*' + modeSuffix());
     if (name.isEmpty()) {
         return;
     }
@@ -115,7 +111,8 @@ void Modes::loadMode() {
     if (wouldDisturb()) {
         return;
     }
-    QString name = questions_.openFileName(QStringLiteral("Load A User Defined Mode"), modeSuffix(), modeFilter());
+    QString name =
+        questions_.openFileName(QStringLiteral("Load A User Defined Mode"), modeSuffix(), u'*' + modeSuffix());
     // Ticks and a lost connection may have come before the answer.
     if (name.isEmpty() || wouldDisturb()) {
         return;

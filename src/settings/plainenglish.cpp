@@ -32,41 +32,35 @@ QString sleepLine(double total) {
 
 PlainEnglish inPlainEnglish(const LoggerSettings& record) {
     PlainEnglish text;
-    auto& lines = text.lines;
+    const auto say = [&text](PlainEnglish::Line line, const char* sentence, const QString& value = {}) {
+        text.lines.at(line) = QString::fromLatin1(sentence).replace(u'%', value);
+    };
     const QString delay = delayPhrase(leadingNumber(record.hoursBeforeBlock));
     if (record.autoStart) {
-        lines[PlainEnglish::Opening] = QStringLiteral("     The Orv Sensor will start to collect data ") + delay +
-                                       QStringLiteral(" after power up");
+        say(PlainEnglish::Opening, "     The Orv Sensor will start to collect data % after power up", delay);
     } else {
-        lines[PlainEnglish::Opening] = QStringLiteral("     The Orv Sensor will come up waiting for a command.");
-        lines[PlainEnglish::Run] = QStringLiteral("If you press run, it will start to collect data") + delay +
-                                   QStringLiteral(" after you press run.");
+        say(PlainEnglish::Opening, "     The Orv Sensor will come up waiting for a command.");
+        say(PlainEnglish::Run, "If you press run, it will start to collect data% after you press run.", delay);
     }
-    lines[PlainEnglish::Binning] = QStringLiteral("It will bin for ") + record.samplesPerPoint +
-                                   QStringLiteral(" sample(s) to create 1 data point.");
-    lines[PlainEnglish::Sleep] = sleepLine(leadingNumber(record.secondsBetweenPoints));
-    lines[PlainEnglish::Wake] = QStringLiteral("After this it wakes up and takes another data point. The process");
+    say(PlainEnglish::Binning, "It will bin for % sample(s) to create 1 data point.", record.samplesPerPoint);
+    text.lines[PlainEnglish::Sleep] = sleepLine(leadingNumber(record.secondsBetweenPoints));
+    say(PlainEnglish::Wake, "After this it wakes up and takes another data point. The process");
 
     const double points = leadingNumber(record.pointsPerBlock);
     text.finiteBlock = points > 0.0;
-    if (text.finiteBlock) {
-        lines[PlainEnglish::Block] = QStringLiteral("continues for ") + record.pointsPerBlock +
-                                     QStringLiteral(" data points to create 1 data block.");
-    } else if (points == 0.0) {
-        lines[PlainEnglish::Block] =
-            QStringLiteral("continues until power is shut off. All of the data collected is known as the data block");
+    if (points == 0.0) {
+        say(PlainEnglish::Block,
+            "continues until power is shut off. All of the data collected is known as the data block");
     }
-    lines[PlainEnglish::Logging] = record.logEnabled
-                                       ? QStringLiteral("The data point displayed will be saved in memory.")
-                                       : QStringLiteral("The data point displayed will not be saved in memory.");
+    say(PlainEnglish::Logging, record.logEnabled ? "The data point displayed will be saved in memory."
+                                                 : "The data point displayed will not be saved in memory.");
     if (text.finiteBlock) {
-        lines[PlainEnglish::EndOfBlock] =
-            record.wakeUp
-                ? QStringLiteral("After finishing a data block, the sensor will wait for new commands.")
-                : QStringLiteral("After finishing a data block, the sensor will sleep until power is cycled.");
-        lines[PlainEnglish::NextBlock] =
-            record.append ? QStringLiteral("If you decide to take another data block, data in memory will be appended.")
-                          : QStringLiteral("If you decide to take another data block, data in memory will be erased.");
+        say(PlainEnglish::Block, "continues for % data points to create 1 data block.", record.pointsPerBlock);
+        say(PlainEnglish::EndOfBlock,
+            record.wakeUp ? "After finishing a data block, the sensor will wait for new commands."
+                          : "After finishing a data block, the sensor will sleep until power is cycled.");
+        say(PlainEnglish::NextBlock, "If you decide to take another data block, data in memory will be %.",
+            record.append ? QStringLiteral("appended") : QStringLiteral("erased"));
     }
     return text;
 }

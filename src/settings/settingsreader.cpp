@@ -104,19 +104,17 @@ void SettingsReader::takeMemoryPointer(double value) {
 }
 
 void SettingsReader::selectSamplingOption() {
-    const QString samples = p_.settings.record.value().samplesPerPoint;
     int selected = 0;
-    const auto select = [&selected, &samples](bool glow) {
-        const auto presets = samplingPresets(glow);
-        for (int option = 0; option < 4; ++option) {
-            if (presets.at(static_cast<std::size_t>(option)).samplesPerPoint == samples) {
-                selected = option + 1;
+    // A fluorometer's own presets count more than the scattering meter's.
+    for (const bool glow : {false, true}) {
+        int option = 0;
+        for (const SamplingPreset& preset : samplingPresets(glow)) {
+            ++option;
+            if (preset.samplesPerPoint == p_.settings.record.value().samplesPerPoint &&
+                (!glow || p_.session.state.type() == InstrumentType::Glow)) {
+                selected = option;
             }
         }
-    };
-    select(false);
-    if (p_.session.state.type() == InstrumentType::Glow) {
-        select(true);
     }
     p_.settings.samplingOption = selected;
 }

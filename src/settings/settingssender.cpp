@@ -133,46 +133,6 @@ QString timeDigits(const QString& timeText) {
     return atLeastTwo(hourText) + atLeastTwo(timeText.section(separator, 1, 1));
 }
 
-ClockSetter::ClockSetter(const SendingParts& parts, PromptDialogue& dialogue)
-    : p_(parts)
-    , dialogue_(dialogue) {}
-
-PromptOutcome ClockSetter::setclock() {
-    p_.ports.write("U");
-    PromptOutcome outcome = dialogue_.waitprompt();
-    if (outcome != PromptOutcome::Came) {
-        return outcome;
-    }
-    // The screen shows no date before the first tick after a report.
-    const QString shown = p_.settings.computerDate;
-    outcome = sendDigits(dateDigits(shown.isEmpty() ? shortDate(p_.session.clock.now().date()) : shown));
-    if (outcome == PromptOutcome::Came) {
-        outcome = dialogue_.waitprompt();
-    }
-    if (outcome == PromptOutcome::Came) {
-        outcome = sendDigits(timeDigits(clockText(p_.session.clock.now().time())));
-    }
-    if (outcome == PromptOutcome::Came) {
-        dialogue_.finish();
-    }
-    return outcome;
-}
-
-PromptOutcome ClockSetter::sendDigits(const QString& digits) {
-    // The instrument takes digits only as slowly as a person types them.
-    constexpr float secondsBetweenDigits = 0.2F;
-    for (const QChar digit : digits) {
-        if (!p_.wait.waitConnected(secondsBetweenDigits) || p_.ports.checkFailure()) {
-            return PromptOutcome::ConnectionLost;
-        }
-        p_.ports.write(QByteArray(1, digit.toLatin1()));
-        if (dialogue_.transcriptWanted() && p_.session.state.trouble == 1) {
-            p_.debug.list.append(digit);
-        }
-    }
-    return PromptOutcome::Came;
-}
-
 QString controlBits(const LoggerSettings& record) {
     QString bits;
     for (const Setting& setting : flagSettings) {
@@ -183,8 +143,7 @@ QString controlBits(const LoggerSettings& record) {
 
 SettingsSender::SettingsSender(const Parts& parts)
     : p_(parts)
-    , dialogue_(parts)
-    , clock_(parts, dialogue_) {}
+    , dialogue_(parts) {}
 
 SettingsSender::Outcome SettingsSender::setprefs() {
     if (!p_.ports.isOpen()) {
@@ -206,27 +165,64 @@ SettingsSender::Outcome SettingsSender::setprefs() {
 }
 
 PromptOutcome SettingsSender::talk() {
-    const LoggerSettings record = p_.settings.record;
-    PromptOutcome outcome = PromptOutcome::Came;
-    const auto item = [this, &outcome](const QString& text, const QByteArray& terminator = {}) {
-        dialogue_.send(text, terminator);
-        outcome = dialogue_.waitprompt();
-        return outcome == PromptOutcome::Came;
+    struct Item {
+        QString text;
+        QByteArray terminator = {};
     };
-    if (!item(QStringLiteral("B")) || !item(controlBits(record))) {
-        return outcome;
-    }
+    const LoggerSettings& record = p_.settings.record.value();
+    std::vector<Item> items{{QStringLiteral("B")}, {controlBits(record)}};
     for (const Setting& setting : numberSettings) {
-        if (!item(QChar(setting.letter)) || !item(record.*setting.number, "\r")) {
+        items.push_back({QChar(setting.letter)});
+        items.push_back({record.*setting.number, "\r"});
+    }
+    for (const Item& item : items) {
+        dialogue_.send(item.text, item.terminator);
+        const PromptOutcome outcome = dialogue_.waitprompt();
+        if (outcome != PromptOutcome::Came) {
             return outcome;
         }
     }
     // During a shutter reset the settings are sent only for a while; the clock is none of its business.
     if (p_.settings.syncTimeDate && p_.session.state.Ctrlscrn != Operation::ShutterReset) {
         p_.session.commands.activity = Activity::SettingClock;
-        outcome = clock_.setclock();
+        return setclock();
+    }
+    return PromptOutcome::Came;
+}
+
+PromptOutcome SettingsSender::setclock() {
+    p_.ports.write("U");
+    PromptOutcome outcome = dialogue_.waitprompt();
+    if (outcome == PromptOutcome::Came) {
+        // The screen shows no date before the first tick after a report.
+        const QString shown = p_.settings.computerDate;
+        outcome = typed(dateDigits(shown.isEmpty() ? shortDate(p_.session.clock.now().date()) : shown));
+    }
+    if (outcome == PromptOutcome::Came) {
+        outcome = dialogue_.waitprompt();
+    }
+    if (outcome == PromptOutcome::Came) {
+        outcome = typed(timeDigits(clockText(p_.session.clock.now().time())));
+    }
+    if (outcome == PromptOutcome::Came) {
+        dialogue_.finish();
     }
     return outcome;
+}
+
+PromptOutcome SettingsSender::typed(const QString& digits) {
+    // The instrument takes digits only as slowly as a person types them.
+    constexpr float secondsBetweenDigits = 0.2F;
+    for (const QChar digit : digits) {
+        if (!p_.wait.waitConnected(secondsBetweenDigits) || p_.ports.checkFailure()) {
+            return PromptOutcome::ConnectionLost;
+        }
+        p_.ports.write(QByteArray(1, digit.toLatin1()));
+        if (dialogue_.transcriptWanted() && p_.session.state.trouble == 1) {
+            p_.debug.list.append(digit);
+        }
+    }
+    return PromptOutcome::Came;
 }
 
 SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {

@@ -72,25 +72,6 @@ QString dateDigits(const QString& shortDate);
 /// text with "AM" or "PM" ("3:07:09 PM" is "1507", the hour after midnight "00") and 24-hour text.
 QString timeDigits(const QString& timeText);
 
-/// Sets the instrument's clock to the computer's.
-class ClockSetter {
-public:
-    /// `dialogue` must outlive this.
-    ClockSetter(const SendingParts& parts, PromptDialogue& dialogue);
-
-    /// Sends "U", then the date that the settings screen shows for the computer, then the present hour and minutes,
-    /// each digit 0.2 s after what came before; date and time wait for the instrument's prompt. Seconds are not sent:
-    /// the instrument starts the minute afresh. The status timer must be stopped; it runs again, and the settings
-    /// report is requested, when the outcome is `Came`.
-    PromptOutcome setclock();
-
-private:
-    PromptOutcome sendDigits(const QString& digits);
-
-    SendingParts p_;
-    PromptDialogue& dialogue_;
-};
-
 /// Writes the settings on the settings screen into the instrument.
 class SettingsSender {
 public:
@@ -121,12 +102,15 @@ public:
     std::function<void()> showMainWindow;
 
 private:
-    Outcome ended(PromptOutcome outcome);
+    /// The clock: "U", then the date that the settings screen shows for the computer, then the present hour and
+    /// minutes, each digit 0.2 s after what came before. Seconds are not sent: the instrument starts the minute afresh.
+    PromptOutcome setclock();
     PromptOutcome talk();
+    PromptOutcome typed(const QString& digits);
+    Outcome ended(PromptOutcome outcome);
 
     Parts p_;
     PromptDialogue dialogue_;
-    ClockSetter clock_;
 };
 
 /// The six flags as the instrument takes them, "0" or "1" each.

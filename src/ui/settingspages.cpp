@@ -21,32 +21,39 @@ namespace {
 /// A frame, and what it keeps to follow the program.
 class SettingsPage final : public QGroupBox {
 public:
-    SettingsPage(const QString& title, const QString& name)
-        : QGroupBox(title) {
-        setObjectName(name);
+    SettingsPage(const char* title, const char* name)
+        : QGroupBox(QLatin1String(title)) {
+        setObjectName(QLatin1String(name));
     }
 
     Bindings bindings;
 };
 
 void nameAfter(const Setting& setting, QWidget* control) {
-    control->setObjectName(QString::fromLatin1(setting.control));
-    control->setToolTip(QString::fromLatin1(setting.toolTip));
+    control->setObjectName(QLatin1String(setting.control));
+    control->setToolTip(QLatin1String(setting.toolTip));
 }
 
-QLabel* makeShownText(SettingsPage* page, const QString& name, const QString& accessibleName,
+QLabel* makeShownText(SettingsPage* page, QAnyStringView name, QAnyStringView accessibleName,
                       const QProperty<QString>& text) {
     QLabel* label = makeValueLabel(name, accessibleName);
-    page->bindings.bind(text, [label](const QString& now) { label->setText(now); });
+    bindText(page->bindings, label, text);
     return label;
 }
 
-QLabel* makeDescription(const QString& text, const QString& name, QWidget* of) {
-    QLabel* label = makeValueLabel(name, QStringLiteral("Description"));
-    label->setText(text);
+QLabel* makeDescription(const char* text, const char* name, QWidget* of) {
+    QLabel* label = makeValueLabel(name, "Description");
+    label->setText(QLatin1String(text));
     label->setWordWrap(true);
-    of->setAccessibleDescription(text);
+    of->setAccessibleDescription(QLatin1String(text));
     return label;
+}
+
+QGridLayout* makeGrid(int horizontalSpacing, int verticalSpacing, QWidget* page = nullptr) {
+    auto* grid = new QGridLayout(page);
+    grid->setHorizontalSpacing(horizontalSpacing);
+    grid->setVerticalSpacing(verticalSpacing);
+    return grid;
 }
 
 QFrame* makeLine() {
@@ -59,35 +66,29 @@ QFrame* makeLine() {
 } // namespace
 
 QWidget* makeModesPage(Program& program) {
-    auto* page = new SettingsPage(QStringLiteral("Modes"), QStringLiteral("ModesFrame"));
+    auto* page = new SettingsPage("Modes", "ModesFrame");
     auto* english = new PlainEnglishWindow(page);
     Modes& modes = program.modes;
-    auto* profile = makeButton(QStringLiteral("&Profile"), QStringLiteral("Profile"), [&modes] { modes.profile(); });
-    auto* moored = makeButton(QStringLiteral("&Moored"), QStringLiteral("Moored"), [&modes] { modes.moored(); });
-    auto* save = makeButton(QStringLiteral("&Save A User Defined Mode"), QStringLiteral("SaveAUserDefinedMode"),
-                            [&modes] { modes.saveMode(); });
-    auto* load = makeButton(QStringLiteral("&Load A User Defined Mode"), QStringLiteral("LoadAUserDefinedMode"),
-                            [&modes] { modes.loadMode(); });
-    auto* view = makeButton(QStringLiteral("&View Current Settings Transcribed as Text"),
-                            QStringLiteral("ViewCurrentSettingsTranscribedAsText"),
+    auto* profile = makeButton("&Profile", "Profile", [&modes] { modes.profile(); });
+    auto* moored = makeButton("&Moored", "Moored", [&modes] { modes.moored(); });
+    auto* save = makeButton("&Save A User Defined Mode", "SaveAUserDefinedMode", [&modes] { modes.saveMode(); });
+    auto* load = makeButton("&Load A User Defined Mode", "LoadAUserDefinedMode", [&modes] { modes.loadMode(); });
+    auto* view = makeButton("&View Current Settings Transcribed as Text", "ViewCurrentSettingsTranscribedAsText",
                             [english, &record = program.settings.record] { english->open(record); });
-    auto* remark =
-        makeShownText(page, QStringLiteral("ModeRemark"), QStringLiteral("Mode file"), program.settings.modeRemark);
+    auto* remark = makeShownText(page, "ModeRemark", "Mode file", program.settings.modeRemark);
     remark->setWordWrap(true);
 
-    auto* layout = new QGridLayout(page);
-    layout->setHorizontalSpacing(16);
-    layout->setVerticalSpacing(12);
+    auto* layout = makeGrid(16, 12, page);
     layout->setColumnStretch(1, 1);
     layout->addWidget(profile, 0, 0);
-    layout->addWidget(makeDescription(QStringLiteral("This mode Autostarts, takes 1 data point per second, and repeats "
-                                                     "this indefinatly. Data is NOT logged."),
-                                      QStringLiteral("ProfileDescription"), profile),
+    layout->addWidget(makeDescription("This mode Autostarts, takes 1 data point per second, and repeats "
+                                      "this indefinatly. Data is NOT logged.",
+                                      "ProfileDescription", profile),
                       0, 1);
     layout->addWidget(moored, 1, 0);
-    layout->addWidget(makeDescription(QStringLiteral("This Mode Autostarts, takes 1 data point per second. It repeats "
-                                                     "once an hour. It logs up to 60000 data points."),
-                                      QStringLiteral("MooredDescription"), moored),
+    layout->addWidget(makeDescription("This Mode Autostarts, takes 1 data point per second. It repeats "
+                                      "once an hour. It logs up to 60000 data points.",
+                                      "MooredDescription", moored),
                       1, 1);
     layout->addWidget(makeLine(), 2, 0, 1, 2);
     layout->addWidget(save, 3, 0);
@@ -98,7 +99,7 @@ QWidget* makeModesPage(Program& program) {
     layout->setRowStretch(7, 1);
 
     for (QPushButton* button : {profile, moored, load}) {
-        page->bindings.bind(program.session.commands.undisturbed, [button](bool on) { button->setEnabled(on); });
+        bindEnabled(page->bindings, button, program.session.commands.undisturbed);
     }
     return page;
 }
@@ -122,11 +123,11 @@ QGroupBox* makeClock(SettingsPage* page, const QString& whose, const QString& to
 } // namespace
 
 QWidget* makeTimeAndDatePage(Program& program) {
-    auto* page = new SettingsPage(QStringLiteral("Time and Date"), QStringLiteral("TimeAndDateFrame"));
+    auto* page = new SettingsPage("Time and Date", "TimeAndDateFrame");
     SettingsState& shown = program.settings;
-    auto* display = makeButton(QStringLiteral("&Display Logger Time/Date"), QStringLiteral("DisplayLoggerTimeDate"),
+    auto* display = makeButton("&Display Logger Time/Date", "DisplayLoggerTimeDate",
                                [&program] { program.settingsCommands.displayLoggerTime(); });
-    page->bindings.bind(program.session.commands.canCommand, [display](bool on) { display->setEnabled(on); });
+    bindEnabled(page->bindings, display, program.session.commands.canCommand);
     const QString time = QStringLiteral("Time");
     const QString date = QStringLiteral("Date");
     auto* computer = makeClock(page, QStringLiteral("Computer"), QStringLiteral("This is the computers Time and Date."),
@@ -141,9 +142,7 @@ QWidget* makeTimeAndDatePage(Program& program) {
                                     "(Updated after send settings)"));
     bindChecked(page->bindings, sync, shown.syncTimeDate);
 
-    auto* layout = new QGridLayout(page);
-    layout->setHorizontalSpacing(16);
-    layout->setVerticalSpacing(16);
+    auto* layout = makeGrid(16, 16, page);
     layout->addWidget(display, 0, 0, 1, 2, Qt::AlignLeft);
     layout->addWidget(computer, 1, 0);
     layout->addWidget(logger, 1, 1);
@@ -155,12 +154,12 @@ QWidget* makeTimeAndDatePage(Program& program) {
 }
 
 QWidget* makeControlBitsPage(Program& program) {
-    auto* page = new SettingsPage(QStringLiteral("Control Bits"), QStringLiteral("ControlBitsFrame"));
+    auto* page = new SettingsPage("Control Bits", "ControlBitsFrame");
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(12);
     QProperty<LoggerSettings>& record = program.settings.record;
     for (const Setting* setting : settingsInOrder("SMLWAG")) {
-        auto* box = new QCheckBox(QString::fromLatin1(setting->caption));
+        auto* box = new QCheckBox(QLatin1String(setting->caption));
         nameAfter(*setting, box);
         page->bindings.bind(record, [box, setting](const LoggerSettings& now) { box->setChecked(now.*setting->flag); });
         QObject::connect(box, &QCheckBox::clicked, page, [&record, setting](bool on) {
@@ -172,7 +171,7 @@ QWidget* makeControlBitsPage(Program& program) {
 
     auto* lamp = new StatusLamp;
     lamp->setObjectName(QStringLiteral("Lamp"));
-    QLabel* words = makeValueLabel(QStringLiteral("LampText"), QStringLiteral("Status"));
+    QLabel* words = makeValueLabel("LampText", "Status");
     auto* row = new QHBoxLayout;
     row->addWidget(lamp);
     row->addWidget(words, 1);
@@ -200,8 +199,7 @@ public:
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(12);
         for (int option = 1; option <= 4; ++option) {
-            auto* button = new QRadioButton;
-            button->setObjectName(QStringLiteral("SamplingOption%1").arg(option));
+            auto* button = makeOption({}, QStringLiteral("SamplingOption%1").arg(option));
             group_.addButton(button, option);
             layout->addWidget(button);
             // Only the operator's choice writes the preset; an option that a report selects must leave the text alone.
@@ -249,7 +247,7 @@ void addNumbers(QGridLayout* layout, Program& program) {
         nameAfter(setting, box);
         box->setAccessibleName(setting.plainCaption());
         box->follow(program.settings.record, setting.number);
-        layout->addWidget(makeCaption(QString::fromLatin1(setting.caption), box), row, 0);
+        layout->addWidget(makeCaption(setting.caption, box), row, 0);
         layout->addWidget(box, row, 1);
         if (row == 0) {
             layout->addWidget(new SamplingOptions(program), row, 2);
@@ -258,7 +256,7 @@ void addNumbers(QGridLayout* layout, Program& program) {
             layout->addWidget(new QLabel(QStringLiteral("Max Values")), row, 2);
         } else {
             layout->addWidget(new QLabel(QString::number(maximumOfFiveDigits)), row, 2);
-            QLabel* remark = makeValueLabel(box->objectName() + QStringLiteral("Remark"), QStringLiteral("Remark"));
+            QLabel* remark = makeValueLabel(box->objectName() + QLatin1String("Remark"), "Remark");
             remark->setWordWrap(true);
             layout->addWidget(remark, std::max(layout->rowCount(), firstRemarkRow), 0, 1, 3);
             box->markOver(maximumOfFiveDigits, remark);
@@ -270,18 +268,15 @@ void addNumbers(QGridLayout* layout, Program& program) {
 } // namespace
 
 QWidget* makeSamplesPage(Program& program) {
-    auto* page = new SettingsPage(QStringLiteral("Samples and Intervals"), QStringLiteral("SamplesFrame"));
-    auto* layout = new QGridLayout(page);
-    layout->setHorizontalSpacing(16);
-    layout->setVerticalSpacing(8);
+    auto* page = new SettingsPage("Samples and Intervals", "SamplesFrame");
+    auto* layout = makeGrid(16, 8, page);
     layout->setColumnStretch(2, 1);
     addNumbers(layout, program);
 
     const QString caption = QStringLiteral("Logger Capacity (% full)");
     auto* name = new QLabel(caption);
-    auto* capacity = makeShownText(page, QStringLiteral("LoggerCapacity"), caption, program.settings.capacity);
-    auto* pointer = makeShownText(page, QStringLiteral("MemoryPointer"), QStringLiteral("Memory pointer"),
-                                  program.settings.memoryPointer);
+    auto* capacity = makeShownText(page, "LoggerCapacity", caption, program.settings.capacity);
+    auto* pointer = makeShownText(page, "MemoryPointer", "Memory pointer", program.settings.memoryPointer);
     for (QLabel* label : {name, capacity}) {
         label->setToolTip(QStringLiteral("This is the % of data memory used in the logger."));
     }
@@ -308,10 +303,9 @@ NumberBox* makeBox(const QString& name, const QString& accessibleName, QProperty
 }
 
 /// The lower part of either frame: whether raw counts are provided, and the device file buttons.
-QLayout* makeFoot(SettingsPage* page, QProperty<bool>& provideRawCounts, QRadioButton* calculate,
-                  const QString& rawName, QPushButton* load, QPushButton* save) {
-    auto* raw = new QRadioButton(QStringLiteral("&Provide Raw Counts"));
-    raw->setObjectName(rawName);
+QLayout* makeFoot(SettingsPage* page, QProperty<bool>& provideRawCounts, QRadioButton* calculate, const char* rawName,
+                  QPushButton* load, QPushButton* save) {
+    auto* raw = makeOption("&Provide Raw Counts", rawName);
     bindChoice(page->bindings, raw, calculate, provideRawCounts);
     auto* foot = new QHBoxLayout;
     const auto addColumn = [foot](QWidget* upper, QWidget* lower) {
@@ -328,12 +322,6 @@ QLayout* makeFoot(SettingsPage* page, QProperty<bool>& provideRawCounts, QRadioB
     return foot;
 }
 
-QRadioButton* makeCalculateOption(const QString& caption, const QString& name) {
-    auto* option = new QRadioButton(caption);
-    option->setObjectName(name);
-    return option;
-}
-
 QGridLayout* makeAngles(SettingsState& shown) {
     struct Angle {
         const char* caption;
@@ -346,9 +334,7 @@ QGridLayout* makeAngles(SettingsState& shown) {
         {"Angle 1&50 (l3)", "Text9", "Text12"},
     };
     const QString scaleColumn = QStringLiteral("1/mC");
-    auto* layout = new QGridLayout;
-    layout->setHorizontalSpacing(16);
-    layout->setVerticalSpacing(8);
+    auto* layout = makeGrid(16, 8);
     layout->setColumnStretch(3, 1);
     layout->addWidget(new QLabel(offsetColumn()), 0, 1);
     layout->addWidget(new QLabel(scaleColumn), 0, 2);
@@ -369,40 +355,33 @@ QGridLayout* makeAngles(SettingsState& shown) {
 } // namespace
 
 QWidget* makeTrxCalibrationPage(Program& program) {
-    auto* page = new SettingsPage(QStringLiteral("TRX Calibration: Offsets and B calculations"),
-                                  QStringLiteral("TrxCalibrationFrame"));
+    auto* page = new SettingsPage("TRX Calibration: Offsets and B calculations", "TrxCalibrationFrame");
     DeviceFiles& files = program.deviceFiles;
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(20);
     layout->addLayout(makeAngles(program.settings));
-    layout->addLayout(makeFoot(page, program.settings.trxProvideRawCounts,
-                               makeCalculateOption(QStringLiteral("Calc &B Values"), QStringLiteral("CalcBValues")),
-                               QStringLiteral("TrxProvideRawCounts"),
-                               makeButton(QStringLiteral("&Load Device File"), QStringLiteral("Command6"),
-                                          [&files] { files.loadDeviceFile(); }),
-                               makeButton(QStringLiteral("&Save Device File"), QStringLiteral("Command11"),
-                                          [&files] { files.saveDeviceFile(); })),
+    layout->addLayout(makeFoot(page, program.settings.trxProvideRawCounts, makeOption("Calc &B Values", "CalcBValues"),
+                               "TrxProvideRawCounts",
+                               makeButton("&Load Device File", "Command6", [&files] { files.loadDeviceFile(); }),
+                               makeButton("&Save Device File", "Command11", [&files] { files.saveDeviceFile(); })),
                       1);
     return page;
 }
 
 QWidget* makeGlowCalibrationPage(Program& program) {
-    auto* page = new SettingsPage(QStringLiteral("GLW Calibration: Offsets and B calculations"),
-                                  QStringLiteral("GlowCalibrationFrame"));
+    auto* page = new SettingsPage("GLW Calibration: Offsets and B calculations", "GlowCalibrationFrame");
     CalibrationBoxes& boxes = program.settings.glowCalibration;
     NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), boxes.offset);
     NumberBox* scale = makeBox(QStringLiteral("GlowScale"), QStringLiteral("ug/IC"), boxes.scale);
     // Reads as the formula by which counts become a concentration: counts less the offset, times the scale.
-    auto* formula = new QGridLayout;
-    formula->setHorizontalSpacing(8);
-    formula->setVerticalSpacing(8);
+    auto* formula = makeGrid(8, 8);
     formula->addWidget(new QLabel(offsetColumn()), 0, 2);
     formula->addWidget(new QLabel(QStringLiteral("Fchl =")), 1, 0);
-    formula->addWidget(makeCaption(QStringLiteral("C&ounts -"), offset), 1, 1);
+    formula->addWidget(makeCaption("C&ounts -", offset), 1, 1);
     formula->addWidget(offset, 1, 2);
     formula->setColumnMinimumWidth(3, 16);
     formula->addWidget(scale, 1, 4);
-    formula->addWidget(makeCaption(QStringLiteral("u&g/IC"), scale), 1, 5);
+    formula->addWidget(makeCaption("u&g/IC", scale), 1, 5);
     formula->setColumnStretch(6, 1);
 
     auto* layout = new QVBoxLayout(page);
@@ -410,15 +389,12 @@ QWidget* makeGlowCalibrationPage(Program& program) {
     layout->addLayout(formula);
     // Device files hold the scattering meter's six values; a fluorometer has none, so its two buttons do nothing.
     const auto nothing = [] {};
-    const QString toolTip = QStringLiteral("Device files are for the TRX only.");
-    layout->addLayout(
-        makeFoot(page, program.settings.glowProvideRawCounts,
-                 makeCalculateOption(QStringLiteral("Calc Consentration in &ug/L"),
-                                     QStringLiteral("CalcConsentrationInUgL")),
-                 QStringLiteral("GlowProvideRawCounts"),
-                 makeButton(QStringLiteral("&Load Device File"), QStringLiteral("Command13"), nothing, toolTip),
-                 makeButton(QStringLiteral("&Save Device File"), QStringLiteral("Command12"), nothing, toolTip)),
-        1);
+    constexpr const char* toolTip = "Device files are for the TRX only.";
+    layout->addLayout(makeFoot(page, program.settings.glowProvideRawCounts,
+                               makeOption("Calc Consentration in &ug/L", "CalcConsentrationInUgL"),
+                               "GlowProvideRawCounts", makeButton("&Load Device File", "Command13", nothing, toolTip),
+                               makeButton("&Save Device File", "Command12", nothing, toolTip)),
+                      1);
     return page;
 }
 

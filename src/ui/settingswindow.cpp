@@ -13,13 +13,33 @@ namespace orv {
 
 namespace {
 
-QString calibrationTab() {
-    return QStringLiteral("Calibration");
-}
+/// A tab and its page, which stands at the same place in the stack.
+struct Tab {
+    const char* caption;
+    QWidget* (*makePage)(Program& program);
+};
+
+constexpr Tab tabs[] = {{"Modes", makeModesPage},
+                        {"Time and Date", makeTimeAndDatePage},
+                        {"Control Bits", makeControlBitsPage},
+                        {"Sampling", makeSamplesPage},
+                        {"Calibration", makeTrxCalibrationPage}};
+constexpr int calibrationTab = std::size(tabs) - 1;
 
 QStringList tabCaptions() {
-    return {QStringLiteral("Modes"), QStringLiteral("Time and Date"), QStringLiteral("Control Bits"),
-            QStringLiteral("Sampling"), calibrationTab()};
+    QStringList captions;
+    for (const Tab& tab : tabs) {
+        captions << QLatin1String(tab.caption);
+    }
+    return captions;
+}
+
+QWidget* makeHint(const char* name, const char* text) {
+    auto* hint = new QLabel(QLatin1String(text));
+    hint->setObjectName(QLatin1String(name));
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    return hint;
 }
 
 } // namespace
@@ -29,19 +49,19 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
     , program_(program)
     , tabs_(new ChoiceTabBar(tabCaptions()))
     , frames_(new QStackedWidget)
-    , noTabHint_(makeHint(QStringLiteral("NoTabHint"), QStringLiteral("Choose a tab to see its settings.")))
-    , noTypeHint_(
-          makeHint(QStringLiteral("NoTypeHint"), QStringLiteral("Connect an instrument to see its calibration.")))
-    , frameOfTab_{{QStringLiteral("Modes"), addFrame(makeModesPage(program))},
-                  {QStringLiteral("Time and Date"), addFrame(makeTimeAndDatePage(program))},
-                  {QStringLiteral("Control Bits"), addFrame(makeControlBitsPage(program))},
-                  {QStringLiteral("Sampling"), addFrame(makeSamplesPage(program))}}
-    , trxFrame_(addFrame(makeTrxCalibrationPage(program)))
-    , glowFrame_(addFrame(makeGlowCalibrationPage(program))) {
+    , glowFrame_(makeGlowCalibrationPage(program))
+    , noTabHint_(makeHint("NoTabHint", "Choose a tab to see its settings."))
+    , noTypeHint_(makeHint("NoTypeHint", "Connect an instrument to see its calibration.")) {
     setObjectName(QStringLiteral("LoggerSettings"));
     setWindowTitle(QStringLiteral("Logger Settings"));
     tabs_->setObjectName(QStringLiteral("SettingsTabs"));
     tabs_->setAccessibleName(QStringLiteral("Groups of settings"));
+    for (const Tab& tab : tabs) {
+        frames_->addWidget(tab.makePage(program));
+    }
+    for (QWidget* frame : {glowFrame_, noTabHint_, noTypeHint_}) {
+        frames_->addWidget(frame);
+    }
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs_);
     layout->addWidget(frames_, 1);
@@ -49,11 +69,11 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
     makeTabShortcuts();
     clearforms();
 
-    tabChosen_ = tabs_->tabChosen.subscribe([this](const QString& caption) { showFrame(caption); });
+    tabChosen_ = tabs_->tabChosen.subscribe([this](const QString& /*caption*/) { showFrame(); });
     bindings_.bind(program.session.status.instrument, [this](InstrumentType type) {
         // The frame stays when the type is only forgotten, so that nothing goes from under the operator's hands.
-        if (chosen_ == calibrationTab() && type != InstrumentType::Unknown) {
-            showFrame(chosen_);
+        if (tabs_->isChosen() && tabs_->currentIndex() == calibrationTab && type != InstrumentType::Unknown) {
+            showFrame();
         }
     });
     bindings_.bind(program.settings.visible, [this](bool on) {
@@ -65,42 +85,26 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
     });
 }
 
-QWidget* SettingsWindow::addFrame(QWidget* frame) {
-    frames_->addWidget(frame);
-    return frame;
-}
-
-QWidget* SettingsWindow::makeHint(const QString& name, const QString& text) {
-    auto* hint = new QLabel(text);
-    hint->setObjectName(name);
-    hint->setAlignment(Qt::AlignCenter);
-    hint->setForegroundRole(QPalette::PlaceholderText);
-    return addFrame(hint);
-}
-
 QLayout* SettingsWindow::makeButtons() {
-    QPushButton* retrieve = makeButton(
-        QStringLiteral("&Retrieve Settings"), QStringLiteral("RetrieveSettings"),
-        [this] { program_.settingsCommands.retrieveSettings(); }, QStringLiteral("Retrieve settings from the logger"));
-    QPushButton* apply = makeButton(
-        QStringLiteral("&Apply Settings"), QStringLiteral("ApplySettings"),
-        [this] { program_.settingsCommands.applySettings(); }, QStringLiteral("Send Settings to the logger"));
-    QPushButton* closeButton = makeButton(
-        QStringLiteral("&Close"), QStringLiteral("Close"),
+    SettingsCommands& commands = program_.settingsCommands;
+    auto* row = new QHBoxLayout;
+    const auto add = [this, row](QPushButton* button) {
+        bindEnabled(bindings_, button, program_.session.commands.canCommand);
+        row->addWidget(button);
+    };
+    add(makeButton(
+        "&Retrieve Settings", "RetrieveSettings", [&commands] { commands.retrieveSettings(); },
+        "Retrieve settings from the logger"));
+    add(makeButton(
+        "&Apply Settings", "ApplySettings", [&commands] { commands.applySettings(); }, "Send Settings to the logger"));
+    row->addStretch(1);
+    row->addWidget(makeButton(
+        "&Close", "Close",
         [this] {
             mainWindowWanted.tell();
             program_.settings.visible = false;
         },
-        QStringLiteral("Verify that settings are correct before closing this window"));
-    auto* row = new QHBoxLayout;
-    row->addWidget(retrieve);
-    row->addWidget(apply);
-    row->addStretch(1);
-    row->addWidget(closeButton);
-    bindings_.bind(program_.session.commands.canCommand, [retrieve, apply](bool on) {
-        retrieve->setEnabled(on);
-        apply->setEnabled(on);
-    });
+        "Verify that settings are correct before closing this window"));
     return row;
 }
 
@@ -138,22 +142,13 @@ void SettingsWindow::clearforms() {
     frames_->setCurrentWidget(noTabHint_);
 }
 
-void SettingsWindow::showFrame(const QString& caption) {
-    chosen_ = caption;
-    frames_->setCurrentWidget(caption == calibrationTab() ? calibrationFrame()
-                                                          : frameOfTab_.value(caption, noTabHint_));
-}
-
-QWidget* SettingsWindow::calibrationFrame() {
-    switch (program_.session.status.instrument.value()) {
-    case InstrumentType::Glow:
-        return glowFrame_;
-    case InstrumentType::Trx:
-        return trxFrame_;
-    case InstrumentType::Unknown:
-        break;
+void SettingsWindow::showFrame() {
+    const InstrumentType type = program_.session.status.instrument;
+    QWidget* frame = frames_->widget(tabs_->currentIndex());
+    if (tabs_->currentIndex() == calibrationTab && type != InstrumentType::Trx) {
+        frame = type == InstrumentType::Glow ? glowFrame_ : noTypeHint_;
     }
-    return noTypeHint_;
+    frames_->setCurrentWidget(frame);
 }
 
 void SettingsWindow::closeEvent(QCloseEvent* event) {

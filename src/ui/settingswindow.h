@@ -5,7 +5,6 @@
 #include "program/program.h"
 #include "ui/widgets.h"
 
-#include <QMap>
 #include <QStackedWidget>
 #include <QWidget>
 
@@ -34,20 +33,14 @@ protected:
 private:
     QLayout* makeButtons();
     void makeTabShortcuts();
-    void showFrame(const QString& caption);
-    QWidget* calibrationFrame();
-    QWidget* makeHint(const QString& name, const QString& text);
-    QWidget* addFrame(QWidget* frame);
+    void showFrame();
 
     Program& program_;
     ChoiceTabBar* tabs_;
     QStackedWidget* frames_;
+    QWidget* glowFrame_;
     QWidget* noTabHint_;
     QWidget* noTypeHint_;
-    QMap<QString, QWidget*> frameOfTab_; ///< All but "Calibration", which has one for each type.
-    QWidget* trxFrame_;
-    QWidget* glowFrame_;
-    QString chosen_; ///< Caption of the chosen tab; empty before the first choice.
     Subscription tabChosen_;
     Bindings bindings_;
 };
