@@ -20,10 +20,6 @@ constexpr QCPScatterStyle::ScatterShape symbols[] = {QCPScatterStyle::ssCircle, 
                                                      QCPScatterStyle::ssTriangle, QCPScatterStyle::ssDiamond,
                                                      QCPScatterStyle::ssPlus,     QCPScatterStyle::ssCross};
 
-QCPGraphData dataPoint(const PlotData& data, int curve, int point) {
-    return {data.place(point), data.value(curve, point)};
-}
-
 } // namespace
 
 PlotCanvas::PlotCanvas(const PlotData& curves)
@@ -127,19 +123,12 @@ void PlotCanvas::relay(int cursor) {
 
 void PlotCanvas::append() {
     for (int curve = 0; curve < graphCount(); ++curve) {
-        QCPGraphDataContainer& points = *graph(curve)->data();
-        if (drawnPoints_ == 0) {
-            QVector<QCPGraphData> all;
-            all.reserve(data_.pointCount());
-            for (int point = 0; point < data_.pointCount(); ++point) {
-                all.append(dataPoint(data_, curve, point));
-            }
-            points.set(all, true);
-        } else {
-            for (int point = drawnPoints_; point < data_.pointCount(); ++point) {
-                points.add(dataPoint(data_, curve, point));
-            }
+        QVector<QCPGraphData> come;
+        come.reserve(data_.pointCount() - drawnPoints_);
+        for (int point = drawnPoints_; point < data_.pointCount(); ++point) {
+            come.append({data_.place(point), data_.value(curve, point)});
         }
+        graph(curve)->data()->add(come, true);
     }
     drawnPoints_ = data_.pointCount();
 }

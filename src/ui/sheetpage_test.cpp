@@ -212,14 +212,9 @@ TEST_F(SheetPageTest, TheGridCannotBeEdited) {
     EXPECT_FALSE(grid.verticalHeader()->isVisibleTo(&page));
 }
 
-TEST_F(SheetPageTest, TheButtonsActAndFollowWhatIsAllowed) {
+TEST_F(SheetPageTest, TheButtonsFollowWhatIsAllowed) {
     commands.saveAsEnabled = true;
     commands.clearAllEnabled = true;
-    said();
-    button("Command11").click();
-    button("Command10").click();
-    button("Command9").click();
-    EXPECT_EQ(said(), "Save Spread Sheet\rLoading Spread Sheet\rClear Spread Sheet\r");
     commands.activity = Activity::Collecting;
     EXPECT_TRUE(button("Command11").isEnabled());
     EXPECT_FALSE(button("Command10").isEnabled());
