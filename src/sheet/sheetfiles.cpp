@@ -14,36 +14,8 @@ namespace orv {
 
 namespace {
 
-/// A full sheet is a few megabytes.
-constexpr qint64 largestFile = qint64{64} * 1024 * 1024;
-
 QString tellable(const QString& name) {
     return QFileInfo(name).absoluteFilePath();
-}
-
-LoadedSheet readSheetFile(const QString& name) {
-    LoadedSheet loaded;
-    const QFileInfo info(name);
-    if (info.exists() && !info.isFile()) {
-        // Reading a device or a pipe might never end.
-        loaded.error = QStringLiteral("It is a folder or a device, not a file.");
-        return loaded;
-    }
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly)) {
-        loaded.error = QStringLiteral("It cannot be read: %1.").arg(file.errorString());
-        return loaded;
-    }
-    if (file.size() > largestFile) {
-        loaded.error = QStringLiteral("It is far too large to be a sheet.");
-        return loaded;
-    }
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        loaded.error = QStringLiteral("It cannot be read: %1.").arg(file.errorString());
-        return loaded;
-    }
-    return parseSheetFile(bytes);
 }
 
 } // namespace

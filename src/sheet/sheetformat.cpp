@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <QByteArrayList>
+#include <QFile>
 #include <QFileInfo>
 
 #include <limits>
@@ -180,6 +181,27 @@ LoadedSheet parseSheetFile(const QByteArray& bytes) {
                 .arg(found));
     }
     return loaded;
+}
+
+LoadedSheet readSheetFile(const QString& name) {
+    constexpr qint64 largestFile = qint64{64} * 1024 * 1024; // a full sheet is a few megabytes
+    const QFileInfo info(name);
+    if (info.exists() && !info.isFile()) {
+        // Reading a device or a pipe might never end.
+        return refuse(QStringLiteral("It is a folder or a device, not a file."));
+    }
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return refuse(QStringLiteral("It cannot be read: %1.").arg(file.errorString()));
+    }
+    if (file.size() > largestFile) {
+        return refuse(QStringLiteral("It is far too large to be a sheet."));
+    }
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        return refuse(QStringLiteral("It cannot be read: %1.").arg(file.errorString()));
+    }
+    return parseSheetFile(bytes);
 }
 
 } // namespace orv

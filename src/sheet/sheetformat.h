@@ -19,4 +19,7 @@ QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName);
 /// letter, the firmware and the number of rows, and the file must hold just so many.
 LoadedSheet parseSheetFile(const QByteArray& bytes);
 
+/// The same of a file; `error` also if it cannot be read.
+LoadedSheet readSheetFile(const QString& name);
+
 } // namespace orv
