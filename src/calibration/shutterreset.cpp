@@ -110,7 +110,6 @@ bool ShutterReset::perform(Run& run) {
 bool ShutterReset::readSettings(const Run& run) {
     // Ticks would take lines that belong here.
     p_.timer.setInterval(0);
-    const SessionState& state = p_.session.state;
     bool complete = false;
     do {
         if (!p_.wait.waitConnected(0.1F) || run.over) {
@@ -118,10 +117,10 @@ bool ShutterReset::readSettings(const Run& run) {
         }
         ++counter_;
         showCounted(QStringLiteral("Getting Settings"));
-        p_.poll.quary();
-        if (!run.over && !state.Rtn.isEmpty()) {
-            p_.getprefs();
-            complete = state.Rtn.startsWith(QLatin1String("MP"));
+        const QString line = p_.poll.quary();
+        if (!run.over && !line.isEmpty()) {
+            p_.getprefs(line);
+            complete = line.startsWith(QLatin1String("MP"));
         }
         if (run.over) {
             return false;

@@ -28,8 +28,8 @@ public:
         Poll& poll;
         StatusTimer& timer;
         SettingsState& settings;
-        /// Takes the reply line in `Rtn` into the settings screen.
-        std::function<void()> getprefs;
+        /// Takes a reply line into the settings screen.
+        std::function<void(const QString& line)> getprefs;
         /// Sends the settings screen's values; `Sent` leaves a report requested.
         std::function<Outcome()> setprefs;
     };

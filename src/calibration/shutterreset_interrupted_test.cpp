@@ -153,7 +153,7 @@ INSTANTIATE_TEST_SUITE_P(InEachWait, ShutterInterruptedByOperator, testing::Valu
 
 TEST(ShutterRuntimeError, WhileReadingLeavesTheTimerRunning) {
     ShutterBench bench;
-    bench.getprefs = [] { throw RuntimeError(RuntimeError::Kind::Overflow); };
+    bench.getprefs = [](const QString&) { throw RuntimeError(RuntimeError::Kind::Overflow); };
     EXPECT_THROW(bench.shutter.shutterreset(), RuntimeError);
     EXPECT_TRUE(bench.timer.isRunning());
     EXPECT_EQ(bench.session.commands.activity.value(), Activity::None);

@@ -126,9 +126,7 @@ bool ComPorts::checkFailure() {
     }
     const QString name = nameOf(selected_);
     close();
-    if (portFailed) {
-        portFailed();
-    }
+    portFailed.tell();
     session_.messages.show(
         operatorWarning(QStringLiteral("The connection on %1 was lost.\n\n%2\n\nAll rows received so far are "
                                        "kept. Check the cable, then connect again.")

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/observe.h"
 #include "link/debug.h"
 #include "link/port.h"
 #include "link/session.h"
@@ -54,10 +55,10 @@ public:
     bool waitForInput(int milliseconds);
     quint64 connectionNumber() const { return connection_; }
 
-    /// Looks whether the open instrument port has failed. If so the operator is told once, the port is closed and
-    /// `portFailed` is called. Returns whether a failure was met.
+    /// Looks whether the open instrument port has failed. If so the port is closed, `portFailed` is told, and then the
+    /// operator, once. Returns whether a failure was met.
     bool checkFailure();
-    std::function<void()> portFailed;
+    Signal<> portFailed;
 
     /// Opens the debug port; nothing happens if it is open. Returns whether it is open now; if not, the operator has
     /// been told why.

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/connection.h"
 
+#include "base/text.h"
+
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 namespace orv {
 
@@ -17,104 +20,94 @@ constexpr qint64 responsiveInterval = 10;
 
 } // namespace
 
-Connection::Connection(const Parts& parts)
-    : p_(parts) {
-    p_.manual.openport = [this](int portNumber) {
-        if (portNumber == 1) {
-            openport1();
-        } else if (portNumber == 2) {
-            openport2();
-        }
-    };
-}
+Connection::Connection(Session& session, DebugState& debug, ComPorts& ports, TimedWait& wait, EventYield& events,
+                       StatusTimer& timer)
+    : session_(session)
+    , debug_(debug)
+    , ports_(ports)
+    , wait_(wait)
+    , events_(events)
+    , timer_(timer)
+    // A line that fails while open ends like a reset; what was received stays.
+    , portFailed_(ports.portFailed.subscribe([this] { fixit(); })) {}
 
 void Connection::autoConnect1() {
-    p_.ports.debugsay(QStringLiteral("Auto Open 1"));
+    ports_.debugsay(QStringLiteral("Auto Open 1"));
     // The item is checked only after the attempt: while it runs, no item tells the port number, which stays what it
     // was, 1 at the start of the program or that of the last session.
-    const quint64 expected = p_.ports.connectionNumber() + (p_.ports.isOpen() ? 0 : 1);
-    openport1();
-    if (p_.ports.connectionNumber() != expected) {
+    const quint64 expected = ports_.connectionNumber() + (ports_.isOpen() ? 0 : 1);
+    openport(1);
+    if (ports_.connectionNumber() != expected) {
         return; // not opened, or overtaken by a reset, a close or another connection: those have set the items
     }
-    p_.session.state.Portused = 1;
-    p_.items[ConnectItems::Auto1].checked = true;
-    p_.items[ConnectItems::Auto1].enabled = true;
+    session_.state.Portused = 1;
+    items[ConnectItems::Auto1].checked = true;
+    items[ConnectItems::Auto1].enabled = true;
 }
 
 void Connection::autoConnect2() {
-    p_.ports.debugsay(QStringLiteral("Auto Open 2"));
-    p_.session.state.Portused = 2;
-    p_.items[ConnectItems::Auto2].checked = true;
-    p_.items[ConnectItems::Auto2].enabled = true;
-    openport2();
+    ports_.debugsay(QStringLiteral("Auto Open 2"));
+    session_.state.Portused = 2;
+    items[ConnectItems::Auto2].checked = true;
+    items[ConnectItems::Auto2].enabled = true;
+    openport(2);
 }
 
 void Connection::manualConnect(int portNumber) {
-    p_.ports.debugsay(portNumber == 1 ? QStringLiteral("Manual 1 Start") : QStringLiteral("Manual 2 Start"));
-    p_.session.state.Portused = static_cast<quint8>(portNumber);
-    ConnectItem& item = p_.items[portNumber == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2];
+    ports_.debugsay(portNumber == 1 ? QStringLiteral("Manual 1 Start") : QStringLiteral("Manual 2 Start"));
+    session_.state.Portused = static_cast<quint8>(portNumber);
+    ConnectItem& item = items[portNumber == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2];
     item.enabled = true;
     item.checked = true;
-    p_.manual.show();
+    manualWanted.tell();
 }
 
 void Connection::closePort() {
-    p_.ports.debugsay(QStringLiteral("Close Port"));
+    ports_.debugsay(QStringLiteral("Close Port"));
     // Lines that still wait become rows while the firmware tells their layout.
-    p_.actions.closeRecordFile();
-    p_.session.state.portstatus = 2;
-    p_.items.enableAll();
-    p_.items.uncheckAll();
-    StatusState& status = p_.session.status;
-    p_.session.setFirmware(StatusState::unknownShort());
+    aboutToClose.tell();
+    session_.state.portstatus = 2;
+    items.enableAll();
+    items.uncheckAll();
+    StatusState& status = session_.status;
+    session_.setFirmware(StatusState::unknownShort());
     status.instrument = InstrumentType::Unknown;
     status.date = StatusState::unknownLong();
     status.time = StatusState::unknownLong();
-    p_.debug.debugFrameVisible = false;
-    p_.debug.turbidityFrameVisible = false;
-    p_.debug.fluorometerFrameVisible = false;
-    p_.debug.transmissometerFrameVisible = false;
-    p_.debug.outputFrameVisible = false;
-    CommandState& commands = p_.session.commands;
+    hideFrames();
+    CommandState& commands = session_.commands;
     commands.processingMenuVisible = false;
     commands.settingsMenuVisible = false;
     commands.resetShutterVisible = false;
     commands.closePortEnabled = false;
-    p_.session.state.Seeking = 0; // closing ends a manual connection: a later automatic attempt must be bounded
+    session_.state.Seeking = 0; // closing ends a manual connection: a later automatic attempt must be bounded
     openprt();
     commands.activity = Activity::None;
 }
 
-void Connection::openport1() {
-    p_.ports.debugsay(QStringLiteral("Open port 1"));
-    openport(1);
-}
-
-void Connection::openport2() {
-    p_.ports.debugsay(QStringLiteral("Open Port 2"));
-    openport(2);
-}
-
 void Connection::openport(int portNumber) {
-    if (p_.ports.isOpen()) {
+    if (portNumber != 1 && portNumber != 2) {
         return;
     }
-    p_.session.state.portstatus = 1;
+    ports_.debugsay(portNumber == 1 ? QStringLiteral("Open port 1") : QStringLiteral("Open Port 2"));
+    if (ports_.isOpen()) {
+        return;
+    }
+    session_.state.portstatus = 1;
 
     const ConnectItems::Item automatic = portNumber == 1 ? ConnectItems::Auto1 : ConnectItems::Auto2;
     const ConnectItems::Item manual = portNumber == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2;
-    if (p_.items.checked(automatic)) {
-        p_.items[automatic].enabled = true;
-        p_.items[manual].enabled = false;
+    if (items.checked(automatic)) {
+        items[automatic].enabled = true;
+        items[manual].enabled = false;
     }
-    if (p_.items.checked(manual)) {
-        p_.items[manual].enabled = false;
-        p_.items[automatic].enabled = false;
+    if (items.checked(manual)) {
+        items[manual].enabled = false;
+        items[automatic].enabled = false;
     }
-    p_.items[portNumber == 1 ? ConnectItems::Auto2 : ConnectItems::Auto1].enabled = false;
-    p_.items[portNumber == 1 ? ConnectItems::Manual2 : ConnectItems::Manual1].enabled = false;
-    CommandState& commands = p_.session.commands;
+    items[portNumber == 1 ? ConnectItems::Auto2 : ConnectItems::Auto1].enabled = false;
+    items[portNumber == 1 ? ConnectItems::Manual2 : ConnectItems::Manual1].enabled = false;
+    CommandState& commands = session_.commands;
     commands.closePortEnabled = true;
     commands.resetShutterEnabled = true;
     commands.resetShutterVisible = true;
@@ -122,20 +115,22 @@ void Connection::openport(int portNumber) {
 }
 
 void Connection::openprt() {
-    p_.ports.debugsay(QStringLiteral("Looking to see what port to open"));
-    SessionState& state = p_.session.state;
+    ports_.debugsay(QStringLiteral("Looking to see what port to open"));
+    SessionState& state = session_.state;
     if (state.portstatus == 2) {
-        if (p_.ports.isOpen()) {
-            closingBranch();
+        if (ports_.isOpen()) {
+            ports_.close();
+            goOffline();
+            listInputCount();
         }
         return;
     }
-    const int port = p_.items.checkedPort();
+    const int port = items.checkedPort();
     if (port != 0) {
-        p_.ports.selectPort(port);
+        ports_.selectPort(port);
     }
-    p_.session.status.status = QStringLiteral("Connecting...");
-    CommandState& commands = p_.session.commands;
+    session_.status.status = QStringLiteral("Connecting...");
+    CommandState& commands = session_.commands;
     commands.resetEnabled = true;
     commands.runEnabled = true;
     commands.clearAllEnabled = true;
@@ -144,39 +139,44 @@ void Connection::openprt() {
     presets();
 }
 
-void Connection::closingBranch() {
-    SessionState& state = p_.session.state;
-    p_.ports.close();
+void Connection::goOffline() {
+    SessionState& state = session_.state;
     state.Rtn = QStringLiteral("wakeup!!!");
     state.Ctrlscrn = Operation::Idle;
-    p_.ports.discardInput();
     state.Tmr = 1;
-    p_.session.status.status = QStringLiteral("Offline");
-    listInputCount();
+    session_.status.status = QStringLiteral("Offline");
+}
+
+void Connection::hideFrames() {
+    for (QProperty<bool>* frame :
+         {&debug_.debugFrameVisible, &debug_.turbidityFrameVisible, &debug_.fluorometerFrameVisible,
+          &debug_.transmissometerFrameVisible, &debug_.outputFrameVisible}) {
+        *frame = false;
+    }
 }
 
 void Connection::listInputCount() {
-    if (p_.session.state.trouble == 1 && p_.debug.showParsing) {
-        p_.debug.list.append(QString::number(p_.ports.inputCount()));
+    if (session_.state.trouble == 1 && debug_.showParsing) {
+        debug_.list.append(QString::number(ports_.inputCount()));
     }
 }
 
 void Connection::presets() {
-    p_.ports.debugsay(QStringLiteral("Presets for Opening Port"));
-    SessionState& state = p_.session.state;
-    if (!p_.ports.open()) {
-        p_.actions.fixit();
+    ports_.debugsay(QStringLiteral("Presets for Opening Port"));
+    SessionState& state = session_.state;
+    if (!ports_.open()) {
+        fixit();
         return;
     }
-    CommandState& commands = p_.session.commands;
+    CommandState& commands = session_.commands;
     commands.activity = Activity::Connecting;
 
-    p_.ports.setDataTerminalReady(true);
-    if (!p_.wait.waitConnected(1.0F)) {
+    ports_.setDataTerminalReady(true);
+    if (!wait_.waitConnected(1.0F)) {
         return;
     }
-    p_.ports.setDataTerminalReady(false);
-    p_.ports.discardInput();
+    ports_.setDataTerminalReady(false);
+    ports_.discardInput();
 
     switch (wakeUp()) {
     case WakeUp::Gone:
@@ -188,32 +188,32 @@ void Connection::presets() {
     case WakeUp::Replied:
         break;
     }
-    if (state.trouble == 1 && p_.debug.showParsing) {
-        p_.debug.list.append(state.Vartemp);
+    if (state.trouble == 1 && debug_.showParsing) {
+        debug_.list.append(state.Vartemp);
     }
-    if (!p_.wait.waitConnected(0.2F)) {
+    if (!wait_.waitConnected(0.2F)) {
         return;
     }
-    p_.ports.write("P");
-    p_.actions.layOutHeaderRow();
+    ports_.write("P");
+    identified.tell();
     state.Ctrlscrn = Operation::Identified;
-    p_.timer.enable();
+    timer_.enable();
     state.Tmr = 1;
     commands.activity = Activity::None;
 }
 
 Connection::WakeUp Connection::wakeUp() {
-    SessionState& state = p_.session.state;
-    const quint64 connection = p_.ports.connectionNumber();
-    const Clock& clock = p_.session.clock;
+    SessionState& state = session_.state;
+    const quint64 connection = ports_.connectionNumber();
+    const Clock& clock = session_.clock;
     qint64 start = clock.monotonicMilliseconds();
     qint64 lastResponsive = start;
-    state.Rtn.clear(); // the tick's last poll may have left a line of before the wake-up
+    QString reply;
     state.Vartemp.clear();
-    const auto showFirmware = [this, &state] {
+    const auto showFirmware = [this, &state, &reply] {
         // The reply is the type letter, the firmware's digits and CR.
         if (!state.Vartemp.isEmpty()) {
-            p_.session.setFirmware(state.Rtn.mid(1, std::max<qsizetype>(state.Rtn.size() - 2, 0)));
+            session_.setFirmware(reply.mid(1, std::max<qsizetype>(reply.size() - 2, 0)));
         }
     };
 
@@ -221,9 +221,10 @@ Connection::WakeUp Connection::wakeUp() {
     {
         const QScopedValueRollback polling(polling_, true);
         while (true) {
-            p_.ports.waitForInput(1);
-            const QByteArray block = p_.ports.readAll();
-            state.Rtn += QString::fromLatin1(block);
+            ports_.waitForInput(1);
+            const QByteArray block = ports_.readAll();
+            reply += QString::fromLatin1(block);
+            state.Rtn = reply;
             if (state.Vartemp.isEmpty() && block.contains('V')) {
                 state.Vartemp = QStringLiteral("V");
             }
@@ -235,14 +236,14 @@ Connection::WakeUp Connection::wakeUp() {
                 result = WakeUp::Replied;
                 break;
             }
-            if (block.isEmpty() && p_.ports.checkFailure()) {
+            if (block.isEmpty() && ports_.checkFailure()) {
                 break;
             }
             const qint64 now = clock.monotonicMilliseconds();
             if (now - lastResponsive >= responsiveInterval) {
                 lastResponsive = now;
-                p_.events.keepResponsive(state.Seeking == 1);
-                if (p_.events.programEnding() || p_.ports.connectionNumber() != connection) {
+                events_.keepResponsive(state.Seeking == 1);
+                if (events_.programEnding() || ports_.connectionNumber() != connection) {
                     break;
                 }
             }
@@ -262,61 +263,88 @@ Connection::WakeUp Connection::wakeUp() {
     if (result == WakeUp::Replied) {
         state.Seeking = 0; // found: a later automatic attempt must be bounded again
     }
-    if (pollingEnded) {
-        pollingEnded();
-    }
+    pollingEnded.tell();
     return result;
 }
 
 void Connection::attemptFailed() {
-
-    for (const ConnectItems::Item item :
-         {ConnectItems::Auto1, ConnectItems::Auto2, ConnectItems::Manual1, ConnectItems::Manual2}) {
-        if (p_.items.checked(item)) {
-            p_.session.state.Portused = static_cast<quint8>(ConnectItems::portNumber(item));
-            break;
-        }
+    if (const auto item = items.firstChecked()) {
+        session_.state.Portused = static_cast<quint8>(ConnectItems::portNumber(*item));
     }
-    p_.manual.show();
+    manualWanted.tell();
 }
 
-AbortRun::AbortRun(Session& session, ConnectItems& items, ComPorts& ports, Connection& connection,
-                   ManualConnection& manual, ProgramActions& actions)
-    : session_(session)
-    , items_(items)
-    , ports_(ports)
-    , connection_(connection)
-    , manual_(manual)
-    , actions_(actions) {}
-
-void AbortRun::abortrun() {
+void Connection::abortrun() {
     ports_.debugsay(QStringLiteral("Abort Run Function"));
     if (!ports_.isOpen()) {
         return;
     }
     session_.commands.runEnabled = true;
-
-    for (const ConnectItems::Item item :
-         {ConnectItems::Auto1, ConnectItems::Auto2, ConnectItems::Manual1, ConnectItems::Manual2}) {
-        if (!items_.checked(item)) {
-            continue;
-        }
-        // The reset unchecks every item, so the branches after this one do not run.
-        actions_.fixit();
-        items_[item].checked = true;
-        const int port = ConnectItems::portNumber(item);
-        if (item == ConnectItems::Auto1 || item == ConnectItems::Auto2) {
-            ports_.debugsay(QStringLiteral("Passed fix it for comm%1").arg(port));
-            if (port == 1) {
-                connection_.openport1();
-            } else {
-                connection_.openport2();
-            }
-        } else {
-            session_.state.Portused = static_cast<quint8>(port);
-            manual_.show();
-        }
+    const auto item = items.firstChecked();
+    if (!item) {
         return;
+    }
+    fixit();
+    items[*item].checked = true;
+    const int port = ConnectItems::portNumber(*item);
+    if (*item == ConnectItems::Auto1 || *item == ConnectItems::Auto2) {
+        ports_.debugsay(QStringLiteral("Passed fix it for comm%1").arg(port));
+        openport(port);
+    } else {
+        session_.state.Portused = static_cast<quint8>(port);
+        manualWanted.tell();
+    }
+}
+
+void Connection::fixit() {
+    ports_.debugsay(QStringLiteral("Reset Everything AKA FIXIT"));
+    aboutToClose.tell();
+    ports_.close();
+    goOffline();
+    hideFrames();
+
+    items.enableAll();
+    items.uncheckAll();
+    CommandState& commands = session_.commands;
+    commands.processingMenuVisible = false;
+    commands.settingsMenuVisible = false;
+    commands.resetEnabled = false;
+    commands.runEnabled = false;
+    commands.clearAllEnabled = false;
+    commands.saveAsEnabled = false;
+    commands.resetShutterEnabled = false;
+    commands.closePortEnabled = false;
+    commands.activity = Activity::None;
+
+    SessionState& state = session_.state;
+    state.portstatus = 2;
+    state.Gatherstop = 0;
+    state.gatherstart = 0;
+    listInputCount();
+    state.Seeking = 0;
+    wasReset.tell();
+    dumpState();
+}
+
+void Connection::dumpState() {
+    const SessionState& state = session_.state;
+    const std::pair<const char*, QString> lines[] = {
+        {"Ctrlscrn ", printedNumber(static_cast<int>(state.Ctrlscrn))},
+        {"Rtn ", state.Rtn},
+        {"Tmr ", printedNumber(state.Tmr)},
+        {"csnter ", QString()}, // names no variable; readers of the dump expect the line
+        {"Vartemp ", state.Vartemp},
+        {"trouble ", printedNumber(state.trouble)},
+        {"portstatus ", printedNumber(state.portstatus)},
+        {"gatherstart ", printedNumber(state.gatherstart)},
+        {"Gatherstop ", printedNumber(state.Gatherstop)},
+        {"plc ", printedNumber(state.plc)},
+        {"Timeout ", printedNumber(state.Timeout)},
+        {"Seeking ", printedNumber(state.Seeking)},
+        {"Portused ", printedNumber(state.Portused)},
+    };
+    for (const auto& [label, value] : lines) {
+        ports_.debugsay(QLatin1String(label) + value);
     }
 }
 

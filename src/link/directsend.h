@@ -18,21 +18,4 @@ private:
     ComPorts& ports_;
 };
 
-/// Leave exactly one sensor frame of the debug screen visible; the frame "Tidelane Debug Screen" goes too. The
-/// scattering meter's frame stays as it is. Only the fluorometer's announces itself.
-class DebugFrames {
-public:
-    DebugFrames(ComPorts& ports, DebugState& debug);
-
-    void showFluorometer();
-    void showTransmissometer();
-    void showTurbidity();
-
-private:
-    void showOnly(const QProperty<bool>& frame);
-
-    ComPorts& ports_;
-    DebugState& debug_;
-};
-
 } // namespace orv

@@ -25,10 +25,10 @@ QString failureText(int portNumber) {
 
 } // namespace
 
-ManualConnection::ManualConnection(Session& session, ConnectItems& connection, ProgramActions& actions)
+ManualConnection::ManualConnection(Session& session, Connection& connection)
     : session_(session)
     , connection_(connection)
-    , actions_(actions) {}
+    , wanted_(connection.manualWanted.subscribe([this] { show(); })) {}
 
 void ManualConnection::show() {
     ++showings_;
@@ -36,14 +36,15 @@ void ManualConnection::show() {
     shown.startEnabled = true;
     shown.proceedVisible = true;
     shown.retryEnabled = true;
+    const ConnectItems& items = connection_.items;
     QString text;
-    if (connection_.checked(ConnectItems::Manual1)) {
+    if (items.checked(ConnectItems::Manual1)) {
         text = manualText(1);
-    } else if (connection_.checked(ConnectItems::Manual2)) {
+    } else if (items.checked(ConnectItems::Manual2)) {
         text = manualText(2);
-    } else if (connection_.checked(ConnectItems::Auto1)) {
+    } else if (items.checked(ConnectItems::Auto1)) {
         text = failureText(1);
-    } else if (connection_.checked(ConnectItems::Auto2)) {
+    } else if (items.checked(ConnectItems::Auto2)) {
         text = failureText(2);
     }
     shown.text = text;
@@ -67,7 +68,7 @@ void ManualConnection::start() {
     shown.retryEnabled = false;
     shown.startEnabled = false;
     const int showing = showings_;
-    openport(session_.state.Portused);
+    connection_.openport(session_.state.Portused);
     session_.state.Seeking = 0; // connected or ended: a later automatic attempt must be bounded
     // A reset during the attempt has shown the dialog afresh: that one stays.
     if (showings_ == showing) {
@@ -78,13 +79,13 @@ void ManualConnection::start() {
 void ManualConnection::retry() {
     // A failed automatic attempt leaves the port open, and an open port is not opened again: the way on is "Quit" or
     // "Close Port".
-    openport(session_.state.Portused);
+    connection_.openport(session_.state.Portused);
 }
 
 void ManualConnection::quit() {
     session_.state.Seeking = 0;
-    connection_.uncheckAll();
-    actions_.fixit();
+    connection_.items.uncheckAll();
+    connection_.fixit();
     hide();
 }
 

@@ -30,7 +30,7 @@ Poll::Poll(Session& session, ComPorts& ports, DebugState& debug, ProgramLog& log
     , debug_(debug)
     , log_(log) {}
 
-void Poll::quary() {
+QString Poll::quary() {
     SessionState& state = session_.state;
     if (state.Tmr == 1) {
         state.Tmr = 0;
@@ -52,12 +52,12 @@ void Poll::quary() {
                                     .arg(session_.fileNames.log, reason)));
         }
     } else if (!rxbuffer.contains('\n') && ports_.checkFailure()) {
-        return; // a line that failed is told after its last complete line has been consumed
+        return {}; // a line that failed is told after its last complete line has been consumed
     }
 
     rxbuffer += block;
     if (rxbuffer.isEmpty()) {
-        return;
+        return {};
     }
     if (state.gatherstart == 1) {
         if (rxbuffer.contains('>')) {
@@ -81,6 +81,7 @@ void Poll::quary() {
         }
         debug_.list.selectLast();
     }
+    return state.Rtn;
 }
 
 } // namespace orv

@@ -31,10 +31,11 @@ class Poll {
 public:
     Poll(Session& session, ComPorts& ports, DebugState& debug, ProgramLog& log);
 
-    /// One poll: joins what has arrived to `rxbuffer`, moves at most one complete line into `Rtn` (empty if there is
-    /// none), watches for the prompts ">" and "!" while `gatherstart` is 1, feeds the log and the debug list. A port
-    /// that has failed is noticed here, after every complete line it received has been taken.
-    void quary();
+    /// One poll: joins what has arrived to `rxbuffer` and takes at most one complete line from it, which is returned
+    /// (empty if there is none) and written to `Rtn`, watches for the prompts ">" and "!" while `gatherstart` is 1,
+    /// feeds the log and the debug list. A port that has failed is noticed here, after every complete line it received
+    /// has been taken.
+    QString quary();
 
     /// Characters received and not yet consumed as a line.
     QByteArray rxbuffer;

@@ -2,11 +2,10 @@
 #pragma once
 
 #include "base/clock.h"
+#include "base/observe.h"
 #include "link/comports.h"
 
 #include <QTimer>
-
-#include <functional>
 
 namespace orv {
 
@@ -57,12 +56,14 @@ public:
     static constexpr int normalInterval = 5; ///< Milliseconds.
     static constexpr int slowInterval = 10;  ///< Milliseconds, after settings were sent or the clock was set.
 
-    explicit StatusTimer(const std::function<void()>& tick) {
+    StatusTimer() {
         timer_.setObjectName(QStringLiteral("Timer1"));
         timer_.setTimerType(Qt::PreciseTimer);
         timer_.setInterval(normalInterval);
-        QObject::connect(&timer_, &QTimer::timeout, &timer_, tick);
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { tick.tell(); });
     }
+
+    Signal<> tick;
 
     /// Lets the timer run at its interval; an interval of 0 keeps it still.
     void enable() { setInterval(interval_); }

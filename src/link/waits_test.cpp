@@ -135,7 +135,7 @@ TEST_F(TimedWaitTest, waitsItsFullTimeWithoutWatchingTheConnectionWhenNotAsked) 
 namespace {
 
 TEST(StatusTimer, standsStillUntilItIsEnabled) {
-    StatusTimer timer([] {});
+    StatusTimer timer;
     EXPECT_FALSE(timer.isRunning());
     EXPECT_EQ(timer.interval(), 5);
     timer.enable();
@@ -144,7 +144,8 @@ TEST(StatusTimer, standsStillUntilItIsEnabled) {
 
 TEST(StatusTimer, ticksAgainAndAgain) {
     int ticks = 0;
-    StatusTimer timer([&ticks] { ++ticks; });
+    StatusTimer timer;
+    const auto counting = timer.tick.subscribe([&ticks] { ++ticks; });
     timer.enable();
     const QDeadlineTimer limit(2000);
     while (ticks < 3 && !limit.hasExpired()) {
@@ -154,14 +155,14 @@ TEST(StatusTimer, ticksAgainAndAgain) {
 }
 
 TEST(StatusTimer, keepsItsIntervalWhenItIsEnabledAgain) {
-    StatusTimer timer([] {});
+    StatusTimer timer;
     timer.setInterval(StatusTimer::slowInterval);
     timer.enable();
     EXPECT_EQ(timer.interval(), 10);
 }
 
 TEST(StatusTimer, isStoppedByAnIntervalOfZeroAndStartedByTheNextOne) {
-    StatusTimer timer([] {});
+    StatusTimer timer;
     timer.enable();
     timer.setInterval(0);
     EXPECT_FALSE(timer.isRunning());

@@ -173,7 +173,7 @@ TEST_F(EndToEndTest, TheDebugPortTellsTheWholeSession) {
     answers.fileName = folder.path("sheet.txt");
     program.saveAs();
     program.closePort();
-    program.fixit();
+    program.connection.fixit();
     ASSERT_TRUE(program.quit());
     ASSERT_TRUE(until([this] { return debugEnd.heard.endsWith("Exit\r"); }));
 
@@ -318,7 +318,7 @@ TEST_F(EndToEndTest, ADeviceThatIsNotThereIsToldInPlainWords) {
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 1 (%1)").arg(folder.path("no-such-device"))));
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("no such device")));
     EXPECT_EQ(status.status.value().toStdString(), "Offline");
-    EXPECT_TRUE(program.connectItems[ConnectItems::Auto2].enabled);
+    EXPECT_TRUE(items[ConnectItems::Auto2].enabled);
 }
 
 } // namespace

@@ -15,20 +15,10 @@ Program::Program(const Surroundings& surroundings)
     , ports(session, debug, surroundings.makePort)
     , portChoices({.ports = ports, .portList = surroundings.portList, .deviceProblem = surroundings.deviceProblem})
     , wait(surroundings.clock, surroundings.events, ports)
-    , timer([this] { tick(); })
-    , manual(session, connectItems, *this)
-    , connection({.session = session,
-                  .items = connectItems,
-                  .ports = ports,
-                  .debug = debug,
-                  .wait = wait,
-                  .events = surroundings.events,
-                  .manual = manual,
-                  .timer = timer,
-                  .actions = *this})
+    , connection(session, debug, ports, wait, surroundings.events, timer)
+    , manual(session, connection)
     , poll(session, ports, debug, log_)
     , directSend(ports)
-    , debugFrames(ports, debug)
     , settingsSender({.session = session,
                       .ports = ports,
                       .debug = debug,
@@ -48,11 +38,10 @@ Program::Program(const Surroundings& surroundings)
                    .questions = questions})
     , settingsReader_({.session = session,
                        .ports = ports,
-                       .items = connectItems,
+                       .connection = connection,
                        .manual = manual,
                        .settings = settings,
-                       .progress = progress,
-                       .actions = *this})
+                       .progress = progress})
     , clockDisplay_(session, ports, debug, settings)
     , sheetRows_(session, ports, sheet, sheetState)
     , sheetFiles_({.session = session,
@@ -62,7 +51,7 @@ Program::Program(const Surroundings& surroundings)
                    .shown = sheetState,
                    .questions = questions})
     , automaticSave_(session, sheetRows_, sheetFiles_, sheetState)
-    , recordFile_(surroundings.clock, session.fileNames.record)
+    , recordFile_(surroundings.clock, session.fileNames.record, &place_)
     , runRecovery_({.session = session,
                     .rows = sheetRows_,
                     .files = sheetFiles_,
@@ -71,6 +60,7 @@ Program::Program(const Surroundings& surroundings)
     , collection_({.session = session,
                    .ports = ports,
                    .poll = poll,
+                   .debug = debug,
                    .settings = settings,
                    .rows = sheetRows_,
                    .automaticSave = automaticSave_,
@@ -84,7 +74,6 @@ Program::Program(const Surroundings& surroundings)
                  .shown = sheetState,
                  .automaticSave = automaticSave_,
                  .questions = questions})
-    , abortRun_(session, connectItems, ports, connection, manual, *this)
     , shutterReset_({.session = session,
                      .ports = ports,
                      .wait = wait,
@@ -92,14 +81,19 @@ Program::Program(const Surroundings& surroundings)
                      .poll = poll,
                      .timer = timer,
                      .settings = settings,
-                     .getprefs = [this] { settingsReader_.getprefs(); },
+                     .getprefs = [this](const QString& line) { settingsReader_.getprefs(line); },
                      .setprefs = [this] { return settingsSender.setprefs(); }}) {
-    // A line that fails while open ends like a reset; what was received stays.
-    ports.portFailed = [this] { fixit(); };
-    recordFile_.claim = [this] { return place_.claim(); };
-    sheetFiles_.saved = [this] { recordFile_.rowsSaved(); };
-    rowsRemoved_ = sheet.rowsRemoved.subscribe([this] { recordFile_.rowsDiscarded(); });
-    collection_.rowTaken = [this](const DataRow& row, RowLayout layout) { showOnDebugScreen(debug, row, layout); };
+    subscriptions_ = {
+        timer.tick.subscribe([this] { tick(); }),
+        connection.aboutToClose.subscribe([this] { closeRecordFile(); }),
+        connection.wasReset.subscribe([this] {
+            tickErrorsTold_.clear();
+            pages.shown = pageOfCaption(pages.upperCaption);
+        }),
+        connection.identified.subscribe([this] { layOutHeaderRow(); }),
+        sheetFiles_.saved.subscribe([this] { recordFile_.rowsSaved(); }),
+        sheet.rowsRemoved.subscribe([this] { recordFile_.rowsDiscarded(); }),
+    };
 }
 
 void Program::act(const char* operation, const std::function<void()>& body) {
@@ -112,7 +106,7 @@ void Program::load() {
             debug.comm2Output = false;
         }
         ports.debugsay(QStringLiteral("Form Loading"));
-        fixit();
+        connection.fixit();
         takePlace();
         openLog();
         timer.enable();
@@ -134,8 +128,6 @@ void Program::manualConnect(int portNumber) {
 void Program::closePort() {
     act("Close Port", [this] {
         connection.closePort();
-        settingsReader_.prefsState = 0; // a report cut short must not run on into the next connection's
-        progress.visible = false;
         // The debug frame is hidden; an empty window would help nobody.
         if (pages.shown.value() == Page::Debug) {
             pages.shown = pageOfCaption(pages.upperCaption);
@@ -147,14 +139,14 @@ void Program::reset() {
     act("Reset", [this] {
         ports.debugsay(QStringLiteral("Abort Run"));
         sheetState.records = QStringLiteral("0");
-        abortRun_.abortrun();
+        connection.abortrun();
     });
 }
 
 void Program::abort2() {
     act("Reset", [this] {
         ports.debugsay(QStringLiteral("Abort 2"));
-        abortRun_.abortrun();
+        connection.abortrun();
     });
 }
 
@@ -265,72 +257,6 @@ void Program::end() {
     ports.close();
 }
 
-void Program::fixit() {
-    ports.debugsay(QStringLiteral("Reset Everything AKA FIXIT"));
-    closeRecordFile();
-    ports.close();
-    SessionState& state = session.state;
-    state.Rtn = QStringLiteral("wakeup!!!");
-    state.Ctrlscrn = Operation::Idle;
-    ports.discardInput();
-    state.Tmr = 1;
-    session.status.status = QStringLiteral("Offline");
-
-    debug.debugFrameVisible = false;
-    debug.turbidityFrameVisible = false;
-    debug.fluorometerFrameVisible = false;
-    debug.transmissometerFrameVisible = false;
-    debug.outputFrameVisible = false;
-
-    connectItems.enableAll();
-    connectItems.uncheckAll();
-    CommandState& commands = session.commands;
-    commands.processingMenuVisible = false;
-    commands.settingsMenuVisible = false;
-    commands.resetEnabled = false;
-    commands.runEnabled = false;
-    commands.clearAllEnabled = false;
-    commands.saveAsEnabled = false;
-    commands.resetShutterEnabled = false;
-    commands.closePortEnabled = false;
-    commands.activity = Activity::None;
-    progress.visible = false;
-    tickErrorsTold_.clear();
-    settingsReader_.prefsState = 0;
-
-    state.portstatus = 2;
-    state.Gatherstop = 0;
-    state.gatherstart = 0;
-    if (state.trouble == 1 && debug.showParsing) {
-        debug.list.append(QString::number(ports.inputCount()));
-    }
-    state.Seeking = 0;
-    pages.shown = pageOfCaption(pages.upperCaption);
-    dumpState();
-}
-
-void Program::dumpState() {
-    const SessionState& state = session.state;
-    const std::pair<const char*, QString> lines[] = {
-        {"Ctrlscrn ", printedNumber(static_cast<int>(state.Ctrlscrn))},
-        {"Rtn ", state.Rtn},
-        {"Tmr ", printedNumber(state.Tmr)},
-        {"csnter ", QString()}, // names no variable; readers of the dump expect the line
-        {"Vartemp ", state.Vartemp},
-        {"trouble ", printedNumber(state.trouble)},
-        {"portstatus ", printedNumber(state.portstatus)},
-        {"gatherstart ", printedNumber(state.gatherstart)},
-        {"Gatherstop ", printedNumber(state.Gatherstop)},
-        {"plc ", printedNumber(state.plc)},
-        {"Timeout ", printedNumber(state.Timeout)},
-        {"Seeking ", printedNumber(state.Seeking)},
-        {"Portused ", printedNumber(state.Portused)},
-    };
-    for (const auto& [label, value] : lines) {
-        ports.debugsay(QLatin1String(label) + value);
-    }
-}
-
 void Program::layOutHeaderRow() {
     const RowLayout layout = sheetRows_.connectedLayout();
     if (layout != RowLayout::Unknown && layout != sheet.type().layout()) {
@@ -348,20 +274,27 @@ void Program::prepareSheet() {
     }
 }
 
+bool Program::collecting() const {
+    const Operation operation = session.state.Ctrlscrn;
+    return operation == Operation::Collecting || operation == Operation::SavingText ||
+           operation == Operation::Importing;
+}
+
 void Program::takeWhatArrived() {
-    const auto collecting = [this] {
-        const Operation operation = session.state.Ctrlscrn;
-        return operation == Operation::Collecting || operation == Operation::SavingText ||
-               operation == Operation::Importing;
-    };
     // A line that fails meanwhile resets the program, which comes here again.
-    if (takingWhatArrived_ || !collecting() || !ports.isOpen()) {
+    if (takingWhatArrived_ || isPolling() || !collecting() || !ports.isOpen()) {
         return;
     }
     const QScopedValueRollback taking(takingWhatArrived_, true);
-    tick();
+    const auto take = [this] {
+        duringTick([this] {
+            collect(takeLine());
+            recordFile_.syncWhenDue();
+        });
+    };
+    take();
     for (auto lines = poll.rxbuffer.count('\n'); lines > 0 && collecting() && ports.isOpen(); --lines) {
-        tick();
+        take();
     }
 }
 
@@ -372,11 +305,14 @@ void Program::closeRecordFile() {
 }
 
 void Program::tick() {
-    if (isPolling()) {
-        return;
+    if (!isPolling()) {
+        duringTick([this] { dispatch(); });
     }
+}
+
+void Program::duringTick(const std::function<void()>& body) {
     try {
-        dispatch();
+        body();
     } catch (const RuntimeError& error) {
         const Message message = runtimeErrorMessage(error, QString::fromLatin1(tickStep_));
         if (!tickErrorsTold_.contains(message.text)) {
@@ -384,6 +320,11 @@ void Program::tick() {
             session.messages.show(message);
         }
     }
+}
+
+QString Program::takeLine() {
+    tickStep_ = "Reading the port";
+    return ports.isOpen() ? poll.quary() : QString();
 }
 
 void Program::dispatch() {
@@ -398,44 +339,42 @@ void Program::dispatch() {
             session.status.instrument = type;
         }
     }
-    if (ports.isOpen()) {
-        tickStep_ = "Reading the port";
-        poll.quary();
-    }
-    if (state.Ctrlscrn == Operation::Ready && !state.Rtn.isEmpty()) {
+    const QString line = takeLine();
+    if (state.Ctrlscrn == Operation::Ready && !line.isEmpty()) {
         tickStep_ = "Reading the settings";
-        ++getprefsruns;
-        settingsReader_.getprefs();
-    }
-    if (state.Ctrlscrn == Operation::Idle) {
-        getprefsruns = 0;
-    }
-    if (state.Ctrlscrn == Operation::Collecting) {
-        tickStep_ = "Collecting";
-        if (!state.Rtn.isEmpty()) {
-            collection_.profilemode();
-        } else {
-            collection_.endIfPrompted();
-        }
+        settingsReader_.getprefs(line);
     }
     if (state.Ctrlscrn == Operation::ClockCheck) {
         tickStep_ = "Reading the clock";
-        clockDisplay_.checktime();
+        clockDisplay_.checktime(line);
     }
     if (state.Ctrlscrn == Operation::SettingsOpen) {
         const QDateTime now = session.clock.now();
         settings.computerTime = clockText(now.time());
         settings.computerDate = shortDate(now.date());
     }
-    if (state.Ctrlscrn == Operation::SavingText) {
-        tickStep_ = "Downloading";
-        download_.savefiletxt();
-    }
-    if (state.Ctrlscrn == Operation::Importing) {
-        tickStep_ = "Downloading";
-        download_.importtofg1();
-    }
+    collect(line);
     recordFile_.syncWhenDue();
+}
+
+void Program::collect(const QString& line) {
+    const Operation& operation = session.state.Ctrlscrn;
+    if (operation == Operation::Collecting) {
+        tickStep_ = "Collecting";
+        if (!line.isEmpty()) {
+            collection_.profilemode(line);
+        } else {
+            collection_.endIfPrompted();
+        }
+    }
+    if (operation == Operation::SavingText) {
+        tickStep_ = "Downloading";
+        download_.savefiletxt(line);
+    }
+    if (operation == Operation::Importing) {
+        tickStep_ = "Downloading";
+        download_.importtofg1(line);
+    }
 }
 
 } // namespace orv

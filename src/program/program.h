@@ -28,7 +28,7 @@ namespace orv {
 ///
 /// A run-time error that a procedure does not handle ends the operator's action or the tick it happened in, is told
 /// once, and leaves all data as it is.
-class Program final : public ProgramActions {
+class Program final {
 public:
     /// What the program needs of its surroundings; everything outlives it.
     struct Surroundings {
@@ -89,15 +89,9 @@ public:
     /// One tick of the status timer: polls and dispatches on the operation code.
     void tick();
 
-    // What procedures below ask for.
-    void fixit() override;
-    void layOutHeaderRow() override;
-    void closeRecordFile() override;
-
     Session session;
     OwnFilesKept questions;
     DebugState debug;
-    ConnectItems connectItems;
     SettingsState settings;
     ProgressState progress;
     SheetState sheetState;
@@ -109,29 +103,30 @@ public:
     PortChoices portChoices;
     TimedWait wait;
     StatusTimer timer;
-    ManualConnection manual;
     Connection connection;
+    ManualConnection manual;
     Poll poll;
     DirectSend directSend;
-    DebugFrames debugFrames;
     SettingsSender settingsSender;
     SettingsCommands settingsCommands;
     Modes modes;
     DeviceFiles deviceFiles;
     Calibration calibration;
 
-    /// Calls that the timer has made to `getprefs` since the program was last idle.
-    int getprefsruns = 0;
-
 private:
     friend class ProgramRig; // lets tests look at the parts
 
     void prepareSheet();
+    void layOutHeaderRow();
     void takeWhatArrived();
+    void closeRecordFile();
     void takePlace();
     void openLog();
-    void dumpState();
+    QString takeLine();
     void dispatch();
+    bool collecting() const;
+    void collect(const QString& line);
+    void duringTick(const std::function<void()>& body);
     void act(const char* operation, const std::function<void()>& body);
 
     FolderPlace place_;
@@ -145,9 +140,8 @@ private:
     RunRecovery runRecovery_;
     Run collection_;
     Download download_;
-    AbortRun abortRun_;
     ShutterReset shutterReset_;
-    Subscription rowsRemoved_;
+    std::vector<Subscription> subscriptions_;
     bool takingWhatArrived_ = false;
     const char* tickStep_ = ""; ///< What the tick is doing, for the message if it fails.
     QSet<QString> tickErrorsTold_;

@@ -183,7 +183,7 @@ TEST_F(ProgramTest, AResetDuringTheWakeUpPulseEndsTheConnectionThere) {
         program.tick();
         if (!reset) {
             reset = true;
-            program.fixit();
+            program.connection.fixit();
         }
     };
     program.autoConnect2();
@@ -217,7 +217,7 @@ TEST_F(ProgramTest, TheResetButtonStopsARunAndConnectsAgain) {
     EXPECT_EQ(com1.dtr.join(u' ').toStdString(), "on off");
     EXPECT_EQ(com1.allWritten().toStdString(), "P");
     EXPECT_EQ(program.sheet.rowCount(), 2);
-    EXPECT_TRUE(program.connectItems.checked(ConnectItems::Auto1));
+    EXPECT_TRUE(program.connection.items.checked(ConnectItems::Auto1));
     const std::string announced = said();
     EXPECT_TRUE(announced.starts_with("Abort Run\rAbort Run Function\rReset Everything AKA FIXIT\r")) << announced;
     EXPECT_TRUE(announced.ends_with("Passed fix it for comm1\rOpen port 1\rLooking to see what port to open\r"

@@ -23,7 +23,7 @@ TEST_F(ProgramTest, AResetAnnouncesItselfAndDumpsTheStateOnTheDebugPort) {
     state.Timeout = -5;
     state.Seeking = 1;
     state.Portused = 2;
-    program.fixit();
+    program.connection.fixit();
     const std::vector<QByteArray> lines = com2.writes;
     EXPECT_EQ(lines.size(), 14U) << "each line is one write";
     EXPECT_EQ(said(), "Reset Everything AKA FIXIT\r"
@@ -34,14 +34,14 @@ TEST_F(ProgramTest, AResetAnnouncesItselfAndDumpsTheStateOnTheDebugPort) {
 TEST_F(ProgramTest, AResetWritesNothingWhenTheBoxIsCleared) {
     tickDebugOutput();
     program.setComm2Output(false);
-    program.fixit();
+    program.connection.fixit();
     EXPECT_FALSE(com2.isOpen()) << "COM 2 is free for the instrument again";
     EXPECT_EQ(said(), "");
 }
 
 TEST_F(ProgramTest, AResetWithTheBoxTickedAndTheDebugPortClosedIsSilent) {
     program.debug.comm2Output = true;
-    program.fixit();
+    program.connection.fixit();
     EXPECT_EQ(said(), "");
     EXPECT_TRUE(messages.shown.empty());
 }
@@ -62,7 +62,7 @@ TEST_F(ProgramTest, AResetGoesStepByStep) {
         }
     };
     program.selectLowerTab(QStringLiteral("Testing"));
-    program.fixit();
+    program.connection.fixit();
     EXPECT_TRUE(portOpenAtAnnouncement);
     EXPECT_EQ(statusAtDump, "Offline");
     EXPECT_EQ(pageAtDump, Page::Status);
@@ -71,7 +71,7 @@ TEST_F(ProgramTest, AResetGoesStepByStep) {
 
 TEST_F(ProgramTest, AResetWithNoPortOpenTouchesNoPort) {
     com1.input = "left over";
-    program.fixit();
+    program.connection.fixit();
     expectOffline();
     EXPECT_TRUE(com1.dtr.isEmpty());
     EXPECT_TRUE(com1.writes.empty());
@@ -86,7 +86,7 @@ TEST_F(ProgramTest, AResetHidesEveryFrameOfTheDebugScreen) {
     for (QProperty<bool>* frame : frames) {
         *frame = true;
     }
-    program.fixit();
+    program.connection.fixit();
     for (const QProperty<bool>* frame : frames) {
         EXPECT_FALSE(frame->value());
     }
@@ -98,7 +98,7 @@ TEST_F(ProgramTest, AResetKeepsWhatBelongsToTheSessionAndTheRows) {
     state.trouble = 1;
     const qint16 calls = state.Timeout;
     ASSERT_GT(calls, 0);
-    program.fixit();
+    program.connection.fixit();
     EXPECT_EQ(state.Vartemp.toStdString(), "V");
     EXPECT_EQ(state.plc, 2);
     EXPECT_EQ(state.Timeout, calls);
@@ -112,7 +112,7 @@ TEST_F(ProgramTest, AResetKeepsWhatBelongsToTheSessionAndTheRows) {
 TEST_F(ProgramTest, AResetEndsARunWithItsFileClosedWhole) {
     runWithRows(2);
     ASSERT_TRUE(folder.isOpen("Orvtemp.tmp"));
-    program.fixit();
+    program.connection.fixit();
     expectOffline();
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("2\t11/21/26\t1:00:00\t2\t\t20\t\t30\t40\r\n"));
@@ -122,7 +122,7 @@ TEST_F(ProgramTest, AResetLetsTheNextPollForgetWhatWasReceived) {
     connect();
     receive("half a li");
     ASSERT_EQ(program.poll.rxbuffer.toStdString(), "half a li");
-    program.fixit();
+    program.connection.fixit();
     connect();
     receive("S1\r\n");
     EXPECT_EQ(program.session.state.Rtn.toStdString(), "S1");
@@ -133,7 +133,7 @@ TEST_F(ProgramTest, AResetListsTheInputCountOnlyWhenAskedTo) {
         program.session.state.trouble = trouble;
         program.debug.showParsing = showParsing;
         const std::size_t before = program.debug.list.entries().size();
-        program.fixit();
+        program.connection.fixit();
         return program.debug.list.entries().size() - before;
     };
     EXPECT_EQ(listedByReset(0, true), 0U);
@@ -151,7 +151,7 @@ TEST_F(ProgramTest, AResetShowsThePageOfTheUpperStrip) {
         program.selectUpperTab(QString::fromLatin1(caption));
         program.selectLowerTab(QStringLiteral("Calibration"));
         ASSERT_EQ(program.pages.shown.value(), Page::Calibration);
-        program.fixit();
+        program.connection.fixit();
         EXPECT_EQ(program.pages.shown.value(), page) << caption;
     }
 }

@@ -40,7 +40,7 @@ TEST_F(ProgramTest, TheTickThatIdentifiesTakesTheFirstLineOfTheReportToo) {
     receive("P\r\nS1\r\n");
     EXPECT_EQ(said(), "Version Detected\rGet Prefs\r");
     EXPECT_EQ(program.session.state.Rtn.toStdString(), "P");
-    EXPECT_EQ(program.getprefsruns, 1);
+    EXPECT_EQ(program.session.state.Timeout, 1);
 }
 
 TEST_F(ProgramTest, ReadyWithoutAReplyATickCallsNothing) {
@@ -52,7 +52,6 @@ TEST_F(ProgramTest, ReadyWithoutAReplyATickCallsNothing) {
     receive("S1 without its end");
     ticks(5);
     EXPECT_EQ(said(), "");
-    EXPECT_EQ(program.getprefsruns, 0);
     EXPECT_EQ(program.session.state.Timeout, 0);
     EXPECT_EQ(program.session.status.status.value().toStdString(), "Connecting...");
     EXPECT_TRUE(com1.writes.empty());
@@ -60,17 +59,15 @@ TEST_F(ProgramTest, ReadyWithoutAReplyATickCallsNothing) {
     EXPECT_EQ(said(), "Get Prefs\r");
 }
 
-TEST_F(ProgramTest, EachTickTakesOneLineAndCountsItUntilIdle) {
+TEST_F(ProgramTest, EachTickTakesOneLineAndAResetKeepsTheirCount) {
     connect();
     com1.input = "S1\r\nG0\r\nA0\r\n";
     program.tick();
-    EXPECT_EQ(program.getprefsruns, 1);
+    EXPECT_EQ(program.session.state.Timeout, 1);
     EXPECT_EQ(program.poll.rxbuffer.toStdString(), "G0\r\nA0\r\n");
     ticks(2);
-    EXPECT_EQ(program.getprefsruns, 3);
-    program.fixit();
+    program.connection.fixit();
     program.tick();
-    EXPECT_EQ(program.getprefsruns, 0);
     EXPECT_EQ(program.session.state.Timeout, 3);
 }
 
@@ -232,8 +229,10 @@ TEST_F(ProgramTest, TicksGoOnDuringTheWakeUpPulse) {
 }
 
 TEST_F(ProgramTest, AnErrorOfATickIsToldOnceAndTheProgramGoesOn) {
+    tickDebugOutput();
     connect();
     program.tick();
+    said();
     program.session.state.Timeout = std::numeric_limits<qint16>::max();
     for (int line = 0; line < 4; ++line) {
         receive("S1\r\n");
@@ -244,7 +243,7 @@ TEST_F(ProgramTest, AnErrorOfATickIsToldOnceAndTheProgramGoesOn) {
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Reading the settings")));
     EXPECT_TRUE(program.ports.isOpen());
     EXPECT_EQ(program.session.state.Timeout, std::numeric_limits<qint16>::max());
-    EXPECT_EQ(program.getprefsruns, 4);
+    EXPECT_EQ(said(), "Get Prefs\rGet Prefs\rGet Prefs\rGet Prefs\r");
 }
 
 TEST_F(ProgramTest, ACounterThatIsFullEndsTheRunWithOneMessage) {

@@ -20,9 +20,13 @@ constexpr qint16 giveUpAtCall = 150;
 } // namespace
 
 SettingsReader::SettingsReader(const Parts& parts)
-    : p_(parts) {}
+    : p_(parts)
+    , closing_(p_.connection.aboutToClose.subscribe([this] {
+        prefsState = 0;
+        p_.progress.visible = false;
+    })) {}
 
-void SettingsReader::getprefs() {
+void SettingsReader::getprefs(const QString& line) {
     p_.ports.debugsay(QStringLiteral("Get Prefs"));
     p_.manual.hide();
     SessionState& state = p_.session.state;
@@ -44,7 +48,6 @@ void SettingsReader::getprefs() {
     }
     p_.progress.valueLabel = QString::number(p_.progress.value);
 
-    const QString& line = state.Rtn;
     QString value;
     if (line.startsWith(QLatin1String("MP"))) {
         prefsState = memoryPointerCode;
@@ -122,11 +125,11 @@ void SettingsReader::selectSamplingOption() {
 void SettingsReader::giveUp() {
     p_.progress.visible = false;
     p_.manual.show();
-    const int port = p_.items.checkedPort();
+    const int port = p_.connection.items.checkedPort();
     if (port != 0) {
         p_.session.state.Portused = static_cast<quint8>(port);
     }
-    p_.actions.fixit();
+    p_.connection.fixit();
 }
 
 ClockDisplay::ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings)
@@ -135,9 +138,8 @@ ClockDisplay::ClockDisplay(Session& session, ComPorts& ports, DebugState& debug,
     , debug_(debug)
     , settings_(settings) {}
 
-void ClockDisplay::checktime() {
+void ClockDisplay::checktime(const QString& reply) {
     ports_.debugsay(QStringLiteral("Check Orv Sensor Time"));
-    const QString reply = session_.state.Rtn;
     if (reply.size() < 10) {
         return;
     }

@@ -7,26 +7,26 @@
 
 namespace orv {
 
-/// Reads the instrument's settings report, one line a call, into the settings screen.
+/// Reads the instrument's settings report, one line a call, into the settings screen. A report that is cut short by the
+/// end of its connection does not run on into the next one's.
 class SettingsReader {
 public:
     struct Parts {
         Session& session;
         ComPorts& ports;
-        ConnectItems& items;
+        Connection& connection;
         ManualConnection& manual;
         SettingsState& settings;
         ProgressState& progress;
-        ProgramActions& actions;
     };
 
     explicit SettingsReader(const Parts& parts);
 
-    /// Takes the line in `Rtn`: a setting's letter and its value, or "MP" and the memory pointer, which ends the
+    /// Takes a line of the report: a setting's letter and its value, or "MP" and the memory pointer, which ends the
     /// report, shows the settings screen and asks for the clock. A line without a tag counts as an empty value of the
     /// field before. The 150th call of the program run gives the retrieval up. Throws RuntimeError Overflow at call
     /// 32768.
-    void getprefs();
+    void getprefs(const QString& line);
 
     /// 0 between reports, else the code of the last field.
     int prefsState = 0;
@@ -37,16 +37,17 @@ private:
     void selectSamplingOption();
 
     Parts p_;
+    Subscription closing_;
 };
 
-/// Shows the instrument's clock from the reply in `Rtn` (date, TAB, time count; 64800 counts are one day) on the main
+/// Shows the instrument's clock from its reply (date, TAB, time count; 64800 counts are one day) on the main
 /// window and the settings screen, and moves the operation code to 2. A reply of fewer than 10 characters is not a
 /// clock reply and changes nothing. One that cannot be read is told in a message; every label stays as it was.
 class ClockDisplay {
 public:
     ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings);
 
-    void checktime();
+    void checktime(const QString& reply);
 
 private:
     void show(const QString& dateText, const QString& timeText);

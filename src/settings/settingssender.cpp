@@ -238,9 +238,7 @@ SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {
         p_.session.status.status = QStringLiteral("Ready");
         p_.session.messages.show(
             operatorWarning(QStringLiteral("Error Sending Prefs. Error Code 1"), QStringLiteral("Error")));
-        if (showMainWindow) {
-            showMainWindow();
-        }
+        mainWindowWanted.tell();
         return Outcome::Failed;
     case PromptOutcome::ConnectionLost:
         break;

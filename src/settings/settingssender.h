@@ -98,8 +98,7 @@ public:
     /// A loop that does not yield to the event loop is running: no tick may be dispatched.
     bool isPolling() const { return dialogue_.isPolling(); }
 
-    /// Brings the main window to the front; may be empty.
-    std::function<void()> showMainWindow;
+    Signal<> mainWindowWanted; ///< The main window is to come to the front.
 
 private:
     /// The clock: "U", then the date that the settings screen shows for the computer, then the present hour and

@@ -51,13 +51,6 @@ private:
     int silentWaits_ = 0;
 };
 
-class NoActions final : public ProgramActions {
-public:
-    void fixit() override {}
-    void layOutHeaderRow() override {}
-    void closeRecordFile() override {}
-};
-
 /// Sending to the simulated instrument over a pseudo-terminal; ticks as the status timer dispatches them.
 class SendingPtyTest : public testing::Test {
 protected:
@@ -87,12 +80,12 @@ protected:
 
     void tick() {
         ports.waitForInput(1);
-        poll.quary();
-        if (session.state.Ctrlscrn == Operation::Ready && !session.state.Rtn.isEmpty()) {
-            reader.getprefs();
+        const QString line = poll.quary();
+        if (session.state.Ctrlscrn == Operation::Ready && !line.isEmpty()) {
+            reader.getprefs(line);
         }
         if (session.state.Ctrlscrn == Operation::ClockCheck) {
-            clockDisplay.checktime();
+            clockDisplay.checktime(line);
         }
     }
 
@@ -121,19 +114,17 @@ protected:
     ProgramLog log;
     Poll poll{session, ports, debug, log};
     TimedWait wait{clock, events, ports};
-    StatusTimer timer{[] {}};
+    StatusTimer timer;
     SettingsState settings;
     ProgressState progress;
-    NoActions actions;
-    ConnectItems items;
-    ManualConnection manual{session, items, actions};
+    Connection connection{session, debug, ports, wait, events, timer};
+    ManualConnection manual{session, connection};
     SettingsReader reader{{.session = session,
                            .ports = ports,
-                           .items = items,
+                           .connection = connection,
                            .manual = manual,
                            .settings = settings,
-                           .progress = progress,
-                           .actions = actions}};
+                           .progress = progress}};
     ClockDisplay clockDisplay{session, ports, debug, settings};
     SettingsSender sender{{.session = session,
                            .ports = ports,

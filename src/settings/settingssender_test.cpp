@@ -267,7 +267,7 @@ TEST_F(SetPrefsTest, APulledCableEndsItWithOneMessage) {
     answered = 4;
     progress.visible = true;
     int failures = 0;
-    ports.portFailed = [&failures] { ++failures; };
+    const auto counting = ports.portFailed.subscribe([&failures] { ++failures; });
     onWrite = [this](const QByteArray& /*bytes*/) {
         if (writes.size() == 5) {
             instrument->failureReason = QStringLiteral("gone");

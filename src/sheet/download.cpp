@@ -97,8 +97,7 @@ void Download::begin(Target target, Operation operation, const QString& status) 
     p_.progress.value = 0;
 }
 
-bool Download::takeReply(const QString& progressLabel, DataRow& row) {
-    const QString reply = p_.session.state.Rtn;
+bool Download::takeReply(const QString& reply, const QString& progressLabel, DataRow& row) {
     const qint64 now = p_.session.clock.monotonicMilliseconds();
     if (reply.isEmpty()) {
         if (!stallTold_ && now - lastData_ >= stallLimit) {
@@ -141,9 +140,9 @@ bool Download::takeReply(const QString& progressLabel, DataRow& row) {
     return true;
 }
 
-void Download::savefiletxt() {
+void Download::savefiletxt(const QString& reply) {
     DataRow row;
-    if (!takeReply(QStringLiteral("Bytes Downloaded"), row)) {
+    if (!takeReply(reply, QStringLiteral("Bytes Downloaded"), row)) {
         return;
     }
     const QString line = recordLine(records_ + 1, row, p_.rows.connectedLayout()) + QLatin1String("\r\n");
@@ -157,10 +156,10 @@ void Download::savefiletxt() {
     ++records_;
 }
 
-void Download::importtofg1() {
+void Download::importtofg1(const QString& reply) {
     DataRow row;
     // The two downloads spell their label differently.
-    if (!takeReply(QStringLiteral("Bytes DownLoaded"), row)) {
+    if (!takeReply(reply, QStringLiteral("Bytes DownLoaded"), row)) {
         return;
     }
     try {

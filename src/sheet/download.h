@@ -34,9 +34,10 @@ public:
     /// "Download Stored Data: View with Host Program".
     void vwhp();
 
-    /// Handle the reply in `Rtn`, if there is one: to the text file, to the sheet. Called at every tick of a download.
-    void savefiletxt();
-    void importtofg1();
+    /// Take the reply to the text file, to the sheet. Called at every tick of a download, with an empty reply if none
+    /// has come.
+    void savefiletxt(const QString& reply);
+    void importtofg1(const QString& reply);
 
     /// A download is cut off (reset, close, failure, quit): what arrived is kept, the file closed, and the operator
     /// told that it is incomplete. Nothing happens without a download.
@@ -48,7 +49,7 @@ private:
     enum class Target { None, TextFile, Sheet, Nowhere };
 
     void begin(Target target, Operation operation, const QString& status);
-    bool takeReply(const QString& progressLabel, DataRow& row);
+    bool takeReply(const QString& reply, const QString& progressLabel, DataRow& row);
     void showProgress(const QString& label);
     void finish();
     void end();

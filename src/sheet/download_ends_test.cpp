@@ -185,8 +185,7 @@ TEST_F(DownloadEndsTest, UnreadableRecordsAreToldWithTheIncompleteEnd) {
 TEST_F(DownloadEndsTest, RecordsOfAutomaticSavesAreNotSoughtOnTheSheet) {
     download.vwhp();
     for (int row = 0; row <= 20000; ++row) {
-        state.Rtn = QString::fromLatin1(record);
-        download.importtofg1();
+        download.importtofg1(QString::fromLatin1(record));
     }
     ASSERT_EQ(sheet.rowCount(), 1);
     download.endIncomplete();
@@ -211,8 +210,7 @@ TEST_F(DownloadEndsTest, FullCounterEndsTheDownloadAndDropsTheRest) {
     download.vwhp();
     replyAll({">O", record});
     state.plc = 32767;
-    state.Rtn = QString::fromLatin1(record);
-    EXPECT_THROW(download.importtofg1(), RuntimeError);
+    EXPECT_THROW(download.importtofg1(QString::fromLatin1(record)), RuntimeError);
     EXPECT_EQ(onlyMessage(), incomplete("1 record", QStringLiteral("on the sheet")));
     expectDialogPutBack();
     EXPECT_TRUE(isTaking()) << "the instrument is still sending";

@@ -264,8 +264,7 @@ TEST_F(DownloadTest, LongSheetIsSavedAndClearedOnTheWay) {
     download.vwhp();
     reply(">O");
     for (int record = 1; record <= 20012; ++record) {
-        state.Rtn = QStringLiteral("01/05/99\t24526\t%1").arg(record);
-        download.importtofg1();
+        download.importtofg1(QStringLiteral("01/05/99\t24526\t%1").arg(record));
         ASSERT_EQ(state.plc, record % 20000);
     }
     reply("EOF");

@@ -72,8 +72,9 @@ bool RunLock::copyFrom(const RunLock& other) const {
     return file.open(QIODevice::ReadOnly) && write(file.read(longest));
 }
 
-RecordFile::RecordFile(const Clock& clock, const QString& path)
+RecordFile::RecordFile(const Clock& clock, const QString& path, FolderPlace* place)
     : clock_(clock)
+    , place_(place)
     , file_(path)
     , lock_(path) {}
 
@@ -84,7 +85,7 @@ void RecordFile::setPath(const QString& path) {
 
 QString RecordFile::start(const DataSheet::Type& type) {
     close();
-    QString reason = claim ? claim() : QString();
+    QString reason = place_ != nullptr ? place_->claim() : QString();
     if (reason.isEmpty()) {
         reason = keepUnsavedRows();
     }

@@ -3,12 +3,11 @@
 
 #include "base/clock.h"
 #include "sheet/datasheet.h"
+#include "sheet/folderplace.h"
 
 #include <QByteArrayList>
 #include <QFile>
 #include <QString>
-
-#include <functional>
 
 namespace orv {
 
@@ -55,10 +54,8 @@ private:
 /// what could not be read.
 class RecordFile {
 public:
-    RecordFile(const Clock& clock, const QString& path);
-
-    /// Asked before a run touches the file: returns the empty text, or why the file is not this program's to write.
-    std::function<QString()> claim;
+    /// A run touches the file only if the place can be claimed; without one the file is this program's.
+    RecordFile(const Clock& clock, const QString& path, FolderPlace* place = nullptr);
 
     QString path() const { return file_.fileName(); }
 
@@ -121,6 +118,7 @@ private:
     void nothingIsUnsaved();
 
     const Clock& clock_;
+    FolderPlace* place_;
     QFile file_;
     RunLock lock_;
     DataSheet::Type type_;      ///< Of the run.

@@ -374,16 +374,19 @@ TEST_F(RecordFileTest, TakingOverCanBeInterruptedAnywhere) {
 TEST_F(RecordFileTest, AFileThatIsAnotherProgramsIsNotTouched) {
     fill(path("Orvtemp.tmp"), olderHeader);
     fill(path("Orvtemp.tmp.lock"), "V\t412\r\n");
-    file.claim = [] { return QStringLiteral("another program uses it"); };
-    EXPECT_EQ(file.start(trx(500.0)), QStringLiteral("another program uses it"));
-    EXPECT_FALSE(file.isOpen());
-    EXPECT_EQ(file.append(QStringLiteral("1")), QString());
-    file.close();
+    FolderPlace place;
+    RecordFile claimed(clock, path("Orvtemp.tmp"), &place);
+    auto other = std::make_unique<FolderPlace>();
+    other->take();
+    EXPECT_TRUE(claimed.start(trx(500.0)).startsWith(QStringLiteral("another program may use it (process ")));
+    EXPECT_FALSE(claimed.isOpen());
+    EXPECT_EQ(claimed.append(QStringLiteral("1")), QString());
+    claimed.close();
     EXPECT_EQ(contents(), olderHeader);
     EXPECT_EQ(lockText(), QByteArray("V\t412\r\n"));
-    EXPECT_EQ(folder.files().size(), 2);
-    file.claim = [] { return QString(); };
-    EXPECT_EQ(file.start(trx(500.0)), QString());
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|orvhost.lock");
+    other.reset();
+    EXPECT_EQ(claimed.start(trx(500.0)), QString());
 }
 
 TEST_F(RecordFileTest, FolderThatDoesNotExistIsTold) {

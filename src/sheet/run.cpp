@@ -62,11 +62,11 @@ void Run::startRunningProfile() {
     tellRecordFailure(p_.recordFile.start(p_.rows.connectedType()));
 }
 
-void Run::profilemode() {
+void Run::profilemode(const QString& line) {
     p_.ports.debugsay(QStringLiteral("Profile Sub"));
-    if (p_.session.state.Rtn.size() >= shortestDataLine) {
+    if (line.size() >= shortestDataLine) {
         try {
-            takeLine();
+            takeLine(line);
         } catch (const RuntimeError&) {
             // The counter is full. Going on would meet the same error at every further line.
             endRun();
@@ -76,24 +76,22 @@ void Run::profilemode() {
     endIfPrompted();
 }
 
-void Run::takeLine() {
+void Run::takeLine(const QString& line) {
     SessionState& state = p_.session.state;
     state.gatherstart = 1;
     const RowLayout layout = p_.rows.connectedLayout();
-    const auto row = readDataLine(state.Rtn, layout, requestedConversion(p_.settings));
+    const auto row = readDataLine(line, layout, requestedConversion(p_.settings));
     if (!row) {
         ++unreadLines_;
         // A clock reply that was still on its way has two fields; anything longer is a line of this run.
-        if (state.Rtn.count(u'\t') >= 2) {
+        if (line.count(u'\t') >= 2) {
             noteLine();
         }
         return;
     }
     p_.rows.addRow(*row);
     p_.rows.followNewest();
-    if (rowTaken) {
-        rowTaken(*row, layout);
-    }
+    showOnDebugScreen(p_.debug, *row, layout);
     tellRecordFailure(p_.recordFile.append(recordLine(state.plc, *row, layout)));
     noteLine();
     p_.automaticSave.saveLongSheet();

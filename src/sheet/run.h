@@ -21,6 +21,7 @@ public:
         Session& session;
         ComPorts& ports;
         Poll& poll;
+        DebugState& debug;
         SettingsState& settings;
         SheetRows& rows;
         AutomaticSave& automaticSave;
@@ -29,18 +30,15 @@ public:
 
     explicit Run(const Parts& parts);
 
-    /// Called with each row of a run once it is on the sheet.
-    std::function<void(const DataRow& row, RowLayout layout)> rowTaken;
-
     /// `Command2`, the "Run" button.
     void run1();
 
     /// "Start Running Profile".
     void startRunningProfile();
 
-    /// Takes the line in `Rtn`; ends the run if the instrument's prompt has come. Throws RuntimeError Overflow, with
+    /// Takes a line; ends the run if the instrument's prompt has come. Throws RuntimeError Overflow, with
     /// the run ended, if the row counter is full.
-    void profilemode();
+    void profilemode(const QString& line);
 
     /// Ends the run if the instrument's prompt has come by itself, without a line.
     void endIfPrompted();
@@ -50,7 +48,7 @@ public:
     void closeRecordFile();
 
 private:
-    void takeLine();
+    void takeLine(const QString& line);
     void noteLine();
     void endRun();
     void tellRecordFailure(const QString& reason);

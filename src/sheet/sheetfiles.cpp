@@ -118,9 +118,7 @@ SheetFiles::Outcome SheetFiles::write(const QString& name) {
     }
     autosaveFailureTold_ = false;
     p_.shown.unsaved = false;
-    if (saved) {
-        saved();
-    }
+    saved.tell();
     return Outcome::Saved;
 }
 

@@ -4,8 +4,6 @@
 #include "link/comports.h"
 #include "sheet/datasheet.h"
 
-#include <functional>
-
 namespace orv {
 
 /// Saves and loads the data sheet.
@@ -44,8 +42,7 @@ public:
     /// 1 only while an automatic save is in progress.
     quint8 autosaving = 0;
 
-    /// Called after each successful save.
-    std::function<void()> saved;
+    Signal<> saved; ///< After each successful save.
 
 private:
     QString presetName() const;

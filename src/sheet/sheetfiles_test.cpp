@@ -103,7 +103,7 @@ TEST_F(SheetFilesTest, OperatorsSaveAsksWithThePresetNameAndWritesUnderTheConfir
     answers.fileName = path("lake.txt");
     debug.comm2Output = true;
     int savedCalls = 0;
-    files.saved = [&savedCalls] { ++savedCalls; };
+    const auto counting = files.saved.subscribe([&savedCalls] { ++savedCalls; });
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|Untitled.txt|.txt|*.txt");
     EXPECT_EQ(contentsOf(path("lake.txt")).toStdString(), bytes());
@@ -150,7 +150,7 @@ TEST_F(SheetFilesTest, CancelledSaveWritesNothingAndLeavesTheState) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
     debug.comm2Output = true;
-    files.saved = [] { FAIL() << "nothing was saved"; };
+    const auto never = files.saved.subscribe([] { FAIL() << "nothing was saved"; });
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Cancelled);
     EXPECT_TRUE(folder.files().isEmpty());
     EXPECT_TRUE(sheetState.unsaved);
@@ -175,7 +175,7 @@ TEST_F(SheetFilesTest, FolderThatDoesNotExistIsToldAndTheRowsStayUnsaved) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
     answers.fileName = path("nowhere/lake.txt");
-    files.saved = [] { FAIL() << "nothing was saved"; };
+    const auto never = files.saved.subscribe([] { FAIL() << "nothing was saved"; });
     EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
     expectOneFailure(answers.fileName);
     EXPECT_TRUE(sheetState.unsaved);

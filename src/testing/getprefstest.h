@@ -10,26 +10,6 @@
 
 namespace orv {
 
-/// Keeps what a procedure under test asks of the program.
-class RecordedActions final : public ProgramActions {
-public:
-    explicit RecordedActions(const SessionState& state)
-        : state_(state) {}
-
-    void fixit() override {
-        ++resets;
-        portAtReset = state_.Portused;
-    }
-    void layOutHeaderRow() override {}
-    void closeRecordFile() override {}
-
-    int resets = 0;
-    int portAtReset = -1;
-
-private:
-    const SessionState& state_;
-};
-
 /// The settings reader on an open port, with the debug output on COM 2.
 class GetPrefsTest : public testing::Test {
 protected:
@@ -48,10 +28,7 @@ protected:
         return port;
     }
 
-    void take(const char* line) {
-        session.state.Rtn = QString::fromLatin1(line);
-        reader.getprefs();
-    }
+    void take(const char* line) { reader.getprefs(QString::fromLatin1(line)); }
 
     LoggerSettings record() const { return settings.record; }
 
@@ -62,18 +39,26 @@ protected:
     Session session{clock, messages};
     DebugState debug;
     ComPorts ports{session, debug, [this](const QString& device) { return makePort(device); }};
-    ConnectItems items;
-    RecordedActions actions{session.state};
-    ManualConnection manual{session, items, actions};
+    SteppedYield events{clock};
+    TimedWait wait{clock, events, ports};
+    StatusTimer timer;
+    Connection connection{session, debug, ports, wait, events, timer};
+    ConnectItems& items = connection.items;
+    ManualConnection manual{session, connection};
     SettingsState settings;
     ProgressState progress;
     SettingsReader reader{{.session = session,
                            .ports = ports,
-                           .items = items,
+                           .connection = connection,
                            .manual = manual,
                            .settings = settings,
-                           .progress = progress,
-                           .actions = actions}};
+                           .progress = progress}};
+    int resets = 0;
+    int portAtReset = -1;
+    Subscription watchingResets = connection.wasReset.subscribe([this] {
+        ++resets;
+        portAtReset = session.state.Portused;
+    });
 };
 
 } // namespace orv

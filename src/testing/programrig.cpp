@@ -58,7 +58,6 @@ ProgramRig::ProgramRig(LineMaker makeLine)
                                   : QString();
                    }}) {
     events.tick = [this] { program.tick(); };
-    program.connection.pollingEnded = [this] { ++pollingEnds; };
 }
 
 ProgramRig::~ProgramRig() = default;

@@ -89,11 +89,13 @@ private:
 public:
     Program program;
 
+    Subscription countingPolls = program.connection.pollingEnded.subscribe([this] { ++pollingEnds; });
+
     Session& session = program.session;
     SessionState& state = session.state;
     StatusState& status = session.status;
     CommandState& commands = session.commands;
-    ConnectItems& items = program.connectItems;
+    ConnectItems& items = program.connection.items;
     DebugState& debug = program.debug;
     SettingsState& settings = program.settings;
     ProgressState& progress = program.progress;

@@ -40,7 +40,6 @@ protected:
             record.secondsBetweenPoints = QStringLiteral("3600");
         });
         settings.computerDate = QStringLiteral("1/5/99");
-        sender.showMainWindow = [this] { shownAfter = messages.shown.size(); };
     }
 
     std::unique_ptr<Port> makePort() {
@@ -98,7 +97,7 @@ protected:
     ProgramLog log;
     Poll poll{session, ports, debug, log};
     TimedWait wait{clock, events, ports};
-    StatusTimer timer{[] {}};
+    StatusTimer timer;
     SettingsState settings;
     ProgressState progress;
     SendingParts parts{.session = session,
@@ -111,6 +110,7 @@ protected:
                        .settings = settings,
                        .progress = progress};
     SettingsSender sender{parts};
+    Subscription lookingWhenShown = sender.mainWindowWanted.subscribe([this] { shownAfter = messages.shown.size(); });
 
     std::size_t answered = 1000; ///< So many writes are answered.
     int passes = 0;              ///< Passes that found nothing.

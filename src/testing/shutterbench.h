@@ -31,7 +31,7 @@ inline constexpr std::array<ShutterMoment, 8> shutterMoments{
 
 /// For tests: a shutter reset with everything below it, and the instrument at the far end of the line. The clock moves
 /// only while the program waits.
-class ShutterBench : public ProgramActions {
+class ShutterBench {
 public:
     /// Makes the port, which moves the clock while it waits.
     using PortMaker = std::function<std::unique_ptr<Port>(TestClock& clock)>;
@@ -68,7 +68,6 @@ public:
         };
         yield.whileResponsive = [this](bool) { timerRunningWhilePolling |= timer.isRunning() && !sender.isPolling(); };
         port->waited = [this](int) { whenever(); };
-        ports.portFailed = [this] { fixit(); };
         progressWatch = session.status.shutterProgress.addNotifier([this] { noteStep(); });
     }
 
@@ -92,15 +91,13 @@ public:
 
     /// What the program does at each tick of its timer.
     void tick() {
-        if (ports.isOpen()) {
-            poll.quary();
-        }
-        if (session.state.Ctrlscrn == Operation::Ready && !session.state.Rtn.isEmpty()) {
+        const QString line = ports.isOpen() ? poll.quary() : QString();
+        if (session.state.Ctrlscrn == Operation::Ready && !line.isEmpty()) {
             ++linesOfTicks;
-            reader.getprefs();
+            reader.getprefs(line);
         }
         if (session.state.Ctrlscrn == Operation::ClockCheck) {
-            clockDisplay.checktime();
+            clockDisplay.checktime(line);
         }
     }
 
@@ -136,18 +133,7 @@ public:
         return port->readAll();
     }
 
-    // What the procedures ask of the program.
-    void fixit() override {
-        ++resets;
-        ports.close();
-        session.state.Ctrlscrn = Operation::Idle;
-        session.status.status = QStringLiteral("Offline");
-        session.commands.activity = Activity::None;
-        session.commands.runEnabled = false;
-        session.commands.resetShutterEnabled = false;
-    }
-    void layOutHeaderRow() override {}
-    void closeRecordFile() override {}
+    void fixit() { connection.fixit(); }
 
     static LoggerSettings original() {
         return {.logEnabled = true,
@@ -174,18 +160,17 @@ public:
     TimedWait wait{clock, yield, ports};
     ProgramLog log;
     Poll poll{session, ports, debug, log};
-    StatusTimer timer{[] {}};
-    ConnectItems items;
-    ManualConnection manual{session, items, *this};
+    StatusTimer timer;
+    Connection connection{session, debug, ports, wait, yield, timer};
+    ManualConnection manual{session, connection};
     SettingsState settings;
     ProgressState progress;
     SettingsReader reader{{.session = session,
                            .ports = ports,
-                           .items = items,
+                           .connection = connection,
                            .manual = manual,
                            .settings = settings,
-                           .progress = progress,
-                           .actions = *this}};
+                           .progress = progress}};
     ClockDisplay clockDisplay{session, ports, debug, settings};
     SettingsSender sender{{.session = session,
                            .ports = ports,
@@ -196,7 +181,7 @@ public:
                            .timer = timer,
                            .settings = settings,
                            .progress = progress}};
-    std::function<void()> getprefs = [this] { reader.getprefs(); };
+    std::function<void(const QString& line)> getprefs = [this](const QString& line) { reader.getprefs(line); };
     std::function<SettingsSender::Outcome()> setprefs = [this] { return sender.setprefs(); };
     ShutterReset shutter{{.session = session,
                           .ports = ports,
@@ -205,13 +190,14 @@ public:
                           .poll = poll,
                           .timer = timer,
                           .settings = settings,
-                          .getprefs = [this] { getprefs(); },
+                          .getprefs = [this](const QString& line) { getprefs(line); },
                           .setprefs = [this] { return setprefs(); }}};
 
     QStringList steps; ///< Progress texts without their counts, as they changed.
     qint64 stepBegan = 0;
     int linesOfTicks = 0; ///< Report lines that ticks handed on.
     int resets = 0;
+    Subscription countingResets = connection.wasReset.subscribe([this] { ++resets; });
     bool timerRunningWhilePolling = false;
     /// Called whenever the clock has moved.
     std::function<void()> whenever = [] {};

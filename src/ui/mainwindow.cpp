@@ -68,14 +68,13 @@ MainWindow::MainWindow(Program& program, WindowEvents& events)
     auto* manual = new ManualConnectionDialog(program.manual, this);
     events.setManualDialog(manual);
     new ProgressDialog(program.progress, this);
-    program_.settingsSender.showMainWindow = [this] { comeForward(); };
     bindings_.bind(program.settings.visible, [this](bool visible) { showSettings(visible); });
-    program_.connection.pollingEnded = [this] {
-        if (closeWhenPossible_) {
-            closeWhenPossible_ = false;
+    subscriptions_.push_back(program_.settingsSender.mainWindowWanted.subscribe([this] { comeForward(); }));
+    subscriptions_.push_back(program_.connection.pollingEnded.subscribe([this] {
+        if (std::exchange(closeWhenPossible_, false)) {
             close();
         }
-    };
+    }));
 }
 
 MainWindow::~MainWindow() = default;
@@ -297,7 +296,7 @@ void MainWindow::makeConnectMenu(QMenu* operation) {
     QMenu* start = operation->addMenu(QStringLiteral("&Start Communication"));
     const QProperty<bool>& undisturbed = program_.session.commands.undisturbed;
     for (const auto& [item, text, name, connectNow] : items) {
-        const ConnectItem& state = program_.connectItems[item];
+        const ConnectItem& state = program_.connection.items[item];
         QAction* action = addItem(start, text, name, connectNow);
         action->setCheckable(true);
         // A click must not change the mark by itself, not even while the attempt goes on: the procedures set it.
