@@ -366,14 +366,11 @@ TEST(SheetTime, ReadsTheSheetsTimesAndThoseOfSpreadsheets) {
         const std::optional<QTime> time = sheetTime(QString::fromLatin1(text));
         return time ? time->toString(QStringLiteral("HH:mm:ss")).toStdString() : std::string("none");
     };
-    EXPECT_EQ(read("9:05:07"), "09:05:07");
-    EXPECT_EQ(read(" 23:59:59\t"), "23:59:59");
-    EXPECT_EQ(read("0:00:00"), "00:00:00");
-    EXPECT_EQ(read("3:07:09 PM"), "15:07:09");
-    EXPECT_EQ(read("3:07:09am"), "03:07:09");
-    EXPECT_EQ(read("12:00:00 AM"), "00:00:00");
-    EXPECT_EQ(read("12:30:00 PM"), "12:30:00");
-    EXPECT_EQ(read("0:15:07 PM"), "12:15:07");
+    const std::pair<const char*, std::string> times[] = {{"9:05:07", "09:05:07"},     {" 23:59:59\t", "23:59:59"},
+                                                         {"0:00:00", "00:00:00"},     {"3:07:09 PM", "15:07:09"},
+                                                         {"3:07:09am", "03:07:09"},   {"12:00:00 AM", "00:00:00"},
+                                                         {"12:30:00 PM", "12:30:00"}, {"0:15:07 PM", "12:15:07"}};
+    expectEach(times, read);
     for (const char* text : {"", "9:05", "24:00:00", "25:00:00", "9:5:07", "9:05:60", "-1:05:07", "9:05:07 XM",
                              ":05:07", ":05:07 AM", "13:00:00 PM", "9:05:07:08", "99999", "009:05:07"}) {
         EXPECT_EQ(read(text), "none") << text;
