@@ -63,9 +63,9 @@ QGroupBox* CalibrationPage::makeInstruments() {
     auto* frame = makeFrame("Instruments");
     auto* layout = new QVBoxLayout(frame);
 
-    auto* name =
-        makeBox(shown_.instrumentName, QStringLiteral("Text17"), QStringLiteral("Instrument name or serial number"));
-    name->setToolTip(QStringLiteral("Name or serial number of the next instrument of the batch."));
+    auto* name = makeBox("Text17", "Name or serial number of the next instrument of the batch.",
+                         "Instrument name or serial number");
+    bindTyped(bindings_, name, shown_.instrumentName);
     auto* add = makeButton(
         "Add Ins&trument", "Command4", [this] { calibration_.addInstrument(); },
         "Adds the named instrument with its light colour; a batch has up to seven.");
@@ -208,8 +208,10 @@ void CalibrationPage::addWorksheetRow(QGridLayout* grid, int row) {
     grid->addWidget(selector, row + 1, 0);
     for (int channel = 0; channel < channelCount; ++channel) {
         const QString accessibleName = QStringLiteral("%1, angle %2").arg(caption, angleText(channel));
-        auto* box = makeBox(shown_.worksheet.at(row, channel), boxName(boxes, channel), accessibleName);
-        box->setToolTip(QStringLiteral("%1: kept as a whole number from -32768 to 32767.").arg(accessibleName));
+        auto* box = makeBox(boxName(boxes, channel),
+                            QStringLiteral("%1: kept as a whole number from -32768 to 32767.").arg(accessibleName),
+                            accessibleName);
+        bindTyped(bindings_, box, shown_.worksheet.at(row, channel));
         box->setAlignment(Qt::AlignRight);
         grid->addWidget(box, row + 1, channel + 1);
     }
@@ -247,8 +249,8 @@ QGroupBox* CalibrationPage::makeReference() {
         grid->addWidget(rowCaption, row + 1, 0);
         for (int channel = 0; channel < channelCount; ++channel) {
             const QString accessibleName = QStringLiteral("Reference %1, column %2").arg(caption).arg(channel + 1);
-            auto* box = makeBox(shown_.reference.at(row, channel), boxName(boxes, channel), accessibleName);
-            box->setToolTip(accessibleName + QLatin1Char('.'));
+            auto* box = makeBox(boxName(boxes, channel), accessibleName + u'.', accessibleName);
+            bindTyped(bindings_, box, shown_.reference.at(row, channel));
             box->setAlignment(Qt::AlignRight);
             grid->addWidget(box, row + 1, channel + 1);
             if (channel == 0) {
@@ -257,14 +259,6 @@ QGroupBox* CalibrationPage::makeReference() {
         }
     }
     return frame;
-}
-
-QLineEdit* CalibrationPage::makeBox(QProperty<QString>& text, const QString& name, const QString& accessibleName) {
-    auto* box = new QLineEdit;
-    box->setObjectName(name);
-    box->setAccessibleName(accessibleName);
-    bindTyped(bindings_, box, text);
-    return box;
 }
 
 TestingPage::TestingPage(Program& program) {

@@ -8,7 +8,6 @@
 class QGridLayout;
 class QGroupBox;
 class QLayout;
-class QLineEdit;
 class QListWidget;
 
 namespace orv {
@@ -30,7 +29,6 @@ private:
     void addWorksheetRow(QGridLayout* grid, int row);
     void addResults(QGridLayout* grid, int gridRow);
     QGroupBox* makeReference();
-    QLineEdit* makeBox(QProperty<QString>& text, const QString& name, const QString& accessibleName);
 
     CalibrationState& shown_;
     Calibration& calibration_;

@@ -231,9 +231,7 @@ void DebugPage::makeHint(QListView* list) {
 }
 
 void DebugPage::addDirectSend(QHBoxLayout* layout) {
-    auto* text = new QLineEdit;
-    text->setObjectName(QStringLiteral("DirectSendText"));
-    text->setToolTip(QStringLiteral("Is sent exactly as typed; nothing is added at its end."));
+    auto* text = makeBox("DirectSendText", "Is sent exactly as typed; nothing is added at its end.");
     auto* button = makeButton(
         "&Direct Send", "DirectSend", [this, text] { program_.directSend.send(text->text()); },
         "Sends the text to the instrument, if a port is open and nothing else is under way.");

@@ -108,7 +108,7 @@ namespace {
 
 QGroupBox* makeClock(SettingsPage* page, const QString& whose, const QString& toolTip,
                      const std::vector<std::pair<QString, const QProperty<QString>*>>& rows) {
-    auto* box = new QGroupBox(whose + QStringLiteral(" Time / Date"));
+    auto* box = makeFrame(whose + QStringLiteral(" Time / Date"));
     box->setObjectName(whose + QStringLiteral("TimeDate"));
     box->setToolTip(toolTip);
     auto* form = new QFormLayout(box);

@@ -145,10 +145,8 @@ SheetPage::SheetPage(Program& program)
 }
 
 QLayout* SheetPage::makeBar(Program& program) {
-    auto* fileName = new QLineEdit;
-    fileName->setObjectName(QStringLiteral("Text37"));
-    fileName->setToolTip(
-        QStringLiteral("Default File Name, and the file name used for auto-recording of long profiles."));
+    auto* fileName =
+        makeBox("Text37", "Default File Name, and the file name used for auto-recording of long profiles.");
     bindTyped(bindings_, fileName, shown_.fileName);
     auto* counter = makeNumberLabel("SheetCounter", "Rows on the sheet", "0000000");
     bindText(bindings_, counter, shown_.counter);

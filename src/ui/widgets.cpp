@@ -7,6 +7,9 @@
 #include <QPainter>
 #include <QStyleOptionTab>
 
+#include <algorithm>
+#include <iterator>
+
 namespace orv {
 
 QLabel* makeValueLabel(QAnyStringView name, QAnyStringView accessibleName) {
@@ -47,11 +50,16 @@ void enlarge(QLabel* label, double factor) {
     label->setFont(font);
 }
 
-QLineEdit* makeReadOnlyBox(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView toolTip) {
+QLineEdit* makeBox(QAnyStringView name, QAnyStringView toolTip, QAnyStringView accessibleName) {
     auto* box = new QLineEdit;
     box->setObjectName(name.toString());
-    box->setAccessibleName(accessibleName.toString());
     box->setToolTip(toolTip.toString());
+    box->setAccessibleName(accessibleName.toString());
+    return box;
+}
+
+QLineEdit* makeReadOnlyBox(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView toolTip) {
+    QLineEdit* box = makeBox(name, toolTip, accessibleName);
     box->setReadOnly(true);
     QPalette palette;
     palette.setColor(QPalette::Base, Qt::transparent);
@@ -110,36 +118,32 @@ void bindChoice(Bindings& bindings, QAbstractButton* whenTrue, QAbstractButton* 
     QObject::connect(whenFalse, &QAbstractButton::clicked, whenFalse, [&choice] { choice = false; });
 }
 
+namespace {
+
+struct LampLook {
+    Lamp lamp;
+    QColor colour;
+    const char* text;
+};
+
+const LampLook& lookOf(Lamp lamp) {
+    static const LampLook looks[] = {{Lamp::Reading, {255, 0, 0}, "Reading the settings"},
+                                     {Lamp::Sending, {255, 255, 0}, "Sending the settings"},
+                                     {Lamp::Sent, {0, 255, 0}, "Settings sent"},
+                                     {Lamp::Read, {0, 0, 255}, "Settings read"},
+                                     {Lamp::Off, {}, "Nothing read or sent yet"}};
+    return *std::find_if(std::begin(looks), std::end(looks) - 1,
+                         [lamp](const LampLook& look) { return look.lamp == lamp; });
+}
+
+} // namespace
+
 QColor lampColour(Lamp lamp) {
-    switch (lamp) {
-    case Lamp::Reading:
-        return {255, 0, 0};
-    case Lamp::Sending:
-        return {255, 255, 0};
-    case Lamp::Sent:
-        return {0, 255, 0};
-    case Lamp::Read:
-        return {0, 0, 255};
-    case Lamp::Off:
-        break;
-    }
-    return {};
+    return lookOf(lamp).colour;
 }
 
 QString lampText(Lamp lamp) {
-    switch (lamp) {
-    case Lamp::Reading:
-        return QStringLiteral("Reading the settings");
-    case Lamp::Sending:
-        return QStringLiteral("Sending the settings");
-    case Lamp::Sent:
-        return QStringLiteral("Settings sent");
-    case Lamp::Read:
-        return QStringLiteral("Settings read");
-    case Lamp::Off:
-        break;
-    }
-    return QStringLiteral("Nothing read or sent yet");
+    return QString::fromLatin1(lookOf(lamp).text);
 }
 
 StatusLamp::StatusLamp(QWidget* parent)

@@ -34,6 +34,9 @@ QLabel* makeCaption(QAnyStringView text, QWidget* buddy);
 /// Gives a label letters of so many times the usual size.
 void enlarge(QLabel* label, double factor);
 
+/// A box for a line of text. Its caption is what assistive programs hear, unless it has a name of its own.
+QLineEdit* makeBox(QAnyStringView name, QAnyStringView toolTip, QAnyStringView accessibleName = {});
+
 /// A box in which nothing can be typed; it has the ground of the page, so that it does not look as if.
 QLineEdit* makeReadOnlyBox(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView toolTip);
 
