@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace orv {
 namespace {
 
@@ -20,37 +22,37 @@ std::string nameOf(const testing::TestParamInfo<ShutterMoment>& info) {
     return info.param.name;
 }
 
-class ShutterInterrupted : public testing::TestWithParam<ShutterMoment> {
+class ShutterInterrupted : public testing::TestWithParam<ShutterMoment>, public ShutterBench {
 protected:
     /// Runs a reset and does something once at the moment.
     void runAndAt(const std::function<void()>& deed) {
-        bench.whenever = [this, deed] {
-            if (!done && bench.at(GetParam().step, GetParam().milliseconds)) {
+        whenever = [this, deed] {
+            if (!done && at(GetParam().step, GetParam().milliseconds)) {
                 done = true;
-                writesBefore = bench.port->writes.size();
+                writesBefore = line->writes.size();
                 deed();
             }
         };
-        bench.shutter.shutterreset();
+        resetShutter();
         ASSERT_TRUE(done);
     }
 
     void expectEnded() {
-        EXPECT_EQ(bench.port->writes.size(), writesBefore) << "something was sent after the connection had gone";
+        EXPECT_EQ(line->writes.size(), writesBefore) << "something was sent after the connection had gone";
         if (GetParam().temporarySent || QLatin1String(GetParam().name) == QLatin1String("BeforeSending")) {
-            EXPECT_EQ(bench.shown(), ShutterBench::original());
+            EXPECT_EQ(shown(), ShutterBench::original());
         }
-        EXPECT_EQ(bench.timer.interval(), StatusTimer::normalInterval);
-        EXPECT_TRUE(bench.timer.isRunning());
-        EXPECT_EQ(bench.session.commands.activity.value(), Activity::None);
-        EXPECT_EQ(bench.session.status.shutterProgress.value().toStdString(), "");
-        EXPECT_EQ(bench.session.status.shutterCountdown.value().toStdString(), "");
-        EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::Idle);
+        EXPECT_EQ(timer.interval(), StatusTimer::normalInterval);
+        EXPECT_TRUE(timer.isRunning());
+        EXPECT_EQ(commands.activity.value(), Activity::None);
+        EXPECT_EQ(status.shutterProgress.value().toStdString(), "");
+        EXPECT_EQ(status.shutterCountdown.value().toStdString(), "");
+        EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
     }
 
     void expectTold() {
         std::vector<Message> told;
-        for (const Message& message : bench.messages.shown) {
+        for (const Message& message : messages.shown) {
             if (message.title == QLatin1String("Reset Shutter")) {
                 told.push_back(message);
             }
@@ -62,7 +64,6 @@ protected:
         EXPECT_EQ(text.contains(QStringLiteral("still has its own settings")), !GetParam().temporarySent);
     }
 
-    ShutterBench bench;
     bool done = false;
     qsizetype writesBefore = 0;
 };
@@ -73,12 +74,11 @@ class ShutterInterruptedByOperator : public ShutterInterrupted {};
 TEST_P(ShutterInterrupted, ByAPulledCable) {
     qint64 pulledAt = 0;
     runAndAt([this, &pulledAt] {
-        bench.port->unplugged = true;
-        pulledAt = bench.clock.monotonicMilliseconds();
+        line->unplugged = true;
+        pulledAt = clock.monotonicMilliseconds();
     });
-    EXPECT_LE(bench.stepBegan - pulledAt, 1010) << "noticed late"; // the last step is the empty text
-    EXPECT_FALSE(bench.ports.isOpen());
-    EXPECT_EQ(bench.resets, 1);
+    EXPECT_LE(stepBegan - pulledAt, 1010) << "noticed late"; // the last step is the empty text
+    expectOffline();
     expectEnded();
     expectTold();
 }
@@ -86,12 +86,12 @@ TEST_P(ShutterInterrupted, ByAPulledCable) {
 TEST_P(ShutterInterruptedByOperator, ByCloseAndResetOfTheLink) {
     qint64 closedAt = 0;
     runAndAt([this, &closedAt] {
-        closedAt = bench.clock.monotonicMilliseconds();
-        bench.fixit();
+        closedAt = clock.monotonicMilliseconds();
+        fixit();
         // Everything is in order at once, whatever follows in the same handler.
         expectEnded();
     });
-    EXPECT_LE(bench.clock.monotonicMilliseconds() - closedAt, 2010) << "the wait under way is the last";
+    EXPECT_LE(clock.monotonicMilliseconds() - closedAt, 2010) << "the wait under way is the last";
     expectEnded();
     expectTold();
 }
@@ -99,98 +99,92 @@ TEST_P(ShutterInterruptedByOperator, ByCloseAndResetOfTheLink) {
 TEST_P(ShutterInterruptedByOperator, ByAResetThatConnectsAgainLeavesTheNewConnectionAlone) {
     const LoggerSettings readAnew = shutterSettings();
     runAndAt([&] {
-        bench.fixit();
-        bench.connect();
-        bench.clock.advance(1300);
-        bench.session.commands.activity = Activity::Collecting;
-        bench.session.state.Ctrlscrn = Operation::Collecting;
-        bench.timer.setInterval(StatusTimer::slowInterval);
-        bench.settings.record = readAnew;
-        writesBefore = bench.port->writes.size();
+        fixit();
+        connectAndRead();
+        clock.advance(1300);
+        commands.activity = Activity::Collecting;
+        state.Ctrlscrn = Operation::Collecting;
+        timer.setInterval(StatusTimer::slowInterval);
+        settings.record = readAnew;
+        writesBefore = line->writes.size();
     });
-    EXPECT_EQ(bench.port->writes.size(), writesBefore);
-    EXPECT_EQ(bench.shown(), readAnew);
-    EXPECT_EQ(bench.session.commands.activity.value(), Activity::Collecting);
-    EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::Collecting);
-    EXPECT_EQ(bench.timer.interval(), StatusTimer::slowInterval);
-    EXPECT_EQ(bench.session.status.status.value().toStdString(), "Ready");
-    EXPECT_TRUE(bench.session.commands.runEnabled);
+    EXPECT_EQ(line->writes.size(), writesBefore);
+    EXPECT_EQ(shown(), readAnew);
+    EXPECT_EQ(commands.activity.value(), Activity::Collecting);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
+    EXPECT_EQ(timer.interval(), StatusTimer::slowInterval);
+    EXPECT_EQ(status.status.value().toStdString(), "Ready");
+    EXPECT_TRUE(commands.runEnabled);
     expectTold();
 }
 
 TEST_P(ShutterInterruptedByOperator, ByTheEndOfTheProgramSaysNothing) {
     runAndAt([this] {
-        bench.yield.ending = true;
-        bench.timer.setInterval(0);
-        bench.ports.close();
+        events.ending = true;
+        program.end();
     });
-    EXPECT_EQ(bench.port->writes.size(), writesBefore);
-    EXPECT_FALSE(bench.timer.isRunning());
-    EXPECT_TRUE(bench.messages.shown.empty());
+    EXPECT_EQ(line->writes.size(), writesBefore);
+    EXPECT_FALSE(timer.isRunning());
+    EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_P(ShutterInterruptedByOperator, TheNextResetStartsAfresh) {
-    runAndAt([this] { bench.fixit(); });
-    bench.connect();
-    bench.live(1.0F);
-    bench.settings.record = ShutterBench::original();
-    bench.port->writes.clear();
-    bench.steps.clear();
-    bench.messages.shown.clear();
-    bench.whenever = [] {};
-    QStringList counted;
-    const auto watch = bench.session.status.shutterProgress.addNotifier(
-        [&] { counted << bench.session.status.shutterProgress.value(); });
-    bench.shutter.shutterreset();
-    EXPECT_EQ(counted.at(1).toStdString(), "Getting Settings 1");
-    EXPECT_EQ(bench.steps.size(), 5);
-    EXPECT_TRUE(bench.messages.shown.empty());
-    EXPECT_TRUE(bench.written().contains("Pr"));
+    runAndAt([this] { fixit(); });
+    connectAndRead();
+    live(1.0F);
+    settings.record = ShutterBench::original();
+    line->writes.clear();
+    steps.clear();
+    messages.shown.clear();
+    whenever = [] {};
+    progressTexts.clear();
+    resetShutter();
+    EXPECT_EQ(progressTexts.at(1).toStdString(), "Getting Settings 1");
+    EXPECT_EQ(steps.size(), 5);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_TRUE(written().contains("Pr"));
 }
 
 INSTANTIATE_TEST_SUITE_P(InEachWait, ShutterInterrupted, testing::ValuesIn(shutterMoments), nameOf);
 INSTANTIATE_TEST_SUITE_P(InEachWait, ShutterInterruptedByOperator, testing::ValuesIn(momentsThatYield()), nameOf);
 
-TEST(ShutterRuntimeError, WhileReadingLeavesTheTimerRunning) {
-    ShutterBench bench;
-    bench.getprefs = [](const QString&) { throw RuntimeError(RuntimeError::Kind::Overflow); };
-    EXPECT_THROW(bench.shutter.shutterreset(), RuntimeError);
-    EXPECT_TRUE(bench.timer.isRunning());
-    EXPECT_EQ(bench.session.commands.activity.value(), Activity::None);
-    EXPECT_TRUE(bench.session.commands.canRun);
-    EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::SettingsOpen);
-    EXPECT_EQ(bench.session.status.status.value().toStdString(), "Ready");
-    EXPECT_EQ(bench.session.status.shutterProgress.value().toStdString(), "");
-    EXPECT_TRUE(bench.ports.isOpen());
-    ASSERT_EQ(bench.messages.shown.size(), 1U);
-    EXPECT_TRUE(bench.messages.shown.front().text.contains(QStringLiteral("still has its own settings")));
+class ShutterEnds : public testing::Test, public ShutterBench {};
+
+TEST_F(ShutterEnds, WhileReadingLeavesTheTimerRunning) {
+    state.Timeout = std::numeric_limits<qint16>::max();
+    resetShutter();
+    EXPECT_TRUE(timer.isRunning());
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_TRUE(commands.canRun);
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(status.status.value().toStdString(), "Ready");
+    EXPECT_EQ(status.shutterProgress.value().toStdString(), "");
+    EXPECT_TRUE(ports.isOpen());
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("still has its own settings")));
+    EXPECT_TRUE(messages.shown[1].text.contains(QStringLiteral("Overflow")));
 }
 
-TEST(ShutterRuntimeError, WhileRestoringPutsTheSettingsBackOnTheScreen) {
-    ShutterBench bench;
+TEST_F(ShutterEnds, WhileRestoringPutsTheSettingsBackOnTheScreen) {
     int sendings = 0;
-    bench.setprefs = [&] {
-        if (++sendings == 2) {
+    line->written = [&sendings](const QByteArray& bytes) {
+        if (bytes == "B" && ++sendings == 2) {
             throw RuntimeError(RuntimeError::Kind::InvalidArgument);
         }
-        return bench.sender.setprefs();
     };
-    EXPECT_THROW(bench.shutter.shutterreset(), RuntimeError);
-    EXPECT_EQ(bench.shown(), ShutterBench::original());
-    EXPECT_TRUE(bench.timer.isRunning());
-    ASSERT_EQ(bench.messages.shown.size(), 1U);
-    EXPECT_TRUE(bench.messages.shown.front().text.contains(QStringLiteral("may still hold the temporary settings")));
+    resetShutter();
+    EXPECT_EQ(shown(), ShutterBench::original());
+    EXPECT_TRUE(timer.isRunning());
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("may still hold the temporary settings")));
 }
 
-TEST(ShutterTimeOut, TheHundredAndFiftiethReportLineEndsItLikeAReset) {
-    ShutterBench bench;
-    bench.session.state.Timeout = 145;
-    bench.shutter.shutterreset();
-    EXPECT_EQ(bench.resets, 1);
-    EXPECT_EQ(bench.written(), "P");
-    EXPECT_TRUE(bench.timer.isRunning());
-    EXPECT_EQ(bench.session.commands.activity.value(), Activity::None);
-    EXPECT_EQ(bench.session.state.Ctrlscrn, Operation::Idle);
+TEST_F(ShutterEnds, TheHundredAndFiftiethReportLineEndsItLikeAReset) {
+    state.Timeout = 145;
+    resetShutter();
+    expectOffline();
+    EXPECT_EQ(written(), "P");
+    EXPECT_TRUE(timer.isRunning());
 }
 
 } // namespace

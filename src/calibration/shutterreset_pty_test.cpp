@@ -62,16 +62,15 @@ private:
 
 class ShutterPtyTest : public testing::TestWithParam<ShutterMoment> {
 protected:
-    void start(const char* device) {
-        const SimulatorOptions options = parseSimulatorOptions(QString::fromLatin1(device)).options;
-        bench = std::make_unique<ShutterBench>([this, options](TestClock& clock) {
-            server = std::make_unique<PtyServer>(options, clock);
+    ShutterPtyTest() {
+        bench = std::make_unique<ShutterBench>([this](const QString& device, TestClock& clock) {
+            server = std::make_unique<PtyServer>(parseSimulatorOptions(device).options, clock);
             EXPECT_EQ(server->open().toStdString(), "");
             auto port = std::make_unique<ServedPort>(server, clock);
             line = port.get();
             return port;
         });
-        ASSERT_TRUE(bench->ports.isOpen());
+        EXPECT_TRUE(bench->ports.isOpen());
     }
 
     std::unique_ptr<PtyServer> server;
@@ -80,47 +79,43 @@ protected:
 };
 
 TEST_F(ShutterPtyTest, AnInstrumentThatAnswersEndsWithItsOwnSettings) {
-    start("sim:trx");
-    bench->shutter.shutterreset();
+    bench->resetShutter();
     EXPECT_EQ(bench->steps.join(u'|').toStdString(),
               "Getting Settings|Sending New Settings|Moving Shutter|Restoring Orignal Settings|");
     EXPECT_EQ(bench->written(), "PB000000T1\rD0\rQ1\rI0\rPrB000111T30\rD2\rQ100\rI5\rP");
     bench->live(1.0F);
-    EXPECT_TRUE(bench->session.commands.canResetShutter);
+    EXPECT_TRUE(bench->commands.canResetShutter);
     EXPECT_EQ(bench->shown(), ShutterBench::original());
     EXPECT_TRUE(bench->report().contains("S0\r\nG0\r\nA0\r\nL1\r\nW1\r\nM1\r\nT30\r\nD2\r\nQ100\r\nI5\r\n"));
     EXPECT_TRUE(bench->messages.shown.empty());
 }
 
 TEST_F(ShutterPtyTest, ASilentInstrumentGoesThroughEveryStep) {
-    start("sim:trx?fault=silent");
+    bench->line->silent = true;
     const qint64 began = bench->clock.monotonicMilliseconds();
-    bench->shutter.shutterreset();
+    bench->resetShutter();
     EXPECT_EQ(bench->steps.join(u'|').toStdString(),
               "Getting Settings|Sending New Settings|Moving Shutter|Restoring Orignal Settings|");
     EXPECT_EQ(bench->written(), "PBrB");
     const qint64 passed = bench->clock.monotonicMilliseconds() - began;
     EXPECT_GE(passed, 75'580);
     EXPECT_LT(passed, 76'100);
-    EXPECT_TRUE(bench->session.commands.canRun);
+    EXPECT_TRUE(bench->commands.canRun);
 }
 
 TEST_P(ShutterPtyTest, UnpluggedInEachWait) {
-    start("sim:trx");
     qsizetype writes = -1;
     bench->whenever = [this, &writes] {
         // An answer that came before the cable was pulled is still taken, and the next character sent.
         if (server && bench->at(GetParam().step, GetParam().milliseconds) && line->allIsRead()) {
             server.reset();
-            writes = bench->port->writes.size();
+            writes = bench->line->writes.size();
         }
     };
-    bench->shutter.shutterreset();
-    EXPECT_EQ(bench->port->writes.size(), writes) << "something was sent into the void";
-    EXPECT_FALSE(bench->ports.isOpen());
-    EXPECT_EQ(bench->resets, 1);
+    bench->resetShutter();
+    EXPECT_EQ(bench->line->writes.size(), writes) << "something was sent into the void";
+    bench->expectOffline();
     EXPECT_TRUE(bench->timer.isRunning());
-    EXPECT_EQ(bench->session.commands.activity.value(), Activity::None);
     if (GetParam().temporarySent) {
         EXPECT_EQ(bench->shown(), ShutterBench::original());
     }

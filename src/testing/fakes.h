@@ -134,7 +134,8 @@ public:
     bool isOpen() const override { return port_.isOpen(); }
     void setDataTerminalReady(bool on) override { port_.setDataTerminalReady(on); }
     QByteArray readAll() override {
-        QByteArray block = unplugged ? QByteArray() : std::exchange(arrived, {}) + port_.readAll();
+        const QByteArray answer = port_.readAll();
+        QByteArray block = unplugged ? QByteArray() : std::exchange(arrived, {}) + (silent ? QByteArray() : answer);
         if (!block.isEmpty()) {
             blocks.push_back(block);
             if (read) {
@@ -154,9 +155,12 @@ public:
         arrived.clear();
         port_.discardInput();
     }
-    qsizetype inputCount() override { return unplugged ? 0 : arrived.size() + port_.inputCount(); }
+    qsizetype inputCount() override { return unplugged ? 0 : arrived.size() + (silent ? 0 : port_.inputCount()); }
     bool waitForInput(int milliseconds) override {
-        const bool came = !arrived.isEmpty() || port_.waitForInput(milliseconds);
+        if (silent) {
+            port_.readAll();
+        }
+        const bool came = !arrived.isEmpty() || (port_.waitForInput(milliseconds) && !silent);
         if (waited) {
             waited(milliseconds);
         }
@@ -168,6 +172,7 @@ public:
     QByteArrayList blocks; ///< Each block that the program has read.
     QByteArray arrived;    ///< Characters that are here already, in front of those of the other port.
     bool unplugged = false;
+    bool silent = false; ///< The other port is not heard.
     std::function<void(const QByteArray& bytes)> written;
     std::function<void(const QByteArray& block)> read;
     std::function<void(int milliseconds)> waited; ///< Called after every wait for input.

@@ -57,7 +57,11 @@ ProgramRig::ProgramRig(LineMaker makeLine)
                                   ? QStringLiteral("\"%1\" is no device.").arg(device)
                                   : QString();
                    }}) {
-    events.tick = [this] { program.tick(); };
+    events.tick = [this] {
+        if (timer.interval() != 0) {
+            program.tick();
+        }
+    };
 }
 
 ProgramRig::~ProgramRig() = default;
@@ -82,6 +86,14 @@ void ProgramRig::abort2() {
     program.abort2();
 }
 
+void ProgramRig::resetShutter() {
+    program.resetShutter();
+}
+
+void ProgramRig::fixit() {
+    program.connection.fixit();
+}
+
 void ProgramRig::connect(const QByteArray& greeting) {
     replies = {greeting};
     autoConnect();
@@ -90,12 +102,17 @@ void ProgramRig::connect(const QByteArray& greeting) {
 }
 
 void ProgramRig::connectAndRead(const QByteArray& greeting, const QByteArray& pointsPerBlock) {
-    connect(greeting);
-    receive(settingsReport(pointsPerBlock));
-    constexpr int linesOfReport = 12;
-    ticks(linesOfReport);
-    receive("C\r\n11/21/26\t25661\r\n>");
-    ticks(2);
+    if (makeLine_) {
+        autoConnect();
+        live(2.0F);
+    } else {
+        connect(greeting);
+        receive(settingsReport(pointsPerBlock));
+        constexpr int linesOfReport = 12;
+        ticks(linesOfReport);
+        receive("C\r\n11/21/26\t25661\r\n>");
+        ticks(2);
+    }
     ASSERT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
     ASSERT_EQ(status.status.value().toStdString(), "Ready");
 }

@@ -45,6 +45,10 @@ public:
     void pressRetry();
     /// "Abort 2", to the end of the attempt to connect again.
     void abort2();
+    /// "Reset Shutter", to its end.
+    void resetShutter();
+    /// The program-wide reset, as a failing line or the operator brings it about.
+    void fixit();
     /// "Auto Connect Comm 1" with an instrument that greets so.
     void connect(const QByteArray& greeting = "V512\r");
     /// Connects and lets the instrument answer until the program is "Ready".
