@@ -6,7 +6,6 @@
 #include <QByteArrayList>
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -68,19 +67,6 @@ const QByteArray mooredFile = "30\r\n0\r\n60000\r\n3600\r\n 1\r\n 1\r\n 0\r\n 0\
 
 class ModesTest : public SendingTest {
 protected:
-    QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
-
-    static QByteArray contentOf(const QString& name) {
-        QFile file(name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-    }
-
-    static void write(const QString& name, const QByteArray& content) {
-        QFile file(name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(content), content.size());
-    }
-
     LoggerSettings shown() const { return settings.record.value(); }
 
     /// What a mode looks like after "Profile" or "Moored", with its samples per point.
@@ -115,19 +101,17 @@ protected:
         EXPECT_TRUE(settings.modeRemark.value().isEmpty());
     }
 
-    QTemporaryDir folder;
-    PreparedAnswers answers;
     bool logged = false; ///< What the mode under test does.
-    Modes modes{session, ports, settings, sender, answers};
+    Modes& modes = program.modes;
 };
 
 TEST_F(ModesTest, ProfileGoesByTheTypeLabel) {
     const std::pair<InstrumentType, const char*> table[] = {
         {InstrumentType::Glow, "200"}, {InstrumentType::Trx, "30"}, {InstrumentType::Unknown, "7"}};
-    session.state.Vartemp = QStringLiteral("F");
+    state.Vartemp = QStringLiteral("F");
     for (const auto& [type, samples] : table) {
         fillOtherwise();
-        session.status.instrument = type;
+        status.instrument = type;
         modes.profile();
         EXPECT_EQ(shown(), profileMode(samples)) << samples;
     }
@@ -136,11 +120,11 @@ TEST_F(ModesTest, ProfileGoesByTheTypeLabel) {
 TEST_F(ModesTest, MooredGoesByTheTypeLetter) {
     const std::pair<const char*, const char*> table[] = {{"F", "200"}, {"f", "200"}, {"V", "30"},
                                                          {"v", "30"},  {"", "7"},    {"X", "7"}};
-    session.status.instrument = InstrumentType::Glow;
+    status.instrument = InstrumentType::Glow;
     logged = true;
     for (const auto& [letter, samples] : table) {
         fillOtherwise();
-        session.state.Vartemp = QString::fromLatin1(letter);
+        state.Vartemp = QString::fromLatin1(letter);
         modes.moored();
         EXPECT_EQ(shown(), mooredMode(samples)) << letter;
     }
@@ -166,9 +150,9 @@ TEST_F(ModesTest, APresetOnlyFillsTheScreenWhenNotConnected) {
 }
 
 TEST_F(ModesTest, NothingHappensWhileAnotherOperationIsUnderWay) {
-    session.commands.activity = Activity::Collecting;
+    commands.activity = Activity::Collecting;
     answers.fileName = path("moored.OCM");
-    write(answers.fileName, mooredFile);
+    fill(answers.fileName, mooredFile);
     const LoggerSettings before = shown();
     modes.profile();
     modes.moored();
@@ -181,7 +165,7 @@ TEST_F(ModesTest, SaveWritesTheTenLines) {
     settings.record = mooredMode("30");
     answers.fileName = path("deep sea.OCM");
     modes.saveMode();
-    EXPECT_EQ(contentOf(answers.fileName), mooredFile);
+    EXPECT_EQ(contentsOf(answers.fileName), mooredFile);
     EXPECT_EQ(answers.asked, QStringList{QStringLiteral("Save A User Defined Mode||.OCM|*.OCM")});
     EXPECT_EQ(settings.modeRemark.value(), QStringLiteral("Saved as deep sea.OCM."));
     EXPECT_TRUE(writes.empty());
@@ -189,10 +173,10 @@ TEST_F(ModesTest, SaveWritesTheTenLines) {
 
 TEST_F(ModesTest, SaveReplacesAnOlderLongerFile) {
     answers.fileName = path("old.OCM");
-    write(answers.fileName, QByteArray(5000, 'x'));
+    fill(answers.fileName, QByteArray(5000, 'x'));
     settings.record = mooredMode("30");
     modes.saveMode();
-    EXPECT_EQ(contentOf(answers.fileName), mooredFile);
+    EXPECT_EQ(contentsOf(answers.fileName), mooredFile);
 }
 
 TEST_F(ModesTest, ACancelledSaveDoesNothing) {
@@ -216,7 +200,7 @@ TEST_F(ModesTest, ASaveThatFailsIsQuiet) {
 
 TEST_F(ModesTest, LoadFillsTheScreenAndSends) {
     answers.fileName = path("moored.OCM");
-    write(answers.fileName, mooredFile);
+    fill(answers.fileName, mooredFile);
     modes.loadMode();
     EXPECT_EQ(shown(), mooredMode("30"));
     EXPECT_EQ(writes.size(), 11U);
@@ -229,16 +213,16 @@ TEST_F(ModesTest, LoadFillsTheScreenAndSends) {
 TEST_F(ModesTest, LoadOnlyFillsTheScreenWhenNotConnected) {
     ports.close();
     answers.fileName = path("moored.OCM");
-    write(answers.fileName, mooredFile);
+    fill(answers.fileName, mooredFile);
     modes.loadMode();
     EXPECT_EQ(shown(), mooredMode("30"));
     EXPECT_TRUE(writes.empty());
 }
 
 TEST_F(ModesTest, TheSuffixIsAppendedUnlessTheNameEndsSoLetterForLetter) {
-    write(path("plain.OCM"), mooredFile);
-    write(path("lower.ocm.OCM"), mooredFile);
-    write(path("lower.ocm"), "not this one");
+    fill(path("plain.OCM"), mooredFile);
+    fill(path("lower.ocm.OCM"), mooredFile);
+    fill(path("lower.ocm"), "not this one");
     for (const char* name : {"plain", "lower.ocm", "plain.OCM"}) {
         fillOtherwise();
         answers.fileName = path(name);
@@ -257,8 +241,8 @@ TEST_F(ModesTest, ACancelledLoadDoesNothing) {
 
 TEST_F(ModesTest, AFileThatCannotBeReadIsToldAndChangesNothing) {
     const LoggerSettings before = shown();
-    write(path("short.OCM"), "30\r\n0\r\n60000\r\n3600\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n");
-    write(path("empty.OCM"), "");
+    fill(path("short.OCM"), "30\r\n0\r\n60000\r\n3600\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n");
+    fill(path("empty.OCM"), "");
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("folder.OCM")));
     for (const char* name : {"short.OCM", "empty.OCM", "missing.OCM", "folder.OCM"}) {
         messages.shown.clear();

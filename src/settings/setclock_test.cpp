@@ -57,7 +57,7 @@ TEST_F(SetClockTest, TypesDateAndTimeDigitByDigit) {
 TEST_F(SetClockTest, FinishesAsTheSendingDoes) {
     onWrite = [this](const QByteArray& bytes) {
         if (bytes == "U" || bytes == "9") {
-            EXPECT_EQ(session.commands.activity.value(), Activity::SettingClock);
+            EXPECT_EQ(commands.activity.value(), Activity::SettingClock);
             EXPECT_FALSE(timer.isRunning());
         }
         if (bytes == "P") {
@@ -65,11 +65,11 @@ TEST_F(SetClockTest, FinishesAsTheSendingDoes) {
         }
     };
     sender.setprefs();
-    EXPECT_EQ(instrument->discards, 2);
+    EXPECT_EQ(com1.discards, 2);
     EXPECT_EQ(settings.lamp.value(), Lamp::Sent);
     EXPECT_EQ(progress.value.value(), 0);
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
+    EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
 TEST_F(SetClockTest, TakesTheComputersDateWhileTheScreenShowsNone) {
@@ -97,8 +97,8 @@ TEST_F(SetClockTest, SendsNoDateWithoutThePrompt) {
     EXPECT_EQ(messages.shown, std::vector{sendingError()});
     EXPECT_EQ(shownAfter, 1U);
     EXPECT_EQ(timer.interval(), 10);
-    EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+    EXPECT_EQ(status.status.value(), QStringLiteral("Ready"));
+    EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
 TEST_F(SetClockTest, SendsNoTimeWithoutThePromptForTheDate) {
@@ -117,14 +117,14 @@ TEST_P(ClockWaitTest, AConnectionClosedInTheWaitGetsNothingMore) {
     events.tick = [this, itemsBefore] {
         if (writes.size() == itemsBefore) {
             ports.close();
-            session.commands.activity = Activity::None;
+            commands.activity = Activity::None;
         }
     };
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
     EXPECT_EQ(writes.size(), itemsBefore);
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_TRUE(timer.isRunning()) << "the next connection would have no ticks";
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+    EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
 TEST_P(ClockWaitTest, ANewConnectionMadeInTheWaitGetsNothingOfTheOldSending) {
@@ -133,20 +133,20 @@ TEST_P(ClockWaitTest, ANewConnectionMadeInTheWaitGetsNothingOfTheOldSending) {
         if (writes.size() == itemsBefore) {
             ports.close();
             ports.open();
-            session.commands.activity = Activity::Collecting;
+            commands.activity = Activity::Collecting;
             events.tick = nullptr;
         }
     };
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
     EXPECT_EQ(writes.size(), itemsBefore);
-    EXPECT_EQ(session.commands.activity.value(), Activity::Collecting);
+    EXPECT_EQ(commands.activity.value(), Activity::Collecting);
 }
 
 TEST_P(ClockWaitTest, APulledCableEndsItWithOneMessage) {
     const std::size_t itemsBefore = 11 + GetParam();
     events.tick = [this, itemsBefore] {
         if (writes.size() == itemsBefore) {
-            instrument->failureReason = QStringLiteral("gone");
+            com1.failureReason = QStringLiteral("gone");
         }
     };
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
@@ -163,19 +163,19 @@ TEST_F(SetClockTest, ASendingBegunAndEndedInsideTheWaitKeepsItsTimer) {
             ports.close();
             ports.open();
             settings.syncTimeDate = false;
-            session.commands.activity = Activity::None;
+            commands.activity = Activity::None;
             sender.setprefs();
         }
     };
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
     EXPECT_EQ(timer.interval(), 10);
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+    EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
 TEST_F(SetClockTest, ListsDigitsInTheServiceModeOnly) {
     sender.setprefs();
     EXPECT_EQ(transcript().filter(QStringLiteral("9")), QStringList{QStringLiteral("010599.")});
-    session.state.trouble = 1;
+    state.trouble = 1;
     sender.setprefs();
     const QStringList list = transcript();
     EXPECT_EQ(list.count(QStringLiteral("9")), 3); // two of the date, one of the time 09:30
@@ -188,17 +188,17 @@ namespace {
 
 class SettingsCommandsTest : public SendingTest {
 protected:
-    SettingsCommands commands{session, ports, settings, progress, sender};
+    SettingsCommands& actions = program.settingsCommands;
 };
 
 TEST_F(SettingsCommandsTest, RetrieveRequestsTheReportBehindTheProgressDialog) {
     progress.maximum = 5;
     onWrite = [this](const QByteArray& bytes) {
         EXPECT_EQ(bytes, "P");
-        EXPECT_EQ(instrument->discards, 1);
-        EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
+        EXPECT_EQ(com1.discards, 1);
+        EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
     };
-    commands.retrieveSettings();
+    actions.retrieveSettings();
     EXPECT_EQ(writes.size(), 1U);
     EXPECT_EQ(progress.maximum.value(), 100);
     EXPECT_TRUE(progress.visible.value());
@@ -208,7 +208,7 @@ TEST_F(SettingsCommandsTest, RetrieveRequestsTheReportBehindTheProgressDialog) {
 TEST_F(SettingsCommandsTest, ApplySendsBehindTheProgressDialog) {
     bool visible = false;
     onWrite = [this, &visible](const QByteArray& /*bytes*/) { visible = progress.visible; };
-    commands.applySettings();
+    actions.applySettings();
     EXPECT_EQ(writes.size(), 11U);
     EXPECT_TRUE(visible);
     EXPECT_TRUE(progress.visible.value()) << "the report that follows is read behind it";
@@ -219,7 +219,7 @@ TEST_F(SettingsCommandsTest, LoggingABlockWithoutEndIsRefused) {
     for (const char* points : {"0", "", "000", "x5", "0.0"}) {
         messages.shown.clear();
         change(settings.record, [&](LoggerSettings& record) { record.pointsPerBlock = QString::fromLatin1(points); });
-        commands.applySettings();
+        actions.applySettings();
         EXPECT_TRUE(writes.empty()) << points;
         EXPECT_FALSE(progress.visible.value());
         EXPECT_EQ(messages.shown,
@@ -231,7 +231,7 @@ TEST_F(SettingsCommandsTest, LoggingABlockWithoutEndIsRefused) {
 
 TEST_F(SettingsCommandsTest, ABlockWithoutEndIsSentWhenNothingIsLogged) {
     change(settings.record, [](LoggerSettings& record) { record.pointsPerBlock = QStringLiteral("0"); });
-    commands.applySettings();
+    actions.applySettings();
     EXPECT_EQ(writes.size(), 11U);
     EXPECT_TRUE(messages.shown.empty());
 }
@@ -242,15 +242,15 @@ TEST_F(SettingsCommandsTest, NoOtherValueIsChecked) {
         record.pointsPerBlock = QStringLiteral("99999");
         record.secondsBetweenPoints = QStringLiteral("99999");
     });
-    commands.applySettings();
+    actions.applySettings();
     EXPECT_EQ(writes.size(), 11U);
 }
 
 TEST_F(SettingsCommandsTest, DisplayLoggerTimeAsksForTheClock) {
-    commands.displayLoggerTime();
+    actions.displayLoggerTime();
     EXPECT_EQ(written(), QByteArrayList{"C"});
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::ClockCheck);
-    EXPECT_EQ(instrument->discards, 0);
+    EXPECT_EQ(state.Ctrlscrn, Operation::ClockCheck);
+    EXPECT_EQ(com1.discards, 0);
 }
 
 TEST_F(SettingsCommandsTest, NothingHappensWithoutAConnection) {
@@ -259,26 +259,26 @@ TEST_F(SettingsCommandsTest, NothingHappensWithoutAConnection) {
         record.logEnabled = true;
         record.pointsPerBlock = QStringLiteral("0");
     });
-    commands.retrieveSettings();
-    commands.applySettings();
-    commands.displayLoggerTime();
+    actions.retrieveSettings();
+    actions.applySettings();
+    actions.displayLoggerTime();
     EXPECT_TRUE(writes.empty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_FALSE(progress.visible.value());
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
-    EXPECT_EQ(instrument->discards, 0);
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(com1.discards, 0);
 }
 
 TEST_F(SettingsCommandsTest, NothingDisturbsAnOperationUnderWay) {
     for (const Activity activity : {Activity::Connecting, Activity::Collecting, Activity::Downloading,
                                     Activity::Sending, Activity::SettingClock, Activity::ResettingShutter}) {
-        session.commands.activity = activity;
-        commands.retrieveSettings();
-        commands.applySettings();
-        commands.displayLoggerTime();
+        commands.activity = activity;
+        actions.retrieveSettings();
+        actions.applySettings();
+        actions.displayLoggerTime();
     }
     EXPECT_TRUE(writes.empty());
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
 }
 
 TEST_F(SettingsCommandsTest, EachSamplingOptionWritesThePresetOfTheTypeLabel) {
@@ -287,11 +287,11 @@ TEST_F(SettingsCommandsTest, EachSamplingOptionWritesThePresetOfTheTypeLabel) {
         {InstrumentType::Glow, {"25", "55", "90", "200"}},
         {InstrumentType::Unknown, {"10", "30", "100", "210"}},
     };
-    session.state.Vartemp = QStringLiteral("F"); // the letter has no say here
+    state.Vartemp = QStringLiteral("F"); // the letter has no say here
     for (const auto& [type, presets] : table) {
-        session.status.instrument = type;
+        status.instrument = type;
         for (int option = 1; option <= 4; ++option) {
-            commands.chooseSamplingOption(option);
+            actions.chooseSamplingOption(option);
             EXPECT_EQ(settings.record.value().samplesPerPoint,
                       QString::fromLatin1(presets.at(static_cast<std::size_t>(option - 1))));
             EXPECT_EQ(settings.samplingOption.value(), option);

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/settingsreader.h"
 
-#include "base/runtimeerror.h"
-#include "testing/fakes.h"
-#include "testing/getprefstest.h"
+#include "testing/programrig.h"
 
 #include <gtest/gtest.h>
 
@@ -50,6 +48,24 @@ const LoggerSettings everySet{true,
                               QStringLiteral("5"),
                               QStringLiteral("5"),
                               QStringLiteral("5")};
+
+/// The program at the time of a settings report, line by line, with the debug output on COM 2.
+class GetPrefsTest : public ProgramTest {
+protected:
+    GetPrefsTest() {
+        ports.openDebugPort();
+        state.Vartemp = QStringLiteral("V");
+    }
+
+    /// A line that arrives while the report is awaited on an open port.
+    void take(const char* line) {
+        ports.open();
+        state.Ctrlscrn = Operation::Ready;
+        receive(line + QByteArray("\r\n"));
+    }
+
+    LoggerSettings record() const { return settings.record; }
+};
 
 TEST_F(GetPrefsTest, OneTicksTheFlagsBoxAndNothingElse) {
     for (const FlagField& field : flagFields) {
@@ -155,7 +171,7 @@ TEST_F(GetPrefsTest, LineWithoutTagAheadOfTheFirstFieldChangesNoField) {
     EXPECT_EQ(record(), everySet);
     EXPECT_EQ(reader.prefsState, 0);
     EXPECT_EQ(progress.value.value(), 0);
-    EXPECT_EQ(session.status.status.value(), QStringLiteral("Loading Properties"));
+    EXPECT_EQ(status.status.value(), QStringLiteral("Loading Properties"));
 }
 
 TEST_F(GetPrefsTest, FirstLineOfAReportResetsTheBarAndPaintsTheLampRed) {
@@ -201,7 +217,7 @@ TEST_F(GetPrefsTest, WholeReportFillsTheRecord) {
     EXPECT_EQ(settings.memoryPointer.value(), QStringLiteral("32762"));
     EXPECT_EQ(settings.capacity.value(), QStringLiteral("50"));
     EXPECT_EQ(settings.samplingOption.value(), 2);
-    EXPECT_EQ(session.state.Timeout, 11);
+    EXPECT_EQ(state.Timeout, 11);
     EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -212,7 +228,7 @@ TEST_F(GetPrefsTest, EachCallAnnouncesItselfAndHidesTheManualDialog) {
     EXPECT_FALSE(manual.shown.visible);
     take("noise");
     take("MP0");
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("Get Prefs\rGet Prefs\rGet Prefs\r"));
+    EXPECT_EQ(said(), "Get Prefs\rGet Prefs\rGet Prefs\rCheck Orv Sensor Time\r");
 }
 
 TEST_F(GetPrefsTest, The150thCallOfTheProgramGivesUp) {
@@ -222,46 +238,43 @@ TEST_F(GetPrefsTest, The150thCallOfTheProgramGivesUp) {
     for (int call = 1; call < 150; ++call) {
         take("S1");
     }
-    ASSERT_EQ(resets, 0);
-    debugPort->writes.clear();
-    session.status.status = QStringLiteral("as it was");
+    ASSERT_EQ(saidBriefly().find("(reset)"), std::string::npos);
     progress.value = 33;
     take("S0");
-    EXPECT_TRUE(debugPort->allWritten().startsWith("Get Prefs\rReset Everything AKA FIXIT\r"));
-    EXPECT_EQ(resets, 1);
-    EXPECT_EQ(portAtReset, 1);
+    EXPECT_EQ(saidBriefly(), "Get Prefs\r(reset)\r");
+    expectOffline();
+    EXPECT_EQ(state.Portused, 1);
     EXPECT_FALSE(progress.visible);
     EXPECT_TRUE(manual.shown.visible);
     EXPECT_TRUE(manual.shown.text.value().startsWith(QLatin1String("Attempt to Auto Connect Via Comm 1 Failed!")));
-    EXPECT_EQ(session.state.Timeout, 150);
+    EXPECT_EQ(state.Timeout, 150);
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_TRUE(record().autoStart) << "the line of the 150th call is not read";
     EXPECT_EQ(progress.value.value(), 33);
-    EXPECT_EQ(session.status.status.value(), QStringLiteral("Offline"));
 }
 
-TEST_F(GetPrefsTest, The151stCallBeginsAnotherReport) {
-    session.state.Timeout = 148;
+TEST_F(GetPrefsTest, The151stCallReadsOnOnANewConnection) {
+    state.Timeout = 148;
     take("T30");
     take("D24");
-    ASSERT_EQ(resets, 1);
+    expectOffline();
     take("noise");
-    EXPECT_EQ(record().samplesPerPoint, QStringLiteral("30")) << "the reset has ended the report";
+    EXPECT_EQ(record().samplesPerPoint, QStringLiteral("30")) << "the report before has ended with the reset";
     take("D25");
     EXPECT_EQ(record().hoursBeforeBlock, QStringLiteral("25"));
     EXPECT_FALSE(manual.shown.visible);
-    EXPECT_EQ(resets, 1);
-    EXPECT_EQ(session.state.Timeout, 152);
+    EXPECT_TRUE(ports.isOpen());
+    EXPECT_EQ(state.Timeout, 152);
 }
 
 TEST_F(GetPrefsTest, ReportsDoNotSetTheCountBack) {
-    session.state.Timeout = 147;
+    state.Timeout = 147;
     take("S1");
     take("MP0");
-    EXPECT_EQ(session.state.Timeout, 149);
-    EXPECT_EQ(resets, 0);
+    EXPECT_EQ(state.Timeout, 149);
+    EXPECT_TRUE(ports.isOpen());
     take("S0");
-    EXPECT_EQ(resets, 1);
+    expectOffline();
     EXPECT_TRUE(record().autoStart);
 }
 
@@ -285,27 +298,25 @@ TEST_F(GetPrefsTest, GivingUpTakesThePortFromTheLastCheckedItem) {
         for (const ConnectItems::Item item : each.checked) {
             items[item].checked = true;
         }
-        session.state.Portused = 7;
-        session.state.Timeout = 149;
+        state.Portused = 7;
+        state.Timeout = 149;
         take("S1");
-        EXPECT_EQ(portAtReset, each.port);
+        expectOffline();
+        EXPECT_EQ(state.Portused, each.port);
     }
 }
 
 TEST_F(GetPrefsTest, CallBeyondTheCountersRangeOverflowsWithNothingRead) {
-    session.state.Timeout = std::numeric_limits<qint16>::max() - 1;
+    state.Timeout = std::numeric_limits<qint16>::max() - 1;
     take("T30");
-    EXPECT_EQ(session.state.Timeout, std::numeric_limits<qint16>::max());
+    EXPECT_EQ(state.Timeout, std::numeric_limits<qint16>::max());
     EXPECT_EQ(record().samplesPerPoint, QStringLiteral("30"));
-    try {
-        take("T40");
-        FAIL() << "no overflow";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.kind(), RuntimeError::Kind::Overflow);
-    }
-    EXPECT_EQ(session.state.Timeout, std::numeric_limits<qint16>::max());
+    take("T40");
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Overflow")));
+    EXPECT_EQ(state.Timeout, std::numeric_limits<qint16>::max());
     EXPECT_EQ(record().samplesPerPoint, QStringLiteral("30"));
-    EXPECT_EQ(resets, 0);
+    EXPECT_TRUE(ports.isOpen());
 }
 
 struct PointerCase {
@@ -335,7 +346,6 @@ TEST_F(GetPrefsTest, MemoryPointerIsShownRawAndAsPercentage) {
 TEST_F(GetPrefsTest, EndOfTheReportShowsTheSettingsAndAsksForTheClock) {
     take("I5");
     progress.visible = true;
-    CommandState& commands = session.commands;
     commands.runVisible = false;
     take("MP100");
     EXPECT_EQ(settings.lamp.value(), Lamp::Read);
@@ -347,19 +357,20 @@ TEST_F(GetPrefsTest, EndOfTheReportShowsTheSettingsAndAsksForTheClock) {
     EXPECT_TRUE(commands.settingsMenuVisible);
     EXPECT_TRUE(commands.runVisible);
     EXPECT_TRUE(settings.visible);
-    EXPECT_EQ(instrument->allWritten(), QByteArray("C"));
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::ClockCheck);
-    EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
+    EXPECT_EQ(com1.allWritten(), "C");
+    EXPECT_EQ(state.Ctrlscrn, Operation::ClockCheck);
+    EXPECT_EQ(status.status.value(), QStringLiteral("Ready"));
 }
 
 TEST_F(GetPrefsTest, ShutterResetKeepsItsCodeAndTheClockIsNotAskedFor) {
-    session.state.Ctrlscrn = Operation::ShutterReset;
-    take("MP100");
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::ShutterReset);
-    EXPECT_EQ(instrument->allWritten(), QByteArray());
+    ports.open();
+    state.Ctrlscrn = Operation::ShutterReset;
+    reader.getprefs(QStringLiteral("MP100")); // as the shutter reset does
+    EXPECT_EQ(state.Ctrlscrn, Operation::ShutterReset);
+    EXPECT_EQ(com1.allWritten(), QByteArray());
     EXPECT_EQ(settings.memoryPointer.value(), QStringLiteral("100"));
     EXPECT_TRUE(settings.visible);
-    EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
+    EXPECT_EQ(status.status.value(), QStringLiteral("Ready"));
 }
 
 TEST_F(GetPrefsTest, SamplingOptionFollowsTypeAndSamples) {
@@ -375,7 +386,7 @@ TEST_F(GetPrefsTest, SamplingOptionFollowsTypeAndSamples) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(std::string(each.letter) + " " + each.samples);
-        session.state.Vartemp = QString::fromLatin1(each.letter);
+        state.Vartemp = QString::fromLatin1(each.letter);
         settings.samplingOption = 9;
         take((std::string("T") + each.samples).c_str());
         EXPECT_EQ(settings.samplingOption.value(), 9) << "selected only at the end of the report";
@@ -400,56 +411,42 @@ TEST(SamplingPresets, CaptionsAndSamplesOfBothTypes) {
 
 namespace {
 
-class CheckTimeTest : public testing::Test {
+class CheckTimeTest : public ProgramTest {
 protected:
     CheckTimeTest() {
-        ports.setDevice(1, QStringLiteral("instrument"));
-        ports.setDevice(2, QStringLiteral("debug"));
-        ports.openDebugPort();
-        debug.comm2Output = true;
-        session.state.Ctrlscrn = Operation::ClockCheck;
+        ports.open();
+        tickDebugOutput();
         for (QProperty<QString>* label : labels()) {
             *label = QStringLiteral("kept");
         }
     }
 
-    std::unique_ptr<Port> makePort() {
-        auto port = std::make_unique<FakePort>();
-        debugPort = port.get();
-        return port;
-    }
-
     std::array<QProperty<QString>*, 4> labels() {
-        return {&session.status.date, &settings.loggerDate, &session.status.time, &settings.loggerTime};
+        return {&status.date, &settings.loggerDate, &status.time, &settings.loggerTime};
     }
 
-    void check(const char* reply) { display.checktime(QString::fromLatin1(reply)); }
+    /// A line that arrives while the clock is awaited.
+    void check(const char* reply) {
+        state.Ctrlscrn = Operation::ClockCheck;
+        receive(reply + QByteArray("\r\n"));
+    }
 
     void expectLabelsKept() {
         for (const QProperty<QString>* label : labels()) {
             EXPECT_EQ(label->value(), QStringLiteral("kept"));
         }
     }
-
-    FakePort* debugPort = nullptr;
-    TestClock clock;
-    RecordedMessages messages;
-    Session session{clock, messages};
-    DebugState debug;
-    ComPorts ports{session, debug, [this](const QString&) { return makePort(); }};
-    SettingsState settings;
-    ClockDisplay display{session, ports, debug, settings};
 };
 
 TEST_F(CheckTimeTest, ReplyIsShownOnBothScreensAndTheCodeBecomesSettingsOpen) {
     check("11/21/26\t25652");
-    EXPECT_EQ(session.status.date.value(), QStringLiteral("11/21/26"));
+    EXPECT_EQ(status.date.value(), QStringLiteral("11/21/26"));
     EXPECT_EQ(settings.loggerDate.value(), QStringLiteral("11/21/26"));
-    EXPECT_EQ(session.status.time.value(), QStringLiteral("9:30:02 AM"));
+    EXPECT_EQ(status.time.value(), QStringLiteral("9:30:02 AM"));
     EXPECT_EQ(settings.loggerTime.value(), QStringLiteral("9:30:02 AM"));
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(debugPort->allWritten(), QByteArray("Check Orv Sensor Time\r"));
+    EXPECT_EQ(said(), "Check Orv Sensor Time\r");
 }
 
 TEST_F(CheckTimeTest, ReplyUnderTenCharactersChangesNothingAndTellsNothing) {
@@ -457,16 +454,16 @@ TEST_F(CheckTimeTest, ReplyUnderTenCharactersChangesNothingAndTellsNothing) {
         SCOPED_TRACE(reply);
         check(reply);
         expectLabelsKept();
-        EXPECT_EQ(session.state.Ctrlscrn, Operation::ClockCheck);
+        EXPECT_EQ(state.Ctrlscrn, Operation::ClockCheck);
     }
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(debugPort->writes.size(), 5U) << "announced at every call";
+    EXPECT_EQ(com2.writes.size(), 5U) << "announced at every call";
 }
 
 TEST_F(CheckTimeTest, ReplyOfTenCharactersIsRead) {
     check("1/5/26\t100");
-    EXPECT_EQ(session.status.date.value(), QStringLiteral("1/5/26"));
-    EXPECT_EQ(session.status.time.value(), QStringLiteral("0:02:13 AM"));
+    EXPECT_EQ(status.date.value(), QStringLiteral("1/5/26"));
+    EXPECT_EQ(status.time.value(), QStringLiteral("0:02:13 AM"));
 }
 
 TEST_F(CheckTimeTest, TimeCountsOfThe64800CountDay) {
@@ -490,7 +487,7 @@ TEST_F(CheckTimeTest, TimeCountsOfThe64800CountDay) {
     };
     for (const auto& each : cases) {
         check(each.reply);
-        EXPECT_EQ(session.status.time.value(), QString::fromLatin1(each.shown)) << each.reply;
+        EXPECT_EQ(status.time.value(), QString::fromLatin1(each.shown)) << each.reply;
         EXPECT_EQ(settings.loggerTime.value(), QString::fromLatin1(each.shown)) << each.reply;
     }
 }
@@ -505,7 +502,7 @@ TEST_F(CheckTimeTest, DatesAreMonthDayYearWithTwoDigitYearsUpTo29InThisCentury) 
     };
     for (const auto& each : cases) {
         check(each.reply);
-        EXPECT_EQ(session.status.date.value(), QString::fromLatin1(each.shown)) << each.reply;
+        EXPECT_EQ(status.date.value(), QString::fromLatin1(each.shown)) << each.reply;
         EXPECT_EQ(settings.loggerDate.value(), QString::fromLatin1(each.shown)) << each.reply;
     }
 }
@@ -519,26 +516,27 @@ TEST_F(CheckTimeTest, ReplyThatCannotBeReadIsToldAndTheLabelsKeepWhatTheyHad) {
           "11/21/26\t12x", "11/21/26 25652", "\t11/21/26\t25652", "11/21/26\t1e300", "1234567890"}) {
         SCOPED_TRACE(reply);
         messages.shown.clear();
-        session.state.Ctrlscrn = Operation::ClockCheck;
         check(reply);
         EXPECT_EQ(messages.shown, std::vector<Message>{expected});
         expectLabelsKept();
-        EXPECT_EQ(session.state.Ctrlscrn, Operation::ClockCheck);
+        EXPECT_EQ(state.Ctrlscrn, Operation::ClockCheck);
     }
 }
 
 TEST_F(CheckTimeTest, PartsAreListedWhenParsingIsShownInServiceMode) {
     debug.showParsing = true;
-    session.state.trouble = 1;
+    state.trouble = 1;
     check("11/21/26\t2700");
-    EXPECT_EQ(debug.list.entries(), (std::deque<QString>{QStringLiteral("11/21/26\t"), QStringLiteral("2700")}));
+    EXPECT_EQ(debug.list.entries(), (std::deque<QString>{QStringLiteral("11/21/26\t2700"), QStringLiteral("11/21/26\t"),
+                                                         QStringLiteral("2700")}));
 }
 
 TEST_F(CheckTimeTest, PartsOfAnUnreadableReplyAreListedToo) {
     debug.showParsing = true;
-    session.state.trouble = 1;
+    state.trouble = 1;
     check("garbage\tnoon");
-    EXPECT_EQ(debug.list.entries(), (std::deque<QString>{QStringLiteral("garbage\t"), QStringLiteral("noon")}));
+    EXPECT_EQ(debug.list.entries(), (std::deque<QString>{QStringLiteral("garbage\tnoon"), QStringLiteral("garbage\t"),
+                                                         QStringLiteral("noon")}));
 }
 
 TEST_F(CheckTimeTest, PartsAreNotListedOtherwise) {
@@ -546,9 +544,9 @@ TEST_F(CheckTimeTest, PartsAreNotListedOtherwise) {
     check("11/21/26\t2700");
     debug.showParsing = false;
     debug.rawBuffer = true;
-    session.state.trouble = 1;
+    state.trouble = 1;
     check("11/21/26\t2700");
-    EXPECT_TRUE(debug.list.entries().empty());
+    EXPECT_EQ(debug.list.entries(), std::deque<QString>{QStringLiteral("11/21/26\t2700\r\n")}) << "the raw block";
 }
 
 } // namespace

@@ -10,18 +10,26 @@ protected:
     /// What the instrument sends, a piece for each pass that would find nothing.
     void arrive(const QByteArrayList& pieces) {
         pieces_ = pieces;
-        instrument->waited = [this](int milliseconds) {
+        com1.waited = [this](int milliseconds) {
             ++passes;
             clock.advance(milliseconds);
             if (!pieces_.isEmpty()) {
-                instrument->input = pieces_.takeFirst();
+                com1.input = pieces_.takeFirst();
             }
         };
     }
 
-    QString reply() const { return session.state.Rtn; }
+    QString reply() const { return state.Rtn; }
 
-    PromptDialogue dialogue{parts};
+    PromptDialogue dialogue{{.session = session,
+                             .ports = ports,
+                             .debug = debug,
+                             .poll = program.poll,
+                             .wait = wait,
+                             .events = events,
+                             .timer = timer,
+                             .settings = settings,
+                             .progress = progress}};
 
 private:
     QByteArrayList pieces_;
@@ -62,13 +70,13 @@ TEST_F(WaitPromptTest, APromptLeftOverFromBeforeDoesNotEndTheWait) {
 }
 
 TEST_F(WaitPromptTest, AnOldReplyIsNotTakenForANewOne) {
-    session.state.Rtn = QStringLiteral("old");
-    poll.rxbuffer = "old>";
-    session.status.bufferCount = 4;
+    state.Rtn = QStringLiteral("old");
+    rxbuffer = "old>";
+    status.bufferCount = 4;
     EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::TimedOut);
     EXPECT_EQ(reply(), QString());
-    EXPECT_TRUE(poll.rxbuffer.isEmpty());
-    EXPECT_EQ(session.status.bufferCount.value(), 0);
+    EXPECT_TRUE(rxbuffer.isEmpty());
+    EXPECT_EQ(status.bufferCount.value(), 0);
 }
 
 TEST_F(WaitPromptTest, TheLastOfFiveThousandPassesStillCounts) {
@@ -85,7 +93,7 @@ TEST_F(WaitPromptTest, TheLastOfFiveThousandPassesStillCounts) {
 
 TEST_F(WaitPromptTest, WaitsUpToAMillisecondInEachPass) {
     std::vector<int> waits;
-    instrument->waited = [&waits](int milliseconds) { waits.push_back(milliseconds); };
+    com1.waited = [&waits](int milliseconds) { waits.push_back(milliseconds); };
     dialogue.waitprompt();
     EXPECT_EQ(waits, std::vector<int>(5000, 1));
 }
@@ -105,8 +113,8 @@ TEST_F(WaitPromptTest, ListsWhatEachPassRead) {
 }
 
 TEST_F(WaitPromptTest, WhatCameBeforeThePlugWasPulledStillCounts) {
-    instrument->failureReason = QStringLiteral("gone");
-    instrument->input = "B>";
+    com1.failureReason = QStringLiteral("gone");
+    com1.input = "B>";
     EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::Came);
     EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::ConnectionLost);
     EXPECT_EQ(passes, 1);
@@ -127,22 +135,22 @@ TEST_F(SetPrefsTest, WritesEachItemAloneAndRequestsTheReport) {
 }
 
 TEST_F(SetPrefsTest, FinishesWithTheLampGreenAndTheTimerSlow) {
-    instrument->input = "left over";
+    com1.input = "left over";
     onWrite = [this](const QByteArray& bytes) {
         if (bytes == "P") {
-            EXPECT_EQ(instrument->discards, 1);
-            EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
+            EXPECT_EQ(com1.discards, 1);
+            EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
         }
     };
     sender.setprefs();
     EXPECT_EQ(settings.lamp.value(), Lamp::Sent);
     EXPECT_EQ(timer.interval(), 10);
     EXPECT_TRUE(timer.isRunning());
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
     EXPECT_EQ(progress.value.value(), 0);
     EXPECT_EQ(progress.valueLabel.value(), QStringLiteral("0"));
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
-    EXPECT_EQ(session.status.status.value(), QStringLiteral("before"));
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_EQ(status.status.value(), QStringLiteral("before"));
     EXPECT_FALSE(shownAfter);
 }
 
@@ -159,8 +167,8 @@ TEST_F(SetPrefsTest, StandsStillAndAdvancesTheBarByTenAPrompt) {
         EXPECT_EQ(progress.maximum.value(), 100);
         EXPECT_EQ(timer.interval(), 0);
         EXPECT_FALSE(timer.isRunning());
-        EXPECT_EQ(session.commands.activity.value(), Activity::Sending);
-        EXPECT_FALSE(session.commands.canCommand.value());
+        EXPECT_EQ(commands.activity.value(), Activity::Sending);
+        EXPECT_FALSE(commands.canCommand.value());
         EXPECT_EQ(settings.lamp.value(), bar.size() == 1 ? Lamp::Off : Lamp::Sending);
     };
     QStringList labels;
@@ -199,7 +207,7 @@ TEST_F(SetPrefsTest, SendsTextsAsTypedAndAnEmptyBoxAsABareReturn) {
 TEST_F(SetPrefsTest, GivesUpOnASilentInstrumentAfterOneItem) {
     answered = 0;
     progress.visible = true;
-    session.state.Ctrlscrn = Operation::SettingsOpen;
+    state.Ctrlscrn = Operation::SettingsOpen;
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
     EXPECT_EQ(written(), QByteArrayList{"B"});
     EXPECT_EQ(passes, 5000);
@@ -208,11 +216,11 @@ TEST_F(SetPrefsTest, GivesUpOnASilentInstrumentAfterOneItem) {
     EXPECT_FALSE(progress.visible.value());
     EXPECT_EQ(timer.interval(), 10);
     EXPECT_TRUE(timer.isRunning());
-    EXPECT_EQ(session.status.status.value(), QStringLiteral("Ready"));
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::SettingsOpen);
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+    EXPECT_EQ(status.status.value(), QStringLiteral("Ready"));
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(commands.activity.value(), Activity::None);
     EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("30"));
-    EXPECT_EQ(instrument->discards, 0);
+    EXPECT_EQ(com1.discards, 0);
 }
 
 class SetPrefsStopsAt : public SendingTest, public testing::WithParamInterface<int> {};
@@ -224,7 +232,7 @@ TEST_P(SetPrefsStopsAt, SendsNothingAfterTheUnansweredItem) {
     EXPECT_EQ(messages.shown, std::vector{sendingError()});
     EXPECT_EQ(progress.value.value(), 10 * GetParam());
     EXPECT_TRUE(timer.isRunning());
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+    EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
 INSTANTIATE_TEST_SUITE_P(EachItem, SetPrefsStopsAt, testing::Range(0, 10));
@@ -245,12 +253,12 @@ TEST_F(SetPrefsTest, DoesNotYieldButKeepsTheWindowsAlive) {
 
 TEST_F(SetPrefsTest, NeverSetsTheClockDuringAShutterReset) {
     settings.syncTimeDate = true;
-    session.state.Ctrlscrn = Operation::ShutterReset;
-    session.commands.activity = Activity::ResettingShutter;
+    state.Ctrlscrn = Operation::ShutterReset;
+    commands.activity = Activity::ResettingShutter;
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
     EXPECT_EQ(written(), wholeSending);
-    EXPECT_EQ(session.state.Ctrlscrn, Operation::Ready);
-    EXPECT_EQ(session.commands.activity.value(), Activity::ResettingShutter);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
+    EXPECT_EQ(commands.activity.value(), Activity::ResettingShutter);
 }
 
 TEST_F(SetPrefsTest, DoesNothingWithoutAConnection) {
@@ -260,29 +268,27 @@ TEST_F(SetPrefsTest, DoesNothingWithoutAConnection) {
     EXPECT_TRUE(writes.empty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(timer.interval(), StatusTimer::normalInterval);
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+    EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
 TEST_F(SetPrefsTest, APulledCableEndsItWithOneMessage) {
     answered = 4;
     progress.visible = true;
-    int failures = 0;
-    const auto counting = ports.portFailed.subscribe([&failures] { ++failures; });
     onWrite = [this](const QByteArray& /*bytes*/) {
         if (writes.size() == 5) {
-            instrument->failureReason = QStringLiteral("gone");
+            com1.failureReason = QStringLiteral("gone");
         }
     };
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
     EXPECT_EQ(written(), wholeSending.first(5));
-    EXPECT_EQ(failures, 1);
+    expectOffline();
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown.front().text.contains(QStringLiteral("gone")));
     EXPECT_FALSE(shownAfter);
     EXPECT_FALSE(progress.visible.value());
     EXPECT_TRUE(timer.isRunning());
     EXPECT_EQ(timer.interval(), StatusTimer::normalInterval);
-    EXPECT_EQ(session.commands.activity.value(), Activity::None);
+    EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
 TEST_F(SetPrefsTest, EndsWhenTheConnectionIsReplacedMeanwhile) {
@@ -344,7 +350,7 @@ TEST_F(SetPrefsTest, ListsNothingWhileValuesAreCalculated) {
 
 TEST_F(SetPrefsTest, TheOptionOfTheConnectedTypeDecidesOnTheTranscript) {
     settings.trxProvideRawCounts = false;
-    session.status.instrument = InstrumentType::Glow;
+    status.instrument = InstrumentType::Glow;
     sender.setprefs();
     EXPECT_EQ(transcript().size(), 20);
 }

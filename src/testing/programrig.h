@@ -110,6 +110,8 @@ public:
     StatusTimer& timer = program.timer;
     ManualConnection& manual = program.manual;
     QByteArray& rxbuffer = program.poll.rxbuffer;
+    SettingsReader& reader = program.settingsReader_;
+    SettingsSender& sender = program.settingsSender;
     SheetRows& rows = program.sheetRows_;
     SheetFiles& files = program.sheetFiles_;
     AutomaticSave& automaticSave = program.automaticSave_;

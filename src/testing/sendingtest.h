@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "settings/settingssender.h"
-#include "testing/fakes.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
+#include "testing/programrig.h"
 
 namespace orv {
 
@@ -17,22 +11,21 @@ struct TimedWrite {
     qint64 milliseconds = 0;
 };
 
-/// The settings procedures on an open port whose far end answers every item: "." after a letter that asks for a value,
+/// The program on an open port whose far end answers every item: "." after a letter that asks for a value,
 /// ">" after the value. The clock moves by 1 ms for each pass that finds nothing.
-class SendingTest : public testing::Test {
+class SendingTest : public ProgramTest {
 protected:
     SendingTest() {
-        ports.setDevice(1, QStringLiteral("instrument"));
         ports.open();
-        instrument->waited = [this](int milliseconds) {
+        com1.waited = [this](int milliseconds) {
             ++passes;
             clock.advance(milliseconds);
         };
-        instrument->written = [this](const QByteArray& bytes) { takeWrite(bytes); };
-        session.state.Ctrlscrn = Operation::SettingsOpen;
-        session.state.Vartemp = QStringLiteral("V");
-        session.status.instrument = InstrumentType::Trx;
-        session.status.status = QStringLiteral("before");
+        com1.written = [this](const QByteArray& bytes) { takeWrite(bytes); };
+        state.Ctrlscrn = Operation::SettingsOpen;
+        state.Vartemp = QStringLiteral("V");
+        status.instrument = InstrumentType::Trx;
+        status.status = QStringLiteral("before");
         change(settings.record, [](LoggerSettings& record) {
             record.samplesPerPoint = QStringLiteral("30");
             record.hoursBeforeBlock = QStringLiteral("24");
@@ -40,12 +33,6 @@ protected:
             record.secondsBetweenPoints = QStringLiteral("3600");
         });
         settings.computerDate = QStringLiteral("1/5/99");
-    }
-
-    std::unique_ptr<Port> makePort() {
-        auto port = std::make_unique<FakePort>();
-        instrument = port.get();
-        return port;
     }
 
     void takeWrite(const QByteArray& bytes) {
@@ -60,14 +47,14 @@ protected:
             digits_ = bytes == "U" ? 0 : -1;
         }
         if (QByteArray("BTDQIU").contains(bytes)) {
-            instrument->input += bytes + '.';
+            com1.input += bytes + '.';
         } else if (bytes == "P") {
             return;
         } else if (digits_ >= 0) {
             ++digits_;
-            instrument->input += bytes + (digits_ == 6 ? "." : digits_ == 10 ? ">" : "");
+            com1.input += bytes + (digits_ == 6 ? "." : digits_ == 10 ? ">" : "");
         } else {
-            instrument->input += bytes + '>';
+            com1.input += bytes + '>';
         }
     }
 
@@ -87,35 +74,11 @@ protected:
                 .icon = Message::Icon::Exclamation};
     }
 
-    FakePort* instrument = nullptr;
-    TestClock clock;
-    RecordedMessages messages;
-    SteppedYield events{clock};
-    Session session{clock, messages};
-    DebugState debug;
-    ComPorts ports{session, debug, [this](const QString& /*device*/) { return makePort(); }};
-    ProgramLog log;
-    Poll poll{session, ports, debug, log};
-    TimedWait wait{clock, events, ports};
-    StatusTimer timer;
-    SettingsState settings;
-    ProgressState progress;
-    SendingParts parts{.session = session,
-                       .ports = ports,
-                       .debug = debug,
-                       .poll = poll,
-                       .wait = wait,
-                       .events = events,
-                       .timer = timer,
-                       .settings = settings,
-                       .progress = progress};
-    SettingsSender sender{parts};
-    Subscription lookingWhenShown = sender.mainWindowWanted.subscribe([this] { shownAfter = messages.shown.size(); });
-
     std::size_t answered = 1000; ///< So many writes are answered.
     int passes = 0;              ///< Passes that found nothing.
     std::vector<TimedWrite> writes;
     std::function<void(const QByteArray& bytes)> onWrite;
+    Subscription lookingWhenShown = sender.mainWindowWanted.subscribe([this] { shownAfter = messages.shown.size(); });
     std::optional<std::size_t> shownAfter; ///< Messages shown before the main window came forward.
 
 private:
