@@ -370,7 +370,7 @@ TEST(AwakeWhileCollecting, HoldsForRunsAndDownloadsOnly) {
 class AwakeProgram : public ProgramTest {
 protected:
     RecordedInhibitor inhibitor;
-    AwakeWhileCollecting awake{program.session.commands, inhibitor};
+    AwakeWhileCollecting awake{commands, inhibitor};
 };
 
 TEST_F(AwakeProgram, ConnectingAndReadingTheSettingsLetTheComputerSleep) {

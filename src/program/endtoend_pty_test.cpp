@@ -120,10 +120,10 @@ TEST_P(MainRoad, FromConnectToSavedSheet) {
     connectAndRead();
     EXPECT_EQ(instrumentName(status.instrument).toStdString(), kind.type);
     EXPECT_EQ(status.firmware.value().toStdString(), kind.firmware);
-    EXPECT_EQ(program.settings.record.value().pointsPerBlock.toInt(), kind.rows);
-    EXPECT_EQ(program.settings.memoryPointer.value().toStdString(), "200");
-    EXPECT_EQ(program.settings.capacity.value().toStdString(), "0.3");
-    EXPECT_TRUE(program.settings.visible);
+    EXPECT_EQ(settings.record.value().pointsPerBlock.toInt(), kind.rows);
+    EXPECT_EQ(settings.memoryPointer.value().toStdString(), "200");
+    EXPECT_EQ(settings.capacity.value().toStdString(), "0.3");
+    EXPECT_TRUE(settings.visible);
     EXPECT_EQ(sheet.header().join(u'|').toStdString(), kind.grid);
     const DecodedLine clockReply = decodeLine(received.mid(received.indexOf("\r\n", received.indexOf("C\r\n")) + 2));
     EXPECT_EQ(status.date.value().toStdString(), clockReply.date.toStdString());
@@ -173,7 +173,7 @@ TEST_F(EndToEndTest, TheDebugPortTellsTheWholeSession) {
     answers.fileName = folder.path("sheet.txt");
     program.saveAs();
     program.closePort();
-    program.connection.fixit();
+    fixit();
     ASSERT_TRUE(program.quit());
     ASSERT_TRUE(until([this] { return debugEnd.heard.endsWith("Exit\r"); }));
 

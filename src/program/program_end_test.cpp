@@ -41,9 +41,9 @@ TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveIsCancelled) {
     answers.yes = true;
     EXPECT_FALSE(program.quit());
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), std::string(question) + "\nSave as|Untitled.txt|.txt|*.txt");
-    EXPECT_TRUE(program.sheetState.unsaved);
-    EXPECT_EQ(program.sheet.rowCount(), 2);
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting) << "the run goes on";
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_EQ(sheet.rowCount(), 2);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Collecting) << "the run goes on";
     EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -53,8 +53,8 @@ TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveFails) {
     answers.fileName = folder.path("nowhere/sheet.txt");
     EXPECT_FALSE(program.quit());
     EXPECT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(program.sheetState.unsaved);
-    EXPECT_EQ(program.sheet.rowCount(), 2);
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_EQ(sheet.rowCount(), 2);
 }
 
 TEST_F(ProgramTest, ClosingTheWindowAsksWithoutAnnouncingAnExit) {
@@ -75,7 +75,7 @@ TEST_F(ProgramTest, TheEndLeavesARunWhole) {
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n3\t11/21/26\t1:00:00\t3\t\t20\t\t30\t40\r\n"));
     EXPECT_FALSE(com1.isOpen());
-    EXPECT_FALSE(program.timer.isRunning());
+    EXPECT_FALSE(timer.isRunning());
 }
 
 TEST_F(ProgramTest, ARunKeepsTheRowsOfTheOneBeforeUnlessTheyAreSaved) {
@@ -111,33 +111,33 @@ protected:
         EXPECT_TRUE(message.text.contains(QString::fromLatin1(port))) << qPrintable(message.text);
         EXPECT_TRUE(message.text.contains(com1.openReason)) << qPrintable(message.text);
         expectOffline();
-        EXPECT_FALSE(program.manual.shown.visible);
+        EXPECT_FALSE(manual.shown.visible);
     }
 };
 
 TEST_F(PortThatCannotBeOpened, IsToldByAutoConnect1) {
-    program.autoConnect1();
+    autoConnect();
     expectRefused("COM 1 (ttyA)");
-    EXPECT_EQ(program.session.state.Portused, 0);
+    EXPECT_EQ(state.Portused, 0);
 }
 
 TEST_F(PortThatCannotBeOpened, IsToldByAutoConnect2) {
-    program.autoConnect2();
+    autoConnect(2);
     expectRefused("COM 2 (ttyB)");
 }
 
 TEST_F(PortThatCannotBeOpened, IsToldByAManualStart) {
     program.manualConnect(2);
-    program.manual.proceed();
-    program.manual.start();
+    manual.proceed();
+    pressStart();
     expectRefused("COM 2 (ttyB)");
 }
 
 TEST_F(PortThatCannotBeOpened, CanBeOpenedLater) {
-    program.autoConnect1();
+    autoConnect();
     com1.openReason.clear();
     connectAndRead();
-    EXPECT_TRUE(program.session.commands.canRun);
+    EXPECT_TRUE(commands.canRun);
 }
 
 TEST_F(ProgramTest, APortThatFailsInARunIsToldOnceAndLosesNothing) {
@@ -151,17 +151,17 @@ TEST_F(ProgramTest, APortThatFailsInARunIsToldOnceAndLosesNothing) {
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 1 (ttyA)")));
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("The device is gone.")));
     expectOffline();
-    EXPECT_EQ(program.sheet.rowCount(), 4) << "every complete line received is a row";
-    EXPECT_EQ(program.session.state.plc, 4);
+    EXPECT_EQ(sheet.rowCount(), 4) << "every complete line received is a row";
+    EXPECT_EQ(state.plc, 4);
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp"))
                     .endsWith("\r\n3\t11/21/26\t1:00:00\t3\t\t20\t\t30\t40\r\n"
                               "4\t11/21/26\t1:00:00\t4\t\t20\t\t30\t40\r\n"));
-    EXPECT_TRUE(program.timer.isRunning());
+    EXPECT_TRUE(timer.isRunning());
     messages.shown.clear();
     connectAndRead();
     EXPECT_TRUE(messages.shown.empty()) << "the next session is none the worse";
-    EXPECT_EQ(program.sheet.rowCount(), 4);
+    EXPECT_EQ(sheet.rowCount(), 4);
 }
 
 TEST_F(ProgramTest, APortThatFailsDuringTheWakeUpPulseEndsTheConnection) {
@@ -170,11 +170,11 @@ TEST_F(ProgramTest, APortThatFailsDuringTheWakeUpPulseEndsTheConnection) {
             com1.failureReason = QStringLiteral("The device is gone.");
         }
     };
-    program.autoConnect1();
+    autoConnect();
     EXPECT_EQ(messages.shown.size(), 1U);
     expectOffline();
     EXPECT_TRUE(com1.writes.empty());
-    EXPECT_EQ(program.session.state.Portused, 0);
+    EXPECT_EQ(state.Portused, 0);
 }
 
 TEST_F(ProgramTest, AResetDuringTheWakeUpPulseEndsTheConnectionThere) {
@@ -183,10 +183,10 @@ TEST_F(ProgramTest, AResetDuringTheWakeUpPulseEndsTheConnectionThere) {
         program.tick();
         if (!reset) {
             reset = true;
-            program.connection.fixit();
+            fixit();
         }
     };
-    program.autoConnect2();
+    autoConnect(2);
     expectOffline();
     EXPECT_TRUE(com2.writes.empty()) << "nothing more is sent";
     EXPECT_EQ(com2.dtr.join(u' ').toStdString(), "on");
@@ -195,29 +195,29 @@ TEST_F(ProgramTest, AResetDuringTheWakeUpPulseEndsTheConnectionThere) {
 TEST_F(ProgramTest, ClosePortEndsARunWhole) {
     runWithRows(2);
     program.closePort();
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Offline");
+    EXPECT_EQ(status.status.value().toStdString(), "Offline");
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n2\t11/21/26\t1:00:00\t2\t\t20\t\t30\t40\r\n"));
-    EXPECT_EQ(program.session.commands.activity.value(), Activity::None);
-    EXPECT_FALSE(program.session.commands.resetShutterVisible);
-    EXPECT_FALSE(program.session.commands.canRun);
-    EXPECT_EQ(program.sheet.rowCount(), 2);
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_FALSE(commands.resetShutterVisible);
+    EXPECT_FALSE(commands.canRun);
+    EXPECT_EQ(sheet.rowCount(), 2);
 }
 
 TEST_F(ProgramTest, TheResetButtonStopsARunAndConnectsAgain) {
     runWithRows(2);
     tickDebugOutput();
-    program.sheetState.records = QStringLiteral("3");
+    sheetState.records = QStringLiteral("3");
     com1.writes.clear();
     com1.dtr.clear();
     replies = {"V512\r"};
     program.reset();
-    EXPECT_EQ(program.sheetState.records.value().toStdString(), "0");
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Identified);
+    EXPECT_EQ(sheetState.records.value().toStdString(), "0");
+    EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
     EXPECT_EQ(com1.dtr.join(u' ').toStdString(), "on off");
     EXPECT_EQ(com1.allWritten().toStdString(), "P");
-    EXPECT_EQ(program.sheet.rowCount(), 2);
-    EXPECT_TRUE(program.connection.items.checked(ConnectItems::Auto1));
+    EXPECT_EQ(sheet.rowCount(), 2);
+    EXPECT_TRUE(items.checked(ConnectItems::Auto1));
     const std::string announced = said();
     EXPECT_TRUE(announced.starts_with("Abort Run\rAbort Run Function\rReset Everything AKA FIXIT\r")) << announced;
     EXPECT_TRUE(announced.ends_with("Passed fix it for comm1\rOpen port 1\rLooking to see what port to open\r"
@@ -227,26 +227,26 @@ TEST_F(ProgramTest, TheResetButtonStopsARunAndConnectsAgain) {
 
 TEST_F(ProgramTest, TheResetButtonOnAClosedPortOnlySaysSo) {
     tickDebugOutput();
-    program.sheetState.records = QStringLiteral("3");
+    sheetState.records = QStringLiteral("3");
     program.reset();
     EXPECT_EQ(said(), "Abort Run\rAbort Run Function\r");
-    EXPECT_EQ(program.sheetState.records.value().toStdString(), "0");
+    EXPECT_EQ(sheetState.records.value().toStdString(), "0");
 }
 
 TEST_F(ProgramTest, TheSecondWayToStopLeavesTheRecordsLabel) {
     tickDebugOutput();
-    program.sheetState.records = QStringLiteral("3");
-    program.abort2();
+    sheetState.records = QStringLiteral("3");
+    abort2();
     EXPECT_EQ(said(), "Abort 2\rAbort Run Function\r");
-    EXPECT_EQ(program.sheetState.records.value().toStdString(), "3");
+    EXPECT_EQ(sheetState.records.value().toStdString(), "3");
 }
 
 TEST_F(ProgramTest, ClosePortTurnsLinesThatWaitIntoRowsFirst) {
     runWithRows(2);
     com1.input += "11/21/26\t2700\t3\t20\t30\t40\r\n11/21/26\t2700\t4\t20\t30\t40\r\n";
     program.closePort();
-    EXPECT_EQ(program.session.state.plc, 4);
-    EXPECT_EQ(program.session.status.notice.value().toStdString(), "");
+    EXPECT_EQ(state.plc, 4);
+    EXPECT_EQ(status.notice.value().toStdString(), "");
     EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n4\t11/21/26\t1:00:00\t4\t\t20\t\t30\t40\r\n"));
 }
 
@@ -256,7 +256,7 @@ TEST_F(ProgramTest, ARunOnALoadedSheetOfAnotherTypeIsSavedWhole) {
     fill(glow, "F\t310 1\r\nglow.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\t1/5/99\t9:05:07\t700\t\r");
     answers.fileName = glow;
     program.openSheet();
-    ASSERT_EQ(program.session.state.plc, 1);
+    ASSERT_EQ(state.plc, 1);
     program.run();
     receive("R\r\n");
     receive("11/21/26\t2700\t11\t22\t33\t44\r\n");
@@ -272,19 +272,19 @@ TEST_F(ProgramTest, ARunOfOnlyUnreadableLinesEndsAtThePromptAndTellsThem) {
     program.run();
     receive("R\r\n");
     receive("11/21/26\t2700\r\n>"); // a clock reply that was still on its way, and its prompt
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
     receive("\r\n11/21/26\t2700\t11\t22\r\n");
     ticks(2);
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
     receive(">");
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::CollectionSetUp);
-    EXPECT_EQ(program.session.status.notice.value().toStdString(), "2 lines could not be read; they are in log.ohp");
+    EXPECT_EQ(state.Ctrlscrn, Operation::CollectionSetUp);
+    EXPECT_EQ(status.notice.value().toStdString(), "2 lines could not be read; they are in log.ohp");
 }
 
 TEST_F(ProgramTest, EachRunTellsTheErrorThatEndsIt) {
     connectAndRead();
     for (std::size_t run = 1; run <= 2; ++run) {
-        program.session.state.plc = 32767;
+        state.plc = 32767;
         program.run();
         receive("R\r\n");
         receive("11/21/26\t2700\t11\t22\t33\t44\r\n");

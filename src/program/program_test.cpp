@@ -11,7 +11,6 @@ const char* const freshReset = "Reset Everything AKA FIXIT\r"
 
 TEST_F(ProgramTest, AResetAnnouncesItselfAndDumpsTheStateOnTheDebugPort) {
     tickDebugOutput();
-    SessionState& state = program.session.state;
     state.Ctrlscrn = Operation::Collecting;
     state.Rtn = QStringLiteral("a line");
     state.Vartemp = QStringLiteral("V");
@@ -23,7 +22,7 @@ TEST_F(ProgramTest, AResetAnnouncesItselfAndDumpsTheStateOnTheDebugPort) {
     state.Timeout = -5;
     state.Seeking = 1;
     state.Portused = 2;
-    program.connection.fixit();
+    fixit();
     const std::vector<QByteArray> lines = com2.writes;
     EXPECT_EQ(lines.size(), 14U) << "each line is one write";
     EXPECT_EQ(said(), "Reset Everything AKA FIXIT\r"
@@ -34,14 +33,14 @@ TEST_F(ProgramTest, AResetAnnouncesItselfAndDumpsTheStateOnTheDebugPort) {
 TEST_F(ProgramTest, AResetWritesNothingWhenTheBoxIsCleared) {
     tickDebugOutput();
     program.setComm2Output(false);
-    program.connection.fixit();
+    fixit();
     EXPECT_FALSE(com2.isOpen()) << "COM 2 is free for the instrument again";
     EXPECT_EQ(said(), "");
 }
 
 TEST_F(ProgramTest, AResetWithTheBoxTickedAndTheDebugPortClosedIsSilent) {
-    program.debug.comm2Output = true;
-    program.connection.fixit();
+    debug.comm2Output = true;
+    fixit();
     EXPECT_EQ(said(), "");
     EXPECT_TRUE(messages.shown.empty());
 }
@@ -57,12 +56,12 @@ TEST_F(ProgramTest, AResetGoesStepByStep) {
             portOpenAtAnnouncement = com1.isOpen();
         } else if (line.startsWith("Ctrlscrn ")) {
             EXPECT_FALSE(com1.isOpen());
-            statusAtDump = program.session.status.status.value().toStdString();
+            statusAtDump = status.status.value().toStdString();
             pageAtDump = program.pages.shown;
         }
     };
     program.selectLowerTab(QStringLiteral("Testing"));
-    program.connection.fixit();
+    fixit();
     EXPECT_TRUE(portOpenAtAnnouncement);
     EXPECT_EQ(statusAtDump, "Offline");
     EXPECT_EQ(pageAtDump, Page::Status);
@@ -71,22 +70,21 @@ TEST_F(ProgramTest, AResetGoesStepByStep) {
 
 TEST_F(ProgramTest, AResetWithNoPortOpenTouchesNoPort) {
     com1.input = "left over";
-    program.connection.fixit();
+    fixit();
     expectOffline();
     EXPECT_TRUE(com1.dtr.isEmpty());
     EXPECT_TRUE(com1.writes.empty());
-    EXPECT_EQ(program.ports.inputCount(), 0);
+    EXPECT_EQ(ports.inputCount(), 0);
 }
 
 TEST_F(ProgramTest, AResetHidesEveryFrameOfTheDebugScreen) {
-    DebugState& debug = program.debug;
     QProperty<bool>* const frames[] = {&debug.debugFrameVisible, &debug.turbidityFrameVisible,
                                        &debug.fluorometerFrameVisible, &debug.transmissometerFrameVisible,
                                        &debug.outputFrameVisible};
     for (QProperty<bool>* frame : frames) {
         *frame = true;
     }
-    program.connection.fixit();
+    fixit();
     for (const QProperty<bool>* frame : frames) {
         EXPECT_FALSE(frame->value());
     }
@@ -94,25 +92,24 @@ TEST_F(ProgramTest, AResetHidesEveryFrameOfTheDebugScreen) {
 
 TEST_F(ProgramTest, AResetKeepsWhatBelongsToTheSessionAndTheRows) {
     runWithRows(2);
-    SessionState& state = program.session.state;
     state.trouble = 1;
     const qint16 calls = state.Timeout;
     ASSERT_GT(calls, 0);
-    program.connection.fixit();
+    fixit();
     EXPECT_EQ(state.Vartemp.toStdString(), "V");
     EXPECT_EQ(state.plc, 2);
     EXPECT_EQ(state.Timeout, calls);
     EXPECT_EQ(state.trouble, 1);
     EXPECT_EQ(state.Portused, 1);
-    EXPECT_EQ(program.sheet.rowCount(), 2);
-    EXPECT_TRUE(program.sheetState.unsaved);
-    EXPECT_EQ(program.session.status.firmware.value().toStdString(), "512");
+    EXPECT_EQ(sheet.rowCount(), 2);
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_EQ(status.firmware.value().toStdString(), "512");
 }
 
 TEST_F(ProgramTest, AResetEndsARunWithItsFileClosedWhole) {
     runWithRows(2);
     ASSERT_TRUE(folder.isOpen("Orvtemp.tmp"));
-    program.connection.fixit();
+    fixit();
     expectOffline();
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("2\t11/21/26\t1:00:00\t2\t\t20\t\t30\t40\r\n"));
@@ -121,25 +118,25 @@ TEST_F(ProgramTest, AResetEndsARunWithItsFileClosedWhole) {
 TEST_F(ProgramTest, AResetLetsTheNextPollForgetWhatWasReceived) {
     connect();
     receive("half a li");
-    ASSERT_EQ(program.poll.rxbuffer.toStdString(), "half a li");
-    program.connection.fixit();
+    ASSERT_EQ(rxbuffer.toStdString(), "half a li");
+    fixit();
     connect();
     receive("S1\r\n");
-    EXPECT_EQ(program.session.state.Rtn.toStdString(), "S1");
+    EXPECT_EQ(state.Rtn.toStdString(), "S1");
 }
 
 TEST_F(ProgramTest, AResetListsTheInputCountOnlyWhenAskedTo) {
     const auto listedByReset = [this](quint8 trouble, bool showParsing) {
-        program.session.state.trouble = trouble;
-        program.debug.showParsing = showParsing;
-        const std::size_t before = program.debug.list.entries().size();
-        program.connection.fixit();
-        return program.debug.list.entries().size() - before;
+        state.trouble = trouble;
+        debug.showParsing = showParsing;
+        const std::size_t before = debug.list.entries().size();
+        fixit();
+        return debug.list.entries().size() - before;
     };
     EXPECT_EQ(listedByReset(0, true), 0U);
     EXPECT_EQ(listedByReset(1, false), 0U);
     ASSERT_EQ(listedByReset(1, true), 1U);
-    EXPECT_EQ(program.debug.list.entries().back().toStdString(), "0");
+    EXPECT_EQ(debug.list.entries().back().toStdString(), "0");
 }
 
 TEST_F(ProgramTest, AResetShowsThePageOfTheUpperStrip) {
@@ -151,19 +148,19 @@ TEST_F(ProgramTest, AResetShowsThePageOfTheUpperStrip) {
         program.selectUpperTab(QString::fromLatin1(caption));
         program.selectLowerTab(QStringLiteral("Calibration"));
         ASSERT_EQ(program.pages.shown.value(), Page::Calibration);
-        program.connection.fixit();
+        fixit();
         EXPECT_EQ(program.pages.shown.value(), page) << caption;
     }
 }
 
 TEST_F(ProgramTest, StartUpOpensTheDebugPortBeforeItSaysAnything) {
-    program.debug.comm2Output = true;
+    debug.comm2Output = true;
     program.load();
     EXPECT_TRUE(com2.isOpen());
     EXPECT_EQ(said(), std::string("Form Loading\r") + freshReset);
     expectOffline();
-    EXPECT_TRUE(program.timer.isRunning());
-    EXPECT_EQ(program.timer.interval(), 5);
+    EXPECT_TRUE(timer.isRunning());
+    EXPECT_EQ(timer.interval(), 5);
 }
 
 TEST_F(ProgramTest, StartUpWithoutDebugOutputLeavesCom2Alone) {
@@ -174,14 +171,14 @@ TEST_F(ProgramTest, StartUpWithoutDebugOutputLeavesCom2Alone) {
 
 TEST_F(ProgramTest, StartUpGoesOnWithoutADebugPortThatCannotBeOpened) {
     com2.openReason = QStringLiteral("There is no such device.");
-    program.debug.comm2Output = true;
+    debug.comm2Output = true;
     program.load();
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 2 (ttyB)")));
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("There is no such device.")));
-    EXPECT_FALSE(program.debug.comm2Output);
+    EXPECT_FALSE(debug.comm2Output);
     expectOffline();
-    EXPECT_TRUE(program.timer.isRunning());
+    EXPECT_TRUE(timer.isRunning());
 }
 
 TEST_F(ProgramTest, StartUpEmptiesTheLogAndKeepsItOpen) {
@@ -208,16 +205,16 @@ TEST_F(ProgramTest, StartUpTellsOfALogThatCannotBeWrittenAndGoesOn) {
 TEST_F(ProgramTest, ServiceModeTogglesTroubleAndTheLowerStrip) {
     constexpr quint32 lightGrey = 13684686;
     program.toggleServiceMode();
-    EXPECT_EQ(program.session.state.trouble, 1);
+    EXPECT_EQ(state.trouble, 1);
     EXPECT_TRUE(program.pages.serviceMode);
     EXPECT_NE(program.pages.markerColour.value(), lightGrey);
     EXPECT_EQ(program.pages.shown.value(), Page::Status);
     program.toggleServiceMode();
-    EXPECT_EQ(program.session.state.trouble, 0);
+    EXPECT_EQ(state.trouble, 0);
     EXPECT_FALSE(program.pages.serviceMode);
     EXPECT_EQ(program.pages.markerColour.value(), lightGrey);
     program.toggleServiceMode();
-    EXPECT_EQ(program.session.state.trouble, 1);
+    EXPECT_EQ(state.trouble, 1);
     EXPECT_TRUE(program.pages.serviceMode);
 }
 
@@ -228,7 +225,7 @@ TEST_F(ProgramTest, LeavingServiceModeLeavesItsPages) {
         program.selectLowerTab(caption);
         program.toggleServiceMode();
         EXPECT_EQ(program.pages.shown.value(), Page::Sheet) << qPrintable(caption);
-        EXPECT_FALSE(program.debug.debugFrameVisible) << qPrintable(caption);
+        EXPECT_FALSE(debug.debugFrameVisible) << qPrintable(caption);
     }
 }
 
@@ -239,11 +236,11 @@ TEST_F(ProgramTest, OnlyTheUpperStripAnnouncesItsTabs) {
     EXPECT_EQ(said(), "Tabstrip changing\r");
     program.selectLowerTab(QStringLiteral("Debug Screen"));
     EXPECT_EQ(program.pages.shown.value(), Page::Debug);
-    EXPECT_TRUE(program.debug.debugFrameVisible);
+    EXPECT_TRUE(debug.debugFrameVisible);
     EXPECT_EQ(said(), "");
     program.selectUpperTab(QStringLiteral("Output: Graphical"));
     EXPECT_EQ(program.pages.shown.value(), Page::Graphical);
-    EXPECT_FALSE(program.debug.debugFrameVisible);
+    EXPECT_FALSE(debug.debugFrameVisible);
 }
 
 TEST_F(ProgramTest, ATabOfNoKnownCaptionHidesEveryPage) {
@@ -261,7 +258,7 @@ TEST_F(ProgramTest, DebugOutputTickedLaterOpensThePortAndSpeaks) {
     program.about();
     program.showSettingsForm();
     EXPECT_EQ(said(), "About\rShow Settings Form\r");
-    EXPECT_TRUE(program.settings.visible);
+    EXPECT_TRUE(settings.visible);
     program.setComm2Output(false);
     program.about();
     EXPECT_EQ(said(), "");
@@ -274,25 +271,25 @@ TEST_F(ProgramTest, DebugOutputTickedLaterOpensThePortAndSpeaks) {
 TEST_F(ProgramTest, DebugOutputThatCannotBeOpenedIsToldAndCleared) {
     com2.openReason = QStringLiteral("It is used by another program.");
     program.setComm2Output(true);
-    EXPECT_FALSE(program.debug.comm2Output);
+    EXPECT_FALSE(debug.comm2Output);
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("It is used by another program.")));
 }
 
 TEST_F(ProgramTest, TheInstrumentAndTheDebugOutputDoNotShareCom2) {
     replies = {"F310\r"};
-    program.autoConnect2();
+    autoConnect(2);
     ASSERT_TRUE(com2.isOpen());
     program.setComm2Output(true);
-    EXPECT_FALSE(program.debug.comm2Output);
+    EXPECT_FALSE(debug.comm2Output);
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Close Port")));
     EXPECT_TRUE(com2.isOpen());
     program.closePort();
     program.setComm2Output(true);
-    EXPECT_TRUE(program.debug.comm2Output);
+    EXPECT_TRUE(debug.comm2Output);
     messages.shown.clear();
-    program.autoConnect2();
+    autoConnect(2);
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Comm 2 Debug Output")));
     expectOffline();
@@ -302,7 +299,7 @@ TEST_F(ProgramTest, ClosingThePortOnTheDebugScreenShowsThePageOfTheUpperStrip) {
     program.selectUpperTab(QStringLiteral("Output: Spread Sheet"));
     program.selectLowerTab(QStringLiteral("Debug Screen"));
     program.closePort();
-    EXPECT_FALSE(program.debug.debugFrameVisible.value());
+    EXPECT_FALSE(debug.debugFrameVisible.value());
     EXPECT_EQ(program.pages.shown.value(), Page::Sheet);
 }
 
@@ -310,14 +307,14 @@ TEST_F(ProgramTest, AReportCutShortByClosePortDoesNotRunOnIntoTheNext) {
     connect();
     receive("P\r\nS1\r\nG0\r\nA0\r\nL1\r\nW1\r\nM0\r\nT30\r\n");
     ticks(8);
-    ASSERT_EQ(program.settings.record.value().samplesPerPoint.toStdString(), "30");
+    ASSERT_EQ(settings.record.value().samplesPerPoint.toStdString(), "30");
     program.closePort();
-    program.settings.lamp = Lamp::Off;
+    settings.lamp = Lamp::Off;
     connect();
     receive("P\r\n");
     ticks(1);
-    EXPECT_EQ(program.settings.record.value().samplesPerPoint.toStdString(), "30") << "the echo is no setting";
-    EXPECT_EQ(program.settings.lamp.value(), Lamp::Reading);
+    EXPECT_EQ(settings.record.value().samplesPerPoint.toStdString(), "30") << "the echo is no setting";
+    EXPECT_EQ(settings.lamp.value(), Lamp::Reading);
 }
 
 } // namespace

@@ -30,12 +30,12 @@ TEST_F(ProgramPlace, TheQuestionIsNotAskedBeforeTheWindowIsThere) {
     leaveRun("Orvtemp.tmp", "Orvtemp.tmp.lock");
     program.load();
     EXPECT_TRUE(answers.asked.isEmpty());
-    EXPECT_TRUE(program.timer.isRunning());
+    EXPECT_TRUE(timer.isRunning());
     answers.yes = true;
     program.offerUnendedRun();
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(),
               "ORV Host Program: The last run in this folder did not end. Load its 1 row into the sheet?");
-    EXPECT_EQ(program.sheet.rowCount(), 1);
+    EXPECT_EQ(sheet.rowCount(), 1);
 }
 
 TEST_F(ProgramPlace, RecoveredRowsAreOfferedForSavingAtTheEnd) {
@@ -62,9 +62,9 @@ TEST_F(ProgramPlace, ARunOfAnInstrumentFollowsOnRecoveredRows) {
     program.run();
     receive("R\r\n");
     receive("11/21/26\t2700\t11\t22\t33\t44\r\n");
-    EXPECT_EQ(program.session.state.plc, 2);
-    EXPECT_EQ(program.sheet.cell(1, 0), QStringLiteral("2"));
-    EXPECT_EQ(program.sheet.header().value(6), QStringLiteral("Ref"));
+    EXPECT_EQ(state.plc, 2);
+    EXPECT_EQ(sheet.cell(1, 0), QStringLiteral("2"));
+    EXPECT_EQ(sheet.header().value(6), QStringLiteral("Ref"));
     EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n2\t11/21/26\t1:00:00\t11\t\t22\t\t33\t44\r\n"));
     EXPECT_EQ(folder.files().filter(QStringLiteral("Orvtemp-2026")).size(), 1);
 }
@@ -75,7 +75,7 @@ TEST_F(ProgramPlace, AnotherInstrumentHasRecoveredRowsSavedAside) {
     answers.yes = true;
     program.offerUnendedRun();
     connectAndRead("F310\r");
-    EXPECT_FALSE(program.sheetState.unsaved);
+    EXPECT_FALSE(sheetState.unsaved);
     EXPECT_FALSE(QFile::exists(folder.path("Orvtemp.tmp.lock")));
     EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled-2026")).size(), 1);
 }
@@ -104,7 +104,7 @@ TEST_F(ProgramPlace, TheSecondProgramSaysSoAndWritesFilesOfItsOwn) {
         << "its first line has the plain name too";
     EXPECT_TRUE(contentsOf(folder.path("log-2.ohp")).contains("11/21/26\t2700\t1\t20\t30\t40\r\n"));
     program.closePort();
-    EXPECT_EQ(program.session.status.notice.value().toStdString(), "1 line could not be read; it is in log-2.ohp");
+    EXPECT_EQ(status.notice.value().toStdString(), "1 line could not be read; it is in log-2.ohp");
     EXPECT_EQ(contentsOf(folder.path("log.ohp")), QByteArray("the first one's"));
     EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")), header + oneRow);
     EXPECT_EQ(names(), "Orvtemp-2.tmp Orvtemp-2.tmp.lock Orvtemp.tmp Orvtemp.tmp.lock log-2.ohp log.ohp orvhost-2.lock "
@@ -119,7 +119,7 @@ TEST_F(ProgramPlace, ARunThatDiedInTheSecondPlaceIsOfferedByTheOnlyProgram) {
     program.load();
     answers.yes = true;
     program.offerUnendedRun();
-    EXPECT_EQ(program.sheet.rowCount(), 1);
+    EXPECT_EQ(sheet.rowCount(), 1);
     EXPECT_EQ(names(), "Orvtemp.tmp Orvtemp.tmp.lock log.ohp orvhost.lock");
 }
 
@@ -177,7 +177,7 @@ TEST_F(ProgramTest, NothingIsSavedOverTheFilesThatTheProgramWrites) {
         const QByteArray before = contentsOf(folder.path("Orvtemp.tmp"));
         program.saveAs();
         EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")), before) << name;
-        EXPECT_TRUE(program.sheetState.unsaved.value()) << name;
+        EXPECT_TRUE(sheetState.unsaved.value()) << name;
         ASSERT_EQ(messages.shown.size(), 1U) << name;
         EXPECT_TRUE(messages.shown[0].text.endsWith(QStringLiteral("Save again under another name.")));
     }
@@ -190,7 +190,7 @@ TEST_F(ProgramTest, NothingIsSavedOverTheFilesThatTheProgramWrites) {
     answers.fileName = folder.path("mine.txt");
     program.saveAs();
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_FALSE(program.sheetState.unsaved.value());
+    EXPECT_FALSE(sheetState.unsaved.value());
 }
 
 } // namespace

@@ -15,14 +15,13 @@ class IdentifiedTick : public ProgramTest, public testing::WithParamInterface<Le
 
 TEST_P(IdentifiedTick, ShowsTheTypeAndMovesToReady) {
     tickDebugOutput();
-    SessionState& state = program.session.state;
     state.Ctrlscrn = Operation::Identified;
     state.Vartemp = QString::fromLatin1(GetParam().letter);
     program.tick();
     EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
-    EXPECT_EQ(instrumentName(program.session.status.instrument).toStdString(), GetParam().label);
-    EXPECT_EQ(program.debug.outputFrameVisible.value(), GetParam().outputFrame);
-    EXPECT_EQ(program.debug.fluorometerFrameVisible.value(), GetParam().fluorometerFrame);
+    EXPECT_EQ(instrumentName(status.instrument).toStdString(), GetParam().label);
+    EXPECT_EQ(debug.outputFrameVisible.value(), GetParam().outputFrame);
+    EXPECT_EQ(debug.fluorometerFrameVisible.value(), GetParam().fluorometerFrame);
     EXPECT_EQ(said(), "Version Detected\r");
     program.tick();
     EXPECT_EQ(said(), "") << "identified once";
@@ -39,8 +38,8 @@ TEST_F(ProgramTest, TheTickThatIdentifiesTakesTheFirstLineOfTheReportToo) {
     said();
     receive("P\r\nS1\r\n");
     EXPECT_EQ(said(), "Version Detected\rGet Prefs\r");
-    EXPECT_EQ(program.session.state.Rtn.toStdString(), "P");
-    EXPECT_EQ(program.session.state.Timeout, 1);
+    EXPECT_EQ(state.Rtn.toStdString(), "P");
+    EXPECT_EQ(state.Timeout, 1);
 }
 
 TEST_F(ProgramTest, ReadyWithoutAReplyATickCallsNothing) {
@@ -52,8 +51,8 @@ TEST_F(ProgramTest, ReadyWithoutAReplyATickCallsNothing) {
     receive("S1 without its end");
     ticks(5);
     EXPECT_EQ(said(), "");
-    EXPECT_EQ(program.session.state.Timeout, 0);
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Connecting...");
+    EXPECT_EQ(state.Timeout, 0);
+    EXPECT_EQ(status.status.value().toStdString(), "Connecting...");
     EXPECT_TRUE(com1.writes.empty());
     receive("\r\n");
     EXPECT_EQ(said(), "Get Prefs\r");
@@ -63,12 +62,12 @@ TEST_F(ProgramTest, EachTickTakesOneLineAndAResetKeepsTheirCount) {
     connect();
     com1.input = "S1\r\nG0\r\nA0\r\n";
     program.tick();
-    EXPECT_EQ(program.session.state.Timeout, 1);
-    EXPECT_EQ(program.poll.rxbuffer.toStdString(), "G0\r\nA0\r\n");
+    EXPECT_EQ(state.Timeout, 1);
+    EXPECT_EQ(rxbuffer.toStdString(), "G0\r\nA0\r\n");
     ticks(2);
-    program.connection.fixit();
+    fixit();
     program.tick();
-    EXPECT_EQ(program.session.state.Timeout, 3);
+    EXPECT_EQ(state.Timeout, 3);
 }
 
 TEST_F(ProgramTest, TheEndOfTheReportIsFollowedByTheClockInTheSameTick) {
@@ -80,7 +79,7 @@ TEST_F(ProgramTest, TheEndOfTheReportIsFollowedByTheClockInTheSameTick) {
     receive("MP200\r\n");
     EXPECT_EQ(said(), "Get Prefs\rCheck Orv Sensor Time\r");
     EXPECT_EQ(com1.allWritten().toStdString(), "C");
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::ClockCheck);
+    EXPECT_EQ(state.Ctrlscrn, Operation::ClockCheck);
     program.tick();
     EXPECT_EQ(said(), "Check Orv Sensor Time\r") << "at every tick until the clock has come";
 }
@@ -89,17 +88,17 @@ TEST_F(ProgramTest, TheTickThatReadsTheClockShowsTheComputersTimeToo) {
     connect();
     program.tick();
     receive("MP200\r\n");
-    EXPECT_EQ(program.settings.computerTime.value().toStdString(), "");
+    EXPECT_EQ(settings.computerTime.value().toStdString(), "");
     receive("11/21/26\t32400\r\n");
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::SettingsOpen);
-    EXPECT_EQ(program.session.status.date.value().toStdString(), "11/21/26");
-    EXPECT_EQ(program.session.status.time.value().toStdString(), "0:00:00 PM");
-    EXPECT_EQ(program.settings.computerDate.value().toStdString(), "11/21/26");
-    EXPECT_EQ(program.settings.computerTime.value().toStdString(), "9:30:16 AM");
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(status.date.value().toStdString(), "11/21/26");
+    EXPECT_EQ(status.time.value().toStdString(), "0:00:00 PM");
+    EXPECT_EQ(settings.computerDate.value().toStdString(), "11/21/26");
+    EXPECT_EQ(settings.computerTime.value().toStdString(), "9:30:16 AM");
     constexpr qint64 afternoon = qint64{4} * 3600 * 1000;
     clock.advance(afternoon);
     program.tick();
-    EXPECT_EQ(program.settings.computerTime.value().toStdString(), "1:30:16 PM");
+    EXPECT_EQ(settings.computerTime.value().toStdString(), "1:30:16 PM");
 }
 
 TEST_F(ProgramTest, CollectingTakesEachReplyLineAndIsSilentWithoutOne) {
@@ -110,42 +109,42 @@ TEST_F(ProgramTest, CollectingTakesEachReplyLineAndIsSilentWithoutOne) {
     EXPECT_EQ(said(), "");
     receive("R\r\n11/21/26\t2700\t1\t2\t3\t4\r\n");
     EXPECT_EQ(said(), "Profile Sub\r");
-    EXPECT_EQ(program.sheet.rowCount(), 0) << "the echo is no row";
+    EXPECT_EQ(sheet.rowCount(), 0) << "the echo is no row";
     program.tick();
     EXPECT_EQ(said(), "Profile Sub\r");
-    EXPECT_EQ(program.sheet.rowCount(), 1);
+    EXPECT_EQ(sheet.rowCount(), 1);
 }
 
 TEST_F(ProgramTest, APromptByItselfEndsTheRunAtItsTick) {
     runWithRows(2);
     receive(">");
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::CollectionSetUp);
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Ready");
+    EXPECT_EQ(state.Ctrlscrn, Operation::CollectionSetUp);
+    EXPECT_EQ(status.status.value().toStdString(), "Ready");
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
-    EXPECT_TRUE(program.session.commands.canRun);
+    EXPECT_TRUE(commands.canRun);
 }
 
 TEST_F(ProgramTest, APromptTogetherWithLinesEndsTheRunBehindTheLastOfThem) {
     runWithRows(1);
     com1.input = "11/21/26\t2700\t2\t2\t3\t4\r\n11/21/26\t2700\t3\t2\t3\t4\r\n>";
     program.tick();
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
     program.tick();
-    EXPECT_EQ(program.sheet.rowCount(), 3);
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::CollectionSetUp);
+    EXPECT_EQ(sheet.rowCount(), 3);
+    EXPECT_EQ(state.Ctrlscrn, Operation::CollectionSetUp);
 }
 
 TEST_F(ProgramTest, ABlockOfOnePointIsNotEndedByThePromptLeftOver) {
     connectAndRead("V512\r", "1");
-    ASSERT_EQ(program.poll.rxbuffer.toStdString(), ">");
+    ASSERT_EQ(rxbuffer.toStdString(), ">");
     program.run();
-    EXPECT_EQ(program.session.state.gatherstart, 1);
+    EXPECT_EQ(state.gatherstart, 1);
     receive("R\r\n");
     ticks(3);
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Collecting);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
     receive("11/21/26\t2700\t1\t2\t3\t4\r\n>");
-    EXPECT_EQ(program.sheet.rowCount(), 1);
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::CollectionSetUp);
+    EXPECT_EQ(sheet.rowCount(), 1);
+    EXPECT_EQ(state.Ctrlscrn, Operation::CollectionSetUp);
 }
 
 TEST_F(ProgramTest, ADownloadIntoTheSheetIsFedByTheTick) {
@@ -153,10 +152,10 @@ TEST_F(ProgramTest, ADownloadIntoTheSheetIsFedByTheTick) {
     program.vwhp();
     receive("O\r\n");
     receive("11/20/26\t2700\t1\t2\t3\t4\r\n");
-    EXPECT_EQ(program.sheet.rowCount(), 1);
+    EXPECT_EQ(sheet.rowCount(), 1);
     receive("EOF\r\n>");
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Idle);
-    EXPECT_EQ(program.session.status.status.value().toStdString(), "Ready");
+    EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
+    EXPECT_EQ(status.status.value().toStdString(), "Ready");
 }
 
 TEST_F(ProgramTest, ADownloadIntoAFileIsFedByTheTick) {
@@ -166,9 +165,9 @@ TEST_F(ProgramTest, ADownloadIntoAFileIsFedByTheTick) {
     receive("O\r\n");
     receive("11/20/26\t2700\t1\t2\t3\t4\r\n");
     receive("EOF\r\n>");
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Idle);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
     EXPECT_TRUE(contentsOf(folder.path("stored.txt")).endsWith("\r\n1\t11/20/26\t1:00:00\t1\t\t2\t\t3\t4\r\n"));
-    EXPECT_EQ(program.sheet.rowCount(), 0);
+    EXPECT_EQ(sheet.rowCount(), 0);
 }
 
 TEST_F(ProgramTest, WithAnyOtherCodeATickOnlyPolls) {
@@ -176,23 +175,23 @@ TEST_F(ProgramTest, WithAnyOtherCodeATickOnlyPolls) {
     connectAndRead();
     tickDebugOutput();
     for (const int code : {0, 1, 999, 24, 63, -23}) {
-        program.session.state.Ctrlscrn = static_cast<Operation>(code);
-        program.session.state.Tmr = 1;
+        state.Ctrlscrn = static_cast<Operation>(code);
+        state.Tmr = 1;
         fill(folder.path("log.ohp"), "");
         receive("11/21/26\t2700\t1\t2\t3\t4\r\n");
-        EXPECT_EQ(program.session.state.Rtn.toStdString(), "11/21/26\t2700\t1\t2\t3\t4") << code;
-        EXPECT_EQ(program.session.state.Ctrlscrn, static_cast<Operation>(code));
+        EXPECT_EQ(state.Rtn.toStdString(), "11/21/26\t2700\t1\t2\t3\t4") << code;
+        EXPECT_EQ(state.Ctrlscrn, static_cast<Operation>(code));
         EXPECT_EQ(said(), "") << code;
-        EXPECT_EQ(program.sheet.rowCount(), 0) << code;
+        EXPECT_EQ(sheet.rowCount(), 0) << code;
         EXPECT_TRUE(contentsOf(folder.path("log.ohp")).endsWith("11/21/26\t2700\t1\t2\t3\t4\r\n\r\n")) << code;
     }
 }
 
 TEST_F(ProgramTest, WithoutAnOpenPortATickPollsNothing) {
     com1.input = "S1\r\n";
-    program.session.state.Rtn = QStringLiteral("wakeup!!!");
+    state.Rtn = QStringLiteral("wakeup!!!");
     ticks(3);
-    EXPECT_EQ(program.session.state.Rtn.toStdString(), "wakeup!!!");
+    EXPECT_EQ(state.Rtn.toStdString(), "wakeup!!!");
     EXPECT_EQ(com1.input.toStdString(), "S1\r\n");
 }
 
@@ -202,16 +201,16 @@ TEST_F(ProgramTest, NoTickIsDispatchedDuringTheWakeUpLoop) {
         clock.advance(milliseconds);
         ++waits;
         com1.input = waits == 1 ? "V4" : "12\r";
-        program.session.state.Ctrlscrn = Operation::SettingsOpen;
+        state.Ctrlscrn = Operation::SettingsOpen;
         program.tick();
-        program.session.state.Ctrlscrn = Operation::Idle;
+        state.Ctrlscrn = Operation::Idle;
         EXPECT_FALSE(com1.input.isEmpty()) << "the tick has taken the wake-up reply";
     };
-    program.autoConnect1();
+    autoConnect();
     EXPECT_EQ(waits, 2);
-    EXPECT_EQ(program.session.status.firmware.value().toStdString(), "412");
-    EXPECT_EQ(program.settings.computerTime.value().toStdString(), "");
-    EXPECT_EQ(program.session.state.Ctrlscrn, Operation::Identified);
+    EXPECT_EQ(status.firmware.value().toStdString(), "412");
+    EXPECT_EQ(settings.computerTime.value().toStdString(), "");
+    EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
 }
 
 TEST_F(ProgramTest, TicksGoOnDuringTheWakeUpPulse) {
@@ -223,9 +222,9 @@ TEST_F(ProgramTest, TicksGoOnDuringTheWakeUpPulse) {
         EXPECT_EQ(com1.input.toStdString(), "") << "the tick polls while the pulse lasts";
     };
     replies = {"V512\r"};
-    program.autoConnect1();
+    autoConnect();
     EXPECT_GT(ticksInWait, 100);
-    EXPECT_EQ(program.session.status.firmware.value().toStdString(), "512");
+    EXPECT_EQ(status.firmware.value().toStdString(), "512");
 }
 
 TEST_F(ProgramTest, AnErrorOfATickIsToldOnceAndTheProgramGoesOn) {
@@ -233,7 +232,7 @@ TEST_F(ProgramTest, AnErrorOfATickIsToldOnceAndTheProgramGoesOn) {
     connect();
     program.tick();
     said();
-    program.session.state.Timeout = std::numeric_limits<qint16>::max();
+    state.Timeout = std::numeric_limits<qint16>::max();
     for (int line = 0; line < 4; ++line) {
         receive("S1\r\n");
     }
@@ -241,21 +240,21 @@ TEST_F(ProgramTest, AnErrorOfATickIsToldOnceAndTheProgramGoesOn) {
     EXPECT_EQ(messages.shown[0].title.toStdString(), "ORV Host Program");
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Overflow")));
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Reading the settings")));
-    EXPECT_TRUE(program.ports.isOpen());
-    EXPECT_EQ(program.session.state.Timeout, std::numeric_limits<qint16>::max());
+    EXPECT_TRUE(ports.isOpen());
+    EXPECT_EQ(state.Timeout, std::numeric_limits<qint16>::max());
     EXPECT_EQ(said(), "Get Prefs\rGet Prefs\rGet Prefs\rGet Prefs\r");
 }
 
 TEST_F(ProgramTest, ACounterThatIsFullEndsTheRunWithOneMessage) {
     runWithRows(1);
-    program.session.state.plc = std::numeric_limits<qint16>::max();
+    state.plc = std::numeric_limits<qint16>::max();
     for (int line = 0; line < 3; ++line) {
         receive("11/21/26\t2700\t1\t2\t3\t4\r\n");
     }
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Overflow")));
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
-    EXPECT_EQ(program.sheet.rowCount(), 1);
+    EXPECT_EQ(sheet.rowCount(), 1);
 }
 
 } // namespace
