@@ -146,131 +146,89 @@ TEST_F(CollectionTest, CountOfUnreadLinesBeginsAfreshWithEachRun) {
     EXPECT_EQ(status.notice.value(), QString());
 }
 
-TEST_F(CollectionTest, PromptWithTheLastLineEndsTheRun) {
-    startGlow();
-    receive(line(1));
-    receive(line(2) + ">");
-    EXPECT_EQ(sheet.rowCount(), 2);
-    expectEnded();
+/// What arrives before a tick, and what the run is after it.
+struct PromptStep {
+    QByteArray arrives;
+    int rows;
+    bool ended;
+};
+
+struct PromptCase {
+    const char* name;
+    const char* pointsPerBlock;
+    std::vector<PromptStep> steps;
+};
+
+QByteArray row(int value) {
+    return "11/21/26\t2700\t" + QByteArray::number(value) + "\r\n";
 }
 
-TEST_F(CollectionTest, PromptApartFromTheLastLineEndsTheRunAtTheNextTick) {
-    startGlow();
-    receive(line(1));
-    receive(line(2));
-    expectRunning();
-    receive(">");
-    EXPECT_EQ(sheet.rowCount(), 2);
-    expectEnded();
-}
+const PromptCase promptCases[] = {
+    {"WithTheLastLineEndsTheRun", "0", {{row(1), 1, false}, {row(2) + ">", 2, true}}},
+    {"ApartFromTheLastLineEndsTheRunAtTheNextTick", "0", {{row(1), 1, false}, {row(2), 2, false}, {">", 2, true}}},
+    {"BehindTheFirstLineEndsTheRun", "0", {{row(1) + ">", 1, false}, {"", 1, true}}},
+    {"LetsEveryLineAheadOfItBecomeARowFirst",
+     "0",
+     {{row(1), 1, false},
+      {row(2) + row(3) + "short\r\n" + row(4) + row(5) + ">", 2, false},
+      {"", 3, false},
+      {"", 3, false},
+      {"", 4, false},
+      {"", 5, true}}},
+    {"OfABlockOfOnePointInOnePieceEndsTheRunBehindItsRows",
+     "1",
+     {{">R\r\n" + row(1) + row(2) + row(3) + ">", 0, false},
+      {"", 1, false},
+      {"", 2, false},
+      {"", 3, true},
+      {"", 3, true}}},
+    {"OfALongerBlockInOnePieceEndsTheRunBehindItsRows",
+     "3",
+     {{">R\r\n" + row(1) + row(2) + row(3) + ">", 0, false},
+      {"", 1, false},
+      {"", 2, false},
+      {"", 3, true},
+      {"", 3, true}}},
+    {"HasNoRowsOfTheRunBehindIt",
+     "0",
+     {{row(1), 1, false}, {row(2) + ">C\r\n" + row(3), 2, true}, {"", 2, true}, {"", 2, true}}},
+    {"IsNoExclamationMark",
+     "0",
+     {{row(1), 1, false}, {"!", 1, false}, {"", 1, false}, {"\r\n", 1, false}, {row(2), 2, false}, {">", 2, true}}},
+    {"AheadOfAnyRowDoesNotEndTheRun", "0", {{">", 0, false}, {"", 0, false}, {"R\r\n", 0, false}, {row(1), 1, false}}},
+    {"LeftOverAndAnEchoDoNotEndABlockOfOnePoint",
+     "1",
+     {{">", 0, false}, {"R\r\n", 0, false}, {row(1), 1, false}, {">", 1, true}}},
+    {"OfItsOnlyLineEndsABlockOfOnePoint", "1", {{">R\r\n", 0, false}, {row(1) + ">", 1, true}}},
+    {"DoesNotEndABlockOfOnePointBetweenTwoPiecesOfItsLine",
+     "1",
+     {{">R\r\n11/21/26\t27", 0, false}, {"", 0, false}, {"00\t7\r\n", 1, false}, {">", 1, true}}},
+};
 
-TEST_F(CollectionTest, PromptBehindTheFirstLineEndsTheRun) {
-    startGlow();
-    receive(line(1) + ">");
-    program.tick();
-    EXPECT_EQ(sheet.rowCount(), 1);
-    expectEnded();
-}
+class Prompt : public CollectionTest, public testing::WithParamInterface<PromptCase> {};
 
-TEST_F(CollectionTest, EveryLineAheadOfThePromptBecomesARowFirst) {
-    startGlow();
-    receive(line(1));
-    com1.input = line(2) + line(3) + "short\r\n" + line(4) + line(5) + ">";
-    for (int row = 2; row <= 3; ++row) {
-        program.tick();
-        EXPECT_EQ(sheet.rowCount(), row);
-        expectRunning();
+TEST_P(Prompt, InARun) {
+    startGlow(GetParam().pointsPerBlock);
+    for (const PromptStep& step : GetParam().steps) {
+        SCOPED_TRACE(step.arrives.toStdString());
+        receive(step.arrives);
+        EXPECT_EQ(sheet.rowCount(), step.rows);
+        step.ended ? expectEnded() : expectRunning();
     }
-    program.tick();
-    program.tick();
-    expectRunning();
-    program.tick();
-    EXPECT_EQ(sheet.rowCount(), 5);
-    expectEnded();
 }
 
-TEST_F(CollectionTest, WholeBlockInOnePieceBecomesRowsBeforeItsPromptEndsTheRun) {
-    for (const char* points : {"1", "3"}) {
-        startGlow(points);
-        const int before = sheet.rowCount();
-        com1.input = ">R\r\n" + line(1) + line(2) + line(3) + ">";
-        for (int ticks = 0; ticks < 5; ++ticks) {
-            program.tick();
-        }
-        EXPECT_EQ(sheet.rowCount(), before + 3) << points;
-        expectEnded();
-    }
-}
+INSTANTIATE_TEST_SUITE_P(Prompts, Prompt, testing::ValuesIn(promptCases),
+                         [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(CollectionTest, LinesBehindThePromptAreNoRowsOfTheRun) {
-    startGlow();
-    receive(line(1));
-    receive(line(2) + ">C\r\n" + line(3));
-    program.tick();
-    program.tick();
-    EXPECT_EQ(sheet.rowCount(), 2);
-    expectEnded();
-}
-
-TEST_F(CollectionTest, ExclamationMarkAloneDoesNotEndTheRun) {
-    startGlow();
-    receive(line(1));
-    receive("!");
-    EXPECT_EQ(state.Gatherstop, 3);
-    program.tick();
-    expectRunning();
-    receive("\r\n");
-    receive(line(2));
-    EXPECT_EQ(sheet.rowCount(), 2);
-    expectRunning();
-    receive(">");
-    expectEnded();
-}
-
-TEST_F(CollectionTest, PromptAheadOfAnyRowDoesNotEndTheRun) {
-    startGlow();
-    receive(">");
-    program.tick();
-    expectRunning();
-    receive("R\r\n");
-    receive(line(1));
-    expectRunning();
-    EXPECT_EQ(sheet.rowCount(), 1);
-}
-
-TEST_F(CollectionTest, BlockOfOnePointIsNotEndedByALeftOverPromptOrEcho) {
+TEST_F(CollectionTest, PromptFlagTellsWhichPromptWasSeenAndIsForgottenWithTheFirstRow) {
     startGlow("1");
     receive(">");
     EXPECT_EQ(state.Gatherstop, 1);
-    expectRunning();
     receive("R\r\n");
-    expectRunning();
     receive(line(1));
-    EXPECT_EQ(sheet.rowCount(), 1);
-    expectRunning();
     EXPECT_EQ(state.Gatherstop, 0) << "the left-over prompt no longer counts";
-    receive(">");
-    expectEnded();
-}
-
-TEST_F(CollectionTest, BlockOfOnePointEndsWithThePromptOfItsOnlyLine) {
-    startGlow("1");
-    receive(">R\r\n");
-    receive(line(1) + ">");
-    EXPECT_EQ(sheet.rowCount(), 1);
-    expectEnded();
-}
-
-TEST_F(CollectionTest, BlockOfOnePointIsNotEndedBetweenTwoPiecesOfItsLine) {
-    startGlow("1");
-    receive(">R\r\n11/21/26\t27");
-    program.tick();
-    expectRunning();
-    receive("00\t7\r\n");
-    expectRunning();
-    EXPECT_EQ(sheet.rowCount(), 1);
-    receive(">");
-    expectEnded();
+    receive("!");
+    EXPECT_EQ(state.Gatherstop, 3);
 }
 
 TEST_F(CollectionTest, SecondRunIsNotEndedByTheFirstOnesPrompt) {
@@ -278,12 +236,10 @@ TEST_F(CollectionTest, SecondRunIsNotEndedByTheFirstOnesPrompt) {
     receive(line(1) + ">");
     expectEnded();
     collection.run1();
-    expectRunning();
-    receive("R\r\n");
-    program.tick();
-    expectRunning();
-    receive(line(2));
-    expectRunning();
+    for (const QByteArray& arrives : {QByteArray(), QByteArray("R\r\n"), QByteArray(), line(2)}) {
+        receive(arrives);
+        expectRunning();
+    }
     EXPECT_EQ(sheet.rowCount(), 2);
     receive(">");
     expectEnded();
