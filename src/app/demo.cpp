@@ -60,14 +60,14 @@ private:
             if (!lastMessage_.isEmpty()) {
                 throw Failure(QStringLiteral("%1: %2").arg(what, lastMessage_.simplified()));
             }
-            if (program_.manual.shown.visible) {
+            if (program_.link.manual.shown.visible) {
                 throw Failure(QStringLiteral("%1: the instrument does not answer").arg(what));
             }
             if (timer.elapsed() > milliseconds) {
                 throw Failure(QStringLiteral("%1: nothing for %2 s; the status is \"%3\"")
                                   .arg(what)
                                   .arg(milliseconds / 1000)
-                                  .arg(program_.session.status.status.value()));
+                                  .arg(program_.link.session.status.status.value()));
             }
             QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
         }
@@ -91,42 +91,42 @@ private:
     }
 
     bool settingsRead() {
-        return program_.session.status.status.value() == QLatin1String("Ready") &&
-               program_.session.state.Ctrlscrn == Operation::SettingsOpen;
+        return program_.link.session.status.status.value() == QLatin1String("Ready") &&
+               program_.link.session.state.Ctrlscrn == Operation::SettingsOpen;
     }
 
     void connect() {
-        say(QStringLiteral("Connecting on COM 1 (%1)").arg(program_.ports.device(1)));
+        say(QStringLiteral("Connecting on COM 1 (%1)").arg(program_.link.ports.device(1)));
         find<QAction>("AutoConnect1")->trigger();
         waitFor(QStringLiteral("Connecting"), connectLimit, [this] { return settingsRead(); });
-        const StatusState& status = program_.session.status;
+        const StatusState& status = program_.link.session.status;
         say(QStringLiteral("Identified: %1, firmware %2")
                 .arg(instrumentName(status.instrument), status.firmware.value()));
-        const LoggerSettings& record = program_.settings.record.value();
+        const LoggerSettings& record = program_.settings.shown.record.value();
         say(QStringLiteral("Settings read: %1 samples a point, %2 points a block, memory %3 % full, clock %4 %5")
-                .arg(record.samplesPerPoint, record.pointsPerBlock, program_.settings.capacity.value(),
+                .arg(record.samplesPerPoint, record.pointsPerBlock, program_.settings.shown.capacity.value(),
                      status.date.value(), status.time.value()));
     }
 
     void collect() {
         click("Command2");
-        for (int row = program_.session.state.plc + 1; row <= rowsToCollect; ++row) {
+        for (int row = program_.link.session.state.plc + 1; row <= rowsToCollect; ++row) {
             waitFor(QStringLiteral("Collecting"), rowLimit, [this, row] {
-                if (lastMessage_.isEmpty() && program_.session.commands.activity.value() != Activity::Collecting &&
-                    program_.session.state.plc < row) {
+                if (lastMessage_.isEmpty() && program_.link.session.commands.activity.value() != Activity::Collecting &&
+                    program_.link.session.state.plc < row) {
                     throw Failure(
                         QStringLiteral("Collecting: the instrument ended the run after %1 rows; %2 are needed")
-                            .arg(program_.session.state.plc)
+                            .arg(program_.link.session.state.plc)
                             .arg(rowsToCollect));
                 }
-                return program_.session.state.plc >= row;
+                return program_.link.session.state.plc >= row;
             });
         }
-        say(QStringLiteral("Collected %1 rows").arg(program_.session.state.plc));
+        say(QStringLiteral("Collected %1 rows").arg(program_.link.session.state.plc));
     }
 
     void stop() {
-        if (program_.session.commands.activity.value() != Activity::Collecting) {
+        if (program_.link.session.commands.activity.value() != Activity::Collecting) {
             return; // the block was out
         }
         click("ResetButton");

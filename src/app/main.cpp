@@ -65,11 +65,11 @@ int main(int argc, char** argv) {
                           .makePort = [&clock](const QString& device) { return orv::makePort(device, clock); },
                           .portList = &portList,
                           .deviceProblem = orv::deviceProblem});
-    program.ports.setDevice(1, line.com1);
-    program.ports.setDevice(2, line.com2);
-    program.debug.comm2Output = line.debugOutput;
+    program.link.ports.setDevice(1, line.com1);
+    program.link.ports.setDevice(2, line.com2);
+    program.link.debug.comm2Output = line.debugOutput;
     const std::unique_ptr<orv::SleepInhibitor> inhibitor = orv::makeSleepInhibitor();
-    const orv::AwakeWhileCollecting awake(program.session.commands, *inhibitor);
+    const orv::AwakeWhileCollecting awake(program.link.session.commands, *inhibitor);
 
     orv::MainWindow window(program, events);
     messages.setParent(&window);

@@ -122,7 +122,7 @@ public:
             qobject_cast<QMessageBox*>(&question)->button(QMessageBox::Yes)->click();
         });
         program_.offerUnendedRun();
-        if (program_.session.state.plc == 0) {
+        if (program_.link.session.state.plc == 0) {
             throw std::runtime_error("no rows were offered");
         }
     }
@@ -135,7 +135,7 @@ private:
         while (!reached()) {
             if (timer.elapsed() > limit) {
                 throw std::runtime_error(std::string(what) + ": the status is " +
-                                         program_.session.status.status.value().toStdString());
+                                         program_.link.session.status.status.value().toStdString());
             }
             QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
         }
@@ -143,8 +143,8 @@ private:
 
     void waitUntilReady() {
         waitFor("connecting", [this] {
-            return program_.session.status.status.value() == QLatin1String("Ready") &&
-                   program_.session.state.Ctrlscrn == Operation::SettingsOpen;
+            return program_.link.session.status.status.value() == QLatin1String("Ready") &&
+                   program_.link.session.state.Ctrlscrn == Operation::SettingsOpen;
         });
     }
 
@@ -158,14 +158,14 @@ private:
         QElapsedTimer timer;
         timer.start();
         constexpr int late = 260;
-        const Operation operation = program_.session.state.Ctrlscrn;
-        const int interval = program_.timer.interval();
-        program_.timer.setInterval(0);
+        const Operation operation = program_.link.session.state.Ctrlscrn;
+        const int interval = program_.link.timer.interval();
+        program_.link.timer.setInterval(0);
         while (timer.elapsed() < late) {
             QCoreApplication::processEvents(QEventLoop::AllEvents, late);
         }
-        program_.timer.setInterval(interval);
-        if (program_.session.state.Ctrlscrn != operation) {
+        program_.link.timer.setInterval(interval);
+        if (program_.link.session.state.Ctrlscrn != operation) {
             throw std::runtime_error(std::string(name) + ": the program has gone on while its picture was taken");
         }
     }
@@ -228,12 +228,12 @@ private:
 
     void takeRun() {
         program_.toggleServiceMode();
-        program_.debug.showParsing = true;
-        program_.debug.rawBuffer = false;
+        program_.link.debug.showParsing = true;
+        program_.link.debug.rawBuffer = false;
         choosePage(Page::Debug);
         program_.run();
         constexpr int rows = 60;
-        waitFor("collecting", [this] { return program_.session.state.plc >= rows; });
+        waitFor("collecting", [this] { return program_.link.session.state.plc >= rows; });
         take(window_, "debug");
         program_.toggleServiceMode();
         choosePage(Page::Status);
@@ -260,9 +260,10 @@ private:
     void takeDownload() {
         program_.clearAll();
         program_.vwhp();
-        waitFor("downloading", [this] { return program_.progress.value * 2 >= program_.progress.maximum; });
+        waitFor("downloading",
+                [this] { return program_.settings.progress.value * 2 >= program_.settings.progress.maximum; });
         take(*window_.findChild<QWidget*>(QStringLiteral("Processing")), "processing");
-        waitFor("downloading", [this] { return program_.session.commands.activity.value() == Activity::None; });
+        waitFor("downloading", [this] { return program_.link.session.commands.activity.value() == Activity::None; });
     }
 
     void takeCalibration() {
@@ -270,7 +271,7 @@ private:
         choosePage(Page::Testing);
         take(window_, "testing");
         choosePage(Page::Calibration);
-        CalibrationState& shown = program_.calibrationState;
+        CalibrationState& shown = program_.calibration.shown;
         for (const char* name : {"TRX 1042", "TRX 1043"}) {
             shown.instrumentName = QString::fromLatin1(name);
             shown.colour = LightColour::Red;
@@ -319,13 +320,13 @@ private:
         program_.closePort();
         program_.manualConnect(1);
         take(*window_.findChild<QWidget*>(QStringLiteral("ManualConnection")), "manual-connection");
-        program_.manual.quit();
+        program_.link.manual.quit();
         takeMessage();
     }
 
     void takeMessage() {
-        const QString device = program_.ports.device(1);
-        program_.ports.setDevice(1, QStringLiteral("/dev/ttyUSB7"));
+        const QString device = program_.link.ports.device(1);
+        program_.link.ports.setDevice(1, QStringLiteral("/dev/ttyUSB7"));
         program_.autoConnect1();
         auto* box = window_.findChild<QMessageBox*>();
         if (box == nullptr) {
@@ -334,7 +335,7 @@ private:
         take(*box, "message");
         box->close();
         program_.closePort();
-        program_.ports.setDevice(1, device);
+        program_.link.ports.setDevice(1, device);
     }
 
     void takeGlow() {
@@ -382,8 +383,8 @@ void takePart(Part part, const QString& folder, const QString& crashFolder, cons
                      .questions = questions,
                      .makePort = [&clock](const QString& device) { return makePort(device, clock); },
                      .portList = &adapters});
-    program.ports.setDevice(1, QStringLiteral("sim:trx?rate=8&records=500"));
-    program.ports.setDevice(2, QStringLiteral("sim:glow"));
+    program.link.ports.setDevice(1, QStringLiteral("sim:trx?rate=8&records=500"));
+    program.link.ports.setDevice(2, QStringLiteral("sim:glow"));
     MainWindow window(program, events);
     messages.setParent(&window);
     questions.setParent(&window);

@@ -117,7 +117,7 @@ class Load {
 public:
     Load(const QString& device, int seconds)
         : seconds_(seconds) {
-        program_.ports.setDevice(1, device);
+        program_.link.ports.setDevice(1, device);
         messages_.setParent(&window_);
         told_ = messages_.told.subscribe([this](const Message& message) { lastMessage_ = message.text; });
     }
@@ -136,7 +136,7 @@ public:
         } else if (state == QLatin1String("wait")) {
             share([this] {
                 for (int i = 0; i < seconds_; ++i) {
-                    program_.wait.waitsec(1.0F);
+                    program_.link.wait.waitsec(1.0F);
                 }
             });
         } else if (state == QLatin1String("run-sheet")) {
@@ -173,7 +173,7 @@ private:
         while (!reached()) {
             if (!lastMessage_.isEmpty() || timer.elapsed() > milliseconds) {
                 throw Failure(QStringLiteral("%1: %2 %3")
-                                  .arg(QLatin1String(what), program_.session.status.status.value(), lastMessage_));
+                                  .arg(QLatin1String(what), program_.link.session.status.status.value(), lastMessage_));
             }
             QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
         }
@@ -191,8 +191,8 @@ private:
     void connect() {
         find<QAction>("AutoConnect1")->trigger();
         waitFor("Connecting", connectLimit, [this] {
-            return program_.session.status.status.value() == QLatin1String("Ready") &&
-                   program_.session.state.Ctrlscrn == Operation::SettingsOpen;
+            return program_.link.session.status.status.value() == QLatin1String("Ready") &&
+                   program_.link.session.state.Ctrlscrn == Operation::SettingsOpen;
         });
         live(settleTime);
     }
@@ -211,22 +211,22 @@ private:
 
     /// `button` is pressed on the page once rows come.
     void run(int page, const char* button = nullptr) {
-        fillTo(program_.sheet, rowsBeforeRun, program_.sheet.type().layout());
-        program_.session.state.plc = rowsBeforeRun;
-        program_.sheetState.counter = QString::number(rowsBeforeRun);
+        fillTo(program_.sheet.data, rowsBeforeRun, program_.sheet.data.type().layout());
+        program_.link.session.state.plc = rowsBeforeRun;
+        program_.sheet.shown.counter = QString::number(rowsBeforeRun);
         showPage(0);
         find<QPushButton>("Command2")->click();
         showPage(page);
-        waitFor("Running", connectLimit, [this] { return program_.session.state.plc > rowsBeforeRun; });
+        waitFor("Running", connectLimit, [this] { return program_.link.session.state.plc > rowsBeforeRun; });
         if (button != nullptr) {
             find<QPushButton>(button)->click();
         }
         live(settleTime);
         const PaintCount paints(find<QTableView>("fg1")->viewport());
         const PaintCount plotPaints(find<QWidget>("Plot"));
-        const int rows = program_.session.state.plc;
+        const int rows = program_.link.session.state.plc;
         share([this] { live(seconds_ * 1000); });
-        print("rows_per_second", double(program_.session.state.plc - rows) / seconds_);
+        print("rows_per_second", double(program_.link.session.state.plc - rows) / seconds_);
         print("grid_paints_per_second", double(paints.count) / seconds_);
         print("plot_paints_per_second", double(plotPaints.count) / seconds_);
     }
@@ -236,8 +236,8 @@ private:
         constexpr int longest = 600000;
         const qint64 before = received_;
         double end = 0.0;
-        const auto notifier = program_.session.commands.activity.onValueChanged([this, &end] {
-            if (program_.session.commands.activity.value() == Activity::None) {
+        const auto notifier = program_.link.session.commands.activity.onValueChanged([this, &end] {
+            if (program_.link.session.commands.activity.value() == Activity::None) {
                 end = wallSeconds();
             }
         });
@@ -254,14 +254,14 @@ private:
     }
 
     void memory() {
-        layOut(program_.sheet);
+        layOut(program_.sheet.data);
         showPage(1);
         live(settleTime);
         const double before = residentMegabytes();
         print("empty_MB", before);
-        fillTo(program_.sheet, fullSheetRows);
-        program_.session.state.plc = fullSheetRows;
-        program_.sheetState.counter = QString::number(fullSheetRows);
+        fillTo(program_.sheet.data, fullSheetRows);
+        program_.link.session.state.plc = fullSheetRows;
+        program_.sheet.shown.counter = QString::number(fullSheetRows);
         auto* grid = find<QTableView>("fg1");
         live(settleTime);
         // Every part of the table comes to be seen once.
@@ -269,7 +269,7 @@ private:
             grid->scrollTo(grid->model()->index(row, 0), QAbstractItemView::PositionAtTop);
             QCoreApplication::processEvents();
         }
-        program_.sheetState.topRow = fullSheetRows - 10;
+        program_.sheet.shown.topRow = fullSheetRows - 10;
         live(settleTime);
         print("full_sheet_MB", residentMegabytes() - before);
     }

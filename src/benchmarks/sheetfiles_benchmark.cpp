@@ -44,8 +44,7 @@ public:
     DataSheet sheet;
     SheetState shown;
     SheetRows rows{session, ports, sheet, shown};
-    SheetFiles files{
-        {.session = session, .ports = ports, .sheet = sheet, .rows = rows, .shown = shown, .questions = answers}};
+    SheetFiles files{session, ports, sheet, rows, shown, answers};
     AutomaticSave automaticSave{session, rows, files, shown};
 };
 

@@ -102,8 +102,8 @@ void dataLineTick(benchmark::State& state) {
     while (state.KeepRunningBatch(rows)) {
         state.PauseTiming();
         program.clearAll();
-        fillTo(program.sheet, static_cast<int>(state.range(0)));
-        program.session.state.plc = static_cast<qint16>(state.range(0));
+        fillTo(program.sheet.data, static_cast<int>(state.range(0)));
+        program.link.session.state.plc = static_cast<qint16>(state.range(0));
         program.run();
         connected.receive("R\r\n", 1);
         state.ResumeTiming();
@@ -114,7 +114,7 @@ void dataLineTick(benchmark::State& state) {
         connected.receive(">", 1);
         state.ResumeTiming();
     }
-    if (program.sheet.rowCount() != state.range(0) + rows || !connected.messages.shown.empty()) {
+    if (program.sheet.data.rowCount() != state.range(0) + rows || !connected.messages.shown.empty()) {
         state.SkipWithError("rows are missing");
     }
 }

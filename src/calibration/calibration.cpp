@@ -9,35 +9,38 @@
 
 namespace orv {
 
-Calibration::Calibration(const Parts& parts)
-    : p_(parts)
-    , store_(table, parts.shown)
-    , list_(parts.shown, store_) {}
+Calibration::Calibration(Session& session, const DataSheet& sheet, SheetState& sheetState, OperatorQuestions& questions)
+    : session_(session)
+    , sheet_(sheet)
+    , sheetState_(sheetState)
+    , questions_(questions)
+    , store_(table, shown)
+    , list_(shown, store_) {}
 
 void Calibration::compute() {
-    const int row = p_.shown.selectedRow;
+    const int row = shown.selectedRow;
     for (int channel = 0; channel < channelCount; ++channel) {
         const double channelMean = mean(sheetcolumn::firstValue + channel);
         if (row == CalibrationState::noRow) {
             continue;
         }
-        p_.shown.worksheet.at(row, channel) = plainNumber(channelMean);
+        shown.worksheet.at(row, channel) = plainNumber(channelMean);
         if (row > cleanRow) {
-            p_.shown.results.at(static_cast<std::size_t>(channel)) = plainNumber(derivedPoint(row, channel));
+            shown.results.at(static_cast<std::size_t>(channel)) = plainNumber(derivedPoint(row, channel));
         }
     }
     store_.storecal();
 }
 
 double Calibration::mean(int sheetColumn) {
-    const int rows = p_.session.state.plc;
+    const int rows = session_.state.plc;
     double sum = 0.0;
-    p_.sheetState.currentColumn = sheetColumn;
+    sheetState_.currentColumn = sheetColumn;
     for (int row = 0; row < rows; ++row) {
-        sum += leadingNumber(p_.sheet.cell(row, sheetColumn));
+        sum += leadingNumber(sheet_.cell(row, sheetColumn));
     }
     if (rows > 0) {
-        p_.sheetState.currentRow = rows;
+        sheetState_.currentRow = rows;
     }
     // The half added never matters: the mean is the whole quotient, cut and not rounded, on purpose.
     return std::floor(integerDivide(sum, rows) + 0.5);
@@ -46,9 +49,9 @@ double Calibration::mean(int sheetColumn) {
 double Calibration::derivedPoint(int row, int channel) const {
     const int point = row - cleanRow; // 1..4, also the reference row
     const auto reference = [this, channel](int referenceRow) {
-        return leadingNumber(p_.shown.reference.at(referenceRow, channel).value());
+        return leadingNumber(shown.reference.at(referenceRow, channel).value());
     };
-    const double previous = leadingNumber(p_.shown.worksheet.at(row - 1, channel).value());
+    const double previous = leadingNumber(shown.worksheet.at(row - 1, channel).value());
     return std::floor(reference(point) * integerDivide(previous, reference(point - 1)));
 }
 
@@ -98,34 +101,34 @@ QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment) {
 }
 
 void Calibration::addInstrument() {
-    runOperation(p_.session.messages, QStringLiteral("Add Instrument"), [this] { list_.addInstrument(); });
+    runOperation(session_.messages, QStringLiteral("Add Instrument"), [this] { list_.addInstrument(); });
 }
 
 void Calibration::next() {
-    runOperation(p_.session.messages, QStringLiteral("Next"), [this] { list_.next(); });
+    runOperation(session_.messages, QStringLiteral("Next"), [this] { list_.next(); });
 }
 
 void Calibration::previous() {
-    runOperation(p_.session.messages, QStringLiteral("Previous"), [this] { list_.previous(); });
+    runOperation(session_.messages, QStringLiteral("Previous"), [this] { list_.previous(); });
 }
 
 void Calibration::select(int position) {
-    runOperation(p_.session.messages, QStringLiteral("Show Instrument"), [this, position] { list_.select(position); });
+    runOperation(session_.messages, QStringLiteral("Show Instrument"), [this, position] { list_.select(position); });
 }
 
 void Calibration::calcdp() {
-    runOperation(p_.session.messages, QStringLiteral("Calc DP"), [this] { compute(); });
+    runOperation(session_.messages, QStringLiteral("Calc DP"), [this] { compute(); });
 }
 
 void Calibration::saveCalInfo() {
     const QString title = QStringLiteral("Save Cal Info");
-    const QString name = p_.questions.saveFileName(title, QString(), QStringLiteral(".Txt"), QStringLiteral("*.Txt"));
+    const QString name = questions_.saveFileName(title, QString(), QStringLiteral(".Txt"), QStringLiteral("*.Txt"));
     if (name.isEmpty()) {
         return;
     }
-    const QString reason = writeWholeFile(name, reportBytes(p_.shown, p_.session.clock.now()));
+    const QString reason = writeWholeFile(name, reportBytes(shown, session_.clock.now()));
     if (!reason.isEmpty()) {
-        p_.session.messages.show(fileNotSaved(title, name, reason));
+        session_.messages.show(fileNotSaved(title, name, reason));
     }
 }
 

@@ -19,15 +19,7 @@ QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment);
 /// once.
 class Calibration {
 public:
-    struct Parts {
-        Session& session;
-        const DataSheet& sheet;
-        SheetState& sheetState;
-        CalibrationState& shown;
-        OperatorQuestions& questions;
-    };
-
-    explicit Calibration(const Parts& parts);
+    Calibration(Session& session, const DataSheet& sheet, SheetState& sheetState, OperatorQuestions& questions);
 
     void addInstrument();      ///< `Command4`.
     void next();               ///< `Command5`.
@@ -47,6 +39,7 @@ public:
     /// nothing; if the file cannot be written, what was there stays and the operator is told why.
     void saveCalInfo();
 
+    CalibrationState shown;
     CalibrationTable table;
 
 private:
@@ -54,7 +47,10 @@ private:
     double mean(int sheetColumn);
     double derivedPoint(int row, int channel) const;
 
-    Parts p_;
+    Session& session_;
+    const DataSheet& sheet_;
+    SheetState& sheetState_;
+    OperatorQuestions& questions_;
     WorksheetStore store_;
     InstrumentList list_;
 };

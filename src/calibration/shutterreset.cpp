@@ -45,19 +45,22 @@ LoggerSettings shutterSettings() {
     return {.samplesPerPoint = one, .hoursBeforeBlock = none, .pointsPerBlock = one, .secondsBetweenPoints = none};
 }
 
-ShutterReset::ShutterReset(Parts parts)
-    : p_(std::move(parts))
-    , lampNotifier_(p_.settings.lamp.addNotifier([this] { lampChanged(); })) {}
+ShutterReset::ShutterReset(Link& link, SettingsState& settings, SettingsReader& reader, SettingsSender& sender)
+    : link_(link)
+    , settings_(settings)
+    , reader_(reader)
+    , sender_(sender)
+    , lampNotifier_(settings_.lamp.addNotifier([this] { lampChanged(); })) {}
 
 void ShutterReset::shutterreset() {
-    p_.ports.debugsay(QStringLiteral("Reset Shutter"));
-    if (!p_.ports.isOpen()) {
+    link_.ports.debugsay(QStringLiteral("Reset Shutter"));
+    if (!link_.ports.isOpen()) {
         return;
     }
     Run run;
     // "Reset" connects again inside the wait in which it is pressed. What belongs to the old connection must be put in
     // order before that, not when the wait has ended.
-    const auto closing = p_.session.commands.portOpen.addNotifier([this, &run] { interrupt(run); });
+    const auto closing = link_.session.commands.portOpen.addNotifier([this, &run] { interrupt(run); });
     try {
         if (!perform(run)) {
             interrupt(run);
@@ -69,23 +72,23 @@ void ShutterReset::shutterreset() {
 }
 
 bool ShutterReset::perform(Run& run) {
-    Session& session = p_.session;
+    Session& session = link_.session;
     session.commands.activity = Activity::ResettingShutter;
     readBackOn_.reset();
     session.commands.runEnabled = false;
     showResetting();
-    p_.ports.discardInput();
+    link_.ports.discardInput();
     session.commands.resetShutterEnabled = false;
-    p_.ports.write("P");
+    link_.ports.write("P");
     showStep(QStringLiteral("Getting Settings"));
     if (!readSettings(run)) {
         return false;
     }
-    run.remembered = p_.settings.record;
+    run.remembered = settings_.record;
     if (!rest(run, 0.5F)) {
         return false;
     }
-    p_.settings.record = shutterSettings();
+    settings_.record = shutterSettings();
     showStep(QStringLiteral("Sending New Settings"));
     run.temporarySent = true;
     // The report that this sending asks for is only polled away: its lines find the code 999.
@@ -93,13 +96,13 @@ bool ShutterReset::perform(Run& run) {
         return false;
     }
     counter_ = 0;
-    p_.settings.record = *run.remembered;
+    settings_.record = *run.remembered;
     showStep(QStringLiteral("Restoring Orignal Settings"));
-    p_.timer.setInterval(StatusTimer::normalInterval);
+    link_.timer.setInterval(StatusTimer::normalInterval);
     if (!rest(run, 2.0F)) {
         return false;
     }
-    const Outcome restored = p_.setprefs();
+    const Outcome restored = sender_.setprefs();
     if (run.over || restored == Outcome::ConnectionLost) {
         return false;
     }
@@ -109,17 +112,17 @@ bool ShutterReset::perform(Run& run) {
 
 bool ShutterReset::readSettings(const Run& run) {
     // Ticks would take lines that belong here.
-    p_.timer.setInterval(0);
+    link_.timer.setInterval(0);
     bool complete = false;
     do {
-        if (!p_.wait.waitConnected(0.1F) || run.over) {
+        if (!link_.wait.waitConnected(0.1F) || run.over) {
             return false;
         }
         ++counter_;
         showCounted(QStringLiteral("Getting Settings"));
-        const QString line = p_.poll.quary();
+        const QString line = link_.poll.quary();
         if (!run.over && !line.isEmpty()) {
-            p_.getprefs(line);
+            reader_.getprefs(line);
             complete = line.startsWith(QLatin1String("MP"));
         }
         if (run.over) {
@@ -128,41 +131,41 @@ bool ShutterReset::readSettings(const Run& run) {
         showResetting();
     } while (counter_ <= retryLimit && !complete);
     // Until the sending, ticks poll away what is left of the report, its prompt above all.
-    p_.timer.setInterval(StatusTimer::normalInterval);
+    link_.timer.setInterval(StatusTimer::normalInterval);
     return true;
 }
 
 bool ShutterReset::send(const Run& run) {
-    const Outcome outcome = p_.setprefs();
+    const Outcome outcome = sender_.setprefs();
     if (run.over || outcome == Outcome::ConnectionLost) {
         return false;
     }
-    p_.session.commands.activity = Activity::ResettingShutter;
+    link_.session.commands.activity = Activity::ResettingShutter;
     showResetting();
     return true;
 }
 
 bool ShutterReset::moveShutter(const Run& run) {
-    p_.timer.setInterval(0);
+    link_.timer.setInterval(0);
     showStep(QStringLiteral("Moving Shutter"));
-    p_.events.keepResponsive(false);
+    link_.events.keepResponsive(false);
     if (run.over) {
         return false;
     }
-    p_.ports.write("r");
+    link_.ports.write("r");
     for (int left = moveSeconds; left > 0; --left) {
-        p_.session.status.shutterCountdown = QStringLiteral("%1 s").arg(left);
+        link_.session.status.shutterCountdown = QStringLiteral("%1 s").arg(left);
         if (!rest(run, 1.0F)) {
             return false;
         }
     }
-    p_.session.status.shutterCountdown = QString();
-    p_.ports.discardInput();
+    link_.session.status.shutterCountdown = QString();
+    link_.ports.discardInput();
     return pollForPrompt(run);
 }
 
 bool ShutterReset::pollForPrompt(const Run& run) {
-    const Clock& clock = p_.session.clock;
+    const Clock& clock = link_.session.clock;
     qint64 lastResponsive = clock.monotonicMilliseconds();
     QByteArray text;
     do {
@@ -171,16 +174,16 @@ bool ShutterReset::pollForPrompt(const Run& run) {
         if (counter_ % pollsPerCount == 0) {
             showCounted(QStringLiteral("Moving Shutter"));
         }
-        p_.ports.waitForInput(1);
-        text = p_.ports.readAll();
-        if (text.isEmpty() && p_.ports.checkFailure()) {
+        link_.ports.waitForInput(1);
+        text = link_.ports.readAll();
+        if (text.isEmpty() && link_.ports.checkFailure()) {
             return false;
         }
         const qint64 now = clock.monotonicMilliseconds();
         if (now - lastResponsive >= responsiveInterval) {
             lastResponsive = now;
-            p_.events.keepResponsive(false);
-            if (run.over || p_.events.programEnding()) {
+            link_.events.keepResponsive(false);
+            if (run.over || link_.events.programEnding()) {
                 return false;
             }
         }
@@ -190,19 +193,19 @@ bool ShutterReset::pollForPrompt(const Run& run) {
 
 bool ShutterReset::rest(const Run& run, float seconds) {
     // The port is looked at here because the timer may be stopped, and then nothing else notices a pulled cable.
-    return p_.wait.waitConnected(seconds) && !run.over && !p_.ports.checkFailure();
+    return link_.wait.waitConnected(seconds) && !run.over && !link_.ports.checkFailure();
 }
 
 void ShutterReset::finish(Run& run, Outcome restored) {
     run.over = true;
-    CommandState& commands = p_.session.commands;
+    CommandState& commands = link_.session.commands;
     commands.activity = Activity::None;
     commands.runEnabled = true;
     showStep(QString());
-    readBackOn_ = p_.ports.connectionNumber();
+    readBackOn_ = link_.ports.connectionNumber();
     if (restored == Outcome::Failed) {
-        p_.session.state.Ctrlscrn = Operation::SettingsOpen;
-        p_.session.status.status = QStringLiteral("Ready");
+        link_.session.state.Ctrlscrn = Operation::SettingsOpen;
+        link_.session.status.status = QStringLiteral("Ready");
         tell(QStringLiteral(
                  "The settings from before could not be sent back. The instrument may still hold the temporary "
                  "settings (%1).\n\nThe settings from before are on the settings screen again (%2). When the "
@@ -217,22 +220,22 @@ void ShutterReset::interrupt(Run& run) {
     }
     run.over = true;
     counter_ = 0;
-    p_.session.status.shutterCountdown = QString();
+    link_.session.status.shutterCountdown = QString();
     showStep(QString());
     if (run.remembered) {
-        p_.settings.record = *run.remembered;
+        settings_.record = *run.remembered;
     }
-    CommandState& commands = p_.session.commands;
+    CommandState& commands = link_.session.commands;
     commands.activity = Activity::None;
-    if (p_.events.programEnding()) {
+    if (link_.events.programEnding()) {
         return;
     }
-    p_.timer.setInterval(StatusTimer::normalInterval);
-    if (p_.ports.isOpen()) {
-        p_.session.state.Ctrlscrn = Operation::SettingsOpen;
-        p_.session.status.status = QStringLiteral("Ready");
+    link_.timer.setInterval(StatusTimer::normalInterval);
+    if (link_.ports.isOpen()) {
+        link_.session.state.Ctrlscrn = Operation::SettingsOpen;
+        link_.session.status.status = QStringLiteral("Ready");
         commands.runEnabled = true;
-        readBackOn_ = p_.ports.connectionNumber();
+        readBackOn_ = link_.ports.connectionNumber();
     }
     if (!run.temporarySent) {
         tell(QStringLiteral("The shutter reset was interrupted before the temporary settings were sent. The instrument "
@@ -249,12 +252,12 @@ void ShutterReset::interrupt(Run& run) {
 
 void ShutterReset::showResetting() {
     // The code keeps ticks and report lines from acting; a sending has set another.
-    p_.session.state.Ctrlscrn = Operation::ShutterReset;
-    p_.session.status.status = QStringLiteral("Resetting Shutter");
+    link_.session.state.Ctrlscrn = Operation::ShutterReset;
+    link_.session.status.status = QStringLiteral("Resetting Shutter");
 }
 
 void ShutterReset::showStep(const QString& text) {
-    p_.session.status.shutterProgress = text;
+    link_.session.status.shutterProgress = text;
 }
 
 void ShutterReset::showCounted(const QString& text) {
@@ -262,17 +265,17 @@ void ShutterReset::showCounted(const QString& text) {
 }
 
 void ShutterReset::lampChanged() {
-    if (!readBackOn_ || p_.settings.lamp.value() != Lamp::Read) {
+    if (!readBackOn_ || settings_.lamp.value() != Lamp::Read) {
         return;
     }
-    if (*readBackOn_ == p_.ports.connectionNumber()) {
-        p_.session.commands.resetShutterEnabled = true;
+    if (*readBackOn_ == link_.ports.connectionNumber()) {
+        link_.session.commands.resetShutterEnabled = true;
     }
     readBackOn_.reset();
 }
 
 void ShutterReset::tell(const QString& text) {
-    p_.session.messages.show(operatorWarning(text, QStringLiteral("Reset Shutter")));
+    link_.session.messages.show(operatorWarning(text, QStringLiteral("Reset Shutter")));
 }
 
 } // namespace orv

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "settings/loggersettings.h"
+#include "settings/settingsreader.h"
 #include "settings/settingssender.h"
 
 #include <optional>
@@ -20,21 +21,7 @@ class ShutterReset {
 public:
     using Outcome = SettingsSender::Outcome;
 
-    struct Parts {
-        Session& session;
-        ComPorts& ports;
-        TimedWait& wait;
-        EventYield& events;
-        Poll& poll;
-        StatusTimer& timer;
-        SettingsState& settings;
-        /// Takes a reply line into the settings screen.
-        std::function<void(const QString& line)> getprefs;
-        /// Sends the settings screen's values; `Sent` leaves a report requested.
-        std::function<Outcome()> setprefs;
-    };
-
-    explicit ShutterReset(Parts parts);
+    ShutterReset(Link& link, SettingsState& settings, SettingsReader& reader, SettingsSender& sender);
     ShutterReset(const ShutterReset&) = delete;
     ShutterReset& operator=(const ShutterReset&) = delete;
 
@@ -68,7 +55,10 @@ private:
     void lampChanged();
     void tell(const QString& text);
 
-    Parts p_;
+    Link& link_;
+    SettingsState& settings_;
+    SettingsReader& reader_;
+    SettingsSender& sender_;
     int counter_ = 0; ///< Retries and polls of the run under way; 0 between runs.
     /// The connection on which the restored settings are to be read back before another reset.
     std::optional<quint64> readBackOn_;

@@ -77,7 +77,7 @@ TEST_F(ShutterResetTest, AnOldReportDoesNotAllowItOnANewConnection) {
     fixit();
     connectAndRead();
     commands.resetShutterEnabled = false;
-    program.settingsCommands.retrieveSettings();
+    program.settings.commands.retrieveSettings();
     live(1.0F);
     EXPECT_EQ(settings.lamp.value(), Lamp::Read);
     EXPECT_FALSE(commands.resetShutterEnabled);

@@ -14,7 +14,7 @@ using DirectSendTest = ProgramTest;
 TEST_F(DirectSendTest, AnOpenPortGetsTheTextAsTypedWithoutATerminator) {
     tickDebugOutput();
     ports.open();
-    program.directSend.send(QStringLiteral(" R 1,5 \u00b5"));
+    program.link.directSend.send(QStringLiteral(" R 1,5 \u00b5"));
     ASSERT_EQ(com1.writes.size(), 1U);
     EXPECT_EQ(com1.writes.front(), " R 1,5 \xb5");
     EXPECT_EQ(said(), "Direct Enter\r");
@@ -22,7 +22,7 @@ TEST_F(DirectSendTest, AnOpenPortGetsTheTextAsTypedWithoutATerminator) {
 
 TEST_F(DirectSendTest, AClosedPortIsOnlyAnnounced) {
     tickDebugOutput();
-    program.directSend.send(QStringLiteral("P"));
+    program.link.directSend.send(QStringLiteral("P"));
     EXPECT_TRUE(com1.writes.empty());
     EXPECT_EQ(said(), "Direct Enter\r");
     EXPECT_TRUE(messages.shown.empty());

@@ -75,9 +75,12 @@ QString simulationText(const ComPorts& ports) {
 
 } // namespace
 
-PortChoices::PortChoices(Parts parts)
-    : p_(std::move(parts)) {
-    const ComPorts& ports = p_.ports;
+PortChoices::PortChoices(ComPorts& comPorts, PortList* portList,
+                         std::function<QString(const QString& device)> deviceProblem)
+    : ports_(comPorts)
+    , portList_(portList)
+    , deviceProblem_(std::move(deviceProblem)) {
+    const ComPorts& ports = ports_;
     for (const int portNumber : {1, 2}) {
         PortChoiceState::Chooser& chooser = shown[portNumber];
         chooser.device.setBinding([&ports, portNumber] { return ports.chosenDevice(portNumber).value(); });
@@ -91,12 +94,12 @@ PortChoices::PortChoices(Parts parts)
 }
 
 void PortChoices::refresh() {
-    if (p_.portList == nullptr) {
+    if (portList_ == nullptr) {
         return;
     }
     constexpr qsizetype simulatedCount = 2;
     QList<PortChoice> list;
-    for (const ListedPort& port : p_.portList->ports()) {
+    for (const ListedPort& port : portList_->ports()) {
         list.append({.device = port.name, .description = describe(port)});
     }
     std::stable_sort(list.begin(), list.end(), [](const PortChoice& one, const PortChoice& other) {
@@ -108,31 +111,31 @@ void PortChoices::refresh() {
 
 void PortChoices::refreshIfChanged() {
     const bool allLocked = !shown[1].lock.value().isEmpty() && !shown[2].lock.value().isEmpty();
-    if (!allLocked && p_.portList != nullptr && p_.portList->mayHaveChanged()) {
+    if (!allLocked && portList_ != nullptr && portList_->mayHaveChanged()) {
         refresh();
     }
 }
 
 QString PortChoices::problemOf(int portNumber, const QString& device) const {
     const int otherNumber = 3 - portNumber;
-    QString problem = p_.deviceProblem(device);
-    if (problem.isEmpty() && sameDevice(device, p_.ports.device(otherNumber))) {
+    QString problem = deviceProblem_(device);
+    if (problem.isEmpty() && sameDevice(device, ports_.device(otherNumber))) {
         problem = QStringLiteral("COM %1 is set to %2 already. Choose another device here, or change COM %1 first.")
-                      .arg(QString::number(otherNumber), p_.ports.device(otherNumber));
+                      .arg(QString::number(otherNumber), ports_.device(otherNumber));
     }
     return problem;
 }
 
 void PortChoices::choose(int portNumber, const QString& device) {
-    if (p_.ports.use(portNumber).value() != PortUse::None) {
+    if (ports_.use(portNumber).value() != PortUse::None) {
         return;
     }
     PortChoiceState::Chooser& chooser = shown[portNumber];
     const QString wanted = device.trimmed();
-    const QString inForce = p_.ports.device(portNumber);
+    const QString inForce = ports_.device(portNumber);
     const QString problem = wanted == inForce ? QString() : problemOf(portNumber, wanted);
     if (problem.isEmpty()) {
-        p_.ports.setDevice(portNumber, wanted);
+        ports_.setDevice(portNumber, wanted);
         chooser.problem = QString();
     } else {
         chooser.problem = QStringLiteral("%1 COM %2 stays %3.").arg(problem, QString::number(portNumber), inForce);

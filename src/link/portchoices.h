@@ -43,14 +43,9 @@ struct PortChoiceState {
 /// program ends.
 class PortChoices {
 public:
-    struct Parts {
-        ComPorts& ports;
-        PortList* portList; ///< Null: this computer has no ports.
-        /// What is wrong with a device name; the empty text if nothing is.
-        std::function<QString(const QString& device)> deviceProblem;
-    };
-
-    explicit PortChoices(Parts parts);
+    /// `portList` is null where this computer has no ports. `deviceProblem` says what is wrong with a device name; the
+    /// empty text if nothing is.
+    PortChoices(ComPorts& ports, PortList* portList, std::function<QString(const QString& device)> deviceProblem);
 
     /// Brings the list up to date.
     void refresh();
@@ -66,7 +61,9 @@ public:
 private:
     QString problemOf(int portNumber, const QString& device) const;
 
-    Parts p_;
+    ComPorts& ports_;
+    PortList* portList_;
+    std::function<QString(const QString& device)> deviceProblem_;
     std::vector<QPropertyNotifier> notifiers_;
 };
 

@@ -28,7 +28,7 @@ protected:
 
     void choose(int portNumber, const char* text) { choices.choose(portNumber, QString::fromLatin1(text)); }
 
-    PortChoices& choices = program.portChoices;
+    PortChoices& choices = program.link.portChoices;
 };
 
 const char* const simulated = "sim:trx|simulated scattering meter\nsim:glow|simulated fluorometer\n";
@@ -37,7 +37,7 @@ TEST_F(PortChoicesTest, TheSimulatedInstrumentsAreOfferedWhereThereIsNoPort) {
     EXPECT_EQ(listed(), simulated);
     choices.refresh();
     EXPECT_EQ(listed(), simulated);
-    PortChoices without{{.ports = ports, .portList = nullptr, .deviceProblem = {}}};
+    PortChoices without{ports, nullptr, {}};
     without.refresh();
     without.refreshIfChanged();
     EXPECT_EQ(without.shown.list.value().size(), 2);

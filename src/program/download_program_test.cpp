@@ -178,7 +178,7 @@ TEST_F(SimulatedDownload, GarbageHarmsOnlyTheRecordsItStandsIn) {
         load();
         autoConnect();
         state.Vartemp = QStringLiteral("V");
-        program.session.setFirmware(QStringLiteral("512"));
+        program.link.session.setFirmware(QStringLiteral("512"));
         tickUntil([this] { return ports.inputCount() == 0 && line->blocks.back().endsWith('>'); });
         startText();
         const qint64 start = clock.monotonicMilliseconds();

@@ -3,21 +3,11 @@
 
 #include "calibration/calibration.h"
 #include "calibration/shutterreset.h"
-#include "link/connection.h"
-#include "link/directsend.h"
-#include "link/poll.h"
-#include "link/portchoices.h"
-#include "link/session.h"
+#include "link/link.h"
 #include "program/pages.h"
 #include "program/startup.h"
-#include "settings/devicefiles.h"
-#include "settings/modes.h"
-#include "settings/settingsreader.h"
-#include "settings/settingssender.h"
-#include "sheet/download.h"
-#include "sheet/folderplace.h"
-#include "sheet/run.h"
-#include "sheet/runrecovery.h"
+#include "settings/settings.h"
+#include "sheet/sheet.h"
 
 #include <QSet>
 
@@ -84,40 +74,21 @@ public:
     void end();
 
     /// A loop that does not yield to the event loop is running: no tick may be dispatched, no action taken.
-    bool isPolling() const { return connection.isPolling() || settingsSender.isPolling(); }
+    bool isPolling() const { return link.connection.isPolling() || settings.sender.isPolling(); }
 
     /// One tick of the status timer: polls and dispatches on the operation code.
     void tick();
 
-    Session session;
+    Link link;
     OwnFilesKept questions;
-    DebugState debug;
-    SettingsState settings;
-    ProgressState progress;
-    SheetState sheetState;
-    CalibrationState calibrationState;
-    PageState pages;
-    DataSheet sheet;
-
-    ComPorts ports;
-    PortChoices portChoices;
-    TimedWait wait;
-    StatusTimer timer;
-    Connection connection;
-    ManualConnection manual;
-    Poll poll;
-    DirectSend directSend;
-    SettingsSender settingsSender;
-    SettingsCommands settingsCommands;
-    Modes modes;
-    DeviceFiles deviceFiles;
+    Settings settings;
+    Sheet sheet;
     Calibration calibration;
+    ShutterReset shutter;
+    PageState pages;
 
 private:
-    friend class ProgramRig; // lets tests look at the parts
-
     void prepareSheet();
-    void layOutHeaderRow();
     void takeWhatArrived();
     void closeRecordFile();
     void takePlace();
@@ -129,18 +100,6 @@ private:
     void duringTick(const std::function<void()>& body);
     void act(const char* operation, const std::function<void()>& body);
 
-    FolderPlace place_;
-    ProgramLog log_;
-    SettingsReader settingsReader_;
-    ClockDisplay clockDisplay_;
-    SheetRows sheetRows_;
-    SheetFiles sheetFiles_;
-    AutomaticSave automaticSave_;
-    RecordFile recordFile_;
-    RunRecovery runRecovery_;
-    Run collection_;
-    Download download_;
-    ShutterReset shutterReset_;
     std::vector<Subscription> subscriptions_;
     bool takingWhatArrived_ = false;
     const char* tickStep_ = ""; ///< What the tick is doing, for the message if it fails.

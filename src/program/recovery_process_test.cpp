@@ -147,11 +147,11 @@ protected:
         {
             // Dies after Yes, before the rows are saved.
             const NextProgram dying(true);
-            EXPECT_EQ(rowsOnSheet(dying.program.sheet), received);
+            EXPECT_EQ(rowsOnSheet(dying.program.sheet.data), received);
             EXPECT_EQ(dying.answers.asked.size(), rows == 0 ? 0 : 1);
         }
         NextProgram next(true);
-        EXPECT_EQ(rowsOnSheet(next.program.sheet), received) << "offered again";
+        EXPECT_EQ(rowsOnSheet(next.program.sheet.data), received) << "offered again";
         EXPECT_TRUE(next.messages.shown.empty());
         EXPECT_EQ(contentsOf(QStringLiteral("Orvtemp.tmp")), record);
         if (rows > 0) {
@@ -161,8 +161,8 @@ protected:
                     .arg(rows)
                     .arg(rows == 1 ? QString() : QStringLiteral("s"));
             EXPECT_EQ(next.answers.asked.join(u'\n').toStdString(), question.toStdString());
-            EXPECT_EQ(next.program.session.state.plc, rows);
-            EXPECT_TRUE(next.program.sheetState.unsaved);
+            EXPECT_EQ(next.program.link.session.state.plc, rows);
+            EXPECT_TRUE(next.program.sheet.shown.unsaved);
             next.answers.fileName = sheetFile;
             next.program.saveAs();
             const QByteArray sheet = contentsOf(sheetFile);
@@ -259,7 +259,7 @@ TEST_F(RecoveryTest, TwoProgramsInOneFolderLeaveEachOtherAlone) {
     const int rows = linesIn(folder.path("Orvtemp.tmp")) - headerLines;
     const NextProgram next(true);
     EXPECT_TRUE(next.messages.shown.empty()) << "the place of a dead program is free";
-    EXPECT_EQ(next.program.sheet.rowCount(), rows);
+    EXPECT_EQ(next.program.sheet.data.rowCount(), rows);
 }
 
 } // namespace

@@ -60,53 +60,53 @@ QString OwnFilesKept::openFileName(const QString& title, const QString& suffix, 
 }
 
 void Program::offerUnendedRun() {
-    act("Start", [this] { runRecovery_.offer(); });
+    act("Start", [this] { sheet.recovery.offer(); });
 }
 
 void Program::takePlace() {
-    place_.take();
-    FileNames& names = session.fileNames;
+    sheet.place.take();
+    FileNames& names = link.session.fileNames;
     names = FileNames();
-    if (place_.number() == 0) {
-        recordFile_.setPath(QString());
+    if (sheet.place.number() == 0) {
+        sheet.recordFile.setPath(QString());
     } else {
-        names.log = FolderPlace::nameIn(place_.number(), names.log);
-        names.record = FolderPlace::nameIn(place_.number(), names.record);
-        recordFile_.setPath(names.record);
-        runRecovery_.takeOverFromFreePlaces(place_.number());
+        names.log = FolderPlace::nameIn(sheet.place.number(), names.log);
+        names.record = FolderPlace::nameIn(sheet.place.number(), names.record);
+        sheet.recordFile.setPath(names.record);
+        sheet.recovery.takeOverFromFreePlaces(sheet.place.number());
     }
-    if (place_.cannotLock()) {
-        session.messages.show(operatorWarning(
+    if (sheet.place.cannotLock()) {
+        link.session.messages.show(operatorWarning(
             QStringLiteral("No lock file can be made in this folder, perhaps because the disk is full: %1\n\n"
                            "So that no other program's files are written to, this program works without log "
                            "and record file. Make room on the disk, or choose another folder, and start the "
                            "program again.")
                 .arg(QDir::currentPath())));
     }
-    if (place_.otherProgram().isEmpty()) {
+    if (sheet.place.otherProgram().isEmpty()) {
         return;
     }
-    const QString files = place_.number() == 0
+    const QString files = sheet.place.number() == 0
                               ? QStringLiteral("This program works without such files. Start it in another folder, so "
                                                "that log and record file are kept.")
                               : QStringLiteral("This program writes %1 and %2 instead.").arg(names.log, names.record);
-    session.messages.show(operatorWarning(
+    link.session.messages.show(operatorWarning(
         QStringLiteral("Another ORV Host Program uses this folder (%1): %2\n\nIts log and record file are left "
                        "alone. %3")
-            .arg(place_.otherProgram(), QDir::currentPath(), files)));
+            .arg(sheet.place.otherProgram(), QDir::currentPath(), files)));
 }
 
 void Program::openLog() {
-    if (place_.number() == 0) {
+    if (sheet.place.number() == 0) {
         return;
     }
-    const QString reason = log_.open(session.fileNames.log);
+    const QString reason = link.log.open(link.session.fileNames.log);
     if (!reason.isEmpty()) {
-        session.messages.show(
+        link.session.messages.show(
             operatorWarning(QStringLiteral("The log file %1 cannot be written in this folder: %2.\n\nThe "
                                            "program works without it. Start it in a folder where you may "
                                            "write files, so that log and record file are kept.")
-                                .arg(session.fileNames.log, reason)));
+                                .arg(link.session.fileNames.log, reason)));
     }
 }
 

@@ -102,7 +102,7 @@ protected:
     }
 
     bool logged = false; ///< What the mode under test does.
-    Modes& modes = program.modes;
+    Modes& modes = program.settings.modes;
 };
 
 TEST_F(ModesTest, ProfileGoesByTheTypeLabel) {

@@ -188,7 +188,7 @@ namespace {
 
 class SettingsCommandsTest : public SendingTest {
 protected:
-    SettingsCommands& actions = program.settingsCommands;
+    SettingsCommands& actions = program.settings.commands;
 };
 
 TEST_F(SettingsCommandsTest, RetrieveRequestsTheReportBehindTheProgressDialog) {

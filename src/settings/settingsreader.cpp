@@ -19,17 +19,19 @@ constexpr qint16 giveUpAtCall = 150;
 
 } // namespace
 
-SettingsReader::SettingsReader(const Parts& parts)
-    : p_(parts)
-    , closing_(p_.connection.aboutToClose.subscribe([this] {
+SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressState& progress)
+    : link_(link)
+    , settings_(settings)
+    , progress_(progress)
+    , closing_(link_.connection.aboutToClose.subscribe([this] {
         prefsState = 0;
-        p_.progress.visible = false;
+        progress_.visible = false;
     })) {}
 
 void SettingsReader::getprefs(const QString& line) {
-    p_.ports.debugsay(QStringLiteral("Get Prefs"));
-    p_.manual.hide();
-    SessionState& state = p_.session.state;
+    link_.ports.debugsay(QStringLiteral("Get Prefs"));
+    link_.manual.hide();
+    SessionState& state = link_.session.state;
     // The count is never set back, neither by a report nor by a reset: the time-out comes once in a program run, at
     // its 150th report line, whichever retrieval that line belongs to.
     if (state.Timeout == std::numeric_limits<qint16>::max()) {
@@ -40,13 +42,13 @@ void SettingsReader::getprefs(const QString& line) {
         giveUp();
         return;
     }
-    p_.session.status.status = QStringLiteral("Loading Properties");
+    link_.session.status.status = QStringLiteral("Loading Properties");
     if (prefsState == 0) {
-        p_.progress.value = 0;
-        p_.progress.maximum = 100;
-        p_.settings.lamp = Lamp::Reading;
+        progress_.value = 0;
+        progress_.maximum = 100;
+        settings_.lamp = Lamp::Reading;
     }
-    p_.progress.valueLabel = QString::number(p_.progress.value);
+    progress_.valueLabel = QString::number(progress_.value);
 
     QString value;
     if (line.startsWith(QLatin1String("MP"))) {
@@ -64,7 +66,7 @@ void SettingsReader::getprefs(const QString& line) {
     if (field == allSettings.end()) {
         return;
     }
-    change(p_.settings.record, [&](LoggerSettings& record) {
+    change(settings_.record, [&](LoggerSettings& record) {
         const double number = leadingNumber(value);
         if (field->number != nullptr) {
             record.*field->number = value;
@@ -72,38 +74,38 @@ void SettingsReader::getprefs(const QString& line) {
             record.*field->flag = number == 1.0;
         }
     });
-    p_.progress.value = progressStep * static_cast<int>(field - allSettings.begin() + 1);
+    progress_.value = progressStep * static_cast<int>(field - allSettings.begin() + 1);
 }
 
 void SettingsReader::takeMemoryPointer(double value) {
-    SettingsState& settings = p_.settings;
+    SettingsState& settings = settings_;
     settings.memoryPointer = plainNumber(value);
     // The divisor is 65525, not the 65535 shown as the maximum elsewhere: the last ten places are never written, so a
     // full memory may read slightly over 100.
     settings.capacity = plainNumber(std::floor((value / 65525.0 + 0.0005) * 1000.0) / 10.0);
     selectSamplingOption();
 
-    SessionState& state = p_.session.state;
+    SessionState& state = link_.session.state;
     const bool resettingShutter = state.Ctrlscrn == Operation::ShutterReset;
     if (!resettingShutter) {
         state.Ctrlscrn = Operation::SettingsOpen;
     }
     settings.lamp = Lamp::Read;
-    p_.progress.value = 0;
-    p_.progress.valueLabel = QStringLiteral("0");
-    p_.progress.visible = false;
+    progress_.value = 0;
+    progress_.valueLabel = QStringLiteral("0");
+    progress_.visible = false;
     prefsState = 0;
-    CommandState& commands = p_.session.commands;
+    CommandState& commands = link_.session.commands;
     commands.settingsFormEnabled = true;
     commands.processingMenuVisible = true;
     commands.settingsMenuVisible = true;
     commands.runVisible = true;
     settings.visible = true;
     if (!resettingShutter) {
-        p_.ports.write("C");
+        link_.ports.write("C");
         state.Ctrlscrn = Operation::ClockCheck;
     }
-    p_.session.status.status = QStringLiteral("Ready");
+    link_.session.status.status = QStringLiteral("Ready");
 }
 
 void SettingsReader::selectSamplingOption() {
@@ -113,23 +115,23 @@ void SettingsReader::selectSamplingOption() {
         int option = 0;
         for (const SamplingPreset& preset : samplingPresets(glow)) {
             ++option;
-            if (preset.samplesPerPoint == p_.settings.record.value().samplesPerPoint &&
-                (!glow || p_.session.state.type() == InstrumentType::Glow)) {
+            if (preset.samplesPerPoint == settings_.record.value().samplesPerPoint &&
+                (!glow || link_.session.state.type() == InstrumentType::Glow)) {
                 selected = option;
             }
         }
     }
-    p_.settings.samplingOption = selected;
+    settings_.samplingOption = selected;
 }
 
 void SettingsReader::giveUp() {
-    p_.progress.visible = false;
-    p_.manual.show();
-    const int port = p_.connection.items.checkedPort();
+    progress_.visible = false;
+    link_.manual.show();
+    const int port = link_.connection.items.checkedPort();
     if (port != 0) {
-        p_.session.state.Portused = static_cast<quint8>(port);
+        link_.session.state.Portused = static_cast<quint8>(port);
     }
-    p_.connection.fixit();
+    link_.connection.fixit();
 }
 
 ClockDisplay::ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings)

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "link/comports.h"
-#include "link/manualconnection.h"
+#include "link/link.h"
 #include "settings/loggersettings.h"
 
 namespace orv {
@@ -11,16 +10,7 @@ namespace orv {
 /// end of its connection does not run on into the next one's.
 class SettingsReader {
 public:
-    struct Parts {
-        Session& session;
-        ComPorts& ports;
-        Connection& connection;
-        ManualConnection& manual;
-        SettingsState& settings;
-        ProgressState& progress;
-    };
-
-    explicit SettingsReader(const Parts& parts);
+    SettingsReader(Link& link, SettingsState& settings, ProgressState& progress);
 
     /// Takes a line of the report: a setting's letter and its value, or "MP" and the memory pointer, which ends the
     /// report, shows the settings screen and asks for the clock. A line without a tag counts as an empty value of the
@@ -36,7 +26,9 @@ private:
     void takeMemoryPointer(double value);
     void selectSamplingOption();
 
-    Parts p_;
+    Link& link_;
+    SettingsState& settings_;
+    ProgressState& progress_;
     Subscription closing_;
 };
 

@@ -19,33 +19,35 @@ constexpr int progressMaximum = 100;
 
 } // namespace
 
-PromptDialogue::PromptDialogue(const SendingParts& parts)
-    : p_(parts) {}
+PromptDialogue::PromptDialogue(Link& link, SettingsState& settings, ProgressState& progress)
+    : link_(link)
+    , settings_(settings)
+    , progress_(progress) {}
 
 PromptOutcome PromptDialogue::waitprompt() {
     const QScopedValueRollback polling(polling_, true);
-    const Clock& clock = p_.session.clock;
-    const quint64 connection = p_.ports.connectionNumber();
+    const Clock& clock = link_.session.clock;
+    const quint64 connection = link_.ports.connectionNumber();
     qint64 lastResponsive = clock.monotonicMilliseconds();
     // A prompt left over from before stands in the poll's buffer without a line end; it would be taken for the
     // beginning of the next line.
-    p_.poll.rxbuffer.clear();
-    p_.session.status.bufferCount = 0;
-    p_.session.state.Rtn.clear();
+    link_.poll.rxbuffer.clear();
+    link_.session.status.bufferCount = 0;
+    link_.session.state.Rtn.clear();
 
     QByteArray text;
     for (int pass = 0; pass < maximumPasses; ++pass) {
-        p_.ports.waitForInput(1);
-        const QByteArray block = p_.ports.readAll();
+        link_.ports.waitForInput(1);
+        const QByteArray block = link_.ports.readAll();
         if (!block.isEmpty()) {
             if (transcriptWanted()) {
-                p_.debug.list.append(QString::fromLatin1(block));
+                link_.debug.list.append(QString::fromLatin1(block));
             }
             text += block;
             if (takePrompt(text, block.size())) {
                 return keepResponsive(connection) ? PromptOutcome::Came : PromptOutcome::ConnectionLost;
             }
-        } else if (p_.ports.checkFailure()) {
+        } else if (link_.ports.checkFailure()) {
             return PromptOutcome::ConnectionLost;
         }
         const qint64 now = clock.monotonicMilliseconds();
@@ -56,8 +58,8 @@ PromptOutcome PromptDialogue::waitprompt() {
             }
         }
     }
-    if (p_.debug.rawBuffer) {
-        p_.debug.list.append(QStringLiteral("Timeout"));
+    if (link_.debug.rawBuffer) {
+        link_.debug.list.append(QStringLiteral("Timeout"));
     }
     return PromptOutcome::TimedOut;
 }
@@ -69,41 +71,41 @@ bool PromptDialogue::takePrompt(const QByteArray& text, qsizetype newCharacters)
     if (prompt == text.cend()) {
         return false;
     }
-    p_.session.state.Rtn = QString::fromLatin1(text.constData(), prompt - text.cbegin());
-    p_.debug.list.selectLast();
-    p_.settings.lamp = Lamp::Sending;
-    p_.progress.value = std::min(p_.progress.value + progressStep, progressMaximum);
-    p_.progress.valueLabel = QString::number(p_.progress.value);
+    link_.session.state.Rtn = QString::fromLatin1(text.constData(), prompt - text.cbegin());
+    link_.debug.list.selectLast();
+    settings_.lamp = Lamp::Sending;
+    progress_.value = std::min(progress_.value + progressStep, progressMaximum);
+    progress_.valueLabel = QString::number(progress_.value);
     return true;
 }
 
 bool PromptDialogue::keepResponsive(quint64 connection) {
-    p_.events.keepResponsive(false);
-    return !p_.events.programEnding() && p_.ports.connectionNumber() == connection;
+    link_.events.keepResponsive(false);
+    return !link_.events.programEnding() && link_.ports.connectionNumber() == connection;
 }
 
 void PromptDialogue::send(const QString& item, const QByteArray& terminator) {
-    p_.ports.write(item.toLatin1() + terminator);
+    link_.ports.write(item.toLatin1() + terminator);
     // The transcript of this talk follows the settings screen's option alone, not the service mode: only the words
     // "Timeout" follow the debug screen's own option.
     if (transcriptWanted()) {
-        p_.debug.list.append(item);
+        link_.debug.list.append(item);
     }
 }
 
 void PromptDialogue::finish() {
-    p_.progress.value = 0;
-    p_.progress.valueLabel = QStringLiteral("0");
-    p_.settings.lamp = Lamp::Sent;
-    p_.timer.setInterval(StatusTimer::slowInterval);
-    p_.ports.discardInput();
-    p_.session.state.Ctrlscrn = Operation::Ready;
-    p_.ports.write("P");
+    progress_.value = 0;
+    progress_.valueLabel = QStringLiteral("0");
+    settings_.lamp = Lamp::Sent;
+    link_.timer.setInterval(StatusTimer::slowInterval);
+    link_.ports.discardInput();
+    link_.session.state.Ctrlscrn = Operation::Ready;
+    link_.ports.write("P");
 }
 
 bool PromptDialogue::transcriptWanted() const {
-    const bool glow = p_.session.status.instrument.value() == InstrumentType::Glow;
-    return glow ? p_.settings.glowProvideRawCounts : p_.settings.trxProvideRawCounts;
+    const bool glow = link_.session.status.instrument.value() == InstrumentType::Glow;
+    return glow ? settings_.glowProvideRawCounts : settings_.trxProvideRawCounts;
 }
 
 namespace {
@@ -141,20 +143,22 @@ QString controlBits(const LoggerSettings& record) {
     return bits;
 }
 
-SettingsSender::SettingsSender(const Parts& parts)
-    : p_(parts)
-    , dialogue_(parts) {}
+SettingsSender::SettingsSender(Link& link, SettingsState& settings, ProgressState& progress)
+    : link_(link)
+    , settings_(settings)
+    , progress_(progress)
+    , dialogue_(link, settings, progress) {}
 
 SettingsSender::Outcome SettingsSender::setprefs() {
-    if (!p_.ports.isOpen()) {
+    if (!link_.ports.isOpen()) {
         return Outcome::ConnectionLost;
     }
-    QProperty<Activity>& activity = p_.session.commands.activity;
+    QProperty<Activity>& activity = link_.session.commands.activity;
     const Activity before = activity;
     activity = Activity::Sending;
-    p_.timer.setInterval(0);
-    p_.progress.maximum = 100;
-    p_.progress.value = 0;
+    link_.timer.setInterval(0);
+    progress_.maximum = 100;
+    progress_.value = 0;
 
     const Outcome outcome = ended(talk());
     // Whoever ended the connection inside a wait has set the activity already, perhaps to one of its own.
@@ -169,7 +173,7 @@ PromptOutcome SettingsSender::talk() {
         QString text;
         QByteArray terminator = {};
     };
-    const LoggerSettings& record = p_.settings.record.value();
+    const LoggerSettings& record = settings_.record.value();
     std::vector<Item> items{{QStringLiteral("B")}, {controlBits(record)}};
     for (const Setting& setting : numberSettings) {
         items.push_back({QChar(setting.letter)});
@@ -183,26 +187,26 @@ PromptOutcome SettingsSender::talk() {
         }
     }
     // During a shutter reset the settings are sent only for a while; the clock is none of its business.
-    if (p_.settings.syncTimeDate && p_.session.state.Ctrlscrn != Operation::ShutterReset) {
-        p_.session.commands.activity = Activity::SettingClock;
+    if (settings_.syncTimeDate && link_.session.state.Ctrlscrn != Operation::ShutterReset) {
+        link_.session.commands.activity = Activity::SettingClock;
         return setclock();
     }
     return PromptOutcome::Came;
 }
 
 PromptOutcome SettingsSender::setclock() {
-    p_.ports.write("U");
+    link_.ports.write("U");
     PromptOutcome outcome = dialogue_.waitprompt();
     if (outcome == PromptOutcome::Came) {
         // The screen shows no date before the first tick after a report.
-        const QString shown = p_.settings.computerDate;
-        outcome = typed(dateDigits(shown.isEmpty() ? shortDate(p_.session.clock.now().date()) : shown));
+        const QString shown = settings_.computerDate;
+        outcome = typed(dateDigits(shown.isEmpty() ? shortDate(link_.session.clock.now().date()) : shown));
     }
     if (outcome == PromptOutcome::Came) {
         outcome = dialogue_.waitprompt();
     }
     if (outcome == PromptOutcome::Came) {
-        outcome = typed(timeDigits(clockText(p_.session.clock.now().time())));
+        outcome = typed(timeDigits(clockText(link_.session.clock.now().time())));
     }
     if (outcome == PromptOutcome::Came) {
         dialogue_.finish();
@@ -214,12 +218,12 @@ PromptOutcome SettingsSender::typed(const QString& digits) {
     // The instrument takes digits only as slowly as a person types them.
     constexpr float secondsBetweenDigits = 0.2F;
     for (const QChar digit : digits) {
-        if (!p_.wait.waitConnected(secondsBetweenDigits) || p_.ports.checkFailure()) {
+        if (!link_.wait.waitConnected(secondsBetweenDigits) || link_.ports.checkFailure()) {
             return PromptOutcome::ConnectionLost;
         }
-        p_.ports.write(QByteArray(1, digit.toLatin1()));
-        if (dialogue_.transcriptWanted() && p_.session.state.trouble == 1) {
-            p_.debug.list.append(digit);
+        link_.ports.write(QByteArray(1, digit.toLatin1()));
+        if (dialogue_.transcriptWanted() && link_.session.state.trouble == 1) {
+            link_.debug.list.append(digit);
         }
     }
     return PromptOutcome::Came;
@@ -233,10 +237,10 @@ SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {
         dialogue_.finish();
         return Outcome::Sent;
     case PromptOutcome::TimedOut:
-        p_.progress.visible = false;
-        p_.timer.setInterval(StatusTimer::slowInterval);
-        p_.session.status.status = QStringLiteral("Ready");
-        p_.session.messages.show(
+        progress_.visible = false;
+        link_.timer.setInterval(StatusTimer::slowInterval);
+        link_.session.status.status = QStringLiteral("Ready");
+        link_.session.messages.show(
             operatorWarning(QStringLiteral("Error Sending Prefs. Error Code 1"), QStringLiteral("Error")));
         mainWindowWanted.tell();
         return Outcome::Failed;
@@ -245,9 +249,9 @@ SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {
     }
     // The timer was stopped here, so nobody else starts it again for the next connection. One that runs belongs to a
     // sending that was begun and ended inside the wait.
-    if (!p_.events.programEnding() && !p_.timer.isRunning()) {
-        p_.progress.visible = false;
-        p_.timer.setInterval(StatusTimer::normalInterval);
+    if (!link_.events.programEnding() && !link_.timer.isRunning()) {
+        progress_.visible = false;
+        link_.timer.setInterval(StatusTimer::normalInterval);
     }
     return Outcome::ConnectionLost;
 }

@@ -1,26 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "link/poll.h"
-#include "link/waits.h"
+#include "link/link.h"
 #include "settings/loggersettings.h"
 
-#include <functional>
-
 namespace orv {
-
-/// What the procedures that write to the instrument's settings and clock work on; everything outlives them.
-struct SendingParts {
-    Session& session;
-    ComPorts& ports;
-    DebugState& debug;
-    Poll& poll;
-    TimedWait& wait;
-    EventYield& events;
-    StatusTimer& timer;
-    SettingsState& settings;
-    ProgressState& progress;
-};
 
 /// How a wait for the instrument's prompt, or a procedure made of such waits, went.
 enum class PromptOutcome {
@@ -34,7 +18,7 @@ class PromptDialogue {
 public:
     static constexpr int maximumPasses = 5000;
 
-    explicit PromptDialogue(const SendingParts& parts);
+    PromptDialogue(Link& link, SettingsState& settings, ProgressState& progress);
 
     /// Waits for the prompt, ">" or "." with something before it in what has come since the call; what stands before
     /// it is the reply and goes to `Rtn`. Does not yield: at most `maximumPasses` passes of up to 1 ms each, during
@@ -60,7 +44,9 @@ private:
     bool takePrompt(const QByteArray& text, qsizetype newCharacters);
     bool keepResponsive(quint64 connection);
 
-    SendingParts p_;
+    Link& link_;
+    SettingsState& settings_;
+    ProgressState& progress_;
     bool polling_ = false;
 };
 
@@ -75,15 +61,13 @@ QString timeDigits(const QString& timeText);
 /// Writes the settings on the settings screen into the instrument.
 class SettingsSender {
 public:
-    using Parts = SendingParts;
-
     enum class Outcome {
         Sent,          ///< Everything was taken; the settings report has been requested.
         Failed,        ///< The instrument did not answer an item. The operator has been told.
         ConnectionLost ///< The connection has ended meanwhile, or there was none.
     };
 
-    explicit SettingsSender(const Parts& parts);
+    SettingsSender(Link& link, SettingsState& settings, ProgressState& progress);
 
     /// Sends the flags and the four numbers item by item, each after the prompt for the one before, then sets the
     /// clock if "Sync Time/Date" is ticked (never during a shutter reset), then requests the settings report; the
@@ -108,7 +92,9 @@ private:
     PromptOutcome typed(const QString& digits);
     Outcome ended(PromptOutcome outcome);
 
-    Parts p_;
+    Link& link_;
+    SettingsState& settings_;
+    ProgressState& progress_;
     PromptDialogue dialogue_;
 };
 

@@ -21,15 +21,7 @@ protected:
 
     QString reply() const { return state.Rtn; }
 
-    PromptDialogue dialogue{{.session = session,
-                             .ports = ports,
-                             .debug = debug,
-                             .poll = program.poll,
-                             .wait = wait,
-                             .events = events,
-                             .timer = timer,
-                             .settings = settings,
-                             .progress = progress}};
+    PromptDialogue dialogue{program.link, settings, progress};
 
 private:
     QByteArrayList pieces_;

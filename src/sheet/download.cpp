@@ -34,30 +34,35 @@ QByteArray headerText(const QDateTime& now, RowLayout layout) {
 
 } // namespace
 
-Download::Download(const Parts& parts)
-    : p_(parts) {}
+Download::Download(Link& link, Settings& settings, SheetRows& rows, AutomaticSave& automaticSave,
+                   OperatorQuestions& questions)
+    : link_(link)
+    , settings_(settings)
+    , rows_(rows)
+    , automaticSave_(automaticSave)
+    , questions_(questions) {}
 
 void Download::saveAsText() {
-    p_.ports.debugsay(QStringLiteral("F2 Click"));
-    p_.progress.show();
-    const quint64 connection = p_.ports.connectionNumber();
-    const QString name = p_.questions.saveFileName(QStringLiteral("Save as"), QStringLiteral("Stored Data.txt"),
-                                                   QStringLiteral(".txt"), QStringLiteral("*.txt"));
-    const RowLayout layout = p_.rows.connectedLayout();
-    if (name.isEmpty() || p_.ports.connectionNumber() != connection) {
-        p_.progress.visible = false;
+    link_.ports.debugsay(QStringLiteral("F2 Click"));
+    settings_.progress.show();
+    const quint64 connection = link_.ports.connectionNumber();
+    const QString name = questions_.saveFileName(QStringLiteral("Save as"), QStringLiteral("Stored Data.txt"),
+                                                 QStringLiteral(".txt"), QStringLiteral("*.txt"));
+    const RowLayout layout = rows_.connectedLayout();
+    if (name.isEmpty() || link_.ports.connectionNumber() != connection) {
+        settings_.progress.visible = false;
         return;
     }
     if (layout == RowLayout::Unknown) {
-        p_.progress.visible = false;
-        p_.session.messages.show(
+        settings_.progress.visible = false;
+        link_.session.messages.show(
             operatorWarning(QStringLiteral("The instrument has not told its type, so its data cannot be "
                                            "read. Press Reset to connect again, then download.")));
         return;
     }
     file_.setFileName(name);
     const QString reason = file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
-                               ? appendWhole(file_, headerText(p_.session.clock.now(), layout))
+                               ? appendWhole(file_, headerText(link_.session.clock.now(), layout))
                                : file_.errorString();
     if (!reason.isEmpty()) {
         closeTarget();
@@ -69,7 +74,7 @@ void Download::saveAsText() {
 }
 
 void Download::vwhp() {
-    p_.progress.show();
+    settings_.progress.show();
     begin(Target::Sheet, Operation::Importing, QStringLiteral("Exporting Memory"));
 }
 
@@ -78,38 +83,38 @@ void Download::begin(Target target, Operation operation, const QString& status) 
     records_ = 0;
     unread_ = 0;
     bytes_ = 0;
-    lastData_ = p_.session.clock.monotonicMilliseconds();
+    lastData_ = link_.session.clock.monotonicMilliseconds();
     stallTold_ = false;
     savedOnTheWay_ = false;
     status_ = status;
     // One line is taken at each tick. Erased records are lines of 7 characters, 137 a second at 9600 baud: more than
     // the 100 ticks a second that the timer has after settings were sent.
-    p_.timer.setInterval(StatusTimer::normalInterval);
-    p_.session.state.Ctrlscrn = operation;
-    p_.session.commands.activity = Activity::Downloading;
-    p_.session.status.notice = QString();
-    p_.ports.write("O");
-    p_.session.status.status = status;
-    const double expected = leadingNumber(p_.settings.memoryPointer.value());
+    link_.timer.setInterval(StatusTimer::normalInterval);
+    link_.session.state.Ctrlscrn = operation;
+    link_.session.commands.activity = Activity::Downloading;
+    link_.session.status.notice = QString();
+    link_.ports.write("O");
+    link_.session.status.status = status;
+    const double expected = leadingNumber(settings_.shown.memoryPointer.value());
     if (expected > 0.0) {
-        p_.progress.maximum = static_cast<int>(std::min<double>(expected, std::numeric_limits<int>::max()));
+        settings_.progress.maximum = static_cast<int>(std::min<double>(expected, std::numeric_limits<int>::max()));
     }
-    p_.progress.value = 0;
+    settings_.progress.value = 0;
 }
 
 bool Download::takeReply(const QString& reply, const QString& progressLabel, DataRow& row) {
-    const qint64 now = p_.session.clock.monotonicMilliseconds();
+    const qint64 now = link_.session.clock.monotonicMilliseconds();
     if (reply.isEmpty()) {
         if (!stallTold_ && now - lastData_ >= stallLimit) {
             stallTold_ = true;
-            p_.session.status.status = QStringLiteral("No data for 10 s. Reset stops the download.");
+            link_.session.status.status = QStringLiteral("No data for 10 s. Reset stops the download.");
         }
         return false;
     }
     lastData_ = now;
     if (stallTold_) {
         stallTold_ = false;
-        p_.session.status.status = status_;
+        link_.session.status.status = status_;
     }
     if (target_ != Target::Nowhere) {
         bytes_ += reply.size();
@@ -131,7 +136,7 @@ bool Download::takeReply(const QString& reply, const QString& progressLabel, Dat
     if (target_ == Target::Nowhere) {
         return false;
     }
-    const auto read = readDataLine(reply, p_.rows.connectedLayout(), requestedConversion(p_.settings));
+    const auto read = readDataLine(reply, rows_.connectedLayout(), requestedConversion(settings_.shown));
     if (!read) {
         ++unread_;
         return false;
@@ -145,7 +150,7 @@ void Download::savefiletxt(const QString& reply) {
     if (!takeReply(reply, QStringLiteral("Bytes Downloaded"), row)) {
         return;
     }
-    const QString line = recordLine(records_ + 1, row, p_.rows.connectedLayout()) + QLatin1String("\r\n");
+    const QString line = recordLine(records_ + 1, row, rows_.connectedLayout()) + QLatin1String("\r\n");
     const QString reason = appendWhole(file_, line.toLatin1());
     if (!reason.isEmpty()) {
         dropTheRest();
@@ -163,7 +168,7 @@ void Download::importtofg1(const QString& reply) {
         return;
     }
     try {
-        p_.rows.addRow(row);
+        rows_.addRow(row);
     } catch (const RuntimeError&) {
         // The counter is full. Going on would meet the same error at every further record.
         dropTheRest();
@@ -171,60 +176,60 @@ void Download::importtofg1(const QString& reply) {
         throw;
     }
     ++records_;
-    p_.automaticSave.saveLongSheet();
-    savedOnTheWay_ = savedOnTheWay_ || p_.session.state.plc == 0;
+    automaticSave_.saveLongSheet();
+    savedOnTheWay_ = savedOnTheWay_ || link_.session.state.plc == 0;
 }
 
 void Download::showProgress(const QString& label) {
-    const int maximum = p_.progress.maximum;
+    const int maximum = settings_.progress.maximum;
     const int value = static_cast<int>(std::min<qint64>(bytes_, maximum));
-    p_.progress.label = label;
-    p_.progress.valueLabel = QString::number(bytes_);
-    p_.progress.value = value;
-    p_.progress.percentage = QStringLiteral("%1 %").arg(maximum > 0 ? qint64{value} * 100 / maximum : 0);
+    settings_.progress.label = label;
+    settings_.progress.valueLabel = QString::number(bytes_);
+    settings_.progress.value = value;
+    settings_.progress.percentage = QStringLiteral("%1 %").arg(maximum > 0 ? qint64{value} * 100 / maximum : 0);
 }
 
 void Download::finish() {
     if (target_ != Target::Nowhere) {
         if (target_ == Target::Sheet) {
-            p_.rows.followNewest();
+            rows_.followNewest();
         }
-        p_.session.status.downloadedBytes = QString::number(bytes_);
+        link_.session.status.downloadedBytes = QString::number(bytes_);
         if (unread_ > 0) {
-            p_.session.status.notice =
+            link_.session.status.notice =
                 (unread_ == 1 ? QStringLiteral("1 record could not be read; it is in ")
                               : QStringLiteral("%1 records could not be read; they are in ").arg(unread_)) +
-                p_.session.fileNames.log;
+                link_.session.fileNames.log;
         }
     }
     end();
-    p_.session.status.status = QStringLiteral("Ready");
+    link_.session.status.status = QStringLiteral("Ready");
 }
 
 void Download::end() {
     closeTarget();
     target_ = Target::None;
-    p_.session.state.Ctrlscrn = Operation::Idle;
-    p_.session.commands.activity = Activity::None;
+    link_.session.state.Ctrlscrn = Operation::Idle;
+    link_.session.commands.activity = Activity::None;
 }
 
 void Download::dropTheRest() {
     if (target_ == Target::Sheet) {
-        p_.rows.followNewest();
+        rows_.followNewest();
     }
     closeTarget();
     target_ = Target::Nowhere;
     status_ = QStringLiteral("Download stopped");
-    p_.session.status.status = status_;
+    link_.session.status.status = status_;
 }
 
 void Download::closeTarget() {
     file_.close();
     bytes_ = 0;
-    p_.progress.label = QStringLiteral("%");
-    p_.progress.percentage = QString();
-    p_.progress.visible = false;
-    p_.progress.value = 0;
+    settings_.progress.label = QStringLiteral("%");
+    settings_.progress.percentage = QString();
+    settings_.progress.visible = false;
+    settings_.progress.value = 0;
 }
 
 void Download::endIncomplete() {
@@ -235,7 +240,7 @@ void Download::endIncomplete() {
         end(); // the operator has been told
         return;
     case Target::Sheet:
-        p_.rows.followNewest();
+        rows_.followNewest();
         break;
     case Target::TextFile:
         break;
@@ -253,9 +258,9 @@ void Download::tellIncomplete(Target target) {
         where = QStringLiteral("on the sheet and in the files that were saved automatically");
     }
     const QString unread = unread_ > 0 ? QStringLiteral(" %1 could not be read; %2 has what was received.")
-                                             .arg(recordsText(unread_), p_.session.fileNames.log)
+                                             .arg(recordsText(unread_), link_.session.fileNames.log)
                                        : QString();
-    p_.session.messages.show(
+    link_.session.messages.show(
         operatorWarning(QStringLiteral("The download is incomplete: it was ended before the instrument had "
                                        "sent everything. %1 arrived and can be found %2.%3\n\nThe "
                                        "instrument still holds its data; download it again.")
@@ -263,7 +268,7 @@ void Download::tellIncomplete(Target target) {
 }
 
 void Download::tellFailure(const QString& reason, const QString& state, const QString& nextStep) {
-    p_.session.messages.show(
+    link_.session.messages.show(
         operatorWarning(QStringLiteral("The stored data cannot be written to %1: %2.\n\n%3 The instrument "
                                        "still holds its data. %4")
                             .arg(QFileInfo(file_.fileName()).absoluteFilePath(), reason, state, nextStep)));

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "link/comports.h"
-#include "link/waits.h"
-#include "settings/loggersettings.h"
+#include "settings/settings.h"
 #include "sheet/sheetfiles.h"
 
 #include <QFile>
@@ -14,19 +12,8 @@ namespace orv {
 /// opens with ">O", brings one line for each record and ends with "EOF"; "0" ends it too. "65535" is erased memory.
 class Download {
 public:
-    struct Parts {
-        Session& session;
-        ComPorts& ports;
-        StatusTimer& timer;
-        SettingsState& settings;
-        ProgressState& progress;
-        SheetRows& rows;
-        SheetState& shown;
-        AutomaticSave& automaticSave;
-        OperatorQuestions& questions;
-    };
-
-    explicit Download(const Parts& parts);
+    Download(Link& link, Settings& settings, SheetRows& rows, AutomaticSave& automaticSave,
+             OperatorQuestions& questions);
 
     /// "Download Stored Data: Save as Text". A cancelled dialog sends and writes nothing.
     void saveAsText();
@@ -58,7 +45,11 @@ private:
     void tellIncomplete(Target target);
     void tellFailure(const QString& reason, const QString& state, const QString& nextStep);
 
-    Parts p_;
+    Link& link_;
+    Settings& settings_;
+    SheetRows& rows_;
+    AutomaticSave& automaticSave_;
+    OperatorQuestions& questions_;
     Target target_ = Target::None;
     QFile file_;
     int records_ = 0; ///< Data lines taken since ">O".

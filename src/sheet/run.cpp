@@ -35,35 +35,40 @@ constexpr qsizetype shortestDataLine = 10;
 
 } // namespace
 
-Run::Run(const Parts& parts)
-    : p_(parts) {}
+Run::Run(Link& link, const SettingsState& settings, SheetRows& rows, AutomaticSave& automaticSave,
+         RecordFile& recordFile)
+    : link_(link)
+    , settings_(settings)
+    , rows_(rows)
+    , automaticSave_(automaticSave)
+    , recordFile_(recordFile) {}
 
 void Run::run1() {
-    p_.ports.debugsay(QStringLiteral("Run 1"));
+    link_.ports.debugsay(QStringLiteral("Run 1"));
     // The prompt that ends a block of one point may come together with its only line.
-    if (leadingNumber(p_.settings.record.value().pointsPerBlock) == 1.0) {
-        p_.session.state.gatherstart = 1;
+    if (leadingNumber(settings_.record.value().pointsPerBlock) == 1.0) {
+        link_.session.state.gatherstart = 1;
     }
     startRunningProfile();
-    p_.session.commands.runEnabled = false;
+    link_.session.commands.runEnabled = false;
 }
 
 void Run::startRunningProfile() {
-    p_.ports.debugsay(QStringLiteral("Start Running Profile"));
-    p_.ports.write("R");
-    p_.session.state.Ctrlscrn = Operation::Collecting;
-    p_.session.commands.activity = Activity::Collecting;
-    p_.session.status.status = QStringLiteral("Running");
-    p_.session.status.notice = QString();
+    link_.ports.debugsay(QStringLiteral("Start Running Profile"));
+    link_.ports.write("R");
+    link_.session.state.Ctrlscrn = Operation::Collecting;
+    link_.session.commands.activity = Activity::Collecting;
+    link_.session.status.status = QStringLiteral("Running");
+    link_.session.status.notice = QString();
     running_ = true;
     hasLine_ = false;
     unreadLines_ = 0;
     recordFailureTold_ = false;
-    tellRecordFailure(p_.recordFile.start(p_.rows.connectedType()));
+    tellRecordFailure(recordFile_.start(rows_.connectedType()));
 }
 
 void Run::profilemode(const QString& line) {
-    p_.ports.debugsay(QStringLiteral("Profile Sub"));
+    link_.ports.debugsay(QStringLiteral("Profile Sub"));
     if (line.size() >= shortestDataLine) {
         try {
             takeLine(line);
@@ -77,10 +82,10 @@ void Run::profilemode(const QString& line) {
 }
 
 void Run::takeLine(const QString& line) {
-    SessionState& state = p_.session.state;
+    SessionState& state = link_.session.state;
     state.gatherstart = 1;
-    const RowLayout layout = p_.rows.connectedLayout();
-    const auto row = readDataLine(line, layout, requestedConversion(p_.settings));
+    const RowLayout layout = rows_.connectedLayout();
+    const auto row = readDataLine(line, layout, requestedConversion(settings_));
     if (!row) {
         ++unreadLines_;
         // A clock reply that was still on its way has two fields; anything longer is a line of this run.
@@ -89,29 +94,29 @@ void Run::takeLine(const QString& line) {
         }
         return;
     }
-    p_.rows.addRow(*row);
-    p_.rows.followNewest();
-    showOnDebugScreen(p_.debug, *row, layout);
-    tellRecordFailure(p_.recordFile.append(recordLine(state.plc, *row, layout)));
+    rows_.addRow(*row);
+    rows_.followNewest();
+    showOnDebugScreen(link_.debug, *row, layout);
+    tellRecordFailure(recordFile_.append(recordLine(state.plc, *row, layout)));
     noteLine();
-    p_.automaticSave.saveLongSheet();
+    automaticSave_.saveLongSheet();
 }
 
 void Run::noteLine() {
     // A prompt seen ahead of the first line was left over from the command before.
-    if (!std::exchange(hasLine_, true) && !p_.poll.rxbuffer.contains('>')) {
-        p_.session.state.Gatherstop = 0;
+    if (!std::exchange(hasLine_, true) && !link_.poll.rxbuffer.contains('>')) {
+        link_.session.state.Gatherstop = 0;
     }
 }
 
 void Run::endIfPrompted() {
-    const SessionState& state = p_.session.state;
+    const SessionState& state = link_.session.state;
     if (!running_ || !hasLine_ || state.Gatherstop != 1) {
         return;
     }
     // Lines that arrived ahead of the prompt become rows first, one in each tick.
-    const qsizetype lineFeed = p_.poll.rxbuffer.indexOf('\n');
-    const qsizetype prompt = p_.poll.rxbuffer.indexOf('>');
+    const qsizetype lineFeed = link_.poll.rxbuffer.indexOf('\n');
+    const qsizetype prompt = link_.poll.rxbuffer.indexOf('>');
     if (lineFeed >= 0 && (prompt < 0 || lineFeed < prompt)) {
         return;
     }
@@ -120,8 +125,8 @@ void Run::endIfPrompted() {
 
 void Run::endRun() {
     closeRecordFile();
-    p_.session.state.Ctrlscrn = Operation::CollectionSetUp;
-    p_.session.status.status = QStringLiteral("Ready");
+    link_.session.state.Ctrlscrn = Operation::CollectionSetUp;
+    link_.session.status.status = QStringLiteral("Ready");
 }
 
 void Run::closeRecordFile() {
@@ -129,17 +134,17 @@ void Run::closeRecordFile() {
         return;
     }
     running_ = false;
-    p_.recordFile.close();
-    p_.session.state.gatherstart = 0;
-    p_.session.state.Gatherstop = 0;
-    p_.session.commands.activity = Activity::None;
-    p_.session.commands.runEnabled = true;
+    recordFile_.close();
+    link_.session.state.gatherstart = 0;
+    link_.session.state.Gatherstop = 0;
+    link_.session.commands.activity = Activity::None;
+    link_.session.commands.runEnabled = true;
     if (unreadLines_ > 0) {
-        p_.session.status.notice =
-            unreadLines_ == 1 ? QStringLiteral("1 line could not be read; it is in %1").arg(p_.session.fileNames.log)
+        link_.session.status.notice =
+            unreadLines_ == 1 ? QStringLiteral("1 line could not be read; it is in %1").arg(link_.session.fileNames.log)
                               : QStringLiteral("%1 lines could not be read; they are in %2")
                                     .arg(unreadLines_)
-                                    .arg(p_.session.fileNames.log);
+                                    .arg(link_.session.fileNames.log);
     }
 }
 
@@ -147,11 +152,11 @@ void Run::tellRecordFailure(const QString& reason) {
     if (reason.isEmpty() || std::exchange(recordFailureTold_, true)) {
         return;
     }
-    p_.session.messages.show(
+    link_.session.messages.show(
         operatorWarning(QStringLiteral("The record file %1 cannot be written: %2.\n\nThe run goes "
                                        "on and every row is on the sheet. Save the sheet when the run "
                                        "has ended.")
-                            .arg(p_.session.fileNames.record, reason)));
+                            .arg(link_.session.fileNames.record, reason)));
 }
 
 } // namespace orv

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "link/debug.h"
-#include "link/poll.h"
+#include "link/link.h"
+#include "settings/loggersettings.h"
 #include "sheet/dataline.h"
 #include "sheet/datasheet.h"
 #include "sheet/recordfile.h"
@@ -17,18 +17,8 @@ void showOnDebugScreen(DebugState& debug, const DataRow& row, RowLayout layout);
 /// A real-time run ("profile"): every data line of the instrument becomes a row of the sheet and of the record file.
 class Run {
 public:
-    struct Parts {
-        Session& session;
-        ComPorts& ports;
-        Poll& poll;
-        DebugState& debug;
-        SettingsState& settings;
-        SheetRows& rows;
-        AutomaticSave& automaticSave;
-        RecordFile& recordFile;
-    };
-
-    explicit Run(const Parts& parts);
+    Run(Link& link, const SettingsState& settings, SheetRows& rows, AutomaticSave& automaticSave,
+        RecordFile& recordFile);
 
     /// `Command2`, the "Run" button.
     void run1();
@@ -53,7 +43,11 @@ private:
     void endRun();
     void tellRecordFailure(const QString& reason);
 
-    Parts p_;
+    Link& link_;
+    const SettingsState& settings_;
+    SheetRows& rows_;
+    AutomaticSave& automaticSave_;
+    RecordFile& recordFile_;
     bool running_ = false;
     bool hasLine_ = false; ///< A data line of this run has come, so that a prompt ends it.
     bool recordFailureTold_ = false;

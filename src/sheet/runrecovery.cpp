@@ -55,32 +55,37 @@ QString notRecovered(const RecordedRows& found) {
 
 } // namespace
 
-RunRecovery::RunRecovery(const Parts& parts)
-    : p_(parts) {}
+RunRecovery::RunRecovery(Session& session, SheetRows& rows, SheetFiles& files, RecordFile& recordFile,
+                         OperatorQuestions& questions)
+    : session_(session)
+    , rows_(rows)
+    , files_(files)
+    , recordFile_(recordFile)
+    , questions_(questions) {}
 
 void RunRecovery::takeOverFromFreePlaces(int ownPlace) {
     const FileNames plain;
     for (int place = 1; place <= FolderPlace::mostPlaces; ++place) {
         const QString other = FolderPlace::nameIn(place, plain.record);
-        if (place == ownPlace || p_.recordFile.hasUnendedRun() || !RunLock(other).stands()) {
+        if (place == ownPlace || recordFile_.hasUnendedRun() || !RunLock(other).stands()) {
             continue;
         }
         if (const auto held = FolderPlace::hold(place)) {
-            p_.recordFile.takeUnendedFrom(other);
+            recordFile_.takeUnendedFrom(other);
         }
     }
 }
 
 void RunRecovery::offer() {
-    if (!p_.recordFile.isUnended()) {
+    if (!recordFile_.isUnended()) {
         return;
     }
-    file_ = p_.recordFile.path();
-    RecordedRows found = readRecordedRows(file_, p_.recordFile.unendedType());
-    if (holdsNothing(found) && !p_.recordFile.unendedEarlierFile().isEmpty()) {
+    file_ = recordFile_.path();
+    RecordedRows found = readRecordedRows(file_, recordFile_.unendedType());
+    if (holdsNothing(found) && !recordFile_.unendedEarlierFile().isEmpty()) {
         // It died before the run's first row; what was on the sheet from the run before is in that one's file.
-        file_ = p_.recordFile.unendedEarlierFile();
-        found = readRecordedRows(file_, p_.recordFile.unendedType());
+        file_ = recordFile_.unendedEarlierFile();
+        found = readRecordedRows(file_, recordFile_.unendedType());
     }
     const auto rows = static_cast<qsizetype>(found.sheet.rows.size());
     if (!found.sheet.error.isEmpty()) {
@@ -88,11 +93,11 @@ void RunRecovery::offer() {
                             "stays as it is. Its rows are offered again at the next start.")
                  .arg(QFileInfo(file_).absoluteFilePath(), found.sheet.error));
     } else if (holdsNothing(found)) {
-        p_.recordFile.dropUnended();
+        recordFile_.dropUnended();
     } else if (rows == 0) {
         keep(QStringLiteral(
             "The last run in this folder did not end, and its record file has no row that can be read. "));
-    } else if (p_.questions.askYesNo(
+    } else if (questions_.askYesNo(
                    programTitle(),
                    QStringLiteral("The last run in this folder did not end. Load its %1 into the sheet?")
                        .arg(counted(rows, QStringLiteral("row"))))) {
@@ -104,12 +109,12 @@ void RunRecovery::offer() {
 
 void RunRecovery::load(RecordedRows found) {
     // Ticks went on while the question was open.
-    if (!p_.recordFile.isUnended() || !p_.files.ask()) {
+    if (!recordFile_.isUnended() || !files_.ask()) {
         return;
     }
     const QString left = notRecovered(found);
-    p_.rows.recover(std::move(found.sheet));
-    p_.recordFile.unendedRecovered();
+    rows_.recover(std::move(found.sheet));
+    recordFile_.unendedRecovered();
     if (!left.isEmpty()) {
         tell(QStringLiteral(
                  "The rows of the last run are on the sheet.\n\n%1\n\nNothing is lost: the record file %2 has "
@@ -121,15 +126,15 @@ void RunRecovery::load(RecordedRows found) {
 }
 
 void RunRecovery::keep(const QString& what) {
-    if (!p_.recordFile.isUnended()) {
+    if (!recordFile_.isUnended()) {
         return;
     }
     QString keptAs = file_;
     QString reason;
     if (isRecordFile()) {
-        reason = p_.recordFile.keepUnended(keptAs);
+        reason = recordFile_.keepUnended(keptAs);
     } else {
-        p_.recordFile.dropUnended();
+        recordFile_.dropUnended();
     }
     if (reason.isEmpty()) {
         tell(
@@ -139,16 +144,16 @@ void RunRecovery::keep(const QString& what) {
         tell(what +
              QStringLiteral("The record file %1 could not be kept under a name with date and time: %2.\n\nIt stays "
                             "as it is, and no run will overwrite it. Move it yourself.")
-                 .arg(QFileInfo(p_.recordFile.path()).absoluteFilePath(), reason));
+                 .arg(QFileInfo(recordFile_.path()).absoluteFilePath(), reason));
     }
 }
 
 bool RunRecovery::isRecordFile() const {
-    return file_ == p_.recordFile.path();
+    return file_ == recordFile_.path();
 }
 
 void RunRecovery::tell(const QString& text) {
-    p_.session.messages.show({.title = programTitle(), .text = text, .icon = Message::Icon::Information});
+    session_.messages.show({.title = programTitle(), .text = text, .icon = Message::Icon::Information});
 }
 
 } // namespace orv

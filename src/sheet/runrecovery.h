@@ -11,15 +11,8 @@ namespace orv {
 /// the record file with its lock, or in a file under a dated name, so a program that dies here loses nothing either.
 class RunRecovery {
 public:
-    struct Parts {
-        Session& session;
-        SheetRows& rows;
-        SheetFiles& files;
-        RecordFile& recordFile;
-        OperatorQuestions& questions;
-    };
-
-    explicit RunRecovery(const Parts& parts);
+    RunRecovery(Session& session, SheetRows& rows, SheetFiles& files, RecordFile& recordFile,
+                OperatorQuestions& questions);
 
     /// If no run in this program's place waits to be recovered: takes over one that a program in another place has left
     /// when it died. Several programs in one folder may die at once, and only one be started again.
@@ -36,7 +29,11 @@ private:
     bool isRecordFile() const;
     void tell(const QString& text);
 
-    Parts p_;
+    Session& session_;
+    SheetRows& rows_;
+    SheetFiles& files_;
+    RecordFile& recordFile_;
+    OperatorQuestions& questions_;
     QString file_; ///< Whose rows are offered: the record file, or the one of the run before.
 };
 

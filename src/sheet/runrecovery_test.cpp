@@ -91,7 +91,7 @@ TEST_F(RunRecoveryTest, SavedRowsAreNotOfferedAgainAndTheFileIsKept) {
 TEST_F(RunRecoveryTest, UnsavedRowsAreOfferedAgainByTheNextProgram) {
     recover();
     RecordFile later(clock, path("Orvtemp.tmp"));
-    RunRecovery next({.session = session, .rows = rows, .files = files, .recordFile = later, .questions = answers});
+    RunRecovery next(session, rows, files, later, answers);
     sheetState.unsaved = false; // its sheet is empty
     answers.asked.clear();
     next.offer();
@@ -123,7 +123,7 @@ TEST_F(RunRecoveryTest, UnsavedRowsOfARunThatEndedAreOffered) {
     recovery.offer();
     EXPECT_TRUE(answers.asked.isEmpty()) << "they are on the sheet";
     RecordFile later(clock, path("Orvtemp.tmp"));
-    RunRecovery next({.session = session, .rows = rows, .files = files, .recordFile = later, .questions = answers});
+    RunRecovery next(session, rows, files, later, answers);
     sheetState.unsaved = false; // its sheet is empty
     answers.yes = true;
     next.offer();

@@ -20,56 +20,61 @@ QString tellable(const QString& name) {
 
 } // namespace
 
-SheetFiles::SheetFiles(const Parts& parts)
-    : p_(parts) {}
+SheetFiles::SheetFiles(Session& session, ComPorts& ports, DataSheet& sheet, SheetRows& rows, SheetState& shown,
+                       OperatorQuestions& questions)
+    : session_(session)
+    , ports_(ports)
+    , sheet_(sheet)
+    , rows_(rows)
+    , shown_(shown)
+    , questions_(questions) {}
 
 QString SheetFiles::presetName() const {
-    const QString records = p_.session.state.plc < AutomaticSave::rowLimit ? QString() : p_.shown.records.value();
-    return p_.shown.fileName.value() + records + QLatin1String(".txt");
+    const QString records = session_.state.plc < AutomaticSave::rowLimit ? QString() : shown_.records.value();
+    return shown_.fileName.value() + records + QLatin1String(".txt");
 }
 
 SheetFiles::Outcome SheetFiles::saveas() {
-    p_.ports.debugsay(QStringLiteral("Save Spread Sheet"));
-    if (p_.sheet.type().layout() == RowLayout::Unknown) {
-        p_.session.messages.show({.title = QStringLiteral("Save as"),
-                                  .text = QStringLiteral("There is nothing to save: the sheet has no known type of "
-                                                         "instrument. Connect an instrument or open a sheet first."),
-                                  .icon = Message::Icon::Information});
+    ports_.debugsay(QStringLiteral("Save Spread Sheet"));
+    if (sheet_.type().layout() == RowLayout::Unknown) {
+        session_.messages.show({.title = QStringLiteral("Save as"),
+                                .text = QStringLiteral("There is nothing to save: the sheet has no known type of "
+                                                       "instrument. Connect an instrument or open a sheet first."),
+                                .icon = Message::Icon::Information});
         return Outcome::Failed;
     }
     QString name = presetName();
     if (autosaving != 1) {
         name =
-            p_.questions.saveFileName(QStringLiteral("Save as"), name, QStringLiteral(".txt"), QStringLiteral("*.txt"));
+            questions_.saveFileName(QStringLiteral("Save as"), name, QStringLiteral(".txt"), QStringLiteral("*.txt"));
         if (name.isEmpty()) {
             return Outcome::Cancelled;
         }
     }
-    p_.ports.debugsay(p_.sheet.type().layout() == RowLayout::Glow ? QStringLiteral("Saving Flour Sheet")
-                                                                  : QStringLiteral("Saving TRX(S) Sheet"));
+    ports_.debugsay(sheet_.type().layout() == RowLayout::Glow ? QStringLiteral("Saving Flour Sheet")
+                                                              : QStringLiteral("Saving TRX(S) Sheet"));
     return write(name);
 }
 
 void SheetFiles::saveAside() {
-    if (!p_.shown.unsaved || p_.sheet.type().layout() == RowLayout::Unknown) {
+    if (!shown_.unsaved || sheet_.type().layout() == RowLayout::Unknown) {
         return;
     }
-    const QString name =
-        QStringLiteral("%1-%2.txt").arg(p_.shown.fileName.value(), fileNameStamp(p_.session.clock.now()));
+    const QString name = QStringLiteral("%1-%2.txt").arg(shown_.fileName.value(), fileNameStamp(session_.clock.now()));
     if (write(name) == Outcome::Saved) {
-        p_.session.messages.show({.title = QStringLiteral("Save Data"),
-                                  .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
-                                                         "They have been saved as %1.\n\nUse \"Clear All\" before you "
-                                                         "collect with this one.")
-                                              .arg(tellable(name)),
-                                  .icon = Message::Icon::Information});
+        session_.messages.show({.title = QStringLiteral("Save Data"),
+                                .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
+                                                       "They have been saved as %1.\n\nUse \"Clear All\" before you "
+                                                       "collect with this one.")
+                                            .arg(tellable(name)),
+                                .icon = Message::Icon::Information});
     }
 }
 
 void SheetFiles::loadit() {
-    p_.ports.debugsay(QStringLiteral("Loading Spread Sheet"));
+    ports_.debugsay(QStringLiteral("Loading Spread Sheet"));
     const QString name =
-        p_.questions.openFileName(QStringLiteral("Open"), QStringLiteral(".txt"), QStringLiteral("*.txt"));
+        questions_.openFileName(QStringLiteral("Open"), QStringLiteral(".txt"), QStringLiteral("*.txt"));
     if (name.isEmpty()) {
         return;
     }
@@ -77,9 +82,9 @@ void SheetFiles::loadit() {
     if (refuse(name, loaded)) {
         return;
     }
-    p_.ports.debugsay(loaded.type.layout() == RowLayout::Glow ? QStringLiteral("Loading Flour Sheet")
-                                                              : QStringLiteral("Loading TRX(S) Sheet"));
-    if (p_.shown.unsaved) {
+    ports_.debugsay(loaded.type.layout() == RowLayout::Glow ? QStringLiteral("Loading Flour Sheet")
+                                                            : QStringLiteral("Loading TRX(S) Sheet"));
+    if (shown_.unsaved) {
         if (!ask()) {
             return;
         }
@@ -89,35 +94,35 @@ void SheetFiles::loadit() {
             return;
         }
     }
-    p_.rows.replaceBy(std::move(loaded));
+    rows_.replaceBy(std::move(loaded));
 }
 
 bool SheetFiles::refuse(const QString& name, const LoadedSheet& loaded) {
     if (loaded.error.isEmpty()) {
         return false;
     }
-    p_.session.messages.show(operatorWarning(
+    session_.messages.show(operatorWarning(
         QStringLiteral("%1 could not be opened.\n\n%2\n\nThe sheet is as it was.").arg(tellable(name), loaded.error),
         QStringLiteral("Open")));
     return true;
 }
 
 bool SheetFiles::ask() {
-    if (!p_.shown.unsaved || !p_.questions.askYesNo(QStringLiteral("Save Data"),
-                                                    QStringLiteral("Data not Saved. Do you wish to save it now ?"))) {
+    if (!shown_.unsaved || !questions_.askYesNo(QStringLiteral("Save Data"),
+                                                QStringLiteral("Data not Saved. Do you wish to save it now ?"))) {
         return true;
     }
     return saveas() == Outcome::Saved;
 }
 
 SheetFiles::Outcome SheetFiles::write(const QString& name) {
-    const auto keepOlder = autosaving == 1 ? std::optional(p_.session.clock.now()) : std::nullopt;
-    const QString reason = writeWholeFile(name, sheetFileBytes(p_.sheet, name), keepOlder);
+    const auto keepOlder = autosaving == 1 ? std::optional(session_.clock.now()) : std::nullopt;
+    const QString reason = writeWholeFile(name, sheetFileBytes(sheet_, name), keepOlder);
     if (!reason.isEmpty()) {
         return fail(name, reason);
     }
     autosaveFailureTold_ = false;
-    p_.shown.unsaved = false;
+    shown_.unsaved = false;
     saved.tell();
     return Outcome::Saved;
 }
@@ -126,7 +131,7 @@ SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason)
     if (autosaving == 1 && std::exchange(autosaveFailureTold_, true)) {
         return Outcome::Failed;
     }
-    p_.session.messages.show(
+    session_.messages.show(
         operatorWarning(QStringLiteral("The sheet could not be saved as %1: %2.\n\nIts rows are still on "
                                        "the sheet. Choose another folder or make room on the disk, then "
                                        "save again.")

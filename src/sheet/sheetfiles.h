@@ -9,18 +9,10 @@ namespace orv {
 /// Saves and loads the data sheet.
 class SheetFiles {
 public:
-    struct Parts {
-        Session& session;
-        ComPorts& ports;
-        DataSheet& sheet;
-        SheetRows& rows;
-        SheetState& shown;
-        OperatorQuestions& questions;
-    };
-
     enum class Outcome { Saved, Cancelled, Failed };
 
-    explicit SheetFiles(const Parts& parts);
+    SheetFiles(Session& session, ComPorts& ports, DataSheet& sheet, SheetRows& rows, SheetState& shown,
+               OperatorQuestions& questions);
 
     /// Saves the sheet: under the name the operator confirms in a dialog, or while `autosaving` is 1 under the preset
     /// name without asking, where a file of that name from before is kept under a dated name. A save that fails
@@ -50,7 +42,12 @@ private:
     Outcome fail(const QString& name, const QString& reason);
     Outcome write(const QString& name);
 
-    Parts p_;
+    Session& session_;
+    ComPorts& ports_;
+    DataSheet& sheet_;
+    SheetRows& rows_;
+    SheetState& shown_;
+    OperatorQuestions& questions_;
     bool autosaveFailureTold_ = false; ///< An automatic save is tried again and again; its failure is told once.
 };
 

@@ -44,7 +44,7 @@ public:
         }
     }
 
-    CalibrationState& shown = program.calibrationState;
+    CalibrationState& shown = program.calibration.shown;
     Calibration& actions = program.calibration;
 };
 

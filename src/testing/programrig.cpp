@@ -91,7 +91,7 @@ void ProgramRig::resetShutter() {
 }
 
 void ProgramRig::fixit() {
-    program.connection.fixit();
+    program.link.connection.fixit();
 }
 
 void ProgramRig::connect(const QByteArray& greeting) {

@@ -93,33 +93,33 @@ private:
 public:
     Program program;
 
-    Subscription countingPolls = program.connection.pollingEnded.subscribe([this] { ++pollingEnds; });
+    Subscription countingPolls = program.link.connection.pollingEnded.subscribe([this] { ++pollingEnds; });
 
-    Session& session = program.session;
+    Session& session = program.link.session;
     SessionState& state = session.state;
     StatusState& status = session.status;
     CommandState& commands = session.commands;
-    ConnectItems& items = program.connection.items;
-    DebugState& debug = program.debug;
-    SettingsState& settings = program.settings;
-    ProgressState& progress = program.progress;
-    SheetState& sheetState = program.sheetState;
-    DataSheet& sheet = program.sheet;
-    ComPorts& ports = program.ports;
-    TimedWait& wait = program.wait;
-    StatusTimer& timer = program.timer;
-    ManualConnection& manual = program.manual;
-    QByteArray& rxbuffer = program.poll.rxbuffer;
-    SettingsReader& reader = program.settingsReader_;
-    SettingsSender& sender = program.settingsSender;
-    SheetRows& rows = program.sheetRows_;
-    SheetFiles& files = program.sheetFiles_;
-    AutomaticSave& automaticSave = program.automaticSave_;
-    RecordFile& recordFile = program.recordFile_;
-    RunRecovery& recovery = program.runRecovery_;
-    Run& collection = program.collection_;
-    Download& download = program.download_;
-    ShutterReset& shutter = program.shutterReset_;
+    ConnectItems& items = program.link.connection.items;
+    DebugState& debug = program.link.debug;
+    SettingsState& settings = program.settings.shown;
+    ProgressState& progress = program.settings.progress;
+    SheetState& sheetState = program.sheet.shown;
+    DataSheet& sheet = program.sheet.data;
+    ComPorts& ports = program.link.ports;
+    TimedWait& wait = program.link.wait;
+    StatusTimer& timer = program.link.timer;
+    ManualConnection& manual = program.link.manual;
+    QByteArray& rxbuffer = program.link.poll.rxbuffer;
+    SettingsReader& reader = program.settings.reader;
+    SettingsSender& sender = program.settings.sender;
+    SheetRows& rows = program.sheet.rows;
+    SheetFiles& files = program.sheet.files;
+    AutomaticSave& automaticSave = program.sheet.automaticSave;
+    RecordFile& recordFile = program.sheet.recordFile;
+    RunRecovery& recovery = program.sheet.recovery;
+    Run& collection = program.sheet.run;
+    Download& download = program.sheet.download;
+    ShutterReset& shutter = program.shutter;
 };
 
 class ProgramTest : public testing::Test, public ProgramRig {

@@ -45,7 +45,7 @@ class AccessibilityTest : public WindowTest {
 protected:
     AccessibilityTest() {
         program.load();
-        program.timer.setInterval(0);
+        program.link.timer.setInterval(0);
     }
 
     SettingsWindow& openSettings() {
@@ -55,8 +55,8 @@ protected:
     }
 
     void fillCalibration() {
-        program.calibrationState.instrumentName = QStringLiteral("TRX 1042");
-        program.calibrationState.colour = LightColour::Red;
+        program.calibration.shown.instrumentName = QStringLiteral("TRX 1042");
+        program.calibration.shown.colour = LightColour::Red;
         program.calibration.addInstrument();
         program.calibration.select(0);
     }
@@ -105,8 +105,9 @@ TEST_F(AccessibilityTest, EveryTabOfTheSettings) {
                 << "on the tab " << tab << " for " << instrumentName(type).toStdString();
         }
     }
-    change(program.settings.record, [](LoggerSettings& record) { record.pointsPerBlock = QStringLiteral("99999"); });
-    program.settings.modeRemark = QStringLiteral("Saved as a.OCM.");
+    change(program.settings.shown.record,
+           [](LoggerSettings& record) { record.pointsPerBlock = QStringLiteral("99999"); });
+    program.settings.shown.modeRemark = QStringLiteral("Saved as a.OCM.");
     SettingsWindow& settings = openSettings();
     for (const char* tab : {"Sampling", "Modes"}) {
         settings.chooseTab(QString::fromLatin1(tab));
@@ -129,7 +130,7 @@ TEST_F(AccessibilityTest, TheManualConnectionDialog) {
     auto& dialog = find<QDialog>("ManualConnection");
     ASSERT_TRUE(dialog.isVisible());
     EXPECT_EQ(findingsIn(dialog, exemption), "");
-    ManualConnectionState& shown = program.manual.shown;
+    ManualConnectionState& shown = program.link.manual.shown;
     shown.startVisible = true;
     shown.proceedVisible = true;
     shown.retryEnabled = true;
@@ -137,9 +138,9 @@ TEST_F(AccessibilityTest, TheManualConnectionDialog) {
 }
 
 TEST_F(AccessibilityTest, TheProcessingDialog) {
-    program.progress.show();
-    program.progress.valueLabel = QStringLiteral("4711");
-    program.progress.percentage = QStringLiteral("12");
+    program.settings.progress.show();
+    program.settings.progress.valueLabel = QStringLiteral("4711");
+    program.settings.progress.percentage = QStringLiteral("12");
     auto& dialog = find<QDialog>("Processing");
     ASSERT_TRUE(dialog.isVisible());
     EXPECT_EQ(findingsIn(dialog, exemption), "");
@@ -270,7 +271,7 @@ TEST_F(WindowWalkTest, OneOptionOfAGroupIsEnough) {
 TEST_F(WindowTest, AValueIsSpokenWithItsName) {
     auto& status = find<QLabel>("Label20");
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&status)->text(QAccessible::Name).toStdString(), "Status: Offline");
-    program.session.status.status = QStringLiteral("Ready");
+    program.link.session.status.status = QStringLiteral("Ready");
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&status)->text(QAccessible::Name).toStdString(), "Status: Ready");
 }
 

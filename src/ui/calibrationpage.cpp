@@ -44,7 +44,7 @@ QLabel* makeHeading(const QString& text) {
 } // namespace
 
 CalibrationPage::CalibrationPage(Program& program)
-    : shown_(program.calibrationState)
+    : shown_(program.calibration.shown)
     , calibration_(program.calibration) {
     setObjectName(QStringLiteral("CalibrationPage"));
     auto* frame = makeFrame("Calibration TRX(S)");
@@ -278,9 +278,9 @@ TestingPage::TestingPage(Program& program) {
         "&Reset Shutter", "ResetShutter", [&program] { program.resetShutter(); },
         "Moves the shutter to its rest position; takes up to a minute and a half.");
     layout->addWidget(button, 0, Qt::AlignLeft);
-    bindEnabled(bindings_, button, program.session.commands.canResetShutter);
-    bindVisible(bindings_, button, program.session.commands.resetShutterVisible);
-    layout->addLayout(makeProgress(program.session.status));
+    bindEnabled(bindings_, button, program.link.session.commands.canResetShutter);
+    bindVisible(bindings_, button, program.link.session.commands.resetShutterVisible);
+    layout->addLayout(makeProgress(program.link.session.status));
     layout->addStretch();
 
     auto* pageLayout = new QVBoxLayout(this);

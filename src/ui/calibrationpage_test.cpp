@@ -32,7 +32,7 @@ protected:
         click("Command4");
     }
 
-    CalibrationState& shown = program.calibrationState;
+    CalibrationState& shown = program.calibration.shown;
     QWidget& page = find<QWidget>("CalibrationPage");
 };
 

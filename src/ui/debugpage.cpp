@@ -118,8 +118,8 @@ void DebugListModel::flush() {
 
 DebugPage::DebugPage(Program& program)
     : program_(program)
-    , debug_(program.debug)
-    , session_(program.session)
+    , debug_(program.link.debug)
+    , session_(program.link.session)
     , model_(debug_.list) {
     setObjectName(QStringLiteral("DebugPage"));
     auto* layout = new QHBoxLayout(this);
@@ -164,7 +164,7 @@ void DebugPage::addOutputControls(QHBoxLayout* layout) {
     connect(raw, &QRadioButton::clicked, this, [this] {
         debug_.rawBuffer = true;
         debug_.showParsing = false;
-        program_.ports.debugsay(QStringLiteral("Huh?"));
+        program_.link.ports.debugsay(QStringLiteral("Huh?"));
     });
     bindings_.bind(debug_.rawBuffer, [raw](bool selected) { raw->setChecked(selected); });
 
@@ -233,7 +233,7 @@ void DebugPage::makeHint(QListView* list) {
 void DebugPage::addDirectSend(QHBoxLayout* layout) {
     auto* text = makeBox("DirectSendText", "Is sent exactly as typed; nothing is added at its end.");
     auto* button = makeButton(
-        "&Direct Send", "DirectSend", [this, text] { program_.directSend.send(text->text()); },
+        "&Direct Send", "DirectSend", [this, text] { program_.link.directSend.send(text->text()); },
         "Sends the text to the instrument, if a port is open and nothing else is under way.");
     connect(text, &QLineEdit::returnPressed, button, &QPushButton::click);
     bindEnabled(bindings_, button, session_.commands.undisturbed);

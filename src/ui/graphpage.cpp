@@ -37,7 +37,7 @@ bool receives(Activity activity) {
 GraphPage::GraphPage(Program& program)
     : QGroupBox(QStringLiteral("Graphical"))
     , program_(program)
-    , sheet_(program.sheet)
+    , sheet_(program.sheet.data)
     , data_(sheet_)
     , canvas_(new PlotCanvas(data_))
     , list_(new CurveList)
@@ -69,7 +69,7 @@ GraphPage::GraphPage(Program& program)
                  })};
     refreshTimer_.setSingleShot(true);
     connect(&refreshTimer_, &QTimer::timeout, this, [this] { refreshNow(); });
-    bindings_.bind(program.session.commands.activity, [this](Activity activity) {
+    bindings_.bind(program.link.session.commands.activity, [this](Activity activity) {
         view_.setReceiving(receives(activity));
         canvas_->setLive(receives(activity));
         showMode();
@@ -281,7 +281,7 @@ void GraphPage::refreshTheme() {
 void GraphPage::savePicture(PictureFormat format) {
     const QString suffix = pictureSuffix(format);
     const QString name =
-        program_.questions.saveFileName(QStringLiteral("Save Picture"), program_.sheetState.fileName.value() + suffix,
+        program_.questions.saveFileName(QStringLiteral("Save Picture"), program_.sheet.shown.fileName.value() + suffix,
                                         suffix, QLatin1Char('*') + suffix);
     if (name.isEmpty()) {
         return;
@@ -319,7 +319,7 @@ void GraphPage::print() {
 }
 
 void GraphPage::tell(const QString& title, const QString& text) {
-    program_.session.messages.show(operatorWarning(text, title));
+    program_.link.session.messages.show(operatorWarning(text, title));
 }
 
 void GraphPage::showEvent(QShowEvent* event) {

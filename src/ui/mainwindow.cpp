@@ -65,12 +65,12 @@ MainWindow::MainWindow(Program& program, WindowEvents& events)
     makeShortcuts();
     resize(1000, 680);
 
-    auto* manual = new ManualConnectionDialog(program.manual, this);
+    auto* manual = new ManualConnectionDialog(program.link.manual, this);
     events.setManualDialog(manual);
-    new ProgressDialog(program.progress, this);
-    bindings_.bind(program.settings.visible, [this](bool visible) { showSettings(visible); });
-    subscriptions_.push_back(program_.settingsSender.mainWindowWanted.subscribe([this] { comeForward(); }));
-    subscriptions_.push_back(program_.connection.pollingEnded.subscribe([this] {
+    new ProgressDialog(program.settings.progress, this);
+    bindings_.bind(program.settings.shown.visible, [this](bool visible) { showSettings(visible); });
+    subscriptions_.push_back(program_.settings.sender.mainWindowWanted.subscribe([this] { comeForward(); }));
+    subscriptions_.push_back(program_.link.connection.pollingEnded.subscribe([this] {
         if (std::exchange(closeWhenPossible_, false)) {
             close();
         }
@@ -160,7 +160,7 @@ void MainWindow::addSimulationMarker(QLayout* row) {
     marker->setForegroundRole(QPalette::ToolTipText);
     marker->setMargin(3);
     row->addWidget(marker);
-    bindings_.bind(program_.portChoices.shown.simulation, [this, marker](const QString& text) {
+    bindings_.bind(program_.link.portChoices.shown.simulation, [this, marker](const QString& text) {
         marker->setText(text);
         marker->setVisible(!text.isEmpty());
         const QString title = QStringLiteral("ORV Host Program");
@@ -230,7 +230,7 @@ void MainWindow::makeMenus() {
     addItem(help, "&Contents", "Contents", [] {});
     addItem(help, "&About Orv Host ...", "About", [this] { showAbout(); });
 
-    const CommandState& commands = program_.session.commands;
+    const CommandState& commands = program_.link.session.commands;
     bindEnabled(bindings_, closePort, commands.closePortEnabled);
     bindVisible(bindings_, processing->menuAction(), commands.processingMenuVisible);
     bindVisible(bindings_, settingsMenu->menuAction(), commands.settingsMenuVisible);
@@ -254,7 +254,7 @@ void MainWindow::makeShortcuts() {
     QAction* save =
         addShortcut("Save As", "SaveAsShortcut", Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { program_.saveAs(); });
     QAction* run = addShortcut("Run", "RunShortcut", Qt::Key_F5, [this] { program_.run(); });
-    const CommandState& commands = program_.session.commands;
+    const CommandState& commands = program_.link.session.commands;
     bindEnabled(bindings_, open, commands.canOpenSheet);
     bindEnabled(bindings_, save, commands.canSaveAs);
     bindEnabled(bindings_, run, commands.canRun);
@@ -294,9 +294,9 @@ void MainWindow::makeConnectMenu(QMenu* operation) {
         {ConnectItems::Manual2, "Mau&nal Connect Comm 2", "ManualConnect2", [this] { program_.manualConnect(2); }},
     };
     QMenu* start = operation->addMenu(QStringLiteral("&Start Communication"));
-    const QProperty<bool>& undisturbed = program_.session.commands.undisturbed;
+    const QProperty<bool>& undisturbed = program_.link.session.commands.undisturbed;
     for (const auto& [item, text, name, connectNow] : items) {
-        const ConnectItem& state = program_.connection.items[item];
+        const ConnectItem& state = program_.link.connection.items[item];
         QAction* action = addItem(start, text, name, connectNow);
         action->setCheckable(true);
         // A click must not change the mark by itself, not even while the attempt goes on: the procedures set it.
@@ -353,15 +353,15 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (program_.settingsSender.isPolling()) {
+    if (program_.settings.sender.isPolling()) {
         QTimer::singleShot(100, this, [this] { close(); });
         return;
     }
-    if (program_.connection.isPolling()) {
+    if (program_.link.connection.isPolling()) {
         // The wake-up loop handles nothing of the operator's; the wish is kept until it has ended.
         closeWhenPossible_ = true;
-        if (program_.session.state.Seeking == 1) {
-            program_.manual.quit();
+        if (program_.link.session.state.Seeking == 1) {
+            program_.link.manual.quit();
         }
         return;
     }

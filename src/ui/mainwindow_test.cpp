@@ -53,7 +53,7 @@ TEST_F(WindowTest, TheConnectItemsStartTheirConnection) {
     for (const auto& [name, announcement] : items) {
         item(name).trigger();
         EXPECT_TRUE(said().starts_with(announcement)) << name;
-        program.connection.fixit();
+        program.link.connection.fixit();
         said();
     }
 }
@@ -134,7 +134,7 @@ TEST_F(WindowTest, WhatCanBePressedFollowsTheProcedures) {
         }
         return names;
     };
-    program.connection.fixit();
+    program.link.connection.fixit();
     EXPECT_EQ(enabled(), "AutoConnect1 ManualConnect2 Quit ");
     connectAndRead();
     EXPECT_EQ(enabled(), "AutoConnect1 ClosePort Quit DownloadView "
@@ -161,7 +161,7 @@ TEST_F(WindowTest, TheMenusOfAKnownInstrumentComeAndGo) {
         }
         return names;
     };
-    program.connection.fixit();
+    program.link.connection.fixit();
     EXPECT_EQ(shown(), "Operation Help ");
     connectAndRead();
     EXPECT_EQ(shown(), "Operation Processing Settings Help ");
@@ -255,7 +255,7 @@ TEST_F(TabsTest, OnlyTheStripOfTheShownPageLooksChosen) {
     EXPECT_EQ(program.pages.shown.value(), Page::Debug);
     EXPECT_FALSE(looksChosen(upper));
     EXPECT_TRUE(looksChosen(lower));
-    program.connection.fixit();
+    program.link.connection.fixit();
     EXPECT_TRUE(looksChosen(upper));
     EXPECT_FALSE(looksChosen(lower));
 }
@@ -305,7 +305,7 @@ TEST_F(TabsTest, AResetComesBackToTheUpperStripsPage) {
     clickTab(upper, 1);
     program.toggleServiceMode();
     clickTab(lower, 2);
-    program.connection.fixit();
+    program.link.connection.fixit();
     EXPECT_EQ(shownPages(), "SheetPage ");
 }
 

@@ -15,12 +15,12 @@ protected:
 
     void plug(const char* name, const char* description = "") {
         portList.plugged.push_back({QString::fromLatin1(name), QString::fromLatin1(description), QString()});
-        program.portChoices.refresh();
+        program.link.portChoices.refresh();
     }
 
     void unplugAll() {
         portList.plugged.clear();
-        program.portChoices.refresh();
+        program.link.portChoices.refresh();
     }
 
     std::string listed() const {
@@ -32,7 +32,7 @@ protected:
     }
 
     std::string shown() const { return edit.text().toStdString(); }
-    std::string device() const { return program.ports.device(1).toStdString(); }
+    std::string device() const { return program.link.ports.device(1).toStdString(); }
     std::string complaint() { return complaintLabel.isHidden() ? "" : complaintLabel.text().toStdString(); }
 
     PortChooser& chooser = find<PortChooser>("PortChooser1");
@@ -122,7 +122,7 @@ TEST_F(PortsBoxTest, WhatIsBeingTypedSurvivesPortsThatComeAndGo) {
     plug("ttyUSB0");
     expectKept();
     portList.plugged[1].description = QStringLiteral("Adapter");
-    program.portChoices.refresh();
+    program.link.portChoices.refresh();
     expectKept();
     edit.setSelection(0, 4);
     unplugAll();
@@ -219,7 +219,7 @@ TEST_F(PortsBoxTest, TheDebugOutputLocksItsPort) {
     EXPECT_FALSE(second.isEnabled());
     EXPECT_TRUE(second.toolTip().contains(QStringLiteral("debug output")));
     com2.failureReason = QStringLiteral("Gone.");
-    program.ports.debugsay(QStringLiteral("text"));
+    program.link.ports.debugsay(QStringLiteral("text"));
     EXPECT_TRUE(second.isEnabled());
 }
 

@@ -68,14 +68,14 @@ QFrame* makeLine() {
 QWidget* makeModesPage(Program& program) {
     auto* page = new SettingsPage("Modes", "ModesFrame");
     auto* english = new PlainEnglishWindow(page);
-    Modes& modes = program.modes;
+    Modes& modes = program.settings.modes;
     auto* profile = makeButton("&Profile", "Profile", [&modes] { modes.profile(); });
     auto* moored = makeButton("&Moored", "Moored", [&modes] { modes.moored(); });
     auto* save = makeButton("&Save A User Defined Mode", "SaveAUserDefinedMode", [&modes] { modes.saveMode(); });
     auto* load = makeButton("&Load A User Defined Mode", "LoadAUserDefinedMode", [&modes] { modes.loadMode(); });
     auto* view = makeButton("&View Current Settings Transcribed as Text", "ViewCurrentSettingsTranscribedAsText",
-                            [english, &record = program.settings.record] { english->open(record); });
-    auto* remark = makeShownText(page, "ModeRemark", "Mode file", program.settings.modeRemark);
+                            [english, &record = program.settings.shown.record] { english->open(record); });
+    auto* remark = makeShownText(page, "ModeRemark", "Mode file", program.settings.shown.modeRemark);
     remark->setWordWrap(true);
 
     auto* layout = makeGrid(16, 12, page);
@@ -99,7 +99,7 @@ QWidget* makeModesPage(Program& program) {
     layout->setRowStretch(7, 1);
 
     for (QPushButton* button : {profile, moored, load}) {
-        bindEnabled(page->bindings, button, program.session.commands.undisturbed);
+        bindEnabled(page->bindings, button, program.link.session.commands.undisturbed);
     }
     return page;
 }
@@ -124,10 +124,10 @@ QGroupBox* makeClock(SettingsPage* page, const QString& whose, const QString& to
 
 QWidget* makeTimeAndDatePage(Program& program) {
     auto* page = new SettingsPage("Time and Date", "TimeAndDateFrame");
-    SettingsState& shown = program.settings;
+    SettingsState& shown = program.settings.shown;
     auto* display = makeButton("&Display Logger Time/Date", "DisplayLoggerTimeDate",
-                               [&program] { program.settingsCommands.displayLoggerTime(); });
-    bindEnabled(page->bindings, display, program.session.commands.canCommand);
+                               [&program] { program.settings.commands.displayLoggerTime(); });
+    bindEnabled(page->bindings, display, program.link.session.commands.canCommand);
     const QString time = QStringLiteral("Time");
     const QString date = QStringLiteral("Date");
     auto* computer = makeClock(page, QStringLiteral("Computer"), QStringLiteral("This is the computers Time and Date."),
@@ -157,7 +157,7 @@ QWidget* makeControlBitsPage(Program& program) {
     auto* page = new SettingsPage("Control Bits", "ControlBitsFrame");
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(12);
-    QProperty<LoggerSettings>& record = program.settings.record;
+    QProperty<LoggerSettings>& record = program.settings.shown.record;
     for (const Setting* setting : settingsInOrder("SMLWAG")) {
         auto* box = new QCheckBox(QLatin1String(setting->caption));
         nameAfter(*setting, box);
@@ -176,7 +176,7 @@ QWidget* makeControlBitsPage(Program& program) {
     row->addWidget(lamp);
     row->addWidget(words, 1);
     layout->addLayout(row);
-    page->bindings.bind(program.settings.lamp, [lamp, words](Lamp now) {
+    page->bindings.bind(program.settings.shown.lamp, [lamp, words](Lamp now) {
         lamp->show(now);
         words->setText(lampText(now));
     });
@@ -204,10 +204,10 @@ public:
             layout->addWidget(button);
             // Only the operator's choice writes the preset; an option that a report selects must leave the text alone.
             connect(button, &QRadioButton::clicked, this,
-                    [&program, option] { program.settingsCommands.chooseSamplingOption(option); });
+                    [&program, option] { program.settings.commands.chooseSamplingOption(option); });
         }
         layout->addStretch(1);
-        bindings_.bind(program.session.status.instrument, [this](InstrumentType type) {
+        bindings_.bind(program.link.session.status.instrument, [this](InstrumentType type) {
             int option = 0;
             for (const SamplingPreset& preset : samplingPresets(type == InstrumentType::Glow)) {
                 QAbstractButton* button = group_.button(++option);
@@ -215,7 +215,7 @@ public:
                 button->setAccessibleName(preset.caption + QStringLiteral(" data points per second"));
             }
         });
-        bindings_.bind(program.settings.samplingOption, [this](int selected) { select(selected); });
+        bindings_.bind(program.settings.shown.samplingOption, [this](int selected) { select(selected); });
     }
 
 private:
@@ -246,7 +246,7 @@ void addNumbers(QGridLayout* layout, Program& program) {
         NumberBox* box = NumberBox::forDigits(setting.digits);
         nameAfter(setting, box);
         box->setAccessibleName(setting.plainCaption());
-        box->follow(program.settings.record, setting.number);
+        box->follow(program.settings.shown.record, setting.number);
         layout->addWidget(makeCaption(setting.caption, box), row, 0);
         layout->addWidget(box, row, 1);
         if (row == 0) {
@@ -275,8 +275,8 @@ QWidget* makeSamplesPage(Program& program) {
 
     const QString caption = QStringLiteral("Logger Capacity (% full)");
     auto* name = new QLabel(caption);
-    auto* capacity = makeShownText(page, "LoggerCapacity", caption, program.settings.capacity);
-    auto* pointer = makeShownText(page, "MemoryPointer", "Memory pointer", program.settings.memoryPointer);
+    auto* capacity = makeShownText(page, "LoggerCapacity", caption, program.settings.shown.capacity);
+    auto* pointer = makeShownText(page, "MemoryPointer", "Memory pointer", program.settings.shown.memoryPointer);
     for (QLabel* label : {name, capacity}) {
         label->setToolTip(QStringLiteral("This is the % of data memory used in the logger."));
     }
@@ -356,12 +356,12 @@ QGridLayout* makeAngles(SettingsState& shown) {
 
 QWidget* makeTrxCalibrationPage(Program& program) {
     auto* page = new SettingsPage("TRX Calibration: Offsets and B calculations", "TrxCalibrationFrame");
-    DeviceFiles& files = program.deviceFiles;
+    DeviceFiles& files = program.settings.deviceFiles;
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(20);
-    layout->addLayout(makeAngles(program.settings));
-    layout->addLayout(makeFoot(page, program.settings.trxProvideRawCounts, makeOption("Calc &B Values", "CalcBValues"),
-                               "TrxProvideRawCounts",
+    layout->addLayout(makeAngles(program.settings.shown));
+    layout->addLayout(makeFoot(page, program.settings.shown.trxProvideRawCounts,
+                               makeOption("Calc &B Values", "CalcBValues"), "TrxProvideRawCounts",
                                makeButton("&Load Device File", "Command6", [&files] { files.loadDeviceFile(); }),
                                makeButton("&Save Device File", "Command11", [&files] { files.saveDeviceFile(); })),
                       1);
@@ -370,7 +370,7 @@ QWidget* makeTrxCalibrationPage(Program& program) {
 
 QWidget* makeGlowCalibrationPage(Program& program) {
     auto* page = new SettingsPage("GLW Calibration: Offsets and B calculations", "GlowCalibrationFrame");
-    CalibrationBoxes& boxes = program.settings.glowCalibration;
+    CalibrationBoxes& boxes = program.settings.shown.glowCalibration;
     NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), boxes.offset);
     NumberBox* scale = makeBox(QStringLiteral("GlowScale"), QStringLiteral("ug/IC"), boxes.scale);
     // Reads as the formula by which counts become a concentration: counts less the offset, times the scale.
@@ -390,7 +390,7 @@ QWidget* makeGlowCalibrationPage(Program& program) {
     // Device files hold the scattering meter's six values; a fluorometer has none, so its two buttons do nothing.
     const auto nothing = [] {};
     constexpr const char* toolTip = "Device files are for the TRX only.";
-    layout->addLayout(makeFoot(page, program.settings.glowProvideRawCounts,
+    layout->addLayout(makeFoot(page, program.settings.shown.glowProvideRawCounts,
                                makeOption("Calc Consentration in &ug/L", "CalcConsentrationInUgL"),
                                "GlowProvideRawCounts", makeButton("&Load Device File", "Command13", nothing, toolTip),
                                makeButton("&Save Device File", "Command12", nothing, toolTip)),

@@ -70,13 +70,13 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
     clearforms();
 
     tabChosen_ = tabs_->tabChosen.subscribe([this](const QString& /*caption*/) { showFrame(); });
-    bindings_.bind(program.session.status.instrument, [this](InstrumentType type) {
+    bindings_.bind(program.link.session.status.instrument, [this](InstrumentType type) {
         // The frame stays when the type is only forgotten, so that nothing goes from under the operator's hands.
         if (tabs_->isChosen() && tabs_->currentIndex() == calibrationTab && type != InstrumentType::Unknown) {
             showFrame();
         }
     });
-    bindings_.bind(program.settings.visible, [this](bool on) {
+    bindings_.bind(program.settings.shown.visible, [this](bool on) {
         if (on) {
             present();
         } else {
@@ -86,10 +86,10 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
 }
 
 QLayout* SettingsWindow::makeButtons() {
-    SettingsCommands& commands = program_.settingsCommands;
+    SettingsCommands& commands = program_.settings.commands;
     auto* row = new QHBoxLayout;
     const auto add = [this, row](QPushButton* button) {
-        bindEnabled(bindings_, button, program_.session.commands.canCommand);
+        bindEnabled(bindings_, button, program_.link.session.commands.canCommand);
         row->addWidget(button);
     };
     add(makeButton(
@@ -102,7 +102,7 @@ QLayout* SettingsWindow::makeButtons() {
         "&Close", "Close",
         [this] {
             mainWindowWanted.tell();
-            program_.settings.visible = false;
+            program_.settings.shown.visible = false;
         },
         "Verify that settings are correct before closing this window"));
     return row;
@@ -131,7 +131,7 @@ void SettingsWindow::chooseTab(const QString& caption) {
 }
 
 void SettingsWindow::present() {
-    program_.settings.visible = true;
+    program_.settings.shown.visible = true;
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
@@ -143,7 +143,7 @@ void SettingsWindow::clearforms() {
 }
 
 void SettingsWindow::showFrame() {
-    const InstrumentType type = program_.session.status.instrument;
+    const InstrumentType type = program_.link.session.status.instrument;
     QWidget* frame = frames_->widget(tabs_->currentIndex());
     if (tabs_->currentIndex() == calibrationTab && type != InstrumentType::Trx) {
         frame = type == InstrumentType::Glow ? glowFrame_ : noTypeHint_;
@@ -152,7 +152,7 @@ void SettingsWindow::showFrame() {
 }
 
 void SettingsWindow::closeEvent(QCloseEvent* event) {
-    program_.settings.visible = false;
+    program_.settings.shown.visible = false;
     QWidget::closeEvent(event);
 }
 

@@ -99,8 +99,8 @@ public:
 } // namespace
 
 SheetPage::SheetPage(Program& program)
-    : shown_(program.sheetState)
-    , model_(program.sheet)
+    : shown_(program.sheet.shown)
+    , model_(program.sheet.data)
     , grid_(new QTableView) {
     setObjectName(QStringLiteral("SheetPage"));
 
@@ -126,7 +126,7 @@ SheetPage::SheetPage(Program& program)
     refreshTimer_.setSingleShot(true);
     refreshTimer_.setInterval(refreshDelay);
     connect(&refreshTimer_, &QTimer::timeout, this, [this] { refreshNow(); });
-    DataSheet& sheet = program.sheet;
+    DataSheet& sheet = program.sheet.data;
     subscriptions_ = {sheet.rowAppended.subscribe([this] { schedule(); }), sheet.headerChanged.subscribe([this] {
                           model_.noteHeader();
                           schedule();
@@ -162,7 +162,7 @@ QLayout* SheetPage::makeBar(Program& program) {
         "Open a saved sheet. It replaces what is on the Spread Sheet. (Ctrl+O)");
     auto* clear = makeButton(
         "&Clear All", "Command9", [&program] { program.clearAll(); }, "Clears the Spread Sheet of all data.");
-    const CommandState& commands = program.session.commands;
+    const CommandState& commands = program.link.session.commands;
     bindEnabled(bindings_, save, commands.canSaveAs);
     bindEnabled(bindings_, open, commands.canOpenSheet);
     bindEnabled(bindings_, clear, commands.canClearAll);

@@ -47,14 +47,14 @@ TEST_F(ShortcutsTest, OpenWorksOnEveryPage) {
 
 TEST_F(ShortcutsTest, SaveAsWorksOnEveryPageOnceItsButtonDoes) {
     program.toggleServiceMode();
-    program.connection.fixit();
+    program.link.connection.fixit();
     expectOnEveryPage(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier, "");
     connectAndComeForward();
     expectOnEveryPage(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier, "Save Spread Sheet\r");
 }
 
 TEST_F(ShortcutsTest, RunStartsARunFromAnyPage) {
-    program.connection.fixit();
+    program.link.connection.fixit();
     said();
     press(Qt::Key_F5, Qt::NoModifier);
     EXPECT_EQ(said(), "") << "nothing is connected";

@@ -30,7 +30,7 @@ int widthOf(const QLabel& value, const QString& text) {
 
 NewestRowScreen::NewestRowScreen(const Program& program)
     : QGroupBox(QStringLiteral("Newest row"))
-    , sheet_(program.sheet)
+    , sheet_(program.sheet.data)
     , empty_(new QLabel(QStringLiteral("No rows yet. Connect, then press Run."))) {
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(32);
@@ -60,7 +60,7 @@ NewestRowScreen::NewestRowScreen(const Program& program)
     drawTimer_.setSingleShot(true);
     drawTimer_.setInterval(drawDelay);
     connect(&drawTimer_, &QTimer::timeout, this, [this] { draw(); });
-    bindings_.bind(program.sheetState.counter, [this](const QString&) {
+    bindings_.bind(program.sheet.shown.counter, [this](const QString&) {
         if (isVisible() && !drawTimer_.isActive()) {
             drawTimer_.start();
         }
@@ -104,8 +104,8 @@ StatusPage::StatusPage(Program& program) {
         }
     });
     auto* left = new QVBoxLayout;
-    left->addWidget(makeStatusBox(program.session.status));
-    left->addWidget(new PortsBox(program.portChoices));
+    left->addWidget(makeStatusBox(program.link.session.status));
+    left->addWidget(new PortsBox(program.link.portChoices));
     left->addWidget(makeInstrumentBox(program));
     left->addWidget(new NewestRowScreen(program));
     left->addStretch(1);
@@ -168,7 +168,7 @@ QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
         form->addRow(caption, counts_.back());
         return counts_.back();
     };
-    const StatusState& status = program.session.status;
+    const StatusState& status = program.link.session.status;
     auto* instrument = addRow(QStringLiteral("Instrument:"), "InstrumentLabel");
     bindText(bindings_, addRow(QStringLiteral("Firmware Ver."), "FirmwareLabel"), status.firmware);
     bindText(bindings_, addRow(QStringLiteral("Date"), "Label23"), status.date);
@@ -177,7 +177,7 @@ QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
     bindText(bindings_, addRow(QStringLiteral("Bytes downloaded"), "DownloadedBytes"), status.downloadedBytes);
     auto* buffer = addCount(QStringLiteral("Buffer"), "BufferLabel", "Characters in the receive buffer", 1.0);
     bindings_.bind(status.instrument, [instrument](InstrumentType type) { instrument->setText(instrumentName(type)); });
-    bindings_.bind(program.sheetState.counter, [this, rows](const QString& text) { setCount(rows, text); });
+    bindings_.bind(program.sheet.shown.counter, [this, rows](const QString& text) { setCount(rows, text); });
     bindings_.bind(status.bufferCount, [this, buffer](int count) { setCount(buffer, QString::number(count)); });
     return box;
 }
@@ -207,7 +207,7 @@ QGroupBox* StatusPage::makeControlsBox(Program& program) {
         button->setMinimumSize(150, 38);
         layout->addWidget(button);
     }
-    const CommandState& commands = program.session.commands;
+    const CommandState& commands = program.link.session.commands;
     bindEnabled(bindings_, run, commands.canRun);
     bindVisible(bindings_, run, commands.runVisible);
     bindEnabled(bindings_, reset, commands.resetEnabled);

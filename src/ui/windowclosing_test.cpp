@@ -177,7 +177,7 @@ protected:
         connectAndRead();
         program.run();
         receiveRow();
-        ASSERT_EQ(program.sheet.rowCount(), 1);
+        ASSERT_EQ(program.sheet.data.rowCount(), 1);
         said();
     }
 
@@ -207,7 +207,7 @@ TEST_F(ClosingTest, ACancelledSaveKeepsTheWindowAndTheRun) {
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
     receiveRow();
-    EXPECT_EQ(program.sheet.rowCount(), 2);
+    EXPECT_EQ(program.sheet.data.rowCount(), 2);
 }
 
 TEST_F(ClosingTest, QuitAnnouncesItselfAndSaves) {

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "link/link.h"
+#include "settings/devicefiles.h"
+#include "settings/modes.h"
+#include "settings/settingsreader.h"
+#include "settings/settingssender.h"
+
+namespace orv {
+
+/// The instrument's settings and clock: what the settings screen shows, and what reads and writes it.
+struct Settings {
+    Settings(Link& link, OperatorQuestions& questions)
+        : reader(link, shown, progress)
+        , clock(link.session, link.ports, link.debug, shown)
+        , sender(link, shown, progress)
+        , commands(link.session, link.ports, shown, progress, sender)
+        , modes(link.session, link.ports, shown, sender, questions)
+        , deviceFiles(link.session, shown, questions) {}
+
+    SettingsState shown;
+    ProgressState progress;
+    SettingsReader reader;
+    ClockDisplay clock;
+    SettingsSender sender;
+    SettingsCommands commands;
+    Modes modes;
+    DeviceFiles deviceFiles;
+};
+
+} // namespace orv
