@@ -52,8 +52,8 @@ namespace {
 /// costs nothing and is not told of; the next take() tries again.
 class LogindInhibitor final : public SleepInhibitor {
 public:
-    explicit LogindInhibitor(const QString& busAddress)
-        : address_(busAddress) {}
+    explicit LogindInhibitor(QString busAddress)
+        : address_(std::move(busAddress)) {}
     ~LogindInhibitor() override { letGo(); }
 
     void take() override {
