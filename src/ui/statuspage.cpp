@@ -119,6 +119,9 @@ QGroupBox* StatusPage::makeStatusBox(const StatusState& shown) {
     enlarge(status, 2.2);
     auto* shutter = makeReadOnlyBox("Text38", "Shutter reset progress", "The step of the shutter reset under way.");
     shutter->setFrame(false);
+    QPalette transparent;
+    transparent.setColor(QPalette::Base, Qt::transparent);
+    shutter->setPalette(transparent);
     shutter->setFixedWidth(
         shutter->fontMetrics().horizontalAdvance(QStringLiteral("Restoring Orignal Settings 00000000")));
     auto* countdown = makeValueLabel("ShutterCountdown", "Time the shutter still moves");

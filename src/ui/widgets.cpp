@@ -62,7 +62,7 @@ QLineEdit* makeReadOnlyBox(QAnyStringView name, QAnyStringView accessibleName, Q
     QLineEdit* box = makeBox(name, toolTip, accessibleName);
     box->setReadOnly(true);
     QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Base, box->palette().color(QPalette::Window));
     box->setPalette(palette);
     return box;
 }
