@@ -209,6 +209,7 @@ Connection::WakeUp Connection::wakeUp() {
     qint64 start = clock.monotonicMilliseconds();
     qint64 lastResponsive = start;
     QString reply;
+    state.Rtn.clear();
     state.Vartemp.clear();
     const auto showFirmware = [this, &state, &reply] {
         // The reply is the type letter, the firmware's digits and CR.
@@ -223,8 +224,9 @@ Connection::WakeUp Connection::wakeUp() {
         while (true) {
             ports_.waitForInput(1);
             const QByteArray block = ports_.readAll();
-            reply += QString::fromLatin1(block);
-            state.Rtn = reply;
+            const QString text = QString::fromLatin1(block);
+            reply += text;
+            state.Rtn += text; // not the reply itself: that would copy it in each pass
             if (state.Vartemp.isEmpty() && block.contains('V')) {
                 state.Vartemp = QStringLiteral("V");
             }
