@@ -78,6 +78,7 @@ TEST_P(ShutterInterrupted, ByAPulledCable) {
         pulledAt = clock.monotonicMilliseconds();
     });
     EXPECT_LE(stepBegan - pulledAt, 1010) << "noticed late"; // the last step is the empty text
+    EXPECT_EQ(resets, 1);
     expectOffline();
     expectEnded();
     expectTold();
@@ -177,11 +178,13 @@ TEST_F(ShutterEnds, WhileRestoringPutsTheSettingsBackOnTheScreen) {
     EXPECT_TRUE(timer.isRunning());
     ASSERT_EQ(messages.shown.size(), 2U);
     EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("may still hold the temporary settings")));
+    EXPECT_TRUE(messages.shown[1].text.contains(QStringLiteral("Invalid argument")));
 }
 
 TEST_F(ShutterEnds, TheHundredAndFiftiethReportLineEndsItLikeAReset) {
     state.Timeout = 145;
     resetShutter();
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_EQ(written(), "P");
     EXPECT_TRUE(timer.isRunning());

@@ -61,6 +61,7 @@ TEST_P(ShutterPtyTest, UnpluggedInEachWait) {
     };
     bench->resetShutter();
     EXPECT_EQ(bench->line->writes.size(), writes) << "something was sent into the void";
+    EXPECT_EQ(bench->resets, 1);
     bench->expectOffline();
     EXPECT_TRUE(bench->timer.isRunning());
     if (GetParam().temporarySent) {

@@ -72,13 +72,24 @@ TEST_F(ShutterResetTest, CanBeUsedAgainWhenTheRestoredSettingsHaveBeenRead) {
     EXPECT_EQ(progressTexts.at(1).toStdString(), "Getting Settings 1") << "the count starts afresh";
 }
 
+TEST_F(ShutterResetTest, RestoresEachFlag) {
+    line->write("B");
+    line->write("111111");
+    clock.advance(100);
+    line->discardInput();
+    line->writes.clear();
+    resetShutter();
+    EXPECT_EQ(written(), QByteArray("P") + temporaryItems + "PrB111111T30\rD2\rQ100\rI5\rP");
+    EXPECT_TRUE(report().contains("S1\r\nG1\r\nA1\r\nL1\r\nW1\r\nM1\r\nT30\r\n"));
+    EXPECT_TRUE(messages.shown.empty());
+}
+
 TEST_F(ShutterResetTest, AnOldReportDoesNotAllowItOnANewConnection) {
     resetShutter();
     fixit();
-    connectAndRead();
+    autoConnect();
     commands.resetShutterEnabled = false;
-    program.settings.commands.retrieveSettings();
-    live(1.0F);
+    live(2.0F);
     EXPECT_EQ(settings.lamp.value(), Lamp::Read);
     EXPECT_FALSE(commands.resetShutterEnabled);
 }

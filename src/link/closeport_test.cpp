@@ -55,6 +55,7 @@ TEST_F(ClosePort, takesBackWhatTheConnectionHasShown) {
     EXPECT_EQ(state.Tmr, 1);
     EXPECT_EQ(state.Portused, 1);
     EXPECT_EQ(state.Vartemp, QStringLiteral("V"));
+    EXPECT_EQ(resets, 0);
 }
 
 TEST_F(ClosePort, announcesItselfAndClosesTheRecordFileBeforeThePort) {
@@ -117,7 +118,7 @@ TEST_F(ClosePort, endsAConnectionInItsWakeUpPulseWithoutAnotherWord) {
     EXPECT_EQ(commands.activity.value(), Activity::None);
     EXPECT_FALSE(items.checked(ConnectItems::Auto1));
     EXPECT_EQ(state.Portused, 0);
-    EXPECT_EQ(sheet.type().layout(), RowLayout::Unknown);
+    EXPECT_EQ(identifications, 0);
     EXPECT_FALSE(manual.shown.visible.value());
 }
 
@@ -130,7 +131,7 @@ TEST_F(ClosePort, endsAConnectionBetweenReplyAndRequestWithoutAnotherWord) {
     };
     autoConnect(2);
     EXPECT_TRUE(com2.writes.empty());
-    EXPECT_EQ(sheet.type().layout(), RowLayout::Unknown);
+    EXPECT_EQ(identifications, 0);
     EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
     EXPECT_FALSE(items.checked(ConnectItems::Auto2));
 }
@@ -165,6 +166,7 @@ TEST_F(AbortRun, onlyAnnouncesItselfOnAClosedPort) {
     items[ConnectItems::Auto1].checked = true;
     abort2();
     EXPECT_EQ(said(), "Abort 2\rAbort Run Function\r") << "no reset";
+    EXPECT_EQ(resets, 0);
     EXPECT_FALSE(commands.runEnabled.value());
     EXPECT_TRUE(items.checked(ConnectItems::Auto1));
 }
@@ -185,6 +187,7 @@ TEST_F(AbortRun, resetsAndWakesTheInstrumentAgainOnComm1) {
     EXPECT_TRUE(items[ConnectItems::Auto1].enabled.value());
     EXPECT_FALSE(items[ConnectItems::Manual1].enabled.value());
     EXPECT_TRUE(commands.runEnabled.value());
+    EXPECT_EQ(resets, 1);
 }
 
 TEST_F(AbortRun, resetsAndWakesTheInstrumentAgainOnComm2) {
@@ -198,6 +201,7 @@ TEST_F(AbortRun, resetsAndWakesTheInstrumentAgainOnComm2) {
     EXPECT_EQ(ports.selectedPort(), 2);
     EXPECT_TRUE(items.checked(ConnectItems::Auto2));
     EXPECT_EQ(com1.dtr.size(), 4) << "closed and opened again";
+    EXPECT_EQ(resets, 1);
 }
 
 TEST_F(AbortRun, showsTheManualDialogAgainAfterAManualConnection) {
@@ -217,6 +221,7 @@ TEST_F(AbortRun, showsTheManualDialogAgainAfterAManualConnection) {
         EXPECT_TRUE(rig.manual.shown.visible.value());
         EXPECT_TRUE(rig.manual.shown.text.value().startsWith(
             QStringLiteral("To start manual connection on Comm %1, click Proceed.").arg(port)));
+        EXPECT_EQ(rig.resets, 1);
         EXPECT_EQ(rig.state.gatherstart, 0);
         EXPECT_EQ(rig.state.Gatherstop, 0);
     }
@@ -245,6 +250,7 @@ TEST_F(AbortRun, takesTheFirstCheckedItemAndNoOther) {
     items[ConnectItems::Auto2].checked = true;
     items[ConnectItems::Manual1].checked = true;
     abort2();
+    EXPECT_EQ(resets, 1);
     EXPECT_TRUE(items.checked(ConnectItems::Auto2));
     EXPECT_FALSE(items.checked(ConnectItems::Manual1));
     EXPECT_EQ(ports.selectedPort(), 2);
@@ -255,6 +261,7 @@ TEST_F(AbortRun, onlyEnablesRunWhenNoItemIsChecked) {
     abort2();
     EXPECT_TRUE(commands.runEnabled.value());
     EXPECT_TRUE(ports.isOpen());
+    EXPECT_EQ(resets, 0);
 }
 
 TEST_F(AbortRun, endsInTheFailureDialogWhenNothingAnswers) {

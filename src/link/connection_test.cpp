@@ -183,6 +183,7 @@ TEST_F(Connecting, endsLikeAResetWhenThePortCannotBeOpened) {
     autoConnect();
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].text, QStringLiteral("COM 1 (ttyA) could not be opened.\n\nReason."));
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_EQ(state.Portused, 0);
     EXPECT_EQ(events.yields, 0);
@@ -195,6 +196,7 @@ TEST_F(Connecting, closesTheDialogWhenAManualConnectionCannotOpenThePort) {
     manual.proceed();
     pressStart();
     EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_FALSE(manual.shown.visible.value());
 }
@@ -207,6 +209,7 @@ TEST_F(Connecting, isToldOnceWhenTheLineFailsInTheWakeUpPulse) {
     };
     autoConnect();
     EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_FALSE(manual.shown.visible.value());
 }
@@ -218,6 +221,7 @@ TEST_F(Connecting, isToldOnceWhenTheLineFailsWhileItWaitsForTheReply) {
     };
     autoConnect(2);
     EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_EQ(pollingEnds, 1);
     EXPECT_FALSE(program.isPolling());

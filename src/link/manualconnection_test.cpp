@@ -146,6 +146,7 @@ TEST_F(ManualConnection, resetsEverythingOnQuit) {
     ports.open();
     manual.show();
     manual.quit();
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_FALSE(manual.shown.visible.value());
 }
@@ -153,6 +154,7 @@ TEST_F(ManualConnection, resetsEverythingOnQuit) {
 TEST_F(ManualConnection, resetsWhenItsWindowIsClosedBeforeTheInstrumentIsConnected) {
     manual.show();
     manual.closed();
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_FALSE(manual.shown.visible.value());
 }
@@ -165,6 +167,7 @@ TEST_F(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedWithTheInstrumentConne
         rig.manual.show();
         rig.state.Ctrlscrn = operation;
         rig.manual.closed();
+        EXPECT_EQ(rig.resets, 0);
         EXPECT_TRUE(rig.ports.isOpen());
         EXPECT_FALSE(rig.manual.shown.visible.value());
     }
@@ -176,6 +179,7 @@ TEST_F(ManualConnection, onlyGoesAwayWhenItsWindowIsClosedAfterADownload) {
     state.Ctrlscrn = Operation::Idle;
     manual.show();
     manual.closed();
+    EXPECT_EQ(resets, 0);
     EXPECT_TRUE(ports.isOpen());
     EXPECT_FALSE(manual.shown.visible.value());
 }
@@ -191,6 +195,7 @@ TEST_F(ManualConnection, connectsWhenThePowerComesOnAfterAnyTime) {
     EXPECT_EQ(status.firmware.value(), QStringLiteral("412"));
     EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
     EXPECT_EQ(state.Seeking, 0);
+    EXPECT_EQ(resets, 0);
     EXPECT_FALSE(manual.shown.visible.value());
     EXPECT_TRUE(ports.isOpen());
     EXPECT_GE(clock.monotonicMilliseconds(), 60000);
@@ -212,9 +217,10 @@ TEST_F(ManualConnection, seeksWithoutLimitUntilQuit) {
     EXPECT_LT(clock.monotonicMilliseconds(), 60100) << "the loop ends at once";
     EXPECT_FALSE(program.isPolling());
     EXPECT_EQ(pollingEnds, 1);
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_TRUE(com1.writes.empty());
-    EXPECT_EQ(sheet.type().layout(), RowLayout::Unknown);
+    EXPECT_EQ(identifications, 0);
     EXPECT_FALSE(manual.shown.visible.value());
 }
 
@@ -223,6 +229,7 @@ TEST_F(ManualConnection, endsWhenItsWindowIsClosedWhileItSeeks) {
     manual.proceed();
     events.whileResponsive = [this](bool) { manual.closed(); };
     pressStart();
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_TRUE(com1.writes.empty());
 }
@@ -240,6 +247,7 @@ TEST_F(ManualConnection, leavesNoEndlessSearchBehindForALaterAutomaticAttempt) {
     autoConnect(2); // silent: the port stays open
     manual.proceed();
     pressStart(); // does nothing on an open port
+    EXPECT_EQ(state.Seeking, 0) << "cleared by the end of Start alone";
     program.closePort();
     int calls = 0;
     events.whileResponsive = [&](bool) { events.ending = ++calls > 2000; };

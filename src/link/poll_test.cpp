@@ -296,6 +296,7 @@ TEST_F(PollTest, meetsAFailureOnlyAfterEveryLineThatArrivedBefore) {
     take("");
     EXPECT_FALSE(ports.isOpen());
     EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(resets, 1);
     expectOffline();
 }
 

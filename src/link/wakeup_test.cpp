@@ -47,6 +47,7 @@ TEST_F(WakeUp, takesTypeAndFirmwareFromTheFirstReply) {
         EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
         EXPECT_EQ(rig.com1.allWritten(), "P");
         EXPECT_EQ(rig.sheet.type().letter, QLatin1String(row.type));
+        EXPECT_EQ(rig.identifications, 1);
         EXPECT_NE(rig.sheet.type().layout(), RowLayout::Unknown) << "the header row is laid out";
     }
 }
@@ -176,7 +177,7 @@ TEST_F(WakeUp, failsAfterFiveSecondsOfSilence) {
     EXPECT_EQ(state.Portused, 2);
     EXPECT_TRUE(ports.isOpen());
     EXPECT_TRUE(com2.writes.empty());
-    EXPECT_EQ(sheet.type().layout(), RowLayout::Unknown);
+    EXPECT_EQ(identifications, 0);
     EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
     EXPECT_EQ(commands.activity.value(), Activity::None);
     EXPECT_TRUE(messages.shown.empty());
@@ -245,6 +246,7 @@ TEST_F(WakeUp, isRepeatedByRetryAfterClosePort) {
 TEST_F(WakeUp, isEndedByQuitOfTheFailureDialog) {
     autoConnect(2);
     manual.quit();
+    EXPECT_EQ(resets, 1);
     expectOffline();
 }
 
@@ -254,7 +256,7 @@ TEST_F(WakeUp, endsWithTheProgram) {
     EXPECT_EQ(events.responsive, 1);
     EXPECT_TRUE(com2.writes.empty());
     EXPECT_FALSE(manual.shown.visible.value());
-    EXPECT_EQ(sheet.type().layout(), RowLayout::Unknown);
+    EXPECT_EQ(identifications, 0);
 }
 
 TEST_F(WakeUp, endsWithTheProgramInThePulse) {

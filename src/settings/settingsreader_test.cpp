@@ -240,8 +240,15 @@ TEST_F(GetPrefsTest, The150thCallOfTheProgramGivesUp) {
     }
     ASSERT_EQ(saidBriefly().find("(reset)"), std::string::npos);
     progress.value = 33;
+    status.status = QStringLiteral("Ready");
+    QStringList statusTexts;
+    const auto watching = status.status.addNotifier([&] { statusTexts << status.status.value(); });
     take("S0");
-    EXPECT_EQ(saidBriefly(), "Get Prefs\r(reset)\r");
+    EXPECT_EQ(statusTexts, QStringList{QStringLiteral("Offline")}) << "not \"Loading Properties\" before";
+    const std::string dump = said();
+    EXPECT_TRUE(dump.starts_with("Get Prefs\rReset Everything AKA FIXIT\r"));
+    EXPECT_TRUE(dump.ends_with("Portused  1\r")) << "the port is told before the reset";
+    EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_EQ(state.Portused, 1);
     EXPECT_FALSE(progress.visible);

@@ -273,6 +273,7 @@ TEST_F(SetPrefsTest, APulledCableEndsItWithOneMessage) {
     };
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
     EXPECT_EQ(written(), wholeSending.first(5));
+    EXPECT_EQ(resets, 1);
     expectOffline();
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown.front().text.contains(QStringLiteral("gone")));

@@ -86,6 +86,8 @@ public:
     WatchedPort* line = nullptr;    ///< The port made last.
     std::function<void()> lineMade; ///< Called when there is another.
     int pollingEnds = 0;            ///< How many loops that do not yield have ended in the connection.
+    int identifications = 0;
+    int resets = 0;
 
 private:
     LineMaker makeLine_;
@@ -93,7 +95,12 @@ private:
 public:
     Program program;
 
-    Subscription countingPolls = program.link.connection.pollingEnded.subscribe([this] { ++pollingEnds; });
+    Subscription countingPolls = program.link.connection.pollingEnded.subscribe([this] {
+        ++pollingEnds;
+        EXPECT_FALSE(program.isPolling());
+    });
+    Subscription countingIdentifications = program.link.connection.identified.subscribe([this] { ++identifications; });
+    Subscription countingResets = program.link.connection.wasReset.subscribe([this] { ++resets; });
 
     Session& session = program.link.session;
     SessionState& state = session.state;
