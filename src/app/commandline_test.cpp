@@ -3,12 +3,11 @@
 
 #include "link/systemport.h"
 #include "simulator/simulatedport.h"
+#include "testing/folder.h"
+#include "testing/processes.h"
 #include "testing/testclock.h"
 
 #include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -18,21 +17,10 @@ namespace {
 
 class DocumentsFolder : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_TRUE(folder_.isValid()); }
-    void TearDown() override { QDir::setCurrent(before_); }
-
-    QString path(const char* name) const { return folder_.filePath(QString::fromLatin1(name)); }
-
-    void makeFile(const char* name) const {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-
+    QString path(const char* name) const { return folder.path(name); }
     static std::string current() { return QDir(QDir::currentPath()).canonicalPath().toStdString(); }
 
-private:
-    QString before_ = QDir::currentPath();
-    QTemporaryDir folder_;
+    OwnFolder folder;
 };
 
 TEST_F(DocumentsFolder, AMissingFolderIsMadeAndNothingIsLeftInIt) {
@@ -43,7 +31,7 @@ TEST_F(DocumentsFolder, AMissingFolderIsMadeAndNothingIsLeftInIt) {
 }
 
 TEST_F(DocumentsFolder, AFolderThatTakesNoFilesIsPassedOver) {
-    makeFile("file");
+    fill(path("file"), {});
     ASSERT_TRUE(QDir().mkpath(path("home")));
     QStringList uselessFolders{QString(), path("file"), path("file/Documents")};
 #ifdef Q_OS_LINUX
@@ -56,7 +44,7 @@ TEST_F(DocumentsFolder, AFolderThatTakesNoFilesIsPassedOver) {
 }
 
 TEST_F(DocumentsFolder, WithoutAnyTheCurrentFolderStays) {
-    makeFile("file");
+    fill(path("file"), {});
     const std::string before = current();
     EXPECT_EQ(enterFirstWritable({path("file"), path("file/Documents")}).toStdString(), "");
     EXPECT_EQ(enterFirstWritable({}).toStdString(), "");
@@ -64,31 +52,21 @@ TEST_F(DocumentsFolder, WithoutAnyTheCurrentFolderStays) {
 }
 
 TEST_F(DocumentsFolder, TheProgramLeavesItsFilesThere) {
-    constexpr int patience = 100'000; // milliseconds
     ASSERT_TRUE(QDir().mkpath(path("home")));
     ASSERT_TRUE(QDir().mkpath(path("elsewhere")));
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), path("home"));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), path("home/.config"));
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(path("elsewhere"));
-    process.start(QStringLiteral(ORVHOST_PATH),
-                  {QStringLiteral("--documents"), QStringLiteral("--com1"), QStringLiteral("sim:glow?rate=100&baud=0"),
-                   QStringLiteral("--demo"), QStringLiteral("shown")});
-    ASSERT_TRUE(process.waitForFinished(patience));
-    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    const Ended ended = runToEnd(QStringLiteral(ORVHOST_PATH),
+                                 QStringLiteral("--documents --com1 sim:glow?rate=100&baud=0 --demo shown"),
+                                 {{QStringLiteral("HOME"), path("home")},
+                                  {QStringLiteral("XDG_CONFIG_HOME"), path("home/.config")},
+                                  {QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")}},
+                                 path("elsewhere"));
+    EXPECT_EQ(ended.status, 0) << ended.error;
 #ifdef Q_OS_LINUX // where the Documents folder follows from these variables
     EXPECT_TRUE(QFile::exists(path("home/Documents/shown/log.ohp")));
     EXPECT_TRUE(QFile::exists(path("home/Documents/shown/Orvtemp.tmp")));
 #endif
     EXPECT_TRUE(QDir(path("elsewhere")).isEmpty());
 }
-
-} // namespace
-
-namespace {
 
 CommandLine read(const QStringList& arguments) {
     return readCommandLine(QStringList{QStringLiteral("orvhost")} + arguments, QStringLiteral("1.2.3"));
@@ -102,11 +80,9 @@ TEST(CommandLine, WithoutOptionsTheSystemsOwnFirstTwoPortsAreUsed) {
     const CommandLine line = read({});
     EXPECT_EQ(line.wish, CommandLine::Wish::Run);
 #ifdef Q_OS_WIN
-    EXPECT_EQ(line.com1.toStdString(), "COM1");
-    EXPECT_EQ(line.com2.toStdString(), "COM2");
+    EXPECT_EQ((line.com1 + u' ' + line.com2).toStdString(), "COM1 COM2");
 #else
-    EXPECT_EQ(line.com1.toStdString(), "ttyS0");
-    EXPECT_EQ(line.com2.toStdString(), "ttyS1");
+    EXPECT_EQ((line.com1 + u' ' + line.com2).toStdString(), "ttyS0 ttyS1");
 #endif
     EXPECT_FALSE(line.debugOutput);
     EXPECT_EQ(line.demoFolder.toStdString(), "");
@@ -137,26 +113,24 @@ TEST(CommandLine, HelpAndVersionAreTexts) {
 }
 
 TEST(CommandLine, WhatIsNotUnderstoodIsRefusedWithItsReason) {
-    const std::pair<const char*, const char*> refused[] = {
-        {"--com3 ttyS0", "com3"},
-        {"--loud", "loud"},
-        {"-x", "x"},
-        {"--com1", "com1"},
-        {"--demo", "demo"},
-        {"--demo=", "--demo needs a folder"},
-        {"--debug-output=yes", "debug-output"},
-        {"--documents=/tmp", "documents"},
-        {"ttyUSB0", "\"ttyUSB0\""},
-        {"--com1 ttyS0 sim:glow", "\"sim:glow\""},
-        {"--com1=", "is no device"},
-        {"--com2 /dev/", "\"/dev/\" is no device"},
-        {"--com1 sim:boat", "sim:boat"},
-        {"--com1 sim:", "sim:"},
-        {"--com2 sim:trx?rate=no", "rate"},
-        {"--com2 sim:trx?colour=red", "colour"},
-        {"--com1 sim:trx?fault=rust", "fault"},
-        {"--com1 sim:trx?after=50%", "after"},
-    };
+    const std::pair<const char*, const char*> refused[] = {{"--com3 ttyS0", "com3"},
+                                                           {"--loud", "loud"},
+                                                           {"-x", "x"},
+                                                           {"--com1", "com1"},
+                                                           {"--demo", "demo"},
+                                                           {"--demo=", "--demo needs a folder"},
+                                                           {"--debug-output=yes", "debug-output"},
+                                                           {"--documents=/tmp", "documents"},
+                                                           {"ttyUSB0", "\"ttyUSB0\""},
+                                                           {"--com1 ttyS0 sim:glow", "\"sim:glow\""},
+                                                           {"--com1=", "is no device"},
+                                                           {"--com2 /dev/", "\"/dev/\" is no device"},
+                                                           {"--com1 sim:boat", "sim:boat"},
+                                                           {"--com1 sim:", "sim:"},
+                                                           {"--com2 sim:trx?rate=no", "rate"},
+                                                           {"--com2 sim:trx?colour=red", "colour"},
+                                                           {"--com1 sim:trx?fault=rust", "fault"},
+                                                           {"--com1 sim:trx?after=50%", "after"}};
     for (const auto& [arguments, reason] : refused) {
         const CommandLine line = read(words(arguments));
         EXPECT_EQ(line.wish, CommandLine::Wish::Refuse) << arguments;
@@ -187,39 +161,24 @@ TEST(CommandLine, ADevicesPortIsOfItsKind) {
     EXPECT_NE(real->open().toStdString(), "");
 }
 
-struct Ended {
-    QProcess::ExitStatus how = QProcess::CrashExit;
-    int status = -1;
-    std::string output;
-    std::string error;
-};
-
 /// Runs the program where there is no window system to be had.
-Ended orvhost(const QStringList& arguments) {
-    constexpr int patience = 60'000; // milliseconds
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(QStringLiteral("DISPLAY"));
-    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none-at-all"));
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ORVHOST_PATH), arguments);
-    EXPECT_TRUE(process.waitForFinished(patience));
-    return {process.exitStatus(), process.exitCode(), process.readAllStandardOutput().toStdString(),
-            process.readAllStandardError().toStdString()};
+Ended orvhost(const char* arguments) {
+    const Ended ended = runToEnd(QStringLiteral(ORVHOST_PATH), QString::fromLatin1(arguments),
+                                 {{QStringLiteral("DISPLAY"), QString()},
+                                  {QStringLiteral("WAYLAND_DISPLAY"), QString()},
+                                  {QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none-at-all")}});
+    return ended;
 }
 
 TEST(OrvhostProgram, HelpAndVersionNeedNoDisplay) {
     for (const char* option : {"--help", "-h"}) {
-        const Ended help = orvhost(words(option));
-        EXPECT_EQ(help.how, QProcess::NormalExit);
+        const Ended help = orvhost(option);
         EXPECT_EQ(help.status, 0);
         EXPECT_TRUE(help.output.starts_with("Usage: orvhost [options]")) << help.output;
         EXPECT_NE(help.output.find("--debug-output"), std::string::npos) << help.output;
         EXPECT_EQ(help.error, "");
     }
-    const Ended version = orvhost(words("--version"));
-    EXPECT_EQ(version.how, QProcess::NormalExit);
+    const Ended version = orvhost("--version");
     EXPECT_EQ(version.status, 0);
     EXPECT_TRUE(version.output.starts_with("orvhost ")) << version.output;
     EXPECT_EQ(version.error, "");
@@ -228,8 +187,7 @@ TEST(OrvhostProgram, HelpAndVersionNeedNoDisplay) {
 TEST(OrvhostProgram, AWrongCommandLineEndsWithStatus2AndAMessageOnStandardError) {
     for (const char* arguments :
          {"--loud", "--com1 sim:boat", "--com2 sim:trx?rate=no", "--com1=", "stray", "--demo="}) {
-        const Ended ended = orvhost(words(arguments));
-        EXPECT_EQ(ended.how, QProcess::NormalExit) << arguments;
+        const Ended ended = orvhost(arguments);
         EXPECT_EQ(ended.status, 2) << arguments;
         EXPECT_TRUE(ended.error.starts_with("orvhost: ")) << arguments << ": " << ended.error;
         EXPECT_EQ(ended.output, "") << arguments;

@@ -1,37 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/folder.h"
-
-#include <QProcess>
+#include "testing/processes.h"
 
 namespace orv {
 namespace {
 
-struct Ended {
-    QProcess::ExitStatus how = QProcess::CrashExit;
-    int status = -1;
-    std::string output;
-    std::string error;
-};
-
 class DemoTest : public testing::Test {
 protected:
-    Ended demo(const char* device, const QString& target) {
-        constexpr int patience = 100'000; // milliseconds
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(ORVHOST_PATH),
-                      {QStringLiteral("--com1"), QString::fromLatin1(device), QStringLiteral("--com2"),
-                       QStringLiteral("sim:glow"), QStringLiteral("--demo"), target});
-        EXPECT_TRUE(process.waitForFinished(patience));
-        return {process.exitStatus(), process.exitCode(), process.readAllStandardOutput().toStdString(),
-                process.readAllStandardError().toStdString()};
-    }
-
-    static void expectPicture(const QByteArray& file, const QString& path) {
-        EXPECT_TRUE(file.startsWith("\x89PNG\r\n")) << qPrintable(path);
-        EXPECT_GT(file.size(), 1000) << qPrintable(path);
+    static Ended demo(const char* device, const QString& target) {
+        return runToEnd(QStringLiteral(ORVHOST_PATH),
+                        QStringLiteral("--com1 %1 --com2 sim:glow --demo %2").arg(QLatin1String(device), target),
+                        {{QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")}});
     }
 
     OwnFolder folder;
@@ -54,7 +33,9 @@ TEST_F(DemoTest, DoesTheMainJobAndLeavesItsFilesAndPictures) {
     EXPECT_EQ(contentsOf(folder.path("out/put/Orvtemp.tmp")).count("\r\n"), 5 + rows);
     EXPECT_TRUE(contentsOf(folder.path("out/put/log.ohp")).contains("MP200\r\n"));
     for (const char* picture : {"out/put/page-1.png", "out/put/page-2.png", "out/put/page-3.png"}) {
-        expectPicture(contentsOf(folder.path(picture)), folder.path(picture));
+        const QByteArray file = contentsOf(folder.path(picture));
+        EXPECT_TRUE(file.startsWith("\x89PNG\r\n")) << picture;
+        EXPECT_GT(file.size(), 1000) << picture;
     }
 }
 

@@ -2,6 +2,7 @@
 #include "app/sleepinhibitor.h"
 
 #include "base/filedescriptor.h"
+#include "testing/expect.h"
 #include "testing/programrig.h"
 
 #include <QCoreApplication>
@@ -148,7 +149,14 @@ protected:
             << daemon_.readAllStandardError().toStdString();
     }
 
+    /// A login manager on a bus that has just been started.
+    LoginManager& startManager() {
+        startBus();
+        return manager_.emplace(address());
+    }
+
     void stopBus() {
+        manager_.reset();
         if (daemon_.state() != QProcess::NotRunning) {
             daemon_.terminate();
             EXPECT_TRUE(daemon_.waitForFinished(patience));
@@ -171,14 +179,14 @@ protected:
 private:
     QTemporaryDir folder_;
     QProcess daemon_;
+    std::optional<LoginManager> manager_;
 
 protected:
     std::unique_ptr<SleepInhibitor> inhibitor = makeSleepInhibitor(address());
 };
 
 TEST_F(LogindTest, HoldsWhatIsGrantedUntilItIsReleased) {
-    startBus();
-    LoginManager manager(address());
+    LoginManager& manager = startManager();
     settle(manager.bus());
     EXPECT_TRUE(manager.asked.isEmpty()) << "nothing is asked for before it is wanted";
     for (int run = 1; run <= 2; ++run) {
@@ -197,8 +205,7 @@ TEST_F(LogindTest, HoldsWhatIsGrantedUntilItIsReleased) {
 }
 
 TEST_F(LogindTest, HoldsTheIdleStateWhereSleepItselfMayNotBeBlocked) {
-    startBus();
-    LoginManager manager(address());
+    LoginManager& manager = startManager();
     manager.denied << QStringLiteral("idle:sleep");
     inhibitor->take();
     EXPECT_TRUE(isGranted(*inhibitor));
@@ -208,8 +215,7 @@ TEST_F(LogindTest, HoldsTheIdleStateWhereSleepItselfMayNotBeBlocked) {
 }
 
 TEST_F(LogindTest, ARefusalIsTakenAndTheNextRunAsksAgain) {
-    startBus();
-    LoginManager manager(address());
+    LoginManager& manager = startManager();
     manager.denied << QStringLiteral("idle:sleep") << QStringLiteral("idle");
     inhibitor->take();
     EXPECT_TRUE(comesTrue([&manager] { return manager.asked.size() == 2; }));
@@ -223,8 +229,7 @@ TEST_F(LogindTest, ARefusalIsTakenAndTheNextRunAsksAgain) {
 }
 
 TEST_F(LogindTest, WhatIsGrantedTooLateIsGivenBack) {
-    startBus();
-    LoginManager manager(address());
+    LoginManager& manager = startManager();
     manager.answering = false;
     inhibitor->take();
     ASSERT_TRUE(comesTrue([&manager] { return manager.pending.has_value(); }));
@@ -235,8 +240,7 @@ TEST_F(LogindTest, WhatIsGrantedTooLateIsGivenBack) {
 }
 
 TEST_F(LogindTest, ReleasedAtOnceItAsksForNothing) {
-    startBus();
-    LoginManager manager(address());
+    LoginManager& manager = startManager();
     inhibitor->take();
     inhibitor->release();
     settle(manager.bus());
@@ -244,8 +248,7 @@ TEST_F(LogindTest, ReleasedAtOnceItAsksForNothing) {
 }
 
 TEST_F(LogindTest, ItsEndReleases) {
-    startBus();
-    LoginManager manager(address());
+    LoginManager& manager = startManager();
     inhibitor->take();
     EXPECT_TRUE(isGranted(*inhibitor));
     EXPECT_TRUE(manager.isInhibited());
@@ -273,18 +276,13 @@ TEST_F(LogindTest, WithoutBusOrLoginManagerNothingHappensAndOneThatComesLaterIsF
 }
 
 TEST_F(LogindTest, ABusThatWasStartedAnewIsFound) {
-    startBus();
-    {
-        LoginManager manager(address());
+    for (int start = 1; start <= 2; ++start) {
+        startManager();
         inhibitor->take();
-        EXPECT_TRUE(isGranted(*inhibitor));
+        EXPECT_TRUE(isGranted(*inhibitor)) << start;
         inhibitor->release();
+        stopBus();
     }
-    stopBus();
-    startBus();
-    LoginManager manager(address());
-    inhibitor->take();
-    EXPECT_TRUE(isGranted(*inhibitor));
 }
 
 TEST_F(LogindTest, ABusThatSaysNothingHoldsNothingUp) {
@@ -328,11 +326,9 @@ TEST(BusSocketPath, IsThatOfTheFirstAlternativeThatHasOne) {
         {"unix:path=/one;unix:path=/two", "/one"},
         {"unix:abstract=/tmp/bus", ""},
         {"tcp:path=/no", ""},
-        {"", ""},
-    };
-    for (const auto& [address, path] : addresses) {
-        EXPECT_EQ(busSocketPath(QString::fromLatin1(address)).toStdString(), path) << address;
-    }
+        {"", ""}};
+    expectEach(addresses,
+               [](const char* address) { return busSocketPath(QString::fromLatin1(address)).toStdString(); });
 }
 
 class RecordedInhibitor final : public SleepInhibitor {
@@ -388,35 +384,25 @@ TEST_F(AwakeProgram, ADownloadKeepsItAwakeUntilItsEnd) {
     EXPECT_EQ(inhibitor.calls, "take release ");
 }
 
-class AwakeRun : public AwakeProgram {
-protected:
-    void SetUp() override {
-        AwakeProgram::SetUp();
+TEST_F(AwakeProgram, ARunKeepsItAwakeUntilItsEnd) {
+    const std::function<void()> ends[] = {[this] {
+                                              replies = {"V512\r"};
+                                              program.reset();
+                                          },
+                                          [this] { program.closePort(); },
+                                          [this] {
+                                              com1.failureReason = QStringLiteral("The device is gone.");
+                                              program.tick();
+                                          },
+                                          [this] { program.end(); }};
+    for (const auto& end : ends) {
+        program.clearAll();
+        inhibitor.calls.clear();
         runWithRows(3);
         EXPECT_EQ(inhibitor.calls, "take ");
+        end();
+        EXPECT_EQ(inhibitor.calls, "take release ");
     }
-};
-
-TEST_F(AwakeRun, LastsUntilItsReset) {
-    replies = {"V512\r"};
-    program.reset();
-    EXPECT_EQ(inhibitor.calls, "take release ");
-}
-
-TEST_F(AwakeRun, LastsUntilThePortIsClosed) {
-    program.closePort();
-    EXPECT_EQ(inhibitor.calls, "take release ");
-}
-
-TEST_F(AwakeRun, LastsUntilTheCableIsPulled) {
-    com1.failureReason = QStringLiteral("The device is gone.");
-    program.tick();
-    EXPECT_EQ(inhibitor.calls, "take release ");
-}
-
-TEST_F(AwakeRun, LastsUntilTheProgramEnds) {
-    program.end();
-    EXPECT_EQ(inhibitor.calls, "take release ");
 }
 
 } // namespace

@@ -61,10 +61,6 @@ TEST(InstrumentSettings, PresetsGiveTheirRatesAndOtherNumbersOfSamplesWhatLiesBe
     expectEach(glow, [](int samples) { return samplingTime(InstrumentKind::Glow, samples); });
 }
 
-} // namespace
-
-namespace {
-
 class CommandInterpreterTest : public testing::Test {
 protected:
     /// What follows the echo of the last of these characters; "(nothing)" if the instrument waits for more.
@@ -117,12 +113,10 @@ TEST_F(CommandInterpreterTest, NumbersEndWithCarriageReturn) {
 
 TEST_F(CommandInterpreterTest, AnEmptyNumberIsZeroAndALargeOneIsTheLargest) {
     settings.pointsPerBlock = 5;
-    EXPECT_EQ(reply("Q\r"), ">");
-    EXPECT_EQ(settings.pointsPerBlock, 0);
-    EXPECT_EQ(reply("Q99999999999999999999\r"), ">");
-    EXPECT_EQ(settings.pointsPerBlock, 65535);
-    EXPECT_EQ(reply("Q1a2\r"), ">");
-    EXPECT_EQ(settings.pointsPerBlock, 12);
+    for (const auto& [typed, points] : {std::pair("Q\r", 0), {"Q99999999999999999999\r", 65535}, {"Q1a2\r", 12}}) {
+        EXPECT_EQ(reply(typed), ">");
+        EXPECT_EQ(settings.pointsPerBlock, points);
+    }
 }
 
 TEST_F(CommandInterpreterTest, ClockIsSetWithTheLastDigit) {

@@ -53,10 +53,6 @@ TEST(InstrumentClock, WhatIsNoDateOrTimeLeavesItAsItWas) {
     EXPECT_EQ(clock.at(0).text(), "11/21/26\t0");
 }
 
-} // namespace
-
-namespace {
-
 constexpr InstrumentMoment noon{1'795'262'400}; // 11/21/26 12:00:00
 
 SimulatorOptions optionsOf(const char* device) {

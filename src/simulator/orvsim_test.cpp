@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/filedescriptor.h"
+#include "testing/folder.h"
+#include "testing/processes.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -15,19 +14,8 @@
 namespace orv {
 namespace {
 
-constexpr int patience = 20'000; // milliseconds
-
-struct Ended {
-    int status = -1;
-    QByteArray output;
-    QByteArray error;
-};
-
-Ended run(const QStringList& arguments) {
-    QProcess process;
-    process.start(QStringLiteral(ORVSIM_PATH), arguments);
-    EXPECT_TRUE(process.waitForFinished(patience));
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+Ended run(const QString& arguments) {
+    return runToEnd(QStringLiteral(ORVSIM_PATH), arguments);
 }
 
 QString firstLine(QProcess& process) {
@@ -39,29 +27,27 @@ QString firstLine(QProcess& process) {
 }
 
 TEST(Orvsim, HelpAndVersionExitWithZero) {
-    const Ended version = run({QStringLiteral("--version")});
+    const Ended version = run(QStringLiteral("--version"));
     EXPECT_EQ(version.status, 0);
-    EXPECT_TRUE(version.output.startsWith("orvsim "));
-    const Ended help = run({QStringLiteral("--help")});
+    EXPECT_TRUE(version.output.starts_with("orvsim "));
+    const Ended help = run(QStringLiteral("--help"));
     EXPECT_EQ(help.status, 0);
-    EXPECT_TRUE(help.output.contains("--link"));
+    EXPECT_NE(help.output.find("--link"), std::string::npos);
 }
 
 TEST(Orvsim, BadArgumentsExitWithTwoAndAMessage) {
-    const QList<QStringList> bad{{QStringLiteral("sim:boat")}, {QStringLiteral("sim:trx?rate=no")},
-                                 {QStringLiteral("--loud")},   {QStringLiteral("--help-all")},
-                                 {QStringLiteral("--link=")},  {QStringLiteral("sim:trx"), QStringLiteral("sim:glow")}};
-    for (const QStringList& arguments : bad) {
-        const Ended ended = run(arguments);
-        EXPECT_EQ(ended.status, 2) << qPrintable(arguments.join(u' '));
-        EXPECT_TRUE(ended.error.startsWith("orvsim: "));
+    for (const char* arguments :
+         {"sim:boat", "sim:trx?rate=no", "--loud", "--help-all", "--link=", "sim:trx sim:glow"}) {
+        const Ended ended = run(QString::fromLatin1(arguments));
+        EXPECT_EQ(ended.status, 2) << arguments;
+        EXPECT_TRUE(ended.error.starts_with("orvsim: "));
         EXPECT_EQ(ended.output, "");
     }
 }
 
 TEST(Orvsim, ServesUntilItIsTerminated) {
-    QTemporaryDir folder;
-    const QString link = folder.filePath(QStringLiteral("instrument"));
+    const OwnFolder folder;
+    const QString link = folder.path("instrument");
     ASSERT_TRUE(QFile::link(QStringLiteral("/nowhere"), link)) << "left over from a server that was killed";
     QProcess process;
     process.start(QStringLiteral(ORVSIM_PATH),
@@ -91,14 +77,12 @@ TEST(Orvsim, ServesUntilItIsTerminated) {
 }
 
 TEST(Orvsim, DoesNotReplaceAFileByItsLink) {
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("precious"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
-    const Ended ended = run({QStringLiteral("--link"), path});
+    const OwnFolder folder;
+    const QString path = folder.path("precious");
+    fill(path, {});
+    const Ended ended = run(QStringLiteral("--link ") + path);
     EXPECT_EQ(ended.status, 1);
-    EXPECT_TRUE(ended.error.contains("precious"));
+    EXPECT_NE(ended.error.find("precious"), std::string::npos);
     EXPECT_TRUE(QFileInfo::exists(path));
 }
 

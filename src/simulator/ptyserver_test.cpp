@@ -32,10 +32,14 @@ protected:
         ASSERT_TRUE(host.isOpen());
     }
 
-    /// A host opens the line and has read the greeting.
-    void startAndWake(const char* device) {
+    void startWithHost(const char* device) {
         start(device);
         openHost();
+    }
+
+    /// A host opens the line and has read the greeting.
+    void startAndWake(const char* device) {
+        startWithHost(device);
         discard();
         listen(300);
     }
@@ -74,6 +78,11 @@ protected:
                   characters.size());
     }
 
+    QByteArray reply(const QByteArray& characters, int milliseconds = 100) {
+        send(characters);
+        return listen(milliseconds);
+    }
+
     void discard() { ASSERT_EQ(::tcflush(host.get(), TCIFLUSH), 0); }
 
     TestClock clock;
@@ -82,16 +91,14 @@ protected:
 };
 
 TEST_F(PtyServerTest, AHostThatDiscardsItsInputWakesTheInstrument) {
-    start("sim:trx");
-    openHost();
+    startWithHost("sim:trx");
     EXPECT_EQ(listen(300), "");
     discard();
     EXPECT_EQ(listen(300), "V512\r");
 }
 
 TEST_F(PtyServerTest, TheLineIsRawBeforeAHostOpensIt) {
-    start("sim:trx?records=0");
-    openHost();
+    startWithHost("sim:trx?records=0");
     termios settings{};
     ASSERT_EQ(::tcgetattr(host.get(), &settings), 0);
     EXPECT_EQ(settings.c_lflag & (ECHO | ICANON | ISIG), 0U);
@@ -99,18 +106,15 @@ TEST_F(PtyServerTest, TheLineIsRawBeforeAHostOpensIt) {
     EXPECT_EQ(settings.c_iflag & (ICRNL | INLCR | IXON), 0U);
     discard();
     listen(300);
-    send("Q5\r");
-    EXPECT_EQ(listen(100), "Q.5\r>");
-    send("O");
-    EXPECT_EQ(listen(100), "O\r\nEOF\r\n>");
+    EXPECT_EQ(reply("Q5\r"), "Q.5\r>");
+    EXPECT_EQ(reply("O"), "O\r\nEOF\r\n>");
 }
 
 TEST_F(PtyServerTest, DiscardingAfterACommandOnlyDiscards) {
     startAndWake("sim:trx");
     discard();
     EXPECT_EQ(listen(300), "V512\r") << "nothing was sent to the instrument yet";
-    send("x");
-    EXPECT_EQ(listen(100), "x\r\n>");
+    EXPECT_EQ(reply("x"), "x\r\n>");
     discard();
     EXPECT_EQ(listen(300), "");
     send("x");
@@ -119,32 +123,26 @@ TEST_F(PtyServerTest, DiscardingAfterACommandOnlyDiscards) {
     server->serve(0);
     discard();
     EXPECT_EQ(listen(300), "");
-    send("x");
-    EXPECT_EQ(listen(100), "x\r\n>");
+    EXPECT_EQ(reply("x"), "x\r\n>");
 }
 
 TEST_F(PtyServerTest, ClosingPutsTheInstrumentToSleepAndItKeepsItsSettings) {
     startAndWake("sim:trx");
-    send("Q5\r");
-    listen(100);
-    send("R");
-    listen(1000);
+    reply("Q5\r");
+    reply("R", 1000);
     closeHost();
     clock.advance(5000);
     openHost();
     EXPECT_EQ(listen(1000), "");
-    send("P");
-    EXPECT_EQ(listen(300), "");
+    EXPECT_EQ(reply("P", 300), "");
     discard();
     EXPECT_EQ(listen(300), "V512\r");
-    send("P");
-    EXPECT_TRUE(listen(300).contains("\r\nQ5\r\n"));
+    EXPECT_TRUE(reply("P", 300).contains("\r\nQ5\r\n"));
 }
 
 TEST_F(PtyServerTest, AHostThatClosesAndOpensAtOnceIsANewHost) {
     startAndWake("sim:trx");
-    send("R");
-    listen(1000);
+    reply("R", 1000);
     host.reset();
     openHost();
     discard();
@@ -152,8 +150,7 @@ TEST_F(PtyServerTest, AHostThatClosesAndOpensAtOnceIsANewHost) {
 }
 
 TEST_F(PtyServerTest, AHostThatCameAndWentUnseenWakesNothing) {
-    start("sim:trx");
-    openHost();
+    startWithHost("sim:trx");
     discard();
     host.reset();
     openHost();
@@ -213,8 +210,7 @@ TEST_F(PtyServerTest, AHostThatComesAndDiscardsAtAnyMomentOfAPassWakesTheInstrum
 }
 
 TEST_F(PtyServerTest, ALineThatAHostMisconfiguredAndLockedIsPutInOrder) {
-    start("sim:trx");
-    openHost();
+    startWithHost("sim:trx");
     termios settings{};
     ASSERT_EQ(::tcgetattr(host.get(), &settings), 0);
     settings.c_lflag |= ECHO | ICANON;

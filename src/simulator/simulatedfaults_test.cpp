@@ -20,10 +20,10 @@ TEST(SimulatedFaults, ALateInstrumentGreetsAndAnswersLate) {
     EXPECT_EQ(bench.wake(), "");
     EXPECT_EQ(bench.listen(2900), "");
     EXPECT_EQ(bench.listen(100), "V512\r");
-    EXPECT_EQ(bench.type("B", 3000), "B");
-    EXPECT_EQ(bench.listen(10), ".");
-    EXPECT_EQ(bench.type("000000", 3000), "000000");
-    EXPECT_EQ(bench.listen(10), ">");
+    for (const auto& [typed, answer] : {std::pair("B", "."), {"000000", ">"}}) {
+        EXPECT_EQ(bench.type(typed, 3000), typed);
+        EXPECT_EQ(bench.listen(10), answer);
+    }
     EXPECT_EQ(bench.type("O", 2900), "O");
     EXPECT_EQ(bench.listen(200), "\r\nEOF\r\n>");
 }
@@ -37,18 +37,14 @@ TEST(SimulatedFaults, WhatALateInstrumentIsSentMeanwhileIsTakenThen) {
 }
 
 TEST(SimulatedFaults, GarbageStandsBetweenTheBytes) {
-    InstrumentBench healthy("sim:trx?baud=0&records=50");
-    InstrumentBench bench("sim:trx?baud=0&records=50&fault=garbage");
-    InstrumentBench again("sim:trx?baud=0&records=50&fault=garbage");
-    InstrumentBench other("sim:trx?baud=0&records=50&fault=garbage&seed=2");
-    for (InstrumentBench* each : {&healthy, &bench, &again, &other}) {
-        each->wake();
-    }
-    const QByteArray expected = healthy.type("O");
-    const QByteArray heard = bench.type("O");
+    const auto dump = [](const char* fault) {
+        return AwakeBench(qPrintable(QStringLiteral("sim:trx?baud=0&records=50") + QLatin1String(fault))).type("O");
+    };
+    const QByteArray expected = dump("");
+    const QByteArray heard = dump("&fault=garbage");
     EXPECT_GT(heard.size(), expected.size() + 20);
-    EXPECT_EQ(heard, again.type("O"));
-    EXPECT_NE(heard, other.type("O"));
+    EXPECT_EQ(heard, dump("&fault=garbage"));
+    EXPECT_NE(heard, dump("&fault=garbage&seed=2"));
     qsizetype found = 0;
     for (const char byte : heard) {
         found += found < expected.size() && byte == expected.at(found) ? 1 : 0;
@@ -125,10 +121,6 @@ TEST(SimulatedFaults, CutSoLongAfterTheGreetingEvenWhenIdle) {
     EXPECT_EQ(bench.type("x", 2000), "x\r\n>");
     EXPECT_EQ(bench.type("x", 2000), "");
 }
-
-} // namespace
-
-namespace {
 
 FaultStrike strikeOf(const char* device) {
     return FaultStrike(parseSimulatorOptions(QString::fromLatin1(device)).options);

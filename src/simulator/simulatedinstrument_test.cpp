@@ -56,16 +56,16 @@ TEST(SimulatedInstrument, ClockReply) {
 
 TEST(SimulatedInstrument, ValuesAreEchoedAnsweredAndKept) {
     AwakeBench bench("sim:glow");
-    EXPECT_EQ(bench.type("B"), "B.");
-    EXPECT_EQ(bench.type("110101"), "110101>");
-    EXPECT_EQ(bench.type("T"), "T.");
-    EXPECT_EQ(bench.type("55\r"), "55\r>");
-    EXPECT_EQ(bench.type("D"), "D.");
-    EXPECT_EQ(bench.type("\r"), "\r>");
-    EXPECT_EQ(bench.type("Q"), "Q.");
-    EXPECT_EQ(bench.type("0020\r"), "0020\r>");
-    EXPECT_EQ(bench.type("I"), "I.");
-    EXPECT_EQ(bench.type("3\r"), "3\r>");
+    bench.expectReplies({{"B", "B."},
+                         {"110101", "110101>"},
+                         {"T", "T."},
+                         {"55\r", "55\r>"},
+                         {"D", "D."},
+                         {"\r", "\r>"},
+                         {"Q", "Q."},
+                         {"0020\r", "0020\r>"},
+                         {"I", "I."},
+                         {"3\r", "3\r>"}});
     const QByteArray kept = "P\r\nS1\r\nG1\r\nA0\r\nL1\r\nW0\r\nM1\r\nT55\r\nD0\r\nQ20\r\nI3\r\nMP200\r\n>";
     EXPECT_EQ(bench.type("P"), kept);
     bench.instrument.sleep();
@@ -75,8 +75,7 @@ TEST(SimulatedInstrument, ValuesAreEchoedAnsweredAndKept) {
 
 TEST(SimulatedInstrument, ClockRunsFromWhatItWasSetTo) {
     AwakeBench bench("sim:trx");
-    EXPECT_EQ(bench.type("U"), "U.");
-    EXPECT_EQ(bench.type("010599"), "010599.");
+    bench.expectReplies({{"U", "U."}, {"010599", "010599."}});
     EXPECT_EQ(bench.type("1507", 0), "");
     bench.clock.advance(8000);
     EXPECT_EQ(bench.instrument.takeArrived(), "1507>");
@@ -116,8 +115,7 @@ TEST(SimulatedInstrument, DumpsItsRecordsOldestFirst) {
 
 TEST(SimulatedInstrument, DumpsErasedMemoryAndTheOtherEnd) {
     AwakeBench bench("sim:trx?records=0&erased=2&end=0");
-    EXPECT_EQ(bench.type("O"), "O\r\n65535\r\n65535\r\n0\r\n>");
-    EXPECT_EQ(bench.type("x"), "x\r\n>");
+    bench.expectReplies({{"O", "O\r\n65535\r\n65535\r\n0\r\n>"}, {"x", "x\r\n>"}});
 }
 
 TEST(SimulatedInstrument, AnUnpacedDumpComesWholeThoughInPieces) {
@@ -215,14 +213,11 @@ TEST(SimulatedInstrument, ErasesItsMemoryFirstWhenAppendIsOff) {
 
 TEST(SimulatedInstrument, AWakeUpPulseEndsARunADumpAndAnEntry) {
     AwakeBench bench("sim:trx");
-    bench.type("R", 2000);
-    EXPECT_EQ(bench.wake(), "V512\r");
-    EXPECT_EQ(bench.listen(2000), "");
-    bench.type("O", 500);
-    EXPECT_EQ(bench.wake(), "V512\r");
-    EXPECT_EQ(bench.listen(2000), "");
-    bench.type("B00");
-    EXPECT_EQ(bench.wake(), "V512\r");
+    for (const auto& [typed, lasting] : {std::pair("R", 2000), {"O", 500}, {"B00", 200}}) {
+        bench.type(typed, lasting);
+        EXPECT_EQ(bench.wake(), "V512\r") << typed;
+        EXPECT_EQ(bench.listen(2000), "") << typed;
+    }
     EXPECT_EQ(bench.type("C", 30).left(3), "C\r\n");
 }
 

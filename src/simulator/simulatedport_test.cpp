@@ -29,14 +29,18 @@ protected:
 
     std::unique_ptr<SimulatedPort> makeAwake(const char* device) {
         auto port = makeOpen(device);
-        pulse(*port);
-        readFor(*port, 200);
+        wake(*port);
         return port;
     }
 
     static void pulse(Port& port) {
         port.setDataTerminalReady(true);
         port.setDataTerminalReady(false);
+    }
+
+    QByteArray wake(Port& port) {
+        pulse(port);
+        return readFor(port, 200);
     }
 
     QByteArray readFor(Port& port, int milliseconds) {
@@ -74,8 +78,7 @@ TEST_F(SimulatedPortTest, OpeningAloneWakesNothing) {
     EXPECT_EQ(port->open().toStdString(), "");
     EXPECT_TRUE(port->isOpen());
     EXPECT_EQ(readFor(*port, 5000), "");
-    pulse(*port);
-    EXPECT_EQ(readFor(*port, 200), "V512\r");
+    EXPECT_EQ(wake(*port), "V512\r");
 }
 
 TEST_F(SimulatedPortTest, AReopenedPortFindsWhatTheInstrumentKept) {
@@ -87,8 +90,7 @@ TEST_F(SimulatedPortTest, AReopenedPortFindsWhatTheInstrumentKept) {
     EXPECT_FALSE(port->isOpen());
     port->open();
     EXPECT_EQ(readFor(*port, 5000), "");
-    pulse(*port);
-    EXPECT_EQ(readFor(*port, 200), "V512\r");
+    EXPECT_EQ(wake(*port), "V512\r");
     port->write("P");
     EXPECT_TRUE(readFor(*port, 200).contains("\r\nQ17\r\n"));
 }
@@ -162,8 +164,7 @@ TEST_F(SimulatedPortTest, AnUnpluggedPortFailsUntilItIsOpenedAgain) {
     EXPECT_NE(port->failure().toStdString(), "");
     EXPECT_EQ(port->open().toStdString(), "");
     EXPECT_EQ(port->failure().toStdString(), "");
-    pulse(*port);
-    EXPECT_EQ(readFor(*port, 200), "V512\r");
+    EXPECT_EQ(wake(*port), "V512\r");
 }
 
 } // namespace

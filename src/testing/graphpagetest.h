@@ -55,6 +55,25 @@ protected:
         page.refreshNow();
     }
 
+    /// So many rows of a newer TRX, drawn.
+    void begin(int rows) {
+        layOut("V", 512);
+        appendAndDraw(rows);
+    }
+    /// The same in a run.
+    void beginRun(int rows) {
+        layOut("V", 512);
+        commands.activity = Activity::Collecting;
+        appendAndDraw(rows);
+    }
+    void chooseAxis(int index) { find<QComboBox>("PlotAxis").setCurrentIndex(index); }
+    void setColours(const QColor& base, const QColor& text) {
+        QPalette palette = page.palette();
+        palette.setColor(QPalette::Base, base);
+        palette.setColor(QPalette::Text, text);
+        page.setPalette(palette);
+    }
+
     PlotCanvas& canvas() { return dynamic_cast<PlotCanvas&>(find<QWidget>("Plot")); }
     QCPRange places() { return canvas().xAxis->range(); }
     QPushButton& follow() { return button("Follow"); }

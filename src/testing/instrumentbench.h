@@ -2,6 +2,7 @@
 #pragma once
 
 #include "simulator/simulatedinstrument.h"
+#include "testing/expect.h"
 #include "testing/testclock.h"
 
 #include <QByteArrayList>
@@ -39,6 +40,11 @@ public:
     QByteArray type(const char* characters, qint64 milliseconds = 200) {
         instrument.receive(characters);
         return listen(milliseconds);
+    }
+
+    /// Types the first of each pair and compares what has arrived with the second.
+    void expectReplies(std::initializer_list<std::pair<const char*, const char*>> dialogue) {
+        expectEach(dialogue, [this](const char* typed) { return type(typed); });
     }
 
     TestClock clock;

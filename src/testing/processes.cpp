@@ -13,6 +13,24 @@
 
 namespace orv {
 
+Ended runToEnd(const QString& program, const QString& arguments, const QMap<QString, QString>& variables,
+               const QString& folder) {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (auto variable = variables.begin(); variable != variables.end(); ++variable) {
+        environment.insert(variable.key(), variable.value());
+        if (variable.value().isNull()) {
+            environment.remove(variable.key());
+        }
+    }
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder);
+    process.start(program, arguments.split(u' ', Qt::SkipEmptyParts));
+    EXPECT_TRUE(process.waitForFinished(patience)) << qPrintable(program) << " does not end";
+    return {process.exitStatus(), process.exitCode(), process.readAllStandardOutput().toStdString(),
+            process.readAllStandardError().toStdString()};
+}
+
 InstrumentProcess::InstrumentProcess(const QString& device) {
     process_.start(QCoreApplication::applicationDirPath() + QStringLiteral("/orvsim"), {device});
     QByteArray line;

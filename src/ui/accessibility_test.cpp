@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/windowrig.h"
-#include "testing/windowwalk.h"
 #include "ui/messageboxes.h"
 #include "ui/settingswindow.h"
 #include "ui/widgets.h"
@@ -48,12 +47,6 @@ protected:
         program.link.timer.setInterval(0);
     }
 
-    SettingsWindow& openSettings() {
-        program.showSettingsForm();
-        QCoreApplication::processEvents();
-        return *window->settingsWindow();
-    }
-
     void fillCalibration() {
         program.calibration.shown.instrumentName = QStringLiteral("TRX 1042");
         program.calibration.shown.colour = LightColour::Red;
@@ -96,33 +89,27 @@ TEST_F(AccessibilityTest, EveryPageIsOperableByKeyboardAndFits) {
 TEST_F(AccessibilityTest, EveryTabOfTheSettings) {
     for (const InstrumentType type : {InstrumentType::Unknown, InstrumentType::Trx, InstrumentType::Glow}) {
         status.instrument = type;
-        SettingsWindow& settings = openSettings();
-        EXPECT_EQ(findingsIn(settings, exemption), "") << "before a tab is chosen";
+        EXPECT_EQ(findingsIn(openSettings(), exemption), "") << "before a tab is chosen";
         for (const char* tab : {"Modes", "Time and Date", "Control Bits", "Sampling", "Calibration"}) {
-            settings.chooseTab(QString::fromLatin1(tab));
-            QCoreApplication::processEvents();
-            EXPECT_EQ(findingsIn(settings, exemption), "")
+            EXPECT_EQ(findingsIn(openSettings(tab), exemption), "")
                 << "on the tab " << tab << " for " << instrumentName(type).toStdString();
         }
     }
     change(program.settings.shown.record,
            [](LoggerSettings& record) { record.pointsPerBlock = QStringLiteral("99999"); });
     program.settings.shown.modeRemark = QStringLiteral("Saved as a.OCM.");
-    SettingsWindow& settings = openSettings();
     for (const char* tab : {"Sampling", "Modes"}) {
-        settings.chooseTab(QString::fromLatin1(tab));
-        EXPECT_EQ(findingsIn(settings, exemption), "") << "with a remark on " << tab;
+        EXPECT_EQ(findingsIn(openSettings(tab), exemption), "") << "with a remark on " << tab;
     }
 }
 
 TEST_F(AccessibilityTest, ThePlainEnglishWindow) {
     SettingsWindow& settings = openSettings();
-    settings.findChild<QPushButton*>(QStringLiteral("ViewCurrentSettingsTranscribedAsText"))->click();
+    control<QPushButton>(settings, "ViewCurrentSettingsTranscribedAsText").click();
     QCoreApplication::processEvents();
-    auto* english = settings.findChild<QWidget*>(QStringLiteral("PlainEnglish"));
-    ASSERT_NE(english, nullptr);
-    ASSERT_TRUE(english->isVisible());
-    EXPECT_EQ(findingsIn(*english, exemption), "");
+    auto& english = control<QWidget>(settings, "PlainEnglish");
+    ASSERT_TRUE(english.isVisible());
+    EXPECT_EQ(findingsIn(english, exemption), "");
 }
 
 TEST_F(AccessibilityTest, TheManualConnectionDialog) {

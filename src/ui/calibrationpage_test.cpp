@@ -20,7 +20,6 @@ protected:
     std::string typed(const char* name) { return box(name).text().toStdString(); }
     std::string title() { return find<QGroupBox>("Frame16").title().toStdString(); }
     QRadioButton& option(const char* name) { return find<QRadioButton>(name); }
-    void click(const char* name) { find<QAbstractButton>(name).click(); }
     QListWidget& list() { return find<QListWidget>("List2"); }
 
     void clickEntry(int row) { clickAt(*list().viewport(), list().visualItemRect(list().item(row)).center()); }
@@ -53,12 +52,10 @@ TEST_F(CalibrationPageTest, TabGoesThroughTheWorkInItsOrder) {
 
 TEST_F(CalibrationPageTest, EveryBoxIsThereByItsName) {
     for (int number = 2; number <= 36; ++number) {
-        const QString name = QStringLiteral("Text%1").arg(number);
-        EXPECT_EQ(page.findChildren<QLineEdit*>(name).size(), 1) << name.toStdString();
+        EXPECT_EQ(page.findChildren<QLineEdit*>(QStringLiteral("Text%1").arg(number)).size(), 1) << number;
     }
     for (int number = 3; number <= 11; ++number) {
-        const QString name = QStringLiteral("Option%1").arg(number);
-        EXPECT_EQ(page.findChildren<QRadioButton*>(name).size(), 1) << name.toStdString();
+        EXPECT_EQ(page.findChildren<QRadioButton*>(QStringLiteral("Option%1").arg(number)).size(), 1) << number;
     }
 }
 
@@ -173,9 +170,7 @@ TEST_F(CalibrationPageTest, CalcDpFillsTheSelectedRowAndItsResults) {
     click("Command12");
     EXPECT_EQ(typed("Text18"), "10");
     EXPECT_EQ(typed("Text23"), "30");
-    EXPECT_EQ(text("Label57"), "20");
-    EXPECT_EQ(text("Label59"), "60");
-    EXPECT_EQ(text("Label61"), "120");
+    expectTexts({{"Label57", "20"}, {"Label59", "60"}, {"Label61", "120"}});
 }
 
 TEST_F(CalibrationPageTest, RowsAndColoursAreChosenIndependently) {

@@ -28,14 +28,13 @@ TEST(VisibleText, OrArrowsAndNumbers) {
 class DebugListModelTest : public testing::Test {
 protected:
     DebugListModelTest() {
-        QObject::connect(&model, &QAbstractItemModel::rowsInserted, &model,
-                         [this](const QModelIndex&, int first, int last) {
-                             changes << QStringLiteral("+%1-%2").arg(first).arg(last);
-                         });
-        QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &model,
-                         [this](const QModelIndex&, int first, int last) {
-                             changes << QStringLiteral("-%1-%2").arg(first).arg(last);
-                         });
+        const auto note = [this](const char* sign) {
+            return [this, sign](const QModelIndex&, int first, int last) {
+                changes << QStringLiteral("%1%2-%3").arg(QLatin1String(sign)).arg(first).arg(last);
+            };
+        };
+        QObject::connect(&model, &QAbstractItemModel::rowsInserted, &model, note("+"));
+        QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &model, note("-"));
         last = model.lastSelected.subscribe([this] { changes << QStringLiteral("last"); });
     }
 
@@ -135,7 +134,6 @@ protected:
         return entries.join(u'|').toStdString();
     }
 
-    void click(const char* name) { find<QAbstractButton>(name).click(); }
     bool visible(const char* name) { return find<QWidget>(name).isVisible(); }
 };
 
@@ -183,13 +181,12 @@ TEST_F(DebugScreenTest, WithoutServiceModeNothingIsListed) {
 }
 
 TEST_F(DebugScreenTest, TheControlsBelongToTheServiceMode) {
-    for (const char* name : {"Check1", "Option1", "Option2", "DirectSendText", "DebugBuffer"}) {
-        EXPECT_TRUE(visible(name)) << name;
-    }
-    program.toggleServiceMode();
-    for (const char* name : {"Check1", "Option1", "Option2", "DirectSendText", "DebugBuffer"}) {
-        EXPECT_TRUE(find<QWidget>(name).isHidden()) << name;
-        EXPECT_FALSE(find<QWidget>(name).isEnabled()) << name;
+    for (const bool service : {true, false}) {
+        for (const char* name : {"Check1", "Option1", "Option2", "DirectSendText", "DebugBuffer"}) {
+            EXPECT_EQ(find<QWidget>(name).isHidden(), !service) << name;
+            EXPECT_EQ(visible(name) && find<QWidget>(name).isEnabled(), service) << name;
+        }
+        program.toggleServiceMode();
     }
 }
 
@@ -277,11 +274,11 @@ TEST_F(DebugScreenTest, FramesAndTheirValuesFollow) {
     debug.fluorometerOutput = QStringLiteral("77");
     debug.transmissometerOutput = QStringLiteral("78");
     debug.turbidityOutput = QStringLiteral("79");
-    EXPECT_EQ(text("Scattering output at 125 degrees"), "125.5");
-    EXPECT_EQ(text("Reference detector"), "4000");
-    EXPECT_EQ(text("Fluorometer output"), "77");
-    EXPECT_EQ(text("Transmissometer output"), "78");
-    EXPECT_EQ(text("Turbidity sensor output"), "79");
+    expectTexts({{"Scattering output at 125 degrees", "125.5"},
+                 {"Reference detector", "4000"},
+                 {"Fluorometer output", "77"},
+                 {"Transmissometer output", "78"},
+                 {"Turbidity sensor output", "79"}});
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs.h"
 
-#include "testing/controls.h"
+#include "testing/windowrig.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -69,10 +69,6 @@ TEST_F(ProgressDialogTest, AbortDoesNothingAndItsToolTipSaysWhatDoes) {
     button.click();
     EXPECT_TRUE(shown.visible.value());
 }
-
-} // namespace
-
-namespace {
 
 constexpr const char* names[] = {"OpeningLine", "RunLine",     "BinningLine",    "SleepLine",    "WakeLine",
                                  "BlockLine",   "LoggingLine", "EndOfBlockLine", "NextBlockLine"};

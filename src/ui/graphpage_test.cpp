@@ -8,8 +8,7 @@ namespace {
 
 TEST_F(GraphPageTest, AnEmptySheetIsSaid) {
     EXPECT_TRUE(hint().starts_with("No rows yet.")) << hint();
-    layOut("V", 512);
-    appendAndDraw(1);
+    begin(1);
     EXPECT_EQ(hint(), "");
     sheet.removeRows();
     page.refreshNow();
@@ -18,8 +17,7 @@ TEST_F(GraphPageTest, AnEmptySheetIsSaid) {
 }
 
 TEST_F(GraphPageTest, EachValueColumnIsACurveWithItsNameAndColour) {
-    layOut("V", 512);
-    appendAndDraw(20);
+    begin(20);
     ASSERT_EQ(canvas().graphCount(), 4);
     EXPECT_EQ(curve(1).text().toStdString(), "100");
     EXPECT_EQ(curve(4).text().toStdString(), "Ref");
@@ -42,8 +40,7 @@ TEST_F(GraphPageTest, EachValueColumnIsACurveWithItsNameAndColour) {
 }
 
 TEST_F(GraphPageTest, RowsAreDrawnAWhileAfterTheyHaveComeAndAllAtOnce) {
-    layOut("V", 512);
-    appendAndDraw(1);
+    begin(1);
     append(40);
     settle();
     const auto points = [this] { return canvas().graph(0)->dataCount(); };
@@ -53,8 +50,7 @@ TEST_F(GraphPageTest, RowsAreDrawnAWhileAfterTheyHaveComeAndAllAtOnce) {
 }
 
 TEST_F(GraphPageTest, AHiddenPageDoesNothing) {
-    layOut("V", 512);
-    appendAndDraw(3);
+    begin(3);
     settle();
     showPage(QStringLiteral("Status and Controls"));
     settle();
@@ -72,8 +68,7 @@ TEST_F(GraphPageTest, AHiddenPageDoesNothing) {
 }
 
 TEST_F(GraphPageTest, ALoadedSheetIsShownWholeAndARunIsFollowed) {
-    layOut("V", 512);
-    appendAndDraw(3000);
+    begin(3000);
     EXPECT_TRUE(showAll().isChecked());
     EXPECT_LT(places().lower, 1);
     EXPECT_GT(places().upper, 3000);
@@ -91,9 +86,7 @@ TEST_F(GraphPageTest, ALoadedSheetIsShownWholeAndARunIsFollowed) {
 }
 
 TEST_F(GraphPageTest, ZoomingAndDraggingStopFollowingAndFollowResumes) {
-    layOut("V", 512);
-    commands.activity = Activity::Collecting;
-    appendAndDraw(2000);
+    beginRun(2000);
     const auto expectStopped = [this] {
         const QCPRange chosen = places();
         EXPECT_FALSE(follow().isChecked());
@@ -123,8 +116,7 @@ TEST_F(GraphPageTest, ZoomingAndDraggingStopFollowingAndFollowResumes) {
 }
 
 TEST_F(GraphPageTest, TheWheelWithCtrlZoomsTheValues) {
-    layOut("V", 512);
-    appendAndDraw(100);
+    begin(100);
     const QCPRange placesBefore = places();
     const QCPRange valuesBefore = canvas().yAxis->range();
     wheel(middle(), Qt::ControlModifier);
@@ -135,9 +127,7 @@ TEST_F(GraphPageTest, TheWheelWithCtrlZoomsTheValues) {
 }
 
 TEST_F(GraphPageTest, ADoubleClickShowsAllAlsoWhatComes) {
-    layOut("V", 512);
-    commands.activity = Activity::Collecting;
-    appendAndDraw(2000);
+    beginRun(2000);
     wheel(middle());
     doubleClick(middle());
     EXPECT_TRUE(showAll().isChecked());
@@ -157,8 +147,7 @@ TEST_F(GraphPageTest, ADoubleClickShowsAllAlsoWhatComes) {
 }
 
 TEST_F(GraphPageTest, TheReadoutTellsTheRowUnderThePointerElseTheNewest) {
-    layOut("V", 512);
-    appendAndDraw(20);
+    begin(20);
     EXPECT_EQ(readout(), "Newest row|20|11/21/26|0:00:10|1020|2020|3000|4000|");
     moveTo(pixel(5.3, 2000));
     EXPECT_EQ(readout(), "Row under the cursor|5|11/21/26|0:00:02|1005|2005|?|4000|");
@@ -180,7 +169,7 @@ TEST_F(GraphPageTest, TheReadoutTellsTheRowUnderThePointerElseTheNewest) {
 
 TEST_F(GraphPageTest, TheRowUnderTheCursorStaysWhenTheClockIsSetBack) {
     layOut("V", 512);
-    find<QComboBox>("PlotAxis").setCurrentIndex(1);
+    chooseAxis(1);
     commands.activity = Activity::Collecting;
     appendAndDraw(200);
     canvas().emphasise(1);
@@ -209,8 +198,7 @@ TEST_F(GraphPageTest, TheRowUnderTheCursorStaysWhenTheClockIsSetBack) {
 }
 
 TEST_F(GraphPageTest, TheKeyboardMovesTheCursorRowByRow) {
-    layOut("V", 512);
-    appendAndDraw(21);
+    begin(21);
     press(canvas(), Qt::Key_Right);
     EXPECT_EQ(readout().substr(0, 24), "Row under the cursor|11|") << "it begins in the middle";
     press(canvas(), Qt::Key_Right);
@@ -224,7 +212,7 @@ TEST_F(GraphPageTest, TheKeyboardMovesTheCursorRowByRow) {
 TEST_F(GraphPageTest, RowsOfOneSecondAreToldApartByTheirValues) {
     layOut("V", 512);
     append(20);
-    find<QComboBox>("PlotAxis").setCurrentIndex(1);
+    chooseAxis(1);
     const double place = canvas().graph(0)->data()->at(3)->key; // rows 4 and 5
     curve(2).click();
     curve(3).click();
@@ -236,27 +224,25 @@ TEST_F(GraphPageTest, RowsOfOneSecondAreToldApartByTheirValues) {
 }
 
 TEST_F(GraphPageTest, TheAxisIsTheRecordNumberOrTheTime) {
-    layOut("V", 512);
-    appendAndDraw(20);
+    begin(20);
     sheet.appendRow({QStringLiteral("21"), QStringLiteral("11/21/26"), QStringLiteral("27:00:00")});
     page.refreshNow();
     EXPECT_EQ(canvas().xAxis->label().toStdString(), "Record");
     EXPECT_TRUE(note().starts_with("Wheel")) << note();
     wheel(middle());
-    find<QComboBox>("PlotAxis").setCurrentIndex(1);
+    chooseAxis(1);
     EXPECT_EQ(canvas().xAxis->label().toStdString(), "Time");
     EXPECT_EQ(canvas().graph(0)->dataCount(), 20);
     EXPECT_EQ(note(), "1 rows without a readable time are not drawn.");
     EXPECT_TRUE(showAll().isChecked()) << "what was zoomed to is a part of the other axis";
     EXPECT_GT(places().lower, 1e9);
-    find<QComboBox>("PlotAxis").setCurrentIndex(0);
+    chooseAxis(0);
     EXPECT_EQ(canvas().graph(0)->dataCount(), 21);
     EXPECT_LT(places().upper, 30);
 }
 
 TEST_F(GraphPageTest, RowsOfAnotherLayoutAreToldNotDrawn) {
-    layOut("V", 512);
-    appendAndDraw(7);
+    begin(7);
     layOut("F", 310);
     page.refreshNow();
     EXPECT_EQ(note(), "7 rows of another type of instrument are not drawn.");
@@ -268,8 +254,7 @@ TEST_F(GraphPageTest, RowsOfAnotherLayoutAreToldNotDrawn) {
 }
 
 TEST_F(GraphPageTest, CurvesAreSwitchedByClickAndByKey) {
-    layOut("V", 512);
-    appendAndDraw(50);
+    begin(50);
     const double highest = canvas().yAxis->range().upper;
     EXPECT_GT(highest, 4000);
     clickAt(curve(4), QPoint(8, curve(4).height() / 2));
@@ -291,8 +276,7 @@ TEST_F(GraphPageTest, CurvesAreSwitchedByClickAndByKey) {
 }
 
 TEST_F(GraphPageTest, TheCurveInTheLegendThatHasTheFocusIsDrawnThicker) {
-    layOut("V", 512);
-    appendAndDraw(50);
+    begin(50);
     window->activateWindow();
     QCoreApplication::processEvents();
     curve(2).setFocus();
@@ -304,22 +288,15 @@ TEST_F(GraphPageTest, TheCurveInTheLegendThatHasTheFocusIsDrawnThicker) {
 }
 
 TEST_F(GraphPageTest, FollowsThePaletteWhileItIsShown) {
-    layOut("V", 512);
-    appendAndDraw(50);
+    begin(50);
     const auto corner = [this] { return canvas().grab().toImage().pixelColor(3, 3); };
-    QPalette dark = page.palette();
-    dark.setColor(QPalette::Base, QColor(30, 30, 30));
-    dark.setColor(QPalette::Text, Qt::white);
     const QColor lightCurve = canvas().graph(0)->pen().color();
-    page.setPalette(dark);
+    setColours(QColor(30, 30, 30), Qt::white);
     page.refreshNow();
     EXPECT_EQ(corner(), QColor(30, 30, 30));
     EXPECT_NE(canvas().graph(0)->pen().color(), lightCurve);
     EXPECT_EQ(canvas().xAxis->tickLabelColor(), QColor(Qt::white));
-    QPalette light = dark;
-    light.setColor(QPalette::Base, Qt::white);
-    light.setColor(QPalette::Text, Qt::black);
-    page.setPalette(light);
+    setColours(Qt::white, Qt::black);
     page.refreshNow();
     EXPECT_EQ(corner(), QColor(Qt::white));
     EXPECT_EQ(canvas().graph(0)->pen().color(), lightCurve);
@@ -333,11 +310,10 @@ TEST_F(GraphPageTest, FollowsTheFont) {
 }
 
 TEST_F(GraphPageTest, CurvesAreSmoothExceptWhileRowsCome) {
-    EXPECT_FALSE(canvas().notAntialiasedElements().testFlag(QCP::aePlottables));
-    commands.activity = Activity::Downloading;
-    EXPECT_TRUE(canvas().notAntialiasedElements().testFlag(QCP::aePlottables));
-    commands.activity = Activity::None;
-    EXPECT_FALSE(canvas().notAntialiasedElements().testFlag(QCP::aePlottables));
+    for (const Activity activity : {Activity::None, Activity::Downloading, Activity::None}) {
+        commands.activity = activity;
+        EXPECT_EQ(canvas().notAntialiasedElements().testFlag(QCP::aePlottables), activity != Activity::None);
+    }
 }
 
 TEST_F(GraphPageTest, EverythingCanBeOperatedAndFits) {

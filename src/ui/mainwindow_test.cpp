@@ -170,16 +170,14 @@ TEST_F(WindowTest, TheMenusOfAKnownInstrumentComeAndGo) {
 }
 
 TEST_F(WindowTest, TheStatusPageShowsTheSession) {
-    EXPECT_EQ(text("Label20"), "Offline");
-    EXPECT_EQ(text("FirmwareLabel"), "________");
-    EXPECT_EQ(text("Label23"), "________________");
+    expectTexts({{"Label20", "Offline"}, {"FirmwareLabel", "________"}, {"Label23", "________________"}});
     connectAndRead();
-    EXPECT_EQ(text("Label20"), "Ready");
-    EXPECT_EQ(text("InstrumentLabel"), "TRX");
-    EXPECT_EQ(text("FirmwareLabel"), "512");
-    EXPECT_EQ(text("Label23"), "11/21/26");
-    EXPECT_EQ(text("Label22"), "9:30:14 AM");
-    EXPECT_EQ(text("BufferLabel"), "1");
+    expectTexts({{"Label20", "Ready"},
+                 {"InstrumentLabel", "TRX"},
+                 {"FirmwareLabel", "512"},
+                 {"Label23", "11/21/26"},
+                 {"Label22", "9:30:14 AM"},
+                 {"BufferLabel", "1"}});
     EXPECT_EQ(button("ResetButton").toolTip().toStdString(),
               "Stops current collection and requires the instrument to be reset.");
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/numberbox.h"
 
-#include "testing/controls.h"
+#include "testing/windowrig.h"
 
 #include <memory>
 

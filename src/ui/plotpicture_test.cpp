@@ -14,10 +14,7 @@ namespace {
 
 class PlotPictureTest : public GraphPageTest {
 protected:
-    PlotPictureTest() {
-        layOut("V", 512);
-        appendAndDraw(100);
-    }
+    PlotPictureTest() { begin(100); }
 
     QByteArray save(const char* action, const char* name) {
         answers.fileName = folder.path(name);
@@ -82,10 +79,7 @@ TEST_F(PlotPictureTest, TheNamesEndingDecidesTheFormatIfItTellsOne) {
 
 TEST_F(PlotPictureTest, APictureIsLightSmoothAndHasALegendWhateverTheScreen) {
     const QImage before = plotImage(canvas());
-    QPalette dark = page.palette();
-    dark.setColor(QPalette::Base, Qt::black);
-    dark.setColor(QPalette::Text, Qt::white);
-    page.setPalette(dark);
+    setColours(Qt::black, Qt::white);
     commands.activity = Activity::Collecting;
     page.refreshNow();
     follow().click();
@@ -98,7 +92,7 @@ TEST_F(PlotPictureTest, APictureIsLightSmoothAndHasALegendWhateverTheScreen) {
     EXPECT_TRUE(shows(after, paperTheme().curves[1]));
     EXPECT_FALSE(canvas().legend->visible()) << "the screen has a legend of its own";
     EXPECT_EQ(canvas().plotLayout()->rowCount(), 1);
-    EXPECT_EQ(canvas().graph(0)->pen().color(), plotTheme(dark).curves[0]);
+    EXPECT_EQ(canvas().graph(0)->pen().color(), plotTheme(page.palette()).curves[0]);
     EXPECT_TRUE(canvas().notAntialiasedElements().testFlag(QCP::aePlottables));
     curve(2).click();
     EXPECT_FALSE(shows(plotImage(canvas()), paperTheme().curves[1])) << "what is switched off is not in it";

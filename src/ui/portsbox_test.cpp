@@ -33,6 +33,10 @@ protected:
 
     std::string shown() const { return edit.text().toStdString(); }
     std::string device() const { return program.link.ports.device(1).toStdString(); }
+    void expectTaken(const char* device) const {
+        EXPECT_EQ(shown(), device);
+        EXPECT_EQ(this->device(), device);
+    }
     std::string complaint() { return complaintLabel.isHidden() ? "" : complaintLabel.text().toStdString(); }
 
     PortChooser& chooser = find<PortChooser>("PortChooser1");
@@ -55,8 +59,7 @@ TEST_F(PortsBoxTest, ListsThePortsWithWhatTheySayAndTakesTheDeviceAlone) {
     chooser.view()->setCurrentIndex(chooser.model()->index(0, 0));
     press(*chooser.view(), Qt::Key_Return);
     EXPECT_FALSE(chooser.view()->isVisible());
-    EXPECT_EQ(shown(), "ttyUSB0");
-    EXPECT_EQ(device(), "ttyUSB0");
+    expectTaken("ttyUSB0");
     EXPECT_TRUE(chooser.toolTip().startsWith(QStringLiteral("ttyUSB0 - Serial Adapter.")));
 }
 
@@ -64,8 +67,7 @@ TEST_F(PortsBoxTest, TheArrowKeysStepThroughTheList) {
     press(chooser, Qt::Key_Down);
     EXPECT_EQ(device(), "ttyUSB0");
     press(chooser, Qt::Key_Down);
-    EXPECT_EQ(device(), "sim:trx");
-    EXPECT_EQ(shown(), "sim:trx");
+    expectTaken("sim:trx");
     press(chooser, Qt::Key_Up);
     EXPECT_EQ(device(), "ttyUSB0");
 }
@@ -94,13 +96,11 @@ TEST_F(PortsBoxTest, AnOpenListStaysOpenWhilePortsComeAndGo) {
 TEST_F(PortsBoxTest, AChosenPortThatVanishesStaysChosenAndComesBack) {
     press(chooser, Qt::Key_Down);
     unplugAll();
-    EXPECT_EQ(shown(), "ttyUSB0");
-    EXPECT_EQ(device(), "ttyUSB0");
+    expectTaken("ttyUSB0");
     EXPECT_EQ(chooser.currentIndex(), -1);
     plug("ttyACM0");
     plug("ttyUSB0", "Another Adapter");
-    EXPECT_EQ(shown(), "ttyUSB0");
-    EXPECT_EQ(device(), "ttyUSB0");
+    expectTaken("ttyUSB0");
     EXPECT_EQ(chooser.currentIndex(), 1);
     EXPECT_TRUE(chooser.toolTip().startsWith(QStringLiteral("ttyUSB0 - Another Adapter.")));
 }
@@ -144,8 +144,7 @@ TEST_F(PortsBoxTest, ATypedDeviceCountsWhenItIsFinished) {
     EXPECT_EQ(device(), "ttyS7");
     retype(edit, " /dev/ttyS8 ");
     tellFocus(edit, QEvent::FocusOut, Qt::TabFocusReason);
-    EXPECT_EQ(device(), "/dev/ttyS8");
-    EXPECT_EQ(shown(), "/dev/ttyS8");
+    expectTaken("/dev/ttyS8");
     retype(edit, "ttyS9");
     tellFocus(edit, QEvent::FocusOut, Qt::PopupFocusReason); // the menu is opened
     EXPECT_EQ(device(), "ttyS9");
@@ -154,13 +153,11 @@ TEST_F(PortsBoxTest, ATypedDeviceCountsWhenItIsFinished) {
 TEST_F(PortsBoxTest, EscapeTakesBackWhatWasTyped) {
     retype(edit, "nonsense");
     press(edit, Qt::Key_Escape);
-    EXPECT_EQ(shown(), "ttyA");
-    EXPECT_EQ(device(), "ttyA");
+    expectTaken("ttyA");
 }
 
 TEST_F(PortsBoxTest, AMalformedNameIsToldBelowTheBoxAndStaysForMending) {
-    retype(edit, "my port");
-    press(edit, Qt::Key_Return);
+    enter(edit, "my port");
     EXPECT_EQ(complaint(), "\"my port\" is no device. COM 1 stays ttyA.");
     EXPECT_EQ(shown(), "my port");
     EXPECT_EQ(device(), "ttyA");
@@ -169,17 +166,14 @@ TEST_F(PortsBoxTest, AMalformedNameIsToldBelowTheBoxAndStaysForMending) {
     press(edit, Qt::Key_Escape);
     EXPECT_EQ(complaint(), "");
     EXPECT_EQ(shown(), "ttyA");
-    retype(edit, "my port");
-    press(edit, Qt::Key_Return);
-    retype(edit, "myport");
-    press(edit, Qt::Key_Return);
+    enter(edit, "my port");
+    enter(edit, "myport");
     EXPECT_EQ(complaint(), "");
     EXPECT_EQ(device(), "myport");
 }
 
 TEST_F(PortsBoxTest, TheOtherPortsDeviceIsRefused) {
-    retype(edit, "/dev/ttyB");
-    press(edit, Qt::Key_Return);
+    enter(edit, "/dev/ttyB");
     EXPECT_EQ(complaint(),
               "COM 2 is set to ttyB already. Choose another device here, or change COM 2 first. COM 1 stays ttyA.");
     EXPECT_EQ(device(), "ttyA");
@@ -187,8 +181,7 @@ TEST_F(PortsBoxTest, TheOtherPortsDeviceIsRefused) {
 
 TEST_F(PortsBoxTest, CannotBeChangedWhileThePortIsOpen) {
     EXPECT_TRUE(chooser.isEnabled());
-    retype(edit, "my port");
-    press(edit, Qt::Key_Return);
+    enter(edit, "my port");
     connectAndRead();
     EXPECT_FALSE(chooser.isEnabled());
     EXPECT_EQ(shown(), "ttyA") << "what is open, not what was typed";
@@ -244,16 +237,14 @@ TEST_F(PortsBoxTest, LongNamesAndDescriptionsDoNotWidenTheWindow) {
     const int width = window->minimumSizeHint().width();
     const std::string longText(300, 'W');
     plug("ttyUSB1", longText.c_str());
-    retype(edit, (longText + " " + longText).c_str());
-    press(edit, Qt::Key_Return);
+    enter(edit, (longText + " " + longText).c_str());
     EXPECT_NE(complaint(), "");
     EXPECT_EQ(window->minimumSizeHint().width(), width);
     chooser.showPopup();
     EXPECT_LE(chooser.view()->width(), chooser.width());
     EXPECT_LE(chooser.view()->sizeHintForColumn(0), chooser.width());
     chooser.hidePopup();
-    retype(edit, longText.c_str());
-    press(edit, Qt::Key_Return);
+    enter(edit, longText.c_str());
     EXPECT_EQ(device(), longText);
     EXPECT_EQ(window->minimumSizeHint().width(), width);
 }
@@ -294,14 +285,12 @@ TEST_F(PortsBoxTest, ASimulatedInstrumentIsMarkedOnEveryPageAndInTheTitle) {
     auto& marker = find<QLabel>("SimulationMarker");
     EXPECT_FALSE(marker.isVisible());
     EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program");
-    retype(edit, "sim:trx");
-    press(edit, Qt::Key_Return);
+    enter(edit, "sim:trx");
     program.toggleServiceMode();
     onEachPage([&marker](const std::string& caption) { EXPECT_TRUE(marker.isVisible()) << caption; });
     EXPECT_EQ(marker.text().toStdString(), "Simulated instrument on COM 1");
     EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program (simulated instrument)");
-    retype(edit, "ttyA");
-    press(edit, Qt::Key_Return);
+    enter(edit, "ttyA");
     EXPECT_FALSE(marker.isVisible());
     EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program");
 }

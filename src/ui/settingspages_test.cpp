@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/settingswindowtest.h"
-
+#include "testing/expect.h"
+#include "testing/windowrig.h"
 #include "ui/widgets.h"
 
 #include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QRadioButton>
 
 namespace orv {
@@ -28,7 +26,7 @@ TEST_F(SettingsPagesTest, ModesAreDescribed) {
               QStringLiteral("This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up "
                              "to 60000 data points."));
     settings.modeRemark = QStringLiteral("Saved as a.OCM.");
-    EXPECT_EQ(find<QLabel>("ModeRemark").text(), QStringLiteral("Saved as a.OCM."));
+    EXPECT_EQ(text("ModeRemark"), "Saved as a.OCM.");
 }
 
 TEST_F(SettingsPagesTest, CaptionsAreTheOnesOfTheControls) {
@@ -56,13 +54,12 @@ TEST_F(SettingsPagesTest, CaptionsAreTheOnesOfTheControls) {
         {"Command12", "Save Device File"},
         {"RetrieveSettings", "Retrieve Settings"},
         {"ApplySettings", "Apply Settings"},
-        {"Close", "Close"},
-    };
-    for (const auto& [name, caption] : table) {
-        EXPECT_EQ(find<QAbstractButton>(name).text().remove(QLatin1Char('&')), QString::fromLatin1(caption));
-    }
+        {"Close", "Close"}};
+    expectEach(table, [this](const char* name) {
+        return find<QAbstractButton>(name).text().remove(QLatin1Char('&')).toStdString();
+    });
     QStringList labels;
-    for (const QLabel* label : window.findChildren<QLabel*>()) {
+    for (const QLabel* label : screen.findChildren<QLabel*>()) {
         labels << label->text().remove(QLatin1Char('&'));
     }
     for (const char* caption :
@@ -80,10 +77,10 @@ TEST_F(SettingsPagesTest, ClocksAreShown) {
     settings.computerTime = QStringLiteral("9:30:15 AM");
     settings.loggerDate = QStringLiteral("1/5/99");
     settings.loggerTime = QStringLiteral("0:15:07 PM");
-    EXPECT_EQ(find<QLabel>("ComputerDate").text(), QStringLiteral("11/21/26"));
-    EXPECT_EQ(find<QLabel>("ComputerTime").text(), QStringLiteral("9:30:15 AM"));
-    EXPECT_EQ(find<QLabel>("LoggerDate").text(), QStringLiteral("1/5/99"));
-    EXPECT_EQ(find<QLabel>("LoggerTime").text(), QStringLiteral("0:15:07 PM"));
+    EXPECT_EQ(text("ComputerDate"), "11/21/26");
+    EXPECT_EQ(text("ComputerTime"), "9:30:15 AM");
+    EXPECT_EQ(text("LoggerDate"), "1/5/99");
+    EXPECT_EQ(text("LoggerTime"), "0:15:07 PM");
 }
 
 TEST_F(SettingsPagesTest, CheckBoxesAreTheRecord) {
@@ -159,8 +156,8 @@ TEST_F(SettingsPagesTest, CalibrationBoxesAreTheCalibration) {
 }
 
 TEST_F(SettingsPagesTest, CalibrationBoxesStandInTheirColumns) {
-    openAt("Calibration");
-    const auto at = [this](const char* name) { return find<QLineEdit>(name).mapTo(&window, QPoint(0, 0)); };
+    openSettings("Calibration");
+    const auto at = [this](const char* name) { return find<QLineEdit>(name).mapTo(&screen, QPoint(0, 0)); };
     const char* const offsets[] = {"Text10", "Text8", "Text9"};
     const char* const scales[] = {"Text13", "Text11", "Text12"};
     for (std::size_t row = 0; row < 3; ++row) {
@@ -174,12 +171,10 @@ TEST_F(SettingsPagesTest, CalibrationBoxesStandInTheirColumns) {
 }
 
 TEST_F(SettingsPagesTest, CalibrationStartsAtNothingChanged) {
-    for (const char* name : {"Text10", "Text8", "Text9", "GlowOffset"}) {
-        EXPECT_EQ(find<QLineEdit>(name).text(), QStringLiteral("0")) << name;
-    }
-    for (const char* name : {"Text13", "Text11", "Text12", "GlowScale"}) {
-        EXPECT_EQ(find<QLineEdit>(name).text(), QStringLiteral("1")) << name;
-    }
+    const std::pair<const char*, const char*> table[] = {{"Text10", "0"},     {"Text8", "0"},    {"Text9", "0"},
+                                                         {"GlowOffset", "0"}, {"Text13", "1"},   {"Text11", "1"},
+                                                         {"Text12", "1"},     {"GlowScale", "1"}};
+    expectEach(table, [this](const char* name) { return find<QLineEdit>(name).text().toStdString(); });
     EXPECT_TRUE(find<QRadioButton>("TrxProvideRawCounts").isChecked());
     EXPECT_TRUE(find<QRadioButton>("GlowProvideRawCounts").isChecked());
 }
@@ -210,12 +205,12 @@ TEST_F(SettingsPagesTest, DeviceFilesAreForTheScatteringMeterOnly) {
 }
 
 TEST_F(SettingsPagesTest, AChosenSamplingOptionWritesItsPreset) {
-    openAt("Sampling");
-    session.status.instrument = InstrumentType::Glow;
+    openSettings("Sampling");
+    status.instrument = InstrumentType::Glow;
     option(3).click();
     EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("90"));
     EXPECT_EQ(find<QLineEdit>("Text2").text(), QStringLiteral("90"));
-    session.status.instrument = InstrumentType::Trx;
+    status.instrument = InstrumentType::Trx;
     option(4).click();
     EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("210"));
     option(4).setFocus();
@@ -242,7 +237,7 @@ TEST_F(SettingsPagesTest, OptionsAreCaptionedByTheTypeLabel) {
         {InstrumentType::Unknown, QStringLiteral("2 1 1/2 1/4").split(QLatin1Char(' '))},
     };
     for (const auto& [type, captions] : table) {
-        session.status.instrument = type;
+        status.instrument = type;
         QStringList shown;
         for (int number = 1; number <= 4; ++number) {
             shown << option(number).text().remove(u'&');
@@ -254,12 +249,12 @@ TEST_F(SettingsPagesTest, OptionsAreCaptionedByTheTypeLabel) {
 TEST_F(SettingsPagesTest, CapacityIsShown) {
     settings.capacity = QStringLiteral("12.3");
     settings.memoryPointer = QStringLiteral("8123");
-    EXPECT_EQ(find<QLabel>("LoggerCapacity").text(), QStringLiteral("12.3"));
-    EXPECT_EQ(find<QLabel>("MemoryPointer").text(), QStringLiteral("8123"));
+    EXPECT_EQ(text("LoggerCapacity"), "12.3");
+    EXPECT_EQ(text("MemoryPointer"), "8123");
 }
 
 TEST_F(SettingsPagesTest, ANumberTooLargeIsToldWhenTheBoxIsLeftYetSent) {
-    openAt("Sampling");
+    openSettings("Sampling");
     for (const char* name : {"Text3", "Text4"}) {
         auto& box = find<QLineEdit>(name);
         auto& remark = find<QLabel>((QByteArray(name) + "Remark").constData());
@@ -281,7 +276,7 @@ TEST_F(SettingsPagesTest, TheLampTellsWhatGoesOn) {
                                              {Lamp::Sending, QColor(255, 255, 0)},
                                              {Lamp::Sent, QColor(0, 255, 0)},
                                              {Lamp::Read, QColor(0, 0, 255)}};
-    openAt("Control Bits");
+    openSettings("Control Bits");
     auto& lamp = find<QWidget>("Lamp");
     for (const auto& [shown, colour] : table) {
         settings.lamp = shown;

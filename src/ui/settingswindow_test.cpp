@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/settingswindowtest.h"
+#include "testing/expect.h"
+#include "testing/windowrig.h"
 
 #include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSet>
 #include <QShortcut>
@@ -16,25 +14,43 @@ namespace {
 
 constexpr const char* tabNames[] = {"Modes", "Time and Date", "Control Bits", "Sampling", "Calibration"};
 
+class SettingsTabsTest : public SettingsWindowTest {
+protected:
+    /// Calls `look` at each tab for each type of instrument.
+    void onEachTab(const std::function<void()>& look) {
+        for (const InstrumentType type : {InstrumentType::Trx, InstrumentType::Glow}) {
+            status.instrument = type;
+            for (const char* tab : tabNames) {
+                SCOPED_TRACE(tab);
+                openSettings(tab);
+                look();
+            }
+        }
+    }
+
+    int mainWindowShown = 0;
+    Subscription mainWindowWanted = screen.mainWindowWanted.subscribe([this] { ++mainWindowShown; });
+};
+
 TEST_F(SettingsWindowTest, IsAWindowOfItsOwnThatFollowsTheState) {
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("Logger Settings"));
-    EXPECT_TRUE(window.isWindow());
-    EXPECT_EQ(window.windowModality(), Qt::NonModal);
-    open();
-    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(screen.isVisible());
+    EXPECT_EQ(screen.windowTitle(), QStringLiteral("Logger Settings"));
+    EXPECT_TRUE(screen.isWindow());
+    EXPECT_EQ(screen.windowModality(), Qt::NonModal);
+    openSettings();
+    EXPECT_TRUE(screen.isVisible());
     settings.visible = false;
-    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(screen.isVisible());
 }
 
 TEST_F(SettingsWindowTest, OpensWithTheTabsAndNoFrame) {
-    open();
+    openSettings();
     auto& tabs = find<QTabBar>("SettingsTabs");
     ASSERT_EQ(tabs.count(), 5);
     for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(tabs.tabText(i), QString::fromLatin1(tabNames[i]));
     }
-    EXPECT_TRUE(shownFrames().isEmpty());
+    EXPECT_TRUE(shownFrames().empty());
     EXPECT_TRUE(find<QLabel>("NoTabHint").isVisible());
 }
 
@@ -45,95 +61,97 @@ TEST_F(SettingsWindowTest, AClickOnATabShowsItsFrameAlone) {
         {"ControlBitsFrame", "Control Bits"},
         {"SamplesFrame", "Samples and Intervals"},
         {"TrxCalibrationFrame", "TRX Calibration: Offsets and B calculations"}};
-    open();
+    openSettings();
     int tab = 0;
     for (const auto& [name, caption] : frames) {
-        clickTab(find<QTabBar>("SettingsTabs"), tab);
-        EXPECT_EQ(shownFrames(), QStringList{QString::fromLatin1(name)});
-        EXPECT_EQ(find<QGroupBox>(name).title(), QString::fromLatin1(caption));
+        clickTab(find<QTabBar>("SettingsTabs"), tab++);
+        EXPECT_EQ(shownFrames(), name);
+        EXPECT_EQ(find<QGroupBox>(name).title().toStdString(), caption);
         EXPECT_FALSE(find<QLabel>("NoTabHint").isVisible());
-        ++tab;
     }
     clickTab(find<QTabBar>("SettingsTabs"), 0);
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("ModesFrame")});
+    EXPECT_EQ(shownFrames(), "ModesFrame");
 }
 
 TEST_F(SettingsWindowTest, KeysChooseTabsFromTheFirst) {
-    open();
+    openSettings();
     auto& tabs = find<QTabBar>("SettingsTabs");
     press(tabs, Qt::Key_Right);
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("ModesFrame")});
+    EXPECT_EQ(shownFrames(), "ModesFrame");
     press(tabs, Qt::Key_Right);
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("TimeAndDateFrame")});
+    EXPECT_EQ(shownFrames(), "TimeAndDateFrame");
 }
 
-TEST_F(SettingsWindowTest, PageKeysGoRoundTheTabs) {
-    open();
-    QHash<QString, QShortcut*> shortcuts;
-    for (QShortcut* shortcut : window.findChildren<QShortcut*>(QString(), Qt::FindDirectChildrenOnly)) {
-        shortcuts[shortcut->key().toString()] = shortcut;
-    }
-    ASSERT_TRUE(shortcuts.contains(QStringLiteral("Ctrl+PgDown")) && shortcuts.contains(QStringLiteral("Ctrl+PgUp")));
-    Q_EMIT shortcuts[QStringLiteral("Ctrl+PgDown")]->activated();
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("ModesFrame")});
-    Q_EMIT shortcuts[QStringLiteral("Ctrl+PgUp")]->activated();
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("TrxCalibrationFrame")});
-    Q_EMIT shortcuts[QStringLiteral("Ctrl+PgDown")]->activated();
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("ModesFrame")});
+TEST_F(SettingsWindowTest, PageKeysGoRoundTheTabsAndNumbersChooseThem) {
+    openSettings();
+    const std::pair<const char*, const char*> table[] = {{"Ctrl+PgDown", "ModesFrame"},
+                                                         {"Ctrl+PgUp", "TrxCalibrationFrame"},
+                                                         {"Ctrl+PgDown", "ModesFrame"},
+                                                         {"Ctrl+3", "ControlBitsFrame"},
+                                                         {"Ctrl+1", "ModesFrame"}};
+    expectEach(table, [this](const char* key) {
+        for (QShortcut* shortcut : screen.findChildren<QShortcut*>()) {
+            if (shortcut->key() == QKeySequence(QString::fromLatin1(key))) {
+                Q_EMIT shortcut->activated();
+            }
+        }
+        return shownFrames();
+    });
+    EXPECT_EQ(find<QTabBar>("SettingsTabs").tabToolTip(1), QStringLiteral("Time and Date (Ctrl+2)"));
 }
 
 TEST_F(SettingsWindowTest, CalibrationShowsTheFrameOfTheTypeLabel) {
-    session.status.instrument = InstrumentType::Glow;
-    session.state.Vartemp = QStringLiteral("V"); // the letter has no say here
-    openAt("Calibration");
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("GlowCalibrationFrame")});
+    status.instrument = InstrumentType::Glow;
+    state.Vartemp = QStringLiteral("V"); // the letter has no say here
+    openSettings("Calibration");
+    EXPECT_EQ(shownFrames(), "GlowCalibrationFrame");
     EXPECT_EQ(find<QGroupBox>("GlowCalibrationFrame").title(),
               QStringLiteral("GLW Calibration: Offsets and B calculations"));
-    session.status.instrument = InstrumentType::Trx;
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("TrxCalibrationFrame")});
-    session.status.instrument = InstrumentType::Unknown;
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("TrxCalibrationFrame")});
-    window.chooseTab(QStringLiteral("Modes"));
-    window.chooseTab(QStringLiteral("Calibration"));
-    EXPECT_TRUE(shownFrames().isEmpty());
+    status.instrument = InstrumentType::Trx;
+    EXPECT_EQ(shownFrames(), "TrxCalibrationFrame");
+    status.instrument = InstrumentType::Unknown;
+    EXPECT_EQ(shownFrames(), "TrxCalibrationFrame");
+    screen.chooseTab(QStringLiteral("Modes"));
+    screen.chooseTab(QStringLiteral("Calibration"));
+    EXPECT_TRUE(shownFrames().empty());
     EXPECT_TRUE(find<QLabel>("NoTypeHint").isVisible());
 }
 
 TEST_F(SettingsWindowTest, ClearformsHidesEveryFrame) {
     for (const char* tab : tabNames) {
-        openAt(tab);
-        window.clearforms();
-        EXPECT_TRUE(shownFrames().isEmpty()) << tab;
+        openSettings(tab);
+        screen.clearforms();
+        EXPECT_TRUE(shownFrames().empty()) << tab;
     }
 }
 
-TEST_F(SettingsWindowTest, KeepsItsTabAndTextsBetweenOpenings) {
-    openAt("Sampling");
+TEST_F(SettingsTabsTest, KeepsItsTabAndTextsBetweenOpenings) {
+    openSettings("Sampling");
     type(find<QLineEdit>("Text1"), "0");
-    window.close();
+    screen.close();
     EXPECT_FALSE(settings.visible.value());
     EXPECT_EQ(mainWindowShown, 0);
-    open();
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("SamplesFrame")});
+    openSettings();
+    EXPECT_EQ(shownFrames(), "SamplesFrame");
     EXPECT_EQ(find<QLineEdit>("Text1").text(), QStringLiteral("240"));
 }
 
-TEST_F(SettingsWindowTest, CloseShowsTheMainWindow) {
-    open();
+TEST_F(SettingsTabsTest, CloseShowsTheMainWindow) {
+    openSettings();
     click("Close");
     EXPECT_EQ(mainWindowShown, 1);
-    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(screen.isVisible());
     EXPECT_FALSE(settings.visible.value());
 }
 
 TEST_F(SettingsWindowTest, PresentShowsIt) {
-    window.present();
-    EXPECT_TRUE(window.isVisible());
+    screen.present();
+    EXPECT_TRUE(screen.isVisible());
     EXPECT_TRUE(settings.visible.value());
 }
 
 TEST_F(SettingsWindowTest, ButtonsDoTheirWork) {
-    open();
+    openSettings();
     click("RetrieveSettings");
     EXPECT_EQ(written(), std::vector<QByteArray>{"P"});
     click("DisplayLoggerTimeDate");
@@ -151,9 +169,9 @@ TEST_F(SettingsWindowTest, ButtonsDoTheirWork) {
 
 TEST_F(SettingsWindowTest, NoButtonSendsAnythingWhenNotConnected) {
     ports.close();
-    open();
+    openSettings();
     int buttons = 0;
-    for (QPushButton* button : window.findChildren<QPushButton*>()) {
+    for (QPushButton* button : screen.findChildren<QPushButton*>()) {
         button->click();
         ++buttons;
     }
@@ -167,26 +185,22 @@ TEST_F(SettingsWindowTest, NoButtonSendsAnythingWhenNotConnected) {
 
 TEST_F(SettingsWindowTest, WhatWouldDisturbIsDisabledMeanwhile) {
     const auto enabled = [this] {
-        QStringList names;
+        std::string names;
         for (const char* name :
              {"RetrieveSettings", "ApplySettings", "DisplayLoggerTimeDate", "Profile", "Moored", "LoadAUserDefinedMode",
               "SaveAUserDefinedMode", "ViewCurrentSettingsTranscribedAsText", "Close"}) {
-            if (find<QPushButton>(name).isEnabled()) {
-                names << QString::fromLatin1(name);
-            }
+            names += find<QPushButton>(name).isEnabled() ? std::string(name) + ' ' : "";
         }
         return names;
     };
-    const QStringList harmless{QStringLiteral("SaveAUserDefinedMode"),
-                               QStringLiteral("ViewCurrentSettingsTranscribedAsText"), QStringLiteral("Close")};
-    EXPECT_EQ(enabled().size(), 9);
-    session.commands.activity = Activity::Sending;
+    const std::string modes = "Profile Moored LoadAUserDefinedMode ";
+    const std::string harmless = "SaveAUserDefinedMode ViewCurrentSettingsTranscribedAsText Close ";
+    EXPECT_EQ(enabled(), "RetrieveSettings ApplySettings DisplayLoggerTimeDate " + modes + harmless);
+    commands.activity = Activity::Sending;
     EXPECT_EQ(enabled(), harmless);
-    session.commands.activity = Activity::None;
+    commands.activity = Activity::None;
     ports.close();
-    EXPECT_EQ(enabled(), (QStringList{QStringLiteral("Profile"), QStringLiteral("Moored"),
-                                      QStringLiteral("LoadAUserDefinedMode")} +
-                          harmless));
+    EXPECT_EQ(enabled(), modes + harmless);
 }
 
 TEST_F(SettingsWindowTest, ToolTipsTellWhatAControlDoes) {
@@ -211,13 +225,11 @@ TEST_F(SettingsWindowTest, ToolTipsTellWhatAControlDoes) {
                   "example: A value of 24 is 1 data block per 24 hours."},
         {"LoggerCapacity", "This is the % of data memory used in the logger."},
     };
-    for (const auto& [name, text] : table) {
-        EXPECT_EQ(find<QWidget>(name).toolTip(), QString::fromLatin1(text)) << name;
-    }
+    expectEach(table, [this](const char* name) { return find<QWidget>(name).toolTip().toStdString(); });
 }
 
 TEST_F(SettingsWindowTest, EveryControlCanBeReachedByKeyAndHasAName) {
-    for (QWidget* widget : window.findChildren<QWidget*>()) {
+    for (QWidget* widget : screen.findChildren<QWidget*>()) {
         const auto* button = qobject_cast<QAbstractButton*>(widget);
         const bool box = qobject_cast<QLineEdit*>(widget) != nullptr;
         // Tool buttons are only decoration: the arrows of a narrow tab strip, the warning in a box.
@@ -225,9 +237,9 @@ TEST_F(SettingsWindowTest, EveryControlCanBeReachedByKeyAndHasAName) {
             continue;
         }
         const bool option = qobject_cast<QRadioButton*>(widget) != nullptr; // reached by the arrow keys too
-        EXPECT_TRUE(option || (widget->focusPolicy() & Qt::TabFocus) != 0) << widget->objectName().toStdString();
-        EXPECT_FALSE(box ? widget->accessibleName().isEmpty() : button->text().isEmpty())
-            << widget->objectName().toStdString();
+        const std::string name = widget->objectName().toStdString();
+        EXPECT_TRUE(option || (widget->focusPolicy() & Qt::TabFocus) != 0) << name;
+        EXPECT_FALSE(box ? widget->accessibleName().isEmpty() : button->text().isEmpty()) << name;
     }
 }
 
@@ -244,7 +256,7 @@ TEST_F(SettingsWindowTest, TheTabKeyGoesFromTopToBottom) {
     };
     settings.samplingOption = 2;
     for (const auto& [tab, order] : table) {
-        openAt(tab);
+        openSettings(tab);
         find<QTabBar>("SettingsTabs").setFocus();
         QStringList visited;
         while (QApplication::focusWidget() != nullptr && !visited.contains(QApplication::focusWidget()->objectName())) {
@@ -255,82 +267,54 @@ TEST_F(SettingsWindowTest, TheTabKeyGoesFromTopToBottom) {
     }
 }
 
-TEST_F(SettingsWindowTest, MnemonicsAreUniqueOnEachTab) {
-    for (const InstrumentType type : {InstrumentType::Trx, InstrumentType::Glow}) {
-        session.status.instrument = type;
-        for (const char* tab : tabNames) {
-            openAt(tab);
-            QSet<QString> letters;
-            const auto take = [&letters, tab](const QString& text) {
-                const QString letter = QKeySequence::mnemonic(text).toString();
-                EXPECT_FALSE(letters.contains(letter)) << tab << ": " << text.toStdString();
-                if (!letter.isEmpty()) {
-                    letters << letter;
-                }
-            };
-            for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
-                if (button->isVisible()) {
-                    take(button->text());
-                }
+TEST_F(SettingsTabsTest, MnemonicsAreUniqueOnEachTab) {
+    onEachTab([this] {
+        QSet<QString> letters;
+        const auto take = [&letters](const QString& text) {
+            const QString letter = QKeySequence::mnemonic(text).toString();
+            EXPECT_FALSE(letters.contains(letter)) << text.toStdString();
+            if (!letter.isEmpty()) {
+                letters << letter;
             }
-            for (const QLabel* label : window.findChildren<QLabel*>()) {
-                if (label->isVisible() && label->buddy() != nullptr) {
-                    take(label->text());
-                }
+        };
+        for (const QWidget* widget : screen.findChildren<QWidget*>()) {
+            const auto* button = qobject_cast<const QAbstractButton*>(widget);
+            const auto* label = qobject_cast<const QLabel*>(widget);
+            if (widget->isVisible() && (button != nullptr || (label != nullptr && label->buddy() != nullptr))) {
+                take(button != nullptr ? button->text() : label->text());
             }
-            EXPECT_GE(letters.size(), 4) << tab;
         }
-    }
+        EXPECT_GE(letters.size(), 4);
+    });
 }
 
-TEST_F(SettingsWindowTest, NothingIsCutOff) {
+TEST_F(SettingsTabsTest, NothingIsCutOff) {
     change(settings.record, [](LoggerSettings& record) { record.secondsBetweenPoints = QStringLiteral("99999"); });
-    for (const InstrumentType type : {InstrumentType::Trx, InstrumentType::Glow}) {
-        session.status.instrument = type;
-        for (const char* tab : tabNames) {
-            openAt(tab);
-            window.resize(window.minimumSizeHint());
-            QApplication::processEvents();
-            for (const QWidget* widget : window.findChildren<QWidget*>()) {
-                const auto* label = qobject_cast<const QLabel*>(widget);
-                const bool button = qobject_cast<const QAbstractButton*>(widget) != nullptr;
-                if (!widget->isVisible() || widget->objectName().isEmpty() || (label == nullptr && !button)) {
-                    continue;
-                }
-                if (label != nullptr && label->wordWrap()) {
-                    EXPECT_GE(label->height(), label->heightForWidth(label->width()))
-                        << widget->objectName().toStdString();
-                } else {
-                    EXPECT_GE(widget->width(), widget->sizeHint().width()) << widget->objectName().toStdString();
-                }
+    onEachTab([this] {
+        screen.resize(screen.minimumSizeHint());
+        QApplication::processEvents();
+        for (const QWidget* widget : screen.findChildren<QWidget*>()) {
+            const auto* label = qobject_cast<const QLabel*>(widget);
+            const bool button = qobject_cast<const QAbstractButton*>(widget) != nullptr;
+            if (!widget->isVisible() || widget->objectName().isEmpty() || (label == nullptr && !button)) {
+                continue;
+            }
+            if (label != nullptr && label->wordWrap()) {
+                EXPECT_GE(label->height(), label->heightForWidth(label->width())) << qPrintable(label->objectName());
+            } else {
+                EXPECT_GE(widget->width(), widget->sizeHint().width()) << qPrintable(widget->objectName());
             }
         }
-    }
+    });
 }
 
 TEST_F(SettingsWindowTest, PlainEnglishShowsTheSettingsAsTheyAreNow) {
-    open();
+    openSettings();
     click("ViewCurrentSettingsTranscribedAsText");
     auto& english = find<QWidget>("PlainEnglish");
     EXPECT_TRUE(english.isVisible());
     EXPECT_EQ(control<QLabel>(english, "BinningLine").text(),
               QStringLiteral("It will bin for 30 sample(s) to create 1 data point."));
-}
-
-TEST_F(SettingsWindowTest, TabsAreChosenByTheirNumber) {
-    open();
-    const auto choose = [this](int key) {
-        for (QShortcut* shortcut : window.findChildren<QShortcut*>()) {
-            if (shortcut->key() == QKeySequence(Qt::CTRL | static_cast<Qt::Key>(key))) {
-                Q_EMIT shortcut->activated();
-            }
-        }
-    };
-    choose(Qt::Key_3);
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("ControlBitsFrame")});
-    choose(Qt::Key_1);
-    EXPECT_EQ(shownFrames(), QStringList{QStringLiteral("ModesFrame")});
-    EXPECT_EQ(find<QTabBar>("SettingsTabs").tabToolTip(1), QStringLiteral("Time and Date (Ctrl+2)"));
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/windowrig.h"
-#include "ui/settingswindow.h"
 
 #include <QTabBar>
 #include <QtTest/QTest>
@@ -30,12 +29,16 @@ protected:
         QCoreApplication::processEvents();
     }
 
+    std::string saidAfter(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        said();
+        press(key, modifiers);
+        return said();
+    }
+
     /// What a key leads to, on each page in turn.
     void expectOnEveryPage(Qt::Key key, Qt::KeyboardModifiers modifiers, const std::string& announcement) {
         onEachPage([&](const std::string& caption) {
-            said();
-            press(key, modifiers);
-            EXPECT_EQ(said(), announcement) << "on the page " << caption;
+            EXPECT_EQ(saidAfter(key, modifiers), announcement) << "on the page " << caption;
         });
     }
 };
@@ -55,46 +58,36 @@ TEST_F(ShortcutsTest, SaveAsWorksOnEveryPageOnceItsButtonDoes) {
 
 TEST_F(ShortcutsTest, RunStartsARunFromAnyPage) {
     program.link.connection.fixit();
-    said();
-    press(Qt::Key_F5, Qt::NoModifier);
-    EXPECT_EQ(said(), "") << "nothing is connected";
+    EXPECT_EQ(saidAfter(Qt::Key_F5), "") << "nothing is connected";
     connectAndComeForward();
     program.selectUpperTab(QStringLiteral("Output: Graphical"));
-    said();
-    press(Qt::Key_F5, Qt::NoModifier);
-    EXPECT_EQ(said(), "Run 1\rStart Running Profile\r");
-    press(Qt::Key_F5, Qt::NoModifier);
-    EXPECT_EQ(said(), "") << "a run is under way";
+    EXPECT_EQ(saidAfter(Qt::Key_F5), "Run 1\rStart Running Profile\r");
+    EXPECT_EQ(saidAfter(Qt::Key_F5), "") << "a run is under way";
 }
 
 TEST_F(ShortcutsTest, NothingIsOpenedOverARun) {
     connectAndComeForward();
     program.run();
-    said();
-    press(Qt::Key_O, Qt::ControlModifier);
-    EXPECT_EQ(said(), "");
+    EXPECT_EQ(saidAfter(Qt::Key_O, Qt::ControlModifier), "");
 }
 
 TEST_F(ShortcutsTest, AHiddenRunButtonIsNotPressedByItsKey) {
     connectAndComeForward();
     commands.runVisible = false;
-    said();
-    press(Qt::Key_F5, Qt::NoModifier);
-    EXPECT_EQ(said(), "");
+    EXPECT_EQ(saidAfter(Qt::Key_F5), "");
 }
 
 TEST_F(ShortcutsTest, PagesAreChosenByTheirNumber) {
-    press(Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(program.pages.shown.value(), Page::Sheet);
-    press(Qt::Key_3, Qt::ControlModifier);
-    EXPECT_EQ(program.pages.shown.value(), Page::Graphical);
-    press(Qt::Key_5, Qt::ControlModifier);
-    EXPECT_EQ(program.pages.shown.value(), Page::Graphical) << "service pages only in service mode";
+    const auto pageAfter = [this](Qt::Key key) {
+        press(key, Qt::ControlModifier);
+        return program.pages.shown.value();
+    };
+    EXPECT_EQ(pageAfter(Qt::Key_2), Page::Sheet);
+    EXPECT_EQ(pageAfter(Qt::Key_3), Page::Graphical);
+    EXPECT_EQ(pageAfter(Qt::Key_5), Page::Graphical) << "service pages only in service mode";
     program.toggleServiceMode();
-    press(Qt::Key_5, Qt::ControlModifier);
-    EXPECT_EQ(program.pages.shown.value(), Page::Testing);
-    press(Qt::Key_3, Qt::ControlModifier);
-    EXPECT_EQ(program.pages.shown.value(), Page::Graphical) << "the strip's own tab comes back";
+    EXPECT_EQ(pageAfter(Qt::Key_5), Page::Testing);
+    EXPECT_EQ(pageAfter(Qt::Key_3), Page::Graphical) << "the strip's own tab comes back";
 }
 
 TEST_F(ShortcutsTest, TheKeysStandInTheToolTips) {
@@ -131,8 +124,7 @@ TEST_F(ShortcutsTest, EscHidesTheProcessingDialogAndTheDownloadGoesOn) {
 }
 
 TEST_F(ShortcutsTest, EscLeavesTheSettingsOpen) {
-    program.showSettingsForm();
-    SettingsWindow& settings = *window->settingsWindow();
+    SettingsWindow& settings = openSettings();
     QTest::keyClick(&settings, Qt::Key_Escape);
     EXPECT_TRUE(settings.isVisible()) << "it is a window of its own, which \"Close\" closes";
 }

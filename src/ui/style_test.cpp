@@ -64,10 +64,6 @@ TEST(ProgramStyleTest, AButtonThatIsSwitchedOnHasTheHighlightsColour) {
     }
 }
 
-} // namespace
-
-namespace {
-
 TEST(ApplicationIcon, IsADropOnNothingInEverySize) {
     const QIcon icon = applicationIcon();
     for (const int size : {16, 32, 48, 64}) {
@@ -80,10 +76,6 @@ TEST(ApplicationIcon, IsADropOnNothingInEverySize) {
         EXPECT_GT(water.blue(), water.red()) << size;
     }
 }
-
-} // namespace
-
-namespace {
 
 using Vector = std::array<double, 3>;
 using Matrix = std::array<Vector, 3>;

@@ -6,7 +6,22 @@
 namespace orv {
 namespace {
 
-class ManualDialogTest : public WindowTest {
+class WaitingTest : public WindowTest {
+protected:
+    /// What happens when the program has long begun to wait for input, and when that has been handled.
+    void whileWaiting(
+        const std::function<void()>& begun, const std::function<void()>& later = [] {}) {
+        atWait = [begun, later](int count) {
+            if (count == 100) {
+                begun();
+            } else if (count == 300) {
+                later();
+            }
+        };
+    }
+};
+
+class ManualDialogTest : public WaitingTest {
 protected:
     QDialog& dialog = find<QDialog>("ManualConnection");
     std::string text() { return find<QPlainTextEdit>("ManualText").toPlainText().toStdString(); }
@@ -82,88 +97,73 @@ protected:
         button("ManualStart").click();
     }
 
-    static constexpr int seeking = 100;       ///< A wait by which the seeking has long begun.
-    static constexpr int later = seeking * 3; ///< What was posted at `seeking` has been handled by then.
+    void expectEnded() {
+        EXPECT_LT(waits, mostWaits);
+        EXPECT_FALSE(com1.isOpen());
+    }
 };
 
 TEST_F(SeekingTest, TheDialogsQuitEndsItAndNothingElseTakesInput) {
     std::string saidMeanwhile;
-    atWait = [&](int wait) {
-        if (wait == seeking) {
+    whileWaiting(
+        [&] {
             said();
             EXPECT_TRUE(button("ResetButton").isEnabled());
             postClick(button("ResetButton"));
             QCoreApplication::postEvent(
                 window.get(), new QKeyEvent(QEvent::KeyPress, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier));
-        } else if (wait == later) {
+        },
+        [&] {
             saidMeanwhile = said();
             postClick(button("ManualQuit"));
-        }
-    };
+        });
     seek();
     EXPECT_EQ(saidMeanwhile, "");
     EXPECT_EQ(state.trouble, 0);
-    EXPECT_LT(waits, mostWaits);
-    EXPECT_FALSE(com1.isOpen());
+    expectEnded();
     EXPECT_EQ(status.status.value().toStdString(), "Offline");
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_TRUE(com1.writes.empty());
 }
 
 TEST_F(SeekingTest, ClosingTheDialogEndsIt) {
-    atWait = [this](int wait) {
-        if (wait == seeking) {
-            QCoreApplication::postEvent(&dialog, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
-        }
-    };
+    whileWaiting([this] {
+        QCoreApplication::postEvent(&dialog, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    });
     seek();
-    EXPECT_LT(waits, mostWaits);
-    EXPECT_FALSE(com1.isOpen());
+    expectEnded();
     EXPECT_EQ(status.status.value().toStdString(), "Offline");
 }
 
 TEST_F(SeekingTest, ClosingTheWindowEndsItAndThenTheProgram) {
-    atWait = [this](int wait) {
-        if (wait == seeking) {
-            QTimer::singleShot(0, window.get(), [this] { window->close(); });
-        }
-    };
+    whileWaiting([this] { QTimer::singleShot(0, window.get(), [this] { window->close(); }); });
     seek();
-    EXPECT_LT(waits, mostWaits);
-    EXPECT_FALSE(com1.isOpen());
+    expectEnded();
     EXPECT_FALSE(window->isVisible());
     EXPECT_TRUE(windowEvents.programEnding());
 }
 
-TEST_F(WindowTest, TheWindowLivesDuringAnAutomaticAttempt) {
+TEST_F(WaitingTest, TheWindowLivesDuringAnAutomaticAttempt) {
     bool timerRan = false;
     bool labelDrawn = false;
-    atWait = [&](int wait) {
-        constexpr int begun = 100;
-        constexpr int later = 300;
-        if (wait == begun) {
-            QTimer::singleShot(0, window.get(), [&timerRan] { timerRan = true; });
-        } else if (wait == later) {
-            labelDrawn = find<QLabel>("Label20").text() == QLatin1String("Connecting...");
-            replies = {"V512\r"};
-        }
-    };
+    whileWaiting([&] { QTimer::singleShot(0, window.get(), [&timerRan] { timerRan = true; }); },
+                 [&] {
+                     labelDrawn = text("Label20") == "Connecting...";
+                     replies = {"V512\r"};
+                 });
     item("AutoConnect1").trigger();
     EXPECT_TRUE(timerRan);
     EXPECT_TRUE(labelDrawn);
     EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
 }
 
-TEST_F(WindowTest, ClosingTheWindowDuringAnAutomaticAttemptEndsTheProgramBehindIt) {
-    constexpr int begun = 100;
+TEST_F(WaitingTest, ClosingTheWindowDuringAnAutomaticAttemptEndsTheProgramBehindIt) {
     bool openAfterClosing = false;
-    atWait = [&](int wait) {
-        if (wait == begun) {
-            window->close();
-            openAfterClosing = window->isVisible();
-            replies = {"V512\r"};
-        }
-    };
+    whileWaiting([&] {
+        window->close();
+        openAfterClosing = window->isVisible();
+        replies = {"V512\r"};
+    });
     item("AutoConnect1").trigger();
     EXPECT_TRUE(openAfterClosing);
     EXPECT_FALSE(window->isVisible());
