@@ -45,7 +45,6 @@ public:
     SheetState shown;
     SheetRows rows{session, ports, sheet, shown};
     SheetFiles files{session, ports, sheet, rows, shown, answers};
-    AutomaticSave automaticSave{session, rows, files, shown};
 };
 
 /// The save in the middle of a run that has made the sheet full, through to the disk, and the clearing.
@@ -55,7 +54,7 @@ void automaticSave(benchmark::State& state) {
         state.PauseTiming();
         rig.fill();
         state.ResumeTiming();
-        rig.automaticSave.saveLongSheet();
+        rig.files.saveLongSheet();
     }
     if (!rig.messages.shown.empty() || rig.sheet.rowCount() != 0) {
         state.SkipWithError("the sheet was not saved");

@@ -13,6 +13,13 @@
 
 namespace orv {
 
+Download::Download(Link& link, Settings& settings, SheetRows& rows, SheetFiles& files, OperatorQuestions& questions)
+    : link_(link)
+    , settings_(settings)
+    , rows_(rows)
+    , files_(files)
+    , questions_(questions) {}
+
 namespace {
 
 QString recordsText(int count) {
@@ -33,14 +40,6 @@ QByteArray headerText(const QDateTime& now, RowLayout layout) {
 }
 
 } // namespace
-
-Download::Download(Link& link, Settings& settings, SheetRows& rows, AutomaticSave& automaticSave,
-                   OperatorQuestions& questions)
-    : link_(link)
-    , settings_(settings)
-    , rows_(rows)
-    , automaticSave_(automaticSave)
-    , questions_(questions) {}
 
 void Download::saveAsText() {
     link_.ports.debugsay(QStringLiteral("F2 Click"));
@@ -176,8 +175,9 @@ void Download::importtofg1(const QString& reply) {
         throw;
     }
     ++records_;
-    automaticSave_.saveLongSheet();
-    savedOnTheWay_ = savedOnTheWay_ || link_.session.state.plc == 0;
+    if (files_.saveLongSheet()) {
+        savedOnTheWay_ = true;
+    }
 }
 
 void Download::showProgress(const QString& label) {

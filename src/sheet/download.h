@@ -12,8 +12,7 @@ namespace orv {
 /// opens with ">O", brings one line for each record and ends with "EOF"; "0" ends it too. "65535" is erased memory.
 class Download {
 public:
-    Download(Link& link, Settings& settings, SheetRows& rows, AutomaticSave& automaticSave,
-             OperatorQuestions& questions);
+    Download(Link& link, Settings& settings, SheetRows& rows, SheetFiles& files, OperatorQuestions& questions);
 
     /// "Download Stored Data: Save as Text". A cancelled dialog sends and writes nothing.
     void saveAsText();
@@ -48,7 +47,7 @@ private:
     Link& link_;
     Settings& settings_;
     SheetRows& rows_;
-    AutomaticSave& automaticSave_;
+    SheetFiles& files_;
     OperatorQuestions& questions_;
     Target target_ = Target::None;
     QFile file_;

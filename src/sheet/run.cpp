@@ -35,12 +35,11 @@ constexpr qsizetype shortestDataLine = 10;
 
 } // namespace
 
-Run::Run(Link& link, const SettingsState& settings, SheetRows& rows, AutomaticSave& automaticSave,
-         RecordFile& recordFile)
+Run::Run(Link& link, const SettingsState& settings, SheetRows& rows, SheetFiles& files, RecordFile& recordFile)
     : link_(link)
     , settings_(settings)
     , rows_(rows)
-    , automaticSave_(automaticSave)
+    , files_(files)
     , recordFile_(recordFile) {}
 
 void Run::run1() {
@@ -99,7 +98,7 @@ void Run::takeLine(const QString& line) {
     showOnDebugScreen(link_.debug, *row, layout);
     tellRecordFailure(recordFile_.append(recordLine(state.plc, *row, layout)));
     noteLine();
-    automaticSave_.saveLongSheet();
+    files_.saveLongSheet();
 }
 
 void Run::noteLine() {

@@ -17,8 +17,7 @@ void showOnDebugScreen(DebugState& debug, const DataRow& row, RowLayout layout);
 /// A real-time run ("profile"): every data line of the instrument becomes a row of the sheet and of the record file.
 class Run {
 public:
-    Run(Link& link, const SettingsState& settings, SheetRows& rows, AutomaticSave& automaticSave,
-        RecordFile& recordFile);
+    Run(Link& link, const SettingsState& settings, SheetRows& rows, SheetFiles& files, RecordFile& recordFile);
 
     /// `Command2`, the "Run" button.
     void run1();
@@ -46,7 +45,7 @@ private:
     Link& link_;
     const SettingsState& settings_;
     SheetRows& rows_;
-    AutomaticSave& automaticSave_;
+    SheetFiles& files_;
     RecordFile& recordFile_;
     bool running_ = false;
     bool hasLine_ = false; ///< A data line of this run has come, so that a prompt ends it.

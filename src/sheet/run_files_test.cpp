@@ -153,7 +153,6 @@ TEST_F(CollectionFilesTest, The20000thRowSavesCountsAndClears) {
     EXPECT_EQ(state.plc, 0);
     EXPECT_EQ(sheetState.counter.value().toStdString(), "0");
     EXPECT_FALSE(sheetState.unsaved);
-    EXPECT_EQ(files.autosaving, 0);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(said(), "Profile Sub\rSave Spread Sheet\rSaving Flour Sheet\rClear Spread Sheet\r");
@@ -208,7 +207,6 @@ TEST_F(CollectionFilesTest, AutomaticSaveThatFailsKeepsTheRowsTellsOnceAndIsTrie
     EXPECT_EQ(sheet.rowCount(), 20499);
     EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(sheetState.records.value().toStdString(), "0");
-    EXPECT_EQ(files.autosaving, 0);
     expectRunning();
     sheetState.fileName = path("lake");
     receive(line(501));

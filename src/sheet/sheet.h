@@ -14,11 +14,10 @@ struct Sheet {
     Sheet(Link& link, Settings& settings, OperatorQuestions& questions)
         : rows(link.session, link.ports, data, shown)
         , files(link.session, link.ports, data, rows, shown, questions)
-        , automaticSave(link.session, rows, files, shown)
         , recordFile(link.session.clock, link.session.fileNames.record, &place)
         , recovery(link.session, rows, files, recordFile, questions)
-        , run(link, settings.shown, rows, automaticSave, recordFile)
-        , download(link, settings, rows, automaticSave, questions)
+        , run(link, settings.shown, rows, files, recordFile)
+        , download(link, settings, rows, files, questions)
         , saved(files.saved.subscribe([this] { recordFile.rowsSaved(); }))
         , discarded(data.rowsRemoved.subscribe([this] { recordFile.rowsDiscarded(); }))
         , identified(link.connection.identified.subscribe([this] { layOutHeaderRow(); })) {}
@@ -42,7 +41,6 @@ struct Sheet {
     SheetState shown;
     SheetRows rows;
     SheetFiles files;
-    AutomaticSave automaticSave;
     FolderPlace place;
     RecordFile recordFile;
     RunRecovery recovery;

@@ -30,11 +30,11 @@ SheetFiles::SheetFiles(Session& session, ComPorts& ports, DataSheet& sheet, Shee
     , questions_(questions) {}
 
 QString SheetFiles::presetName() const {
-    const QString records = session_.state.plc < AutomaticSave::rowLimit ? QString() : shown_.records.value();
+    const QString records = session_.state.plc < rowLimit ? QString() : shown_.records.value();
     return shown_.fileName.value() + records + QLatin1String(".txt");
 }
 
-SheetFiles::Outcome SheetFiles::saveas() {
+SheetFiles::Outcome SheetFiles::saveas(bool autosaving) {
     ports_.debugsay(QStringLiteral("Save Spread Sheet"));
     if (sheet_.type().layout() == RowLayout::Unknown) {
         session_.messages.show({.title = QStringLiteral("Save as"),
@@ -44,7 +44,7 @@ SheetFiles::Outcome SheetFiles::saveas() {
         return Outcome::Failed;
     }
     QString name = presetName();
-    if (autosaving != 1) {
+    if (!autosaving) {
         name =
             questions_.saveFileName(QStringLiteral("Save as"), name, QStringLiteral(".txt"), QStringLiteral("*.txt"));
         if (name.isEmpty()) {
@@ -53,7 +53,25 @@ SheetFiles::Outcome SheetFiles::saveas() {
     }
     ports_.debugsay(sheet_.type().layout() == RowLayout::Glow ? QStringLiteral("Saving Flour Sheet")
                                                               : QStringLiteral("Saving TRX(S) Sheet"));
-    return write(name);
+    return write(name, autosaving);
+}
+
+bool SheetFiles::saveLongSheet() {
+    const int count = session_.state.plc;
+    if (count <= rowLimit) {
+        nextAutosave_ = rowLimit;
+    }
+    if (count < nextAutosave_) {
+        return false;
+    }
+    if (saveas(true) != Outcome::Saved) {
+        nextAutosave_ = count + 500;
+        return false;
+    }
+    shown_.records = plainNumber(leadingNumber(shown_.records.value()) + 1.0);
+    rows_.clearSpreadSheet();
+    nextAutosave_ = rowLimit;
+    return true;
 }
 
 void SheetFiles::saveAside() {
@@ -61,7 +79,7 @@ void SheetFiles::saveAside() {
         return;
     }
     const QString name = QStringLiteral("%1-%2.txt").arg(shown_.fileName.value(), fileNameStamp(session_.clock.now()));
-    if (write(name) == Outcome::Saved) {
+    if (write(name, false) == Outcome::Saved) {
         session_.messages.show({.title = QStringLiteral("Save Data"),
                                 .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
                                                        "They have been saved as %1.\n\nUse \"Clear All\" before you "
@@ -115,11 +133,11 @@ bool SheetFiles::ask() {
     return saveas() == Outcome::Saved;
 }
 
-SheetFiles::Outcome SheetFiles::write(const QString& name) {
-    const auto keepOlder = autosaving == 1 ? std::optional(session_.clock.now()) : std::nullopt;
+SheetFiles::Outcome SheetFiles::write(const QString& name, bool autosaving) {
+    const auto keepOlder = autosaving ? std::optional(session_.clock.now()) : std::nullopt;
     const QString reason = writeWholeFile(name, sheetFileBytes(sheet_, name), keepOlder);
     if (!reason.isEmpty()) {
-        return fail(name, reason);
+        return fail(name, reason, autosaving);
     }
     autosaveFailureTold_ = false;
     shown_.unsaved = false;
@@ -127,8 +145,8 @@ SheetFiles::Outcome SheetFiles::write(const QString& name) {
     return Outcome::Saved;
 }
 
-SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason) {
-    if (autosaving == 1 && std::exchange(autosaveFailureTold_, true)) {
+SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason, bool autosaving) {
+    if (autosaving && std::exchange(autosaveFailureTold_, true)) {
         return Outcome::Failed;
     }
     session_.messages.show(
@@ -138,32 +156,6 @@ SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason)
                             .arg(tellable(name), reason),
                         QStringLiteral("Save as")));
     return Outcome::Failed;
-}
-
-AutomaticSave::AutomaticSave(Session& session, SheetRows& rows, SheetFiles& files, SheetState& shown)
-    : session_(session)
-    , rows_(rows)
-    , files_(files)
-    , shown_(shown) {}
-
-void AutomaticSave::saveLongSheet() {
-    const int count = session_.state.plc;
-    if (count <= rowLimit) {
-        nextTry_ = rowLimit;
-    }
-    if (count < nextTry_) {
-        return;
-    }
-    files_.autosaving = 1;
-    const bool saved = files_.saveas() == SheetFiles::Outcome::Saved;
-    if (saved) {
-        shown_.records = plainNumber(leadingNumber(shown_.records.value()) + 1.0);
-        rows_.clearSpreadSheet();
-        nextTry_ = rowLimit;
-    } else {
-        nextTry_ = count + 500;
-    }
-    files_.autosaving = 0;
 }
 
 } // namespace orv

@@ -11,13 +11,20 @@ class SheetFiles {
 public:
     enum class Outcome { Saved, Cancelled, Failed };
 
+    /// Rows at which the sheet is saved and cleared without asking.
+    static constexpr int rowLimit = 20000;
+
     SheetFiles(Session& session, ComPorts& ports, DataSheet& sheet, SheetRows& rows, SheetState& shown,
                OperatorQuestions& questions);
 
-    /// Saves the sheet: under the name the operator confirms in a dialog, or while `autosaving` is 1 under the preset
-    /// name without asking, where a file of that name from before is kept under a dated name. A save that fails
-    /// leaves the file that was there and tells the reason; there is nothing to save for a sheet of no known type.
-    Outcome saveas();
+    /// Saves the sheet: under the name the operator confirms in a dialog, or when `autosaving` under the preset name
+    /// without asking, where a file of that name from before is kept under a dated name. A save that fails leaves the
+    /// file that was there and tells the reason; there is nothing to save for a sheet of no known type.
+    Outcome saveas(bool autosaving = false);
+
+    /// Saves a sheet that has rowLimit rows or more by itself, counts in "Records :" and clears it; returns whether it
+    /// did. If the save fails the operator is told and every row stays; it is tried again every 500 rows.
+    bool saveLongSheet();
 
     /// Saves rows that are unsaved under a dated name, without asking, and tells so. For rows of another type of
     /// instrument than the one that has just been connected: under its header row they would be saved wrongly.
@@ -31,16 +38,13 @@ public:
     /// unsaved, the operator said No, or it has been saved.
     bool ask();
 
-    /// 1 only while an automatic save is in progress.
-    quint8 autosaving = 0;
-
     Signal<> saved; ///< After each successful save.
 
 private:
     QString presetName() const;
     bool refuse(const QString& name, const LoadedSheet& loaded);
-    Outcome fail(const QString& name, const QString& reason);
-    Outcome write(const QString& name);
+    Outcome fail(const QString& name, const QString& reason, bool autosaving);
+    Outcome write(const QString& name, bool autosaving);
 
     Session& session_;
     ComPorts& ports_;
@@ -49,26 +53,7 @@ private:
     SheetState& shown_;
     OperatorQuestions& questions_;
     bool autosaveFailureTold_ = false; ///< An automatic save is tried again and again; its failure is told once.
-};
-
-/// Saves and clears a sheet that has become long, without asking: shared by runs and downloads.
-class AutomaticSave {
-public:
-    /// Rows at which the sheet is saved and cleared.
-    static constexpr int rowLimit = 20000;
-
-    AutomaticSave(Session& session, SheetRows& rows, SheetFiles& files, SheetState& shown);
-
-    /// Saves, counts in "Records :" and clears, if the sheet has rowLimit rows or more. If the save fails the operator
-    /// has been told and every row stays; it is tried again every 500 rows.
-    void saveLongSheet();
-
-private:
-    Session& session_;
-    SheetRows& rows_;
-    SheetFiles& files_;
-    SheetState& shown_;
-    int nextTry_ = rowLimit;
+    int nextAutosave_ = rowLimit;      ///< Rows at which the sheet is saved by itself again.
 };
 
 } // namespace orv

@@ -163,8 +163,7 @@ TEST_F(SheetFilesTest, AutomaticSaveAsksNothingAndKeepsAFileFromBefore) {
     identify("V", "512");
     sheetState.fileName = path("lake");
     fill(path("lake.txt"), "older");
-    files.autosaving = 1;
-    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(files.saveas(true), SheetFiles::Outcome::Saved);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_EQ(contentsOf(path("lake-20261121-093015.txt")), QByteArray("older"));
     EXPECT_TRUE(contentsOf(path("lake.txt")).startsWith("V\t512 0\r\nlake.txt\r\n"));
@@ -223,10 +222,9 @@ TEST_F(SheetFilesTest, AutomaticSaveThatFailsLeavesTheOldFileUnderItsName) {
     addRow({"10", "20", "30", "40"});
     sheetState.fileName = path("lake");
     fill(path("lake.txt"), "older");
-    files.autosaving = 1;
     {
         const FileSizeLimit limit(10);
-        EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+        EXPECT_EQ(files.saveas(true), SheetFiles::Outcome::Failed);
     }
     expectOneFailure(path("lake.txt"));
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake.txt");
@@ -273,7 +271,7 @@ protected:
 
 TEST_F(AutomaticSaveTest, BelowTheLimitNothingHappens) {
     fillUpTo(19999);
-    automaticSave.saveLongSheet();
+    files.saveLongSheet();
     EXPECT_EQ(sheet.rowCount(), 19999);
     EXPECT_TRUE(folder.files().isEmpty());
     EXPECT_EQ(sheetState.records.value(), QStringLiteral("0"));
@@ -283,7 +281,7 @@ TEST_F(AutomaticSaveTest, AtTheLimitItSavesUnderTheCountedNameAndClears) {
     sheetState.records = QStringLiteral("6");
     debug.comm2Output = true;
     fillUpTo(20000);
-    automaticSave.saveLongSheet();
+    files.saveLongSheet();
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake6.txt");
     EXPECT_TRUE(contentsOf(path("lake6.txt")).startsWith("F\t310 20000\r\nlake6.txt\r\n"));
     EXPECT_EQ(sheetState.records.value(), QStringLiteral("7"));
@@ -291,19 +289,18 @@ TEST_F(AutomaticSaveTest, AtTheLimitItSavesUnderTheCountedNameAndClears) {
     EXPECT_EQ(state.plc, 0);
     EXPECT_EQ(sheetState.counter.value(), QStringLiteral("0"));
     EXPECT_FALSE(sheetState.unsaved);
-    EXPECT_EQ(files.autosaving, 0);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(said(), "Save Spread Sheet\rSaving Flour Sheet\rClear Spread Sheet\r");
     fillUpTo(20000);
-    automaticSave.saveLongSheet();
+    files.saveLongSheet();
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake6.txt|lake7.txt");
 }
 
 TEST_F(AutomaticSaveTest, LabelThatIsNoNumberCountsFromZero) {
     sheetState.records = QStringLiteral("x");
     fillUpTo(20000);
-    automaticSave.saveLongSheet();
+    files.saveLongSheet();
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "lakex.txt");
     EXPECT_EQ(sheetState.records.value(), QStringLiteral("1"));
 }
@@ -311,18 +308,17 @@ TEST_F(AutomaticSaveTest, LabelThatIsNoNumberCountsFromZero) {
 TEST_F(AutomaticSaveTest, FailureKeepsTheRowsAndIsTriedAgainAfter500) {
     sheetState.fileName = path("nowhere/lake");
     fillUpTo(20000);
-    automaticSave.saveLongSheet();
+    files.saveLongSheet();
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(sheet.rowCount(), 20000);
     EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(sheetState.records.value(), QStringLiteral("0"));
-    EXPECT_EQ(files.autosaving, 0);
     sheetState.fileName = path("lake");
     fillUpTo(20499);
-    automaticSave.saveLongSheet();
+    files.saveLongSheet();
     EXPECT_EQ(sheet.rowCount(), 20499) << "not tried at every row";
     fillUpTo(20500);
-    automaticSave.saveLongSheet();
+    files.saveLongSheet();
     EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(sheet.rowCount(), 0);
     EXPECT_TRUE(contentsOf(path("lake0.txt")).startsWith("F\t310 20500\r\n"));

@@ -121,7 +121,6 @@ public:
     SettingsSender& sender = program.settings.sender;
     SheetRows& rows = program.sheet.rows;
     SheetFiles& files = program.sheet.files;
-    AutomaticSave& automaticSave = program.sheet.automaticSave;
     RecordFile& recordFile = program.sheet.recordFile;
     RunRecovery& recovery = program.sheet.recovery;
     Run& collection = program.sheet.run;
