@@ -103,6 +103,9 @@ struct ProgressState {
     QProperty<QString> valueLabel;
     QProperty<QString> percentage; ///< Beside the "%" label during a download; empty otherwise.
 
+    /// How far each field that is read and each prompt moves the bar on.
+    static constexpr int step = 10;
+
     /// Shows the dialog as newly loaded.
     void show() {
         label = QStringLiteral("%");

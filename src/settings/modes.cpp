@@ -52,10 +52,8 @@ std::optional<LoggerSettings> readModeFile(const QByteArray& content) {
     return mode;
 }
 
-Modes::Modes(Session& session, const ComPorts& ports, SettingsState& settings, SettingsSender& sender,
-             OperatorQuestions& questions)
-    : session_(session)
-    , ports_(ports)
+Modes::Modes(Link& link, SettingsState& settings, SettingsSender& sender, OperatorQuestions& questions)
+    : link_(link)
     , settings_(settings)
     , sender_(sender)
     , questions_(questions) {}
@@ -69,7 +67,7 @@ void Modes::profile() {
          .hoursBeforeBlock = none,
          .pointsPerBlock = none,
          .secondsBetweenPoints = none},
-        session_.status.instrument);
+        link_.session.status.instrument);
 }
 
 void Modes::moored() {
@@ -80,7 +78,7 @@ void Modes::moored() {
          .hoursBeforeBlock = QStringLiteral("0"),
          .pointsPerBlock = QStringLiteral("60000"),
          .secondsBetweenPoints = QStringLiteral("3600")},
-        session_.state.type());
+        link_.session.state.type());
 }
 
 void Modes::use(LoggerSettings mode, InstrumentType type) {
@@ -144,15 +142,15 @@ void Modes::loadMode() {
 }
 
 void Modes::sendIfConnected() {
-    if (ports_.isOpen()) {
-        settings_.computerDate = shortDate(session_.clock.now().date()); // it is what the clock is set to
+    if (link_.ports.isOpen()) {
+        settings_.computerDate = shortDate(link_.session.clock.now().date()); // it is what the clock is set to
         sender_.setprefs();
     }
 }
 
 void Modes::refuse(const QString& text) {
-    session_.messages.show(operatorWarning(text + QStringLiteral("\n\nNothing was changed and nothing was sent."),
-                                           QStringLiteral("Load A User Defined Mode")));
+    link_.session.messages.show(operatorWarning(text + QStringLiteral("\n\nNothing was changed and nothing was sent."),
+                                                QStringLiteral("Load A User Defined Mode")));
 }
 
 } // namespace orv

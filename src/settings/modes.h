@@ -23,8 +23,7 @@ std::optional<LoggerSettings> readModeFile(const QByteArray& content);
 /// instrument is connected, are sent to it at once. Nothing happens while another operation is under way.
 class Modes {
 public:
-    Modes(Session& session, const ComPorts& ports, SettingsState& settings, SettingsSender& sender,
-          OperatorQuestions& questions);
+    Modes(Link& link, SettingsState& settings, SettingsSender& sender, OperatorQuestions& questions);
 
     /// Continuous sampling without logging. Samples per point follow the type label of the main window: 200 for
     /// "GLOW", 30 for "TRX"; any other label leaves them as they were.
@@ -45,13 +44,12 @@ public:
     void loadMode();
 
 private:
-    bool wouldDisturb() const { return !session_.commands.undisturbed; }
+    bool wouldDisturb() const { return !link_.session.commands.undisturbed; }
     void use(LoggerSettings mode, InstrumentType type);
     void sendIfConnected();
     void refuse(const QString& text);
 
-    Session& session_;
-    const ComPorts& ports_;
+    Link& link_;
     SettingsState& settings_;
     SettingsSender& sender_;
     OperatorQuestions& questions_;

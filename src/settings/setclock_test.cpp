@@ -188,7 +188,7 @@ namespace {
 
 class SettingsCommandsTest : public SendingTest {
 protected:
-    SettingsCommands& actions = program.settings.commands;
+    SettingsSender& actions = program.settings.sender;
 };
 
 TEST_F(SettingsCommandsTest, RetrieveRequestsTheReportBehindTheProgressDialog) {

@@ -15,8 +15,7 @@ struct Settings {
         : reader(link, shown, progress)
         , clock(link.session, link.ports, link.debug, shown)
         , sender(link, shown, progress)
-        , commands(link.session, link.ports, shown, progress, sender)
-        , modes(link.session, link.ports, shown, sender, questions)
+        , modes(link, shown, sender, questions)
         , deviceFiles(link.session, shown, questions) {}
 
     SettingsState shown;
@@ -24,7 +23,6 @@ struct Settings {
     SettingsReader reader;
     ClockDisplay clock;
     SettingsSender sender;
-    SettingsCommands commands;
     Modes modes;
     DeviceFiles deviceFiles;
 };

@@ -12,8 +12,6 @@ namespace orv {
 
 namespace {
 
-/// How far each field moves the progress bar on.
-constexpr int progressStep = 10;
 constexpr int memoryPointerCode = 11;
 constexpr qint16 giveUpAtCall = 150;
 
@@ -74,7 +72,7 @@ void SettingsReader::getprefs(const QString& line) {
             record.*field->flag = number == 1.0;
         }
     });
-    progress_.value = progressStep * static_cast<int>(field - allSettings.begin() + 1);
+    progress_.value = ProgressState::step * static_cast<int>(field - allSettings.begin() + 1);
 }
 
 void SettingsReader::takeMemoryPointer(double value) {

@@ -14,9 +14,6 @@ namespace {
 /// How often the windows are kept alive during a wait, in milliseconds of monotonic time.
 constexpr qint64 responsiveInterval = 10;
 
-constexpr int progressStep = 10;
-constexpr int progressMaximum = 100;
-
 } // namespace
 
 PromptDialogue::PromptDialogue(Link& link, SettingsState& settings, ProgressState& progress)
@@ -74,7 +71,7 @@ bool PromptDialogue::takePrompt(const QByteArray& text, qsizetype newCharacters)
     link_.session.state.Rtn = QString::fromLatin1(text.constData(), prompt - text.cbegin());
     link_.debug.list.selectLast();
     settings_.lamp = Lamp::Sending;
-    progress_.value = std::min(progress_.value + progressStep, progressMaximum);
+    progress_.value = std::min(progress_.value + ProgressState::step, 100);
     progress_.valueLabel = QString::number(progress_.value);
     return true;
 }
@@ -256,52 +253,44 @@ SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {
     return Outcome::ConnectionLost;
 }
 
-SettingsCommands::SettingsCommands(Session& session, ComPorts& ports, SettingsState& settings, ProgressState& progress,
-                                   SettingsSender& sender)
-    : session_(session)
-    , ports_(ports)
-    , settings_(settings)
-    , progress_(progress)
-    , sender_(sender) {}
-
-void SettingsCommands::retrieveSettings() {
-    if (!session_.commands.canCommand) {
+void SettingsSender::retrieveSettings() {
+    if (!link_.session.commands.canCommand) {
         return;
     }
-    ports_.discardInput();
-    session_.state.Ctrlscrn = Operation::Ready;
-    ports_.write("P");
+    link_.ports.discardInput();
+    link_.session.state.Ctrlscrn = Operation::Ready;
+    link_.ports.write("P");
     progress_.maximum = 100;
     progress_.show();
 }
 
-void SettingsCommands::applySettings() {
-    if (!session_.commands.canCommand) {
+void SettingsSender::applySettings() {
+    if (!link_.session.commands.canCommand) {
         return;
     }
     // The instrument cannot log a block without end.
     const LoggerSettings& record = settings_.record.value();
     if (leadingNumber(record.pointsPerBlock) == 0.0 && record.logEnabled) {
-        session_.messages.show(operatorWarning(QStringLiteral("Logging and Continues Sampling invalid."),
-                                               QStringLiteral("Invalid Setup")));
+        link_.session.messages.show(operatorWarning(QStringLiteral("Logging and Continues Sampling invalid."),
+                                                    QStringLiteral("Invalid Setup")));
         return;
     }
     progress_.show();
     // The date goes to the instrument as the screen shows it, and the screen does not follow it all the time.
-    settings_.computerDate = shortDate(session_.clock.now().date());
-    sender_.setprefs();
+    settings_.computerDate = shortDate(link_.session.clock.now().date());
+    setprefs();
 }
 
-void SettingsCommands::displayLoggerTime() {
-    if (!session_.commands.canCommand) {
+void SettingsSender::displayLoggerTime() {
+    if (!link_.session.commands.canCommand) {
         return;
     }
-    ports_.write("C");
-    session_.state.Ctrlscrn = Operation::ClockCheck;
+    link_.ports.write("C");
+    link_.session.state.Ctrlscrn = Operation::ClockCheck;
 }
 
-void SettingsCommands::chooseSamplingOption(int option) {
-    const bool glow = session_.status.instrument.value() == InstrumentType::Glow;
+void SettingsSender::chooseSamplingOption(int option) {
+    const bool glow = link_.session.status.instrument.value() == InstrumentType::Glow;
     change(settings_.record, [&](LoggerSettings& record) {
         record.samplesPerPoint = samplingPresets(glow).at(static_cast<std::size_t>(option - 1)).samplesPerPoint;
     });

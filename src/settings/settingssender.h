@@ -58,7 +58,7 @@ QString dateDigits(const QString& shortDate);
 /// text with "AM" or "PM" ("3:07:09 PM" is "1507", the hour after midnight "00") and 24-hour text.
 QString timeDigits(const QString& timeText);
 
-/// Writes the settings on the settings screen into the instrument.
+/// Writes the settings on the settings screen into the instrument, and the screen's other actions that concern it.
 class SettingsSender {
 public:
     enum class Outcome {
@@ -68,6 +68,23 @@ public:
     };
 
     SettingsSender(Link& link, SettingsState& settings, ProgressState& progress);
+
+    // The operator's actions. Those that need the instrument do nothing, without a word, when it is not connected or
+    // when another operation is under way.
+
+    /// "Retrieve Settings": requests the settings report and shows the "Processing" dialog until it has been read.
+    void retrieveSettings();
+
+    /// "Apply Settings": sends the settings, with the "Processing" dialog. Refused with a message if logging is asked
+    /// of a block without end; no other value is checked.
+    void applySettings();
+
+    /// "Display Logger Time/Date": asks the instrument for its clock.
+    void displayLoggerTime();
+
+    /// The operator has chosen a sampling-rate option, 1..4: its preset goes into the samples per point, the
+    /// fluorometer's when the main window shows "GLOW", else the scattering meter's.
+    void chooseSamplingOption(int option);
 
     /// Sends the flags and the four numbers item by item, each after the prompt for the one before, then sets the
     /// clock if "Sync Time/Date" is ticked (never during a shutter reset), then requests the settings report; the
@@ -100,34 +117,5 @@ private:
 
 /// The six flags as the instrument takes them, "0" or "1" each.
 QString controlBits(const LoggerSettings& record);
-
-/// The actions of the settings screen that concern the instrument. Those that need it do nothing, without a word,
-/// when it is not connected or when another operation is under way.
-class SettingsCommands {
-public:
-    SettingsCommands(Session& session, ComPorts& ports, SettingsState& settings, ProgressState& progress,
-                     SettingsSender& sender);
-
-    /// "Retrieve Settings": requests the settings report and shows the "Processing" dialog until it has been read.
-    void retrieveSettings();
-
-    /// "Apply Settings": sends the settings, with the "Processing" dialog. Refused with a message if logging is asked
-    /// of a block without end; no other value is checked.
-    void applySettings();
-
-    /// "Display Logger Time/Date": asks the instrument for its clock.
-    void displayLoggerTime();
-
-    /// The operator has chosen a sampling-rate option, 1..4: its preset goes into the samples per point, the
-    /// fluorometer's when the main window shows "GLOW", else the scattering meter's.
-    void chooseSamplingOption(int option);
-
-private:
-    Session& session_;
-    ComPorts& ports_;
-    SettingsState& settings_;
-    ProgressState& progress_;
-    SettingsSender& sender_;
-};
 
 } // namespace orv

@@ -126,7 +126,7 @@ QWidget* makeTimeAndDatePage(Program& program) {
     auto* page = new SettingsPage("Time and Date", "TimeAndDateFrame");
     SettingsState& shown = program.settings.shown;
     auto* display = makeButton("&Display Logger Time/Date", "DisplayLoggerTimeDate",
-                               [&program] { program.settings.commands.displayLoggerTime(); });
+                               [&program] { program.settings.sender.displayLoggerTime(); });
     bindEnabled(page->bindings, display, program.link.session.commands.canCommand);
     const QString time = QStringLiteral("Time");
     const QString date = QStringLiteral("Date");
@@ -204,7 +204,7 @@ public:
             layout->addWidget(button);
             // Only the operator's choice writes the preset; an option that a report selects must leave the text alone.
             connect(button, &QRadioButton::clicked, this,
-                    [&program, option] { program.settings.commands.chooseSamplingOption(option); });
+                    [&program, option] { program.settings.sender.chooseSamplingOption(option); });
         }
         layout->addStretch(1);
         bindings_.bind(program.link.session.status.instrument, [this](InstrumentType type) {

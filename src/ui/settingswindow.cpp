@@ -86,17 +86,17 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
 }
 
 QLayout* SettingsWindow::makeButtons() {
-    SettingsCommands& commands = program_.settings.commands;
+    SettingsSender& sender = program_.settings.sender;
     auto* row = new QHBoxLayout;
     const auto add = [this, row](QPushButton* button) {
         bindEnabled(bindings_, button, program_.link.session.commands.canCommand);
         row->addWidget(button);
     };
     add(makeButton(
-        "&Retrieve Settings", "RetrieveSettings", [&commands] { commands.retrieveSettings(); },
+        "&Retrieve Settings", "RetrieveSettings", [&sender] { sender.retrieveSettings(); },
         "Retrieve settings from the logger"));
     add(makeButton(
-        "&Apply Settings", "ApplySettings", [&commands] { commands.applySettings(); }, "Send Settings to the logger"));
+        "&Apply Settings", "ApplySettings", [&sender] { sender.applySettings(); }, "Send Settings to the logger"));
     row->addStretch(1);
     row->addWidget(makeButton(
         "&Close", "Close",
