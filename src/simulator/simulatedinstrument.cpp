@@ -161,6 +161,10 @@ void SimulatedInstrument::handleEvent() {
     case Activity::Asleep:
     case Activity::Ready:
         break;
+    case Activity::MovingShutter:
+        activity_ = Activity::Ready;
+        send(">");
+        break;
     case Activity::WakingUp:
         greet();
         break;
@@ -172,10 +176,6 @@ void SimulatedInstrument::handleEvent() {
         break;
     case Activity::Dumping:
         sendRecord();
-        break;
-    case Activity::MovingShutter:
-        activity_ = Activity::Ready;
-        send(">");
         break;
     }
 }
