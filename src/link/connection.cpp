@@ -36,7 +36,7 @@ void Connection::autoConnect1() {
     // The item is checked only after the attempt: while it runs, no item tells the port number, which stays what it
     // was, 1 at the start of the program or that of the last session.
     const quint64 expected = ports_.connectionNumber() + (ports_.isOpen() ? 0 : 1);
-    openport(1);
+    openport1();
     if (ports_.connectionNumber() != expected) {
         return; // not opened, or overtaken by a reset, a close or another connection: those have set the items
     }
@@ -50,7 +50,7 @@ void Connection::autoConnect2() {
     session_.state.Portused = 2;
     items[ConnectItems::Auto2].checked = true;
     items[ConnectItems::Auto2].enabled = true;
-    openport(2);
+    openport2();
 }
 
 void Connection::manualConnect(int portNumber) {
@@ -86,17 +86,28 @@ void Connection::closePort() {
 }
 
 void Connection::openport(int portNumber) {
-    if (portNumber != 1 && portNumber != 2) {
-        return;
+    if (portNumber == 1) {
+        openport1();
+    } else if (portNumber == 2) {
+        openport2();
     }
-    ports_.debugsay(portNumber == 1 ? QStringLiteral("Open port 1") : QStringLiteral("Open Port 2"));
+}
+
+void Connection::openport1() {
+    ports_.debugsay(QStringLiteral("Open port 1"));
+    openAs(ConnectItems::Auto1, ConnectItems::Manual1);
+}
+
+void Connection::openport2() {
+    ports_.debugsay(QStringLiteral("Open Port 2"));
+    openAs(ConnectItems::Auto2, ConnectItems::Manual2);
+}
+
+void Connection::openAs(ConnectItems::Item automatic, ConnectItems::Item manual) {
     if (ports_.isOpen()) {
         return;
     }
     session_.state.portstatus = 1;
-
-    const ConnectItems::Item automatic = portNumber == 1 ? ConnectItems::Auto1 : ConnectItems::Auto2;
-    const ConnectItems::Item manual = portNumber == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2;
     if (items.checked(automatic)) {
         items[automatic].enabled = true;
         items[manual].enabled = false;
@@ -105,8 +116,9 @@ void Connection::openport(int portNumber) {
         items[manual].enabled = false;
         items[automatic].enabled = false;
     }
-    items[portNumber == 1 ? ConnectItems::Auto2 : ConnectItems::Auto1].enabled = false;
-    items[portNumber == 1 ? ConnectItems::Manual2 : ConnectItems::Manual1].enabled = false;
+    const bool first = automatic == ConnectItems::Auto1;
+    items[first ? ConnectItems::Auto2 : ConnectItems::Auto1].enabled = false;
+    items[first ? ConnectItems::Manual2 : ConnectItems::Manual1].enabled = false;
     CommandState& commands = session_.commands;
     commands.closePortEnabled = true;
     commands.resetShutterEnabled = true;
@@ -130,13 +142,16 @@ void Connection::openprt() {
         ports_.selectPort(port);
     }
     session_.status.status = QStringLiteral("Connecting...");
-    CommandState& commands = session_.commands;
-    commands.resetEnabled = true;
-    commands.runEnabled = true;
-    commands.clearAllEnabled = true;
-    commands.saveAsEnabled = true;
-    commands.resetShutterEnabled = true;
+    enableCommands(true);
     presets();
+}
+
+void Connection::enableCommands(bool enabled) {
+    CommandState& commands = session_.commands;
+    for (QProperty<bool>* command : {&commands.resetEnabled, &commands.runEnabled, &commands.clearAllEnabled,
+                                     &commands.saveAsEnabled, &commands.resetShutterEnabled}) {
+        *command = enabled;
+    }
 }
 
 void Connection::goOffline() {
@@ -310,11 +325,7 @@ void Connection::fixit() {
     CommandState& commands = session_.commands;
     commands.processingMenuVisible = false;
     commands.settingsMenuVisible = false;
-    commands.resetEnabled = false;
-    commands.runEnabled = false;
-    commands.clearAllEnabled = false;
-    commands.saveAsEnabled = false;
-    commands.resetShutterEnabled = false;
+    enableCommands(false);
     commands.closePortEnabled = false;
     commands.activity = Activity::None;
 

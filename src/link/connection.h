@@ -90,8 +90,11 @@ public:
     /// port or when no connect item is checked.
     void abortrun();
 
-    /// `openport1`, `openport2`: open the instrument port on COM 1 or COM 2 and wake the instrument, unless the port is
-    /// open already. Nothing happens for another number.
+    /// Open the instrument port on COM 1 or COM 2 and wake the instrument, unless the port is open already.
+    void openport1();
+    void openport2();
+
+    /// The same by number. Nothing happens for another number.
     void openport(int portNumber);
 
     /// A loop that does not yield to the event loop is running: no tick may be dispatched.
@@ -106,7 +109,9 @@ public:
 private:
     enum class WakeUp { Replied, NoReply, Gone };
 
+    void openAs(ConnectItems::Item automatic, ConnectItems::Item manual);
     void openprt();
+    void enableCommands(bool enabled);
     void hideFrames();
     void goOffline();
     void presets();

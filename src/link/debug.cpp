@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/debug.h"
 
+#include "link/comports.h"
+
 namespace orv {
 
 void DebugList::append(const QString& entry) {
@@ -14,6 +16,14 @@ void DebugList::append(const QString& entry) {
 
 void DebugList::selectLast() {
     lastSelected.tell();
+}
+
+DirectSend::DirectSend(ComPorts& ports)
+    : ports_(ports) {}
+
+void DirectSend::send(const QString& text) {
+    ports_.debugsay(QStringLiteral("Direct Enter"));
+    ports_.write(text.toLatin1());
 }
 
 } // namespace orv

@@ -10,6 +10,8 @@
 
 namespace orv {
 
+class ComPorts;
+
 /// The list of the debug screen: the newest 10000 entries, oldest first.
 class DebugList {
 public:
@@ -45,10 +47,21 @@ struct DebugState {
     QProperty<QString> fluorometerOutput;
     std::array<QProperty<QString>, 3> scatteringOutputs; ///< Angles 100, 125, 150.
     QProperty<QString> scatteringReference;              ///< "Ref Det".
-    QProperty<QString> transmissometerOutput;
-    QProperty<QString> turbidityOutput;
 
     DebugList list;
+};
+
+/// "Direct Send": lets a technician send the instrument any text by hand.
+class DirectSend {
+public:
+    explicit DirectSend(ComPorts& ports);
+
+    /// Writes the text exactly as typed, without a terminator; characters that the line does not know (beyond Latin-1)
+    /// go out as "?". On a closed port it is only announced.
+    void send(const QString& text);
+
+private:
+    ComPorts& ports_;
 };
 
 } // namespace orv

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/debug.h"
 
+#include "testing/programrig.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -50,6 +52,25 @@ TEST(DebugList, selectsItsLastEntryOnlyWhenAsked) {
     EXPECT_EQ(selections, 0);
     list.selectLast();
     EXPECT_EQ(selections, 1);
+}
+
+using DirectSendTest = ProgramTest;
+
+TEST_F(DirectSendTest, AnOpenPortGetsTheTextAsTypedWithoutATerminator) {
+    tickDebugOutput();
+    ports.open();
+    program.link.directSend.send(QStringLiteral(" R 1,5 \u00b5"));
+    ASSERT_EQ(com1.writes.size(), 1U);
+    EXPECT_EQ(com1.writes.front(), " R 1,5 \xb5");
+    EXPECT_EQ(said(), "Direct Enter\r");
+}
+
+TEST_F(DirectSendTest, AClosedPortIsOnlyAnnounced) {
+    tickDebugOutput();
+    program.link.directSend.send(QStringLiteral("P"));
+    EXPECT_TRUE(com1.writes.empty());
+    EXPECT_EQ(said(), "Direct Enter\r");
+    EXPECT_TRUE(messages.shown.empty());
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "link/connection.h"
-#include "link/directsend.h"
 #include "link/manualconnection.h"
 #include "link/poll.h"
 #include "link/portchoices.h"
@@ -11,11 +10,12 @@ namespace orv {
 
 /// The link to the instrument: the session, the ports, and what talks through them.
 struct Link {
-    /// What the link needs of its surroundings; everything outlives it.
+    /// What the program needs of its surroundings; everything outlives it.
     struct Surroundings {
         Clock& clock;
         EventYield& events;
         OperatorMessages& messages;
+        OperatorQuestions& questions; ///< For the floors above.
         ComPorts::PortMaker makePort;
         PortList* portList = nullptr; ///< Null: this computer has no ports.
         /// What is wrong with a device name; the empty text if nothing is.
@@ -28,7 +28,7 @@ struct Link {
         , ports(session, debug, surroundings.makePort)
         , portChoices(ports, surroundings.portList, surroundings.deviceProblem)
         , wait(surroundings.clock, events, ports)
-        , poll(session, ports, debug, log)
+        , poll(session, ports, debug)
         , connection(session, debug, ports, wait, events, timer)
         , manual(session, connection)
         , directSend(ports) {}
@@ -40,7 +40,6 @@ struct Link {
     PortChoices portChoices;
     TimedWait wait;
     StatusTimer timer;
-    ProgramLog log;
     Poll poll;
     Connection connection;
     ManualConnection manual;

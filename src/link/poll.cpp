@@ -24,11 +24,10 @@ QString ProgramLog::write(const QByteArray& block) {
     return std::exchange(failureTold_, true) ? QString() : file_.errorString();
 }
 
-Poll::Poll(Session& session, ComPorts& ports, DebugState& debug, ProgramLog& log)
+Poll::Poll(Session& session, ComPorts& ports, DebugState& debug)
     : session_(session)
     , ports_(ports)
-    , debug_(debug)
-    , log_(log) {}
+    , debug_(debug) {}
 
 QString Poll::quary() {
     SessionState& state = session_.state;
@@ -43,7 +42,7 @@ QString Poll::quary() {
         if (state.trouble == 1 && debug_.rawBuffer) {
             debug_.list.append(QString::fromLatin1(block));
         }
-        const QString reason = log_.write(block);
+        const QString reason = log.write(block);
         if (!reason.isEmpty()) {
             session_.messages.show(
                 operatorWarning(QStringLiteral("The log file %1 can no longer be written: %2.\n\nThe "

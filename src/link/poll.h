@@ -29,7 +29,7 @@ private:
 /// Takes what the instrument port has received and cuts it into lines.
 class Poll {
 public:
-    Poll(Session& session, ComPorts& ports, DebugState& debug, ProgramLog& log);
+    Poll(Session& session, ComPorts& ports, DebugState& debug);
 
     /// One poll: joins what has arrived to `rxbuffer` and takes at most one complete line from it, which is returned
     /// (empty if there is none) and written to `Rtn`, watches for the prompts ">" and "!" while `gatherstart` is 1,
@@ -40,11 +40,12 @@ public:
     /// Characters received and not yet consumed as a line.
     QByteArray rxbuffer;
 
+    ProgramLog log;
+
 private:
     Session& session_;
     ComPorts& ports_;
     DebugState& debug_;
-    ProgramLog& log_;
 };
 
 } // namespace orv

@@ -9,12 +9,7 @@
 namespace orv {
 
 Program::Program(const Surroundings& surroundings)
-    : link({.clock = surroundings.clock,
-            .events = surroundings.events,
-            .messages = surroundings.messages,
-            .makePort = surroundings.makePort,
-            .portList = surroundings.portList,
-            .deviceProblem = surroundings.deviceProblem})
+    : link(surroundings)
     , questions(surroundings.questions, link.session)
     , settings(link, questions)
     , sheet(link, settings, questions)
@@ -122,10 +117,6 @@ void Program::resetShutter() {
 void Program::showSettingsForm() {
     link.ports.debugsay(QStringLiteral("Show Settings Form"));
     settings.shown.visible = true;
-}
-
-void Program::about() {
-    link.ports.debugsay(QStringLiteral("About"));
 }
 
 void Program::setComm2Output(bool ticked) {

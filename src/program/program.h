@@ -20,17 +20,7 @@ namespace orv {
 /// once, and leaves all data as it is.
 class Program final {
 public:
-    /// What the program needs of its surroundings; everything outlives it.
-    struct Surroundings {
-        Clock& clock;
-        EventYield& events;
-        OperatorMessages& messages;
-        OperatorQuestions& questions;
-        ComPorts::PortMaker makePort;
-        PortList* portList = nullptr; ///< Null: this computer has no ports.
-        /// What is wrong with a device name; the empty text if nothing is.
-        std::function<QString(const QString& device)> deviceProblem = [](const QString&) { return QString(); };
-    };
+    using Surroundings = Link::Surroundings;
 
     explicit Program(const Surroundings& surroundings);
 
@@ -60,7 +50,6 @@ public:
     /// The "Reset Shutter" button.
     void resetShutter();
     void showSettingsForm();
-    void about();
     void setComm2Output(bool ticked);
     void toggleServiceMode();
     /// A tab of either strip was chosen; a caption of no page hides every page.

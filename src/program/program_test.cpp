@@ -255,16 +255,15 @@ TEST_F(ProgramTest, DebugOutputTickedLaterOpensThePortAndSpeaks) {
     program.load();
     program.setComm2Output(true);
     EXPECT_TRUE(com2.isOpen());
-    program.about();
     program.showSettingsForm();
-    EXPECT_EQ(said(), "About\rShow Settings Form\r");
+    EXPECT_EQ(said(), "Show Settings Form\r");
     EXPECT_TRUE(settings.visible);
     program.setComm2Output(false);
-    program.about();
+    program.showSettingsForm();
     EXPECT_EQ(said(), "");
     program.setComm2Output(true);
-    program.about();
-    EXPECT_EQ(said(), "About\r");
+    program.showSettingsForm();
+    EXPECT_EQ(said(), "Show Settings Form\r");
     EXPECT_TRUE(messages.shown.empty());
 }
 

@@ -100,14 +100,16 @@ void Program::openLog() {
     if (sheet.place.number() == 0) {
         return;
     }
-    const QString reason = link.log.open(link.session.fileNames.log);
-    if (!reason.isEmpty()) {
-        link.session.messages.show(
-            operatorWarning(QStringLiteral("The log file %1 cannot be written in this folder: %2.\n\nThe "
-                                           "program works without it. Start it in a folder where you may "
-                                           "write files, so that log and record file are kept.")
-                                .arg(link.session.fileNames.log, reason)));
+    const QString& name = link.session.fileNames.log;
+    const QString reason = link.poll.log.open(name);
+    if (reason.isEmpty()) {
+        return;
     }
+    link.session.messages.show(
+        operatorWarning(QStringLiteral("The log file %1 cannot be written in this folder: %2.\n\nThe "
+                                       "program works without it. Start it in a folder where you may "
+                                       "write files, so that log and record file are kept.")
+                            .arg(name, reason)));
 }
 
 } // namespace orv

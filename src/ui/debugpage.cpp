@@ -267,19 +267,23 @@ QGroupBox* DebugPage::makeStatus() {
 
 void DebugPage::addSensorFrames(QVBoxLayout* frames) {
     const QString output = QStringLiteral("Output");
-    addOutput(addSensorFrame(frames, "Fluorometer", "FluorometerFrame", debug_.fluorometerFrameVisible), output,
-              QStringLiteral("Fluorometer output"), debug_.fluorometerOutput);
+    auto* fluorometer = addSensorFrame(frames, "Fluorometer", "FluorometerFrame", debug_.fluorometerFrameVisible);
+    bindText(bindings_, addOutput(fluorometer, output, QStringLiteral("Fluorometer output")), debug_.fluorometerOutput);
     auto* scattering = addSensorFrame(frames, "Scattering Meter", "OutputFrame", debug_.outputFrameVisible);
     for (std::size_t channel = 0; channel < channelAngles.size(); ++channel) {
         const QString degrees = QString::fromLatin1(channelAngles.at(channel));
-        addOutput(scattering, output + u' ' + degrees, QStringLiteral("Scattering output at %1 degrees").arg(degrees),
-                  debug_.scatteringOutputs.at(channel));
+        bindText(bindings_,
+                 addOutput(scattering, output + u' ' + degrees,
+                           QStringLiteral("Scattering output at %1 degrees").arg(degrees)),
+                 debug_.scatteringOutputs.at(channel));
     }
-    addOutput(scattering, QStringLiteral("Ref Det"), QStringLiteral("Reference detector"), debug_.scatteringReference);
+    bindText(bindings_, addOutput(scattering, QStringLiteral("Ref Det"), QStringLiteral("Reference detector")),
+             debug_.scatteringReference);
+    // No instrument of the series fills these two.
     addOutput(addSensorFrame(frames, "Transmissometer", "TransmissometerFrame", debug_.transmissometerFrameVisible),
-              output, QStringLiteral("Transmissometer output"), debug_.transmissometerOutput);
+              output, QStringLiteral("Transmissometer output"));
     addOutput(addSensorFrame(frames, "Turbidty Sensor", "TurbidityFrame", debug_.turbidityFrameVisible), output,
-              QStringLiteral("Turbidity sensor output"), debug_.turbidityOutput);
+              QStringLiteral("Turbidity sensor output"));
     frames->addStretch();
 }
 
@@ -292,12 +296,11 @@ QFormLayout* DebugPage::addSensorFrame(QVBoxLayout* frames, QAnyStringView title
     return new QFormLayout(frame);
 }
 
-void DebugPage::addOutput(QFormLayout* form, const QString& caption, const QString& accessibleName,
-                          const QProperty<QString>& value) {
+QLabel* DebugPage::addOutput(QFormLayout* form, const QString& caption, const QString& accessibleName) {
     auto* label = makeFramedLabel(accessibleName, accessibleName);
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")));
-    bindText(bindings_, label, value);
     form->addRow(caption, label);
+    return label;
 }
 
 void DebugPage::showInServiceMode(QWidget* control) {

@@ -71,8 +71,7 @@ private:
     void addSensorFrames(QVBoxLayout* frames);
     QFormLayout* addSensorFrame(QVBoxLayout* frames, QAnyStringView title, QAnyStringView name,
                                 const QProperty<bool>& visible);
-    void addOutput(QFormLayout* form, const QString& caption, const QString& accessibleName,
-                   const QProperty<QString>& value);
+    QLabel* addOutput(QFormLayout* form, const QString& caption, const QString& accessibleName);
     void showInServiceMode(QWidget* control);
 
     Program& program_;

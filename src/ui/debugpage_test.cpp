@@ -272,13 +272,11 @@ TEST_F(DebugScreenTest, FramesAndTheirValuesFollow) {
     debug.scatteringOutputs[1] = QStringLiteral("125.5");
     debug.scatteringReference = QStringLiteral("4000");
     debug.fluorometerOutput = QStringLiteral("77");
-    debug.transmissometerOutput = QStringLiteral("78");
-    debug.turbidityOutput = QStringLiteral("79");
     expectTexts({{"Scattering output at 125 degrees", "125.5"},
                  {"Reference detector", "4000"},
                  {"Fluorometer output", "77"},
-                 {"Transmissometer output", "78"},
-                 {"Turbidity sensor output", "79"}});
+                 {"Transmissometer output", ""},
+                 {"Turbidity sensor output", ""}});
 }
 
 } // namespace

@@ -329,7 +329,7 @@ void MainWindow::refreshNow() {
 }
 
 void MainWindow::showAbout() {
-    program_.about();
+    program_.link.ports.debugsay(QStringLiteral("About"));
     auto* dialog = new AboutDialog(this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->open();
