@@ -104,24 +104,7 @@ TEST(QuestionDialogsTest, TheSaveDialogHasTitleAndNameAndAddsTheSuffix) {
     EXPECT_EQ(ask().toStdString(), "");
 }
 
-TEST(QuestionDialogsTest, TheOpenDialogTakesAFileThatIsThere) {
-    const OwnFolder folder;
-    fill(folder.path("sheet.txt"), "V");
-    QuestionDialogs questions;
-    const QString name = folder.path("sheet.txt");
-    whenAsked<QFileDialog>([name](QFileDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle().toStdString(), "Open");
-        EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
-        EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
-        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-        QMetaObject::invokeMethod(&dialog, "accept");
-    });
-    EXPECT_EQ(
-        questions.openFileName(QStringLiteral("Open"), QStringLiteral(".txt"), QStringLiteral("*.txt")).toStdString(),
-        name.toStdString());
-}
-
-TEST(QuestionDialogsTest, TheOpenDialogAddsTheSuffixToANameThatIsNotThereWithoutIt) {
+TEST(QuestionDialogsTest, TheOpenDialogTakesAFileThatIsThereAndAddsTheSuffixToANameThatIsNotThereWithoutIt) {
     const OwnFolder folder;
     fill(folder.path("mine.OCM"), "1");
     fill(folder.path("plain"), "1");
@@ -130,10 +113,13 @@ TEST(QuestionDialogsTest, TheOpenDialogAddsTheSuffixToANameThatIsNotThereWithout
          {std::pair("mine", "mine.OCM"), std::pair("mine.OCM", "mine.OCM"), std::pair("plain", "plain")}) {
         const QString name = folder.path(typed);
         whenAsked<QFileDialog>([name](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle().toStdString(), "Open");
+            EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+            EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
             dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
             QMetaObject::invokeMethod(&dialog, "accept");
         });
-        EXPECT_EQ(questions.openFileName(QStringLiteral("Load"), QStringLiteral(".OCM"), QStringLiteral("*.OCM"))
+        EXPECT_EQ(questions.openFileName(QStringLiteral("Open"), QStringLiteral(".OCM"), QStringLiteral("*.OCM"))
                       .toStdString(),
                   folder.path(taken).toStdString());
     }
