@@ -49,13 +49,10 @@ private:
 class TwoAdapters final : public PortList {
 public:
     std::vector<ListedPort> ports() override {
-        return {{.name = QStringLiteral("ttyS0"), .description = {}, .manufacturer = {}},
-                {.name = QStringLiteral("ttyUSB0"),
-                 .description = QStringLiteral("USB Serial Converter"),
-                 .manufacturer = {}},
-                {.name = QStringLiteral("ttyUSB1"),
-                 .description = QStringLiteral("USB Serial Converter"),
-                 .manufacturer = {}}};
+        const QString adapter = QStringLiteral("USB Serial Converter");
+        return {{QStringLiteral("ttyS0"), {}, {}},
+                {QStringLiteral("ttyUSB0"), adapter, {}},
+                {QStringLiteral("ttyUSB1"), adapter, {}}};
     }
     bool mayHaveChanged() override { return false; }
 };
@@ -122,12 +119,21 @@ public:
             qobject_cast<QMessageBox*>(&question)->button(QMessageBox::Yes)->click();
         });
         program_.offerUnendedRun();
-        if (program_.link.session.state.plc == 0) {
+        if (session_.state.plc == 0) {
             throw std::runtime_error("no rows were offered");
         }
     }
 
 private:
+    template <typename Object>
+    static Object& find(const QWidget& window, const QString& name = {}) {
+        auto* found = window.findChild<Object*>(name);
+        if (found == nullptr) {
+            throw std::runtime_error("there is no " + name.toStdString() + " in the window");
+        }
+        return *found;
+    }
+
     template <typename Condition>
     void waitFor(const char* what, Condition reached) {
         QElapsedTimer timer;
@@ -135,7 +141,7 @@ private:
         while (!reached()) {
             if (timer.elapsed() > limit) {
                 throw std::runtime_error(std::string(what) + ": the status is " +
-                                         program_.link.session.status.status.value().toStdString());
+                                         session_.status.status.value().toStdString());
             }
             QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
         }
@@ -143,8 +149,8 @@ private:
 
     void waitUntilReady() {
         waitFor("connecting", [this] {
-            return program_.link.session.status.status.value() == QLatin1String("Ready") &&
-                   program_.link.session.state.Ctrlscrn == Operation::SettingsOpen;
+            return session_.status.status.value() == QLatin1String("Ready") &&
+                   session_.state.Ctrlscrn == Operation::SettingsOpen;
         });
     }
 
@@ -153,19 +159,24 @@ private:
         save(widget.grab(), name);
     }
 
+    void takeAndClose(QWidget& widget, const char* name) {
+        take(widget, name);
+        widget.close();
+    }
+
     void letDraw(const char* name) {
         // What is drawn late, some time after its change, is to be on the picture.
         QElapsedTimer timer;
         timer.start();
         constexpr int late = 260;
-        const Operation operation = program_.link.session.state.Ctrlscrn;
+        const Operation operation = session_.state.Ctrlscrn;
         const int interval = program_.link.timer.interval();
         program_.link.timer.setInterval(0);
         while (timer.elapsed() < late) {
             QCoreApplication::processEvents(QEventLoop::AllEvents, late);
         }
         program_.link.timer.setInterval(interval);
-        if (program_.link.session.state.Ctrlscrn != operation) {
+        if (session_.state.Ctrlscrn != operation) {
             throw std::runtime_error(std::string(name) + ": the program has gone on while its picture was taken");
         }
     }
@@ -182,27 +193,23 @@ private:
     /// Chooses a page as its key does.
     void choosePage(Page page) {
         for (int number = 1; program_.pages.shown.value() != page; ++number) {
-            auto* key = window_.findChild<QAction*>(QStringLiteral("ChoosePage%1").arg(number));
-            if (key == nullptr) {
-                throw std::runtime_error("no key leads to a page");
-            }
-            key->trigger();
+            find<QAction>(window_, QStringLiteral("ChoosePage%1").arg(number)).trigger();
         }
     }
 
     /// The upper part of the window with a chooser's list, which is a window of its own.
     void takePorts() {
-        auto* chooser = window_.findChild<QComboBox*>(QStringLiteral("PortChooser1"));
-        chooser->showPopup();
+        auto& chooser = find<QComboBox>(window_, QStringLiteral("PortChooser1"));
+        chooser.showPopup();
         letDraw("ports");
-        QWidget& list = *chooser->view()->window();
+        QWidget& list = *chooser.view()->window();
         QPixmap picture = window_.grab();
         const QPoint place = window_.mapFromGlobal(list.mapToGlobal(QPoint(0, 0)));
         QPainter(&picture).drawPixmap(place, list.grab());
         constexpr int margin = 24;
         const double height = (place.y() + list.height() + margin) * picture.devicePixelRatio();
         save(picture.copy(0, 0, picture.width(), static_cast<int>(height)), "ports");
-        chooser->hidePopup();
+        chooser.hidePopup();
     }
 
     void takeConnected() {
@@ -219,10 +226,8 @@ private:
             settings.chooseTab(QString::fromLatin1(tab));
             take(settings, name);
         }
-        settings.findChild<QPushButton*>(QStringLiteral("ViewCurrentSettingsTranscribedAsText"))->click();
-        auto* english = settings.findChild<QWidget*>(QStringLiteral("PlainEnglish"));
-        take(*english, "plain-english");
-        english->close();
+        find<QPushButton>(settings, QStringLiteral("ViewCurrentSettingsTranscribedAsText")).click();
+        takeAndClose(find<QWidget>(settings, QStringLiteral("PlainEnglish")), "plain-english");
         settings.close();
     }
 
@@ -233,7 +238,7 @@ private:
         choosePage(Page::Debug);
         program_.run();
         constexpr int rows = 60;
-        waitFor("collecting", [this] { return program_.link.session.state.plc >= rows; });
+        waitFor("collecting", [this] { return session_.state.plc >= rows; });
         take(window_, "debug");
         program_.toggleServiceMode();
         choosePage(Page::Status);
@@ -262,8 +267,8 @@ private:
         program_.vwhp();
         waitFor("downloading",
                 [this] { return program_.settings.progress.value * 2 >= program_.settings.progress.maximum; });
-        take(*window_.findChild<QWidget*>(QStringLiteral("Processing")), "processing");
-        waitFor("downloading", [this] { return program_.link.session.commands.activity.value() == Activity::None; });
+        take(find<QWidget>(window_, QStringLiteral("Processing")), "processing");
+        waitFor("downloading", [this] { return session_.commands.activity.value() == Activity::None; });
     }
 
     void takeCalibration() {
@@ -319,7 +324,7 @@ private:
     void takeManual() {
         program_.closePort();
         program_.manualConnect(1);
-        take(*window_.findChild<QWidget*>(QStringLiteral("ManualConnection")), "manual-connection");
+        take(find<QWidget>(window_, QStringLiteral("ManualConnection")), "manual-connection");
         program_.link.manual.quit();
         takeMessage();
     }
@@ -328,12 +333,7 @@ private:
         const QString device = program_.link.ports.device(1);
         program_.link.ports.setDevice(1, QStringLiteral("/dev/ttyUSB7"));
         program_.autoConnect1();
-        auto* box = window_.findChild<QMessageBox*>();
-        if (box == nullptr) {
-            throw std::runtime_error("nothing was said of the port that cannot be opened");
-        }
-        take(*box, "message");
-        box->close();
+        takeAndClose(find<QMessageBox>(window_), "message");
         program_.closePort();
         program_.link.ports.setDevice(1, device);
     }
@@ -344,20 +344,17 @@ private:
         waitUntilReady();
         SettingsWindow& settings = *window_.settingsWindow();
         settings.chooseTab(QStringLiteral("Calibration"));
-        take(settings, "settings-calibration-glow");
-        settings.close();
+        takeAndClose(settings, "settings-calibration-glow");
         program_.closePort();
     }
 
     void takeAbout() {
-        auto* about = window_.findChild<QAction*>(QStringLiteral("About"));
-        about->trigger();
-        auto* dialog = window_.findChild<QDialog*>(QStringLiteral("AboutDialog"));
-        take(*dialog, "about");
-        dialog->close();
+        find<QAction>(window_, QStringLiteral("About")).trigger();
+        takeAndClose(find<QDialog>(window_, QStringLiteral("AboutDialog")), "about");
     }
 
     Program& program_;
+    Session& session_ = program_.link.session;
     MainWindow& window_;
     QString folder_;
     QString crashFolder_;
