@@ -223,6 +223,21 @@ TEST_F(GraphPageTest, RowsOfOneSecondAreToldApartByTheirValues) {
     EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|5|");
 }
 
+TEST_F(GraphPageTest, RowsOfOneSecondStayInOrderWhenTheyAreDrawnOneByOne) {
+    layOut("V", 512);
+    chooseAxis(1);
+    for (const int second : {7, 7, 8}) {
+        const QString row = QString::number(sheet.rowCount() + 1);
+        sheet.appendRow({row, QStringLiteral("11/21/26"), timeText(second), row});
+        page.refreshNow();
+    }
+    std::vector<double> drawn;
+    for (const QCPGraphData& point : *canvas().graph(0)->data()) {
+        drawn.push_back(point.value);
+    }
+    EXPECT_EQ(drawn, (std::vector<double>{1, 2, 3}));
+}
+
 TEST_F(GraphPageTest, TheAxisIsTheRecordNumberOrTheTime) {
     begin(20);
     sheet.appendRow({QStringLiteral("21"), QStringLiteral("11/21/26"), QStringLiteral("27:00:00")});

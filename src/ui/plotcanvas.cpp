@@ -123,12 +123,20 @@ void PlotCanvas::relay(int cursor) {
 
 void PlotCanvas::append() {
     for (int curve = 0; curve < graphCount(); ++curve) {
+        QCPGraphDataContainer& points = *graph(curve)->data();
         QVector<QCPGraphData> come;
         come.reserve(data_.pointCount() - drawnPoints_);
         for (int point = drawnPoints_; point < data_.pointCount(); ++point) {
             come.append({data_.place(point), data_.value(curve, point)});
         }
-        graph(curve)->data()->add(come, true);
+        if (drawnPoints_ == 0) {
+            points.set(come, true);
+        } else {
+            // Added in one call, those at the place of the first point held would come to stand before it.
+            for (const QCPGraphData& point : std::as_const(come)) {
+                points.add(point);
+            }
+        }
     }
     drawnPoints_ = data_.pointCount();
 }
