@@ -307,6 +307,42 @@ TEST_F(TabsTest, AResetComesBackToTheUpperStripsPage) {
     EXPECT_EQ(shownPages(), "SheetPage ");
 }
 
+/// Notes what a box says whenever it is painted.
+class PaintedTexts : public QObject {
+public:
+    explicit PaintedTexts(QLineEdit& box)
+        : box_(box) {
+        box.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            texts << box_.text();
+        }
+        return false;
+    }
+
+    QStringList texts;
+
+private:
+    QLineEdit& box_;
+};
+
+TEST_F(WindowTest, AStepOfTheShutterResetIsPaintedAtOnce) {
+    auto& box = find<QLineEdit>("Text38");
+    PaintedTexts painted(box);
+    status.shutterProgress = QStringLiteral("Reading Settings");
+    QCoreApplication::processEvents(); // the box takes its room
+    for (const char* step : {"Moving Shutter", "Restoring Orignal Settings"}) {
+        painted.texts.clear();
+        status.shutterProgress = QString::fromLatin1(step);
+        EXPECT_EQ(painted.texts.value(painted.texts.size() - 1).toStdString(), step) << "no events have been handled";
+        QCoreApplication::processEvents();
+    }
+    status.shutterProgress = QString();
+    EXPECT_FALSE(box.isVisible());
+}
+
 TEST_F(WindowTest, ChangingPagesNeverChangesTheWindowsSize) {
     program.toggleServiceMode();
     const QStringList captions = upperCaptions() + lowerCaptions();

@@ -141,14 +141,16 @@ QGroupBox* StatusPage::makeStatusBox(const StatusState& shown) {
         status->setText(text);
         status->repaint(); // a procedure that does not yield may follow
     });
-    const auto showUnlessEmpty = [this](const QProperty<QString>& text, auto* control) {
-        bindings_.bind(text, [control](const QString& now) {
+    const auto showUnlessEmpty = [this](const QProperty<QString>& text, auto* control, bool atOnce = false) {
+        bindings_.bind(text, [control, atOnce](const QString& now) {
             control->setText(now);
             control->setVisible(!now.isEmpty());
+            if (atOnce) {
+                control->repaint();
+            }
         });
     };
-    showUnlessEmpty(shown.shutterProgress, shutter);
-    bindings_.bind(shown.shutterProgress, [shutter](const QString&) { shutter->repaint(); });
+    showUnlessEmpty(shown.shutterProgress, shutter, true);
     showUnlessEmpty(shown.shutterCountdown, countdown);
     showUnlessEmpty(shown.notice, notice);
     return box;
