@@ -3,9 +3,9 @@
 
 #include "link/systemport.h"
 #include "simulator/simulatedport.h"
+#include "testing/fakes.h"
 #include "testing/folder.h"
 #include "testing/processes.h"
-#include "testing/testclock.h"
 
 #include <QDir>
 

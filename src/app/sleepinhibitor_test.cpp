@@ -2,7 +2,7 @@
 #include "app/sleepinhibitor.h"
 
 #include "base/filedescriptor.h"
-#include "testing/expect.h"
+#include "testing/expected.h"
 #include "testing/programrig.h"
 
 #include <QCoreApplication>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/testclock.h"
+#include "testing/fakes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/text.h"
 
-#include "testing/expect.h"
+#include "testing/expected.h"
 
 #include <QDateTime>
 #include <QLocale>

@@ -40,7 +40,7 @@ public:
     PreparedAnswers answers;
     Session session{clock, messages};
     DebugState debug;
-    ComPorts ports{session, debug, [](const QString&) { return std::make_unique<FakePort>(); }};
+    ComPorts ports{session, debug, [](const QString&) { return std::make_unique<TestPort>(); }};
     DataSheet sheet;
     SheetState shown;
     SheetRows rows{session, ports, sheet, shown};

@@ -44,7 +44,7 @@ public:
                                                             .messages = messages,
                                                             .questions = answers_,
                                                             .makePort = [this](const QString&) {
-                                                                auto made = std::make_unique<FakePort>();
+                                                                auto made = std::make_unique<TestPort>();
                                                                 port = made.get();
                                                                 port->waited = [this](int) { port->input = "V512\r"; };
                                                                 return made;
@@ -80,7 +80,7 @@ private:
 
 public:
     RecordedMessages messages;
-    FakePort* port = nullptr;
+    TestPort* port = nullptr;
     std::unique_ptr<Program> program;
 };
 

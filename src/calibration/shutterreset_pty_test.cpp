@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/servedport.h"
+#include "testing/processes.h"
 #include "testing/shutterbench.h"
 
 #include <gtest/gtest.h>
@@ -11,9 +11,7 @@ class ShutterPtyTest : public testing::TestWithParam<ShutterMoment> {
 protected:
     ShutterPtyTest() {
         bench = std::make_unique<ShutterBench>([this](const QString& device, TestClock& clock) {
-            server = std::make_unique<PtyServer>(parseSimulatorOptions(device).options, clock);
-            EXPECT_EQ(server->open().toStdString(), "");
-            auto port = std::make_unique<ServedPort>(server, clock);
+            auto port = ServedPort::serve(device, clock, server);
             line = port.get();
             return port;
         });

@@ -128,7 +128,7 @@ TEST_F(ShutterResetTest, SaysSoAndKeepsItsCodeWhileTheReportIsRead) {
 TEST_F(ShutterResetTest, WhatArrivedBeforeItIsNoAnswer) {
     line->silent = true;
     settings.record = ShutterBench::original();
-    line->arrived = "P\r\nS0\r\nT77\r\n";
+    line->input = "P\r\nS0\r\nT77\r\n";
     resetShutter();
     EXPECT_EQ(shown(), ShutterBench::original());
 }
@@ -141,7 +141,7 @@ TEST_F(ShutterResetTest, APromptOfTheTimeBeforeThePollsDoesNotEndThem) {
         if (!came && at("Moving Shutter", 20'000)) {
             came = true;
             moveBegan = stepBegan;
-            line->arrived = ">";
+            line->input = ">";
         }
     };
     qint64 restoring = 0;
@@ -261,10 +261,10 @@ TEST_F(ShutterResetTest, APromptAmongOtherCharactersDoesNotEndThePolls) {
     bool alone = false;
     line->waited = [&](int) {
         if (!together && at("Moving Shutter", 30'500)) {
-            line->arrived = "r\r\n>";
+            line->input = "r\r\n>";
             together = true;
         } else if (together && !alone && at("Moving Shutter", 31'500)) {
-            line->arrived = ">";
+            line->input = ">";
             alone = true;
         }
     };
@@ -288,9 +288,9 @@ TEST_F(ShutterResetTest, APromptAmongOtherCharactersDoesNotEndThePolls) {
 
 TEST_F(ShutterResetTest, AnnouncesItself) {
     ports.setDevice(2, QStringLiteral("sim:glow"));
-    WatchedPort* const instrument = line;
+    TestPort* const instrument = line;
     tickDebugOutput();
-    WatchedPort* const debugPort = std::exchange(line, instrument);
+    TestPort* const debugPort = std::exchange(line, instrument);
     resetShutter();
     const QByteArray said = debugPort->writes.join();
     EXPECT_TRUE(said.startsWith("Reset Shutter\rGet Prefs\r"));

@@ -2,7 +2,7 @@
 #include "calibration/worksheet.h"
 
 #include "testing/calibrationbench.h"
-#include "testing/expect.h"
+#include "testing/expected.h"
 
 #include <gtest/gtest.h>
 

@@ -72,7 +72,7 @@ TEST_F(ManualConnection, seeksOnThePortInUseOnStartAndGoesAway) {
     for (const int port : {1, 2}) {
         ProgramRig rig;
         rig.replies = {"V512\r"};
-        FakePort& used = port == 1 ? rig.com1 : rig.com2;
+        TestPort& used = port == 1 ? rig.com1 : rig.com2;
         used.dtrChanged = [&rig](bool) {
             EXPECT_EQ(rig.state.Seeking, 1);
             EXPECT_FALSE(rig.manual.shown.retryEnabled.value());

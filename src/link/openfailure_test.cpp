@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/port.h"
 #include "link/systemport.h"
-#include "testing/testclock.h"
+#include "testing/fakes.h"
 
 #include <QSerialPortInfo>
 #include <QTemporaryDir>

@@ -111,7 +111,7 @@ TEST_F(WakeUp, asksForTheStatusAFifthOfASecondAfterTheReply) {
     replies = {"V512\r"};
     autoConnect();
     EXPECT_NEAR(static_cast<double>(asked - dropped), 201.0, 10.0);
-    ASSERT_EQ(com1.writes.size(), 1U);
+    ASSERT_EQ(com1.writes.size(), 1);
     EXPECT_EQ(com1.writes[0], "P");
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/expected.h"
 #include "testing/folder.h"
-#include "testing/instrumentlines.h"
 #include "testing/processes.h"
 
 #include <QElapsedTimer>

@@ -23,8 +23,7 @@ TEST_F(ProgramTest, AResetAnnouncesItselfAndDumpsTheStateOnTheDebugPort) {
     state.Seeking = 1;
     state.Portused = 2;
     fixit();
-    const std::vector<QByteArray> lines = com2.writes;
-    EXPECT_EQ(lines.size(), 14U) << "each line is one write";
+    EXPECT_EQ(com2.writes.size(), 14) << "each line is one write";
     EXPECT_EQ(said(), "Reset Everything AKA FIXIT\r"
                       "Ctrlscrn  0\rRtn wakeup!!!\rTmr  1\rcsnter \rVartemp V\rtrouble  1\rportstatus  2\r"
                       "gatherstart  0\rGatherstop  0\rplc  17\rTimeout -5\rSeeking  0\rPortused  2\r");

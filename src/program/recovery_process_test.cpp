@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/instrumentlines.h"
+#include "testing/expected.h"
 #include "testing/processes.h"
 #include "testing/programrig.h"
 
@@ -23,12 +23,12 @@ struct NextProgram {
     RecordedMessages messages;
     PreparedAnswers answers;
     SteppedYield events{clock};
-    FakePort port;
+    TestPort port;
     Program program{{.clock = clock,
                      .events = events,
                      .messages = messages,
                      .questions = answers,
-                     .makePort = [this](const QString& /*device*/) { return std::make_unique<WatchedPort>(port); }}};
+                     .makePort = [this](const QString& /*device*/) { return std::make_unique<TestPort>(&port); }}};
 };
 
 QStringList rowsOnSheet(const DataSheet& sheet) {

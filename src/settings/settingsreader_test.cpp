@@ -464,7 +464,7 @@ TEST_F(CheckTimeTest, ReplyUnderTenCharactersChangesNothingAndTellsNothing) {
         EXPECT_EQ(state.Ctrlscrn, Operation::ClockCheck);
     }
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(com2.writes.size(), 5U) << "announced at every call";
+    EXPECT_EQ(com2.writes.size(), 5) << "announced at every call";
 }
 
 TEST_F(CheckTimeTest, ReplyOfTenCharactersIsRead) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/processes.h"
 #include "testing/programrig.h"
-#include "testing/servedport.h"
 
 namespace orv {
 
@@ -10,11 +10,8 @@ namespace {
 class SendingPtyTest : public ProgramTest {
 protected:
     SendingPtyTest()
-        : ProgramTest([this](const QString& device, TestClock& time) {
-            server = std::make_unique<PtyServer>(parseSimulatorOptions(device).options, time);
-            EXPECT_EQ(server->open().toStdString(), "");
-            return std::make_unique<ServedPort>(server, time);
-        }) {
+        : ProgramTest(
+              [this](const QString& device, TestClock& time) { return ServedPort::serve(device, time, server); }) {
         clock = TestClock(QDateTime(QDate(1999, 1, 5), QTime(9, 30, 15)));
         ports.setDevice(1, QStringLiteral("sim:trx"));
         connectAndRead();

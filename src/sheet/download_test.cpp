@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/downloadtest.h"
+#include "testing/sheettest.h"
 
 namespace orv {
 

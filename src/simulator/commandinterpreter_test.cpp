@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/commandinterpreter.h"
 
-#include "testing/expect.h"
+#include "testing/expected.h"
 
 namespace orv {
 

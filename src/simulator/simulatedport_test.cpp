@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/simulatedport.h"
 
-#include "testing/testclock.h"
+#include "testing/fakes.h"
 
 #include <gtest/gtest.h>
 

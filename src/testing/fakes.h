@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/clock.h"
 #include "base/operator.h"
 #include "link/port.h"
 #include "link/waits.h"
-#include "testing/testclock.h"
 
 #include <QByteArrayList>
+#include <QElapsedTimer>
 #include <QStringList>
 
 #include <algorithm>
@@ -16,6 +17,25 @@
 #include <vector>
 
 namespace orv {
+
+/// A clock that stands still until a test moves it. The day of a test stands still in any case; the time that never
+/// jumps can also run by itself.
+class TestClock final : public Clock {
+public:
+    explicit TestClock(const QDateTime& start = QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15)))
+        : start_(start) {}
+
+    QDateTime now() const override { return start_.addMSecs(elapsed_); }
+    qint64 monotonicMilliseconds() const override { return elapsed_ + (running_.isValid() ? running_.elapsed() : 0); }
+
+    void advance(qint64 milliseconds) { elapsed_ += milliseconds; }
+    void run() { running_.start(); }
+
+private:
+    QDateTime start_;
+    qint64 elapsed_ = 0;
+    QElapsedTimer running_;
+};
 
 /// Keeps what the operator is told. A test that expects no message says so by checking that `shown` is empty.
 class RecordedMessages final : public OperatorMessages {
@@ -58,84 +78,44 @@ public:
     QStringList asked;
 };
 
-/// A line whose far end is the test.
-class FakePort final : public Port {
+/// A line of the program in the test's hand: its far end is the test, or another port, which the test lends or gives
+/// away. Keeps what passes and can be unplugged.
+class TestPort final : public Port {
 public:
+    TestPort() = default;
+    explicit TestPort(Port* lent)
+        : port_(lent) {}
+    explicit TestPort(std::unique_ptr<Port> given)
+        : given_(std::move(given))
+        , port_(given_.get()) {}
+
     QString open() override {
+        if (port_ != nullptr) {
+            return port_->open();
+        }
         if (openReason.isEmpty()) {
             isOpen_ = true;
             failureReason.clear();
         }
         return openReason;
     }
-    void close() override { isOpen_ = false; }
-    bool isOpen() const override { return isOpen_; }
+    void close() override { port_ != nullptr ? port_->close() : void(isOpen_ = false); }
+    bool isOpen() const override { return port_ != nullptr ? port_->isOpen() : isOpen_; }
     void setDataTerminalReady(bool on) override {
         dtr << (on ? QStringLiteral("on") : QStringLiteral("off"));
         if (dtrChanged) {
             dtrChanged(on);
         }
-    }
-    QByteArray readAll() override { return isOpen_ ? std::exchange(input, QByteArray()) : QByteArray(); }
-    void write(const QByteArray& bytes) override {
-        if (isOpen_) {
-            writes.push_back(bytes);
-            if (written) {
-                written(bytes);
-            }
+        if (port_ != nullptr) {
+            port_->setDataTerminalReady(on);
         }
     }
-    void discardInput() override {
-        ++discards;
-        input.clear();
-    }
-    qsizetype inputCount() override { return input.size(); }
-    bool waitForInput(int milliseconds) override {
-        if (input.isEmpty() && waited) {
-            waited(milliseconds);
-        }
-        return !input.isEmpty();
-    }
-    QString failure() const override { return failureReason; }
-
-    QByteArray allWritten() const {
-        QByteArray all;
-        for (const QByteArray& bytes : writes) {
-            all += bytes;
-        }
-        return all;
-    }
-
-    QByteArray input;               ///< What the next read finds.
-    std::vector<QByteArray> writes; ///< Each write of the program.
-    QStringList dtr;
-    int discards = 0;
-    QString openReason;    ///< Why opening fails; empty: it succeeds.
-    QString failureReason; ///< Why the open line no longer works.
-    std::function<void(bool on)> dtrChanged;
-    std::function<void(const QByteArray& bytes)> written;
-    std::function<void(int milliseconds)> waited; ///< Called when the program waits for input and there is none.
-
-private:
-    bool isOpen_ = false;
-};
-
-/// A port in front of another, which the test lends or gives away: keeps what passes and can be unplugged.
-class WatchedPort final : public Port {
-public:
-    explicit WatchedPort(Port& lent)
-        : port_(lent) {}
-    explicit WatchedPort(std::unique_ptr<Port> given)
-        : given_(std::move(given))
-        , port_(*given_) {}
-
-    QString open() override { return port_.open(); }
-    void close() override { port_.close(); }
-    bool isOpen() const override { return port_.isOpen(); }
-    void setDataTerminalReady(bool on) override { port_.setDataTerminalReady(on); }
     QByteArray readAll() override {
-        const QByteArray answer = port_.readAll();
-        QByteArray block = unplugged ? QByteArray() : std::exchange(arrived, {}) + (silent ? QByteArray() : answer);
+        const QByteArray answer = port_ != nullptr ? port_->readAll() : QByteArray();
+        if (unplugged || !isOpen()) {
+            return {};
+        }
+        QByteArray block = std::exchange(input, {}) + (silent ? QByteArray() : answer);
         if (!block.isEmpty()) {
             blocks.push_back(block);
             if (read) {
@@ -145,41 +125,62 @@ public:
         return block;
     }
     void write(const QByteArray& bytes) override {
+        if (!isOpen()) {
+            return;
+        }
         writes.push_back(bytes);
         if (written) {
             written(bytes);
         }
-        port_.write(bytes);
+        if (port_ != nullptr) {
+            port_->write(bytes);
+        }
     }
     void discardInput() override {
-        arrived.clear();
-        port_.discardInput();
-    }
-    qsizetype inputCount() override { return unplugged ? 0 : arrived.size() + (silent ? 0 : port_.inputCount()); }
-    bool waitForInput(int milliseconds) override {
-        if (silent) {
-            port_.readAll();
+        ++discards;
+        input.clear();
+        if (port_ != nullptr) {
+            port_->discardInput();
         }
-        const bool came = !arrived.isEmpty() || (port_.waitForInput(milliseconds) && !silent);
-        if (waited) {
+    }
+    qsizetype inputCount() override {
+        return unplugged ? 0 : input.size() + (silent || port_ == nullptr ? 0 : port_->inputCount());
+    }
+    bool waitForInput(int milliseconds) override {
+        if (port_ != nullptr && silent) {
+            port_->readAll();
+        }
+        const bool came = !input.isEmpty() || (port_ != nullptr && port_->waitForInput(milliseconds) && !silent);
+        if (waited && (!came || port_ != nullptr)) {
             waited(milliseconds);
         }
-        return came && !unplugged;
+        return (came || !input.isEmpty()) && !unplugged;
     }
-    QString failure() const override { return unplugged ? QStringLiteral("Pulled.") : port_.failure(); }
+    QString failure() const override {
+        return unplugged ? QStringLiteral("Pulled.") : port_ != nullptr ? port_->failure() : failureReason;
+    }
 
+    QByteArray allWritten() const { return writes.join(); }
+
+    QByteArray input;      ///< Characters that are here already, in front of those of the other port.
     QByteArrayList writes; ///< Each write of the program.
     QByteArrayList blocks; ///< Each block that the program has read.
-    QByteArray arrived;    ///< Characters that are here already, in front of those of the other port.
+    QStringList dtr;
+    int discards = 0;
+    QString openReason;    ///< Why opening fails; empty: it succeeds. Without another port.
+    QString failureReason; ///< Why the open line no longer works. Without another port.
     bool unplugged = false;
     bool silent = false; ///< The other port is not heard.
+    std::function<void(bool on)> dtrChanged;
     std::function<void(const QByteArray& bytes)> written;
     std::function<void(const QByteArray& block)> read;
-    std::function<void(int milliseconds)> waited; ///< Called after every wait for input.
+    /// Called when the program waits for input and there is none; with another port, after every wait.
+    std::function<void(int milliseconds)> waited;
 
 private:
     std::unique_ptr<Port> given_;
-    Port& port_;
+    Port* port_ = nullptr;
+    bool isOpen_ = false;
 };
 
 /// The ports of a computer that the test plugs together.

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "simulator/simulatedinstrument.h"
-#include "testing/expect.h"
-#include "testing/testclock.h"
+#include "testing/expected.h"
+#include "testing/fakes.h"
 
 #include <QByteArrayList>
 

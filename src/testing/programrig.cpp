@@ -22,7 +22,7 @@ ProgramRig::ProgramRig()
     : ProgramRig(LineMaker()) {
     ports.setDevice(1, QStringLiteral("ttyA"));
     ports.setDevice(2, QStringLiteral("ttyB"));
-    for (FakePort* port : {&com1, &com2}) {
+    for (TestPort* port : {&com1, &com2}) {
         port->waited = [this, port](int milliseconds) {
             clock.advance(milliseconds);
             if (!replies.empty()) {
@@ -42,8 +42,8 @@ ProgramRig::ProgramRig(LineMaker makeLine)
                .makePort =
                    [this](const QString& device) {
                        auto port = makeLine_
-                                       ? std::make_unique<WatchedPort>(makeLine_(device, clock))
-                                       : std::make_unique<WatchedPort>(device == QLatin1String("ttyA") ? com1 : com2);
+                                       ? std::make_unique<TestPort>(makeLine_(device, clock))
+                                       : std::make_unique<TestPort>(device == QLatin1String("ttyA") ? &com1 : &com2);
                        line = port.get();
                        if (lineMade) {
                            lineMade();
@@ -128,7 +128,7 @@ void ProgramRig::runWithRows(int rows) {
 }
 
 void ProgramRig::receive(const QByteArray& bytes) {
-    (makeLine_ ? line->arrived : com1.input) += bytes;
+    (makeLine_ ? line->input : com1.input) += bytes;
     program.tick();
 }
 

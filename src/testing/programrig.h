@@ -79,11 +79,11 @@ public:
     RecordedMessages messages;
     PreparedAnswers answers;
     SteppedYield events{clock};
-    FakePort com1;
-    FakePort com2;
+    TestPort com1;
+    TestPort com2;
     FakePortList portList;
     std::deque<QByteArray> replies;
-    WatchedPort* line = nullptr;    ///< The port made last.
+    TestPort* line = nullptr;       ///< The port made last.
     std::function<void()> lineMade; ///< Called when there is another.
     int pollingEnds = 0;            ///< How many loops that do not yield have ended in the connection.
     int identifications = 0;

@@ -131,7 +131,7 @@ protected:
     std::string text(const char* label) const { return find<QLabel>(label).text().toStdString(); }
 
     /// What has been written to the instrument since the last call.
-    std::vector<QByteArray> written() { return std::exchange(com1.writes, {}); }
+    QByteArrayList written() { return std::exchange(com1.writes, {}); }
 
     /// The frames that can be seen, by object name.
     std::string shownFrames() const {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/expect.h"
+#include "testing/expected.h"
 #include "testing/windowrig.h"
 #include "ui/widgets.h"
 

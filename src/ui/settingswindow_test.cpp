@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/expect.h"
+#include "testing/expected.h"
 #include "testing/windowrig.h"
 
 #include <QGroupBox>
@@ -153,9 +153,9 @@ TEST_F(SettingsWindowTest, PresentShowsIt) {
 TEST_F(SettingsWindowTest, ButtonsDoTheirWork) {
     openSettings();
     click("RetrieveSettings");
-    EXPECT_EQ(written(), std::vector<QByteArray>{"P"});
+    EXPECT_EQ(written(), QByteArrayList{"P"});
     click("DisplayLoggerTimeDate");
-    EXPECT_EQ(written(), std::vector<QByteArray>{"C"});
+    EXPECT_EQ(written(), QByteArrayList{"C"});
     click("ApplySettings");
     EXPECT_EQ(written().size(), 11U);
     click("Profile");

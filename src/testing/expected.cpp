@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/instrumentlines.h"
+#include "testing/expected.h"
 
 #include <cmath>
 
