@@ -278,8 +278,7 @@ TEST_F(ReportTest, ACancelledDialogWritesNothing) {
 TEST_F(ReportTest, AFileThatCannotBeWrittenIsTold) {
     answers.fileName = path("missing/report.Txt");
     actions.saveCalInfo();
-    ASSERT_EQ(messages.shown.size(), 1U);
-    const Message& told = messages.shown.front();
+    const Message& told = theMessage();
     EXPECT_EQ(told.title.toStdString(), "Save Cal Info");
     EXPECT_TRUE(told.text.startsWith(answers.fileName + QStringLiteral(" could not be saved: ")));
     EXPECT_FALSE(told.text.contains(QStringLiteral("saved: .")));

@@ -90,9 +90,8 @@ TEST_F(InstrumentListTest, AnEighthStaysInTheListWithoutAColour) {
     addEight();
     EXPECT_EQ(shown.instruments.value().size(), 8);
     EXPECT_EQ(shown.totalEntered.value().toStdString(), "8");
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown.front().title.toStdString(), "ORV Host Program");
-    EXPECT_TRUE(messages.shown.front().text.startsWith(
+    EXPECT_EQ(theMessage().title.toStdString(), "ORV Host Program");
+    EXPECT_TRUE(theMessage().text.startsWith(
         QStringLiteral("Add Instrument: the operation ended with the error \"Subscript out of range\".")));
 }
 

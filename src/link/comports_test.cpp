@@ -8,8 +8,6 @@
 namespace orv {
 namespace {
 
-const QString title = QStringLiteral("ORV Host Program");
-
 using ComPorts = ProgramTest;
 
 TEST_F(ComPorts, areBothClosedAtTheStartWithPortOneSelected) {
@@ -96,11 +94,8 @@ TEST_F(ComPorts, tellWhyAPortCannotBeOpened) {
     EXPECT_FALSE(ports.open());
     EXPECT_FALSE(ports.isOpen());
     EXPECT_FALSE(commands.portOpen.value());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(
-        messages.shown[0],
-        (Message{title, QStringLiteral("COM 2 (ttyB) could not be opened.\n\nThere is no such device. Plug it in."),
-                 Message::Icon::Exclamation}));
+    EXPECT_EQ(theMessage(), operatorWarning(QStringLiteral(
+                                "COM 2 (ttyB) could not be opened.\n\nThere is no such device. Plug it in.")));
     com2.openReason.clear();
     EXPECT_TRUE(ports.open());
     EXPECT_EQ(messages.shown.size(), 1U);
@@ -110,8 +105,7 @@ TEST_F(ComPorts, keepAPercentSignInADeviceName) {
     ports.setDevice(1, QStringLiteral("tty%2"));
     com2.openReason = QStringLiteral("Reason.");
     ports.open();
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].text, QStringLiteral("COM 1 (tty%2) could not be opened.\n\nReason."));
+    EXPECT_EQ(theMessage().text, QStringLiteral("COM 1 (tty%2) could not be opened.\n\nReason."));
 }
 
 TEST_F(ComPorts, refuseTheInstrumentThePortOfTheDebugOutput) {
@@ -120,9 +114,8 @@ TEST_F(ComPorts, refuseTheInstrumentThePortOfTheDebugOutput) {
     EXPECT_FALSE(ports.open());
     EXPECT_TRUE(ports.isDebugPortOpen());
     EXPECT_TRUE(com2.isOpen());
-    ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(
-        messages.shown[0].text,
+        theMessage().text,
         QStringLiteral("COM 2 (ttyB) could not be opened.\n\nThe debug output (\"Comm 2 Debug Output\") is using it. "
                        "Connect the instrument to the other port, or clear the box."));
     ports.closeDebugPort();
@@ -137,8 +130,7 @@ TEST_F(ComPorts, refuseTheDebugOutputThePortOfTheInstrument) {
     EXPECT_FALSE(ports.openDebugPort());
     EXPECT_FALSE(ports.isDebugPortOpen());
     EXPECT_TRUE(ports.isOpen());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].text,
+    EXPECT_EQ(theMessage().text,
               QStringLiteral(
                   "The debug output on COM 2 (ttyB) could not be opened.\n\nThe instrument is connected on it. Use "
                   "\"Close Port\" first, or connect the instrument to COM 1."));
@@ -150,8 +142,7 @@ TEST_F(ComPorts, noticeThatBothNumbersMeanOneDevice) {
     ports.setDevice(1, QStringLiteral("ttyB"));
     tickDebugOutput();
     EXPECT_FALSE(ports.open());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.startsWith(QStringLiteral(
+    EXPECT_TRUE(theMessage().text.startsWith(QStringLiteral(
         "COM 1 (ttyB) could not be opened.\n\nThe debug output (\"Comm 2 Debug Output\") is using it.")));
 }
 
@@ -172,12 +163,9 @@ TEST_F(ComPorts, tellWhyTheDebugPortCannotBeOpened) {
     ports.setDevice(2, QStringLiteral("tty%1"));
     com2.openReason = QStringLiteral("It is used by another program. Close that program, then connect again.");
     EXPECT_FALSE(ports.openDebugPort());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0],
-              (Message{title,
-                       QStringLiteral("The debug output on COM 2 (tty%1) could not be opened.\n\nIt is used by another "
-                                      "program. Close that program, then tick \"Comm 2 Debug Output\" again."),
-                       Message::Icon::Exclamation}));
+    EXPECT_EQ(theMessage(), operatorWarning(QStringLiteral(
+                                "The debug output on COM 2 (tty%1) could not be opened.\n\nIt is used by another "
+                                "program. Close that program, then tick \"Comm 2 Debug Output\" again.")));
 }
 
 using DebugOutput = ProgramTest;
@@ -215,12 +203,9 @@ TEST_F(DebugOutput, endsWithOneMessageWhenItsPortFails) {
     EXPECT_FALSE(com2.isOpen());
     EXPECT_FALSE(ports.isDebugPortOpen());
     EXPECT_FALSE(debug.comm2Output.value());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0],
-              (Message{title,
-                       QStringLiteral("The debug output on COM 2 has stopped.\n\nThe device is gone.\n\nTick \"Comm 2 "
-                                      "Debug Output\" to try again."),
-                       Message::Icon::Exclamation}));
+    EXPECT_EQ(theMessage(), operatorWarning(QStringLiteral(
+                                "The debug output on COM 2 has stopped.\n\nThe device is gone.\n\nTick \"Comm 2 "
+                                "Debug Output\" to try again.")));
     tickDebugOutput();
     ports.debugsay(QStringLiteral("three"));
     EXPECT_EQ(said(), "three\r");
@@ -244,13 +229,9 @@ TEST_F(PortFailure, closesThePortAndIsToldOnceAfterTheReset) {
     EXPECT_FALSE(openAtReset);
     EXPECT_FALSE(com1.isOpen());
     EXPECT_FALSE(commands.portOpen.value());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(
-        messages.shown[0],
-        (Message{title,
-                 QStringLiteral("The connection on COM 1 (ttyA) was lost.\n\nThe device is gone.\n\nAll rows received "
-                                "so far are kept. Check the cable, then connect again."),
-                 Message::Icon::Exclamation}));
+    EXPECT_EQ(theMessage(), operatorWarning(QStringLiteral(
+                                "The connection on COM 1 (ttyA) was lost.\n\nThe device is gone.\n\nAll rows received "
+                                "so far are kept. Check the cable, then connect again.")));
 }
 
 TEST_F(PortFailure, isToldWithTheNumberOfItsPort) {
@@ -258,8 +239,7 @@ TEST_F(PortFailure, isToldWithTheNumberOfItsPort) {
     ports.open();
     com2.failureReason = QStringLiteral("Gone.");
     EXPECT_TRUE(ports.checkFailure());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.startsWith(QStringLiteral("The connection on COM 2 (ttyB) was lost.")));
+    EXPECT_TRUE(theMessage().text.startsWith(QStringLiteral("The connection on COM 2 (ttyB) was lost.")));
 }
 
 } // namespace

@@ -51,8 +51,7 @@ TEST_F(Connecting, announcesEachStepForComm2AndTellsThatTheDebugOutputHoldsIt) {
     autoConnect(2);
     EXPECT_EQ(saidBriefly(), "Auto Open 2\rOpen Port 2\rLooking to see what port to open\r"
                              "Presets for Opening Port\r(reset)\r");
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("\"Comm 2 Debug Output\"")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("\"Comm 2 Debug Output\"")));
     EXPECT_EQ(status.status.value(), QStringLiteral("Offline"));
     EXPECT_TRUE(ports.isDebugPortOpen());
 }
@@ -181,8 +180,7 @@ TEST_F(Connecting, onlyAnnouncesWhileThePortIsOpen) {
 TEST_F(Connecting, endsLikeAResetWhenThePortCannotBeOpened) {
     com1.openReason = QStringLiteral("Reason.");
     autoConnect();
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].text, QStringLiteral("COM 1 (ttyA) could not be opened.\n\nReason."));
+    EXPECT_EQ(theMessage().text, QStringLiteral("COM 1 (ttyA) could not be opened.\n\nReason."));
     EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_EQ(state.Portused, 0);

@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 
 namespace orv {
 
@@ -28,78 +29,42 @@ OpenFailureFacts soundDevice() {
             .systemText = QStringLiteral("Input/output error")};
 }
 
-TEST(OpenFailure, saysThatThereIsNoSuchDevice) {
-    OpenFailureFacts facts = soundDevice();
-    facts.exists = false;
-    facts.accessible = false;
-    EXPECT_EQ(
-        explainOpenFailure(facts),
-        QStringLiteral("There is no such device. Plug the adapter in, check the device's name, and connect again."));
-}
-
-TEST(OpenFailure, saysThatAFileIsNoSerialPort) {
-    OpenFailureFacts facts = soundDevice();
-    facts.isSerialDevice = false;
-    EXPECT_EQ(explainOpenFailure(facts),
-              QStringLiteral("It is not a serial port. Choose the device of the serial adapter and connect again."));
-}
-
-TEST(OpenFailure, namesTheGroupToJoinAndThatOneMustLogInAgain) {
-    OpenFailureFacts facts = soundDevice();
-    facts.accessible = false;
-    facts.group = QStringLiteral("tty");
-    EXPECT_EQ(
-        explainOpenFailure(facts),
-        QStringLiteral("You have no permission to use it. Ask for your user to be added to the group \"tty\" (sudo "
-                       "usermod -aG tty $USER), log out and in again, then connect again."));
-}
-
-TEST(OpenFailure, namesTheUsualGroupWhenTheDevicesIsNotKnown) {
-    OpenFailureFacts facts = soundDevice();
-    facts.accessible = false;
-    const QString text = explainOpenFailure(facts);
-    EXPECT_TRUE(text.contains(QStringLiteral("the group \"dialout\" (sudo usermod -aG dialout $USER)")))
-        << text.toStdString();
-}
-
-TEST(OpenFailure, namesTheProgramThatUsesTheDevice) {
-    OpenFailureFacts facts = soundDevice();
-    facts.busy = true;
-    EXPECT_EQ(explainOpenFailure(facts),
-              QStringLiteral("It is used by another program. Close that program, then connect again."));
-    facts.lockedBy = QStringLiteral("terminal, process 1234");
-    EXPECT_EQ(explainOpenFailure(facts), QStringLiteral("It is used by another program (terminal, process 1234). Close "
-                                                        "that program, then connect again."));
-}
-
-TEST(OpenFailure, saysThatTheLockFolderCannotBeWritten) {
-    OpenFailureFacts facts = soundDevice();
-    facts.lockFolderWritable = false;
-    EXPECT_EQ(
-        explainOpenFailure(facts),
-        QStringLiteral("The lock file that keeps other programs off the port cannot be written in /var/lock. Ask for "
-                       "write permission to that folder, log out and in again, then connect again."));
-}
-
-TEST(OpenFailure, quotesTheSystemWhenNothingElseIsKnown) {
-    EXPECT_EQ(explainOpenFailure(soundDevice()),
-              QStringLiteral("The system says: Input/output error. Unplug the adapter "
-                             "and plug it in again, then connect again."));
-}
-
-TEST(OpenFailure, endsWithTheWordsForTryingAgain) {
-    OpenFailureFacts noDevice = soundDevice();
-    noDevice.exists = false;
-    OpenFailureFacts file = soundDevice();
-    file.isSerialDevice = false;
-    OpenFailureFacts forbidden = soundDevice();
-    forbidden.accessible = false;
-    OpenFailureFacts busy = soundDevice();
-    busy.busy = true;
-    OpenFailureFacts noLock = soundDevice();
-    noLock.lockFolderWritable = false;
-    for (const OpenFailureFacts& facts : {noDevice, file, forbidden, busy, noLock, soundDevice()}) {
+TEST(OpenFailure, saysWhatToDoAndEndsWithTheWordsForTryingAgain) {
+    const struct {
+        std::function<void(OpenFailureFacts& facts)> spoil;
+        const char* text;
+    } cases[] = {
+        {[](OpenFailureFacts& facts) { facts.exists = facts.accessible = false; },
+         "There is no such device. Plug the adapter in, check the device's name, and connect again."},
+        {[](OpenFailureFacts& facts) { facts.isSerialDevice = false; },
+         "It is not a serial port. Choose the device of the serial adapter and connect again."},
+        {[](OpenFailureFacts& facts) {
+             facts.accessible = false;
+             facts.group = QStringLiteral("tty");
+         },
+         "You have no permission to use it. Ask for your user to be added to the group \"tty\" (sudo usermod -aG tty "
+         "$USER), log out and in again, then connect again."},
+        {[](OpenFailureFacts& facts) { facts.accessible = false; }, // the usual group if the device's is not known
+         "You have no permission to use it. Ask for your user to be added to the group \"dialout\" (sudo usermod -aG "
+         "dialout $USER), log out and in again, then connect again."},
+        {[](OpenFailureFacts& facts) { facts.busy = true; },
+         "It is used by another program. Close that program, then connect again."},
+        {[](OpenFailureFacts& facts) {
+             facts.busy = true;
+             facts.lockedBy = QStringLiteral("terminal, process 1234");
+         },
+         "It is used by another program (terminal, process 1234). Close that program, then connect again."},
+        {[](OpenFailureFacts& facts) { facts.lockFolderWritable = false; },
+         "The lock file that keeps other programs off the port cannot be written in /var/lock. Ask for write "
+         "permission to that folder, log out and in again, then connect again."},
+        {[](OpenFailureFacts& /*facts*/) {},
+         "The system says: Input/output error. Unplug the adapter and plug it in again, then connect again."},
+    };
+    for (const auto& each : cases) {
+        OpenFailureFacts facts = soundDevice();
+        each.spoil(facts);
         const QString text = explainOpenFailure(facts);
+        EXPECT_EQ(text.toStdString(), each.text);
         EXPECT_TRUE(text.endsWith(QLatin1String(Port::tryAgainWords) + u'.')) << text.toStdString();
     }
 }

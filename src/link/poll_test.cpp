@@ -282,9 +282,8 @@ TEST_F(PollTest, tellsAFailedLogOnceAndGoesOn) {
     ports.open();
     EXPECT_EQ(take("abc\r\n"), "abc");
     EXPECT_EQ(take("def\r\n"), "def");
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.startsWith(QStringLiteral("The log file log.ohp can no longer be written: ")));
-    EXPECT_EQ(messages.shown[0].title, QStringLiteral("ORV Host Program"));
+    EXPECT_TRUE(theMessage().text.startsWith(QStringLiteral("The log file log.ohp can no longer be written: ")));
+    EXPECT_EQ(theMessage().title, QStringLiteral("ORV Host Program"));
 }
 
 TEST_F(PollTest, meetsAFailureOnlyAfterEveryLineThatArrivedBefore) {

@@ -402,8 +402,7 @@ TEST_F(EndToEndTest, AnInstrumentThatVanishesInARunIsToldOnceWithEveryRowKept) {
     ASSERT_TRUE(until([this] { return state.plc >= 4; }));
     instrument->kill();
     ASSERT_TRUE(until([this] { return !ports.isOpen(); }));
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(instrument->path));
+    EXPECT_TRUE(theMessage().text.contains(instrument->path));
     EXPECT_EQ(status.status.value().toStdString(), "Offline");
     EXPECT_EQ(sheet.rowCount(), static_cast<int>(receivedRows().size()));
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
@@ -415,9 +414,8 @@ TEST_F(EndToEndTest, ADeviceThatIsNotThereIsToldInPlainWords) {
     start("sim:trx");
     ports.setDevice(1, folder.path("no-such-device"));
     autoConnect();
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 1 (%1)").arg(folder.path("no-such-device"))));
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("no such device")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("COM 1 (%1)").arg(folder.path("no-such-device"))));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("no such device")));
     EXPECT_EQ(status.status.value().toStdString(), "Offline");
     EXPECT_TRUE(items[ConnectItems::Auto2].enabled);
 }

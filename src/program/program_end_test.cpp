@@ -105,8 +105,7 @@ protected:
     }
 
     void expectRefused(const char* port) {
-        ASSERT_EQ(messages.shown.size(), 1U);
-        const Message& message = messages.shown[0];
+        const Message& message = theMessage();
         EXPECT_EQ(message.title.toStdString(), "ORV Host Program");
         EXPECT_TRUE(message.text.contains(QString::fromLatin1(port))) << qPrintable(message.text);
         EXPECT_TRUE(message.text.contains(com1.openReason)) << qPrintable(message.text);
@@ -146,10 +145,9 @@ TEST_F(ProgramTest, APortThatFailsInARunIsToldOnceAndLosesNothing) {
     com1.input = "11/21/26\t2700\t3\t20\t30\t40\r\n11/21/26\t2700\t4\t20\t30\t40\r\n11/21/26\t27";
     com1.failureReason = QStringLiteral("The device is gone.");
     ticks(10);
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].title.toStdString(), "ORV Host Program");
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 1 (ttyA)")));
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("The device is gone.")));
+    EXPECT_EQ(theMessage().title.toStdString(), "ORV Host Program");
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("COM 1 (ttyA)")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("The device is gone.")));
     expectOffline();
     EXPECT_EQ(sheet.rowCount(), 4) << "every complete line received is a row";
     EXPECT_EQ(state.plc, 4);

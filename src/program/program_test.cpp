@@ -172,9 +172,8 @@ TEST_F(ProgramTest, StartUpGoesOnWithoutADebugPortThatCannotBeOpened) {
     com2.openReason = QStringLiteral("There is no such device.");
     debug.comm2Output = true;
     program.load();
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("COM 2 (ttyB)")));
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("There is no such device.")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("COM 2 (ttyB)")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("There is no such device.")));
     EXPECT_FALSE(debug.comm2Output);
     expectOffline();
     EXPECT_TRUE(timer.isRunning());
@@ -195,8 +194,7 @@ TEST_F(ProgramTest, StartUpEmptiesTheLogAndKeepsItOpen) {
 TEST_F(ProgramTest, StartUpTellsOfALogThatCannotBeWrittenAndGoesOn) {
     ASSERT_TRUE(QDir().mkdir(QStringLiteral("log.ohp")));
     program.load();
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("log.ohp")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("log.ohp")));
     connectAndRead();
     EXPECT_EQ(messages.shown.size(), 1U);
 }
@@ -270,8 +268,7 @@ TEST_F(ProgramTest, DebugOutputThatCannotBeOpenedIsToldAndCleared) {
     com2.openReason = QStringLiteral("It is used by another program.");
     program.setComm2Output(true);
     EXPECT_FALSE(debug.comm2Output);
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("It is used by another program.")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("It is used by another program.")));
 }
 
 TEST_F(ProgramTest, TheInstrumentAndTheDebugOutputDoNotShareCom2) {
@@ -280,16 +277,14 @@ TEST_F(ProgramTest, TheInstrumentAndTheDebugOutputDoNotShareCom2) {
     ASSERT_TRUE(com2.isOpen());
     program.setComm2Output(true);
     EXPECT_FALSE(debug.comm2Output);
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Close Port")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Close Port")));
     EXPECT_TRUE(com2.isOpen());
     program.closePort();
     program.setComm2Output(true);
     EXPECT_TRUE(debug.comm2Output);
     messages.shown.clear();
     autoConnect(2);
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Comm 2 Debug Output")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Comm 2 Debug Output")));
     expectOffline();
 }
 

@@ -88,10 +88,9 @@ TEST_F(ProgramPlace, TheSecondProgramSaysSoAndWritesFilesOfItsOwn) {
     program.load();
     program.offerUnendedRun();
     EXPECT_TRUE(answers.asked.isEmpty());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].title.toStdString(), "ORV Host Program");
+    EXPECT_EQ(theMessage().title.toStdString(), "ORV Host Program");
     EXPECT_EQ(
-        messages.shown[0].text.toStdString(),
+        theMessage().text.toStdString(),
         QStringLiteral("Another ORV Host Program uses this folder (process %1): %2\n\nIts log and record file are "
                        "left alone. This program writes log-2.ohp and Orvtemp-2.tmp instead.")
             .arg(QCoreApplication::applicationPid())
@@ -132,9 +131,8 @@ TEST_F(ProgramPlace, AProgramStartedOnAFullDiskSaysSoAndWritesNoFiles) {
     }
     program.offerUnendedRun();
     EXPECT_TRUE(answers.asked.isEmpty());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QDir::currentPath()));
-    EXPECT_TRUE(messages.shown[0].text.endsWith(
+    EXPECT_TRUE(theMessage().text.contains(QDir::currentPath()));
+    EXPECT_TRUE(theMessage().text.endsWith(
         QStringLiteral("Make room on the disk, or choose another folder, and start the program again.")));
     runWithRows(2);
     ASSERT_EQ(messages.shown.size(), 2U);
@@ -153,10 +151,8 @@ TEST_F(ProgramPlace, AProgramWithoutAPlaceWorksWithoutFiles) {
     const QStringList before = folder.files();
     program.load();
     program.offerUnendedRun();
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(
-        messages.shown[0].text.endsWith(QStringLiteral("This program works without such files. Start it in "
-                                                       "another folder, so that log and record file are kept.")));
+    EXPECT_TRUE(theMessage().text.endsWith(QStringLiteral("This program works without such files. Start it in "
+                                                          "another folder, so that log and record file are kept.")));
     runWithRows(2);
     ASSERT_EQ(messages.shown.size(), 2U);
     EXPECT_TRUE(messages.shown[1].text.contains(QStringLiteral("other programs use this folder")));

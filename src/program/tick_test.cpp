@@ -236,10 +236,9 @@ TEST_F(ProgramTest, AnErrorOfATickIsToldOnceAndTheProgramGoesOn) {
     for (int line = 0; line < 4; ++line) {
         receive("S1\r\n");
     }
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].title.toStdString(), "ORV Host Program");
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Overflow")));
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Reading the settings")));
+    EXPECT_EQ(theMessage().title.toStdString(), "ORV Host Program");
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Overflow")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Reading the settings")));
     EXPECT_TRUE(ports.isOpen());
     EXPECT_EQ(state.Timeout, std::numeric_limits<qint16>::max());
     EXPECT_EQ(said(), "Get Prefs\rGet Prefs\rGet Prefs\rGet Prefs\r");
@@ -251,8 +250,7 @@ TEST_F(ProgramTest, ACounterThatIsFullEndsTheRunWithOneMessage) {
     for (int line = 0; line < 3; ++line) {
         receive("11/21/26\t2700\t1\t2\t3\t4\r\n");
     }
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Overflow")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Overflow")));
     EXPECT_FALSE(folder.isOpen("Orvtemp.tmp"));
     EXPECT_EQ(sheet.rowCount(), 1);
 }

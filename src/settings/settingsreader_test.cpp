@@ -319,8 +319,7 @@ TEST_F(GetPrefsTest, CallBeyondTheCountersRangeOverflowsWithNothingRead) {
     EXPECT_EQ(state.Timeout, std::numeric_limits<qint16>::max());
     EXPECT_EQ(record().samplesPerPoint, QStringLiteral("30"));
     take("T40");
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Overflow")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Overflow")));
     EXPECT_EQ(state.Timeout, std::numeric_limits<qint16>::max());
     EXPECT_EQ(record().samplesPerPoint, QStringLiteral("30"));
     EXPECT_TRUE(ports.isOpen());

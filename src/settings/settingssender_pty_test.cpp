@@ -75,8 +75,7 @@ TEST_F(SendingPtyTest, AnInstrumentThatGoesDeadIsGivenUp) {
     change(settings.record, [](LoggerSettings& record) { record.samplesPerPoint = QStringLiteral("100"); });
     EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
     EXPECT_FALSE(line->writes.join().contains('P'));
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown.front().text, QStringLiteral("Error Sending Prefs. Error Code 1"));
+    EXPECT_EQ(theMessage().text, QStringLiteral("Error Sending Prefs. Error Code 1"));
 }
 
 } // namespace

@@ -261,8 +261,7 @@ TEST_F(CollectionTest, CounterOverflowEndsTheRunOnceWithAllRowsKept) {
     const QStringList filesBefore = folder.files();
     EXPECT_TRUE(filesBefore.contains(QStringLiteral("Orvtemp.tmp.lock")));
     receive(line(2));
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(QStringLiteral("Overflow")));
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Overflow")));
     expectEnded();
     EXPECT_EQ(sheet.rowCount(), 1);
     EXPECT_EQ(state.plc, std::numeric_limits<qint16>::max());

@@ -19,12 +19,11 @@ protected:
     std::string bytes() const { return sheetFileBytes(sheet, QStringLiteral("/some/where/lake.txt")).toStdString(); }
 
     void expectOneFailure(const QString& name) {
-        ASSERT_EQ(messages.shown.size(), 1U);
-        EXPECT_EQ(messages.shown[0].title.toStdString(), "Save as");
-        EXPECT_EQ(messages.shown[0].icon, Message::Icon::Exclamation);
+        EXPECT_EQ(theMessage().title.toStdString(), "Save as");
+        EXPECT_EQ(theMessage().icon, Message::Icon::Exclamation);
         const QString opening = QStringLiteral("The sheet could not be saved as %1: ").arg(name);
-        EXPECT_TRUE(messages.shown[0].text.startsWith(opening)) << qPrintable(messages.shown[0].text);
-        EXPECT_GT(messages.shown[0].text.indexOf(u'.', opening.size()), opening.size()) << "a reason is given";
+        EXPECT_TRUE(theMessage().text.startsWith(opening)) << qPrintable(theMessage().text);
+        EXPECT_GT(theMessage().text.indexOf(u'.', opening.size()), opening.size()) << "a reason is given";
     }
 };
 
@@ -90,8 +89,7 @@ TEST_F(SheetFilesTest, SheetOfUnknownTypeHasNothingToSave) {
     EXPECT_EQ(bytes(), "");
     EXPECT_TRUE(folder.files().isEmpty());
     EXPECT_TRUE(answers.asked.isEmpty());
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.startsWith(QLatin1String("There is nothing to save")));
+    EXPECT_TRUE(theMessage().text.startsWith(QLatin1String("There is nothing to save")));
     EXPECT_EQ(said(), "Save Spread Sheet\r");
 }
 
@@ -242,8 +240,7 @@ TEST_F(SheetFilesTest, RowsOfAnotherTypeAreSavedUnderADatedNameAndTold) {
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), sheetFileBytes(sheet, name));
     EXPECT_FALSE(sheetState.unsaved);
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_TRUE(messages.shown[0].text.contains(name)) << qPrintable(messages.shown[0].text);
+    EXPECT_TRUE(theMessage().text.contains(name)) << qPrintable(theMessage().text);
     EXPECT_EQ(sheet.rowCount(), 1) << "the rows stay on the sheet";
     files.saveAside();
     EXPECT_EQ(messages.shown.size(), 1U) << "saved rows are not saved aside again";

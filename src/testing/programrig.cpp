@@ -159,6 +159,12 @@ std::string ProgramRig::saidBriefly() {
     return QString::fromStdString(said()).replace(reset, QStringLiteral("(reset)\r")).toStdString();
 }
 
+const Message& ProgramRig::theMessage() const {
+    static const Message none;
+    EXPECT_EQ(messages.shown.size(), 1U);
+    return messages.shown.empty() ? none : messages.shown.front();
+}
+
 void ProgramRig::expectOffline() {
     EXPECT_FALSE(ports.isOpen());
     EXPECT_FALSE(com1.isOpen());

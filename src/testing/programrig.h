@@ -69,6 +69,9 @@ public:
     /// The same; each reset, which writes 14 lines, is "(reset)".
     std::string saidBriefly();
 
+    /// The message that the operator has been told; the test fails unless there is one and no other.
+    const Message& theMessage() const;
+
     /// Everything by which the operator sees that the program is as after a reset.
     void expectOffline();
 

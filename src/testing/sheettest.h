@@ -102,14 +102,17 @@ protected:
     }
 
     std::string onlyMessage() {
-        EXPECT_EQ(messages.shown.size(), 1U);
-        if (messages.shown.empty()) {
-            return {};
-        }
-        EXPECT_EQ(messages.shown.back().title, QStringLiteral("ORV Host Program"));
-        EXPECT_EQ(messages.shown.back().icon, Message::Icon::Exclamation);
-        return messages.shown.back().text.toStdString();
+        EXPECT_EQ(theMessage().title, QStringLiteral("ORV Host Program"));
+        EXPECT_EQ(theMessage().icon, Message::Icon::Exclamation);
+        return theMessage().text.toStdString();
     }
 };
+}
+EXPECT_EQ(messages.shown.back().title, QStringLiteral("ORV Host Program"));
+EXPECT_EQ(messages.shown.back().icon, Message::Icon::Exclamation);
+return messages.shown.back().text.toStdString();
+}
+}
+;
 
 } // namespace orv
