@@ -144,8 +144,9 @@ TEST_F(DeviceFilesTest, AMissingFileAndACancelledDialogAreSilent) {
 TEST_F(DeviceFilesTest, AnUnwritablePlaceIsTold) {
     answers.fileName = folder.filePath(QStringLiteral("missing/sensor.ODV"));
     files.saveDeviceFile();
-    EXPECT_EQ(theMessage().title.toStdString(), "Save Device File");
-    EXPECT_TRUE(theMessage().text.startsWith(answers.fileName + QStringLiteral(" could not be saved: ")));
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown.front().title.toStdString(), "Save Device File");
+    EXPECT_TRUE(messages.shown.front().text.startsWith(answers.fileName + QStringLiteral(" could not be saved: ")));
 }
 
 TEST_F(DeviceFilesTest, TheOpenDialogKeepsWhatSavingHasSet) {

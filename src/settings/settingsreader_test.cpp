@@ -529,20 +529,16 @@ TEST_F(CheckTimeTest, ReplyThatCannotBeReadIsToldAndTheLabelsKeepWhatTheyHad) {
     }
 }
 
-TEST_F(CheckTimeTest, PartsAreListedWhenParsingIsShownInServiceMode) {
+TEST_F(CheckTimeTest, PartsEvenOfAnUnreadableReplyAreListedWhenParsingIsShownInServiceMode) {
     debug.showParsing = true;
     state.trouble = 1;
-    check("11/21/26\t2700");
-    EXPECT_EQ(debug.list.entries(), (std::deque<QString>{QStringLiteral("11/21/26\t2700"), QStringLiteral("11/21/26\t"),
-                                                         QStringLiteral("2700")}));
-}
-
-TEST_F(CheckTimeTest, PartsOfAnUnreadableReplyAreListedToo) {
-    debug.showParsing = true;
-    state.trouble = 1;
-    check("garbage\tnoon");
-    EXPECT_EQ(debug.list.entries(), (std::deque<QString>{QStringLiteral("garbage\tnoon"), QStringLiteral("garbage\t"),
-                                                         QStringLiteral("noon")}));
+    std::deque<QString> listed;
+    for (const auto& [date, time] : {std::pair("11/21/26\t", "2700"), std::pair("garbage\t", "noon")}) {
+        const QString reply = QLatin1String(date) + QLatin1String(time);
+        check(qPrintable(reply));
+        listed.insert(listed.end(), {reply, QLatin1String(date), QLatin1String(time)});
+        EXPECT_EQ(debug.list.entries(), listed);
+    }
 }
 
 TEST_F(CheckTimeTest, PartsAreNotListedOtherwise) {

@@ -21,26 +21,25 @@ TEST_F(DownloadTest, TextFileOfNewerTrxIsByteExact) {
     EXPECT_TRUE(messages.shown.empty());
 }
 
-TEST_F(DownloadTest, TextFileOfOlderTrxIsByteExact) {
-    identify("v", "412");
-    saveAsText();
-    replyAll({">O", "01/05/99\t64799\t10\t15\t20\t25\t30\t35", "EOF"});
-    EXPECT_EQ(dump().toStdString(), "Filename\t11/21/26\t9:30:15 AM\r\n"
-                                    "Data File\r\n"
-                                    "\r\r\r\n"
-                                    "Data Point\tDate\tTime\t100\t100 REF\t125\t125 REF\t150\t150 REF\r\n"
-                                    "1\t1/5/99\t23:59:58\t10\t15\t20\t25\t30\t35\r\n");
-}
-
-TEST_F(DownloadTest, TextFileOfGlowIsByteExact) {
-    identify("f", "310");
-    saveAsText();
-    replyAll({">O", "01/05/99\t24526\t700", "EOF"});
-    EXPECT_EQ(dump().toStdString(), "Filename\t11/21/26\t9:30:15 AM\r\n"
-                                    "Data File\r\n"
-                                    "\r\r\r\n"
-                                    "Data Point\tDate\tTime\tOutput\r\n"
-                                    "1\t1/5/99\t9:05:01\t700\r\n");
+TEST_F(DownloadTest, TextFilesOfOlderTrxAndGlowAreByteExact) {
+    const struct {
+        const char* letter;
+        const char* firmware;
+        const char* record;
+        const char* columns;
+        const char* row;
+    } cases[] = {{"v", "412", "01/05/99\t64799\t10\t15\t20\t25\t30\t35", "100\t100 REF\t125\t125 REF\t150\t150 REF",
+                  "1\t1/5/99\t23:59:58\t10\t15\t20\t25\t30\t35"},
+                 {"f", "310", "01/05/99\t24526\t700", "Output", "1\t1/5/99\t9:05:01\t700"}};
+    for (const auto& each : cases) {
+        identify(each.letter, each.firmware);
+        state.Ctrlscrn = Operation::SettingsOpen;
+        saveAsText();
+        replyAll({">O", each.record, "EOF"});
+        EXPECT_EQ(dump().toStdString(), std::string("Filename\t11/21/26\t9:30:15 AM\r\nData File\r\n\r\r\r\n"
+                                                    "Data Point\tDate\tTime\t") +
+                                            each.columns + "\r\n" + each.row + "\r\n");
+    }
 }
 
 TEST_F(DownloadTest, FirmwareOf500IsTheNewerGeneration) {

@@ -8,7 +8,7 @@ namespace {
 
 class SheetFilesTest : public SheetTest {
 protected:
-    void addRow(std::initializer_list<const char*> values) {
+    void addRow(const std::vector<const char*>& values) {
         DataRow row{.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:07"), .values = {}};
         for (const char* value : values) {
             row.values << QString::fromLatin1(value);
@@ -27,45 +27,39 @@ protected:
     }
 };
 
-TEST_F(SheetFilesTest, NewerTrxWritesAnEmptyEighthCell) {
-    identify("V", "512");
-    addRow({"10", "20", "30", "40"});
-    addRow({"11", "21", "31", "41"});
-    EXPECT_EQ(bytes(), "V\t512 2\r\n"
-                       "lake.txt\r\n"
-                       "\r\r\r\n"
-                       "Data Point\tDate\tTime\t100\t125\t150\tREF 150\r\n"
-                       "1\t1/5/99\t9:05:07\t10\t20\t30\t40\t\t\r"
-                       "2\t1/5/99\t9:05:07\t11\t21\t31\t41\t\t\r");
-}
-
-TEST_F(SheetFilesTest, OlderTrxDropsTheNinthColumn) {
-    identify("v", "412");
-    addRow({"10", "15", "20", "25", "30", "35"});
-    EXPECT_EQ(bytes(), "v\t412 1\r\n"
-                       "lake.txt\r\n"
-                       "\r\r\r\n"
-                       "Data Point\tDate\tTime\t100\tREF 100\t125\tREF 125\t150\tREF 150\r\n"
-                       "1\t1/5/99\t9:05:07\t10\t15\t20\t25\t30\t\r");
-}
-
-TEST_F(SheetFilesTest, GlowWritesFourCellsAndATabBehindItsLastHeader) {
-    identify("F", "512");
-    addRow({"700"});
-    addRow({"0.00001"});
-    EXPECT_EQ(bytes(), "F\t512 2\r\n"
-                       "lake.txt\r\n"
-                       "\r\r\r\n"
-                       "Data Point\tDate\tTime\tCounts\t\r\n"
-                       "1\t1/5/99\t9:05:07\t700\t\r"
-                       "2\t1/5/99\t9:05:07\t0.00001\t\r");
-}
-
-TEST_F(SheetFilesTest, EmptySheetIsItsHeader) {
-    identify("V", "500");
-    EXPECT_EQ(bytes(), "V\t500 0\r\nlake.txt\r\n\r\r\r\nData Point\tDate\tTime\t100\t125\t150\tREF 150\r\n");
-    identify("f", "5.5");
-    EXPECT_EQ(bytes(), "f\t5.5 0\r\nlake.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n");
+TEST_F(SheetFilesTest, EachLayoutIsByteExact) {
+    const std::string newer = "\t100\t125\t150\tREF 150\r\n";
+    const std::string older = "\t100\tREF 100\t125\tREF 125\t150\tREF 150\r\n";
+    const std::string glow = "\tCounts\t\r\n";
+    const struct {
+        const char* letter;
+        const char* firmware;
+        std::vector<std::vector<const char*>> values;
+        std::string expected; ///< After "Time".
+    } cases[] = {
+        {"V",
+         "512",
+         {{"10", "20", "30", "40"}, {"11", "21", "31", "41"}},
+         newer + "1\t1/5/99\t9:05:07\t10\t20\t30\t40\t\t\r" // an empty eighth cell
+                 "2\t1/5/99\t9:05:07\t11\t21\t31\t41\t\t\r"},
+        {"v",
+         "412",
+         {{"10", "15", "20", "25", "30", "35"}},
+         older + "1\t1/5/99\t9:05:07\t10\t15\t20\t25\t30\t\r"}, // without the ninth column
+        {"F", "512", {{"700"}, {"0.00001"}}, glow + "1\t1/5/99\t9:05:07\t700\t\r2\t1/5/99\t9:05:07\t0.00001\t\r"},
+        {"V", "500", {}, newer},
+        {"f", "5.5", {}, glow},
+    };
+    for (const auto& each : cases) {
+        rows.clearSpreadSheet();
+        identify(each.letter, each.firmware);
+        for (const auto& values : each.values) {
+            addRow(values);
+        }
+        EXPECT_EQ(bytes(), each.letter + ("\t" + std::string(each.firmware)) + " " +
+                               std::to_string(each.values.size()) + "\r\nlake.txt\r\n\r\r\r\nData Point\tDate\tTime" +
+                               each.expected);
+    }
 }
 
 TEST_F(SheetFilesTest, TypeWrittenIsTheSheetsOwn) {

@@ -107,12 +107,5 @@ protected:
         return theMessage().text.toStdString();
     }
 };
-}
-EXPECT_EQ(messages.shown.back().title, QStringLiteral("ORV Host Program"));
-EXPECT_EQ(messages.shown.back().icon, Message::Icon::Exclamation);
-return messages.shown.back().text.toStdString();
-}
-}
-;
 
 } // namespace orv
