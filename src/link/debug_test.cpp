@@ -60,7 +60,7 @@ TEST_F(DirectSendTest, AnOpenPortGetsTheTextAsTypedWithoutATerminator) {
     tickDebugOutput();
     ports.open();
     program.link.directSend.send(QStringLiteral(" R 1,5 \u00b5"));
-    ASSERT_EQ(com1.writes.size(), 1U);
+    ASSERT_EQ(com1.writes.size(), 1);
     EXPECT_EQ(com1.writes.front(), " R 1,5 \xb5");
     EXPECT_EQ(said(), "Direct Enter\r");
 }
