@@ -86,6 +86,7 @@ TEST_F(CalibrationPageTest, TypingFillsTheState) {
 TEST_F(CalibrationPageTest, AColourMustBeChosenFirst) {
     click("Command4");
     EXPECT_EQ(typed("Text36"), "SELECT A COLOR");
+    EXPECT_EQ(box("Text36").palette().color(QPalette::Base), page.palette().color(QPalette::Window));
     EXPECT_EQ(list().count(), 0);
     click("Option10");
     click("Command4");
@@ -233,6 +234,8 @@ TEST_F(TestingPageTest, ShowsStatusStepAndCountdown) {
     EXPECT_EQ(text("TestingStatus"), "Resetting Shutter");
     EXPECT_EQ(find<QLineEdit>("TestingProgress").text().toStdString(), "Moving Shutter");
     EXPECT_TRUE(find<QLineEdit>("TestingProgress").isReadOnly());
+    const QPalette palette = find<QLineEdit>("TestingProgress").palette();
+    EXPECT_EQ(palette.color(QPalette::Base), palette.color(QPalette::Window));
     EXPECT_EQ(text("TestingCountdown"), "29 s");
 }
 

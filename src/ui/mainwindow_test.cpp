@@ -178,6 +178,7 @@ TEST_F(WindowTest, TheStatusPageShowsTheSession) {
                  {"Label23", "11/21/26"},
                  {"Label22", "9:30:14 AM"},
                  {"BufferLabel", "1"}});
+    EXPECT_EQ(find<QLineEdit>("Text38").palette().color(QPalette::Base), QColor(Qt::transparent));
     EXPECT_EQ(button("ResetButton").toolTip().toStdString(),
               "Stops current collection and requires the instrument to be reset.");
 }
