@@ -13,7 +13,8 @@ namespace orv {
 /// What a screen keeps to follow the values it shows. The values outlive it.
 class Bindings {
 public:
-    /// Calls `draw` with the property's value now and after every change, until this object dies.
+    /// Calls `draw` with the property's value now and after every change, until this object dies. Of several on one
+    /// property the one bound last is called first after a change.
     template <typename T, typename Draw>
     void bind(const QProperty<T>& property, Draw draw) {
         draw(property.value());
@@ -45,7 +46,8 @@ public:
     using Listener = std::function<void(Args...)>;
 
     /// Calls `listener` at each event, after those that subscribed before it, until the last copy of what is returned
-    /// has gone. A listener may let go of its own subscription but not add another to the same event.
+    /// has gone. A listener may let go of its own subscription and may subscribe others, who are told from the next
+    /// event on.
     [[nodiscard]] Subscription subscribe(Listener listener) {
         std::erase_if(listeners_, [](const auto& other) { return other.expired(); });
         auto subscription = std::make_shared<const Listener>(std::move(listener));
@@ -55,7 +57,8 @@ public:
 
     /// Tells all of them.
     void tell(const Args&... args) const {
-        for (const auto& listener : listeners_) {
+        const auto listeners = listeners_; // a listener may subscribe others
+        for (const auto& listener : listeners) {
             if (const std::shared_ptr<const Listener> alive = listener.lock()) {
                 (*alive)(args...);
             }

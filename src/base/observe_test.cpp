@@ -34,6 +34,16 @@ TEST(Bindings, drawAValueThatFollowsFromOthers) {
     EXPECT_THAT(drawn, ElementsAre(true, false));
 }
 
+TEST(Bindings, drawLastBoundFirstAfterAChange) {
+    QProperty<int> property{0};
+    std::vector<int> drawn;
+    Bindings bindings;
+    bindings.bind(property, [&drawn](int) { drawn.push_back(1); });
+    bindings.bind(property, [&drawn](int) { drawn.push_back(2); });
+    property = 1;
+    EXPECT_THAT(drawn, ElementsAre(1, 2, 2, 1));
+}
+
 TEST(Bindings, drawNothingOnceTheyAreGone) {
     QProperty<int> property{1};
     int draws = 0;
@@ -61,6 +71,24 @@ TEST(Signal, tellsAllWhoListenUntilTheyLetGo) {
     signal.tell();
     signal.tell();
     EXPECT_THAT(told, ElementsAre(1, 2, 1, 3, 4, 1, 3));
+}
+
+TEST(Signal, tellsThoseSubscribedByAListenerFromTheNextEventOn) {
+    constexpr int many = 100; // so that the list moves while it is told
+    Signal<int> signal;
+    std::vector<int> told;
+    std::vector<Subscription> added;
+    const Subscription first = signal.subscribe([&](int event) {
+        for (int i = 0; event == 1 && i < many; ++i) {
+            added.push_back(signal.subscribe([&told](int later) { told.push_back(later); }));
+        }
+    });
+    const Subscription last = signal.subscribe([&told](int event) { told.push_back(-event); });
+    signal.tell(1);
+    EXPECT_THAT(told, ElementsAre(-1));
+    signal.tell(2);
+    EXPECT_EQ(told.size(), static_cast<std::size_t>(many + 2));
+    EXPECT_EQ(told.at(1), -2) << "after those that subscribed before";
 }
 
 } // namespace
