@@ -168,8 +168,11 @@ TEST_F(RunRecoveryTest, WhatTheSheetLacksIsTold) {
     };
     for (const auto& [rowsOfFile, told] : cases) {
         sheetState.unsaved = false;
+        answers.asked.clear();
         recover(header + rowsOfFile);
         EXPECT_EQ(sheet.rowCount(), rowsOfFile.startsWith("501") ? 1 : 2);
+        EXPECT_EQ(asked(), std::string("ORV Host Program: The last run in this folder did not end. Load its ") +
+                               (sheet.rowCount() == 1 ? "1 row" : "2 rows") + " into the sheet?");
         EXPECT_EQ(state.plc, sheet.rowCount());
         EXPECT_NE(toldText().find(told), std::string::npos) << toldText();
         EXPECT_EQ(contentsOf(path("Orvtemp.tmp")), header + rowsOfFile);

@@ -415,8 +415,7 @@ void WindowRig::onEachPage(const std::function<void(const std::string& caption)>
     }
 }
 
-bool WindowRig::waitFor(const std::function<bool()>& reached) {
-    constexpr int patience = 60000; // milliseconds
+bool WindowRig::waitFor(const std::function<bool()>& reached, int patience) {
     QElapsedTimer passed;
     passed.start();
     while (!reached() && passed.elapsed() < patience) {

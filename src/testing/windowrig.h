@@ -88,8 +88,8 @@ public:
 
     void receiveRow() { receive("11/21/26\t2700\t10\t20\t30\t40\r\n"); }
 
-    /// Lets events run until the condition holds. Returns whether it does.
-    static bool waitFor(const std::function<bool()>& reached);
+    /// Lets events run until the condition holds, for at most so many milliseconds. Returns whether it does.
+    static bool waitFor(const std::function<bool()>& reached, int patience = 60'000);
     /// Lets events run for so many milliseconds.
     static void pass(int milliseconds);
 

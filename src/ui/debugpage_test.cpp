@@ -77,7 +77,7 @@ TEST_F(DebugListModelTest, TheViewSeesTheSymbolsTheEntryStays) {
 
 TEST_F(DebugListModelTest, ItHearsByItself) {
     append(1);
-    EXPECT_TRUE(WindowRig::waitFor([this] { return model.rowCount() == 1; }));
+    EXPECT_TRUE(WindowRig::waitFor([this] { return model.rowCount() == 1; }, 5000));
 }
 
 TEST_F(DebugListModelTest, AFullListLosesItsOldest) {

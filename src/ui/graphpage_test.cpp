@@ -45,7 +45,7 @@ TEST_F(GraphPageTest, RowsAreDrawnAWhileAfterTheyHaveComeAndAllAtOnce) {
     settle();
     const auto points = [this] { return canvas().graph(0)->dataCount(); };
     EXPECT_EQ(points(), 1);
-    waitFor([&points] { return points() > 1; });
+    waitFor([&points] { return points() > 1; }, 20'000);
     EXPECT_EQ(points(), 41);
 }
 

@@ -126,6 +126,8 @@ protected:
     int shownRows() const { return grid.model()->rowCount(); }
     int topRow() const { return grid.rowAt(0); }
 
+    static constexpr int drawingPatience = 5000; ///< Milliseconds.
+
     SheetPage& page = dynamic_cast<SheetPage&>(find<QWidget>("SheetPage"));
     QTableView& grid = find<QTableView>("fg1");
 };
@@ -139,7 +141,7 @@ TEST_F(SheetPageTest, RowsAreDrawnAWhileAfterTheyHaveComeAndAllAtOnce) {
     }
     EXPECT_EQ(shownRows(), 0);
     EXPECT_EQ(text("SheetCounter"), "30") << "the counter follows every row";
-    ASSERT_TRUE(waitFor([this] { return shownRows() == 30; }));
+    ASSERT_TRUE(waitFor([this] { return shownRows() == 30; }, drawingPatience));
     EXPECT_EQ(insertions, 1);
 }
 
@@ -153,7 +155,8 @@ TEST_F(SheetPageTest, AHiddenPageDrawsNothingUntilItIsShown) {
     EXPECT_EQ(text("SheetCounter"), "15");
     openPage();
     EXPECT_EQ(shownRows(), 15);
-    EXPECT_TRUE(waitFor([this] { return topRow() == 4; })) << "grid row 5 behind the header, not " << topRow();
+    EXPECT_TRUE(waitFor([this] { return topRow() == 4; }, drawingPatience))
+        << "grid row 5 behind the header, not " << topRow();
 }
 
 TEST_F(SheetPageTest, TheViewFollowsTheNewestRowFromTheTwelfthOn) {
@@ -193,7 +196,7 @@ TEST_F(SheetPageTest, ClearingEmptiesTheGridAndIsPassedOn) {
     EXPECT_EQ(removalsHeard, 1);
     addRow();
     page.refreshNow();
-    EXPECT_TRUE(waitFor([this] { return topRow() == 0; })) << topRow();
+    EXPECT_TRUE(waitFor([this] { return topRow() == 0; }, drawingPatience)) << topRow();
 }
 
 TEST_F(SheetPageTest, AsManyRowsInPlaceOfTheOldOnesAreFollowedToo) {
@@ -203,7 +206,7 @@ TEST_F(SheetPageTest, AsManyRowsInPlaceOfTheOldOnesAreFollowedToo) {
         sheet.removeRows();
         addRows(50);
         page.refreshNow();
-        EXPECT_TRUE(waitFor([this] { return topRow() == 39; })) << topRow();
+        EXPECT_TRUE(waitFor([this] { return topRow() == 39; }, drawingPatience)) << topRow();
     }
 }
 
