@@ -80,7 +80,7 @@ TEST_F(AccessibilityTest, EveryPageOfTheMainWindow) {
 }
 
 TEST_F(AccessibilityTest, EveryPageIsOperableByKeyboardAndFits) {
-    for (const char* page : {"StatusPage", "GraphicalPage", "DebugPage", "TestingPage", "CalibrationPage"}) {
+    for (const char* page : {"StatusPage", "GraphicalPage", "DebugScreen", "TestingPage", "CalibrationPage"}) {
         SCOPED_TRACE(page);
         expectOperableAndFits(find<QWidget>(page));
     }

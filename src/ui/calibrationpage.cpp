@@ -12,6 +12,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace orv {
 
 namespace {
@@ -233,14 +235,17 @@ void CalibrationPage::addResults(QGridLayout* grid, int gridRow) {
 QGroupBox* CalibrationPage::makeReference() {
     auto* frame = makeFrame("&KP 7", "ReferenceFrame");
     auto* grid = makeChannelGrid(frame);
-    for (const Light& light : lights) {
-        const QString angle = angleText(light.referenceColumn);
+    for (int channel = 0; channel < channelCount; ++channel) {
+        const Light& light = *std::find_if(lights.begin(), lights.end(), [channel](const Light& candidate) {
+            return candidate.referenceColumn == channel;
+        });
+        const QString angle = angleText(channel);
         const QString colour = QStringLiteral("%1 %2").arg(QLatin1String(light.name), QLatin1String(light.wavelength));
         auto* heading = makeHeading(QStringLiteral("%1 / %2").arg(angle, colour));
         heading->setToolTip(QStringLiteral("\"Calc DP\" uses this column for the angle %1, the report for the light "
                                            "colour %2.")
                                 .arg(angle, colour));
-        grid->addWidget(heading, 0, light.referenceColumn + 1);
+        grid->addWidget(heading, 0, channel + 1);
     }
     for (int row = 0; row < BoxGrid<referenceRows.size()>::rowCount; ++row) {
         const BoxRow& boxes = referenceRows.at(static_cast<std::size_t>(row));
@@ -288,12 +293,12 @@ TestingPage::TestingPage(Program& program) {
 }
 
 QLayout* TestingPage::makeProgress(const StatusState& shown) {
-    auto* status = makeValueLabel("TestingStatus", "Status");
+    auto* status = makeTextLabel("TestingStatus", "Status");
     bindText(bindings_, status, shown.status);
     auto* progress =
         makeReadOnlyBox("TestingProgress", "Progress of the shutter reset", "The step of the shutter reset under way.");
     bindText(bindings_, progress, shown.shutterProgress);
-    auto* countdown = makeValueLabel("TestingCountdown", "Time left");
+    auto* countdown = makeTextLabel("TestingCountdown", "Time left");
     countdown->setToolTip(QStringLiteral("How long the shutter still moves."));
     countdown->setMinimumWidth(countdown->fontMetrics().horizontalAdvance(QStringLiteral("00 s ")));
     bindText(bindings_, countdown, shown.shutterCountdown);

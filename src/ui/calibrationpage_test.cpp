@@ -237,6 +237,9 @@ TEST_F(TestingPageTest, ShowsStatusStepAndCountdown) {
     const QPalette palette = find<QLineEdit>("TestingProgress").palette();
     EXPECT_EQ(palette.color(QPalette::Base), palette.color(QPalette::Window));
     EXPECT_EQ(text("TestingCountdown"), "29 s");
+    for (const char* name : {"TestingStatus", "TestingCountdown", "DebugStatus"}) {
+        EXPECT_EQ(find<QLabel>(name).textInteractionFlags() & Qt::TextSelectableByMouse, 0) << name;
+    }
 }
 
 } // namespace

@@ -18,8 +18,10 @@ namespace {
 constexpr int linesBeforeCurves = 3;
 
 QLabel* makeValue(QAnyStringView name, QAnyStringView accessibleName) {
-    QLabel* label = makeNumberLabel(name, accessibleName, "00000.00000");
+    QLabel* label = makeTextLabel(name, accessibleName);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    // A fixed width, so that a new number does not lay out the page anew.
+    label->setFixedWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("00000.00000")));
     return label;
 }
 

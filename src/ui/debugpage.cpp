@@ -121,7 +121,7 @@ DebugPage::DebugPage(Program& program)
     , debug_(program.link.debug)
     , session_(program.link.session)
     , model_(debug_.list) {
-    setObjectName(QStringLiteral("DebugPage"));
+    setObjectName(QStringLiteral("DebugScreen"));
     auto* layout = new QHBoxLayout(this);
     auto* frame = makeDebugFrame();
     layout->addWidget(frame, 1);
@@ -244,7 +244,7 @@ void DebugPage::addDirectSend(QHBoxLayout* layout) {
 }
 
 QGroupBox* DebugPage::makeStatus() {
-    auto* status = makeValueLabel("DebugStatus", "Status");
+    auto* status = makeTextLabel("DebugStatus", "Status");
     bindings_.bind(session_.status.status, [status](const QString& text) {
         status->setText(text);
         status->repaint(); // a procedure that does not yield may follow

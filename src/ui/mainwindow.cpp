@@ -112,11 +112,11 @@ void MainWindow::layOut() {
     auto* upperRow = new QHBoxLayout;
     auto* serviceRow = new QHBoxLayout;
     layout->addLayout(upperRow);
-    layout->addWidget(pageArea_, 1);
-    layout->addLayout(serviceRow);
     upperRow->addWidget(upperTabs_);
     upperRow->addStretch(1);
     addSimulationMarker(upperRow);
+    layout->addWidget(pageArea_, 1);
+    layout->addLayout(serviceRow);
     addPage(Page::Status, scrollable(new StatusPage(program_)));
     addServiceMarker(serviceRow);
     serviceRow->addWidget(lowerTabs_);
@@ -124,9 +124,10 @@ void MainWindow::layOut() {
     lowerTabs_->setShape(QTabBar::RoundedSouth);
     setCentralWidget(centre);
 
-    subscriptions_ = {
-        upperTabs_->tabChosen.subscribe([this](const QString& caption) { program_.selectUpperTab(caption); }),
-        lowerTabs_->tabChosen.subscribe([this](const QString& caption) { program_.selectLowerTab(caption); })};
+    subscriptions_.push_back(
+        upperTabs_->tabChosen.subscribe([this](const QString& caption) { program_.selectUpperTab(caption); }));
+    subscriptions_.push_back(
+        lowerTabs_->tabChosen.subscribe([this](const QString& caption) { program_.selectLowerTab(caption); }));
     bindings_.bind(program_.pages.shown, [this](Page page) { showPage(page); });
     bindVisible(bindings_, lowerTabs_, program_.pages.serviceMode);
 }

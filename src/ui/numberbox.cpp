@@ -104,11 +104,13 @@ void NumberBox::setMarked(bool marked) {
     if (maximum_ == 0) {
         return;
     }
-    const QString text =
-        marked ? QStringLiteral("%1 is more than the maximum of %2.").arg(this->text()).arg(maximum_) : QString();
-    warning_->setToolTip(text);
-    setAccessibleDescription(text);
-    remark_->setText(marked ? accessibleName() + QStringLiteral(": ") + text : QString());
+    if (marked || marked_) {
+        const QString text =
+            marked ? QStringLiteral("%1 is more than the maximum of %2.").arg(this->text()).arg(maximum_) : QString();
+        warning_->setToolTip(text);
+        setAccessibleDescription(text);
+        remark_->setText(marked ? accessibleName() + QStringLiteral(": ") + text : QString());
+    }
     remark_->setVisible(marked);
     warning_->setVisible(marked);
     marked_ = marked;

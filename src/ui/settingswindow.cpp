@@ -143,6 +143,7 @@ void SettingsWindow::clearforms() {
 }
 
 void SettingsWindow::showFrame() {
+    clearforms();
     const InstrumentType type = program_.link.session.status.instrument;
     QWidget* frame = frames_->widget(tabs_->currentIndex());
     if (tabs_->currentIndex() == calibrationTab && type != InstrumentType::Trx) {

@@ -117,6 +117,19 @@ TEST_F(SettingsWindowTest, CalibrationShowsTheFrameOfTheTypeLabel) {
     EXPECT_TRUE(find<QLabel>("NoTypeHint").isVisible());
 }
 
+TEST_F(SettingsWindowTest, ABoxIsLeftWhenItsTabIsChosenAgain) {
+    openSettings("Sampling");
+    screen.activateWindow();
+    QApplication::processEvents();
+    auto& box = find<QLineEdit>("Text4");
+    box.setFocus();
+    ASSERT_TRUE(box.hasFocus());
+    retype(box, "99999");
+    EXPECT_FALSE(find<QLabel>("Text4Remark").isVisible());
+    screen.chooseTab(QStringLiteral("Sampling"));
+    EXPECT_TRUE(find<QLabel>("Text4Remark").isVisible());
+}
+
 TEST_F(SettingsWindowTest, ClearformsHidesEveryFrame) {
     for (const char* tab : tabNames) {
         openSettings(tab);

@@ -80,7 +80,10 @@ void ProgramStyle::polish(QPalette& palette) {
     for (const auto& [text, ground] : pairs) {
         const QColor behind = palette.color(QPalette::Active, ground);
         if (contrast(palette.color(QPalette::Disabled, text), behind) < readable) {
-            palette.setColor(QPalette::Disabled, text, between(palette.color(QPalette::Active, text), behind, 0.5F));
+            const QColor front = palette.color(QPalette::Active, text);
+            palette.setColor(QPalette::Disabled, text,
+                             {(front.red() + behind.red()) / 2, (front.green() + behind.green()) / 2,
+                              (front.blue() + behind.blue()) / 2});
         }
     }
 }

@@ -12,11 +12,17 @@
 
 namespace orv {
 
-QLabel* makeValueLabel(QAnyStringView name, QAnyStringView accessibleName) {
+QLabel* makeTextLabel(QAnyStringView name, QAnyStringView accessibleName) {
     auto* label = new QLabel;
     label->setObjectName(name.toString());
     label->setAccessibleName(accessibleName.toString());
     label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::NoTextInteraction);
+    return label;
+}
+
+QLabel* makeValueLabel(QAnyStringView name, QAnyStringView accessibleName) {
+    QLabel* label = makeTextLabel(name, accessibleName);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
 }
@@ -29,8 +35,7 @@ QLabel* makeFramedLabel(QAnyStringView name, QAnyStringView accessibleName) {
 }
 
 QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size) {
-    QLabel* label = makeValueLabel(name, accessibleName);
-    label->setTextInteractionFlags(Qt::NoTextInteraction); // selecting costs at every number
+    QLabel* label = makeTextLabel(name, accessibleName); // selecting would cost at every number
     if (size > 1.0) {
         enlarge(label, size);
     }

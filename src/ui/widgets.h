@@ -18,7 +18,10 @@
 
 namespace orv {
 
-/// A label for a value: plain text that can be selected.
+/// A label for a text that changes. It is plain and cannot be selected.
+QLabel* makeTextLabel(QAnyStringView name, QAnyStringView accessibleName);
+
+/// A text label for a value, which can be selected.
 QLabel* makeValueLabel(QAnyStringView name, QAnyStringView accessibleName);
 
 /// A value label in a sunken frame, for a number at the right.
