@@ -212,7 +212,6 @@ private:
     /// `button` is pressed on the page once rows come.
     void run(int page, const char* button = nullptr) {
         fillTo(program_.sheet.data, rowsBeforeRun, program_.sheet.data.type().layout());
-        program_.link.session.state.plc = rowsBeforeRun;
         program_.sheet.shown.counter = QString::number(rowsBeforeRun);
         showPage(0);
         find<QPushButton>("Command2")->click();
@@ -260,7 +259,6 @@ private:
         const double before = residentMegabytes();
         print("empty_MB", before);
         fillTo(program_.sheet.data, fullSheetRows);
-        program_.link.session.state.plc = fullSheetRows;
         program_.sheet.shown.counter = QString::number(fullSheetRows);
         auto* grid = find<QTableView>("fg1");
         live(settleTime);

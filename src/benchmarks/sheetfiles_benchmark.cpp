@@ -27,7 +27,6 @@ public:
     void fill() {
         layOut(sheet);
         fillTo(sheet, fullSheetRows);
-        session.state.plc = fullSheetRows;
     }
 
 private:

@@ -103,7 +103,6 @@ void dataLineTick(benchmark::State& state) {
         state.PauseTiming();
         program.clearAll();
         fillTo(program.sheet.data, static_cast<int>(state.range(0)));
-        program.link.session.state.plc = static_cast<qint16>(state.range(0));
         program.run();
         connected.receive("R\r\n", 1);
         state.ResumeTiming();

@@ -33,7 +33,7 @@ void Calibration::compute() {
 }
 
 double Calibration::mean(int sheetColumn) {
-    const int rows = session_.state.plc;
+    const int rows = sheet_.rowCount();
     double sum = 0.0;
     sheetState_.currentColumn = sheetColumn;
     for (int row = 0; row < rows; ++row) {

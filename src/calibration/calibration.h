@@ -15,8 +15,8 @@ namespace orv {
 /// CR more. The "Stdev" line repeats the "Air" row: there are no separate standard deviations.
 QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment);
 
-/// The operator's actions on the page "Calibration TRX(S)". A run-time error ends the action it happens in and is told
-/// once.
+/// The operator's actions on the page "Calibration TRX(S)". A run-time error ends the action it happens in; the
+/// operator is told once.
 class Calibration {
 public:
     Calibration(Session& session, const DataSheet& sheet, SheetState& sheetState, OperatorQuestions& questions);
@@ -26,7 +26,7 @@ public:
     void previous();           ///< `Command8`.
     void select(int position); ///< A click on an entry of `List2`.
 
-    /// `Command12`, "Calc DP". Writes the mean of the sheet's columns 3, 4 and 5 over the `plc` rows into the selected
+    /// `Command12`, "Calc DP". Writes the mean of the sheet's columns 3, 4 and 5 over its rows into the selected
     /// row of the worksheet; for Point k also the derived point Int(Rk * (P \ Rk-1)), P being the box above and R the
     /// reference values of the same channel. Then keeps the worksheet for the current instrument. With no row selected
     /// nothing is written, only kept.

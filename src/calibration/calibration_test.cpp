@@ -57,9 +57,8 @@ TEST_F(ComputationTest, TheSumIsRoundedBeforeTheDivision) {
     EXPECT_EQ(rowText(Clean), "5 4 0") << "9.5 is 10, 8.5 is 8";
 }
 
-TEST_F(ComputationTest, CellsCountByTheirLeadingNumberAndOnlyTheRowsOfTheCounter) {
-    fillSheet({QStringLiteral("10x 5 8"), QStringLiteral("none 5 8"), QStringLiteral("900 900 900")});
-    session.state.plc = 2;
+TEST_F(ComputationTest, CellsCountByTheirLeadingNumber) {
+    fillSheet({QStringLiteral("10x 5 8"), QStringLiteral("none 5 8")});
     compute(Air, {});
     EXPECT_EQ(rowText(Air), "5 5 8");
 }

@@ -43,7 +43,7 @@ struct SessionState {
     quint8 portstatus = 0;                ///< 1: the operator has opened a port; 2: closed or offline. Reset: 2.
     quint8 gatherstart = 0;               ///< 1: a collection runs and the poll watches for prompts. Reset: 0.
     quint8 Gatherstop = 0;                ///< Prompt seen meanwhile: 1 for ">", 3 for "!". Reset: 0.
-    qint16 plc = 0;                       ///< Data rows on the sheet. Kept by a reset.
+    qint16 plc = 0;                       ///< Data rows on the sheet, for the dump. Kept by a reset.
     qint16 Timeout = 0;                   ///< Calls of `getprefs` since the start of the program. Kept by a reset.
     quint8 Seeking = 0;                   ///< 1: a manual connection waits without limit. Reset: 0.
     quint8 Portused = 0;                  ///< COM port number in use, 1 or 2; 0 before the first. Kept by a reset.

@@ -282,7 +282,7 @@ TEST_F(ProgramTest, ARunOfOnlyUnreadableLinesEndsAtThePromptAndTellsThem) {
 TEST_F(ProgramTest, EachRunTellsTheErrorThatEndsIt) {
     connectAndRead();
     for (std::size_t run = 1; run <= 2; ++run) {
-        state.plc = 32767;
+        haveRows(32767);
         program.run();
         receive("R\r\n");
         receive("11/21/26\t2700\t11\t22\t33\t44\r\n");

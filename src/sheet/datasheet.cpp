@@ -91,12 +91,10 @@ void SheetRows::clearSpreadSheet() {
 }
 
 void SheetRows::clear() {
-    session_.state.plc = 0;
     sheet_.removeRows();
+    countRows();
     shown_.topRow = 0;
-    shown_.counter = QStringLiteral("0");
     shown_.unsaved = false;
-    session_.commands.sheetHoldsRows = false;
     // While the firmware is not known it counts as the older generation.
     const InstrumentType type = session_.state.type();
     const double firmware = session_.state.firmware;
@@ -107,16 +105,22 @@ void SheetRows::clear() {
         headerRow(HeaderPlace::GridOnClearing, layout));
 }
 
-void SheetRows::addRow(const DataRow& row) {
-    qint16& plc = session_.state.plc;
-    if (plc == std::numeric_limits<qint16>::max()) {
+void SheetRows::countRows() {
+    const int count = sheet_.rowCount();
+    session_.state.plc = static_cast<qint16>(count);
+    shown_.counter = QString::number(count);
+    session_.commands.sheetHoldsRows = count > 0;
+}
+
+int SheetRows::addRow(const DataRow& row) {
+    const int number = sheet_.rowCount() + 1;
+    if (number > std::numeric_limits<qint16>::max()) {
         throw RuntimeError(RuntimeError::Kind::Overflow);
     }
-    ++plc;
-    sheet_.appendRow(sheetCells(plc, row));
-    shown_.counter = QString::number(plc);
+    sheet_.appendRow(sheetCells(number, row));
+    countRows();
     shown_.unsaved = true;
-    session_.commands.sheetHoldsRows = true;
+    return number;
 }
 
 void SheetRows::replaceBy(LoadedSheet loaded) {
@@ -125,20 +129,18 @@ void SheetRows::replaceBy(LoadedSheet loaded) {
     for (QByteArray& row : loaded.rows) {
         sheet_.appendJoinedRow(std::move(row));
     }
-    session_.state.plc = static_cast<qint16>(loaded.rows.size());
-    shown_.counter = QString::number(session_.state.plc);
-    session_.commands.sheetHoldsRows = session_.state.plc > 0;
+    countRows();
     followNewest();
 }
 
 void SheetRows::recover(LoadedSheet recorded) {
     replaceBy(std::move(recorded));
-    shown_.unsaved = session_.state.plc > 0;
+    shown_.unsaved = sheet_.rowCount() > 0;
 }
 
 void SheetRows::followNewest() {
-    if (session_.state.plc > 11) {
-        shown_.topRow = session_.state.plc - 10;
+    if (sheet_.rowCount() > 11) {
+        shown_.topRow = sheet_.rowCount() - 10;
     }
 }
 

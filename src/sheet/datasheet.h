@@ -93,7 +93,7 @@ struct SheetState {
     QProperty<bool> unsaved{false}; ///< The sheet holds rows that no file has.
 };
 
-/// What every procedure that fills the sheet shares: laying out, clearing, adding rows, and the counter `plc`.
+/// What every procedure that fills the sheet shares: laying out, clearing, adding rows, and counting them in `plc`.
 class SheetRows {
 public:
     SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetState& shown);
@@ -105,8 +105,9 @@ public:
     /// not GLOW's.
     void clearSpreadSheet();
 
-    /// Counts the row and adds it. Throws RuntimeError Overflow, with nothing changed, if the counter is full.
-    void addRow(const DataRow& row);
+    /// Adds the row and returns its number. Throws RuntimeError Overflow, with nothing changed, if `plc` could not
+    /// count it.
+    int addRow(const DataRow& row);
 
     /// Replaces everything on the sheet by a loaded file; its rows are not unsaved.
     void replaceBy(LoadedSheet loaded);
@@ -125,6 +126,7 @@ public:
 
 private:
     void clear();
+    void countRows();
 
     Session& session_;
     ComPorts& ports_;

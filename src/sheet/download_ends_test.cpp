@@ -209,13 +209,13 @@ TEST_F(DownloadEndsTest, WithoutADownloadThereIsNothingToEnd) {
 TEST_F(DownloadEndsTest, FullCounterEndsTheDownloadAndDropsTheRest) {
     download.vwhp();
     replyAll({">O", record});
-    state.plc = 32767;
+    haveRows(32767);
     EXPECT_THROW(download.importtofg1(QString::fromLatin1(record)), RuntimeError);
     EXPECT_EQ(onlyMessage(), incomplete("1 record", QStringLiteral("on the sheet")));
     expectDialogPutBack();
     EXPECT_TRUE(isTaking()) << "the instrument is still sending";
     reply(record);
-    EXPECT_EQ(sheet.rowCount(), 1);
+    EXPECT_EQ(sheet.rowCount(), 32767);
     reply("EOF");
     expectIdle();
     EXPECT_EQ(messages.shown.size(), 1U);

@@ -93,10 +93,10 @@ void Run::takeLine(const QString& line) {
         }
         return;
     }
-    rows_.addRow(*row);
+    const int number = rows_.addRow(*row);
     rows_.followNewest();
     showOnDebugScreen(link_.debug, *row, layout);
-    tellRecordFailure(recordFile_.append(recordLine(state.plc, *row, layout)));
+    tellRecordFailure(recordFile_.append(recordLine(number, *row, layout)));
     noteLine();
     files_.saveLongSheet();
 }

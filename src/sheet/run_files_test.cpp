@@ -22,11 +22,6 @@ protected:
     static QByteArray row(int number, int value) {
         return QByteArray::number(number) + "\t11/21/26\t1:00:00\t" + QByteArray::number(value) + "\r\n";
     }
-    void haveRows(int count) {
-        while (state.plc < count) {
-            rows.addRow({.date = QStringLiteral("d"), .time = QStringLiteral("t"), .values = {QStringLiteral("9")}});
-        }
-    }
 };
 
 TEST_F(CollectionFilesTest, RecordFileOfNewerTrx) {
@@ -144,8 +139,8 @@ TEST_F(CollectionFilesTest, The20000thRowSavesCountsAndClears) {
     receive(line(2));
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|lake3.txt|orvhost.lock");
     const QByteArray saved = contentsOf(path("lake3.txt"));
-    EXPECT_TRUE(
-        saved.startsWith("F\t412 20000\r\nlake3.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\td\tt\t9\t\r"));
+    EXPECT_TRUE(saved.startsWith(
+        "F\t412 20000\r\nlake3.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\t1/5/99\t9:05:01\t9\t\r"));
     EXPECT_TRUE(saved.endsWith("19999\t11/21/26\t1:00:00\t1\t\r20000\t11/21/26\t1:00:00\t2\t\r"));
     EXPECT_EQ(saved.count('\r'), 4 + 2 + 20000);
     EXPECT_EQ(sheetState.records.value().toStdString(), "4");

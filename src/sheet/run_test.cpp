@@ -257,17 +257,17 @@ TEST_F(CollectionTest, ViewFollowsEveryRow) {
 TEST_F(CollectionTest, CounterOverflowEndsTheRunOnceWithAllRowsKept) {
     startGlow();
     receive(line(1));
-    state.plc = std::numeric_limits<qint16>::max();
+    haveRows(32767);
     const QStringList filesBefore = folder.files();
     EXPECT_TRUE(filesBefore.contains(QStringLiteral("Orvtemp.tmp.lock")));
     receive(line(2));
     EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Overflow")));
     expectEnded();
-    EXPECT_EQ(sheet.rowCount(), 1);
+    EXPECT_EQ(sheet.rowCount(), 32767);
     EXPECT_EQ(state.plc, std::numeric_limits<qint16>::max());
     EXPECT_TRUE(sheetState.unsaved);
     receive(line(3));
-    EXPECT_EQ(sheet.rowCount(), 1) << "the error does not come again with every further line";
+    EXPECT_EQ(sheet.rowCount(), 32767) << "the error does not come again with every further line";
     EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(folder.files(), filesBefore);
 }

@@ -30,7 +30,7 @@ SheetFiles::SheetFiles(Session& session, ComPorts& ports, DataSheet& sheet, Shee
     , questions_(questions) {}
 
 QString SheetFiles::presetName() const {
-    const QString records = session_.state.plc < rowLimit ? QString() : shown_.records.value();
+    const QString records = sheet_.rowCount() < rowLimit ? QString() : shown_.records.value();
     return shown_.fileName.value() + records + QLatin1String(".txt");
 }
 
@@ -57,7 +57,7 @@ SheetFiles::Outcome SheetFiles::saveas(bool autosaving) {
 }
 
 bool SheetFiles::saveLongSheet() {
-    const int count = session_.state.plc;
+    const int count = sheet_.rowCount();
     if (count <= rowLimit) {
         nextAutosave_ = rowLimit;
     }

@@ -118,11 +118,11 @@ TEST_F(SheetFilesTest, PresetNameHasTheRecordsFrom20000RowsOn) {
     identify("V", "512");
     sheetState.fileName = QStringLiteral("lake");
     sheetState.records = QStringLiteral("3");
-    state.plc = 19999;
+    haveRows(19999);
     files.saveas();
-    state.plc = 20000;
+    haveRows(20000);
     files.saveas();
-    state.plc = 20500;
+    haveRows(20500);
     files.saveas();
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|lake.txt|.txt|*.txt\n"
                                                        "Save as|lake3.txt|.txt|*.txt\n"
@@ -250,18 +250,10 @@ protected:
         identify("F", "310");
         sheetState.fileName = path("lake");
     }
-
-    void fillUpTo(int count) {
-        const DataRow row{
-            .date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("700")}};
-        while (state.plc < count) {
-            rows.addRow(row);
-        }
-    }
 };
 
 TEST_F(AutomaticSaveTest, BelowTheLimitNothingHappens) {
-    fillUpTo(19999);
+    haveRows(19999);
     files.saveLongSheet();
     EXPECT_EQ(sheet.rowCount(), 19999);
     EXPECT_TRUE(folder.files().isEmpty());
@@ -271,7 +263,7 @@ TEST_F(AutomaticSaveTest, BelowTheLimitNothingHappens) {
 TEST_F(AutomaticSaveTest, AtTheLimitItSavesUnderTheCountedNameAndClears) {
     sheetState.records = QStringLiteral("6");
     debug.comm2Output = true;
-    fillUpTo(20000);
+    haveRows(20000);
     files.saveLongSheet();
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake6.txt");
     EXPECT_TRUE(contentsOf(path("lake6.txt")).startsWith("F\t310 20000\r\nlake6.txt\r\n"));
@@ -283,14 +275,14 @@ TEST_F(AutomaticSaveTest, AtTheLimitItSavesUnderTheCountedNameAndClears) {
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(said(), "Save Spread Sheet\rSaving Flour Sheet\rClear Spread Sheet\r");
-    fillUpTo(20000);
+    haveRows(20000);
     files.saveLongSheet();
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake6.txt|lake7.txt");
 }
 
 TEST_F(AutomaticSaveTest, LabelThatIsNoNumberCountsFromZero) {
     sheetState.records = QStringLiteral("x");
-    fillUpTo(20000);
+    haveRows(20000);
     files.saveLongSheet();
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "lakex.txt");
     EXPECT_EQ(sheetState.records.value(), QStringLiteral("1"));
@@ -298,17 +290,17 @@ TEST_F(AutomaticSaveTest, LabelThatIsNoNumberCountsFromZero) {
 
 TEST_F(AutomaticSaveTest, FailureKeepsTheRowsAndIsTriedAgainAfter500) {
     sheetState.fileName = path("nowhere/lake");
-    fillUpTo(20000);
+    haveRows(20000);
     files.saveLongSheet();
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(sheet.rowCount(), 20000);
     EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(sheetState.records.value(), QStringLiteral("0"));
     sheetState.fileName = path("lake");
-    fillUpTo(20499);
+    haveRows(20499);
     files.saveLongSheet();
     EXPECT_EQ(sheet.rowCount(), 20499) << "not tried at every row";
-    fillUpTo(20500);
+    haveRows(20500);
     files.saveLongSheet();
     EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(sheet.rowCount(), 0);

@@ -142,6 +142,13 @@ void ProgramRig::live(float seconds) {
     wait.waitsec(seconds);
 }
 
+void ProgramRig::haveRows(int count) {
+    while (sheet.rowCount() < count) {
+        rows.addRow(
+            {.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("9")}});
+    }
+}
+
 void ProgramRig::tickDebugOutput() {
     program.setComm2Output(true);
     ASSERT_TRUE(ports.isDebugPortOpen());

@@ -62,6 +62,9 @@ public:
     /// Lets ticks go on for a while.
     void live(float seconds);
 
+    /// Adds rows until the sheet has so many.
+    void haveRows(int count);
+
     /// Opens the debug port and ticks its box; what is written there is in `said()`.
     void tickDebugOutput();
     /// What has been written to the debug port since the last call.

@@ -163,7 +163,6 @@ TEST_F(CalibrationPageTest, AnEighthInstrumentIsListedAndTold) {
 TEST_F(CalibrationPageTest, CalcDpFillsTheSelectedRowAndItsResults) {
     sheet.appendRow({QStringLiteral("1"), QStringLiteral("1/5/99"), QStringLiteral("9:05:07"), QStringLiteral("10"),
                      QStringLiteral("20"), QStringLiteral("30")});
-    state.plc = 1;
     CalibrationBench::fill(shown.reference, "1 1 1/2 3 4/0 0 0/0 0 0/0 0 0");
     click("Option4");
     click("Command12");
