@@ -15,7 +15,7 @@
 
 namespace orv {
 
-/// Who has the device behind COM 1 or COM 2 open.
+/// Who has the device of COM 1 or COM 2 open.
 enum class PortUse { None, Instrument, DebugOutput };
 
 /// The two serial-port objects of the program: `MSComm1`, the link to the instrument on COM 1 or COM 2, and
@@ -30,7 +30,7 @@ public:
 
     ComPorts(Session& session, DebugState& debug, PortMaker makePort);
 
-    /// The device behind COM 1 or COM 2. Only for a port that is not in use.
+    /// The device of COM 1 or COM 2. Only for a port that is not in use.
     void setDevice(int portNumber, const QString& device);
     QString device(int portNumber) const { return chosenDevice(portNumber).value(); }
 
@@ -55,8 +55,8 @@ public:
     bool waitForInput(int milliseconds);
     quint64 connectionNumber() const { return connection_; }
 
-    /// Looks whether the open instrument port has failed. If so the port is closed, `portFailed` is told, and then the
-    /// operator, once. Returns whether a failure was met.
+    /// Looks whether the open instrument port has failed. If so it closes the port, tells `portFailed` and then the
+    /// operator, once. Returns whether it had failed.
     bool checkFailure();
     Signal<> portFailed;
 

@@ -101,7 +101,8 @@ public:
     bool isPolling() const { return polling_; }
 
     Signal<> pollingEnded; ///< Such a loop has ended.
-    Signal<> aboutToClose; ///< By a reset or "Close Port"; the port may be closed already. What writes, ends now.
+    Signal<> aboutToClose; ///< By a reset or "Close Port"; the port may be closed already. Whoever writes a file ends
+                           ///< it now.
     Signal<> wasReset;     ///< All but the dump.
     Signal<> identified;   ///< Type and firmware are known; the settings report has been requested.
     Signal<> manualWanted; ///< The operator is to go on with the "Manual Connection" dialog.

@@ -51,7 +51,7 @@ QString Poll::quary() {
                                     .arg(session_.fileNames.log, reason)));
         }
     } else if (!rxbuffer.contains('\n') && ports_.checkFailure()) {
-        return {}; // a line that failed is told after its last complete line has been consumed
+        return {}; // the operator is told after the last complete line has been taken
     }
 
     rxbuffer += block;

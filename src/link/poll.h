@@ -17,8 +17,8 @@ public:
     /// Creates or empties the file. Returns the empty text, or why it could not be opened.
     QString open(const QString& path);
 
-    /// Appends one block. Returns the empty text, or why it could not be written; told once, later failures are
-    /// silent until a block can be written again. Nothing happens if the log is not open.
+    /// Appends one block. Returns the empty text, or why it could not be written; only once, until a block can be
+    /// written again. Nothing happens if the log is not open.
     QString write(const QByteArray& block);
 
 private:
@@ -33,7 +33,7 @@ public:
 
     /// One poll: joins what has arrived to `rxbuffer` and takes at most one complete line from it, which is returned
     /// (empty if there is none) and written to `Rtn`, watches for the prompts ">" and "!" while `gatherstart` is 1,
-    /// feeds the log and the debug list. A port that has failed is noticed here, after every complete line it received
+    /// feeds the log and the debug list. Notices that the port has failed once every complete line it received
     /// has been taken.
     QString quary();
 

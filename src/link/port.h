@@ -11,7 +11,7 @@ namespace orv {
 /// One serial line, 9600 baud, 8 data bits, no parity, 1 stop bit: the whole of what the program asks of a port.
 ///
 /// Real ports, simulated instruments and test doubles implement it. Nothing here yields to the event loop, and no
-/// call fails loudly: a line that breaks while open is told by failure().
+/// call throws: when a line breaks while it is open, failure() says so.
 class Port {
 public:
     static constexpr const char* tryAgainWords = "connect again";

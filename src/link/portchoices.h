@@ -39,7 +39,7 @@ struct PortChoiceState {
     const Chooser& operator[](int portNumber) const { return choosers.at(static_cast<std::size_t>(portNumber - 1)); }
 };
 
-/// Offers the devices that can stand behind COM 1 and COM 2 and takes the operator's choices. A choice lasts until the
+/// Offers the devices that can be COM 1 and COM 2 and takes the operator's choices. A choice lasts until the
 /// program ends.
 class PortChoices {
 public:
@@ -52,8 +52,8 @@ public:
     /// The same, but lists the ports only if they may have changed and there is a port to choose one for.
     void refreshIfChanged();
 
-    /// The operator's choice, a device of the list or any text; blanks around it do not count. What cannot be taken is
-    /// told in the chooser's `problem`, and the device stays what it was. A port in use keeps its device.
+    /// The operator's choice, a device of the list or any text; blanks around it do not count. If it cannot be
+    /// taken, the chooser's `problem` says why and the device stays what it was. A port in use keeps its device.
     void choose(int portNumber, const QString& device);
 
     PortChoiceState shown;

@@ -13,11 +13,11 @@
 
 namespace orv {
 
-/// The whole program below its windows: what the screens show and the procedures behind the operator's
-/// actions. Everything runs on the one thread that made it.
+/// The whole program below its windows: what the screens show and what the operator's actions do. Everything runs on
+/// the one thread that made it.
 ///
-/// A run-time error that a procedure does not handle ends the operator's action or the tick it happened in, is told
-/// once, and leaves all data as it is.
+/// A run-time error that a procedure does not handle ends the operator's action or the tick it happened in and leaves
+/// all data as it is; the operator is told once.
 class Program final {
 public:
     using Surroundings = Link::Surroundings;

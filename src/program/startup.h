@@ -5,9 +5,9 @@
 
 namespace orv {
 
-/// Asks through another, but takes no file that the program itself writes at that time (the record file of the run, the
-/// log, and their locks) as a place to save something: the operator is told, and it counts as cancelled. Replacing the
-/// record file would have every later row of the run written to a file that is gone.
+/// Passes every question on. When the operator chooses to save over a file that the program itself is writing (the
+/// record file of the run, the log, and their locks), the operator is told so and the choice counts as cancelled: the
+/// later rows of the run would go to a file that is gone.
 class OwnFilesKept final : public OperatorQuestions {
 public:
     OwnFilesKept(OperatorQuestions& asked, const Session& session);

@@ -71,7 +71,7 @@ struct SettingsState {
     QProperty<Lamp> lamp{Lamp::Off};
     QProperty<int> samplingOption{0};    ///< The selected sampling-rate option, 1..4; 0 for none.
     QProperty<QString> capacity;         ///< "Logger Capacity (% full)".
-    QProperty<QString> memoryPointer;    ///< The raw value behind it.
+    QProperty<QString> memoryPointer;    ///< What it is computed from.
     QProperty<bool> syncTimeDate{false}; ///< "Sync Time/Date".
     QProperty<QString> computerDate;
     QProperty<QString> computerTime;

@@ -34,12 +34,12 @@ public:
     void moored();
 
     /// Writes the settings on the screen into a mode file of the operator's choice. The file is replaced whole or not
-    /// at all. A cancelled dialog does nothing. How it went is told on the "Modes" tab only: a save that fails never
+    /// at all. A cancelled dialog does nothing. Only the "Modes" tab says how it went: a save that fails never
     /// interrupts.
     void saveMode();
 
     /// Fills the screen from a mode file of the operator's choice; ".OCM" is appended to a name that does not end so.
-    /// A file that cannot be read, or with fewer than ten lines, is told in a message and changes nothing. A cancelled
+    /// If the file cannot be read or has fewer than ten lines, the operator is told and nothing changes. A cancelled
     /// dialog does nothing.
     void loadMode();
 

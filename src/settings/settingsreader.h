@@ -34,7 +34,7 @@ private:
 
 /// Shows the instrument's clock from its reply (date, TAB, time count; 64800 counts are one day) on the main
 /// window and the settings screen, and moves the operation code to 2. A reply of fewer than 10 characters is not a
-/// clock reply and changes nothing. One that cannot be read is told in a message; every label stays as it was.
+/// clock reply and changes nothing. If it cannot be read, the operator is told and every label stays.
 class ClockDisplay {
 public:
     ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings);

@@ -32,8 +32,8 @@ public:
     /// Ends the run if the instrument's prompt has come by itself, without a line.
     void endIfPrompted();
 
-    /// Ends the run however it ended: the record file is closed whole, "Run" is offered again, lines that could not be
-    /// read are told. Nothing happens without a run.
+    /// Ends the run however it ended: the record file is closed whole, "Run" is offered again, and a notice
+    /// says how many lines could not be read. Nothing happens without a run.
     void closeRecordFile();
 
 private:

@@ -19,8 +19,8 @@ public:
     void takeOverFromFreePlaces(int ownPlace);
 
     /// Asks whether to load the rows of a run that did not end. Yes brings them to the sheet, unsaved; the record file
-    /// stays until the next run, which keeps it under a dated name. No keeps it under a dated name now. Nothing is
-    /// asked if no row can be read; a file with anything else in it is kept and told.
+    /// stays until the next run, which keeps it under a dated name. No keeps it under a dated name now. If no row
+    /// can be read, nothing is asked; a file with anything else in it is kept and the operator is told.
     void offer();
 
 private:

@@ -31,7 +31,7 @@ public:
     void saveAside();
 
     /// Asks for a file and loads it in place of what is on the sheet; rows that are not saved are offered for saving
-    /// first. A file that cannot be loaded is told, with the reason, and the sheet stays as it was.
+    /// first. If the file cannot be loaded, the operator is told why and the sheet stays as it was.
     void loadit();
 
     /// Offers to save if the sheet holds unsaved data. Returns whether what is on the sheet may go now: nothing was
