@@ -270,12 +270,13 @@ void DebugPage::addSensorFrames(QVBoxLayout* frames) {
     auto* fluorometer = addSensorFrame(frames, "Fluorometer", "FluorometerFrame", debug_.fluorometerFrameVisible);
     bindText(bindings_, addOutput(fluorometer, output, QStringLiteral("Fluorometer output")), debug_.fluorometerOutput);
     auto* scattering = addSensorFrame(frames, "Scattering Meter", "OutputFrame", debug_.outputFrameVisible);
-    for (std::size_t channel = 0; channel < channelAngles.size(); ++channel) {
-        const QString degrees = QString::fromLatin1(channelAngles.at(channel));
+    std::size_t channel = 0;
+    for (const char* angle : channelAngles) {
+        const QString degrees = QString::fromLatin1(angle);
         bindText(bindings_,
                  addOutput(scattering, output + u' ' + degrees,
                            QStringLiteral("Scattering output at %1 degrees").arg(degrees)),
-                 debug_.scatteringOutputs.at(channel));
+                 debug_.scatteringOutputs.at(channel++));
     }
     bindText(bindings_, addOutput(scattering, QStringLiteral("Ref Det"), QStringLiteral("Reference detector")),
              debug_.scatteringReference);

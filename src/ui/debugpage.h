@@ -10,6 +10,7 @@
 class QFormLayout;
 class QGroupBox;
 class QHBoxLayout;
+class QLabel;
 class QListView;
 class QVBoxLayout;
 
