@@ -49,14 +49,14 @@ public:
                                                                 port->waited = [this](int) { port->input = "V512\r"; };
                                                                 return made;
                                                             }});
-        program->ports.setDevice(1, QStringLiteral("ttyA"));
+        program->link.ports.setDevice(1, QStringLiteral("ttyA"));
         program->load();
-        program->timer.setInterval(0);
+        program->link.timer.setInterval(0);
         program->autoConnect1();
-        program->timer.setInterval(0);
+        program->link.timer.setInterval(0);
         receive("P\r\nS1\r\nG0\r\nA0\r\nL1\r\nW1\r\nM0\r\nT30\r\nD0\r\nQ0\r\nI5\r\nMP200\r\n>", 12);
         receive("C\r\n11/21/26\t25661\r\n>", 2);
-        if (program->session.status.status.value() != QLatin1String("Ready")) {
+        if (program->link.session.status.status.value() != QLatin1String("Ready")) {
             throw std::runtime_error("the program is not ready");
         }
     }
