@@ -107,9 +107,7 @@ QLayout* CalibrationPage::makeColours() {
 }
 
 QListWidget* CalibrationPage::makeList() {
-    auto* list = new QListWidget;
-    list->setObjectName(QStringLiteral("List2"));
-    list->setAccessibleName(QStringLiteral("Instruments entered"));
+    auto* list = makeControl<QListWidget>("List2", "Instruments entered");
     list->setToolTip(QStringLiteral("Choose an instrument to show its worksheet."));
     list->setMinimumHeight(list->fontMetrics().height() * 4);
     bindings_.bind(shown_.instruments, [list](const QStringList& names) {

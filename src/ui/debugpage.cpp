@@ -159,23 +159,20 @@ void DebugPage::addOutputControls(QHBoxLayout* layout) {
     });
     bindings_.bind(debug_.comm2Output, [output](bool ticked) { output->setChecked(ticked); });
 
+    const auto bindListing = [this](QRadioButton* option, QProperty<bool>& chosen, QProperty<bool>& other) {
+        connect(option, &QRadioButton::clicked, this, [&chosen, &other] {
+            chosen = true;
+            other = false;
+        });
+        bindings_.bind(chosen, [option](bool selected) { option->setChecked(selected); });
+    };
     auto* raw =
         makeOption("&Raw Buffer", "Option1", "Lists every block of characters as it is read from the instrument.");
-    connect(raw, &QRadioButton::clicked, this, [this] {
-        debug_.rawBuffer = true;
-        debug_.showParsing = false;
-        program_.link.ports.debugsay(QStringLiteral("Huh?"));
-    });
-    bindings_.bind(debug_.rawBuffer, [raw](bool selected) { raw->setChecked(selected); });
-
+    bindListing(raw, debug_.rawBuffer, debug_.showParsing);
+    connect(raw, &QRadioButton::clicked, this, [this] { program_.link.ports.debugsay(QStringLiteral("Huh?")); });
     auto* parsing =
         makeOption("Sho&w Parsing", "Option2", "Lists every line that is cut out of what the instrument sends.");
-    connect(parsing, &QRadioButton::clicked, this, [this] {
-        debug_.rawBuffer = false;
-        debug_.showParsing = true;
-    });
-    bindings_.bind(debug_.showParsing, [parsing](bool selected) { parsing->setChecked(selected); });
-
+    bindListing(parsing, debug_.showParsing, debug_.rawBuffer);
     for (QAbstractButton* control : std::initializer_list<QAbstractButton*>{output, raw, parsing}) {
         layout->addWidget(control);
         showInServiceMode(control);
@@ -184,9 +181,7 @@ void DebugPage::addOutputControls(QHBoxLayout* layout) {
 }
 
 QListView* DebugPage::makeList() {
-    auto* list = new QListView;
-    list->setObjectName(QStringLiteral("DebugList"));
-    list->setAccessibleName(QStringLiteral("Traffic from the instrument, newest last"));
+    auto* list = makeControl<QListView>("DebugList", "Traffic from the instrument, newest last");
     list->setToolTip(QStringLiteral("What the instrument sends, as blocks or lines; CR, LF and TAB as symbols. The "
                                     "newest 10000 entries are kept."));
     list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -206,9 +201,7 @@ QListView* DebugPage::makeList() {
 }
 
 void DebugPage::makeHint(QListView* list) {
-    auto* hint = new QLabel;
-    hint->setObjectName(QStringLiteral("DebugListHint"));
-    hint->setAccessibleName(QStringLiteral("Why the list is empty"));
+    auto* hint = makeControl<QLabel>("DebugListHint", "Why the list is empty");
     hint->setAlignment(Qt::AlignCenter);
     hint->setWordWrap(true);
     hint->setForegroundRole(QPalette::PlaceholderText);

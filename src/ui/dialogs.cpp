@@ -46,11 +46,7 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     , manual_(manual) {
     setObjectName(QStringLiteral("ManualConnection"));
     setWindowTitle(QStringLiteral("Manual Connection"));
-    setModal(false);
-
-    auto* text = new QPlainTextEdit;
-    text->setObjectName(QStringLiteral("ManualText"));
-    text->setAccessibleName(QStringLiteral("What to do"));
+    auto* text = makeControl<QPlainTextEdit>("ManualText", "What to do");
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setMinimumSize(420, 110);
@@ -88,11 +84,9 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     , shown_(shown) {
     setObjectName(QStringLiteral("Processing"));
     setWindowTitle(QStringLiteral("Processing"));
-    setModal(false);
-
-    auto* bar = new QProgressBar;
-    bar->setObjectName(QStringLiteral("ProgressBar"));
-    bar->setAccessibleName(QStringLiteral("Progress"));
+    constexpr int comfortableWidth = 360;
+    setMinimumWidth(comfortableWidth);
+    auto* bar = makeControl<QProgressBar>("ProgressBar", "Progress");
     bar->setTextVisible(false); // the labels tell it
     QLabel* label = makeValueLabel("ProgressLabel", "What is counted");
     QLabel* value = makeValueLabel("ProgressValue", "Value");
@@ -113,8 +107,6 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     layout->addWidget(bar);
     layout->addStretch(1);
     layout->addLayout(buttons);
-    constexpr int comfortableWidth = 360;
-    setMinimumWidth(comfortableWidth);
 
     const auto drawBar = [this, bar] {
         const int maximum = std::max(shown_.maximum.value(), 1);

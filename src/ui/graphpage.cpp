@@ -5,7 +5,6 @@
 #include "ui/curvelist.h"
 #include "ui/plotcanvas.h"
 #include "ui/plotpicture.h"
-#include "ui/widgets.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -25,8 +24,8 @@ namespace orv {
 
 namespace {
 
-constexpr double shortestRefreshDelay = 330.0; ///< Milliseconds from the first change to drawing it.
-constexpr double drawingShare = 20.0;          ///< The delay is so many times what drawing takes, if that is more.
+constexpr int shortestRefreshDelay = 330; ///< Milliseconds from the first change to drawing it.
+constexpr double drawingShare = 20.0;     ///< The delay is so many times what drawing takes, if that is more.
 
 bool receives(Activity activity) {
     return activity == Activity::Collecting || activity == Activity::Downloading;
@@ -41,7 +40,8 @@ GraphPage::GraphPage(Program& program)
     , data_(sheet_)
     , canvas_(new PlotCanvas(data_))
     , list_(new CurveList)
-    , note_(new QLabel) {
+    , note_(new QLabel)
+    , redrawing_(this, shortestRefreshDelay, [this] { refreshNow(); }) {
     setObjectName(QStringLiteral("GraphicalPage"));
     canvas_->setObjectName(QStringLiteral("Plot"));
     note_->setObjectName(QStringLiteral("PlotNote"));
@@ -58,17 +58,19 @@ GraphPage::GraphPage(Program& program)
     layout->addWidget(note_);
     setTabOrder(bar->findChildren<QPushButton*>().constLast(), canvas_);
 
-    operator_ = {canvas_->zoomed.subscribe([this] { setMode(PlotView::Mode::Own); }),
-                 canvas_->allWanted.subscribe([this] { setMode(PlotView::Mode::All); }),
-                 canvas_->newestWanted.subscribe([this] { setMode(PlotView::Mode::Newest); }),
-                 canvas_->cursorMoved.subscribe([this](int point) { readOut(point); }),
-                 list_->switched.subscribe([this](int curve, bool shown) { switchCurve(curve, shown); }),
-                 list_->regarded.subscribe([this](int curve) {
-                     canvas_->emphasise(curve);
-                     canvas_->drawNow();
-                 })};
-    refreshTimer_.setSingleShot(true);
-    connect(&refreshTimer_, &QTimer::timeout, this, [this] { refreshNow(); });
+    const auto follow = [this] { schedule(); };
+    subscriptions_ = {sheet_.rowAppended.subscribe(follow),
+                      sheet_.headerChanged.subscribe(follow),
+                      sheet_.rowsRemoved.subscribe(follow),
+                      canvas_->zoomed.subscribe([this] { setMode(PlotView::Mode::Own); }),
+                      canvas_->allWanted.subscribe([this] { setMode(PlotView::Mode::All); }),
+                      canvas_->newestWanted.subscribe([this] { setMode(PlotView::Mode::Newest); }),
+                      canvas_->cursorMoved.subscribe([this](int point) { readOut(point); }),
+                      list_->switched.subscribe([this](int curve, bool shown) { switchCurve(curve, shown); }),
+                      list_->regarded.subscribe([this](int curve) {
+                          canvas_->emphasise(curve);
+                          canvas_->drawNow();
+                      })};
     bindings_.bind(program.link.session.commands.activity, [this](Activity activity) {
         view_.setReceiving(receives(activity));
         canvas_->setLive(receives(activity));
@@ -154,16 +156,14 @@ void GraphPage::switchCurve(int curve, bool shown) {
 
 void GraphPage::schedule() {
     stale_ = true;
-    if (isVisible() && !refreshTimer_.isActive()) {
-        refreshTimer_.start(static_cast<int>(std::max(shortestRefreshDelay, canvas_->replotTime(true) * drawingShare)));
-    }
+    redrawing_.noteChange(std::max(shortestRefreshDelay, static_cast<int>(canvas_->replotTime(true) * drawingShare)));
 }
 
 void GraphPage::refreshNow() {
     if (!std::exchange(stale_, false)) {
         return;
     }
-    refreshTimer_.stop();
+    redrawing_.cancel();
     const int pointedRow = pointed_ >= 0 ? data_.row(pointed_) : -1;
     const PlotData::Change change = data_.update();
     view_.noteChange(change);
@@ -320,21 +320,6 @@ void GraphPage::print() {
 
 void GraphPage::tell(const QString& title, const QString& text) {
     program_.link.session.messages.show(operatorWarning(text, title));
-}
-
-void GraphPage::showEvent(QShowEvent* event) {
-    QGroupBox::showEvent(event);
-    const auto follow = [this] { schedule(); };
-    subscriptions_ = {sheet_.rowAppended.subscribe(follow), sheet_.headerChanged.subscribe(follow),
-                      sheet_.rowsRemoved.subscribe(follow)};
-    stale_ = true;
-    refreshNow();
-}
-
-void GraphPage::hideEvent(QHideEvent* event) {
-    subscriptions_.clear();
-    refreshTimer_.stop();
-    QGroupBox::hideEvent(event);
 }
 
 void GraphPage::changeEvent(QEvent* event) {

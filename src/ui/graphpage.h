@@ -3,15 +3,11 @@
 
 #include "program/program.h"
 #include "sheet/plotdata.h"
-
-#include <QGroupBox>
-#include <QTimer>
+#include "ui/widgets.h"
 
 #include <vector>
 
-class QLabel;
 class QMenu;
-class QPushButton;
 
 namespace orv {
 
@@ -22,7 +18,7 @@ enum class PictureFormat;
 /// The page "Output: Graphical": the data sheet's value columns as curves.
 ///
 /// The curves are drawn at most three times a second, less often if drawing takes long, so that it takes a twentieth of
-/// the time at most. While another page is shown the sheet is not followed at all.
+/// the time at most. While another page is shown nothing is drawn.
 class GraphPage final : public QGroupBox {
 public:
     explicit GraphPage(Program& program);
@@ -31,8 +27,6 @@ public:
     void refreshNow();
 
 protected:
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -65,10 +59,9 @@ private:
     QLabel* note_;
     std::vector<bool> shown_; ///< For each curve.
     int pointed_ = -1;        ///< The point under the pointer.
-    QTimer refreshTimer_;
+    Redrawing redrawing_;
     bool stale_ = true;
-    std::vector<Subscription> operator_;      ///< What he does with the curves and their list.
-    std::vector<Subscription> subscriptions_; ///< To the sheet, while the page is shown.
+    std::vector<Subscription> subscriptions_;
     Bindings bindings_;
 };
 

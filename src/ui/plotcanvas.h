@@ -56,12 +56,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void layOutAxis();
-    void applyTheme(const PlotTheme& theme);
     QPen penOf(int curve) const;
     QCPScatterStyle symbolOf(int curve, const QColor& background) const;
-    void placeSymbols();
     int pointAt(const QPointF& position) const;
+    void layOutAxis();
+    void applyTheme(const PlotTheme& theme);
+    void placeSymbols();
     void moveCursor(int point);
     void placeCursor(int point);
     void zoom(double factor);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheetpage.h"
 
-#include "ui/widgets.h"
-
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -101,11 +99,9 @@ public:
 SheetPage::SheetPage(Program& program)
     : shown_(program.sheet.shown)
     , model_(program.sheet.data)
-    , grid_(new QTableView) {
+    , grid_(makeControl<QTableView>("fg1", "Data sheet"))
+    , redrawing_(this, refreshDelay, [this] { refreshNow(); }) {
     setObjectName(QStringLiteral("SheetPage"));
-
-    grid_->setObjectName(QStringLiteral("fg1"));
-    grid_->setAccessibleName(QStringLiteral("Data sheet"));
     grid_->setModel(&model_);
     grid_->setItemDelegate(new CellPainter(grid_));
     grid_->setAlternatingRowColors(true);
@@ -123,9 +119,6 @@ SheetPage::SheetPage(Program& program)
     layout->addLayout(makeBar(program));
     layout->addWidget(grid_, 1);
 
-    refreshTimer_.setSingleShot(true);
-    refreshTimer_.setInterval(refreshDelay);
-    connect(&refreshTimer_, &QTimer::timeout, this, [this] { refreshNow(); });
     DataSheet& sheet = program.sheet.data;
     subscriptions_ = {sheet.rowAppended.subscribe([this] { schedule(); }), sheet.headerChanged.subscribe([this] {
                           model_.noteHeader();
@@ -154,17 +147,17 @@ QLayout* SheetPage::makeBar(Program& program) {
     records->setToolTip(QStringLiteral("This is used to indicated how many records were automatically created over a "
                                        "long profile, or data gathering."));
     bindText(bindings_, records, shown_.records);
+    const CommandState& commands = program.link.session.commands;
     auto* save = makeButton(
         "Save &As", "Command11", [&program] { program.saveAs(); },
         "Save all Data on the Spread Sheet to a Tab Delimited Text File. (Ctrl+Shift+S)");
+    bindEnabled(bindings_, save, commands.canSaveAs);
     auto* open = makeButton(
         "Op&en", "Command10", [&program] { program.openSheet(); },
         "Open a saved sheet. It replaces what is on the Spread Sheet. (Ctrl+O)");
+    bindEnabled(bindings_, open, commands.canOpenSheet);
     auto* clear = makeButton(
         "&Clear All", "Command9", [&program] { program.clearAll(); }, "Clears the Spread Sheet of all data.");
-    const CommandState& commands = program.link.session.commands;
-    bindEnabled(bindings_, save, commands.canSaveAs);
-    bindEnabled(bindings_, open, commands.canOpenSheet);
     bindEnabled(bindings_, clear, commands.canClearAll);
 
     auto* bar = new QHBoxLayout;
@@ -184,9 +177,7 @@ QLayout* SheetPage::makeBar(Program& program) {
 
 void SheetPage::schedule() {
     stale_ = true;
-    if (isVisible() && !refreshTimer_.isActive()) {
-        refreshTimer_.start();
-    }
+    redrawing_.noteChange();
 }
 
 void SheetPage::refreshNow() {
@@ -209,16 +200,6 @@ void SheetPage::refreshNow() {
             grid_->verticalScrollBar()->setValue(shownTop_ - 1);
         }
     }
-}
-
-void SheetPage::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    refreshNow();
-}
-
-void SheetPage::hideEvent(QHideEvent* event) {
-    refreshTimer_.stop();
-    QWidget::hideEvent(event);
 }
 
 } // namespace orv

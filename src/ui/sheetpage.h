@@ -2,11 +2,10 @@
 #pragma once
 
 #include "program/program.h"
+#include "ui/widgets.h"
 
 #include <QAbstractTableModel>
 #include <QTableView>
-#include <QTimer>
-#include <QWidget>
 
 #include <vector>
 
@@ -47,10 +46,6 @@ public:
     /// Draws what has changed now, for screenshots and tests.
     void refreshNow();
 
-protected:
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
-
 private:
     QLayout* makeBar(Program& program);
     void schedule();
@@ -58,7 +53,7 @@ private:
     SheetState& shown_;
     SheetModel model_;
     QTableView* grid_;
-    QTimer refreshTimer_;
+    Redrawing redrawing_;
     bool stale_ = false;
     int shownTop_ = 0;
     bool visitPending_ = false; ///< A procedure has visited a cell since the grid was drawn.

@@ -2,7 +2,6 @@
 #include "ui/statuspage.h"
 
 #include "ui/portsbox.h"
-#include "ui/widgets.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -26,12 +25,28 @@ int widthOf(const QLabel& value, const QString& text) {
            std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(QStringLiteral("00000.00000")));
 }
 
-} // namespace
+/// The newest row of the sheet in large figures, to be read from a few steps away. Drawn about five times a second
+/// while rows come, and not at all while hidden.
+class NewestRowScreen final : public QGroupBox {
+public:
+    explicit NewestRowScreen(const Program& program);
+
+private:
+    void draw();
+
+    const DataSheet& sheet_;
+    std::vector<QLabel*> captions_;
+    std::vector<QLabel*> values_;
+    QLabel* empty_;
+    Redrawing redrawing_;
+    Bindings bindings_;
+};
 
 NewestRowScreen::NewestRowScreen(const Program& program)
     : QGroupBox(QStringLiteral("Newest row"))
     , sheet_(program.sheet.data)
-    , empty_(new QLabel(QStringLiteral("No rows yet. Connect, then press Run."))) {
+    , empty_(new QLabel(QStringLiteral("No rows yet. Connect, then press Run.")))
+    , redrawing_(this, drawDelay, [this] { draw(); }) {
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(32);
     grid->addWidget(empty_, 0, 0, 1, columnsAcross);
@@ -57,14 +72,7 @@ NewestRowScreen::NewestRowScreen(const Program& program)
     for (int column = 0; column < columnsAcross; ++column) {
         grid->setColumnStretch(column, 1);
     }
-    drawTimer_.setSingleShot(true);
-    drawTimer_.setInterval(drawDelay);
-    connect(&drawTimer_, &QTimer::timeout, this, [this] { draw(); });
-    bindings_.bind(program.sheet.shown.counter, [this](const QString&) {
-        if (isVisible() && !drawTimer_.isActive()) {
-            drawTimer_.start();
-        }
-    });
+    bindings_.bind(program.sheet.shown.counter, [this](const QString&) { redrawing_.noteChange(); });
     draw();
 }
 
@@ -89,20 +97,15 @@ void NewestRowScreen::draw() {
     }
 }
 
-void NewestRowScreen::showEvent(QShowEvent* event) {
-    QGroupBox::showEvent(event);
-    draw();
-}
+} // namespace
 
-StatusPage::StatusPage(Program& program) {
-    setObjectName(QStringLiteral("StatusPage"));
-    countsTimer_.setSingleShot(true);
-    countsTimer_.setInterval(drawDelay);
-    connect(&countsTimer_, &QTimer::timeout, this, [this] {
+StatusPage::StatusPage(Program& program)
+    : redrawing_(this, drawDelay, [this] {
         for (QLabel* count : counts_) {
             count->update();
         }
-    });
+    }) {
+    setObjectName(QStringLiteral("StatusPage"));
     auto* left = new QVBoxLayout;
     left->addWidget(makeStatusBox(program.link.session.status));
     left->addWidget(new PortsBox(program.link.portChoices));
@@ -191,9 +194,7 @@ void StatusPage::setCount(QLabel* label, const QString& text) {
     label->setAttribute(Qt::WA_UpdatesDisabled, true);
     label->setText(text);
     label->setAttribute(Qt::WA_UpdatesDisabled, false);
-    if (isVisible() && !countsTimer_.isActive()) {
-        countsTimer_.start();
-    }
+    redrawing_.noteChange();
 }
 
 QGroupBox* StatusPage::makeControlsBox(Program& program) {

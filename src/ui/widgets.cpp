@@ -9,13 +9,12 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace orv {
 
 QLabel* makeTextLabel(QAnyStringView name, QAnyStringView accessibleName) {
-    auto* label = new QLabel;
-    label->setObjectName(name.toString());
-    label->setAccessibleName(accessibleName.toString());
+    auto* label = makeControl<QLabel>(name, accessibleName);
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::NoTextInteraction);
     return label;
@@ -56,10 +55,8 @@ void enlarge(QLabel* label, double factor) {
 }
 
 QLineEdit* makeBox(QAnyStringView name, QAnyStringView toolTip, QAnyStringView accessibleName) {
-    auto* box = new QLineEdit;
-    box->setObjectName(name.toString());
+    auto* box = makeControl<QLineEdit>(name, accessibleName);
     box->setToolTip(toolTip.toString());
-    box->setAccessibleName(accessibleName.toString());
     return box;
 }
 
@@ -121,6 +118,30 @@ void bindChoice(Bindings& bindings, QAbstractButton* whenTrue, QAbstractButton* 
     });
     QObject::connect(whenTrue, &QAbstractButton::clicked, whenTrue, [&choice] { choice = true; });
     QObject::connect(whenFalse, &QAbstractButton::clicked, whenFalse, [&choice] { choice = false; });
+}
+
+Redrawing::Redrawing(QWidget* widget, int delay, std::function<void()> draw)
+    : widget_(widget)
+    , draw_(std::move(draw)) {
+    timer_.setSingleShot(true);
+    timer_.setInterval(delay);
+    connect(&timer_, &QTimer::timeout, this, [this] { draw_(); });
+    widget->installEventFilter(this);
+}
+
+void Redrawing::noteChange(int delay) {
+    if (widget_->isVisible() && !timer_.isActive()) {
+        timer_.start(delay);
+    }
+}
+
+bool Redrawing::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show) {
+        draw_();
+    } else if (event->type() == QEvent::Hide) {
+        timer_.stop();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 namespace {

@@ -12,11 +12,21 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
 
 namespace orv {
+
+/// A control with its object name and the name that assistive programs hear.
+template <typename Control>
+Control* makeControl(QAnyStringView name, QAnyStringView accessibleName) {
+    auto* control = new Control;
+    control->setObjectName(name.toString());
+    control->setAccessibleName(accessibleName.toString());
+    return control;
+}
 
 /// A label for a text that changes. It is plain and cannot be selected.
 QLabel* makeTextLabel(QAnyStringView name, QAnyStringView accessibleName);
@@ -92,6 +102,29 @@ void setTabStop(QAbstractButton* option, bool on);
 
 /// Lets two option buttons of one group show the property, one for each of its values, and set it.
 void bindChoice(Bindings& bindings, QAbstractButton* whenTrue, QAbstractButton* whenFalse, QProperty<bool>& choice);
+
+/// Draws what a widget shows: once for all changes within some milliseconds after the first of them and when the widget
+/// comes to be seen, and not at all while it is hidden.
+class Redrawing final : public QObject {
+public:
+    /// `draw` may be called when nothing has changed.
+    Redrawing(QWidget* widget, int delay, std::function<void()> draw);
+
+    /// Something has changed.
+    void noteChange() { noteChange(timer_.interval()); }
+    void noteChange(int delay);
+
+    /// All changes have been drawn already.
+    void cancel() { timer_.stop(); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* widget_;
+    std::function<void()> draw_;
+    QTimer timer_;
+};
 
 /// The lamp's colour: red while a report is read, yellow while settings are sent, green when they were sent, blue when
 /// a report has been read; an invalid colour while it is off.
