@@ -56,26 +56,21 @@ function(orv_precompile target core core_headers window window_headers windows)
     endif()
 endfunction()
 
-# orv_add_tests(NAME [WINDOWS] [PSEUDO_TERMINALS] SOURCES file... LINK target... [PROGRAMS target...])
-# One test program; each of its tests is a ctest test. Tests run without a display. Those marked PSEUDO_TERMINALS open
-# pseudo-terminals and run one at a time: the number of one that is gone is given to the next who asks, so two tests at
-# once could meet on one device. PROGRAMS are built first and their paths defined, ORVSIM_PATH for orvsim.
-function(orv_add_tests name)
-    if(NOT ORV_BUILD_TESTS)
-        return()
-    endif()
-    cmake_parse_arguments(ARG "WINDOWS;PSEUDO_TERMINALS" "" "SOURCES;LINK;PROGRAMS" ${ARGN})
+# orv_add_test_program(NAME [WINDOWS] [PSEUDO_TERMINALS] [LINK target...] [PROGRAMS target...])
+# A test program, to which folders add; each of its tests is a ctest test. Tests run without a display. Those marked
+# PSEUDO_TERMINALS open pseudo-terminals and run one at a time: the number of one that is gone is given to the next who
+# asks, so two tests at once could meet on one device. PROGRAMS are built first and their paths defined, ORVSIM_PATH for
+# orvsim.
+function(orv_add_test_program name)
+    cmake_parse_arguments(ARG "WINDOWS;PSEUDO_TERMINALS" "" "LINK;PROGRAMS" ${ARGN})
     set(lock "")
     if(ARG_PSEUDO_TERMINALS)
         set(lock RESOURCE_LOCK pseudo_terminals)
     endif()
-    add_executable(${name} ${ARG_SOURCES})
-    if(ARG_WINDOWS)
-        target_link_libraries(${name} PRIVATE orv_testing_windows)
-    endif()
+    add_executable(${name})
     target_link_libraries(${name} PRIVATE orv_testing ${ARG_LINK})
     orv_test_options(${name})
-    orv_precompile(${name} orv_testing ORV_CORE_TEST_HEADERS orv_testing_windows ORV_WINDOW_TEST_HEADERS "${ARG_WINDOWS}")
+    orv_precompile(${name} orv_testing ORV_CORE_TEST_HEADERS orv_ui_tests ORV_WINDOW_TEST_HEADERS "${ARG_WINDOWS}")
     foreach(program IN LISTS ARG_PROGRAMS)
         string(TOUPPER ${program} upper)
         target_compile_definitions(${name} PRIVATE "${upper}_PATH=\"$<TARGET_FILE:${program}>\"")
@@ -83,6 +78,14 @@ function(orv_add_tests name)
     endforeach()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
         PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 120 ${lock})
+endfunction()
+
+# orv_add_tests(PROGRAM file...)
+# Tests of this folder's units, for one of the test programs.
+function(orv_add_tests program)
+    if(TARGET ${program})
+        target_sources(${program} PRIVATE ${ARGN})
+    endif()
 endfunction()
 set(ORV_CORE_TEST_HEADERS ${ORV_CORE_HEADERS} ${ORV_TEST_HEADERS})
 set(ORV_WINDOW_TEST_HEADERS ${ORV_WINDOW_HEADERS} ${ORV_TEST_HEADERS})

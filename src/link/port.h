@@ -78,10 +78,15 @@ public:
 };
 
 /// Whether a device name stands for a simulated instrument ("sim:trx").
-bool isSimulatedDevice(const QString& device);
+inline bool isSimulatedDevice(const QString& device) {
+    return device.startsWith(QLatin1String("sim:"));
+}
 
 /// Whether two names mean one device of this computer: "ttyUSB0" and "/dev/ttyUSB0" do. Each line has a simulated
 /// instrument of its own, so two of these never do.
-bool sameDevice(const QString& one, const QString& other);
+inline bool sameDevice(const QString& one, const QString& other) {
+    const auto plain = [](const QString& name) { return name.startsWith(QLatin1String("/dev/")) ? name.mid(5) : name; };
+    return !isSimulatedDevice(one) && plain(one) == plain(other);
+}
 
 } // namespace orv

@@ -300,25 +300,25 @@ QStringList shown(const DebugState& debug) {
             debug.scatteringReference};
 }
 
-TEST(DebugOutput, GlowFillsTheFluorometer) {
+TEST(SensorOutputs, GlowFillsTheFluorometer) {
     DebugState debug;
     showOnDebugScreen(debug, row("77"), RowLayout::Glow);
     EXPECT_EQ(shown(debug), QStringList({QStringLiteral("77"), QString(), QString(), QString(), QString()}));
 }
 
-TEST(DebugOutput, NewerTrxHasOneReference) {
+TEST(SensorOutputs, NewerTrxHasOneReference) {
     DebugState debug;
     showOnDebugScreen(debug, row("1 2 3 4"), RowLayout::TrxNewer);
     EXPECT_EQ(shown(debug).join(u' ').toStdString(), " 1 2 3 4");
 }
 
-TEST(DebugOutput, OlderTrxShowsItsLastReference) {
+TEST(SensorOutputs, OlderTrxShowsItsLastReference) {
     DebugState debug;
     showOnDebugScreen(debug, row("1 91 2 92 3 93"), RowLayout::TrxOlder);
     EXPECT_EQ(shown(debug).join(u' ').toStdString(), " 1 2 3 93");
 }
 
-TEST(DebugOutput, AnUnknownInstrumentShowsNothing) {
+TEST(SensorOutputs, AnUnknownInstrumentShowsNothing) {
     DebugState debug;
     showOnDebugScreen(debug, row("1 2 3"), RowLayout::Unknown);
     EXPECT_EQ(shown(debug).join(u' ').toStdString(), "    ");
