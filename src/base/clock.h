@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 
 namespace orv {
 
@@ -17,14 +18,14 @@ public:
     virtual qint64 monotonicMilliseconds() const = 0;
 
     /// Seconds since local midnight, with fractions, in single precision; falls back to 0 at midnight.
-    float secondsSinceMidnight() const;
+    float secondsSinceMidnight() const { return static_cast<float>(now().time().msecsSinceStartOfDay() / 1000.0); }
 };
 
 /// The computer's own clocks.
 class SystemClock final : public Clock {
 public:
-    QDateTime now() const override;
-    qint64 monotonicMilliseconds() const override;
+    QDateTime now() const override { return QDateTime::currentDateTime(); }
+    qint64 monotonicMilliseconds() const override { return QDeadlineTimer::current(Qt::PreciseTimer).deadline(); }
 };
 
 } // namespace orv
