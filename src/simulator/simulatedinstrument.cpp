@@ -4,10 +4,14 @@
 #include "simulator/instrumentmemory.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orv {
 
 namespace {
+
+constexpr qint64 bitsPerCharacter = 10;
+constexpr qint64 millisecondsOfASecond = 1000;
 
 constexpr qsizetype arrivedLimit = 65536;
 
@@ -19,6 +23,47 @@ qint64 delayOf(const SimulatorOptions& options) {
 }
 
 } // namespace
+
+TransmitLine::TransmitLine(int baud)
+    : ticksPerMillisecond_(baud == 0 ? 1 : baud)
+    , ticksPerCharacter_(baud == 0 ? 0 : bitsPerCharacter * millisecondsOfASecond) {}
+
+void TransmitLine::send(const QByteArray& bytes, qint64 now) {
+    advance(now);
+    drainedAt_ = std::max(drainedAt_, now) + bytes.size() * ticksPerCharacter_;
+    queued_ += bytes;
+    advance(now);
+}
+
+void TransmitLine::advance(qint64 now) {
+    const std::optional<qint64> next = nextArrival();
+    if (!next || *next > now) {
+        return;
+    }
+    qsizetype count = queued_.size();
+    if (now < drainedAt_) {
+        count = (now - *next) / ticksPerCharacter_ + 1;
+    }
+    arrived_ += queued_.left(count);
+    queued_.remove(0, count);
+}
+
+void TransmitLine::abandon(qint64 now) {
+    advance(now);
+    queued_.clear();
+    drainedAt_ = std::min(drainedAt_, now);
+}
+
+std::optional<qint64> TransmitLine::nextArrival() const {
+    if (queued_.isEmpty()) {
+        return std::nullopt;
+    }
+    return drainedAt_ - (queued_.size() - 1) * ticksPerCharacter_;
+}
+
+QByteArray TransmitLine::takeArrived() {
+    return std::exchange(arrived_, {});
+}
 
 SimulatedInstrument::SimulatedInstrument(const SimulatorOptions& options, const Clock& clock)
     : options_(options)
@@ -260,7 +305,6 @@ void SimulatedInstrument::perform(const CommandReply& reply) {
 
 void SimulatedInstrument::startRun() {
     constexpr qint64 millisecondsPerHour = 3'600'000;
-    constexpr qint64 millisecondsPerSecond = 1000;
     constexpr qsizetype linesOfEndlessRun = 100;
     if (settings_.logEnabled && !settings_.append) {
         memory_.erase();
@@ -278,7 +322,7 @@ void SimulatedInstrument::startRun() {
     pointRemainder_ = 0;
     activity_ = Activity::Running;
     activityDue_ = time_ + ticks(settings_.hoursBeforeBlock * millisecondsPerHour) + pointPeriod_;
-    pointPeriod_ += ticks(settings_.secondsBetweenPoints * millisecondsPerSecond);
+    pointPeriod_ += ticks(settings_.secondsBetweenPoints * millisecondsOfASecond);
     fault_.beginCollection(settings_.pointsPerBlock > 0 ? settings_.pointsPerBlock : linesOfEndlessRun);
 }
 

@@ -1,10 +1,75 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/instrumentbench.h"
+#include "simulator/simulatedinstrument.h"
+
+#include "testing/expected.h"
+#include "testing/fakes.h"
+
+#include <QByteArrayList>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace orv {
 namespace {
+
+/// An instrument and the clock that it goes by.
+class InstrumentBench {
+public:
+    explicit InstrumentBench(const char* device)
+        : instrument(parseSimulatorOptions(QString::fromLatin1(device)).options, clock) {}
+
+    /// Lets time pass in steps of 5 ms and returns what has arrived meanwhile.
+    QByteArray listen(qint64 milliseconds) {
+        constexpr qint64 step = 5;
+        QByteArray heard = instrument.takeArrived();
+        for (qint64 passed = 0; passed < milliseconds; passed += step) {
+            clock.advance(std::min(step, milliseconds - passed));
+            heard += instrument.takeArrived();
+        }
+        return heard;
+    }
+
+    /// Wakes the instrument and returns its greeting.
+    QByteArray wake() {
+        instrument.setWakeLine(true);
+        instrument.setWakeLine(false);
+        constexpr qint64 longEnough = 200;
+        return listen(longEnough);
+    }
+
+    /// Types characters and returns what has arrived after so long.
+    QByteArray type(const char* characters, qint64 milliseconds = 200) {
+        instrument.receive(characters);
+        return listen(milliseconds);
+    }
+
+    /// Types the first of each pair and compares what has arrived with the second.
+    void expectReplies(std::initializer_list<std::pair<const char*, const char*>> dialogue) {
+        expectEach(dialogue, [this](const char* typed) { return type(typed); });
+    }
+
+    TestClock clock;
+    SimulatedInstrument instrument;
+};
+
+/// Such an instrument that has been woken.
+class AwakeBench : public InstrumentBench {
+public:
+    explicit AwakeBench(const char* device)
+        : InstrumentBench(device) {
+        wake();
+    }
+};
+
+/// The lines of a text whose lines all end with CR LF, and what follows the last line end.
+QByteArrayList linesOf(const QByteArray& text) {
+    QByteArrayList lines = text.split('\n');
+    for (qsizetype index = 0; index + 1 < lines.size(); ++index) {
+        lines[index].chop(lines.at(index).endsWith('\r') ? 1 : 0);
+    }
+    return lines;
+}
 
 constexpr const char* report = "S0\r\nG0\r\nA0\r\nL0\r\nW1\r\nM1\r\nT10\r\nD0\r\nQ0\r\nI0\r\nMP200\r\n";
 
@@ -254,6 +319,185 @@ TEST(SimulatedInstrument, TellsWhenSomethingHappensNext) {
     EXPECT_EQ(bench.instrument.nextChange(), std::nullopt);
     bench.type("R", 100);
     EXPECT_EQ(bench.instrument.nextChange(), bench.clock.monotonicMilliseconds() + 400);
+}
+
+TEST(SimulatedFaults, ASilentInstrumentNeverAnswers) {
+    InstrumentBench bench("sim:trx?fault=silent");
+    EXPECT_EQ(bench.wake(), "");
+    EXPECT_EQ(bench.type("P", 60'000), "");
+    EXPECT_EQ(bench.instrument.nextChange(), std::nullopt);
+}
+
+TEST(SimulatedFaults, ALateInstrumentGreetsAndAnswersLate) {
+    InstrumentBench bench("sim:trx?fault=late&records=0");
+    EXPECT_EQ(bench.wake(), "");
+    EXPECT_EQ(bench.listen(2900), "");
+    EXPECT_EQ(bench.listen(100), "V512\r");
+    for (const auto& [typed, answer] : {std::pair("B", "."), {"000000", ">"}}) {
+        EXPECT_EQ(bench.type(typed, 3000), typed);
+        EXPECT_EQ(bench.listen(10), answer);
+    }
+    EXPECT_EQ(bench.type("O", 2900), "O");
+    EXPECT_EQ(bench.listen(200), "\r\nEOF\r\n>");
+}
+
+TEST(SimulatedFaults, WhatALateInstrumentIsSentMeanwhileIsTakenThen) {
+    AwakeBench bench("sim:trx?fault=late&delay=0.5");
+    bench.listen(500);
+    bench.instrument.receive("xy");
+    EXPECT_EQ(bench.listen(600), "x\r\n>y");
+    EXPECT_EQ(bench.listen(600), "\r\n>");
+}
+
+TEST(SimulatedFaults, GarbageStandsBetweenTheBytes) {
+    const auto dump = [](const char* fault) {
+        return AwakeBench(qPrintable(QStringLiteral("sim:trx?baud=0&records=50") + QLatin1String(fault))).type("O");
+    };
+    const QByteArray expected = dump("");
+    const QByteArray heard = dump("&fault=garbage");
+    EXPECT_GT(heard.size(), expected.size() + 20);
+    EXPECT_EQ(heard, dump("&fault=garbage"));
+    EXPECT_NE(heard, dump("&fault=garbage&seed=2"));
+    qsizetype found = 0;
+    for (const char byte : heard) {
+        found += found < expected.size() && byte == expected.at(found) ? 1 : 0;
+    }
+    EXPECT_EQ(found, expected.size()) << "all that should come does come, in its order";
+}
+
+TEST(SimulatedFaults, NoCarriageReturnBehindTheGreeting) {
+    InstrumentBench bench("sim:glow?fault=nocr");
+    EXPECT_EQ(bench.wake(), "F310");
+    EXPECT_EQ(bench.type("x"), "x\r\n>");
+}
+
+TEST(SimulatedFaults, ACutDumpStopsInMidLineAndTheInstrumentIsDead) {
+    for (const auto& [after, lines] : {std::pair("10%", 20), {"50%", 100}, {"99%", 198}}) {
+        AwakeBench bench(qPrintable(QStringLiteral("sim:trx?fault=cut&after=") + QLatin1String(after)));
+        const QByteArray heard = bench.type("O", 60'000);
+        EXPECT_EQ(heard.count('\n'), 1 + lines) << after;
+        EXPECT_FALSE(heard.endsWith('\n'));
+        EXPECT_EQ(bench.type("P"), "");
+        EXPECT_FALSE(bench.instrument.isUnplugged());
+    }
+}
+
+TEST(SimulatedFaults, ACutLineWorksAgainAfterTheNextWakeUp) {
+    AwakeBench bench("sim:trx?fault=cut&records=4&baud=0");
+    EXPECT_FALSE(bench.type("O").endsWith(">"));
+    EXPECT_EQ(bench.wake(), "V512\r");
+    EXPECT_TRUE(bench.type("O").endsWith("EOF\r\n>"));
+}
+
+TEST(SimulatedFaults, ARunIsCutToo) {
+    EXPECT_EQ(AwakeBench("sim:trx?fault=cut&points=10&after=30%").type("R", 60'000).count('\n'), 1 + 3);
+    EXPECT_EQ(AwakeBench("sim:trx?fault=cut").type("R", 60'000).count('\n'), 1 + 50);
+}
+
+TEST(SimulatedFaults, ABlockCutAtItsEndHasNoPrompt) {
+    const QByteArray heard = AwakeBench("sim:trx?fault=cut&points=2&after=100%").type("R", 10'000);
+    EXPECT_EQ(heard.count('\n'), 3);
+    EXPECT_TRUE(heard.endsWith("\r\n"));
+}
+
+TEST(SimulatedFaults, CutAfterSoManyBytes) {
+    EXPECT_EQ(AwakeBench("sim:trx?fault=cut&after=1234").type("O", 60'000).size(), 3 + 1234);
+}
+
+TEST(SimulatedFaults, UnplugShowsWhenWhatWentBeforeHasArrived) {
+    AwakeBench bench("sim:trx?fault=unplug&after=93");
+    bench.instrument.receive("O");
+    bench.clock.advance(99);
+    EXPECT_FALSE(bench.instrument.isUnplugged());
+    bench.clock.advance(1);
+    EXPECT_EQ(bench.instrument.arrivedCount(), 3 + 93);
+    EXPECT_TRUE(bench.instrument.isUnplugged());
+    bench.listen(10'000);
+    EXPECT_EQ(bench.wake(), "");
+    bench.instrument.plugIn();
+    EXPECT_FALSE(bench.instrument.isUnplugged());
+    EXPECT_EQ(bench.wake(), "V512\r");
+    EXPECT_TRUE(bench.type("O", 20'000).endsWith("EOF\r\n>"));
+}
+
+TEST(SimulatedFaults, UnplugSoLongAfterTheGreeting) {
+    AwakeBench bench("sim:trx?fault=unplug&after=1500ms");
+    bench.type("R", 1390);
+    EXPECT_FALSE(bench.instrument.isUnplugged());
+    bench.listen(10);
+    EXPECT_TRUE(bench.instrument.isUnplugged());
+    EXPECT_EQ(bench.listen(5000), "");
+}
+
+TEST(SimulatedFaults, CutSoLongAfterTheGreetingEvenWhenIdle) {
+    AwakeBench bench("sim:trx?fault=cut&after=1500ms");
+    EXPECT_EQ(bench.type("x", 2000), "x\r\n>");
+    EXPECT_EQ(bench.type("x", 2000), "");
+}
+
+constexpr qint64 perMillisecond = 9600;
+
+TEST(TransmitLine, NineHundredAndSixtyCharactersTakeExactlyOneSecond) {
+    TransmitLine line(9600);
+    line.send(QByteArray(1000, 'x'), 0);
+    line.advance(1000 * perMillisecond - 1);
+    EXPECT_EQ(line.arrivedCount(), 959);
+    line.advance(1000 * perMillisecond);
+    EXPECT_EQ(line.arrivedCount(), 960);
+    EXPECT_EQ(line.nextArrival(), 1000 * perMillisecond + 10000);
+}
+
+TEST(TransmitLine, TheFirstCharacterTakesItsOwnTime) {
+    TransmitLine line(9600);
+    line.send("ab", 5 * perMillisecond);
+    line.advance(6 * perMillisecond);
+    EXPECT_EQ(line.arrivedCount(), 0);
+    line.advance(7 * perMillisecond);
+    EXPECT_EQ(line.takeArrived(), "a");
+    EXPECT_EQ(line.takeArrived(), "");
+    line.advance(8 * perMillisecond);
+    EXPECT_EQ(line.takeArrived(), "b");
+    EXPECT_EQ(line.nextArrival(), std::nullopt);
+}
+
+TEST(TransmitLine, PollingEveryFiveMillisecondsForAnHourDoesNotDrift) {
+    TransmitLine line(9600);
+    qint64 arrived = 0;
+    line.send(QByteArray(96, 'x'), 0);
+    for (qint64 millisecond = 5; millisecond <= 3'600'000; millisecond += 5) {
+        line.advance(millisecond * perMillisecond);
+        arrived += line.takeArrived().size();
+        // Kept fed, as a dump does.
+        if (line.drainedAt() < (millisecond + 50) * perMillisecond) {
+            line.send(QByteArray(96, 'x'), millisecond * perMillisecond);
+        }
+    }
+    EXPECT_EQ(arrived, 3600 * 960);
+}
+
+TEST(TransmitLine, AnOddBaudRateIsExactToo) {
+    TransmitLine line(1234);
+    line.send(QByteArray(1234, 'x'), 0);
+    line.advance(10'000 * line.ticksPerMillisecond() - 1);
+    EXPECT_EQ(line.arrivedCount(), 1233);
+    line.advance(10'000 * line.ticksPerMillisecond());
+    EXPECT_EQ(line.arrivedCount(), 1234);
+}
+
+TEST(TransmitLine, WithoutAPaceEverythingArrivesAtOnce) {
+    TransmitLine line(0);
+    line.send("abc", 7);
+    EXPECT_EQ(line.takeArrived(), "abc");
+    EXPECT_EQ(line.drainedAt(), 7);
+}
+
+TEST(TransmitLine, AbandonedCharactersDoNotArriveAndDoNotHoldUpLaterOnes) {
+    TransmitLine line(9600);
+    line.send(QByteArray(960, 'x'), 0);
+    line.abandon(10 * perMillisecond);
+    line.send("y", 10 * perMillisecond);
+    line.advance(12 * perMillisecond);
+    EXPECT_EQ(line.takeArrived(), "xxxxxxxxxy");
 }
 
 } // namespace
