@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "sheet/recordformat.h"
+#include "sheet/recordfile.h"
 
 #include "testing/sheettest.h"
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "sheet/recordfile.h"
-#include "sheet/recordformat.h"
 #include "sheet/sheetfiles.h"
 
 namespace orv {
