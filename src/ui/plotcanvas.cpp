@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <utility>
 
 namespace orv {
@@ -20,7 +21,68 @@ constexpr QCPScatterStyle::ScatterShape symbols[] = {QCPScatterStyle::ssCircle, 
                                                      QCPScatterStyle::ssTriangle, QCPScatterStyle::ssDiamond,
                                                      QCPScatterStyle::ssPlus,     QCPScatterStyle::ssCross};
 
+using Iterator = QCPGraphDataContainer::const_iterator;
+
+constexpr double cellSize = 4.0; ///< Pixels; less than a symbol.
+
+bool isGap(const QCPGraphData& point) {
+    return std::isnan(point.value);
+}
+
 } // namespace
+
+void PlotCurve::getOptimizedLineData(QVector<QCPGraphData>* lineData, const Iterator& begin,
+                                     const Iterator& end) const {
+    lineData->clear();
+    // The library reduces the points of a pixel to the least and the greatest and finds neither if the first is NaN.
+    QVector<QCPGraphData> reduced;
+    for (Iterator run = std::find_if_not(begin, end, isGap); run != end;) {
+        const Iterator gap = std::find_if(run, end, isGap);
+        if (gap - run > 1) {
+            reduced.clear();
+            QCPGraph::getOptimizedLineData(&reduced, run, gap);
+            lineData->append(reduced);
+        } else {
+            lineData->append(*run);
+        }
+        if (gap != end) {
+            lineData->append(*gap);
+        }
+        run = std::find_if_not(gap, end, isGap);
+    }
+}
+
+void PlotCurve::getOptimizedScatterData(QVector<QCPGraphData>* scatterData, Iterator begin, Iterator end) const {
+    QCPGraph::getOptimizedScatterData(scatterData, begin, end);
+    // The library would draw a gap's symbol in the corner of the window.
+    scatterData->erase(std::remove_if(scatterData->begin(), scatterData->end(), isGap), scatterData->end());
+    appendLonePoints(*scatterData, begin, end);
+}
+
+void PlotCurve::appendLonePoints(QVector<QCPGraphData>& points, Iterator begin, Iterator end) const {
+    const Iterator first = data()->constBegin();
+    const Iterator behindLast = data()->constEnd();
+    const auto cellOf = [](double pixel) { return static_cast<long long>(std::floor(pixel / cellSize)); };
+    // Of the symbols that would cover each other only one is drawn, or a sheet in which every other cell is no number
+    // would take too long.
+    long long column = 0;
+    std::set<long long> taken;
+    for (Iterator point = begin; point != end; ++point) {
+        const bool alone = !isGap(*point) && (point == first || isGap(*(point - 1))) &&
+                           (point + 1 == behindLast || isGap(*(point + 1)));
+        if (!alone) {
+            continue;
+        }
+        const long long itsColumn = cellOf(mKeyAxis->coordToPixel(point->key));
+        if (itsColumn != column) {
+            column = itsColumn;
+            taken.clear();
+        }
+        if (taken.insert(cellOf(mValueAxis->coordToPixel(point->value))).second) {
+            points.append(*point);
+        }
+    }
+}
 
 PlotCanvas::PlotCanvas(const PlotData& curves)
     : data_(curves)

@@ -3,10 +3,35 @@
 
 #include "base/observe.h"
 #include "sheet/plotdata.h"
-#include "ui/plotcurve.h"
 #include "ui/style.h"
 
+// The plotting library's header wants two keywords that the program's own code does without.
+#include <QtGlobal>
+#define signals Q_SIGNALS
+#define foreach(variable, container) for (variable : container) // NOLINT(bugprone-macro-parentheses): a declaration
+#include <qcustomplot.h>
+#undef foreach
+#undef signals
+
 namespace orv {
+
+/// A curve with gaps, which are points whose value is NaN. Every number is seen, however many points share a pixel: the
+/// line reaches the last one before a gap and begins with the first one after it, and a number that stands alone
+/// between gaps, where there is no line, has its symbol whatever the distance of the other symbols is.
+class PlotCurve final : public QCPGraph {
+public:
+    using QCPGraph::QCPGraph;
+
+protected:
+    void getOptimizedLineData(QVector<QCPGraphData>* lineData, const QCPGraphDataContainer::const_iterator& begin,
+                              const QCPGraphDataContainer::const_iterator& end) const override;
+    void getOptimizedScatterData(QVector<QCPGraphData>* scatterData, QCPGraphDataContainer::const_iterator begin,
+                                 QCPGraphDataContainer::const_iterator end) const override;
+
+private:
+    void appendLonePoints(QVector<QCPGraphData>& points, QCPGraphDataContainer::const_iterator begin,
+                          QCPGraphDataContainer::const_iterator end) const;
+};
 
 /// Draws the curves and takes the operator's mouse and keys. It draws when drawNow() is called, when it is resized, and
 /// while the operator zooms, drags or moves the cursor.
