@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#ifdef ORV_WINDOWS
 #include <QApplication>
 #include <QStyleFactory>
+#else
+#include <QCoreApplication>
+#endif
 
 #include <gtest/gtest.h>
 
-/// For tests of screens. They need no display, also when the build asks them for their names.
+/// For tests of what needs a running application. Those of screens need no display, also when the build asks them for
+/// their names.
 int main(int argc, char** argv) {
+#ifdef ORV_WINDOWS
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
@@ -13,6 +19,9 @@ int main(int argc, char** argv) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+#else
+    const QCoreApplication application(argc, argv);
+#endif
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
