@@ -4,7 +4,6 @@
 #include "testing/folder.h"
 
 namespace orv {
-
 namespace {
 
 class AppendWholeTest : public testing::Test {
@@ -49,10 +48,6 @@ TEST(AppendWhole, DeviceWithoutSpaceIsToldInTheSystemsWords) {
     EXPECT_EQ(appendWhole(full, "one\r\n").toStdString(), "No space left on device");
 }
 #endif
-
-} // namespace
-
-namespace {
 
 const QDateTime moment(QDate(2026, 11, 21), QTime(9, 30, 15));
 
@@ -106,5 +101,4 @@ TEST(KeptFile, FileThatCannotBeRenamedStaysAndTheReasonIsTold) {
 #endif
 
 } // namespace
-
 } // namespace orv

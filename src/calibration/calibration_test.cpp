@@ -12,7 +12,6 @@
 #include <tuple>
 
 namespace orv {
-
 namespace {
 
 enum Row { Air, Clean, Point1, Point2, Point3, Point4 };
@@ -176,10 +175,6 @@ TEST_F(ComputationTest, WithoutRowsTheSheetIsLeftInTheFirstColumn) {
     EXPECT_EQ(sheetState.currentRow.value(), 0);
 }
 
-} // namespace
-
-namespace {
-
 constexpr const char* head = "Date 11/21/26\r\n"
                              "Time 9:30:15 AM\r\r\n"
                              "KP 7 Data\r\n";
@@ -283,10 +278,6 @@ TEST_F(ReportTest, AFileThatCannotBeWrittenIsTold) {
     EXPECT_FALSE(told.text.contains(QStringLiteral("saved: .")));
 }
 
-} // namespace
-
-namespace {
-
 TEST(Calibration, ABatchOfTwoFromTheSheetToItsReports) {
     CalibrationBench bench;
     bench.add("SN 1", LightColour::Red);
@@ -317,5 +308,4 @@ TEST(Calibration, ABatchOfTwoFromTheSheetToItsReports) {
 }
 
 } // namespace
-
 } // namespace orv

@@ -9,7 +9,6 @@
 #include <set>
 
 namespace orv {
-
 namespace {
 
 class InstrumentListTest : public testing::Test, protected CalibrationBench {
@@ -108,10 +107,6 @@ TEST_F(InstrumentListTest, AnEighthCanBeChosenButHasNoWorksheet) {
     EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "0");
     EXPECT_EQ(messages.shown.size(), 1U);
 }
-
-} // namespace
-
-namespace {
 
 constexpr const char* everyBox = "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18";
 
@@ -217,5 +212,4 @@ TEST_F(WorksheetStoreTest, TheColourBelongsToTheNewestEntry) {
 }
 
 } // namespace
-
 } // namespace orv

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 namespace orv {
-
 namespace {
 
 struct Settings {
@@ -131,5 +130,4 @@ TEST(PlainEnglish, ANegativeNumberOfPointsHasNoBlockLine) {
 }
 
 } // namespace
-
 } // namespace orv

@@ -5,25 +5,22 @@
 
 #include <gtest/gtest.h>
 
-namespace orv {
+#include <tuple>
 
+namespace orv {
 namespace {
 
 TEST(RowLayout, TypeLetterInEitherCaseAndFirmwareGenerationDecide) {
-    const struct {
-        const char* letter;
-        double firmware;
-        RowLayout layout;
-    } cases[] = {
+    const std::tuple<const char*, double, RowLayout> cases[] = {
         {"V", 499.0, RowLayout::TrxOlder}, {"V", 499.9, RowLayout::TrxOlder}, {"V", 500.0, RowLayout::TrxNewer},
         {"V", 512.0, RowLayout::TrxNewer}, {"V", 0.0, RowLayout::TrxOlder},   {"v", 412.0, RowLayout::TrxOlder},
         {"v", 500.0, RowLayout::TrxNewer}, {"F", 412.0, RowLayout::Glow},     {"F", 512.0, RowLayout::Glow},
         {"f", 0.0, RowLayout::Glow},       {"", 512.0, RowLayout::Unknown},   {"X", 512.0, RowLayout::Unknown},
         {"VF", 512.0, RowLayout::Unknown},
     };
-    for (const auto& each : cases) {
-        EXPECT_EQ(rowLayout(instrumentType(QString::fromLatin1(each.letter)), each.firmware), each.layout)
-            << each.letter << ' ' << each.firmware;
+    for (const auto& [letter, firmware, layout] : cases) {
+        EXPECT_EQ(rowLayout(instrumentType(QString::fromLatin1(letter)), firmware), layout)
+            << letter << ' ' << firmware;
     }
 }
 
@@ -35,11 +32,7 @@ TEST(RowLayout, ValuesAfterDateAndTimeCount) {
 }
 
 TEST(HeaderRows, EachPlaceNamesTheColumnsItsOwnWay) {
-    const struct {
-        HeaderPlace place;
-        RowLayout layout;
-        const char* header;
-    } cases[] = {
+    const std::tuple<HeaderPlace, RowLayout, const char*> cases[] = {
         {HeaderPlace::GridOnOpening, RowLayout::TrxOlder, "Data #|Date|Time|100|Ref 100|125|Ref 125|150|Ref"},
         {HeaderPlace::GridOnOpening, RowLayout::TrxNewer, "Data #|Date|Time|100|125|150|Ref"},
         {HeaderPlace::GridOnOpening, RowLayout::Glow, "Data #|Date|Time|Output"},
@@ -50,9 +43,9 @@ TEST(HeaderRows, EachPlaceNamesTheColumnsItsOwnWay) {
         {HeaderPlace::SheetFile, RowLayout::TrxNewer, "Data Point|Date|Time|100|125|150|REF 150"},
         {HeaderPlace::SheetFile, RowLayout::Glow, "Data Point|Date|Time|Counts"},
     };
-    for (const auto& each : cases) {
-        EXPECT_TRUE(headerRow(each.place, RowLayout::Unknown).isEmpty());
-        EXPECT_EQ(headerRow(each.place, each.layout).join(u'|').toStdString(), each.header);
+    for (const auto& [place, layout, header] : cases) {
+        EXPECT_TRUE(headerRow(place, RowLayout::Unknown).isEmpty());
+        EXPECT_EQ(headerRow(place, layout).join(u'|').toStdString(), header);
     }
 }
 
@@ -65,11 +58,7 @@ std::string read(const char* line, RowLayout layout, const Conversion& conversio
 }
 
 TEST(DataLine, FieldsOfEachLayoutBecomeTheRow) {
-    const struct {
-        RowLayout layout;
-        const char* line;
-        const char* row;
-    } cases[] = {
+    const std::tuple<RowLayout, const char*, const char*> cases[] = {
         {RowLayout::Glow, "11/21/26\t24530\t512", "11/21/26|9:05:06|512"},
         {RowLayout::TrxNewer, "11/21/26\t24530\t1\t2\t3\t4", "11/21/26|9:05:06|1|2|3|4"},
         {RowLayout::TrxOlder, "11/21/26\t24530\t1\t2\t3\t4\t5\t6", "11/21/26|9:05:06|1|2|3|4|5|6"},
@@ -104,39 +93,30 @@ TEST(DataLine, FieldsOfEachLayoutBecomeTheRow) {
         {RowLayout::Glow, " ~#! \t0\t1", " ~#! |0:00:00|1"},
         {RowLayout::Glow, "\t0\t1", "|0:00:00|1"},
     };
-    for (const auto& each : cases) {
-        EXPECT_EQ(read(each.line, each.layout), each.row) << each.line;
+    for (const auto& [layout, line, row] : cases) {
+        EXPECT_EQ(read(line, layout), row) << line;
     }
 }
 
 TEST(DataLine, TimeCountIs24HourTimeOrAsReceivedIfItIsNone) {
-    const std::pair<std::string, std::string> counts[] = {
-        {"0", "0:00:00"},
-        {"2700", "1:00:00"},
-        {"32400", "12:00:00"},
-        {"35100", "13:00:00"},
-        {"24530", "9:05:06"},
-        {"64799", "23:59:58"},
-        {" 2700 ", "1:00:00"},
-        {"999", "0:22:11"},
-        {"64800", "24:00:00"},
-        {"12x", "12x"},
-        {"", ""},
-        {"1e300", "1e300"},
-        {"2700.75", "1:00:01"},
+    const auto timeOf = [](const std::string& count) {
+        return read(("11/21/26\t" + count + "\t1").c_str(), RowLayout::Glow);
+    };
+    const std::pair<const char*, std::string> counts[] = {
+        {"0", "0:00:00"},      {"2700", "1:00:00"},    {"32400", "12:00:00"}, {"35100", "13:00:00"},
+        {"24530", "9:05:06"},  {"64799", "23:59:58"},  {" 2700 ", "1:00:00"}, {"999", "0:22:11"},
+        {"64800", "24:00:00"}, {"2700.75", "1:00:01"},
     };
     for (const auto& [count, time] : counts) {
-        EXPECT_EQ(read(("11/21/26\t" + count + "\t1").c_str(), RowLayout::Glow), "11/21/26|" + time + "|1");
+        EXPECT_EQ(timeOf(count), "11/21/26|" + time + "|1");
+    }
+    for (const std::string none : {"12x", "", "1e300"}) {
+        EXPECT_EQ(timeOf(none), "11/21/26|" + none + "|1");
     }
 }
 
 TEST(ConvertedValue, IsCutToFiveDecimalsAsPlainText) {
-    const struct {
-        const char* counts;
-        double offset;
-        double scale;
-        const char* value;
-    } cases[] = {
+    const std::tuple<const char*, double, double, const char*> cases[] = {
         {"1000", 100.0, 0.001, "0.9"},
         {"1000", 1.0, 0.123456789, "123.33333"},
         {"150", 50.0, 2.0, "200"},
@@ -151,17 +131,13 @@ TEST(ConvertedValue, IsCutToFiveDecimalsAsPlainText) {
         {"2.5", 0.0, 1.0, "2.5"},
         {"1", 0.0, 1e308, "1"},
         {"0042", 42.0, 1.0, "0042"},
-        // What is no number stays as received.
-        {"", 5.0, 2.0, ""},
-        {"abc", 5.0, 2.0, "abc"},
-        {"12x", 5.0, 2.0, "12x"},
-        {"1 2", 5.0, 2.0, "1 2"},
     };
-    for (const auto& each : cases) {
-        EXPECT_EQ(convertedValue(QString::fromLatin1(each.counts), {.offset = each.offset, .scale = each.scale})
-                      .toStdString(),
-                  each.value)
-            << each.counts << ' ' << each.offset << ' ' << each.scale;
+    for (const auto& [counts, offset, scale, value] : cases) {
+        EXPECT_EQ(convertedValue(QString::fromLatin1(counts), {.offset = offset, .scale = scale}).toStdString(), value)
+            << counts << ' ' << offset << ' ' << scale;
+    }
+    for (const char* text : {"", "abc", "12x", "1 2"}) {
+        EXPECT_EQ(convertedValue(QString::fromLatin1(text), {.offset = 5.0, .scale = 2.0}).toStdString(), text);
     }
 }
 
@@ -234,5 +210,4 @@ TEST(SheetCells, AreNumberDateTimeAndValues) {
 }
 
 } // namespace
-
 } // namespace orv

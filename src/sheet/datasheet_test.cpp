@@ -7,7 +7,6 @@
 #include <limits>
 
 namespace orv {
-
 namespace {
 
 QStringList texts(const char* joined) {
@@ -249,5 +248,4 @@ TEST_F(SheetRowsTest, FirmwareIsTheLeadingNumberOfTheLabel) {
 }
 
 } // namespace
-
 } // namespace orv

@@ -6,8 +6,11 @@
 #include <QCoreApplication>
 
 namespace orv {
-
 namespace {
+
+struct TakenPlace : FolderPlace {
+    TakenPlace() { take(); }
+};
 
 /// The tests stand in a folder of their own, where places are taken.
 class FolderPlaceTest : public testing::Test {
@@ -17,15 +20,13 @@ protected:
 
     /// The lock file of a place as this living program writes it.
     QByteArray lockOfThisProgram() const {
-        FolderPlace place;
-        place.take();
+        TakenPlace place;
         return contentsOf(path("orvhost.lock"));
     }
 
     void expectFree(const QByteArray& foundLock) {
         fill(path("orvhost.lock"), foundLock);
-        FolderPlace place;
-        place.take();
+        TakenPlace place;
         EXPECT_EQ(place.number(), 1) << foundLock.toStdString();
         EXPECT_EQ(place.otherProgram(), QString());
         EXPECT_EQ(files(), "orvhost.lock");
@@ -42,8 +43,7 @@ TEST_F(FolderPlaceTest, NamesOfTheFirstPlaceArePlain) {
 
 TEST_F(FolderPlaceTest, IsHeldForLifeAndLeavesNothing) {
     {
-        FolderPlace place;
-        place.take();
+        TakenPlace place;
         EXPECT_EQ(place.number(), 1);
         EXPECT_EQ(place.otherProgram(), QString());
         EXPECT_EQ(files(), "orvhost.lock");
@@ -52,12 +52,9 @@ TEST_F(FolderPlaceTest, IsHeldForLifeAndLeavesNothing) {
 }
 
 TEST_F(FolderPlaceTest, TheNextProgramHasTheNextPlaceAndKnowsWhoHasTheFirst) {
-    FolderPlace first;
-    first.take();
-    FolderPlace second;
-    second.take();
-    FolderPlace third;
-    third.take();
+    TakenPlace first;
+    TakenPlace second;
+    TakenPlace third;
     EXPECT_EQ(second.number(), 2);
     EXPECT_EQ(third.number(), 3);
     const QString process = QStringLiteral("process %1").arg(QCoreApplication::applicationPid());
@@ -70,25 +67,20 @@ TEST_F(FolderPlaceTest, TheNextProgramHasTheNextPlaceAndKnowsWhoHasTheFirst) {
 }
 
 TEST_F(FolderPlaceTest, APlaceThatBecameFreeIsTakenAgain) {
-    auto first = std::make_unique<FolderPlace>();
-    first->take();
-    FolderPlace second;
-    second.take();
+    auto first = std::make_unique<TakenPlace>();
+    TakenPlace second;
     first.reset();
-    FolderPlace third;
-    third.take();
+    TakenPlace third;
     EXPECT_EQ(third.number(), 1);
 }
 
 TEST_F(FolderPlaceTest, TheTenthProgramHasNone) {
-    std::vector<std::unique_ptr<FolderPlace>> places;
+    std::vector<std::unique_ptr<TakenPlace>> places;
     for (int number = 1; number <= FolderPlace::mostPlaces; ++number) {
-        places.push_back(std::make_unique<FolderPlace>());
-        places.back()->take();
+        places.push_back(std::make_unique<TakenPlace>());
         EXPECT_EQ(places.back()->number(), number);
     }
-    FolderPlace tenth;
-    tenth.take();
+    TakenPlace tenth;
     EXPECT_EQ(tenth.number(), 0);
     EXPECT_FALSE(tenth.cannotLock());
     EXPECT_EQ(tenth.claim(), QStringLiteral("other programs use this folder"));
@@ -116,14 +108,12 @@ TEST_F(FolderPlaceTest, ALockThatNobodyHoldsIsFreeWhateverItSays) {
 }
 
 TEST_F(FolderPlaceTest, AProgramOnAnotherComputerIsNamedWithIt) {
-    FolderPlace first;
-    first.take();
+    TakenPlace first;
     QByteArrayList lines = contentsOf(path("orvhost.lock")).split('\n');
     lines[2] = "labpc7";
     lines[3] = "0123456789abcdef0123456789abcdef";
     fill(path("orvhost.lock"), lines.join('\n')); // the file is locked as before
-    FolderPlace second;
-    second.take();
+    TakenPlace second;
     EXPECT_EQ(second.number(), 2);
     EXPECT_EQ(second.otherProgram(),
               QStringLiteral("process %1 on the computer labpc7").arg(QCoreApplication::applicationPid()));
@@ -132,8 +122,7 @@ TEST_F(FolderPlaceTest, AProgramOnAnotherComputerIsNamedWithIt) {
 #ifdef Q_OS_UNIX
 TEST_F(FolderPlaceTest, WhereNothingCanBeWrittenNoLockIsNeeded) {
     const UnwritableFolder unwritable(folder.path());
-    FolderPlace place;
-    place.take();
+    TakenPlace place;
     EXPECT_EQ(place.number(), 1);
     EXPECT_EQ(place.otherProgram(), QString());
     EXPECT_EQ(files(), "");
@@ -142,8 +131,7 @@ TEST_F(FolderPlaceTest, WhereNothingCanBeWrittenNoLockIsNeeded) {
 TEST_F(FolderPlaceTest, ALockThatStaysInAFolderMadeUnwritableIsNoOtherProgram) {
     fill(path("orvhost.lock"), lockOfThisProgram());
     const UnwritableFolder unwritable(folder.path());
-    FolderPlace place;
-    place.take();
+    TakenPlace place;
     EXPECT_EQ(place.otherProgram(), QString());
     EXPECT_NE(place.number(), 0);
 }
@@ -157,8 +145,7 @@ TEST_F(FolderPlaceTest, OnAFullDiskThereIsNoPlace) {
     EXPECT_EQ(early.number(), 0);
     EXPECT_TRUE(early.cannotLock());
     EXPECT_EQ(files(), "");
-    FolderPlace later; // there is room again
-    later.take();
+    TakenPlace later; // there is room again
     EXPECT_EQ(later.number(), 1);
     EXPECT_NE(early.claim(), QString()) << "not in the middle of another one's work";
     FolderPlace third;
@@ -179,8 +166,7 @@ TEST_F(FolderPlaceTest, APlaceHadWithoutALockIsClaimedBeforeItsFilesAreWritten) 
         EXPECT_EQ(early.claim(), QStringLiteral("no lock file can be made beside it"));
     }
     {
-        FolderPlace later; // the folder has been made writable
-        later.take();
+        TakenPlace later; // the folder has been made writable
         EXPECT_EQ(later.number(), 1);
         EXPECT_EQ(later.claim(), QString());
         EXPECT_EQ(early.claim(),
@@ -192,5 +178,4 @@ TEST_F(FolderPlaceTest, APlaceHadWithoutALockIsClaimedBeforeItsFilesAreWritten) 
 #endif
 
 } // namespace
-
 } // namespace orv

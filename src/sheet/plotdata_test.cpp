@@ -7,7 +7,6 @@
 #include <tuple>
 
 namespace orv {
-
 namespace {
 
 QStringList texts(const char* joined) {
@@ -384,5 +383,4 @@ TEST_F(PlotViewTest, ValuesStandStillWhileTheyFitAndFillWell) {
 }
 
 } // namespace
-
 } // namespace orv

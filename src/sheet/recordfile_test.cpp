@@ -3,6 +3,8 @@
 
 #include "testing/sheettest.h"
 
+#include <tuple>
+
 #ifdef Q_OS_LINUX
 namespace {
 int diskSyncs = 0;
@@ -16,7 +18,6 @@ extern "C" int fdatasync(int /*fileDescriptor*/) {
 #endif
 
 namespace orv {
-
 namespace {
 
 class RunLockTest : public testing::Test {
@@ -30,20 +31,17 @@ protected:
 TEST_F(RunLockTest, TellsTheTypeThatWasPut) {
     EXPECT_FALSE(lock.stands());
     EXPECT_EQ(lock.type(), DataSheet::Type());
-    const struct {
-        DataSheet::Type type;
-        const char* bytes;
-    } cases[] = {
+    const std::pair<DataSheet::Type, const char*> cases[] = {
         {{.letter = QStringLiteral("V"), .firmware = 512.0}, "V\t512\r\n"},
         {{.letter = QStringLiteral("v"), .firmware = 412.5}, "v\t412.5\r\n"},
         {{.letter = QStringLiteral("F"), .firmware = 310.0}, "F\t310\r\n"},
         {{.letter = QStringLiteral("f"), .firmware = 0.0}, "f\t0\r\n"},
     };
-    for (const auto& each : cases) {
-        lock.put(each.type);
+    for (const auto& [type, bytes] : cases) {
+        lock.put(type);
         EXPECT_TRUE(lock.stands());
-        EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray(each.bytes));
-        EXPECT_EQ(lock.type(), each.type) << each.bytes;
+        EXPECT_EQ(contentsOf(path("Orvtemp.tmp.lock")), QByteArray(bytes));
+        EXPECT_EQ(lock.type(), type) << bytes;
     }
     lock.remove();
     EXPECT_FALSE(lock.stands());
@@ -84,10 +82,6 @@ TEST_F(RunLockTest, CanBeCopiedFromAnotherFile) {
     EXPECT_FALSE(lock.copyFrom(other));
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp.lock");
 }
-
-} // namespace
-
-namespace {
 
 const QByteArray newerHeader("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\n"
                              "Device File\r\n"
@@ -132,14 +126,12 @@ protected:
 };
 
 TEST_F(RecordFileTest, BeginsWithTheHeaderOfTheFirmware) {
-    const struct {
-        double firmware;
-        QByteArray header;
-    } cases[] = {{512.0, newerHeader}, {500.0, newerHeader}, {499.0, olderHeader}, {0.0, olderHeader}};
-    for (const auto& each : cases) {
-        EXPECT_EQ(file.start(trx(each.firmware)), QString());
+    const std::pair<double, QByteArray> cases[] = {
+        {512.0, newerHeader}, {500.0, newerHeader}, {499.0, olderHeader}, {0.0, olderHeader}};
+    for (const auto& [firmware, header] : cases) {
+        EXPECT_EQ(file.start(trx(firmware)), QString());
         EXPECT_TRUE(file.isOpen());
-        EXPECT_EQ(contents(), each.header) << "whole while the file is still open";
+        EXPECT_EQ(contents(), header) << "whole while the file is still open";
     }
     EXPECT_EQ(filesBesideTheLock(), 1);
 }
@@ -173,11 +165,8 @@ TEST_F(RecordFileTest, WithoutAnOpenFileARowGoesNowhere) {
 }
 
 TEST_F(RecordFileTest, AnEarlierRunIsKeptUnderADatedNameIfARowOfItWasNotSaved) {
-    const struct {
-        const char* steps; ///< n, o: a run with newer or older firmware; r: a row; c: close; s, d: saved, discarded.
-        QByteArray kept;
-        QByteArray contents;
-    } cases[] = {
+    // steps: n, o: a run with newer or older firmware; r: a row; c: close; s, d: saved, discarded.
+    const std::tuple<const char*, QByteArray, QByteArray> cases[] = {
         {"nrco", newerHeader + row, olderHeader},
         {"nrnr", newerHeader + row, newerHeader + row}, // the run before was not closed
         {"nco", none, olderHeader},                     // it had no rows
@@ -186,12 +175,12 @@ TEST_F(RecordFileTest, AnEarlierRunIsKeptUnderADatedNameIfARowOfItWasNotSaved) {
         {"nrdrcsn", newerHeader + row + row, newerHeader}, // a row cleared unsaved before it
         {"nrdnrsn", newerHeader + row, newerHeader},       // the first run's file is kept, the second's is not
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.steps);
+    for (const auto& [steps, keptFile, file] : cases) {
+        SCOPED_TRACE(steps);
         QFile::remove(path("Orvtemp.tmp"));
         QFile::remove(path("Orvtemp-20261121-093015.tmp"));
         RecordFile run(clock, path("Orvtemp.tmp"));
-        for (const char* step = each.steps; *step != '\0'; ++step) {
+        for (const char* step = steps; *step != '\0'; ++step) {
             switch (*step) {
             case 'n':
             case 'o':
@@ -210,9 +199,9 @@ TEST_F(RecordFileTest, AnEarlierRunIsKeptUnderADatedNameIfARowOfItWasNotSaved) {
                 run.rowsDiscarded();
             }
         }
-        EXPECT_EQ(kept(), each.kept);
-        EXPECT_EQ(contents(), each.contents);
-        EXPECT_EQ(filesBesideTheLock(), each.kept == none ? 1 : 2);
+        EXPECT_EQ(kept(), keptFile);
+        EXPECT_EQ(contents(), file);
+        EXPECT_EQ(filesBesideTheLock(), keptFile == none ? 1 : 2);
     }
 }
 
@@ -501,5 +490,4 @@ TEST_F(RecordFileTest, ClosingBringsWaitingRowsToTheDiskAndOnlyThen) {
 #endif
 
 } // namespace
-
 } // namespace orv

@@ -3,8 +3,9 @@
 
 #include "testing/sheettest.h"
 
-namespace orv {
+#include <tuple>
 
+namespace orv {
 namespace {
 
 const QByteArray start("Orvtemp.tmp\t11/21/26\t9:30:15 AM\r\nDevice File\r\n\r\r\r\nData point\t\r\n");
@@ -63,11 +64,7 @@ protected:
 
 TEST_F(RecordedRowsTest, RowsOfEachLayoutBecomeTheSheetsCells) {
     const QByteArray two = newer + newerRow(1) + newerRow(2);
-    const struct {
-        QByteArray bytes;
-        DataSheet::Type type;
-        std::string rows;
-    } cases[] = {
+    const std::tuple<QByteArray, DataSheet::Type, std::string> cases[] = {
         {two, type("V", 512.0), newerCells(1) + newerCells(2)},
         {QByteArray(two).replace("\r\n", "\n"), type("V", 512.0), newerCells(1) + newerCells(2)},
         {newer + newerRow(501) + newerRow(502), type("V", 512.0), newerCells(501) + newerCells(502)},
@@ -78,11 +75,11 @@ TEST_F(RecordedRowsTest, RowsOfEachLayoutBecomeTheSheetsCells) {
         {newer, type("V", 512.0), ""},
         {older, type("V", 512.0), ""},
     };
-    for (const auto& each : cases) {
-        const RecordedRows found = read(each.bytes, each.type);
+    for (const auto& [bytes, type, rows] : cases) {
+        const RecordedRows found = read(bytes, type);
         expectWhole(found);
-        EXPECT_EQ(found.sheet.type, each.type);
-        EXPECT_EQ(text(found), each.rows);
+        EXPECT_EQ(found.sheet.type, type);
+        EXPECT_EQ(text(found), rows);
     }
     const RecordedRows nowhere = readRecordedRows(folder.path("nowhere"), type("V", 512.0));
     expectWhole(nowhere);
@@ -148,12 +145,7 @@ TEST_F(RecordedRowsTest, AHeaderThatIsDamagedCostsNoRow) {
 }
 
 TEST_F(RecordedRowsTest, WithoutATypeTheRowsAndTheHeaderTellIt) {
-    const struct {
-        QByteArray bytes;
-        DataSheet::Type lock;
-        DataSheet::Type expected;
-        std::string row;
-    } cases[] = {
+    const std::tuple<QByteArray, DataSheet::Type, DataSheet::Type, std::string> cases[] = {
         {newer + newerRow(1), type("", 0.0), type("V", 500.0), newerCells(1)},
         {older + "1\ta\tb\t1\t2\t3\t4\t5\t6\r\n", type("", 0.0), type("V", 0.0), "1\ta\tb\t1\t2\t3\t4\t5\t6\n"},
         {older + "1\ta\tb\t700\r\n", type("", 0.0), type("F", 0.0), "1\ta\tb\t700\n"},
@@ -161,11 +153,11 @@ TEST_F(RecordedRowsTest, WithoutATypeTheRowsAndTheHeaderTellIt) {
         {older + "1\ta\tb\t700\r\n", type("V", 512.0), type("F", 0.0), "1\ta\tb\t700\n"},
         {newer + newerRow(1), type("F", 310.0), type("V", 500.0), newerCells(1)},
     };
-    for (const auto& each : cases) {
-        const RecordedRows found = read(each.bytes, each.lock);
+    for (const auto& [bytes, lock, expected, row] : cases) {
+        const RecordedRows found = read(bytes, lock);
         EXPECT_TRUE(found.typeGuessed);
-        EXPECT_EQ(found.sheet.type, each.expected) << each.row;
-        EXPECT_EQ(text(found), each.row);
+        EXPECT_EQ(found.sheet.type, expected) << row;
+        EXPECT_EQ(text(found), row);
         EXPECT_EQ(found.unreadableLines, 0);
     }
 }
@@ -206,5 +198,4 @@ TEST_F(RecordedRowsTest, AFileThatCannotBeReadIsNoEmptyOne) {
 }
 
 } // namespace
-
 } // namespace orv

@@ -5,7 +5,6 @@
 #include "testing/sheettest.h"
 
 namespace orv {
-
 namespace {
 
 const QByteArray newerFile = "V\t512 2\r\nlake.txt\r\n\r\r\r\n"
@@ -113,16 +112,13 @@ TEST(LoadedSheet, RefusesWhatIsNoSheet) {
         "V\r\nlake.txt\r\n",
         "V\t\r\nlake.txt\r\n",
         "V\t512\r\nlake.txt\r\n\r\r\r\nData Point\r\n",
-        "V 512 2" + newerFile.mid(7),
-        "V\t512 two" + newerFile.mid(7),
-        "V\t512 2.5" + newerFile.mid(7),
-        "V\t512 -1" + newerFile.mid(7),
-        "V\t512 -32768" + newerFile.mid(7),
-        "V\t512 2 2" + newerFile.mid(7),
-        "V\t512 99999999999999999999" + newerFile.mid(7),
     };
     for (const QByteArray& file : files) {
         expectRefused(file, "It is not a sheet: ");
+    }
+    for (const char* beginning : {"V 512 2", "V\t512 two", "V\t512 2.5", "V\t512 -1", "V\t512 -32768", "V\t512 2 2",
+                                  "V\t512 99999999999999999999"}) {
+        expectRefused(beginning + newerFile.mid(7), "It is not a sheet: ");
     }
 }
 
@@ -228,5 +224,4 @@ TEST_F(RoundTripTest, NameWithAnyLettersOnTheSecondLineDoesNotMatter) {
 }
 
 } // namespace
-
 } // namespace orv

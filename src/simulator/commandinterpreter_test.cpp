@@ -4,7 +4,6 @@
 #include "testing/expected.h"
 
 namespace orv {
-
 namespace {
 
 qint64 samplingTime(InstrumentKind kind, int samples) {
@@ -140,5 +139,4 @@ TEST_F(CommandInterpreterTest, ResetForgetsAValueThatIsBeingEntered) {
 }
 
 } // namespace
-
 } // namespace orv

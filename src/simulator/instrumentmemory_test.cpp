@@ -8,7 +8,6 @@
 #include <cstdlib>
 
 namespace orv {
-
 namespace {
 
 constexpr qint64 second = 1000;
@@ -133,5 +132,4 @@ TEST(InstrumentMemory, DropsPointsWhenFull) {
 }
 
 } // namespace
-
 } // namespace orv

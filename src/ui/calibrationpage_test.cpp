@@ -9,7 +9,6 @@
 #include <QRadioButton>
 
 namespace orv {
-
 namespace {
 
 class CalibrationPageTest : public WindowTest {
@@ -242,5 +241,4 @@ TEST_F(TestingPageTest, ShowsStatusStepAndCountdown) {
 }
 
 } // namespace
-
 } // namespace orv

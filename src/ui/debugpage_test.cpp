@@ -8,7 +8,6 @@
 #include <QRadioButton>
 
 namespace orv {
-
 namespace {
 
 TEST(VisibleText, ControlCharactersBecomePictures) {
@@ -280,5 +279,4 @@ TEST_F(DebugScreenTest, FramesAndTheirValuesFollow) {
 }
 
 } // namespace
-
 } // namespace orv

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 namespace orv {
-
 namespace {
 
 std::string typedInto(NumberBox* made, const char* characters) {
@@ -98,5 +97,4 @@ TEST_F(MarkedBoxTest, WaitsUntilTheBoxIsLeft) {
 }
 
 } // namespace
-
 } // namespace orv

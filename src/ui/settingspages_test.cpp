@@ -7,7 +7,6 @@
 #include <QRadioButton>
 
 namespace orv {
-
 namespace {
 
 class SettingsPagesTest : public SettingsWindowTest {
@@ -288,5 +287,4 @@ TEST_F(SettingsPagesTest, TheLampTellsWhatGoesOn) {
 }
 
 } // namespace
-
 } // namespace orv

@@ -9,7 +9,6 @@
 #include <QToolButton>
 
 namespace orv {
-
 namespace {
 
 constexpr const char* tabNames[] = {"Modes", "Time and Date", "Control Bits", "Sampling", "Calibration"};
@@ -331,5 +330,4 @@ TEST_F(SettingsWindowTest, PlainEnglishShowsTheSettingsAsTheyAreNow) {
 }
 
 } // namespace
-
 } // namespace orv

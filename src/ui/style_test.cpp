@@ -11,7 +11,6 @@
 #include <cmath>
 
 namespace orv {
-
 namespace {
 
 int lightnessOfDisabledText(QPalette palette) {
@@ -162,5 +161,4 @@ TEST(PlotTheme, FollowsThePaletteAndPaperDoesNot) {
 }
 
 } // namespace
-
 } // namespace orv
