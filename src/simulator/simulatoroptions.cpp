@@ -1,33 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/simulatoroptions.h"
 
-#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <utility>
 
 namespace orv {
 
 namespace {
 
-constexpr QLatin1String prefix("sim:");
-
-struct NamedFault {
-    QLatin1String name;
-    SimulatedFault fault;
-};
-
-constexpr std::array namedFaults{
-    NamedFault{QLatin1String("none"), SimulatedFault::None},
-    NamedFault{QLatin1String("silent"), SimulatedFault::Silent},
-    NamedFault{QLatin1String("late"), SimulatedFault::Late},
-    NamedFault{QLatin1String("garbage"), SimulatedFault::Garbage},
-    NamedFault{QLatin1String("cut"), SimulatedFault::Cut},
-    NamedFault{QLatin1String("unplug"), SimulatedFault::Unplug},
-    NamedFault{QLatin1String("nocr"), SimulatedFault::NoCr},
-};
+constexpr std::pair<const char*, SimulatedFault> faults[] = {
+    {"none", SimulatedFault::None},       {"silent", SimulatedFault::Silent}, {"late", SimulatedFault::Late},
+    {"garbage", SimulatedFault::Garbage}, {"cut", SimulatedFault::Cut},       {"unplug", SimulatedFault::Unplug},
+    {"nocr", SimulatedFault::NoCr}};
 
 bool isDigits(QStringView text) {
     return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
@@ -59,154 +46,104 @@ std::optional<qint64> thousandths(QStringView text, qint64 least, qint64 most) {
     return wholeNumber(digits, least, most);
 }
 
-std::optional<FaultPoint> faultPoint(QStringView text) {
-    constexpr qint64 most = 1'000'000'000;
-    FaultPoint point;
-    std::optional<qint64> amount;
-    if (text.endsWith(u'%')) {
-        point.unit = FaultPoint::Unit::Percent;
-        amount = wholeNumber(text.chopped(1), 0, 100);
-    } else if (text.endsWith(u"ms")) {
-        point.unit = FaultPoint::Unit::Milliseconds;
-        amount = wholeNumber(text.chopped(2), 0, most);
-    } else {
-        point.unit = FaultPoint::Unit::Bytes;
-        amount = wholeNumber(text, 0, most);
-    }
-    if (!amount) {
-        return std::nullopt;
-    }
-    point.amount = *amount;
-    return point;
+// Each of these stores an option's value and returns the empty text, or returns what the value may be.
+
+template <typename Integer>
+QString storeWhole(Integer& field, const QString& value, qint64 least, qint64 most) {
+    const std::optional<qint64> number = wholeNumber(value, least, most);
+    field = static_cast<Integer>(number.value_or(0));
+    return number ? QString() : QStringLiteral("a whole number from %1 to %2").arg(least).arg(most);
 }
 
-/// Takes one option after the other; each member returns what is allowed when the value is not.
-class OptionReader {
-public:
-    explicit OptionReader(SimulatorOptions& options)
-        : options_(options) {}
+QString storeSeconds(qint64& milliseconds, const QString& value) {
+    const std::optional<qint64> number = thousandths(value, 0, 3'600'000);
+    milliseconds = number.value_or(0);
+    return number ? QString() : QStringLiteral("a number of seconds from 0 to 3600");
+}
 
-    /// Empty, or what is wrong.
-    QString take(const QString& option) {
-        const qsizetype equals = option.indexOf(u'=');
-        const QString name = option.left(equals);
-        const QString value = equals < 0 ? QString() : option.mid(equals + 1);
-        const std::optional<QString> allowed = store(name, value);
-        if (!allowed) {
-            return QStringLiteral("There is no option \"%1\"; the options are firmware, baud, rate, records, points, "
-                                  "erased, end, shutter, seed, fault, delay and after.")
-                .arg(name);
+QString storeRate(SimulatorOptions& options, const QString& value) {
+    options.linesPerThousandSeconds = thousandths(value, 1, 1'000'000);
+    return options.linesPerThousandSeconds ? QString() : QStringLiteral("a number from 0.001 to 1000");
+}
+
+QString storeEnd(SimulatorOptions& options, const QString& value) {
+    options.dumpEndsWithZero = value == u"0";
+    return value == u"0" || value == u"eof" ? QString() : QStringLiteral("eof or 0");
+}
+
+QString storeFault(SimulatorOptions& options, const QString& value) {
+    QStringList names;
+    for (const auto& [name, fault] : faults) {
+        if (value == QLatin1String(name)) {
+            options.fault = fault;
+            return {};
         }
-        if (!allowed->isEmpty()) {
-            return QStringLiteral("The option %1 must be %2, not \"%3\".").arg(name, *allowed, value);
-        }
-        if (seen_.contains(name)) {
-            return QStringLiteral("The option %1 is given twice.").arg(name);
-        }
-        seen_.insert(name);
-        return {};
+        names.append(QLatin1String(name));
     }
+    return QStringLiteral("one of ") + names.join(QStringLiteral(", "));
+}
 
-    /// Empty, or which options do not fit each other.
-    QString finish() const {
-        if (seen_.contains(QStringLiteral("delay")) && options_.fault != SimulatedFault::Late) {
-            return QStringLiteral("The option delay needs fault=late.");
-        }
-        if (seen_.contains(QStringLiteral("after")) && options_.fault != SimulatedFault::Cut &&
-            options_.fault != SimulatedFault::Unplug) {
-            return QStringLiteral("The option after needs fault=cut or fault=unplug.");
-        }
-        return {};
+QString storeFaultPoint(SimulatorOptions& options, const QString& value) {
+    constexpr qint64 most = 1'000'000'000;
+    std::optional<qint64> amount;
+    FaultPoint& point = options.faultPoint;
+    if (value.endsWith(u'%')) {
+        point.unit = FaultPoint::Unit::Percent;
+        amount = wholeNumber(value.chopped(1), 0, 100);
+    } else if (value.endsWith(u"ms")) {
+        point.unit = FaultPoint::Unit::Milliseconds;
+        amount = wholeNumber(value.chopped(2), 0, most);
+    } else {
+        point.unit = FaultPoint::Unit::Bytes;
+        amount = wholeNumber(value, 0, most);
     }
+    point.amount = amount.value_or(0);
+    return amount ? QString()
+                  : QStringLiteral("a number of bytes, 0% to 100% or a number of milliseconds (\"1500ms\")");
+}
 
-private:
-    /// Nothing if there is no such option; the empty text if it is stored; otherwise what it may be.
-    std::optional<QString> store(const QString& name, const QString& value) {
-        if (name == u"firmware") {
-            return storeWhole(options_.firmware, value, 0, 99999);
-        }
-        if (name == u"baud") {
-            return storeWhole(options_.baud, value, 0, 1'000'000);
-        }
-        if (name == u"rate") {
-            options_.linesPerThousandSeconds = thousandths(value, 1, 1'000'000);
-            return options_.linesPerThousandSeconds ? QString() : QStringLiteral("a number from 0.001 to 1000");
-        }
-        if (name == u"records") {
-            return storeWhole(options_.records, value, 0, 65525);
-        }
-        if (name == u"points") {
-            return storeWhole(options_.pointsPerBlock, value, 0, 65535);
-        }
-        if (name == u"erased") {
-            return storeWhole(options_.erasedRecords, value, 0, 1'000'000);
-        }
-        if (name == u"end") {
-            options_.dumpEndsWithZero = value == u"0";
-            return value == u"0" || value == u"eof" ? QString() : QStringLiteral("eof or 0");
-        }
-        if (name == u"shutter") {
-            return storeSeconds(options_.shutterMilliseconds, value);
-        }
-        if (name == u"seed") {
-            return storeWhole(options_.seed, value, 0, 4'294'967'295);
-        }
-        if (name == u"fault") {
-            return storeFault(value);
-        }
-        if (name == u"delay") {
-            return storeSeconds(options_.delayMilliseconds, value);
-        }
-        if (name == u"after") {
-            const std::optional<FaultPoint> point = faultPoint(value);
-            options_.faultPoint = point.value_or(FaultPoint());
-            return point ? QString()
-                         : QStringLiteral("a number of bytes, 0% to 100% or a number of milliseconds (\"1500ms\")");
-        }
-        return std::nullopt;
+using Store = QString (*)(SimulatorOptions& options, const QString& value);
+
+constexpr std::pair<const char*, Store> optionTable[] = {
+    {"firmware", [](auto& to, auto& value) { return storeWhole(to.firmware, value, 0, 99999); }},
+    {"baud", [](auto& to, auto& value) { return storeWhole(to.baud, value, 0, 1'000'000); }},
+    {"rate", storeRate},
+    {"records", [](auto& to, auto& value) { return storeWhole(to.records, value, 0, 65525); }},
+    {"points", [](auto& to, auto& value) { return storeWhole(to.pointsPerBlock, value, 0, 65535); }},
+    {"erased", [](auto& to, auto& value) { return storeWhole(to.erasedRecords, value, 0, 1'000'000); }},
+    {"end", storeEnd},
+    {"shutter", [](auto& to, auto& value) { return storeSeconds(to.shutterMilliseconds, value); }},
+    {"seed", [](auto& to, auto& value) { return storeWhole(to.seed, value, 0, 4'294'967'295); }},
+    {"fault", storeFault},
+    {"delay", [](auto& to, auto& value) { return storeSeconds(to.delayMilliseconds, value); }},
+    {"after", storeFaultPoint}};
+
+/// Takes one option, "name=value", and adds its name to `seen`. Returns the empty text, or what is wrong.
+QString takeOption(SimulatorOptions& options, const QString& option, QStringList& seen) {
+    const QString name = option.section(u'=', 0, 0);
+    const QString value = option.section(u'=', 1);
+    const auto* const found = std::find_if(std::begin(optionTable), std::end(optionTable),
+                                           [&name](const auto& entry) { return name == QLatin1String(entry.first); });
+    if (found == std::end(optionTable)) {
+        return QStringLiteral("There is no option \"%1\"; the options are firmware, baud, rate, records, points, "
+                              "erased, end, shutter, seed, fault, delay and after.")
+            .arg(name);
     }
-
-    template <typename Integer>
-    static QString storeWhole(Integer& field, const QString& value, qint64 least, qint64 most) {
-        const std::optional<qint64> number = wholeNumber(value, least, most);
-        if (!number) {
-            return QStringLiteral("a whole number from %1 to %2").arg(least).arg(most);
-        }
-        field = static_cast<Integer>(*number);
-        return {};
+    const QString allowed = found->second(options, value);
+    if (!allowed.isEmpty()) {
+        return QStringLiteral("The option %1 must be %2, not \"%3\".").arg(name, allowed, value);
     }
-
-    static QString storeSeconds(qint64& milliseconds, const QString& value) {
-        const std::optional<qint64> number = thousandths(value, 0, 3'600'000);
-        if (!number) {
-            return QStringLiteral("a number of seconds from 0 to 3600");
-        }
-        milliseconds = *number;
-        return {};
+    if (seen.contains(name)) {
+        return QStringLiteral("The option %1 is given twice.").arg(name);
     }
-
-    QString storeFault(const QString& value) {
-        for (const NamedFault& named : namedFaults) {
-            if (value == named.name) {
-                options_.fault = named.fault;
-                return {};
-            }
-        }
-        QStringList names;
-        for (const NamedFault& named : namedFaults) {
-            names.append(named.name);
-        }
-        return QStringLiteral("one of ") + names.join(QStringLiteral(", "));
-    }
-
-    SimulatorOptions& options_;
-    QSet<QString> seen_;
-};
+    seen.append(name);
+    return {};
+}
 
 } // namespace
 
 bool namesSimulator(const QString& device) {
-    return device.startsWith(prefix);
+    return device.startsWith(QLatin1String("sim:"));
 }
 
 ParsedSimulatorOptions parseSimulatorOptions(const QString& device) {
@@ -227,16 +164,21 @@ ParsedSimulatorOptions parseSimulatorOptions(const QString& device) {
     if (question < 0) {
         return {options, {}};
     }
-    OptionReader reader(options);
-    const QStringList given = device.mid(question + 1).split(u'&');
-    for (const QString& option : given) {
-        const QString error = reader.take(option);
+    QStringList seen;
+    for (const QString& option : device.mid(question + 1).split(u'&')) {
+        const QString error = takeOption(options, option, seen);
         if (!error.isEmpty()) {
             return failed(error);
         }
     }
-    const QString error = reader.finish();
-    return error.isEmpty() ? ParsedSimulatorOptions{options, {}} : failed(error);
+    if (seen.contains(QStringLiteral("delay")) && options.fault != SimulatedFault::Late) {
+        return failed(QStringLiteral("The option delay needs fault=late."));
+    }
+    if (seen.contains(QStringLiteral("after")) && options.fault != SimulatedFault::Cut &&
+        options.fault != SimulatedFault::Unplug) {
+        return failed(QStringLiteral("The option after needs fault=cut or fault=unplug."));
+    }
+    return {options, {}};
 }
 
 FaultStrike::FaultStrike(const SimulatorOptions& options)
