@@ -158,22 +158,15 @@ int digitsValue(QStringView text) {
 } // namespace
 
 QString shortDate(QDate date) {
-    return QStringLiteral("%1/%2/%3").arg(date.month()).arg(date.day()).arg(twoDigits(date.year() % 100));
+    return date.toString(QStringLiteral("M/d/yy"));
 }
 
 QString clockText(QTime time) {
-    const int hour = time.hour() % 12 == 0 ? 12 : time.hour() % 12;
-    return QStringLiteral("%1:%2:%3 %4")
-        .arg(QString::number(hour), twoDigits(time.minute()), twoDigits(time.second()),
-             time.hour() < 12 ? QStringLiteral("AM") : QStringLiteral("PM"));
+    return time.toString(QStringLiteral("h:mm:ss AP"));
 }
 
 QString fileNameStamp(const QDateTime& moment) {
-    const QDate date = moment.date();
-    const QTime time = moment.time();
-    return QStringLiteral("%1%2%3-%4%5%6")
-        .arg(QString::number(date.year()), twoDigits(date.month()), twoDigits(date.day()), twoDigits(time.hour()),
-             twoDigits(time.minute()), twoDigits(time.second()));
+    return moment.toString(QStringLiteral("yyyyMMdd-HHmmss"));
 }
 
 std::optional<QDate> instrumentDate(QStringView text) {
