@@ -10,10 +10,10 @@ namespace orv {
 
 namespace {
 
-constexpr qint64 bitsPerCharacter = 10;
-constexpr qint64 millisecondsOfASecond = 1000;
-
 constexpr qsizetype arrivedLimit = 65536;
+
+/// Ten bits; a second has a thousand times as many ticks as the line has bits.
+constexpr qint64 ticksOfACharacter = 10'000;
 
 /// Some garbage stands before one in so many bytes.
 constexpr quint64 garbageInterval = 24;
@@ -26,7 +26,7 @@ qint64 delayOf(const SimulatorOptions& options) {
 
 TransmitLine::TransmitLine(int baud)
     : ticksPerMillisecond_(baud == 0 ? 1 : baud)
-    , ticksPerCharacter_(baud == 0 ? 0 : bitsPerCharacter * millisecondsOfASecond) {}
+    , ticksPerCharacter_(baud == 0 ? 0 : ticksOfACharacter) {}
 
 void TransmitLine::send(const QByteArray& bytes, qint64 now) {
     advance(now);
@@ -305,6 +305,7 @@ void SimulatedInstrument::perform(const CommandReply& reply) {
 
 void SimulatedInstrument::startRun() {
     constexpr qint64 millisecondsPerHour = 3'600'000;
+    constexpr qint64 millisecondsPerSecond = 1000;
     constexpr qsizetype linesOfEndlessRun = 100;
     if (settings_.logEnabled && !settings_.append) {
         memory_.erase();
@@ -322,7 +323,7 @@ void SimulatedInstrument::startRun() {
     pointRemainder_ = 0;
     activity_ = Activity::Running;
     activityDue_ = time_ + ticks(settings_.hoursBeforeBlock * millisecondsPerHour) + pointPeriod_;
-    pointPeriod_ += ticks(settings_.secondsBetweenPoints * millisecondsOfASecond);
+    pointPeriod_ += ticks(settings_.secondsBetweenPoints * millisecondsPerSecond);
     fault_.beginCollection(settings_.pointsPerBlock > 0 ? settings_.pointsPerBlock : linesOfEndlessRun);
 }
 
