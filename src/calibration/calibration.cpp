@@ -14,8 +14,43 @@ Calibration::Calibration(Session& session, const DataSheet& sheet, SheetState& s
     , sheet_(sheet)
     , sheetState_(sheetState)
     , questions_(questions)
-    , store_(table, shown)
-    , list_(shown, store_) {}
+    , store_(table, shown) {}
+
+void Calibration::addInstrument() {
+    const LightColour colour = shown.colour;
+    if (colour == LightColour::None) {
+        shown.message = QStringLiteral("SELECT A COLOR");
+        return;
+    }
+    shown.message = QString();
+    shown.instruments = shown.instruments.value() + QStringList{shown.instrumentName.value()};
+    shown.totalEntered = QString::number(count());
+    runOperation(session_.messages, QStringLiteral("Add Instrument"), [this, colour] { store_.setcalcolour(colour); });
+}
+
+void Calibration::next() {
+    const int following = shown.current + 1;
+    show(QStringLiteral("Next"), following == count() ? 0 : following);
+}
+
+void Calibration::previous() {
+    const int preceding = shown.current - 1;
+    show(QStringLiteral("Previous"), preceding < 0 ? count() - 1 : preceding);
+}
+
+void Calibration::select(int position) {
+    if (position >= 0 && position < count()) {
+        show(QStringLiteral("Show Instrument"), position);
+    }
+}
+
+void Calibration::show(const QString& operation, int position) {
+    if (count() > 0) {
+        shown.current = static_cast<qint16>(position);
+        shown.worksheetCaption = shown.currentEntry();
+        runOperation(session_.messages, operation, [this] { store_.showcal(); });
+    }
+}
 
 void Calibration::compute() {
     const int row = shown.selectedRow;
@@ -98,22 +133,6 @@ QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment) {
         text += tableLine(worksheetRows.at(static_cast<std::size_t>(row)).caption, shown, row);
     }
     return text.toUtf8();
-}
-
-void Calibration::addInstrument() {
-    runOperation(session_.messages, QStringLiteral("Add Instrument"), [this] { list_.addInstrument(); });
-}
-
-void Calibration::next() {
-    runOperation(session_.messages, QStringLiteral("Next"), [this] { list_.next(); });
-}
-
-void Calibration::previous() {
-    runOperation(session_.messages, QStringLiteral("Previous"), [this] { list_.previous(); });
-}
-
-void Calibration::select(int position) {
-    runOperation(session_.messages, QStringLiteral("Show Instrument"), [this, position] { list_.select(position); });
 }
 
 void Calibration::calcdp() {

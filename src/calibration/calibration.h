@@ -21,10 +21,18 @@ class Calibration {
 public:
     Calibration(Session& session, const DataSheet& sheet, SheetState& sheetState, OperatorQuestions& questions);
 
-    void addInstrument();      ///< `Command4`.
-    void next();               ///< `Command5`.
-    void previous();           ///< `Command8`.
-    void select(int position); ///< A click on an entry of `List2`.
+    /// `Command4`. Adds the named instrument at the end and keeps its colour; the instrument shown stays. Without a
+    /// colour it only says so. Ends with SubscriptOutOfRange for an eighth instrument, which stays in the list without
+    /// a colour.
+    void addInstrument();
+
+    /// `Command5`, `Command8`, a click on an entry of `List2`. Show the next or the previous instrument, round at the
+    /// ends, or the one at a position of the list. Nothing happens while the list is empty. End with
+    /// SubscriptOutOfRange for an eighth instrument: it is then the current one, by caption and index, but the boxes
+    /// still show the instrument before.
+    void next();
+    void previous();
+    void select(int position);
 
     /// `Command12`, "Calc DP". Writes the mean of the sheet's columns 3, 4 and 5 over its rows into the selected
     /// row of the worksheet; for Point k also the derived point Int(Rk * (P \ Rk-1)), P being the box above and R the
@@ -43,6 +51,8 @@ public:
     CalibrationTable table;
 
 private:
+    int count() const { return static_cast<int>(shown.instruments.value().size()); }
+    void show(const QString& operation, int position);
     void compute();
     double mean(int sheetColumn);
     double derivedPoint(int row, int channel) const;
@@ -52,7 +62,6 @@ private:
     SheetState& sheetState_;
     OperatorQuestions& questions_;
     WorksheetStore store_;
-    InstrumentList list_;
 };
 
 } // namespace orv

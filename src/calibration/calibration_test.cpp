@@ -16,6 +16,103 @@ namespace {
 
 enum Row { Air, Clean, Point1, Point2, Point3, Point4 };
 
+class InstrumentListTest : public testing::Test, protected CalibrationBench {
+protected:
+    void addThree() {
+        add("one", LightColour::Red);
+        add("two", LightColour::Blue);
+        add("three", LightColour::Green);
+    }
+
+    void addEight() {
+        for (const char* name : {"1", "2", "3", "4", "5", "6", "7", "8"}) {
+            add(name, LightColour::Red);
+        }
+    }
+
+    std::string listed() const {
+        return QStringLiteral("%1 %2 %3")
+            .arg(shown.current.value())
+            .arg(shown.worksheetCaption.value())
+            .arg(static_cast<int>(shown.colour.value()))
+            .toStdString();
+    }
+};
+
+TEST_F(InstrumentListTest, WithoutAColourNothingIsAddedAndTheNextClearsTheMessage) {
+    add("one", LightColour::None);
+    EXPECT_EQ(shown.message.value().toStdString(), "SELECT A COLOR");
+    EXPECT_TRUE(shown.instruments.value().isEmpty());
+    EXPECT_EQ(shown.totalEntered.value().toStdString(), "0");
+    add("two", LightColour::Blue);
+    EXPECT_EQ(shown.message.value().toStdString(), "");
+    EXPECT_EQ(shown.instruments.value(), QStringList{QStringLiteral("two")});
+    EXPECT_EQ(shown.totalEntered.value().toStdString(), "1");
+    EXPECT_EQ(actions.table.colour(0), LightColour::Blue);
+}
+
+TEST_F(InstrumentListTest, AddingKeepsTheInstrumentShownAndTheWorksheet) {
+    shown.worksheet.at(0, 0) = QStringLiteral("77");
+    addThree();
+    EXPECT_EQ(listed(), "0  11");
+    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77");
+}
+
+TEST_F(InstrumentListTest, NextAndPreviousGoRound) {
+    addThree();
+    for (const char* expected : {"1 two 10", "2 three 11", "0 one 9"}) {
+        actions.next();
+        EXPECT_EQ(listed(), expected);
+    }
+    for (const char* expected : {"2 three 11", "1 two 10"}) {
+        actions.previous();
+        EXPECT_EQ(listed(), expected);
+    }
+}
+
+TEST_F(InstrumentListTest, AChosenEntryIsShownWithItsValues) {
+    addThree();
+    actions.select(1);
+    shown.worksheet.at(3, 2) = QStringLiteral("-5");
+    actions.calcdp(); // no rows: the worksheet is not kept
+    actions.select(1);
+    EXPECT_EQ(shown.worksheet.at(3, 2).value().toStdString(), "0");
+    EXPECT_EQ(listed(), "1 two 10");
+}
+
+TEST_F(InstrumentListTest, AnEmptyListDoesNothing) {
+    shown.worksheet.at(0, 0) = QStringLiteral("77");
+    actions.next();
+    actions.previous();
+    actions.select(0);
+    EXPECT_EQ(listed(), "0  0");
+    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(InstrumentListTest, AnEighthStaysInTheListWithoutAColour) {
+    addEight();
+    EXPECT_EQ(shown.instruments.value().size(), 8);
+    EXPECT_EQ(shown.totalEntered.value().toStdString(), "8");
+    EXPECT_EQ(theMessage().title.toStdString(), "ORV Host Program");
+    EXPECT_TRUE(theMessage().text.startsWith(
+        QStringLiteral("Add Instrument: the operation ended with the error \"Subscript out of range\".")));
+}
+
+TEST_F(InstrumentListTest, AnEighthCanBeChosenButHasNoWorksheet) {
+    addEight();
+    messages.shown.clear();
+    shown.worksheet.at(0, 0) = QStringLiteral("77");
+    actions.select(7);
+    EXPECT_EQ(listed(), "7 8 9");
+    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77");
+    EXPECT_EQ(messages.shown.size(), 1U);
+    actions.next();
+    EXPECT_EQ(listed(), "0 1 9");
+    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "0");
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
 class ComputationTest : public testing::Test, protected CalibrationBench {
 protected:
     void compute(int selected, std::initializer_list<const char*> sheetRows) {

@@ -62,48 +62,4 @@ void WorksheetStore::setcalcolour(LightColour colour) {
     table_.colour(static_cast<int>(shown_.instruments.value().size()) - 1) = colour;
 }
 
-InstrumentList::InstrumentList(CalibrationState& shown, WorksheetStore& store)
-    : shown_(shown)
-    , store_(store) {}
-
-void InstrumentList::addInstrument() {
-    const LightColour colour = shown_.colour;
-    if (colour == LightColour::None) {
-        shown_.message = QStringLiteral("SELECT A COLOR");
-        return;
-    }
-    shown_.message = QString();
-    shown_.instruments = shown_.instruments.value() + QStringList{shown_.instrumentName.value()};
-    shown_.totalEntered = QString::number(count());
-    store_.setcalcolour(colour);
-}
-
-void InstrumentList::next() {
-    if (count() == 0) {
-        return;
-    }
-    const int following = shown_.current + 1;
-    show(following == count() ? 0 : following);
-}
-
-void InstrumentList::previous() {
-    if (count() == 0) {
-        return;
-    }
-    const int preceding = shown_.current - 1;
-    show(preceding < 0 ? count() - 1 : preceding);
-}
-
-void InstrumentList::select(int position) {
-    if (position >= 0 && position < count()) {
-        show(position);
-    }
-}
-
-void InstrumentList::show(int position) {
-    shown_.current = static_cast<qint16>(position);
-    shown_.worksheetCaption = shown_.currentEntry();
-    store_.showcal();
-}
-
 } // namespace orv
