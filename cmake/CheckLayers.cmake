@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 cmake_minimum_required(VERSION 3.25)
 # cmake -DSOURCE=<src> -DQT=<folder of Qt's headers> -P CheckLayers.cmake
-# Fails if a file includes a header of a folder above its own, or one that knows windows outside ui and app.
+# Fails if a file includes a header of a folder above its own, or one that knows windows outside ui and app; and if
+# anything of the program waits otherwise than as a coroutine: one event loop runs, the application's own.
 set(layers base link settings sheet calibration program ui app)
 set(problems "")
 
@@ -29,6 +30,13 @@ foreach(layer IN LISTS layers ITEMS simulator)
         if(name MATCHES "_test\\.cpp$")
             continue()
         endif()
+        file(STRINGS ${file} waits REGEX
+             "[.:>]exec\\(|processEvents|QEventLoop|waitFor(ReadyRead|BytesWritten|Finished|Started|Input)|sleep_for|QThread::[a-z]*sleep")
+        foreach(line IN LISTS waits)
+            if(NOT (layer STREQUAL app AND line MATCHES "Application::exec\\(\\)"))
+                list(APPEND problems "${layer}/${name} holds the event loop: ${line}")
+            endif()
+        endforeach()
         file(STRINGS ${file} includes REGEX "^#include ")
         foreach(line IN LISTS includes)
             if(line MATCHES "^#include \"([a-z]+)/")
@@ -38,6 +46,9 @@ foreach(layer IN LISTS layers ITEMS simulator)
                 endif()
             elseif(line MATCHES "^#include <(Q[A-Za-z]+)>" AND NOT layer MATCHES "^(ui|app)$")
                 set(known FALSE)
+                if(CMAKE_MATCH_1 STREQUAL QCoroTask)
+                    set(known TRUE)
+                endif()
                 foreach(module IN LISTS modules)
                     if(EXISTS ${QT}/${module}/${CMAKE_MATCH_1})
                         set(known TRUE)

@@ -4,7 +4,7 @@
 # Each kind includes the ones before it. Works as root and with sudo.
 set -euo pipefail
 
-run_packages=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libqcustomplot-dev fonts-dejavu-core)
+run_packages=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libqcustomplot-dev qcoro-qt6-dev fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev dbus-daemon)
 ci_packages=(clang-format-14 clang-tidy-14 appstream desktop-file-utils dpkg-dev lintian man-db)
 

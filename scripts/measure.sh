@@ -89,11 +89,17 @@ retire() {
     rm -f "$line"
 }
 
-# measured STATE NAME DEVICE: the median of some runs
-measured() {
+# load STATE DEVICE: some runs; of NAME: the median of a figure of theirs; measured STATE NAME DEVICE: both
+load() {
+    : >loaded
     for ((run = 0; run < runs; ++run)); do
-        "$bin/programload" "$1" "$3" "$seconds" | field "$2"
-    done | median
+        "$bin/programload" "$1" "$2" "$seconds" >>loaded || true
+    done
+}
+of() { field "$1" <loaded | median; }
+measured() {
+    load "$1" "$3"
+    of "$2"
 }
 
 echo
@@ -117,12 +123,19 @@ report "orvhost: in memory" "$(awk '{ print $2 }' host | median)" MB
 echo
 echo "Share of a core (medians of $runs runs of $seconds s)"
 serve sim:trx
-report "connected, idle at the 5 ms tick" "$(measured idle share_percent "$line")" % 2.5
-report "connected, inside waits of 1 s" "$(measured wait share_percent "$line")" % 2.5
+load idle "$line"
+report "connected, idle" "$(of share_percent)" % 0.1
+report "the same, wake-ups" "$(of wakeups_per_second)" /s 2
+load wait-prompt "$line"
+report "settings sent to a silent instrument" "$(of share_percent)" % 0.1
+report "the same, wake-ups" "$(of wakeups_per_second)" /s
+load wait-shutter "$line"
+report "while the shutter moves" "$(of share_percent)" % 0.1
+report "the same, wake-ups" "$(of wakeups_per_second)" /s
 retire
 serve "sim:trx?rate=27&baud=0"
-report "run, 27 rows/s, 19000 rows, sheet shown" "$(measured run-sheet share_percent "$line")" % 5
-report "run, 27 rows/s, 19000 rows, status shown" "$(measured run-status share_percent "$line")" % 1.5
+report "run, 27 rows/s, 19000 rows, sheet shown" "$(measured run-sheet share_percent "$line")" % 2.3
+report "run, 27 rows/s, 19000 rows, status shown" "$(measured run-status share_percent "$line")" % 0.6
 report "the same, graphical page shown, followed" "$(measured run-graph share_percent "$line")" % 8
 report "the same, graphical page shown, all rows" "$(measured run-graph-all share_percent "$line")" % 8
 retire
@@ -134,13 +147,19 @@ for kind in "sim:glow?" "sim:trx?firmware=412&"; do
 done
 # The same with the characters one by one, as no port delivers them: each wakes the program.
 serve "sim:trx?rate=27&baud=10800"
-report "the same, sheet shown, characters one by one" "$(measured run-sheet share_percent "$line")" % 5
+report "the same, sheet shown, characters one by one" "$(measured run-sheet share_percent "$line")" % 3
 report "the same, status shown, characters one by one" "$(measured run-status share_percent "$line")" %
 retire
 report "the same, sheet shown, simulated instrument inside the program" \
     "$(measured run-sheet share_percent "sim:trx?rate=27&baud=0")" % 5
 report "the same, status shown, simulated instrument inside the program" \
     "$(measured run-status share_percent "sim:trx?rate=27&baud=0")" % 1.5
+
+echo
+echo "From a line's LF to its row (medians of $runs runs of $seconds s; 27 rows/s, 19000 rows, sheet shown)"
+load delay "sim:trx?rate=27&baud=0"
+report "half of the lines within" "$(of delay_p50_ms)" ms
+report "99 of 100 lines within" "$(of delay_p99_ms)" ms 10
 
 echo
 echo "Download of $records records at 9600 baud, time over bytes / 960 s"

@@ -129,7 +129,7 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     return line;
 }
 
-std::unique_ptr<Port> makePort(const QString& device, const Clock& clock) {
+std::unique_ptr<Port> makePort(const QString& device, Clock& clock) {
     if (namesSimulator(device)) {
         return std::make_unique<SimulatedPort>(parseSimulatorOptions(device).options, clock);
     }

@@ -41,6 +41,6 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
 QString deviceProblem(const QString& device);
 
 /// The port of a device: a simulated instrument for "sim:...", else a serial port of this computer.
-std::unique_ptr<Port> makePort(const QString& device, const Clock& clock);
+std::unique_ptr<Port> makePort(const QString& device, Clock& clock);
 
 } // namespace orv

@@ -152,7 +152,7 @@ TEST(CommandLine, DevicesAreNamesPathsAndSimulatedInstruments) {
 }
 
 TEST(CommandLine, ADevicesPortIsOfItsKind) {
-    const TestClock clock;
+    TestClock clock;
     const auto simulated = makePort(QStringLiteral("sim:glow?baud=0"), clock);
     EXPECT_NE(dynamic_cast<SimulatedPort*>(simulated.get()), nullptr);
     EXPECT_EQ(simulated->open().toStdString(), "");

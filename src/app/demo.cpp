@@ -1,104 +1,49 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/demo.h"
 
+#include "app/driver.h"
 #include "ui/settingswindow.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTabBar>
 #include <QTextStream>
-#include <QTimer>
-
-#include <stdexcept>
 
 namespace orv {
 
 namespace {
 
 constexpr int rowsToCollect = 25;
-constexpr int connectLimit = 20000; ///< Milliseconds.
-constexpr int rowLimit = 60000;     ///< Milliseconds without a new row.
-
-class Failure final : public std::runtime_error {
-public:
-    explicit Failure(const QString& text)
-        : std::runtime_error(text.toStdString()) {}
-};
+constexpr int rowLimit = 60000; ///< Milliseconds without a new row.
 
 class Demo {
 public:
-    Demo(Program& program, MainWindow& window, MessageBoxes& messages)
+    Demo(Program& program, MainWindow& window, Driver& driver)
         : program_(program)
-        , window_(window) {
-        told_ = messages.told.subscribe([this](const Message& message) { lastMessage_ = message.text; });
-    }
+        , window_(window)
+        , driver_(driver) {}
 
-    void run() {
+    Task<> perform() {
         window_.show();
         window_.prepareAllPages();
         program_.load();
-        connect();
-        collect();
-        stop();
-        save();
-        takePictures();
+        co_await connect();
+        co_await collect();
+        co_await stop();
+        co_await save();
+        co_await takePictures();
     }
 
 private:
     void say(const QString& text) { QTextStream(stdout) << text << Qt::endl; }
 
-    template <typename Condition>
-    void waitFor(const QString& what, int milliseconds, Condition reached) {
-        QElapsedTimer timer;
-        timer.start();
-        while (!reached()) {
-            if (!lastMessage_.isEmpty()) {
-                throw Failure(QStringLiteral("%1: %2").arg(what, lastMessage_.simplified()));
-            }
-            if (program_.link.manual.shown.visible) {
-                throw Failure(QStringLiteral("%1: the instrument does not answer").arg(what));
-            }
-            if (timer.elapsed() > milliseconds) {
-                throw Failure(QStringLiteral("%1: nothing for %2 s; the status is \"%3\"")
-                                  .arg(what)
-                                  .arg(milliseconds / 1000)
-                                  .arg(program_.link.session.status.status.value()));
-            }
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-        }
-    }
-
-    template <typename Widget>
-    Widget* find(const char* name) {
-        auto* widget = window_.findChild<Widget*>(QLatin1String(name));
-        if (widget == nullptr) {
-            throw Failure(QStringLiteral("the window has no %1").arg(QLatin1String(name)));
-        }
-        return widget;
-    }
-
-    void click(const char* name) {
-        auto* button = find<QPushButton>(name);
-        if (!button->isEnabled()) {
-            throw Failure(QStringLiteral("%1 is disabled").arg(QLatin1String(name)));
-        }
-        button->click();
-    }
-
-    bool settingsRead() {
-        return program_.link.session.status.status.value() == QLatin1String("Ready") &&
-               program_.link.session.state.Ctrlscrn == Operation::SettingsOpen;
-    }
-
-    void connect() {
+    Task<> connect() {
         say(QStringLiteral("Connecting on COM 1 (%1)").arg(program_.link.ports.device(1)));
-        find<QAction>("AutoConnect1")->trigger();
-        waitFor(QStringLiteral("Connecting"), connectLimit, [this] { return settingsRead(); });
+        driver_.find<QAction>("AutoConnect1").trigger();
+        const QString connecting = QStringLiteral("Connecting");
+        co_await driver_.waitUntilReady(connecting);
         const StatusState& status = program_.link.session.status;
         say(QStringLiteral("Identified: %1, firmware %2")
                 .arg(instrumentName(status.instrument), status.firmware.value()));
@@ -108,95 +53,105 @@ private:
                      status.date.value(), status.time.value()));
     }
 
-    void collect() {
-        click("Command2");
+    bool isCollecting() const { return program_.link.session.commands.activity.value() == Activity::Collecting; }
+
+    bool hasRows(int rows) const {
+        const int collected = program_.link.session.state.plc;
+        if (driver_.lastMessage().isEmpty() && !isCollecting() && collected < rows) {
+            throw Driver::Failure(
+                QStringLiteral("Collecting: the instrument ended the run after %1 rows; %2 are needed")
+                    .arg(collected)
+                    .arg(rowsToCollect));
+        }
+        return collected >= rows;
+    }
+
+    Task<> collect() {
+        const QString collecting = QStringLiteral("Collecting");
+        driver_.click("Command2");
         for (int row = program_.link.session.state.plc + 1; row <= rowsToCollect; ++row) {
-            waitFor(QStringLiteral("Collecting"), rowLimit, [this, row] {
-                if (lastMessage_.isEmpty() && program_.link.session.commands.activity.value() != Activity::Collecting &&
-                    program_.link.session.state.plc < row) {
-                    throw Failure(
-                        QStringLiteral("Collecting: the instrument ended the run after %1 rows; %2 are needed")
-                            .arg(program_.link.session.state.plc)
-                            .arg(rowsToCollect));
-                }
-                return program_.link.session.state.plc >= row;
-            });
+            const std::function<bool()> reached = [this, row] { return hasRows(row); };
+            co_await driver_.waitFor(collecting, rowLimit, reached);
         }
         say(QStringLiteral("Collected %1 rows").arg(program_.link.session.state.plc));
     }
 
-    void stop() {
-        if (program_.link.session.commands.activity.value() != Activity::Collecting) {
-            return; // the block was out
+    Task<> stop() {
+        if (!isCollecting()) {
+            co_return; // the block was out
         }
-        click("ResetButton");
-        waitFor(QStringLiteral("Stopping"), connectLimit, [this] { return settingsRead(); });
+        const QString stopping = QStringLiteral("Stopping");
+        driver_.click("ResetButton");
+        co_await driver_.waitUntilReady(stopping);
         say(QStringLiteral("Stopped and connected again"));
     }
 
-    void save() {
+    Task<> save() {
+        constexpr int limit = 20000;
+        const QString saving = QStringLiteral("Saving");
         const QString name = QDir::current().absoluteFilePath(QStringLiteral("sheet.txt"));
         QFile::remove(name);
-        QTimer::singleShot(100, &window_, [name] {
-            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            auto* edit = dialog != nullptr ? dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) : nullptr;
-            if (edit != nullptr) {
-                edit->setText(name);
-                QMetaObject::invokeMethod(dialog, "accept");
-            }
-        });
-        click("Command11");
-        if (!QFile::exists(name)) {
-            throw Failure(QStringLiteral("Saving: %1").arg(lastMessage_.simplified()));
-        }
+        driver_.click("Command11");
+        const std::function<bool()> asked = [] { return Driver::dialog<QFileDialog>() != nullptr; };
+        co_await driver_.waitFor(saving, limit, asked);
+        auto* dialog = Driver::dialog<QFileDialog>();
+        Driver::find<QLineEdit>(*dialog, QStringLiteral("fileNameEdit")).setText(name);
+        QMetaObject::invokeMethod(dialog, "accept");
+        const std::function<bool()> saved = [&name] { return QFile::exists(name); };
+        co_await driver_.waitFor(saving, limit, saved);
         say(QStringLiteral("Saved %1").arg(name));
     }
 
-    void takePictures() {
-        takePagePictures("TabStrip1", QStringLiteral("page"));
+    Task<> takePictures() {
+        co_await takePagePictures("TabStrip1", "page");
         program_.toggleServiceMode();
-        takePagePictures("TabStrip2", QStringLiteral("service"));
+        co_await takePagePictures("TabStrip2", "service");
         program_.toggleServiceMode();
-        takeSettingsPictures();
+        co_await takeSettingsPictures();
     }
 
-    void takePagePictures(const char* strip, const QString& prefix) {
-        auto* tabs = find<QTabBar>(strip);
-        for (int index = 0; index < tabs->count(); ++index) {
-            tabs->setCurrentIndex(index);
+    Task<> takePagePictures(const char* strip, const char* prefix) {
+        auto& tabs = driver_.find<QTabBar>(strip);
+        for (int index = 0; index < tabs.count(); ++index) {
+            tabs.setCurrentIndex(index);
             // The tab that is current already is chosen by a click.
-            Q_EMIT tabs->tabBarClicked(index);
-            QCoreApplication::processEvents();
+            Q_EMIT tabs.tabBarClicked(index);
+            co_await letDraw();
             window_.refreshNow();
-            takePicture(&window_, QStringLiteral("%1-%2.png").arg(prefix).arg(index + 1), tabs->tabText(index));
+            takePicture(window_, QStringLiteral("%1-%2.png").arg(QLatin1String(prefix)).arg(index + 1),
+                        tabs.tabText(index));
         }
     }
 
-    void takeSettingsPictures() {
+    Task<> takeSettingsPictures() {
         SettingsWindow* settings = window_.settingsWindow();
         if (settings == nullptr) {
-            throw Failure(QStringLiteral("the settings screen did not open"));
+            throw Driver::Failure(QStringLiteral("the settings screen did not open"));
         }
         int number = 0;
         for (const char* tab : {"Modes", "Time and Date", "Control Bits", "Sampling", "Calibration"}) {
             settings->chooseTab(QLatin1String(tab));
-            takePicture(settings, QStringLiteral("settings-%1.png").arg(++number),
+            co_await letDraw();
+            takePicture(*settings, QStringLiteral("settings-%1.png").arg(++number),
                         QStringLiteral("the settings, %1").arg(QLatin1String(tab)));
         }
     }
 
-    void takePicture(QWidget* widget, const QString& name, const QString& what) {
-        QCoreApplication::processEvents();
-        if (!widget->grab().save(name)) {
-            throw Failure(QStringLiteral("the picture %1 cannot be written").arg(name));
+    Task<> letDraw() {
+        constexpr int moment = 10;
+        co_await driver_.pause(moment);
+    }
+
+    void takePicture(QWidget& widget, const QString& name, const QString& what) {
+        if (!widget.grab().save(name)) {
+            throw Driver::Failure(QStringLiteral("the picture %1 cannot be written").arg(name));
         }
         say(QStringLiteral("Picture of %1: %2").arg(what, QDir::current().absoluteFilePath(name)));
     }
 
     Program& program_;
     MainWindow& window_;
-    QString lastMessage_;
-    Subscription told_;
+    Driver& driver_;
 };
 
 } // namespace
@@ -206,13 +161,9 @@ int runDemo(Program& program, MainWindow& window, MessageBoxes& messages, const 
         QTextStream(stderr) << "The folder " << folder << " cannot be made or entered." << Qt::endl;
         return 1;
     }
-    int status = 0;
-    try {
-        Demo(program, window, messages).run();
-    } catch (const Failure& failure) {
-        QTextStream(stderr) << "Failed: " << failure.what() << Qt::endl;
-        status = 1;
-    }
+    Driver driver(program, window, messages);
+    Demo demo(program, window, driver);
+    const int status = driver.run([&demo] { return demo.perform(); });
     program.end();
     return status;
 }

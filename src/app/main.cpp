@@ -54,12 +54,10 @@ int main(int argc, char** argv) {
     QApplication::setStyle(new orv::ProgramStyle);
     QGuiApplication::setDesktopFileName(QStringLiteral(ORV_ID));
     orv::SystemClock clock;
-    orv::WindowEvents events;
     orv::MessageBoxes messages;
     orv::QuestionDialogs questions;
     orv::SystemPortList portList(clock, orv::SystemPortList::systemDeviceFolder());
     orv::Program program({.clock = clock,
-                          .events = events,
                           .messages = messages,
                           .questions = questions,
                           .makePort = [&clock](const QString& device) { return orv::makePort(device, clock); },
@@ -71,19 +69,20 @@ int main(int argc, char** argv) {
     const std::unique_ptr<orv::SleepInhibitor> inhibitor = orv::makeSleepInhibitor();
     const orv::AwakeWhileCollecting awake(program.link.session.commands, *inhibitor);
 
-    orv::MainWindow window(program, events);
+    orv::MainWindow window(program);
     messages.setParent(&window);
     questions.setParent(&window);
     if (!line.demoFolder.isEmpty()) {
         return orv::runDemo(program, window, messages, line.demoFolder);
     }
+    // Windows that close do not end the program by themselves: it may have something left to tell.
+    QApplication::setQuitOnLastWindowClosed(false);
+    const auto ended = program.ended.subscribe([&messages] { messages.whenRead([] { QCoreApplication::exit(0); }); });
     window.show(); // first, or it would cover what the start has to tell
     program.load();
     QTimer::singleShot(0, &window, [&program] {
         QApplication::setWindowIcon(orv::applicationIcon()); // reading it before would delay the window
         program.offerUnendedRun();
     });
-    const int status = QApplication::exec();
-    messages.waitUntilRead();
-    return status;
+    return QApplication::exec();
 }

@@ -2,27 +2,26 @@
 // A program for this project's own use: drives the whole program on simulated instruments and takes a picture of each
 // page and dialog, for the guide and for looking at.
 #include "app/commandline.h"
-#include "link/port.h"
-#include "ui/mainwindow.h"
-#include "ui/messageboxes.h"
+#include "app/driver.h"
 #include "ui/settingswindow.h"
 #include "ui/style.h"
 
 #include <QAbstractItemView>
 #include <QAction>
-#include <QApplication>
+#include <QBasicTimer>
 #include <QComboBox>
 #include <QCommandLineParser>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QTextStream>
-#include <QTimer>
+#include <QTimerEvent>
 
-#include <stdexcept>
+#include <algorithm>
+#include <optional>
 
 namespace orv {
 
@@ -30,19 +29,47 @@ namespace {
 
 constexpr int limit = 240000; ///< Milliseconds for one step, on a computer busy with other work.
 
-/// A clock that goes on by a few milliseconds whenever it is looked at, so that every picture shows the same date, time
-/// and rows whenever and wherever it is taken.
-class CountedClock final : public Clock {
+/// A clock that jumps to the next moment at which something is due whenever the program has nothing else to do, so that
+/// every picture shows the same date, time and rows whenever and wherever it is taken.
+class JumpingClock final : public QObject, public Clock {
 public:
-    QDateTime now() const override { return start_.addMSecs(monotonicMilliseconds()); }
-    qint64 monotonicMilliseconds() const override {
-        constexpr qint64 step = 5;
-        return elapsed_ += step;
+    QDateTime now() const override { return start_.addMSecs(elapsed_); }
+    qint64 monotonicMilliseconds() const override { return elapsed_; }
+    [[nodiscard]] Subscription callAfter(qint64 milliseconds, std::function<void()> call) override {
+        Subscription alarm = alarms_.add(elapsed_ + milliseconds, std::move(call));
+        run();
+        return alarm;
+    }
+
+    /// While it stands still the program does not go on.
+    void standStill(bool still) {
+        still_ = still;
+        run();
+    }
+
+protected:
+    void timerEvent(QTimerEvent* /*event*/) override {
+        const auto due = still_ ? std::nullopt : alarms_.next();
+        if (!due) {
+            timer_.stop();
+            return;
+        }
+        elapsed_ = std::max(elapsed_, *due);
+        alarms_.callDue(elapsed_);
     }
 
 private:
+    void run() {
+        if (!timer_.isActive()) {
+            timer_.start(0, this);
+        }
+    }
+
     QDateTime start_{QDate(2026, 11, 21), QTime(9, 30, 15)};
-    mutable qint64 elapsed_ = 0;
+    qint64 elapsed_ = 0;
+    bool still_ = false;
+    Alarms alarms_;
+    QBasicTimer timer_;
 };
 
 /// The ports of a computer with two serial adapters.
@@ -81,7 +108,7 @@ QString emptyFolder(const char* name) {
     QString path = QDir::temp().absoluteFilePath(QStringLiteral("orv-pictures/") + QString::fromLatin1(name));
     QDir(path).removeRecursively();
     if (!QDir().mkpath(path)) {
-        throw std::runtime_error("cannot make " + path.toStdString());
+        throw Driver::Failure(QStringLiteral("cannot make ") + path);
     }
     return path;
 }
@@ -89,103 +116,87 @@ QString emptyFolder(const char* name) {
 class Pictures {
 public:
     /// `crashFolder` gets, and for the recovery has, what a crash in the middle of a run leaves.
-    Pictures(Program& program, MainWindow& window, QString folder, QString crashFolder)
+    Pictures(Program& program, MainWindow& window, Driver& driver, JumpingClock& clock, QString folder,
+             QString crashFolder)
         : program_(program)
         , window_(window)
+        , driver_(driver)
+        , clock_(clock)
         , folder_(std::move(folder))
         , crashFolder_(std::move(crashFolder)) {}
 
-    void take() {
+    Task<> takeWork() {
         program_.load();
         window_.show();
         window_.prepareAllPages();
-        take(window_, "offline");
-        takePorts();
-        takeConnected();
-        takeRun();
-        takeDownload();
-        takeCalibration();
-        takeSaving();
-        takeManual();
-        takeGlow();
-        takeAbout();
+        co_await take(window_, "offline");
+        co_await takePorts();
+        co_await takeConnected();
+        co_await takeRun();
+        co_await takeDownload();
+        co_await takeCalibration();
+        co_await takeSaving();
+        co_await takeManual();
+        co_await takeGlow();
+        co_await takeAbout();
     }
 
     /// In a folder that a crash has left; by a program of its own.
-    void takeRecovery() {
+    Task<> takeRecovery() {
         program_.load();
         window_.show();
-        takeNextDialog("recovery", [](QDialog& question) {
-            qobject_cast<QMessageBox*>(&question)->button(QMessageBox::Yes)->click();
-        });
         program_.offerUnendedRun();
+        auto& question = dialog<QMessageBox>();
+        co_await take(question, "recovery");
+        question.button(QMessageBox::Yes)->click();
         if (session_.state.plc == 0) {
-            throw std::runtime_error("no rows were offered");
+            throw Driver::Failure(QStringLiteral("no rows were offered"));
         }
     }
 
 private:
-    template <typename Object>
-    static Object& find(const QWidget& window, const QString& name = {}) {
-        auto* found = window.findChild<Object*>(name);
+    template <typename Dialog>
+    static Dialog& dialog() {
+        auto* found = Driver::dialog<Dialog>();
         if (found == nullptr) {
-            throw std::runtime_error("there is no " + name.toStdString() + " in the window");
+            throw Driver::Failure(QStringLiteral("no dialog is on the screen"));
         }
         return *found;
     }
 
-    template <typename Condition>
-    void waitFor(const char* what, Condition reached) {
-        QElapsedTimer timer;
-        timer.start();
-        while (!reached()) {
-            if (timer.elapsed() > limit) {
-                throw std::runtime_error(std::string(what) + ": the status is " +
-                                         session_.status.status.value().toStdString());
-            }
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-        }
+    Task<> waitFor(const char* what, std::function<bool()> reached) {
+        const QString text = QString::fromLatin1(what);
+        co_await driver_.waitFor(text, limit, reached);
     }
 
-    void waitUntilReady() {
-        waitFor("connecting", [this] {
-            return session_.status.status.value() == QLatin1String("Ready") &&
-                   session_.state.Ctrlscrn == Operation::SettingsOpen;
-        });
+    Task<> waitUntilReady() {
+        const QString connecting = QStringLiteral("connecting");
+        co_await driver_.waitUntilReady(connecting, limit);
     }
 
-    void take(QWidget& widget, const char* name) {
-        letDraw(name);
+    Task<> take(QWidget& widget, const char* name) {
+        co_await letDraw();
         save(widget.grab(), name);
     }
 
-    void takeAndClose(QWidget& widget, const char* name) {
-        take(widget, name);
+    Task<> takeAndClose(QWidget& widget, const char* name) {
+        co_await take(widget, name);
         widget.close();
     }
 
-    void letDraw(const char* name) {
-        // What is drawn late, some time after its change, is to be on the picture.
-        QElapsedTimer timer;
-        timer.start();
+    /// What is drawn late, some time after its change, is to be on the picture.
+    Task<> letDraw() {
         constexpr int late = 260;
-        const Operation operation = session_.state.Ctrlscrn;
-        const int interval = program_.link.timer.interval();
-        program_.link.timer.setInterval(0);
-        while (timer.elapsed() < late) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, late);
-        }
-        program_.link.timer.setInterval(interval);
-        if (session_.state.Ctrlscrn != operation) {
-            throw std::runtime_error(std::string(name) + ": the program has gone on while its picture was taken");
-        }
+        clock_.standStill(true);
+        co_await driver_.pause(late);
+        clock_.standStill(false);
     }
 
     void save(const QPixmap& picture, const char* name) {
         const QString path = folder_ + u'/' + QString::fromLatin1(name) + QStringLiteral(".png");
         constexpr int smallest = 0; // of the file, not of the picture's quality
         if (!picture.save(path, "PNG", smallest)) {
-            throw std::runtime_error("cannot write " + path.toStdString());
+            throw Driver::Failure(QStringLiteral("cannot write ") + path);
         }
         QTextStream(stdout) << path << Qt::endl;
     }
@@ -193,15 +204,15 @@ private:
     /// Chooses a page as its key does.
     void choosePage(Page page) {
         for (int number = 1; program_.pages.shown.value() != page; ++number) {
-            find<QAction>(window_, QStringLiteral("ChoosePage%1").arg(number)).trigger();
+            Driver::find<QAction>(window_, QStringLiteral("ChoosePage%1").arg(number)).trigger();
         }
     }
 
     /// The upper part of the window with a chooser's list, which is a window of its own.
-    void takePorts() {
-        auto& chooser = find<QComboBox>(window_, QStringLiteral("PortChooser1"));
+    Task<> takePorts() {
+        auto& chooser = Driver::find<QComboBox>(window_, QStringLiteral("PortChooser1"));
         chooser.showPopup();
-        letDraw("ports");
+        co_await letDraw();
         QWidget& list = *chooser.view()->window();
         QPixmap picture = window_.grab();
         const QPoint place = window_.mapFromGlobal(list.mapToGlobal(QPoint(0, 0)));
@@ -212,10 +223,10 @@ private:
         chooser.hidePopup();
     }
 
-    void takeConnected() {
+    Task<> takeConnected() {
         program_.autoConnect1();
-        waitUntilReady();
-        take(window_, "status");
+        co_await waitUntilReady();
+        co_await take(window_, "status");
         SettingsWindow& settings = *window_.settingsWindow();
         const std::pair<const char*, const char*> tabs[] = {{"Modes", "settings-modes"},
                                                             {"Time and Date", "settings-time"},
@@ -224,57 +235,61 @@ private:
                                                             {"Calibration", "settings-calibration-trx"}};
         for (const auto& [tab, name] : tabs) {
             settings.chooseTab(QString::fromLatin1(tab));
-            take(settings, name);
+            co_await take(settings, name);
         }
-        find<QPushButton>(settings, QStringLiteral("ViewCurrentSettingsTranscribedAsText")).click();
-        takeAndClose(find<QWidget>(settings, QStringLiteral("PlainEnglish")), "plain-english");
+        Driver::find<QPushButton>(settings, QStringLiteral("ViewCurrentSettingsTranscribedAsText")).click();
+        co_await takeAndClose(Driver::find<QWidget>(settings, QStringLiteral("PlainEnglish")), "plain-english");
         settings.close();
     }
 
-    void takeRun() {
+    Task<> takeRun() {
         program_.toggleServiceMode();
         program_.link.debug.showParsing = true;
         program_.link.debug.rawBuffer = false;
         choosePage(Page::Debug);
         program_.run();
         constexpr int rows = 60;
-        waitFor("collecting", [this] { return session_.state.plc >= rows; });
-        take(window_, "debug");
+        const std::function<bool()> hasRows = [this] { return session_.state.plc >= rows; };
+        co_await waitFor("collecting", hasRows);
+        co_await take(window_, "debug");
         program_.toggleServiceMode();
         choosePage(Page::Status);
-        take(window_, "run");
+        co_await take(window_, "run");
         keepAsAfterACrash();
         choosePage(Page::Sheet);
-        take(window_, "sheet");
+        co_await take(window_, "sheet");
         choosePage(Page::Graphical);
-        take(window_, "graphical");
+        co_await take(window_, "graphical");
         choosePage(Page::Status);
         program_.reset();
-        waitUntilReady();
+        co_await waitUntilReady();
         window_.settingsWindow()->close();
     }
 
     void keepAsAfterACrash() {
         for (const char* name : {"Orvtemp.tmp", "Orvtemp.tmp.lock"}) {
             if (!QFile::copy(QString::fromLatin1(name), crashFolder_ + u'/' + QString::fromLatin1(name))) {
-                throw std::runtime_error(std::string("cannot copy ") + name);
+                throw Driver::Failure(QStringLiteral("cannot copy ") + QLatin1String(name));
             }
         }
     }
 
-    void takeDownload() {
+    Task<> takeDownload() {
         program_.clearAll();
         program_.vwhp();
-        waitFor("downloading",
-                [this] { return program_.settings.progress.value * 2 >= program_.settings.progress.maximum; });
-        take(find<QWidget>(window_, QStringLiteral("Processing")), "processing");
-        waitFor("downloading", [this] { return session_.commands.activity.value() == Activity::None; });
+        const std::function<bool()> halfDone = [this] {
+            return program_.settings.progress.value * 2 >= program_.settings.progress.maximum;
+        };
+        co_await waitFor("downloading", halfDone);
+        co_await take(Driver::find<QWidget>(window_, QStringLiteral("Processing")), "processing");
+        const std::function<bool()> done = [this] { return session_.commands.activity.value() == Activity::None; };
+        co_await waitFor("downloading", done);
     }
 
-    void takeCalibration() {
+    Task<> takeCalibration() {
         program_.toggleServiceMode();
         choosePage(Page::Testing);
-        take(window_, "testing");
+        co_await take(window_, "testing");
         choosePage(Page::Calibration);
         CalibrationState& shown = program_.calibration.shown;
         for (const char* name : {"TRX 1042", "TRX 1043"}) {
@@ -293,117 +308,105 @@ private:
             shown.selectedRow = row;
             program_.calibration.calcdp();
         }
-        take(window_, "calibration");
+        co_await take(window_, "calibration");
         program_.toggleServiceMode();
     }
 
-    /// Takes a picture of the dialog that comes up next and lets `answer` close it.
-    void takeNextDialog(const char* name, const std::function<void(QDialog&)>& answer) {
-        auto* wait = new QTimer(&window_);
-        QObject::connect(wait, &QTimer::timeout, &window_, [this, wait, name, answer] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (dialog != nullptr) {
-                wait->deleteLater();
-                wait->stop();
-                take(*dialog, name);
-                answer(*dialog);
-            }
-        });
-        constexpr int often = 20;
-        wait->start(often);
+    Task<> takeSaving() {
+        program_.leave();
+        auto& question = dialog<QMessageBox>();
+        co_await take(question, "question");
+        question.button(QMessageBox::Yes)->click();
+        auto& files = dialog<QFileDialog>();
+        co_await take(files, "save");
+        files.reject();
     }
 
-    void takeSaving() {
-        takeNextDialog("question", [this](QDialog& question) {
-            takeNextDialog("save", [](QDialog& save) { save.reject(); });
-            qobject_cast<QMessageBox*>(&question)->button(QMessageBox::Yes)->click();
-        });
-        program_.ask();
-    }
-
-    void takeManual() {
+    Task<> takeManual() {
         program_.closePort();
         program_.manualConnect(1);
-        take(find<QWidget>(window_, QStringLiteral("ManualConnection")), "manual-connection");
+        co_await take(Driver::find<QWidget>(window_, QStringLiteral("ManualConnection")), "manual-connection");
         program_.link.manual.quit();
-        takeMessage();
+        co_await takeMessage();
     }
 
-    void takeMessage() {
+    Task<> takeMessage() {
         const QString device = program_.link.ports.device(1);
         program_.link.ports.setDevice(1, QStringLiteral("/dev/ttyUSB7"));
         program_.autoConnect1();
-        takeAndClose(find<QMessageBox>(window_), "message");
+        co_await takeAndClose(Driver::find<QMessageBox>(window_), "message");
+        driver_.forgetMessage();
         program_.closePort();
         program_.link.ports.setDevice(1, device);
     }
 
-    void takeGlow() {
+    Task<> takeGlow() {
         program_.clearAll();
         program_.autoConnect2();
-        waitUntilReady();
+        co_await waitUntilReady();
         SettingsWindow& settings = *window_.settingsWindow();
         settings.chooseTab(QStringLiteral("Calibration"));
-        takeAndClose(settings, "settings-calibration-glow");
+        co_await takeAndClose(settings, "settings-calibration-glow");
         program_.closePort();
     }
 
-    void takeAbout() {
-        find<QAction>(window_, QStringLiteral("About")).trigger();
-        takeAndClose(find<QDialog>(window_, QStringLiteral("AboutDialog")), "about");
+    Task<> takeAbout() {
+        Driver::find<QAction>(window_, QStringLiteral("About")).trigger();
+        co_await takeAndClose(Driver::find<QDialog>(window_, QStringLiteral("AboutDialog")), "about");
     }
 
     Program& program_;
     Session& session_ = program_.link.session;
     MainWindow& window_;
+    Driver& driver_;
+    JumpingClock& clock_;
     QString folder_;
     QString crashFolder_;
 };
 
 void enter(const QString& path) {
     if (!QDir::setCurrent(path)) {
-        throw std::runtime_error("cannot enter " + path.toStdString());
+        throw Driver::Failure(QStringLiteral("cannot enter ") + path);
     }
 }
 
 enum class Part { Work, Recovery };
 
-void takePart(Part part, const QString& folder, const QString& crashFolder, const QSize& size) {
-    CountedClock clock;
-    WindowEvents events;
+int takePart(Part part, const QString& folder, const QString& crashFolder, const QSize& size) {
+    JumpingClock clock;
     MessageBoxes messages;
     QuestionDialogs questions;
     TwoAdapters adapters;
     Program program({.clock = clock,
-                     .events = events,
                      .messages = messages,
                      .questions = questions,
                      .makePort = [&clock](const QString& device) { return makePort(device, clock); },
                      .portList = &adapters});
     program.link.ports.setDevice(1, QStringLiteral("sim:trx?rate=8&records=500"));
     program.link.ports.setDevice(2, QStringLiteral("sim:glow"));
-    MainWindow window(program, events);
+    MainWindow window(program);
     messages.setParent(&window);
     questions.setParent(&window);
     if (!size.isEmpty()) {
         window.resize(size);
     }
-    Pictures pictures(program, window, folder, crashFolder);
-    if (part == Part::Work) {
-        pictures.take();
-    } else {
-        pictures.takeRecovery();
-    }
+    Driver driver(program, window, messages);
+    Pictures pictures(program, window, driver, clock, folder, crashFolder);
+    const int status =
+        driver.run([part, &pictures] { return part == Part::Work ? pictures.takeWork() : pictures.takeRecovery(); });
     program.end();
-    events.endProgram();
+    return status;
 }
 
-void takePictures(const QString& folder, const QSize& size) {
+int takePictures(const QString& folder, const QSize& size) {
     const QString crashFolder = emptyFolder("Crash");
     enter(emptyFolder("Documents"));
-    takePart(Part::Work, folder, crashFolder, size);
+    const int status = takePart(Part::Work, folder, crashFolder, size);
+    if (status != 0) {
+        return status;
+    }
     enter(crashFolder);
-    takePart(Part::Recovery, folder, crashFolder, size);
+    return takePart(Part::Recovery, folder, crashFolder, size);
 }
 
 } // namespace
@@ -436,8 +439,7 @@ int main(int argc, char** argv) {
     const QString folder = QDir().absoluteFilePath(parser.positionalArguments().constFirst());
     try {
         QDir().mkpath(folder);
-        orv::takePictures(folder, wanted);
-        return 0;
+        return orv::takePictures(folder, wanted);
     } catch (const std::exception& error) {
         QTextStream(stderr) << "Failed: " << error.what() << Qt::endl;
         return 1;

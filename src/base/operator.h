@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/observe.h"
+
 #include <QString>
+
+#include <functional>
 
 namespace orv {
 
@@ -35,22 +39,52 @@ public:
     virtual void show(const Message& message) = 0;
 };
 
-/// Asks the operator something and waits for the answer. Ticks go on meanwhile, so the caller looks afresh at what it
-/// relies on when the answer has come. Every name is empty when the operator cancels.
+/// What the operator is asked.
+struct Question {
+    enum class Kind {
+        YesNo,    ///< A box with the exclamation icon.
+        SaveName, ///< A save dialog that asks before an existing file is replaced.
+        OpenName  ///< An open dialog for one file.
+    };
+
+    Kind kind = Kind::YesNo;
+    QString title;
+    QString text = {};       ///< Of a box.
+    QString presetName = {}; ///< Of a save dialog.
+    QString suffix = {};     ///< With its dot, may be empty: added to a name typed without one.
+    QString filter = {};     ///< Such as "*.txt"; may be empty.
+
+    bool operator==(const Question&) const = default;
+
+    static QString yes() { return QStringLiteral("Yes"); }
+    static QString no() { return QStringLiteral("No"); }
+};
+
+inline Question yesNoQuestion(const QString& title, const QString& text) {
+    return {.kind = Question::Kind::YesNo, .title = title, .text = text};
+}
+
+inline Question saveQuestion(const QString& title, const QString& presetName, const QString& suffix,
+                             const QString& filter) {
+    return {
+        .kind = Question::Kind::SaveName, .title = title, .presetName = presetName, .suffix = suffix, .filter = filter};
+}
+
+inline Question openQuestion(const QString& title, const QString& suffix, const QString& filter) {
+    return {.kind = Question::Kind::OpenName, .title = title, .suffix = suffix, .filter = filter};
+}
+
+/// Asks the operator something. Implementations show the question and return; the program goes on meanwhile.
 class OperatorQuestions {
 public:
+    /// "Yes" or "No", or the name of the file, empty when the operator cancels.
+    using Answered = std::function<void(const QString& answer)>;
+
     virtual ~OperatorQuestions() = default;
 
-    /// A Yes/No box with the exclamation icon; true for Yes.
-    virtual bool askYesNo(const QString& title, const QString& text) = 0;
-
-    /// A save dialog that asks before an existing file is replaced. `filter` such as "*.txt"; `suffix` (with its dot,
-    /// may be empty) is added to a name typed without one.
-    virtual QString saveFileName(const QString& title, const QString& presetName, const QString& suffix,
-                                 const QString& filter) = 0;
-
-    /// An open dialog for one file.
-    virtual QString openFileName(const QString& title, const QString& suffix, const QString& filter) = 0;
+    /// Calls `answered` once, perhaps before it returns. If the last copy of what is returned goes before, the question
+    /// is taken back: its dialog closes and nobody is called.
+    [[nodiscard]] virtual Subscription ask(const Question& question, Answered answered) = 0;
 };
 
 } // namespace orv

@@ -4,7 +4,7 @@
 #include <benchmark/benchmark.h>
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv); // the status timer needs one
+    const QCoreApplication application(argc, argv); // a clock's timer needs one
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;

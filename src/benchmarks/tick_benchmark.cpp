@@ -8,51 +8,30 @@
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <stdexcept>
-#include <thread>
 
 namespace orv {
 
 namespace {
-
-/// Lets real time pass and dispatches a tick, like a status timer.
-class TickingYield final : public EventYield {
-public:
-    void processEvents(int milliseconds) override {
-        std::this_thread::sleep_for(
-            std::chrono::milliseconds(std::min(milliseconds, int{StatusTimer::normalInterval})));
-        if (tick) {
-            tick();
-        }
-    }
-    void keepResponsive(bool /*manualDialogLives*/) override {}
-    bool programEnding() const override { return false; }
-
-    std::function<void()> tick;
-};
 
 /// The whole program without its window, connected and "Ready", on a line whose far end is the benchmark.
 class ConnectedProgram {
 public:
     ConnectedProgram() {
         QDir::setCurrent(folder_.path());
-        events_.tick = [this] { program->tick(); };
-        program =
-            std::make_unique<Program>(Program::Surroundings{.clock = clock_,
-                                                            .events = events_,
-                                                            .messages = messages,
-                                                            .questions = answers_,
-                                                            .makePort = [this](const QString&) {
-                                                                auto made = std::make_unique<TestPort>();
-                                                                port = made.get();
-                                                                port->waited = [this](int) { port->input = "V512\r"; };
-                                                                return made;
-                                                            }});
+        program = std::make_unique<Program>(Program::Surroundings{
+            .clock = clock_, .messages = messages, .questions = answers_, .makePort = [this](const QString&) {
+                auto made = std::make_unique<TestPort>();
+                port = made.get();
+                return made;
+            }});
         program->link.ports.setDevice(1, QStringLiteral("ttyA"));
         program->load();
-        program->link.timer.setInterval(0);
         program->autoConnect1();
+        constexpr int pulse = 1100;
+        clock_.advance(pulse);
+        port->input = "V512\r";
+        clock_.advance(pulse);
         program->link.timer.setInterval(0);
         receive("P\r\nS1\r\nG0\r\nA0\r\nL1\r\nW1\r\nM0\r\nT30\r\nD0\r\nQ0\r\nI5\r\nMP200\r\n>", 12);
         receive("C\r\n11/21/26\t25661\r\n>", 2);
@@ -74,8 +53,7 @@ public:
 private:
     QString before_ = QDir::currentPath();
     QTemporaryDir folder_;
-    SystemClock clock_;
-    TickingYield events_;
+    TestClock clock_;
     PreparedAnswers answers_;
 
 public:

@@ -9,11 +9,10 @@
 
 namespace orv {
 
-Calibration::Calibration(Session& session, const DataSheet& sheet, SheetState& sheetState, OperatorQuestions& questions)
-    : session_(session)
+Calibration::Calibration(Link& link, const DataSheet& sheet, SheetState& sheetState)
+    : link_(link)
     , sheet_(sheet)
     , sheetState_(sheetState)
-    , questions_(questions)
     , store_(table, shown) {}
 
 void Calibration::addInstrument() {
@@ -25,7 +24,7 @@ void Calibration::addInstrument() {
     shown.message = QString();
     shown.instruments = shown.instruments.value() + QStringList{shown.instrumentName.value()};
     shown.totalEntered = QString::number(count());
-    runOperation(session_.messages, QStringLiteral("Add Instrument"), [this, colour] { store_.setcalcolour(colour); });
+    act(QStringLiteral("Add Instrument"), [this, colour] { store_.setcalcolour(colour); });
 }
 
 void Calibration::next() {
@@ -48,7 +47,7 @@ void Calibration::show(const QString& operation, int position) {
     if (count() > 0) {
         shown.current = static_cast<qint16>(position);
         shown.worksheetCaption = shown.currentEntry();
-        runOperation(session_.messages, operation, [this] { store_.showcal(); });
+        act(operation, [this] { store_.showcal(); });
     }
 }
 
@@ -135,19 +134,28 @@ QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment) {
     return text.toUtf8();
 }
 
+void Calibration::act(const QString& operation, const std::function<void()>& body) {
+    runOperation(link_.session.messages, operation, body);
+}
+
 void Calibration::calcdp() {
-    runOperation(session_.messages, QStringLiteral("Calc DP"), [this] { compute(); });
+    act(QStringLiteral("Calc DP"), [this] { compute(); });
 }
 
 void Calibration::saveCalInfo() {
+    link_.procedures.startBeside(QStringLiteral("Save Cal Info"), [this] { return askAndSave(); });
+}
+
+Task<> Calibration::askAndSave() {
     const QString title = QStringLiteral("Save Cal Info");
-    const QString name = questions_.saveFileName(title, QString(), QStringLiteral(".Txt"), QStringLiteral("*.Txt"));
+    const Question question = saveQuestion(title, QString(), QStringLiteral(".Txt"), QStringLiteral("*.Txt"));
+    const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
-        return;
+        co_return;
     }
-    const QString reason = writeWholeFile(name, reportBytes(shown, session_.clock.now()));
+    const QString reason = writeWholeFile(name, reportBytes(shown, link_.session.clock.now()));
     if (!reason.isEmpty()) {
-        session_.messages.show(fileNotSaved(title, name, reason));
+        link_.session.messages.show(fileNotSaved(title, name, reason));
     }
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calibration/worksheet.h"
-#include "link/session.h"
+#include "link/link.h"
 #include "sheet/datasheet.h"
 
 #include <QByteArray>
@@ -19,7 +19,7 @@ QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment);
 /// operator is told once.
 class Calibration {
 public:
-    Calibration(Session& session, const DataSheet& sheet, SheetState& sheetState, OperatorQuestions& questions);
+    Calibration(Link& link, const DataSheet& sheet, SheetState& sheetState);
 
     /// `Command4`. Adds the named instrument at the end and keeps its colour; the instrument shown stays. Without a
     /// colour it only says so. Ends with SubscriptOutOfRange for an eighth instrument, which stays in the list without
@@ -56,11 +56,12 @@ private:
     void compute();
     double mean(int sheetColumn);
     double derivedPoint(int row, int channel) const;
+    Task<> askAndSave();
+    void act(const QString& operation, const std::function<void()>& body);
 
-    Session& session_;
+    Link& link_;
     const DataSheet& sheet_;
     SheetState& sheetState_;
-    OperatorQuestions& questions_;
     WorksheetStore store_;
 };
 

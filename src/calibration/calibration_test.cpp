@@ -366,6 +366,30 @@ TEST_F(ReportTest, ACancelledDialogWritesNothing) {
     EXPECT_TRUE(messages.shown.empty());
 }
 
+TEST_F(ReportTest, TheConnectionGoesOnWhileTheDialogStands) {
+    answers.late = true;
+    connect();
+    actions.saveCalInfo();
+    receive(settingsReport());
+    live(0.2);
+    EXPECT_EQ(status.status.value().toStdString(), "Ready");
+    EXPECT_FALSE(commands.canCommand);
+    program.closePort();
+    ASSERT_TRUE(answers.stands());
+    answers.answer(answers.fileName);
+    EXPECT_TRUE(written().startsWith("Date 11/21/26\r\n"));
+    EXPECT_TRUE(written().endsWith("18.5\r\r\n"));
+}
+
+TEST_F(ReportTest, ADialogThatIsTakenBackWritesNothing) {
+    answers.late = true;
+    actions.saveCalInfo();
+    program.quit();
+    EXPECT_FALSE(answers.stands());
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    EXPECT_TRUE(messages.shown.empty());
+}
+
 TEST_F(ReportTest, AFileThatCannotBeWrittenIsTold) {
     answers.fileName = path("missing/report.Txt");
     actions.saveCalInfo();

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calibration/shutterreset.h"
 
+#include <QScopeGuard>
 #include <QStringList>
 
+#include <algorithm>
 #include <utility>
 
 namespace orv {
@@ -12,9 +14,6 @@ namespace {
 constexpr int retryLimit = 20;
 constexpr int pollLimit = 30000;
 constexpr int moveSeconds = 30;
-
-/// How often the windows are kept alive while the port is polled, in milliseconds of monotonic time.
-constexpr qint64 responsiveInterval = 10;
 
 /// Polls between two counts on the screen, so that the count can be read.
 constexpr int pollsPerCount = 100;
@@ -50,192 +49,137 @@ ShutterReset::ShutterReset(Link& link, SettingsState& settings, SettingsReader& 
     , settings_(settings)
     , reader_(reader)
     , sender_(sender)
+    , closing_(link.ports.closed.subscribe([this] { readBack_ = false; }))
     , lampNotifier_(settings_.lamp.addNotifier([this] { lampChanged(); })) {}
 
 void ShutterReset::shutterreset() {
     link_.ports.debugsay(QStringLiteral("Reset Shutter"));
-    if (!link_.ports.isOpen()) {
-        return;
-    }
-    Run run;
-    // "Reset" connects again inside the wait in which it is pressed. What belongs to the old connection must be put in
-    // order before that, not when the wait has ended.
-    const auto closing = link_.session.commands.portOpen.addNotifier([this, &run] { interrupt(run); });
-    try {
-        if (!perform(run)) {
-            interrupt(run);
-        }
-    } catch (...) {
-        interrupt(run);
-        throw;
+    if (link_.ports.isOpen()) {
+        link_.procedures.start(QStringLiteral("Reset Shutter"), [this] { return reset(); });
     }
 }
 
-bool ShutterReset::perform(Run& run) {
-    Session& session = link_.session;
-    session.commands.activity = Activity::ResettingShutter;
-    readBackOn_.reset();
-    session.commands.runEnabled = false;
+Task<> ShutterReset::reset() {
+    Run run;
+    auto interrupted = qScopeGuard([this, &run] { interrupt(run); });
+    SettingsSender::Outcome restored = SettingsSender::Outcome::Failed;
+    {
+        const Doing resetting(link_.session.commands, Activity::ResettingShutter);
+        restored = co_await perform(run);
+    }
+    interrupted.dismiss();
+    finish(run, restored);
+}
+
+Task<SettingsSender::Outcome> ShutterReset::perform(Run& run) {
+    CommandState& commands = link_.session.commands;
+    readBack_ = false;
+    commands.runEnabled = false;
     showResetting();
     link_.ports.discardInput();
-    session.commands.resetShutterEnabled = false;
+    commands.resetShutterEnabled = false;
     link_.ports.write("P");
     showStep(QStringLiteral("Getting Settings"));
-    if (!readSettings(run)) {
-        return false;
-    }
+    co_await readSettings();
     run.remembered = settings_.record;
-    if (!rest(run, 0.5F)) {
-        return false;
-    }
+    co_await link_.waits.waitsec(0.5F);
     settings_.record = shutterSettings();
     showStep(QStringLiteral("Sending New Settings"));
     run.temporarySent = true;
     // The report that this sending asks for is only polled away: its lines find the code 999.
-    if (!send(run) || !rest(run, 1.0F) || !moveShutter(run)) {
-        return false;
-    }
+    co_await sender_.setprefs();
+    showResetting();
+    co_await link_.waits.waitsec(1.0F);
+    co_await moveShutter();
     counter_ = 0;
     settings_.record = *run.remembered;
     showStep(QStringLiteral("Restoring Orignal Settings"));
     link_.timer.setInterval(StatusTimer::normalInterval);
-    if (!rest(run, 2.0F)) {
-        return false;
-    }
-    const Outcome restored = sender_.setprefs();
-    if (run.over || restored == Outcome::ConnectionLost) {
-        return false;
-    }
-    finish(run, restored);
-    return true;
+    co_await link_.waits.waitsec(2.0F);
+    const SettingsSender::Outcome restored = co_await sender_.setprefs();
+    co_return restored;
 }
 
-bool ShutterReset::readSettings(const Run& run) {
+Task<> ShutterReset::readSettings() {
     // Ticks would take lines that belong here.
     link_.timer.setInterval(0);
     bool complete = false;
     do {
-        if (!link_.wait.waitConnected(0.1F) || run.over) {
-            return false;
-        }
+        co_await link_.waits.waitsec(0.1F);
         ++counter_;
         showCounted(QStringLiteral("Getting Settings"));
         const QString line = link_.poll.quary();
-        if (!run.over && !line.isEmpty()) {
+        if (!line.isEmpty()) {
             reader_.getprefs(line);
             complete = line.startsWith(QLatin1String("MP"));
         }
-        if (run.over) {
-            return false;
+        if (!link_.ports.isOpen()) {
+            throw ConnectionEnded(); // the line was lost, or the reading given up
         }
         showResetting();
     } while (counter_ <= retryLimit && !complete);
     // Until the sending, ticks poll away what is left of the report, its prompt above all.
     link_.timer.setInterval(StatusTimer::normalInterval);
-    return true;
 }
 
-bool ShutterReset::send(const Run& run) {
-    const Outcome outcome = sender_.setprefs();
-    if (run.over || outcome == Outcome::ConnectionLost) {
-        return false;
-    }
-    link_.session.commands.activity = Activity::ResettingShutter;
-    showResetting();
-    return true;
-}
-
-bool ShutterReset::moveShutter(const Run& run) {
+Task<> ShutterReset::moveShutter() {
     link_.timer.setInterval(0);
     showStep(QStringLiteral("Moving Shutter"));
-    link_.events.keepResponsive(false);
-    if (run.over) {
-        return false;
-    }
     link_.ports.write("r");
     for (int left = moveSeconds; left > 0; --left) {
         link_.session.status.shutterCountdown = QStringLiteral("%1 s").arg(left);
-        if (!rest(run, 1.0F)) {
-            return false;
-        }
+        co_await link_.waits.waitsec(1.0F);
     }
     link_.session.status.shutterCountdown = QString();
     link_.ports.discardInput();
-    return pollForPrompt(run);
+    co_await pollForPrompt();
 }
 
-bool ShutterReset::pollForPrompt(const Run& run) {
+Task<> ShutterReset::pollForPrompt() {
     const Clock& clock = link_.session.clock;
-    qint64 lastResponsive = clock.monotonicMilliseconds();
     QByteArray text;
     do {
-        // The count goes on from the retries.
-        ++counter_;
+        // The count goes on from the retries: a poll is one block of input, or one millisecond without any.
+        const int polls = std::min(pollsPerCount - counter_ % pollsPerCount, pollLimit + 1 - counter_);
+        const qint64 began = clock.monotonicMilliseconds();
+        text = co_await link_.waits.input(polls);
+        counter_ += static_cast<int>(std::clamp<qint64>(clock.monotonicMilliseconds() - began, 1, polls));
         if (counter_ % pollsPerCount == 0) {
             showCounted(QStringLiteral("Moving Shutter"));
         }
-        link_.ports.waitForInput(1);
-        text = link_.ports.readAll();
-        if (text.isEmpty() && link_.ports.checkFailure()) {
-            return false;
-        }
-        const qint64 now = clock.monotonicMilliseconds();
-        if (now - lastResponsive >= responsiveInterval) {
-            lastResponsive = now;
-            link_.events.keepResponsive(false);
-            if (run.over || link_.events.programEnding()) {
-                return false;
-            }
-        }
     } while (text != ">" && counter_ <= pollLimit);
-    return true;
 }
 
-bool ShutterReset::rest(const Run& run, float seconds) {
-    // The port is looked at here because the timer may be stopped, and then nothing else notices a pulled cable.
-    return link_.wait.waitConnected(seconds) && !run.over && !link_.ports.checkFailure();
-}
-
-void ShutterReset::finish(Run& run, Outcome restored) {
-    run.over = true;
+void ShutterReset::finish(const Run& run, SettingsSender::Outcome restored) {
     CommandState& commands = link_.session.commands;
-    commands.activity = Activity::None;
     commands.runEnabled = true;
     showStep(QString());
-    readBackOn_ = link_.ports.connectionNumber();
-    if (restored == Outcome::Failed) {
-        link_.session.state.Ctrlscrn = Operation::SettingsOpen;
-        link_.session.status.status = QStringLiteral("Ready");
-        tell(QStringLiteral(
-                 "The settings from before could not be sent back. The instrument may still hold the temporary "
-                 "settings (%1).\n\nThe settings from before are on the settings screen again (%2). When the "
-                 "instrument answers, send them with \"Apply Settings\".")
-                 .arg(inWords(shutterSettings()), inWords(*run.remembered)));
-    }
-}
-
-void ShutterReset::interrupt(Run& run) {
-    if (run.over) {
+    readBack_ = true;
+    if (restored == SettingsSender::Outcome::Sent) {
+        commands.activity = Activity::ReadingSettings;
         return;
     }
-    run.over = true;
+    link_.session.state.Ctrlscrn = Operation::SettingsOpen;
+    link_.session.status.status = QStringLiteral("Ready");
+    tell(QStringLiteral("The settings from before could not be sent back. The instrument may still hold the temporary "
+                        "settings (%1).\n\nThe settings from before are on the settings screen again (%2). When the "
+                        "instrument answers, send them with \"Apply Settings\".")
+             .arg(inWords(shutterSettings()), inWords(*run.remembered)));
+}
+
+void ShutterReset::interrupt(const Run& run) {
     counter_ = 0;
     link_.session.status.shutterCountdown = QString();
     showStep(QString());
     if (run.remembered) {
         settings_.record = *run.remembered;
     }
-    CommandState& commands = link_.session.commands;
-    commands.activity = Activity::None;
-    if (link_.events.programEnding()) {
-        return;
-    }
     link_.timer.setInterval(StatusTimer::normalInterval);
     if (link_.ports.isOpen()) {
         link_.session.state.Ctrlscrn = Operation::SettingsOpen;
         link_.session.status.status = QStringLiteral("Ready");
-        commands.runEnabled = true;
-        readBackOn_ = link_.ports.connectionNumber();
+        link_.session.commands.runEnabled = true;
+        readBack_ = true;
     }
     if (!run.temporarySent) {
         tell(QStringLiteral("The shutter reset was interrupted before the temporary settings were sent. The instrument "
@@ -265,13 +209,9 @@ void ShutterReset::showCounted(const QString& text) {
 }
 
 void ShutterReset::lampChanged() {
-    if (!readBackOn_ || settings_.lamp.value() != Lamp::Read) {
-        return;
-    }
-    if (*readBackOn_ == link_.ports.connectionNumber()) {
+    if (settings_.lamp.value() == Lamp::Read && std::exchange(readBack_, false)) {
         link_.session.commands.resetShutterEnabled = true;
     }
-    readBackOn_.reset();
 }
 
 void ShutterReset::tell(const QString& text) {

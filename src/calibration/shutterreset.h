@@ -19,14 +19,12 @@ QString inWords(const LoggerSettings& settings);
 /// instrument obeys, moves the shutter and sends the settings from before back.
 class ShutterReset {
 public:
-    using Outcome = SettingsSender::Outcome;
-
     ShutterReset(Link& link, SettingsState& settings, SettingsReader& reader, SettingsSender& sender);
     ShutterReset(const ShutterReset&) = delete;
     ShutterReset& operator=(const ShutterReset&) = delete;
 
-    /// Runs the whole sequence; nothing happens on a closed port. An instrument that does not answer is not reported:
-    /// the next step follows.
+    /// The button "Reset Shutter": runs the whole sequence; nothing happens on a closed port. An instrument that does
+    /// not answer is not reported: the next step follows.
     ///
     /// When the connection ends in the middle, or a step throws RuntimeError, the sequence ends at that moment, before
     /// anything else is done with the link: the settings from before are put back on the screen, the timer runs, and
@@ -34,21 +32,19 @@ public:
     void shutterreset();
 
 private:
-    /// One run of the sequence, on the stack of shutterreset().
+    /// One run of the sequence, in its frame.
     struct Run {
-        bool over = false;
         bool temporarySent = false; ///< At least in part.
         std::optional<LoggerSettings> remembered;
     };
 
-    bool perform(Run& run);
-    bool readSettings(const Run& run);
-    bool send(const Run& run);
-    bool moveShutter(const Run& run);
-    bool pollForPrompt(const Run& run);
-    bool rest(const Run& run, float seconds);
-    void finish(Run& run, Outcome restored);
-    void interrupt(Run& run);
+    Task<> reset();
+    Task<SettingsSender::Outcome> perform(Run& run);
+    Task<> readSettings();
+    Task<> moveShutter();
+    Task<> pollForPrompt();
+    void finish(const Run& run, SettingsSender::Outcome restored);
+    void interrupt(const Run& run);
     void showResetting();
     void showStep(const QString& text);
     void showCounted(const QString& text);
@@ -59,9 +55,9 @@ private:
     SettingsState& settings_;
     SettingsReader& reader_;
     SettingsSender& sender_;
-    int counter_ = 0; ///< Retries and polls of the run under way; 0 between runs.
-    /// The connection on which the restored settings are to be read back before another reset.
-    std::optional<quint64> readBackOn_;
+    int counter_ = 0;       ///< Retries and polls of the run under way; 0 between runs.
+    bool readBack_ = false; ///< The restored settings are to be read back before another reset.
+    Subscription closing_;
     QPropertyNotifier lampNotifier_;
 };
 

@@ -7,137 +7,123 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
 
 namespace orv {
 namespace {
 
-std::vector<ShutterMoment> momentsThatYield() {
-    std::vector<ShutterMoment> moments;
-    std::copy_if(shutterMoments.begin(), shutterMoments.end(), std::back_inserter(moments),
-                 [](const ShutterMoment& moment) { return moment.yields; });
-    return moments;
-}
+struct Interruption {
+    const char* name;
+    void (*act)(ShutterBench& bench);
+    Activity activity; ///< Afterwards.
+    bool programLives;
+};
 
-std::string nameOf(const testing::TestParamInfo<ShutterMoment>& info) {
-    return info.param.name;
-}
+const Interruption interruptions[] = {
+    {"Reset", [](ShutterBench& bench) { bench.program.reset(); }, Activity::Connecting, true},
+    {"ClosePort", [](ShutterBench& bench) { bench.program.closePort(); }, Activity::None, true},
+    {"PulledCable", [](ShutterBench& bench) { bench.line->unplugged = true; }, Activity::None, true},
+    {"Quit", [](ShutterBench& bench) { bench.program.quit(); }, Activity::None, false},
+    {"End", [](ShutterBench& bench) { bench.program.end(); }, Activity::None, false},
+};
 
-class ShutterInterrupted : public testing::TestWithParam<ShutterMoment>, public ShutterBench {
+class ShutterInterrupted : public testing::TestWithParam<std::tuple<ShutterMoment, Interruption>>, public ShutterBench {
 protected:
-    /// Runs a reset and does something once at the moment.
-    void runAndAt(const std::function<void()>& deed) {
-        whenever = [this, deed] {
-            if (!done && at(GetParam().step, GetParam().milliseconds)) {
-                done = true;
-                writesBefore = line->writes.size();
-                deed();
-            }
-        };
-        resetShutter();
-        ASSERT_TRUE(done);
+    /// Runs a reset and interrupts it at the moment.
+    void interrupt() {
+        program.resetShutter();
+        while (!at(moment.step, moment.milliseconds)) {
+            ASSERT_FALSE(procedures.isIdle());
+            live(0.001);
+        }
+        writesBefore = line->writes.size();
+        interruption.act(*this);
     }
 
     void expectEnded() {
-        EXPECT_EQ(line->writes.size(), writesBefore) << "something was sent after the connection had gone";
-        if (GetParam().temporarySent || QLatin1String(GetParam().name) == QLatin1String("BeforeSending")) {
+        EXPECT_EQ(line->writes.size(), writesBefore) << "something was sent after the interruption";
+        if (moment.remembered) {
             EXPECT_EQ(shown(), ShutterBench::original());
         }
-        EXPECT_EQ(timer.interval(), StatusTimer::normalInterval);
-        EXPECT_TRUE(timer.isRunning());
-        EXPECT_EQ(commands.activity.value(), Activity::None);
+        EXPECT_EQ(timer.interval(), interruption.programLives ? StatusTimer::normalInterval : 0);
+        EXPECT_EQ(timer.isRunning(), interruption.programLives);
+        if (interruption.programLives) {
+            EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
+        }
+        EXPECT_EQ(commands.activity.value(), interruption.activity);
         EXPECT_EQ(status.shutterProgress.value().toStdString(), "");
         EXPECT_EQ(status.shutterCountdown.value().toStdString(), "");
-        EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
+        EXPECT_FALSE(progress.visible);
     }
 
+    /// The shutter's message comes first; of a pulled cable there is another.
     void expectTold() {
-        std::vector<Message> told;
-        for (const Message& message : messages.shown) {
-            if (message.title == QLatin1String("Reset Shutter")) {
-                told.push_back(message);
-            }
-        }
-        ASSERT_EQ(told.size(), 1U);
-        const QString& text = told.front().text;
-        EXPECT_EQ(text.contains(QStringLiteral("may still hold the temporary settings")), GetParam().temporarySent);
-        EXPECT_EQ(text.contains(inWords(ShutterBench::original())), GetParam().temporarySent);
-        EXPECT_EQ(text.contains(QStringLiteral("still has its own settings")), !GetParam().temporarySent);
+        ASSERT_EQ(messages.shown.size(), line->unplugged ? 2U : 1U);
+        EXPECT_EQ(messages.shown.front().title.toStdString(), "Reset Shutter");
+        const QString& text = messages.shown.front().text;
+        EXPECT_EQ(text.contains(QStringLiteral("may still hold the temporary settings")), moment.temporarySent);
+        EXPECT_EQ(text.contains(inWords(ShutterBench::original())), moment.temporarySent);
+        EXPECT_EQ(text.contains(QStringLiteral("still has its own settings")), !moment.temporarySent);
     }
 
-    bool done = false;
+    const ShutterMoment& moment = std::get<0>(GetParam());
+    const Interruption& interruption = std::get<1>(GetParam());
     qsizetype writesBefore = 0;
 };
 
-/// At the moments at which the operator's actions are handled.
-class ShutterInterruptedByOperator : public ShutterInterrupted {};
-
-TEST_P(ShutterInterrupted, ByAPulledCable) {
-    qint64 pulledAt = 0;
-    runAndAt([this, &pulledAt] {
-        line->unplugged = true;
-        pulledAt = clock.monotonicMilliseconds();
-    });
-    EXPECT_LE(stepBegan - pulledAt, 1010) << "noticed late"; // the last step is the empty text
-    EXPECT_EQ(resets, 1);
-    expectOffline();
+TEST_P(ShutterInterrupted, EndsAtOnceAndForGood) {
+    interrupt();
+    if (line->unplugged) {
+        live(0.01); // while the timer runs the next tick notices it, after the lines that came before
+        expectOffline();
+    }
     expectEnded();
     expectTold();
-}
-
-TEST_P(ShutterInterruptedByOperator, ByCloseAndResetOfTheLink) {
-    qint64 closedAt = 0;
-    runAndAt([this, &closedAt] {
-        closedAt = clock.monotonicMilliseconds();
-        fixit();
-        // Everything is in order at once, whatever follows in the same handler.
+    if (interruption.activity == Activity::None) {
+        EXPECT_TRUE(procedures.isIdle());
+        live(40.0);
         expectEnded();
-    });
-    EXPECT_LE(clock.monotonicMilliseconds() - closedAt, 2010) << "the wait under way is the last";
-    expectEnded();
-    expectTold();
+        expectTold();
+    }
 }
 
-TEST_P(ShutterInterruptedByOperator, ByAResetThatConnectsAgainLeavesTheNewConnectionAlone) {
-    const LoggerSettings readAnew = shutterSettings();
-    runAndAt([&] {
-        fixit();
-        connectAndRead();
-        clock.advance(1300);
-        commands.activity = Activity::Collecting;
-        state.Ctrlscrn = Operation::Collecting;
-        timer.setInterval(StatusTimer::slowInterval);
-        settings.record = readAnew;
-        writesBefore = line->writes.size();
-    });
-    EXPECT_EQ(line->writes.size(), writesBefore);
-    EXPECT_EQ(shown(), readAnew);
-    EXPECT_EQ(commands.activity.value(), Activity::Collecting);
-    EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
-    EXPECT_EQ(timer.interval(), StatusTimer::slowInterval);
+std::string nameOf(const testing::TestParamInfo<std::tuple<ShutterMoment, Interruption>>& info) {
+    return std::string(std::get<0>(info.param).name) + std::get<1>(info.param).name;
+}
+
+INSTANTIATE_TEST_SUITE_P(InEachWait, ShutterInterrupted,
+                         testing::Combine(testing::ValuesIn(shutterMoments), testing::ValuesIn(interruptions)), nameOf);
+
+/// The interruption that connects again.
+class ShutterInterruptedByReset : public ShutterInterrupted {};
+
+TEST_P(ShutterInterruptedByReset, LeavesTheNewConnectionAlone) {
+    interrupt();
+    finish();
+    live(2.0);
+    EXPECT_EQ(line->writes.mid(writesBefore), (QByteArrayList{"P", "C"}));
     EXPECT_EQ(status.status.value().toStdString(), "Ready");
-    EXPECT_TRUE(commands.runEnabled);
+    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_TRUE(commands.canRun);
+    EXPECT_TRUE(commands.canResetShutter);
     expectTold();
+    if (!moment.temporarySent) {
+        EXPECT_EQ(shown(), ShutterBench::original());
+    } else if (!std::string(moment.name).starts_with("Sending") && !std::string(moment.name).starts_with("Restoring")) {
+        EXPECT_EQ(shown(), shutterSettings()) << "as the instrument has reported";
+    }
+    const qsizetype writes = line->writes.size();
+    live(40.0);
+    EXPECT_EQ(line->writes.size(), writes);
 }
 
-TEST_P(ShutterInterruptedByOperator, ByTheEndOfTheProgramSaysNothing) {
-    runAndAt([this] {
-        events.ending = true;
-        program.end();
-    });
-    EXPECT_EQ(line->writes.size(), writesBefore);
-    EXPECT_FALSE(timer.isRunning());
-    EXPECT_TRUE(messages.shown.empty());
-}
-
-TEST_P(ShutterInterruptedByOperator, TheNextResetStartsAfresh) {
-    runAndAt([this] { fixit(); });
-    connectAndRead();
-    live(1.0F);
-    settings.record = ShutterBench::original();
+TEST_P(ShutterInterruptedByReset, TheNextOneStartsAfresh) {
+    interrupt();
+    finish();
+    live(2.0);
     line->writes.clear();
     steps.clear();
     messages.shown.clear();
-    whenever = [] {};
     progressTexts.clear();
     resetShutter();
     EXPECT_EQ(progressTexts.at(1).toStdString(), "Getting Settings 1");
@@ -146,8 +132,9 @@ TEST_P(ShutterInterruptedByOperator, TheNextResetStartsAfresh) {
     EXPECT_TRUE(written().contains("Pr"));
 }
 
-INSTANTIATE_TEST_SUITE_P(InEachWait, ShutterInterrupted, testing::ValuesIn(shutterMoments), nameOf);
-INSTANTIATE_TEST_SUITE_P(InEachWait, ShutterInterruptedByOperator, testing::ValuesIn(momentsThatYield()), nameOf);
+INSTANTIATE_TEST_SUITE_P(InEachWait, ShutterInterruptedByReset,
+                         testing::Combine(testing::ValuesIn(shutterMoments), testing::Values(interruptions[0])),
+                         nameOf);
 
 class ShutterEnds : public testing::Test, public ShutterBench {};
 

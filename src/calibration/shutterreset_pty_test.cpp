@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/processes.h"
+#include "testing/ptyrig.h"
 #include "testing/shutterbench.h"
 
 #include <gtest/gtest.h>
@@ -11,14 +11,13 @@ class ShutterPtyTest : public testing::TestWithParam<ShutterMoment> {
 protected:
     ShutterPtyTest() {
         bench = std::make_unique<ShutterBench>([this](const QString& device, TestClock& clock) {
-            auto port = ServedPort::serve(device, clock, server);
+            auto port = std::make_unique<ServedPort>(device, clock);
             line = port.get();
             return port;
         });
         EXPECT_TRUE(bench->ports.isOpen());
     }
 
-    std::unique_ptr<PtyServer> server;
     std::unique_ptr<ShutterBench> bench;
     ServedPort* line = nullptr; ///< The bench's port, while it lives.
 };
@@ -28,7 +27,7 @@ TEST_F(ShutterPtyTest, AnInstrumentThatAnswersEndsWithItsOwnSettings) {
     EXPECT_EQ(bench->steps.join(u'|').toStdString(),
               "Getting Settings|Sending New Settings|Moving Shutter|Restoring Orignal Settings|");
     EXPECT_EQ(bench->written(), "PB000000T1\rD0\rQ1\rI0\rPrB000111T30\rD2\rQ100\rI5\rP");
-    bench->live(1.0F);
+    bench->live(1.0);
     EXPECT_TRUE(bench->commands.canResetShutter);
     EXPECT_EQ(bench->shown(), ShutterBench::original());
     EXPECT_TRUE(bench->report().contains("S0\r\nG0\r\nA0\r\nL1\r\nW1\r\nM1\r\nT30\r\nD2\r\nQ100\r\nI5\r\n"));
@@ -50,10 +49,10 @@ TEST_F(ShutterPtyTest, ASilentInstrumentGoesThroughEveryStep) {
 
 TEST_P(ShutterPtyTest, UnpluggedInEachWait) {
     qsizetype writes = -1;
-    bench->whenever = [this, &writes] {
+    bench->eachMillisecond = [this, &writes] {
         // An answer that came before the cable was pulled is still taken, and the next character sent.
-        if (server && bench->at(GetParam().step, GetParam().milliseconds) && line->allIsRead()) {
-            server.reset();
+        if (writes < 0 && bench->at(GetParam().step, GetParam().milliseconds) && line->inputCount() == 0) {
+            line->pullCable();
             writes = bench->line->writes.size();
         }
     };

@@ -37,28 +37,40 @@ class ShutterResetTest : public testing::Test, public ShutterBench {};
 
 TEST_F(ShutterResetTest, TheWholeSequence) {
     const int linesBefore = state.Timeout;
-    resetShutter();
+    program.resetShutter();
+    EXPECT_EQ(written(), "P") << "returns before the answer is read";
+    int readsItself = 0;
+    eachMillisecond = [&] {
+        if (commands.activity.value() == Activity::Sending || at("Moving Shutter", 0)) {
+            ++readsItself;
+            EXPECT_FALSE(timer.isRunning());
+        }
+    };
+    finish();
+    EXPECT_GT(readsItself, 31'000);
 
     EXPECT_EQ(join(steps), "Getting Settings|Sending New Settings|Moving Shutter|Restoring Orignal Settings|");
     EXPECT_EQ(written(), QByteArray("P") + temporaryItems + "Pr" + originalItems + "P");
     EXPECT_EQ(shown(), ShutterBench::original());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_TRUE(commands.runEnabled);
-    EXPECT_EQ(commands.activity.value(), Activity::None);
-    EXPECT_EQ(state.Ctrlscrn, Operation::Ready) << "the last report is to be read";
+    EXPECT_EQ(commands.activity.value(), Activity::ReadingSettings) << "the last report is to be read";
+    EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
     EXPECT_TRUE(timer.isRunning());
     EXPECT_EQ(state.Timeout - linesBefore, 12) << "the report of the temporary settings reached the screen";
     EXPECT_EQ(status.shutterCountdown.value().toStdString(), "");
-    EXPECT_FALSE(timerRunningWhilePolling);
 }
 
 TEST_F(ShutterResetTest, CanBeUsedAgainWhenTheRestoredSettingsHaveBeenRead) {
     const int linesBefore = state.Timeout;
     resetShutter();
     EXPECT_FALSE(commands.canResetShutter);
-    live(1.0F);
+    EXPECT_FALSE(commands.canRun);
+    EXPECT_FALSE(commands.canCommand);
+    live(1.0);
     EXPECT_EQ(state.Timeout - linesBefore, 12 + 12);
     EXPECT_TRUE(commands.canResetShutter);
+    EXPECT_TRUE(commands.canRun);
     EXPECT_EQ(shown(), ShutterBench::original());
     EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen) << "the clock has been read";
     EXPECT_EQ(status.status.value().toStdString(), "Ready");
@@ -70,6 +82,30 @@ TEST_F(ShutterResetTest, CanBeUsedAgainWhenTheRestoredSettingsHaveBeenRead) {
     resetShutter();
     EXPECT_EQ(written(), QByteArray("P") + temporaryItems + "Pr" + originalItems + "P");
     EXPECT_EQ(progressTexts.at(1).toStdString(), "Getting Settings 1") << "the count starts afresh";
+}
+
+TEST_F(ShutterResetTest, SaysWhenTheRestoredSettingsAreNotReported) {
+    int reports = 0;
+    line->written = [this, &reports](const QByteArray& bytes) {
+        if (bytes == "P" && ++reports == 3) {
+            line->silent = true;
+        }
+    };
+    resetShutter();
+    live(9.9);
+    EXPECT_EQ(commands.activity.value(), Activity::ReadingSettings);
+    EXPECT_NE(status.status.value().toStdString(), "No answer for 10 s. Reset connects again.");
+    live(0.2);
+    EXPECT_EQ(status.status.value().toStdString(), "No answer for 10 s. Reset connects again.");
+    EXPECT_FALSE(commands.canResetShutter);
+    EXPECT_FALSE(commands.canRun);
+    line->silent = false;
+    program.reset();
+    finish();
+    live(2.0);
+    EXPECT_EQ(status.status.value().toStdString(), "Ready");
+    EXPECT_EQ(shown(), ShutterBench::original());
+    EXPECT_TRUE(commands.canResetShutter);
 }
 
 TEST_F(ShutterResetTest, RestoresEachFlag) {
@@ -89,14 +125,14 @@ TEST_F(ShutterResetTest, AnOldReportDoesNotAllowItOnANewConnection) {
     fixit();
     autoConnect();
     commands.resetShutterEnabled = false;
-    live(2.0F);
+    live(2.0);
     EXPECT_EQ(settings.lamp.value(), Lamp::Read);
     EXPECT_FALSE(commands.resetShutterEnabled);
 }
 
 TEST_F(ShutterResetTest, WhatIsDisabledMeanwhile) {
     bool looked = false;
-    whenever = [&] {
+    eachMillisecond = [&] {
         if (!at("Moving Shutter", 0)) {
             return;
         }
@@ -114,7 +150,7 @@ TEST_F(ShutterResetTest, WhatIsDisabledMeanwhile) {
 
 TEST_F(ShutterResetTest, SaysSoAndKeepsItsCodeWhileTheReportIsRead) {
     int looks = 0;
-    whenever = [&] {
+    eachMillisecond = [&] {
         if (at("Getting Settings", 350) && steps.size() == 1) {
             ++looks;
             EXPECT_EQ(status.status.value().toStdString(), "Resetting Shutter");
@@ -131,28 +167,6 @@ TEST_F(ShutterResetTest, WhatArrivedBeforeItIsNoAnswer) {
     line->input = "P\r\nS0\r\nT77\r\n";
     resetShutter();
     EXPECT_EQ(shown(), ShutterBench::original());
-}
-
-TEST_F(ShutterResetTest, APromptOfTheTimeBeforeThePollsDoesNotEndThem) {
-    line->silent = true;
-    bool came = false;
-    qint64 moveBegan = 0;
-    whenever = [&] {
-        if (!came && at("Moving Shutter", 20'000)) {
-            came = true;
-            moveBegan = stepBegan;
-            line->input = ">";
-        }
-    };
-    qint64 restoring = 0;
-    const auto restored = status.shutterProgress.addNotifier([&] {
-        if (status.shutterProgress.value() == QLatin1String("Restoring Orignal Settings")) {
-            restoring = clock.monotonicMilliseconds();
-        }
-    });
-    resetShutter();
-    EXPECT_TRUE(came);
-    EXPECT_GE(restoring - moveBegan, 59'900) << "the polls went on to their limit";
 }
 
 TEST_F(ShutterResetTest, TheScreenShowsTheTemporarySettingsWhileTheyAreSent) {
@@ -246,44 +260,57 @@ TEST_F(ShutterResetTest, PollsAreCountedOnFromTheRetries) {
     EXPECT_FALSE(progressTexts.contains(QStringLiteral("Moving Shutter 30100")));
 }
 
-TEST_F(ShutterResetTest, TheWindowLivesWhilePolling) {
+TEST_F(ShutterResetTest, TheOperatorMayLookAtThePagesMeanwhile) {
     line->silent = true;
+    const qint64 start = clock.monotonicMilliseconds();
+    int looks = 0;
+    eachMillisecond = [&] {
+        const bool status = ++looks % 2 == 0;
+        program.selectUpperTab(status ? QStringLiteral("Status") : QStringLiteral("Data"));
+        EXPECT_EQ(program.pages.shown.value(), pageOfCaption(program.pages.upperCaption));
+    };
     resetShutter();
-    // Every 10 ms of the 30 s of polls and of the two sendings of 5 s.
-    EXPECT_GE(events.responsive, 3900);
-    EXPECT_LE(events.responsive, 4100);
-    EXPECT_FALSE(timerRunningWhilePolling);
+    EXPECT_EQ(looks, clock.monotonicMilliseconds() - start);
+    EXPECT_GE(looks, 75'580);
+    EXPECT_EQ(written(), "PBrB");
 }
 
-TEST_F(ShutterResetTest, APromptAmongOtherCharactersDoesNotEndThePolls) {
-    line->silent = true;
-    bool together = false;
-    bool alone = false;
-    line->waited = [&](int) {
-        if (!together && at("Moving Shutter", 30'500)) {
-            line->input = "r\r\n>";
-            together = true;
-        } else if (together && !alone && at("Moving Shutter", 31'500)) {
-            line->input = ">";
-            alone = true;
+/// How long the step "Moving Shutter" takes when this arrives, each so many milliseconds after its beginning.
+qint64 movingTime(const std::vector<std::pair<int, QByteArray>>& arrivals) {
+    ShutterBench bench;
+    bench.line->silent = true;
+    auto next = arrivals.begin();
+    qint64 began = 0;
+    qint64 ended = 0;
+    bench.eachMillisecond = [&] {
+        if (bench.at("Moving Shutter", 0)) {
+            began = bench.stepBegan;
+        } else if (ended == 0 && bench.at("Restoring Orignal Settings", 0)) {
+            ended = bench.stepBegan;
+        }
+        while (next != arrivals.end() && bench.at("Moving Shutter", next->first)) {
+            bench.line->input += next++->second;
         }
     };
-    qint64 moved = 0;
-    qint64 moveBegan = 0;
-    const auto moveWatch = status.shutterCountdown.addNotifier([&] {
-        if (moveBegan == 0) {
-            moveBegan = clock.monotonicMilliseconds();
-        }
-    });
-    const auto restored = status.shutterProgress.addNotifier([&] {
-        if (status.shutterProgress.value() == QLatin1String("Restoring Orignal Settings")) {
-            moved = clock.monotonicMilliseconds() - moveBegan;
-        }
-    });
-    resetShutter();
-    EXPECT_TRUE(alone);
-    EXPECT_GE(moved, 31'500);
-    EXPECT_LT(moved, 32'000);
+    bench.resetShutter();
+    EXPECT_EQ(next, arrivals.end());
+    return ended - began;
+}
+
+TEST(ShutterPolls, EndWithThePromptAloneOrAtTheirLimit) {
+    // The count of 30001 goes on from 21 retries; the 30 waits of a second are some milliseconds longer.
+    const qint64 limit = movingTime({});
+    EXPECT_GE(limit, 30'000 + 29'980);
+    EXPECT_LT(limit, 30'000 + 29'980 + 200);
+    EXPECT_EQ(movingTime({{20'000, ">"}}), limit) << "what comes before the polls is no answer";
+    EXPECT_EQ(movingTime({{30'500, "r\r\n>"}, {31'500, ">"}}), 31'500);
+
+    std::vector<std::pair<int, QByteArray>> blocks;
+    for (int milliseconds = 31'000; milliseconds < 36'000; ++milliseconds) {
+        blocks.emplace_back(milliseconds, "x");
+    }
+    // A block and its millisecond are one poll, except where a count is shown between them.
+    EXPECT_NEAR(static_cast<double>(movingTime(blocks)), static_cast<double>(limit), 50.0);
 }
 
 TEST_F(ShutterResetTest, AnnouncesItself) {

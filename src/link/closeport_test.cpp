@@ -103,15 +103,14 @@ TEST_F(ClosePort, hidesResetShutterUntilTheNextConnection) {
 }
 
 TEST_F(ClosePort, endsAConnectionInItsWakeUpPulseWithoutAnotherWord) {
-    int yields = 0;
-    events.tick = [&] {
-        if (++yields == 10) {
+    eachMillisecond = [&] {
+        if (clock.monotonicMilliseconds() == 50) {
             program.closePort();
         }
     };
     replies = {"V512\r"};
     autoConnect();
-    EXPECT_EQ(yields, 10);
+    EXPECT_EQ(clock.monotonicMilliseconds(), 50) << "the attempt ends in its wait";
     EXPECT_TRUE(com1.writes.empty());
     EXPECT_EQ(com1.dtr, QStringList{QStringLiteral("on")});
     EXPECT_EQ(status.status.value(), QStringLiteral("Offline"));
@@ -124,7 +123,7 @@ TEST_F(ClosePort, endsAConnectionInItsWakeUpPulseWithoutAnotherWord) {
 
 TEST_F(ClosePort, endsAConnectionBetweenReplyAndRequestWithoutAnotherWord) {
     replies = {"V512\r"};
-    events.tick = [&] {
+    eachMillisecond = [&] {
         if (state.Vartemp == QLatin1String("V") && ports.isOpen()) {
             program.closePort();
         }
@@ -137,10 +136,9 @@ TEST_F(ClosePort, endsAConnectionBetweenReplyAndRequestWithoutAnotherWord) {
 }
 
 TEST_F(ClosePort, leavesTheNextConnectionToItself) {
-    int yields = 0;
-    events.tick = [&] {
-        program.tick();
-        if (++yields == 10) {
+    timer.enable();
+    eachMillisecond = [&] {
+        if (clock.monotonicMilliseconds() == 50) {
             program.closePort();
             autoConnect(2);
         }
@@ -230,9 +228,8 @@ TEST_F(AbortRun, showsTheManualDialogAgainAfterAManualConnection) {
 TEST_F(AbortRun, keepsTheManualDialogThatItShowsDuringAManualAttempt) {
     program.manualConnect(2);
     manual.proceed();
-    int yields = 0;
-    events.tick = [&] {
-        if (++yields == 10) {
+    eachMillisecond = [&] {
+        if (clock.monotonicMilliseconds() == 50) {
             abort2();
         }
     };
@@ -240,7 +237,7 @@ TEST_F(AbortRun, keepsTheManualDialogThatItShowsDuringAManualAttempt) {
     EXPECT_TRUE(manual.shown.visible.value());
     EXPECT_TRUE(manual.shown.text.value().startsWith(QStringLiteral("To start manual connection on Comm 2")));
     EXPECT_TRUE(manual.shown.proceedVisible.value());
-    EXPECT_EQ(yields, 10) << "the attempt ends in its wait";
+    EXPECT_EQ(clock.monotonicMilliseconds(), 50) << "the attempt ends in its wait";
     EXPECT_TRUE(com2.writes.empty());
     EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
 }
@@ -256,12 +253,58 @@ TEST_F(AbortRun, takesTheFirstCheckedItemAndNoOther) {
     EXPECT_EQ(ports.selectedPort(), 2);
 }
 
-TEST_F(AbortRun, onlyEnablesRunWhenNoItemIsChecked) {
-    ports.open();
-    abort2();
-    EXPECT_TRUE(commands.runEnabled.value());
-    EXPECT_TRUE(ports.isOpen());
-    EXPECT_EQ(resets, 0);
+TEST_F(AbortRun, actsForTheAutomaticItemOfThePortInUseWhenNoItemIsChecked) {
+    for (const int port : {1, 2}) {
+        ProgramRig rig;
+        rig.ports.selectPort(port);
+        rig.ports.open();
+        rig.replies = {"V512\r"};
+        rig.abort2();
+        EXPECT_EQ(rig.resets, 1);
+        EXPECT_TRUE(rig.items.checked(port == 1 ? ConnectItems::Auto1 : ConnectItems::Auto2));
+        EXPECT_EQ(rig.ports.selectedPort(), port);
+        EXPECT_EQ((port == 1 ? rig.com1 : rig.com2).allWritten(), "P");
+        EXPECT_EQ(rig.state.Ctrlscrn, Operation::Identified);
+    }
+}
+
+/// "Auto Connect Comm 1" checks its item only when the attempt has ended.
+TEST_F(AbortRun, beginsTheAttemptOnComm1AnewAtEachOfItsMoments) {
+    for (const qint64 moment : {1, 500, 999, 1001, 3000, 5999, 6050}) {
+        SCOPED_TRACE(moment);
+        ProgramRig rig;
+        bool again = true;
+        rig.eachMillisecond = [&] {
+            if (rig.clock.monotonicMilliseconds() >= moment && std::exchange(again, false)) {
+                EXPECT_FALSE(rig.items.firstChecked());
+                rig.program.reset();
+                EXPECT_EQ(rig.com1.dtr.back(), QStringLiteral("on")) << "the pulse has begun within the call";
+                rig.replies = {"V512\r"};
+            }
+        };
+        if (moment > 6000) {
+            rig.replies.resize(4900);
+            rig.replies.emplace_back("F412\r"); // in the fifth of a second before the request
+        }
+        rig.autoConnect();
+        EXPECT_FALSE(again);
+        EXPECT_EQ(rig.resets, 1);
+        EXPECT_TRUE(rig.items.checked(ConnectItems::Auto1));
+        EXPECT_EQ(rig.state.Vartemp, QStringLiteral("V"));
+        EXPECT_EQ(rig.com1.allWritten(), "P") << "once";
+        EXPECT_EQ(rig.identifications, 1);
+        EXPECT_FALSE(rig.manual.shown.visible.value());
+    }
+}
+
+TEST_F(AbortRun, connectsAgainAfterRetryInTheDialogOfAFailedAttempt) {
+    autoConnect();
+    pressRetry();
+    replies = {"V512\r"};
+    program.reset();
+    finish();
+    EXPECT_EQ(com1.allWritten(), "P");
+    EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
 }
 
 TEST_F(AbortRun, endsInTheFailureDialogWhenNothingAnswers) {

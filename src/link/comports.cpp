@@ -70,7 +70,7 @@ bool ComPorts::open() {
         return false;
     }
     instrument_ = line(selected_).port.get();
-    ++connection_;
+    stirring_ = instrument_->stirred.subscribe([this] { stirred.tell(); });
     setUse(instrument_, PortUse::Instrument);
     session_.commands.portOpen = true;
     return true;
@@ -82,8 +82,9 @@ void ComPorts::close() {
     }
     instrument_->close();
     setUse(std::exchange(instrument_, nullptr), PortUse::None);
-    ++connection_;
+    stirring_.reset();
     session_.commands.portOpen = false;
+    closed.tell();
 }
 
 void ComPorts::setDataTerminalReady(bool on) {
@@ -110,10 +111,6 @@ void ComPorts::discardInput() {
 
 qsizetype ComPorts::inputCount() {
     return isOpen() ? instrument_->inputCount() : 0;
-}
-
-bool ComPorts::waitForInput(int milliseconds) {
-    return isOpen() && instrument_->waitForInput(milliseconds);
 }
 
 bool ComPorts::checkFailure() {

@@ -20,9 +20,6 @@ enum class PortUse { None, Instrument, DebugOutput };
 
 /// The two serial-port objects of the program: `MSComm1`, the link to the instrument on COM 1 or COM 2, and
 /// `MSComm2`, the debug output on COM 2, which is only written.
-///
-/// Each opening and closing of the instrument port begins a new connection, numbered by connectionNumber(): a
-/// procedure that waited compares the number to learn whether its connection is gone.
 class ComPorts {
 public:
     /// Makes the port of a device name; never null.
@@ -52,8 +49,14 @@ public:
     void write(const QByteArray& bytes);
     void discardInput();
     qsizetype inputCount();
-    bool waitForInput(int milliseconds);
-    quint64 connectionNumber() const { return connection_; }
+
+    /// The open instrument port has something to read, or has failed.
+    Signal<> stirred;
+    /// The instrument port has just been closed.
+    Signal<> closed;
+
+    /// Whether the open instrument port has failed.
+    bool hasFailed() const { return isOpen() && !instrument_->failure().isEmpty(); }
 
     /// Looks whether the open instrument port has failed. If so it closes the port, tells `portFailed` and then the
     /// operator, once. Returns whether it had failed.
@@ -92,7 +95,7 @@ private:
     Port* instrument_ = nullptr; ///< The open line of the instrument.
     Port* debugPort_ = nullptr;  ///< The open line of the debug output.
     int selected_ = 1;
-    quint64 connection_ = 0;
+    Subscription stirring_; ///< Of that line.
 };
 
 } // namespace orv

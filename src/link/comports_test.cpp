@@ -37,20 +37,43 @@ TEST_F(ComPorts, stayOnTheOpenPortWhenAnotherIsSelected) {
     EXPECT_FALSE(com2.isOpen());
 }
 
-TEST_F(ComPorts, numberEachConnectionAnew) {
-    const quint64 start = ports.connectionNumber();
-    ports.open();
-    const quint64 first = ports.connectionNumber();
-    EXPECT_NE(first, start);
-    ports.open();
-    EXPECT_EQ(ports.connectionNumber(), first);
+TEST_F(ComPorts, tellWhenTheInstrumentsPortHasBeenClosed) {
+    int closings = 0;
+    const Subscription listening = ports.closed.subscribe([&] {
+        ++closings;
+        EXPECT_FALSE(ports.isOpen());
+        EXPECT_FALSE(com1.isOpen());
+    });
     ports.close();
-    const quint64 closed = ports.connectionNumber();
-    EXPECT_NE(closed, first);
-    ports.close();
-    EXPECT_EQ(ports.connectionNumber(), closed);
     ports.open();
-    EXPECT_NE(ports.connectionNumber(), first);
+    ports.open();
+    EXPECT_EQ(closings, 0);
+    ports.close();
+    EXPECT_EQ(closings, 1);
+    ports.close();
+    EXPECT_EQ(closings, 1);
+    ports.open();
+    com1.failureReason = QStringLiteral("Pulled.");
+    EXPECT_EQ(closings, 2);
+}
+
+TEST_F(ComPorts, tellOfTheOpenInstrumentsPortAlone) {
+    int tellings = 0;
+    const Subscription listening = ports.stirred.subscribe([&tellings] { ++tellings; });
+    com1.stirred.tell();
+    EXPECT_EQ(tellings, 0);
+    ports.open();
+    com1.stirred.tell();
+    EXPECT_EQ(tellings, 1);
+    com2.stirred.tell();
+    EXPECT_EQ(tellings, 1);
+    ports.close();
+    com1.stirred.tell();
+    EXPECT_EQ(tellings, 1);
+    ports.selectPort(2);
+    ports.open();
+    com2.stirred.tell();
+    EXPECT_EQ(tellings, 2);
 }
 
 TEST_F(ComPorts, passEveryOperationToTheOpenPort) {
@@ -60,10 +83,8 @@ TEST_F(ComPorts, passEveryOperationToTheOpenPort) {
     EXPECT_EQ(com1.dtr, (QStringList{QStringLiteral("on"), QStringLiteral("off")}));
     com1.input = "abc";
     EXPECT_EQ(ports.inputCount(), 3);
-    EXPECT_TRUE(ports.waitForInput(1));
     EXPECT_EQ(ports.readAll(), "abc");
     EXPECT_EQ(ports.readAll(), QByteArray());
-    EXPECT_FALSE(ports.waitForInput(1));
     ports.write("P");
     ports.write("B1");
     EXPECT_EQ(com1.allWritten(), "PB1");
@@ -81,7 +102,6 @@ TEST_F(ComPorts, touchNoPortWhileClosed) {
     ports.discardInput();
     EXPECT_EQ(ports.readAll(), QByteArray());
     EXPECT_EQ(ports.inputCount(), 0);
-    EXPECT_FALSE(ports.waitForInput(1));
     EXPECT_FALSE(ports.checkFailure());
     EXPECT_TRUE(com1.dtr.isEmpty());
     EXPECT_TRUE(com1.writes.empty());
@@ -238,7 +258,7 @@ TEST_F(PortFailure, isToldWithTheNumberOfItsPort) {
     ports.selectPort(2);
     ports.open();
     com2.failureReason = QStringLiteral("Gone.");
-    EXPECT_TRUE(ports.checkFailure());
+    EXPECT_FALSE(ports.isOpen()) << "without a tick";
     EXPECT_TRUE(theMessage().text.startsWith(QStringLiteral("The connection on COM 2 (ttyB) was lost.")));
 }
 

@@ -3,8 +3,6 @@
 
 #include "base/text.h"
 
-#include <QScopedValueRollback>
-
 #include <algorithm>
 #include <utility>
 
@@ -15,42 +13,43 @@ namespace {
 /// How long an automatic attempt waits for the instrument's first line, in milliseconds of monotonic time.
 constexpr qint64 attemptLimit = 5000;
 
-/// How often the windows are kept alive during the wake-up loop, in milliseconds of monotonic time.
-constexpr qint64 responsiveInterval = 10;
-
 } // namespace
 
-Connection::Connection(Session& session, DebugState& debug, ComPorts& ports, TimedWait& wait, EventYield& events,
-                       StatusTimer& timer)
+Connection::Connection(Session& session, DebugState& debug, ComPorts& ports, Waits& waits, StatusTimer& timer,
+                       Procedures& procedures)
     : session_(session)
     , debug_(debug)
     , ports_(ports)
-    , wait_(wait)
-    , events_(events)
+    , waits_(waits)
     , timer_(timer)
+    , procedures_(procedures)
     // A line that fails while open ends like a reset; what was received stays.
     , portFailed_(ports.portFailed.subscribe([this] { fixit(); })) {}
 
 void Connection::autoConnect1() {
+    procedures_.start(QStringLiteral("Auto Connect Comm 1"), [this] { return autoOpen1(); });
+}
+
+Task<> Connection::autoOpen1() {
     ports_.debugsay(QStringLiteral("Auto Open 1"));
     // The item is checked only after the attempt: while it runs, no item tells the port number, which stays what it
     // was, 1 at the start of the program or that of the last session.
-    const quint64 expected = ports_.connectionNumber() + (ports_.isOpen() ? 0 : 1);
-    openport1();
-    if (ports_.connectionNumber() != expected) {
-        return; // not opened, or overtaken by a reset, a close or another connection: those have set the items
-    }
+    co_await openport1();
     session_.state.Portused = 1;
     items[ConnectItems::Auto1].checked = true;
     items[ConnectItems::Auto1].enabled = true;
 }
 
 void Connection::autoConnect2() {
+    procedures_.start(QStringLiteral("Auto Connect Comm 2"), [this] { return autoOpen2(); });
+}
+
+Task<> Connection::autoOpen2() {
     ports_.debugsay(QStringLiteral("Auto Open 2"));
     session_.state.Portused = 2;
     items[ConnectItems::Auto2].checked = true;
     items[ConnectItems::Auto2].enabled = true;
-    openport2();
+    co_await openport2();
 }
 
 void Connection::manualConnect(int portNumber) {
@@ -81,31 +80,31 @@ void Connection::closePort() {
     commands.resetShutterVisible = false;
     commands.closePortEnabled = false;
     session_.state.Seeking = 0; // closing ends a manual connection: a later automatic attempt must be bounded
-    openprt();
+    openprt();                  // closing does not wait
     commands.activity = Activity::None;
 }
 
-void Connection::openport(int portNumber) {
+Task<> Connection::openport(int portNumber) {
     if (portNumber == 1) {
-        openport1();
+        co_await openport1();
     } else if (portNumber == 2) {
-        openport2();
+        co_await openport2();
     }
 }
 
-void Connection::openport1() {
+Task<> Connection::openport1() {
     ports_.debugsay(QStringLiteral("Open port 1"));
-    openAs(ConnectItems::Auto1, ConnectItems::Manual1);
+    co_await openAs(ConnectItems::Auto1, ConnectItems::Manual1);
 }
 
-void Connection::openport2() {
+Task<> Connection::openport2() {
     ports_.debugsay(QStringLiteral("Open Port 2"));
-    openAs(ConnectItems::Auto2, ConnectItems::Manual2);
+    co_await openAs(ConnectItems::Auto2, ConnectItems::Manual2);
 }
 
-void Connection::openAs(ConnectItems::Item automatic, ConnectItems::Item manual) {
+Task<> Connection::openAs(ConnectItems::Item automatic, ConnectItems::Item manual) {
     if (ports_.isOpen()) {
-        return;
+        co_return;
     }
     session_.state.portstatus = 1;
     if (items.checked(automatic)) {
@@ -123,10 +122,10 @@ void Connection::openAs(ConnectItems::Item automatic, ConnectItems::Item manual)
     commands.closePortEnabled = true;
     commands.resetShutterEnabled = true;
     commands.resetShutterVisible = true;
-    openprt();
+    co_await openprt();
 }
 
-void Connection::openprt() {
+Task<> Connection::openprt() {
     ports_.debugsay(QStringLiteral("Looking to see what port to open"));
     SessionState& state = session_.state;
     if (state.portstatus == 2) {
@@ -135,7 +134,7 @@ void Connection::openprt() {
             goOffline();
             listInputCount();
         }
-        return;
+        co_return;
     }
     const int port = items.checkedPort();
     if (port != 0) {
@@ -143,7 +142,7 @@ void Connection::openprt() {
     }
     session_.status.status = QStringLiteral("Connecting...");
     enableCommands(true);
-    presets();
+    co_await presets();
 }
 
 void Connection::enableCommands(bool enabled) {
@@ -176,112 +175,76 @@ void Connection::listInputCount() {
     }
 }
 
-void Connection::presets() {
+Task<> Connection::presets() {
     ports_.debugsay(QStringLiteral("Presets for Opening Port"));
     SessionState& state = session_.state;
     if (!ports_.open()) {
         fixit();
-        return;
+        throw ConnectionEnded();
     }
-    CommandState& commands = session_.commands;
-    commands.activity = Activity::Connecting;
-
-    ports_.setDataTerminalReady(true);
-    if (!wait_.waitConnected(1.0F)) {
-        return;
+    bool replied = false;
+    {
+        const Doing connecting(session_.commands, Activity::Connecting);
+        ports_.setDataTerminalReady(true);
+        co_await waits_.waitsec(1.0F);
+        ports_.setDataTerminalReady(false);
+        ports_.discardInput();
+        replied = co_await wakeUp();
+        if (replied) {
+            state.Seeking = 0; // found: a later automatic attempt must be bounded again
+            if (state.trouble == 1 && debug_.showParsing) {
+                debug_.list.append(state.Vartemp);
+            }
+            co_await waits_.waitsec(0.2F);
+        }
     }
-    ports_.setDataTerminalReady(false);
-    ports_.discardInput();
-
-    switch (wakeUp()) {
-    case WakeUp::Gone:
-        return;
-    case WakeUp::NoReply:
-        commands.activity = Activity::None;
+    if (!replied) {
         attemptFailed();
-        return;
-    case WakeUp::Replied:
-        break;
+        co_return;
     }
-    if (state.trouble == 1 && debug_.showParsing) {
-        debug_.list.append(state.Vartemp);
-    }
-    if (!wait_.waitConnected(0.2F)) {
-        return;
-    }
+    session_.commands.activity = Activity::ReadingSettings;
     ports_.write("P");
     identified.tell();
     state.Ctrlscrn = Operation::Identified;
     timer_.enable();
     state.Tmr = 1;
-    commands.activity = Activity::None;
 }
 
-Connection::WakeUp Connection::wakeUp() {
+/// Returns whether the instrument has replied. A manual connection starts its attempt again, without limit, until the
+/// operator has switched the power on.
+Task<bool> Connection::wakeUp() {
     SessionState& state = session_.state;
-    const quint64 connection = ports_.connectionNumber();
     const Clock& clock = session_.clock;
-    qint64 start = clock.monotonicMilliseconds();
-    qint64 lastResponsive = start;
     QString reply;
     state.Rtn.clear();
-    state.Vartemp.clear();
     const auto showFirmware = [this, &state, &reply] {
         // The reply is the type letter, the firmware's digits and CR.
         if (!state.Vartemp.isEmpty()) {
             session_.setFirmware(reply.mid(1, std::max<qsizetype>(reply.size() - 2, 0)));
         }
     };
-
-    WakeUp result = WakeUp::Gone;
-    {
-        const QScopedValueRollback polling(polling_, true);
-        while (true) {
-            ports_.waitForInput(1);
-            const QByteArray block = ports_.readAll();
+    do {
+        state.Vartemp.clear();
+        const qint64 start = clock.monotonicMilliseconds();
+        for (qint64 left = attemptLimit + 1; left > 0;
+             left = start + attemptLimit + 1 - clock.monotonicMilliseconds()) {
+            const QByteArray block = co_await waits_.input(left);
             const QString text = QString::fromLatin1(block);
             reply += text;
-            state.Rtn += text; // not the reply itself: that would copy it in each pass
-            if (state.Vartemp.isEmpty() && block.contains('V')) {
-                state.Vartemp = QStringLiteral("V");
-            }
-            if (state.Vartemp.isEmpty() && block.contains('F')) {
-                state.Vartemp = QStringLiteral("F");
+            state.Rtn += text; // not the reply itself: that would copy it at each block
+            for (const char letter : {'V', 'F'}) {
+                if (state.Vartemp.isEmpty() && block.contains(letter)) {
+                    state.Vartemp = QLatin1Char(letter);
+                }
             }
             if (block.contains('\r')) {
                 showFirmware();
-                result = WakeUp::Replied;
-                break;
-            }
-            if (block.isEmpty() && ports_.checkFailure()) {
-                break;
-            }
-            const qint64 now = clock.monotonicMilliseconds();
-            if (now - lastResponsive >= responsiveInterval) {
-                lastResponsive = now;
-                events_.keepResponsive(state.Seeking == 1);
-                if (events_.programEnding() || ports_.connectionNumber() != connection) {
-                    break;
-                }
-            }
-            if (now - start > attemptLimit) {
-                showFirmware();
-                if (state.Seeking != 1) {
-                    result = WakeUp::NoReply;
-                    break;
-                }
-                // A manual connection starts its attempt again, without limit, until the operator has switched the
-                // power on.
-                start = now;
-                state.Vartemp.clear();
+                co_return true;
             }
         }
-    }
-    if (result == WakeUp::Replied) {
-        state.Seeking = 0; // found: a later automatic attempt must be bounded again
-    }
-    pollingEnded.tell();
-    return result;
+        showFirmware();
+    } while (state.Seeking == 1);
+    co_return false;
 }
 
 void Connection::attemptFailed() {
@@ -297,16 +260,15 @@ void Connection::abortrun() {
         return;
     }
     session_.commands.runEnabled = true;
-    const auto item = items.firstChecked();
-    if (!item) {
-        return;
-    }
+    // An attempt on Comm 1 has not checked its item yet.
+    const ConnectItems::Item item =
+        items.firstChecked().value_or(ports_.selectedPort() == 1 ? ConnectItems::Auto1 : ConnectItems::Auto2);
     fixit();
-    items[*item].checked = true;
-    const int port = ConnectItems::portNumber(*item);
-    if (*item == ConnectItems::Auto1 || *item == ConnectItems::Auto2) {
+    items[item].checked = true;
+    const int port = ConnectItems::portNumber(item);
+    if (item == ConnectItems::Auto1 || item == ConnectItems::Auto2) {
         ports_.debugsay(QStringLiteral("Passed fix it for comm%1").arg(port));
-        openport(port);
+        procedures_.start(QStringLiteral("Reset"), [this, port] { return openport(port); });
     } else {
         session_.state.Portused = static_cast<quint8>(port);
         manualWanted.tell();

@@ -3,6 +3,7 @@
 
 #include "base/observe.h"
 #include "link/comports.h"
+#include "link/procedures.h"
 #include "link/session.h"
 #include "link/waits.h"
 
@@ -68,8 +69,8 @@ struct ConnectItems {
 /// Connecting to the instrument, closing the port again, and the reset that brings everything back to "Offline".
 class Connection {
 public:
-    Connection(Session& session, DebugState& debug, ComPorts& ports, TimedWait& wait, EventYield& events,
-               StatusTimer& timer);
+    Connection(Session& session, DebugState& debug, ComPorts& ports, Waits& waits, StatusTimer& timer,
+               Procedures& procedures);
 
     ConnectItems items;
 
@@ -85,22 +86,16 @@ public:
     /// state on the debug output.
     void fixit();
 
-    /// Stops a running collection or download: the program is reset and the instrument woken again on the same port, by
-    /// which it comes back to its prompt; nothing else is sent. Rows on the sheet stay. Nothing happens on a closed
-    /// port or when no connect item is checked.
+    /// Stops whatever is under way with the instrument: the program is reset and the instrument woken again on the same
+    /// port, by which it comes back to its prompt; nothing else is sent. Rows on the sheet stay. Without a checked
+    /// connect item the automatic one of the port in use counts as checked. Nothing happens on a closed port.
     void abortrun();
 
-    /// Open the instrument port on COM 1 or COM 2 and wake the instrument, unless the port is open already.
-    void openport1();
-    void openport2();
+    /// Opens the instrument port on COM 1 or COM 2 and wakes the instrument, unless the port is open already. Nothing
+    /// happens for another number. Throws ConnectionEnded if the port cannot be opened, which the operator has been
+    /// told.
+    Task<> openport(int portNumber);
 
-    /// The same by number. Nothing happens for another number.
-    void openport(int portNumber);
-
-    /// A loop that does not yield to the event loop is running: no tick may be dispatched.
-    bool isPolling() const { return polling_; }
-
-    Signal<> pollingEnded; ///< Such a loop has ended.
     Signal<> aboutToClose; ///< By a reset or "Close Port"; the port may be closed already. Whoever writes a file ends
                            ///< it now.
     Signal<> wasReset;     ///< All but the dump.
@@ -108,15 +103,17 @@ public:
     Signal<> manualWanted; ///< The operator is to go on with the "Manual Connection" dialog.
 
 private:
-    enum class WakeUp { Replied, NoReply, Gone };
-
-    void openAs(ConnectItems::Item automatic, ConnectItems::Item manual);
-    void openprt();
+    Task<> autoOpen1();
+    Task<> autoOpen2();
+    Task<> openport1();
+    Task<> openport2();
+    Task<> openAs(ConnectItems::Item automatic, ConnectItems::Item manual);
+    Task<> openprt();
     void enableCommands(bool enabled);
     void hideFrames();
     void goOffline();
-    void presets();
-    WakeUp wakeUp();
+    Task<> presets();
+    Task<bool> wakeUp();
     void attemptFailed();
     void listInputCount();
     void dumpState();
@@ -124,11 +121,10 @@ private:
     Session& session_;
     DebugState& debug_;
     ComPorts& ports_;
-    TimedWait& wait_;
-    EventYield& events_;
+    Waits& waits_;
     StatusTimer& timer_;
+    Procedures& procedures_;
     Subscription portFailed_;
-    bool polling_ = false;
 };
 
 } // namespace orv

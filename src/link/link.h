@@ -3,6 +3,7 @@
 
 #include "link/connection.h"
 #include "link/manualconnection.h"
+#include "link/ownfiles.h"
 #include "link/poll.h"
 #include "link/portchoices.h"
 
@@ -13,9 +14,8 @@ struct Link {
     /// What the program needs of its surroundings; everything outlives it.
     struct Surroundings {
         Clock& clock;
-        EventYield& events;
         OperatorMessages& messages;
-        OperatorQuestions& questions; ///< For the floors above.
+        OperatorQuestions& questions;
         ComPorts::PortMaker makePort;
         PortList* portList = nullptr; ///< Null: this computer has no ports.
         /// What is wrong with a device name; the empty text if nothing is.
@@ -23,23 +23,26 @@ struct Link {
     };
 
     explicit Link(const Surroundings& surroundings)
-        : events(surroundings.events)
-        , session(surroundings.clock, surroundings.messages)
+        : session(surroundings.clock, surroundings.messages)
+        , questions(surroundings.questions, session)
         , ports(session, debug, surroundings.makePort)
         , portChoices(ports, surroundings.portList, surroundings.deviceProblem)
-        , wait(surroundings.clock, events, ports)
+        , timer(surroundings.clock)
+        , waits(session, ports, timer, questions)
+        , procedures(session)
         , poll(session, ports, debug)
-        , connection(session, debug, ports, wait, events, timer)
-        , manual(session, connection)
+        , connection(session, debug, ports, waits, timer, procedures)
+        , manual(session, connection, procedures)
         , directSend(ports) {}
 
-    EventYield& events;
     Session session;
+    OwnFilesKept questions;
     DebugState debug;
     ComPorts ports;
     PortChoices portChoices;
-    TimedWait wait;
     StatusTimer timer;
+    Waits waits;
+    Procedures procedures;
     Poll poll;
     Connection connection;
     ManualConnection manual;

@@ -25,10 +25,13 @@ QString failureText(int portNumber) {
 
 } // namespace
 
-ManualConnection::ManualConnection(Session& session, Connection& connection)
+ManualConnection::ManualConnection(Session& session, Connection& connection, Procedures& procedures)
     : session_(session)
     , connection_(connection)
-    , wanted_(connection.manualWanted.subscribe([this] { show(); })) {}
+    , procedures_(procedures)
+    , wanted_(connection.manualWanted.subscribe([this] { show(); })) {
+    bindings_.bind(procedures.running, [this](bool running) { shown.canBegin = !running; });
+}
 
 void ManualConnection::show() {
     ++showings_;
@@ -62,24 +65,31 @@ void ManualConnection::proceed() {
 }
 
 void ManualConnection::start() {
+    procedures_.start(QStringLiteral("Manual Connect"), [this] { return seek(); });
+}
+
+Task<> ManualConnection::seek() {
     session_.state.Seeking = 1;
     session_.status.notice = QStringLiteral("Waiting for the instrument. \"Quit\" in the dialog ends it.");
-    const auto noticeEnds = qScopeGuard([this] { session_.status.notice = QString(); });
     shown.retryEnabled = false;
     shown.startEnabled = false;
     const int showing = showings_;
-    connection_.openport(session_.state.Portused);
-    session_.state.Seeking = 0; // connected or ended: a later automatic attempt must be bounded
-    // A reset during the attempt has shown the dialog afresh: that one stays.
-    if (showings_ == showing) {
-        hide();
-    }
+    const auto ended = qScopeGuard([this, showing] {
+        session_.status.notice = QString();
+        session_.state.Seeking = 0; // connected or ended: a later automatic attempt must be bounded
+        // The dialog may have been shown afresh during the attempt: that one stays.
+        if (showings_ == showing) {
+            hide();
+        }
+    });
+    co_await connection_.openport(session_.state.Portused);
 }
 
 void ManualConnection::retry() {
-    // A failed automatic attempt leaves the port open, and an open port is not opened again: the way on is "Quit" or
-    // "Close Port".
-    connection_.openport(session_.state.Portused);
+    // A failed automatic attempt leaves the port open, and an open port is not opened again: the way on is "Quit",
+    // "Reset" or "Close Port".
+    procedures_.start(QStringLiteral("Manual Connect"),
+                      [this] { return connection_.openport(session_.state.Portused); });
 }
 
 void ManualConnection::quit() {

@@ -16,19 +16,20 @@ struct ManualConnectionState {
     QProperty<bool> startEnabled{true};
     QProperty<bool> proceedVisible{true};
     QProperty<bool> retryEnabled{true};
+    QProperty<bool> canBegin{true}; ///< No procedure has the instrument: "Start" and "Retry" can do something.
 };
 
 /// The "Manual Connection" dialog: lets the operator connect with a power cycle, by hand or after a failed attempt.
 /// Shown when the connection wants it.
 class ManualConnection {
 public:
-    ManualConnection(Session& session, Connection& connection);
+    ManualConnection(Session& session, Connection& connection, Procedures& procedures);
 
     /// Opens the dialog afresh, with the text of the checked connect item; no text if none is checked.
     void show();
     void hide();
 
-    /// The dialog's buttons. While start() waits for the instrument, a notice says that this dialog alone can end it.
+    /// The dialog's buttons. While start() waits for the instrument, a notice says what ends it.
     void proceed();
     void start();
     void retry();
@@ -41,9 +42,13 @@ public:
     ManualConnectionState shown;
 
 private:
+    Task<> seek();
+
     Session& session_;
     Connection& connection_;
+    Procedures& procedures_;
     Subscription wanted_;
+    Bindings bindings_;
     int showings_ = 0; ///< How often the dialog has been shown.
 };
 

@@ -105,15 +105,16 @@ TEST_F(ManualConnection, saysWhileItSeeksThatTheDialogEndsIt) {
         rig.manual.proceed();
         EXPECT_EQ(notice.value().toStdString(), "");
         int waits = 0;
-        rig.com1.waited = [&](int milliseconds) {
-            rig.clock.advance(milliseconds);
-            EXPECT_EQ(notice.value().toStdString(), wait);
-            if (++waits == 100) {
+        rig.eachMillisecond = [&] {
+            if (++waits <= 2000) {
+                EXPECT_EQ(notice.value().toStdString(), wait);
+            }
+            if (waits == 2000) {
                 end(rig);
             }
         };
         rig.pressStart();
-        EXPECT_GE(waits, 100);
+        EXPECT_GE(waits, 2000);
         EXPECT_EQ(notice.value().toStdString(), "");
     }
     ProgramRig rig;
@@ -204,19 +205,16 @@ TEST_F(ManualConnection, connectsWhenThePowerComesOnAfterAnyTime) {
 TEST_F(ManualConnection, seeksWithoutLimitUntilQuit) {
     program.manualConnect(1);
     manual.proceed();
-    events.whileResponsive = [this](bool manualDialogLives) {
-        EXPECT_TRUE(manualDialogLives);
-        EXPECT_TRUE(program.isPolling());
+    eachMillisecond = [this] {
         EXPECT_TRUE(manual.shown.visible.value());
-        if (clock.monotonicMilliseconds() > 60000) {
+        if (clock.monotonicMilliseconds() == 60000) {
+            EXPECT_TRUE(timer.isHeld());
             manual.quit();
         }
     };
     pressStart();
-    EXPECT_GT(clock.monotonicMilliseconds(), 60000);
-    EXPECT_LT(clock.monotonicMilliseconds(), 60100) << "the loop ends at once";
-    EXPECT_FALSE(program.isPolling());
-    EXPECT_EQ(pollingEnds, 1);
+    EXPECT_EQ(clock.monotonicMilliseconds(), 60000) << "the wait ends at once";
+    EXPECT_FALSE(timer.isHeld());
     EXPECT_EQ(resets, 1);
     expectOffline();
     EXPECT_TRUE(com1.writes.empty());
@@ -227,7 +225,11 @@ TEST_F(ManualConnection, seeksWithoutLimitUntilQuit) {
 TEST_F(ManualConnection, endsWhenItsWindowIsClosedWhileItSeeks) {
     program.manualConnect(1);
     manual.proceed();
-    events.whileResponsive = [this](bool) { manual.closed(); };
+    eachMillisecond = [this] {
+        if (timer.isHeld()) {
+            manual.closed();
+        }
+    };
     pressStart();
     EXPECT_EQ(resets, 1);
     expectOffline();
@@ -249,28 +251,24 @@ TEST_F(ManualConnection, leavesNoEndlessSearchBehindForALaterAutomaticAttempt) {
     pressStart(); // does nothing on an open port
     EXPECT_EQ(state.Seeking, 0) << "cleared by the end of Start alone";
     program.closePort();
-    int calls = 0;
-    events.whileResponsive = [&](bool) { events.ending = ++calls > 2000; };
+    const qint64 start = clock.monotonicMilliseconds();
     autoConnect(2);
-    EXPECT_FALSE(events.ending) << "the attempt had no limit";
+    EXPECT_LT(clock.monotonicMilliseconds() - start, 6100) << "the attempt had no limit";
     EXPECT_TRUE(manual.shown.visible.value());
 }
 
 TEST_F(ManualConnection, endsTheSearchWhenThePortIsClosedInTheWakeUpPulse) {
     program.manualConnect(1);
-    int yields = 0;
     bool bounded = false;
-    events.tick = [&] {
-        if (++yields == 10) {
+    eachMillisecond = [&] {
+        if (clock.monotonicMilliseconds() == 50) {
             program.closePort();
             autoConnect(2);
             bounded = manual.shown.visible.value();
         }
     };
-    int calls = 0;
-    events.whileResponsive = [&](bool) { events.ending = ++calls > 2000; };
     pressStart();
-    EXPECT_FALSE(events.ending) << "the automatic attempt had no limit";
+    EXPECT_LT(clock.monotonicMilliseconds(), 6200) << "the automatic attempt had no limit";
     EXPECT_TRUE(bounded);
     EXPECT_TRUE(manual.shown.visible.value()) << "the dialog of the failed attempt must stay";
     EXPECT_TRUE(com1.writes.empty());

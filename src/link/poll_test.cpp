@@ -287,6 +287,7 @@ TEST_F(PollTest, tellsAFailedLogOnceAndGoesOn) {
 }
 
 TEST_F(PollTest, meetsAFailureOnlyAfterEveryLineThatArrivedBefore) {
+    timer.enable();
     com1.failureReason = QStringLiteral("Gone.");
     EXPECT_EQ(take("one\r\ntwo\r\nthr"), "one");
     EXPECT_EQ(take(""), "two");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/observe.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -10,8 +12,8 @@ namespace orv {
 
 /// One serial line, 9600 baud, 8 data bits, no parity, 1 stop bit: the whole of what the program asks of a port.
 ///
-/// Real ports, simulated instruments and test doubles implement it. Nothing here yields to the event loop, and no
-/// call throws: when a line breaks while it is open, failure() says so.
+/// Real ports, simulated instruments and test doubles implement it. Nothing here waits or throws: `stirred` tells when
+/// there is something to read, and when a line breaks while it is open, which failure() then explains.
 class Port {
 public:
     static constexpr const char* tryAgainWords = "connect again";
@@ -45,11 +47,12 @@ public:
     /// How many characters wait to be read; 0 on a closed port.
     virtual qsizetype inputCount() = 0;
 
-    /// Sleeps until characters wait to be read, at most `milliseconds`. Returns whether there are any.
-    virtual bool waitForInput(int milliseconds) = 0;
-
     /// Why an open line no longer works (unplugged, far end gone); empty while it does. Stays until the next open().
     virtual QString failure() const = 0;
+
+    /// Told from the event loop, never inside a call, after characters have come to an open line from which everything
+    /// had been read, and after it has failed; perhaps more often.
+    Signal<> stirred;
 };
 
 /// A serial port of this computer and what its adapter says of itself; what it does not say is empty.

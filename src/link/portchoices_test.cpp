@@ -215,16 +215,13 @@ TEST_F(PortChoicesTest, APortThatCouldNotBeOpenedCanBeChanged) {
 TEST_F(PortChoicesTest, APortThatIsLostCanBeChanged) {
     ports.open();
     com1.failureReason = QStringLiteral("Gone.");
-    EXPECT_TRUE(ports.checkFailure());
+    EXPECT_FALSE(ports.isOpen());
     EXPECT_FALSE(isLocked(1));
 }
 
 TEST_F(PortChoicesTest, NothingCanBeChangedDuringAnAttemptNorAfterItsFailureUntilQuit) {
     int waits = 0;
-    com1.waited = [&](int milliseconds) {
-        clock.advance(milliseconds);
-        waits += isLocked(1) ? 1 : 0;
-    };
+    eachMillisecond = [&] { waits += isLocked(1) ? 1 : 0; };
     autoConnect();
     EXPECT_GT(waits, 0);
     EXPECT_TRUE(manual.shown.visible);
@@ -236,13 +233,14 @@ TEST_F(PortChoicesTest, NothingCanBeChangedDuringAnAttemptNorAfterItsFailureUnti
 TEST_F(PortChoicesTest, NothingCanBeChangedWhileAManualConnectionSeeks) {
     program.manualConnect(2);
     EXPECT_FALSE(isLocked(2)) << "nothing has been opened yet";
-    com2.waited = [this](int milliseconds) {
-        clock.advance(milliseconds);
+    replies.resize(500);
+    replies.emplace_back("V512\r");
+    eachMillisecond = [this] {
         EXPECT_TRUE(isLocked(2));
         EXPECT_FALSE(isLocked(1));
-        com2.input = "V512\r";
     };
     pressStart();
+    EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
     EXPECT_TRUE(isLocked(2));
 }
 

@@ -31,15 +31,16 @@ void Session::setFirmware(const QString& text) {
 }
 
 CommandState::CommandState() {
-    undisturbed.setBinding([this] { return activity.value() == Activity::None; });
+    canAsk.setBinding([this] { return !asking.value(); });
+    undisturbed.setBinding([this] { return activity.value() == Activity::None && canAsk.value(); });
     canCommand.setBinding([this] { return portOpen.value() && undisturbed.value(); });
     canRun.setBinding([this] { return runEnabled.value() && canCommand.value(); });
     // Rows that arrive must not find their sheet emptied or replaced under them.
     const auto sheetAtRest = [this] {
-        return activity.value() != Activity::Collecting && activity.value() != Activity::Downloading;
+        return activity.value() != Activity::Collecting && activity.value() != Activity::Downloading && canAsk.value();
     };
     canClearAll.setBinding([this, sheetAtRest] { return clearAllEnabled.value() && sheetAtRest(); });
-    canSaveAs.setBinding([this] { return saveAsEnabled.value() || sheetHoldsRows.value(); });
+    canSaveAs.setBinding([this] { return (saveAsEnabled.value() || sheetHoldsRows.value()) && canAsk.value(); });
     canOpenSheet.setBinding([sheetAtRest] { return sheetAtRest(); });
     canResetShutter.setBinding([this] { return resetShutterEnabled.value() && canCommand.value(); });
 }

@@ -73,7 +73,16 @@ struct StatusState {
 };
 
 /// The long operation under way, if any.
-enum class Activity { None, Connecting, Collecting, Downloading, Sending, SettingClock, ResettingShutter };
+enum class Activity {
+    None,
+    Connecting,
+    ReadingSettings,
+    Collecting,
+    Downloading,
+    Sending,
+    SettingClock,
+    ResettingShutter
+};
 
 /// What the procedures say of the main window's commands, and what follows from it for the operator.
 ///
@@ -86,6 +95,7 @@ struct CommandState {
     CommandState& operator=(const CommandState&) = delete;
 
     QProperty<Activity> activity{Activity::None};
+    QProperty<bool> asking{false}; ///< A question to the operator stands; set by the waits.
 
     QProperty<bool> resetEnabled{false};
     QProperty<bool> runEnabled{false};
@@ -103,8 +113,9 @@ struct CommandState {
 
     /// The instrument can be sent a command: its port is open and nothing is under way that would be disturbed.
     QProperty<bool> canCommand;
-    /// Nothing is under way.
+    /// Nothing is under way, and no question stands.
     QProperty<bool> undisturbed;
+    QProperty<bool> canAsk; ///< No question stands.
     QProperty<bool> canRun;
     QProperty<bool> canClearAll;
     QProperty<bool> canSaveAs; ///< A reset disables "Save As", yet rows on the sheet can always be saved.

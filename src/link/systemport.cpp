@@ -7,6 +7,8 @@
 #include <QScopedValueRollback>
 #include <QSerialPortInfo>
 
+#include <utility>
+
 #ifdef Q_OS_UNIX
 #include <cerrno>
 #include <poll.h>
@@ -103,6 +105,17 @@ SystemPort::SystemPort(const QString& device) {
     port_.setPortName(device);
     QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
                      [this](QSerialPort::SerialPortError error) { noteError(error); });
+    QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] {
+        if (!std::exchange(stirredTold_, true)) {
+            tellStirred();
+        }
+    });
+}
+
+/// From the event loop: whoever hears of it may close the port, which the port's own signal would not survive.
+void SystemPort::tellStirred() {
+    QMetaObject::invokeMethod(
+        &port_, [this] { stirred.tell(); }, Qt::QueuedConnection);
 }
 
 QString SystemPort::open() {
@@ -111,6 +124,7 @@ QString SystemPort::open() {
     }
     const QScopedValueRollback settingUp(settingUp_, true);
     failure_.clear();
+    stirredTold_ = false;
     port_.clearError();
     const bool opened = port_.open(QIODevice::ReadWrite) && port_.setBaudRate(QSerialPort::Baud9600) &&
                         port_.setDataBits(QSerialPort::Data8) && port_.setParity(QSerialPort::NoParity) &&
@@ -144,31 +158,26 @@ void SystemPort::setDataTerminalReady(bool on) {
 }
 
 QByteArray SystemPort::readAll() {
+    stirredTold_ = false;
     return port_.isOpen() ? port_.readAll() : QByteArray();
 }
 
 void SystemPort::write(const QByteArray& bytes) {
     if (port_.isOpen() && failure_.isEmpty() && port_.bytesToWrite() + bytes.size() <= maximumPendingOutput) {
         port_.write(bytes);
-        port_.flush(); // loops that do not yield to the event loop write too
+        port_.flush(); // now, not when the event loop runs
     }
 }
 
 void SystemPort::discardInput() {
     if (port_.isOpen() && failure_.isEmpty()) {
+        stirredTold_ = false;
         port_.clear(QSerialPort::Input);
     }
 }
 
 qsizetype SystemPort::inputCount() {
     return port_.isOpen() ? port_.bytesAvailable() : 0;
-}
-
-bool SystemPort::waitForInput(int milliseconds) {
-    if (!port_.isOpen()) {
-        return false;
-    }
-    return port_.bytesAvailable() > 0 || (failure_.isEmpty() && port_.waitForReadyRead(milliseconds));
 }
 
 QString SystemPort::failure() const {
@@ -183,6 +192,7 @@ void SystemPort::noteError(QSerialPort::SerialPortError error) {
     failure_ = error == QSerialPort::ResourceError || error == QSerialPort::ReadError
                    ? QStringLiteral("The device is gone: the cable was pulled or the adapter switched off.")
                    : QStringLiteral("The system says: %1.").arg(port_.errorString());
+    tellStirred();
 }
 
 QString SystemPort::openFailure() const {

@@ -42,16 +42,17 @@ public:
     void write(const QByteArray& bytes) override;
     void discardInput() override;
     qsizetype inputCount() override;
-    bool waitForInput(int milliseconds) override;
     QString failure() const override;
 
 private:
     void noteError(QSerialPort::SerialPortError error);
+    void tellStirred();
     QString openFailure() const;
 
     QSerialPort port_;
     QString failure_;
-    bool settingUp_ = false; ///< Errors of opening and of setting DTR do not end a connection.
+    bool stirredTold_ = false; ///< Of characters that still wait to be read.
+    bool settingUp_ = false;   ///< Errors of opening and of setting DTR do not end a connection.
 };
 
 /// The list that the system keeps.

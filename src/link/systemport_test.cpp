@@ -82,32 +82,36 @@ private:
     int reservation_ = -1; ///< The near end, held open so that its number is not given away.
 };
 
-/// Lets the port take what has been sent, until it holds `count` characters or two seconds have passed.
-void waitForCount(SystemPort& port, qsizetype count) {
+/// Runs the event loop until the condition holds, at most two seconds.
+template <typename Condition>
+void waitUntil(Condition reached) {
     const QDeadlineTimer limit(2000);
-    while (port.inputCount() < count && !limit.hasExpired()) {
+    while (!reached() && !limit.hasExpired()) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
     }
+}
+
+/// Lets the port take what has been sent, until it holds `count` characters.
+void waitForCount(SystemPort& port, qsizetype count) {
+    waitUntil([&port, count] { return port.inputCount() >= count; });
     ASSERT_EQ(port.inputCount(), count);
 }
 
-/// Reads until `count` characters have come, at most two seconds.
+/// Reads until `count` characters have come.
 QByteArray readCount(SystemPort& port, qsizetype count) {
     QByteArray all;
-    const QDeadlineTimer limit(2000);
-    while (all.size() < count && !limit.hasExpired()) {
-        port.waitForInput(1);
-        all += port.readAll();
-    }
+    waitUntil([&port, &all, count] { return (all += port.readAll()).size() >= count; });
     return all;
 }
 
 void waitForFailure(SystemPort& port) {
-    const QDeadlineTimer limit(2000);
-    while (port.failure().isEmpty() && !limit.hasExpired()) {
-        port.waitForInput(1);
-        port.readAll();
-    }
+    waitUntil([&port] { return !port.failure().isEmpty(); });
+}
+
+/// The event loop for a moment in which something could come.
+void liveAMoment() {
+    const QDeadlineTimer moment(20);
+    waitUntil([&moment] { return moment.hasExpired(); });
 }
 
 class SystemPortTest : public testing::Test {
@@ -120,6 +124,10 @@ protected:
 
     PseudoTerminal terminal;
     SystemPort port{terminal.path};
+    int tellings = 0; ///< Of something to read or a failure.
+
+private:
+    Subscription listening_ = port.stirred.subscribe([this] { ++tellings; });
 };
 
 TEST_F(SystemPortTest, isClosedUntilItIsOpened) {
@@ -177,17 +185,38 @@ TEST_F(SystemPortTest, countsWhatWaitsAndTakesItAllAtOnce) {
     terminal.send("abc");
     waitForCount(port, 3);
     EXPECT_EQ(port.inputCount(), 3);
-    EXPECT_TRUE(port.waitForInput(0));
     EXPECT_EQ(port.readAll(), "abc");
     EXPECT_EQ(port.inputCount(), 0);
 }
 
-TEST_F(SystemPortTest, waitsForInputNoLongerThanAsked) {
+TEST_F(SystemPortTest, tellsFromTheEventLoopThatSomethingHasCome) {
     ASSERT_EQ(port.open(), QString());
-    QDeadlineTimer generous(1000);
-    EXPECT_FALSE(port.waitForInput(1));
-    EXPECT_FALSE(generous.hasExpired());
+    liveAMoment();
+    EXPECT_EQ(tellings, 0);
     EXPECT_EQ(port.failure(), QString()) << "that nothing came is no failure";
+    for (const int before : {0, 1, 2}) {
+        terminal.send("abc");
+        EXPECT_EQ(port.inputCount(), 0);
+        EXPECT_EQ(tellings, before);
+        waitUntil([this, before] { return tellings > before; });
+        EXPECT_EQ(tellings, before + 1);
+        EXPECT_EQ(port.readAll(), "abc");
+    }
+    liveAMoment();
+    EXPECT_EQ(tellings, 3) << "nothing has come since";
+}
+
+TEST_F(SystemPortTest, mayBeClosedByWhomItTells) {
+    ASSERT_EQ(port.open(), QString());
+    const Subscription closing = port.stirred.subscribe([this] { port.close(); });
+    terminal.send("abc");
+    waitUntil([this] { return !port.isOpen(); });
+    EXPECT_FALSE(port.isOpen());
+    ASSERT_EQ(port.open(), QString());
+    terminal.hangUp();
+    waitUntil([this] { return !port.isOpen(); });
+    EXPECT_FALSE(port.isOpen());
+    EXPECT_NE(port.failure(), QString());
 }
 
 TEST_F(SystemPortTest, discardsWhatHasArrived) {
@@ -197,7 +226,7 @@ TEST_F(SystemPortTest, discardsWhatHasArrived) {
     terminal.send("still in the system");
     port.discardInput();
     EXPECT_EQ(port.inputCount(), 0);
-    port.waitForInput(20);
+    liveAMoment();
     EXPECT_EQ(port.readAll(), QByteArray());
     EXPECT_EQ(port.failure(), QString());
     terminal.send("new");
@@ -235,7 +264,6 @@ TEST_F(SystemPortTest, doesNothingWhileItIsClosed) {
     port.setDataTerminalReady(true);
     EXPECT_EQ(port.readAll(), QByteArray());
     EXPECT_EQ(port.inputCount(), 0);
-    EXPECT_FALSE(port.waitForInput(1));
     EXPECT_EQ(port.failure(), QString());
     ASSERT_EQ(port.open(), QString());
     EXPECT_EQ(terminal.receiveWaiting(20), QByteArray());
@@ -255,30 +283,22 @@ TEST_F(SystemPortTest, failsOnceAndForGoodWhenTheFarEndIsClosed) {
     ASSERT_EQ(port.open(), QString());
     terminal.send("abc");
     waitForCount(port, 3);
+    liveAMoment();
+    const int before = tellings;
     terminal.hangUp();
-    const QDeadlineTimer limit(2000);
-    while (port.failure().isEmpty() && !limit.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    }
+    waitForFailure(port);
     const QString failure = port.failure();
     ASSERT_EQ(failure, QStringLiteral("The device is gone: the cable was pulled or the adapter switched off."));
     EXPECT_EQ(port.readAll(), "abc") << "what had arrived is still there";
     port.write("P");
     port.discardInput();
     port.setDataTerminalReady(true);
-    EXPECT_FALSE(port.waitForInput(5));
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    liveAMoment();
+    EXPECT_EQ(tellings, before + 1) << "several errors came";
     EXPECT_EQ(port.failure(), failure);
     EXPECT_EQ(port.readAll(), QByteArray());
     port.close();
     EXPECT_FALSE(port.isOpen());
-}
-
-TEST_F(SystemPortTest, noticesALostLineWithoutAnEventLoop) {
-    ASSERT_EQ(port.open(), QString());
-    terminal.hangUp();
-    waitForFailure(port);
-    EXPECT_EQ(port.failure(), QStringLiteral("The device is gone: the cable was pulled or the adapter switched off."));
 }
 
 TEST_F(SystemPortTest, saysThatALostDeviceIsGoneWhenItIsOpenedAgain) {

@@ -3,87 +3,132 @@
 
 #include "base/clock.h"
 #include "base/observe.h"
+#include "base/operator.h"
 #include "link/comports.h"
 
-#include <QTimer>
+#include <QByteArray>
+#include <QCoroTask>
+
+#include <coroutine>
+#include <functional>
+#include <vector>
 
 namespace orv {
 
-/// The two ways in which a waiting procedure lets the rest of the program live.
-class EventYield {
-public:
-    virtual ~EventYield() = default;
+/// A procedure that waits. It begins at its call and runs to its first wait; the caller awaits it or hands it to the
+/// Procedures.
+template <typename T = void>
+using Task = QCoro::Task<T>;
 
-    /// Processes every pending event once; if there is none, sleeps until one arrives, at most `milliseconds`.
-    /// Timer ticks and handlers run inside.
-    virtual void processEvents(int milliseconds) = 0;
+/// What a wait throws when the instrument's connection has ended: the procedure puts its things in order and ends.
+class ConnectionEnded {};
 
-    /// Called by loops that do not yield: lets the windows repaint and answer the window system, but handles no
-    /// input of the operator, except that of the Manual Connection dialog when `manualDialogLives`.
-    virtual void keepResponsive(bool manualDialogLives) = 0;
-
-    /// The operator has ended the program: waits return at once so that everything can unwind.
-    virtual bool programEnding() const = 0;
-};
-
-/// The one way in which the program waits and lets the user interface run.
-class TimedWait {
-public:
-    TimedWait(const Clock& clock, EventYield& events, const ComPorts& ports);
-
-    /// Waits for `seconds` (fractions allowed) on the clock of seconds since midnight, processing events meanwhile;
-    /// 0 returns without yielding. A wait that runs across midnight never ends, because the clock falls back to 0.
-    /// Returns early only when the program is ending.
-    void waitsec(float seconds);
-
-    /// Waits like waitsec, but no longer than the instrument's connection lasts, and tells whether that is still the
-    /// one from before the wait. If not, the caller's procedure has been overtaken by a reset, a close or a failure
-    /// and must end without sending.
-    [[nodiscard]] bool waitConnected(float seconds);
-
-private:
-    template <typename Ended>
-    void waitUnless(float seconds, Ended ended);
-
-    const Clock& clock_;
-    EventYield& events_;
-    const ComPorts& ports_;
-};
-
-/// `Timer1`: the one periodic timer that drives everything while the program waits for the instrument.
+/// `Timer1`: drives everything while the program waits for the instrument, one line a tick. Ticks are an interval apart
+/// at least; the timer sleeps as long as there is nothing to do.
 class StatusTimer {
 public:
     static constexpr int normalInterval = 5; ///< Milliseconds.
     static constexpr int slowInterval = 10;  ///< Milliseconds, after settings were sent or the clock was set.
 
-    StatusTimer() {
-        timer_.setObjectName(QStringLiteral("Timer1"));
-        timer_.setTimerType(Qt::PreciseTimer);
-        timer_.setInterval(normalInterval);
-        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { tick.tell(); });
-    }
+    explicit StatusTimer(Clock& clock)
+        : clock_(clock) {}
 
     Signal<> tick;
 
-    /// Lets the timer run at its interval; an interval of 0 keeps it still.
+    /// Lets the timer run at its interval; an interval of 0 keeps it still. There is a next tick in any case.
     void enable() { setInterval(interval_); }
 
     /// Milliseconds between ticks; 0 stops the timer.
-    void setInterval(int milliseconds) {
-        interval_ = milliseconds;
-        if (milliseconds == 0) {
-            timer_.stop();
-        } else {
-            timer_.start(milliseconds);
-        }
-    }
+    void setInterval(int milliseconds);
 
     int interval() const { return interval_; }
-    bool isRunning() const { return timer_.isActive(); }
+    bool isRunning() const { return running_; }
+
+    /// There is something to do so many milliseconds from now: a tick comes then, or when the interval since the last
+    /// one is over. It may come before, and then has to ask again. Nothing happens while the timer is stopped.
+    void wake(qint64 milliseconds = 0);
+
+    /// While one lives no tick comes: a procedure reads the port itself. Ticks that were wanted come afterwards.
+    class Hold {
+    public:
+        explicit Hold(StatusTimer& timer)
+            : timer_(timer) {
+            ++timer_.holds_;
+        }
+        ~Hold() {
+            --timer_.holds_;
+            timer_.wake();
+        }
+        Hold(const Hold&) = delete;
+        Hold& operator=(const Hold&) = delete;
+
+    private:
+        StatusTimer& timer_;
+    };
+
+    bool isHeld() const { return holds_ > 0; }
 
 private:
-    QTimer timer_;
+    void strike();
+
+    Clock& clock_;
     int interval_ = normalInterval;
+    bool running_ = false;
+    int holds_ = 0;
+    qint64 last_ = 0; ///< When the last tick came or the timer was started, in monotonic milliseconds.
+    qint64 next_ = 0; ///< When the next tick comes, if `alarm_` stands.
+    Subscription alarm_;
+};
+
+/// The waits of the instrument's connection. All of them end with it: within its closing they throw ConnectionEnded,
+/// and without a connection at once. Nothing here blocks; while a procedure waits everything else goes on.
+class Waits {
+public:
+    Waits(Session& session, ComPorts& ports, StatusTimer& timer, OperatorQuestions& questions);
+    ~Waits();
+    Waits(const Waits&) = delete;
+    Waits& operator=(const Waits&) = delete;
+
+    /// Waits for `seconds` (fractions allowed) on the clock of seconds since midnight; 0 does not wait. A wait that
+    /// runs across midnight never ends by itself, because the clock falls back to 0.
+    Task<> waitsec(float seconds);
+
+    /// Waits until characters have come and returns all of them; nothing if none came within so many milliseconds.
+    /// Meanwhile the status timer does not tick.
+    Task<QByteArray> input(qint64 milliseconds);
+
+    enum class Until { Answered, ConnectionEnds };
+
+    /// Asks the operator and waits for the answer, which is empty when he cancels. Only one question stands: another,
+    /// cancelQuestion() and the end of the program take it back, and the answer is empty too. Without `ConnectionEnds`
+    /// the question outlives the connection.
+    Task<QString> answer(Question question, Until until = Until::Answered);
+
+    /// Takes back the question that stands.
+    void cancelQuestion();
+
+    /// Ends every wait.
+    void endAll();
+
+private:
+    class Wait;
+
+    void end(Until until);
+    void stirred();
+    /// Looks whether the line has failed, unless something of it is still to be read. If so all waits of the connection
+    /// have ended when it returns.
+    bool lineIsLost();
+    void requireConnection() const;
+
+    Session& session_;
+    ComPorts& ports_;
+    StatusTimer& timer_;
+    OperatorQuestions& questions_;
+    std::vector<Wait*> standing_;
+    Wait* reading_ = nullptr;  ///< The wait for input.
+    Wait* question_ = nullptr; ///< The wait for an answer.
+    Subscription stirring_;
+    Subscription closing_;
 };
 
 } // namespace orv

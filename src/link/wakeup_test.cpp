@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 namespace orv {
 namespace {
 
@@ -91,12 +89,13 @@ TEST_F(WakeUp, ignoresWhatArrivesDuringThePulse) {
 }
 
 TEST_F(WakeUp, startsWithAnEmptyReplyEvenWhenALineCameAtTheEndOfThePulse) {
-    const qint64 pulseEnd = clock.monotonicMilliseconds() + 1000;
-    events.tick = [&] {
-        if (clock.monotonicMilliseconds() >= pulseEnd - 10) {
+    timer.enable();
+    clock.advance(1); // ticks come a millisecond before and after the pulse ends
+    com1.dtrChanged = [&](bool on) { com1.input = on ? "" : "boot\r\n"; };
+    eachMillisecond = [&] {
+        if (com1.dtr.size() == 1) {
             com1.input = "boot\r\n";
         }
-        program.tick();
     };
     replies = {"V512\r"};
     autoConnect();
@@ -122,7 +121,6 @@ TEST_F(WakeUp, enablesTheTimerAndEmptiesTheReceiveBufferAtItsEnd) {
     EXPECT_TRUE(timer.isRunning());
     EXPECT_EQ(timer.interval(), 10);
     EXPECT_EQ(state.Tmr, 1);
-    EXPECT_GT(events.yields, 0);
 }
 
 TEST_F(WakeUp, listsTheTypeOnlyInTheServiceModeWithShowParsing) {
@@ -138,29 +136,25 @@ TEST_F(WakeUp, listsTheTypeOnlyInTheServiceModeWithShowParsing) {
     }
 }
 
-TEST_F(WakeUp, dispatchesNoTickButKeepsTheWindowsAliveWhileItPolls) {
-    std::set<int> yields;
-    events.whileResponsive = [&](bool manualDialogLives) {
-        EXPECT_FALSE(manualDialogLives);
-        EXPECT_TRUE(program.isPolling());
-        yields.insert(events.yields);
+TEST_F(WakeUp, letsNoTickReadThePortWhileItWaitsForTheReply) {
+    timer.enable();
+    int ticksSeen = 0;
+    const Subscription counting = timer.tick.subscribe([&] {
+        ++ticksSeen;
+        EXPECT_LT(com1.dtr.size(), 2) << "only in the pulse and after it";
+    });
+    eachMillisecond = [&] {
+        com1.input += com1.dtr.size() == 1 ? "x" : "";
+        timer.wake();
     };
     replies.resize(1000);
     replies.emplace_back("V512\r");
+    const Subscription ended = program.link.connection.identified.subscribe([&] { com1.dtr.clear(); });
+    com1.read = [&](const QByteArray& block) { com1.dtr = block.contains('\r') ? QStringList() : com1.dtr; };
     autoConnect();
-    EXPECT_EQ(yields.size(), 1U) << "ticks come only when the program yields";
-    EXPECT_GE(events.responsive, 99);
-    EXPECT_LE(events.responsive, 101);
-    EXPECT_EQ(pollingEnds, 1);
-    EXPECT_FALSE(program.isPolling());
-}
-
-TEST_F(WakeUp, letsThePortWaitAMillisecondInEachPass) {
-    com1.waited = [&](int milliseconds) {
-        EXPECT_EQ(milliseconds, 1);
-        clock.advance(milliseconds);
-    };
-    autoConnect();
+    EXPECT_GT(ticksSeen, 190);
+    EXPECT_EQ(status.firmware.value(), QStringLiteral("512"));
+    EXPECT_FALSE(timer.isHeld());
 }
 
 TEST_F(WakeUp, failsAfterFiveSecondsOfSilence) {
@@ -214,10 +208,7 @@ TEST_F(WakeUp, failsWithALetterAloneAndAnEmptyFirmware) {
 }
 
 TEST_F(WakeUp, isBoundedWhileGarbageKeepsComing) {
-    com2.waited = [&](int milliseconds) {
-        clock.advance(milliseconds);
-        com2.input = "x";
-    };
+    eachMillisecond = [&] { com2.input = "x"; };
     autoConnect(2);
     EXPECT_TRUE(manual.shown.visible.value());
     EXPECT_LT(clock.monotonicMilliseconds(), 6100);
@@ -226,9 +217,9 @@ TEST_F(WakeUp, isBoundedWhileGarbageKeepsComing) {
 TEST_F(WakeUp, isNotRepeatedByRetryWhileThePortStaysOpen) {
     autoConnect(2);
     replies = {"V512\r"};
-    const int yields = events.yields;
+    const qint64 before = clock.monotonicMilliseconds();
     pressRetry();
-    EXPECT_EQ(events.yields, yields);
+    EXPECT_EQ(clock.monotonicMilliseconds(), before);
     EXPECT_TRUE(com2.writes.empty());
     EXPECT_TRUE(manual.shown.visible.value());
 }
@@ -250,21 +241,22 @@ TEST_F(WakeUp, isEndedByQuitOfTheFailureDialog) {
     expectOffline();
 }
 
-TEST_F(WakeUp, endsWithTheProgram) {
-    events.whileResponsive = [&](bool) { events.ending = true; };
-    autoConnect(2);
-    EXPECT_EQ(events.responsive, 1);
-    EXPECT_TRUE(com2.writes.empty());
-    EXPECT_FALSE(manual.shown.visible.value());
-    EXPECT_EQ(identifications, 0);
-}
-
-TEST_F(WakeUp, endsWithTheProgramInThePulse) {
-    events.tick = [&] { events.ending = events.yields == 4; };
-    autoConnect(2);
-    EXPECT_EQ(events.yields, 4);
-    EXPECT_TRUE(com2.writes.empty());
-    EXPECT_FALSE(manual.shown.visible.value());
+TEST_F(WakeUp, endsWithTheProgramInThePulseAndAfterIt) {
+    for (const qint64 moment : {1, 500, 999, 1001, 3000, 5999}) {
+        ProgramRig rig;
+        rig.eachMillisecond = [&] {
+            if (rig.clock.monotonicMilliseconds() == moment) {
+                rig.program.end();
+                EXPECT_TRUE(rig.procedures.isIdle()) << "within the call";
+            }
+        };
+        rig.autoConnect(2);
+        EXPECT_EQ(rig.clock.monotonicMilliseconds(), moment);
+        EXPECT_TRUE(rig.com2.writes.empty());
+        EXPECT_FALSE(rig.com2.isOpen());
+        EXPECT_FALSE(rig.manual.shown.visible.value());
+        EXPECT_EQ(rig.identifications, 0);
+    }
 }
 
 } // namespace

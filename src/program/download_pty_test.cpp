@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "link/systemport.h"
 #include "testing/expected.h"
-#include "testing/processes.h"
-#include "testing/programrig.h"
+#include "testing/ptyrig.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 
 namespace orv {
@@ -37,7 +34,7 @@ protected:
     void connectTo(const QString& device) {
         ports.setDevice(1, device);
         load();
-        autoConnect();
+        program.autoConnect1();
         tickUntil([this] { return state.Ctrlscrn == Operation::SettingsOpen; });
         ASSERT_TRUE(commands.canCommand);
         ASSERT_TRUE(messages.shown.empty());
@@ -49,21 +46,25 @@ protected:
         connectTo(device);
     }
 
-    /// One interval of the status timer and its tick.
-    virtual void step() {
-        clock.advance(timer.interval());
-        program.tick();
-    }
+    /// A millisecond of the test's clock.
+    virtual void step() { clock.advance(1); }
 
     void tickUntil(const std::function<bool()>& reached) {
         constexpr int enough = 2'000'000;
-        QElapsedTimer patience;
-        patience.start();
-        for (int ticks = 0; !reached(); ++ticks) {
-            ASSERT_LT(ticks, enough);
-            ASSERT_LT(patience.elapsed(), 60'000);
+        QElapsedTimer passed;
+        passed.start();
+        for (int milliseconds = 0; !reached(); ++milliseconds) {
+            ASSERT_LT(milliseconds, enough);
+            ASSERT_LT(passed.elapsed(), patience);
             step();
         }
+    }
+
+    bool quits() {
+        bool ended = false;
+        const Subscription listening = program.ended.subscribe([&ended] { ended = true; });
+        program.quit();
+        return ended;
     }
 
     bool isTaking() const { return commands.activity.value() == Activity::Downloading; }
@@ -249,7 +250,7 @@ TEST_F(SimulatedDownload, QuitInTheMiddleKeepsTheFile) {
     connectTo(QStringLiteral("sim:trx?records=100"));
     startText();
     tickUntil([this] { return fileRows().find("\n20\t") != std::string::npos; });
-    EXPECT_TRUE(program.quit());
+    EXPECT_TRUE(quits());
     program.end();
     EXPECT_EQ(fileRows(), ExpectedDump(dumpLines(line->blocks), 4).textRows.toStdString());
     EXPECT_EQ(told(), std::vector<std::string>{incompleteText(20, "in " + path("dump.txt").toStdString())});
@@ -262,14 +263,14 @@ TEST_F(SimulatedDownload, QuittingThatIsThoughtBetterOfLetsItGoOn) {
     tickUntil([this] { return sheet.rowCount() == 20; });
     answers.yes = true;
     answers.fileName.clear();
-    EXPECT_FALSE(program.quit()) << "the save was cancelled";
+    EXPECT_FALSE(quits()) << "the save was cancelled";
     EXPECT_TRUE(isTaking());
     tickUntil([this] { return !isTaking(); });
     const ExpectedDump expected(dumpLines(line->blocks), 1);
     expectWholeEnd(expected);
     EXPECT_EQ(savedSheetRows(), expected.sheetRows.toStdString());
     answers.asked.clear();
-    EXPECT_TRUE(program.quit());
+    EXPECT_TRUE(quits());
     EXPECT_TRUE(answers.asked.isEmpty());
 }
 
@@ -340,23 +341,12 @@ INSTANTIATE_TEST_SUITE_P(Download, DownloadPace,
                                          "sim:trx?records=200&erased=2000&end=0"));
 
 /// Downloads through the system's serial port class, from an instrument that another process serves on a
-/// pseudo-terminal. The program's waits pass at once; the line takes the time it takes.
+/// pseudo-terminal.
 class PtyDownload : public DownloadRig {
 protected:
     PtyDownload()
-        : DownloadRig([](const QString& device, TestClock&) { return std::make_unique<SystemPort>(device); }) {
-        lineMade = [this, made = lineMade] {
-            made();
-            line->waited = [this](int milliseconds) { clock.advance(milliseconds); };
-        };
-    }
-    void step() override {
-        QCoreApplication::processEvents();
-        if (!ports.waitForInput(1)) {
-            clock.advance(timer.interval());
-        }
-        program.tick();
-    }
+        : DownloadRig([](const QString& device, TestClock&) { return std::make_unique<SystemPort>(device); }) {}
+    void step() override { pump(*this); }
 
     void serve(const QString& device) {
         instrument = std::make_unique<InstrumentProcess>(device);

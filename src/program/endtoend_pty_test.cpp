@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "link/systemport.h"
 #include "simulator/instrumentmemory.h"
 #include "testing/expected.h"
-#include "testing/processes.h"
-#include "testing/programrig.h"
-
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QTimer>
+#include "testing/ptyrig.h"
 
 namespace orv {
 namespace {
@@ -18,29 +12,13 @@ class EndToEndTest : public ProgramTest {
 protected:
     EndToEndTest()
         : ProgramTest([](const QString& device, TestClock&) { return std::make_unique<SystemPort>(device); }) {
-        clock.run();
         lineMade = [this] {
             line->read = [this](const QByteArray& block) {
-                if (!program.isPolling()) {
+                if (!timer.isHeld()) {
                     received += block;
                     expectedLog += block + "\r\n";
                 }
             };
-        };
-        // A wait processes real events for a moment; the rest of it is skipped.
-        events.process = [this](int milliseconds) {
-            constexpr int moment = 30;
-            QElapsedTimer passed;
-            passed.start();
-            while (passed.elapsed() < moment) {
-                processEvents();
-            }
-            clock.advance(milliseconds);
-            if (!inWait.empty()) {
-                const auto action = std::move(inWait.front());
-                inWait.pop_front();
-                action();
-            }
         };
     }
     ~EndToEndTest() override { program.end(); }
@@ -53,27 +31,13 @@ protected:
         program.load();
     }
 
-    static void processEvents() {
-        QTimer wakeUp;
-        wakeUp.start(1);
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-    }
-
     /// Runs the program until the condition holds. Returns whether it did.
     template <typename Condition>
     bool until(Condition reached) {
-        QElapsedTimer passed;
-        passed.start();
-        while (!reached()) {
-            if (passed.elapsed() > patience) {
-                ADD_FAILURE() << "status \"" << status.status.value().toStdString() << "\", code "
-                              << static_cast<int>(state.Ctrlscrn);
-                return false;
-            }
-            processEvents();
+        return pumpUntil(*this, [this, &reached] {
             debugEnd.listen();
-        }
-        return true;
+            return reached();
+        });
     }
 
     bool isReady() const {
@@ -82,7 +46,7 @@ protected:
     bool runHasEnded() const { return state.Ctrlscrn == Operation::CollectionSetUp; }
 
     void connectAndRead() {
-        autoConnect();
+        program.autoConnect1();
         ASSERT_TRUE(until([this] { return isReady(); }));
     }
 
@@ -99,7 +63,6 @@ protected:
         return rows;
     }
 
-    std::deque<std::function<void()>> inWait; ///< What the operator does in the program's next waits.
     FarEnd debugEnd;
     std::unique_ptr<InstrumentProcess> instrument;
     QByteArray received;    ///< All that the poll has read.
@@ -257,7 +220,7 @@ TEST_P(MainRoad, FromConnectToSavedSheet) {
 INSTANTIATE_TEST_SUITE_P(Kinds, MainRoad, testing::ValuesIn(kinds),
                          [](const testing::TestParamInfo<Kind>& kind) { return kind.param.name; });
 
-/// The debug port's text with the clock's announcement, which comes at every tick until the clock is read, just once.
+/// The debug port's text with the clock's announcement, which comes at each tick until the clock is read, just once.
 std::string withoutRepeats(QByteArray heard) {
     const QByteArray line = "Check Orv Sensor Time\r";
     while (heard.contains(line + line)) {
@@ -275,7 +238,7 @@ TEST_F(EndToEndTest, TheDebugPortTellsTheWholeSession) {
     program.saveAs();
     program.closePort();
     fixit();
-    ASSERT_TRUE(program.quit());
+    program.quit();
     ASSERT_TRUE(until([this] { return debugEnd.heard.endsWith("Exit\r"); }));
 
     std::string expected = "Form Loading\nReset Everything AKA FIXIT\n"
@@ -345,8 +308,10 @@ TEST_F(EndToEndTest, ClosePortInARunAndASecondSession) {
 
 TEST_F(EndToEndTest, ClosePortDuringTheWakeUpPulseSendsNothingMore) {
     start("sim:trx?baud=0");
-    inWait.push_back([this] { program.closePort(); });
-    autoConnect();
+    program.autoConnect1();
+    ASSERT_FALSE(procedures.isIdle());
+    program.closePort();
+    EXPECT_TRUE(procedures.isIdle());
     EXPECT_FALSE(ports.isOpen());
     EXPECT_EQ(status.status.value().toStdString(), "Offline");
     EXPECT_EQ(commands.activity.value(), Activity::None);
@@ -359,17 +324,15 @@ TEST_F(EndToEndTest, AManualConnectionSeeksUntilTheOperatorQuits) {
     start("sim:trx?fault=silent");
     program.manualConnect(1);
     manual.proceed();
-    int calls = 0;
-    events.whileResponsive = [this, &calls](bool) {
+    manual.start();
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        ASSERT_TRUE(until([this] { return timer.isHeld(); }));
         constexpr qint64 longerThanAnAttempt = 6000;
         clock.advance(longerThanAnAttempt);
-        ++calls;
-        if (calls == 5) {
-            manual.quit();
-        }
-    };
-    pressStart();
-    EXPECT_EQ(calls, 5);
+        EXPECT_FALSE(procedures.isIdle());
+    }
+    manual.quit();
+    EXPECT_TRUE(procedures.isIdle());
     EXPECT_FALSE(ports.isOpen());
     EXPECT_FALSE(manual.shown.visible);
     EXPECT_EQ(status.status.value().toStdString(), "Offline");
@@ -378,15 +341,12 @@ TEST_F(EndToEndTest, AManualConnectionSeeksUntilTheOperatorQuits) {
 
 TEST_F(EndToEndTest, ASilentInstrumentLeadsToTheManualDialogWithThePortOpen) {
     start("sim:trx?fault=silent");
-    int calls = 0;
-    events.whileResponsive = [this, &calls](bool) {
-        constexpr qint64 skipped = 1000;
-        clock.advance(skipped);
-        ++calls;
-    };
-    autoConnect();
-    EXPECT_GE(calls, 5) << "the attempt was given up before its five seconds had passed";
-    EXPECT_LE(calls, 6);
+    program.autoConnect1();
+    ASSERT_TRUE(until([this] { return timer.isHeld(); }));
+    clock.advance(5000);
+    EXPECT_FALSE(procedures.isIdle()) << "the attempt was given up before its five seconds had passed";
+    clock.advance(1000);
+    EXPECT_TRUE(procedures.isIdle());
     EXPECT_TRUE(manual.shown.visible);
     EXPECT_EQ(manual.shown.text.value().toStdString(), "");
     EXPECT_TRUE(ports.isOpen());
@@ -413,7 +373,7 @@ TEST_F(EndToEndTest, AnInstrumentThatVanishesInARunIsToldOnceWithEveryRowKept) {
 TEST_F(EndToEndTest, ADeviceThatIsNotThereIsToldInPlainWords) {
     start("sim:trx");
     ports.setDevice(1, folder.path("no-such-device"));
-    autoConnect();
+    program.autoConnect1();
     EXPECT_TRUE(theMessage().text.contains(QStringLiteral("COM 1 (%1)").arg(folder.path("no-such-device"))));
     EXPECT_TRUE(theMessage().text.contains(QStringLiteral("no such device")));
     EXPECT_EQ(status.status.value().toStdString(), "Offline");

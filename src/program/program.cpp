@@ -10,10 +10,9 @@ namespace orv {
 
 Program::Program(const Surroundings& surroundings)
     : link(surroundings)
-    , questions(surroundings.questions, link.session)
-    , settings(link, questions)
-    , sheet(link, settings, questions)
-    , calibration(link.session, sheet.data, sheet.shown, questions)
+    , settings(link)
+    , sheet(link, settings)
+    , calibration(link, sheet.data, sheet.shown)
     , shutter(link, settings.shown, settings.reader, settings.sender)
     , subscriptions_{link.timer.tick.subscribe([this] { tick(); }),
                      link.connection.aboutToClose.subscribe([this] { closeRecordFile(); }),
@@ -21,6 +20,10 @@ Program::Program(const Surroundings& surroundings)
                          tickErrorsTold_.clear();
                          pages.shown = pageOfCaption(pages.upperCaption);
                      })} {}
+
+Program::~Program() {
+    link.waits.endAll();
+}
 
 void Program::act(const char* operation, const std::function<void()>& body) {
     runOperation(link.session.messages, QString::fromLatin1(operation), body);
@@ -40,11 +43,11 @@ void Program::load() {
 }
 
 void Program::autoConnect1() {
-    act("Auto Connect Comm 1", [this] { link.connection.autoConnect1(); });
+    link.connection.autoConnect1();
 }
 
 void Program::autoConnect2() {
-    act("Auto Connect Comm 2", [this] { link.connection.autoConnect2(); });
+    link.connection.autoConnect2();
 }
 
 void Program::manualConnect(int portNumber) {
@@ -79,7 +82,6 @@ void Program::abort2() {
 void Program::run() {
     act("Run", [this] {
         prepareSheet();
-        settings.progress.visible = false; // a settings report that is still coming will not end
         sheet.run.run1();
     });
 }
@@ -89,18 +91,20 @@ void Program::clearAll() {
 }
 
 void Program::saveAs() {
-    act("Save As", [this] { sheet.files.saveas(); });
+    link.procedures.startBeside(QStringLiteral("Save As"), [this] { return saveSheet(); });
+}
+
+Task<> Program::saveSheet() {
+    co_await sheet.files.saveas();
 }
 
 void Program::openSheet() {
-    act("Open", [this] { sheet.files.loadit(); });
+    link.procedures.startBeside(QStringLiteral("Open"), [this] { return sheet.files.loadit(); });
 }
 
 void Program::downloadText() {
-    act("Download Stored Data", [this] {
-        tickErrorsTold_.clear();
-        sheet.download.saveAsText();
-    });
+    tickErrorsTold_.clear();
+    sheet.download.saveAsText();
 }
 
 void Program::vwhp() {
@@ -111,7 +115,7 @@ void Program::vwhp() {
 }
 
 void Program::resetShutter() {
-    act("Reset Shutter", [this] { shutter.shutterreset(); });
+    shutter.shutterreset();
 }
 
 void Program::showSettingsForm() {
@@ -126,6 +130,7 @@ void Program::setComm2Output(bool ticked) {
     } else if (!link.ports.openDebugPort()) {
         link.debug.comm2Output = false;
     }
+    link.timer.wake(); // what a tick announces is heard from now on
 }
 
 void Program::toggleServiceMode() {
@@ -160,23 +165,30 @@ void Program::selectLowerTab(const QString& caption) {
     pages.shown = page;
 }
 
-bool Program::quit() {
+void Program::quit() {
     link.ports.debugsay(QStringLiteral("Exit"));
-    return ask();
+    leave();
 }
 
-bool Program::ask() {
+void Program::leave() {
     takeWhatArrived();
-    bool mayEnd = false;
-    act("Quit", [this, &mayEnd] { mayEnd = sheet.files.ask(); });
-    return mayEnd;
+    link.waits.cancelQuestion();
+    link.procedures.startBeside(QStringLiteral("Quit"), [this] { return askAndEnd(); });
+}
+
+Task<> Program::askAndEnd() {
+    const bool mayEnd = co_await sheet.files.ask();
+    if (mayEnd) {
+        end();
+        ended.tell();
+    }
 }
 
 void Program::end() {
     closeRecordFile();
     sheet.recordFile.rowsDiscarded(); // the operator has been asked about what is not saved
-    link.timer.setInterval(0);
     link.ports.close();
+    link.timer.setInterval(0);
 }
 
 void Program::prepareSheet() {
@@ -194,7 +206,7 @@ bool Program::collecting() const {
 
 void Program::takeWhatArrived() {
     // A line that fails meanwhile resets the program, which comes here again.
-    if (takingWhatArrived_ || isPolling() || !collecting() || !link.ports.isOpen()) {
+    if (takingWhatArrived_ || !collecting() || !link.ports.isOpen()) {
         return;
     }
     const QScopedValueRollback taking(takingWhatArrived_, true);
@@ -217,8 +229,11 @@ void Program::closeRecordFile() {
 }
 
 void Program::tick() {
-    if (!isPolling()) {
-        duringTick([this] { dispatch(); });
+    bool again = true; // after an error too
+    duringTick([this, &again] { again = dispatch(); });
+    // A tick that found nothing and changed nothing would be followed by such ticks, until something comes or is due.
+    if (again) {
+        link.timer.wake();
     }
 }
 
@@ -239,9 +254,11 @@ QString Program::takeLine() {
     return link.ports.isOpen() ? link.poll.quary() : QString();
 }
 
-void Program::dispatch() {
+/// Returns whether the next tick may find something to do.
+bool Program::dispatch() {
     // Every test reads the code afresh: a procedure called by one step can enable a later one in the same tick.
     SessionState& state = link.session.state;
+    const Operation before = state.Ctrlscrn;
     if (state.Ctrlscrn == Operation::Identified) {
         link.ports.debugsay(QStringLiteral("Version Detected"));
         state.Ctrlscrn = Operation::Ready;
@@ -264,9 +281,22 @@ void Program::dispatch() {
         const QDateTime now = link.session.clock.now();
         settings.shown.computerTime = clockText(now.time());
         settings.shown.computerDate = shortDate(now.date());
+        constexpr int second = 1000;
+        link.timer.wake(second - now.time().msec());
     }
+    settings.reader.lookForSilence();
     collect(line);
-    sheet.recordFile.syncWhenDue();
+    if (const auto left = sheet.recordFile.syncWhenDue()) {
+        link.timer.wake(*left);
+    }
+    // The awaiting of the clock is announced at every tick.
+    const bool announces = state.Ctrlscrn == Operation::ClockCheck && link.debug.comm2Output;
+    // A prompt that came with a run's first line is seen by the poll after it.
+    const QByteArray& rest = link.poll.rxbuffer;
+    const bool prompted = state.gatherstart == 1 && !line.isEmpty() && (rest.contains('>') || rest.contains('!'));
+    // The poll notices that the line is lost when it has read everything else.
+    const bool isRead = link.ports.isOpen() && (rest.contains('\n') || link.ports.hasFailed());
+    return isRead || state.Ctrlscrn != before || prompted || announces;
 }
 
 void Program::collect(const QString& line) {

@@ -5,7 +5,6 @@
 #include "calibration/shutterreset.h"
 #include "link/link.h"
 #include "program/pages.h"
-#include "program/startup.h"
 #include "settings/settings.h"
 #include "sheet/sheet.h"
 
@@ -23,14 +22,17 @@ public:
     using Surroundings = Link::Surroundings;
 
     explicit Program(const Surroundings& surroundings);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
 
     // The operator's actions.
 
     /// Start-up: opens the debug port if its box is ticked, resets everything, takes a place in the working directory
     /// and opens the log there, starts the timer.
     void load();
-    /// Offers the rows of a run in the working directory that did not end; returns when the operator has answered. Once
-    /// after load(), with the window on the screen.
+    /// Offers the rows of a run in the working directory that did not end. Once after load(), with the window on the
+    /// screen.
     void offerUnendedRun();
     void autoConnect1();
     void autoConnect2();
@@ -55,21 +57,19 @@ public:
     /// A tab of either strip was chosen; a caption of no page hides every page.
     void selectUpperTab(const QString& caption);
     void selectLowerTab(const QString& caption);
-    /// "Quit". Returns whether the program may end now: the operator may have been asked to save and changed his mind.
-    bool quit();
-    /// Closing the window: offers to save like quit(). Returns whether the program may end now.
-    bool ask();
+    /// "Quit", and the closing of the window. Rows that are not saved are offered for saving first, and a question that
+    /// stands is taken back; then the program ends, unless the operator has changed his mind.
+    void quit();
+    void leave();
     /// Ends whatever runs, whole, and closes the instrument's port.
     void end();
 
-    /// A loop that does not yield to the event loop is running: no tick may be dispatched, no action taken.
-    bool isPolling() const { return link.connection.isPolling() || settings.sender.isPolling(); }
+    Signal<> ended; ///< By quit() or leave(): the windows may go.
 
     /// One tick of the status timer: polls and dispatches on the operation code.
     void tick();
 
     Link link;
-    OwnFilesKept questions;
     Settings settings;
     Sheet sheet;
     Calibration calibration;
@@ -77,13 +77,15 @@ public:
     PageState pages;
 
 private:
+    Task<> saveSheet();
+    Task<> askAndEnd();
     void prepareSheet();
     void takeWhatArrived();
     void closeRecordFile();
     void takePlace();
     void openLog();
     QString takeLine();
-    void dispatch();
+    bool dispatch();
     bool collecting() const;
     void collect(const QString& line);
     void duringTick(const std::function<void()>& body);

@@ -8,7 +8,7 @@ const char* const question = "Save Data: Data not Saved. Do you wish to save it 
 
 TEST_F(ProgramTest, QuitWithNothingUnsavedAsksNothing) {
     tickDebugOutput();
-    EXPECT_TRUE(program.quit());
+    EXPECT_TRUE(quit());
     EXPECT_EQ(said(), "Exit\r");
     EXPECT_TRUE(answers.asked.isEmpty());
 }
@@ -18,7 +18,7 @@ TEST_F(ProgramTest, QuitWithUnsavedRowsAnsweredNoMayEnd) {
     tickDebugOutput();
     answers.yes = false;
     answers.fileName = folder.path("sheet.txt");
-    EXPECT_TRUE(program.quit());
+    EXPECT_TRUE(quit());
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), question);
     EXPECT_EQ(said(), "Exit\r");
     EXPECT_FALSE(QFile::exists(folder.path("sheet.txt")));
@@ -29,17 +29,17 @@ TEST_F(ProgramTest, QuitWithUnsavedRowsAnsweredYesSavesThem) {
     tickDebugOutput();
     answers.yes = true;
     answers.fileName = folder.path("sheet.txt");
-    EXPECT_TRUE(program.quit());
+    EXPECT_TRUE(quit());
     EXPECT_EQ(said(), "Exit\rSave Spread Sheet\rSaving TRX(S) Sheet\r");
     EXPECT_TRUE(contentsOf(folder.path("sheet.txt")).startsWith("V\t512 2\r\nsheet.txt\r\n"));
-    EXPECT_TRUE(program.quit());
+    EXPECT_TRUE(quit());
     EXPECT_EQ(answers.asked.count(QString::fromLatin1(question)), 1) << "what is saved is not asked about again";
 }
 
 TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveIsCancelled) {
     runWithRows(2);
     answers.yes = true;
-    EXPECT_FALSE(program.quit());
+    EXPECT_FALSE(quit());
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), std::string(question) + "\nSave as|Untitled.txt|.txt|*.txt");
     EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(sheet.rowCount(), 2);
@@ -51,7 +51,7 @@ TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveFails) {
     runWithRows(2);
     answers.yes = true;
     answers.fileName = folder.path("nowhere/sheet.txt");
-    EXPECT_FALSE(program.quit());
+    EXPECT_FALSE(quit());
     EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(sheet.rowCount(), 2);
@@ -60,7 +60,7 @@ TEST_F(ProgramTest, QuitIsGivenUpWhenTheSaveFails) {
 TEST_F(ProgramTest, ClosingTheWindowAsksWithoutAnnouncingAnExit) {
     runWithRows(1);
     tickDebugOutput();
-    EXPECT_TRUE(program.ask());
+    EXPECT_TRUE(leave());
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), question);
     EXPECT_EQ(said(), "");
 }
@@ -177,10 +177,8 @@ TEST_F(ProgramTest, APortThatFailsDuringTheWakeUpPulseEndsTheConnection) {
 
 TEST_F(ProgramTest, AResetDuringTheWakeUpPulseEndsTheConnectionThere) {
     bool reset = false;
-    events.tick = [this, &reset] {
-        program.tick();
-        if (!reset) {
-            reset = true;
+    eachMillisecond = [this, &reset] {
+        if (!std::exchange(reset, true)) {
             fixit();
         }
     };
@@ -210,6 +208,7 @@ TEST_F(ProgramTest, TheResetButtonStopsARunAndConnectsAgain) {
     com1.dtr.clear();
     replies = {"V512\r"};
     program.reset();
+    finish();
     EXPECT_EQ(sheetState.records.value().toStdString(), "0");
     EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
     EXPECT_EQ(com1.dtr.join(u' ').toStdString(), "on off");

@@ -22,13 +22,11 @@ struct NextProgram {
     TestClock clock;
     RecordedMessages messages;
     PreparedAnswers answers;
-    SteppedYield events{clock};
     TestPort port;
-    Program program{{.clock = clock,
-                     .events = events,
-                     .messages = messages,
-                     .questions = answers,
-                     .makePort = [this](const QString& /*device*/) { return std::make_unique<TestPort>(&port); }}};
+    Program program{
+        {.clock = clock, .messages = messages, .questions = answers, .makePort = [this](const QString& /*device*/) {
+             return std::make_unique<TestPort>(&port);
+         }}};
 };
 
 QStringList rowsOnSheet(const DataSheet& sheet) {

@@ -45,10 +45,9 @@ TEST_F(ProgramPlace, RecoveredRowsAreOfferedForSavingAtTheEnd) {
     program.offerUnendedRun();
     answers.asked.clear();
     answers.yes = false;
-    EXPECT_TRUE(program.quit());
-    EXPECT_EQ(answers.asked.size(), 1);
     EXPECT_EQ(names(), "Orvtemp.tmp Orvtemp.tmp.lock log.ohp orvhost.lock");
-    program.end();
+    EXPECT_TRUE(quit());
+    EXPECT_EQ(answers.asked.size(), 1);
     EXPECT_EQ(names(), "Orvtemp.tmp log.ohp orvhost.lock") << "what was not wanted is not offered again";
     EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")), header + oneRow) << "but it is there";
 }

@@ -192,38 +192,32 @@ TEST_F(ProgramTest, WithoutAnOpenPortATickPollsNothing) {
     state.Rtn = QStringLiteral("wakeup!!!");
     ticks(3);
     EXPECT_EQ(state.Rtn.toStdString(), "wakeup!!!");
-    EXPECT_EQ(com1.input.toStdString(), "S1\r\n");
+    EXPECT_EQ(com1.input->toStdString(), "S1\r\n");
 }
 
-TEST_F(ProgramTest, NoTickIsDispatchedDuringTheWakeUpLoop) {
-    int waits = 0;
-    com1.waited = [this, &waits](int milliseconds) {
-        clock.advance(milliseconds);
-        ++waits;
-        com1.input = waits == 1 ? "V4" : "12\r";
-        state.Ctrlscrn = Operation::SettingsOpen;
-        program.tick();
-        state.Ctrlscrn = Operation::Idle;
-        EXPECT_FALSE(com1.input.isEmpty()) << "the tick has taken the wake-up reply";
-    };
+TEST_F(ProgramTest, NoTickTakesTheReplyOfTheWakeUp) {
+    program.load();
+    state.Ctrlscrn = Operation::SettingsOpen;
+    eachMillisecond = [this] { timer.wake(); };
+    replies = {"", "V4", "12\r"};
     autoConnect();
-    EXPECT_EQ(waits, 2);
     EXPECT_EQ(status.firmware.value().toStdString(), "412");
-    EXPECT_EQ(settings.computerTime.value().toStdString(), "");
+    EXPECT_EQ(contentsOf(folder.path("log.ohp")), "") << "what no tick has read";
     EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
 }
 
 TEST_F(ProgramTest, TicksGoOnDuringTheWakeUpPulse) {
-    int ticksInWait = 0;
-    events.tick = [this, &ticksInWait] {
-        ++ticksInWait;
-        com1.input = "noise\r\n";
-        program.tick();
-        EXPECT_EQ(com1.input.toStdString(), "") << "the tick polls while the pulse lasts";
+    program.load();
+    int taken = 0;
+    eachMillisecond = [this, &taken] {
+        if (!com1.dtr.isEmpty() && com1.dtr.back() == QLatin1String("on") && com1.input->isEmpty()) {
+            ++taken;
+            com1.input = "noise\r\n";
+        }
     };
     replies = {"V512\r"};
     autoConnect();
-    EXPECT_GT(ticksInWait, 100);
+    EXPECT_GT(taken, 190) << "the ticks poll while the pulse lasts";
     EXPECT_EQ(status.firmware.value().toStdString(), "512");
 }
 

@@ -65,21 +65,26 @@ std::optional<DeviceValues> readDeviceFile(const QByteArray& bytes) {
     return values;
 }
 
-DeviceFiles::DeviceFiles(Session& session, SettingsState& settings, OperatorQuestions& questions)
-    : session_(session)
-    , settings_(settings)
-    , questions_(questions) {}
+DeviceFiles::DeviceFiles(Link& link, SettingsState& settings)
+    : link_(link)
+    , settings_(settings) {}
 
 void DeviceFiles::loadDeviceFile() {
+    link_.procedures.startBeside(QStringLiteral("Load Device File"), [this] { return askAndLoad(); });
+}
+
+Task<> DeviceFiles::askAndLoad() {
     constexpr qint64 mostBytes = 65536; // six numbers need far less; a mistaken choice must not fill the memory
-    QFile file(questions_.openFileName(QStringLiteral("Load Device File"), suffix_, filter_));
+    const Question question = openQuestion(QStringLiteral("Load Device File"), suffix_, filter_);
+    const QString name = co_await link_.waits.answer(question);
+    QFile file(name);
     // Opening a pipe would wait for its writer.
     if (!QFileInfo(file.fileName()).isFile() || !file.open(QIODevice::ReadOnly)) {
-        return;
+        co_return;
     }
     const auto values = readDeviceFile(file.read(mostBytes));
     if (!values) {
-        return;
+        co_return;
     }
     const auto targets = boxes(settings_);
     for (std::size_t line = 0; line < targets.size(); ++line) {
@@ -88,6 +93,10 @@ void DeviceFiles::loadDeviceFile() {
 }
 
 void DeviceFiles::saveDeviceFile() {
+    link_.procedures.startBeside(QStringLiteral("Save Device File"), [this] { return askAndSave(); });
+}
+
+Task<> DeviceFiles::askAndSave() {
     DeviceValues values;
     const auto sources = boxes(settings_);
     for (std::size_t line = 0; line < sources.size(); ++line) {
@@ -96,13 +105,14 @@ void DeviceFiles::saveDeviceFile() {
     suffix_ = QStringLiteral(".ODV");
     filter_ = QStringLiteral("*.ODV");
     const QString title = QStringLiteral("Save Device File");
-    const QString name = questions_.saveFileName(title, QString(), suffix_, filter_);
+    const Question question = saveQuestion(title, QString(), suffix_, filter_);
+    const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
-        return;
+        co_return;
     }
     const QString reason = writeWholeFile(name, deviceFileBytes(values));
     if (!reason.isEmpty()) {
-        session_.messages.show(fileNotSaved(title, name, reason));
+        link_.session.messages.show(fileNotSaved(title, name, reason));
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "link/session.h"
+#include "link/link.h"
 #include "settings/loggersettings.h"
 
 #include <QByteArray>
@@ -24,7 +24,7 @@ std::optional<DeviceValues> readDeviceFile(const QByteArray& bytes);
 /// "Load Device File" and "Save Device File" of the TRX frame. Those of the GLOW frame have nothing to do.
 class DeviceFiles {
 public:
-    DeviceFiles(Session& session, SettingsState& settings, OperatorQuestions& questions);
+    DeviceFiles(Link& link, SettingsState& settings);
 
     /// A cancelled dialog, a missing file and one with fewer than six values leave the boxes as they are, silently.
     void loadDeviceFile();
@@ -33,9 +33,11 @@ public:
     void saveDeviceFile();
 
 private:
-    Session& session_;
+    Task<> askAndLoad();
+    Task<> askAndSave();
+
+    Link& link_;
     SettingsState& settings_;
-    OperatorQuestions& questions_;
     QString suffix_; ///< What the dialog was last set to: only saving sets it.
     QString filter_;
 };

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/devicefiles.h"
 
-#include "testing/fakes.h"
+#include "testing/programrig.h"
 
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -50,10 +48,10 @@ TEST(ReadDeviceFile, FewerThanSixAreNone) {
     EXPECT_EQ(read("\"1,2,3,4,5,6"), "(too few)");
 }
 
-class DeviceFilesTest : public testing::Test {
+class DeviceFilesTest : public ProgramTest {
 protected:
     DeviceFilesTest() {
-        answers.fileName = folder.filePath(QStringLiteral("sensor.ODV"));
+        answers.fileName = path("sensor.ODV");
         setBoxes("100 1.5 125 -2 150 3");
     }
 
@@ -75,24 +73,9 @@ protected:
         return list.join(u' ').toStdString();
     }
 
-    void write(const char* bytes) const {
-        QFile file(answers.fileName);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    QByteArray written() const { return contentsOf(answers.fileName); }
 
-    QByteArray written() const {
-        QFile file(answers.fileName);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
-
-    QTemporaryDir folder;
-    TestClock clock;
-    RecordedMessages messages;
-    PreparedAnswers answers;
-    Session session{clock, messages};
-    SettingsState settings;
-    DeviceFiles files{session, settings, answers};
+    DeviceFiles& files = program.settings.deviceFiles;
 };
 
 TEST_F(DeviceFilesTest, TheLinesStandInTheOrderOfTheBoxes) {
@@ -125,7 +108,7 @@ TEST_F(DeviceFilesTest, ACommaShiftsTheLaterValues) {
 }
 
 TEST_F(DeviceFilesTest, TooFewValuesLeaveTheBoxes) {
-    write("9\r\n9\r\n9\r\n9\r\n9\r\n");
+    fill(answers.fileName, "9\r\n9\r\n9\r\n9\r\n9\r\n");
     files.loadDeviceFile();
     EXPECT_EQ(boxes(), "100 1.5 125 -2 150 3");
     EXPECT_TRUE(messages.shown.empty());
@@ -142,11 +125,10 @@ TEST_F(DeviceFilesTest, AMissingFileAndACancelledDialogAreSilent) {
 }
 
 TEST_F(DeviceFilesTest, AnUnwritablePlaceIsTold) {
-    answers.fileName = folder.filePath(QStringLiteral("missing/sensor.ODV"));
+    answers.fileName = path("missing/sensor.ODV");
     files.saveDeviceFile();
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown.front().title.toStdString(), "Save Device File");
-    EXPECT_TRUE(messages.shown.front().text.startsWith(answers.fileName + QStringLiteral(" could not be saved: ")));
+    EXPECT_EQ(theMessage().title.toStdString(), "Save Device File");
+    EXPECT_TRUE(theMessage().text.startsWith(answers.fileName + QStringLiteral(" could not be saved: ")));
 }
 
 TEST_F(DeviceFilesTest, TheOpenDialogKeepsWhatSavingHasSet) {
@@ -156,6 +138,37 @@ TEST_F(DeviceFilesTest, TheOpenDialogKeepsWhatSavingHasSet) {
     EXPECT_EQ(answers.asked,
               (QStringList{QStringLiteral("Load Device File||"), QStringLiteral("Save Device File||.ODV|*.ODV"),
                            QStringLiteral("Load Device File|.ODV|*.ODV")}));
+}
+
+TEST_F(DeviceFilesTest, TheConnectionGoesOnWhileADialogStands) {
+    answers.late = true;
+    connect();
+    files.saveDeviceFile();
+    setBoxes("0 0 0 0 0 0");
+    receive(settingsReport());
+    live(0.2);
+    EXPECT_EQ(status.status.value().toStdString(), "Ready");
+    answers.answer(answers.fileName);
+    EXPECT_EQ(written(), "100\r\n125\r\n150\r\n1.5\r\n-2\r\n3\r\n") << "of the moment at which it was asked for";
+
+    files.loadDeviceFile();
+    com1.unplugged = true;
+    live(0.02);
+    EXPECT_FALSE(ports.isOpen());
+    answers.answer(answers.fileName);
+    EXPECT_EQ(boxes(), "100 1.5 125 -2 150 3");
+}
+
+TEST_F(DeviceFilesTest, ADialogThatIsTakenBackIsCancelled) {
+    answers.late = true;
+    files.saveDeviceFile();
+    files.loadDeviceFile();
+    EXPECT_EQ(written(), "(no such file)");
+    program.quit();
+    EXPECT_FALSE(answers.stands());
+    EXPECT_EQ(boxes(), "100 1.5 125 -2 150 3");
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QStringList>
 
 namespace orv {
@@ -52,11 +53,10 @@ std::optional<LoggerSettings> readModeFile(const QByteArray& content) {
     return mode;
 }
 
-Modes::Modes(Link& link, SettingsState& settings, SettingsSender& sender, OperatorQuestions& questions)
+Modes::Modes(Link& link, SettingsState& settings, SettingsSender& sender)
     : link_(link)
     , settings_(settings)
-    , sender_(sender)
-    , questions_(questions) {}
+    , sender_(sender) {}
 
 void Modes::profile() {
     // This mode goes by the label that the operator sees, the other by the letter of the identification: they differ
@@ -67,7 +67,7 @@ void Modes::profile() {
          .hoursBeforeBlock = none,
          .pointsPerBlock = none,
          .secondsBetweenPoints = none},
-        link_.session.status.instrument);
+        link_.session.status.instrument, QStringLiteral("Profile"));
 }
 
 void Modes::moored() {
@@ -78,10 +78,10 @@ void Modes::moored() {
          .hoursBeforeBlock = QStringLiteral("0"),
          .pointsPerBlock = QStringLiteral("60000"),
          .secondsBetweenPoints = QStringLiteral("3600")},
-        link_.session.state.type());
+        link_.session.state.type(), QStringLiteral("Moored"));
 }
 
-void Modes::use(LoggerSettings mode, InstrumentType type) {
+void Modes::use(LoggerSettings mode, InstrumentType type, const QString& name) {
     if (wouldDisturb()) {
         return;
     }
@@ -89,15 +89,20 @@ void Modes::use(LoggerSettings mode, InstrumentType type) {
                            : type == InstrumentType::Trx ? QStringLiteral("30")
                                                          : settings_.record.value().samplesPerPoint;
     settings_.record = mode;
-    sendIfConnected();
+    sendIfConnected(name);
 }
 
 void Modes::saveMode() {
+    link_.procedures.startBeside(QStringLiteral("Save A User Defined Mode"), [this] { return askAndSave(); });
+}
+
+Task<> Modes::askAndSave() {
     const QByteArray content = modeFileContent(settings_.record);
-    const QString name = questions_.saveFileName(QStringLiteral("Save A User Defined Mode"), QString(), modeSuffix(),
-                                                 u'*' + modeSuffix());
+    const Question question =
+        saveQuestion(QStringLiteral("Save A User Defined Mode"), QString(), modeSuffix(), u'*' + modeSuffix());
+    const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
-        return;
+        co_return;
     }
     const QString shown = QFileInfo(name).fileName();
     settings_.modeRemark = writeWholeFile(name, content).isEmpty()
@@ -106,14 +111,18 @@ void Modes::saveMode() {
 }
 
 void Modes::loadMode() {
-    if (wouldDisturb()) {
-        return;
+    if (!wouldDisturb()) {
+        link_.procedures.startBeside(QStringLiteral("Load A User Defined Mode"), [this] { return askAndLoad(); });
     }
-    QString name =
-        questions_.openFileName(QStringLiteral("Load A User Defined Mode"), modeSuffix(), u'*' + modeSuffix());
-    // Ticks and a lost connection may have come before the answer.
+}
+
+Task<> Modes::askAndLoad() {
+    const Question question =
+        openQuestion(QStringLiteral("Load A User Defined Mode"), modeSuffix(), u'*' + modeSuffix());
+    QString name = co_await link_.waits.answer(question);
+    // A reset may have come before the answer.
     if (name.isEmpty() || wouldDisturb()) {
-        return;
+        co_return;
     }
     // Compared letter for letter: a name in lower case gets the suffix a second time.
     if (!name.endsWith(modeSuffix(), Qt::CaseSensitive)) {
@@ -124,28 +133,40 @@ void Modes::loadMode() {
     const QString shown = QDir::toNativeSeparators(name);
     if (!file.open(QIODevice::ReadOnly)) {
         refuse(QStringLiteral("The mode file %1 could not be opened: %2.").arg(shown, file.errorString()));
-        return;
+        co_return;
     }
     const QByteArray content = file.read(longestRead);
     if (file.error() != QFileDevice::NoError) {
         refuse(QStringLiteral("The mode file %1 could not be read: %2.").arg(shown, file.errorString()));
-        return;
+        co_return;
     }
     const std::optional<LoggerSettings> mode = readModeFile(content);
     if (!mode) {
         refuse(QStringLiteral("%1 is not a complete mode file: it has fewer than ten lines.").arg(shown));
-        return;
+        co_return;
     }
     settings_.record = *mode;
     settings_.modeRemark = QStringLiteral("Loaded %1.").arg(QFileInfo(name).fileName());
-    sendIfConnected();
+    sendIfConnected(QFileInfo(name).fileName());
 }
 
-void Modes::sendIfConnected() {
+void Modes::sendIfConnected(const QString& name) {
     if (link_.ports.isOpen()) {
-        settings_.computerDate = shortDate(link_.session.clock.now().date()); // it is what the clock is set to
-        sender_.setprefs();
+        link_.procedures.start(name, [this, name] { return send(name); });
     }
+}
+
+Task<> Modes::send(QString name) {
+    settings_.modeRemark = QStringLiteral("Sending %1...").arg(name);
+    auto cutShort = qScopeGuard([this, &name] {
+        settings_.modeRemark = QStringLiteral("%1 was not sent whole: the connection ended.").arg(name);
+    });
+    const SettingsSender::Outcome outcome = co_await sender_.send();
+    cutShort.dismiss();
+    settings_.modeRemark =
+        outcome == SettingsSender::Outcome::Sent
+            ? QStringLiteral("%1 was sent.").arg(name)
+            : QStringLiteral("%1 was not sent whole: the instrument did not answer. Try again.").arg(name);
 }
 
 void Modes::refuse(const QString& text) {

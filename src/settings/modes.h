@@ -20,10 +20,11 @@ QByteArray modeFileContent(const LoggerSettings& mode);
 std::optional<LoggerSettings> readModeFile(const QByteArray& content);
 
 /// The buttons of the "Modes" tab. The built-in modes and a loaded file fill the settings screen and, when the
-/// instrument is connected, are sent to it at once. Nothing happens while another operation is under way.
+/// instrument is connected, are sent to it at once; the tab says how it went. Nothing happens while another operation
+/// is under way.
 class Modes {
 public:
-    Modes(Link& link, SettingsState& settings, SettingsSender& sender, OperatorQuestions& questions);
+    Modes(Link& link, SettingsState& settings, SettingsSender& sender);
 
     /// Continuous sampling without logging. Samples per point follow the type label of the main window: 200 for
     /// "GLOW", 30 for "TRX"; any other label leaves them as they were.
@@ -45,14 +46,16 @@ public:
 
 private:
     bool wouldDisturb() const { return !link_.session.commands.undisturbed; }
-    void use(LoggerSettings mode, InstrumentType type);
-    void sendIfConnected();
+    void use(LoggerSettings mode, InstrumentType type, const QString& name);
+    Task<> askAndSave();
+    Task<> askAndLoad();
+    void sendIfConnected(const QString& name);
+    Task<> send(QString name);
     void refuse(const QString& text);
 
     Link& link_;
     SettingsState& settings_;
     SettingsSender& sender_;
-    OperatorQuestions& questions_;
 };
 
 } // namespace orv

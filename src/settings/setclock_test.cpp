@@ -40,8 +40,8 @@ protected:
 };
 
 TEST_F(SetClockTest, TypesDateAndTimeDigitByDigit) {
-    clock.advance(qint64{1000} * (6 * 3600 - (30 - 7) * 60)); // 3:07 PM
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
+    clock.set(QDateTime(QDate(1999, 1, 5), QTime(15, 7)));
+    EXPECT_EQ(setprefs(), Outcome::Sent);
     EXPECT_EQ(clockItems(), (QByteArrayList{"U", "0", "1", "0", "5", "9", "9", "1", "5", "0", "7", "P", "P"}));
     const auto list = clockWrites();
     ASSERT_EQ(list.size(), 13U);
@@ -64,7 +64,7 @@ TEST_F(SetClockTest, FinishesAsTheSendingDoes) {
             EXPECT_EQ(timer.interval(), 10);
         }
     };
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(com1.discards, 2);
     EXPECT_EQ(settings.lamp.value(), Lamp::Sent);
     EXPECT_EQ(progress.value.value(), 0);
@@ -72,27 +72,29 @@ TEST_F(SetClockTest, FinishesAsTheSendingDoes) {
     EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
-TEST_F(SetClockTest, TakesTheComputersDateWhileTheScreenShowsNone) {
-    settings.computerDate = QString();
-    sender.setprefs();
+TEST_F(SetClockTest, TakesTheComputersDateOfTheMoment) {
+    settings.computerDate = QString(); // the screen does not follow it all the time
+    clock.set(QDateTime(QDate(2026, 11, 21), QTime(15, 7)));
+    apply();
     EXPECT_EQ(clockItems().mid(1, 6).join(), "112126");
+    EXPECT_EQ(settings.computerDate.value().toStdString(), "11/21/26");
 }
 
 TEST_F(SetClockTest, TakesTheTimeWhenTheDateHasBeenTaken) {
-    clock.advance(44'500); // 9:30:59.5, so that the minute ends while the date is typed
-    sender.setprefs();
+    clock.set(QDateTime(QDate(1999, 1, 5), QTime(9, 30, 59, 500))); // the minute ends while the date is typed
+    setprefs();
     EXPECT_EQ(clockItems().mid(7, 4).join(), "0931");
 }
 
 TEST_F(SetClockTest, IsLeftOutUnlessAskedFor) {
     settings.syncTimeDate = false;
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(clockItems(), QByteArrayList{"P"});
 }
 
 TEST_F(SetClockTest, SendsNoDateWithoutThePrompt) {
     answered = 10;
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
+    EXPECT_EQ(setprefs(), Outcome::Failed);
     EXPECT_EQ(clockItems(), QByteArrayList{"U"});
     EXPECT_EQ(messages.shown, std::vector{sendingError()});
     EXPECT_EQ(shownAfter, 1U);
@@ -104,114 +106,76 @@ TEST_F(SetClockTest, SendsNoDateWithoutThePrompt) {
 TEST_F(SetClockTest, SendsNoTimeWithoutThePromptForTheDate) {
     answered = 16;
     debug.rawBuffer = true;
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
+    EXPECT_EQ(setprefs(), Outcome::Failed);
     EXPECT_EQ(clockItems().join(), "U010599");
     EXPECT_EQ(messages.shown, std::vector{sendingError()});
     EXPECT_EQ(transcript().last(), QStringLiteral("Timeout"));
 }
 
-class ClockWaitTest : public SetClockTest, public testing::WithParamInterface<std::size_t> {};
-
-TEST_P(ClockWaitTest, AConnectionClosedInTheWaitGetsNothingMore) {
-    const std::size_t itemsBefore = 11 + GetParam();
-    events.tick = [this, itemsBefore] {
-        if (writes.size() == itemsBefore) {
-            ports.close();
-            commands.activity = Activity::None;
+TEST_F(SetClockTest, TheBarStaysWithinItsMaximum) {
+    QStringList labels;
+    const auto watch = progress.valueLabel.addNotifier([this, &labels] { labels << progress.valueLabel; });
+    onWrite = [this](const QByteArray& bytes) {
+        if (writes.size() > 10 && bytes != "P") {
+            EXPECT_EQ(progress.value.value(), 100);
+            EXPECT_EQ(progress.valueLabel.value().toStdString(), "100");
         }
     };
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
-    EXPECT_EQ(writes.size(), itemsBefore);
-    EXPECT_TRUE(messages.shown.empty());
-    EXPECT_TRUE(timer.isRunning()) << "the next connection would have no ticks";
-    EXPECT_EQ(commands.activity.value(), Activity::None);
-}
-
-TEST_P(ClockWaitTest, ANewConnectionMadeInTheWaitGetsNothingOfTheOldSending) {
-    const std::size_t itemsBefore = 11 + GetParam();
-    events.tick = [this, itemsBefore] {
-        if (writes.size() == itemsBefore) {
-            ports.close();
-            ports.open();
-            commands.activity = Activity::Collecting;
-            events.tick = nullptr;
-        }
-    };
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
-    EXPECT_EQ(writes.size(), itemsBefore);
-    EXPECT_EQ(commands.activity.value(), Activity::Collecting);
-}
-
-TEST_P(ClockWaitTest, APulledCableEndsItWithOneMessage) {
-    const std::size_t itemsBefore = 11 + GetParam();
-    events.tick = [this, itemsBefore] {
-        if (writes.size() == itemsBefore) {
-            com1.failureReason = QStringLiteral("gone");
-        }
-    };
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
-    EXPECT_EQ(writes.size(), itemsBefore);
-    EXPECT_EQ(messages.shown.size(), 1U);
-}
-
-INSTANTIATE_TEST_SUITE_P(EachDigit, ClockWaitTest, testing::Range(std::size_t{0}, std::size_t{10}));
-
-TEST_F(SetClockTest, ASendingBegunAndEndedInsideTheWaitKeepsItsTimer) {
-    events.tick = [this] {
-        if (writes.size() == 11) {
-            events.tick = nullptr;
-            ports.close();
-            ports.open();
-            settings.syncTimeDate = false;
-            commands.activity = Activity::None;
-            sender.setprefs();
-        }
-    };
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
-    EXPECT_EQ(timer.interval(), 10);
-    EXPECT_EQ(commands.activity.value(), Activity::None);
+    setprefs();
+    EXPECT_EQ(labels, QStringLiteral("10 20 30 40 50 60 70 80 90 100 0").split(QLatin1Char(' ')));
 }
 
 TEST_F(SetClockTest, ListsDigitsInTheServiceModeOnly) {
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(transcript().filter(QStringLiteral("9")), QStringList{QStringLiteral("010599.")});
     state.trouble = 1;
-    sender.setprefs();
+    setprefs();
     const QStringList list = transcript();
     EXPECT_EQ(list.count(QStringLiteral("9")), 3); // two of the date, one of the time 09:30
     EXPECT_EQ(list.count(QStringLiteral("U")), 0);
 }
 
-} // namespace
+class SettingsCommandsTest : public SendingTest {};
 
-namespace {
-
-class SettingsCommandsTest : public SendingTest {
-protected:
-    SettingsSender& actions = program.settings.sender;
-};
-
-TEST_F(SettingsCommandsTest, RetrieveRequestsTheReportBehindTheProgressDialog) {
+TEST_F(SettingsCommandsTest, RetrieveRequestsTheReportWithTheProgressDialog) {
     progress.maximum = 5;
     onWrite = [this](const QByteArray& bytes) {
         EXPECT_EQ(bytes, "P");
         EXPECT_EQ(com1.discards, 1);
         EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
     };
-    actions.retrieveSettings();
+    sender.retrieveSettings();
     EXPECT_EQ(writes.size(), 1U);
     EXPECT_EQ(progress.maximum.value(), 100);
     EXPECT_TRUE(progress.visible.value());
     EXPECT_EQ(progress.label.value(), QStringLiteral("%"));
 }
 
-TEST_F(SettingsCommandsTest, ApplySendsBehindTheProgressDialog) {
+TEST_F(SettingsCommandsTest, ApplySendsWithTheProgressDialog) {
     bool visible = false;
     onWrite = [this, &visible](const QByteArray& /*bytes*/) { visible = progress.visible; };
-    actions.applySettings();
+    apply();
     EXPECT_EQ(writes.size(), 11U);
     EXPECT_TRUE(visible);
-    EXPECT_TRUE(progress.visible.value()) << "the report that follows is read behind it";
+    EXPECT_TRUE(progress.visible.value()) << "it stays for the report that follows";
+    readReport();
+    EXPECT_FALSE(progress.visible.value());
+}
+
+TEST_F(SettingsCommandsTest, FourPressesOfApplyMakeOneSending) {
+    for (const bool silent : {true, false}) {
+        answered = silent ? 0 : 1000;
+        writes.clear();
+        messages.shown.clear();
+        for (int press = 0; press < 4; ++press) {
+            sender.applySettings();
+            live(0.01);
+        }
+        finish();
+        live(30.0);
+        EXPECT_EQ(writes.size(), silent ? 1U : 11U);
+        EXPECT_EQ(messages.shown.size(), silent ? 1U : 0U);
+    }
 }
 
 TEST_F(SettingsCommandsTest, LoggingABlockWithoutEndIsRefused) {
@@ -219,7 +183,7 @@ TEST_F(SettingsCommandsTest, LoggingABlockWithoutEndIsRefused) {
     for (const char* points : {"0", "", "000", "x5", "0.0"}) {
         messages.shown.clear();
         change(settings.record, [&](LoggerSettings& record) { record.pointsPerBlock = QString::fromLatin1(points); });
-        actions.applySettings();
+        apply();
         EXPECT_TRUE(writes.empty()) << points;
         EXPECT_FALSE(progress.visible.value());
         EXPECT_EQ(messages.shown,
@@ -231,7 +195,7 @@ TEST_F(SettingsCommandsTest, LoggingABlockWithoutEndIsRefused) {
 
 TEST_F(SettingsCommandsTest, ABlockWithoutEndIsSentWhenNothingIsLogged) {
     change(settings.record, [](LoggerSettings& record) { record.pointsPerBlock = QStringLiteral("0"); });
-    actions.applySettings();
+    apply();
     EXPECT_EQ(writes.size(), 11U);
     EXPECT_TRUE(messages.shown.empty());
 }
@@ -242,40 +206,42 @@ TEST_F(SettingsCommandsTest, NoOtherValueIsChecked) {
         record.pointsPerBlock = QStringLiteral("99999");
         record.secondsBetweenPoints = QStringLiteral("99999");
     });
-    actions.applySettings();
+    apply();
     EXPECT_EQ(writes.size(), 11U);
 }
 
 TEST_F(SettingsCommandsTest, DisplayLoggerTimeAsksForTheClock) {
-    actions.displayLoggerTime();
+    sender.displayLoggerTime();
     EXPECT_EQ(written(), QByteArrayList{"C"});
     EXPECT_EQ(state.Ctrlscrn, Operation::ClockCheck);
     EXPECT_EQ(com1.discards, 0);
 }
 
 TEST_F(SettingsCommandsTest, NothingHappensWithoutAConnection) {
-    ports.close();
+    fixit();
+    com1.discards = 0;
     change(settings.record, [](LoggerSettings& record) {
         record.logEnabled = true;
         record.pointsPerBlock = QStringLiteral("0");
     });
-    actions.retrieveSettings();
-    actions.applySettings();
-    actions.displayLoggerTime();
+    sender.retrieveSettings();
+    apply();
+    sender.displayLoggerTime();
     EXPECT_TRUE(writes.empty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_FALSE(progress.visible.value());
-    EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
+    EXPECT_EQ(state.Ctrlscrn, Operation::Idle);
     EXPECT_EQ(com1.discards, 0);
 }
 
 TEST_F(SettingsCommandsTest, NothingDisturbsAnOperationUnderWay) {
-    for (const Activity activity : {Activity::Connecting, Activity::Collecting, Activity::Downloading,
-                                    Activity::Sending, Activity::SettingClock, Activity::ResettingShutter}) {
+    for (const Activity activity :
+         {Activity::Connecting, Activity::ReadingSettings, Activity::Collecting, Activity::Downloading,
+          Activity::Sending, Activity::SettingClock, Activity::ResettingShutter}) {
         commands.activity = activity;
-        actions.retrieveSettings();
-        actions.applySettings();
-        actions.displayLoggerTime();
+        sender.retrieveSettings();
+        apply();
+        sender.displayLoggerTime();
     }
     EXPECT_TRUE(writes.empty());
     EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
@@ -291,7 +257,7 @@ TEST_F(SettingsCommandsTest, EachSamplingOptionWritesThePresetOfTheTypeLabel) {
     for (const auto& [type, presets] : table) {
         status.instrument = type;
         for (int option = 1; option <= 4; ++option) {
-            actions.chooseSamplingOption(option);
+            sender.chooseSamplingOption(option);
             EXPECT_EQ(settings.record.value().samplesPerPoint,
                       QString::fromLatin1(presets.at(static_cast<std::size_t>(option - 1))));
             EXPECT_EQ(settings.samplingOption.value(), option);

@@ -11,12 +11,12 @@ namespace orv {
 
 /// The instrument's settings and clock: what the settings screen shows, and what reads and writes it.
 struct Settings {
-    Settings(Link& link, OperatorQuestions& questions)
+    explicit Settings(Link& link)
         : reader(link, shown, progress)
         , clock(link.session, link.ports, link.debug, shown)
         , sender(link, shown, progress)
-        , modes(link, shown, sender, questions)
-        , deviceFiles(link.session, shown, questions) {}
+        , modes(link, shown, sender)
+        , deviceFiles(link, shown) {}
 
     SettingsState shown;
     ProgressState progress;

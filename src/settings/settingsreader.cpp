@@ -15,12 +15,21 @@ namespace {
 constexpr int memoryPointerCode = 11;
 constexpr qint16 giveUpAtCall = 150;
 
+/// After so many milliseconds without a line the status says so.
+constexpr qint64 silenceLimit = 10'000;
+
 } // namespace
 
 SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressState& progress)
     : link_(link)
     , settings_(settings)
     , progress_(progress)
+    , requested_(link_.session.commands.activity.addNotifier([this] {
+        if (link_.session.commands.activity == Activity::ReadingSettings) {
+            lastLine_ = link_.session.clock.monotonicMilliseconds();
+            link_.timer.wake();
+        }
+    }))
     , closing_(link_.connection.aboutToClose.subscribe([this] {
         prefsState = 0;
         progress_.visible = false;
@@ -33,6 +42,7 @@ void SettingsReader::getprefs(const QString& line) {
     // The count is never set back, neither by a report nor by a reset: the time-out comes once in a program run, at
     // its 150th report line, whichever retrieval that line belongs to.
     if (state.Timeout == std::numeric_limits<qint16>::max()) {
+        endReading();
         throw RuntimeError(RuntimeError::Kind::Overflow);
     }
     ++state.Timeout;
@@ -41,6 +51,7 @@ void SettingsReader::getprefs(const QString& line) {
         return;
     }
     link_.session.status.status = QStringLiteral("Loading Properties");
+    lastLine_ = link_.session.clock.monotonicMilliseconds();
     if (prefsState == 0) {
         progress_.value = 0;
         progress_.maximum = 100;
@@ -93,6 +104,7 @@ void SettingsReader::takeMemoryPointer(double value) {
     progress_.valueLabel = QStringLiteral("0");
     progress_.visible = false;
     prefsState = 0;
+    endReading();
     CommandState& commands = link_.session.commands;
     commands.settingsFormEnabled = true;
     commands.processingMenuVisible = true;
@@ -104,6 +116,25 @@ void SettingsReader::takeMemoryPointer(double value) {
         state.Ctrlscrn = Operation::ClockCheck;
     }
     link_.session.status.status = QStringLiteral("Ready");
+}
+
+void SettingsReader::endReading() {
+    QProperty<Activity>& activity = link_.session.commands.activity;
+    if (activity == Activity::ReadingSettings) {
+        activity = Activity::None;
+    }
+}
+
+void SettingsReader::lookForSilence() {
+    if (link_.session.commands.activity != Activity::ReadingSettings) {
+        return;
+    }
+    const qint64 left = lastLine_ + silenceLimit - link_.session.clock.monotonicMilliseconds();
+    if (left > 0) {
+        link_.timer.wake(left);
+    } else {
+        link_.session.status.status = QStringLiteral("No answer for 10 s. Reset connects again.");
+    }
 }
 
 void SettingsReader::selectSamplingOption() {

@@ -18,17 +18,24 @@ public:
     /// 32768.
     void getprefs(const QString& line);
 
+    /// For the tick: if no line of a report has come for 10 s, the status says so. Looks again when the next one may be
+    /// missing for so long.
+    void lookForSilence();
+
     /// 0 between reports, else the code of the last field.
     int prefsState = 0;
 
 private:
     void giveUp();
+    void endReading();
     void takeMemoryPointer(double value);
     void selectSamplingOption();
 
     Link& link_;
     SettingsState& settings_;
     ProgressState& progress_;
+    qint64 lastLine_ = 0; ///< Of a report, or its request; monotonic milliseconds.
+    QPropertyNotifier requested_;
     Subscription closing_;
 };
 

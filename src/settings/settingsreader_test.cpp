@@ -325,6 +325,17 @@ TEST_F(GetPrefsTest, CallBeyondTheCountersRangeOverflowsWithNothingRead) {
     EXPECT_TRUE(ports.isOpen());
 }
 
+TEST_F(GetPrefsTest, CallBeyondTheCountersRangeEndsTheReading) {
+    state.Timeout = std::numeric_limits<qint16>::max();
+    connect();
+    EXPECT_FALSE(commands.canRun);
+    receive("P\r\n");
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Overflow")));
+    EXPECT_TRUE(commands.canRun);
+    live(20.0);
+    EXPECT_EQ(status.status.value().toStdString(), "Connecting...");
+}
+
 struct PointerCase {
     const char* line;
     const char* raw;

@@ -3,29 +3,20 @@
 
 #include "base/text.h"
 
-#include <QScopedValueRollback>
+#include <QScopeGuard>
 
 #include <algorithm>
+#include <utility>
 
 namespace orv {
-
-namespace {
-
-/// How often the windows are kept alive during a wait, in milliseconds of monotonic time.
-constexpr qint64 responsiveInterval = 10;
-
-} // namespace
 
 PromptDialogue::PromptDialogue(Link& link, SettingsState& settings, ProgressState& progress)
     : link_(link)
     , settings_(settings)
     , progress_(progress) {}
 
-PromptOutcome PromptDialogue::waitprompt() {
-    const QScopedValueRollback polling(polling_, true);
+Task<> PromptDialogue::waitprompt() {
     const Clock& clock = link_.session.clock;
-    const quint64 connection = link_.ports.connectionNumber();
-    qint64 lastResponsive = clock.monotonicMilliseconds();
     // A prompt left over from before stands in the poll's buffer without a line end; it would be taken for the
     // beginning of the next line.
     link_.poll.rxbuffer.clear();
@@ -33,32 +24,26 @@ PromptOutcome PromptDialogue::waitprompt() {
     link_.session.state.Rtn.clear();
 
     QByteArray text;
-    for (int pass = 0; pass < maximumPasses; ++pass) {
-        link_.ports.waitForInput(1);
-        const QByteArray block = link_.ports.readAll();
-        if (!block.isEmpty()) {
-            if (transcriptWanted()) {
-                link_.debug.list.append(QString::fromLatin1(block));
-            }
-            text += block;
-            if (takePrompt(text, block.size())) {
-                return keepResponsive(connection) ? PromptOutcome::Came : PromptOutcome::ConnectionLost;
-            }
-        } else if (link_.ports.checkFailure()) {
-            return PromptOutcome::ConnectionLost;
+    qint64 passes = 0;
+    while (passes < maximumPasses) {
+        const qint64 began = clock.monotonicMilliseconds();
+        const QByteArray block = co_await link_.waits.input(maximumPasses - passes);
+        passes += std::max<qint64>(clock.monotonicMilliseconds() - began, 1);
+        if (block.isEmpty()) {
+            continue;
         }
-        const qint64 now = clock.monotonicMilliseconds();
-        if (now - lastResponsive >= responsiveInterval) {
-            lastResponsive = now;
-            if (!keepResponsive(connection)) {
-                return PromptOutcome::ConnectionLost;
-            }
+        if (transcriptWanted()) {
+            link_.debug.list.append(QString::fromLatin1(block));
+        }
+        text += block;
+        if (takePrompt(text, block.size())) {
+            co_return;
         }
     }
     if (link_.debug.rawBuffer) {
         link_.debug.list.append(QStringLiteral("Timeout"));
     }
-    return PromptOutcome::TimedOut;
+    throw TimedOut();
 }
 
 bool PromptDialogue::takePrompt(const QByteArray& text, qsizetype newCharacters) {
@@ -74,11 +59,6 @@ bool PromptDialogue::takePrompt(const QByteArray& text, qsizetype newCharacters)
     progress_.value = std::min(progress_.value + ProgressState::step, 100);
     progress_.valueLabel = QString::number(progress_.value);
     return true;
-}
-
-bool PromptDialogue::keepResponsive(quint64 connection) {
-    link_.events.keepResponsive(false);
-    return !link_.events.programEnding() && link_.ports.connectionNumber() == connection;
 }
 
 void PromptDialogue::send(const QString& item, const QByteArray& terminator) {
@@ -146,31 +126,52 @@ SettingsSender::SettingsSender(Link& link, SettingsState& settings, ProgressStat
     , progress_(progress)
     , dialogue_(link, settings, progress) {}
 
-SettingsSender::Outcome SettingsSender::setprefs() {
+Task<SettingsSender::Outcome> SettingsSender::setprefs() {
     if (!link_.ports.isOpen()) {
-        return Outcome::ConnectionLost;
+        throw ConnectionEnded();
     }
-    QProperty<Activity>& activity = link_.session.commands.activity;
-    const Activity before = activity;
-    activity = Activity::Sending;
     link_.timer.setInterval(0);
     progress_.maximum = 100;
     progress_.value = 0;
-
-    const Outcome outcome = ended(talk());
-    // Whoever ended the connection inside a wait has set the activity already, perhaps to one of its own.
-    if (activity == Activity::Sending || activity == Activity::SettingClock) {
-        activity = before;
+    // The timer was stopped here, so nobody else starts it again for the next connection.
+    auto cutShort = qScopeGuard([this] {
+        progress_.visible = false;
+        link_.timer.setInterval(StatusTimer::normalInterval);
+    });
+    Outcome outcome = Outcome::Sent;
+    try {
+        const Doing sending(link_.session.commands, Activity::Sending);
+        co_await talk();
+        // The setting of the clock has requested the report too; while the clock reply is awaited the second one is
+        // passed over.
+        dialogue_.finish();
+    } catch (const TimedOut&) {
+        outcome = Outcome::Failed;
     }
-    return outcome;
+    cutShort.dismiss();
+    if (outcome == Outcome::Failed) {
+        fail();
+    }
+    co_return outcome;
 }
 
-PromptOutcome SettingsSender::talk() {
+Task<SettingsSender::Outcome> SettingsSender::send() {
+    progress_.show();
+    // The date goes to the instrument as the screen shows it, and the screen does not follow it all the time.
+    settings_.computerDate = shortDate(link_.session.clock.now().date());
+    const Outcome outcome = co_await setprefs();
+    if (outcome == Outcome::Sent) {
+        link_.session.commands.activity = Activity::ReadingSettings;
+    }
+    co_return outcome;
+}
+
+Task<> SettingsSender::talk() {
     struct Item {
         QString text;
         QByteArray terminator = {};
     };
-    const LoggerSettings& record = settings_.record.value();
+    const LoggerSettings record = settings_.record; // not what is typed meanwhile
     std::vector<Item> items{{QStringLiteral("B")}, {controlBits(record)}};
     for (const Setting& setting : numberSettings) {
         items.push_back({QChar(setting.letter)});
@@ -178,79 +179,45 @@ PromptOutcome SettingsSender::talk() {
     }
     for (const Item& item : items) {
         dialogue_.send(item.text, item.terminator);
-        const PromptOutcome outcome = dialogue_.waitprompt();
-        if (outcome != PromptOutcome::Came) {
-            return outcome;
-        }
+        co_await dialogue_.waitprompt();
     }
     // During a shutter reset the settings are sent only for a while; the clock is none of its business.
     if (settings_.syncTimeDate && link_.session.state.Ctrlscrn != Operation::ShutterReset) {
-        link_.session.commands.activity = Activity::SettingClock;
-        return setclock();
+        co_await setclock();
     }
-    return PromptOutcome::Came;
 }
 
-PromptOutcome SettingsSender::setclock() {
+Task<> SettingsSender::setclock() {
+    const Doing settingClock(link_.session.commands, Activity::SettingClock);
     link_.ports.write("U");
-    PromptOutcome outcome = dialogue_.waitprompt();
-    if (outcome == PromptOutcome::Came) {
-        // The screen shows no date before the first tick after a report.
-        const QString shown = settings_.computerDate;
-        outcome = typed(dateDigits(shown.isEmpty() ? shortDate(link_.session.clock.now().date()) : shown));
-    }
-    if (outcome == PromptOutcome::Came) {
-        outcome = dialogue_.waitprompt();
-    }
-    if (outcome == PromptOutcome::Came) {
-        outcome = typed(timeDigits(clockText(link_.session.clock.now().time())));
-    }
-    if (outcome == PromptOutcome::Came) {
-        dialogue_.finish();
-    }
-    return outcome;
+    co_await dialogue_.waitprompt();
+    const QString date = dateDigits(settings_.computerDate);
+    co_await typed(date);
+    co_await dialogue_.waitprompt();
+    const QString time = timeDigits(clockText(link_.session.clock.now().time()));
+    co_await typed(time);
+    dialogue_.finish();
 }
 
-PromptOutcome SettingsSender::typed(const QString& digits) {
+Task<> SettingsSender::typed(QString digits) {
     // The instrument takes digits only as slowly as a person types them.
     constexpr float secondsBetweenDigits = 0.2F;
-    for (const QChar digit : digits) {
-        if (!link_.wait.waitConnected(secondsBetweenDigits) || link_.ports.checkFailure()) {
-            return PromptOutcome::ConnectionLost;
-        }
+    for (const QChar digit : std::as_const(digits)) {
+        co_await link_.waits.waitsec(secondsBetweenDigits);
         link_.ports.write(QByteArray(1, digit.toLatin1()));
         if (dialogue_.transcriptWanted() && link_.session.state.trouble == 1) {
             link_.debug.list.append(digit);
         }
     }
-    return PromptOutcome::Came;
 }
 
-SettingsSender::Outcome SettingsSender::ended(PromptOutcome outcome) {
-    switch (outcome) {
-    case PromptOutcome::Came:
-        // The setting of the clock has requested the report too; while the clock reply is awaited the second one is
-        // passed over.
-        dialogue_.finish();
-        return Outcome::Sent;
-    case PromptOutcome::TimedOut:
-        progress_.visible = false;
-        link_.timer.setInterval(StatusTimer::slowInterval);
-        link_.session.status.status = QStringLiteral("Ready");
-        link_.session.messages.show(
-            operatorWarning(QStringLiteral("Error Sending Prefs. Error Code 1"), QStringLiteral("Error")));
-        mainWindowWanted.tell();
-        return Outcome::Failed;
-    case PromptOutcome::ConnectionLost:
-        break;
-    }
-    // The timer was stopped here, so nobody else starts it again for the next connection. One that runs belongs to a
-    // sending that was begun and ended inside the wait.
-    if (!link_.events.programEnding() && !link_.timer.isRunning()) {
-        progress_.visible = false;
-        link_.timer.setInterval(StatusTimer::normalInterval);
-    }
-    return Outcome::ConnectionLost;
+void SettingsSender::fail() {
+    progress_.visible = false;
+    link_.timer.setInterval(StatusTimer::slowInterval);
+    link_.session.status.status = QStringLiteral("Ready");
+    link_.session.messages.show(
+        operatorWarning(QStringLiteral("Error Sending Prefs. Error Code 1"), QStringLiteral("Error")));
+    mainWindowWanted.tell();
 }
 
 void SettingsSender::retrieveSettings() {
@@ -259,6 +226,7 @@ void SettingsSender::retrieveSettings() {
     }
     link_.ports.discardInput();
     link_.session.state.Ctrlscrn = Operation::Ready;
+    link_.session.commands.activity = Activity::ReadingSettings;
     link_.ports.write("P");
     progress_.maximum = 100;
     progress_.show();
@@ -275,10 +243,11 @@ void SettingsSender::applySettings() {
                                                     QStringLiteral("Invalid Setup")));
         return;
     }
-    progress_.show();
-    // The date goes to the instrument as the screen shows it, and the screen does not follow it all the time.
-    settings_.computerDate = shortDate(link_.session.clock.now().date());
-    setprefs();
+    link_.procedures.start(QStringLiteral("Apply Settings"), [this] { return apply(); });
+}
+
+Task<> SettingsSender::apply() {
+    co_await send();
 }
 
 void SettingsSender::displayLoggerTime() {
@@ -287,6 +256,7 @@ void SettingsSender::displayLoggerTime() {
     }
     link_.ports.write("C");
     link_.session.state.Ctrlscrn = Operation::ClockCheck;
+    link_.timer.wake(); // the awaiting is announced at each tick
 }
 
 void SettingsSender::chooseSamplingOption(int option) {

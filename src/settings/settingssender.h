@@ -4,13 +4,14 @@
 #include "link/link.h"
 #include "settings/loggersettings.h"
 
+#include <exception>
+
 namespace orv {
 
-/// How a wait for the instrument's prompt, or a procedure made of such waits, went.
-enum class PromptOutcome {
-    Came,
-    TimedOut,
-    ConnectionLost ///< The connection has ended meanwhile, or the program is ending: nothing more may be sent.
+/// What a wait for the instrument's prompt throws when none has come.
+class TimedOut final : public std::exception {
+public:
+    const char* what() const noexcept override { return "the instrument did not answer"; }
 };
 
 /// The talk with an instrument that answers every item with a prompt.
@@ -21,10 +22,10 @@ public:
     PromptDialogue(Link& link, SettingsState& settings, ProgressState& progress);
 
     /// Waits for the prompt, ">" or "." with something before it in what has come since the call; what stands before
-    /// it is the reply and goes to `Rtn`. Does not yield: at most `maximumPasses` passes of up to 1 ms each, during
-    /// which the windows repaint but nothing of the operator's is handled. A prompt moves the progress bar on by 10,
-    /// at most to 100, and paints the lamp as sending.
-    PromptOutcome waitprompt();
+    /// it is the reply and goes to `Rtn`. Reads the port itself, at most `maximumPasses` times: a pass is one block of
+    /// input, or one millisecond without any. A prompt moves the progress bar on by 10, at most to 100, and paints the
+    /// lamp as sending. Throws TimedOut.
+    Task<> waitprompt();
 
     /// Writes `item` and the terminator to the instrument; lists the item if the transcript is wanted.
     void send(const QString& item, const QByteArray& terminator = {});
@@ -37,17 +38,12 @@ public:
     /// main window shows "GLOW", else the scattering meter's.
     bool transcriptWanted() const;
 
-    /// waitprompt() is running: no tick may be dispatched.
-    bool isPolling() const { return polling_; }
-
 private:
     bool takePrompt(const QByteArray& text, qsizetype newCharacters);
-    bool keepResponsive(quint64 connection);
 
     Link& link_;
     SettingsState& settings_;
     ProgressState& progress_;
-    bool polling_ = false;
 };
 
 /// The digits of a short date ("1/5/99"), as the instrument takes its date: the three pieces between the "/" in their
@@ -62,9 +58,8 @@ QString timeDigits(const QString& timeText);
 class SettingsSender {
 public:
     enum class Outcome {
-        Sent,          ///< Everything was taken; the settings report has been requested.
-        Failed,        ///< The instrument did not answer an item. The operator has been told.
-        ConnectionLost ///< The connection has ended meanwhile, or there was none.
+        Sent,  ///< Everything was taken; the settings report has been requested.
+        Failed ///< The instrument did not answer an item. The operator has been told.
     };
 
     SettingsSender(Link& link, SettingsState& settings, ProgressState& progress);
@@ -93,21 +88,24 @@ public:
     /// When the instrument does not answer, what was sent stays written in it: the "Processing" dialog goes, the
     /// operator is told, the main window comes forward, the status shows "Ready".
     ///
-    /// A reset, a close or a failure of the port ends it without a word of its own and nothing more is sent.
-    Outcome setprefs();
+    /// A reset, a close or a failure of the port ends it with ConnectionEnded and nothing more is sent; without a
+    /// connection it throws that at once.
+    Task<Outcome> setprefs();
 
-    /// A loop that does not yield to the event loop is running: no tick may be dispatched.
-    bool isPolling() const { return dialogue_.isPolling(); }
+    /// The same as an operation of its own: with the "Processing" dialog, and what follows is the reading of the
+    /// report.
+    Task<Outcome> send();
 
     Signal<> mainWindowWanted; ///< The main window is to come to the front.
 
 private:
     /// The clock: "U", then the date that the settings screen shows for the computer, then the present hour and
     /// minutes, each digit 0.2 s after what came before. Seconds are not sent: the instrument starts the minute afresh.
-    PromptOutcome setclock();
-    PromptOutcome talk();
-    PromptOutcome typed(const QString& digits);
-    Outcome ended(PromptOutcome outcome);
+    Task<> setclock();
+    Task<> talk();
+    Task<> typed(QString digits);
+    Task<> apply();
+    void fail();
 
     Link& link_;
     SettingsState& settings_;

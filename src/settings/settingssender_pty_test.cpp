@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/processes.h"
-#include "testing/programrig.h"
+#include "testing/ptyrig.h"
+
+#include <optional>
 
 namespace orv {
 
@@ -11,16 +12,26 @@ class SendingPtyTest : public ProgramTest {
 protected:
     SendingPtyTest()
         : ProgramTest(
-              [this](const QString& device, TestClock& time) { return ServedPort::serve(device, time, server); }) {
-        clock = TestClock(QDateTime(QDate(1999, 1, 5), QTime(9, 30, 15)));
+              [](const QString& device, TestClock& time) { return std::make_unique<ServedPort>(device, time); }) {
+        clock.set(QDateTime(QDate(1999, 1, 5), QTime(9, 30, 15)));
         ports.setDevice(1, QStringLiteral("sim:trx"));
         connectAndRead();
         line->writes.clear();
         line->written = [this](const QByteArray& /*bytes*/) { moments.push_back(clock.monotonicMilliseconds()); };
     }
 
-    std::unique_ptr<PtyServer> server;
+    SettingsSender::Outcome setprefs() {
+        procedures.start(QStringLiteral("Sending"), [this] { return send(); });
+        finish();
+        return outcome_.value();
+    }
+
     std::vector<qint64> moments; ///< Of each write.
+
+private:
+    Task<> send() { outcome_ = co_await sender.setprefs(); }
+
+    std::optional<SettingsSender::Outcome> outcome_;
 };
 
 const LoggerSettings sentMode{.autoStart = true,
@@ -33,10 +44,10 @@ const LoggerSettings sentMode{.autoStart = true,
 
 TEST_F(SendingPtyTest, TheInstrumentReportsWhatItWasSent) {
     settings.record = sentMode;
-    ASSERT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
+    ASSERT_EQ(setprefs(), SettingsSender::Outcome::Sent);
     EXPECT_EQ(line->writes.join(), "B101100T100\rD12\rQ500\rI60\rP");
     settings.record = LoggerSettings();
-    live(0.5F);
+    live(0.5);
     EXPECT_EQ(settings.record.value(), sentMode);
     EXPECT_EQ(settings.samplingOption.value(), 3);
     EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
@@ -46,11 +57,7 @@ TEST_F(SendingPtyTest, TheInstrumentReportsWhatItWasSent) {
 TEST_F(SendingPtyTest, TheClockIsSetAndTheSecondReportDoesNoHarm) {
     settings.record = sentMode;
     settings.syncTimeDate = true;
-    events.tick = [this, tick = events.tick] {
-        server->serve(0);
-        tick();
-    };
-    ASSERT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
+    ASSERT_EQ(setprefs(), SettingsSender::Outcome::Sent);
     EXPECT_EQ(line->writes.join(), "B101100T100\rD12\rQ500\rI60\rU0105990930PP");
     // Each digit is written 0.2 s after what came before it.
     const std::size_t first = 11;
@@ -60,7 +67,7 @@ TEST_F(SendingPtyTest, TheClockIsSetAndTheSecondReportDoesNoHarm) {
         EXPECT_LE(gap, digit == first || digit == first + 6 ? 300 : 205) << digit; // a prompt comes before two of them
     }
     settings.record = LoggerSettings();
-    live(1.0F);
+    live(1.0);
     EXPECT_EQ(settings.record.value(), sentMode);
     EXPECT_EQ(settings.loggerDate.value(), QStringLiteral("1/5/99"));
     EXPECT_TRUE(settings.loggerTime.value().startsWith(QStringLiteral("9:30:")));
@@ -73,7 +80,7 @@ TEST_F(SendingPtyTest, TheClockIsSetAndTheSecondReportDoesNoHarm) {
 TEST_F(SendingPtyTest, AnInstrumentThatGoesDeadIsGivenUp) {
     line->written = [this](const QByteArray& bytes) { line->silent = bytes == "T"; };
     change(settings.record, [](LoggerSettings& record) { record.samplesPerPoint = QStringLiteral("100"); });
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
+    EXPECT_EQ(setprefs(), SettingsSender::Outcome::Failed);
     EXPECT_FALSE(line->writes.join().contains('P'));
     EXPECT_EQ(theMessage().text, QStringLiteral("Error Sending Prefs. Error Code 1"));
 }

@@ -7,134 +7,170 @@ namespace {
 
 class WaitPromptTest : public SendingTest {
 protected:
-    /// What the instrument sends, a piece for each pass that would find nothing.
-    void arrive(const QByteArrayList& pieces) {
-        pieces_ = pieces;
-        com1.waited = [this](int milliseconds) {
-            ++passes;
-            clock.advance(milliseconds);
-            if (!pieces_.isEmpty()) {
-                com1.input = pieces_.takeFirst();
+    /// The reply to "B" when these pieces arrive, one a millisecond, the first a millisecond after it; "(none)" if no
+    /// prompt comes in time.
+    std::string replyTo(QByteArrayList pieces) {
+        answered = 0;
+        writes.clear();
+        messages.shown.clear();
+        QString reply;
+        pieces_ = std::move(pieces);
+        onWrite = [this, &reply](const QByteArray& /*bytes*/) {
+            if (writes.size() == 1) {
+                awaitNextPiece();
+            } else if (writes.size() == 2) {
+                reply = state.Rtn;
+                passed = writes[1].milliseconds - writes[0].milliseconds;
             }
         };
+        std::optional<qint64> failedAfter;
+        const auto watch = sender.mainWindowWanted.subscribe([&] {
+            if (writes.size() == 1) {
+                failedAfter = sinceLastWrite();
+            }
+        });
+        apply();
+        arrival_.reset();
+        onWrite = nullptr;
+        if (failedAfter) {
+            EXPECT_EQ(state.Rtn.toStdString(), "");
+            passed = *failedAfter;
+        }
+        return failedAfter ? "(none)" : reply.toStdString();
     }
 
-    QString reply() const { return state.Rtn; }
-
-    PromptDialogue dialogue{program.link, settings, progress};
+    qint64 passed = 0; ///< Milliseconds from "B" to the prompt or to the giving up.
 
 private:
+    void awaitNextPiece() {
+        int milliseconds = 0;
+        QByteArray piece;
+        while (piece.isEmpty() && !pieces_.isEmpty()) {
+            ++milliseconds;
+            piece = pieces_.takeFirst();
+        }
+        if (!piece.isEmpty()) {
+            arrival_ = clock.callAfter(milliseconds, [this, piece] {
+                awaitNextPiece();
+                com1.input += piece;
+            });
+        }
+    }
+
     QByteArrayList pieces_;
+    Subscription arrival_;
 };
 
-TEST_F(WaitPromptTest, JoinsAReplyOverSeveralPasses) {
-    arrive({"0", "", "0001", "1", ">"});
-    EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::Came);
-    EXPECT_EQ(reply(), QStringLiteral("000011"));
-    EXPECT_EQ(passes, 5);
-}
-
-TEST_F(WaitPromptTest, TakesAPointForThePrompt) {
-    arrive({"B."});
-    EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::Came);
-    EXPECT_EQ(reply(), QStringLiteral("B"));
-}
-
-TEST_F(WaitPromptTest, TakesTheFirstOfTwoPrompts) {
-    arrive({"ab.cd>"});
-    EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::Came);
-    EXPECT_EQ(reply(), QStringLiteral("ab"));
-}
-
-TEST_F(WaitPromptTest, APromptWithNothingBeforeItIsNone) {
-    for (const char* prompt : {">", "."}) {
-        arrive({prompt});
-        EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::TimedOut);
-        EXPECT_EQ(reply(), QString());
+TEST_F(WaitPromptTest, TakesWhatStandsBeforeTheFirstPrompt) {
+    const struct {
+        QByteArrayList pieces;
+        const char* reply;
+        int milliseconds;
+    } cases[] = {
+        {{"0", "", "0001", "1", ">"}, "000011", 5},
+        {{"B."}, "B", 1},
+        {{"ab.cd>"}, "ab", 1},
+        // A prompt with nothing before it is left over from an earlier command.
+        {{">"}, "(none)", 5000},
+        {{"."}, "(none)", 5000},
+        {{">", "B", "."}, ">B", 3},
+        {{}, "(none)", 5000},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.pieces.join('|').toStdString());
+        EXPECT_EQ(replyTo(each.pieces), each.reply);
+        EXPECT_EQ(passed, each.milliseconds);
     }
 }
 
-TEST_F(WaitPromptTest, APromptLeftOverFromBeforeDoesNotEndTheWait) {
-    arrive({">", "B", "."});
-    EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::Came);
-    EXPECT_EQ(reply(), QStringLiteral(">B"));
-    EXPECT_EQ(passes, 3);
+TEST_F(WaitPromptTest, TheLastOfFiveThousandPassesStillCounts) {
+    const struct {
+        QByteArrayList pieces;
+        const char* reply;
+    } cases[] = {
+        {QByteArrayList(4999, "") << "B>", "B"},
+        {QByteArrayList(5000, "") << "B>", "(none)"},
+        {QByteArrayList(4998, "") << "B"
+                                  << ">",
+         "B"},
+        {QByteArrayList(2500, "") << QByteArrayList(2500, "B") << ">", "(none)"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.pieces.size());
+        EXPECT_EQ(replyTo(each.pieces), each.reply);
+        EXPECT_EQ(passed, 5000);
+    }
+    EXPECT_EQ(replyTo(QByteArrayList(4999, "B") << ">"), QByteArray(4999, 'B').toStdString());
+}
+
+TEST_F(WaitPromptTest, EachBlockIsAPassHoweverSoonItComes) {
+    for (const int blocksBefore : {4998, 4999}) {
+        SCOPED_TRACE(blocksBefore);
+        int blocks = 0;
+        com1.read = [&](const QByteArray& /*block*/) {
+            if (writes.size() == 1 && blocks <= blocksBefore) {
+                com1.input += ++blocks <= blocksBefore ? "B" : ">";
+            }
+        };
+        EXPECT_EQ(replyTo({"B"}), blocksBefore == 4998 ? QByteArray(4999, 'B').toStdString() : "(none)");
+        EXPECT_EQ(passed, 1);
+        com1.read = nullptr;
+        com1.input.take();
+    }
 }
 
 TEST_F(WaitPromptTest, AnOldReplyIsNotTakenForANewOne) {
     state.Rtn = QStringLiteral("old");
     rxbuffer = "old>";
     status.bufferCount = 4;
-    EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::TimedOut);
-    EXPECT_EQ(reply(), QString());
+    answered = 0;
+    sender.applySettings();
+    EXPECT_EQ(state.Rtn.toStdString(), "");
     EXPECT_TRUE(rxbuffer.isEmpty());
     EXPECT_EQ(status.bufferCount.value(), 0);
-}
-
-TEST_F(WaitPromptTest, TheLastOfFiveThousandPassesStillCounts) {
-    QByteArrayList pieces(4999, QByteArray());
-    arrive(pieces << "B>");
-    EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::Came);
-    EXPECT_EQ(passes, 5000);
-    passes = 0;
-    pieces = QByteArrayList(5000, QByteArray());
-    arrive(pieces << "B>");
-    EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::TimedOut);
-    EXPECT_EQ(passes, 5000);
-}
-
-TEST_F(WaitPromptTest, WaitsUpToAMillisecondInEachPass) {
-    std::vector<int> waits;
-    com1.waited = [&waits](int milliseconds) { waits.push_back(milliseconds); };
-    dialogue.waitprompt();
-    EXPECT_EQ(waits, std::vector<int>(5000, 1));
-}
-
-TEST_F(WaitPromptTest, TheBarStaysWithinItsMaximum) {
-    progress.value = 95;
-    arrive({"x>"});
-    dialogue.waitprompt();
-    EXPECT_EQ(progress.value.value(), 100);
-    EXPECT_EQ(progress.valueLabel.value(), QStringLiteral("100"));
+    finish();
+    EXPECT_EQ(written(), QByteArrayList{"B"});
+    EXPECT_EQ(state.Rtn.toStdString(), "");
 }
 
 TEST_F(WaitPromptTest, ListsWhatEachPassRead) {
-    arrive({"00", "0>"});
-    dialogue.waitprompt();
-    EXPECT_EQ(transcript(), (QStringList{QStringLiteral("00"), QStringLiteral("0>")}));
+    replyTo({"00", "0>"});
+    EXPECT_EQ(transcript(),
+              (QStringList{QStringLiteral("B"), QStringLiteral("00"), QStringLiteral("0>"), QStringLiteral("000000")}));
 }
 
 TEST_F(WaitPromptTest, WhatCameBeforeThePlugWasPulledStillCounts) {
+    answered = 1;
+    sender.applySettings();
     com1.failureReason = QStringLiteral("gone");
-    com1.input = "B>";
-    EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::Came);
-    EXPECT_EQ(dialogue.waitprompt(), PromptOutcome::ConnectionLost);
-    EXPECT_EQ(passes, 1);
+    EXPECT_TRUE(ports.isOpen()) << "the reply is still to be read";
+    finish();
+    EXPECT_EQ(written(), (QByteArrayList{"B", "000000"}));
+    EXPECT_EQ(resets, 1);
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("gone")));
 }
-
-} // namespace
-
-namespace {
 
 class SetPrefsTest : public SendingTest {};
 
 const QByteArrayList wholeSending = {"B", "000000", "T", "30\r", "D", "24\r", "Q", "60000\r", "I", "3600\r", "P"};
 
 TEST_F(SetPrefsTest, WritesEachItemAloneAndRequestsTheReport) {
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
+    EXPECT_EQ(setprefs(), Outcome::Sent);
     EXPECT_EQ(written(), wholeSending);
     EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(SetPrefsTest, FinishesWithTheLampGreenAndTheTimerSlow) {
+    status.status = QStringLiteral("before");
     com1.input = "left over";
     onWrite = [this](const QByteArray& bytes) {
         if (bytes == "P") {
+            EXPECT_EQ(com1.inputCount(), 0);
             EXPECT_EQ(com1.discards, 1);
             EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
         }
     };
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(settings.lamp.value(), Lamp::Sent);
     EXPECT_EQ(timer.interval(), 10);
     EXPECT_TRUE(timer.isRunning());
@@ -165,7 +201,7 @@ TEST_F(SetPrefsTest, StandsStillAndAdvancesTheBarByTenAPrompt) {
     };
     QStringList labels;
     const auto watch = progress.valueLabel.addNotifier([this, &labels] { labels << progress.valueLabel; });
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(bar, (QList<int>{0, 10, 20, 30, 40, 50, 60, 70, 80, 90}));
     EXPECT_EQ(labels, QStringLiteral("10 20 30 40 50 60 70 80 90 100 0").split(QLatin1Char(' ')));
 }
@@ -178,7 +214,7 @@ TEST_F(SetPrefsTest, BuildsTheControlBitsInTheInstrumentsOrder) {
         EXPECT_EQ(controlBits(record).toStdString(), bits);
     }
     settings.record = {true, true, true, true, true, true, {}, {}, {}, {}};
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(writes.at(1).bytes, "111111");
 }
 
@@ -189,7 +225,7 @@ TEST_F(SetPrefsTest, SendsTextsAsTypedAndAnEmptyBoxAsABareReturn) {
         record.pointsPerBlock = QStringLiteral("99999");
         record.secondsBetweenPoints = QStringLiteral(" 1.5");
     });
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
+    EXPECT_EQ(setprefs(), Outcome::Sent);
     EXPECT_EQ(writes.at(3).bytes, "\r");
     EXPECT_EQ(writes.at(5).bytes, "007\r");
     EXPECT_EQ(writes.at(7).bytes, "99999\r");
@@ -199,10 +235,10 @@ TEST_F(SetPrefsTest, SendsTextsAsTypedAndAnEmptyBoxAsABareReturn) {
 TEST_F(SetPrefsTest, GivesUpOnASilentInstrumentAfterOneItem) {
     answered = 0;
     progress.visible = true;
-    state.Ctrlscrn = Operation::SettingsOpen;
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
+    status.status = QStringLiteral("before");
+    EXPECT_EQ(setprefs(), Outcome::Failed);
     EXPECT_EQ(written(), QByteArrayList{"B"});
-    EXPECT_EQ(passes, 5000);
+    EXPECT_EQ(sinceLastWrite(), 5000);
     EXPECT_EQ(messages.shown, std::vector{sendingError()});
     EXPECT_EQ(shownAfter, 1U);
     EXPECT_FALSE(progress.visible.value());
@@ -219,7 +255,7 @@ class SetPrefsStopsAt : public SendingTest, public testing::WithParamInterface<i
 
 TEST_P(SetPrefsStopsAt, SendsNothingAfterTheUnansweredItem) {
     answered = static_cast<std::size_t>(GetParam());
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Failed);
+    EXPECT_EQ(setprefs(), Outcome::Failed);
     EXPECT_EQ(written(), wholeSending.first(GetParam() + 1));
     EXPECT_EQ(messages.shown, std::vector{sendingError()});
     EXPECT_EQ(progress.value.value(), 10 * GetParam());
@@ -229,88 +265,167 @@ TEST_P(SetPrefsStopsAt, SendsNothingAfterTheUnansweredItem) {
 
 INSTANTIATE_TEST_SUITE_P(EachItem, SetPrefsStopsAt, testing::Range(0, 10));
 
-TEST_F(SetPrefsTest, DoesNotYieldButKeepsTheWindowsAlive) {
+TEST_F(SetPrefsTest, NothingHoldsTheWindowsMeanwhile) {
     answered = 3;
-    int pollingSeen = 0;
-    events.whileResponsive = [this, &pollingSeen](bool manualDialogLives) {
-        EXPECT_FALSE(manualDialogLives);
-        pollingSeen += sender.isPolling() ? 1 : 0;
+    const qint64 start = clock.monotonicMilliseconds();
+    sender.applySettings();
+    EXPECT_EQ(written(), QByteArrayList{"B"}) << "returns before the answer is read";
+    EXPECT_EQ(clock.monotonicMilliseconds(), start);
+    int looks = 0;
+    int discardsBefore = com1.discards;
+    eachMillisecond = [&] {
+        if (!procedures.isIdle()) {
+            ++looks;
+            program.selectUpperTab(looks % 2 == 0 ? QStringLiteral("Status") : QStringLiteral("Data"));
+        }
     };
-    sender.setprefs();
-    EXPECT_EQ(events.yields, 0);
-    EXPECT_EQ(events.responsive, 3 + 500); // once a prompt, then every 10 ms of 5000 ms
-    EXPECT_EQ(pollingSeen, events.responsive);
-    EXPECT_FALSE(sender.isPolling());
+    finish();
+    EXPECT_EQ(looks, 4999);
+    EXPECT_EQ(written(), wholeSending.first(4));
+    EXPECT_EQ(com1.discards, discardsBefore);
 }
 
 TEST_F(SetPrefsTest, NeverSetsTheClockDuringAShutterReset) {
     settings.syncTimeDate = true;
     state.Ctrlscrn = Operation::ShutterReset;
     commands.activity = Activity::ResettingShutter;
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::Sent);
+    EXPECT_EQ(setprefs(), Outcome::Sent);
     EXPECT_EQ(written(), wholeSending);
     EXPECT_EQ(state.Ctrlscrn, Operation::Ready);
     EXPECT_EQ(commands.activity.value(), Activity::ResettingShutter);
 }
 
 TEST_F(SetPrefsTest, DoesNothingWithoutAConnection) {
-    timer.enable();
-    ports.close();
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
+    fixit();
+    EXPECT_EQ(setprefs(), std::nullopt);
     EXPECT_TRUE(writes.empty());
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(timer.interval(), StatusTimer::normalInterval);
+    EXPECT_TRUE(timer.isRunning());
     EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
-TEST_F(SetPrefsTest, APulledCableEndsItWithOneMessage) {
-    answered = 4;
-    progress.visible = true;
-    onWrite = [this](const QByteArray& /*bytes*/) {
-        if (writes.size() == 5) {
-            com1.failureReason = QStringLiteral("gone");
-        }
-    };
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
-    EXPECT_EQ(written(), wholeSending.first(5));
-    EXPECT_EQ(resets, 1);
-    expectOffline();
-    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("gone")));
-    EXPECT_FALSE(shownAfter);
-    EXPECT_FALSE(progress.visible.value());
-    EXPECT_TRUE(timer.isRunning());
-    EXPECT_EQ(timer.interval(), StatusTimer::normalInterval);
-    EXPECT_EQ(commands.activity.value(), Activity::None);
+/// A wait of a sending: for the answer to the write of that number, or, when it has been answered, for the time of the
+/// next digit.
+struct SendingMoment {
+    std::size_t writes;
+    bool answered;
+};
+
+void PrintTo(const SendingMoment& moment, std::ostream* out) {
+    *out << moment.writes << (moment.answered ? "Answered" : "Unanswered");
 }
 
-TEST_F(SetPrefsTest, EndsWhenTheConnectionIsReplacedMeanwhile) {
-    answered = 1;
-    events.whileResponsive = [this](bool /*manualDialogLives*/) {
-        if (writes.size() == 2) {
-            ports.close();
-            ports.open();
-        }
-    };
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
-    EXPECT_EQ(writes.size(), 2U);
-    EXPECT_TRUE(messages.shown.empty());
-    EXPECT_TRUE(timer.isRunning());
+struct Interruption {
+    const char* name;
+    void (*act)(ProgramRig& rig);
+    Activity activity; ///< Afterwards.
+    bool programLives;
+    std::size_t messages;
+};
+
+void PrintTo(const Interruption& interruption, std::ostream* out) {
+    *out << interruption.name;
 }
 
-TEST_F(SetPrefsTest, LeavesTheTimerStillWhenTheProgramEnds) {
-    answered = 2;
-    events.whileResponsive = [this](bool /*manualDialogLives*/) { events.ending = writes.size() == 3; };
-    EXPECT_EQ(sender.setprefs(), SettingsSender::Outcome::ConnectionLost);
-    EXPECT_EQ(writes.size(), 3U);
+const Interruption interruptions[] = {
+    {"Reset", [](ProgramRig& rig) { rig.program.reset(); }, Activity::Connecting, true, 0},
+    {"ClosePort", [](ProgramRig& rig) { rig.program.closePort(); }, Activity::None, true, 0},
+    {"PulledCable", [](ProgramRig& rig) { rig.com1.unplugged = true; }, Activity::None, true, 1},
+    {"Quit", [](ProgramRig& rig) { rig.program.quit(); }, Activity::None, false, 0},
+    {"End", [](ProgramRig& rig) { rig.program.end(); }, Activity::None, false, 0},
+};
+
+class SendingInterrupted : public SendingTest,
+                           public testing::WithParamInterface<std::tuple<SendingMoment, Interruption>> {};
+
+TEST_P(SendingInterrupted, AtOnceAndForGood) {
+    const auto& [moment, interruption] = GetParam();
+    settings.syncTimeDate = true;
+    answered = moment.writes - (moment.answered ? 0 : 1);
+    sender.applySettings();
+    while (writes.size() < moment.writes) {
+        ASSERT_FALSE(procedures.isIdle());
+        live(0.001);
+    }
+    live(0.1);
+    ASSERT_EQ(writes.size(), moment.writes);
+    ASSERT_TRUE(progress.visible);
+    EXPECT_EQ(commands.activity.value(), moment.writes > 10 ? Activity::SettingClock : Activity::Sending);
+
+    interruption.act(*this);
+    const auto expectEnded = [&] {
+        EXPECT_EQ(writes.size(), moment.writes);
+        EXPECT_FALSE(progress.visible);
+        EXPECT_EQ(timer.isRunning(), interruption.programLives);
+        EXPECT_EQ(timer.interval(), interruption.programLives ? StatusTimer::normalInterval : 0);
+        EXPECT_EQ(commands.activity.value(), interruption.activity);
+        EXPECT_EQ(messages.shown.size(), interruption.messages);
+        EXPECT_FALSE(shownAfter);
+    };
+    expectEnded();
+    EXPECT_EQ(resets, interruption.programLives && QByteArray(interruption.name) != "ClosePort" ? 1 : 0);
+    answered = 1000;
+    live(6.0);
+    if (interruption.activity == Activity::None) {
+        EXPECT_TRUE(procedures.isIdle());
+        expectEnded();
+    }
+    if (interruption.messages == 1) {
+        expectOffline();
+        EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Pulled.")));
+    }
+    EXPECT_EQ(writes.size(), moment.writes);
+}
+
+std::vector<SendingMoment> waitsOfASending() {
+    std::vector<SendingMoment> moments;
+    for (std::size_t write = 1; write <= 20; ++write) {
+        const bool prompted = write <= 11 || write == 17;
+        if (prompted) {
+            moments.push_back({write, false});
+        }
+        if (write > 10) {
+            moments.push_back({write, true});
+        }
+    }
+    return moments;
+}
+
+INSTANTIATE_TEST_SUITE_P(InEachWait, SendingInterrupted,
+                         testing::Combine(testing::ValuesIn(waitsOfASending()), testing::ValuesIn(interruptions)),
+                         [](const auto& info) {
+                             return testing::PrintToString(std::get<0>(info.param)) +
+                                    testing::PrintToString(std::get<1>(info.param));
+                         });
+
+TEST_F(SetPrefsTest, ANewConnectionMadeInTheWaitGetsNothingOfTheOldSending) {
+    settings.syncTimeDate = true;
+    sender.applySettings();
+    live(0.5);
+    ASSERT_EQ(writes.size(), 13U) << "between the digits";
+    writes.clear();
+    program.reset();
+    replies = {"V512\r"};
+    finish();
+    EXPECT_EQ(written(), QByteArrayList{"P"});
+    EXPECT_EQ(commands.activity.value(), Activity::ReadingSettings);
+    readReport();
+    settings.syncTimeDate = false;
+    writes.clear();
+    apply();
+    live(3.0);
+    EXPECT_EQ(writes.size(), 11U);
+    EXPECT_EQ(written().join(), "B100110T30\rD24\rQ60000\rI5\rP");
+    EXPECT_EQ(timer.interval(), StatusTimer::slowInterval);
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_FALSE(timer.isRunning());
 }
 
 TEST_F(SetPrefsTest, ListsEveryItemAndAnswerWhileRawCountsAreProvided) {
     change(settings.record, [](LoggerSettings& record) { record.hoursBeforeBlock = QString(); });
     int selections = 0;
     const auto counting = debug.list.lastSelected.subscribe([&selections] { ++selections; });
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(transcript(), (QStringList{QStringLiteral("B"),
                                          QStringLiteral("B."),
                                          QStringLiteral("000000"),
@@ -336,24 +451,24 @@ TEST_F(SetPrefsTest, ListsEveryItemAndAnswerWhileRawCountsAreProvided) {
 
 TEST_F(SetPrefsTest, ListsNothingWhileValuesAreCalculated) {
     settings.trxProvideRawCounts = false;
-    sender.setprefs();
+    setprefs();
     EXPECT_TRUE(transcript().isEmpty());
 }
 
 TEST_F(SetPrefsTest, TheOptionOfTheConnectedTypeDecidesOnTheTranscript) {
     settings.trxProvideRawCounts = false;
     status.instrument = InstrumentType::Glow;
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(transcript().size(), 20);
 }
 
 TEST_F(SetPrefsTest, ListsTheTimeoutByTheDebugScreensOwnOption) {
     answered = 0;
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(transcript(), QStringList{QStringLiteral("B")});
     settings.trxProvideRawCounts = false;
     debug.rawBuffer = true;
-    sender.setprefs();
+    setprefs();
     EXPECT_EQ(transcript(), (QStringList{QStringLiteral("B"), QStringLiteral("Timeout")}));
 }
 

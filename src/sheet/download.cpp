@@ -7,18 +7,19 @@
 #include "settings/loggersettings.h"
 
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace orv {
 
-Download::Download(Link& link, Settings& settings, SheetRows& rows, SheetFiles& files, OperatorQuestions& questions)
+Download::Download(Link& link, Settings& settings, SheetRows& rows, SheetFiles& files)
     : link_(link)
     , settings_(settings)
     , rows_(rows)
-    , files_(files)
-    , questions_(questions) {}
+    , files_(files) {}
 
 namespace {
 
@@ -43,21 +44,26 @@ QByteArray headerText(const QDateTime& now, RowLayout layout) {
 
 void Download::saveAsText() {
     link_.ports.debugsay(QStringLiteral("F2 Click"));
+    if (link_.ports.isOpen()) {
+        link_.procedures.start(QStringLiteral("Download Stored Data"), [this] { return askAndSave(); });
+    }
+}
+
+Task<> Download::askAndSave() {
     settings_.progress.show();
-    const quint64 connection = link_.ports.connectionNumber();
-    const QString name = questions_.saveFileName(QStringLiteral("Save as"), QStringLiteral("Stored Data.txt"),
-                                                 QStringLiteral(".txt"), QStringLiteral("*.txt"));
+    auto ended = qScopeGuard([this] { settings_.progress.visible = false; });
+    const Question question = saveQuestion(QStringLiteral("Save as"), QStringLiteral("Stored Data.txt"),
+                                           QStringLiteral(".txt"), QStringLiteral("*.txt"));
+    const QString name = co_await link_.waits.answer(question, Waits::Until::ConnectionEnds);
     const RowLayout layout = rows_.connectedLayout();
-    if (name.isEmpty() || link_.ports.connectionNumber() != connection) {
-        settings_.progress.visible = false;
-        return;
+    if (name.isEmpty()) {
+        co_return;
     }
     if (layout == RowLayout::Unknown) {
-        settings_.progress.visible = false;
         link_.session.messages.show(
             operatorWarning(QStringLiteral("The instrument has not told its type, so its data cannot be "
                                            "read. Press Reset to connect again, then download.")));
-        return;
+        co_return;
     }
     file_.setFileName(name);
     const QString reason = file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
@@ -67,8 +73,9 @@ void Download::saveAsText() {
         closeTarget();
         tellFailure(reason, QStringLiteral("Nothing was asked of the instrument."),
                     QStringLiteral("Make room or choose another folder, and download it again."));
-        return;
+        co_return;
     }
+    ended.dismiss();
     begin(Target::TextFile, Operation::SavingText, QStringLiteral("Saving Sheet"));
 }
 
@@ -104,13 +111,15 @@ void Download::begin(Target target, Operation operation, const QString& status) 
 bool Download::takeReply(const QString& reply, const QString& progressLabel, DataRow& row) {
     const qint64 now = link_.session.clock.monotonicMilliseconds();
     if (reply.isEmpty()) {
-        if (!stallTold_ && now - lastData_ >= stallLimit) {
-            stallTold_ = true;
+        if (const qint64 left = lastData_ + stallLimit - now; left > 0) {
+            link_.timer.wake(left);
+        } else if (!std::exchange(stallTold_, true)) {
             link_.session.status.status = QStringLiteral("No data for 10 s. Reset stops the download.");
         }
         return false;
     }
     lastData_ = now;
+    link_.timer.wake(stallLimit);
     if (stallTold_) {
         stallTold_ = false;
         link_.session.status.status = status_;

@@ -12,9 +12,10 @@ namespace orv {
 /// opens with ">O", brings one line for each record and ends with "EOF"; "0" ends it too. "65535" is erased memory.
 class Download {
 public:
-    Download(Link& link, Settings& settings, SheetRows& rows, SheetFiles& files, OperatorQuestions& questions);
+    Download(Link& link, Settings& settings, SheetRows& rows, SheetFiles& files);
 
-    /// "Download Stored Data: Save as Text". A cancelled dialog sends and writes nothing.
+    /// "Download Stored Data: Save as Text". A cancelled dialog sends and writes nothing; the end of the connection
+    /// closes it.
     void saveAsText();
 
     /// "Download Stored Data: View with Host Program".
@@ -34,6 +35,7 @@ private:
     /// command may be given, since what is left of this dump would be taken for the answer.
     enum class Target { None, TextFile, Sheet, Nowhere };
 
+    Task<> askAndSave();
     void begin(Target target, Operation operation, const QString& status);
     bool takeReply(const QString& reply, const QString& progressLabel, DataRow& row);
     void showProgress(const QString& label);
@@ -48,7 +50,6 @@ private:
     Settings& settings_;
     SheetRows& rows_;
     SheetFiles& files_;
-    OperatorQuestions& questions_;
     Target target_ = Target::None;
     QFile file_;
     int records_ = 0; ///< Data lines taken since ">O".

@@ -155,12 +155,18 @@ QString RecordFile::append(const QString& line) {
     return reason;
 }
 
-void RecordFile::syncWhenDue() {
+std::optional<qint64> RecordFile::syncWhenDue() {
     constexpr qint64 diskDelay = 500; // milliseconds that a written row may wait
-    if (waitsForDisk_ && clock_.monotonicMilliseconds() - waitsSince_ >= diskDelay) {
-        waitsForDisk_ = false;
-        syncToDisk(file_.handle());
+    if (!waitsForDisk_) {
+        return std::nullopt;
     }
+    const qint64 left = waitsSince_ + diskDelay - clock_.monotonicMilliseconds();
+    if (left > 0) {
+        return left;
+    }
+    waitsForDisk_ = false;
+    syncToDisk(file_.handle());
+    return std::nullopt;
 }
 
 void RecordFile::close() {

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QString>
 
+#include <optional>
+
 namespace orv {
 
 /// The lock that stands beside a record file while its run writes: "Orvtemp.tmp.lock". One that is found at the start
@@ -73,8 +75,9 @@ public:
     /// with the last whole row. Nothing happens without an open file.
     QString append(const QString& line);
 
-    /// Brings rows that wait to the disk when it is time. Called at every tick.
-    void syncWhenDue();
+    /// Brings rows that wait to the disk when it is time. Returns how many milliseconds are left until then; nothing if
+    /// no row waits any more.
+    std::optional<qint64> syncWhenDue();
 
     /// Closes the file with everything in it on the disk. The lock goes unless rows on the sheet are not saved.
     void close();

@@ -100,7 +100,7 @@ TEST_F(CollectionFilesTest, SecondRunReplacesTheFirstOnesSavedRecord) {
     receive(line(1) + ">");
     program.tick();
     answers.fileName = path("lake.txt");
-    ASSERT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    ASSERT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Saved);
     rows.clearSpreadSheet();
     collection.run1();
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|lake.txt|orvhost.lock");
@@ -112,7 +112,7 @@ TEST_F(CollectionFilesTest, RecordOfRowsClearedUnsavedIsKept) {
     program.tick();
     rows.clearSpreadSheet();
     answers.fileName = path("lake.txt");
-    ASSERT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    ASSERT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Saved);
     collection.run1();
     EXPECT_EQ(keptRecord(), recordHeader(false) + row(1, 1));
 }
@@ -122,7 +122,7 @@ TEST_F(CollectionFilesTest, RecordOfAFailedSaveIsKept) {
     receive(line(1) + ">");
     program.tick();
     answers.fileName = path("nowhere/lake.txt");
-    ASSERT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+    ASSERT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Failed);
     collection.run1();
     EXPECT_EQ(keptRecord(), recordHeader(false) + row(1, 1));
 }

@@ -55,13 +55,11 @@ QString notRecovered(const RecordedRows& found) {
 
 } // namespace
 
-RunRecovery::RunRecovery(Session& session, SheetRows& rows, SheetFiles& files, RecordFile& recordFile,
-                         OperatorQuestions& questions)
-    : session_(session)
+RunRecovery::RunRecovery(Link& link, SheetRows& rows, SheetFiles& files, RecordFile& recordFile)
+    : link_(link)
     , rows_(rows)
     , files_(files)
-    , recordFile_(recordFile)
-    , questions_(questions) {}
+    , recordFile_(recordFile) {}
 
 void RunRecovery::takeOverFromFreePlaces(int ownPlace) {
     const FileNames plain;
@@ -76,9 +74,9 @@ void RunRecovery::takeOverFromFreePlaces(int ownPlace) {
     }
 }
 
-void RunRecovery::offer() {
+Task<> RunRecovery::offer() {
     if (!recordFile_.isUnended()) {
-        return;
+        co_return;
     }
     file_ = recordFile_.path();
     RecordedRows found = readRecordedRows(file_, recordFile_.unendedType());
@@ -97,20 +95,25 @@ void RunRecovery::offer() {
     } else if (rows == 0) {
         keep(QStringLiteral(
             "The last run in this folder did not end, and its record file has no row that can be read. "));
-    } else if (questions_.askYesNo(
-                   programTitle(),
-                   QStringLiteral("The last run in this folder did not end. Load its %1 into the sheet?")
-                       .arg(counted(rows, QStringLiteral("row"))))) {
-        load(std::move(found));
     } else {
-        keep(QString());
+        const Question question =
+            yesNoQuestion(programTitle(), QStringLiteral("The last run in this folder did not end. Load its %1 into "
+                                                         "the sheet?")
+                                              .arg(counted(rows, QStringLiteral("row"))));
+        const QString answer = co_await link_.waits.answer(question);
+        if (answer == Question::yes()) {
+            co_await load(std::move(found));
+        } else if (answer == Question::no()) {
+            keep(QString());
+        }
     }
 }
 
-void RunRecovery::load(RecordedRows found) {
-    // Ticks went on while the question was open.
-    if (!recordFile_.isUnended() || !files_.ask()) {
-        return;
+Task<> RunRecovery::load(RecordedRows found) {
+    const bool mayGo = co_await files_.ask();
+    // Everything went on while the questions were open.
+    if (!recordFile_.isUnended() || !mayGo) {
+        co_return;
     }
     const QString left = notRecovered(found);
     rows_.recover(std::move(found.sheet));
@@ -153,7 +156,7 @@ bool RunRecovery::isRecordFile() const {
 }
 
 void RunRecovery::tell(const QString& text) {
-    session_.messages.show({.title = programTitle(), .text = text, .icon = Message::Icon::Information});
+    link_.session.messages.show({.title = programTitle(), .text = text, .icon = Message::Icon::Information});
 }
 
 } // namespace orv

@@ -10,29 +10,28 @@ namespace orv {
 /// the record file with its lock, or in a file under a dated name, so a program that dies here loses nothing either.
 class RunRecovery {
 public:
-    RunRecovery(Session& session, SheetRows& rows, SheetFiles& files, RecordFile& recordFile,
-                OperatorQuestions& questions);
+    RunRecovery(Link& link, SheetRows& rows, SheetFiles& files, RecordFile& recordFile);
 
     /// If no run in this program's place waits to be recovered: takes over one that a program in another place has left
     /// when it died. Several programs in one folder may die at once, and only one be started again.
     void takeOverFromFreePlaces(int ownPlace);
 
     /// Asks whether to load the rows of a run that did not end. Yes brings them to the sheet, unsaved; the record file
-    /// stays until the next run, which keeps it under a dated name. No keeps it under a dated name now. If no row
-    /// can be read, nothing is asked; a file with anything else in it is kept and the operator is told.
-    void offer();
+    /// stays until the next run, which keeps it under a dated name. No keeps it under a dated name now. Without an
+    /// answer everything stays for the next start. If no row can be read, nothing is asked; a file with anything else
+    /// in it is kept and the operator is told.
+    Task<> offer();
 
 private:
-    void load(RecordedRows found);
+    Task<> load(RecordedRows found);
     void keep(const QString& what);
     bool isRecordFile() const;
     void tell(const QString& text);
 
-    Session& session_;
+    Link& link_;
     SheetRows& rows_;
     SheetFiles& files_;
     RecordFile& recordFile_;
-    OperatorQuestions& questions_;
     QString file_; ///< Whose rows are offered: the record file, or the one of the run before.
 };
 

@@ -75,7 +75,7 @@ TEST_F(RunRecoveryTest, YesBringsTheRowsToTheSheetUnsaved) {
 TEST_F(RunRecoveryTest, SavedRowsAreNotOfferedAgainAndTheFileIsKept) {
     recover();
     answers.fileName = path("sheet.txt");
-    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Saved);
     EXPECT_EQ(contentsOf(path("sheet.txt")),
               QByteArray("V\t512 2\r\nsheet.txt\r\n\r\r\r\nData Point\tDate\tTime\t100\t125\t150\tREF 150\r\n"
                          "1\t11/21/26\t9:05:07\t100\t125\t150\t40\t\t\r"
@@ -91,7 +91,7 @@ TEST_F(RunRecoveryTest, SavedRowsAreNotOfferedAgainAndTheFileIsKept) {
 TEST_F(RunRecoveryTest, UnsavedRowsAreOfferedAgainByTheNextProgram) {
     recover();
     RecordFile later(clock, path("Orvtemp.tmp"));
-    RunRecovery next(session, rows, files, later, answers);
+    RunRecovery next(program.link, rows, files, later);
     sheetState.unsaved = false; // its sheet is empty
     answers.asked.clear();
     next.offer();
@@ -123,7 +123,7 @@ TEST_F(RunRecoveryTest, UnsavedRowsOfARunThatEndedAreOffered) {
     recovery.offer();
     EXPECT_TRUE(answers.asked.isEmpty()) << "they are on the sheet";
     RecordFile later(clock, path("Orvtemp.tmp"));
-    RunRecovery next(session, rows, files, later, answers);
+    RunRecovery next(program.link, rows, files, later);
     sheetState.unsaved = false; // its sheet is empty
     answers.yes = true;
     next.offer();

@@ -11,13 +11,13 @@ namespace orv {
 
 /// The data sheet, its files, and what fills it.
 struct Sheet {
-    Sheet(Link& link, Settings& settings, OperatorQuestions& questions)
+    Sheet(Link& link, Settings& settings)
         : rows(link.session, link.ports, data, shown)
-        , files(link.session, link.ports, data, rows, shown, questions)
+        , files(link, data, rows, shown)
         , recordFile(link.session.clock, link.session.fileNames.record, &place)
-        , recovery(link.session, rows, files, recordFile, questions)
+        , recovery(link, rows, files, recordFile)
         , run(link, settings.shown, rows, files, recordFile)
-        , download(link, settings, rows, files, questions)
+        , download(link, settings, rows, files)
         , saved(files.saved.subscribe([this] { recordFile.rowsSaved(); }))
         , discarded(data.rowsRemoved.subscribe([this] { recordFile.rowsDiscarded(); }))
         , identified(link.connection.identified.subscribe([this] { layOutHeaderRow(); })) {}

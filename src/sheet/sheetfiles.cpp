@@ -20,40 +20,65 @@ QString tellable(const QString& name) {
 
 } // namespace
 
-SheetFiles::SheetFiles(Session& session, ComPorts& ports, DataSheet& sheet, SheetRows& rows, SheetState& shown,
-                       OperatorQuestions& questions)
-    : session_(session)
-    , ports_(ports)
+SheetFiles::SheetFiles(Link& link, DataSheet& sheet, SheetRows& rows, SheetState& shown)
+    : link_(link)
     , sheet_(sheet)
     , rows_(rows)
-    , shown_(shown)
-    , questions_(questions) {}
+    , shown_(shown) {}
 
 QString SheetFiles::presetName() const {
     const QString records = sheet_.rowCount() < rowLimit ? QString() : shown_.records.value();
     return shown_.fileName.value() + records + QLatin1String(".txt");
 }
 
-SheetFiles::Outcome SheetFiles::saveas(bool autosaving) {
-    ports_.debugsay(QStringLiteral("Save Spread Sheet"));
-    if (sheet_.type().layout() == RowLayout::Unknown) {
-        session_.messages.show({.title = QStringLiteral("Save as"),
-                                .text = QStringLiteral("There is nothing to save: the sheet has no known type of "
-                                                       "instrument. Connect an instrument or open a sheet first."),
-                                .icon = Message::Icon::Information});
-        return Outcome::Failed;
+bool SheetFiles::beginSaving() {
+    link_.ports.debugsay(QStringLiteral("Save Spread Sheet"));
+    if (sheet_.type().layout() != RowLayout::Unknown) {
+        return true;
     }
-    QString name = presetName();
-    if (!autosaving) {
-        name =
-            questions_.saveFileName(QStringLiteral("Save as"), name, QStringLiteral(".txt"), QStringLiteral("*.txt"));
-        if (name.isEmpty()) {
-            return Outcome::Cancelled;
-        }
-    }
-    ports_.debugsay(sheet_.type().layout() == RowLayout::Glow ? QStringLiteral("Saving Flour Sheet")
-                                                              : QStringLiteral("Saving TRX(S) Sheet"));
+    link_.session.messages.show({.title = QStringLiteral("Save as"),
+                                 .text = QStringLiteral("There is nothing to save: the sheet has no known type of "
+                                                        "instrument. Connect an instrument or open a sheet first."),
+                                 .icon = Message::Icon::Information});
+    return false;
+}
+
+SheetFiles::Outcome SheetFiles::announceAndWrite(const QString& name, bool autosaving) {
+    link_.ports.debugsay(sheet_.type().layout() == RowLayout::Glow ? QStringLiteral("Saving Flour Sheet")
+                                                                   : QStringLiteral("Saving TRX(S) Sheet"));
     return write(name, autosaving);
+}
+
+Task<SheetFiles::Outcome> SheetFiles::saveas() {
+    if (!beginSaving()) {
+        co_return Outcome::Failed;
+    }
+    const qsizetype savedBefore = savedByItself_.size();
+    const Question question =
+        saveQuestion(QStringLiteral("Save as"), presetName(), QStringLiteral(".txt"), QStringLiteral("*.txt"));
+    const QString name = co_await link_.waits.answer(question);
+    if (name.isEmpty()) {
+        co_return Outcome::Cancelled;
+    }
+    const Outcome outcome = announceAndWrite(name, false);
+    const QStringList meanwhile = savedByItself_.mid(savedBefore);
+    if (outcome == Outcome::Saved && !meanwhile.isEmpty()) {
+        link_.session.messages.show({.title = QStringLiteral("Save as"),
+                                     .text = QStringLiteral("While you chose a name the sheet became long and was "
+                                                            "saved by itself: %1.\n\n%2 has the rows since.")
+                                                 .arg(meanwhile.join(QLatin1String("; ")), tellable(name)),
+                                     .icon = Message::Icon::Information});
+    }
+    co_return outcome;
+}
+
+SheetFiles::Outcome SheetFiles::autosave() {
+    const QString name = presetName();
+    const Outcome outcome = beginSaving() ? announceAndWrite(name, true) : Outcome::Failed;
+    if (outcome == Outcome::Saved) {
+        savedByItself_ << QStringLiteral("rows 1 to %1 as %2").arg(sheet_.rowCount()).arg(tellable(name));
+    }
+    return outcome;
 }
 
 bool SheetFiles::saveLongSheet() {
@@ -64,7 +89,7 @@ bool SheetFiles::saveLongSheet() {
     if (count < nextAutosave_) {
         return false;
     }
-    if (saveas(true) != Outcome::Saved) {
+    if (autosave() != Outcome::Saved) {
         nextAutosave_ = count + 500;
         return false;
     }
@@ -78,38 +103,41 @@ void SheetFiles::saveAside() {
     if (!shown_.unsaved || sheet_.type().layout() == RowLayout::Unknown) {
         return;
     }
-    const QString name = QStringLiteral("%1-%2.txt").arg(shown_.fileName.value(), fileNameStamp(session_.clock.now()));
+    const QString name =
+        QStringLiteral("%1-%2.txt").arg(shown_.fileName.value(), fileNameStamp(link_.session.clock.now()));
     if (write(name, false) == Outcome::Saved) {
-        session_.messages.show({.title = QStringLiteral("Save Data"),
-                                .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
-                                                       "They have been saved as %1.\n\nUse \"Clear All\" before you "
-                                                       "collect with this one.")
-                                            .arg(tellable(name)),
-                                .icon = Message::Icon::Information});
+        link_.session.messages.show(
+            {.title = QStringLiteral("Save Data"),
+             .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
+                                    "They have been saved as %1.\n\nUse \"Clear All\" before you "
+                                    "collect with this one.")
+                         .arg(tellable(name)),
+             .icon = Message::Icon::Information});
     }
 }
 
-void SheetFiles::loadit() {
-    ports_.debugsay(QStringLiteral("Loading Spread Sheet"));
-    const QString name =
-        questions_.openFileName(QStringLiteral("Open"), QStringLiteral(".txt"), QStringLiteral("*.txt"));
+Task<> SheetFiles::loadit() {
+    link_.ports.debugsay(QStringLiteral("Loading Spread Sheet"));
+    const Question question = openQuestion(QStringLiteral("Open"), QStringLiteral(".txt"), QStringLiteral("*.txt"));
+    const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
-        return;
+        co_return;
     }
     LoadedSheet loaded = readSheetFile(name);
     if (refuse(name, loaded)) {
-        return;
+        co_return;
     }
-    ports_.debugsay(loaded.type.layout() == RowLayout::Glow ? QStringLiteral("Loading Flour Sheet")
-                                                            : QStringLiteral("Loading TRX(S) Sheet"));
+    link_.ports.debugsay(loaded.type.layout() == RowLayout::Glow ? QStringLiteral("Loading Flour Sheet")
+                                                                 : QStringLiteral("Loading TRX(S) Sheet"));
     if (shown_.unsaved) {
-        if (!ask()) {
-            return;
+        const bool mayGo = co_await ask();
+        if (!mayGo) {
+            co_return;
         }
         // The rows may have been saved over this very file.
         loaded = readSheetFile(name);
         if (refuse(name, loaded)) {
-            return;
+            co_return;
         }
     }
     rows_.replaceBy(std::move(loaded));
@@ -119,22 +147,28 @@ bool SheetFiles::refuse(const QString& name, const LoadedSheet& loaded) {
     if (loaded.error.isEmpty()) {
         return false;
     }
-    session_.messages.show(operatorWarning(
+    link_.session.messages.show(operatorWarning(
         QStringLiteral("%1 could not be opened.\n\n%2\n\nThe sheet is as it was.").arg(tellable(name), loaded.error),
         QStringLiteral("Open")));
     return true;
 }
 
-bool SheetFiles::ask() {
-    if (!shown_.unsaved || !questions_.askYesNo(QStringLiteral("Save Data"),
-                                                QStringLiteral("Data not Saved. Do you wish to save it now ?"))) {
-        return true;
+Task<bool> SheetFiles::ask() {
+    if (!shown_.unsaved) {
+        co_return true;
     }
-    return saveas() == Outcome::Saved;
+    const Question question =
+        yesNoQuestion(QStringLiteral("Save Data"), QStringLiteral("Data not Saved. Do you wish to save it now ?"));
+    const QString answer = co_await link_.waits.answer(question);
+    if (answer != Question::yes()) {
+        co_return answer == Question::no();
+    }
+    const Outcome outcome = co_await saveas();
+    co_return outcome == Outcome::Saved;
 }
 
 SheetFiles::Outcome SheetFiles::write(const QString& name, bool autosaving) {
-    const auto keepOlder = autosaving ? std::optional(session_.clock.now()) : std::nullopt;
+    const auto keepOlder = autosaving ? std::optional(link_.session.clock.now()) : std::nullopt;
     const QString reason = writeWholeFile(name, sheetFileBytes(sheet_, name), keepOlder);
     if (!reason.isEmpty()) {
         return fail(name, reason, autosaving);
@@ -149,7 +183,7 @@ SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason,
     if (autosaving && std::exchange(autosaveFailureTold_, true)) {
         return Outcome::Failed;
     }
-    session_.messages.show(
+    link_.session.messages.show(
         operatorWarning(QStringLiteral("The sheet could not be saved as %1: %2.\n\nIts rows are still on "
                                        "the sheet. Choose another folder or make room on the disk, then "
                                        "save again.")

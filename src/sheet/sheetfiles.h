@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "link/comports.h"
+#include "link/link.h"
 #include "sheet/datasheet.h"
 
 namespace orv {
@@ -14,13 +14,15 @@ public:
     /// Rows at which the sheet is saved and cleared without asking.
     static constexpr int rowLimit = 20000;
 
-    SheetFiles(Session& session, ComPorts& ports, DataSheet& sheet, SheetRows& rows, SheetState& shown,
-               OperatorQuestions& questions);
+    SheetFiles(Link& link, DataSheet& sheet, SheetRows& rows, SheetState& shown);
 
-    /// Saves the sheet: under the name the operator confirms in a dialog, or when `autosaving` under the preset name
-    /// without asking, where a file of that name from before is kept under a dated name. A save that fails leaves the
-    /// file that was there and tells the reason; there is nothing to save for a sheet of no known type.
-    Outcome saveas(bool autosaving = false);
+    /// Saves the sheet under the name the operator confirms in a dialog. A save that fails leaves the file that was
+    /// there and tells the reason; there is nothing to save for a sheet of no known type. If rows were saved by
+    /// themselves while the dialog stood, the operator is told where they are.
+    Task<Outcome> saveas();
+
+    /// The same under the preset name, without asking; a file of that name from before is kept under a dated name.
+    Outcome autosave();
 
     /// Saves a sheet that has rowLimit rows or more by itself, counts in "Records :" and clears it; returns whether it
     /// did. If the save fails the operator is told and every row stays; it is tried again every 500 rows.
@@ -32,26 +34,27 @@ public:
 
     /// Asks for a file and loads it in place of what is on the sheet; rows that are not saved are offered for saving
     /// first. If the file cannot be loaded, the operator is told why and the sheet stays as it was.
-    void loadit();
+    Task<> loadit();
 
     /// Offers to save if the sheet holds unsaved data. Returns whether what is on the sheet may go now: nothing was
     /// unsaved, the operator said No, or it has been saved.
-    bool ask();
+    Task<bool> ask();
 
     Signal<> saved; ///< After each successful save.
 
 private:
     QString presetName() const;
+    bool beginSaving();
+    Outcome announceAndWrite(const QString& name, bool autosaving);
     bool refuse(const QString& name, const LoadedSheet& loaded);
     Outcome fail(const QString& name, const QString& reason, bool autosaving);
     Outcome write(const QString& name, bool autosaving);
 
-    Session& session_;
-    ComPorts& ports_;
+    Link& link_;
     DataSheet& sheet_;
     SheetRows& rows_;
     SheetState& shown_;
-    OperatorQuestions& questions_;
+    QStringList savedByItself_;        ///< For the operator: "rows 1 to 20000 as /home/a/Data0.txt".
     bool autosaveFailureTold_ = false; ///< An automatic save is tried again and again; its failure is told once.
     int nextAutosave_ = rowLimit;      ///< Rows at which the sheet is saved by itself again.
 };

@@ -79,7 +79,7 @@ TEST_F(SheetFilesTest, RowsOfAnotherTypeGetAsManyCellsAsTheLayoutHas) {
 TEST_F(SheetFilesTest, SheetOfUnknownTypeHasNothingToSave) {
     debug.comm2Output = true;
     answers.fileName = path("lake.txt");
-    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+    EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Failed);
     EXPECT_EQ(bytes(), "");
     EXPECT_TRUE(folder.files().isEmpty());
     EXPECT_TRUE(answers.asked.isEmpty());
@@ -96,7 +96,7 @@ TEST_F(SheetFilesTest, OperatorsSaveAsksWithThePresetNameAndWritesUnderTheConfir
     debug.comm2Output = true;
     int savedCalls = 0;
     const auto counting = files.saved.subscribe([&savedCalls] { ++savedCalls; });
-    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Saved);
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|Untitled.txt|.txt|*.txt");
     EXPECT_EQ(contentsOf(path("lake.txt")).toStdString(), bytes());
     EXPECT_EQ(folder.files().size(), 1) << "no temporary file is left";
@@ -110,7 +110,7 @@ TEST_F(SheetFilesTest, GlowAnnouncesItsOwnSaving) {
     identify("f", "512");
     answers.fileName = path("lake.txt");
     debug.comm2Output = true;
-    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Saved);
     EXPECT_EQ(said(), "Save Spread Sheet\rSaving Flour Sheet\r");
 }
 
@@ -133,7 +133,7 @@ TEST_F(SheetFilesTest, ConfirmedNameReplacesTheFile) {
     identify("F", "512");
     fill(path("lake.txt"), QByteArray(5000, 'x'));
     answers.fileName = path("lake.txt");
-    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Saved);
     EXPECT_EQ(contentsOf(path("lake.txt")).toStdString(), bytes());
     EXPECT_EQ(folder.files().size(), 1);
 }
@@ -143,7 +143,7 @@ TEST_F(SheetFilesTest, CancelledSaveWritesNothingAndLeavesTheState) {
     addRow({"10", "20", "30", "40"});
     debug.comm2Output = true;
     const auto never = files.saved.subscribe([] { FAIL() << "nothing was saved"; });
-    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Cancelled);
+    EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Cancelled);
     EXPECT_TRUE(folder.files().isEmpty());
     EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(sheet.rowCount(), 1);
@@ -155,7 +155,7 @@ TEST_F(SheetFilesTest, AutomaticSaveAsksNothingAndKeepsAFileFromBefore) {
     identify("V", "512");
     sheetState.fileName = path("lake");
     fill(path("lake.txt"), "older");
-    EXPECT_EQ(files.saveas(true), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(files.autosave(), SheetFiles::Outcome::Saved);
     EXPECT_TRUE(answers.asked.isEmpty());
     EXPECT_EQ(contentsOf(path("lake-20261121-093015.txt")), QByteArray("older"));
     EXPECT_TRUE(contentsOf(path("lake.txt")).startsWith("V\t512 0\r\nlake.txt\r\n"));
@@ -167,7 +167,7 @@ TEST_F(SheetFilesTest, FolderThatDoesNotExistIsToldAndTheRowsStayUnsaved) {
     addRow({"10", "20", "30", "40"});
     answers.fileName = path("nowhere/lake.txt");
     const auto never = files.saved.subscribe([] { FAIL() << "nothing was saved"; });
-    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+    EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Failed);
     expectOneFailure(answers.fileName);
     EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(sheet.rowCount(), 1);
@@ -182,7 +182,7 @@ TEST_F(SheetFilesTest, UnwritableFolderLeavesTheOldFileAndTellsWhy) {
     answers.fileName = path("lake.txt");
     {
         const UnwritableFolder unwritable(folder.path());
-        EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+        EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Failed);
     }
     expectOneFailure(answers.fileName);
     EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
@@ -200,7 +200,7 @@ TEST_F(SheetFilesTest, FullDiskLeavesTheOldFileAndTellsWhy) {
         messages.shown.clear();
         {
             const FileSizeLimit limit(space);
-            EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Failed);
+            EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Failed);
         }
         expectOneFailure(answers.fileName);
         EXPECT_EQ(contentsOf(path("lake.txt")), QByteArray("older"));
@@ -216,7 +216,7 @@ TEST_F(SheetFilesTest, AutomaticSaveThatFailsLeavesTheOldFileUnderItsName) {
     fill(path("lake.txt"), "older");
     {
         const FileSizeLimit limit(10);
-        EXPECT_EQ(files.saveas(true), SheetFiles::Outcome::Failed);
+        EXPECT_EQ(files.autosave(), SheetFiles::Outcome::Failed);
     }
     expectOneFailure(path("lake.txt"));
     EXPECT_EQ(folder.files().join(u'|').toStdString(), "lake.txt");

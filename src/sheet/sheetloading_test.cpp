@@ -214,7 +214,7 @@ TEST_F(SheetLoadingTest, LoadedSheetCanBeSavedWithoutAnInstrument) {
     load(path("newer.txt"));
     EXPECT_TRUE(commands.canSaveAs);
     answers.fileName = path("newer.txt");
-    EXPECT_EQ(files.saveas(), SheetFiles::Outcome::Saved);
+    EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Saved);
     EXPECT_EQ(contentsOf(path("newer.txt")).toStdString(), newerFile(2).toStdString());
     fill(path("empty.txt"), newerFile(0));
     load(path("empty.txt"));
@@ -246,10 +246,10 @@ TEST_F(SheetLoadingTest, RowsAddedAfterLoadingAreCountedOnAndUnsaved) {
 
 TEST_F(SheetLoadingTest, QuittingAsksOnlyAboutUnsavedRows) {
     sheetState.unsaved = false;
-    EXPECT_TRUE(files.ask());
+    EXPECT_TRUE(resultOf(files.ask()));
     EXPECT_TRUE(answers.asked.isEmpty());
     sheetState.unsaved = true;
-    EXPECT_TRUE(files.ask()) << "No ends the program";
+    EXPECT_TRUE(resultOf(files.ask())) << "No ends the program";
     EXPECT_EQ(asked(), askText);
     EXPECT_TRUE(sheetState.unsaved);
     EXPECT_EQ(folder.files().size(), 1);
@@ -257,20 +257,20 @@ TEST_F(SheetLoadingTest, QuittingAsksOnlyAboutUnsavedRows) {
 
 TEST_F(SheetLoadingTest, QuittingSavesAfterAYesAndStaysIfThatFails) {
     answers.yes = true;
-    EXPECT_FALSE(files.ask()) << "the save was cancelled";
+    EXPECT_FALSE(resultOf(files.ask())) << "the save was cancelled";
     expectSheetAsItWas();
     answers.fileName = path("nowhere/mine.txt");
-    EXPECT_FALSE(files.ask()) << "the save failed";
+    EXPECT_FALSE(resultOf(files.ask())) << "the save failed";
     expectSheetAsItWas();
     answers.fileName = path("mine.txt");
-    EXPECT_TRUE(files.ask());
+    EXPECT_TRUE(resultOf(files.ask()));
     EXPECT_FALSE(sheetState.unsaved);
     EXPECT_TRUE(contentsOf(path("mine.txt")).startsWith("F\t310 3\r\nmine.txt\r\n"));
 }
 
 TEST_F(SheetLoadingTest, ClearingTheSheetLeavesNothingUnsaved) {
     rows.clearSpreadSheet();
-    EXPECT_TRUE(files.ask());
+    EXPECT_TRUE(resultOf(files.ask()));
     EXPECT_TRUE(answers.asked.isEmpty());
 }
 

@@ -19,10 +19,6 @@ namespace orv {
 
 namespace {
 
-/// How often a serial adapter hands over what has come, in milliseconds: every character by itself would wake the host
-/// 960 times a second, which no adapter does.
-constexpr qint64 handOverInterval = 8;
-
 QString systemError(const QString& action) {
     return QStringLiteral("%1: %2.").arg(action, QString::fromLocal8Bit(std::strerror(errno)));
 }
@@ -146,6 +142,7 @@ void PtyServer::takeFromHost() {
             continue;
         }
         if (size > 1) {
+            taken_ += size - 1;
             heardHost_ = instrument_.receive(QByteArray(buffer.data() + 1, size - 1)) || heardHost_;
         }
     }
@@ -177,6 +174,7 @@ void PtyServer::giveToHost() {
         if (written <= 0) {
             return;
         }
+        given_ += written;
         rest_.remove(0, written);
     }
 }

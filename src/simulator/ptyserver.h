@@ -30,6 +30,10 @@ public:
     /// whether there still is a line: false when the instrument's fault has unplugged it, or it was never made.
     bool serve(int maximumMilliseconds);
 
+    /// How many characters have been taken from hosts and given to them so far.
+    qint64 taken() const { return taken_; }
+    qint64 given() const { return given_; }
+
 private:
     int waitingTime(int maximumMilliseconds);
     void configureLine();
@@ -51,6 +55,8 @@ private:
     bool heardHost_ = false; ///< the awake instrument has been sent something
     QByteArray rest_;        ///< what the line had no room for
     qint64 handOverAt_ = 0;  ///< monotonic milliseconds; before this nothing more is handed to the host
+    qint64 taken_ = 0;
+    qint64 given_ = 0;
 };
 
 } // namespace orv

@@ -162,7 +162,7 @@ TEST_F(PtyServerTest, AHostThatCameAndWentUnseenWakesNothing) {
 /// Calls somebody at one of its readings.
 class InterruptedClock final : public Clock {
 public:
-    explicit InterruptedClock(const TestClock& clock)
+    explicit InterruptedClock(TestClock& clock)
         : clock_(clock) {}
 
     QDateTime now() const override { return clock_.now(); }
@@ -172,12 +172,15 @@ public:
         }
         return clock_.monotonicMilliseconds();
     }
+    [[nodiscard]] Subscription callAfter(qint64 milliseconds, std::function<void()> call) override {
+        return clock_.callAfter(milliseconds, std::move(call));
+    }
 
     mutable int readingsLeft = 0; ///< Until the call; none at 0 and below.
     std::function<void()> interrupt;
 
 private:
-    const TestClock& clock_;
+    TestClock& clock_;
 };
 
 TEST_F(PtyServerTest, AHostThatComesAndDiscardsAtAnyMomentOfAPassWakesTheInstrument) {

@@ -11,6 +11,10 @@
 
 namespace orv {
 
+/// How often a serial adapter hands over what has come, in milliseconds: every character by itself would wake the host
+/// 960 times a second, which no adapter does.
+inline constexpr qint64 handOverInterval = 8;
+
 /// The line from the instrument to the host: what is sent arrives at the pace of the line, ten bits a character.
 ///
 /// Time is counted in ticks, a whole number of which make a millisecond and a character, so that no rounding adds up.

@@ -2,29 +2,21 @@
 #include "simulator/simulatedport.h"
 
 #include <algorithm>
-#include <chrono>
-#include <thread>
-#include <utility>
 
 namespace orv {
 
-namespace {
-
-void sleepOfThread(int milliseconds) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-}
-
-} // namespace
-
-SimulatedPort::SimulatedPort(const SimulatorOptions& options, const Clock& clock, Sleep sleep)
+SimulatedPort::SimulatedPort(const SimulatorOptions& options, Clock& clock)
     : clock_(clock)
-    , sleep_(sleep ? std::move(sleep) : sleepOfThread)
-    , instrument_(std::make_unique<SimulatedInstrument>(options, clock)) {}
+    , mayBeUnplugged_(options.fault == SimulatedFault::Unplug)
+    , instrument_(std::make_unique<SimulatedInstrument>(options, clock))
+    , handedOverAt_(clock.monotonicMilliseconds() - handOverInterval) {}
 
 QString SimulatedPort::open() {
     if (!open_) {
         instrument_->plugIn();
         open_ = true;
+        inputTold_ = false;
+        failureTold_ = false;
     }
     return {};
 }
@@ -33,22 +25,70 @@ void SimulatedPort::close() {
     if (open_) {
         instrument_->sleep();
         open_ = false;
+        alarm_.reset();
     }
 }
 
-bool SimulatedPort::waitForInput(int milliseconds) {
-    qint64 remaining = milliseconds;
-    while (inputCount() == 0 && remaining > 0) {
-        qint64 step = remaining;
-        if (open_) {
-            if (const std::optional<qint64> change = instrument_->nextChange()) {
-                step = std::clamp<qint64>(*change - clock_.monotonicMilliseconds(), 1, remaining);
-            }
-        }
-        sleep_(static_cast<int>(step));
-        remaining -= step;
+void SimulatedPort::setDataTerminalReady(bool on) {
+    if (open_) {
+        instrument_->setWakeLine(on);
+        watch();
     }
-    return inputCount() > 0;
+}
+
+QByteArray SimulatedPort::readAll() {
+    if (!open_) {
+        return {};
+    }
+    QByteArray arrived = instrument_->takeArrived();
+    inputTold_ = false;
+    watch();
+    return arrived;
+}
+
+void SimulatedPort::write(const QByteArray& bytes) {
+    if (open_) {
+        instrument_->receive(bytes);
+        watch();
+    }
+}
+
+void SimulatedPort::discardInput() {
+    if (open_) {
+        instrument_->discardArrived();
+        inputTold_ = false;
+        watch();
+    }
+}
+
+/// Has the instrument looked at when there may be something to tell.
+void SimulatedPort::watch() {
+    alarm_.reset();
+    if (failureTold_ || (inputTold_ && !mayBeUnplugged_)) {
+        return;
+    }
+    const qint64 now = clock_.monotonicMilliseconds();
+    std::optional<qint64> next = instrument_->nextChange();
+    if (instrument_->isUnplugged()) {
+        next = now;
+    }
+    if (next) {
+        const qint64 due = std::max({*next, handedOverAt_ + handOverInterval, now});
+        alarm_ = clock_.callAfter(due - now, [this] { look(); });
+    }
+}
+
+void SimulatedPort::look() {
+    const bool hasInput = instrument_->arrivedCount() > 0;
+    handedOverAt_ = hasInput ? clock_.monotonicMilliseconds() : handedOverAt_;
+    const bool hasFailed = instrument_->isUnplugged();
+    const bool news = (hasInput && !inputTold_) || hasFailed;
+    inputTold_ = hasInput;
+    failureTold_ = hasFailed;
+    watch();
+    if (news) {
+        stirred.tell(); // at the end: whoever is told may do anything with the port
+    }
 }
 
 QString SimulatedPort::failure() const {

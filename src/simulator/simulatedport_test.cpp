@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
 #include <vector>
 
 namespace orv {
@@ -14,11 +13,14 @@ namespace {
 class SimulatedPortTest : public testing::Test {
 protected:
     std::unique_ptr<SimulatedPort> make(const char* device) {
-        return std::make_unique<SimulatedPort>(parseSimulatorOptions(QString::fromLatin1(device)).options, clock,
-                                               [this](int milliseconds) {
-                                                   slept.push_back(milliseconds);
-                                                   clock.advance(milliseconds);
-                                               });
+        auto port = std::make_unique<SimulatedPort>(parseSimulatorOptions(QString::fromLatin1(device)).options, clock);
+        listening = port->stirred.subscribe([this, made = port.get()] {
+            tellings.push_back(clock.monotonicMilliseconds());
+            if (reads) {
+                heard += made->readAll();
+            }
+        });
+        return port;
     }
 
     std::unique_ptr<SimulatedPort> makeOpen(const char* device) {
@@ -30,6 +32,7 @@ protected:
     std::unique_ptr<SimulatedPort> makeAwake(const char* device) {
         auto port = makeOpen(device);
         wake(*port);
+        tellings.clear();
         return port;
     }
 
@@ -40,23 +43,26 @@ protected:
 
     QByteArray wake(Port& port) {
         pulse(port);
-        return readFor(port, 200);
+        return readFor(200);
     }
 
-    QByteArray readFor(Port& port, int milliseconds) {
-        QByteArray heard;
-        const qint64 end = clock.monotonicMilliseconds() + milliseconds;
-        while (clock.monotonicMilliseconds() < end) {
-            port.waitForInput(static_cast<int>(end - clock.monotonicMilliseconds()));
-            heard += port.readAll();
-        }
+    QByteArray type(Port& port, const QByteArray& characters) {
+        port.write(characters);
+        return readFor(200);
+    }
+
+    /// What has been read within so long, each time that the port told.
+    QByteArray readFor(int milliseconds) {
+        heard.clear();
+        clock.advance(milliseconds);
         return heard;
     }
 
-    int sleptAltogether() const { return std::accumulate(slept.begin(), slept.end(), 0); }
-
     TestClock clock;
-    std::vector<int> slept;
+    bool reads = true;            ///< When the port tells.
+    std::vector<qint64> tellings; ///< When.
+    QByteArray heard;
+    Subscription listening;
 };
 
 TEST_F(SimulatedPortTest, AClosedPortIsDeafAndEmpty) {
@@ -66,10 +72,10 @@ TEST_F(SimulatedPortTest, AClosedPortIsDeafAndEmpty) {
     clock.advance(1000);
     port->write("P");
     port->discardInput();
+    clock.advance(1000);
     EXPECT_EQ(port->inputCount(), 0);
     EXPECT_EQ(port->readAll(), "");
-    EXPECT_FALSE(port->waitForInput(7));
-    EXPECT_EQ(sleptAltogether(), 7);
+    EXPECT_TRUE(tellings.empty());
     EXPECT_EQ(port->failure().toStdString(), "");
 }
 
@@ -77,22 +83,20 @@ TEST_F(SimulatedPortTest, OpeningAloneWakesNothing) {
     const auto port = make("sim:trx");
     EXPECT_EQ(port->open().toStdString(), "");
     EXPECT_TRUE(port->isOpen());
-    EXPECT_EQ(readFor(*port, 5000), "");
+    EXPECT_EQ(readFor(5000), "");
     EXPECT_EQ(wake(*port), "V512\r");
 }
 
 TEST_F(SimulatedPortTest, AReopenedPortFindsWhatTheInstrumentKept) {
     const auto port = makeAwake("sim:trx");
-    port->write("Q17\r");
-    readFor(*port, 200);
+    type(*port, "Q17\r");
     port->write("R");
     port->close();
     EXPECT_FALSE(port->isOpen());
     port->open();
-    EXPECT_EQ(readFor(*port, 5000), "");
+    EXPECT_EQ(readFor(5000), "");
     EXPECT_EQ(wake(*port), "V512\r");
-    port->write("P");
-    EXPECT_TRUE(readFor(*port, 200).contains("\r\nQ17\r\n"));
+    EXPECT_TRUE(type(*port, "P").contains("\r\nQ17\r\n"));
 }
 
 TEST_F(SimulatedPortTest, ADtrLineRaisedBeforeClosingDoesNotWakeAfterwards) {
@@ -101,57 +105,103 @@ TEST_F(SimulatedPortTest, ADtrLineRaisedBeforeClosingDoesNotWakeAfterwards) {
     port->close();
     port->open();
     port->setDataTerminalReady(false);
-    EXPECT_EQ(readFor(*port, 1000), "");
+    EXPECT_EQ(readFor(1000), "");
 }
 
-TEST_F(SimulatedPortTest, WaitsNoLongerThanNeeded) {
+TEST_F(SimulatedPortTest, TellsOfAnArrivalAtOnceAndThenEveryEightMilliseconds) {
     const auto port = makeOpen("sim:trx");
     pulse(*port);
-    EXPECT_TRUE(port->waitForInput(10'000));
-    EXPECT_EQ(sleptAltogether(), 102);
-    EXPECT_EQ(slept.size(), 2U);
-    EXPECT_TRUE(port->waitForInput(10'000));
-    EXPECT_EQ(sleptAltogether(), 102);
-    EXPECT_EQ(port->inputCount(), 1);
+    clock.advance(1000);
+    // The greeting begins after 100 ms. Its characters arrive a little more than one millisecond apart.
+    EXPECT_EQ(tellings, (std::vector<qint64>{102, 110}));
+    tellings.clear();
+    port->write("x");
+    EXPECT_TRUE(tellings.empty()) << "never inside a call";
+    clock.advance(1000);
+    EXPECT_EQ(tellings, (std::vector<qint64>{1002, 1010}));
 }
 
-TEST_F(SimulatedPortTest, WaitsAtMostAsLongAsTold) {
+TEST_F(SimulatedPortTest, TellsOnceOfWhatNobodyReads) {
     const auto port = makeOpen("sim:trx");
-    EXPECT_FALSE(port->waitForInput(40));
-    EXPECT_EQ(sleptAltogether(), 40);
-    EXPECT_EQ(slept.size(), 1U);
-    EXPECT_FALSE(port->waitForInput(0));
+    reads = false;
     pulse(*port);
-    EXPECT_FALSE(port->waitForInput(99));
-    EXPECT_EQ(sleptAltogether(), 139);
+    clock.advance(1000);
+    EXPECT_EQ(tellings.size(), 1U);
+    EXPECT_EQ(port->inputCount(), 5);
+    port->write("xxx");
+    clock.advance(1000);
+    EXPECT_EQ(tellings.size(), 1U);
+    EXPECT_EQ(port->readAll(), "V512\rx\r\n>x\r\n>x\r\n>");
+    clock.advance(1000);
+    EXPECT_EQ(tellings.size(), 1U) << "nothing is left";
+    port->write("x");
+    clock.advance(1000);
+    EXPECT_EQ(tellings.size(), 2U);
+    port->discardInput();
+    port->write("x");
+    clock.advance(1000);
+    EXPECT_EQ(tellings.size(), 3U);
 }
 
-TEST_F(SimulatedPortTest, WithoutASleepOfItsOwnTheThreadSleeps) {
-    const SystemClock realClock;
-    SimulatedPort port(SimulatorOptions(), realClock);
-    port.open();
-    const qint64 start = realClock.monotonicMilliseconds();
-    EXPECT_FALSE(port.waitForInput(20));
-    EXPECT_GE(realClock.monotonicMilliseconds() - start, 19);
-    pulse(port);
-    EXPECT_TRUE(port.waitForInput(5000));
-    EXPECT_LT(realClock.monotonicMilliseconds() - start, 4000);
+TEST_F(SimulatedPortTest, TellsThatAFullBufferIsFollowedByMore) {
+    const auto port = makeAwake("sim:trx?records=20000&baud=0");
+    EXPECT_EQ(type(*port, "O").count('\n'), 1 + 20000 + 1);
+    EXPECT_GT(tellings.size(), 5U);
 }
 
-TEST_F(SimulatedPortTest, AClockThatStandsStillDoesNotHangAWait) {
-    SimulatedPort port(SimulatorOptions(), clock);
+/// A clock that counts what it is asked to call.
+class CountedClock final : public Clock {
+public:
+    explicit CountedClock(TestClock& clock)
+        : clock_(clock) {}
+
+    QDateTime now() const override { return clock_.now(); }
+    qint64 monotonicMilliseconds() const override { return clock_.monotonicMilliseconds(); }
+    [[nodiscard]] Subscription callAfter(qint64 milliseconds, std::function<void()> call) override {
+        return clock_.callAfter(milliseconds, [this, call = std::move(call)] {
+            ++calls;
+            call();
+        });
+    }
+
+    int calls = 0;
+
+private:
+    TestClock& clock_;
+};
+
+TEST_F(SimulatedPortTest, WhileNothingHappensTheClockCallsNobody) {
+    CountedClock counted(clock);
+    SimulatedPort port(parseSimulatorOptions(QStringLiteral("sim:trx")).options, counted);
+    listening = port.stirred.subscribe([&port] { port.readAll(); });
     port.open();
-    pulse(port);
-    EXPECT_FALSE(port.waitForInput(3));
+    clock.advance(60'000);
+    EXPECT_EQ(counted.calls, 0) << "asleep";
+    wake(port);
+    counted.calls = 0;
+    clock.advance(60'000);
+    EXPECT_EQ(counted.calls, 0) << "awake";
+    port.write("R");
+    clock.advance(500);
+    counted.calls = 0;
+    clock.advance(10'000);
+    // Every half second 38 characters come within 40 ms.
+    EXPECT_LE(counted.calls, 20 * 8);
+    port.close();
+    counted.calls = 0;
+    clock.advance(60'000);
+    EXPECT_EQ(counted.calls, 0) << "closed in a run";
 }
 
 TEST_F(SimulatedPortTest, DiscardsWhatHasArrivedAndNothingElse) {
     const auto port = makeOpen("sim:trx");
+    reads = false;
     pulse(*port);
     clock.advance(103);
     port->discardInput();
     EXPECT_EQ(port->inputCount(), 0);
-    EXPECT_EQ(readFor(*port, 100), "12\r");
+    reads = true;
+    EXPECT_EQ(readFor(100), "12\r");
 }
 
 TEST_F(SimulatedPortTest, AnUnpluggedPortFailsUntilItIsOpenedAgain) {
@@ -160,11 +210,29 @@ TEST_F(SimulatedPortTest, AnUnpluggedPortFailsUntilItIsOpenedAgain) {
     EXPECT_EQ(port->readAll().count('\n'), 3);
     EXPECT_EQ(port->failure().toStdString(),
               "The cable of the simulated instrument was pulled out. Connecting again plugs it back in.");
+    clock.advance(1000);
+    EXPECT_EQ(tellings.size(), 1U);
     port->close();
     EXPECT_NE(port->failure().toStdString(), "");
     EXPECT_EQ(port->open().toStdString(), "");
     EXPECT_EQ(port->failure().toStdString(), "");
     EXPECT_EQ(wake(*port), "V512\r");
+    EXPECT_EQ(port->failure().toStdString(), "");
+}
+
+TEST_F(SimulatedPortTest, TellsThatTheCableIsPulledEvenIfNobodyReads) {
+    const auto port = makeAwake("sim:trx?fault=unplug&after=1500ms");
+    reads = false;
+    port->write("R");
+    clock.advance(1300);
+    EXPECT_EQ(tellings.size(), 1U);
+    EXPECT_EQ(port->failure().toStdString(), "");
+    tellings.clear();
+    clock.advance(200);
+    EXPECT_NE(port->failure().toStdString(), "");
+    EXPECT_EQ(tellings.size(), 1U);
+    clock.advance(60'000);
+    EXPECT_EQ(tellings.size(), 1U);
 }
 
 } // namespace

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "base/clock.h"
+#include "base/observe.h"
 #include "base/operator.h"
 #include "link/port.h"
-#include "link/waits.h"
 
 #include <QByteArrayList>
 #include <QElapsedTimer>
@@ -13,13 +13,14 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
 namespace orv {
 
-/// A clock that stands still until a test moves it. The day of a test stands still in any case; the time that never
-/// jumps can also run by itself.
+/// A clock that stands still until a test moves it, which calls what is due. The day of a test stands still in any
+/// case; the time that never jumps can also run by itself.
 class TestClock final : public Clock {
 public:
     explicit TestClock(const QDateTime& start = QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15)))
@@ -28,13 +29,31 @@ public:
     QDateTime now() const override { return start_.addMSecs(elapsed_); }
     qint64 monotonicMilliseconds() const override { return elapsed_ + (running_.isValid() ? running_.elapsed() : 0); }
 
-    void advance(qint64 milliseconds) { elapsed_ += milliseconds; }
+    void advance(qint64 milliseconds) {
+        const qint64 until = monotonicMilliseconds() + milliseconds;
+        while (const auto due = alarms_.next()) {
+            if (*due > until) {
+                break;
+            }
+            elapsed_ += std::max<qint64>(*due - monotonicMilliseconds(), 0);
+            alarms_.callDue(monotonicMilliseconds());
+        }
+        elapsed_ += std::max<qint64>(until - monotonicMilliseconds(), 0);
+    }
     void run() { running_.start(); }
+
+    [[nodiscard]] Subscription callAfter(qint64 milliseconds, std::function<void()> call) override {
+        return alarms_.add(monotonicMilliseconds() + milliseconds, std::move(call));
+    }
+
+    /// Sets the day and the time of day; the time that never jumps goes on.
+    void set(const QDateTime& now) { start_ = now.addMSecs(-elapsed_); }
 
 private:
     QDateTime start_;
     qint64 elapsed_ = 0;
     QElapsedTimer running_;
+    Alarms alarms_;
 };
 
 /// Keeps what the operator is told. A test that expects no message says so by checking that `shown` is empty.
@@ -45,37 +64,77 @@ public:
     std::vector<Message> shown;
 };
 
-/// Answers the operator's questions from what a test has laid ready, and keeps what was asked.
+/// Answers the operator's questions from what a test has laid ready, at once unless `late`, and keeps what was asked.
 class PreparedAnswers final : public OperatorQuestions {
 public:
-    bool askYesNo(const QString& title, const QString& text) override {
-        asked << title + QLatin1String(": ") + text;
+    [[nodiscard]] Subscription ask(const Question& question, Answered answered) override {
+        using Kind = Question::Kind;
+        QStringList words{question.title, question.presetName, question.suffix, question.filter};
+        if (question.kind == Kind::OpenName) {
+            words.removeAt(1);
+        }
+        asked << (question.kind == Kind::YesNo ? question.title + QLatin1String(": ") + question.text
+                                               : words.join(u'|'));
         if (whileAsked) {
             whileAsked();
         }
-        return yes;
+        if (!late) {
+            answered(question.kind == Kind::YesNo                             ? (yes ? Question::yes() : Question::no())
+                     : question.kind == Kind::OpenName && !openName.isEmpty() ? openName
+                                                                              : fileName);
+            return {};
+        }
+        const auto waiting = std::make_shared<Answered>(std::move(answered));
+        waiting_ = waiting;
+        return waiting;
     }
-    QString saveFileName(const QString& title, const QString& presetName, const QString& suffix,
-                         const QString& filter) override {
-        asked << QStringList{title, presetName, suffix, filter}.join(QLatin1Char('|'));
-        if (whileAsked) {
-            whileAsked();
+
+    /// A question waits for its answer.
+    bool stands() const { return !waiting_.expired(); }
+
+    /// Answers the question that stands; empty: cancelled.
+    void answer(const QString& given) {
+        const auto waiting = std::exchange(waiting_, {}).lock();
+        if (!waiting) {
+            throw std::logic_error("no question stands");
         }
-        return fileName;
-    }
-    QString openFileName(const QString& title, const QString& suffix, const QString& filter) override {
-        asked << QStringList{title, suffix, filter}.join(QLatin1Char('|'));
-        if (whileAsked) {
-            whileAsked();
-        }
-        return openName.isEmpty() ? fileName : openName;
+        (*waiting)(given);
     }
 
     bool yes = false;
     QString fileName; ///< Empty: cancelled.
     QString openName; ///< The same for files to open, if it is another.
+    bool late = false;
     std::function<void()> whileAsked;
     QStringList asked;
+
+private:
+    std::weak_ptr<Answered> waiting_;
+};
+
+/// A value of a test; whoever it concerns is told when it is changed.
+template <typename T>
+class Noted {
+public:
+    explicit Noted(const Signal<>& changed, T value = {})
+        : changed_(changed)
+        , value_(std::move(value)) {}
+    Noted(const Noted&) = delete;
+    Noted& operator=(const Noted&) = delete;
+    Noted& operator=(T value) {
+        value_ = std::move(value);
+        changed_.tell();
+        return *this;
+    }
+    Noted& operator+=(const T& more) { return *this = value_ + more; }
+    operator const T&() const { return value_; } // NOLINT(google-explicit-constructor): it stands for the value
+    const T& operator*() const { return value_; }
+    const T* operator->() const { return &value_; }
+    T take() { return std::exchange(value_, T()); }
+
+private:
+    const Signal<>& changed_;
+    T value_;
 };
 
 /// A line of the program in the test's hand: its far end is the test, or another port, which the test lends or gives
@@ -84,10 +143,12 @@ class TestPort final : public Port {
 public:
     TestPort() = default;
     explicit TestPort(Port* lent)
-        : port_(lent) {}
+        : port_(lent)
+        , farEnd_(lent->stirred.subscribe([this] { stirred.tell(); })) {}
     explicit TestPort(std::unique_ptr<Port> given)
-        : given_(std::move(given))
-        , port_(given_.get()) {}
+        : TestPort(given.get()) {
+        given_ = std::move(given);
+    }
 
     QString open() override {
         if (port_ != nullptr) {
@@ -95,7 +156,7 @@ public:
         }
         if (openReason.isEmpty()) {
             isOpen_ = true;
-            failureReason.clear();
+            failureReason = QString();
         }
         return openReason;
     }
@@ -115,7 +176,7 @@ public:
         if (unplugged || !isOpen()) {
             return {};
         }
-        QByteArray block = std::exchange(input, {}) + (silent ? QByteArray() : answer);
+        QByteArray block = input.take() + (silent ? QByteArray() : answer);
         if (!block.isEmpty()) {
             blocks.push_back(block);
             if (read) {
@@ -138,48 +199,44 @@ public:
     }
     void discardInput() override {
         ++discards;
-        input.clear();
+        input.take();
         if (port_ != nullptr) {
             port_->discardInput();
         }
+        if (discarded) {
+            discarded();
+        }
     }
     qsizetype inputCount() override {
-        return unplugged ? 0 : input.size() + (silent || port_ == nullptr ? 0 : port_->inputCount());
-    }
-    bool waitForInput(int milliseconds) override {
-        if (port_ != nullptr && silent) {
-            port_->readAll();
-        }
-        const bool came = !input.isEmpty() || (port_ != nullptr && port_->waitForInput(milliseconds) && !silent);
-        if (waited && (!came || port_ != nullptr)) {
-            waited(milliseconds);
-        }
-        return (came || !input.isEmpty()) && !unplugged;
+        return unplugged ? 0 : input->size() + (silent || port_ == nullptr ? 0 : port_->inputCount());
     }
     QString failure() const override {
-        return unplugged ? QStringLiteral("Pulled.") : port_ != nullptr ? port_->failure() : failureReason;
+        return unplugged || failsSilently ? QStringLiteral("Pulled.")
+               : port_ != nullptr         ? port_->failure()
+                                          : *failureReason;
     }
 
     QByteArray allWritten() const { return writes.join(); }
 
-    QByteArray input;      ///< Characters that are here already, in front of those of the other port.
-    QByteArrayList writes; ///< Each write of the program.
-    QByteArrayList blocks; ///< Each block that the program has read.
+    Noted<QByteArray> input{stirred}; ///< Characters that are here already, in front of those of the other port.
+    QByteArrayList writes;            ///< Each write of the program.
+    QByteArrayList blocks;            ///< Each block that the program has read.
     QStringList dtr;
     int discards = 0;
-    QString openReason;    ///< Why opening fails; empty: it succeeds. Without another port.
-    QString failureReason; ///< Why the open line no longer works. Without another port.
-    bool unplugged = false;
-    bool silent = false; ///< The other port is not heard.
+    QString openReason;                    ///< Why opening fails; empty: it succeeds. Without another port.
+    Noted<QString> failureReason{stirred}; ///< Why the open line no longer works. Without another port.
+    Noted<bool> unplugged{stirred};
+    bool failsSilently = false; ///< Unplugged, and nobody has been told.
+    bool silent = false;        ///< The other port is not heard.
     std::function<void(bool on)> dtrChanged;
     std::function<void(const QByteArray& bytes)> written;
     std::function<void(const QByteArray& block)> read;
-    /// Called when the program waits for input and there is none; with another port, after every wait.
-    std::function<void(int milliseconds)> waited;
+    std::function<void()> discarded;
 
 private:
     std::unique_ptr<Port> given_;
     Port* port_ = nullptr;
+    Subscription farEnd_;
     bool isOpen_ = false;
 };
 
@@ -195,45 +252,6 @@ public:
     std::vector<ListedPort> plugged;
     bool changed = true;
     int listings = 0;
-};
-
-/// Lets the test's clock run while the program waits: each yield takes `step` milliseconds (or the whole rest of the
-/// wait, if that is shorter) and then calls `tick`, as the status timer would.
-class SteppedYield final : public EventYield {
-public:
-    explicit SteppedYield(TestClock& clock)
-        : clock_(clock) {}
-
-    void processEvents(int milliseconds) override {
-        ++yields;
-        if (process) {
-            process(milliseconds);
-            return;
-        }
-        clock_.advance(std::min(step, std::max(milliseconds, 1)));
-        if (tick) {
-            tick();
-        }
-    }
-    void keepResponsive(bool manualDialogLives) override {
-        ++responsive;
-        if (whileResponsive) {
-            whileResponsive(manualDialogLives);
-        }
-    }
-    bool programEnding() const override { return ending || (programEnds && programEnds()); }
-
-    int step = 5;
-    int yields = 0;
-    int responsive = 0;
-    bool ending = false;
-    std::function<void()> tick;
-    std::function<void(int milliseconds)> process; ///< What a yield does instead of all that.
-    std::function<void(bool manualDialogLives)> whileResponsive;
-    std::function<bool()> programEnds;
-
-private:
-    TestClock& clock_;
 };
 
 } // namespace orv

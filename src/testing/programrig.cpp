@@ -5,6 +5,8 @@
 
 #include <QRegularExpression>
 
+#include <cmath>
+
 namespace orv {
 
 QByteArray settingsReport(const QByteArray& pointsPerBlock) {
@@ -14,8 +16,7 @@ QByteArray settingsReport(const QByteArray& pointsPerBlock) {
 std::unique_ptr<Port> simulatedInstrument(const QString& device, TestClock& clock) {
     const auto parsed = parseSimulatorOptions(device);
     EXPECT_EQ(parsed.error.toStdString(), "");
-    return std::make_unique<SimulatedPort>(parsed.options, clock,
-                                           [&clock](int milliseconds) { clock.advance(milliseconds); });
+    return std::make_unique<SimulatedPort>(parsed.options, clock);
 }
 
 ProgramRig::ProgramRig()
@@ -23,20 +24,30 @@ ProgramRig::ProgramRig()
     ports.setDevice(1, QStringLiteral("ttyA"));
     ports.setDevice(2, QStringLiteral("ttyB"));
     for (TestPort* port : {&com1, &com2}) {
-        port->waited = [this, port](int milliseconds) {
-            clock.advance(milliseconds);
-            if (!replies.empty()) {
-                port->input = replies.front();
-                replies.pop_front();
-            }
-        };
+        port->discarded = [this, port] { deliverReplies(*port); };
     }
+}
+
+void ProgramRig::deliverReplies(TestPort& port) {
+    if (replies.empty()) {
+        return;
+    }
+    delivery_ = clock.callAfter(1, [this, &port] {
+        if (!timer.isHeld()) {
+            return;
+        }
+        const QByteArray block = replies.front();
+        replies.pop_front();
+        deliverReplies(port);
+        if (!block.isEmpty()) {
+            port.input += block;
+        }
+    });
 }
 
 ProgramRig::ProgramRig(LineMaker makeLine)
     : makeLine_(std::move(makeLine))
     , program({.clock = clock,
-               .events = events,
                .messages = messages,
                .questions = answers,
                .makePort =
@@ -56,13 +67,7 @@ ProgramRig::ProgramRig(LineMaker makeLine)
                        return device.isEmpty() || device.contains(u' ')
                                   ? QStringLiteral("\"%1\" is no device.").arg(device)
                                   : QString();
-                   }}) {
-    events.tick = [this] {
-        if (timer.interval() != 0) {
-            program.tick();
-        }
-    };
-}
+                   }}) {}
 
 ProgramRig::~ProgramRig() = default;
 
@@ -72,22 +77,42 @@ void ProgramRig::autoConnect(int portNumber) {
     } else {
         program.autoConnect2();
     }
+    finish();
 }
 
 void ProgramRig::pressStart() {
     manual.start();
+    finish();
 }
 
 void ProgramRig::pressRetry() {
     manual.retry();
+    finish();
 }
 
 void ProgramRig::abort2() {
     program.abort2();
+    finish();
 }
 
 void ProgramRig::resetShutter() {
     program.resetShutter();
+    finish();
+}
+
+bool ProgramRig::hasEnded(const std::function<void()>& action) {
+    bool ended = false;
+    const Subscription ending = program.ended.subscribe([&ended] { ended = true; });
+    action();
+    return ended;
+}
+
+bool ProgramRig::quit() {
+    return hasEnded([this] { program.quit(); });
+}
+
+bool ProgramRig::leave() {
+    return hasEnded([this] { program.leave(); });
 }
 
 void ProgramRig::fixit() {
@@ -104,7 +129,7 @@ void ProgramRig::connect(const QByteArray& greeting) {
 void ProgramRig::connectAndRead(const QByteArray& greeting, const QByteArray& pointsPerBlock) {
     if (makeLine_) {
         autoConnect();
-        live(2.0F);
+        live(2.0);
     } else {
         connect(greeting);
         receive(settingsReport(pointsPerBlock));
@@ -127,19 +152,35 @@ void ProgramRig::runWithRows(int rows) {
     ASSERT_EQ(state.plc, rows);
 }
 
-void ProgramRig::receive(const QByteArray& bytes) {
-    (makeLine_ ? line->input : com1.input) += bytes;
-    program.tick();
-}
-
-void ProgramRig::ticks(int count) {
-    for (int i = 0; i < count; ++i) {
-        program.tick();
+void ProgramRig::finish() {
+    constexpr int longest = 3'600'000;
+    for (int milliseconds = 0; !procedures.isIdle(); ++milliseconds) {
+        if (milliseconds == longest) {
+            ADD_FAILURE() << "the procedure does not end";
+            program.end();
+        }
+        live(0.001);
     }
 }
 
-void ProgramRig::live(float seconds) {
-    wait.waitsec(seconds);
+void ProgramRig::live(double seconds) {
+    for (qint64 left = std::llround(seconds * 1000.0); left > 0; --left) {
+        clock.advance(1);
+        if (eachMillisecond) {
+            eachMillisecond();
+        }
+    }
+}
+
+void ProgramRig::receive(const QByteArray& bytes) {
+    (makeLine_ ? line->input : com1.input) += bytes;
+    ticks();
+}
+
+void ProgramRig::ticks(int count) {
+    for (int i = 0; i < count && !timer.isHeld(); ++i) {
+        program.tick();
+    }
 }
 
 void ProgramRig::haveRows(int count) {

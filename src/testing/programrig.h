@@ -22,15 +22,15 @@ std::unique_ptr<Port> simulatedInstrument(const QString& device, TestClock& cloc
 /// the clock and the operator are the test. Tests of any part bring the program where that part matters, and look at it
 /// through the references below.
 ///
-/// The program waits inside some actions: a verb of the rig returns when the action has come to its end, and the test's
-/// clock has run on meanwhile with the ticks that fall into the wait.
+/// Some actions begin a procedure that waits: a verb of the rig returns when the procedure has ended, and the test's
+/// clock has run on meanwhile, millisecond by millisecond.
 class ProgramRig {
 public:
     /// Makes the port of a device.
     using LineMaker = std::function<std::unique_ptr<Port>(const QString& device, TestClock& clock)>;
 
-    /// The far ends of both lines are the test: `com1` is "ttyA" on COM 1, `com2` is "ttyB" on COM 2. While the program
-    /// waits for input the clock runs, and `replies` arrive, one block for each wait.
+    /// The far ends of both lines are the test: `com1` is "ttyA" on COM 1, `com2` is "ttyB" on COM 2. When the program
+    /// has discarded its input and reads the line itself, `replies` arrive, one block in each millisecond.
     ProgramRig();
     /// Both lines lead to instruments, which are watched: see `line`.
     explicit ProgramRig(LineMaker makeLine);
@@ -47,6 +47,9 @@ public:
     void abort2();
     /// "Reset Shutter", to its end.
     void resetShutter();
+    /// "Quit", and the closing of the window, with answers that come at once. Whether the program has ended.
+    bool quit();
+    bool leave();
     /// The program-wide reset, as a failing line or the operator brings it about.
     void fixit();
     /// "Auto Connect Comm 1" with an instrument that greets so.
@@ -56,11 +59,15 @@ public:
     /// Connects, runs and receives so many rows of a TRX of the newer generation.
     void runWithRows(int rows);
 
+    /// Lets the clock run until no procedure has the instrument, for an hour at most.
+    void finish();
+    /// Lets the clock run.
+    void live(double seconds);
+
     /// One tick of the status timer that finds these characters.
     void receive(const QByteArray& bytes);
-    void ticks(int count);
-    /// Lets ticks go on for a while.
-    void live(float seconds);
+    /// So many ticks, unless a procedure reads the port itself.
+    void ticks(int count = 1);
 
     /// Adds rows until the sheet has so many.
     void haveRows(int count);
@@ -84,27 +91,27 @@ public:
     TestClock clock;
     RecordedMessages messages;
     PreparedAnswers answers;
-    SteppedYield events{clock};
     TestPort com1;
     TestPort com2;
     FakePortList portList;
     std::deque<QByteArray> replies;
     TestPort* line = nullptr;       ///< The port made last.
     std::function<void()> lineMade; ///< Called when there is another.
-    int pollingEnds = 0;            ///< How many loops that do not yield have ended in the connection.
+    /// Called after each millisecond of finish() and live().
+    std::function<void()> eachMillisecond;
     int identifications = 0;
     int resets = 0;
 
 private:
+    bool hasEnded(const std::function<void()>& action);
+    void deliverReplies(TestPort& port);
+
     LineMaker makeLine_;
+    Subscription delivery_;
 
 public:
     Program program;
 
-    Subscription countingPolls = program.link.connection.pollingEnded.subscribe([this] {
-        ++pollingEnds;
-        EXPECT_FALSE(program.isPolling());
-    });
     Subscription countingIdentifications = program.link.connection.identified.subscribe([this] { ++identifications; });
     Subscription countingResets = program.link.connection.wasReset.subscribe([this] { ++resets; });
 
@@ -119,7 +126,8 @@ public:
     SheetState& sheetState = program.sheet.shown;
     DataSheet& sheet = program.sheet.data;
     ComPorts& ports = program.link.ports;
-    TimedWait& wait = program.link.wait;
+    Waits& waits = program.link.waits;
+    Procedures& procedures = program.link.procedures;
     StatusTimer& timer = program.link.timer;
     ManualConnection& manual = program.link.manual;
     QByteArray& rxbuffer = program.link.poll.rxbuffer;
@@ -133,6 +141,18 @@ public:
     Download& download = program.sheet.download;
     ShutterReset& shutter = program.shutter;
 };
+
+/// What a procedure came to that does not wait.
+template <typename T>
+T resultOf(Task<T> task) {
+    std::optional<T> result;
+    const auto keep = [](Task<T> kept, std::optional<T>& into) -> Task<> { into = co_await kept; };
+    keep(std::move(task), result);
+    if (!result) {
+        throw std::logic_error("the procedure waits");
+    }
+    return *result;
+}
 
 class ProgramTest : public testing::Test, public ProgramRig {
 protected:

@@ -3,6 +3,8 @@
 
 #include "testing/programrig.h"
 
+#include <optional>
+
 namespace orv {
 
 /// One write of the program: what and when.
@@ -11,28 +13,22 @@ struct TimedWrite {
     qint64 milliseconds = 0;
 };
 
-/// The program on an open port whose far end answers every item: "." after a letter that asks for a value,
-/// ">" after the value. The clock moves by 1 ms for each pass that finds nothing.
+/// The program connected to a scattering meter on 5 January 1999 at 9:30, "Ready". From then on the instrument answers
+/// every item at once, "." after a letter that asks for a value, ">" after the value, but no other request.
 class SendingTest : public ProgramTest {
 protected:
+    using Outcome = SettingsSender::Outcome;
+
     SendingTest() {
-        ports.open();
-        com1.waited = [this](int milliseconds) {
-            ++passes;
-            clock.advance(milliseconds);
-        };
+        clock.set(QDateTime(QDate(1999, 1, 5), QTime(9, 30)));
+        connectAndRead();
+        com1.discards = 0;
         com1.written = [this](const QByteArray& bytes) { takeWrite(bytes); };
-        state.Ctrlscrn = Operation::SettingsOpen;
-        state.Vartemp = QStringLiteral("V");
-        status.instrument = InstrumentType::Trx;
-        status.status = QStringLiteral("before");
-        change(settings.record, [](LoggerSettings& record) {
-            record.samplesPerPoint = QStringLiteral("30");
-            record.hoursBeforeBlock = QStringLiteral("24");
-            record.pointsPerBlock = QStringLiteral("60000");
-            record.secondsBetweenPoints = QStringLiteral("3600");
-        });
-        settings.computerDate = QStringLiteral("1/5/99");
+        settings.record = {.samplesPerPoint = QStringLiteral("30"),
+                           .hoursBeforeBlock = QStringLiteral("24"),
+                           .pointsPerBlock = QStringLiteral("60000"),
+                           .secondsBetweenPoints = QStringLiteral("3600")};
+        settings.lamp = Lamp::Off;
     }
 
     void takeWrite(const QByteArray& bytes) {
@@ -48,7 +44,7 @@ protected:
         }
         if (QByteArray("BTDQIU").contains(bytes)) {
             com1.input += bytes + '.';
-        } else if (bytes == "P") {
+        } else if (bytes == "P" || bytes == "C") {
             return;
         } else if (digits_ >= 0) {
             ++digits_;
@@ -56,6 +52,26 @@ protected:
         } else {
             com1.input += bytes + '>';
         }
+    }
+
+    /// "Apply Settings", to the end of the sending.
+    void apply() {
+        sender.applySettings();
+        finish();
+    }
+
+    /// A sending inside another procedure, to its end; nothing if the connection has ended.
+    std::optional<Outcome> setprefs() {
+        outcome_.reset();
+        procedures.start(QStringLiteral("Test"), [this] { return sendAlone(); });
+        finish();
+        return outcome_;
+    }
+
+    /// The whole report arrives and is read.
+    void readReport() {
+        com1.input += settingsReport("60000");
+        live(0.2);
     }
 
     QByteArrayList written() const {
@@ -66,22 +82,29 @@ protected:
         return list;
     }
 
+    qint64 sinceLastWrite() const { return clock.monotonicMilliseconds() - writes.back().milliseconds; }
+
     QStringList transcript() const { return {debug.list.entries().begin(), debug.list.entries().end()}; }
 
-    Message sendingError() const {
+    static Message sendingError() {
         return {.title = QStringLiteral("Error"),
                 .text = QStringLiteral("Error Sending Prefs. Error Code 1"),
                 .icon = Message::Icon::Exclamation};
     }
 
     std::size_t answered = 1000; ///< So many writes are answered.
-    int passes = 0;              ///< Passes that found nothing.
     std::vector<TimedWrite> writes;
     std::function<void(const QByteArray& bytes)> onWrite;
     Subscription lookingWhenShown = sender.mainWindowWanted.subscribe([this] { shownAfter = messages.shown.size(); });
     std::optional<std::size_t> shownAfter; ///< Messages shown before the main window came forward.
 
 private:
+    Task<> sendAlone() {
+        const Outcome outcome = co_await sender.setprefs();
+        outcome_ = outcome;
+    }
+
+    std::optional<Outcome> outcome_;
     int digits_ = -1; ///< Digits taken since "U"; negative before it.
 };
 

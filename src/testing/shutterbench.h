@@ -12,21 +12,21 @@ struct ShutterMoment {
     const char* name;
     const char* step;
     int milliseconds;
+    bool remembered;    ///< The settings from before have been read.
     bool temporarySent; ///< The instrument may hold the temporary settings.
-    bool yields;        ///< The operator's actions are handled.
 };
 
 /// One moment in each wait. With an instrument that answers, the settings are read after 1.2 s; a sending takes some
 /// 60 ms; the shutter moves for 31 s.
 inline constexpr std::array<ShutterMoment, 8> shutterMoments{
-    {{"ReadingSettings", "Getting Settings", 450, false, true},
-     {"BeforeSending", "Getting Settings", 1400, false, true},
-     {"Sending", "Sending New Settings", 10, true, false},
+    {{"ReadingSettings", "Getting Settings", 450, false, false},
+     {"BeforeSending", "Getting Settings", 1400, true, false},
+     {"Sending", "Sending New Settings", 10, true, true},
      {"AfterSending", "Sending New Settings", 600, true, true},
      {"Moving", "Moving Shutter", 15'300, true, true},
-     {"Polling", "Moving Shutter", 30'500, true, false},
+     {"Polling", "Moving Shutter", 30'500, true, true},
      {"BeforeRestoring", "Restoring Orignal Settings", 900, true, true},
-     {"Restoring", "Restoring Orignal Settings", 2030, true, false}}};
+     {"Restoring", "Restoring Orignal Settings", 2030, true, true}}};
 
 /// The program connected to a scattering meter on COM 1 whose settings are original(), for tests of the shutter reset.
 class ShutterBench : public ProgramRig {
@@ -41,14 +41,6 @@ public:
         }
         line->discardInput();
         line->writes.clear();
-        events.tick = [this, tick = events.tick] {
-            tick();
-            whenever();
-        };
-        events.whileResponsive = [this](bool) {
-            timerRunningWhilePolling |= timer.isRunning() && !program.isPolling();
-        };
-        line->waited = [this](int) { whenever(); };
         progressWatch = status.shutterProgress.addNotifier([this] { noteStep(); });
     }
 
@@ -76,10 +68,10 @@ public:
 
     /// What the instrument reports when asked now.
     QByteArray report() {
-        line->discardInput();
+        line->blocks.clear();
         line->write("P");
         clock.advance(300);
-        return line->readAll();
+        return line->blocks.join();
     }
 
     static LoggerSettings original() {
@@ -95,8 +87,6 @@ public:
     QStringList progressTexts; ///< As they changed.
     QStringList steps;         ///< The same without their counts.
     qint64 stepBegan = 0;
-    bool timerRunningWhilePolling = false;
-    std::function<void()> whenever = [] {}; ///< Called whenever the clock has moved.
     QPropertyNotifier progressWatch;
 };
 

@@ -21,6 +21,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 namespace orv {
@@ -363,37 +364,22 @@ std::string findingsIn(QWidget& window, const KeyExemption& exemption) {
 }
 
 WindowRig::WindowRig() {
-    com1.waited = [this](int milliseconds) {
-        clock.advance(milliseconds);
-        ++waits;
-        if (!replies.empty()) {
-            com1.input = replies.front();
-            replies.pop_front();
-        } else if (waits >= mostWaits) {
-            ADD_FAILURE() << "the wake-up loop does not end";
-            com1.input = "V512\r";
-        } else if (atWait) {
-            atWait(waits);
-        }
-    };
-    events.process = [this](int milliseconds) {
-        windowEvents.processEvents(1);
-        clock.advance(milliseconds);
-    };
-    events.whileResponsive = [this](bool manualDialogLives) { windowEvents.keepResponsive(manualDialogLives); };
-    events.programEnds = [this] { return windowEvents.programEnding(); };
+    eachMillisecond = [] { QCoreApplication::processEvents(); };
     tickDebugOutput();
-    window = std::make_unique<MainWindow>(program, windowEvents);
+    window = std::make_unique<MainWindow>(program);
     window->show();
     window->prepareAllPages();
 }
 
 WindowRig::~WindowRig() {
     window.reset();
-    // A window that ended the program leaves an exit behind, which keeps dialogs of later tests from waiting; only the
-    // application's own loop forgets it.
-    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
-    QCoreApplication::exec();
+}
+
+bool WindowRig::runUntil(const std::function<bool()>& reached, double longest) {
+    for (qint64 left = std::llround(longest * 1000.0); left > 0 && !reached(); --left) {
+        live(0.001);
+    }
+    return reached();
 }
 
 void WindowRig::showPage(const QString& caption) {

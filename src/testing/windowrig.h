@@ -59,8 +59,8 @@ using KeyExemption = std::function<QString(const QWidget& control)>;
 std::string findingsIn(
     QWidget& window, const KeyExemption& exemption = [](const QWidget&) { return QString(); });
 
-/// The main window over the whole program, with every page made and the debug output on. While the program waits, the
-/// window lives and the test's clock runs as if the whole wait had passed.
+/// The main window over the whole program, with every page made and the debug output on. While the rig lets the clock
+/// run, the window handles its events in each millisecond.
 class WindowRig : public ProgramRig {
 public:
     WindowRig();
@@ -88,16 +88,15 @@ public:
 
     void receiveRow() { receive("11/21/26\t2700\t10\t20\t30\t40\r\n"); }
 
-    /// Lets events run until the condition holds, for at most so many milliseconds. Returns whether it does.
+    /// Lets the clock run until the condition holds, for at most so many seconds. Returns whether it does.
+    bool runUntil(const std::function<bool()>& reached, double longest = 60.0);
+
+    /// Lets events run, but not the clock, until the condition holds, for at most so many milliseconds of the
+    /// computer's time: for what a page draws late. Returns whether it does.
     static bool waitFor(const std::function<bool()>& reached, int patience = 60'000);
-    /// Lets events run for so many milliseconds.
+    /// The same for so many milliseconds.
     static void pass(int milliseconds);
 
-    static constexpr int mostWaits = 20000;
-
-    int waits = 0; ///< How often the program has waited for input in vain.
-    std::function<void(int wait)> atWait;
-    WindowEvents windowEvents;
     std::unique_ptr<MainWindow> window;
 };
 

@@ -47,7 +47,8 @@ QLabel* makeHeading(const QString& text) {
 
 CalibrationPage::CalibrationPage(Program& program)
     : shown_(program.calibration.shown)
-    , calibration_(program.calibration) {
+    , calibration_(program.calibration)
+    , canAsk_(program.link.session.commands.canAsk) {
     setObjectName(QStringLiteral("CalibrationPage"));
     auto* frame = makeFrame("Calibration TRX(S)");
     auto* layout = new QHBoxLayout(frame);
@@ -188,9 +189,11 @@ QGroupBox* CalibrationPage::makeWorksheet() {
         "Calc &DP", "Command12", [this] { calibration_.calcdp(); },
         "Writes the means of the rows on the data sheet into the selected row; for a point also its DP values. Keeps "
         "the worksheet."));
-    buttons->addWidget(makeButton(
+    auto* save = makeButton(
         "Save Cal &Info", "Command14", [this] { calibration_.saveCalInfo(); },
-        "Writes this worksheet and the reference values of the light colour to a report file."));
+        "Writes this worksheet and the reference values of the light colour to a report file.");
+    bindEnabled(bindings_, save, canAsk_);
+    buttons->addWidget(save);
     buttons->addStretch();
     buttons->addWidget(new QLabel(QStringLiteral("Instrument index:")));
     buttons->addWidget(index);

@@ -32,6 +32,7 @@ private:
 
     CalibrationState& shown_;
     Calibration& calibration_;
+    const QProperty<bool>& canAsk_;
     bool chosenByPress_ = false; ///< The press of the click under way has chosen an entry of the list already.
     Bindings bindings_;
 };

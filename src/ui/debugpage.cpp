@@ -238,10 +238,7 @@ void DebugPage::addDirectSend(QHBoxLayout* layout) {
 
 QGroupBox* DebugPage::makeStatus() {
     auto* status = makeTextLabel("DebugStatus", "Status");
-    bindings_.bind(session_.status.status, [status](const QString& text) {
-        status->setText(text);
-        status->repaint(); // a procedure that does not yield may follow
-    });
+    bindText(bindings_, status, session_.status.status);
     auto* caption = new QLabel(QStringLiteral("Buffer"));
     auto* buffer = makeFramedLabel("DebugBuffer", "Buffer");
     buffer->setToolTip(QStringLiteral("Characters received that do not make a whole line yet."));

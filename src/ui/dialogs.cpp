@@ -69,9 +69,14 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     const ManualConnectionState& shown = manual.shown;
     bindings_.bind(shown.text, [text](const QString& now) { text->setPlainText(now); });
     bindVisible(bindings_, start, shown.startVisible);
-    bindEnabled(bindings_, start, shown.startEnabled);
     bindVisible(bindings_, proceed, shown.proceedVisible);
-    bindEnabled(bindings_, retry, shown.retryEnabled);
+    const auto enable = [&shown, start, retry](bool) {
+        start->setEnabled(shown.startEnabled && shown.canBegin);
+        retry->setEnabled(shown.retryEnabled && shown.canBegin);
+    };
+    for (const QProperty<bool>* condition : {&shown.startEnabled, &shown.retryEnabled, &shown.canBegin}) {
+        bindings_.bind(*condition, enable);
+    }
     bindVisible<QDialog>(bindings_, this, shown.visible);
 }
 

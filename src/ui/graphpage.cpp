@@ -18,6 +18,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace orv {
@@ -93,7 +94,10 @@ QMenu* GraphPage::makeSaveMenu(QWidget* parent) {
     for (const Item& item : items) {
         QAction* action = menu->addAction(QString::fromLatin1(item.text));
         action->setObjectName(QLatin1String(item.name));
-        connect(action, &QAction::triggered, this, [this, format = item.format] { savePicture(format); });
+        connect(action, &QAction::triggered, this, [this, format = item.format] {
+            program_.link.procedures.startBeside(QStringLiteral("Save Picture"),
+                                                 [this, format] { return savePicture(format); });
+        });
     }
     return menu;
 }
@@ -115,11 +119,12 @@ QWidget* GraphPage::makeBar() {
     auto* save = makeButton(
         "Save Pict&ure", "SavePicture", [] {}, "Saves the curves as they are seen as a PNG, PDF or SVG file.");
     save->setMenu(makeSaveMenu(save));
+    bindEnabled(bindings_, save, program_.link.session.commands.canAsk);
     auto* copy = makeButton(
         "Cop&y", "CopyPicture", [this] { copyPicture(); },
         "Copies the curves as they are seen as a picture to the clipboard.");
     auto* printButton = makeButton(
-        "Print &Graph...", "PrintPicture", [this] { print(); }, "Prints the curves as they are seen.");
+        "Print &Graph...", "PrintPicture", [this] { askForPrinter(); }, "Prints the curves as they are seen.");
 
     auto* bar = new QWidget;
     auto* row = new QHBoxLayout(bar);
@@ -278,13 +283,14 @@ void GraphPage::refreshTheme() {
     list_->setSwatches(swatches);
 }
 
-void GraphPage::savePicture(PictureFormat format) {
+Task<> GraphPage::savePicture(PictureFormat format) {
     const QString suffix = pictureSuffix(format);
-    const QString name =
-        program_.questions.saveFileName(QStringLiteral("Save Picture"), program_.sheet.shown.fileName.value() + suffix,
-                                        suffix, QLatin1Char('*') + suffix);
+    const Question question =
+        saveQuestion(QStringLiteral("Save Picture"), program_.sheet.shown.fileName.value() + suffix, suffix,
+                     QLatin1Char('*') + suffix);
+    const QString name = co_await program_.link.waits.answer(question);
     if (name.isEmpty()) {
-        return;
+        co_return; // also when the page has gone with the program
     }
     // Rows may have come while the operator chose.
     refreshNow();
@@ -302,14 +308,24 @@ void GraphPage::copyPicture() {
     QGuiApplication::clipboard()->setImage(plotImage(*canvas_));
 }
 
-void GraphPage::print() {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageOrientation(QPageLayout::Landscape);
-    printer.setDocName(QStringLiteral("Curves of the data sheet"));
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted) {
+void GraphPage::askForPrinter() {
+    if (printDialog_) {
+        printDialog_->raise();
+        printDialog_->activateWindow();
         return;
     }
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setPageOrientation(QPageLayout::Landscape);
+    printer->setDocName(QStringLiteral("Curves of the data sheet"));
+    printDialog_ = new QPrintDialog(printer.get(), this);
+    printDialog_->setAttribute(Qt::WA_DeleteOnClose);
+    connect(printDialog_, qOverload<QPrinter*>(&QPrintDialog::accepted), this,
+            [this, printer](QPrinter*) { print(*printer); });
+    printDialog_->setModal(false);
+    printDialog_->show();
+}
+
+void GraphPage::print(QPrinter& printer) {
     refreshNow();
     if (!printPlot(*canvas_, printer)) {
         tell(QStringLiteral("Print Graph"),

@@ -5,9 +5,13 @@
 #include "sheet/plotdata.h"
 #include "ui/widgets.h"
 
+#include <QPointer>
+
 #include <vector>
 
 class QMenu;
+class QPrintDialog;
+class QPrinter;
 
 namespace orv {
 
@@ -43,9 +47,10 @@ private:
     void tellWhatIsMissing();
     void readOut(int point);
     void refreshTheme();
-    void savePicture(PictureFormat format);
+    Task<> savePicture(PictureFormat format);
     void copyPicture();
-    void print();
+    void askForPrinter();
+    void print(QPrinter& printer);
     void tell(const QString& title, const QString& text);
 
     Program& program_;
@@ -61,6 +66,7 @@ private:
     int pointed_ = -1;        ///< The point under the pointer.
     Redrawing redrawing_;
     bool stale_ = true;
+    QPointer<QPrintDialog> printDialog_; ///< The one that stands.
     std::vector<Subscription> subscriptions_;
     Bindings bindings_;
 };

@@ -5,6 +5,7 @@
 #include "ui/debugpage.h"
 #include "ui/dialogs.h"
 #include "ui/graphpage.h"
+#include "ui/messageboxes.h"
 #include "ui/settingswindow.h"
 #include "ui/sheetpage.h"
 #include "ui/statuspage.h"
@@ -51,9 +52,8 @@ ChoiceTabBar* makeStrip(const QStringList& captions, const char* name, const cha
 
 } // namespace
 
-MainWindow::MainWindow(Program& program, WindowEvents& events)
+MainWindow::MainWindow(Program& program)
     : program_(program)
-    , events_(events)
     , upperTabs_(makeStrip(upperCaptions(), "TabStrip1", "Pages", "Form Select Tabs."))
     , lowerTabs_(makeStrip(lowerCaptions(), "TabStrip2", "Service pages",
                            "Special Tidelane Debug screens and Tools. Internal use only so far."))
@@ -65,16 +65,11 @@ MainWindow::MainWindow(Program& program, WindowEvents& events)
     makeShortcuts();
     resize(1000, 680);
 
-    auto* manual = new ManualConnectionDialog(program.link.manual, this);
-    events.setManualDialog(manual);
+    new ManualConnectionDialog(program.link.manual, this);
     new ProgressDialog(program.settings.progress, this);
     bindings_.bind(program.settings.shown.visible, [this](bool visible) { showSettings(visible); });
     subscriptions_.push_back(program_.settings.sender.mainWindowWanted.subscribe([this] { comeForward(); }));
-    subscriptions_.push_back(program_.link.connection.pollingEnded.subscribe([this] {
-        if (std::exchange(closeWhenPossible_, false)) {
-            close();
-        }
-    }));
+    subscriptions_.push_back(program_.ended.subscribe([this] { hideWindows(); }));
 }
 
 MainWindow::~MainWindow() = default;
@@ -209,9 +204,8 @@ void MainWindow::makeMenus() {
     QAction* closePort = addItem(operation, "&Close Port", "ClosePort", [this] { program_.closePort(); });
     operation->addSeparator();
     QAction* quit = addItem(operation, "&Quit", "Quit", [this] {
-        if (program_.quit()) {
-            quitNow();
-        }
+        noteMessages();
+        program_.quit();
     });
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 
@@ -331,20 +325,34 @@ void MainWindow::refreshNow() {
 
 void MainWindow::showAbout() {
     program_.link.ports.debugsay(QStringLiteral("About"));
-    auto* dialog = new AboutDialog(this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->open();
+    auto* dialog = findChild<QDialog*>(QStringLiteral("AboutDialog"));
+    if (dialog == nullptr) {
+        dialog = new AboutDialog(this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
 }
 
-void MainWindow::quitNow() {
-    // Messages that were not read by now do not keep the program; what its end has to say does.
-    for (QMessageBox* box : findChildren<QMessageBox*>()) {
-        box->close();
+void MainWindow::noteMessages() {
+    const QList<QMessageBox*> unread = MessageBoxes::unreadIn(*this);
+    stoodBefore_ = {unread.begin(), unread.end()};
+}
+
+void MainWindow::hideWindows() {
+    // Messages that were not read before do not keep the program; what its end has to say does.
+    for (const QPointer<QMessageBox>& box : std::as_const(stoodBefore_)) {
+        if (box) {
+            box->close();
+        }
     }
-    hide();
-    program_.end();
-    events_.endProgram();
-    QCoreApplication::exit(0); // quit() would close message boxes that have not been read
+    const QList<QMessageBox*> unread = MessageBoxes::unreadIn(*this);
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (!unread.contains(widget)) {
+            widget->hide();
+        }
+    }
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
@@ -353,23 +361,9 @@ void MainWindow::showEvent(QShowEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    event->ignore();
-    if (program_.settings.sender.isPolling()) {
-        QTimer::singleShot(100, this, [this] { close(); });
-        return;
-    }
-    if (program_.link.connection.isPolling()) {
-        // The wake-up loop handles nothing of the operator's; the wish is kept until it has ended.
-        closeWhenPossible_ = true;
-        if (program_.link.session.state.Seeking == 1) {
-            program_.link.manual.quit();
-        }
-        return;
-    }
-    if (events_.programEnding() || program_.ask()) {
-        quitNow();
-        event->accept();
-    }
+    event->ignore(); // it goes when the program has ended
+    noteMessages();
+    program_.leave();
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {

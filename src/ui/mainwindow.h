@@ -2,13 +2,15 @@
 #pragma once
 
 #include "program/program.h"
-#include "ui/messageboxes.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <map>
 #include <memory>
 #include <vector>
+
+class QMessageBox;
 
 namespace orv {
 
@@ -19,9 +21,12 @@ class SheetPage;
 
 /// The main window, "ORV Host Program": menus, the upper tab strip with the operating pages, the lower one with the
 /// service pages.
+///
+/// To close it is to end the program, which the program may refuse; when it has ended, every window goes but the
+/// messages that its end has told.
 class MainWindow final : public QMainWindow {
 public:
-    MainWindow(Program& program, WindowEvents& events);
+    explicit MainWindow(Program& program);
     ~MainWindow() override;
 
     /// The settings screen; null before its first use.
@@ -53,11 +58,11 @@ private:
     void showPage(Page page);
     void showSettings(bool visible);
     void comeForward();
-    void quitNow();
+    void noteMessages();
+    void hideWindows();
     void showAbout();
 
     Program& program_;
-    WindowEvents& events_;
     ChoiceTabBar* upperTabs_;
     ChoiceTabBar* lowerTabs_;
     QWidget* pageArea_;
@@ -65,7 +70,7 @@ private:
     GraphPage* graphPage_ = nullptr;
     std::map<Page, QWidget*> pages_;
     std::unique_ptr<SettingsWindow> settingsWindow_; ///< Made on first use and kept.
-    bool closeWhenPossible_ = false;
+    QList<QPointer<QMessageBox>> stoodBefore_;       ///< Messages, when the operator last wished to end the program.
     std::vector<Subscription> subscriptions_;
     Bindings bindings_;
 };

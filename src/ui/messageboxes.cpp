@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/messageboxes.h"
 
+#include "ui/settingswindow.h"
+
 #include <QApplication>
 #include <QCloseEvent>
-#include <QEvent>
-#include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QThread>
 #include <QTimer>
-#include <QWindow>
 
 #include <utility>
 
@@ -19,19 +20,16 @@ namespace orv {
 
 namespace {
 
-void prepare(QFileDialog& dialog, const QString& title, const QString& filter) {
-    dialog.setWindowTitle(title);
-    QStringList filters{QStringLiteral("All files (*)")};
-    if (!filter.isEmpty()) {
-        filters.prepend(filter);
-    }
-    dialog.setNameFilters(filters);
-}
-
 /// A question that only its buttons answer: Esc or the frame would count as No, and No loses the rows.
-class Question final : public QMessageBox {
+class YesNoBox final : public QMessageBox {
 public:
-    using QMessageBox::QMessageBox;
+    YesNoBox(const QString& title, const QString& text, QWidget* parent)
+        : QMessageBox(Warning, title, text, Yes | No, parent) {
+        setDefaultButton(Yes);
+        // Not every window system's own words have the keys.
+        button(Yes)->setText(QStringLiteral("&Yes"));
+        button(No)->setText(QStringLiteral("&No"));
+    }
 
     void reject() override {}
 
@@ -44,11 +42,69 @@ protected:
     }
 };
 
-/// Opens a file that is there. A name typed without suffix means the file with it, unless there is one without.
-class OpenDialog final : public QFileDialog {
+/// A file dialog whose own questions do not hold the program either. The window system's dialogs ask them themselves.
+class FileDialog : public QFileDialog {
 public:
-    OpenDialog(QString suffix, QWidget* parent)
-        : QFileDialog(parent)
+    FileDialog(const QString& title, const QString& filter, QWidget* parent)
+        : QFileDialog(parent) {
+        setWindowTitle(title);
+        QStringList filters{QStringLiteral("All files (*)")};
+        if (!filter.isEmpty()) {
+            filters.prepend(filter);
+        }
+        setNameFilters(filters);
+    }
+
+protected:
+    /// Whether Qt draws the dialog.
+    bool isDrawnHere() const { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) != nullptr; }
+
+    /// Shows a box above the dialog, which takes nothing until the box has been closed.
+    void ask(QMessageBox* box, const std::function<void(int button)>& closed) {
+        QWidget* focus = focusWidget();
+        setEnabled(false);
+        box->setEnabled(true);
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        connect(box, &QMessageBox::finished, this, [this, focus, closed](int button) {
+            setEnabled(true);
+            if (focus != nullptr) {
+                focus->setFocus();
+            }
+            closed(button);
+        });
+        box->setModal(false);
+        box->show();
+    }
+};
+
+class SaveDialog final : public FileDialog {
+public:
+    using FileDialog::FileDialog;
+
+    void accept() override {
+        const QFileInfo file(selectedFiles().value(0));
+        if (!isDrawnHere() || !file.exists() || file.isDir()) {
+            QFileDialog::accept();
+            return;
+        }
+        auto* box = new QMessageBox(QMessageBox::Warning, windowTitle(),
+                                    tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
+                                    QMessageBox::Yes | QMessageBox::No, this);
+        box->setDefaultButton(QMessageBox::No);
+        ask(box, [this](int button) {
+            if (button == QMessageBox::Yes) {
+                setOption(DontConfirmOverwrite);
+                QFileDialog::accept();
+            }
+        });
+    }
+};
+
+/// Opens a file that is there. A name typed without suffix means the file with it, unless there is one without.
+class OpenDialog final : public FileDialog {
+public:
+    OpenDialog(const QString& title, const QString& filter, QString suffix, QWidget* parent)
+        : FileDialog(title, filter, parent)
         , suffix_(std::move(suffix)) {}
 
     void accept() override {
@@ -56,15 +112,65 @@ public:
         if (!QFileInfo::exists(selectedFiles().value(0))) {
             setDefaultSuffix(suffix_.mid(1));
         }
-        QFileDialog::accept();
+        const QFileInfo file(selectedFiles().value(0));
+        if (!isDrawnHere() || file.exists() || selectedFiles().isEmpty()) {
+            QFileDialog::accept();
+            return;
+        }
+        ask(new QMessageBox(
+                QMessageBox::Warning, windowTitle(),
+                tr("%1\nFile not found.\nPlease verify the correct file name was given.").arg(file.fileName()),
+                QMessageBox::Ok, this),
+            [](int) {});
     }
 
 private:
     QString suffix_; ///< With its dot; may be empty.
 };
 
-QString chosen(QFileDialog& dialog) {
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+QDialog* makeDialog(const Question& question, QWidget* parent) {
+    if (question.kind == Question::Kind::YesNo) {
+        return new YesNoBox(question.title, question.text, parent);
+    }
+    if (question.kind == Question::Kind::OpenName) {
+        auto* dialog = new OpenDialog(question.title, question.filter, question.suffix, parent);
+        dialog->setAcceptMode(QFileDialog::AcceptOpen);
+        dialog->setFileMode(QFileDialog::ExistingFile);
+        return dialog;
+    }
+    auto* dialog = new SaveDialog(question.title, question.filter, parent);
+    if (!question.suffix.isEmpty()) {
+        dialog->setDefaultSuffix(question.suffix.mid(1));
+    }
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->selectFile(question.presetName);
+    return dialog;
+}
+
+QString answerOf(const QDialog& dialog, int result) {
+    if (const auto* files = qobject_cast<const QFileDialog*>(&dialog)) {
+        return result == QDialog::Accepted ? files->selectedFiles().value(0) : QString();
+    }
+    return result == QMessageBox::Yes ? Question::yes() : Question::no();
+}
+
+/// Takes a dialog off the screen for good. A menu of its own may run a loop inside it, out of which it must not be
+/// deleted.
+void discard(QDialog* dialog) {
+    dialog->hide();
+    for (auto* box : dialog->findChildren<QDialog*>()) {
+        box->hide();
+    }
+    if (QThread::currentThread()->loopLevel() <= 1) {
+        dialog->deleteLater();
+        return;
+    }
+    if (QWidget* menu = QApplication::activePopupWidget()) {
+        menu->close();
+    }
+    constexpr int soon = 100;
+    QTimer::singleShot(soon, dialog, [dialog] { discard(dialog); });
 }
 
 } // namespace
@@ -73,8 +179,8 @@ void MessageBoxes::show(const Message& message) {
     told.tell(message);
     const QString name = message.title + QLatin1Char('\n') + message.text;
     if (parent_) {
-        for (const auto* open : parent_->findChildren<QMessageBox*>()) {
-            if (open->property("message").toString() == name && open->isVisible()) {
+        for (const auto* open : unreadIn(*parent_)) {
+            if (open->property("message").toString() == name) {
                 return;
             }
         }
@@ -87,108 +193,42 @@ void MessageBoxes::show(const Message& message) {
     box->setModal(false);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     box->button(QMessageBox::Ok)->setText(QStringLiteral("&OK"));
+    QObject::connect(box, &QMessageBox::finished, box, [this] { tellIfRead(); });
     box->show();
 }
 
-void MessageBoxes::waitUntilRead() {
-    if (!parent_) {
-        return;
-    }
-    for (const QPointer<QMessageBox> box : parent_->findChildren<QMessageBox*>()) {
-        if (box && box->isVisible()) {
-            QEventLoop loop;
-            QObject::connect(box, &QMessageBox::finished, &loop, &QEventLoop::quit);
-            loop.exec();
-        }
-    }
+QList<QMessageBox*> MessageBoxes::unreadIn(const QWidget& parent) {
+    QList<QMessageBox*> boxes = parent.findChildren<QMessageBox*>();
+    boxes.removeIf([](const QMessageBox* box) { return !box->isVisible() || !box->property("message").isValid(); });
+    return boxes;
 }
 
-bool QuestionDialogs::askYesNo(const QString& title, const QString& text) {
-    Question box(QMessageBox::Warning, title, text, QMessageBox::Yes | QMessageBox::No, parent_);
-    box.setDefaultButton(QMessageBox::Yes);
-    // Not every window system's own words have the keys.
-    box.button(QMessageBox::Yes)->setText(QStringLiteral("&Yes"));
-    box.button(QMessageBox::No)->setText(QStringLiteral("&No"));
-    return box.exec() == QMessageBox::Yes;
+void MessageBoxes::whenRead(std::function<void()> read) {
+    read_ = std::move(read);
+    tellIfRead();
 }
 
-QString QuestionDialogs::saveFileName(const QString& title, const QString& presetName, const QString& suffix,
-                                      const QString& filter) {
-    QFileDialog dialog(parent_);
-    prepare(dialog, title, filter);
-    if (!suffix.isEmpty()) {
-        dialog.setDefaultSuffix(suffix.mid(1));
-    }
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.selectFile(presetName);
-    return chosen(dialog);
-}
-
-QString QuestionDialogs::openFileName(const QString& title, const QString& suffix, const QString& filter) {
-    OpenDialog dialog(suffix, parent_);
-    prepare(dialog, title, filter);
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    return chosen(dialog);
-}
-
-namespace {
-
-bool isInput(QEvent::Type type) {
-    switch (type) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::Wheel:
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::Shortcut:
-    case QEvent::ShortcutOverride:
-    case QEvent::ContextMenu:
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::TabletPress:
-    case QEvent::TabletRelease:
-        return true;
-    default:
-        return false;
+void MessageBoxes::tellIfRead() {
+    if (read_ && (!parent_ || unreadIn(*parent_).isEmpty())) {
+        std::exchange(read_, {})();
     }
 }
 
-} // namespace
-
-void WindowEvents::processEvents(int milliseconds) {
-    QTimer wakeUp;
-    wakeUp.setSingleShot(true);
-    wakeUp.setTimerType(Qt::PreciseTimer);
-    wakeUp.start(milliseconds);
-    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-}
-
-void WindowEvents::keepResponsive(bool manualDialogLives) {
-    if (!manualDialogLives) {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        return;
-    }
-    qApp->installEventFilter(this);
-    QCoreApplication::processEvents(QEventLoop::AllEvents);
-    qApp->removeEventFilter(this);
-}
-
-bool WindowEvents::eventFilter(QObject* watched, QEvent* event) {
-    return isInput(event->type()) && !belongsToManualDialog(watched);
-}
-
-bool WindowEvents::belongsToManualDialog(const QObject* object) const {
-    if (!manualDialog_) {
-        return false;
-    }
-    if (object->isWidgetType()) {
-        return qobject_cast<const QWidget*>(object)->window() == manualDialog_;
-    }
-    return object == manualDialog_->windowHandle();
+Subscription QuestionDialogs::ask(const Question& question, Answered answered) {
+    QWidget* settings = dynamic_cast<SettingsWindow*>(QApplication::activeWindow());
+    QDialog* dialog = makeDialog(question, settings != nullptr ? settings : parent_.data());
+    dialog->setModal(false);
+    QObject::connect(dialog, &QDialog::finished, dialog,
+                     [dialog, answered = std::move(answered)](int result) { answered(answerOf(*dialog, result)); });
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+    return {dialog, [standing = QPointer(dialog)](const void*) {
+                if (standing) {
+                    standing->disconnect();
+                    discard(standing);
+                }
+            }};
 }
 
 } // namespace orv

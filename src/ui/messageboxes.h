@@ -3,11 +3,13 @@
 
 #include "base/observe.h"
 #include "base/operator.h"
-#include "link/waits.h"
 
-#include <QObject>
 #include <QPointer>
 #include <QWidget>
+
+#include <functional>
+
+class QMessageBox;
 
 namespace orv {
 
@@ -18,52 +20,33 @@ public:
 
     void setParent(QWidget* parent) { parent_ = parent; }
 
-    /// Returns when the operator has closed every open box: the last words of a program that ends.
-    void waitUntilRead();
+    /// The boxes below a window that the operator has not closed yet.
+    static QList<QMessageBox*> unreadIn(const QWidget& parent);
+
+    /// Calls `read` once the operator has closed every open box, at once if none is open: the last words of a program
+    /// that ends.
+    void whenRead(std::function<void()> read);
 
     /// Tells every message, shown anew or not.
     Signal<Message> told;
 
 private:
+    void tellIfRead();
+
     QPointer<QWidget> parent_;
+    std::function<void()> read_;
 };
 
-/// Questions and file dialogs. They wait for the answer; the status timer ticks on meanwhile.
+/// Questions and file dialogs. They hold nobody: while one stands every window lives. It stays above the window that it
+/// came from, the settings screen or the main window.
 class QuestionDialogs final : public OperatorQuestions {
 public:
-    bool askYesNo(const QString& title, const QString& text) override;
-    QString saveFileName(const QString& title, const QString& presetName, const QString& suffix,
-                         const QString& filter) override;
-    QString openFileName(const QString& title, const QString& suffix, const QString& filter) override;
+    [[nodiscard]] Subscription ask(const Question& question, Answered answered) override;
 
     void setParent(QWidget* parent) { parent_ = parent; }
 
 private:
     QPointer<QWidget> parent_;
-};
-
-/// Yields to the window system's event loop.
-class WindowEvents final : public QObject, public EventYield {
-public:
-    void processEvents(int milliseconds) override;
-    void keepResponsive(bool manualDialogLives) override;
-    bool programEnding() const override { return ending_; }
-
-    /// The dialog whose input is handled while a manual connection seeks.
-    void setManualDialog(QWidget* dialog) { manualDialog_ = dialog; }
-
-    /// From now on every wait returns at once.
-    void endProgram() { ending_ = true; }
-
-protected:
-    /// Drops the operator's input to everything but the manual dialog.
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    bool belongsToManualDialog(const QObject* object) const;
-
-    QPointer<QWidget> manualDialog_;
-    bool ending_ = false;
 };
 
 } // namespace orv

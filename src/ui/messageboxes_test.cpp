@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/folder.h"
+#include "testing/windowrig.h"
 #include "ui/messageboxes.h"
 
 #include <QApplication>
@@ -7,17 +8,20 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
 
 namespace orv {
 namespace {
+
+void deleteWhatWaits() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 class MessageBoxesTest : public testing::Test {
 protected:
     MessageBoxesTest() { boxes.setParent(&parent); }
 
     QList<QMessageBox*> open() {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        deleteWhatWaits();
         return parent.findChildren<QMessageBox*>();
     }
 
@@ -58,71 +62,193 @@ TEST_F(MessageBoxesTest, TheSameMessageIsNotShownTwiceAtATime) {
     EXPECT_EQ(open().size(), 1);
 }
 
-/// Does something with the dialog that waits for the operator.
-template <typename Dialog, typename Action>
-void whenAsked(Action action) {
-    QTimer::singleShot(0, qApp, [action] {
-        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        action(*dialog);
-    });
+TEST_F(MessageBoxesTest, WhatComesLastWaitsUntilTheLastOfThemIsRead) {
+    int read = 0;
+    boxes.whenRead([&read] { ++read; });
+    EXPECT_EQ(read, 1) << "there is nothing to read";
+    boxes.show(lost);
+    boxes.show(operatorWarning(QStringLiteral("The download is incomplete.")));
+    boxes.whenRead([&read] { ++read; });
+    EXPECT_EQ(read, 1);
+    open().front()->button(QMessageBox::Ok)->click();
+    EXPECT_EQ(read, 1);
+    open().front()->close();
+    EXPECT_EQ(read, 2);
 }
 
-TEST(QuestionDialogsTest, YesAndNoHaveTheExclamationIcon) {
+/// Questions that a window asks.
+class QuestionDialogsTest : public testing::Test {
+protected:
+    QuestionDialogsTest() {
+        questions.setParent(&parent);
+        parent.show();
+    }
+
+    void ask(const Question& question) {
+        given.clear();
+        standing = questions.ask(question, [this](const QString& answer) { given << answer; });
+        EXPECT_TRUE(given.isEmpty()) << "the call has returned without an answer";
+    }
+
+    /// The dialog that stands.
+    template <typename Dialog>
+    Dialog& dialog() {
+        deleteWhatWaits();
+        const auto dialogs = parent.findChildren<Dialog*>(Qt::FindDirectChildrenOnly);
+        if (dialogs.size() != 1 || !dialogs.front()->isVisible()) {
+            throw std::logic_error("there is not one dialog");
+        }
+        EXPECT_FALSE(dialogs.front()->isModal());
+        return *dialogs.front();
+    }
+    QLineEdit& nameBox() { return control<QLineEdit>(dialog<QFileDialog>(), "fileNameEdit"); }
+    void accept() { QMetaObject::invokeMethod(&dialog<QFileDialog>(), "accept"); }
+    /// The dialog's own box above it.
+    QMessageBox& ownBox() { return *dialog<QFileDialog>().findChild<QMessageBox*>(); }
+
+    void expectNoDialog() {
+        deleteWhatWaits();
+        EXPECT_TRUE(parent.findChildren<QDialog*>().isEmpty());
+    }
+
+    std::string answer() {
+        EXPECT_EQ(given.size(), 1) << "answered once";
+        return given.join(u'|').toStdString();
+    }
+
+    static Question save() {
+        return saveQuestion(QStringLiteral("Save as"), QStringLiteral("Untitled.txt"), QStringLiteral(".txt"),
+                            QStringLiteral("*.txt"));
+    }
+    static Question open() {
+        return openQuestion(QStringLiteral("Open"), QStringLiteral(".OCM"), QStringLiteral("*.OCM"));
+    }
+    static Question yesNo() { return yesNoQuestion(QStringLiteral("Save Data"), QStringLiteral("Save it ?")); }
+
+    const OwnFolder folder;
     QuestionDialogs questions;
-    for (const auto& [standard, yes] : {std::pair(QMessageBox::Yes, true), std::pair(QMessageBox::No, false)}) {
-        const QMessageBox::StandardButton pressed = standard;
-        whenAsked<QMessageBox>([pressed](QMessageBox& box) {
-            EXPECT_EQ(box.windowTitle().toStdString(), "Save Data");
-            EXPECT_EQ(box.text().toStdString(), "Save it ?");
-            EXPECT_EQ(box.icon(), QMessageBox::Warning);
-            EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
-            box.button(pressed)->click();
-        });
-        EXPECT_EQ(questions.askYesNo(QStringLiteral("Save Data"), QStringLiteral("Save it ?")), yes);
+    QWidget parent;
+    QStringList given;
+    Subscription standing;
+};
+
+TEST_F(QuestionDialogsTest, YesAndNoHaveTheExclamationIconAndOnlyTheButtonsAnswer) {
+    for (const auto& [pressed, expected] : {std::pair(QMessageBox::Yes, "Yes"), std::pair(QMessageBox::No, "No")}) {
+        ask(yesNo());
+        auto& box = dialog<QMessageBox>();
+        EXPECT_EQ(box.windowTitle().toStdString(), "Save Data");
+        EXPECT_EQ(box.text().toStdString(), "Save it ?");
+        EXPECT_EQ(box.icon(), QMessageBox::Warning);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        press(box, Qt::Key_Escape);
+        box.close();
+        EXPECT_TRUE(box.isVisible());
+        EXPECT_TRUE(given.isEmpty());
+        box.button(pressed)->click();
+        EXPECT_EQ(answer(), expected);
+        standing.reset();
+        expectNoDialog();
     }
 }
 
-TEST(QuestionDialogsTest, TheSaveDialogHasTitleAndNameAndAddsTheSuffix) {
-    const OwnFolder folder;
-    QuestionDialogs questions;
-    const auto ask = [&questions] {
-        return questions.saveFileName(QStringLiteral("Save as"), QStringLiteral("Untitled.txt"), QStringLiteral(".txt"),
-                                      QStringLiteral("*.txt"));
-    };
-    whenAsked<QFileDialog>([](QFileDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle().toStdString(), "Save as");
-        EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
-        EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
-        auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        EXPECT_EQ(edit->text().toStdString(), "Untitled.txt");
-        edit->setText(QStringLiteral("mine"));
-        QMetaObject::invokeMethod(&dialog, "accept");
-    });
-    EXPECT_EQ(QFileInfo(ask()).fileName().toStdString(), "mine.txt");
-    whenAsked<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
-    EXPECT_EQ(ask().toStdString(), "");
+TEST_F(QuestionDialogsTest, TheSaveDialogHasTitleAndNameAndAddsTheSuffix) {
+    ask(save());
+    auto& files = dialog<QFileDialog>();
+    EXPECT_EQ(files.windowTitle().toStdString(), "Save as");
+    EXPECT_EQ(files.acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_FALSE(files.testOption(QFileDialog::DontConfirmOverwrite));
+    EXPECT_EQ(files.nameFilters().join(u'|').toStdString(), "*.txt|All files (*)");
+    EXPECT_EQ(nameBox().text().toStdString(), "Untitled.txt");
+    nameBox().setText(QStringLiteral("mine"));
+    accept();
+    EXPECT_EQ(QFileInfo(QString::fromStdString(answer())).fileName().toStdString(), "mine.txt");
+    for (const bool byFrame : {false, true}) {
+        ask(save());
+        byFrame ? static_cast<void>(dialog<QFileDialog>().close()) : dialog<QFileDialog>().reject();
+        EXPECT_EQ(answer(), "") << "cancelled";
+    }
 }
 
-TEST(QuestionDialogsTest, TheOpenDialogTakesAFileThatIsThereAndAddsTheSuffixToANameThatIsNotThereWithoutIt) {
-    const OwnFolder folder;
+TEST_F(QuestionDialogsTest, ReplacingAFileIsAskedAboveTheDialogWithoutHoldingTheWindow) {
+    fill(folder.path("mine.txt"), "1");
+    ask(save());
+    nameBox().setText(folder.path("mine"));
+    accept();
+    EXPECT_TRUE(given.isEmpty());
+    EXPECT_FALSE(ownBox().isModal());
+    EXPECT_FALSE(dialog<QFileDialog>().isEnabled());
+    EXPECT_TRUE(ownBox().text().startsWith(QStringLiteral("mine.txt already exists."))) << qPrintable(ownBox().text());
+    EXPECT_EQ(ownBox().defaultButton(), ownBox().button(QMessageBox::No));
+    ownBox().close();
+    EXPECT_TRUE(given.isEmpty());
+    EXPECT_TRUE(dialog<QFileDialog>().isEnabled());
+    accept();
+    ownBox().button(QMessageBox::Yes)->click();
+    EXPECT_EQ(answer(), folder.path("mine.txt").toStdString());
+}
+
+TEST_F(QuestionDialogsTest, TheOpenDialogTakesAFileThatIsThereAndAddsTheSuffixToANameThatIsNotThereWithoutIt) {
     fill(folder.path("mine.OCM"), "1");
     fill(folder.path("plain"), "1");
-    QuestionDialogs questions;
     for (const auto& [typed, taken] :
          {std::pair("mine", "mine.OCM"), std::pair("mine.OCM", "mine.OCM"), std::pair("plain", "plain")}) {
-        const QString name = folder.path(typed);
-        whenAsked<QFileDialog>([name](QFileDialog& dialog) {
-            EXPECT_EQ(dialog.windowTitle().toStdString(), "Open");
-            EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
-            EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
-            dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-            QMetaObject::invokeMethod(&dialog, "accept");
-        });
-        EXPECT_EQ(questions.openFileName(QStringLiteral("Open"), QStringLiteral(".OCM"), QStringLiteral("*.OCM"))
-                      .toStdString(),
-                  folder.path(taken).toStdString());
+        ask(open());
+        auto& files = dialog<QFileDialog>();
+        EXPECT_EQ(files.windowTitle().toStdString(), "Open");
+        EXPECT_EQ(files.acceptMode(), QFileDialog::AcceptOpen);
+        EXPECT_EQ(files.fileMode(), QFileDialog::ExistingFile);
+        nameBox().setText(folder.path(typed));
+        accept();
+        EXPECT_EQ(answer(), folder.path(taken).toStdString());
     }
+}
+
+TEST_F(QuestionDialogsTest, AFileThatIsNotThereIsToldAboveTheOpenDialog) {
+    ask(open());
+    nameBox().setText(folder.path("gone"));
+    accept();
+    EXPECT_FALSE(ownBox().isModal());
+    EXPECT_TRUE(ownBox().text().startsWith(QStringLiteral("gone.OCM\nFile not found."))) << qPrintable(ownBox().text());
+    ownBox().button(QMessageBox::Ok)->click();
+    EXPECT_TRUE(given.isEmpty());
+    EXPECT_TRUE(nameBox().isEnabled()) << "another name can be chosen";
+}
+
+TEST_F(QuestionDialogsTest, AQuestionThatIsTakenBackClosesItsDialogAndCallsNobody) {
+    for (const Question& question : {yesNo(), save(), open()}) {
+        ask(question);
+        standing.reset();
+        EXPECT_TRUE(given.isEmpty());
+        expectNoDialog();
+    }
+    fill(folder.path("mine.txt"), "1");
+    ask(save());
+    nameBox().setText(folder.path("mine"));
+    accept();
+    standing.reset();
+    EXPECT_TRUE(given.isEmpty());
+    expectNoDialog();
+}
+
+TEST_F(QuestionDialogsTest, ADialogIsNotDeletedOutOfALoopThatItRunsItself) {
+    ask(save());
+    QPointer<QFileDialog> files(&dialog<QFileDialog>());
+    // As a menu of the dialog does; the application's own loop is around it.
+    QEventLoop own;
+    QEventLoop outer;
+    QTimer::singleShot(0, &parent, [&] {
+        QTimer::singleShot(0, &parent, [&] {
+            standing.reset();
+            EXPECT_FALSE(files->isVisible());
+            QTimer::singleShot(0, &parent, [&own] { own.quit(); });
+        });
+        own.exec();
+        EXPECT_TRUE(files);
+        QObject::connect(files, &QObject::destroyed, &outer, &QEventLoop::quit);
+    });
+    outer.exec();
+    EXPECT_FALSE(files);
+    EXPECT_TRUE(given.isEmpty());
 }
 
 } // namespace

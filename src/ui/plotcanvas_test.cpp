@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QTimer>
 
 #include <cstdlib>
 
@@ -40,15 +39,14 @@ protected:
 
     /// Presses "Print Graph..." and answers the system's dialog.
     void print(const std::function<void(QPrintDialog& dialog)>& answer) {
-        bool asked = false;
-        QTimer::singleShot(0, window.get(), [&asked, answer] {
-            auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            asked = true;
-            answer(*dialog);
-        });
         button("PrintPicture").click();
-        EXPECT_TRUE(asked);
+        auto* dialog = page.findChild<QPrintDialog*>();
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_FALSE(dialog->isModal());
+        answer(*dialog);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(page.findChild<QPrintDialog*>(), nullptr);
     }
 
     /// An answer that takes the program's page and prints it into a file.
@@ -111,6 +109,17 @@ TEST_F(PlotPictureTest, ACancelledDialogDoesNothing) {
     EXPECT_TRUE(folder.files().isEmpty());
 }
 
+TEST_F(PlotPictureTest, WhileItsNameIsChosenRowsComeAndNoOtherQuestionCanBeAsked) {
+    answers.late = true;
+    item("SavePng").trigger();
+    EXPECT_FALSE(button("SavePicture").isEnabled());
+    append(50);
+    answers.answer(folder.path("a.png"));
+    EXPECT_TRUE(button("SavePicture").isEnabled());
+    EXPECT_TRUE(contentsOf(folder.path("a.png")).startsWith("\x89PNG"));
+    EXPECT_EQ(canvas().graph(0)->dataCount(), 150) << "the rows since are on the picture";
+}
+
 TEST_F(PlotPictureTest, APictureThatCannotBeWrittenIsToldAndTheOldOneStays) {
     EXPECT_TRUE(save("SavePng", "gone/a.png").isEmpty());
     ASSERT_EQ(messages.shown.size(), 1U);
@@ -137,6 +146,12 @@ TEST_F(PlotPictureTest, PrintsOnePageUnlessItIsCancelled) {
     print([](QPrintDialog& dialog) {
         EXPECT_EQ(dialog.printer()->pageLayout().orientation(), QPageLayout::Landscape);
         dialog.reject();
+    });
+    EXPECT_FALSE(QFile::exists(name));
+    print([this](QPrintDialog& dialog) {
+        button("PrintPicture").click();
+        EXPECT_EQ(page.findChildren<QPrintDialog*>().size(), 1) << "one dialog at a time";
+        dialog.close();
     });
     EXPECT_FALSE(QFile::exists(name));
     print(printInto(name));

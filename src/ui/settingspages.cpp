@@ -98,9 +98,11 @@ QWidget* makeModesPage(Program& program) {
     layout->addWidget(view, 6, 0, 1, 2, Qt::AlignLeft);
     layout->setRowStretch(7, 1);
 
+    const CommandState& commands = program.link.session.commands;
     for (QPushButton* button : {profile, moored, load}) {
-        bindEnabled(page->bindings, button, program.link.session.commands.undisturbed);
+        bindEnabled(page->bindings, button, commands.undisturbed);
     }
+    bindEnabled(page->bindings, save, commands.canAsk);
     return page;
 }
 
@@ -357,13 +359,16 @@ QGridLayout* makeAngles(SettingsState& shown) {
 QWidget* makeTrxCalibrationPage(Program& program) {
     auto* page = new SettingsPage("TRX Calibration: Offsets and B calculations", "TrxCalibrationFrame");
     DeviceFiles& files = program.settings.deviceFiles;
+    auto* load = makeButton("&Load Device File", "Command6", [&files] { files.loadDeviceFile(); });
+    auto* save = makeButton("&Save Device File", "Command11", [&files] { files.saveDeviceFile(); });
+    for (QPushButton* button : {load, save}) {
+        bindEnabled(page->bindings, button, program.link.session.commands.canAsk);
+    }
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(20);
     layout->addLayout(makeAngles(program.settings.shown));
     layout->addLayout(makeFoot(page, program.settings.shown.trxProvideRawCounts,
-                               makeOption("Calc &B Values", "CalcBValues"), "TrxProvideRawCounts",
-                               makeButton("&Load Device File", "Command6", [&files] { files.loadDeviceFile(); }),
-                               makeButton("&Save Device File", "Command11", [&files] { files.saveDeviceFile(); })),
+                               makeOption("Calc &B Values", "CalcBValues"), "TrxProvideRawCounts", load, save),
                       1);
     return page;
 }

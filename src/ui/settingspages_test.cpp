@@ -266,6 +266,7 @@ TEST_F(SettingsPagesTest, ANumberTooLargeIsToldWhenTheBoxIsLeftYetSent) {
         EXPECT_TRUE(remark.text().endsWith(QStringLiteral("65536 is more than the maximum of 65535."))) << name;
     }
     click("ApplySettings");
+    finish();
     EXPECT_EQ(written().at(7), "65536\r");
     EXPECT_TRUE(messages.shown.empty());
 }

@@ -164,16 +164,29 @@ TEST_F(SettingsWindowTest, PresentShowsIt) {
 
 TEST_F(SettingsWindowTest, ButtonsDoTheirWork) {
     openSettings();
+    const auto takeReport = [this] {
+        constexpr int linesOfReport = 12;
+        receive(settingsReport("60000"));
+        ticks(linesOfReport);
+        EXPECT_EQ(written(), QByteArrayList{"C"});
+    };
     click("RetrieveSettings");
     EXPECT_EQ(written(), QByteArrayList{"P"});
+    takeReport();
     click("DisplayLoggerTimeDate");
     EXPECT_EQ(written(), QByteArrayList{"C"});
     click("ApplySettings");
+    finish();
     EXPECT_EQ(written().size(), 11U);
+    takeReport();
     click("Profile");
+    finish();
     EXPECT_EQ(written().at(1), "100010");
+    takeReport();
     click("Moored");
+    finish();
     EXPECT_EQ(written().at(1), "100111");
+    takeReport();
     click("SaveAUserDefinedMode");
     click("LoadAUserDefinedMode");
     EXPECT_EQ(answers.asked.size(), 2);
@@ -206,13 +219,21 @@ TEST_F(SettingsWindowTest, WhatWouldDisturbIsDisabledMeanwhile) {
         return names;
     };
     const std::string modes = "Profile Moored LoadAUserDefinedMode ";
-    const std::string harmless = "SaveAUserDefinedMode ViewCurrentSettingsTranscribedAsText Close ";
-    EXPECT_EQ(enabled(), "RetrieveSettings ApplySettings DisplayLoggerTimeDate " + modes + harmless);
-    commands.activity = Activity::Sending;
-    EXPECT_EQ(enabled(), harmless);
+    const std::string harmless = "ViewCurrentSettingsTranscribedAsText Close ";
+    const std::string all = "RetrieveSettings ApplySettings DisplayLoggerTimeDate " + modes + "SaveAUserDefinedMode ";
+    EXPECT_EQ(enabled(), all + harmless);
+    for (const Activity activity : {Activity::Sending, Activity::ReadingSettings}) {
+        commands.activity = activity;
+        EXPECT_EQ(enabled(), "SaveAUserDefinedMode " + harmless);
+    }
     commands.activity = Activity::None;
+    answers.late = true;
+    click("SaveAUserDefinedMode");
+    EXPECT_EQ(enabled(), harmless) << "one question at a time";
+    answers.answer({});
+    EXPECT_EQ(enabled(), all + harmless);
     ports.close();
-    EXPECT_EQ(enabled(), modes + harmless);
+    EXPECT_EQ(enabled(), modes + "SaveAUserDefinedMode " + harmless);
 }
 
 TEST_F(SettingsWindowTest, ToolTipsTellWhatAControlDoes) {

@@ -140,20 +140,14 @@ QGroupBox* StatusPage::makeStatusBox(const StatusState& shown) {
     shutterRow->addStretch(1);
     layout->addWidget(notice);
 
-    bindings_.bind(shown.status, [status](const QString& text) {
-        status->setText(text);
-        status->repaint(); // a procedure that does not yield may follow
-    });
-    const auto showUnlessEmpty = [this](const QProperty<QString>& text, auto* control, bool atOnce = false) {
-        bindings_.bind(text, [control, atOnce](const QString& now) {
+    bindText(bindings_, status, shown.status);
+    const auto showUnlessEmpty = [this](const QProperty<QString>& text, auto* control) {
+        bindings_.bind(text, [control](const QString& now) {
             control->setText(now);
             control->setVisible(!now.isEmpty());
-            if (atOnce) {
-                control->repaint();
-            }
         });
     };
-    showUnlessEmpty(shown.shutterProgress, shutter, true);
+    showUnlessEmpty(shown.shutterProgress, shutter);
     showUnlessEmpty(shown.shutterCountdown, countdown);
     showUnlessEmpty(shown.notice, notice);
     return box;

@@ -1,27 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/windowrig.h"
+#include "ui/messageboxes.h"
 
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 
 namespace orv {
 namespace {
 
-class WaitingTest : public WindowTest {
+class EndTest : public WindowTest {
 protected:
-    /// What happens when the program has long begun to wait for input, and when that has been handled.
-    void whileWaiting(
-        const std::function<void()>& begun, const std::function<void()>& later = [] {}) {
-        atWait = [begun, later](int count) {
-            if (count == 100) {
-                begun();
-            } else if (count == 300) {
-                later();
-            }
-        };
-    }
+    bool hasEnded() const { return ended == 1 && !window->isVisible(); }
+
+    int ended = 0;
+    Subscription countingEnds = program.ended.subscribe([this] { ++ended; });
 };
 
-class ManualDialogTest : public WaitingTest {
+class ManualDialogTest : public EndTest {
 protected:
     QDialog& dialog = find<QDialog>("ManualConnection");
     std::string text() { return find<QPlainTextEdit>("ManualText").toPlainText().toStdString(); }
@@ -48,16 +44,14 @@ TEST_F(ManualDialogTest, ProceedAndStartConnect) {
     EXPECT_EQ(text(), "Shut power off of sensor. Press (Start) then turn power on.");
     EXPECT_FALSE(button("ManualProceed").isVisible());
     EXPECT_TRUE(button("ManualStart").isVisible());
-    constexpr int longAfterAnAttempt = 12000;
-    atWait = [this](int wait) {
-        if (wait == longAfterAnAttempt) {
-            EXPECT_FALSE(button("ManualStart").isEnabled());
-            EXPECT_FALSE(button("ManualRetry").isEnabled());
-            replies = {"F310\r"};
-        }
-    };
     button("ManualStart").click();
-    EXPECT_GE(waits, longAfterAnAttempt);
+    constexpr double longAfterAnAttempt = 12.0;
+    live(longAfterAnAttempt);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(button("ManualStart").isEnabled());
+    EXPECT_FALSE(button("ManualRetry").isEnabled());
+    com1.input = "F310\r";
+    finish();
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
     EXPECT_EQ(status.firmware.value().toStdString(), "310");
@@ -67,6 +61,7 @@ TEST_F(ManualDialogTest, RetryConnectsAndTheDialogStays) {
     item("ManualConnect1").trigger();
     replies = {"V512\r"};
     button("ManualRetry").click();
+    finish();
     EXPECT_TRUE(com1.isOpen());
     EXPECT_TRUE(dialog.isVisible());
 }
@@ -91,87 +86,70 @@ TEST_F(ManualDialogTest, ClosingItByItsFrameIsQuit) {
 /// A manual connection that waits for its instrument, with the operator's clicks meanwhile.
 class SeekingTest : public ManualDialogTest {
 protected:
-    void seek() {
+    SeekingTest() {
         item("ManualConnect1").trigger();
         button("ManualProceed").click();
         button("ManualStart").click();
+        live(2.0);
+        EXPECT_TRUE(com1.isOpen());
+        said();
     }
 
     void expectEnded() {
-        EXPECT_LT(waits, mostWaits);
         EXPECT_FALSE(com1.isOpen());
+        EXPECT_TRUE(com1.writes.empty());
+        EXPECT_TRUE(procedures.isIdle());
+        EXPECT_EQ(status.status.value().toStdString(), "Offline");
     }
 };
 
-TEST_F(SeekingTest, TheDialogsQuitEndsItAndNothingElseTakesInput) {
-    std::string saidMeanwhile;
-    whileWaiting(
-        [&] {
-            said();
-            EXPECT_TRUE(button("ResetButton").isEnabled());
-            postClick(button("ResetButton"));
-            QCoreApplication::postEvent(
-                window.get(), new QKeyEvent(QEvent::KeyPress, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier));
-        },
-        [&] {
-            saidMeanwhile = said();
-            postClick(button("ManualQuit"));
-        });
-    seek();
-    EXPECT_EQ(saidMeanwhile, "");
-    EXPECT_EQ(state.trouble, 0);
+TEST_F(SeekingTest, TheDialogsQuitEndsIt) {
+    postClick(button("ManualQuit"));
+    QCoreApplication::processEvents();
     expectEnded();
-    EXPECT_EQ(status.status.value().toStdString(), "Offline");
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_TRUE(com1.writes.empty());
 }
 
 TEST_F(SeekingTest, ClosingTheDialogEndsIt) {
-    whileWaiting([this] {
-        QCoreApplication::postEvent(&dialog, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
-    });
-    seek();
+    QCoreApplication::postEvent(&dialog, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    QCoreApplication::processEvents();
     expectEnded();
-    EXPECT_EQ(status.status.value().toStdString(), "Offline");
+    EXPECT_FALSE(dialog.isVisible());
 }
 
-TEST_F(SeekingTest, ClosingTheWindowEndsItAndThenTheProgram) {
-    whileWaiting([this] { QTimer::singleShot(0, window.get(), [this] { window->close(); }); });
-    seek();
+TEST_F(SeekingTest, TheMainWindowLives) {
+    QCoreApplication::postEvent(window.get(),
+                                new QKeyEvent(QEvent::KeyPress, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(state.trouble, 1);
+    EXPECT_TRUE(com1.isOpen());
+    postClick(button("ResetButton"));
+    QCoreApplication::processEvents();
     expectEnded();
-    EXPECT_FALSE(window->isVisible());
-    EXPECT_TRUE(windowEvents.programEnding());
+    EXPECT_TRUE(dialog.isVisible()) << "to seek again";
+    EXPECT_TRUE(button("ManualProceed").isVisible());
 }
 
-TEST_F(WaitingTest, TheWindowLivesDuringAnAutomaticAttempt) {
-    bool timerRan = false;
-    bool labelDrawn = false;
-    whileWaiting([&] { QTimer::singleShot(0, window.get(), [&timerRan] { timerRan = true; }); },
-                 [&] {
-                     labelDrawn = text("Label20") == "Connecting...";
-                     replies = {"V512\r"};
-                 });
+TEST_F(SeekingTest, ClosingTheWindowEndsItAndTheProgram) {
+    window->close();
+    EXPECT_FALSE(com1.isOpen());
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_TRUE(hasEnded());
+}
+
+TEST_F(EndTest, TheWindowLivesDuringAnAutomaticAttempt) {
     item("AutoConnect1").trigger();
+    bool timerRan = false;
+    QTimer::singleShot(0, window.get(), [&timerRan] { timerRan = true; });
+    live(1.5);
     EXPECT_TRUE(timerRan);
-    EXPECT_TRUE(labelDrawn);
+    EXPECT_EQ(text("Label20"), "Connecting...");
+    com1.input = "V512\r";
+    finish();
     EXPECT_EQ(state.Ctrlscrn, Operation::Identified);
 }
 
-TEST_F(WaitingTest, ClosingTheWindowDuringAnAutomaticAttemptEndsTheProgramBehindIt) {
-    bool openAfterClosing = false;
-    whileWaiting([&] {
-        window->close();
-        openAfterClosing = window->isVisible();
-        replies = {"V512\r"};
-    });
-    item("AutoConnect1").trigger();
-    EXPECT_TRUE(openAfterClosing);
-    EXPECT_FALSE(window->isVisible());
-    EXPECT_TRUE(windowEvents.programEnding());
-    EXPECT_TRUE(com1.writes.empty()) << "nothing is sent behind the end";
-}
-
-class ClosingTest : public WindowTest {
+class ClosingTest : public EndTest {
 protected:
     void collectRow() {
         connectAndRead();
@@ -180,8 +158,6 @@ protected:
         ASSERT_EQ(program.sheet.data.rowCount(), 1);
         said();
     }
-
-    bool hasEnded() const { return windowEvents.programEnding() && !window->isVisible(); }
 };
 
 TEST_F(ClosingTest, WithNothingUnsavedTheWindowCloses) {
@@ -203,11 +179,25 @@ TEST_F(ClosingTest, ACancelledSaveKeepsTheWindowAndTheRun) {
     collectRow();
     answers.yes = true;
     window->close();
-    EXPECT_FALSE(windowEvents.programEnding());
+    EXPECT_EQ(ended, 0);
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
     receiveRow();
     EXPECT_EQ(program.sheet.data.rowCount(), 2);
+}
+
+TEST_F(ClosingTest, WhileTheQuestionStandsTheRunGoesOnAndAnotherWishAsksAgain) {
+    collectRow();
+    answers.late = true;
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+    receiveRow();
+    EXPECT_EQ(program.sheet.data.rowCount(), 2);
+    item("Quit").trigger();
+    EXPECT_EQ(answers.asked.size(), 2);
+    EXPECT_EQ(ended, 0);
+    answers.answer(Question::no());
+    EXPECT_TRUE(hasEnded());
 }
 
 TEST_F(ClosingTest, QuitAnnouncesItselfAndSaves) {
@@ -216,7 +206,7 @@ TEST_F(ClosingTest, QuitAnnouncesItselfAndSaves) {
     answers.fileName = folder.path("sheet.txt");
     item("Quit").trigger();
     EXPECT_EQ(said(), "Exit\rSave Spread Sheet\rSaving TRX(S) Sheet\r");
-    EXPECT_TRUE(windowEvents.programEnding());
+    EXPECT_TRUE(hasEnded());
     EXPECT_TRUE(contentsOf(folder.path("sheet.txt")).startsWith("V\t512 1\r\n"));
 }
 
@@ -225,17 +215,129 @@ TEST_F(ClosingTest, QuitWhoseSaveIsCancelledKeepsTheProgram) {
     answers.yes = true;
     item("Quit").trigger();
     EXPECT_EQ(said(), "Exit\rSave Spread Sheet\r");
-    EXPECT_FALSE(windowEvents.programEnding());
+    EXPECT_EQ(ended, 0);
     EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(ClosingTest, QuitDuringTheWakeUpPulseEndsAtOnceAndSendsNothing) {
-    QTimer::singleShot(0, window.get(), [this] { item("Quit").trigger(); });
-    item("AutoConnect1").trigger();
-    EXPECT_TRUE(windowEvents.programEnding());
-    EXPECT_FALSE(com1.isOpen());
-    EXPECT_TRUE(com1.writes.empty());
-    EXPECT_EQ(waits, 0);
+TEST_F(ClosingTest, EveryWindowGoesWithTheProgram) {
+    connectAndRead();
+    openSettings("Modes");
+    item("About").trigger();
+    item("DownloadView").trigger();
+    EXPECT_TRUE(find<QDialog>("Processing").isVisible());
+    window->close();
+    EXPECT_TRUE(hasEnded());
+    for (const QWidget* widget : QApplication::topLevelWidgets()) {
+        EXPECT_FALSE(widget->isVisible()) << qPrintable(widget->objectName());
+    }
+}
+
+/// The program as the operator has it: its questions and messages are dialogs.
+class RealDialogsTest : public testing::Test {
+protected:
+    RealDialogsTest() {
+        questions.setParent(&window);
+        messages.setParent(&window);
+        program.link.ports.setDevice(1, QStringLiteral("ttyA"));
+        window.show();
+        program.autoConnect1();
+        clock.advance(1100);
+        port.input = "V512\r";
+        clock.advance(300);
+        port.input = settingsReport();
+        clock.advance(100);
+        port.input = "C\r\n11/21/26\t25661\r\n>";
+        clock.advance(100);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(program.link.session.status.status.value().toStdString(), "Ready");
+    }
+
+    /// A click as the window system delivers it.
+    void click(const char* name) {
+        postClick(control<QPushButton>(window, name));
+        QCoreApplication::processEvents();
+    }
+    /// The titles of the dialogs that can be seen, in the order of the alphabet.
+    static std::string shown() {
+        QStringList titles;
+        for (const QWidget* widget : QApplication::topLevelWidgets()) {
+            if (widget->isVisible() && qobject_cast<const QDialog*>(widget) != nullptr) {
+                titles << widget->windowTitle();
+            }
+        }
+        titles.sort();
+        return titles.join(u'|').toStdString();
+    }
+    static QFileDialog& fileDialog() {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (auto* dialog = qobject_cast<QFileDialog*>(widget); dialog != nullptr && dialog->isVisible()) {
+                return *dialog;
+            }
+        }
+        throw std::logic_error("no file dialog is shown");
+    }
+
+    OwnFolder folder;
+    TestClock clock;
+    TestPort port;
+    MessageBoxes messages;
+    QuestionDialogs questions;
+    Program program{{.clock = clock, .messages = messages, .questions = questions, .makePort = [this](const QString&) {
+                         return std::make_unique<TestPort>(&port);
+                     }}};
+    MainWindow window{program};
+    int read = 0;
+    Subscription ended = program.ended.subscribe([this] { messages.whenRead([this] { ++read; }); });
+};
+
+TEST_F(RealDialogsTest, ADialogThatStandsLeavesTheWindowAlive) {
+    program.selectUpperTab(QStringLiteral("Output: Spread Sheet"));
+    click("Command11");
+    EXPECT_EQ(shown(), "Save as");
+    EXPECT_FALSE(control<QPushButton>(window, "Command11").isEnabled());
+    EXPECT_FALSE(control<QPushButton>(window, "Command10").isEnabled());
+    EXPECT_TRUE(control<QAction>(window, "Quit").isEnabled());
+    program.selectUpperTab(QStringLiteral("Status and Controls"));
+    click("ResetButton");
+    EXPECT_EQ(program.link.session.status.status.value().toStdString(), "Connecting...");
+    EXPECT_EQ(shown(), "Save as") << "the rows can be saved without the instrument";
+    fileDialog().reject();
+    EXPECT_EQ(shown(), "");
+    EXPECT_TRUE(control<QPushButton>(window, "Command10").isEnabled());
+}
+
+TEST_F(RealDialogsTest, ADialogOfTheConnectionGoesWithIt) {
+    control<QAction>(window, "DownloadText").trigger();
+    EXPECT_NE(shown().find("Save as"), std::string::npos);
+    control<QAction>(window, "ClosePort").trigger();
+    EXPECT_EQ(shown(), "");
+    EXPECT_FALSE(port.isOpen());
+}
+
+TEST_F(RealDialogsTest, ADialogStandsAboveTheWindowThatItCameFrom) {
+    program.showSettingsForm();
+    SettingsWindow& settings = *window.settingsWindow();
+    QApplication::setActiveWindow(&settings);
+    settings.chooseTab(QStringLiteral("Modes"));
+    control<QPushButton>(settings, "SaveAUserDefinedMode").click();
+    EXPECT_EQ(fileDialog().parentWidget(), &settings);
+    window.close();
+    EXPECT_EQ(shown(), "") << "the end takes it back";
+}
+
+TEST_F(RealDialogsTest, QuitTakesTheQuestionBackAndWhatItsEndTellsStaysUntilItIsRead) {
+    messages.show(operatorWarning(QStringLiteral("From before.")));
+    program.vwhp();
+    EXPECT_EQ(shown(), "ORV Host Program|Processing");
+    control<QAction>(window, "Quit").trigger();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(read, 0);
+    ASSERT_EQ(MessageBoxes::unreadIn(window).size(), 1);
+    QMessageBox& last = *MessageBoxes::unreadIn(window).front();
+    EXPECT_TRUE(last.text().startsWith(QStringLiteral("The download is incomplete"))) << qPrintable(last.text());
+    EXPECT_EQ(shown(), "ORV Host Program");
+    last.button(QMessageBox::Ok)->click();
+    EXPECT_EQ(read, 1) << "now the program exits";
 }
 
 } // namespace

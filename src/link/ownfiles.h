@@ -12,10 +12,7 @@ class OwnFilesKept final : public OperatorQuestions {
 public:
     OwnFilesKept(OperatorQuestions& asked, const Session& session);
 
-    bool askYesNo(const QString& title, const QString& text) override;
-    QString saveFileName(const QString& title, const QString& presetName, const QString& suffix,
-                         const QString& filter) override;
-    QString openFileName(const QString& title, const QString& suffix, const QString& filter) override;
+    [[nodiscard]] Subscription ask(const Question& question, Answered answered) override;
 
 private:
     bool isOwn(const QString& name) const;

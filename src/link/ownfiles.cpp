@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/ownfiles.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace orv {
+
+namespace {
+
+/// Where the name leads to in the end, whether or not the file is there.
+QString placeOf(const QString& name) {
+    const QFileInfo file(name);
+    if (file.exists()) {
+        return file.canonicalFilePath();
+    }
+    const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
+    return folder.isEmpty() ? file.absoluteFilePath() : folder + u'/' + file.fileName();
+}
+
+} // namespace
+
+OwnFilesKept::OwnFilesKept(OperatorQuestions& asked, const Session& session)
+    : asked_(asked)
+    , session_(session) {}
+
+bool OwnFilesKept::isOwn(const QString& name) const {
+    const FileNames& own = session_.fileNames;
+    const QStringList names{own.record, own.record + QLatin1String(".lock"), own.log};
+    const QString wanted = placeOf(name);
+    return std::any_of(names.begin(), names.end(), [&wanted](const QString& candidate) {
+        return !candidate.isEmpty() && placeOf(candidate).compare(wanted, Qt::CaseInsensitive) == 0;
+    });
+}
+
+Subscription OwnFilesKept::ask(const Question& question, Answered answered) {
+    if (question.kind != Question::Kind::SaveName) {
+        return asked_.ask(question, std::move(answered));
+    }
+    return asked_.ask(question, [this, title = question.title, answered = std::move(answered)](const QString& name) {
+        const bool own = !name.isEmpty() && isOwn(name);
+        if (own) {
+            session_.messages.show(
+                operatorWarning(QStringLiteral("%1 is a file that this program writes itself while it runs, so "
+                                               "nothing can be saved there.\n\nSave again under another name.")
+                                    .arg(QFileInfo(name).absoluteFilePath()),
+                                title));
+        }
+        answered(own ? QString() : name);
+    });
+}
+
+} // namespace orv

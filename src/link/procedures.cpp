@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/procedures.h"
+
+#include "base/runtimeerror.h"
+
+#include <exception>
+
+namespace orv {
+
+void Procedures::start(const QString& operation, const Procedure& procedure) {
+    if (isIdle()) {
+        runAlone(operation, procedure);
+    }
+}
+
+void Procedures::startBeside(const QString& operation, const Procedure& procedure) {
+    run(operation, procedure);
+}
+
+Task<> Procedures::runAlone(QString operation, Procedure procedure) {
+    running = true;
+    co_await run(operation, procedure);
+    running = false;
+}
+
+Task<> Procedures::run(QString operation, Procedure procedure) {
+    try {
+        co_await procedure();
+    } catch (const ConnectionEnded&) {
+        co_return; // whoever ended it has told the operator
+    } catch (const RuntimeError& error) {
+        session_.messages.show(runtimeErrorMessage(error, operation));
+    } catch (const std::exception& error) {
+        session_.messages.show(
+            operatorWarning(QStringLiteral("%1 has ended: %2.\n\nSave the sheet and start the program again.")
+                                .arg(operation, QString::fromLocal8Bit(error.what()))));
+    }
+}
+
+} // namespace orv
