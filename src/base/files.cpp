@@ -16,6 +16,14 @@
 
 namespace orv {
 
+QString errorText(const QIODevice& device) {
+    QString text = device.errorString().trimmed();
+    while (text.endsWith(u'.')) {
+        text.chop(1);
+    }
+    return text;
+}
+
 QString appendWhole(QFile& file, const QByteArray& bytes) {
     const qint64 before = file.size();
     qint64 written = 0;
@@ -30,7 +38,7 @@ QString appendWhole(QFile& file, const QByteArray& bytes) {
     if (written == bytes.size()) {
         return {};
     }
-    QString reason = file.errorString();
+    QString reason = errorText(file);
     file.resize(before);
     file.seek(before);
     return reason;
@@ -49,7 +57,7 @@ QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* k
     }
     QFile file(path);
     if (!file.rename(info.dir().filePath(name))) {
-        return file.errorString();
+        return errorText(file);
     }
     if (keptAs != nullptr) {
         *keptAs = file.fileName();
@@ -70,14 +78,14 @@ void syncToDisk(int fileHandle) {
 QString writeWholeFile(const QString& name, const QByteArray& bytes, const std::optional<QDateTime>& keepOlder) {
     QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
-        return file.errorString();
+        return errorText(file);
     }
     // Only now that the new one is whole, so that a failure leaves the older one where it is.
     const QString reason = keepOlder ? keepUnderDatedName(name, *keepOlder) : QString();
     if (!reason.isEmpty()) {
         return QStringLiteral("the older file of that name could not be kept (%1)").arg(reason);
     }
-    return file.commit() ? QString() : file.errorString();
+    return file.commit() ? QString() : errorText(file);
 }
 
 Message fileNotSaved(const QString& title, const QString& name, const QString& reason) {

@@ -12,6 +12,10 @@
 
 namespace orv {
 
+/// What the system says of a device's last error, to stand in a sentence of the program: without a full stop at its
+/// end, which some systems put.
+QString errorText(const QIODevice& device);
+
 /// Appends all of `bytes` to an open unbuffered file, or nothing: after a failure (disk full) the file ends as before.
 /// Returns the empty text, or why it failed.
 QString appendWhole(QFile& file, const QByteArray& bytes);

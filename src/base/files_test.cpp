@@ -80,6 +80,28 @@ TEST(KeptFile, FilesKeptInTheSameSecondGetFurtherNumbers) {
     EXPECT_EQ(contentsOf(folder.path("Orvtemp-20261121-093015-3.tmp")), QByteArray("third"));
 }
 
+/// A device whose system says that.
+class FailedDevice : public QIODevice {
+public:
+    explicit FailedDevice(const char* text) { setErrorString(QString::fromLatin1(text)); }
+
+protected:
+    qint64 readData(char* /*data*/, qint64 /*most*/) override { return -1; }
+    qint64 writeData(const char* /*data*/, qint64 /*size*/) override { return -1; }
+};
+
+TEST(ErrorText, EndsWithoutAFullStop) {
+    const std::pair<const char*, const char*> cases[] = {{"File not found.", "File not found"},
+                                                         {"No such file or directory", "No such file or directory"},
+                                                         {"Access is denied. \r\n", "Access is denied"},
+                                                         {"Line 1. Line 2.", "Line 1. Line 2"},
+                                                         {"Please wait...", "Please wait"},
+                                                         {"", "Unknown error"}};
+    for (const auto& [said, told] : cases) {
+        EXPECT_EQ(errorText(FailedDevice(said)).toStdString(), told);
+    }
+}
+
 TEST(KeptFile, NothingToKeepIsNoFailure) {
     const OwnFolder folder;
     EXPECT_EQ(keepUnderDatedName(folder.path("Orvtemp.tmp"), moment), QString());

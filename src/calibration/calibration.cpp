@@ -5,6 +5,7 @@
 #include "base/runtimeerror.h"
 #include "base/text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace orv {
@@ -51,7 +52,25 @@ void Calibration::show(const QString& operation, int position) {
     }
 }
 
+/// Says which columns are averaged if they are not the angles; else takes back what it has said.
+void Calibration::tellColumns() {
+    const QString begin = QStringLiteral("Columns 3 to 5 of this sheet are ");
+    QStringList columns;
+    for (int column = sheetcolumn::firstValue; column < sheetcolumn::firstValue + channelCount; ++column) {
+        const QString name = sheet_.columnNames().value(column);
+        columns << (name.isEmpty() ? QStringLiteral("empty") : name);
+    }
+    const bool angles = std::equal(columns.begin(), columns.end(), channelAngles.begin(),
+                                   [](const QString& name, const char* angle) { return name == QLatin1String(angle); });
+    if (!angles && sheet_.rowCount() > 0) {
+        shown.message = begin + columns.join(QLatin1String(", ")) + u'.';
+    } else if (shown.message.value().startsWith(begin)) {
+        shown.message = QString();
+    }
+}
+
 void Calibration::compute() {
+    tellColumns();
     const int row = shown.selectedRow;
     for (int channel = 0; channel < channelCount; ++channel) {
         const double channelMean = mean(sheetcolumn::firstValue + channel);
@@ -86,7 +105,11 @@ double Calibration::derivedPoint(int row, int channel) const {
         return leadingNumber(shown.reference.at(referenceRow, channel).value());
     };
     const double previous = leadingNumber(shown.worksheet.at(row - 1, channel).value());
-    return std::floor(reference(point) * integerDivide(previous, reference(point - 1)));
+    const double derived = std::floor(reference(point) * integerDivide(previous, reference(point - 1)));
+    if (!std::isfinite(derived)) {
+        throw RuntimeError(RuntimeError::Kind::Overflow);
+    }
+    return derived;
 }
 
 namespace {

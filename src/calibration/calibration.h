@@ -37,10 +37,11 @@ public:
     /// `Command12`, "Calc DP". Writes the mean of the sheet's columns 3, 4 and 5 over its rows into the selected
     /// row of the worksheet; for Point k also the derived point Int(Rk * (P \ Rk-1)), P being the box above and R the
     /// reference values of the same channel. Then keeps the worksheet for the current instrument. With no row selected
-    /// nothing is written, only kept.
+    /// nothing is written, only kept. If those columns are not the three scattering channels, the message box says what
+    /// they are.
     ///
-    /// Ends with DivisionByZero (no rows; a reference of 0) or Overflow: what was written before stays and the
-    /// worksheet is not kept, or not wholly if a value of it does not fit.
+    /// Ends with DivisionByZero (no rows; a reference of 0) or Overflow (a result that is no number, too): what was
+    /// written before stays and the worksheet is not kept, or not wholly if a value of it does not fit.
     void calcdp();
 
     /// `Command14`, "Save Cal Info". Writes the report to the file that the operator names. A cancelled dialog writes
@@ -54,6 +55,7 @@ private:
     int count() const { return static_cast<int>(shown.instruments.value().size()); }
     void show(const QString& operation, int position);
     void compute();
+    void tellColumns();
     double mean(int sheetColumn);
     double derivedPoint(int row, int channel) const;
     Task<> askAndSave();

@@ -259,6 +259,52 @@ TEST_F(ComputationTest, ASumBeyond32BitsOverflows) {
     EXPECT_EQ(rowText(Air), "  ");
 }
 
+TEST_F(ComputationTest, AResultThatIsNoNumberIsAnOverflow) {
+    fill(shown.worksheet, "0 0 0/100 100 100/0 0 0/0 0 0/0 0 0/0 0 0");
+    const QString beyond = QStringLiteral("1") + QString(400, u'0');
+    for (const auto& [reference, previous] : {std::pair(beyond, "100"), std::pair(u'-' + beyond, "100"),
+                                              std::pair(beyond, "0"), std::pair(QStringLiteral("1e308"), "1000")}) {
+        fill(shown.reference, "1 1 1/1 1 1/1 1 1/1 1 1/1 1 1");
+        shown.reference.at(1, 0) = reference;
+        shown.worksheet.at(Clean, 0) = QString::fromLatin1(previous);
+        messages.shown.clear();
+        compute(Point1, {"7 8 9"});
+        EXPECT_EQ(lastError(), error("Overflow")) << qPrintable(reference);
+        EXPECT_EQ(results(), "  ");
+        EXPECT_EQ(shown.worksheet.at(Point1, 0).value().toStdString(), "7") << "what was written before stays";
+    }
+    compute(Air, {"1e999 1 1"});
+    EXPECT_EQ(lastError(), error("Overflow"));
+    EXPECT_EQ(rowText(Air), "0 0 0");
+}
+
+TEST_F(ComputationTest, ColumnsThatAreNotTheAnglesAreNamed) {
+    const auto averaged = [this](const char* letter, double firmware, HeaderPlace place) {
+        sheet.removeRows();
+        const DataSheet::Type type{.letter = QString::fromLatin1(letter), .firmware = firmware};
+        sheet.setHeader(type, headerRow(place, type.layout()));
+        compute(Air, {"2 4 6", "4 6 8"});
+        EXPECT_EQ(rowText(Air), "3 5 7") << "to the letter";
+        EXPECT_EQ(lastError(), "");
+        return shown.message.value().toStdString();
+    };
+    EXPECT_EQ(averaged("V", 512, HeaderPlace::GridOnOpening), "");
+    EXPECT_EQ(averaged("V", 412, HeaderPlace::GridOnOpening), "Columns 3 to 5 of this sheet are 100, Ref 100, 125.");
+    EXPECT_EQ(averaged("V", 412, HeaderPlace::GridOnClearing), "Columns 3 to 5 of this sheet are 100, Ref1, 125.");
+    EXPECT_EQ(averaged("F", 310, HeaderPlace::GridOnOpening), "Columns 3 to 5 of this sheet are Output, empty, empty.");
+    EXPECT_EQ(averaged("V", 512, HeaderPlace::GridOnClearing), "") << "taken back";
+    shown.message = QStringLiteral("SELECT A COLOR");
+    EXPECT_EQ(averaged("V", 512, HeaderPlace::GridOnOpening), "SELECT A COLOR");
+    sheet.setHeader({.letter = QStringLiteral("F"), .firmware = 310.0}, QStringList());
+    compute(Air, {});
+    EXPECT_EQ(shown.message.value().toStdString(), "SELECT A COLOR") << "the rows are those of the TRX";
+    averaged("F", 310, HeaderPlace::GridOnOpening);
+    sheet.removeRows();
+    compute(Air, {});
+    EXPECT_EQ(lastError(), error("Division by zero"));
+    EXPECT_EQ(shown.message.value().toStdString(), "") << "no column was averaged";
+}
+
 TEST_F(ComputationTest, TheSheetIsLeftOnTheLastCellVisited) {
     fillSheet({QStringLiteral("1 2 3"), QStringLiteral("1 2 3")});
     actions.calcdp();

@@ -27,7 +27,8 @@ OwnFilesKept::OwnFilesKept(OperatorQuestions& asked, const Session& session)
 
 bool OwnFilesKept::isOwn(const QString& name) const {
     const FileNames& own = session_.fileNames;
-    const QStringList names{own.record, own.record + QLatin1String(".lock"), own.log};
+    const QStringList names{own.record, own.record + QLatin1String(".lock"), own.record + QLatin1String(".saved"),
+                            own.log};
     const QString wanted = placeOf(name);
     return std::any_of(names.begin(), names.end(), [&wanted](const QString& candidate) {
         return !candidate.isEmpty() && placeOf(candidate).compare(wanted, Qt::CaseInsensitive) == 0;

@@ -6,8 +6,8 @@
 namespace orv {
 
 /// Passes every question on. When the operator chooses to save over a file that the program itself is writing (the
-/// record file of the run, the log, and their locks), the operator is told so and the choice counts as cancelled: the
-/// later rows of the run would go to a file that is gone.
+/// record file of the run, the log, and what stands beside them), the operator is told so and the choice counts as
+/// cancelled: the later rows of the run would go to a file that is gone.
 class OwnFilesKept final : public OperatorQuestions {
 public:
     OwnFilesKept(OperatorQuestions& asked, const Session& session);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/poll.h"
 
+#include "base/files.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -9,7 +11,7 @@ namespace orv {
 QString ProgramLog::open(const QString& path) {
     file_.setFileName(path);
     return file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) ? QString()
-                                                                                          : file_.errorString();
+                                                                                          : errorText(file_);
 }
 
 QString ProgramLog::write(const QByteArray& block) {
@@ -21,7 +23,7 @@ QString ProgramLog::write(const QByteArray& block) {
         failureTold_ = false;
         return {};
     }
-    return std::exchange(failureTold_, true) ? QString() : file_.errorString();
+    return std::exchange(failureTold_, true) ? QString() : errorText(file_);
 }
 
 Poll::Poll(Session& session, ComPorts& ports, DebugState& debug)

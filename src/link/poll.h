@@ -21,6 +21,9 @@ public:
     /// written again. Nothing happens if the log is not open.
     QString write(const QByteArray& block);
 
+    /// A failure that goes on is told once more.
+    void forgetToldFailure() { failureTold_ = false; }
+
 private:
     QFile file_;
     bool failureTold_ = false;

@@ -39,7 +39,8 @@ CommandState::CommandState() {
     const auto sheetAtRest = [this] {
         return activity.value() != Activity::Collecting && activity.value() != Activity::Downloading && canAsk.value();
     };
-    canClearAll.setBinding([this, sheetAtRest] { return clearAllEnabled.value() && sheetAtRest(); });
+    canClearAll.setBinding(
+        [this, sheetAtRest] { return (clearAllEnabled.value() || sheetHoldsRows.value()) && sheetAtRest(); });
     canSaveAs.setBinding([this] { return (saveAsEnabled.value() || sheetHoldsRows.value()) && canAsk.value(); });
     canOpenSheet.setBinding([sheetAtRest] { return sheetAtRest(); });
     canResetShutter.setBinding([this] { return resetShutterEnabled.value() && canCommand.value(); });

@@ -117,8 +117,9 @@ struct CommandState {
     QProperty<bool> undisturbed;
     QProperty<bool> canAsk; ///< No question stands.
     QProperty<bool> canRun;
+    /// A reset disables both, yet rows on the sheet can always be cleared and saved.
     QProperty<bool> canClearAll;
-    QProperty<bool> canSaveAs; ///< A reset disables "Save As", yet rows on the sheet can always be saved.
+    QProperty<bool> canSaveAs;
     QProperty<bool> canOpenSheet;
     QProperty<bool> canResetShutter;
 };

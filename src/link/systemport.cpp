@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/systemport.h"
 
+#include "base/files.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
@@ -191,7 +193,7 @@ void SystemPort::noteError(QSerialPort::SerialPortError error) {
     }
     failure_ = error == QSerialPort::ResourceError || error == QSerialPort::ReadError
                    ? QStringLiteral("The device is gone: the cable was pulled or the adapter switched off.")
-                   : QStringLiteral("The system says: %1.").arg(port_.errorString());
+                   : QStringLiteral("The system says: %1.").arg(errorText(port_));
     tellStirred();
 }
 
@@ -199,7 +201,7 @@ QString SystemPort::openFailure() const {
     const QString path = devicePath(port_);
     const QFileInfo file(path);
     OpenFailureFacts facts;
-    facts.systemText = port_.errorString();
+    facts.systemText = errorText(port_);
     facts.exists = file.exists() || (!QDir::isAbsolutePath(path) && !QSerialPortInfo(port_).isNull());
     facts.accessible = true;
 #ifdef Q_OS_UNIX

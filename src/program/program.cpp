@@ -16,8 +16,9 @@ Program::Program(const Surroundings& surroundings)
     , shutter(link, settings.shown, settings.reader, settings.sender)
     , subscriptions_{link.timer.tick.subscribe([this] { tick(); }),
                      link.connection.aboutToClose.subscribe([this] { closeRecordFile(); }),
+                     link.connection.identified.subscribe([this] { forgetToldErrors(); }),
                      link.connection.wasReset.subscribe([this] {
-                         tickErrorsTold_.clear();
+                         forgetToldErrors();
                          pages.shown = pageOfCaption(pages.upperCaption);
                      })} {}
 
@@ -57,6 +58,7 @@ void Program::manualConnect(int portNumber) {
 void Program::closePort() {
     act("Close Port", [this] {
         link.connection.closePort();
+        forgetToldErrors();
         // The debug frame is hidden; an empty window would help nobody.
         if (pages.shown.value() == Page::Debug) {
             pages.shown = pageOfCaption(pages.upperCaption);
@@ -81,8 +83,10 @@ void Program::abort2() {
 
 void Program::run() {
     act("Run", [this] {
-        prepareSheet();
-        sheet.run.run1();
+        tickErrorsTold_.clear(); // what ended the operation before is worth telling again
+        if (sheet.prepare()) {
+            sheet.run.run1();
+        }
     });
 }
 
@@ -109,8 +113,10 @@ void Program::downloadText() {
 
 void Program::vwhp() {
     act("Download Stored Data", [this] {
-        prepareSheet();
-        sheet.download.vwhp();
+        tickErrorsTold_.clear();
+        if (sheet.prepare()) {
+            sheet.download.vwhp();
+        }
     });
 }
 
@@ -185,17 +191,12 @@ Task<> Program::askAndEnd() {
 }
 
 void Program::end() {
-    closeRecordFile();
+    takeWhatArrived();
+    sheet.run.closeRecordFile();
+    sheet.download.endIncomplete(true);
     sheet.recordFile.rowsDiscarded(); // the operator has been asked about what is not saved
     link.ports.close();
     link.timer.setInterval(0);
-}
-
-void Program::prepareSheet() {
-    tickErrorsTold_.clear(); // what ended the operation before is worth telling again
-    if (sheet.isOfAnotherType()) {
-        sheet.layOutHeaderRow();
-    }
 }
 
 bool Program::collecting() const {
@@ -226,6 +227,11 @@ void Program::closeRecordFile() {
     takeWhatArrived();
     sheet.run.closeRecordFile();
     sheet.download.endIncomplete();
+}
+
+void Program::forgetToldErrors() {
+    tickErrorsTold_.clear();
+    link.poll.log.forgetToldFailure();
 }
 
 void Program::tick() {

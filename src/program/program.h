@@ -79,9 +79,9 @@ public:
 private:
     Task<> saveSheet();
     Task<> askAndEnd();
-    void prepareSheet();
     void takeWhatArrived();
     void closeRecordFile();
+    void forgetToldErrors();
     void takePlace();
     void openLog();
     QString takeLine();

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/plotdata.h"
 #include "testing/programrig.h"
+
+#include <limits>
 
 namespace orv {
 namespace {
@@ -96,6 +99,146 @@ TEST_F(ProgramTest, ARunKeepsTheRowsOfTheOneBeforeUnlessTheyAreSaved) {
               "Orvtemp-20261121-093016.tmp Orvtemp.tmp Orvtemp.tmp.lock orvhost.lock sheet.txt")
         << "rows that were cleared unsaved are kept";
 }
+
+TEST_F(ProgramTest, DayAfterDayOnlyRunsThatWereNotSavedAreKept) {
+    for (int day = 0; day < 8; ++day) {
+        ProgramRig rig;
+        QDir::setCurrent(folder.path());
+        rig.clock.set(QDateTime(QDate(2026, 11, 1 + day), QTime(9, 30)));
+        rig.program.load();
+        rig.program.offerUnendedRun(); // of the one that died, answered with No
+        rig.runWithRows(2);
+        if (day % 2 == 0) {
+            rig.receive(">");
+        }
+        rig.answers.yes = day != 3;
+        rig.answers.fileName = path("sheet.txt");
+        if (day == 5) {
+            continue; // it dies
+        }
+        EXPECT_TRUE(rig.quit());
+        EXPECT_EQ(rig.answers.asked.size(), day == 3 ? 1 : day == 6 ? 3 : 2);
+        EXPECT_EQ(rig.messages.shown.empty(), day != 6);
+    }
+    EXPECT_EQ(folder.files().filter(QStringLiteral("Orvtemp")).join(u' ').toStdString(),
+              "Orvtemp-20261105-093001.tmp Orvtemp-20261107-093000.tmp Orvtemp.tmp Orvtemp.tmp.saved");
+}
+
+TEST_F(ProgramTest, SavedRowsStayWhatTheyAreWhileAnotherInstrumentIsConnected) {
+    runWithRows(2);
+    receive(">");
+    answers.fileName = path("sheet.txt");
+    program.saveAs();
+    const QByteArray saved = contentsOf(path("sheet.txt"));
+    PlotData curves(sheet);
+    for (const QByteArray& greeting : {QByteArray("F310\r"), QByteArray("V412\r"), QByteArray("V512\r")}) {
+        program.closePort();
+        connectAndRead(greeting);
+        curves.update();
+        EXPECT_EQ(curves.pointCount(), 2);
+        ASSERT_EQ(curves.curveCount(), 4);
+        EXPECT_EQ(curves.name(1).toStdString(), "125");
+        EXPECT_EQ(curves.value(1, 0), 20.0);
+        program.saveAs();
+        EXPECT_EQ(contentsOf(path("sheet.txt")).toStdString(), saved.toStdString()) << greeting.toStdString();
+    }
+    EXPECT_TRUE(messages.shown.empty());
+    program.run();
+    receive("R\r\n");
+    receive("11/21/26\t2700\t3\t20\t30\t40\r\n");
+    curves.update();
+    EXPECT_EQ(curves.pointCount(), 3);
+}
+
+TEST_F(ProgramTest, ClearAllWorksOfflineWhenTheSheetHoldsRows) {
+    EXPECT_FALSE(commands.canClearAll);
+    runWithRows(2);
+    EXPECT_FALSE(commands.canClearAll) << "rows arrive";
+    fixit();
+    expectOffline();
+    EXPECT_TRUE(commands.canClearAll);
+    program.clearAll();
+    EXPECT_EQ(sheet.rowCount(), 0);
+    EXPECT_FALSE(sheetState.unsaved);
+    EXPECT_FALSE(commands.canClearAll);
+    answers.late = true;
+    haveRows(1);
+    EXPECT_TRUE(commands.canClearAll);
+    program.saveAs();
+    EXPECT_FALSE(commands.canClearAll) << "a question stands";
+}
+
+/// The ways from one session to the next, at which errors that are told once are forgotten.
+class NextSession : public ProgramTest, public testing::WithParamInterface<bool> {
+protected:
+    void reconnect() {
+        messages.shown.clear();
+        if (GetParam()) {
+            program.closePort();
+            connectAndRead();
+        } else {
+            replies = {"V512\r"};
+            program.reset();
+            finish();
+            receive(settingsReport());
+            ticks(12);
+        }
+        EXPECT_TRUE(messages.shown.empty());
+    }
+};
+
+TEST_P(NextSession, TellsAnErrorOfATickAgain) {
+    connectAndRead();
+    state.Timeout = std::numeric_limits<qint16>::max();
+    for (int session = 0; session < 2; ++session) {
+        state.Ctrlscrn = Operation::Ready;
+        receive("S1\r\n");
+        EXPECT_TRUE(theMessage().text.contains(QStringLiteral("Overflow")));
+        state.Ctrlscrn = Operation::Ready;
+        receive("S1\r\n");
+        EXPECT_EQ(messages.shown.size(), 1U);
+        state.Timeout = 0;
+        reconnect();
+        state.Timeout = std::numeric_limits<qint16>::max();
+    }
+}
+
+TEST_P(NextSession, TellsASaveThatFailsAgain) {
+    runWithRows(1);
+    sheetState.fileName = path("nowhere/lake");
+    haveRows(19999);
+    receive("11/21/26\t2700\t1\t20\t30\t40\r\n");
+    EXPECT_TRUE(theMessage().text.startsWith(QLatin1String("The sheet could not be saved as ")));
+    haveRows(20499);
+    receive("11/21/26\t2700\t1\t20\t30\t40\r\n");
+    EXPECT_EQ(messages.shown.size(), 1U);
+    reconnect();
+    program.run();
+    receive("R\r\n");
+    haveRows(20999);
+    receive("11/21/26\t2700\t1\t20\t30\t40\r\n");
+    EXPECT_TRUE(theMessage().text.startsWith(QLatin1String("The sheet could not be saved as ")));
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(ProgramTest, TheNextSessionTellsALogThatCannotBeWrittenAgain) {
+    program.load();
+    connectAndRead();
+    {
+        const FileSizeLimit full(1);
+        receive("a\r\n");
+        receive("b\r\n");
+        EXPECT_TRUE(theMessage().text.startsWith(QLatin1String("The log file log.ohp can no longer be written: ")));
+        messages.shown.clear();
+        program.closePort();
+        connect();
+        receive("c\r\n");
+        EXPECT_TRUE(theMessage().text.startsWith(QLatin1String("The log file log.ohp can no longer be written: ")));
+    }
+}
+#endif
+
+INSTANTIATE_TEST_SUITE_P(AfterClosePortAndAReset, NextSession, testing::Bool());
 
 class PortThatCannotBeOpened : public ProgramTest {
 protected:
@@ -275,7 +418,106 @@ TEST_F(ProgramTest, ARunOfOnlyUnreadableLinesEndsAtThePromptAndTellsThem) {
     EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
     receive(">");
     EXPECT_EQ(state.Ctrlscrn, Operation::CollectionSetUp);
-    EXPECT_EQ(status.notice.value().toStdString(), "2 lines could not be read; they are in log.ohp");
+    EXPECT_EQ(status.notice.value().toStdString(), "1 line could not be read; it is in log.ohp");
+}
+
+TEST_F(ProgramTest, ALateClockReplyIsNoUnreadableLine) {
+    for (const QByteArray& greeting : {QByteArray("V512\r"), QByteArray("F310\r")}) {
+        connectAndRead(greeting);
+        program.clearAll();
+        program.run();
+        receive("11/21/26\t2700\r\n>R\r\n");
+        ticks(2);
+        receive(greeting == "V512\r" ? "11/21/26\t2700\t11\t22\t33\t44\r\n" : "11/21/26\t2700\t700\r\n");
+        receive(">");
+        EXPECT_EQ(state.Ctrlscrn, Operation::CollectionSetUp);
+        EXPECT_EQ(sheet.rowCount(), 1);
+        EXPECT_EQ(status.notice.value().toStdString(), "");
+        program.run();
+        receive("R\r\n");
+        receive("11/21/26\t2700\t1\t2\t3\t4\r\n");
+        receive("11/21/26\t2700\r\n>"); // among the rows it is one that was cut short
+        ticks(2);
+        EXPECT_EQ(status.notice.value().toStdString(), "1 line could not be read; it is in log.ohp");
+        answers.fileName = path("sheet.txt");
+        program.saveAs();
+        program.closePort();
+    }
+}
+
+TEST_F(ProgramTest, TheEndOfTheProgramDoesNotSpeakOfItsSheet) {
+    const auto view = [this] {
+        connectAndRead();
+        program.vwhp();
+        receive("O\r\n"); // behind the prompt from before
+        receive("11/21/26\t2700\t11\t22\t33\t44\r\n");
+    };
+    const std::string begin = "The download is incomplete: it was ended before the instrument had sent everything.";
+    const std::string end = "\n\nThe instrument still holds its data; download it again.";
+    view();
+    EXPECT_TRUE(quit());
+    EXPECT_EQ(theMessage().text.toStdString(), begin + end);
+    messages.shown.clear();
+    sheetState.fileName = path("lake");
+    view();
+    haveRows(19999);
+    receive("11/21/26\t2700\t11\t22\t33\t44\r\n");
+    receive("11/21/26\t2700\r\n");
+    EXPECT_TRUE(quit());
+    EXPECT_EQ(theMessage().text.toStdString(),
+              begin +
+                  " What was saved automatically stays. 1 record could not be read; log.ohp has what was received." +
+                  end);
+    messages.shown.clear();
+    view();
+    program.closePort();
+    EXPECT_EQ(theMessage().text.toStdString(), begin + " 1 record arrived and can be found on the sheet." + end);
+    messages.shown.clear();
+    connectAndRead();
+    answers.fileName = path("dump.txt");
+    program.downloadText();
+    receive("O\r\n"); // behind the prompt from before
+    receive("11/21/26\t2700\t11\t22\t33\t44\r\n");
+    EXPECT_TRUE(quit());
+    EXPECT_EQ(theMessage().text.toStdString(),
+              begin + " 1 record arrived and can be found in " + path("dump.txt").toStdString() + "." + end);
+}
+
+TEST_F(ProgramTest, AnInstrumentThatDidNotSayWhatItIsIsAskedForNothing) {
+    answers.fileName = path("dump.txt");
+    for (const QByteArray& greeting : {QByteArray("512\r"), QByteArray("X512\r"), QByteArray("v512\r")}) {
+        connectAndRead(greeting);
+        com1.writes.clear();
+        const std::function<void()> begins[] = {[this] { program.run(); }, [this] { program.vwhp(); },
+                                                [this] { program.downloadText(); }};
+        for (const auto& begin : begins) {
+            messages.shown.clear();
+            begin();
+            EXPECT_EQ(theMessage().text.toStdString(), "The instrument did not say what it is. Connect again.");
+            EXPECT_EQ(theMessage().title.toStdString(), "ORV Host Program");
+            EXPECT_TRUE(com1.writes.empty());
+            EXPECT_EQ(commands.activity.value(), Activity::None);
+            EXPECT_FALSE(progress.visible);
+            EXPECT_TRUE(commands.canRun);
+        }
+        receive("11/21/26\t2700\t11\t22\t33\t44\r\n");
+        EXPECT_EQ(sheet.rowCount(), 0);
+        program.closePort();
+    }
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "");
+    EXPECT_TRUE(quit());
+    EXPECT_TRUE(answers.asked.isEmpty());
+}
+
+TEST_F(ProgramTest, AnAttemptThatFailedLeavesNothingToRun) {
+    connectAndRead();
+    program.closePort();
+    autoConnect();
+    ASSERT_TRUE(commands.canRun) << "the port is open";
+    com1.writes.clear();
+    program.run();
+    EXPECT_EQ(theMessage().text.toStdString(), "The instrument did not say what it is. Connect again.");
+    EXPECT_TRUE(com1.writes.empty());
 }
 
 TEST_F(ProgramTest, EachRunTellsTheErrorThatEndsIt) {

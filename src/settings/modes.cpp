@@ -132,12 +132,12 @@ Task<> Modes::askAndLoad() {
     QFile file(name);
     const QString shown = QDir::toNativeSeparators(name);
     if (!file.open(QIODevice::ReadOnly)) {
-        refuse(QStringLiteral("The mode file %1 could not be opened: %2.").arg(shown, file.errorString()));
+        refuse(QStringLiteral("The mode file %1 could not be opened: %2.").arg(shown, errorText(file)));
         co_return;
     }
     const QByteArray content = file.read(longestRead);
     if (file.error() != QFileDevice::NoError) {
-        refuse(QStringLiteral("The mode file %1 could not be read: %2.").arg(shown, file.errorString()));
+        refuse(QStringLiteral("The mode file %1 could not be read: %2.").arg(shown, errorText(file)));
         co_return;
     }
     const std::optional<LoggerSettings> mode = readModeFile(content);

@@ -43,13 +43,20 @@ void DataSheet::writeCells(int row, int cells, QByteArray& text) const {
 }
 
 void DataSheet::setHeader(const Type& type, const QStringList& header) {
-    if (type.layout() != type_.layout()) {
-        rowsOfOtherLayout_ = rowCount();
-    }
-    type_ = type;
+    headerType_ = type;
     header_ = header;
+    headerOfOtherLayout_ = !rows_.empty() && type.layout() != type_.layout();
+    if (!headerOfOtherLayout_) {
+        takeHeader();
+    }
     ++headerChanges_;
     headerChanged.tell();
+}
+
+void DataSheet::takeHeader() {
+    headerOfOtherLayout_ = false;
+    type_ = headerType_;
+    columnNames_ = header_;
 }
 
 void DataSheet::appendRow(const QStringList& cells) {
@@ -57,6 +64,11 @@ void DataSheet::appendRow(const QStringList& cells) {
 }
 
 void DataSheet::appendJoinedRow(QByteArray row) {
+    if (headerOfOtherLayout_) {
+        rowsOfOtherLayout_ = rowCount();
+        takeHeader();
+        ++headerChanges_;
+    }
     rows_.push_back(std::move(row));
     rowAppended.tell();
 }
@@ -64,6 +76,7 @@ void DataSheet::appendJoinedRow(QByteArray row) {
 void DataSheet::removeRows() {
     rows_.clear();
     rowsOfOtherLayout_ = 0;
+    takeHeader();
     ++removals_;
     rowsRemoved.tell();
 }
@@ -76,6 +89,14 @@ SheetRows::SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetS
 
 RowLayout SheetRows::connectedLayout() const {
     return connectedType().layout();
+}
+
+bool SheetRows::instrumentIsKnown() const {
+    if (connectedLayout() != RowLayout::Unknown) {
+        return true;
+    }
+    session_.messages.show(operatorWarning(QStringLiteral("The instrument did not say what it is. Connect again.")));
+    return false;
 }
 
 void SheetRows::layOutOnOpening() {

@@ -22,8 +22,9 @@ class DataSheet {
 public:
     static constexpr int columnCount = sheetcolumn::firstValue + valueCount(RowLayout::TrxOlder);
 
-    /// The type letter and firmware of the instrument whose rows these are; set when the header row is laid out or a
-    /// file is loaded. An empty letter is a sheet of no known type.
+    /// The type letter and firmware of the instrument whose rows these are: those of the header row under which the
+    /// newest row came. A header row of another layout decides once a row has come under it, or none is left. An empty
+    /// letter is a sheet of no known type.
     struct Type {
         QString letter;
         double firmware = 0.0;
@@ -33,10 +34,13 @@ public:
     };
 
     const Type& type() const { return type_; }
+    /// The header row as it is laid out now.
     const QStringList& header() const { return header_; }
+    /// The header row of `type`.
+    const QStringList& columnNames() const { return columnNames_; }
     int rowCount() const { return static_cast<int>(rows_.size()); }
 
-    /// How many of the first rows came under the header row of another layout.
+    /// How many of the first rows came under the header row of another layout than `type`.
     int rowsOfOtherLayout() const { return rowsOfOtherLayout_; }
 
     /// Text of a cell; row 0 is the first data row. Empty where the row has no such cell.
@@ -56,8 +60,8 @@ public:
     /// Removes every row; the header row stays.
     void removeRows();
 
-    /// How often rows have been removed, and how often the header row has been laid out: a reader that was away sees
-    /// by them what it missed.
+    /// How often rows have been removed, and how often the header row has been laid out or the type has become another:
+    /// a reader that was away sees by them what it missed.
     int removals() const { return removals_; }
     int headerChanges() const { return headerChanges_; }
 
@@ -67,8 +71,13 @@ public:
     Signal<> rowsRemoved;
 
 private:
+    void takeHeader();
+
     Type type_;
+    QStringList columnNames_;
+    Type headerType_;
     QStringList header_;
+    bool headerOfOtherLayout_ = false; ///< Than the rows.
     int rowsOfOtherLayout_ = 0;
     int removals_ = 0;
     int headerChanges_ = 0;
@@ -117,6 +126,10 @@ public:
 
     /// Brings the last ten rows into view once there are more than 11.
     void followNewest();
+
+    /// Whether the instrument has said what it is. If not, its lines could not be read nor its rows saved, and the
+    /// operator is told to connect again.
+    bool instrumentIsKnown() const;
 
     /// The layout of the connected instrument's data lines.
     RowLayout connectedLayout() const;

@@ -95,16 +95,56 @@ TEST(DataSheet, ChangesAreCountedForThoseWhoWereAway) {
     EXPECT_EQ(sheet.removals(), 1);
 }
 
-TEST(DataSheet, RowsUnderTheHeaderOfAnotherLayoutAreCounted) {
+class TypeOfASheet : public testing::Test {
+protected:
+    void layOut(const char* letter, double firmware, const char* header) {
+        sheet.setHeader({.letter = QString::fromLatin1(letter), .firmware = firmware}, texts(header));
+    }
+    std::string state() const {
+        return sheet.type().letter.toStdString() + std::to_string(static_cast<int>(sheet.type().firmware)) + ' ' +
+               sheet.columnNames().join(u'|').toStdString() + ' ' + std::to_string(sheet.rowsOfOtherLayout());
+    }
+
     DataSheet sheet;
-    sheet.setHeader({.letter = QStringLiteral("V"), .firmware = 512}, {QStringLiteral("100")});
-    sheet.appendRow({QStringLiteral("1")});
-    sheet.setHeader({.letter = QStringLiteral("V"), .firmware = 600}, {QStringLiteral("100")});
-    EXPECT_EQ(sheet.rowsOfOtherLayout(), 0);
-    sheet.setHeader({.letter = QStringLiteral("F"), .firmware = 310}, {QStringLiteral("Output")});
-    EXPECT_EQ(sheet.rowsOfOtherLayout(), 1);
+};
+
+TEST_F(TypeOfASheet, RowsUnderTheHeaderOfAnotherLayoutAreCounted) {
+    layOut("V", 512, "a|100");
+    EXPECT_EQ(state(), "V512 a|100 0");
+    sheet.appendRow(texts("1"));
+    layOut("V", 600, "a|100.");
+    EXPECT_EQ(state(), "V600 a|100. 0") << "the same columns";
+    layOut("F", 310, "a|Output");
+    sheet.appendRow(texts("2"));
+    EXPECT_EQ(state(), "F310 a|Output 1");
+    sheet.appendRow(texts("3"));
+    EXPECT_EQ(state(), "F310 a|Output 1");
+    layOut("V", 412, "a|100");
+    sheet.appendRow(texts("4"));
+    EXPECT_EQ(state(), "V412 a|100 3");
     sheet.removeRows();
-    EXPECT_EQ(sheet.rowsOfOtherLayout(), 0);
+    EXPECT_EQ(state(), "V412 a|100 0");
+}
+
+TEST_F(TypeOfASheet, StaysThatOfTheRowsUntilOneOfAnotherTypeComes) {
+    layOut("V", 512, "a|100");
+    sheet.appendRow(texts("1"));
+    layOut("F", 310, "a|Output");
+    EXPECT_EQ(state(), "V512 a|100 0");
+    EXPECT_EQ(sheet.header().join(u'|').toStdString(), "a|Output");
+    layOut("V", 512, "a|100");
+    sheet.appendRow(texts("2"));
+    EXPECT_EQ(state(), "V512 a|100 0") << "it was connected in between";
+    layOut("F", 310, "a|Output");
+    const int changes = sheet.headerChanges();
+    sheet.removeRows();
+    EXPECT_EQ(state(), "F310 a|Output 0");
+    sheet.appendRow(texts("1"));
+    EXPECT_EQ(state(), "F310 a|Output 0");
+    EXPECT_EQ(sheet.headerChanges(), changes);
+    layOut("V", 512, "a|100");
+    sheet.appendRow(texts("2"));
+    EXPECT_EQ(sheet.headerChanges(), changes + 2) << "once laid out, once taken on by the rows";
 }
 
 class SheetRowsTest : public SheetTest {

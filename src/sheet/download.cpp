@@ -44,7 +44,7 @@ QByteArray headerText(const QDateTime& now, RowLayout layout) {
 
 void Download::saveAsText() {
     link_.ports.debugsay(QStringLiteral("F2 Click"));
-    if (link_.ports.isOpen()) {
+    if (link_.ports.isOpen() && rows_.instrumentIsKnown()) {
         link_.procedures.start(QStringLiteral("Download Stored Data"), [this] { return askAndSave(); });
     }
 }
@@ -55,20 +55,13 @@ Task<> Download::askAndSave() {
     const Question question = saveQuestion(QStringLiteral("Save as"), QStringLiteral("Stored Data.txt"),
                                            QStringLiteral(".txt"), QStringLiteral("*.txt"));
     const QString name = co_await link_.waits.answer(question, Waits::Until::ConnectionEnds);
-    const RowLayout layout = rows_.connectedLayout();
     if (name.isEmpty()) {
-        co_return;
-    }
-    if (layout == RowLayout::Unknown) {
-        link_.session.messages.show(
-            operatorWarning(QStringLiteral("The instrument has not told its type, so its data cannot be "
-                                           "read. Press Reset to connect again, then download.")));
         co_return;
     }
     file_.setFileName(name);
     const QString reason = file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
-                               ? appendWhole(file_, headerText(link_.session.clock.now(), layout))
-                               : file_.errorString();
+                               ? appendWhole(file_, headerText(link_.session.clock.now(), rows_.connectedLayout()))
+                               : errorText(file_);
     if (!reason.isEmpty()) {
         closeTarget();
         tellFailure(reason, QStringLiteral("Nothing was asked of the instrument."),
@@ -241,7 +234,7 @@ void Download::closeTarget() {
     settings_.progress.value = 0;
 }
 
-void Download::endIncomplete() {
+void Download::endIncomplete(bool programEnds) {
     switch (target_) {
     case Target::None:
         return;
@@ -256,24 +249,28 @@ void Download::endIncomplete() {
     }
     const Target target = target_;
     end();
-    tellIncomplete(target);
+    tellIncomplete(target, programEnds);
 }
 
-void Download::tellIncomplete(Target target) {
+void Download::tellIncomplete(Target target, bool programEnds) {
     QString where = QStringLiteral("on the sheet");
     if (target == Target::TextFile) {
         where = QStringLiteral("in %1").arg(QFileInfo(file_.fileName()).absoluteFilePath());
     } else if (savedOnTheWay_) {
         where = QStringLiteral("on the sheet and in the files that were saved automatically");
     }
+    QString arrived = QStringLiteral(" %1 arrived and can be found %2.").arg(recordsText(records_), where);
+    if (programEnds && target == Target::Sheet) {
+        arrived = savedOnTheWay_ ? QStringLiteral(" What was saved automatically stays.") : QString();
+    }
     const QString unread = unread_ > 0 ? QStringLiteral(" %1 could not be read; %2 has what was received.")
                                              .arg(recordsText(unread_), link_.session.fileNames.log)
                                        : QString();
     link_.session.messages.show(
         operatorWarning(QStringLiteral("The download is incomplete: it was ended before the instrument had "
-                                       "sent everything. %1 arrived and can be found %2.%3\n\nThe "
+                                       "sent everything.%1%2\n\nThe "
                                        "instrument still holds its data; download it again.")
-                            .arg(recordsText(records_), where, unread)));
+                            .arg(arrived, unread)));
 }
 
 void Download::tellFailure(const QString& reason, const QString& state, const QString& nextStep) {

@@ -14,8 +14,8 @@ class Download {
 public:
     Download(Link& link, Settings& settings, SheetRows& rows, SheetFiles& files);
 
-    /// "Download Stored Data: Save as Text". A cancelled dialog sends and writes nothing; the end of the connection
-    /// closes it.
+    /// "Download Stored Data: Save as Text". A cancelled dialog sends and writes nothing, nor does an instrument
+    /// that did not say what it is; the end of the connection closes the dialog.
     void saveAsText();
 
     /// "Download Stored Data: View with Host Program".
@@ -27,8 +27,9 @@ public:
     void importtofg1(const QString& reply);
 
     /// A download is cut off (reset, close, failure, quit): what arrived is kept, the file closed, and the operator
-    /// told that it is incomplete. Nothing happens without a download.
-    void endIncomplete();
+    /// told that it is incomplete. If the program ends, too, he is not sent to its sheet. Nothing happens without a
+    /// download.
+    void endIncomplete(bool programEnds = false);
 
 private:
     /// Nowhere: taking has stopped, but the instrument is still sending; until its dump ends (or the link does) no
@@ -43,7 +44,7 @@ private:
     void end();
     void dropTheRest();
     void closeTarget();
-    void tellIncomplete(Target target);
+    void tellIncomplete(Target target, bool programEnds = false);
     void tellFailure(const QString& reason, const QString& state, const QString& nextStep);
 
     Link& link_;

@@ -77,7 +77,8 @@ TEST_F(DownloadEndsTest, InstrumentOfUnknownTypeGivesNoFile) {
     EXPECT_TRUE(folder.files().isEmpty());
     EXPECT_FALSE(progress.visible);
     EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
-    EXPECT_TRUE(onlyMessage().starts_with("The instrument has not told its type"));
+    EXPECT_EQ(onlyMessage(), "The instrument did not say what it is. Connect again.");
+    EXPECT_TRUE(answers.asked.isEmpty());
 }
 
 TEST_F(DownloadEndsTest, FileThatCannotBeCreatedIsToldAndNothingIsSent) {

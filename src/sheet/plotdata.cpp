@@ -71,7 +71,7 @@ PlotData::Change PlotData::update() {
 }
 
 void PlotData::nameCurves() {
-    const QStringList header = sheet_.header().mid(sheetcolumn::firstValue);
+    const QStringList header = sheet_.columnNames().mid(sheetcolumn::firstValue);
     const RowLayout layout = sheet_.type().layout();
     // A sheet of no known type may yet have a header row; without one nothing is known but how many values there can
     // be.

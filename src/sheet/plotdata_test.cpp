@@ -165,11 +165,15 @@ TEST_F(PlotDataTest, RowsUnderTheHeaderOfAnotherLayoutAreLeftOut) {
     layOut("V", 512);
     append({"1|d|t|10|20|30|40", "2|d|t|10|20|30|40"});
     data.update();
+    const std::string drawn = points();
     layOut("F", 310);
     EXPECT_EQ(data.update(), PlotData::Change::Relaid);
-    EXPECT_EQ(points(), "");
+    EXPECT_EQ(points(), drawn) << "still of the sheet's own type";
+    EXPECT_EQ(data.curveCount(), 4);
+    EXPECT_EQ(data.name(3).toStdString(), "Ref");
     append({"3|d|t|2400"});
-    EXPECT_EQ(data.update(), PlotData::Change::Appended);
+    EXPECT_EQ(data.update(), PlotData::Change::Relaid);
+    EXPECT_EQ(data.name(0).toStdString(), "Output");
     EXPECT_EQ(points(), "3:2400");
     EXPECT_EQ(data.rowsOfOtherLayout(), 2);
     EXPECT_EQ(data.rowsWithoutPlace(), 0);

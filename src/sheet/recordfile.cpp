@@ -15,6 +15,21 @@
 
 namespace orv {
 
+namespace {
+
+/// A small file beside the record file, on the disk. Returns whether it is whole.
+bool writeBeside(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+        return false;
+    }
+    const bool whole = file.write(bytes) == bytes.size();
+    syncToDisk(file.handle());
+    return whole;
+}
+
+} // namespace
+
 RunLock::RunLock(const QString& recordFilePath)
     : path_(recordFilePath + QLatin1String(".lock")) {}
 
@@ -52,17 +67,7 @@ QString RunLock::earlierFile() const {
 
 void RunLock::put(const DataSheet::Type& type, const QString& earlierFile) const {
     const QString earlier = earlierFile.isEmpty() ? QString() : u'\t' + earlierFile;
-    write((type.letter + u'\t' + plainNumber(type.firmware) + earlier + QLatin1String("\r\n")).toLatin1());
-}
-
-bool RunLock::write(const QByteArray& bytes) const {
-    QFile file(path_);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
-        return false;
-    }
-    const bool whole = file.write(bytes) == bytes.size();
-    syncToDisk(file.handle());
-    return whole;
+    writeBeside(path_, (type.letter + u'\t' + plainNumber(type.firmware) + earlier + QLatin1String("\r\n")).toLatin1());
 }
 
 void RunLock::remove() const {
@@ -71,18 +76,45 @@ void RunLock::remove() const {
 
 bool RunLock::copyFrom(const RunLock& other) const {
     QFile file(other.path_);
-    return file.open(QIODevice::ReadOnly) && write(file.read(longest));
+    return file.open(QIODevice::ReadOnly) && writeBeside(path_, file.read(longest));
+}
+
+SavedMark::SavedMark(const QString& recordFilePath)
+    : recordFile_(recordFilePath)
+    , path_(recordFilePath + QLatin1String(".saved")) {}
+
+/// What the mark of the file as it is now would say; empty if it cannot be told from another.
+QByteArray SavedMark::presentState() const {
+    QFile file(recordFile_);
+    const QByteArray firstLine = file.open(QIODevice::ReadOnly) ? file.readLine(longestRecordHeader) : QByteArray();
+    return firstLine.endsWith('\n') ? QByteArray::number(file.size()) + '\t' + firstLine : QByteArray();
+}
+
+bool SavedMark::holds() const {
+    QFile file(path_);
+    const QByteArray state = presentState();
+    return !state.isEmpty() && file.open(QIODevice::ReadOnly) && file.read(state.size() + 1) == state;
+}
+
+void SavedMark::put() const {
+    writeBeside(path_, presentState());
+}
+
+void SavedMark::remove() const {
+    QFile::remove(path_);
 }
 
 RecordFile::RecordFile(const Clock& clock, const QString& path, FolderPlace* place)
     : clock_(clock)
     , place_(place)
     , file_(path)
-    , lock_(path) {}
+    , lock_(path)
+    , mark_(path) {}
 
 void RecordFile::setPath(const QString& path) {
     file_.setFileName(path);
     lock_ = RunLock(path);
+    mark_ = SavedMark(path);
 }
 
 QString RecordFile::start(const DataSheet::Type& type) {
@@ -97,8 +129,9 @@ QString RecordFile::start(const DataSheet::Type& type) {
     begun_ = false;
     saved_ = false;
     discarded_ = false;
+    mark_.remove(); // a program that dies here has the file kept once too often, and never the new run's rows lost
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
-        return file_.errorString();
+        return errorText(file_);
     }
     reason = appendWhole(file_, recordHeader(clock_.now(), type.firmware));
     begun_ = reason.isEmpty();
@@ -130,7 +163,7 @@ QString RecordFile::keepUnsavedRows() {
 }
 
 bool RecordFile::holdsUnsavedRows() const {
-    if (saved_ && !discarded_) {
+    if ((saved_ && !discarded_) || mark_.holds()) {
         return false;
     }
     QFile old(file_.fileName());
@@ -203,14 +236,16 @@ QString RecordFile::keepUnended(QString& keptAs) {
 
 void RecordFile::takeUnendedFrom(const QString& otherPath) {
     const RunLock otherLock(otherPath);
-    if (!QFile::exists(otherPath) && otherLock.earlierFile().isEmpty()) {
+    const SavedMark otherMark(otherPath);
+    if (otherMark.holds() || (!QFile::exists(otherPath) && otherLock.earlierFile().isEmpty())) {
         otherLock.remove();
         return;
     }
     if (!keepUnsavedRows().isEmpty()) {
         return;
     }
-    QFile::remove(file_.fileName()); // without rows, if it is still there
+    QFile::remove(file_.fileName()); // without rows that are not saved, if it is still there
+    mark_.remove();
     if (lock_.copyFrom(otherLock) && (!QFile::exists(otherPath) || QFile::rename(otherPath, file_.fileName()))) {
         otherLock.remove();
     } else {
@@ -224,7 +259,16 @@ bool RecordFile::hasUnendedRun() const {
 
 void RecordFile::rowsSaved() {
     saved_ = begun_;
+    if (saved_ && !discarded_ && unsaved_) {
+        mark_.put(); // before the lock goes: a program that dies between has nothing lost
+    }
     nothingIsUnsaved();
+}
+
+bool RecordFile::rowsSavedInPart() {
+    const bool recorded = unsaved_;
+    rowsDiscarded();
+    return recorded;
 }
 
 void RecordFile::rowsDiscarded() {
@@ -415,12 +459,12 @@ RecordedRows readRecordedRows(const QString& path, const DataSheet::Type& type) 
     }
     RecordedRows found;
     if (!file.open(QIODevice::ReadOnly)) {
-        found.sheet.error = file.errorString();
+        found.sheet.error = errorText(file);
         return found;
     }
     found = Reader(file, type).read();
     if (file.error() != QFileDevice::NoError) {
-        found.sheet.error = file.errorString();
+        found.sheet.error = errorText(file);
     }
     return found;
 }

@@ -43,8 +43,29 @@ private:
     static constexpr qint64 longest = 256; ///< Bytes; no lock is longer.
 
     QByteArrayList fields() const;
-    bool write(const QByteArray& bytes) const;
 
+    QString path_;
+};
+
+/// What remembers on the disk that every row of a record file has been saved: "Orvtemp.tmp.saved". It tells the size
+/// and the first line that the file had then, so it says nothing of rows that have come since, nor of a later run:
+/// bytes TAB first line with its CR LF.
+class SavedMark {
+public:
+    explicit SavedMark(const QString& recordFilePath);
+
+    /// Whether every row that is in the file now has been saved.
+    bool holds() const;
+
+    /// Puts the mark, on the disk. Best effort: without it the file is kept once too often.
+    void put() const;
+
+    void remove() const;
+
+private:
+    QByteArray presentState() const;
+
+    QString recordFile_;
     QString path_;
 };
 
@@ -52,9 +73,9 @@ private:
 /// lost. Each row reaches the operating system at once and the disk within a second. While a run writes, and then until
 /// its rows are saved or discarded, a RunLock stands beside the file.
 ///
-/// An earlier run's file whose rows were not saved is kept under a dated name instead of being emptied. That holds for
-/// the file of a run that did not end, too, even when its rows were recovered and saved: it is the only one that has
-/// what could not be read.
+/// An earlier run's file whose rows were not saved is kept under a dated name instead of being emptied; a SavedMark
+/// tells a later program that they were. It is also kept if its run did not end, even when its rows were recovered and
+/// saved: it is the only one that has what could not be read.
 class RecordFile {
 public:
     /// A run touches the file only if the place can be claimed; without one the file is this program's.
@@ -87,6 +108,9 @@ public:
     bool isUnended() const { return !begun_ && !file_.isOpen() && lock_.stands(); }
     DataSheet::Type unendedType() const { return lock_.type(); }
 
+    /// Whether the disk remembers that every row in the file has been saved.
+    bool isSaved() const { return mark_.holds(); }
+
     /// Whether there is a file with that lock, so that it must not be replaced by another run's.
     bool hasUnendedRun() const;
 
@@ -113,6 +137,10 @@ public:
     /// been discarded unsaved.
     void rowsSaved();
 
+    /// The same in a file that has not all their columns: nobody is asked about them any more, but this file is kept.
+    /// Returns whether rows that were not saved yet are in it.
+    bool rowsSavedInPart();
+
     /// The sheet has been cleared, or the program ends with the operator's consent.
     void rowsDiscarded();
 
@@ -125,12 +153,13 @@ private:
     FolderPlace* place_;
     QFile file_;
     RunLock lock_;
+    SavedMark mark_;
     DataSheet::Type type_;      ///< Of the run.
     QString earlierFile_;       ///< The name of the file with unsaved rows of the run before.
     bool unsaved_ = false;      ///< Rows of runs are on the sheet, in this file or the earlier one, and nowhere else.
     bool begun_ = false;        ///< The file is of a run of this program, not one found at its start.
     bool saved_ = false;        ///< Every row of the file is saved elsewhere.
-    bool discarded_ = false;    ///< Some row of the file was discarded from the sheet before it was saved.
+    bool discarded_ = false;    ///< Some row of the file was discarded from the sheet before it was saved wholly.
     bool waitsForDisk_ = false; ///< Rows have been written and not yet brought to the disk.
     qint64 waitsSince_ = 0;     ///< Monotonic milliseconds.
 };

@@ -288,6 +288,143 @@ TEST_F(RecordFileTest, TheLockNamesTheFileOfUnsavedRowsOfTheRunBefore) {
     EXPECT_EQ(kept(), newerHeader + row);
 }
 
+TEST_F(RecordFileTest, AProgramThatStartsLaterKeepsOnlyRowsThatWereNotSaved) {
+    const struct {
+        const char* steps; ///< n: a run; r: a row; c: close; s, p, d: saved, saved in part, discarded.
+        bool keeps;
+    } cases[] = {
+        {"nrcs", false},     {"nrs", false},   {"nrsc", false}, {"nrrcs", false},  {"nrsrcs", false},
+        {"nrcss", false},    {"nrcsd", false}, {"nrc", true},   {"nrcd", true},    {"nrsr", true},
+        {"nrsrc", true},     {"nrsrd", true},  {"nrdrs", true}, {"nrp", true},     {"nrsrp", true},
+        {"nrps", true},      {"nc", false},    {"ncs", false},  {"nrcsnrc", true}, {"nrcnrcs", false},
+        {"nrcsnrcs", false},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.steps);
+        for (const QString& name : folder.files()) {
+            QFile::remove(name);
+        }
+        RecordFile run(clock, path("Orvtemp.tmp"));
+        for (const char* step = each.steps; *step != '\0'; ++step) {
+            switch (*step) {
+            case 'n':
+                clock.advance(1000);
+                EXPECT_EQ(run.start(trx(500.0)), QString());
+                break;
+            case 'r':
+                EXPECT_EQ(run.append(rowText), QString());
+                break;
+            case 'c':
+                run.close();
+                break;
+            case 's':
+                run.rowsSaved();
+                break;
+            case 'p':
+                run.rowsSavedInPart();
+                break;
+            default:
+                run.rowsDiscarded();
+            }
+        }
+        run.close();
+        const QByteArray before = contents();
+        const qsizetype keptBefore = folder.files().filter(QStringLiteral("Orvtemp-")).size();
+        clock.advance(1000);
+        RecordFile later(clock, path("Orvtemp.tmp"));
+        later.rowsSaved(); // none of its own
+        EXPECT_EQ(later.start(trx(500.0)), QString());
+        const QStringList kept = folder.files().filter(QStringLiteral("Orvtemp-"));
+        ASSERT_EQ(kept.size(), keptBefore + (each.keeps ? 1 : 0));
+        if (each.keeps) {
+            EXPECT_EQ(contentsOf(kept.back()), before);
+        }
+        EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.saved"))) << "the new run has none";
+    }
+}
+
+TEST_F(RecordFileTest, WhatIsSavedIsRememberedByTheFileAsItWas) {
+    const QString mark = path("Orvtemp.tmp.saved");
+    const auto keeps = [this](const QByteArray& record, const QByteArray& marked) {
+        QFile::remove(path("Orvtemp-20261121-093015.tmp"));
+        fill(path("Orvtemp.tmp"), record);
+        fill(path("Orvtemp.tmp.saved"), marked);
+        EXPECT_EQ(RecordFile(clock, path("Orvtemp.tmp")).start(trx(500.0)), QString());
+        return kept() == record;
+    };
+    runWithARow();
+    file.close();
+    file.rowsSaved();
+    const QByteArray size = QByteArray::number((newerHeader + row).size());
+    const QByteArray whole = size + "\tOrvtemp.tmp\t11/21/26\t9:30:15 AM\r\n";
+    EXPECT_EQ(contentsOf(mark), whole);
+    EXPECT_FALSE(keeps(newerHeader + row, whole));
+    for (qsizetype length = 0; length < whole.size(); ++length) {
+        EXPECT_TRUE(keeps(newerHeader + row, whole.first(length))) << "died while it was written, " << length;
+    }
+    EXPECT_TRUE(keeps(newerHeader + row + row, whole)) << "a row more";
+    QByteArray otherRun = newerHeader + row;
+    otherRun.replace("9:30:15", "9:30:16");
+    EXPECT_TRUE(keeps(otherRun, whole));
+    EXPECT_TRUE(keeps(newerHeader + row, whole + "x"));
+    EXPECT_TRUE(keeps(QByteArray(3, '\0'), "3\t" + QByteArray(3, '\0')));
+}
+
+TEST_F(RecordFileTest, ASaveThatDiedBeforeItWasRememberedKeepsTheRows) {
+    runWithARow();
+    file.close();
+    file.rowsSaved();
+    QFile::remove(path("Orvtemp.tmp.saved")); // as if the program had died in front of it
+    RecordFile later(clock, path("Orvtemp.tmp"));
+    EXPECT_EQ(later.start(trx(500.0)), QString());
+    EXPECT_EQ(kept(), newerHeader + row);
+}
+
+TEST_F(RecordFileTest, ASaveThatDiedBeforeTheLockWentIsNotOffered) {
+    runWithARow();
+    file.rowsSaved(); // the run goes on, so the lock stands
+    const RecordFile later(clock, path("Orvtemp.tmp"));
+    EXPECT_TRUE(later.isUnended());
+    EXPECT_TRUE(later.isSaved());
+    addRow();
+    EXPECT_FALSE(later.isSaved());
+}
+
+TEST_F(RecordFileTest, ANewRunForgetsWhatWasSavedBeforeItEmptiesTheFile) {
+    runWithARow();
+    file.close();
+    file.rowsSaved();
+    QFile::remove(path("Orvtemp.tmp"));
+    QDir().mkdir(path("Orvtemp.tmp")); // which cannot be emptied
+    EXPECT_NE(file.start(trx(500.0)), QString());
+    EXPECT_FALSE(QFile::exists(path("Orvtemp.tmp.saved")));
+}
+
+TEST_F(RecordFileTest, ARunThatIsTakenOverIsNotTakenForTheSavedOneThatWasHere) {
+    runWithARow();
+    file.close();
+    file.rowsSaved();
+    RecordFile next(clock, path("Orvtemp.tmp"));
+    fill(path("Orvtemp-2.tmp"), newerHeader + row); // the same second, the same size
+    fill(path("Orvtemp-2.tmp.lock"), "V\t512\r\n");
+    next.takeUnendedFrom(path("Orvtemp-2.tmp"));
+    EXPECT_TRUE(next.isUnended());
+    EXPECT_FALSE(next.isSaved());
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock");
+    next.start(trx(500.0));
+    EXPECT_EQ(kept(), newerHeader + row);
+}
+
+TEST_F(RecordFileTest, ASavedRunInAnotherPlaceIsNotTakenOver) {
+    RecordFile second(clock, path("Orvtemp-2.tmp"));
+    EXPECT_EQ(second.start(trx(512.0)), QString());
+    EXPECT_EQ(second.append(rowText), QString());
+    second.rowsSaved(); // and dies
+    file.takeUnendedFrom(path("Orvtemp-2.tmp"));
+    EXPECT_FALSE(file.isUnended());
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp-2.tmp|Orvtemp-2.tmp.saved");
+}
+
 TEST_F(RecordFileTest, RecoveredRowsKeepTheLockUntilTheyAreSavedOrDiscarded) {
     for (const bool save : {true, false}) {
         leaveUnended();

@@ -33,6 +33,14 @@ namespace {
 /// A reply shorter than this is an echo or a prompt, not data.
 constexpr qsizetype shortestDataLine = 10;
 
+bool isClockReply(const QString& line) {
+    QStringList fields = line.split(u'\t');
+    while (fields[0].startsWith(u'>')) { // a prompt from before
+        fields[0].remove(0, 1);
+    }
+    return fields.size() == 2 && instrumentDate(fields[0]) && numberText(fields[1]);
+}
+
 } // namespace
 
 Run::Run(Link& link, const SettingsState& settings, SheetRows& rows, SheetFiles& files, RecordFile& recordFile)
@@ -86,8 +94,11 @@ void Run::takeLine(const QString& line) {
     const RowLayout layout = rows_.connectedLayout();
     const auto row = readDataLine(line, layout, requestedConversion(settings_));
     if (!row) {
+        if (!hasLine_ && isClockReply(line)) {
+            return; // it was still on its way
+        }
         ++unreadLines_;
-        // A clock reply that was still on its way has two fields; anything longer is a line of this run.
+        // What is shorter may be left over from before the run.
         if (line.count(u'\t') >= 2) {
             noteLine();
         }

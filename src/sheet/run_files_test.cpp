@@ -137,7 +137,8 @@ TEST_F(CollectionFilesTest, The20000thRowSavesCountsAndClears) {
     EXPECT_EQ(sheet.rowCount(), 19999);
     debug.comm2Output = true;
     receive(line(2));
-    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.lock|lake3.txt|orvhost.lock");
+    EXPECT_EQ(folder.files().join(u'|').toStdString(),
+              "Orvtemp.tmp|Orvtemp.tmp.lock|Orvtemp.tmp.saved|lake3.txt|orvhost.lock");
     const QByteArray saved = contentsOf(path("lake3.txt"));
     EXPECT_TRUE(saved.startsWith(
         "F\t412 20000\r\nlake3.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n1\t1/5/99\t9:05:01\t9\t\r"));
@@ -175,7 +176,7 @@ TEST_F(CollectionFilesTest, RunEndsWithThePromptOfTheRowThatIsSavedAutomatically
     expectEnded();
     EXPECT_EQ(sheet.rowCount(), 0);
     EXPECT_EQ(sheetState.records.value().toStdString(), "1");
-    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Untitled0.txt|orvhost.lock")
+    EXPECT_EQ(folder.files().join(u'|').toStdString(), "Orvtemp.tmp|Orvtemp.tmp.saved|Untitled0.txt|orvhost.lock")
         << "saved rows are not offered";
 }
 

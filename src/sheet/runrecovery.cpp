@@ -78,6 +78,10 @@ Task<> RunRecovery::offer() {
     if (!recordFile_.isUnended()) {
         co_return;
     }
+    if (recordFile_.isSaved()) {
+        recordFile_.dropUnended();
+        co_return;
+    }
     file_ = recordFile_.path();
     RecordedRows found = readRecordedRows(file_, recordFile_.unendedType());
     if (holdsNothing(found) && !recordFile_.unendedEarlierFile().isEmpty()) {

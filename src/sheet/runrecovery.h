@@ -18,8 +18,8 @@ public:
 
     /// Asks whether to load the rows of a run that did not end. Yes brings them to the sheet, unsaved; the record file
     /// stays until the next run, which keeps it under a dated name. No keeps it under a dated name now. Without an
-    /// answer everything stays for the next start. If no row can be read, nothing is asked; a file with anything else
-    /// in it is kept and the operator is told.
+    /// answer everything stays for the next start. If all rows were saved, or none can be read, nothing is asked; a
+    /// file with anything else in it is kept and the operator is told.
     Task<> offer();
 
 private:

@@ -38,6 +38,22 @@ protected:
     std::string toldText() const { return messages.shown.empty() ? "" : messages.shown.back().text.toStdString(); }
 };
 
+TEST_F(RunRecoveryTest, ARunThatDiedWithAllItsRowsSavedIsForgottenSilently) {
+    beginRun();
+    receive("R\r\n11/21/26\t2700\t7\t8\t9\t10\r\n");
+    program.tick();
+    answers.fileName = path("sheet.txt");
+    ASSERT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Saved);
+    answers.asked.clear();
+    RecordFile later(clock, path("Orvtemp.tmp"));
+    ASSERT_TRUE(later.isUnended());
+    RunRecovery next(program.link, rows, files, later);
+    next.offer();
+    EXPECT_TRUE(answers.asked.isEmpty());
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_FALSE(later.isUnended());
+}
+
 TEST_F(RunRecoveryTest, WithoutALockNothingIsAskedOrTouched) {
     recovery.offer();
     EXPECT_EQ(fileNames(), "");
@@ -111,7 +127,7 @@ TEST_F(RunRecoveryTest, ARunOnRecoveredRowsLosesNeither) {
     files.saveas();
     EXPECT_TRUE(QFile::exists(path("Orvtemp.tmp.lock"))) << "the run goes on";
     collection.closeRecordFile();
-    EXPECT_EQ(fileNames(), "Orvtemp-20261121-093015.tmp|Orvtemp.tmp|orvhost.lock|sheet.txt");
+    EXPECT_EQ(fileNames(), "Orvtemp-20261121-093015.tmp|Orvtemp.tmp|Orvtemp.tmp.saved|orvhost.lock|sheet.txt");
 }
 
 TEST_F(RunRecoveryTest, UnsavedRowsOfARunThatEndedAreOffered) {
@@ -156,7 +172,7 @@ TEST_F(RunRecoveryTest, ARunThatDiedBeforeItsFirstRowHasTheOneBeforeOffered) {
     answers.fileName = path("sheet.txt");
     files.saveas();
     collection.closeRecordFile();
-    EXPECT_EQ(fileNames(), "Orvtemp-20261120-120000.tmp|Orvtemp.tmp|orvhost.lock|sheet.txt");
+    EXPECT_EQ(fileNames(), "Orvtemp-20261120-120000.tmp|Orvtemp.tmp|Orvtemp.tmp.saved|orvhost.lock|sheet.txt");
 }
 
 TEST_F(RunRecoveryTest, WhatTheSheetLacksIsTold) {

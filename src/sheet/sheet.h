@@ -11,32 +11,26 @@ namespace orv {
 
 /// The data sheet, its files, and what fills it.
 struct Sheet {
-    Sheet(Link& link, Settings& settings)
-        : rows(link.session, link.ports, data, shown)
+    Sheet(Link& theLink, Settings& settings)
+        : link(theLink)
+        , rows(link.session, link.ports, data, shown)
         , files(link, data, rows, shown)
         , recordFile(link.session.clock, link.session.fileNames.record, &place)
         , recovery(link, rows, files, recordFile)
         , run(link, settings.shown, rows, files, recordFile)
         , download(link, settings, rows, files)
-        , saved(files.saved.subscribe([this] { recordFile.rowsSaved(); }))
+        , saved(files.saved.subscribe([this](bool wholly) { noteSaved(wholly); }))
         , discarded(data.rowsRemoved.subscribe([this] { recordFile.rowsDiscarded(); }))
-        , identified(link.connection.identified.subscribe([this] { layOutHeaderRow(); })) {}
+        , identified(link.connection.identified.subscribe([this] {
+            files.forgetToldFailure();
+            layOutHeaderRow();
+        })) {}
 
-    /// Writes the header row of the identified instrument's type; nothing for an unknown type. Rows of another type
-    /// that are not saved are saved first.
-    void layOutHeaderRow() {
-        if (isOfAnotherType()) {
-            files.saveAside();
-        }
-        rows.layOutOnOpening();
-    }
+    /// Makes the sheet ready for rows of the connected instrument, at the beginning of a run or a download. Returns
+    /// whether they may come; if not, the operator has been told why.
+    bool prepare();
 
-    /// The sheet is of another type than the instrument: one that was loaded, or that another instrument has filled.
-    bool isOfAnotherType() const {
-        const RowLayout layout = rows.connectedLayout();
-        return layout != RowLayout::Unknown && layout != data.type().layout();
-    }
-
+    Link& link;
     DataSheet data;
     SheetState shown;
     SheetRows rows;
@@ -49,6 +43,13 @@ struct Sheet {
     Subscription saved;
     Subscription discarded;
     Subscription identified;
+
+private:
+    bool isOfAnotherType() const;
+    bool layOutHeaderRow();
+    void noteSaved(bool wholly);
+
+    bool missingColumnTold_ = false; ///< Since the run or the download began.
 };
 
 } // namespace orv

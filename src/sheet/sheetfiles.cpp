@@ -43,10 +43,10 @@ bool SheetFiles::beginSaving() {
     return false;
 }
 
-SheetFiles::Outcome SheetFiles::announceAndWrite(const QString& name, bool autosaving) {
+SheetFiles::Outcome SheetFiles::announceAndWrite(const QString& name, bool unasked) {
     link_.ports.debugsay(sheet_.type().layout() == RowLayout::Glow ? QStringLiteral("Saving Flour Sheet")
                                                                    : QStringLiteral("Saving TRX(S) Sheet"));
-    return write(name, autosaving);
+    return write(name, unasked);
 }
 
 Task<SheetFiles::Outcome> SheetFiles::saveas() {
@@ -99,21 +99,22 @@ bool SheetFiles::saveLongSheet() {
     return true;
 }
 
-void SheetFiles::saveAside() {
+bool SheetFiles::saveAside() {
     if (!shown_.unsaved || sheet_.type().layout() == RowLayout::Unknown) {
-        return;
+        return true;
     }
     const QString name =
         QStringLiteral("%1-%2.txt").arg(shown_.fileName.value(), fileNameStamp(link_.session.clock.now()));
-    if (write(name, false) == Outcome::Saved) {
-        link_.session.messages.show(
-            {.title = QStringLiteral("Save Data"),
-             .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
-                                    "They have been saved as %1.\n\nUse \"Clear All\" before you "
-                                    "collect with this one.")
-                         .arg(tellable(name)),
-             .icon = Message::Icon::Information});
+    if (write(name, true) != Outcome::Saved) {
+        return false;
     }
+    link_.session.messages.show({.title = QStringLiteral("Save Data"),
+                                 .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
+                                                        "They have been saved as %1.\n\nUse \"Clear All\" before you "
+                                                        "collect with this one.")
+                                             .arg(tellable(name)),
+                                 .icon = Message::Icon::Information});
+    return true;
 }
 
 Task<> SheetFiles::loadit() {
@@ -167,20 +168,20 @@ Task<bool> SheetFiles::ask() {
     co_return outcome == Outcome::Saved;
 }
 
-SheetFiles::Outcome SheetFiles::write(const QString& name, bool autosaving) {
-    const auto keepOlder = autosaving ? std::optional(link_.session.clock.now()) : std::nullopt;
+SheetFiles::Outcome SheetFiles::write(const QString& name, bool unasked) {
+    const auto keepOlder = unasked ? std::optional(link_.session.clock.now()) : std::nullopt;
     const QString reason = writeWholeFile(name, sheetFileBytes(sheet_, name), keepOlder);
     if (!reason.isEmpty()) {
-        return fail(name, reason, autosaving);
+        return fail(name, reason, unasked);
     }
-    autosaveFailureTold_ = false;
+    failureTold_ = false;
     shown_.unsaved = false;
-    saved.tell();
+    saved.tell(sheetFileHoldsAll(sheet_));
     return Outcome::Saved;
 }
 
-SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason, bool autosaving) {
-    if (autosaving && std::exchange(autosaveFailureTold_, true)) {
+SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason, bool unasked) {
+    if (unasked && std::exchange(failureTold_, true)) {
         return Outcome::Failed;
     }
     link_.session.messages.show(

@@ -29,8 +29,12 @@ public:
     bool saveLongSheet();
 
     /// Saves rows that are unsaved under a dated name, without asking, and tells so. For rows of another type of
-    /// instrument than the one that has just been connected: under its header row they would be saved wrongly.
-    void saveAside();
+    /// instrument than the one that has just been connected: under its header row they would be saved wrongly. Returns
+    /// whether none is unsaved now.
+    bool saveAside();
+
+    /// A failure of saving without being asked is told once; from now on it is told again.
+    void forgetToldFailure() { failureTold_ = false; }
 
     /// Asks for a file and loads it in place of what is on the sheet; rows that are not saved are offered for saving
     /// first. If the file cannot be loaded, the operator is told why and the sheet stays as it was.
@@ -40,23 +44,23 @@ public:
     /// unsaved, the operator said No, or it has been saved.
     Task<bool> ask();
 
-    Signal<> saved; ///< After each successful save.
+    Signal<bool> saved; ///< After each successful save: whether the file has all columns of the rows.
 
 private:
     QString presetName() const;
     bool beginSaving();
-    Outcome announceAndWrite(const QString& name, bool autosaving);
+    Outcome announceAndWrite(const QString& name, bool unasked);
     bool refuse(const QString& name, const LoadedSheet& loaded);
-    Outcome fail(const QString& name, const QString& reason, bool autosaving);
-    Outcome write(const QString& name, bool autosaving);
+    Outcome fail(const QString& name, const QString& reason, bool unasked);
+    Outcome write(const QString& name, bool unasked);
 
     Link& link_;
     DataSheet& sheet_;
     SheetRows& rows_;
     SheetState& shown_;
-    QStringList savedByItself_;        ///< For the operator: "rows 1 to 20000 as /home/a/Data0.txt".
-    bool autosaveFailureTold_ = false; ///< An automatic save is tried again and again; its failure is told once.
-    int nextAutosave_ = rowLimit;      ///< Rows at which the sheet is saved by itself again.
+    QStringList savedByItself_;   ///< For the operator: "rows 1 to 20000 as /home/a/Data0.txt".
+    bool failureTold_ = false;    ///< What is saved unasked is tried again and again.
+    int nextAutosave_ = rowLimit; ///< Rows at which the sheet is saved by itself again.
 };
 
 } // namespace orv

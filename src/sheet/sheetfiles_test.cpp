@@ -73,7 +73,11 @@ TEST_F(SheetFilesTest, RowsOfAnotherTypeGetAsManyCellsAsTheLayoutHas) {
     identify("F", "512");
     addRow({"700"});
     identify("V", "512");
-    EXPECT_TRUE(QByteArray::fromStdString(bytes()).endsWith("\n1\t1/5/99\t9:05:07\t700\t\t\t\t\t\r"));
+    EXPECT_TRUE(QByteArray::fromStdString(bytes()).endsWith("Counts\t\r\n1\t1/5/99\t9:05:07\t700\t\r"))
+        << "as long as there are no others";
+    addRow({"10", "20", "30", "40"});
+    EXPECT_TRUE(QByteArray::fromStdString(bytes()).endsWith("\n1\t1/5/99\t9:05:07\t700\t\t\t\t\t\r"
+                                                            "2\t1/5/99\t9:05:07\t10\t20\t30\t40\t\t\r"));
 }
 
 TEST_F(SheetFilesTest, SheetOfUnknownTypeHasNothingToSave) {
@@ -95,7 +99,7 @@ TEST_F(SheetFilesTest, OperatorsSaveAsksWithThePresetNameAndWritesUnderTheConfir
     answers.fileName = path("lake.txt");
     debug.comm2Output = true;
     int savedCalls = 0;
-    const auto counting = files.saved.subscribe([&savedCalls] { ++savedCalls; });
+    const auto counting = files.saved.subscribe([&savedCalls](bool wholly) { savedCalls += wholly ? 1 : 0; });
     EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Saved);
     EXPECT_EQ(answers.asked.join(u'\n').toStdString(), "Save as|Untitled.txt|.txt|*.txt");
     EXPECT_EQ(contentsOf(path("lake.txt")).toStdString(), bytes());
@@ -142,7 +146,7 @@ TEST_F(SheetFilesTest, CancelledSaveWritesNothingAndLeavesTheState) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
     debug.comm2Output = true;
-    const auto never = files.saved.subscribe([] { FAIL() << "nothing was saved"; });
+    const auto never = files.saved.subscribe([](bool /*wholly*/) { FAIL() << "nothing was saved"; });
     EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Cancelled);
     EXPECT_TRUE(folder.files().isEmpty());
     EXPECT_TRUE(sheetState.unsaved);
@@ -166,7 +170,7 @@ TEST_F(SheetFilesTest, FolderThatDoesNotExistIsToldAndTheRowsStayUnsaved) {
     identify("V", "512");
     addRow({"10", "20", "30", "40"});
     answers.fileName = path("nowhere/lake.txt");
-    const auto never = files.saved.subscribe([] { FAIL() << "nothing was saved"; });
+    const auto never = files.saved.subscribe([](bool /*wholly*/) { FAIL() << "nothing was saved"; });
     EXPECT_EQ(resultOf(files.saveas()), SheetFiles::Outcome::Failed);
     expectOneFailure(answers.fileName);
     EXPECT_TRUE(sheetState.unsaved);

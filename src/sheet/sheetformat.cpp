@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/sheetformat.h"
 
+#include "base/files.h"
 #include "base/text.h"
 
 #include <QByteArrayList>
@@ -135,6 +136,18 @@ QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName) {
     return bytes;
 }
 
+bool sheetFileHoldsAll(const DataSheet& sheet) {
+    const int cells = cellsPerRow(sheet.type().layout());
+    for (int row = sheet.rowsOfOtherLayout(); row < sheet.rowCount(); ++row) {
+        for (int column = cells; column < DataSheet::columnCount; ++column) {
+            if (!sheet.cell(row, column).isEmpty()) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
 LoadedSheet parseSheetFile(const QByteArray& bytes) {
     Lines lines(bytes);
     const FirstLine first = readFirstLine(lines.next().value_or(QByteArrayView()));
@@ -192,14 +205,14 @@ LoadedSheet readSheetFile(const QString& name) {
     }
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) {
-        return refuse(QStringLiteral("It cannot be read: %1.").arg(file.errorString()));
+        return refuse(QStringLiteral("It cannot be read: %1.").arg(errorText(file)));
     }
     if (file.size() > largestFile) {
         return refuse(QStringLiteral("It is far too large to be a sheet."));
     }
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
-        return refuse(QStringLiteral("It cannot be read: %1.").arg(file.errorString()));
+        return refuse(QStringLiteral("It cannot be read: %1.").arg(errorText(file)));
     }
     return parseSheetFile(bytes);
 }

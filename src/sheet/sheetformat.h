@@ -14,6 +14,9 @@ namespace orv {
 /// `fileName` stands on the second line without its folders.
 QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName);
 
+/// Whether such a file has every cell of the rows that came under the sheet's header row.
+bool sheetFileHoldsAll(const DataSheet& sheet);
+
 /// Reads the bytes of a sheet file, as saved by this program (rows ended by a lone CR) or by a spreadsheet (CR LF or
 /// LF, cells in double quotes, empty cells at the end of a line left out or added). The first line tells the type
 /// letter, the firmware and the number of rows, and the file must hold just so many.

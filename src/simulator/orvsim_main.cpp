@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/clock.h"
+#include "base/files.h"
 #include "simulator/ptyserver.h"
 
 #include <QCommandLineParser>
@@ -54,7 +55,7 @@ public:
         }
         QFile file(target);
         if (!file.link(path)) {
-            return QStringLiteral("The link %1 could not be made: %2.").arg(path, file.errorString());
+            return QStringLiteral("The link %1 could not be made: %2.").arg(path, orv::errorText(file));
         }
         path_ = path;
         return {};

@@ -231,25 +231,23 @@ void GraphPage::tellWhatIsMissing() {
     if (data_.rowCount() == 0) {
         hint = QStringLiteral("No rows yet.\n\nCollect or download data, or open a sheet: its columns are drawn here.");
     } else if (data_.pointCount() == 0) {
-        hint =
-            data_.rowsWithoutPlace() == 0
-                ? QStringLiteral("The rows are of another type of instrument.\n\nClear the sheet before you collect.")
-                : QStringLiteral("No row can be placed on this axis.\n\nChoose the other one under \"X axis\".");
+        hint = QStringLiteral("No row can be placed on this axis.\n\nChoose the other one under \"X axis\".");
     } else if (noneShown) {
         hint = QStringLiteral("All curves are switched off.");
     }
     canvas_->setHint(hint);
 
     QStringList notes;
-    if (data_.rowsOfOtherLayout() > 0) {
-        notes << QStringLiteral("%1 rows of another type of instrument are not drawn.").arg(data_.rowsOfOtherLayout());
-    }
-    if (data_.rowsWithoutPlace() > 0) {
-        notes << (data_.axis() == PlotData::Axis::Time
-                      ? QStringLiteral("%1 rows without a readable time are not drawn.")
-                      : QStringLiteral("%1 rows without a record number are not drawn."))
-                     .arg(data_.rowsWithoutPlace());
-    }
+    const auto note = [&notes](int rows, const char* which) {
+        if (rows > 0) {
+            notes << (rows == 1 ? QStringLiteral("1 row %2 is not drawn.")
+                                : QStringLiteral("%1 rows %2 are not drawn.").arg(rows))
+                         .replace(QLatin1String("%2"), QLatin1String(which));
+        }
+    };
+    note(data_.rowsOfOtherLayout(), "of another type of instrument");
+    note(data_.rowsWithoutPlace(),
+         data_.axis() == PlotData::Axis::Time ? "without a readable time" : "without a record number");
     if (notes.isEmpty()) {
         notes << QStringLiteral(
             "Wheel zooms the axis, with Ctrl the values; dragging moves; a double click shows all.");

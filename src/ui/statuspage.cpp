@@ -77,11 +77,10 @@ NewestRowScreen::NewestRowScreen(const Program& program)
 }
 
 void NewestRowScreen::draw() {
-    // A row of another type of instrument must not stand under this one's names.
-    const int row = sheet_.rowCount() > sheet_.rowsOfOtherLayout() ? sheet_.rowCount() - 1 : -1;
+    const int row = sheet_.rowCount() - 1;
     empty_->setVisible(row < 0);
     for (std::size_t column = 0; column < values_.size(); ++column) {
-        const QString caption = row < 0 ? QString() : sheet_.header().value(static_cast<qsizetype>(column));
+        const QString caption = row < 0 ? QString() : sheet_.columnNames().value(static_cast<qsizetype>(column));
         if (captions_[column]->text() != caption) {
             captions_[column]->setText(caption);
             captions_[column]->setVisible(!caption.isEmpty());

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet/sheet.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace orv {
+
+/// The sheet is of another type than the instrument: one that was loaded, or that another instrument has filled.
+bool Sheet::isOfAnotherType() const {
+    const RowLayout layout = rows.connectedLayout();
+    return layout != RowLayout::Unknown && layout != data.type().layout();
+}
+
+/// Writes the header row of the identified instrument's type; nothing for an unknown type. Rows of another type that
+/// are not saved are saved first; returns whether they are. If that fails, they keep their header row.
+bool Sheet::layOutHeaderRow() {
+    if (isOfAnotherType() && !files.saveAside()) {
+        return false;
+    }
+    rows.layOutOnOpening();
+    return true;
+}
+
+/// Of what no sheet file holds, the record file is the only one.
+void Sheet::noteSaved(bool wholly) {
+    if (wholly) {
+        recordFile.rowsSaved();
+        return;
+    }
+    const bool recorded = recordFile.rowsSavedInPart();
+    if (std::exchange(missingColumnTold_, true)) {
+        return;
+    }
+    const QString where = recorded
+                              ? QStringLiteral("The record file %1 has it; the next run keeps that file under a "
+                                               "name with date and time.")
+                                    .arg(QFileInfo(recordFile.path()).absoluteFilePath())
+                              : QStringLiteral("Of stored data, \"Download Stored Data: Save as Text\" writes it.");
+    link.session.messages.show(
+        {.title = QStringLiteral("Save as"),
+         .text = QStringLiteral("A sheet file has no column for the last reference of the older TRX.\n\n%1").arg(where),
+         .icon = Message::Icon::Information});
+}
+
+bool Sheet::prepare() {
+    if (!rows.instrumentIsKnown()) {
+        return false;
+    }
+    if (!isOfAnotherType() || layOutHeaderRow()) {
+        missingColumnTold_ = false;
+        return true;
+    }
+    link.session.messages.show(
+        operatorWarning(QStringLiteral("The sheet still holds unsaved rows of the %1. Save or clear them first.")
+                            .arg(instrumentName(instrumentType(data.type().letter)))));
+    return false;
+}
+
+} // namespace orv
