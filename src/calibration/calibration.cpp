@@ -45,11 +45,19 @@ void Calibration::select(int position) {
 }
 
 void Calibration::show(const QString& operation, int position) {
-    if (count() > 0) {
-        shown.current = static_cast<qint16>(position);
-        shown.worksheetCaption = shown.currentEntry();
-        act(operation, [this] { store_.showcal(); });
+    if (count() == 0) {
+        return;
     }
+    act(operation, [this, position] {
+        // An eighth instrument has no worksheet: its boxes still show that of another.
+        if (shown.current < CalibrationTable::instrumentCount) {
+            store_.storecal();
+        }
+        shown.current = static_cast<qint16>(position);
+        shown.highlighted = position;
+        shown.worksheetCaption = shown.currentEntry();
+        store_.showcal();
+    });
 }
 
 /// Says which columns are averaged if they are not the angles; else takes back what it has said.

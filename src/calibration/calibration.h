@@ -26,8 +26,9 @@ public:
     /// a colour.
     void addInstrument();
 
-    /// `Command5`, `Command8`, a click on an entry of `List2`. Show the next or the previous instrument, round at the
-    /// ends, or the one at a position of the list. Nothing happens while the list is empty. End with
+    /// `Command5`, `Command8`, a click on an entry of `List2`. Keep the worksheet for the instrument shown, then show
+    /// the next or the previous one, round at the ends, or the one at a position of the list. Nothing happens while
+    /// the list is empty. End with Overflow if the worksheet cannot be kept: the instrument shown stays. End with
     /// SubscriptOutOfRange for an eighth instrument: it is then the current one, by caption and index, but the boxes
     /// still show the instrument before.
     void next();

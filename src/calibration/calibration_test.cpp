@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <tuple>
 
 namespace orv {
@@ -54,7 +55,7 @@ TEST_F(InstrumentListTest, WithoutAColourNothingIsAddedAndTheNextClearsTheMessag
 TEST_F(InstrumentListTest, AddingKeepsTheInstrumentShownAndTheWorksheet) {
     shown.worksheet.at(0, 0) = QStringLiteral("77");
     addThree();
-    EXPECT_EQ(listed(), "0  11");
+    EXPECT_EQ(listed(), "0 Worksheet 11");
     EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77");
 }
 
@@ -76,8 +77,77 @@ TEST_F(InstrumentListTest, AChosenEntryIsShownWithItsValues) {
     shown.worksheet.at(3, 2) = QStringLiteral("-5");
     actions.calcdp(); // no rows: the worksheet is not kept
     actions.select(1);
-    EXPECT_EQ(shown.worksheet.at(3, 2).value().toStdString(), "0");
+    EXPECT_EQ(shown.worksheet.at(3, 2).value().toStdString(), "-5");
     EXPECT_EQ(listed(), "1 two 10");
+}
+
+TEST_F(InstrumentListTest, WhatWasTypedIsKeptForItsInstrumentWhenAnotherIsShown) {
+    addThree();
+    const std::function<void()> steps[] = {[this] { actions.next(); }, [this] { actions.previous(); },
+                                           [this] { actions.select(2); }};
+    for (const auto& toAnother : steps) {
+        actions.select(0);
+        fill(shown.worksheet, "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18.5");
+        toAnother();
+        EXPECT_EQ(textOf(shown.worksheet), "0 0 0/0 0 0/0 0 0/0 0 0/0 0 0/0 0 0");
+        actions.select(0);
+        EXPECT_EQ(textOf(shown.worksheet), "1 2 3/4 5 6/7 8 9/10 11 12/13 14 15/16 17 18");
+        fill(shown.worksheet, "0 0 0/0 0 0/0 0 0/0 0 0/0 0 0/0 0 0");
+    }
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(InstrumentListTest, WhatWasTypedBeforeTheFirstWasShownIsThatOfTheFirst) {
+    shown.worksheet.at(2, 1) = QStringLiteral("6");
+    addThree();
+    actions.next();
+    EXPECT_EQ(actions.table.value(0, 2, 1), 6);
+    EXPECT_EQ(actions.table.value(1, 2, 1), 0);
+}
+
+TEST_F(InstrumentListTest, AValueThatDoesNotFitIsToldAndTheInstrumentShownStays) {
+    addThree();
+    actions.select(1);
+    const std::pair<const char*, std::function<void()>> steps[] = {{"Next", [this] { actions.next(); }},
+                                                                   {"Previous", [this] { actions.previous(); }},
+                                                                   {"Show Instrument", [this] { actions.select(0); }}};
+    for (const auto& [operation, toAnother] : steps) {
+        messages.shown.clear();
+        fill(shown.worksheet, "0 0 0/4 5 6/7 40000 0/0 0 0/0 0 0/0 0 0");
+        toAnother();
+        EXPECT_EQ(theMessage().text.section(u'\n', 0, 0).toStdString(),
+                  std::string(operation) + ": the operation ended with the error \"Overflow\".");
+        EXPECT_EQ(listed(), "1 two 10");
+        EXPECT_EQ(shown.highlighted.value(), 1);
+        EXPECT_EQ(textOf(shown.worksheet), "0 0 0/4 5 6/7 40000 0/0 0 0/0 0 0/0 0 0");
+    }
+    shown.worksheet.at(2, 1) = QStringLiteral("4000");
+    actions.next();
+    EXPECT_EQ(listed(), "2 three 11");
+    EXPECT_EQ(actions.table.value(1, 2, 1), 4000);
+}
+
+TEST_F(InstrumentListTest, TheHighlightGoesWithTheInstrumentShown) {
+    addThree();
+    EXPECT_EQ(shown.highlighted.value(), CalibrationState::noInstrument) << "none has been shown";
+    actions.next();
+    EXPECT_EQ(shown.highlighted.value(), 1);
+    actions.previous();
+    EXPECT_EQ(shown.highlighted.value(), 0);
+    actions.select(2);
+    EXPECT_EQ(shown.highlighted.value(), 2);
+}
+
+TEST_F(InstrumentListTest, AnInstrumentWithoutANameIsShownLikeAnyOther) {
+    add("", LightColour::Red);
+    add("two", LightColour::Blue);
+    EXPECT_EQ(shown.worksheetCaption.value().toStdString(), "Worksheet");
+    actions.select(0);
+    EXPECT_EQ(listed(), "0  9") << "the caption of its empty entry";
+    EXPECT_EQ(shown.highlighted.value(), 0);
+    actions.next();
+    EXPECT_EQ(listed(), "1 two 10");
+    EXPECT_EQ(shown.highlighted.value(), 1);
 }
 
 TEST_F(InstrumentListTest, AnEmptyListDoesNothing) {
@@ -85,7 +155,7 @@ TEST_F(InstrumentListTest, AnEmptyListDoesNothing) {
     actions.next();
     actions.previous();
     actions.select(0);
-    EXPECT_EQ(listed(), "0  0");
+    EXPECT_EQ(listed(), "0 Worksheet 0");
     EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77");
     EXPECT_TRUE(messages.shown.empty());
 }
@@ -109,7 +179,7 @@ TEST_F(InstrumentListTest, AnEighthCanBeChosenButHasNoWorksheet) {
     EXPECT_EQ(messages.shown.size(), 1U);
     actions.next();
     EXPECT_EQ(listed(), "0 1 9");
-    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "0");
+    EXPECT_EQ(shown.worksheet.at(0, 0).value().toStdString(), "77") << "kept for the first, not for the eighth";
     EXPECT_EQ(messages.shown.size(), 1U);
 }
 
@@ -383,7 +453,7 @@ TEST_F(ReportTest, TheWorksheetOnTheScreenCountsNotTheTable) {
     actions.select(0);
     shown.worksheet.at(0, 0) = QStringLiteral("unsaved");
     actions.saveCalInfo();
-    EXPECT_TRUE(written().contains("Stdev  \tunsaved\t0\t0\r\r\nAir    \tunsaved\t0\t0\r\r\n"));
+    EXPECT_TRUE(written().contains("Stdev  \tunsaved\t2\t3\r\r\nAir    \tunsaved\t2\t3\r\r\n"));
 }
 
 TEST_F(ReportTest, TheBytesAreTheSameUnderEveryLocale) {

@@ -93,6 +93,7 @@ private:
 /// What the page "Calibration TRX(S)" shows and what its controls ask for.
 struct CalibrationState {
     static constexpr int noRow = -1;
+    static constexpr int noInstrument = -1;
 
     QProperty<QString> instrumentName;                    ///< `Text17`, as typed.
     QProperty<LightColour> colour{LightColour::None};     ///< `Option9`, `Option10`, `Option11`.
@@ -100,11 +101,12 @@ struct CalibrationState {
     QProperty<QStringList> instruments;                   ///< `List2`; the position is the instrument's index.
     QProperty<QString> totalEntered{QStringLiteral("0")}; ///< `Label70`.
     QProperty<qint16> current{0};                         ///< Index of the instrument shown; also `Label71`.
-    QProperty<QString> worksheetCaption;                  ///< `Frame16`; empty until an instrument has been shown.
-    QProperty<int> selectedRow{noRow};                    ///< The row whose selector is on, 0..5.
-    BoxGrid<worksheetRows.size()> worksheet;              ///< Measured values, as text.
-    BoxGrid<referenceRows.size()> reference;              ///< "KP 7", as typed.
-    std::array<QProperty<QString>, channelCount> results; ///< The derived points.
+    QProperty<int> highlighted{noInstrument};             ///< The same in `List2`, once one has been shown.
+    QProperty<QString> worksheetCaption{QStringLiteral("Worksheet")}; ///< `Frame16`: the entry of that instrument.
+    QProperty<int> selectedRow{noRow};                                ///< The row whose selector is on, 0..5.
+    BoxGrid<worksheetRows.size()> worksheet;                          ///< Measured values, as text.
+    BoxGrid<referenceRows.size()> reference;                          ///< "KP 7", as typed.
+    std::array<QProperty<QString>, channelCount> results;             ///< The derived points.
 
     /// The list entry of the instrument shown; empty if there is none.
     QString currentEntry() const { return instruments.value().value(current.value()); }

@@ -145,12 +145,14 @@ bool ComPorts::openDebugPort() {
         return false;
     }
     debugPort_ = line(debugPortNumber).port.get();
+    debugStirring_ = debugPort_->stirred.subscribe([this] { debugPort_->readAll(); });
     setUse(debugPort_, PortUse::DebugOutput);
     return true;
 }
 
 void ComPorts::closeDebugPort() {
     if (isDebugPortOpen()) {
+        debugStirring_.reset();
         debugPort_->close();
         setUse(std::exchange(debugPort_, nullptr), PortUse::None);
     }

@@ -95,7 +95,8 @@ private:
     Port* instrument_ = nullptr; ///< The open line of the instrument.
     Port* debugPort_ = nullptr;  ///< The open line of the debug output.
     int selected_ = 1;
-    Subscription stirring_; ///< Of that line.
+    Subscription stirring_;      ///< Of the instrument's line.
+    Subscription debugStirring_; ///< Of the debug output's: what comes there is dropped.
 };
 
 } // namespace orv

@@ -76,6 +76,25 @@ TEST_F(ComPorts, tellOfTheOpenInstrumentsPortAlone) {
     EXPECT_EQ(tellings, 2);
 }
 
+TEST_F(ComPorts, dropWhatComesToTheDebugPort) {
+    tickDebugOutput();
+    com2.input = QByteArray(5000, 'x');
+    EXPECT_EQ(com2.inputCount(), 0);
+    ports.open();
+    com1.input = "kept";
+    EXPECT_EQ(ports.readAll(), "kept");
+    ports.closeDebugPort();
+    com2.input = "y";
+    EXPECT_EQ(com2.inputCount(), 1) << "a closed port is left alone";
+    EXPECT_TRUE(ports.openDebugPort());
+    ports.closeDebugPort();
+    ports.close();
+    ports.selectPort(2);
+    ports.open();
+    com2.input = "from the instrument";
+    EXPECT_EQ(ports.readAll(), "from the instrument");
+}
+
 TEST_F(ComPorts, passEveryOperationToTheOpenPort) {
     ports.open();
     ports.setDataTerminalReady(true);

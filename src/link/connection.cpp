@@ -216,28 +216,39 @@ Task<bool> Connection::wakeUp() {
     SessionState& state = session_.state;
     const Clock& clock = session_.clock;
     QString reply;
-    state.Rtn.clear();
-    const auto showFirmware = [this, &state, &reply] {
-        // The reply is the type letter, the firmware's digits and CR.
-        if (!state.Vartemp.isEmpty()) {
-            session_.setFirmware(reply.mid(1, std::max<qsizetype>(reply.size() - 2, 0)));
+    qsizetype typeAt = 0; // in the reply
+    const auto showFirmware = [this, &state, &reply, &typeAt] {
+        if (state.Vartemp.isEmpty()) {
+            return;
         }
+        // The power that comes on makes noise, which may look like the letter too: the last one of the line counts.
+        typeAt = reply.lastIndexOf(state.Vartemp, reply.indexOf(u'\r', typeAt));
+        if (typeAt > 0 && state.trouble == 1 && debug_.showParsing) {
+            debug_.list.append(reply.left(typeAt));
+        }
+        // From the type letter on the reply is that letter, the firmware's digits and CR.
+        session_.setFirmware(reply.mid(typeAt + 1, std::max<qsizetype>(reply.size() - typeAt - 2, 0)));
     };
     do {
         state.Vartemp.clear();
+        state.Rtn.clear();
+        reply.clear();
         const qint64 start = clock.monotonicMilliseconds();
         for (qint64 left = attemptLimit + 1; left > 0;
              left = start + attemptLimit + 1 - clock.monotonicMilliseconds()) {
             const QByteArray block = co_await waits_.input(left);
-            const QString text = QString::fromLatin1(block);
-            reply += text;
-            state.Rtn += text; // not the reply itself: that would copy it at each block
+            qsizetype lineAt = 0; // in the block
             for (const char letter : {'V', 'F'}) {
                 if (state.Vartemp.isEmpty() && block.contains(letter)) {
                     state.Vartemp = QLatin1Char(letter);
+                    lineAt = block.indexOf(letter);
+                    typeAt = reply.size() + lineAt;
                 }
             }
-            if (block.contains('\r')) {
+            const QString text = QString::fromLatin1(block);
+            reply += text;
+            state.Rtn += text; // not the reply itself: that would copy it at each block
+            if (block.indexOf('\r', lineAt) >= 0) {
                 showFirmware();
                 co_return true;
             }

@@ -38,6 +38,7 @@ QString Poll::quary() {
         rxbuffer.clear();
     }
     state.Rtn.clear();
+    searchWhatIsNew();
 
     const QByteArray block = ports_.readAll();
     if (!block.isEmpty()) {
@@ -52,7 +53,7 @@ QString Poll::quary() {
                                                "complete again.")
                                     .arg(session_.fileNames.log, reason)));
         }
-    } else if (!rxbuffer.contains('\n') && ports_.checkFailure()) {
+    } else if (searched_.lineFeed < 0 && ports_.checkFailure()) {
         return {}; // the operator is told after the last complete line has been taken
     }
 
@@ -60,19 +61,16 @@ QString Poll::quary() {
     if (rxbuffer.isEmpty()) {
         return {};
     }
+    searchWhatIsNew();
     if (state.gatherstart == 1) {
-        if (rxbuffer.contains('>')) {
+        if (searched_.ready >= 0) {
             state.Gatherstop = 1;
-        } else if (rxbuffer.contains('!')) {
+        } else if (searched_.other >= 0) {
             state.Gatherstop = 3;
         }
     }
-    const qsizetype lineFeed = rxbuffer.indexOf('\n');
-    if (lineFeed >= 0) {
-        // A line feed that comes first ends an empty line.
-        const qsizetype length = std::max<qsizetype>(lineFeed - 1, 0);
-        state.Rtn = QString::fromLatin1(rxbuffer.constData(), length);
-        rxbuffer.remove(0, lineFeed + 1);
+    if (searched_.lineFeed >= 0) {
+        takeLine();
     }
     session_.status.bufferCount = static_cast<int>(rxbuffer.size());
 
@@ -83,6 +81,32 @@ QString Poll::quary() {
         debug_.list.selectLast();
     }
     return state.Rtn;
+}
+
+void Poll::searchWhatIsNew() {
+    if (rxbuffer.size() < searched_.end) {
+        searched_ = {}; // it has been emptied
+    }
+    const auto fresh = QByteArrayView(rxbuffer).sliced(searched_.end);
+    const auto note = [this](qsizetype& place, qsizetype found) { place = found < 0 ? place : searched_.end + found; };
+    if (searched_.lineFeed < 0) {
+        note(searched_.lineFeed, fresh.indexOf('\n'));
+    }
+    note(searched_.ready, fresh.lastIndexOf('>'));
+    note(searched_.other, fresh.lastIndexOf('!'));
+    searched_.end = rxbuffer.size();
+}
+
+void Poll::takeLine() {
+    // A line feed that comes first ends an empty line.
+    const qsizetype length = std::max<qsizetype>(searched_.lineFeed - 1, 0);
+    session_.state.Rtn = QString::fromLatin1(rxbuffer.constData(), length);
+    const qsizetype taken = searched_.lineFeed + 1;
+    rxbuffer.remove(0, taken);
+    searched_ = {.end = searched_.end - taken,
+                 .lineFeed = rxbuffer.indexOf('\n'),
+                 .ready = std::max<qsizetype>(searched_.ready - taken, -1),
+                 .other = std::max<qsizetype>(searched_.other - taken, -1)};
 }
 
 } // namespace orv

@@ -40,15 +40,30 @@ public:
     /// has been taken.
     QString quary();
 
-    /// Characters received and not yet consumed as a line.
+    /// Characters received and not yet consumed as a line. Only the poll adds to them; others may empty it.
     QByteArray rxbuffer;
+
+    /// Whether a complete line stood in `rxbuffer` after the last poll and still does.
+    bool hasLine() const { return searched_.lineFeed >= 0 && searched_.lineFeed < rxbuffer.size(); }
 
     ProgramLog log;
 
 private:
+    /// What is known of the first `end` characters of `rxbuffer`: where something stands in them, -1 if nowhere.
+    struct Searched {
+        qsizetype end = 0;
+        qsizetype lineFeed = -1; ///< The first.
+        qsizetype ready = -1;    ///< The last ">".
+        qsizetype other = -1;    ///< The last "!".
+    };
+
+    void searchWhatIsNew();
+    void takeLine();
+
     Session& session_;
     ComPorts& ports_;
     DebugState& debug_;
+    Searched searched_;
 };
 
 } // namespace orv

@@ -3,6 +3,8 @@
 
 #include "testing/programrig.h"
 
+#include <QElapsedTimer>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -182,6 +184,22 @@ TEST_F(PollTest, dropsNothingHoweverMuchArrives) {
     EXPECT_EQ(take("\r\n"), much);
 }
 
+TEST_F(PollTest, costsNoMoreWithALongLineInTheBuffer) {
+    state.gatherstart = 1;
+    const auto polling = [this] {
+        QElapsedTimer timer;
+        timer.start();
+        for (int count = 0; count < 1000; ++count) {
+            take("");
+            take("x");
+        }
+        return timer.elapsed();
+    };
+    const qint64 withLittle = polling();
+    take(QByteArray(8'000'000, 'x'));
+    EXPECT_LE(polling(), 10 * withLittle + 100) << "milliseconds";
+}
+
 struct PromptRow {
     QByteArray text;
     int gatherstop;
@@ -206,6 +224,39 @@ TEST_F(PollTest, notesAPromptThatWasBufferedBeforeTheCollection) {
     state.gatherstart = 1;
     take("");
     EXPECT_EQ(state.Gatherstop, 1);
+}
+
+TEST_F(PollTest, notesAPromptAsLongAsItStandsInTheBuffer) {
+    state.gatherstart = 1;
+    struct Row {
+        QByteArray block;
+        int gatherstop;
+        const char* line;
+    };
+    const Row rows[] = {{"a>b\r\nc!d\r\ne", 1, "a>b"},
+                        {"", 3, "c!d"},
+                        {"", 0, ""},
+                        {"\r", 0, ""},
+                        {"\nf>", 1, "e"},
+                        {"", 1, ""},
+                        {"!", 1, ""},
+                        {"\r\ng", 1, "f>!"},
+                        {"", 0, ""},
+                        {"!", 3, ""},
+                        {"\n\n", 3, "g"},
+                        {"", 0, ""}};
+    int number = 0;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(++number);
+        state.Gatherstop = 0;
+        EXPECT_EQ(take(row.block), row.line);
+        EXPECT_EQ(state.Gatherstop, row.gatherstop);
+    }
+    take("h>i\r\n>");
+    rxbuffer.clear(); // by a talk that reads the port itself
+    state.Gatherstop = 0;
+    EXPECT_EQ(take("j\r\n"), "j");
+    EXPECT_EQ(state.Gatherstop, 0);
 }
 
 TEST_F(PollTest, leavesThePromptFlagAloneOutsideACollection) {

@@ -51,19 +51,6 @@ namespace {
 /// only the debug output to a stuck line ever gets there.
 constexpr qint64 maximumPendingOutput = 65536;
 
-/// The path of the device in the file system, where it has one.
-QString devicePath(const QSerialPort& port) {
-    QString name = port.portName();
-    if (name.isEmpty() || QDir::isAbsolutePath(name)) {
-        return name;
-    }
-#ifdef Q_OS_UNIX
-    return QLatin1String("/dev/") + name; // the list of serial ports has no pseudo-terminals
-#else
-    return QSerialPortInfo(port).systemLocation();
-#endif
-}
-
 /// Whether an error that was met while reading or writing means that the line is lost.
 bool lineIsLost(QSerialPort::SerialPortError error, [[maybe_unused]] const QSerialPort& port) {
     if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError || error == QSerialPort::WriteError) {
@@ -81,6 +68,12 @@ bool lineIsLost(QSerialPort::SerialPortError error, [[maybe_unused]] const QSeri
 }
 
 #ifdef Q_OS_UNIX
+/// The path of the device in the file system. The list of serial ports has no pseudo-terminals.
+QString devicePath(const QSerialPort& port) {
+    const QString name = port.portName();
+    return name.isEmpty() || QDir::isAbsolutePath(name) ? name : QLatin1String("/dev/") + name;
+}
+
 /// The first of the folders in which serial programs keep their lock files, as the port library searches them.
 QString lockFolder() {
     for (const QString& folder : {QStringLiteral("/var/lock"), QStringLiteral("/etc/locks"),
@@ -198,13 +191,13 @@ void SystemPort::noteError(QSerialPort::SerialPortError error) {
 }
 
 QString SystemPort::openFailure() const {
-    const QString path = devicePath(port_);
-    const QFileInfo file(path);
     OpenFailureFacts facts;
     facts.systemText = errorText(port_);
-    facts.exists = file.exists() || (!QDir::isAbsolutePath(path) && !QSerialPortInfo(port_).isNull());
     facts.accessible = true;
 #ifdef Q_OS_UNIX
+    const QString path = devicePath(port_);
+    const QFileInfo file(path);
+    facts.exists = file.exists();
     facts.isSerialDevice = !file.isFile() && !file.isDir() && port_.error() != QSerialPort::UnsupportedOperationError;
     facts.accessible = file.isReadable() && file.isWritable();
     facts.group = file.group();
@@ -219,6 +212,8 @@ QString SystemPort::openFailure() const {
         facts.lockedBy = application.isEmpty() ? QStringLiteral("process %1").arg(process)
                                                : QStringLiteral("%1, process %2").arg(application).arg(process);
     }
+#else
+    facts.exists = !QSerialPortInfo(port_).isNull(); // a port's path names no file here
 #endif
     // With everything above in order, a refusal means that somebody else holds the device.
     facts.busy = facts.busy || (facts.lockFolderWritable && port_.error() == QSerialPort::PermissionError);

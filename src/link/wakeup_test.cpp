@@ -24,12 +24,18 @@ TEST_F(WakeUp, takesTypeAndFirmwareFromTheFirstReply) {
         {"three blocks", {"V", "51", "2\r"}, "V", "512"},
         {"by the character", {"F", "4", "1", "2", "\r"}, "F", "412"},
         {"CR alone in the latest block", {"V512", "\r"}, "V", "512"},
-        {"both letters in a block", {"FV5\r"}, "V", "V5"},
+        {"both letters in a block", {"FV5\r"}, "V", "5"},
+        {"both letters in a block, V first", {"VF5\r"}, "V", "F5"},
         {"V after F in a later block", {"F5", "V\r"}, "F", "5V"},
         {"letter only", {"V\r"}, "V", ""},
         {"more behind the CR in its block", {"V512\r\n"}, "V", "512\r"},
-        {"letter not first", {"xV512\r"}, "V", "V512"},
-        {"letter after other blocks", {"xx", "V512\r"}, "V", "xV512"},
+        {"letter not first", {"xV512\r"}, "V", "512"},
+        {"letter after other blocks", {"xx", "V512\r"}, "V", "512"},
+        {"letter after a NUL", {QByteArray("\0V512\r", 6)}, "V", "512"},
+        {"noise, then by the character", {QByteArray(1, '\0'), "\xff", "F", "4", "1", "2", "\r"}, "F", "412"},
+        {"CR before the letter in its block", {"x\rV51", "2\r"}, "V", "512"},
+        {"noise that reads like the letter", {"VV512\r"}, "V", "512"},
+        {"two greetings in a block", {"V512\rV512\r"}, "V", "512\rV512"},
         {"late within the limit", std::deque<QByteArray>(4900), "V", "512"},
     };
     for (const ReplyRow& row : rows) {
@@ -155,6 +161,55 @@ TEST_F(WakeUp, letsNoTickReadThePortWhileItWaitsForTheReply) {
     EXPECT_GT(ticksSeen, 190);
     EXPECT_EQ(status.firmware.value(), QStringLiteral("512"));
     EXPECT_FALSE(timer.isHeld());
+}
+
+TEST_F(WakeUp, understandsAnInstrumentWhosePowerMakesNoise) {
+    for (const int seed : {1, 2, 3, 4, 5, 6, 7, 8, 9}) {
+        ProgramRig rig(simulatedInstrument);
+        rig.ports.setDevice(1, QStringLiteral("sim:trx?fault=noise&seed=%1").arg(seed));
+        rig.autoConnect();
+        EXPECT_FALSE(rig.line->blocks.join().startsWith('V'));
+        EXPECT_EQ(rig.state.Vartemp, QStringLiteral("V"));
+        EXPECT_EQ(rig.status.firmware.value(), QStringLiteral("512"));
+        EXPECT_EQ(rig.sheet.type().layout(), RowLayout::TrxNewer);
+    }
+}
+
+TEST_F(WakeUp, listsWhatStandsBeforeTheLetterOnlyInTheServiceModeWithShowParsing) {
+    using List = std::deque<QString>;
+    const QString noise = QString::fromLatin1(QByteArray("\0\xfex", 3));
+    for (const bool serviceMode : {false, true}) {
+        for (const bool showParsing : {false, true}) {
+            ProgramRig rig;
+            rig.state.trouble = serviceMode ? 1 : 0;
+            rig.debug.showParsing = showParsing;
+            rig.replies = {QByteArray("\0\xfe", 2), "xF4", "12\r"};
+            rig.autoConnect();
+            EXPECT_EQ(rig.debug.list.entries(),
+                      serviceMode && showParsing ? (List{noise, QStringLiteral("F")}) : List());
+            EXPECT_EQ(rig.state.firmware, 412.0);
+        }
+    }
+}
+
+TEST_F(WakeUp, beginsEachAttemptOfAManualConnectionWithAnEmptyReply) {
+    program.link.connection.manualConnect(1);
+    manual.proceed();
+    QString between = QStringLiteral("unseen");
+    eachMillisecond = [&] {
+        const qint64 sinceThePulse = clock.monotonicMilliseconds() - 1000;
+        if (sinceThePulse == 4000) {
+            com1.input = "F3"; // not the whole of it: the power failed again
+        } else if (sinceThePulse == 5500) {
+            between = state.Rtn;
+            com1.input = "V512\r";
+        }
+    };
+    pressStart();
+    EXPECT_EQ(between, QString());
+    EXPECT_EQ(state.Vartemp, QStringLiteral("V"));
+    EXPECT_EQ(status.firmware.value(), QStringLiteral("512"));
+    EXPECT_EQ(state.firmware, 512.0);
 }
 
 TEST_F(WakeUp, failsAfterFiveSecondsOfSilence) {

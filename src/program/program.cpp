@@ -301,7 +301,7 @@ bool Program::dispatch() {
     const QByteArray& rest = link.poll.rxbuffer;
     const bool prompted = state.gatherstart == 1 && !line.isEmpty() && (rest.contains('>') || rest.contains('!'));
     // The poll notices that the line is lost when it has read everything else.
-    const bool isRead = link.ports.isOpen() && (rest.contains('\n') || link.ports.hasFailed());
+    const bool isRead = link.ports.isOpen() && (link.poll.hasLine() || link.ports.hasFailed());
     return isRead || state.Ctrlscrn != before || prompted || announces;
 }
 

@@ -135,9 +135,10 @@ TEST_P(SleepingTick, bringsTheSameAsATickThatNeverSleeps) {
 INSTANTIATE_TEST_SUITE_P(Instruments, SleepingTick,
                          testing::Values("sim:trx?records=60&rate=5", "sim:glow?records=300&rate=30",
                                          "sim:trx?points=7&rate=20", "sim:glow?baud=0&rate=3", "sim:trx?fault=garbage",
-                                         "sim:glow?fault=silent", "sim:trx?fault=late&delay=0.4",
-                                         "sim:trx?fault=cut&after=4000ms", "sim:trx?fault=unplug&after=12000ms",
-                                         "sim:glow?fault=cut&after=40%", "sim:glow?fault=nocr"));
+                                         "sim:trx?fault=noise&rate=5", "sim:glow?fault=silent",
+                                         "sim:trx?fault=late&delay=0.4", "sim:trx?fault=cut&after=4000ms",
+                                         "sim:trx?fault=unplug&after=12000ms", "sim:glow?fault=cut&after=40%",
+                                         "sim:glow?fault=nocr"));
 
 TEST(SleepingTickAtRest, ticksOnceASecond) {
     Rehearsal session(QStringLiteral("sim:trx"), false);

@@ -55,7 +55,7 @@ inline constexpr std::span<const Setting> numberSettings = std::span(allSettings
 std::vector<const Setting*> settingsInOrder(const char* letters);
 
 /// The status lamp of the settings screen: what goes on with the settings.
-enum class Lamp { Off, Reading, Sending, Sent, Read };
+enum class Lamp { Off, Reading, Sending, Sent, Read, Failed };
 
 /// Offset and scale with which counts become a value, as typed.
 struct CalibrationBoxes {

@@ -10,12 +10,21 @@
 #include <QScopeGuard>
 #include <QStringList>
 
+#include <algorithm>
+#include <cmath>
+
 namespace orv {
 
 namespace {
 
 std::vector<const Setting*> linesOfFile() {
     return settingsInOrder("TDQILWAGMS");
+}
+
+/// Whether the text can be typed into a box of so many digits.
+bool fitsBox(const QString& text, int digits) {
+    return text.size() <= digits &&
+           std::ranges::all_of(text, [](QChar character) { return character >= u'0' && character <= u'9'; });
 }
 
 QString modeSuffix() {
@@ -33,24 +42,35 @@ QByteArray modeFileContent(const LoggerSettings& mode) {
     return content.toLatin1();
 }
 
-std::optional<LoggerSettings> readModeFile(const QByteArray& content) {
+ReadMode readModeFile(const QByteArray& content) {
     const QStringList lines = QString::fromLatin1(content).split(u'\n');
     const auto settings = linesOfFile();
     // What follows the last line end is no line.
     if (lines.size() - (lines.last().isEmpty() ? 1 : 0) < static_cast<qsizetype>(settings.size())) {
-        return std::nullopt;
+        return {.error = QStringLiteral("is not a complete mode file: it has fewer than ten lines")};
     }
-    LoggerSettings mode;
-    auto line = lines.cbegin();
+    ReadMode read;
+    qsizetype line = 0;
     for (const Setting* setting : settings) {
-        if (setting->flag == nullptr) {
-            mode.*setting->number = line->trimmed();
-        } else {
-            mode.*setting->flag = leadingNumber(*line) != 0.0;
-        }
+        const QString text = lines.at(line).trimmed();
         ++line;
+        if (setting->flag == nullptr) {
+            if (!fitsBox(text, setting->digits)) {
+                return {.error = QStringLiteral("is not a mode file: line %1 must be empty or hold at most %2 digits")
+                                     .arg(line)
+                                     .arg(setting->digits)};
+            }
+            read.mode.*setting->number = text;
+        } else {
+            bool isNumber = false;
+            const double number = text.toDouble(&isNumber);
+            if (!isNumber || !std::isfinite(number)) {
+                return {.error = QStringLiteral("is not a mode file: line %1 must hold a number").arg(line)};
+            }
+            read.mode.*setting->flag = number != 0.0;
+        }
     }
-    return mode;
+    return read;
 }
 
 Modes::Modes(Link& link, SettingsState& settings, SettingsSender& sender)
@@ -140,12 +160,12 @@ Task<> Modes::askAndLoad() {
         refuse(QStringLiteral("The mode file %1 could not be read: %2.").arg(shown, errorText(file)));
         co_return;
     }
-    const std::optional<LoggerSettings> mode = readModeFile(content);
-    if (!mode) {
-        refuse(QStringLiteral("%1 is not a complete mode file: it has fewer than ten lines.").arg(shown));
+    const ReadMode read = readModeFile(content);
+    if (!read.error.isEmpty()) {
+        refuse(QStringLiteral("%1 %2.").arg(shown, read.error));
         co_return;
     }
-    settings_.record = *mode;
+    settings_.record = read.mode;
     settings_.modeRemark = QStringLiteral("Loaded %1.").arg(QFileInfo(name).fileName());
     sendIfConnected(QFileInfo(name).fileName());
 }

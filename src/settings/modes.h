@@ -6,18 +6,22 @@
 
 #include <QByteArray>
 
-#include <optional>
-
 namespace orv {
 
 /// The content of a mode file: ten lines ended by CR LF, the numbers as typed, then the flags in number print form
 /// (" 0" or " 1").
 QByteArray modeFileContent(const LoggerSettings& mode);
 
-/// The settings of a mode file's content; nothing if it has fewer than ten lines. Lines may end with CR LF or LF, the
-/// last one with neither; blanks around a value and further lines are passed over. A flag line that reads 0 is 0, any
-/// other is 1.
-std::optional<LoggerSettings> readModeFile(const QByteArray& content);
+/// The settings of a mode file, or why they cannot be had.
+struct ReadMode {
+    LoggerSettings mode = {};
+    QString error; ///< Empty, or what the file is instead: "is not a complete mode file: ...", without a full stop.
+};
+
+/// Reads a mode file's content. Lines may end with CR LF or LF, the last one with neither; blanks around a value and
+/// further lines are passed over. A number must be one that can be typed into its box, or empty; a flag must be a
+/// number, 0 is clear and any other set.
+ReadMode readModeFile(const QByteArray& content);
 
 /// The buttons of the "Modes" tab. The built-in modes and a loaded file fill the settings screen and, when the
 /// instrument is connected, are sent to it at once; the tab says how it went. Nothing happens while another operation
@@ -40,7 +44,7 @@ public:
     void saveMode();
 
     /// Fills the screen from a mode file of the operator's choice; ".OCM" is appended to a name that does not end so.
-    /// If the file cannot be read or has fewer than ten lines, the operator is told and nothing changes. A cancelled
+    /// If the file cannot be read or is no mode file, the operator is told and nothing changes. A cancelled
     /// dialog does nothing.
     void loadMode();
 

@@ -35,32 +35,76 @@ TEST(ModeFile, EachFlagHasItsOwnLine) {
     }
 }
 
+LoggerSettings modeOf(const QByteArray& content) {
+    const ReadMode read = readModeFile(content);
+    EXPECT_EQ(read.error, QString());
+    return read.mode;
+}
+
+std::string readingErrorOf(const QByteArray& content) {
+    return readModeFile(content).error.toStdString();
+}
+
 TEST(ModeFile, ReadsBackWhatItWrote) {
-    EXPECT_EQ(readModeFile(exampleContent), exampleMode);
+    EXPECT_EQ(modeOf(exampleContent), exampleMode);
 }
 
 TEST(ModeFile, FewerThanTenLinesAreNoMode) {
-    EXPECT_FALSE(readModeFile(""));
-    EXPECT_FALSE(readModeFile("30\r\n0\r\n0\r\n0\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n"));
-    EXPECT_FALSE(readModeFile("30\r\n0\r\n0\r\n0\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1"));
+    const std::string tooShort = "is not a complete mode file: it has fewer than ten lines";
+    EXPECT_EQ(readingErrorOf(""), tooShort);
+    EXPECT_EQ(readingErrorOf("30\r\n0\r\n0\r\n0\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n"), tooShort);
+    EXPECT_EQ(readingErrorOf("30\r\n0\r\n0\r\n0\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1"), tooShort);
+}
+
+TEST(ModeFile, ALineThatItsBoxCouldNotHoldIsNoMode) {
+    const auto withLine = [](int number, const QByteArray& text) {
+        QByteArrayList lines = exampleContent.split('\n');
+        lines[number - 1] = text + '\r';
+        return lines.join('\n');
+    };
+    for (const auto& [line, digits] : {std::pair(1, 3), {2, 3}, {3, 5}, {4, 5}}) {
+        const QByteArray longest(digits, '9');
+        for (const QByteArray& right : {QByteArray(), QByteArray(" 7 "), longest}) {
+            EXPECT_EQ(readingErrorOf(withLine(line, right)), "") << line << right.constData();
+        }
+        for (const QByteArray& wrong :
+             {QByteArray("alpha beta"), QByteArray("b.c>d"), QByteArray("-1"), QByteArray("1.5"), QByteArray("1 2"),
+              QByteArray("\xb2"), QByteArray("1\0", 2), QByteArray(longest + '0')}) {
+            EXPECT_EQ(readingErrorOf(withLine(line, wrong)),
+                      QStringLiteral("is not a mode file: line %1 must be empty or hold at most %2 digits")
+                          .arg(line)
+                          .arg(digits)
+                          .toStdString())
+                << wrong.constData();
+        }
+    }
+    for (int line = 5; line <= 10; ++line) {
+        for (const char* right : {"0", " 1", "2", "-1 ", "+0.5"}) {
+            EXPECT_EQ(readingErrorOf(withLine(line, right)), "") << right;
+        }
+        for (const char* wrong : {"", "  ", "yes", "1x", "1 1", "0x1", "nan", "inf"}) {
+            EXPECT_EQ(readingErrorOf(withLine(line, wrong)),
+                      QStringLiteral("is not a mode file: line %1 must hold a number").arg(line).toStdString())
+                << wrong;
+        }
+    }
 }
 
 TEST(ModeFile, AcceptsAMissingLastLineEndBareLineFeedsAndMoreLines) {
-    EXPECT_EQ(readModeFile(exampleContent.chopped(2)), exampleMode);
-    EXPECT_EQ(readModeFile(QByteArray(exampleContent).replace("\r", "")), exampleMode);
-    EXPECT_EQ(readModeFile(exampleContent + "more\r\n"), exampleMode);
-    EXPECT_EQ(readModeFile(" 30 \n\n00600\n\t3600\n1\n0\n1\n0\n0\n1\n"), exampleMode);
+    EXPECT_EQ(modeOf(exampleContent.chopped(2)), exampleMode);
+    EXPECT_EQ(modeOf(QByteArray(exampleContent).replace("\r", "")), exampleMode);
+    EXPECT_EQ(modeOf(exampleContent + "more\r\n"), exampleMode);
+    EXPECT_EQ(modeOf(" 30 \n\n00600\n\t3600\n1\n0\n1\n0\n0\n1\n"), exampleMode);
 }
 
-TEST(ModeFile, AFlagIsClearForZeroAndSetForAnythingElse) {
-    const std::optional<LoggerSettings> mode = readModeFile("\n\n\n\n 2\n-1\n 0.5\n 0.0\n\nabc\n");
-    ASSERT_TRUE(mode);
-    EXPECT_TRUE(mode->logEnabled);
-    EXPECT_TRUE(mode->wakeUp);
-    EXPECT_TRUE(mode->auxAdc);
-    EXPECT_FALSE(mode->gain);
-    EXPECT_FALSE(mode->append);
-    EXPECT_FALSE(mode->autoStart);
+TEST(ModeFile, AFlagIsClearForZeroAndSetForAnyOtherNumber) {
+    const LoggerSettings mode = modeOf("\n\n\n\n 2\n-1\n 0.5\n 0.0\n-0\n 0e5\n");
+    EXPECT_TRUE(mode.logEnabled);
+    EXPECT_TRUE(mode.wakeUp);
+    EXPECT_TRUE(mode.auxAdc);
+    EXPECT_FALSE(mode.gain);
+    EXPECT_FALSE(mode.append);
+    EXPECT_FALSE(mode.autoStart);
 }
 
 const QByteArray mooredFile = "30\r\n0\r\n60000\r\n3600\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n 1\r\n";
@@ -264,8 +308,10 @@ TEST_F(ModesTest, AFileThatCannotBeReadIsToldAndChangesNothing) {
     const LoggerSettings before = shown();
     fill(path("short.OCM"), "30\r\n0\r\n60000\r\n3600\r\n 1\r\n 1\r\n 0\r\n 0\r\n 1\r\n");
     fill(path("empty.OCM"), "");
+    fill(path("letter.OCM"), QByteArray("alpha beta\r\n").repeated(10));
+    fill(path("picture.OCM"), QByteArray("b.c>d\n\0\xff\n", 9).repeated(10));
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("folder.OCM")));
-    for (const char* name : {"short.OCM", "empty.OCM", "missing.OCM", "folder.OCM"}) {
+    for (const char* name : {"short.OCM", "empty.OCM", "letter.OCM", "picture.OCM", "missing.OCM", "folder.OCM"}) {
         messages.shown.clear();
         answers.fileName = path(name);
         loadMode();

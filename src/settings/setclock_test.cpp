@@ -105,6 +105,7 @@ TEST_F(SetClockTest, SendsNoDateWithoutThePrompt) {
 
 TEST_F(SetClockTest, SendsNoTimeWithoutThePromptForTheDate) {
     answered = 16;
+    state.trouble = 1;
     debug.rawBuffer = true;
     EXPECT_EQ(setprefs(), Outcome::Failed);
     EXPECT_EQ(clockItems().join(), "U010599");

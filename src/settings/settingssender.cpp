@@ -40,7 +40,7 @@ Task<> PromptDialogue::waitprompt() {
             co_return;
         }
     }
-    if (link_.debug.rawBuffer) {
+    if (link_.session.state.trouble == 1 && link_.debug.rawBuffer) {
         link_.debug.list.append(QStringLiteral("Timeout"));
     }
     throw TimedOut();
@@ -63,8 +63,8 @@ bool PromptDialogue::takePrompt(const QByteArray& text, qsizetype newCharacters)
 
 void PromptDialogue::send(const QString& item, const QByteArray& terminator) {
     link_.ports.write(item.toLatin1() + terminator);
-    // The transcript of this talk follows the settings screen's option alone, not the service mode: only the words
-    // "Timeout" follow the debug screen's own option.
+    // The transcript of this talk follows the settings screen's option alone, not the service mode: only the word
+    // "Timeout" follows both the service mode and the debug screen's own option.
     if (transcriptWanted()) {
         link_.debug.list.append(item);
     }
@@ -136,6 +136,7 @@ Task<SettingsSender::Outcome> SettingsSender::setprefs() {
     // The timer was stopped here, so nobody else starts it again for the next connection.
     auto cutShort = qScopeGuard([this] {
         progress_.visible = false;
+        settings_.lamp = Lamp::Failed;
         link_.timer.setInterval(StatusTimer::normalInterval);
     });
     Outcome outcome = Outcome::Sent;
@@ -213,6 +214,7 @@ Task<> SettingsSender::typed(QString digits) {
 
 void SettingsSender::fail() {
     progress_.visible = false;
+    settings_.lamp = Lamp::Failed;
     link_.timer.setInterval(StatusTimer::slowInterval);
     link_.session.status.status = QStringLiteral("Ready");
     link_.session.messages.show(

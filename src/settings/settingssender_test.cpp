@@ -259,11 +259,36 @@ TEST_P(SetPrefsStopsAt, SendsNothingAfterTheUnansweredItem) {
     EXPECT_EQ(written(), wholeSending.first(GetParam() + 1));
     EXPECT_EQ(messages.shown, std::vector{sendingError()});
     EXPECT_EQ(progress.value.value(), 10 * GetParam());
+    EXPECT_EQ(settings.lamp.value(), Lamp::Failed);
     EXPECT_TRUE(timer.isRunning());
     EXPECT_EQ(commands.activity.value(), Activity::None);
 }
 
 INSTANTIATE_TEST_SUITE_P(EachItem, SetPrefsStopsAt, testing::Range(0, 10));
+
+TEST_F(SetPrefsTest, TheLampSaysThatItFailedUntilTheNextIsAnswered) {
+    answered = 3;
+    setprefs();
+    EXPECT_EQ(settings.lamp.value(), Lamp::Failed);
+    answered = 1000;
+    std::vector<Lamp> lamps;
+    onWrite = [&](const QByteArray&) { lamps.push_back(settings.lamp); };
+    setprefs();
+    EXPECT_EQ(lamps.at(0), Lamp::Failed);
+    EXPECT_EQ(lamps.at(1), Lamp::Sending);
+    EXPECT_EQ(settings.lamp.value(), Lamp::Sent);
+}
+
+TEST_F(SetPrefsTest, TheLampSaysThatItFailedWhenTheConnectionEnds) {
+    answered = 3;
+    eachMillisecond = [this] {
+        if (writes.size() == 4) {
+            program.closePort();
+        }
+    };
+    setprefs();
+    EXPECT_EQ(settings.lamp.value(), Lamp::Failed);
+}
 
 TEST_F(SetPrefsTest, NothingHoldsTheWindowsMeanwhile) {
     answered = 3;
@@ -462,14 +487,18 @@ TEST_F(SetPrefsTest, TheOptionOfTheConnectedTypeDecidesOnTheTranscript) {
     EXPECT_EQ(transcript().size(), 20);
 }
 
-TEST_F(SetPrefsTest, ListsTheTimeoutByTheDebugScreensOwnOption) {
+TEST_F(SetPrefsTest, ListsTheTimeoutOnlyInTheServiceModeWithRawBuffer) {
     answered = 0;
-    setprefs();
-    EXPECT_EQ(transcript(), QStringList{QStringLiteral("B")});
     settings.trxProvideRawCounts = false;
-    debug.rawBuffer = true;
-    setprefs();
-    EXPECT_EQ(transcript(), (QStringList{QStringLiteral("B"), QStringLiteral("Timeout")}));
+    for (const bool serviceMode : {false, true}) {
+        for (const bool rawBuffer : {false, true}) {
+            state.trouble = serviceMode ? 1 : 0;
+            debug.rawBuffer = rawBuffer;
+            debug.showParsing = !rawBuffer;
+            setprefs();
+            EXPECT_EQ(transcript(), serviceMode && rawBuffer ? QStringList{QStringLiteral("Timeout")} : QStringList());
+        }
+    }
 }
 
 } // namespace

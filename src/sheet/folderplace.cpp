@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/folderplace.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSysInfo>
 
@@ -42,13 +43,23 @@ bool tryToHold(QLockFile& lock) {
     return removal.tryLock(0) && lock.removeStaleLockFile() && lock.tryLock(0);
 }
 
+/// Whether the lock was made on this computer, whose name a system may write in capitals or have changed.
+bool isOfThisComputer(const QLockFile& lock, const QString& computer) {
+    constexpr qsizetype machineLine = 3;
+    QFile file(lock.fileName());
+    const QByteArray machine =
+        file.open(QIODevice::ReadOnly) ? file.readAll().split('\n').value(machineLine) : QByteArray();
+    return computer.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0 ||
+           (!machine.isEmpty() && machine == QSysInfo::machineUniqueId());
+}
+
 QString describe(const QLockFile& lock) {
     Holder holder;
     if (!readHolder(lock, holder)) {
         return QStringLiteral("its process is not known");
     }
     const QString process = QStringLiteral("process %1").arg(holder.process);
-    return holder.computer.isEmpty() || holder.computer == QSysInfo::machineHostName()
+    return holder.computer.isEmpty() || isOfThisComputer(lock, holder.computer)
                ? process
                : QStringLiteral("%1 on the computer %2").arg(process, holder.computer);
 }

@@ -107,6 +107,18 @@ TEST_F(FolderPlaceTest, ALockThatNobodyHoldsIsFreeWhateverItSays) {
     expectFree(QByteArray(64, '\0'));
 }
 
+TEST_F(FolderPlaceTest, AProgramOnThisComputerIsNamedWithoutItHoweverItIsCalled) {
+    TakenPlace first;
+    QByteArrayList lines = contentsOf(path("orvhost.lock")).split('\n');
+    for (const QByteArray& name : {lines.at(2), lines.at(2).toUpper(), QByteArray("oldname"), QByteArray()}) {
+        lines[2] = name;
+        fill(path("orvhost.lock"), lines.join('\n')); // the file is locked as before
+        TakenPlace second;
+        EXPECT_EQ(second.otherProgram(), QStringLiteral("process %1").arg(QCoreApplication::applicationPid()))
+            << name.constData();
+    }
+}
+
 TEST_F(FolderPlaceTest, AProgramOnAnotherComputerIsNamedWithIt) {
     TakenPlace first;
     QByteArrayList lines = contentsOf(path("orvhost.lock")).split('\n');

@@ -18,6 +18,9 @@ constexpr qint64 ticksOfACharacter = 10'000;
 /// Some garbage stands before one in so many bytes.
 constexpr quint64 garbageInterval = 24;
 
+/// Noise stands before one in so many data lines.
+constexpr quint64 noiseInterval = 8;
+
 qint64 delayOf(const SimulatorOptions& options) {
     return options.fault == SimulatedFault::Late ? options.delayMilliseconds : 0;
 }
@@ -76,7 +79,7 @@ SimulatedInstrument::SimulatedInstrument(const SimulatorOptions& options, const 
     , interpreter_(settings_, instrumentClock_, memory_)
     , fault_(options)
     , pointNumber_(static_cast<quint32>(options.records))
-    , garbage_(options.seed) {}
+    , random_(options.seed) {}
 
 void SimulatedInstrument::setWakeLine(bool raised) {
     const bool dropped = wakeLine_ && !raised;
@@ -235,7 +238,8 @@ void SimulatedInstrument::strike() {
 
 void SimulatedInstrument::greet() {
     activity_ = Activity::Ready;
-    QByteArray greeting = options_.kind == InstrumentKind::Trx ? "V" : "F";
+    QByteArray greeting = options_.fault == SimulatedFault::Noise ? noise() : QByteArray();
+    greeting += options_.kind == InstrumentKind::Trx ? "V" : "F";
     greeting += QByteArray::number(options_.firmware);
     if (options_.fault != SimulatedFault::NoCr) {
         greeting += '\r';
@@ -359,7 +363,24 @@ void SimulatedInstrument::sendRecord() {
     ++linesSent_;
 }
 
+/// From one to four bytes, the first of them NUL, the others above 127.
+QByteArray SimulatedInstrument::noise() {
+    constexpr quint64 most = 4;
+    constexpr unsigned above127 = 0x80;
+    quint64 random = mixed(random_);
+    ++random_;
+    QByteArray bytes(1, '\0');
+    for (quint64 more = random % most; more > 0; --more) {
+        random = mixed(random);
+        bytes += static_cast<char>(above127 | (random >> 56U));
+    }
+    return bytes;
+}
+
 bool SimulatedInstrument::sendCollectionLine(const QByteArray& line) {
+    if (options_.fault == SimulatedFault::Noise && mixed(++random_) % noiseInterval == 0) {
+        send(noise());
+    }
     const qsizetype allowed = fault_.allowance(line.size());
     send(line.left(allowed));
     if (allowed == line.size()) {
@@ -379,8 +400,8 @@ void SimulatedInstrument::send(const QByteArray& bytes) {
     }
     QByteArray spoilt;
     for (const char byte : bytes) {
-        const quint64 random = mixed(garbage_);
-        ++garbage_;
+        const quint64 random = mixed(random_);
+        ++random_;
         if (random % garbageInterval == 0) {
             spoilt += static_cast<char>(random >> 56U);
         }

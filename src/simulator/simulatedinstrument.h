@@ -127,6 +127,7 @@ private:
     void sendRecord();
     bool sendCollectionLine(const QByteArray& line);
     void send(const QByteArray& bytes);
+    QByteArray noise();
 
     const SimulatorOptions options_;
     const Clock& clock_;
@@ -155,7 +156,7 @@ private:
     qint64 pointRemainder_ = 0; ///< what these remainders have added up to
     quint32 pointNumber_;
     qsizetype linesSent_ = 0; ///< of this run or dump
-    quint64 garbage_;
+    quint64 random_;          ///< what garbage and noise follow from; counts them
 };
 
 } // namespace orv

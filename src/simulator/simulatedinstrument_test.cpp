@@ -371,6 +371,32 @@ TEST(SimulatedFaults, NoCarriageReturnBehindTheGreeting) {
     EXPECT_EQ(bench.type("x"), "x\r\n>");
 }
 
+TEST(SimulatedFaults, NoiseStandsBeforeTheGreetingAndSomeDataLines) {
+    const auto isNoise = [](char byte) { return byte == '\0' || static_cast<unsigned char>(byte) > 127; };
+    const auto heard = [](const char* options) {
+        InstrumentBench bench(qPrintable(QStringLiteral("sim:trx?records=80") + QLatin1String(options)));
+        const QByteArray greeting = bench.wake();
+        return std::pair(greeting, bench.type("P") + bench.type("O", 10'000));
+    };
+    for (const char* options : {"&seed=1", "&seed=2"}) {
+        const auto [plainGreeting, plain] = heard(options);
+        auto [greeting, rest] = heard(qPrintable(QLatin1String("&fault=noise") + QLatin1String(options)));
+        EXPECT_EQ(greeting.front(), '\0');
+        greeting.removeIf(isNoise);
+        EXPECT_EQ(greeting, plainGreeting);
+        int spoilt = 0;
+        for (const QByteArray& line : linesOf(rest)) {
+            const auto firstPlain = std::ranges::find_if_not(line, isNoise);
+            EXPECT_TRUE(std::none_of(firstPlain, line.end(), isNoise)) << "between lines alone";
+            spoilt += firstPlain == line.begin() ? 0 : 1;
+        }
+        EXPECT_GT(spoilt, 3);
+        EXPECT_LT(spoilt, 30);
+        rest.removeIf(isNoise);
+        EXPECT_EQ(rest, plain);
+    }
+}
+
 TEST(SimulatedFaults, ACutDumpStopsInMidLineAndTheInstrumentIsDead) {
     for (const auto& [after, lines] : {std::pair("10%", 20), {"50%", 100}, {"99%", 198}}) {
         AwakeBench bench(qPrintable(QStringLiteral("sim:trx?fault=cut&after=") + QLatin1String(after)));

@@ -14,7 +14,7 @@ namespace {
 constexpr std::pair<const char*, SimulatedFault> faults[] = {
     {"none", SimulatedFault::None},       {"silent", SimulatedFault::Silent}, {"late", SimulatedFault::Late},
     {"garbage", SimulatedFault::Garbage}, {"cut", SimulatedFault::Cut},       {"unplug", SimulatedFault::Unplug},
-    {"nocr", SimulatedFault::NoCr}};
+    {"nocr", SimulatedFault::NoCr},       {"noise", SimulatedFault::Noise}};
 
 bool isDigits(QStringView text) {
     return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });

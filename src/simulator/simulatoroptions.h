@@ -17,7 +17,8 @@ enum class SimulatedFault {
     Garbage, ///< random bytes stand between the bytes that it sends
     Cut,     ///< goes dead at `faultPoint`, until its next wake-up; strikes once in the instrument's life
     Unplug,  ///< its line fails at `faultPoint`, until the port is opened again; strikes once
-    NoCr     ///< greets without the CR
+    NoCr,    ///< greets without the CR
+    Noise    ///< noise bytes, never a character of the protocol, stand before its greeting and some data lines
 };
 
 /// Where a cut or an unplugging strikes.
@@ -44,8 +45,8 @@ struct FaultPoint {
 ///     erased=0..1000000      lines "65535" for erased memory, sent after the records of a dump; default 0
 ///     end=eof|0              last line of a dump, "EOF" or "0"; default eof
 ///     shutter=0..3600        seconds that its shutter moves; default 31
-///     seed=0..4294967295     its readings and its garbage follow from this number; default 1
-///     fault=none|silent|late|garbage|cut|unplug|nocr   see SimulatedFault; default none
+///     seed=0..4294967295     its readings, its garbage and its noise follow from this number; default 1
+///     fault=none|silent|late|garbage|cut|unplug|nocr|noise   see SimulatedFault; default none
 ///     delay=0..3600          seconds; only with fault=late; default 3
 ///     after=BYTES|N%|Nms     only with fault=cut and fault=unplug, see FaultPoint; default 50%. A run without end
 ///                            counts as one of 100 points

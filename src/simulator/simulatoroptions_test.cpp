@@ -43,7 +43,7 @@ TEST(SimulatorOptions, EveryOptionIsStored) {
 
 TEST(SimulatorOptions, FaultsByName) {
     int fault = 0; // in the order of the enumeration
-    for (const char* name : {"none", "silent", "late", "garbage", "cut", "unplug", "nocr"}) {
+    for (const char* name : {"none", "silent", "late", "garbage", "cut", "unplug", "nocr", "noise"}) {
         EXPECT_EQ(parsed(("sim:glow?fault=" + std::string(name)).c_str()).fault, SimulatedFault{fault++}) << name;
     }
 }
@@ -92,7 +92,7 @@ TEST(SimulatorOptions, WhatIsMalformedIsToldWithWhatIsAllowed) {
         {"sim:trx?shutter=3601", "The option shutter must be a number of seconds from 0 to 3600, not \"3601\"."},
         {"sim:trx?seed=4294967296", "The option seed must be a whole number from 0 to 4294967295, not \"4294967296\"."},
         {"sim:trx?fault=fire",
-         "The option fault must be one of none, silent, late, garbage, cut, unplug, nocr, not \"fire\"."},
+         "The option fault must be one of none, silent, late, garbage, cut, unplug, nocr, noise, not \"fire\"."},
         {"sim:trx?rate=2&rate=3", "The option rate is given twice."},
         {"sim:trx?delay=2", "The option delay needs fault=late."},
         {"sim:trx?fault=late&delay=a", "The option delay must be a number of seconds from 0 to 3600, not \"a\"."},

@@ -119,19 +119,17 @@ QListWidget* CalibrationPage::makeList() {
     });
     const auto highlightShown = [this, list] {
         const QSignalBlocker quiet(list);
-        if (!shown_.worksheetCaption.value().isEmpty()) {
-            list->setCurrentRow(shown_.current);
-        }
+        list->setCurrentRow(shown_.highlighted);
     };
-    bindings_.bind(shown_.current, [highlightShown](qint16) { highlightShown(); });
-    bindings_.bind(shown_.worksheetCaption, [highlightShown](const QString&) { highlightShown(); });
+    bindings_.bind(shown_.highlighted, [highlightShown](int) { highlightShown(); });
     list->viewport()->installEventFilter(this);
     // A key moves to another entry; a click counts also on the entry that is current already.
     // Taking the focus makes an entry current without selecting it; only a choice shows an instrument.
-    connect(list, &QListWidget::itemSelectionChanged, this, [this, list] {
+    connect(list, &QListWidget::itemSelectionChanged, this, [this, list, highlightShown] {
         if (!list->selectedItems().isEmpty()) {
             chosenByPress_ = true;
             calibration_.select(list->currentRow());
+            highlightShown(); // it may have been refused
         }
     });
     connect(list, &QListWidget::itemClicked, this, [this, list](QListWidgetItem* item) {
@@ -167,8 +165,7 @@ QLayout* CalibrationPage::makeNavigation() {
 QGroupBox* CalibrationPage::makeWorksheet() {
     auto* frame = makeFrame({}, "Frame16");
     bindings_.bind(shown_.worksheetCaption, [frame](QString caption) {
-        frame->setTitle(caption.isEmpty() ? QStringLiteral("Worksheet")
-                                          : caption.replace(u'&', QLatin1String("&&"))); // a name, not a key
+        frame->setTitle(caption.replace(u'&', QLatin1String("&&"))); // a name, not a key
     });
     auto* grid = makeChannelGrid(frame);
     for (int channel = 0; channel < channelCount; ++channel) {

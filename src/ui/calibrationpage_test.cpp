@@ -126,9 +126,32 @@ TEST_F(CalibrationPageTest, AClickShowsAnEntryAgainAndAgain) {
     EXPECT_EQ(list().currentRow(), -1) << "adding shows nothing";
     clickEntry(1);
     EXPECT_EQ(shown.current.value(), 1);
-    retype(box("Text18"), "99");
+    retype(box("Text18"), "099");
     clickEntry(1);
-    EXPECT_EQ(typed("Text18"), "0");
+    EXPECT_EQ(typed("Text18"), "99") << "as it is kept";
+}
+
+TEST_F(CalibrationPageTest, AChoiceThatIsRefusedLeavesTheHighlight) {
+    add("one", "Option9");
+    add("two", "Option10");
+    clickEntry(1);
+    retype(box("Text18"), "40000");
+    clickEntry(0);
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(list().currentRow(), 1);
+    EXPECT_TRUE(list().item(1)->isSelected());
+    EXPECT_EQ(title(), "two");
+    EXPECT_EQ(typed("Text18"), "40000");
+}
+
+TEST_F(CalibrationPageTest, AnInstrumentWithoutANameIsShownAndHighlighted) {
+    add("", "Option9");
+    add("two", "Option10");
+    clickEntry(1);
+    click("Command5");
+    EXPECT_EQ(title(), "");
+    EXPECT_EQ(list().currentRow(), 0);
+    EXPECT_TRUE(list().item(0)->isSelected());
 }
 
 TEST_F(CalibrationPageTest, KeysMoveThroughTheList) {

@@ -275,7 +275,8 @@ TEST_F(SettingsPagesTest, TheLampTellsWhatGoesOn) {
     const std::pair<Lamp, QColor> table[] = {{Lamp::Reading, QColor(255, 0, 0)},
                                              {Lamp::Sending, QColor(255, 255, 0)},
                                              {Lamp::Sent, QColor(0, 255, 0)},
-                                             {Lamp::Read, QColor(0, 0, 255)}};
+                                             {Lamp::Read, QColor(0, 0, 255)},
+                                             {Lamp::Failed, QColor(255, 255, 0)}};
     openSettings("Control Bits");
     auto& lamp = find<QWidget>("Lamp");
     for (const auto& [shown, colour] : table) {
@@ -285,6 +286,7 @@ TEST_F(SettingsPagesTest, TheLampTellsWhatGoesOn) {
         EXPECT_EQ(find<QLabel>("LampText").text(), lampText(shown));
         EXPECT_EQ(lamp.accessibleDescription(), lampText(shown));
     }
+    EXPECT_EQ(lampText(Lamp::Failed), QStringLiteral("Sending failed"));
 }
 
 } // namespace

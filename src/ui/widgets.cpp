@@ -153,11 +153,10 @@ struct LampLook {
 };
 
 const LampLook& lookOf(Lamp lamp) {
-    static const LampLook looks[] = {{Lamp::Reading, {255, 0, 0}, "Reading the settings"},
-                                     {Lamp::Sending, {255, 255, 0}, "Sending the settings"},
-                                     {Lamp::Sent, {0, 255, 0}, "Settings sent"},
-                                     {Lamp::Read, {0, 0, 255}, "Settings read"},
-                                     {Lamp::Off, {}, "Nothing read or sent yet"}};
+    static const LampLook looks[] = {
+        {Lamp::Reading, {255, 0, 0}, "Reading the settings"}, {Lamp::Sending, {255, 255, 0}, "Sending the settings"},
+        {Lamp::Sent, {0, 255, 0}, "Settings sent"},           {Lamp::Read, {0, 0, 255}, "Settings read"},
+        {Lamp::Failed, {255, 255, 0}, "Sending failed"},      {Lamp::Off, {}, "Nothing read or sent yet"}};
     return *std::find_if(std::begin(looks), std::end(looks) - 1,
                          [lamp](const LampLook& look) { return look.lamp == lamp; });
 }

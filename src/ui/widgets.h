@@ -126,8 +126,8 @@ private:
     QTimer timer_;
 };
 
-/// The lamp's colour: red while a report is read, yellow while settings are sent, green when they were sent, blue when
-/// a report has been read; an invalid colour while it is off.
+/// The lamp's colour: red while a report is read, yellow while settings are sent and when that has failed, green when
+/// they were sent, blue when a report has been read; an invalid colour while it is off.
 QColor lampColour(Lamp lamp);
 
 /// What the lamp says, in words, for those who cannot tell it by its colour.
