@@ -27,6 +27,7 @@ Driver::Driver(Program& program, MainWindow& window, MessageBoxes& messages)
     , told_(messages.told.subscribe([this](const Message& message) { lastMessage_ = message.text; })) {}
 
 int Driver::run(std::function<Task<>()> job) {
+    const Subscription ending = program_.ended.subscribe([] { QCoreApplication::exit(); });
     QTimer::singleShot(0, &context_, [this, job = std::move(job)] { perform(job); });
     QCoreApplication::exec();
     ended_ = true;

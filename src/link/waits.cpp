@@ -164,11 +164,13 @@ Task<> Waits::waitsec(float seconds) {
     requireConnection();
     const Clock& clock = session_.clock;
     const float start = clock.secondsSinceMidnight();
-    for (float left = seconds; left > 0.0F; left = seconds - (clock.secondsSinceMidnight() - start)) {
+    float left = seconds;
+    while (left > 0.0F) {
         const auto milliseconds = static_cast<qint64>(std::ceil(left * 1000.0F));
         Wait wait(*this, Until::ConnectionEnds);
         wait.lookAfter(std::min(milliseconds, longestSleep));
         co_await wait.over();
+        left = seconds - (clock.secondsSinceMidnight() - start);
     }
 }
 
@@ -200,13 +202,15 @@ Task<QString> Waits::answer(Question question, Until until) {
     cancelQuestion();
     Wait wait(*this, until);
     question_ = &wait;
-    session_.commands.asking = true;
-    const auto asked = qScopeGuard([this] { session_.commands.asking = false; });
     QString answer;
     const Subscription asking = questions_.ask(question, [&wait, &answer](const QString& given) {
         answer = given;
         wait.goOn();
     });
+    // While the question is on the screen and not before or after, so that the focus can be given back to what it
+    // found.
+    session_.commands.asking = true;
+    const auto asked = qScopeGuard([this] { session_.commands.asking = false; });
     co_await wait.over();
     co_return answer;
 }

@@ -185,6 +185,7 @@ void Program::leave() {
 Task<> Program::askAndEnd() {
     const bool mayEnd = co_await sheet.files.ask();
     if (mayEnd) {
+        aboutToEnd.tell();
         end();
         ended.tell();
     }

@@ -64,7 +64,8 @@ public:
     /// Ends whatever runs, whole, and closes the instrument's port.
     void end();
 
-    Signal<> ended; ///< By quit() or leave(): the windows may go.
+    Signal<> aboutToEnd; ///< By quit() or leave(): nothing stops it any more, and what is told from now on is its last.
+    Signal<> ended;      ///< By quit() or leave(): the windows may go.
 
     /// One tick of the status timer: polls and dispatches on the operation code.
     void tick();

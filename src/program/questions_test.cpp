@@ -67,6 +67,58 @@ TEST_F(QuestionsTest, RowsThatWereSavedByThemselvesMeanwhileAreTold) {
                   path("Run0.txt").toStdString() + ".\n\n" + path("sheet.txt").toStdString() + " has the rows since.");
 }
 
+TEST_F(QuestionsTest, TheFileThatWasSavedByItselfMeanwhileIsNotReplaced) {
+    runWithRows(1);
+    sheetState.fileName = path("Run");
+    haveRows(19999);
+    program.saveAs();
+    receive("11/21/26\t2700\t5\t20\t30\t40\r\n"); // the 20000th
+    receive("11/21/26\t2700\t6\t20\t30\t40\r\n");
+    const QByteArray automatic = contentsOf(path("Run0.txt"));
+    answers.answer(path("Run0.txt"));
+    EXPECT_EQ(contentsOf(path("Run0-20261121-093016.txt")), automatic);
+    EXPECT_TRUE(contentsOf(path("Run0.txt")).endsWith("\r\n1\t11/21/26\t1:00:00\t6\t20\t30\t40\t\t\r"));
+    EXPECT_TRUE(theMessage().text.endsWith(
+        QStringLiteral(" has the rows since. The file of that name is kept under a name with date and time.")));
+}
+
+TEST_F(QuestionsTest, RowsAreSavedWholeAlsoAfterAnotherTypeWasConnectedMeanwhile) {
+    runWithRows(2);
+    program.saveAs();
+    replies = {"F310\r"};
+    program.reset();
+    finish();
+    ASSERT_EQ(state.type(), InstrumentType::Glow);
+    answers.answer(path("sheet.txt"));
+    EXPECT_TRUE(contentsOf(path("sheet.txt")).startsWith("V\t512 2\r\n"));
+    EXPECT_TRUE(contentsOf(path("sheet.txt")).endsWith("\r2\t11/21/26\t1:00:00\t2\t20\t30\t40\t\t\r"));
+}
+
+TEST_F(QuestionsTest, ALineThatIsLostWithItsLastCharactersIsNoticed) {
+    answers.late = false;
+    runWithRows(2);
+    timer.enable();
+    live(5.0); // nothing waits for the disk any more
+    com1.failsSilently = true;
+    com1.input = "11/21/26\t27";
+    live(0.1);
+    EXPECT_EQ(messages.shown.size(), 1U);
+    expectOffline();
+}
+
+TEST_F(QuestionsTest, ALineLeftInTheBufferDoesNotKeepTheTickAwakeOffline) {
+    connectAndRead();
+    timer.enable();
+    com1.input = "one\r\ntwo\r\nthree\r\n";
+    ticks();
+    program.closePort();
+    live(1.0);
+    int ticksSeen = 0;
+    const Subscription counting = timer.tick.subscribe([&ticksSeen] { ++ticksSeen; });
+    live(10.0);
+    EXPECT_EQ(ticksSeen, 0);
+}
+
 TEST_F(QuestionsTest, AResetLeavesSaveAsStandingAndConnectsAgain) {
     runWithRows(2);
     program.saveAs();

@@ -140,8 +140,12 @@ Task<> Modes::askAndLoad() {
     const Question question =
         openQuestion(QStringLiteral("Load A User Defined Mode"), modeSuffix(), u'*' + modeSuffix());
     QString name = co_await link_.waits.answer(question);
-    // A reset may have come before the answer.
-    if (name.isEmpty() || wouldDisturb()) {
+    if (name.isEmpty()) {
+        co_return;
+    }
+    if (wouldDisturb()) { // a reset may have come before the answer
+        settings_.modeRemark =
+            QStringLiteral("%1 was not loaded: the instrument is busy. Try again.").arg(QFileInfo(name).fileName());
         co_return;
     }
     // Compared letter for letter: a name in lower case gets the suffix a second time.

@@ -458,6 +458,9 @@ TEST_F(ModeDialogs, AFileChosenWhileAnOperationIsUnderWayIsNotLoaded) {
     writes.clear();
     answers.answer(path("moored.OCM"));
     finish();
+    EXPECT_EQ(settings.modeRemark.value().toStdString(),
+              "moored.OCM was not loaded: the instrument is busy. Try again.");
+    settings.modeRemark = QString();
     expectNothingHappened(before);
     EXPECT_TRUE(messages.shown.empty());
 }

@@ -69,6 +69,7 @@ Task<> Download::askAndSave() {
         co_return;
     }
     ended.dismiss();
+    settings_.progress.show(); // it may have been closed while the dialog stood
     begin(Target::TextFile, Operation::SavingText, QStringLiteral("Saving Sheet"));
 }
 

@@ -7,6 +7,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -43,10 +44,10 @@ bool SheetFiles::beginSaving() {
     return false;
 }
 
-SheetFiles::Outcome SheetFiles::announceAndWrite(const QString& name, bool unasked) {
+SheetFiles::Outcome SheetFiles::announceAndWrite(const QString& name, bool autosaving) {
     link_.ports.debugsay(sheet_.type().layout() == RowLayout::Glow ? QStringLiteral("Saving Flour Sheet")
                                                                    : QStringLiteral("Saving TRX(S) Sheet"));
-    return write(name, unasked);
+    return write(name, autosaving);
 }
 
 Task<SheetFiles::Outcome> SheetFiles::saveas() {
@@ -60,13 +61,21 @@ Task<SheetFiles::Outcome> SheetFiles::saveas() {
     if (name.isEmpty()) {
         co_return Outcome::Cancelled;
     }
-    const Outcome outcome = announceAndWrite(name, false);
     const QStringList meanwhile = savedByItself_.mid(savedBefore);
+    // The name may be that of a file that the automatic save has written since: that one keeps its rows.
+    const bool wasSavedByItself = std::ranges::any_of(
+        meanwhile, [&name](const QString& file) { return file.endsWith(QLatin1String(" as ") + tellable(name)); });
+    failureTold_ = false; // the operator has asked for this one
+    const Outcome outcome = announceAndWrite(name, wasSavedByItself);
     if (outcome == Outcome::Saved && !meanwhile.isEmpty()) {
+        const QString kept = wasSavedByItself
+                                 ? QStringLiteral(" The file of that name is kept under a name with date and "
+                                                  "time.")
+                                 : QString();
         link_.session.messages.show({.title = QStringLiteral("Save as"),
                                      .text = QStringLiteral("While you chose a name the sheet became long and was "
-                                                            "saved by itself: %1.\n\n%2 has the rows since.")
-                                                 .arg(meanwhile.join(QLatin1String("; ")), tellable(name)),
+                                                            "saved by itself: %1.\n\n%2 has the rows since.%3")
+                                                 .arg(meanwhile.join(QLatin1String("; ")), tellable(name), kept),
                                      .icon = Message::Icon::Information});
     }
     co_return outcome;
@@ -168,11 +177,11 @@ Task<bool> SheetFiles::ask() {
     co_return outcome == Outcome::Saved;
 }
 
-SheetFiles::Outcome SheetFiles::write(const QString& name, bool unasked) {
-    const auto keepOlder = unasked ? std::optional(link_.session.clock.now()) : std::nullopt;
+SheetFiles::Outcome SheetFiles::write(const QString& name, bool autosaving) {
+    const auto keepOlder = autosaving ? std::optional(link_.session.clock.now()) : std::nullopt;
     const QString reason = writeWholeFile(name, sheetFileBytes(sheet_, name), keepOlder);
     if (!reason.isEmpty()) {
-        return fail(name, reason, unasked);
+        return fail(name, reason, autosaving);
     }
     failureTold_ = false;
     shown_.unsaved = false;
@@ -180,8 +189,8 @@ SheetFiles::Outcome SheetFiles::write(const QString& name, bool unasked) {
     return Outcome::Saved;
 }
 
-SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason, bool unasked) {
-    if (unasked && std::exchange(failureTold_, true)) {
+SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason, bool autosaving) {
+    if (autosaving && std::exchange(failureTold_, true)) {
         return Outcome::Failed;
     }
     link_.session.messages.show(

@@ -49,17 +49,17 @@ public:
 private:
     QString presetName() const;
     bool beginSaving();
-    Outcome announceAndWrite(const QString& name, bool unasked);
+    Outcome announceAndWrite(const QString& name, bool autosaving);
     bool refuse(const QString& name, const LoadedSheet& loaded);
-    Outcome fail(const QString& name, const QString& reason, bool unasked);
-    Outcome write(const QString& name, bool unasked);
+    Outcome fail(const QString& name, const QString& reason, bool autosaving);
+    Outcome write(const QString& name, bool autosaving);
 
     Link& link_;
     DataSheet& sheet_;
     SheetRows& rows_;
     SheetState& shown_;
     QStringList savedByItself_;   ///< For the operator: "rows 1 to 20000 as /home/a/Data0.txt".
-    bool failureTold_ = false;    ///< What is saved unasked is tried again and again.
+    bool failureTold_ = false;    ///< What is saved without asking is tried again and again.
     int nextAutosave_ = rowLimit; ///< Rows at which the sheet is saved by itself again.
 };
 

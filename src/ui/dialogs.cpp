@@ -2,6 +2,7 @@
 #include "ui/dialogs.h"
 
 #include "settings/plainenglish.h"
+#include "ui/messageboxes.h"
 #include "ui/widgets.h"
 
 #include <QCoreApplication>
@@ -77,7 +78,7 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     for (const QProperty<bool>* condition : {&shown.startEnabled, &shown.retryEnabled, &shown.canBegin}) {
         bindings_.bind(*condition, enable);
     }
-    bindVisible<QDialog>(bindings_, this, shown.visible);
+    bindings_.bind(shown.visible, [this](bool visible) { visible ? static_cast<void>(showUnasked(*this)) : hide(); });
 }
 
 void ManualConnectionDialog::reject() {
@@ -123,7 +124,7 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     bindText(bindings_, label, shown.label);
     bindText(bindings_, value, shown.valueLabel);
     bindText(bindings_, percentage, shown.percentage);
-    bindVisible<QDialog>(bindings_, this, shown.visible);
+    bindings_.bind(shown.visible, [this](bool visible) { visible ? static_cast<void>(showUnasked(*this)) : hide(); });
 }
 
 void ProgressDialog::reject() {

@@ -68,7 +68,12 @@ MainWindow::MainWindow(Program& program)
     new ManualConnectionDialog(program.link.manual, this);
     new ProgressDialog(program.settings.progress, this);
     bindings_.bind(program.settings.shown.visible, [this](bool visible) { showSettings(visible); });
-    subscriptions_.push_back(program_.settings.sender.mainWindowWanted.subscribe([this] { comeForward(); }));
+    subscriptions_.push_back(program_.settings.sender.mainWindowWanted.subscribe([this] {
+        if (showUnasked(*this)) {
+            comeForward();
+        }
+    }));
+    subscriptions_.push_back(program_.aboutToEnd.subscribe([this] { closeOldMessages(); }));
     subscriptions_.push_back(program_.ended.subscribe([this] { hideWindows(); }));
 }
 
@@ -340,13 +345,16 @@ void MainWindow::noteMessages() {
     stoodBefore_ = {unread.begin(), unread.end()};
 }
 
-void MainWindow::hideWindows() {
-    // Messages that were not read before do not keep the program; what its end has to say does.
+void MainWindow::closeOldMessages() {
+    // Messages that were not read before do not keep the program; what its end has to say does, even if it is the same.
     for (const QPointer<QMessageBox>& box : std::as_const(stoodBefore_)) {
         if (box) {
             box->close();
         }
     }
+}
+
+void MainWindow::hideWindows() {
     const QList<QMessageBox*> unread = MessageBoxes::unreadIn(*this);
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         if (!unread.contains(widget)) {

@@ -59,6 +59,7 @@ private:
     void showSettings(bool visible);
     void comeForward();
     void noteMessages();
+    void closeOldMessages();
     void hideWindows();
     void showAbout();
 

@@ -3,14 +3,20 @@
 
 #include "ui/settingswindow.h"
 
+#include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
+#include <QStyledItemDelegate>
 #include <QThread>
 #include <QTimer>
 
@@ -19,6 +25,8 @@
 namespace orv {
 
 namespace {
+
+constexpr const char* questionMark = "question"; ///< The property of a dialog that is the program's question.
 
 /// A question that only its buttons answer: Esc or the frame would count as No, and No loses the rows.
 class YesNoBox final : public QMessageBox {
@@ -42,6 +50,22 @@ protected:
     }
 };
 
+/// Lets a new folder be named as nothing else is; any other name leaves it as it was.
+class NewFolderNames final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override {
+        const auto* box = qobject_cast<const QLineEdit*>(editor);
+        const QString name = box != nullptr ? box->text() : QString();
+        const QFileInfo folder(index.data(QFileSystemModel::FilePathRole).toString());
+        const bool isPath = QDir::toNativeSeparators(name).contains(QDir::separator());
+        if (!name.isEmpty() && !isPath && !QFileInfo::exists(folder.dir().filePath(name))) {
+            QStyledItemDelegate::setModelData(editor, model, index);
+        }
+    }
+};
+
 /// A file dialog whose own questions do not hold the program either. The window system's dialogs ask them themselves.
 class FileDialog : public QFileDialog {
 public:
@@ -55,25 +79,52 @@ public:
         setNameFilters(filters);
     }
 
+    void setVisible(bool visible) override {
+        QFileDialog::setVisible(visible);
+        if (visible && isDrawnHere()) {
+            leaveFilesAlone();
+        }
+    }
+
 protected:
     /// Whether Qt draws the dialog.
     bool isDrawnHere() const { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) != nullptr; }
 
     /// Shows a box above the dialog, which takes nothing until the box has been closed.
     void ask(QMessageBox* box, const std::function<void(int button)>& closed) {
-        QWidget* focus = focusWidget();
+        const QPointer<QWidget> focus = focusWidget();
         setEnabled(false);
         box->setEnabled(true);
         box->setAttribute(Qt::WA_DeleteOnClose);
         connect(box, &QMessageBox::finished, this, [this, focus, closed](int button) {
             setEnabled(true);
-            if (focus != nullptr) {
+            if (focus) {
                 focus->setFocus();
             }
             closed(button);
         });
         box->setModal(false);
         box->show();
+    }
+
+private:
+    /// Qt's dialog would also delete and rename files, and asks and tells of it in boxes that hold the program. A new
+    /// folder can be made and named.
+    void leaveFilesAlone() {
+        for (const char* name : {"qt_delete_action", "qt_rename_action"}) {
+            if (auto* action = findChild<QAction*>(QLatin1String(name))) {
+                action->setVisible(false);
+            }
+        }
+        for (auto* shortcut : findChildren<QShortcut*>()) {
+            shortcut->setEnabled(shortcut->key() != QKeySequence(QKeySequence::Delete));
+        }
+        for (const char* name : {"listView", "treeView"}) {
+            if (auto* view = findChild<QAbstractItemView*>(QLatin1String(name))) {
+                view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+                view->setItemDelegate(new NewFolderNames(view)); // one a view: two would both answer it
+            }
+        }
     }
 };
 
@@ -173,7 +224,37 @@ void discard(QDialog* dialog) {
     QTimer::singleShot(soon, dialog, [dialog] { discard(dialog); });
 }
 
+/// The question that stands; null if none does.
+QDialog* standingQuestion() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible() && widget->property(questionMark).isValid()) {
+            return static_cast<QDialog*>(widget);
+        }
+    }
+    return nullptr;
+}
+
 } // namespace
+
+bool showUnasked(QWidget& window) {
+    QDialog* question = standingQuestion();
+    if (question == nullptr) {
+        window.show();
+        return true;
+    }
+    QWidget* active = QApplication::activeWindow();
+    window.setAttribute(Qt::WA_ShowWithoutActivating);
+    window.show();
+    window.setAttribute(Qt::WA_ShowWithoutActivating, false);
+    question->raise();
+    for (auto* box : question->findChildren<QDialog*>()) {
+        box->raise();
+    }
+    if (active != nullptr) {
+        active->activateWindow(); // not every window system heeds the attribute
+    }
+    return false;
+}
 
 void MessageBoxes::show(const Message& message) {
     told.tell(message);
@@ -194,7 +275,7 @@ void MessageBoxes::show(const Message& message) {
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     box->button(QMessageBox::Ok)->setText(QStringLiteral("&OK"));
     QObject::connect(box, &QMessageBox::finished, box, [this] { tellIfRead(); });
-    box->show();
+    showUnasked(*box);
 }
 
 QList<QMessageBox*> MessageBoxes::unreadIn(const QWidget& parent) {
@@ -214,21 +295,47 @@ void MessageBoxes::tellIfRead() {
     }
 }
 
+namespace {
+
+/// A question on the screen: its dialog goes with it, and the focus returns.
+class StandingQuestion {
+public:
+    StandingQuestion(QDialog* dialog, QWidget* focus)
+        : dialog_(dialog)
+        , focus_(focus) {}
+    StandingQuestion(const StandingQuestion&) = delete;
+    StandingQuestion& operator=(const StandingQuestion&) = delete;
+    ~StandingQuestion() {
+        if (dialog_) {
+            dialog_->disconnect();
+            discard(dialog_);
+        }
+        if (focus_ && focus_->isVisible() && focus_->isEnabled()) {
+            focus_->setFocus();
+        }
+    }
+
+private:
+    QPointer<QDialog> dialog_;
+    QPointer<QWidget> focus_;
+};
+
+} // namespace
+
 Subscription QuestionDialogs::ask(const Question& question, Answered answered) {
     QWidget* settings = dynamic_cast<SettingsWindow*>(QApplication::activeWindow());
-    QDialog* dialog = makeDialog(question, settings != nullptr ? settings : parent_.data());
+    QWidget* window = settings != nullptr ? settings : parent_.data();
+    // The button that asked is disabled meanwhile and loses the focus to a neighbour.
+    QWidget* focus = window != nullptr ? window->focusWidget() : nullptr;
+    QDialog* dialog = makeDialog(question, window);
+    dialog->setProperty(questionMark, true);
     dialog->setModal(false);
     QObject::connect(dialog, &QDialog::finished, dialog,
                      [dialog, answered = std::move(answered)](int result) { answered(answerOf(*dialog, result)); });
     dialog->show();
     dialog->raise();
     dialog->activateWindow();
-    return {dialog, [standing = QPointer(dialog)](const void*) {
-                if (standing) {
-                    standing->disconnect();
-                    discard(standing);
-                }
-            }};
+    return std::make_shared<StandingQuestion>(dialog, focus);
 }
 
 } // namespace orv

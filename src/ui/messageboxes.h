@@ -13,6 +13,10 @@ class QMessageBox;
 
 namespace orv {
 
+/// Shows a window that comes by itself. While a question stands, that keeps the front and the keyboard. Returns whether
+/// none does: the window may come to the front.
+bool showUnasked(QWidget& window);
+
 /// Message boxes that do not wait for an answer. The same message is not shown again while its box is open.
 class MessageBoxes final : public OperatorMessages {
 public:

@@ -3,11 +3,14 @@
 #include "testing/windowrig.h"
 #include "ui/messageboxes.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QtTest/QTest>
 
 namespace orv {
 namespace {
@@ -185,6 +188,66 @@ TEST_F(QuestionDialogsTest, ReplacingAFileIsAskedAboveTheDialogWithoutHoldingThe
     accept();
     ownBox().button(QMessageBox::Yes)->click();
     EXPECT_EQ(answer(), folder.path("mine.txt").toStdString());
+}
+
+TEST_F(QuestionDialogsTest, WhatHadTheFocusMayGoWhileTheDialogAsks) {
+    fill(folder.path("mine.txt"), "1");
+    ask(save());
+    auto* passing = new QLineEdit(&dialog<QFileDialog>());
+    passing->show();
+    passing->setFocus();
+    nameBox().setText(folder.path("mine"));
+    accept();
+    delete passing;
+    ownBox().close();
+    EXPECT_TRUE(dialog<QFileDialog>().isEnabled());
+}
+
+TEST_F(QuestionDialogsTest, TheFileDialogNeitherDeletesNorRenamesButMakesFolders) {
+    fill(folder.path("mine.txt"), "1");
+    fill(folder.path("taken"), "1");
+    ask(save());
+    auto& files = dialog<QFileDialog>();
+    files.setDirectory(folder.path(""));
+    for (const char* name : {"qt_delete_action", "qt_rename_action"}) {
+        EXPECT_FALSE(control<QAction>(files, name).isVisible()) << name;
+    }
+    // What would hold the test is closed and counted.
+    int held = 0;
+    QTimer closing;
+    QObject::connect(&closing, &QTimer::timeout, [&held] {
+        if (QWidget* box = QApplication::activeModalWidget()) {
+            ++held;
+            box->close();
+        }
+    });
+    closing.start(1);
+    const bool detailed = files.viewMode() == QFileDialog::Detail; // as it was left last
+    auto& list = control<QAbstractItemView>(files, detailed ? "treeView" : "listView");
+    QElapsedTimer patience;
+    patience.start();
+    while (list.model()->rowCount(list.rootIndex()) == 0 && !patience.hasExpired(5000)) {
+        QCoreApplication::processEvents();
+    }
+    ASSERT_GT(list.model()->rowCount(list.rootIndex()), 0);
+    list.setFocus();
+    list.setCurrentIndex(list.model()->index(0, 0, list.rootIndex()));
+    QTest::keyClick(files.windowHandle(), Qt::Key_Delete);
+    QTest::keyClick(files.windowHandle(), Qt::Key_F2);
+    EXPECT_EQ(list.findChild<QLineEdit*>(), nullptr) << "no name is edited";
+
+    for (const auto& [typed, made] : {std::pair("taken", "New Folder"), std::pair("data", "data")}) {
+        control<QAction>(files, "qt_new_folder_action").trigger();
+        auto* name = list.findChild<QLineEdit*>();
+        ASSERT_NE(name, nullptr);
+        name->setText(QLatin1String(typed));
+        QTest::keyClick(name, Qt::Key_Return);
+        QCoreApplication::processEvents();
+        deleteWhatWaits();
+        EXPECT_TRUE(QFileInfo(folder.path(made)).isDir()) << made;
+    }
+    EXPECT_EQ(held, 0);
+    EXPECT_TRUE(QFile::exists(folder.path("mine.txt")));
 }
 
 TEST_F(QuestionDialogsTest, TheOpenDialogTakesAFileThatIsThereAndAddsTheSuffixToANameThatIsNotThereWithoutIt) {

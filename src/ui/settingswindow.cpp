@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settingswindow.h"
 
+#include "ui/messageboxes.h"
 #include "ui/settingspages.h"
 #include "ui/widgets.h"
 
@@ -77,10 +78,10 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
         }
     });
     bindings_.bind(program.settings.shown.visible, [this](bool on) {
-        if (on) {
-            present();
-        } else {
+        if (!on) {
             hide();
+        } else if (showUnasked(*this)) {
+            present();
         }
     });
 }

@@ -240,6 +240,10 @@ protected:
         messages.setParent(&window);
         program.link.ports.setDevice(1, QStringLiteral("ttyA"));
         window.show();
+        connectUntilReady();
+    }
+
+    void connectUntilReady() {
         program.autoConnect1();
         clock.advance(1100);
         port.input = "V512\r";
@@ -306,6 +310,20 @@ TEST_F(RealDialogsTest, ADialogThatStandsLeavesTheWindowAlive) {
     EXPECT_TRUE(control<QPushButton>(window, "Command10").isEnabled());
 }
 
+TEST_F(RealDialogsTest, TheButtonThatAskedHasTheFocusAgainAfterTheAnswer) {
+    program.selectUpperTab(QStringLiteral("Output: Spread Sheet"));
+    QApplication::setActiveWindow(&window);
+    for (const char* name : {"Command11", "Command10"}) {
+        auto& button = control<QPushButton>(window, name);
+        button.setFocus();
+        button.click();
+        QCoreApplication::processEvents();
+        EXPECT_NE(window.focusWidget(), &button) << name;
+        fileDialog().reject();
+        EXPECT_EQ(window.focusWidget(), &button) << name;
+    }
+}
+
 TEST_F(RealDialogsTest, ADialogOfTheConnectionGoesWithIt) {
     control<QAction>(window, "DownloadText").trigger();
     EXPECT_NE(shown().find("Save as"), std::string::npos);
@@ -325,6 +343,31 @@ TEST_F(RealDialogsTest, ADialogStandsAboveTheWindowThatItCameFrom) {
     EXPECT_EQ(shown(), "") << "the end takes it back";
 }
 
+TEST_F(RealDialogsTest, WindowsThatComeByThemselvesLeaveTheQuestionTheKeyboard) {
+    program.settings.shown.visible = false;
+    program.saveAs();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(fileDialog().isActiveWindow());
+    const std::function<void()> comings[] = {
+        [this] { program.settings.shown.visible = true; },
+        [this] { program.settings.sender.mainWindowWanted.tell(); },
+        [this] { messages.show(operatorWarning(QStringLiteral("Something."))); },
+        [this] { program.link.manual.shown.visible = true; },
+        [this] { program.settings.progress.visible = true; },
+    };
+    for (const auto& come : comings) {
+        come();
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(fileDialog().isActiveWindow());
+    }
+    EXPECT_EQ(shown(), "Manual Connection|ORV Host Program|Processing|Save as");
+    EXPECT_TRUE(window.settingsWindow()->isVisible());
+    fileDialog().reject();
+    program.settings.sender.mainWindowWanted.tell();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isActiveWindow());
+}
+
 TEST_F(RealDialogsTest, QuitTakesTheQuestionBackAndWhatItsEndTellsStaysUntilItIsRead) {
     messages.show(operatorWarning(QStringLiteral("From before.")));
     program.vwhp();
@@ -338,6 +381,23 @@ TEST_F(RealDialogsTest, QuitTakesTheQuestionBackAndWhatItsEndTellsStaysUntilItIs
     EXPECT_EQ(shown(), "ORV Host Program");
     last.button(QMessageBox::Ok)->click();
     EXPECT_EQ(read, 1) << "now the program exits";
+}
+
+TEST_F(RealDialogsTest, TheLastWordStaysUntilItIsReadAlsoIfTheSameWasToldBefore) {
+    connectUntilReady();
+    const Message word = operatorWarning(QStringLiteral("The instrument may still hold other settings."));
+    program.link.session.messages.show(word);
+    ASSERT_EQ(MessageBoxes::unreadIn(window).size(), 1);
+    const QPointer<QMessageBox> before = MessageBoxes::unreadIn(window).front();
+    const Subscription telling = program.link.ports.closed.subscribe([&] { program.link.session.messages.show(word); });
+    window.close();
+    ASSERT_EQ(MessageBoxes::unreadIn(window).size(), 1);
+    QMessageBox& last = *MessageBoxes::unreadIn(window).front();
+    EXPECT_NE(before, &last);
+    EXPECT_EQ(last.text(), before->text());
+    EXPECT_EQ(read, 0);
+    last.close();
+    EXPECT_EQ(read, 1);
 }
 
 } // namespace
