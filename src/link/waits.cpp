@@ -71,6 +71,15 @@ public:
         });
     }
 
+    /// Looks at the line again and again while something else is waited for.
+    void watchLine() {
+        alarm_ = waits_.session_.clock.callAfter(longestSleep, [this, waits = &waits_] {
+            if (!waits->lineIsLost()) {
+                watchLine();
+            }
+        });
+    }
+
     void goOn() {
         over_ = true;
         alarm_.reset();
@@ -211,6 +220,9 @@ Task<QString> Waits::answer(Question question, Until until) {
     // found.
     session_.commands.asking = true;
     const auto asked = qScopeGuard([this] { session_.commands.asking = false; });
+    if (until == Until::ConnectionEnds) {
+        wait.watchLine();
+    }
     co_await wait.over();
     co_return answer;
 }

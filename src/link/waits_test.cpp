@@ -186,12 +186,15 @@ TEST_F(WaitsTest, belongToTheirOwnConnection) {
 }
 
 TEST_F(WaitsTest, noticeALostLineWithinHalfASecondEvenIfNobodyTells) {
+    answers.late = true;
+    const std::function<void()> begins[] = {[this] { wait(100.0F); }, [this] { read(100'000); },
+                                            [this] { note(ask(Waits::Until::ConnectionEnds)); }};
     for (const bool timerRuns : {false, true}) {
-        for (const bool reads : {false, true}) {
+        for (const auto& begin : begins) {
             SCOPED_TRACE(timerRuns);
             ports.open();
             timer.setInterval(timerRuns ? StatusTimer::normalInterval : 0);
-            reads ? read(100'000) : wait(100.0F);
+            begin();
             clock.advance(700);
             const qint64 pulled = clock.monotonicMilliseconds();
             com1.failsSilently = true;
