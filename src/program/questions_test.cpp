@@ -16,6 +16,18 @@ protected:
         EXPECT_FALSE(commands.asking);
     }
 
+    /// A run whose sheet becomes long and is saved by itself while "Save As" stands; one row comes after that.
+    void outgrowBesideSaveAs() {
+        runWithRows(1);
+        sheetState.fileName = path("Run");
+        haveRows(19999);
+        program.saveAs();
+        receive("11/21/26\t2700\t5\t20\t30\t40\r\n"); // the 20000th
+        EXPECT_EQ(sheet.rowCount(), 0);
+        EXPECT_TRUE(messages.shown.empty());
+        receive("11/21/26\t2700\t6\t20\t30\t40\r\n");
+    }
+
     const std::string unsaved = "Save Data: Data not Saved. Do you wish to save it now ?";
 };
 
@@ -52,14 +64,7 @@ TEST_F(QuestionsTest, NothingThatWouldDisturbCanBePressedWhileAQuestionStands) {
 }
 
 TEST_F(QuestionsTest, RowsThatWereSavedByThemselvesMeanwhileAreTold) {
-    runWithRows(1);
-    sheetState.fileName = path("Run");
-    haveRows(19999);
-    program.saveAs();
-    receive("11/21/26\t2700\t5\t20\t30\t40\r\n"); // the 20000th
-    EXPECT_EQ(sheet.rowCount(), 0);
-    EXPECT_TRUE(messages.shown.empty());
-    receive("11/21/26\t2700\t6\t20\t30\t40\r\n");
+    outgrowBesideSaveAs();
     answers.answer(path("sheet.txt"));
     EXPECT_TRUE(contentsOf(path("sheet.txt")).endsWith("\r\n1\t11/21/26\t1:00:00\t6\t20\t30\t40\t\t\r"));
     EXPECT_EQ(theMessage().text.toStdString(),
@@ -68,12 +73,7 @@ TEST_F(QuestionsTest, RowsThatWereSavedByThemselvesMeanwhileAreTold) {
 }
 
 TEST_F(QuestionsTest, TheFileThatWasSavedByItselfMeanwhileIsNotReplaced) {
-    runWithRows(1);
-    sheetState.fileName = path("Run");
-    haveRows(19999);
-    program.saveAs();
-    receive("11/21/26\t2700\t5\t20\t30\t40\r\n"); // the 20000th
-    receive("11/21/26\t2700\t6\t20\t30\t40\r\n");
+    outgrowBesideSaveAs();
     const QByteArray automatic = contentsOf(path("Run0.txt"));
     answers.answer(path("Run0.txt"));
     EXPECT_EQ(contentsOf(path("Run0-20261121-093016.txt")), automatic);
