@@ -16,6 +16,12 @@ protected:
         co_await driver.waitFor(what, Driver::connectLimit, never);
     }
 
+    Task<> waitInVain() {
+        const QString what = QStringLiteral("Waiting");
+        const std::function<bool()> never = [] { return false; };
+        co_await driver.waitFor(what, Driver::connectLimit, never);
+    }
+
     MessageBoxes boxes;
     Driver driver{program, *window, boxes};
 };
@@ -31,6 +37,19 @@ TEST_F(DriverTest, QuitEndsTheJobAtOnce) {
     EXPECT_EQ(driver.run([this] { return waitForever(); }), 1);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Failed: the program was ended\n");
     EXPECT_FALSE(late);
+}
+
+TEST_F(DriverTest, AWaitHasItsLimitAlsoWhenTheComputersClockIsSetBack) {
+    QTimer time;
+    QObject::connect(&time, &QTimer::timeout, &time, [this] {
+        clock.set(clock.now().addSecs(-3600));
+        clock.advance(1000);
+    });
+    time.start(0);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(driver.run([this] { return waitInVain(); }), 1);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Failed: Waiting: nothing for 20 s; the status is \"Offline\"\n");
+    EXPECT_LE(clock.monotonicMilliseconds(), 25'000);
 }
 
 } // namespace
