@@ -2,6 +2,7 @@
 #include "app/demo.h"
 
 #include "app/driver.h"
+#include "base/files.h"
 #include "ui/settingswindow.h"
 
 #include <QAction>
@@ -53,6 +54,11 @@ private:
                      status.date.value(), status.time.value()));
     }
 
+    /// In the demo's folder, and of no file that is there already.
+    QString ownName(const QString& name) const {
+        return QDir::current().absoluteFilePath(freeName(name, program_.link.session.clock.now()));
+    }
+
     bool isCollecting() const { return program_.link.session.commands.activity.value() == Activity::Collecting; }
 
     bool hasRows(int rows) const {
@@ -89,15 +95,14 @@ private:
     Task<> save() {
         constexpr int limit = 20000;
         const QString saving = QStringLiteral("Saving");
-        const QString name = QDir::current().absoluteFilePath(QStringLiteral("sheet.txt"));
-        QFile::remove(name);
+        const QString name = ownName(QStringLiteral("sheet.txt"));
         driver_.click("Command11");
         const std::function<bool()> asked = [] { return Driver::dialog<QFileDialog>() != nullptr; };
         co_await driver_.waitFor(saving, limit, asked);
         auto* dialog = Driver::dialog<QFileDialog>();
         Driver::find<QLineEdit>(*dialog, QStringLiteral("fileNameEdit")).setText(name);
         QMetaObject::invokeMethod(dialog, "accept");
-        const std::function<bool()> saved = [&name] { return QFile::exists(name); };
+        const std::function<bool()> saved = [this] { return !program_.sheet.shown.unsaved.value(); };
         co_await driver_.waitFor(saving, limit, saved);
         say(QStringLiteral("Saved %1").arg(name));
     }
@@ -142,11 +147,12 @@ private:
         co_await driver_.pause(moment);
     }
 
-    void takePicture(QWidget& widget, const QString& name, const QString& what) {
+    void takePicture(QWidget& widget, const QString& plainName, const QString& what) {
+        const QString name = ownName(plainName);
         if (!widget.grab().save(name)) {
             throw Driver::Failure(QStringLiteral("the picture %1 cannot be written").arg(name));
         }
-        say(QStringLiteral("Picture of %1: %2").arg(what, QDir::current().absoluteFilePath(name)));
+        say(QStringLiteral("Picture of %1: %2").arg(what, name));
     }
 
     Program& program_;

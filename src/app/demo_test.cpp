@@ -46,6 +46,41 @@ TEST_F(DemoTest, EndsWithABlockThatIsOut) {
     EXPECT_TRUE(contentsOf(folder.path("demo/sheet.txt")).startsWith("F\t310 25\r\nsheet.txt\r\n"));
 }
 
+TEST_F(DemoTest, ReplacesNoFileOfItsFolder) {
+    QDir().mkpath(folder.path("demo"));
+    fill(folder.path("demo/sheet.txt"), "an older sheet");
+    fill(folder.path("demo/page-1.png"), "an older picture");
+    const Ended ended = demo("sim:glow?rate=100&baud=0&points=25", folder.path("demo"));
+    EXPECT_EQ(ended.status, 0) << ended.error;
+    EXPECT_EQ(contentsOf(folder.path("demo/sheet.txt")), "an older sheet");
+    EXPECT_EQ(contentsOf(folder.path("demo/page-1.png")), "an older picture");
+    const QDir made(folder.path("demo"));
+    const QStringList sheets = made.entryList({QStringLiteral("sheet-*.txt")});
+    ASSERT_EQ(sheets.size(), 1);
+    EXPECT_TRUE(contentsOf(made.filePath(sheets[0])).startsWith("F\t310 25\r\n"));
+    EXPECT_EQ(made.entryList({QStringLiteral("page-1-*.png")}).size(), 1);
+}
+
+TEST_F(DemoTest, AFileThatCannotBeWrittenFailsAndSaysSo) {
+    QDir().mkpath(folder.path("demo/log.ohp"));
+    const Ended ended = demo("sim:glow?rate=100&baud=0&points=25", folder.path("demo"));
+    EXPECT_EQ(ended.how, QProcess::NormalExit);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_NE(ended.error.find("Failed: Connecting: "), std::string::npos) << ended.error;
+    EXPECT_NE(ended.error.find("log.ohp"), std::string::npos) << ended.error;
+}
+
+TEST_F(DemoTest, AMissingDisplayFailsAndSaysWhatToDo) {
+    const Ended ended = runToEnd(QStringLiteral(ORVHOST_PATH), QStringLiteral("--demo ") + folder.path("demo"),
+                                 {{QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb")},
+                                  {QStringLiteral("DISPLAY"), QStringLiteral(":77999")}});
+    EXPECT_EQ(ended.how, QProcess::NormalExit);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_NE(ended.error.find("orvhost: there is no display to show a window on: "), std::string::npos) << ended.error;
+    EXPECT_TRUE(ended.error.ends_with("QT_QPA_PLATFORM=offscreen does the job of --demo without one.\n"))
+        << ended.error;
+}
+
 TEST_F(DemoTest, ASilentInstrumentFailsAndSaysSo) {
     const Ended ended = demo("sim:trx?fault=silent", folder.path("demo"));
     EXPECT_EQ(ended.how, QProcess::NormalExit);

@@ -44,10 +44,10 @@ QString appendWhole(QFile& file, const QByteArray& bytes) {
     return reason;
 }
 
-QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* keptAs) {
+QString freeName(const QString& path, const QDateTime& now) {
     const QFileInfo info(path);
     if (!info.exists()) {
-        return {};
+        return path;
     }
     const QString stem = info.completeBaseName() + QLatin1Char('-') + fileNameStamp(now);
     const QString suffix = info.suffix().isEmpty() ? QString() : QLatin1Char('.') + info.suffix();
@@ -55,8 +55,15 @@ QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* k
     for (int further = 2; info.dir().exists(name); ++further) {
         name = QStringLiteral("%1-%2%3").arg(stem, QString::number(further), suffix);
     }
+    return info.dir().filePath(name);
+}
+
+QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* keptAs) {
     QFile file(path);
-    if (!file.rename(info.dir().filePath(name))) {
+    if (!file.exists()) {
+        return {};
+    }
+    if (!file.rename(freeName(path, now))) {
         return errorText(file);
     }
     if (keptAs != nullptr) {

@@ -20,9 +20,11 @@ QString errorText(const QIODevice& device);
 /// Returns the empty text, or why it failed.
 QString appendWhole(QFile& file, const QByteArray& bytes);
 
-/// Keeps the file at `path` out of the way of a new one: renames "name.ext" to "name-20261121-093015.ext" (with a
-/// further number if that exists). Returns the empty text, also when there is no such file, or why it failed. `keptAs`
-/// becomes the new path if the file was renamed.
+/// A name that no file has: `path`, or "name-20261121-093015.ext" (with a further number if that exists too).
+QString freeName(const QString& path, const QDateTime& now);
+
+/// Keeps the file at `path` out of the way of a new one: renames it to its freeName(). Returns the empty text, also
+/// when there is no such file, or why it failed. `keptAs` becomes the new path if the file was renamed.
 QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* keptAs = nullptr);
 
 /// Lets the operating system bring an open file's data to the disk before returning. Best effort.
