@@ -11,6 +11,9 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <cstdio>
+#include <cstdlib>
+
 namespace {
 
 constexpr int wrongUsage = 2;
@@ -21,6 +24,18 @@ QStringList argumentList(int count, char** values) {
         list.append(QString::fromLocal8Bit(values[i]));
     }
     return list;
+}
+
+/// Qt gives up on a missing display by aborting; the operator is told what to do instead.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtFatalMsg) {
+        std::fprintf(stderr,
+                     "orvhost: there is no display to show a window on: %s\nStart it on a desktop; QT_QPA_PLATFORM="
+                     "offscreen does the job of --demo without one.\n",
+                     qPrintable(text.simplified()));
+        std::_Exit(1);
+    }
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
 }
 
 } // namespace
@@ -50,7 +65,9 @@ int main(int argc, char** argv) {
     if (!line.demoFolder.isEmpty()) {
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     }
+    const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     const QApplication application(argc, argv);
+    qInstallMessageHandler(usual);
     QApplication::setStyle(new orv::ProgramStyle);
     QGuiApplication::setDesktopFileName(QStringLiteral(ORV_ID));
     orv::SystemClock clock;
