@@ -5,75 +5,102 @@
 
 #include <QAction>
 #include <QFocusEvent>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QStyle>
-#include <QValidator>
 
 #include <algorithm>
-#include <limits>
-#include <utility>
 
 namespace orv {
 
-namespace {
-
-/// Lets texts of the allowed characters and length pass, and the text that stands in the box, whole or shortened.
-class NumberValidator final : public QValidator {
+class NumberBox::Validator final : public QValidator {
 public:
-    NumberValidator(QObject* box, const QString& standing, QString allowed, int maximumLength)
+    explicit Validator(NumberBox* box)
         : QValidator(box)
-        , standing_(standing)
-        , allowed_(std::move(allowed))
-        , maximumLength_(maximumLength) {}
+        , box_(*box) {}
 
-    State validate(QString& text, int& /*position*/) const override {
-        const bool fits = text.size() <= maximumLength_ &&
-                          std::all_of(text.cbegin(), text.cend(), [this](QChar c) { return allowed_.contains(c); });
-        if (fits) {
-            return Acceptable;
-        }
-        return text == standing_ || text.size() < standing_.size() ? Intermediate : Invalid;
-    }
+    State validate(QString& text, int& cursor) const override { return box_.judge(text, cursor); }
 
 private:
-    const QString& standing_;
-    QString allowed_;
-    int maximumLength_;
+    const NumberBox& box_;
 };
 
-QString digits() {
-    return QStringLiteral("0123456789");
-}
-
-} // namespace
-
 NumberBox* NumberBox::forDigits(int maximumDigits) {
-    return new NumberBox(digits(), maximumDigits);
+    return new NumberBox(QStringLiteral("[0-9]{0,%1}").arg(maximumDigits), maximumDigits);
 }
 
 NumberBox* NumberBox::forDecimals() {
+    constexpr int usualLength = 10;
     // Device files know values with a comma.
-    return new NumberBox(digits() + QStringLiteral("+-.,"), std::numeric_limits<int>::max());
+    return new NumberBox(QStringLiteral("[+-]?[0-9]*[.,]?[0-9]*"), usualLength);
 }
 
-NumberBox::NumberBox(const QString& allowed, int maximumLength) {
-    setValidator(new NumberValidator(this, standing_, allowed, maximumLength));
-    connect(this, &QLineEdit::textChanged, this, [this](const QString& now) { standing_ = now; });
-    constexpr int widestShown = 10;
-    const int width = fontMetrics().horizontalAdvance(QString(std::min(maximumLength, widestShown) + 6, u'0'));
+NumberBox::NumberBox(const QString& form, int usualLength)
+    : form_(QRegularExpression::anchoredPattern(form)) {
+    setValidator(new Validator(this));
+    connect(this, &QLineEdit::textChanged, this, [this] { noteText(); });
+    const int width = fontMetrics().horizontalAdvance(QString(usualLength + 6, u'0'));
     setMinimumWidth(width);
     setMaximumWidth(2 * width);
 }
 
+/// Takes what has the form, and the text that stands in the box, whole or with a part taken out. Leaves out the blanks
+/// around what has come in.
+QValidator::State NumberBox::judge(QString& text, int& cursor) const {
+    if (form_.match(text).hasMatch()) {
+        return QValidator::Acceptable;
+    }
+    const auto common = [](auto one, auto end, auto other, auto otherEnd) {
+        return std::mismatch(one, end, other, otherEnd).first - one;
+    };
+    const auto head = common(text.cbegin(), text.cend(), standing_.cbegin(), standing_.cend());
+    const auto tail = common(text.crbegin(), text.crend() - head, standing_.crbegin(), standing_.crend() - head);
+    const QString added = text.sliced(head, text.size() - head - tail);
+    if (added.isEmpty()) {
+        return QValidator::Intermediate;
+    }
+    const QString mended = text.first(head) + added.trimmed() + text.last(tail);
+    if (mended.size() == text.size() || !form_.match(mended).hasMatch()) {
+        return QValidator::Invalid;
+    }
+    cursor = static_cast<int>(mended.size() - tail);
+    text = mended;
+    return QValidator::Acceptable;
+}
+
+void NumberBox::noteText() {
+    QString now = text();
+    int cursor = 0;
+    // "Undo" and assistive programs do not heed the validator.
+    if (judge(now, cursor) == QValidator::Invalid) {
+        draw(standing_);
+        return;
+    }
+    standing_ = text();
+    if (write_ && !drawing_) {
+        write_(standing_);
+    }
+}
+
 void NumberBox::follow(QProperty<QString>& text) {
-    connect(this, &QLineEdit::textEdited, this, [&text](const QString& typed) { text = typed; });
+    write_ = [&text](const QString& now) { text = now; };
     bindings_.bind(text, [this](const QString& shown) { draw(shown); });
 }
 
 void NumberBox::draw(const QString& shown) {
     if (text() != shown) {
+        const QScopedValueRollback drawing(drawing_, true);
         standing_ = shown; // so that the box takes it
         setText(shown);
     }
+}
+
+void NumberBox::keyPressEvent(QKeyEvent* event) {
+    const QString typed = event->text();
+    if (!typed.isEmpty() && typed.at(0).isPrint() && typed.trimmed().isEmpty()) {
+        return; // a typed blank would only delete what is selected
+    }
+    QLineEdit::keyPressEvent(event);
 }
 
 void NumberBox::markOver(int maximum, QLabel* remark) {

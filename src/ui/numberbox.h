@@ -5,28 +5,34 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
+#include <QValidator>
+
+#include <functional>
 
 namespace orv {
 
-/// A text box for a number. It refuses what cannot be part of one as it is typed, and may be empty. A text that is set
-/// by the program is shown whole, whatever it is, and can be shortened by the operator.
+/// A text box for a number, which may be empty. In whatever way text comes in (typed, pasted, dropped, undone, from an
+/// input method or an assistive program), it is refused whole unless it leaves a number that is being typed; only
+/// blanks around it are left out. A text that is set by the program is shown whole, whatever it is, and can be
+/// shortened by the operator.
 class NumberBox final : public QLineEdit {
 public:
     /// A box for a whole number without sign, of at most so many digits.
     static NumberBox* forDigits(int maximumDigits);
 
-    /// A box for a decimal number: digits, sign, point and comma.
+    /// A box for a decimal number: a sign, digits, a point or a comma.
     static NumberBox* forDecimals();
 
-    /// Shows the property and writes into it what is typed.
+    /// Shows the property and writes into it what the operator puts into the box.
     void follow(QProperty<QString>& text);
 
     /// The same for one text of a value.
     template <typename Value>
     void follow(QProperty<Value>& value, QString Value::*text) {
-        connect(this, &QLineEdit::textEdited, this, [&value, text](const QString& typed) {
-            change(value, [text, &typed](Value& changed) { changed.*text = typed; });
-        });
+        write_ = [&value, text](const QString& now) {
+            change(value, [text, &now](Value& changed) { changed.*text = now; });
+        };
         bindings_.bind(value, [this, text](const Value& now) { draw(now.*text); });
     }
 
@@ -37,17 +43,25 @@ public:
     bool isMarked() const { return marked_; }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    NumberBox(const QString& allowed, int maximumLength);
+    class Validator;
+
+    NumberBox(const QString& form, int usualLength);
+    QValidator::State judge(QString& text, int& cursor) const;
+    void noteText();
     void draw(const QString& shown);
     bool isOver() const;
     void setMarked(bool marked);
 
     Bindings bindings_;
-    QString standing_; ///< The text of the box; while the program sets one, that text already.
-    int maximum_ = 0;  ///< 0: none.
+    QRegularExpression form_; ///< Of a number that is being typed.
+    QString standing_;        ///< The text of the box; while the program sets one, that text already.
+    std::function<void(const QString& now)> write_;
+    bool drawing_ = false;
+    int maximum_ = 0; ///< 0: none.
     QLabel* remark_ = nullptr;
     QAction* warning_ = nullptr;
     bool marked_ = false;

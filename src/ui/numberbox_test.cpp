@@ -3,6 +3,13 @@
 
 #include "testing/windowrig.h"
 
+#include <QAccessible>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QMimeData>
+
 #include <memory>
 
 #include <gtest/gtest.h>
@@ -27,6 +34,122 @@ TEST(NumberBox, DecimalsMayHaveSignPointAndComma) {
     EXPECT_EQ(typedInto(NumberBox::forDecimals(), "x-1.5e"), "-1.5");
     EXPECT_EQ(typedInto(NumberBox::forDecimals(), "1,5"), "1,5");
     EXPECT_EQ(typedInto(NumberBox::forDecimals(), "0.000012345678"), "0.000012345678");
+}
+
+/// The ways in which text comes into a box in the place of what is selected.
+const std::pair<const char*, void (*)(QLineEdit& box, const QString& text)> waysIn[] = {
+    {"pasted",
+     [](QLineEdit& box, const QString& text) {
+         QGuiApplication::clipboard()->setText(text);
+         press(box, Qt::Key_V, {}, Qt::ControlModifier);
+     }},
+    {"dropped",
+     [](QLineEdit& box, const QString& text) {
+         QMimeData data;
+         data.setText(text);
+         const QPoint middle = box.rect().center();
+         QDragEnterEvent entering(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+         QDropEvent dropping(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+         box.del();
+         QApplication::sendEvent(&box, &entering);
+         QApplication::sendEvent(&box, &dropping);
+     }},
+    {"from an input method",
+     [](QLineEdit& box, const QString& text) {
+         QInputMethodEvent event;
+         event.setCommitString(text);
+         QApplication::sendEvent(&box, &event);
+     }},
+    {"from an assistive program",
+     [](QLineEdit& box, const QString& text) {
+         QAccessible::queryAccessibleInterface(&box)->editableTextInterface()->replaceText(
+             0, static_cast<int>(box.text().size()), text);
+     }},
+};
+
+TEST(NumberBox, HoldsNumbersAloneWhateverWayTextComesIn) {
+    struct Case {
+        bool decimals;
+        const char* text;
+        const char* expected; ///< Empty: refused.
+    };
+    const Case cases[] = {
+        {false, "12", "12"},   {false, "12 ", "12"},  {false, " 6 ", "6"},    {false, "12\r\n", "12"},
+        {false, "1a", ""},     {false, "x", ""},      {false, "1 2", ""},     {false, "-1", ""},
+        {false, "123456", ""}, {false, "\uff11", ""}, {true, "-1.5", "-1.5"}, {true, "\t0,25 ", "0,25"},
+        {true, "1.5e-3", ""},  {true, "1.2.3", ""},   {true, "1-2", ""},      {true, "++1", ""}};
+    for (const auto& [way, put] : waysIn) {
+        for (const auto& [decimals, text, expected] : cases) {
+            QProperty<QString> value{QStringLiteral("60000")};
+            const std::unique_ptr<NumberBox> box(decimals ? NumberBox::forDecimals() : NumberBox::forDigits(5));
+            box->follow(value);
+            box->selectAll();
+            put(*box, QString::fromUtf8(text));
+            const bool dropped = *expected == 0 && std::string(way) == "dropped"; // the test has emptied the box first
+            const std::string kept = *expected == 0 ? (dropped ? "" : "60000") : expected;
+            EXPECT_EQ(box->text().toStdString(), kept) << '"' << text << "\" " << way;
+            EXPECT_EQ(value.value().toStdString(), kept) << '"' << text << "\" " << way;
+        }
+    }
+}
+
+TEST(NumberBox, RefusesAKeyOverASelection) {
+    for (const char* key : {"x", " ", "-", "."}) {
+        QProperty<QString> text{QStringLiteral("60000")};
+        const std::unique_ptr<NumberBox> box(NumberBox::forDigits(5));
+        box->follow(text);
+        retype(*box, key);
+        EXPECT_EQ(box->text().toStdString(), "60000") << key;
+        EXPECT_EQ(text.value().toStdString(), "60000") << key;
+    }
+    EXPECT_EQ(typedInto(NumberBox::forDecimals(), "1.2.3,4-5"), "1.2345");
+}
+
+TEST(NumberBox, BlanksAreLeftOutWhereverTheTextGoesIn) {
+    struct Case {
+        const char* before;
+        int start;
+        int length;
+        const char* pasted;
+        const char* after;
+    };
+    const Case cases[] = {{"12", 0, 0, "3 ", "312"}, {"12", 1, 0, " 3 ", "132"}, {"12", 2, 0, " 12", "1212"},
+                          {"12", 0, 2, "1 ", "1"},   {"12", 0, 1, "4 ", "42"},   {"12", 2, 0, "x ", "12"}};
+    for (const auto& [before, start, length, pasted, after] : cases) {
+        const std::unique_ptr<NumberBox> box(NumberBox::forDigits(5));
+        box->setText(QString::fromLatin1(before));
+        box->setSelection(start, length);
+        if (length == 0) {
+            box->setCursorPosition(start);
+        }
+        QGuiApplication::clipboard()->setText(QString::fromLatin1(pasted));
+        box->paste();
+        EXPECT_EQ(box->text().toStdString(), after) << '"' << pasted << '"';
+    }
+}
+
+TEST(NumberBox, UndoBringsNoOtherTextBackAndOpensTheBoxToNone) {
+    QProperty<QString> text{QStringLiteral("1e+05")};
+    const std::unique_ptr<NumberBox> box(NumberBox::forDigits(5));
+    box->follow(text);
+    retype(*box, "5");
+    box->undo();
+    EXPECT_EQ(text.value().toStdString(), "5");
+    retype(*box, "x");
+    EXPECT_EQ(box->text().toStdString(), "5");
+    retype(*box, "77");
+    box->undo();
+    EXPECT_EQ(box->text().toStdString(), text.value().toStdString());
+    EXPECT_EQ(box->text().toStdString(), "5");
+}
+
+TEST(NumberBox, WhatTheProgramShowsIsNotWrittenBack) {
+    QProperty<QString> text;
+    const std::unique_ptr<NumberBox> box(NumberBox::forDigits(5));
+    box->follow(text);
+    const QString longest(40'000, u'9'); // a box cuts it
+    text = longest;
+    EXPECT_EQ(text.value().size(), longest.size());
 }
 
 TEST(NumberBox, CanBeEmptied) {
