@@ -274,7 +274,9 @@ void MessageBoxes::show(const Message& message) {
     box->setModal(false);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     box->button(QMessageBox::Ok)->setText(QStringLiteral("&OK"));
-    QObject::connect(box, &QMessageBox::finished, box, [this] { tellIfRead(); });
+    // Not out of the box's own going: what it belongs to may be destroyed then.
+    QObject::connect(
+        box, &QObject::destroyed, &receiver_, [this] { tellIfRead(); }, Qt::QueuedConnection);
     showUnasked(*box);
 }
 

@@ -27,8 +27,8 @@ public:
     /// The boxes below a window that the operator has not closed yet.
     static QList<QMessageBox*> unreadIn(const QWidget& parent);
 
-    /// Calls `read` once the operator has closed every open box, at once if none is open: the last words of a program
-    /// that ends.
+    /// Calls `read` once the operator has closed every open box or it has gone with its window, at once if none is
+    /// open: the last words of a program that ends. `read` may destroy the window.
     void whenRead(std::function<void()> read);
 
     /// Tells every message, shown anew or not.
@@ -39,6 +39,7 @@ private:
 
     QPointer<QWidget> parent_;
     std::function<void()> read_;
+    QObject receiver_; ///< Boxes may outlive this object.
 };
 
 /// Questions and file dialogs. They hold nobody: while one stands every window lives. It stays above the window that it

@@ -12,11 +12,15 @@
 #include <QPushButton>
 #include <QtTest/QTest>
 
+#include <algorithm>
+#include <memory>
+
 namespace orv {
 namespace {
 
 void deleteWhatWaits() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
 }
 
 class MessageBoxesTest : public testing::Test {
@@ -76,7 +80,76 @@ TEST_F(MessageBoxesTest, WhatComesLastWaitsUntilTheLastOfThemIsRead) {
     open().front()->button(QMessageBox::Ok)->click();
     EXPECT_EQ(read, 1);
     open().front()->close();
+    deleteWhatWaits();
     EXPECT_EQ(read, 2);
+}
+
+/// How a box goes.
+enum class Going { Button, Frame, Key, Destroyed, DestroyedLater };
+
+void leave(QMessageBox* box, Going going) {
+    switch (going) {
+    case Going::Button:
+        box->button(QMessageBox::Ok)->click();
+        break;
+    case Going::Frame:
+        box->close();
+        break;
+    case Going::Key:
+        press(*box, Qt::Key_Escape);
+        break;
+    case Going::Destroyed:
+        delete box;
+        break;
+    case Going::DestroyedLater:
+        box->deleteLater();
+        break;
+    }
+    deleteWhatWaits();
+}
+
+TEST(LastMessages, AreReadOnceTheLastIsGoneInWhateverOrderAndWay) {
+    constexpr Going ways[] = {Going::Button, Going::Frame, Going::Key, Going::Destroyed, Going::DestroyedLater};
+    std::vector<std::size_t> order{0, 1, 2};
+    do {
+        for (const Going first : ways) {
+            for (const Going last : ways) {
+                MessageBoxes boxes;
+                auto parent = std::make_unique<QWidget>();
+                boxes.setParent(parent.get());
+                for (const char* text : {"one", "two", "three"}) {
+                    boxes.show(operatorWarning(QString::fromLatin1(text)));
+                }
+                const auto open = parent->findChildren<QMessageBox*>();
+                ASSERT_EQ(open.size(), 3);
+                int read = 0;
+                boxes.whenRead([&] {
+                    ++read;
+                    parent.reset(); // as a program does that ends
+                });
+                const Going going[] = {first, last, last};
+                for (std::size_t step = 0; step < order.size(); ++step) {
+                    EXPECT_EQ(read, 0) << "before step " << step;
+                    leave(open.at(static_cast<qsizetype>(order[step])), going[step]);
+                }
+                EXPECT_EQ(read, 1);
+                EXPECT_EQ(parent, nullptr);
+            }
+        }
+    } while (std::next_permutation(order.begin(), order.end()));
+}
+
+TEST(LastMessages, MayOutliveWhatShowedThem) {
+    QWidget parent;
+    int read = 0;
+    {
+        MessageBoxes boxes;
+        boxes.setParent(&parent);
+        boxes.show(operatorWarning(QStringLiteral("one")));
+        boxes.whenRead([&read] { ++read; });
+    }
+    parent.findChild<QMessageBox*>()->close();
+    EXPECT_EQ(read, 0);
 }
 
 /// Questions that a window asks.

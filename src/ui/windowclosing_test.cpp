@@ -380,6 +380,8 @@ TEST_F(RealDialogsTest, QuitTakesTheQuestionBackAndWhatItsEndTellsStaysUntilItIs
     EXPECT_TRUE(last.text().startsWith(QStringLiteral("The download is incomplete"))) << qPrintable(last.text());
     EXPECT_EQ(shown(), "ORV Host Program");
     last.button(QMessageBox::Ok)->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
     EXPECT_EQ(read, 1) << "now the program exits";
 }
 
@@ -397,6 +399,8 @@ TEST_F(RealDialogsTest, TheLastWordStaysUntilItIsReadAlsoIfTheSameWasToldBefore)
     EXPECT_EQ(last.text(), before->text());
     EXPECT_EQ(read, 0);
     last.close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
     EXPECT_EQ(read, 1);
 }
 
