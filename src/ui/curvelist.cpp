@@ -62,7 +62,7 @@ void CurveList::setCurves(const QStringList& names, const std::vector<bool>& sho
         auto* box = new QCheckBox;
         box->setObjectName(QStringLiteral("Curve%1").arg(curve + 1));
         box->setIconSize(QSize(28, 14));
-        box->setToolTip(QStringLiteral("Shows or hides this curve (Alt+%1).").arg(curve + 1));
+        box->setToolTip(QStringLiteral("Shows or hides this curve."));
         box->installEventFilter(this);
         connect(box, &QCheckBox::toggled, this, [this, curve](bool on) { switched.tell(curve, on); });
         auto* value = makeValue(QStringLiteral("ReadoutValue%1").arg(curve + 1), {});

@@ -272,7 +272,6 @@ void MainWindow::makeShortcuts() {
                         strip->choose(index);
                     }
                 });
-            strip->setTabToolTip(index, QStringLiteral("%1 (%2)").arg(strip->toolTip(), keys.toString()));
             if (strip == lowerTabs_) {
                 bindEnabled(bindings_, choose, program_.pages.serviceMode);
             }

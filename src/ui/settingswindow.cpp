@@ -120,7 +120,6 @@ void SettingsWindow::makeTabShortcuts() {
     for (int index = 0; index < tabs_->count(); ++index) {
         const QKeySequence keys(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + index));
         connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, index] { tabs_->choose(index); });
-        tabs_->setTabToolTip(index, QStringLiteral("%1 (%2)").arg(tabs_->tabText(index), keys.toString()));
     }
 }
 

@@ -96,7 +96,6 @@ TEST_F(SettingsWindowTest, PageKeysGoRoundTheTabsAndNumbersChooseThem) {
         }
         return shownFrames();
     });
-    EXPECT_EQ(find<QTabBar>("SettingsTabs").tabToolTip(1), QStringLiteral("Time and Date (Ctrl+2)"));
 }
 
 TEST_F(SettingsWindowTest, CalibrationShowsTheFrameOfTheTypeLabel) {

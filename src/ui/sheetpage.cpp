@@ -150,11 +150,11 @@ QLayout* SheetPage::makeBar(Program& program) {
     const CommandState& commands = program.link.session.commands;
     auto* save = makeButton(
         "Save &As", "Command11", [&program] { program.saveAs(); },
-        "Save all Data on the Spread Sheet to a Tab Delimited Text File. (Ctrl+Shift+S)");
+        "Save all Data on the Spread Sheet to a Tab Delimited Text File.");
     bindEnabled(bindings_, save, commands.canSaveAs);
     auto* open = makeButton(
         "Op&en", "Command10", [&program] { program.openSheet(); },
-        "Open a saved sheet. It replaces what is on the Spread Sheet. (Ctrl+O)");
+        "Open a saved sheet. It replaces what is on the Spread Sheet.");
     bindEnabled(bindings_, open, commands.canOpenSheet);
     auto* clear = makeButton(
         "&Clear All", "Command9", [&program] { program.clearAll(); }, "Clears the Spread Sheet of all data.");

@@ -231,7 +231,7 @@ TEST_F(SheetPageTest, TheButtonsFollowWhatIsAllowed) {
 
 TEST_F(SheetPageTest, CaptionsToolTipsAndTheFileName) {
     EXPECT_EQ(button("Command11").toolTip().toStdString(),
-              "Save all Data on the Spread Sheet to a Tab Delimited Text File. (Ctrl+Shift+S)");
+              "Save all Data on the Spread Sheet to a Tab Delimited Text File.");
     EXPECT_EQ(button("Command9").toolTip().toStdString(), "Clears the Spread Sheet of all data.");
     const auto caption = [this](const char* name) { return button(name).text().remove(u'&').toStdString(); };
     EXPECT_EQ(caption("Command11"), "Save As");

@@ -195,7 +195,7 @@ QGroupBox* StatusPage::makeControlsBox(Program& program) {
     auto* layout = new QVBoxLayout(box);
     auto* run = makeButton(
         "&Run", "Command2", [&program] { program.run(); },
-        "Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp. (F5)");
+        "Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp.");
     auto* reset = makeButton(
         "R&eset", "ResetButton", [&program] { program.reset(); },
         "Stops current collection and requires the instrument to be reset.");
