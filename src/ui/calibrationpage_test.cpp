@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QtTest/QTest>
 
 namespace orv {
 namespace {
@@ -211,12 +212,81 @@ TEST_F(CalibrationPageTest, SaveCalInfoAsksForAName) {
     EXPECT_EQ(answers.asked.size(), 1);
 }
 
-TEST_F(CalibrationPageTest, TheListTakingTheFocusShowsNothing) {
-    add("one", "Option9");
+/// The list with the keyboard.
+class InstrumentKeysTest : public CalibrationPageTest {
+protected:
+    InstrumentKeysTest() {
+        QCoreApplication::processEvents(); // a window that has just been shown takes the focus
+        QApplication::setActiveWindow(window.get());
+        for (const char* name : {"one", "two", "three", "four"}) {
+            add(name, "Option9");
+        }
+    }
+
+    void key(Qt::Key key) { QTest::keyClick(window->windowHandle(), key); }
+
+    void tabIntoTheList() {
+        button("Command4").setFocus();
+        key(Qt::Key_Tab);
+        ASSERT_TRUE(list().hasFocus());
+    }
+};
+
+TEST_F(InstrumentKeysTest, TheListTakingTheFocusShowsNothing) {
     retype(box("Text33"), "123");
-    window->activateWindow();
-    list().setFocus(Qt::TabFocusReason);
+    tabIntoTheList();
     EXPECT_EQ(typed("Text33"), "123");
+    EXPECT_EQ(title(), "Worksheet");
+}
+
+TEST_F(InstrumentKeysTest, ArrowsGoOnFromTheInstrumentShown) {
+    struct Case {
+        std::vector<const char*> before; ///< "Next" and "Previous".
+        Qt::Key key;
+        int shown;
+    };
+    const Case cases[] = {{{}, Qt::Key_Down, 1},
+                          {{"Command5"}, Qt::Key_Down, 2},
+                          {{"Command5", "Command5"}, Qt::Key_Down, 3},
+                          {{"Command8"}, Qt::Key_Up, 2},
+                          {{"Command5", "Command5", "Command8"}, Qt::Key_Up, 0}};
+    for (const auto& [before, arrow, expected] : cases) {
+        while (shown.current.value() != 0) {
+            click("Command5");
+        }
+        for (const char* name : before) {
+            click(name);
+        }
+        tabIntoTheList();
+        key(arrow);
+        EXPECT_EQ(shown.current.value(), expected);
+        EXPECT_EQ(list().currentRow(), expected);
+        EXPECT_EQ(list().selectedItems().size(), 1);
+        key(Qt::Key_Tab);
+    }
+}
+
+TEST_F(InstrumentKeysTest, ArrowsGoOnFromTheInstrumentShownByAClickOrAfterMoreWereAdded) {
+    clickEntry(1);
+    add("five", "Option10");
+    tabIntoTheList();
+    key(Qt::Key_Down);
+    EXPECT_EQ(shown.current.value(), 2);
+    key(Qt::Key_Tab);
+    click("Command8");
+    tabIntoTheList();
+    key(Qt::Key_Down);
+    EXPECT_EQ(shown.current.value(), 2);
+}
+
+TEST_F(InstrumentKeysTest, AfterTheFocusOfAnEmptyStart) {
+    tabIntoTheList();
+    key(Qt::Key_Tab);
+    click("Command5");
+    click("Command5");
+    tabIntoTheList();
+    key(Qt::Key_Down);
+    EXPECT_EQ(shown.current.value(), 3);
 }
 
 class TestingPageTest : public WindowTest {
