@@ -126,11 +126,16 @@ QListWidget* CalibrationPage::makeList() {
     // A key moves to another entry; a click counts also on the entry that is current already.
     // Taking the focus makes an entry current without selecting it; only a choice shows an instrument.
     connect(list, &QListWidget::itemSelectionChanged, this, [this, list, highlightShown] {
-        if (!list->selectedItems().isEmpty()) {
+        // An assistive program selects an entry beside the one that is highlighted.
+        const auto selected = list->selectedItems();
+        const auto chosen = std::find_if(selected.begin(), selected.end(), [this, list](QListWidgetItem* item) {
+            return list->row(item) != shown_.highlighted;
+        });
+        if (!selected.isEmpty()) {
             chosenByPress_ = true;
-            calibration_.select(list->currentRow());
-            highlightShown(); // it may have been refused
+            calibration_.select(chosen != selected.end() ? list->row(*chosen) : shown_.highlighted);
         }
+        highlightShown(); // the choice may have been refused, or taken back
     });
     connect(list, &QListWidget::itemClicked, this, [this, list](QListWidgetItem* item) {
         if (!chosenByPress_) {

@@ -152,24 +152,24 @@ void DebugPage::addOutputControls(QHBoxLayout* layout) {
     auto* output = new QCheckBox(QStringLiteral("&Comm 2 Debug Output"));
     output->setObjectName(QStringLiteral("Check1"));
     output->setToolTip(QStringLiteral("Copies what the program announces about its own work to COM 2."));
-    connect(output, &QCheckBox::clicked, this, [this, output](bool ticked) {
+    connect(output, &QCheckBox::toggled, this, [this, output](bool ticked) {
         program_.setComm2Output(ticked);
         // A port that cannot be opened clears a flag that was never set, which nobody is told.
-        output->setChecked(debug_.comm2Output);
+        showChecked(output, debug_.comm2Output);
     });
-    bindings_.bind(debug_.comm2Output, [output](bool ticked) { output->setChecked(ticked); });
+    bindings_.bind(debug_.comm2Output, [output](bool ticked) { showChecked(output, ticked); });
 
     const auto bindListing = [this](QRadioButton* option, QProperty<bool>& chosen, QProperty<bool>& other) {
-        connect(option, &QRadioButton::clicked, this, [&chosen, &other] {
+        onChosen(option, [&chosen, &other] {
             chosen = true;
             other = false;
         });
-        bindings_.bind(chosen, [option](bool selected) { option->setChecked(selected); });
+        bindings_.bind(chosen, [option](bool selected) { showChecked(option, selected); });
     };
     auto* raw =
         makeOption("&Raw Buffer", "Option1", "Lists every block of characters as it is read from the instrument.");
     bindListing(raw, debug_.rawBuffer, debug_.showParsing);
-    connect(raw, &QRadioButton::clicked, this, [this] { program_.link.ports.debugsay(QStringLiteral("Huh?")); });
+    onChosen(raw, [this] { program_.link.ports.debugsay(QStringLiteral("Huh?")); });
     auto* parsing =
         makeOption("Sho&w Parsing", "Option2", "Lists every line that is cut out of what the instrument sends.");
     bindListing(parsing, debug_.showParsing, debug_.rawBuffer);

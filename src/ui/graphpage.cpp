@@ -107,15 +107,21 @@ QWidget* GraphPage::makeBar() {
     axis->setObjectName(QStringLiteral("PlotAxis"));
     axis->setToolTip(QStringLiteral("What the curves are drawn over."));
     axis->addItems({QStringLiteral("Record number"), QStringLiteral("Time")});
+    takeSelections(axis);
     connect(axis, &QComboBox::currentIndexChanged, this,
             [this](int index) { setAxis(index == 1 ? PlotData::Axis::Time : PlotData::Axis::Record); });
-    follow_ = makeButton(
-        "&Follow", "Follow", [this] { setMode(PlotView::Mode::Newest); }, "Shows the newest rows as they come.");
-    showAll_ = makeButton(
-        "Show A&ll", "ShowAll", [this] { setMode(PlotView::Mode::All); },
-        "Shows all rows. A double click on the curves does the same.");
-    follow_->setCheckable(true);
-    showAll_->setCheckable(true);
+    const auto makeModeButton = [this](const char* caption, const char* name, PlotView::Mode mode,
+                                       const char* toolTip) {
+        QPushButton* button = makeButton(
+            caption, name, [] {}, toolTip);
+        button->setCheckable(true);
+        // Either way: a mode is left by choosing another.
+        connect(button, &QPushButton::toggled, this, [this, mode] { setMode(mode); });
+        return button;
+    };
+    follow_ = makeModeButton("&Follow", "Follow", PlotView::Mode::Newest, "Shows the newest rows as they come.");
+    showAll_ = makeModeButton("Show A&ll", "ShowAll", PlotView::Mode::All,
+                              "Shows all rows. A double click on the curves does the same.");
     auto* save = makeButton(
         "Save Pict&ure", "SavePicture", [] {}, "Saves the curves as they are seen as a PNG, PDF or SVG file.");
     save->setMenu(makeSaveMenu(save));
@@ -213,8 +219,8 @@ void GraphPage::setMode(PlotView::Mode mode) {
 
 void GraphPage::showMode() {
     if (follow_ != nullptr) {
-        follow_->setChecked(view_.mode() == PlotView::Mode::Newest);
-        showAll_->setChecked(view_.mode() == PlotView::Mode::All);
+        showChecked(follow_, view_.mode() == PlotView::Mode::Newest);
+        showChecked(showAll_, view_.mode() == PlotView::Mode::All);
     }
 }
 

@@ -9,6 +9,7 @@
 #include "ui/settingswindow.h"
 #include "ui/sheetpage.h"
 #include "ui/statuspage.h"
+#include "ui/tabstrip.h"
 #include "ui/widgets.h"
 
 #include <QAbstractItemView>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/windowrig.h"
-#include "ui/widgets.h"
+#include "ui/tabstrip.h"
 
 #include <QLineEdit>
 #include <QMenu>

@@ -109,6 +109,7 @@ PortChooser::PortChooser(PortChoices& choices, int portNumber)
     lineEdit()->installEventFilter(this);
     keepReadable();
     setModel(&model_);
+    takeSelections(this);
     view()->setItemDelegate(new FittingDelegate(this));
     view()->setTextElideMode(Qt::ElideRight);
     constexpr int usualNameLength = 14;
@@ -117,7 +118,18 @@ PortChooser::PortChooser(PortChoices& choices, int portNumber)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 
     connect(this, &QComboBox::activated, this, [this](int row) { choose(model_.device(row)); });
+    connect(this, &QComboBox::currentIndexChanged, this, [this](int row) {
+        if (row >= 0) {
+            choose(model_.device(row));
+        }
+    });
     connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { choose(lineEdit()->text()); });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { typing_ = true; });
+    connect(lineEdit(), &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (!signalsBlocked() && !typing_ && !lineEdit()->hasFocus()) {
+            choose(text); // an assistive program has set it, and nobody will finish it
+        }
+    });
     const PortChoiceState& shown = choices.shown;
     bindings_.bind(shown.list, [this](const QList<PortChoice>& list) { setChoices(list); });
     bindings_.bind(shown[portNumber].device, [this](const QString&) { showDevice(); });
@@ -131,6 +143,7 @@ void PortChooser::showPopup() {
 
 void PortChooser::choose(const QString& device) {
     const PortChoiceState::Chooser& chooser = choices_.shown[portNumber_];
+    typing_ = false;
     choices_.choose(portNumber_, device);
     // A name that was refused stays for mending, beside what is wrong with it.
     if (chooser.problem.value().isEmpty()) {
@@ -141,6 +154,7 @@ void PortChooser::choose(const QString& device) {
 void PortChooser::showDevice() {
     const QString device = choices_.shown[portNumber_].device;
     const QSignalBlocker blocker(this);
+    typing_ = false;
     setCurrentIndex(model_.rowOf(device));
     if (lineEdit()->text() != device) {
         setEditText(device);

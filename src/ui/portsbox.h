@@ -34,7 +34,8 @@ private:
 QString described(const PortChoice& choice);
 
 /// The chooser of the device behind COM 1 or COM 2: a list of devices into which any other can be typed. What is typed
-/// counts once it is finished, by Enter or by leaving the box; Esc takes it back. Disabled while the port is in use.
+/// counts once it is finished, by Enter or by leaving the box; Esc takes it back. What an assistive program sets counts
+/// at once, unless the box has the focus. Disabled while the port is in use.
 class PortChooser final : public QComboBox {
 public:
     PortChooser(PortChoices& choices, int portNumber);
@@ -57,6 +58,7 @@ private:
     PortChoices& choices_;
     int portNumber_;
     PortChoiceModel model_;
+    bool typing_ = false; ///< What the box holds has not been finished.
     Bindings bindings_;
 };
 

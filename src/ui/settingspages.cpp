@@ -163,8 +163,9 @@ QWidget* makeControlBitsPage(Program& program) {
     for (const Setting* setting : settingsInOrder("SMLWAG")) {
         auto* box = new QCheckBox(QLatin1String(setting->caption));
         nameAfter(*setting, box);
-        page->bindings.bind(record, [box, setting](const LoggerSettings& now) { box->setChecked(now.*setting->flag); });
-        QObject::connect(box, &QCheckBox::clicked, page, [&record, setting](bool on) {
+        page->bindings.bind(record,
+                            [box, setting](const LoggerSettings& now) { showChecked(box, now.*setting->flag); });
+        QObject::connect(box, &QCheckBox::toggled, page, [&record, setting](bool on) {
             change(record, [setting, on](LoggerSettings& changed) { changed.*setting->flag = on; });
         });
         layout->addWidget(box, 0, Qt::AlignLeft);
@@ -205,8 +206,7 @@ public:
             group_.addButton(button, option);
             layout->addWidget(button);
             // Only the operator's choice writes the preset; an option that a report selects must leave the text alone.
-            connect(button, &QRadioButton::clicked, this,
-                    [&program, option] { program.settings.sender.chooseSamplingOption(option); });
+            onChosen(button, [&program, option] { program.settings.sender.chooseSamplingOption(option); });
         }
         layout->addStretch(1);
         bindings_.bind(program.link.session.status.instrument, [this](InstrumentType type) {
@@ -227,7 +227,7 @@ private:
         group_.setExclusive(known);
         for (QAbstractButton* button : group_.buttons()) {
             const int number = group_.id(button);
-            button->setChecked(number == option);
+            showChecked(button, number == option);
             setTabStop(button, known ? number == option : number == 1);
         }
         group_.setExclusive(true);

@@ -3,7 +3,7 @@
 
 #include "base/observe.h"
 #include "program/program.h"
-#include "ui/widgets.h"
+#include "ui/tabstrip.h"
 
 #include <QStackedWidget>
 #include <QWidget>

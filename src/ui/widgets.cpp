@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/widgets.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QKeyEvent>
+#include <QComboBox>
 #include <QPainter>
-#include <QStyleOptionTab>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <utility>
 
 namespace orv {
@@ -95,15 +97,54 @@ QGroupBox* makeFrame(QAnyStringView title, QAnyStringView name) {
 void bindTyped(Bindings& bindings, QLineEdit* box, QProperty<QString>& text) {
     bindings.bind(text, [box](const QString& shown) {
         if (box->text() != shown) {
+            const QSignalBlocker quiet(box);
             box->setText(shown);
         }
     });
-    QObject::connect(box, &QLineEdit::textEdited, box, [&text](const QString& typed) { text = typed; });
+    QObject::connect(box, &QLineEdit::textChanged, box, [&text](const QString& now) { text = now; });
 }
 
 void bindChecked(Bindings& bindings, QAbstractButton* button, QProperty<bool>& checked) {
-    bindings.bind(checked, [button](bool on) { button->setChecked(on); });
-    QObject::connect(button, &QAbstractButton::clicked, button, [&checked](bool on) { checked = on; });
+    bindings.bind(checked, [button](bool on) { showChecked(button, on); });
+    QObject::connect(button, &QAbstractButton::toggled, button, [&checked](bool on) { checked = on; });
+}
+
+void onChosen(QAbstractButton* option, const std::function<void()>& chosen) {
+    const auto told = std::make_shared<bool>(false); // of the click under way
+    QObject::connect(option, &QAbstractButton::pressed, option, [told] { *told = false; });
+    QObject::connect(option, &QAbstractButton::toggled, option, [told, chosen](bool on) {
+        if (on) {
+            *told = true;
+            chosen();
+        }
+    });
+    QObject::connect(option, &QAbstractButton::clicked, option, [told, chosen] {
+        if (!*told) {
+            chosen();
+        }
+    });
+}
+
+void showChecked(QAbstractButton* button, bool on) {
+    const QSignalBlocker quiet(button);
+    button->setChecked(on);
+}
+
+void takeSelections(QComboBox* chooser) {
+    const auto take = [chooser](int row) {
+        QAbstractItemView* list = chooser->view();
+        if (row != list->currentIndex().row() && list->selectionModel()->isSelected(chooser->model()->index(row, 0))) {
+            chooser->setCurrentIndex(row);
+        }
+    };
+    QObject::connect(chooser->view()->selectionModel(), &QItemSelectionModel::selectionChanged, chooser,
+                     [chooser, take](const QItemSelection& selected) {
+                         if (!selected.isEmpty()) {
+                             // A key and the pointer move the current entry along, but only afterwards.
+                             QMetaObject::invokeMethod(
+                                 chooser, [take, row = selected.first().top()] { take(row); }, Qt::QueuedConnection);
+                         }
+                     });
 }
 
 void setTabStop(QAbstractButton* option, bool on) {
@@ -112,12 +153,12 @@ void setTabStop(QAbstractButton* option, bool on) {
 
 void bindChoice(Bindings& bindings, QAbstractButton* whenTrue, QAbstractButton* whenFalse, QProperty<bool>& choice) {
     bindings.bind(choice, [whenTrue, whenFalse](bool on) {
-        (on ? whenTrue : whenFalse)->setChecked(true);
+        showChecked(on ? whenTrue : whenFalse, true);
         setTabStop(whenTrue, on);
         setTabStop(whenFalse, !on);
     });
-    QObject::connect(whenTrue, &QAbstractButton::clicked, whenTrue, [&choice] { choice = true; });
-    QObject::connect(whenFalse, &QAbstractButton::clicked, whenFalse, [&choice] { choice = false; });
+    onChosen(whenTrue, [&choice] { choice = true; });
+    onChosen(whenFalse, [&choice] { choice = false; });
 }
 
 Redrawing::Redrawing(QWidget* widget, int delay, std::function<void()> draw)
@@ -195,67 +236,6 @@ void StatusLamp::paintEvent(QPaintEvent* /*event*/) {
     const QColor colour = lampColour(lamp_);
     painter.setBrush(colour.isValid() ? QBrush(colour) : palette().brush(QPalette::Base));
     painter.drawEllipse(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
-}
-
-ChoiceTabBar::ChoiceTabBar(const QStringList& captions, QWidget* parent)
-    : QTabBar(parent) {
-    setExpanding(false);
-    setUsesScrollButtons(true);
-    for (const QString& caption : captions) {
-        addTab(caption);
-    }
-    connect(this, &QTabBar::currentChanged, this, [this](int index) { choose(index); });
-    // The first tab counts as the current one already, so a click on it changes nothing by itself.
-    connect(this, &QTabBar::tabBarClicked, this, [this](int index) {
-        if (!chosen_ && index == currentIndex()) {
-            choose(index);
-        }
-    });
-}
-
-void ChoiceTabBar::choose(int index) {
-    chosen_ = true;
-    if (index != currentIndex()) {
-        setCurrentIndex(index);
-        return;
-    }
-    update();
-    tabChosen.tell(tabText(index));
-}
-
-void ChoiceTabBar::setChosen(bool chosen) {
-    if (chosen_ != chosen) {
-        chosen_ = chosen;
-        update();
-    }
-}
-
-void ChoiceTabBar::initStyleOption(QStyleOptionTab* option, int tabIndex) const {
-    QTabBar::initStyleOption(option, tabIndex);
-    if (!chosen_) {
-        option->state &= ~QStyle::State_Selected;
-        option->selectedPosition = QStyleOptionTab::NotAdjacent;
-    }
-}
-
-void ChoiceTabBar::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (!chosen_) {
-            choose(currentIndex());
-            return;
-        }
-        break;
-    default:
-        break;
-    }
-    QTabBar::keyPressEvent(event);
 }
 
 namespace {

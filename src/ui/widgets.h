@@ -11,11 +11,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTabBar>
 #include <QTimer>
 #include <QWidget>
 
 #include <functional>
+
+class QComboBox;
 
 namespace orv {
 
@@ -78,23 +79,33 @@ void bindText(Bindings& bindings, Control* control, const QProperty<QString>& te
     bindings.bind(text, [control](const QString& shown) { control->setText(shown); });
 }
 
-/// Lets a box show the property and set it while the operator types.
+/// Lets a box show the property and set it whenever its text changes, also by an assistive program.
 void bindTyped(Bindings& bindings, QLineEdit* box, QProperty<QString>& text);
 
-/// Lets a check box or option button show the property and set it when the operator clicks.
+/// Lets a check box show the property and set it whenever it is switched, also by an assistive program.
 void bindChecked(Bindings& bindings, QAbstractButton* button, QProperty<bool>& checked);
 
+/// Calls `chosen` when the operator chooses an option: by a click or a key, also if it is selected already, or by an
+/// assistive program. What selects it by showChecked() is no choice.
+void onChosen(QAbstractButton* option, const std::function<void()>& chosen);
+
+/// Switches a button on or off without that being the operator's choice.
+void showChecked(QAbstractButton* button, bool on);
+
 /// Selects one of several option buttons when the property has its value, and sets the property when the operator
-/// clicks.
+/// chooses it.
 template <typename Value>
 void bindOption(Bindings& bindings, QAbstractButton* option, QProperty<Value>& choice, Value value) {
     bindings.bind(choice, [option, value](Value chosen) {
         if (chosen == value) {
-            option->setChecked(true);
+            showChecked(option, true);
         }
     });
-    QObject::connect(option, &QAbstractButton::clicked, option, [&choice, value] { choice = value; });
+    onChosen(option, [&choice, value] { choice = value; });
 }
+
+/// Chooses an entry that an assistive program selects in the chooser's list, which by itself only marks it there.
+void takeSelections(QComboBox* chooser);
 
 /// Whether the Tab key stops at an option button: only at the selected one of its group, the arrow keys go on from
 /// there.
@@ -147,32 +158,6 @@ protected:
 
 private:
     Lamp lamp_ = Lamp::Off;
-};
-
-/// A tab strip on which no tab need be selected: none is until the operator chooses one, by the mouse, by a key or
-/// through choose(), and none once it has been told that its tab is no longer the chosen one. The tab that was selected
-/// last can then be chosen again.
-class ChoiceTabBar final : public QTabBar {
-public:
-    explicit ChoiceTabBar(const QStringList& captions, QWidget* parent = nullptr);
-
-    bool isChosen() const { return chosen_; }
-
-    /// Whether the current tab is the chosen one; calls nobody.
-    void setChosen(bool chosen);
-
-    /// Selects a tab as the operator would.
-    void choose(int index);
-
-    /// Tells the caption of every tab that is chosen.
-    Signal<QString> tabChosen;
-
-protected:
-    void initStyleOption(QStyleOptionTab* option, int tabIndex) const override;
-    void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    bool chosen_ = false;
 };
 
 /// From now on assistive programs hear a label that shows a value as "Status: Ready". By itself a label with an
