@@ -56,29 +56,20 @@ QString timeColumn(const QString& count) {
     }
 }
 
-/// Columns of the values that a TRX conversion changes, one for each angle.
-std::array<qsizetype, 3> angleColumns(RowLayout layout) {
-    if (layout == RowLayout::TrxNewer) {
-        return {0, 1, 2};
-    }
-    return {0, 2, 4};
-}
-
 Conversion::Line readLine(const CalibrationBoxes& boxes) {
     return {.offset = leadingNumber(boxes.offset.value()), .scale = leadingNumber(boxes.scale.value())};
 }
 
-void convert(QStringList& values, RowLayout layout, const Conversion& conversion) {
-    if (layout == RowLayout::Glow) {
-        if (conversion.glow) {
-            values[0] = convertedValue(values[0], *conversion.glow);
-        }
-    } else if (layout != RowLayout::Unknown && conversion.trx) {
-        const auto columns = angleColumns(layout);
-        for (std::size_t angle = 0; angle < columns.size(); ++angle) {
-            QString& value = values[columns.at(angle)];
-            value = convertedValue(value, conversion.trx->at(angle));
-        }
+void convert(DataRow& row, RowLayout layout, const Conversion& conversion) {
+    const auto lines = conversion.lines(layout);
+    if (lines.empty()) {
+        return;
+    }
+    row.counts = row.values;
+    const auto columns = convertedValues(layout);
+    for (std::size_t at = 0; at < lines.size(); ++at) {
+        QString& value = row.values[static_cast<qsizetype>(columns[at])];
+        value = convertedValue(value, lines[at]);
     }
 }
 
@@ -112,13 +103,46 @@ std::optional<DataRow> readDataLine(const QString& line, RowLayout layout, const
     row.date = date ? shortDate(*date) : fields[0];
     row.time = timeColumn(fields[1]);
     row.values = fields.mid(fieldsBeforeValues, most - fieldsBeforeValues);
-    convert(row.values, layout, conversion);
+    convert(row, layout, conversion);
     return row;
+}
+
+std::span<const Conversion::Line> Conversion::lines(RowLayout layout) const {
+    switch (layout) {
+    case RowLayout::Unknown:
+        return {};
+    case RowLayout::Glow:
+        return glow ? std::span<const Line>(&*glow, 1) : std::span<const Line>();
+    case RowLayout::TrxOlder:
+    case RowLayout::TrxNewer:
+        break;
+    }
+    return trx ? std::span<const Line>(*trx) : std::span<const Line>();
+}
+
+std::span<const std::size_t> convertedValues(RowLayout layout) {
+    static constexpr std::array<std::size_t, 3> newer{0, 1, 2};
+    static constexpr std::array<std::size_t, 3> older{0, 2, 4};
+    switch (layout) {
+    case RowLayout::Unknown:
+        return {};
+    case RowLayout::Glow:
+        return std::span(newer).first(1);
+    case RowLayout::TrxOlder:
+        return older;
+    case RowLayout::TrxNewer:
+        break;
+    }
+    return newer;
+}
+
+double calculatedValue(double counts, const Conversion::Line& line) {
+    return std::floor((counts - line.offset) * line.scale * 100000.0) / 100000.0;
 }
 
 QString convertedValue(const QString& counts, const Conversion::Line& line) {
     try {
-        const double value = std::floor((wholeNumberText(counts) - line.offset) * line.scale * 100000.0) / 100000.0;
+        const double value = calculatedValue(wholeNumberText(counts), line);
         return value == 0.0 || !std::isfinite(value) ? counts : plainNumber(value);
     } catch (const RuntimeError&) {
         return counts;
@@ -126,7 +150,12 @@ QString convertedValue(const QString& counts, const Conversion::Line& line) {
 }
 
 QStringList sheetCells(int number, const DataRow& row) {
-    return QStringList{QString::number(number), row.date, row.time} + row.values;
+    QStringList cells = QStringList{QString::number(number), row.date, row.time} + row.values;
+    if (!row.counts.isEmpty()) {
+        cells.resize(sheetcolumn::firstCount);
+        cells += row.counts;
+    }
+    return cells;
 }
 
 QString recordLine(int number, const DataRow& row, RowLayout layout) {

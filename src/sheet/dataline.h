@@ -7,6 +7,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 
 namespace orv {
 
@@ -16,6 +17,8 @@ inline constexpr int record = 0;
 inline constexpr int date = 1;
 inline constexpr int time = 2;
 inline constexpr int firstValue = 3;
+/// Behind the columns that are shown, of a row whose values were converted: the counts, in the order of the values.
+inline constexpr int firstCount = 9;
 } // namespace sheetcolumn
 
 /// What decides the columns of a row: the instrument's type and its firmware generation.
@@ -53,9 +56,10 @@ struct SettingsState;
 
 /// One record of the instrument, live or from its memory, as the sheet and the files show it.
 struct DataRow {
-    QString date;       ///< Short date, or the field as received if it is no date.
-    QString time;       ///< 24-hour time with unpadded hours, or the field as received if it is no count.
-    QStringList values; ///< In the order of the layout's value columns.
+    QString date;            ///< Short date, or the field as received if it is no date.
+    QString time;            ///< 24-hour time with unpadded hours, or the field as received if it is no count.
+    QStringList values;      ///< In the order of the layout's value columns.
+    QStringList counts = {}; ///< The values as received, if a conversion was asked for; else none.
 
     bool operator==(const DataRow&) const = default;
 };
@@ -68,7 +72,16 @@ struct Conversion {
     };
     std::optional<Line> glow;
     std::optional<std::array<Line, 3>> trx;
+
+    /// One for each of the layout's convertedValues(); none for raw counts.
+    std::span<const Line> lines(RowLayout layout) const;
 };
+
+/// Which of the layout's values a conversion changes: GLOW's one, TRX's angles, never a reference.
+std::span<const std::size_t> convertedValues(RowLayout layout);
+
+/// (counts - offset) * scale, rounded down to five decimals; may be infinite or no number.
+double calculatedValue(double counts, const Conversion::Line& line);
 
 /// What the settings screen asks for at this moment.
 Conversion requestedConversion(const SettingsState& settings);
@@ -78,11 +91,10 @@ Conversion requestedConversion(const SettingsState& settings);
 /// and up to six are taken.
 std::optional<DataRow> readDataLine(const QString& line, RowLayout layout, const Conversion& conversion);
 
-/// Int((counts - offset) * scale * 100000) / 100000 as plain decimal text; the counts themselves where that is 0
-/// or they are no number.
+/// calculatedValue() as plain decimal text; the counts themselves where that is 0 or they are no number.
 QString convertedValue(const QString& counts, const Conversion::Line& line);
 
-/// The row's cells from column 0: `number`, date, time, values.
+/// The row's cells from column 0: `number`, date, time, values; and the counts from sheetcolumn::firstCount on.
 QStringList sheetCells(int number, const DataRow& row);
 
 /// The same row as a line of the record file or of a downloaded text file, fields separated by tabs, without its end:

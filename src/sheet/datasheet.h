@@ -21,6 +21,7 @@ namespace orv {
 class DataSheet {
 public:
     static constexpr int columnCount = sheetcolumn::firstValue + valueCount(RowLayout::TrxOlder);
+    static_assert(columnCount == sheetcolumn::firstCount);
 
     /// The type letter and firmware of the instrument whose rows these are: those of the header row under which the
     /// newest row came. A header row of another layout decides once a row has come under it, or none is left. An empty
@@ -43,7 +44,8 @@ public:
     /// How many of the first rows came under the header row of another layout than `type`.
     int rowsOfOtherLayout() const { return rowsOfOtherLayout_; }
 
-    /// Text of a cell; row 0 is the first data row. Empty where the row has no such cell.
+    /// Text of a cell; row 0 is the first data row. Empty where the row has no such cell. Behind the columns a row may
+    /// have counts, from sheetcolumn::firstCount on.
     QString cell(int row, int column) const;
 
     /// Appends the first `cells` cells of a row to `text`, each followed by a tab; missing ones are empty.
