@@ -3,7 +3,7 @@ cmake_minimum_required(VERSION 3.25)
 # cmake -DSOURCE=<src> -DQT=<folder of Qt's headers> -P CheckLayers.cmake
 # Fails if a file includes a header of a folder above its own, or one that knows windows outside ui and app; and if
 # anything of the program waits otherwise than as a coroutine: one event loop runs, the application's own.
-set(layers base link settings sheet calibration program ui app)
+set(layers base link settings sheet calibration formats program ui app)
 set(problems "")
 
 foreach(layer IN LISTS layers ITEMS simulator)
