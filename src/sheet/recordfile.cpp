@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "sheet/recordlines.h"
 
 #include <QDir>
 #include <QFile>
@@ -237,132 +238,6 @@ bool isRecordHeaderOrItsBegin(const QByteArray& bytes) {
     return headerAfterStart(olderGeneration).startsWith(after) || headerAfterStart(newerGeneration).startsWith(after);
 }
 
-namespace {
-
-constexpr qint64 largestPart = qint64{16} * 1024 * 1024;
-constexpr qint64 longestLine = 65536;
-
-constexpr qsizetype glowFields = sheetcolumn::firstValue + valueCount(RowLayout::Glow);
-constexpr qsizetype trxFields = sheetcolumn::firstValue + valueCount(RowLayout::TrxOlder);
-
-bool isHeaderLine(const QByteArray& line) {
-    return line.isEmpty() || line.startsWith(firstField) || line == deviceLine || line == numberColumn ||
-           line.startsWith(commonColumns);
-}
-
-/// The row's number; nothing if the line is no row of any layout.
-std::optional<int> rowNumber(const QByteArray& line, const QByteArrayList& fields) {
-    bool isNumber = false;
-    const int number = fields[0].toInt(&isNumber);
-    const bool possible = isNumber && number >= 1 && number <= std::numeric_limits<qint16>::max() &&
-                          (fields.size() == glowFields || fields.size() == trxFields);
-    // A power failure leaves blocks of NUL characters.
-    return possible && !line.contains('\0') ? std::optional(number) : std::nullopt;
-}
-
-/// The row's cells as they stand on the sheet; nothing if the line is no row of the layout.
-std::optional<QByteArray> sheetRow(QByteArrayList fields, RowLayout layout) {
-    if (fields.size() != (layout == RowLayout::Glow ? glowFields : trxFields)) {
-        return std::nullopt;
-    }
-    if (layout == RowLayout::TrxNewer) {
-        // REF1 and REF2 are empty.
-        constexpr qsizetype firstReference = 4;
-        constexpr qsizetype secondReference = 6;
-        if (!fields[firstReference].isEmpty() || !fields[secondReference].isEmpty()) {
-            return std::nullopt;
-        }
-        fields.remove(secondReference);
-        fields.remove(firstReference);
-    }
-    return fields.join('\t');
-}
-
-class Reader {
-public:
-    Reader(QFile& file, const DataSheet::Type& type)
-        : file_(file) {
-        found_.sheet.type = type;
-    }
-
-    RecordedRows read() {
-        newerHeader_ = file_.read(longestRecordHeader).contains("\tREF1\t");
-        const qint64 begin = std::max<qint64>(0, file_.size() - largestPart);
-        file_.seek(begin);
-        if (begin > 0) {
-            found_.hasEarlierRows = true;
-            nextLine(); // the rest of a line
-        }
-        while (const auto line = nextLine()) {
-            take(*line);
-        }
-        return std::move(found_);
-    }
-
-private:
-    /// The next line without its end. A last line without an end is no line.
-    std::optional<QByteArray> nextLine() {
-        QByteArray line = file_.readLine(longestLine);
-        while (!line.endsWith('\n')) {
-            const QByteArray more = file_.readLine(longestLine);
-            if (more.isEmpty()) {
-                found_.cutOff = !line.isEmpty();
-                return std::nullopt;
-            }
-            line = "(too long)" + more.right(1);
-        }
-        while (line.endsWith('\n') || line.endsWith('\r')) {
-            line.chop(1);
-        }
-        return line;
-    }
-
-    void take(const QByteArray& line) {
-        if (isHeaderLine(line)) {
-            return;
-        }
-        QByteArrayList fields = line.split('\t');
-        const auto number = rowNumber(line, fields);
-        if (number && found_.sheet.rows.empty()) {
-            fitType(fields.size());
-        }
-        auto row = number ? sheetRow(std::move(fields), found_.sheet.type.layout()) : std::nullopt;
-        if (!row) {
-            ++found_.unreadableLines;
-            return;
-        }
-        if (*number <= lastNumber_) {
-            found_.hasEarlierRows = true;
-            found_.sheet.rows.clear();
-            found_.missingRows = 0;
-        }
-        if (!found_.sheet.rows.empty()) {
-            found_.missingRows += *number - lastNumber_ - 1;
-        }
-        lastNumber_ = *number;
-        found_.sheet.rows.push_back(std::move(*row));
-    }
-
-    /// Keeps the type that is known if rows of so many fields can be of it.
-    void fitType(qsizetype fields) {
-        DataSheet::Type& type = found_.sheet.type;
-        const RowLayout layout = type.layout();
-        if (layout != RowLayout::Unknown && (layout == RowLayout::Glow) == (fields == glowFields)) {
-            return;
-        }
-        found_.typeGuessed = true;
-        type.letter = fields == glowFields ? QStringLiteral("F") : QStringLiteral("V");
-        type.firmware = newerHeader_ ? newerGeneration : olderGeneration;
-    }
-
-    QFile& file_;
-    RecordedRows found_;
-    bool newerHeader_ = false;
-    int lastNumber_ = 0;
-};
-
-} // namespace
-
 RecordedRows readRecordedRows(const QString& path, const DataSheet::Type& type) {
     QFile file(path);
     if (!file.exists()) {
@@ -373,7 +248,27 @@ RecordedRows readRecordedRows(const QString& path, const DataSheet::Type& type) 
         found.sheet.error = errorText(file);
         return found;
     }
-    found = Reader(file, type).read();
+    constexpr qint64 largestPart = qint64{16} * 1024 * 1024;
+    const qint64 begin = std::max<qint64>(0, file.size() - largestPart);
+    RecordLines lines(file, type, begin);
+    found.hasEarlierRows = begin > 0;
+    int lastNumber = 0;
+    while (auto row = lines.next(std::numeric_limits<qint16>::max())) {
+        if (row->number <= lastNumber) {
+            found.hasEarlierRows = true;
+            found.sheet.rows.clear();
+            found.missingRows = 0;
+        }
+        if (!found.sheet.rows.empty()) {
+            found.missingRows += row->number - lastNumber - 1;
+        }
+        lastNumber = row->number;
+        found.sheet.rows.push_back(std::move(row->cells));
+    }
+    found.sheet.type = lines.type();
+    found.typeGuessed = lines.typeGuessed();
+    found.cutOff = lines.cutOff();
+    found.unreadableLines = lines.unreadableLines();
     if (file.error() != QFileDevice::NoError) {
         found.sheet.error = errorText(file);
     }
