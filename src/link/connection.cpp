@@ -72,6 +72,7 @@ void Connection::closePort() {
     session_.setFirmware(StatusState::unknownShort());
     status.instrument = InstrumentType::Unknown;
     status.date = StatusState::unknownLong();
+    status.clockOffset = std::nullopt;
     status.time = StatusState::unknownLong();
     hideFrames();
     CommandState& commands = session_.commands;

@@ -7,6 +7,8 @@
 #include <QProperty>
 #include <QString>
 
+#include <optional>
+
 namespace orv {
 
 /// What goes on, `opstate`: what the program waits for. The numbers stand in the state dump. The status timer
@@ -65,6 +67,8 @@ struct StatusState {
     QProperty<InstrumentType> instrument{InstrumentType::Unknown}; ///< Known once identified.
     QProperty<QString> date{unknownLong()};                        ///< The instrument's date at the last clock reply.
     QProperty<QString> time{unknownLong()};                        ///< The instrument's time at the last clock reply.
+    /// Seconds by which the instrument's clock was ahead of the computer's at that reply; it ticks every 4/3 s.
+    std::optional<qint64> clockOffset;
     QProperty<int> bufferCount{0};       ///< Characters received and not yet consumed as a line.
     QProperty<QString> shutterProgress;  ///< `Text38`.
     QProperty<QString> shutterCountdown; ///< Seconds left of the shutter's long wait; empty otherwise.

@@ -189,15 +189,27 @@ void ClockDisplay::checktime(const QString& reply) {
     }
 }
 
+namespace {
+
+/// Seconds from a moment of the computer's clock to that of the instrument's, which has no zone: as the hands stand.
+qint64 secondsAhead(QDate date, const TimeOfDay& time, const QDateTime& now) {
+    const qint64 seconds = (qint64{time.hours} * 60 + time.minutes) * 60 + time.seconds;
+    return now.date().daysTo(date) * 86400 + seconds - now.time().msecsSinceStartOfDay() / 1000;
+}
+
+} // namespace
+
 void ClockDisplay::show(const QString& dateText, const QString& timeText) {
     const auto date = instrumentDate(dateText);
     if (!date) {
         throw RuntimeError(RuntimeError::Kind::TypeMismatch);
     }
-    const QString time = timeOfDay(wholeNumberText(timeText)).text12();
+    const TimeOfDay timeOfClock = timeOfDay(wholeNumberText(timeText));
+    const QString time = timeOfClock.text12();
     session_.status.date = shortDate(*date);
     settings_.loggerDate = shortDate(*date);
     session_.status.time = time;
+    session_.status.clockOffset = secondsAhead(*date, timeOfClock, session_.clock.now());
     settings_.loggerTime = time;
     session_.state.Ctrlscrn = Operation::SettingsOpen;
 }
