@@ -197,6 +197,8 @@ report "a tick with nothing to do" "$(figure idleTick cpu_time)" us
 report "reading a cell" "$(figure readCell cpu_time)" ns
 report "automatic save of 20000 rows" "$(figure automaticSave real_time)" ms 40
 report "loading 20000 rows" "$(figure loadFullSheet real_time)" ms 60
+report "converting 20000 rows to CSV" "$(figure convertToCsv real_time)" ms 40
+report "converting 20000 rows to NetCDF" "$(figure convertToNetCdf real_time)" ms 150
 echo
 echo "Load average after: $(cut -d' ' -f1-3 /proc/loadavg)"
 if [ "$missed" -ne 0 ]; then

@@ -180,8 +180,25 @@ QString counted(qint64 count, const char* one, const char* many) {
 
 } // namespace
 
+TableReport& TableReport::operator+=(const TableReport& other) {
+    rows += other.rows;
+    unreadableTimes += other.unreadableTimes;
+    unreadableValues += other.unreadableValues;
+    absentValues += other.absentValues;
+    unreadableLines += other.unreadableLines;
+    missingRecords += other.missingRecords;
+    rowsLeftOut += other.rowsLeftOut;
+    cutOffLines += other.cutOffLines;
+    for (const QString& note : other.notes) {
+        if (!notes.contains(note)) {
+            notes << note;
+        }
+    }
+    return *this;
+}
+
 bool TableReport::isIncomplete() const {
-    return unreadableTimes + unreadableValues + unreadableLines + missingRecords + rowsLeftOut > 0 || cutOff;
+    return unreadableTimes + unreadableValues + unreadableLines + missingRecords + rowsLeftOut + cutOffLines > 0;
 }
 
 QStringList TableReport::sentences() const {
@@ -199,9 +216,7 @@ QStringList TableReport::sentences() const {
     add(missingRecords, "record number is left out between rows.", "record numbers are left out between rows.");
     add(rowsLeftOut, "row of another type of instrument is left out.",
         "rows of another type of instrument are left out.");
-    if (cutOff) {
-        all << QStringLiteral("The last line had no end and is left out.");
-    }
+    add(cutOffLines, "last line had no end and is left out.", "last lines had no end and are left out.");
     return all + notes;
 }
 

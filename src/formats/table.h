@@ -104,8 +104,11 @@ struct TableReport {
     qint64 unreadableLines = 0;  ///< Lines that are no rows; they are not in the table.
     qint64 missingRecords = 0;   ///< Numbers left out between one row and the next.
     qint64 rowsLeftOut = 0;      ///< Rows of another type of instrument.
-    bool cutOff = false;         ///< The last line had no end and is not in the table.
+    qint64 cutOffLines = 0;      ///< Last lines without an end; they are not in the table.
     QStringList notes = {};      ///< Anything else that a reader should know, in sentences.
+
+    /// Adds what another part of the table brings.
+    TableReport& operator+=(const TableReport& other);
 
     /// The same in sentences, for the operator and for the file; empty if all is as it should be.
     QStringList sentences() const;
