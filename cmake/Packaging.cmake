@@ -55,7 +55,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "host program for ORV self-logging optical
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-user-dirs")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libnetcdf19 | libnetcdf22, qt6-wayland, xdg-user-dirs")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "ORV Host connects the ORV self-logging optical water sensors, the fluorometer
@@ -63,6 +63,7 @@ GLOW and the three-angle scattering meter TRX, on a serial port.
 .
 It reads and sends their logger settings and clock, collects live data into a
 sheet and a record file, downloads their memory and supports bench
-calibration. Simulated instruments are built in; orvsim serves one on a
+calibration; rows can be exported as CSV or, with the netCDF library, as
+NetCDF. Simulated instruments are built in; orvsim serves one on a
 pseudo-terminal.")
 include(CPack)

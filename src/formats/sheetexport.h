@@ -1,22 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "formats/rowwriter.h"
 #include "settings/settings.h"
 #include "sheet/datasheet.h"
 
 namespace orv {
+
+class RowWriter;
+struct TableDescription;
+struct TableReport;
 
 /// "Export" on the sheet page: the sheet's rows as a file for other programs, with what is known of the instrument.
 class SheetExport {
 public:
     SheetExport(Link& link, const DataSheet& sheet, const SheetState& shown, const SettingsState& settings);
 
-    /// Asks for a name, whose suffix says the format: .csv or .nc. What is unsaved stays so: other programs' files
-    /// cannot be opened here again. The operator is told what could not be read, or why there is no file.
+    /// Asks for a name, whose suffix says the format: .csv or .nc. What is unsaved stays so: the program cannot open
+    /// such files again. The operator is told what could not be read, or why there is no file.
     Task<> exportSheet();
 
+    /// What is known of the sheet's rows now.
+    TableDescription table() const;
+
 private:
+    QString write(RowWriter& writer, TableReport& report) const;
+    bool wasMadeWith(const Conversion& conversion) const;
+    bool hasCounts() const;
+    bool isOfConnectedInstrument() const;
+
     Link& link_;
     const DataSheet& sheet_;
     const SheetState& shown_;

@@ -12,6 +12,7 @@ Program::Program(const Surroundings& surroundings)
     : link(surroundings)
     , settings(link)
     , sheet(link, settings)
+    , sheetExport(link, sheet.data, sheet.shown, settings.shown)
     , calibration(link, sheet.data, sheet.shown)
     , shutter(link, settings.shown, settings.reader, settings.sender)
     , subscriptions_{link.timer.tick.subscribe([this] { tick(); }),
@@ -96,6 +97,10 @@ void Program::clearAll() {
 
 void Program::saveAs() {
     link.procedures.startBeside(QStringLiteral("Save As"), [this] { return saveSheet(); });
+}
+
+void Program::exportSheet() {
+    link.procedures.startBeside(QStringLiteral("Export"), [this] { return sheetExport.exportSheet(); });
 }
 
 Task<> Program::saveSheet() {

@@ -3,6 +3,7 @@
 
 #include "calibration/calibration.h"
 #include "calibration/shutterreset.h"
+#include "formats/sheetexport.h"
 #include "link/link.h"
 #include "program/pages.h"
 #include "settings/settings.h"
@@ -45,6 +46,7 @@ public:
     void run();
     void clearAll();
     void saveAs();
+    void exportSheet();
     void openSheet();
     /// "Download Stored Data: Save as Text" and "... View with Host Program".
     void downloadText();
@@ -73,6 +75,7 @@ public:
     Link link;
     Settings settings;
     Sheet sheet;
+    SheetExport sheetExport;
     Calibration calibration;
     ShutterReset shutter;
     PageState pages;

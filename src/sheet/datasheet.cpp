@@ -76,6 +76,7 @@ void DataSheet::appendJoinedRow(QByteArray row) {
 void DataSheet::removeRows() {
     rows_.clear();
     rowsOfOtherLayout_ = 0;
+    rowsFromFile_ = 0;
     takeHeader();
     ++removals_;
     rowsRemoved.tell();
@@ -150,6 +151,7 @@ void SheetRows::replaceBy(LoadedSheet loaded) {
     for (QByteArray& row : loaded.rows) {
         sheet_.appendJoinedRow(std::move(row));
     }
+    sheet_.noteRowsFromFile();
     countRows();
     followNewest();
 }

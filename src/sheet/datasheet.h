@@ -44,6 +44,10 @@ public:
     /// How many of the first rows came under the header row of another layout than `type`.
     int rowsOfOtherLayout() const { return rowsOfOtherLayout_; }
 
+    /// How many of the first rows are from a file, which does not tell whether their values are counts.
+    int rowsFromFile() const { return rowsFromFile_; }
+    void noteRowsFromFile() { rowsFromFile_ = rowCount(); }
+
     /// Text of a cell; row 0 is the first data row. Empty where the row has no such cell. Behind the columns a row may
     /// have counts, from sheetcolumn::firstCount on.
     QString cell(int row, int column) const;
@@ -81,6 +85,7 @@ private:
     QStringList header_;
     bool headerOfOtherLayout_ = false; ///< Than the rows.
     int rowsOfOtherLayout_ = 0;
+    int rowsFromFile_ = 0;
     int removals_ = 0;
     int headerChanges_ = 0;
     std::vector<QByteArray> rows_; ///< The cells of a row joined by tabs.

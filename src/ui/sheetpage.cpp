@@ -152,6 +152,10 @@ QLayout* SheetPage::makeBar(Program& program) {
         "Save &As", "Command11", [&program] { program.saveAs(); },
         "Save all Data on the Spread Sheet to a Tab Delimited Text File.");
     bindEnabled(bindings_, save, commands.canSaveAs);
+    auto* exported = makeButton(
+        "E&xport", "ExportSheet", [&program] { program.exportSheet(); },
+        "Write the rows as CSV or NetCDF for other programs, with what is known of the instrument.");
+    bindEnabled(bindings_, exported, commands.canSaveAs);
     auto* open = makeButton(
         "Op&en", "Command10", [&program] { program.openSheet(); },
         "Open a saved sheet. It replaces what is on the Spread Sheet.");
@@ -170,6 +174,7 @@ QLayout* SheetPage::makeBar(Program& program) {
     bar->addWidget(records);
     bar->addSpacing(16);
     bar->addWidget(save);
+    bar->addWidget(exported);
     bar->addWidget(open);
     bar->addWidget(clear);
     return bar;

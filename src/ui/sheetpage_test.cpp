@@ -227,6 +227,9 @@ TEST_F(SheetPageTest, TheButtonsFollowWhatIsAllowed) {
     EXPECT_FALSE(button("Command11").isEnabled());
     commands.sheetHoldsRows = true;
     EXPECT_TRUE(button("Command11").isEnabled()) << "rows can always be saved";
+    EXPECT_TRUE(button("ExportSheet").isEnabled());
+    commands.sheetHoldsRows = false;
+    EXPECT_FALSE(button("ExportSheet").isEnabled());
 }
 
 TEST_F(SheetPageTest, CaptionsToolTipsAndTheFileName) {
@@ -235,6 +238,7 @@ TEST_F(SheetPageTest, CaptionsToolTipsAndTheFileName) {
     EXPECT_EQ(button("Command9").toolTip().toStdString(), "Clears the Spread Sheet of all data.");
     const auto caption = [this](const char* name) { return button(name).text().remove(u'&').toStdString(); };
     EXPECT_EQ(caption("Command11"), "Save As");
+    EXPECT_EQ(caption("ExportSheet"), "Export");
     EXPECT_EQ(caption("Command10"), "Open");
     EXPECT_EQ(caption("Command9"), "Clear All");
     EXPECT_EQ(find<QLabel>("RecordsCounter").toolTip().toStdString(),

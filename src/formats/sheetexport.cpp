@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "formats/sheetexport.h"
+
+#include "formats/rowparser.h"
+#include "formats/rowwriter.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace orv {
+
+namespace {
+
+/// The cells of a row, the counts among them.
+constexpr int allCells = sheetcolumn::firstCount + static_cast<int>(mostCounts);
+
+QString programName() {
+    const QString version = QCoreApplication::applicationVersion();
+    return version.isEmpty() ? QStringLiteral("ORV Host") : QStringLiteral("ORV Host %1").arg(version);
+}
+
+} // namespace
+
+SheetExport::SheetExport(Link& link, const DataSheet& sheet, const SheetState& shown, const SettingsState& settings)
+    : link_(link)
+    , sheet_(sheet)
+    , shown_(shown)
+    , settings_(settings) {}
+
+bool SheetExport::isOfConnectedInstrument() const {
+    const SessionState& state = link_.session.state;
+    return sheet_.rowsFromFile() == 0 && sheet_.rowsOfOtherLayout() == 0 &&
+           sheet_.type() == DataSheet::Type{.letter = state.Vartemp, .firmware = state.firmware};
+}
+
+bool SheetExport::hasCounts() const {
+    for (int row = sheet_.rowsOfOtherLayout(); row < sheet_.rowCount(); ++row) {
+        if (!sheet_.cell(row, sheetcolumn::firstCount).isEmpty()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether every calculated cell follows from its counts by this conversion; then it is the one that was in force.
+bool SheetExport::wasMadeWith(const Conversion& conversion) const {
+    const RowLayout layout = sheet_.type().layout();
+    const auto lines = conversion.lines(layout);
+    const auto columns = convertedValues(layout);
+    for (int row = sheet_.rowsOfOtherLayout(); row < sheet_.rowCount(); ++row) {
+        for (std::size_t at = 0; at < lines.size(); ++at) {
+            const int column = static_cast<int>(columns[at]);
+            const QString counts = sheet_.cell(row, sheetcolumn::firstCount + column);
+            if (!counts.isEmpty() &&
+                convertedValue(counts, lines[at]) != sheet_.cell(row, sheetcolumn::firstValue + column)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+TableDescription SheetExport::table() const {
+    TableDescription table;
+    table.layout = sheet_.type().layout();
+    if (sheet_.type().firmware > 0.0) {
+        table.firmware = sheet_.type().firmware;
+    }
+    const bool counts = sheet_.rowsFromFile() <= sheet_.rowsOfOtherLayout();
+    table.values = counts ? TableDescription::Values::Counts : TableDescription::Values::Unknown;
+    const Conversion conversion = requestedConversion(settings_);
+    if (!counts || !wasMadeWith(conversion) || !table.calculateWith(conversion)) {
+        table.calculated = hasCounts();
+    }
+    if (isOfConnectedInstrument()) {
+        const LoggerSettings& record = settings_.record.value();
+        if (!record.samplesPerPoint.isEmpty()) { // as before the first report
+            table.settings = record;
+        }
+        if (const auto offset = link_.session.status.clockOffset) {
+            table.clockOffset = static_cast<double>(*offset);
+        }
+    }
+    table.source = QStringLiteral("the data sheet");
+    table.program = programName();
+    table.made = link_.session.clock.now();
+    return table;
+}
+
+QString SheetExport::write(RowWriter& writer, TableReport& report) const {
+    RowParser parser(table());
+    parser.report.rowsLeftOut = sheet_.rowsOfOtherLayout();
+    QString reason = writer.begin(parser.table());
+    QByteArray cells;
+    for (int row = sheet_.rowsOfOtherLayout(); row < sheet_.rowCount() && reason.isEmpty(); ++row) {
+        cells.resize(0);
+        sheet_.writeCells(row, allCells, cells);
+        reason = writer.add(parser.readJoined(QString::fromLatin1(cells)));
+    }
+    report = parser.report;
+    return reason.isEmpty() ? writer.finish(report) : reason;
+}
+
+Task<> SheetExport::exportSheet() {
+    link_.ports.debugsay(QStringLiteral("Export Spread Sheet"));
+    const QString title = QStringLiteral("Export");
+    const Question question = saveQuestion(title, shown_.fileName.value() + QLatin1String(".csv"),
+                                           QStringLiteral(".csv"), QStringLiteral("CSV or NetCDF (*.csv *.nc)"));
+    const QString name = co_await link_.waits.answer(question);
+    if (name.isEmpty()) {
+        co_return;
+    }
+    const QString path = QFileInfo(name).absoluteFilePath();
+    const auto format = formatOfName(name);
+    const auto failed = [&](const QString& reason) {
+        link_.session.messages.show(
+            operatorWarning(QStringLiteral("The sheet could not be exported as %1: %2.\n\nIts rows are still on the "
+                                           "sheet.")
+                                .arg(path, reason),
+                            title));
+    };
+    if (sheet_.type().layout() == RowLayout::Unknown) {
+        failed(QStringLiteral("it has no known type of instrument"));
+        co_return;
+    }
+    if (format != FileFormat::Csv && format != FileFormat::NetCdf) {
+        failed(QStringLiteral("choose a name that ends in .csv or .nc"));
+        co_return;
+    }
+    const auto writer = makeRowWriter(*format, {.name = name, .existing = OutputFile::Existing::Replace});
+    TableReport report;
+    const QString reason = write(*writer, report);
+    if (!reason.isEmpty()) {
+        failed(reason);
+        co_return;
+    }
+    const QStringList sentences = report.sentences();
+    if (!sentences.isEmpty()) {
+        link_.session.messages.show(
+            {.title = title,
+             .text = QStringLiteral("%1 has been written.\n\n%2").arg(path, sentences.join(u'\n')),
+             .icon = Message::Icon::Information});
+    }
+}
+
+} // namespace orv
