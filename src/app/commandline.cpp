@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commandline.h"
 
-#include "link/systemport.h"
-#include "simulator/simulatedport.h"
-#include "simulator/simulatoroptions.h"
+#include "program/devices.h"
 
 #include <QCommandLineParser>
 #include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryFile>
-
-#include <algorithm>
 
 namespace orv {
 
@@ -57,21 +53,6 @@ CommandLine refusal(const QString& reason) {
 }
 
 } // namespace
-
-QString deviceProblem(const QString& device) {
-    if (namesSimulator(device)) {
-        return parseSimulatorOptions(device).error;
-    }
-    const bool printable = std::all_of(device.begin(), device.end(),
-                                       [](QChar character) { return character.isPrint() && !character.isSpace(); });
-    if (device.isEmpty() || !printable || device.endsWith(u'/')) {
-        return QStringLiteral(
-                   "\"%1\" is no device. Give a serial port's name or path (ttyUSB0, /dev/ttyUSB0, COM3) or a "
-                   "simulated instrument (sim:trx, sim:glow).")
-            .arg(device);
-    }
-    return {};
-}
 
 CommandLine readCommandLine(const QStringList& arguments, const QString& version) {
     const QString deviceName = QStringLiteral("DEVICE");
@@ -127,13 +108,6 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
         }
     }
     return line;
-}
-
-std::unique_ptr<Port> makePort(const QString& device, Clock& clock) {
-    if (namesSimulator(device)) {
-        return std::make_unique<SimulatedPort>(parseSimulatorOptions(device).options, clock);
-    }
-    return std::make_unique<SystemPort>(device);
 }
 
 } // namespace orv

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commandline.h"
 
-#include "link/systemport.h"
-#include "simulator/simulatedport.h"
-#include "testing/fakes.h"
 #include "testing/folder.h"
 #include "testing/processes.h"
 
@@ -138,27 +135,6 @@ TEST(CommandLine, WhatIsNotUnderstoodIsRefusedWithItsReason) {
         EXPECT_TRUE(line.text.contains(QString::fromLatin1(reason))) << arguments << ": " << qPrintable(line.text);
         EXPECT_TRUE(line.text.endsWith(u'\n')) << arguments;
     }
-}
-
-TEST(CommandLine, DevicesAreNamesPathsAndSimulatedInstruments) {
-    for (const char* device : {"ttyUSB0", "/dev/ttyUSB0", "/dev/pts/12", "COM3", "\\\\.\\COM12", "./link", "sim:trx",
-                               "sim:glow", "sim:trx?firmware=412&rate=8&records=5000&points=20&fault=silent&baud=0"}) {
-        EXPECT_EQ(deviceProblem(QString::fromLatin1(device)).toStdString(), "") << device;
-    }
-    for (const char* device : {"", " ", "tty USB0", "/dev/tty\tS0", "/dev/ttyS0\n", "/", "sim:", "sim:TRX", "sim:trx?",
-                               "sim:trx?rate", "sim:trx?rate=8&rate=9", "sim:glow firmware=3"}) {
-        EXPECT_NE(deviceProblem(QString::fromLatin1(device)).toStdString(), "") << device;
-    }
-}
-
-TEST(CommandLine, ADevicesPortIsOfItsKind) {
-    TestClock clock;
-    const auto simulated = makePort(QStringLiteral("sim:glow?baud=0"), clock);
-    EXPECT_NE(dynamic_cast<SimulatedPort*>(simulated.get()), nullptr);
-    EXPECT_EQ(simulated->open().toStdString(), "");
-    const auto real = makePort(QStringLiteral("/dev/no-such-device"), clock);
-    EXPECT_NE(dynamic_cast<SystemPort*>(real.get()), nullptr);
-    EXPECT_NE(real->open().toStdString(), "");
 }
 
 /// Runs the program where there is no window system to be had.

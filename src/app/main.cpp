@@ -3,6 +3,7 @@
 #include "app/demo.h"
 #include "app/sleepinhibitor.h"
 #include "link/systemport.h"
+#include "program/devices.h"
 #include "ui/mainwindow.h"
 #include "ui/messageboxes.h"
 #include "ui/style.h"

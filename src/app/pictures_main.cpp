@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A program for this project's own use: drives the whole program on simulated instruments and takes a picture of each
 // page and dialog, for the guide and for looking at.
-#include "app/commandline.h"
 #include "app/driver.h"
+#include "program/devices.h"
 #include "ui/settingswindow.h"
 #include "ui/style.h"
 

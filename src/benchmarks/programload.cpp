@@ -13,11 +13,11 @@
 //                                     which is to send its lines whole, is served here
 //     memory                          20000 rows shown on the sheet: megabytes over the empty sheet (DEVICE unused)
 // DEVICE is what --com1 takes; an instrument in a process of its own (orvsim) keeps its cost out of the figures.
-#include "app/commandline.h"
 #include "app/driver.h"
 #include "benchmarks/fullsheet.h"
 #include "benchmarks/memoryinuse.h"
 #include "benchmarks/timedinstrument.h"
+#include "program/devices.h"
 #include "ui/settingswindow.h"
 
 #include <QAction>
