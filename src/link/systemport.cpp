@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
@@ -69,8 +70,7 @@ bool lineIsLost(QSerialPort::SerialPortError error, [[maybe_unused]] const QSeri
 
 #ifdef Q_OS_UNIX
 /// The path of the device in the file system. The list of serial ports has no pseudo-terminals.
-QString devicePath(const QSerialPort& port) {
-    const QString name = port.portName();
+QString devicePath(const QString& name) {
     return name.isEmpty() || QDir::isAbsolutePath(name) ? name : QLatin1String("/dev/") + name;
 }
 
@@ -91,6 +91,26 @@ QString lockFilePath(const QString& folder, const QString& device) {
         name.remove(0, 5);
     }
     return folder + QLatin1String("/LCK..") + name.replace(QLatin1Char('/'), QLatin1Char('_'));
+}
+
+/// What the device's file and its lock file tell.
+void lookAtFile(const QString& path, OpenFailureFacts& facts) {
+    const QFileInfo file(path);
+    facts.exists = file.exists();
+    facts.isSerialDevice = !file.isFile() && !file.isDir();
+    facts.accessible = file.isReadable() && file.isWritable();
+    facts.group = file.group();
+    facts.lockFolder = lockFolder();
+    facts.lockFolderWritable = !facts.lockFolder.isEmpty() && QFileInfo(facts.lockFolder).isWritable();
+    QLockFile lock(lockFilePath(facts.lockFolder, path));
+    qint64 process = 0;
+    QString host;
+    QString application;
+    if (QFileInfo::exists(lock.fileName()) && lock.getLockInfo(&process, &host, &application)) {
+        facts.busy = true;
+        facts.lockedBy = application.isEmpty() ? QStringLiteral("process %1").arg(process)
+                                               : QStringLiteral("%1, process %2").arg(application).arg(process);
+    }
 }
 #endif
 
@@ -195,29 +215,56 @@ QString SystemPort::openFailure() const {
     facts.systemText = errorText(port_);
     facts.accessible = true;
 #ifdef Q_OS_UNIX
-    const QString path = devicePath(port_);
-    const QFileInfo file(path);
-    facts.exists = file.exists();
-    facts.isSerialDevice = !file.isFile() && !file.isDir() && port_.error() != QSerialPort::UnsupportedOperationError;
-    facts.accessible = file.isReadable() && file.isWritable();
-    facts.group = file.group();
-    facts.lockFolder = lockFolder();
-    facts.lockFolderWritable = !facts.lockFolder.isEmpty() && QFileInfo(facts.lockFolder).isWritable();
-    QLockFile lock(lockFilePath(facts.lockFolder, path));
-    qint64 process = 0;
-    QString host;
-    QString application;
-    if (QFileInfo::exists(lock.fileName()) && lock.getLockInfo(&process, &host, &application)) {
-        facts.busy = true;
-        facts.lockedBy = application.isEmpty() ? QStringLiteral("process %1").arg(process)
-                                               : QStringLiteral("%1, process %2").arg(application).arg(process);
-    }
+    const QString path = devicePath(port_.portName());
+    lookAtFile(path, facts);
+    facts.isSerialDevice = facts.isSerialDevice && port_.error() != QSerialPort::UnsupportedOperationError;
 #else
     facts.exists = !QSerialPortInfo(port_).isNull(); // a port's path names no file here
 #endif
     // With everything above in order, a refusal means that somebody else holds the device.
     facts.busy = facts.busy || (facts.lockFolderWritable && port_.error() == QSerialPort::PermissionError);
+#ifdef Q_OS_UNIX
+    if (facts.busy && facts.lockedBy.isEmpty()) {
+        facts.lockedBy = holderOf(path);
+    }
+#endif
     return explainOpenFailure(facts);
+}
+
+QString openObstacle([[maybe_unused]] const QString& device) {
+#ifdef Q_OS_UNIX
+    OpenFailureFacts facts;
+    const QString path = devicePath(device);
+    lookAtFile(path, facts);
+    if (facts.lockedBy.isEmpty()) {
+        facts.lockedBy = holderOf(path);
+    }
+    facts.busy = !facts.lockedBy.isEmpty();
+    const bool stands = !facts.exists || !facts.isSerialDevice || !facts.accessible || facts.busy;
+    return stands || !facts.lockFolderWritable ? explainOpenFailure(facts) : QString();
+#else
+    return {};
+#endif
+}
+
+QString holderOf([[maybe_unused]] const QString& path) {
+#ifdef Q_OS_LINUX
+    const QString device = QFileInfo(path).canonicalFilePath();
+    const QString own = QString::number(QCoreApplication::applicationPid());
+    const QDir processes(QStringLiteral("/proc"));
+    for (const QString& process : processes.entryList({QStringLiteral("[0-9]*")}, QDir::Dirs)) {
+        const QDir files(processes.filePath(process + QLatin1String("/fd")));
+        for (const QString& file : files.entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot)) {
+            if (process != own && !device.isEmpty() && QFile::symLinkTarget(files.filePath(file)) == device) {
+                QFile name(processes.filePath(process + QLatin1String("/comm")));
+                const bool isKnown = name.open(QIODevice::ReadOnly);
+                const QString program = isKnown ? QString::fromLocal8Bit(name.readAll()).trimmed() : QString();
+                return QStringLiteral("%1, process %2").arg(program, process);
+            }
+        }
+    }
+#endif
+    return {};
 }
 
 namespace {

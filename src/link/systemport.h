@@ -28,6 +28,14 @@ struct OpenFailureFacts {
 /// Why the device could not be opened and what to do next, in plain words.
 QString explainOpenFailure(const OpenFailureFacts& facts);
 
+/// The same before it is opened, which might wake an instrument: what the system tells of it. Empty if nothing is known
+/// to stand against it.
+QString openObstacle(const QString& device);
+
+/// The program that has a device of this path open: "tio, process 4711". Empty if there is none, or the system does not
+/// tell.
+QString holderOf(const QString& path);
+
 /// A serial port of this computer, by its system name ("ttyUSB0", "COM3") or its path ("/dev/ttyUSB0", the path of a
 /// pseudo-terminal).
 class SystemPort final : public Port {
