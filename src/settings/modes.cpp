@@ -27,11 +27,38 @@ bool fitsBox(const QString& text, int digits) {
            std::ranges::all_of(text, [](QChar character) { return character >= u'0' && character <= u'9'; });
 }
 
+QString usualSamples(InstrumentType type, const QString& otherwise) {
+    return type == InstrumentType::Glow  ? QStringLiteral("200")
+           : type == InstrumentType::Trx ? QStringLiteral("30")
+                                         : otherwise;
+}
+
 QString modeSuffix() {
     return QStringLiteral(".OCM");
 }
 
 } // namespace
+
+LoggerSettings profileMode(InstrumentType type, const QString& samples) {
+    const QString none = QStringLiteral("0");
+    return {.autoStart = true,
+            .wakeUp = true,
+            .samplesPerPoint = usualSamples(type, samples),
+            .hoursBeforeBlock = none,
+            .pointsPerBlock = none,
+            .secondsBetweenPoints = none};
+}
+
+LoggerSettings mooredMode(InstrumentType type, const QString& samples) {
+    return {.autoStart = true,
+            .logEnabled = true,
+            .wakeUp = true,
+            .append = true,
+            .samplesPerPoint = usualSamples(type, samples),
+            .hoursBeforeBlock = QStringLiteral("0"),
+            .pointsPerBlock = QStringLiteral("60000"),
+            .secondsBetweenPoints = QStringLiteral("3600")};
+}
 
 QByteArray modeFileContent(const LoggerSettings& mode) {
     QString content;
@@ -81,35 +108,19 @@ Modes::Modes(Link& link, SettingsState& settings, SettingsSender& sender)
 void Modes::profile() {
     // This mode goes by the label that the operator sees, the other by the letter of the identification: they differ
     // while a connection is being made and after it was closed.
-    const QString none = QStringLiteral("0");
-    use({.autoStart = true,
-         .wakeUp = true,
-         .hoursBeforeBlock = none,
-         .pointsPerBlock = none,
-         .secondsBetweenPoints = none},
-        link_.session.status.instrument, QStringLiteral("Profile"));
+    use(profileMode(link_.session.status.instrument, settings_.record.value().samplesPerPoint),
+        QStringLiteral("Profile"));
 }
 
 void Modes::moored() {
-    use({.autoStart = true,
-         .logEnabled = true,
-         .wakeUp = true,
-         .append = true,
-         .hoursBeforeBlock = QStringLiteral("0"),
-         .pointsPerBlock = QStringLiteral("60000"),
-         .secondsBetweenPoints = QStringLiteral("3600")},
-        link_.session.state.type(), QStringLiteral("Moored"));
+    use(mooredMode(link_.session.state.type(), settings_.record.value().samplesPerPoint), QStringLiteral("Moored"));
 }
 
-void Modes::use(LoggerSettings mode, InstrumentType type, const QString& name) {
-    if (wouldDisturb()) {
-        return;
+void Modes::use(const LoggerSettings& mode, const QString& name) {
+    if (!wouldDisturb()) {
+        settings_.record = mode;
+        sendIfConnected(name);
     }
-    mode.samplesPerPoint = type == InstrumentType::Glow  ? QStringLiteral("200")
-                           : type == InstrumentType::Trx ? QStringLiteral("30")
-                                                         : settings_.record.value().samplesPerPoint;
-    settings_.record = mode;
-    sendIfConnected(name);
 }
 
 void Modes::saveMode() {

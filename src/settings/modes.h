@@ -8,6 +8,12 @@
 
 namespace orv {
 
+/// The built-in modes. Samples per point are 200 for GLOW and 30 for TRX; of an unknown type they are `samples`.
+/// Profile: continuous sampling without logging.
+LoggerSettings profileMode(InstrumentType type, const QString& samples);
+/// Moored: a logged block of 60000 points, one an hour.
+LoggerSettings mooredMode(InstrumentType type, const QString& samples);
+
 /// The content of a mode file: ten lines ended by CR LF, the numbers as typed, then the flags in number print form
 /// (" 0" or " 1").
 QByteArray modeFileContent(const LoggerSettings& mode);
@@ -30,12 +36,10 @@ class Modes {
 public:
     Modes(Link& link, SettingsState& settings, SettingsSender& sender);
 
-    /// Continuous sampling without logging. Samples per point follow the type label of the main window: 200 for
-    /// "GLOW", 30 for "TRX"; any other label leaves them as they were.
+    /// The mode for the type that the label of the main window shows; without one the samples stay as they were.
     void profile();
 
-    /// A logged block of 60000 points, one an hour. Samples per point follow the type letter of the identification:
-    /// 200 for the fluorometer, 30 for the scattering meter; without a letter they stay as they were.
+    /// The mode for the type that the letter of the identification tells; without one the samples stay as they were.
     void moored();
 
     /// Writes the settings on the screen into a mode file of the operator's choice. The file is replaced whole or not
@@ -50,7 +54,7 @@ public:
 
 private:
     bool wouldDisturb() const { return !link_.session.commands.undisturbed; }
-    void use(LoggerSettings mode, InstrumentType type, const QString& name);
+    void use(const LoggerSettings& mode, const QString& name);
     Task<> askAndSave();
     Task<> askAndLoad();
     void sendIfConnected(const QString& name);

@@ -127,6 +127,10 @@ SettingsSender::SettingsSender(Link& link, SettingsState& settings, ProgressStat
     , dialogue_(link, settings, progress) {}
 
 Task<SettingsSender::Outcome> SettingsSender::setprefs() {
+    return converse(&SettingsSender::talk);
+}
+
+Task<SettingsSender::Outcome> SettingsSender::converse(Talk said) {
     if (!link_.ports.isOpen()) {
         throw ConnectionEnded();
     }
@@ -142,7 +146,7 @@ Task<SettingsSender::Outcome> SettingsSender::setprefs() {
     Outcome outcome = Outcome::Sent;
     try {
         const Doing sending(link_.session.commands, Activity::Sending);
-        co_await talk();
+        co_await (this->*said)();
         // The setting of the clock has requested the report too; while the clock reply is awaited the second one is
         // passed over.
         dialogue_.finish();
@@ -157,10 +161,14 @@ Task<SettingsSender::Outcome> SettingsSender::setprefs() {
 }
 
 Task<SettingsSender::Outcome> SettingsSender::send() {
+    return sendAlone(&SettingsSender::talk);
+}
+
+Task<SettingsSender::Outcome> SettingsSender::sendAlone(Talk said) {
     progress_.show();
     // The date goes to the instrument as the screen shows it, and the screen does not follow it all the time.
     settings_.computerDate = shortDate(link_.session.clock.now().date());
-    const Outcome outcome = co_await setprefs();
+    const Outcome outcome = co_await converse(said);
     if (outcome == Outcome::Sent) {
         link_.session.commands.activity = Activity::ReadingSettings;
     }
@@ -189,6 +197,11 @@ Task<> SettingsSender::talk() {
 }
 
 Task<> SettingsSender::setclock() {
+    co_await typeClock();
+    dialogue_.finish();
+}
+
+Task<> SettingsSender::typeClock() {
     const Doing settingClock(link_.session.commands, Activity::SettingClock);
     link_.ports.write("U");
     co_await dialogue_.waitprompt();
@@ -197,7 +210,6 @@ Task<> SettingsSender::setclock() {
     co_await dialogue_.waitprompt();
     const QString time = timeDigits(clockText(link_.session.clock.now().time()));
     co_await typed(time);
-    dialogue_.finish();
 }
 
 Task<> SettingsSender::typed(QString digits) {
@@ -250,6 +262,16 @@ void SettingsSender::applySettings() {
 
 Task<> SettingsSender::apply() {
     co_await send();
+}
+
+void SettingsSender::synchronizeClock() {
+    if (link_.session.commands.canCommand) {
+        link_.procedures.start(QStringLiteral("Sync Time/Date"), [this] { return sendClock(); });
+    }
+}
+
+Task<> SettingsSender::sendClock() {
+    co_await sendAlone(&SettingsSender::typeClock);
 }
 
 void SettingsSender::displayLoggerTime() {

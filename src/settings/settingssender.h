@@ -77,6 +77,9 @@ public:
     /// "Display Logger Time/Date": asks the instrument for its clock.
     void displayLoggerTime();
 
+    /// Sets the instrument's clock to the computer's and sends nothing else; what follows is the reading of the report.
+    void synchronizeClock();
+
     /// The operator has chosen a sampling-rate option, 1..4: its preset goes into the samples per point, the
     /// fluorometer's when the main window shows "GLOW", else the scattering meter's.
     void chooseSamplingOption(int option);
@@ -99,12 +102,18 @@ public:
     Signal<> mainWindowWanted; ///< The main window is to come to the front.
 
 private:
+    using Talk = Task<> (SettingsSender::*)();
+
+    Task<Outcome> converse(Talk said);
+    Task<Outcome> sendAlone(Talk said);
+    Task<> talk();
+    Task<> setclock();
     /// The clock: "U", then the date that the settings screen shows for the computer, then the present hour and
     /// minutes, each digit 0.2 s after what came before. Seconds are not sent: the instrument starts the minute afresh.
-    Task<> setclock();
-    Task<> talk();
+    Task<> typeClock();
     Task<> typed(QString digits);
     Task<> apply();
+    Task<> sendClock();
     void fail();
 
     Link& link_;
