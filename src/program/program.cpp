@@ -31,15 +31,17 @@ void Program::act(const char* operation, const std::function<void()>& body) {
     runOperation(link.session.messages, QString::fromLatin1(operation), body);
 }
 
-void Program::load() {
-    act("Start", [this] {
+void Program::load(Files files) {
+    act("Start", [this, files] {
         if (link.debug.comm2Output && !link.ports.openDebugPort()) {
             link.debug.comm2Output = false;
         }
         link.ports.debugsay(QStringLiteral("Form Loading"));
         link.connection.fixit();
-        takePlace();
-        openLog();
+        if (files == Files::InFolder) {
+            takePlace();
+            openLog();
+        }
         link.timer.enable();
     });
 }

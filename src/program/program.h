@@ -29,9 +29,12 @@ public:
 
     // The operator's actions.
 
+    /// Where a run is recorded: in the working directory, or not at all because none will be begun.
+    enum class Files { InFolder, None };
+
     /// Start-up: opens the debug port if its box is ticked, resets everything, takes a place in the working directory
     /// and opens the log there, starts the timer.
-    void load();
+    void load(Files files = Files::InFolder);
     /// Offers the rows of a run in the working directory that did not end. Once after load(), with the window on the
     /// screen.
     void offerUnendedRun();

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/commands.h"
+
+namespace orv {
+
+Task<> performCommand(Visit& visit, Traffic& traffic) {
+    switch (visit.options.command) {
+    case Options::Command::Ports:
+        return listPorts(visit);
+    case Options::Command::Info:
+        return tellInfo(visit);
+    case Options::Command::Settings:
+        return exchangeSettings(visit);
+    case Options::Command::Clock:
+        return compareClock(visit);
+    case Options::Command::Shutter:
+        return resetShutter(visit);
+    case Options::Command::Watch:
+        return watchLine(visit, traffic);
+    default:
+        throw Failure(QStringLiteral("This command does not exist yet."));
+    }
+}
+
+} // namespace orv

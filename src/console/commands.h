@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "console/visit.h"
+#include "console/watch.h"
+
+namespace orv {
+
+// The commands of `orv`. Each is a procedure over those of the window's buttons.
+
+/// The computer's ports and why one cannot be opened, and the simulated instruments.
+Task<> listPorts(Visit& visit);
+
+/// Type, firmware, clock, settings, memory.
+Task<> tellInfo(Visit& visit);
+
+/// Reads the settings, or sends some and reads them back; saves them as a mode.
+Task<> exchangeSettings(Visit& visit);
+
+/// The instrument's clock beside the computer's; sets it and reads it back.
+Task<> compareClock(Visit& visit);
+
+/// "Reset Shutter".
+Task<> resetShutter(Visit& visit);
+
+/// Shows what goes over the line until the operator ends it.
+Task<> watchLine(Visit& visit, Traffic& traffic);
+
+/// The command that the options name. `traffic` is of the program's port.
+Task<> performCommand(Visit& visit, Traffic& traffic);
+
+/// Throws Failure if there is a file of that name, which may not be kept under a dated name.
+void refuseExisting(const Options& options, const QString& name);
+
+} // namespace orv

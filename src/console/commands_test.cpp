@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/consolerig.h"
+
+namespace orv {
+namespace {
+
+using OrvCommands = ConsoleTest;
+
+QJsonObject object(const std::string& line) {
+    return QJsonDocument::fromJson(QByteArray::fromStdString(line)).object();
+}
+
+QString told(const ProgramRig& rig) {
+    QStringList texts;
+    for (const Message& message : rig.messages.shown) {
+        texts << message.text;
+    }
+    return texts.join(u'|');
+}
+
+TEST_F(OrvCommands, InfoTellsWhatTheInstrumentIs) {
+    struct Kind {
+        const char* device;
+        const char* first;
+        const char* type;
+        double firmware;
+    };
+    for (const Kind& kind : {Kind{"sim:trx", "TRX, firmware 512\n", "TRX", 512},
+                             Kind{"sim:trx?firmware=412", "TRX, firmware 412\n", "TRX", 412},
+                             Kind{"sim:glow?fault=noise", "GLOW, firmware 310\n", "GLOW", 310}}) {
+        const QString device = QString::fromLatin1(kind.device);
+        const Answered info = orv(QStringLiteral("info ") + device);
+        EXPECT_EQ(info.status, 0) << kind.device << info.error;
+        EXPECT_TRUE(info.output.starts_with(kind.first)) << info.output;
+        EXPECT_NE(info.output.find("Memory: 200 records, 0.3 % full\n"), std::string::npos) << info.output;
+        EXPECT_NE(info.output.find("\nThe Orv Sensor will come up waiting for a command."), std::string::npos);
+        const QJsonObject json = object(orv(QStringLiteral("info --json ") + device).output);
+        EXPECT_EQ(json[u"type"].toString().toStdString(), kind.type);
+        EXPECT_EQ(json[u"firmware"].toDouble(), kind.firmware);
+        EXPECT_EQ(json[u"records"].toInt(), 200);
+        EXPECT_NEAR(json[u"clockOffset"].toDouble(-100), 0, 2);
+        EXPECT_TRUE(json[u"clock"].toString().startsWith(QStringLiteral("2026-11-21T09:30:"))) << kind.device;
+        EXPECT_EQ(json[u"settings"][u"append"].toBool(), true);
+    }
+}
+
+TEST_F(OrvCommands, ASilentInstrumentIsToldWithWhatToDo) {
+    const Answered info = orv("info sim:trx?fault=silent");
+    EXPECT_EQ(info.status, 1);
+    EXPECT_EQ(info.output, "");
+    EXPECT_NE(info.error.find("sim:trx?fault=silent does not answer. Look at its power"), std::string::npos)
+        << info.error;
+    EXPECT_FALSE(ports.isOpen());
+}
+
+TEST_F(OrvCommands, AnInstrumentThatVanishesEndsTheCommand) {
+    EXPECT_EQ(orv("info sim:trx?fault=unplug&after=250ms").status, 1);
+    EXPECT_TRUE(told(*this).contains(QStringLiteral("was lost"))) << qPrintable(told(*this));
+}
+
+TEST_F(OrvCommands, TheDialogueTakesNoLongerThanItsOwnWaits) {
+    const qint64 began = clock.monotonicMilliseconds();
+    ASSERT_EQ(orv("info sim:trx").status, 0);
+    // The pulse, the greeting, the pause behind it, and 75 characters of report and clock at the pace of the line.
+    constexpr qint64 waits = 1000 + 100 + 200 + 80;
+    EXPECT_LE(clock.monotonicMilliseconds() - began, waits + 200);
+}
+
+TEST_F(OrvCommands, SettingsAreSentReadBackAndSaved) {
+    const Answered sent = orv("settings sim:trx --set samplesPerPoint=30 --set wakeUp=false --save lake.OCM");
+    EXPECT_EQ(sent.status, 0) << sent.error;
+    EXPECT_EQ(sent.output, "  autoStart             false\n"
+                           "  gain                  false\n"
+                           "  auxAdc                false\n"
+                           "  logEnabled            false\n"
+                           "  wakeUp                false\n"
+                           "  append                true\n"
+                           "  samplesPerPoint       30\n"
+                           "  hoursBeforeBlock      0\n"
+                           "  pointsPerBlock        0\n"
+                           "  secondsBetweenPoints  0\n");
+    EXPECT_EQ(contentsOf(path("lake.OCM")).toStdString(), "30\r\n0\r\n0\r\n0\r\n 0\r\n 0\r\n 0\r\n 0\r\n 1\r\n 0\r\n");
+    const Answered moored = orv("settings sim:trx --mode moored --set pointsPerBlock=50 --json");
+    EXPECT_EQ(moored.status, 0) << moored.error;
+    EXPECT_EQ(moored.output,
+              "{\"append\":true,\"autoStart\":true,\"auxAdc\":false,\"gain\":false,\"hoursBeforeBlock\":0,"
+              "\"logEnabled\":true,\"pointsPerBlock\":50,\"samplesPerPoint\":30,"
+              "\"secondsBetweenPoints\":3600,\"wakeUp\":true}\n");
+    const Answered loaded = orv("settings sim:trx --mode lake.OCM --json");
+    EXPECT_EQ(object(loaded.output)[u"secondsBetweenPoints"].toInt(), 0);
+    EXPECT_EQ(object(loaded.output)[u"wakeUp"].toBool(), false);
+}
+
+TEST_F(OrvCommands, ASettingThatDoesNotStickIsNamed) {
+    lineMade = [this] {
+        line->written = [this](const QByteArray& bytes) {
+            if (bytes == "P" && settings.lamp.value() == Lamp::Sent) {
+                line->silent = true;
+                line->input += settingsReport("7");
+            }
+        };
+    };
+    const Answered sent = orv("settings sim:trx --set pointsPerBlock=9 --set samplesPerPoint=30");
+    EXPECT_EQ(sent.status, 1);
+    EXPECT_NE(sent.error.find("pointsPerBlock did not stick: 9 was sent, the instrument has 7."), std::string::npos)
+        << sent.error;
+    EXPECT_EQ(sent.error.find("samplesPerPoint"), std::string::npos) << sent.error;
+}
+
+TEST_F(OrvCommands, ContinuousLoggingIsNotSent) {
+    const Answered sent = orv("settings sim:trx --set logEnabled=true");
+    EXPECT_EQ(sent.status, 1);
+    EXPECT_EQ(told(*this).toStdString(), "Logging and Continues Sampling invalid.");
+    EXPECT_NE(sent.error.find("Set pointsPerBlock as well"), std::string::npos) << sent.error;
+    EXPECT_FALSE(line->allWritten().contains('B'));
+}
+
+TEST_F(OrvCommands, AnExistingModeFileIsKept) {
+    fill(path("lake.OCM"), "old");
+    const Answered refused = orv("settings sim:trx --save lake.OCM");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.error.find("lake.OCM exists"), std::string::npos) << refused.error;
+    EXPECT_EQ(line, nullptr) << "nothing was asked of the instrument";
+    EXPECT_EQ(contentsOf(path("lake.OCM")).toStdString(), "old");
+    EXPECT_EQ(orv("settings sim:trx --save lake.OCM --force").status, 0);
+    const QStringList kept = folder.files().filter(QStringLiteral("lake-2026"));
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(contentsOf(kept[0]).toStdString(), "old");
+}
+
+TEST_F(OrvCommands, TheClockIsComparedAndSet) {
+    EXPECT_NE(orv("clock sim:glow").output.find(" computer's)\n"), std::string::npos);
+    clock.set(QDateTime(QDate(2027, 3, 4), QTime(5, 6, 7)));
+    const Answered off = orv("clock sim:glow --json");
+    EXPECT_EQ(off.status, 0);
+    EXPECT_LT(object(off.output)[u"clockOffset"].toDouble(), -8'000'000);
+    const Answered set = orv("clock sim:glow --sync --json");
+    EXPECT_EQ(set.status, 0) << set.error;
+    EXPECT_GE(object(set.output)[u"clockOffset"].toDouble(), -65);
+    EXPECT_LE(object(set.output)[u"clockOffset"].toDouble(), 0);
+    EXPECT_FALSE(line->allWritten().contains('B')) << "the settings are left alone";
+}
+
+TEST_F(OrvCommands, TheShutterIsMovedAndTheSettingsAreAsBefore) {
+    const QJsonObject before = object(orv("settings sim:trx?shutter=2 --json").output);
+    const Answered moved = orv("shutter sim:trx?shutter=2");
+    EXPECT_EQ(moved.status, 0) << moved.error << qPrintable(told(*this));
+    EXPECT_TRUE(line->allWritten().contains('r'));
+    EXPECT_EQ(object(orv("settings sim:trx?shutter=2 --json").output), before);
+}
+
+TEST_F(OrvCommands, AnInterruptedShutterResetSaysWhatTheInstrumentMayHold) {
+    begin(QStringLiteral("shutter sim:trx"));
+    live(20);
+    ASSERT_EQ(answered.status, -1);
+    visit->interrupt(15);
+    live(0.1);
+    EXPECT_EQ(answered.status, 143);
+    EXPECT_TRUE(told(*this).contains(QStringLiteral("may still hold the temporary settings")))
+        << qPrintable(told(*this));
+    EXPECT_FALSE(ports.isOpen());
+}
+
+TEST_F(OrvCommands, WatchShowsTheTrafficBothWays) {
+    begin(QStringLiteral("watch sim:trx"));
+    live(5);
+    ASSERT_EQ(answered.status, -1);
+    visit->interrupt(2);
+    live(0.1);
+    EXPECT_EQ(answered.status, 130);
+    const std::string shown = result().output;
+    EXPECT_TRUE(shown.starts_with("09:30:16.")) << shown;
+    for (const char* line :
+         {" < V512\\r\n", " > P\n", " < P\\r\\n\n", " < MP200\\r\\n\n", " > C\n", " < 11/21/26\\t"}) {
+        EXPECT_NE(shown.find(line), std::string::npos) << line << shown;
+    }
+    begin(QStringLiteral("watch sim:glow --json"));
+    live(2);
+    visit->interrupt(2);
+    live(0.1);
+    const std::string first = result().output.substr(0, result().output.find('\n'));
+    EXPECT_EQ(object(first)[u"direction"].toString().toStdString(), "received");
+    EXPECT_EQ(object(first)[u"text"].toString().toStdString(), "F310\r");
+}
+
+TEST_F(OrvCommands, WatchEndsWithALineThatIsLost) {
+    EXPECT_EQ(orv("watch sim:trx?fault=unplug&after=3000ms").status, 1);
+}
+
+TEST_F(OrvCommands, PortsListsWhatIsPluggedIn) {
+    portList.plugged = {
+        {.name = QStringLiteral("no-such-port"), .description = QStringLiteral("Adapter"), .manufacturer = {}}};
+    const Answered listed = orv("ports");
+    EXPECT_EQ(listed.output, "no-such-port  Adapter\n"
+                             "              There is no such device. Plug the adapter in, check the device's name, "
+                             "and connect again.\n"
+                             "sim:trx       simulated scattering meter\n"
+                             "sim:glow      simulated fluorometer\n");
+    EXPECT_EQ(orv("ports --json").output.substr(0, 18), "{\"canOpen\":false,\"");
+}
+
+TEST(VisibleCharacters, AreThoseOfALine) {
+    EXPECT_EQ(inVisibleCharacters(QByteArray("a\r\n\t\\\x1b\xe9>", 8)).toStdString(), "a\\r\\n\\t\\\\\\x1b\\xe9>");
+}
+
+} // namespace
+} // namespace orv

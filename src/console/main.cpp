@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/commands.h"
+#include "console/interruption.h"
+#include "link/systemport.h"
+#include "program/devices.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <csignal>
+#include <cstdio>
+
+#include <unistd.h>
+
+namespace {
+
+using namespace orv;
+
+QStringList argumentList(int count, char** values) {
+    QStringList list;
+    for (int i = 0; i < count; ++i) {
+        list.append(QString::fromLocal8Bit(values[i]));
+    }
+    return list;
+}
+
+bool isCollecting(Options::Command command) {
+    return command == Options::Command::Collect;
+}
+
+int perform(const Options& options) {
+    QFile output;
+    QFile error;
+    output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    error.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    Terminal terminal(output, error, ::isatty(STDERR_FILENO) == 1,
+                      options.quiet     ? Terminal::Speech::Quiet
+                      : options.verbose ? Terminal::Speech::Verbose
+                                        : Terminal::Speech::Usual);
+    SystemClock clock;
+    ConsoleMessages messages(terminal);
+    SafeAnswers answers(terminal);
+    Traffic traffic;
+    SystemPortList portList(clock, SystemPortList::systemDeviceFolder());
+    Program program({.clock = clock,
+                     .messages = messages,
+                     .questions = answers,
+                     .makePort = [&](const QString& device) -> std::unique_ptr<Port> {
+                         auto port = makePort(device, clock);
+                         if (options.command != Options::Command::Watch) {
+                             return port;
+                         }
+                         return std::make_unique<WatchedPort>(std::move(port), traffic);
+                     },
+                     .portList = &portList,
+                     .deviceProblem = deviceProblem});
+    const Subscription connected = program.link.connection.identified.subscribe([&messages] { messages.forget(); });
+    program.load(isCollecting(options.command) ? Program::Files::InFolder : Program::Files::None);
+    Visit visit(program, terminal, options);
+    Interruption interruption;
+    const Subscription interrupted = interruption.wanted.subscribe([&visit](int signal) { visit.interrupt(signal); });
+    int status = 0;
+    const Subscription start = clock.callAfter(0, [&visit, &status, &traffic] {
+        visit.perform([&traffic](Visit& of) { return performCommand(of, traffic); },
+                      [&status](int ended) {
+                          status = ended;
+                          QCoreApplication::exit();
+                      });
+    });
+    QCoreApplication::exec();
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const Options options = readOptions(argumentList(argc, argv), QStringLiteral(ORV_VERSION));
+    switch (options.wish) {
+    case Options::Wish::Print:
+        std::fputs(options.text.toLocal8Bit().constData(), stdout);
+        return static_cast<int>(ExitStatus::Done);
+    case Options::Wish::Refuse:
+        std::fputs(options.text.toLocal8Bit().constData(), stderr);
+        return static_cast<int>(ExitStatus::WrongOptions);
+    case Options::Wish::Perform:
+        break;
+    }
+    std::signal(SIGPIPE, SIG_IGN); // a reader that has gone is told as a failed write
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("orv"));
+    return perform(options);
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/folder.h"
+#include "testing/processes.h"
+
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace {
+
+Ended orv(const QString& arguments) {
+    return runToEnd(QStringLiteral(ORV_PATH), arguments);
+}
+
+TEST(OrvProgram, KnowsNoWindows) {
+    const Ended needed = runToEnd(QStringLiteral("readelf"), QStringLiteral("-d " ORV_PATH));
+    ASSERT_EQ(needed.status, 0);
+    EXPECT_NE(needed.output.find("libQt6Core"), std::string::npos) << needed.output;
+    const Ended all = runToEnd(QStringLiteral("ldd"), QStringLiteral(ORV_PATH));
+    for (const char* library : {"libQt6Gui", "libQt6Widgets", "libQt6DBus", "libX11", "libxcb", "libnetcdf"}) {
+        EXPECT_EQ(all.output.find(library), std::string::npos) << all.output;
+    }
+}
+
+TEST(OrvProgram, WrongOptionsEndWithStatus2) {
+    const Ended ended = orv(QStringLiteral("info"));
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.output, "");
+    EXPECT_EQ(ended.error, "orv: PORT is required\nTry \"orv --help\".\n");
+    EXPECT_EQ(orv(QStringLiteral("--version")).output, "orv " ORV_VERSION "\n");
+}
+
+TEST(OrvProgram, TellsWhichProgramUsesAPort) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0"));
+    QProcess first;
+    first.start(QStringLiteral(ORV_PATH), {QStringLiteral("watch"), instrument.path});
+    ASSERT_TRUE(first.waitForReadyRead(patience));
+    const Ended second = orv(QStringLiteral("info ") + instrument.path);
+    EXPECT_EQ(second.status, 1);
+    EXPECT_NE(
+        second.error.find("It is used by another program (orv, process " + std::to_string(first.processId()) + ")"),
+        std::string::npos)
+        << second.error;
+    first.terminate();
+    ASSERT_TRUE(first.waitForFinished(patience));
+    EXPECT_EQ(first.exitCode(), 143);
+}
+
+class OrvOverALine : public testing::TestWithParam<const char*> {};
+
+TEST_P(OrvOverALine, TellsWhatTheInstrumentIsAndSetsIt) {
+    const InstrumentProcess instrument(QString::fromLatin1(GetParam()));
+    const OwnFolder folder;
+    const Ended info = orv(QStringLiteral("info --json ") + instrument.path);
+    EXPECT_EQ(info.status, 0) << info.error;
+    EXPECT_NE(info.output.find("\"records\":200"), std::string::npos) << info.output;
+    const Ended set = orv(QStringLiteral("settings --set samplesPerPoint=77 --json ") + instrument.path);
+    EXPECT_EQ(set.status, 0) << set.error;
+    EXPECT_NE(set.output.find("\"samplesPerPoint\":77"), std::string::npos) << set.output;
+    EXPECT_EQ(orv(QStringLiteral("clock ") + instrument.path).status, 0);
+    EXPECT_TRUE(folder.files().isEmpty()) << "they leave nothing in the folder";
+}
+
+INSTANTIATE_TEST_SUITE_P(Instruments, OrvOverALine,
+                         testing::Values("sim:trx?baud=0", "sim:trx?firmware=412&baud=0", "sim:glow?baud=0"));
+
+TEST(OrvProgram, EndsWithAReasonWhenTheLineVanishes) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?fault=unplug&after=100ms"));
+    const Ended info = orv(QStringLiteral("info ") + instrument.path);
+    EXPECT_EQ(info.status, 1);
+    EXPECT_NE(info.error.find("The connection on " + instrument.path.toStdString() + " was lost."), std::string::npos)
+        << info.error;
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/answers.h"
+#include "console/commands.h"
+
+#include "base/files.h"
+#include "base/text.h"
+
+#include <QFileInfo>
+
+namespace orv {
+
+namespace {
+
+/// Waits until what is being sent has been sent and read back. Throws Failure.
+Task<> awaitSending(Visit& visit) {
+    constexpr qint64 limit = 120'000; // each prompt has a limit of its own, 5 s
+    const SettingsState& settings = visit.program.settings.shown;
+    const Link& link = visit.program.link;
+    const std::function<bool()> over = [&link] {
+        return link.procedures.isIdle() && link.session.commands.activity.value() == Activity::None;
+    };
+    const bool ended = co_await visit.reached(limit, over);
+    if (!ended || settings.lamp.value() != Lamp::Read) {
+        throw Failure(QStringLiteral("The instrument on %1 did not take everything; what was sent before stays in it. "
+                                     "Look at the cable, then try again.")
+                          .arg(visit.options.port));
+    }
+    co_await visit.awaitClock();
+}
+
+LoggerSettings modeOf(const QString& name, InstrumentType type, const LoggerSettings& present) {
+    if (name == QLatin1String("profile")) {
+        return profileMode(type, present.samplesPerPoint);
+    }
+    if (name == QLatin1String("moored")) {
+        return mooredMode(type, present.samplesPerPoint);
+    }
+    constexpr qint64 longestRead = 65536;
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw Failure(
+            QStringLiteral("The mode file %1 could not be read: %2. Nothing was sent.").arg(name, errorText(file)));
+    }
+    const ReadMode read = readModeFile(file.read(longestRead));
+    if (!read.error.isEmpty()) {
+        throw Failure(QStringLiteral("%1 %2. Nothing was sent.").arg(name, read.error));
+    }
+    return read.mode;
+}
+
+/// The present settings with what the options change.
+LoggerSettings wantedSettings(const Visit& visit, const LoggerSettings& present) {
+    const Options& options = visit.options;
+    LoggerSettings wanted =
+        options.mode.isEmpty() ? present : modeOf(options.mode, visit.program.link.session.state.type(), present);
+    for (const auto& [setting, value] : options.set) {
+        if (setting->flag != nullptr) {
+            wanted.*setting->flag = value == QLatin1String("1");
+        } else {
+            wanted.*setting->number = value;
+        }
+    }
+    return wanted;
+}
+
+/// What the instrument has taken otherwise than it was sent; empty if nothing.
+QStringList notTaken(const LoggerSettings& sent, const LoggerSettings& read) {
+    QStringList found;
+    const auto compare = [&found](const Setting& setting, const QString& wanted, const QString& has) {
+        if (wanted != has) {
+            found << QStringLiteral("%1 did not stick: %2 was sent, the instrument has %3.")
+                         .arg(QLatin1String(setting.name), wanted, has);
+        }
+    };
+    const auto inWords = [](bool flag) { return flag ? QStringLiteral("true") : QStringLiteral("false"); };
+    for (const Setting& setting : allSettings) {
+        if (setting.flag != nullptr) {
+            compare(setting, inWords(sent.*setting.flag), inWords(read.*setting.flag));
+        } else {
+            // What is empty counts as 0.
+            compare(setting, plainNumber(leadingNumber(sent.*setting.number)),
+                    plainNumber(leadingNumber(read.*setting.number)));
+        }
+    }
+    return found;
+}
+
+Task<> send(Visit& visit) {
+    SettingsState& settings = visit.program.settings.shown;
+    const LoggerSettings wanted = wantedSettings(visit, settings.record);
+    settings.record = wanted;
+    visit.program.settings.sender.applySettings();
+    if (visit.program.link.procedures.isIdle()) {
+        throw Failure(QStringLiteral("Nothing was sent: a block without end cannot be logged. Set pointsPerBlock as "
+                                     "well, or logEnabled=false."));
+    }
+    co_await awaitSending(visit);
+    const QStringList differences = notTaken(wanted, settings.record);
+    if (!differences.isEmpty()) {
+        throw Failure(differences.join(u' ') + QStringLiteral(" Send it again."));
+    }
+}
+
+} // namespace
+
+void refuseExisting(const Options& options, const QString& name) {
+    if (!options.force && !name.isEmpty() && QFileInfo::exists(name)) {
+        throw Failure(QStringLiteral("%1 exists; nothing was done. Choose another name, or keep the old file under a "
+                                     "dated name with --force.")
+                          .arg(name));
+    }
+}
+
+Task<> exchangeSettings(Visit& visit) {
+    const Options& options = visit.options;
+    refuseExisting(options, options.save);
+    co_await visit.connect();
+    if (!options.mode.isEmpty() || !options.set.empty()) {
+        co_await send(visit);
+        visit.terminal.remark(QStringLiteral("The settings were sent and read back."));
+    }
+    const LoggerSettings& record = visit.program.settings.shown.record.value();
+    if (!options.save.isEmpty()) {
+        const QString reason = writeWholeFile(options.save, modeFileContent(record), visit.clock.now());
+        if (!reason.isEmpty()) {
+            throw Failure(QStringLiteral("%1 could not be written: %2.").arg(options.save, reason));
+        }
+    }
+    if (options.json) {
+        visit.terminal.print(settingsObject(record));
+    } else {
+        printSettings(visit.terminal, record);
+    }
+}
+
+Task<> compareClock(Visit& visit) {
+    co_await visit.connect();
+    if (visit.options.sync) {
+        visit.program.settings.sender.synchronizeClock();
+        co_await awaitSending(visit);
+        // The instrument begins the minute afresh: it may be up to a minute behind.
+        constexpr qint64 most = 65;
+        if (!visit.clockOffset() || std::abs(*visit.clockOffset()) > most) {
+            throw Failure(
+                QStringLiteral("The instrument's clock was not set: %1. Try again.").arg(clockInWords(visit)));
+        }
+    }
+    if (visit.options.json) {
+        QJsonObject object;
+        addClock(visit, object);
+        visit.terminal.print(object);
+    } else {
+        visit.terminal.print(clockInWords(visit));
+    }
+    if (!visit.clockOffset()) {
+        throw Failure(QStringLiteral("The instrument's clock could not be read. Try again."));
+    }
+}
+
+Task<> resetShutter(Visit& visit) {
+    constexpr qint64 limit = 180'000; // half a minute of moving, as long again of waiting, and two sendings
+    co_await visit.connect();
+    visit.terminal.remark(QStringLiteral("The shutter moves; this takes about 40 s. Leave the cable alone."));
+    visit.program.resetShutter();
+    Link& link = visit.program.link;
+    const std::function<bool()> over = [&visit, &link] {
+        const QString step =
+            link.session.status.shutterProgress.value() + u' ' + link.session.status.shutterCountdown.value();
+        visit.terminal.showProgress(step.trimmed());
+        return link.procedures.isIdle() && link.session.commands.activity.value() == Activity::None;
+    };
+    const bool ended = co_await visit.reached(limit, over);
+    if (!ended || visit.program.settings.shown.lamp.value() != Lamp::Read) {
+        throw Failure(ended ? QString() : QStringLiteral("The shutter reset did not end."));
+    }
+    visit.terminal.remark(QStringLiteral("The shutter is at its rest position, and the settings are as before."));
+}
+
+} // namespace orv
