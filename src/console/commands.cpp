@@ -17,9 +17,14 @@ Task<> performCommand(Visit& visit, Traffic& traffic) {
         return resetShutter(visit);
     case Options::Command::Watch:
         return watchLine(visit, traffic);
-    default:
-        throw Failure(QStringLiteral("This command does not exist yet."));
+    case Options::Command::Collect:
+        return collectRows(visit);
+    case Options::Command::Download:
+        return downloadMemory(visit);
+    case Options::Command::Convert:
+        return convertFiles(visit);
     }
+    throw Failure(QString());
 }
 
 } // namespace orv

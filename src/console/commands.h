@@ -23,6 +23,15 @@ Task<> compareClock(Visit& visit);
 /// "Reset Shutter".
 Task<> resetShutter(Visit& visit);
 
+/// A run whose rows go to a file or to standard output.
+Task<> collectRows(Visit& visit);
+
+/// The instrument's memory to a file.
+Task<> downloadMemory(Visit& visit);
+
+/// Sheets, record files and text downloads to one file.
+Task<> convertFiles(Visit& visit);
+
 /// Shows what goes over the line until the operator ends it.
 Task<> watchLine(Visit& visit, Traffic& traffic);
 

@@ -24,8 +24,9 @@ QStringList argumentList(int count, char** values) {
     return list;
 }
 
-bool isCollecting(Options::Command command) {
-    return command == Options::Command::Collect;
+/// The command keeps the program's log and record file.
+bool writesInFolder(Options::Command command) {
+    return command == Options::Command::Collect || command == Options::Command::Download;
 }
 
 int perform(const Options& options) {
@@ -55,7 +56,7 @@ int perform(const Options& options) {
                      .portList = &portList,
                      .deviceProblem = deviceProblem});
     const Subscription connected = program.link.connection.identified.subscribe([&messages] { messages.forget(); });
-    program.load(isCollecting(options.command) ? Program::Files::InFolder : Program::Files::None);
+    program.load(writesInFolder(options.command) ? Program::Files::InFolder : Program::Files::None);
     Visit visit(program, terminal, options);
     Interruption interruption;
     const Subscription interrupted = interruption.wanted.subscribe([&visit](int signal) { visit.interrupt(signal); });

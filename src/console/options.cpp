@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/options.h"
 
+#include "formats/rowwriter.h"
 #include "program/devices.h"
 
 #include <CLI/CLI.hpp>
@@ -177,6 +178,11 @@ void take(const Texts& texts, Options& options) {
     if (!problem.isEmpty()) {
         throw Wrong(problem);
     }
+    const bool toDevice = options.command == Options::Command::Collect && options.output == QLatin1String("-");
+    if (!options.output.isEmpty() && !toDevice && !formatOfName(options.output)) {
+        throw Wrong(QStringLiteral("\"%1\" does not say its format. Let its name end with .csv, .nc, .jsonl or .txt.")
+                        .arg(options.output));
+    }
     if (options.everyMilliseconds != 0 && options.output == QLatin1String("-")) {
         throw Wrong(QStringLiteral("--every needs files; standard output is one."));
     }
@@ -206,6 +212,7 @@ qint64 timeSpan(const QString& text) {
 
 Options readOptions(const QStringList& arguments, const QString& version) {
     Options options;
+    options.program = QStringLiteral("ORV Host ") + version;
     Texts texts;
     CLI::App app("Works with the ORV optical water sensors without a window.", "orv");
     app.set_version_flag("--version", "orv " + version.toStdString(), "Show the program's version and end");

@@ -20,6 +20,7 @@ struct Options {
     QString text = {}; ///< Help, version, or what is wrong, to be printed.
 
     Command command = Command::Ports;
+    QString program = {}; ///< "ORV Host 1.0.0", for the files that are written.
     bool json = false;
     bool quiet = false;
     bool verbose = false;

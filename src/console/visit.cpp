@@ -148,15 +148,14 @@ Task<> Visit::connect() {
 }
 
 Task<> Visit::awaitClock() {
-    clockOffset_.reset();
     const std::function<bool()> read = [this] {
         return program.link.session.state.Ctrlscrn == Operation::SettingsOpen;
     };
-    const bool isRead = co_await reached(clockLimit, read);
-    if (isRead && instrumentTime()) {
-        const QDateTime now = clock.now();
-        clockOffset_ = now.secsTo(QDateTime(instrumentTime()->date(), instrumentTime()->time()));
-    }
+    isClockRead_ = co_await reached(clockLimit, read);
+}
+
+std::optional<qint64> Visit::clockOffset() const {
+    return isClockRead_ ? program.link.session.status.clockOffset : std::nullopt;
 }
 
 std::optional<QDateTime> Visit::instrumentTime() const {

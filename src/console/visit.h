@@ -70,7 +70,7 @@ public:
 
     /// By how many seconds the instrument's clock was ahead of the computer's when it was read last; nothing if it
     /// could not be read.
-    std::optional<qint64> clockOffset() const { return clockOffset_; }
+    std::optional<qint64> clockOffset() const;
     /// What it showed then.
     std::optional<QDateTime> instrumentTime() const;
     /// Waits for the clock's reply, which has been asked for.
@@ -94,7 +94,7 @@ private:
     Subscription next_;
     int signal_ = 0; ///< 0: the operator has not interrupted the command.
     bool finishing_ = false;
-    std::optional<qint64> clockOffset_;
+    bool isClockRead_ = false;
     std::vector<QPropertyNotifier> notifiers_;
     std::vector<Subscription> subscriptions_;
 };

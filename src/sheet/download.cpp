@@ -58,6 +58,18 @@ Task<> Download::askAndSave() {
     if (name.isEmpty()) {
         co_return;
     }
+    ended.dismiss();
+    saveTo(name);
+}
+
+void Download::saveAsText(const QString& name) {
+    link_.ports.debugsay(QStringLiteral("F2 Click"));
+    if (link_.ports.isOpen() && rows_.instrumentIsKnown()) {
+        saveTo(name);
+    }
+}
+
+void Download::saveTo(const QString& name) {
     file_.setFileName(name);
     const QString reason = file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
                                ? appendWhole(file_, headerText(link_.session.clock.now(), rows_.connectedLayout()))
@@ -66,9 +78,8 @@ Task<> Download::askAndSave() {
         closeTarget();
         tellFailure(reason, QStringLiteral("Nothing was asked of the instrument."),
                     QStringLiteral("Make room or choose another folder, and download it again."));
-        co_return;
+        return;
     }
-    ended.dismiss();
     settings_.progress.show(); // it may have been closed while the dialog stood
     begin(Target::TextFile, Operation::SavingText, QStringLiteral("Saving Sheet"));
 }
@@ -82,6 +93,7 @@ void Download::begin(Target target, Operation operation, const QString& status) 
     target_ = target;
     records_ = 0;
     unread_ = 0;
+    whole_ = false;
     bytes_ = 0;
     lastData_ = link_.session.clock.monotonicMilliseconds();
     stallTold_ = false;
@@ -161,6 +173,7 @@ void Download::savefiletxt(const QString& reply) {
         return;
     }
     ++records_;
+    taken.tell(records_, row);
 }
 
 void Download::importtofg1(const QString& reply) {
@@ -178,6 +191,7 @@ void Download::importtofg1(const QString& reply) {
         throw;
     }
     ++records_;
+    taken.tell(records_, row);
     if (files_.saveLongSheet()) {
         savedOnTheWay_ = true;
     }
@@ -194,6 +208,7 @@ void Download::showProgress(const QString& label) {
 
 void Download::finish() {
     if (target_ != Target::Nowhere) {
+        whole_ = true;
         if (target_ == Target::Sheet) {
             rows_.followNewest();
         }

@@ -18,8 +18,19 @@ public:
     /// that did not say what it is; the end of the connection closes the dialog.
     void saveAsText();
 
+    /// The same into the file of that name, without a question and in place of what is there.
+    void saveAsText(const QString& name);
+
     /// "Download Stored Data: View with Host Program".
     void vwhp();
+
+    /// A record has been taken: its number, and its row as it stands in the file or on the sheet.
+    Signal<int, const DataRow&> taken;
+
+    /// Records of this download, or the last, that could not be read.
+    int unreadRecords() const { return unread_; }
+    /// The whole dump of this download, or the last, has come.
+    bool isWhole() const { return whole_; }
 
     /// Take the reply to the text file, to the sheet. Called at every tick of a download, with an empty reply if none
     /// has come.
@@ -37,6 +48,7 @@ private:
     enum class Target { None, TextFile, Sheet, Nowhere };
 
     Task<> askAndSave();
+    void saveTo(const QString& name);
     void begin(Target target, Operation operation, const QString& status);
     bool takeReply(const QString& reply, const QString& progressLabel, DataRow& row);
     void showProgress(const QString& label);
@@ -57,6 +69,7 @@ private:
     int unread_ = 0;
     qint64 bytes_ = 0;
     qint64 lastData_ = 0; ///< Monotonic milliseconds.
+    bool whole_ = false;
     bool stallTold_ = false;
     bool savedOnTheWay_ = false; ///< The sheet became long and was saved and cleared.
     QString status_;             ///< What the status says while data comes.

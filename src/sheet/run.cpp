@@ -109,6 +109,7 @@ void Run::takeLine(const QString& line) {
     showOnDebugScreen(link_.debug, *row, layout);
     tellRecordFailure(recordFile_.append(recordLine(number, *row, layout)));
     noteLine();
+    taken.tell(number, *row);
     files_.saveLongSheet();
 }
 

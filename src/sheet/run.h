@@ -32,6 +32,12 @@ public:
     /// Ends the run if the instrument's prompt has come by itself, without a line.
     void endIfPrompted();
 
+    /// A row has been taken: its number on the sheet, where it stands, as in the record file.
+    Signal<int, const DataRow&> taken;
+
+    /// Lines of this run, or the last, that could not be read.
+    int unreadLines() const { return unreadLines_; }
+
     /// Ends the run however it ended: the record file is closed whole, "Run" is offered again, and a notice
     /// says how many lines could not be read. Nothing happens without a run.
     void closeRecordFile();

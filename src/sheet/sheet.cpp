@@ -44,6 +44,12 @@ void Sheet::noteSaved(bool wholly) {
          .icon = Message::Icon::Information});
 }
 
+void Sheet::handOver() {
+    shown.unsaved = false;
+    noteSaved(true);
+    rows.clearSpreadSheet();
+}
+
 bool Sheet::prepare() {
     if (!rows.instrumentIsKnown()) {
         return false;

@@ -30,6 +30,10 @@ struct Sheet {
     /// whether they may come; if not, the operator has been told why.
     bool prepare();
 
+    /// Every row on the sheet is whole in a file that something else has written: they count as saved, with all their
+    /// columns, and go from the sheet. Not while a row is being taken.
+    void handOver();
+
     Link& link;
     DataSheet data;
     SheetState shown;

@@ -35,7 +35,8 @@ public:
             buffer->setData({});
             buffer->open(QIODevice::WriteOnly);
         }
-        program.load(options.command == Options::Command::Collect ? Program::Files::InFolder : Program::Files::None);
+        const bool takesPlace = !options.output.isEmpty() && !std::exchange(hasPlace_, true);
+        program.load(takesPlace ? Program::Files::InFolder : Program::Files::None);
         timer.setInterval(StatusTimer::normalInterval); // the command before has ended the program
         answered = {};
         visit.emplace(program, terminal, options);
@@ -66,6 +67,9 @@ public:
     Options options;
     Answered answered;
     std::optional<Visit> visit;
+
+private:
+    bool hasPlace_ = false; ///< The folder is this program's.
 };
 
 class ConsoleTest : public testing::Test, public ConsoleRig {

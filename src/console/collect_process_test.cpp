@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/folder.h"
+#include "testing/processes.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <thread>
+
+namespace orv {
+namespace {
+
+/// `orv` as a process of its own, in the working directory.
+class OrvProcess {
+public:
+    explicit OrvProcess(const QStringList& arguments) { process.start(QStringLiteral(ORV_PATH), arguments); }
+    ~OrvProcess() {
+        process.kill();
+        process.waitForFinished(patience);
+    }
+    OrvProcess(const OrvProcess&) = delete;
+    OrvProcess& operator=(const OrvProcess&) = delete;
+
+    /// Until a file has so many lines.
+    void waitForLines(const QString& name, qsizetype lines) {
+        QElapsedTimer passed;
+        passed.start();
+        while (contentsOf(name).count('\n') < lines) {
+            ASSERT_LT(passed.elapsed(), patience);
+            ASSERT_FALSE(process.waitForFinished(0)) << process.readAllStandardError().toStdString();
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    }
+
+    int end(int signal) {
+        ::kill(static_cast<pid_t>(process.processId()), signal);
+        EXPECT_TRUE(process.waitForFinished(patience));
+        return process.exitCode();
+    }
+
+    QProcess process;
+};
+
+struct Kind {
+    const char* device;
+    int commas;
+};
+
+class OrvCollectsOverALine : public testing::TestWithParam<Kind> {};
+
+TEST_P(OrvCollectsOverALine, RowsAndTheMemory) {
+    const InstrumentProcess instrument(QString::fromLatin1(GetParam().device));
+    const OwnFolder folder;
+    const Ended collected =
+        runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("collect --points 5 --json -o rows.csv ") + instrument.path);
+    EXPECT_EQ(collected.status, 0) << collected.error;
+    EXPECT_EQ(collected.output, "{\"complete\":true,\"files\":[\"rows.csv\"],\"rows\":5}\n");
+    const QByteArray rows = contentsOf(folder.path("rows.csv"));
+    EXPECT_EQ(rows.count('\n'), 6) << rows.toStdString();
+    EXPECT_EQ(rows.left(rows.indexOf('\n')).count(','), GetParam().commas) << rows.toStdString();
+    const Ended downloaded =
+        runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("download --verify -o memory.csv ") + instrument.path);
+    EXPECT_EQ(downloaded.status, 0) << downloaded.error;
+    EXPECT_EQ(contentsOf(folder.path("memory.csv")).count('\n'), 51);
+    const Ended converted = runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("convert Orvtemp.tmp -o record.jsonl"));
+    EXPECT_EQ(converted.status, 0) << converted.error;
+    EXPECT_GE(contentsOf(folder.path("record.jsonl")).count('\n'), 5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Instruments, OrvCollectsOverALine,
+                         testing::Values(Kind{"sim:trx?baud=0&rate=50&records=50", 5},
+                                         Kind{"sim:trx?firmware=412&baud=0&rate=50&records=50", 7},
+                                         Kind{"sim:glow?baud=0&rate=50&records=50", 2}));
+
+TEST(OrvProcesses, AreEndedWholeBySignals) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=50"));
+    for (const auto& [signal, status] : {std::pair(SIGINT, 130), std::pair(SIGTERM, 143)}) {
+        const OwnFolder folder;
+        OrvProcess orv({QStringLiteral("collect"), instrument.path, QStringLiteral("-o"), QStringLiteral("a.csv")});
+        orv.waitForLines(folder.path("a.csv"), 10);
+        EXPECT_EQ(orv.end(signal), status) << orv.process.readAllStandardError().toStdString();
+        const QByteArray rows = contentsOf(folder.path("a.csv"));
+        EXPECT_TRUE(rows.endsWith('\n'));
+        EXPECT_TRUE(orv.process.readAllStandardError().endsWith("orv: " + QByteArray::number(rows.count('\n') - 1) +
+                                                                " rows were collected.\n"));
+        EXPECT_TRUE(folder.files().filter(QStringLiteral(".lock")).isEmpty());
+    }
+}
+
+TEST(OrvProcesses, ThatAreKilledLoseNoRowAndTheNextOneSaysSo) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=50"));
+    const OwnFolder folder;
+    {
+        OrvProcess orv({QStringLiteral("collect"), instrument.path, QStringLiteral("-o"), QStringLiteral("a.csv")});
+        orv.waitForLines(folder.path("a.csv"), 20);
+        orv.end(SIGKILL);
+    }
+    const auto written = contentsOf(folder.path("a.csv")).count('\n') - 1;
+    constexpr int headerLines = 5;
+    const auto recorded = contentsOf(folder.path("Orvtemp.tmp")).count('\n') - headerLines;
+    EXPECT_GE(recorded, written);
+    EXPECT_LE(recorded, written + 1) << "a row goes to the record file first";
+    const Ended next =
+        runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("collect --points 1 -o b.csv ") + instrument.path);
+    EXPECT_EQ(next.status, 0) << next.error;
+    const std::string found = "did not end. Load its " + std::to_string(recorded) + " rows into the sheet? No.";
+    EXPECT_NE(next.error.find(found), std::string::npos) << next.error;
+    const QStringList kept = folder.files().filter(QStringLiteral("Orvtemp-2"));
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(contentsOf(kept.front()).count('\n') - headerLines, recorded);
+}
+
+TEST(OrvProcesses, ALineThatVanishesKeepsWhatCame) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=50&fault=unplug&after=20%"));
+    const OwnFolder folder;
+    const Ended lost = runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("collect -o a.csv ") + instrument.path);
+    EXPECT_EQ(lost.status, 3) << lost.error;
+    EXPECT_EQ(contentsOf(folder.path("a.csv")).count('\n'), 21);
+    EXPECT_NE(lost.error.find("20 rows were collected and are kept."), std::string::npos) << lost.error;
+}
+
+TEST(OrvProcesses, WhatCannotBeReadIsCountedAndEndsWithStatus3) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&records=50&fault=noise"));
+    const OwnFolder folder;
+    const Ended noisy = runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("download -o a.csv ") + instrument.path);
+    EXPECT_EQ(noisy.status, 3) << noisy.error;
+    EXPECT_NE(noisy.error.find(" could not be read and "), std::string::npos) << noisy.error;
+    const Ended silent = runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("collect sim:trx?fault=silent -o b.csv"));
+    EXPECT_EQ(silent.status, 1) << silent.error;
+}
+
+TEST(OrvProcesses, AReaderThatGoesEndsTheRun) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=50"));
+    const OwnFolder folder;
+    QProcess shell;
+    shell.start(QStringLiteral("bash"),
+                {QStringLiteral("-c"),
+                 QStringLiteral("set -o pipefail; " ORV_PATH " collect %1 -o - | head -3").arg(instrument.path)});
+    ASSERT_TRUE(shell.waitForFinished(patience));
+    EXPECT_EQ(shell.exitCode(), 1);
+    EXPECT_EQ(shell.readAllStandardOutput().count('\n'), 3);
+    EXPECT_TRUE(shell.readAllStandardError().contains("Standard output takes nothing any more"));
+    EXPECT_TRUE(folder.files().contains(QStringLiteral("Orvtemp.tmp")));
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/collection.h"
+
+#include "base/text.h"
+#include "console/commands.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace orv {
+
+namespace {
+
+/// Rows that may stand on the sheet until they are handed over. Where the file appears only at its end they are kept
+/// as long as the sheet is not saved by itself.
+constexpr int mostRows = 500;
+constexpr int mostRowsOfLateFile = 15'000;
+
+constexpr qint64 forever = std::numeric_limits<qint64>::max() / 2;
+
+} // namespace
+
+Collection::Collection(Visit& visit)
+    : visit_(visit)
+    , program_(visit.program)
+    , output_(visit)
+    , until_(forever)
+    , subscriptions_{program_.sheet.run.taken.subscribe([this](int /*number*/, const DataRow& row) { take(row); }),
+                     program_.link.timer.tick.subscribe([this] {
+                         if (program_.sheet.data.rowCount() >=
+                             (output_.writesAsItComes() ? mostRows : mostRowsOfLateFile)) {
+                             handOver();
+                         }
+                     })} {}
+
+Task<> Collection::perform() {
+    output_.refuseExisting();
+    program_.offerUnendedRun(); // what is found is kept and told
+    bool isInterrupted = false;
+    try {
+        co_await collect();
+    } catch (const Interrupted&) {
+        isInterrupted = true;
+    }
+    visit_.finish();
+    co_await stop();
+    output_.finish(unreadLines_ + program_.sheet.run.unreadLines());
+    program_.sheet.handOver();
+    report();
+    if (isInterrupted) {
+        throw Interrupted();
+    }
+    if (isLost_ || output_.isIncomplete()) {
+        throw Failure(isLost_ ? reason_ + QStringLiteral(" %1 rows were collected and are kept.").arg(output_.rows())
+                              : QString(),
+                      ExitStatus::Incomplete);
+    }
+}
+
+Task<> Collection::collect() {
+    while (!isEnough()) {
+        co_await connect();
+        requireAppending();
+        output_.begin(QStringLiteral("a run on %1").arg(visit_.options.port));
+        if (isLost_) {
+            output_.note(QStringLiteral("Connected again; the run goes on."));
+        }
+        const End end = co_await run();
+        isLost_ = end == End::Lost;
+        if (!isLost_ || !visit_.options.keepTrying) {
+            co_return;
+        }
+        output_.note(reason_);
+        unreadLines_ += program_.sheet.run.unreadLines();
+        program_.closePort();
+        handOver();
+    }
+}
+
+/// Tries again and again if the operator wants that.
+Task<> Collection::connect() {
+    constexpr qint64 firstPause = 5000;
+    constexpr qint64 longestPause = 60'000;
+    qint64 pause = firstPause;
+    bool isConnected = false;
+    while (!isConnected) {
+        try {
+            co_await visit_.connect();
+            isConnected = true;
+        } catch (const Failure& failure) {
+            if (!visit_.options.keepTrying) {
+                throw;
+            }
+            if (pause == firstPause && !failure.text().isEmpty()) {
+                visit_.terminal.tell(failure.text());
+            }
+        }
+        if (!isConnected) {
+            program_.closePort();
+            const std::function<bool()> over = [this] { return isEnough(); };
+            co_await visit_.reached(std::min(pause, until_ - visit_.clock.monotonicMilliseconds()), over);
+            if (isEnough()) {
+                throw Failure(QStringLiteral("The time is over, and the instrument is not connected."),
+                              ExitStatus::Incomplete);
+            }
+            pause = std::min(2 * pause, longestPause);
+        }
+    }
+}
+
+/// A run begun by itself might erase the records that the instrument kept while nobody listened.
+void Collection::requireAppending() const {
+    const LoggerSettings& settings = program_.settings.shown.record.value();
+    if (visit_.options.keepTrying && settings.logEnabled && !settings.append) {
+        throw Failure(QStringLiteral("The instrument logs without \"append\": each run erases its memory, and with "
+                                     "--keep-trying runs begin by themselves. Download the memory and set append=true "
+                                     "or logEnabled=false, then collect again."));
+    }
+}
+
+Task<Collection::End> Collection::run() {
+    const CommandState& commands = program_.link.session.commands;
+    runRows_ = 0;
+    lastRow_ = visit_.clock.monotonicMilliseconds();
+    if (!std::exchange(hasRun_, true) && visit_.options.forMilliseconds != 0) {
+        until_ = lastRow_ + visit_.options.forMilliseconds;
+    }
+    program_.run();
+    if (commands.activity.value() != Activity::Collecting) {
+        throw Failure(QString()); // why has been told
+    }
+    visit_.terminal.detail(QStringLiteral("Running"));
+    const std::function<bool()> over = [this, &commands] {
+        return commands.activity.value() != Activity::Collecting || output_.hasFailed() || isEnough();
+    };
+    bool isOver = false;
+    while (!isOver) {
+        const qint64 silentAt = lastRow_ + longestSilence();
+        isOver = co_await visit_.reached(std::min(until_, silentAt) - visit_.clock.monotonicMilliseconds(), over);
+        isOver = isOver || isEnough() || visit_.clock.monotonicMilliseconds() >= lastRow_ + longestSilence();
+    }
+    co_return endOfRun();
+}
+
+Collection::End Collection::endOfRun() {
+    if (output_.hasFailed()) {
+        return End::OutputFailed;
+    }
+    if (isEnough()) {
+        return End::Enough;
+    }
+    if (!program_.link.ports.isOpen()) {
+        reason_ = QStringLiteral("The line was lost.");
+    } else if (program_.link.session.commands.activity.value() == Activity::Collecting) {
+        reason_ = QStringLiteral("The instrument fell silent.");
+    } else {
+        const double points = leadingNumber(program_.settings.shown.record.value().pointsPerBlock);
+        if (points > 0.0 && runRows_ + program_.sheet.run.unreadLines() >= points) {
+            return End::BlockIsFull;
+        }
+        reason_ = QStringLiteral("The instrument ended the run early.");
+    }
+    return End::Lost;
+}
+
+bool Collection::isEnough() const {
+    const int points = visit_.options.points;
+    return (points > 0 && output_.rows() >= points) || visit_.clock.monotonicMilliseconds() >= until_;
+}
+
+/// For so long nothing may come from an instrument that goes on: the time from one row to the next, and then some.
+qint64 Collection::longestSilence() const {
+    constexpr double sampleSeconds = 0.1; // a sample takes less
+    constexpr double someMore = 30.0;
+    constexpr double hour = 3600.0;
+    const LoggerSettings& settings = program_.settings.shown.record.value();
+    double seconds = leadingNumber(settings.secondsBetweenPoints) +
+                     sampleSeconds * leadingNumber(settings.samplesPerPoint) + someMore;
+    if (runRows_ == 0) {
+        seconds += hour * leadingNumber(settings.hoursBeforeBlock);
+    }
+    return static_cast<qint64>(seconds * 1000.0);
+}
+
+void Collection::take(const DataRow& row) {
+    ++runRows_;
+    lastRow_ = visit_.clock.monotonicMilliseconds();
+    const int points = visit_.options.points;
+    if (points > 0 && output_.rows() >= points) {
+        return; // it has come before the instrument could be stopped
+    }
+    output_.take(row);
+    if (visit_.terminal.showsProgress()) {
+        visit_.terminal.showProgress(QStringLiteral("%1 rows, the last at %2").arg(output_.rows()).arg(row.time));
+    }
+    if (isEnough()) {
+        visit_.look();
+    }
+}
+
+void Collection::handOver() {
+    if (output_.hasFailed()) {
+        return; // the rows are in the record file and nowhere else
+    }
+    if (output_.writesAsItComes()) {
+        program_.sheet.handOver();
+    } else {
+        program_.sheet.rows.clearSpreadSheet(); // until the file appears, the record file has the rows
+    }
+}
+
+/// As "Reset" does: the run ends whole, and the instrument is at its prompt.
+Task<> Collection::stop() {
+    constexpr qint64 limit = 12'000;
+    const Link& link = program_.link;
+    if (link.session.commands.activity.value() != Activity::Collecting) {
+        co_return;
+    }
+    program_.reset();
+    const std::function<bool()> over = [&link] {
+        return link.procedures.isIdle() && (link.session.commands.activity.value() == Activity::None);
+    };
+    co_await visit_.reached(limit, over);
+}
+
+void Collection::report() {
+    const RowOutput& output = output_;
+    if (visit_.options.json && visit_.options.output != QLatin1String("-")) {
+        visit_.terminal.print(QJsonObject{{QStringLiteral("rows"), output.rows()},
+                                          {QStringLiteral("files"), QJsonArray::fromStringList(output.files())},
+                                          {QStringLiteral("complete"), !isLost_ && !output.isIncomplete()}});
+    } else {
+        visit_.terminal.remark(QStringLiteral("%1 rows were collected.").arg(output.rows()));
+    }
+}
+
+Task<> collectRows(Visit& visit) {
+    Collection collection(visit);
+    co_await collection.perform();
+}
+
+} // namespace orv

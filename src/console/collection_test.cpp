@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/rowoutput.h"
+#include "testing/consolerig.h"
+
+#include <QRegularExpression>
+
+namespace orv {
+namespace {
+
+/// The commands that fetch rows, on an instrument whose lines are counted on their way to the program.
+class OrvCollect : public ConsoleTest {
+protected:
+    OrvCollect() {
+        lineMade = [this] { line->read = [this](const QByteArray& block) { received += block; }; };
+    }
+
+    /// Data lines that have come whole, of a TRX of the newer generation unless told.
+    int linesReceived(int tabs = 5) const {
+        int lines = 0;
+        for (const QByteArray& text : received.split('\n')) {
+            lines += text.endsWith('\r') && text.count('\t') == tabs ? 1 : 0;
+        }
+        return lines;
+    }
+
+    /// Rows of a CSV file, without the header row.
+    static QList<QByteArray> rowsOf(const QString& name) {
+        QList<QByteArray> rows = contentsOf(name).split('\n');
+        rows.removeFirst();
+        rows.removeLast();
+        return rows;
+    }
+
+    /// The record numbers in these files, which must be 1, 2, 3 ... through all of them.
+    static int rowsThrough(const QStringList& names) {
+        int last = 0;
+        for (const QString& name : names) {
+            for (const QByteArray& row : rowsOf(name)) {
+                EXPECT_EQ(row.left(row.indexOf(',')).toInt(), last + 1) << qPrintable(name);
+                ++last;
+            }
+        }
+        return last;
+    }
+
+    QString told() const {
+        QStringList texts;
+        for (const Message& message : messages.shown) {
+            texts << message.text;
+        }
+        return texts.join(u'|');
+    }
+
+    QByteArray received;
+};
+
+TEST_F(OrvCollect, ABlockIsWrittenRowByRowAndEndsTheRun) {
+    begin(QStringLiteral("collect sim:trx?points=20&rate=2 -o block.csv"));
+    live(8);
+    const auto soFar = static_cast<int>(contentsOf(path("block.csv")).count('\n')) - 1;
+    EXPECT_GE(soFar, 5);
+    EXPECT_EQ(soFar, linesReceived());
+    live(20);
+    EXPECT_EQ(answered.status, 0) << result().error;
+    EXPECT_EQ(rowsThrough({path("block.csv")}), 20);
+    EXPECT_TRUE(contentsOf(path("block.csv")).startsWith("record,time,scattering_100,"));
+    EXPECT_EQ(result().error, "orv: 20 rows were collected.\n");
+    EXPECT_TRUE(messages.shown.empty()) << qPrintable(told());
+    EXPECT_EQ(folder.files().filter(QStringLiteral("Orvtemp")).join(u' ').toStdString(),
+              "Orvtemp.tmp Orvtemp.tmp.saved");
+    EXPECT_TRUE(folder.files().contains(QStringLiteral("block.csv-metadata.json")));
+}
+
+TEST_F(OrvCollect, EndsAfterSoManyRowsOrSoMuchTimeWithTheInstrumentAtItsPrompt) {
+    const Answered points = orv("collect sim:trx?rate=5 -o - --points 7");
+    EXPECT_EQ(points.status, 0) << points.error;
+    EXPECT_EQ(std::count(points.output.begin(), points.output.end(), '\n'), 8) << points.output;
+    EXPECT_TRUE(received.endsWith('>') || received.contains("P\r\n")) << "it was woken again";
+    const qint64 began = clock.monotonicMilliseconds();
+    const Answered time = orv("collect sim:glow?rate=5 -o glow.jsonl --for 30s --stamp --json");
+    EXPECT_EQ(time.status, 0) << time.error;
+    EXPECT_NEAR(static_cast<double>(clock.monotonicMilliseconds() - began), 33'000, 600);
+    const QJsonObject summary = QJsonDocument::fromJson(QByteArray::fromStdString(time.output)).object();
+    EXPECT_NEAR(summary[u"rows"].toInt(), 148, 3);
+    EXPECT_EQ(contentsOf(path("glow.jsonl")).count('\n'), summary[u"rows"].toInt());
+    EXPECT_TRUE(contentsOf(path("glow.jsonl")).contains("2026-11-21T09:3"));
+}
+
+TEST_F(OrvCollect, OldInstrumentsLoseNoColumn) {
+    const Answered old = orv("collect sim:trx?firmware=412&rate=5 -o old.csv --points 3");
+    EXPECT_EQ(old.status, 0) << old.error;
+    EXPECT_EQ(contentsOf(path("old.csv")).split('\n').front().count(','), 7);
+    EXPECT_EQ(rowsOf(path("old.csv")).front().count(','), 7);
+}
+
+TEST_F(OrvCollect, AnInterruptionEndsTheRunWhole) {
+    begin(QStringLiteral("collect sim:trx?rate=5 -o half.csv"));
+    live(10);
+    visit->interrupt(2);
+    live(5);
+    EXPECT_EQ(answered.status, 130);
+    EXPECT_EQ(rowsThrough({path("half.csv")}), linesReceived());
+    EXPECT_FALSE(folder.files().contains(QStringLiteral("Orvtemp.tmp.lock")));
+    begin(QStringLiteral("collect sim:trx?rate=5&fault=cut -o half2.csv"));
+    live(10);
+    visit->interrupt(15);
+    live(0.1);
+    EXPECT_EQ(answered.status, -1) << "the instrument is stopped";
+    visit->interrupt(15);
+    live(0.1);
+    EXPECT_EQ(answered.status, 143) << "the second time it ends at once";
+    EXPECT_FALSE(ports.isOpen());
+}
+
+TEST_F(OrvCollect, ALineThatIsLostKeepsAndCountsWhatCame) {
+    const Answered lost = orv("collect sim:trx?rate=5&fault=unplug&after=20% -o lost.csv");
+    EXPECT_EQ(lost.status, 3);
+    EXPECT_EQ(rowsThrough({path("lost.csv")}), 20);
+    EXPECT_NE(lost.error.find("The line was lost. 20 rows were collected and are kept."), std::string::npos)
+        << lost.error;
+    received.clear();
+    const Answered silent = orv("collect sim:trx?rate=5&fault=cut&after=20% -o silent.csv");
+    EXPECT_EQ(silent.status, 3);
+    EXPECT_NE(silent.error.find("The instrument fell silent. 20 rows"), std::string::npos) << silent.error;
+}
+
+TEST_F(OrvCollect, AnExistingFileIsKept) {
+    fill(path("a.csv"), "old");
+    const Answered refused = orv("collect sim:trx -o a.csv");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(contentsOf(path("a.csv")).toStdString(), "old");
+    EXPECT_EQ(line, nullptr);
+    EXPECT_EQ(orv("collect sim:trx?rate=5 -o a.csv --force --points 2").status, 0);
+    const QStringList kept = folder.files().filter(QRegularExpression(QStringLiteral("^a-2026.*csv$")));
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(contentsOf(kept[0]).toStdString(), "old");
+    EXPECT_EQ(rowsThrough({path("a.csv")}), 2);
+}
+
+TEST_F(OrvCollect, AnInstrumentThatDoesNotAnswerWritesNothing) {
+    EXPECT_EQ(orv("collect sim:trx?fault=silent -o none.csv").status, 1);
+    EXPECT_FALSE(folder.files().contains(QStringLiteral("none.csv")));
+}
+
+TEST_F(OrvCollect, WhatARunLeftThatDiedIsKeptAndTold) {
+    fill(path("Orvtemp.tmp"), recordHeader(clock.now(), 512) + "1\t11/21/26\t9:05:07\t1\t\t2\t\t3\t4\r\n");
+    fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
+    EXPECT_EQ(orv("collect sim:trx?rate=5 -o a.csv --points 2").status, 0);
+    EXPECT_TRUE(answers.asked.join(u'|').contains(QStringLiteral("did not end. Load its 1 row into the sheet?")));
+    EXPECT_TRUE(told().contains(QStringLiteral("The record file of the last run is kept as"))) << qPrintable(told());
+    EXPECT_EQ(folder.files().filter(QStringLiteral("Orvtemp-2026")).size(), 1);
+}
+
+TEST_F(OrvCollect, ALongRunKeepsTheSheetShortAndMakesNoFilesOfItsOwn) {
+    begin(QStringLiteral("collect sim:trx?rate=100&baud=0 -o long.csv"));
+    int longest = 0;
+    eachMillisecond = [this, &longest] { longest = std::max(longest, sheet.rowCount()); };
+    live(230);
+    visit->interrupt(2);
+    live(5);
+    EXPECT_EQ(answered.status, 130);
+    EXPECT_LE(longest, 501);
+    EXPECT_GT(linesReceived(), 22'000) << "more than a sheet holds";
+    EXPECT_EQ(rowsThrough({path("long.csv")}), linesReceived());
+    EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled")).size(), 0);
+    EXPECT_TRUE(program.sheet.recordFile.isSaved()) << "every row is in the file";
+    EXPECT_TRUE(messages.shown.empty()) << qPrintable(told());
+}
+
+TEST_F(OrvCollect, AnInstrumentThatErasesItsMemoryIsNotRunByItself) {
+    ASSERT_EQ(orv("settings sim:trx --set logEnabled=true --set append=false --set pointsPerBlock=600").status, 0);
+    const Answered refused = orv("collect sim:trx -o once.csv --keep-trying");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.error.find("each run erases its memory"), std::string::npos) << refused.error;
+    EXPECT_FALSE(line->allWritten().contains('R'));
+    EXPECT_EQ(orv("collect sim:trx -o once.csv --points 1").status, 0) << "without --keep-trying it is asked for";
+}
+
+/// A day with power cuts and a cable that is pulled: the clock is the test's.
+TEST_F(OrvCollect, ADayOfPowerCutsLosesNoRowThatCame) {
+    ASSERT_EQ(orv("settings sim:trx?baud=0 --set secondsBetweenPoints=60").status, 0);
+    received.clear();
+    begin(QStringLiteral("collect sim:trx?baud=0 -o day.csv --every 1h --keep-trying"));
+    constexpr int hours = 24;
+    constexpr qint64 minute = 60'000;
+    int cuts = 0;
+    for (int hour = 0; hour < hours; ++hour) {
+        clock.advance(20 * minute);
+        if (hour % 2 == 1 && cuts < 10) {
+            ++cuts;
+            if (cuts % 2 == 0) {
+                line->unplugged = true; // the adapter is gone
+                clock.advance(7 * minute);
+                line->unplugged = false;
+            } else {
+                line->silent = true; // the instrument has no power
+                clock.advance(7 * minute);
+                line->silent = false;
+            }
+            clock.advance(33 * minute);
+        } else {
+            clock.advance(40 * minute);
+        }
+        ASSERT_EQ(answered.status, -1) << result().error;
+    }
+    visit->interrupt(15);
+    clock.advance(minute);
+    EXPECT_EQ(answered.status, 143);
+    EXPECT_EQ(cuts, 10);
+    const QStringList files = folder.files().filter(QRegularExpression(QStringLiteral("^day-.*\\.csv$")));
+    EXPECT_EQ(files.size(), hours + 1) << qPrintable(files.join(u' '));
+    EXPECT_EQ(rowsThrough(files), linesReceived());
+    EXPECT_GT(linesReceived(), 1300);
+    QByteArray notes;
+    for (const QString& metadata : folder.files().filter(QStringLiteral(".csv-metadata.json"))) {
+        notes += contentsOf(metadata);
+    }
+    EXPECT_EQ(notes.count("The line was lost."), 5);
+    EXPECT_EQ(notes.count("The instrument fell silent."), 5);
+    EXPECT_EQ(notes.count("Connected again; the run goes on."), 10);
+    EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled")).size(), 0);
+}
+
+TEST_F(OrvCollect, ADownloadHoldsTheWholeMemory) {
+    struct Kind {
+        const char* device;
+        int tabs;
+    };
+    for (const Kind& kind : {Kind{"sim:trx", 5}, Kind{"sim:trx?firmware=412", 7}, Kind{"sim:glow", 2}}) {
+        received.clear();
+        const QString device = QString::fromLatin1(kind.device);
+        const Answered whole = orv(QStringLiteral("download %1 -o memory.csv --verify --json --force").arg(device));
+        EXPECT_EQ(whole.status, 0) << whole.error;
+        EXPECT_EQ(whole.output, "{\"complete\":true,\"differences\":0,\"expected\":200,\"file\":\"memory.csv\","
+                                "\"records\":200,\"unreadable\":0}\n");
+        EXPECT_EQ(rowsThrough({path("memory.csv")}), 200) << kind.device;
+        const Answered text = orv(QStringLiteral("download %1 -o memory.txt --verify --force").arg(device));
+        EXPECT_EQ(text.status, 0) << text.error;
+        EXPECT_EQ(linesReceived(kind.tabs), 800) << kind.device;
+        EXPECT_EQ(contentsOf(path("memory.txt")).count('\n'), 204) << kind.device;
+        const Answered converted = orv("convert memory.txt -o converted.jsonl --force");
+        EXPECT_EQ(converted.status, 0) << converted.error;
+        EXPECT_EQ(contentsOf(path("converted.jsonl")).count('\n'), 200);
+    }
+}
+
+TEST_F(OrvCollect, ADownloadThatIsCutKeepsAndCountsWhatCame) {
+    const Answered cut = orv("download sim:trx?fault=cut -o cut.csv");
+    EXPECT_EQ(cut.status, 3);
+    EXPECT_EQ(rowsThrough({path("cut.csv")}), 100);
+    EXPECT_NE(cut.error.find("The download is incomplete: 100 of 200 records came"), std::string::npos) << cut.error;
+    const Answered pulled = orv("download sim:trx?fault=unplug -o pulled.csv");
+    EXPECT_EQ(pulled.status, 3);
+    EXPECT_EQ(rowsThrough({path("pulled.csv")}), 100);
+}
+
+TEST_F(OrvCollect, AMemoryThatReadsOtherwiseTheSecondTimeIsTold) {
+    int dumps = 0;
+    lineMade = [this, &dumps] { line->written = [&dumps](const QByteArray& bytes) { dumps += bytes == "O" ? 1 : 0; }; };
+    begin(QStringLiteral("download sim:trx -o memory.csv --verify"));
+    while (dumps < 2 && answered.status < 0) {
+        live(0.001);
+    }
+    live(1);
+    line->silent = true; // some lines do not come
+    live(0.3);
+    line->silent = false;
+    live(60);
+    EXPECT_EQ(answered.status, 3);
+    EXPECT_NE(result().error.find("Read a second time, "), std::string::npos) << result().error;
+}
+
+TEST(EndOfFile, IsCountedFromMidnight) {
+    const auto at = [](int hour, int minute, qint64 every) {
+        return endOfFile(QDateTime(QDate(2026, 11, 21), QTime(hour, minute)), every)
+            .toString(QStringLiteral("dd HH:mm"))
+            .toStdString();
+    };
+    constexpr qint64 hour = 3'600'000;
+    EXPECT_EQ(at(9, 30, hour), "21 10:00");
+    EXPECT_EQ(at(10, 0, hour), "21 11:00");
+    EXPECT_EQ(at(23, 30, hour), "22 00:00");
+    EXPECT_EQ(at(9, 30, 24 * hour), "22 00:00");
+    EXPECT_EQ(at(9, 30, 48 * hour), "23 00:00");
+    EXPECT_EQ(at(23, 0, 5 * hour), "22 00:00");
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/commands.h"
+#include "console/rowoutput.h"
+
+#include "base/files.h"
+#include "base/text.h"
+#include "formats/convert.h"
+
+#include <algorithm>
+
+namespace orv {
+
+namespace {
+
+/// One reading of the memory after another.
+class Downloading {
+public:
+    explicit Downloading(Visit& visit)
+        : visit_(visit)
+        , download_(visit.program.sheet.download)
+        , output_(visit)
+        , isText_(formatOfName(visit.options.output) == FileFormat::Sheet)
+        , taking_(download_.taken.subscribe([this](int /*number*/, const DataRow& row) { take(row); }))
+        , ticking_(visit.program.link.timer.tick.subscribe([this] { clearLongSheet(); })) {}
+    Downloading(const Downloading&) = delete;
+    Downloading& operator=(const Downloading&) = delete;
+
+    Task<> perform() {
+        const Options& options = visit_.options;
+        refuseExisting(options, options.output);
+        co_await visit_.connect();
+        expected_ = static_cast<int>(leadingNumber(visit_.program.settings.shown.memoryPointer.value()));
+        if (isText_) {
+            keepOlder();
+        } else {
+            output_.begin(QStringLiteral("the memory of the instrument on %1").arg(options.port));
+        }
+        co_await read();
+        const bool isWhole = download_.isWhole();
+        const int unread = download_.unreadRecords();
+        if (!isText_) {
+            output_.finish(unread);
+        }
+        const int records = count_;
+        if (isWhole && options.verify) {
+            co_await compare();
+        }
+        report(records, unread, isWhole);
+    }
+
+private:
+    void keepOlder() {
+        const QString reason = keepUnderDatedName(visit_.options.output, visit_.clock.now());
+        if (!reason.isEmpty()) {
+            throw Failure(
+                QStringLiteral("%1 could not be kept under another name: %2.").arg(visit_.options.output, reason));
+        }
+    }
+
+    /// Reads the memory; what comes goes to the output at the first time.
+    Task<> read() {
+        const StatusState& status = visit_.program.link.session.status;
+        const CommandState& commands = visit_.program.link.session.commands;
+        count_ = 0;
+        began_ = visit_.clock.monotonicMilliseconds();
+        lastRow_ = began_;
+        if (isText_ && !isSecond_) {
+            download_.saveAsText(visit_.options.output);
+        } else {
+            visit_.program.vwhp();
+        }
+        const std::function<bool()> over = [this, &commands] {
+            return commands.activity.value() != Activity::Downloading || output_.hasFailed();
+        };
+        constexpr qint64 longestSilence = 30'000;
+        bool isOver = false;
+        while (!isOver) {
+            isOver = co_await visit_.reached(lastRow_ + longestSilence - visit_.clock.monotonicMilliseconds(), over);
+            isOver = isOver || visit_.clock.monotonicMilliseconds() >= lastRow_ + longestSilence;
+        }
+        visit_.terminal.detail(status.status.value());
+        if (commands.activity.value() == Activity::Downloading) {
+            visit_.program.closePort(); // the program tells what has come
+        }
+        if (visit_.program.link.ports.isOpen()) {
+            visit_.program.sheet.handOver();
+        }
+    }
+
+    Task<> compare() {
+        isSecond_ = true;
+        visit_.terminal.remark(QStringLiteral("Reading the memory again, to compare."));
+        co_await read();
+        if (!download_.isWhole() || count_ != static_cast<int>(rows_.size())) {
+            differences_ = std::max<qsizetype>(std::abs(count_ - static_cast<int>(rows_.size())), 1);
+        }
+    }
+
+    void take(const DataRow& row) {
+        lastRow_ = visit_.clock.monotonicMilliseconds();
+        ++count_;
+        if (isSecond_) {
+            const auto at = static_cast<std::size_t>(count_ - 1);
+            differences_ += at < rows_.size() && rows_[at] == textOf(row) ? 0 : 1;
+        } else if (!isText_) {
+            output_.take(row);
+        }
+        if (visit_.options.verify && !isSecond_) {
+            rows_.push_back(textOf(row));
+        }
+        if (visit_.terminal.showsProgress() && lastRow_ - shownAt_ >= progressInterval) {
+            showProgress();
+        }
+    }
+
+    static QByteArray textOf(const DataRow& row) {
+        return (QStringList{row.date, row.time} + row.values).join(u'\t').toLatin1();
+    }
+
+    void showProgress() {
+        shownAt_ = lastRow_;
+        const auto share = expected_ > 0 ? std::min(1.0, static_cast<double>(count_) / expected_) : 1.0;
+        const auto left = static_cast<qint64>(static_cast<double>(lastRow_ - began_) * (1.0 - share) / share / 1000.0);
+        visit_.terminal.showProgress(QStringLiteral("%1 %2 bytes, %3 of %4 records, %5 s left")
+                                         .arg(progressBar(share), visit_.program.settings.progress.valueLabel.value())
+                                         .arg(count_)
+                                         .arg(expected_)
+                                         .arg(left));
+    }
+
+    void clearLongSheet() {
+        constexpr int longSheet = 500;
+        if (visit_.program.sheet.data.rowCount() >= longSheet) {
+            visit_.program.sheet.handOver(); // the instrument holds the records as well
+        }
+    }
+
+    void report(int records, int unread, bool isWhole) const {
+        const bool isComplete =
+            isWhole && unread == 0 && records >= expected_ && differences_ == 0 && !output_.isIncomplete();
+        const Options& options = visit_.options;
+        if (options.json) {
+            QJsonObject object{{QStringLiteral("records"), records},
+                               {QStringLiteral("unreadable"), unread},
+                               {QStringLiteral("expected"), expected_},
+                               {QStringLiteral("file"), options.output},
+                               {QStringLiteral("complete"), isComplete}};
+            if (options.verify) {
+                object.insert(QStringLiteral("differences"), static_cast<int>(differences_));
+            }
+            visit_.terminal.print(object);
+        } else {
+            visit_.terminal.remark(
+                QStringLiteral("%1 of %2 records are in %3.").arg(records).arg(expected_).arg(options.output));
+        }
+        if (isComplete) {
+            return;
+        }
+        if (isWhole && unread == 0 && records >= expected_ && differences_ == 0) {
+            throw Failure(QString(), ExitStatus::Incomplete); // what could not be read has been told
+        }
+        QString text = QStringLiteral("The download is incomplete: %1 of %2 records came, and %3 could not be read.")
+                           .arg(records)
+                           .arg(expected_)
+                           .arg(unread);
+        if (differences_ > 0) {
+            text = QStringLiteral("Read a second time, %1 records were not as before.").arg(differences_);
+        }
+        throw Failure(text + QStringLiteral(" The instrument still holds its data; download it again."),
+                      ExitStatus::Incomplete);
+    }
+
+    static constexpr qint64 progressInterval = 200;
+
+    Visit& visit_;
+    Download& download_;
+    RowOutput output_;
+    bool isText_;           ///< The program's own text file.
+    bool isSecond_ = false; ///< The memory is read again.
+    int expected_ = 0;      ///< Records, as the instrument says.
+    int count_ = 0;         ///< Records of this reading.
+    std::vector<QByteArray> rows_;
+    qsizetype differences_ = 0;
+    qint64 began_ = 0; ///< Monotonic milliseconds, as the others.
+    qint64 lastRow_ = 0;
+    qint64 shownAt_ = 0;
+    Subscription taking_;
+    Subscription ticking_;
+};
+
+} // namespace
+
+Task<> downloadMemory(Visit& visit) {
+    Downloading downloading(visit);
+    co_await downloading.perform();
+}
+
+Task<> convertFiles(Visit& visit) {
+    const Options& options = visit.options;
+    const QDateTime now = visit.clock.now();
+    const OutputFile file{.name = options.output,
+                          .existing = options.force ? OutputFile::Existing::KeepDated : OutputFile::Existing::Refuse,
+                          .now = now};
+    const auto writer = makeRowWriter(*formatOfName(options.output), file);
+    const Converted converted =
+        orv::convertFiles(options.inputs, *writer, ConvertOptions{.program = options.program, .now = now});
+    if (!converted.error.isEmpty()) {
+        throw Failure(converted.error);
+    }
+    for (const QString& sentence : converted.report.sentences()) {
+        visit.terminal.tell(sentence);
+    }
+    visit.terminal.remark(QStringLiteral("%1 rows are in %2.").arg(converted.report.rows).arg(options.output));
+    if (converted.report.isIncomplete()) {
+        throw Failure(QString(), ExitStatus::Incomplete);
+    }
+    co_return;
+}
+
+} // namespace orv

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/rowoutput.h"
+
+#include "base/files.h"
+#include "base/text.h"
+#include "console/commands.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace orv {
+
+namespace {
+
+FileFormat formatFor(const Options& options) {
+    if (options.output == QLatin1String("-")) {
+        return options.json ? FileFormat::JsonLines : FileFormat::Csv;
+    }
+    return formatOfName(options.output).value_or(FileFormat::Csv); // the options have been checked
+}
+
+QString datedName(const QString& name, const QDateTime& moment) {
+    const QFileInfo info(name);
+    return info.dir().filePath(
+        QStringLiteral("%1-%2.%3").arg(info.completeBaseName(), fileNameStamp(moment), info.suffix()));
+}
+
+} // namespace
+
+QDateTime endOfFile(const QDateTime& begun, qint64 everyMilliseconds) {
+    constexpr qint64 day = 86'400'000;
+    const QDate date = begun.date();
+    if (everyMilliseconds % day == 0) {
+        return date.addDays(everyMilliseconds / day).startOfDay();
+    }
+    const qint64 next = (begun.time().msecsSinceStartOfDay() / everyMilliseconds + 1) * everyMilliseconds;
+    return next < day ? QDateTime(date, QTime::fromMSecsSinceStartOfDay(static_cast<int>(next)))
+                      : date.addDays(1).startOfDay();
+}
+
+RowOutput::RowOutput(Visit& visit)
+    : visit_(visit)
+    , toDevice_(visit.options.output == QLatin1String("-"))
+    , format_(formatFor(visit.options)) {}
+
+void RowOutput::refuseExisting() const {
+    if (!toDevice_ && visit_.options.everyMilliseconds == 0) {
+        orv::refuseExisting(visit_.options, visit_.options.output);
+    }
+}
+
+TableDescription RowOutput::describe() const {
+    const Program& program = visit_.program;
+    TableDescription table;
+    table.layout = program.sheet.rows.connectedLayout();
+    table.firmware = program.link.session.state.firmware;
+    table.settings = program.settings.shown.record.value();
+    if (visit_.clockOffset()) {
+        table.clockOffset = static_cast<double>(*visit_.clockOffset());
+    }
+    table.stamped = visit_.options.stamp;
+    table.program = visit_.options.program;
+    table.made = visit_.clock.now();
+    return table;
+}
+
+void RowOutput::begin(const QString& source) {
+    TableDescription table = describe();
+    table.source = source;
+    if (table_ && (table_->layout != table.layout || table_->firmware != table.firmware)) {
+        throw Failure(QStringLiteral("Another type of instrument is connected now. Its rows need another file."),
+                      ExitStatus::Incomplete);
+    }
+    const bool isFirst = !table_;
+    table_ = table;
+    if (isFirst) {
+        parser_.emplace(table);
+        beginFile();
+    }
+    if (hasFailed()) {
+        throw Failure(problem_);
+    }
+}
+
+void RowOutput::beginFile() {
+    const Options& options = visit_.options;
+    const QDateTime now = visit_.clock.now();
+    table_->made = now;
+    name_ = options.output;
+    if (options.everyMilliseconds != 0) {
+        name_ = datedName(options.output, now);
+        until_ = endOfFile(now, options.everyMilliseconds);
+    }
+    if (toDevice_) {
+        writer_ = makeRowWriter(format_, visit_.terminal.output());
+    } else {
+        if (options.force) {
+            check(keepUnderDatedName(name_, now));
+            check(format_ == FileFormat::Csv ? keepUnderDatedName(name_ + QLatin1String("-metadata.json"), now)
+                                             : QString());
+        }
+        const OutputFile file{.name = name_,
+                              .existing =
+                                  options.force ? OutputFile::Existing::KeepDated : OutputFile::Existing::Refuse,
+                              .now = now,
+                              .asItComes = writesAsItComes()};
+        writer_ = makeRowWriter(format_, file);
+        files_ << name_;
+    }
+    parser_->report = {};
+    if (!hasFailed()) {
+        check(writer_->begin(*table_));
+    }
+}
+
+void RowOutput::check(const QString& reason) {
+    if (!reason.isEmpty() && !hasFailed()) {
+        problem_ =
+            toDevice_
+                ? QStringLiteral("Standard output takes nothing any more: %1.").arg(reason)
+                : QStringLiteral("%1 could not be written: %2. Make room or choose another folder.").arg(name_, reason);
+        visit_.look();
+    }
+}
+
+void RowOutput::take(const DataRow& row) {
+    const QDateTime now = visit_.clock.now();
+    if (until_.isValid() && now >= until_ && !hasFailed()) {
+        endFile(0);
+        beginFile();
+    }
+    if (hasFailed()) {
+        return;
+    }
+    ++rows_;
+    check(writer_->add(parser_->read(rows_, row, now)));
+}
+
+void RowOutput::note(const QString& sentence) {
+    visit_.terminal.tell(sentence);
+    if (!hasFailed() && writer_) {
+        check(writer_->note(sentence, visit_.clock.now()));
+    }
+}
+
+void RowOutput::endFile(int unreadLines) {
+    parser_->report.unreadableLines += unreadLines;
+    check(writer_->finish(parser_->report));
+    for (const QString& sentence : parser_->report.sentences()) {
+        visit_.terminal.tell(sentence);
+    }
+    incomplete_ = incomplete_ || parser_->report.isIncomplete();
+    writer_.reset();
+}
+
+void RowOutput::finish(int unreadLines) {
+    if (writer_ && !hasFailed()) {
+        endFile(unreadLines);
+    }
+    if (hasFailed()) {
+        throw Failure(problem_);
+    }
+}
+
+} // namespace orv

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "console/visit.h"
+#include "formats/rowparser.h"
+#include "formats/rowwriter.h"
+
+namespace orv {
+
+/// Where a command writes rows: to a file, to dated files one after another, or to standard output. Its rows are
+/// numbered from 1 on through all files. After a failure nothing more is written.
+class RowOutput {
+public:
+    explicit RowOutput(Visit& visit);
+
+    /// Throws Failure if a file of the name exists that must be left alone.
+    void refuseExisting() const;
+
+    /// Begins the first file, with what is known of the instrument that has been connected. Once more, of the same
+    /// instrument connected again, changes nothing. Throws Failure.
+    void begin(const QString& source);
+
+    /// A row that has just come from the instrument.
+    void take(const DataRow& row);
+
+    /// Something that happened while rows came.
+    void note(const QString& sentence);
+
+    /// Ends the file. Tells what could not be read, these lines among it. Throws Failure.
+    void finish(int unreadLines);
+
+    /// Each row is with the operating system as soon as it is taken.
+    bool writesAsItComes() const { return toDevice_ || format_ == FileFormat::Csv || format_ == FileFormat::JsonLines; }
+    bool hasFailed() const { return !problem_.isEmpty(); }
+    QString problem() const { return problem_; }
+
+    int rows() const { return rows_; }
+    bool isIncomplete() const { return incomplete_; }
+    const QStringList& files() const { return files_; }
+
+private:
+    TableDescription describe() const;
+    void beginFile();
+    void endFile(int unreadLines);
+    void check(const QString& reason);
+
+    Visit& visit_;
+    bool toDevice_;
+    FileFormat format_;
+    std::optional<TableDescription> table_;
+    std::optional<RowParser> parser_;
+    std::unique_ptr<RowWriter> writer_;
+    QString name_;    ///< Of the present file.
+    QDateTime until_; ///< When the next one begins; not valid: never.
+    QString problem_; ///< In a sentence.
+    int rows_ = 0;
+    bool incomplete_ = false;
+    QStringList files_;
+};
+
+/// When the file that is begun at this moment ends: intervals are counted from midnight, days from day to day.
+QDateTime endOfFile(const QDateTime& begun, qint64 everyMilliseconds);
+
+} // namespace orv
