@@ -10,7 +10,7 @@ install(TARGETS orvhost
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         BUNDLE DESTINATION .)
 if(LINUX)
-    install(TARGETS orvsim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(TARGETS orv orvsim RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
@@ -40,7 +40,20 @@ foreach(size 16 22 24 32 48 64 128 256 512)
 endforeach()
 orv_install_compressed(man/orvhost.1 ${CMAKE_INSTALL_MANDIR}/man1 orvhost.1)
 if(LINUX)
+    orv_install_compressed(man/orv.1 ${CMAKE_INSTALL_MANDIR}/man1 orv.1)
     orv_install_compressed(man/orvsim.1 ${CMAKE_INSTALL_MANDIR}/man1 orvsim.1)
+    install(FILES ${packaging}/orv.bash-completion
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME orv)
+    set(unit orv-collect@.service)
+    set(ORV_PROGRAM orv) # found by the system in its own folders of programs
+    configure_file(${packaging}/${unit}.in ${prepared}/${unit} @ONLY)
+    install(FILES ${prepared}/${unit} DESTINATION lib/systemd/system)
+    find_program(SYSTEMD_ANALYZE systemd-analyze)
+    if(ORV_BUILD_TESTS AND SYSTEMD_ANALYZE)
+        set(ORV_PROGRAM ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/orv)
+        configure_file(${packaging}/${unit}.in ${prepared}/checked/${unit} @ONLY)
+        add_test(NAME systemd_unit COMMAND ${SYSTEMD_ANALYZE} verify --man=no ${prepared}/checked/${unit})
+    endif()
 endif()
 orv_install_compressed(debian/changelog ${CMAKE_INSTALL_DOCDIR} changelog)
 install(FILES ${packaging}/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
@@ -60,6 +73,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "ORV Host connects the ORV self-logging optical water sensors, the fluorometer
 GLOW and the three-angle scattering meter TRX, on a serial port.
+orv does the same without a window, in scripts and as a service.
 .
 It reads and sends their logger settings and clock, collects live data into a
 sheet and a record file, downloads their memory and supports bench

@@ -38,11 +38,15 @@ for size in 16 22 24 32 48 64 128 256 512; do
 done
 
 # The manual pages know every option, and groff has nothing to say about them.
-for program in orvhost orvsim; do
+for program in orvhost orv orvsim; do
     page=$share/man/man1/$program.1.gz
     LC_ALL=C.UTF-8 man --warnings -l "$page" >"$work/$program.txt" 2>"$work/warnings"
     [ ! -s "$work/warnings" ] || fail "$program.1: $(cat "$work/warnings")"
-    "$work/usr/bin/$program" --help | grep -oE -- ' --[a-z0-9-]+' | sort -u >"$work/options"
+    commands=$("$work/usr/bin/$program" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z]\+\) .*/\1/p')
+    for command in "" $commands; do
+        # shellcheck disable=SC2086 # the empty one is none
+        "$work/usr/bin/$program" $command --help
+    done | grep -oE -- '[ ,]--[a-z0-9-]+' | tr -d , | sort -u >"$work/options"
     [ -s "$work/options" ] || fail "$program --help lists no options"
     while read -r option; do
         grep -q -- "$option" "$work/$program.txt" || fail "the manual page of $program does not know $option"
