@@ -3,6 +3,8 @@
 
 #include "testing/folder.h"
 
+#include <cerrno>
+
 namespace orv {
 namespace {
 
@@ -33,7 +35,7 @@ TEST_F(AppendWholeTest, FullDiskLeavesTheFileAsItWasAndTheNextAppendGoesOnThere)
     ASSERT_EQ(appendWhole(file, "one\r\n"), QString());
     for (const rlim_t space : {rlim_t{5}, rlim_t{7}, rlim_t{9}}) {
         const FileSizeLimit limit(space);
-        EXPECT_EQ(appendWhole(file, "two\r\n").toStdString(), "File too large");
+        EXPECT_EQ(appendWhole(file, "two\r\n"), systemWords(EFBIG));
         EXPECT_EQ(contentsOf(file.fileName()), QByteArray("one\r\n"));
     }
     EXPECT_EQ(appendWhole(file, "three\r\n"), QString());
@@ -45,7 +47,7 @@ TEST_F(AppendWholeTest, FullDiskLeavesTheFileAsItWasAndTheNextAppendGoesOnThere)
 TEST(AppendWhole, DeviceWithoutSpaceIsToldInTheSystemsWords) {
     QFile full(QStringLiteral("/dev/full"));
     ASSERT_TRUE(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    EXPECT_EQ(appendWhole(full, "one\r\n").toStdString(), "No space left on device");
+    EXPECT_EQ(appendWhole(full, "one\r\n"), systemWords(ENOSPC));
 }
 #endif
 

@@ -5,6 +5,8 @@
 
 #include <QFileInfo>
 
+#include <cerrno>
+
 namespace orv {
 
 namespace {
@@ -88,9 +90,10 @@ TEST_F(DownloadEndsTest, FileThatCannotBeCreatedIsToldAndNothingIsSent) {
     com1.writes.clear();
     saveAsText("nowhere/dump.txt");
     EXPECT_EQ(com1.allWritten(), QByteArray());
-    EXPECT_EQ(onlyMessage(), "The stored data cannot be written to " + path("nowhere/dump.txt").toStdString() +
-                                 ": No such file or directory.\n\nNothing was asked of the instrument. The instrument "
-                                 "still holds its data. Make room or choose another folder, and download it again.");
+    EXPECT_EQ(onlyMessage(), "The stored data cannot be written to " + path("nowhere/dump.txt").toStdString() + ": " +
+                                 wordsOfOpening(path("nowhere/dump.txt"), QIODevice::WriteOnly).toStdString() +
+                                 ".\n\nNothing was asked of the instrument. The instrument still holds its data. Make "
+                                 "room or choose another folder, and download it again.");
     expectDialogPutBack();
     EXPECT_FALSE(isTaking());
     EXPECT_EQ(state.Ctrlscrn, Operation::SettingsOpen);
@@ -124,6 +127,17 @@ TEST_F(DownloadEndsTest, StalledDumpIsToldAfterTenSecondsAndWaitedFor) {
     EXPECT_EQ(dumpRows(), "1\t1/5/99\t9:05:01\t700\r\n2\t1/5/99\t9:05:01\t700\r\n");
     EXPECT_EQ(sheet.rowCount(), 2);
     EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(DownloadEndsTest, StallIsToldInTimeThoughTheTimerSleeps) {
+    saveAsText();
+    replyAll({">O", record});
+    live(5.0);
+    com1.input += "half a li"; // wakes the timer, which finds nothing to do
+    live(4.9);
+    EXPECT_EQ(statusText(), "Saving Sheet");
+    live(0.2);
+    EXPECT_EQ(statusText(), stalled);
 }
 
 TEST_F(DownloadEndsTest, InstrumentThatNeverAnswersIsToldToo) {
@@ -290,7 +304,8 @@ TEST_F(DownloadEndsTest, DiskThatIsFullFromTheStartIsToldAndNothingIsSent) {
 TEST_F(DownloadEndsTest, DeviceWithoutSpaceIsToldInTheSystemsWords) {
     answers.fileName = QStringLiteral("/dev/full");
     download.saveAsText();
-    EXPECT_TRUE(onlyMessage().starts_with("The stored data cannot be written to /dev/full: No space left on device."));
+    EXPECT_TRUE(onlyMessage().starts_with(
+        "The stored data cannot be written to /dev/full: " + systemWords(ENOSPC).toStdString() + "."));
     EXPECT_EQ(com1.allWritten(), QByteArray());
     EXPECT_FALSE(progress.visible);
 }
@@ -299,7 +314,7 @@ TEST_F(DownloadEndsTest, DeviceWithoutSpaceIsToldInTheSystemsWords) {
 TEST_F(DownloadEndsTest, FolderThatTakesNoFilesIsTold) {
     const UnwritableFolder unwritable(folder.path());
     saveAsText();
-    EXPECT_TRUE(onlyMessage().find(": Permission denied.") != std::string::npos);
+    EXPECT_TRUE(onlyMessage().find(": " + systemWords(EACCES).toStdString() + ".") != std::string::npos);
     EXPECT_EQ(com1.allWritten(), QByteArray());
     EXPECT_FALSE(progress.visible);
 }

@@ -2,6 +2,8 @@
 #include "sheet/sheetformat.h"
 #include "testing/sheettest.h"
 
+#include <cerrno>
+
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
 #endif
@@ -182,7 +184,8 @@ TEST_F(SheetLoadingTest, FilesThatCannotBeLoadedLeaveTheSheet) {
 }
 
 TEST_F(SheetLoadingTest, FileThatIsGoneOrAFolderIsTold) {
-    EXPECT_EQ(refusal(path("gone.txt")), "It cannot be read: No such file or directory.");
+    EXPECT_EQ(refusal(path("gone.txt")),
+              "It cannot be read: " + wordsOfOpening(path("gone.txt"), QIODevice::ReadOnly).toStdString() + ".");
     EXPECT_EQ(refusal(folder.path()), "It is a folder or a device, not a file.");
 }
 
@@ -202,7 +205,7 @@ TEST_F(SheetLoadingTest, PipeWithoutAWriterIsNotWaitedFor) {
 TEST_F(SheetLoadingTest, UnreadableFileIsTold) {
     QFile::setPermissions(path("newer.txt"), QFile::Permissions());
     const UnwritableFolder asNobody(folder.path());
-    EXPECT_EQ(refusal(path("newer.txt")), "It cannot be read: Permission denied.");
+    EXPECT_EQ(refusal(path("newer.txt")), "It cannot be read: " + systemWords(EACCES).toStdString() + ".");
 }
 #endif
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/folder.h"
 
+#include "base/files.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -25,6 +27,16 @@ void fill(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+QString systemWords(int error) {
+    return qt_error_string(error);
+}
+
+QString wordsOfOpening(const QString& path, QIODevice::OpenMode mode) {
+    QFile file(path);
+    EXPECT_FALSE(file.open(mode)) << qPrintable(path);
+    return errorText(file);
 }
 
 OwnFolder::OwnFolder()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QIODevice>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -16,6 +17,11 @@ QByteArray contentsOf(const QString& path);
 
 /// Makes a file of these bytes; the test fails if that cannot be done.
 void fill(const QString& path, const QByteArray& bytes);
+
+/// What the system says of an error, by its number.
+QString systemWords(int error);
+/// What it says when a file of that name is opened; the test fails if that succeeds.
+QString wordsOfOpening(const QString& path, QIODevice::OpenMode mode);
 
 /// A folder of the test's own that is the working directory while this lives.
 class OwnFolder {
