@@ -68,6 +68,25 @@ TEST_F(ProgramTest, ClosingTheWindowAsksWithoutAnnouncingAnExit) {
     EXPECT_EQ(said(), "");
 }
 
+constexpr const char* waitingLine = "11/21/26\t2700\t3\t20\t30\t40\r\n";
+
+TEST_F(ProgramTest, QuitAsksAboutTheRowsOfLinesThatWait) {
+    runWithRows(0);
+    com1.input += waitingLine;
+    answers.yes = true;
+    EXPECT_FALSE(quit()) << "the saving is cancelled";
+    EXPECT_TRUE(answers.asked.join(u'\n').startsWith(QString::fromLatin1(question)));
+    EXPECT_EQ(sheet.rowCount(), 1);
+}
+
+TEST_F(ProgramTest, TheEndTurnsLinesThatWaitIntoRows) {
+    runWithRows(2);
+    com1.input += waitingLine;
+    program.end();
+    EXPECT_EQ(sheet.rowCount(), 3);
+    EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n3\t11/21/26\t1:00:00\t3\t\t20\t\t30\t40\r\n"));
+}
+
 TEST_F(ProgramTest, TheEndLeavesARunWhole) {
     program.load();
     runWithRows(3);
@@ -221,20 +240,32 @@ TEST_P(NextSession, TellsASaveThatFailsAgain) {
 }
 
 #ifdef Q_OS_UNIX
-TEST_F(ProgramTest, TheNextSessionTellsALogThatCannotBeWrittenAgain) {
+TEST_P(NextSession, TellsALogThatCannotBeWrittenAgain) {
     program.load();
     connectAndRead();
-    {
-        const FileSizeLimit full(1);
-        receive("a\r\n");
-        receive("b\r\n");
+    const FileSizeLimit full(1);
+    const auto expectTold = [this] {
         EXPECT_TRUE(theMessage().text.startsWith(QLatin1String("The log file log.ohp can no longer be written: ")));
-        messages.shown.clear();
+    };
+    receive("a\r\n");
+    receive("b\r\n");
+    expectTold();
+    messages.shown.clear();
+    if (GetParam()) {
         program.closePort();
-        connect();
-        receive("c\r\n");
-        EXPECT_TRUE(theMessage().text.startsWith(QLatin1String("The log file log.ohp can no longer be written: ")));
+    } else {
+        fixit();
     }
+    program.autoConnect1();
+    receive("noise");
+    receive("more");
+    expectTold();
+    // What is known then ends the session of an attempt that said nothing.
+    messages.shown.clear();
+    replies = {"V512\r"};
+    finish();
+    receive("c\r\n");
+    expectTold();
 }
 #endif
 

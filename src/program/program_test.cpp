@@ -73,7 +73,8 @@ TEST_F(ProgramTest, AResetWithNoPortOpenTouchesNoPort) {
     expectOffline();
     EXPECT_TRUE(com1.dtr.isEmpty());
     EXPECT_TRUE(com1.writes.empty());
-    EXPECT_EQ(ports.inputCount(), 0);
+    EXPECT_EQ(com1.discards, 0);
+    EXPECT_EQ(com1.input->toStdString(), "left over");
 }
 
 TEST_F(ProgramTest, AResetHidesEveryFrameOfTheDebugScreen) {
