@@ -223,6 +223,12 @@ TEST_F(ComputationTest, TheSumIsRoundedBeforeTheDivision) {
     EXPECT_EQ(rowText(Clean), "5 4 0") << "9.5 is 10, 8.5 is 8";
 }
 
+TEST_F(ComputationTest, TheSumHasDoublePrecision) {
+    // In single precision each sum would end in .5 and be rounded to the even number above.
+    compute(Clean, {"32000 0.4999 -32000", "765.4999 32765 -765.4999"});
+    EXPECT_EQ(rowText(Clean), "16382 16382 -16382");
+}
+
 TEST_F(ComputationTest, CellsCountByTheirLeadingNumber) {
     fillSheet({QStringLiteral("10x 5 8"), QStringLiteral("none 5 8")});
     compute(Air, {});
@@ -235,6 +241,13 @@ TEST_F(ComputationTest, APointAlsoDerivesItsExpectedCount) {
     compute(Point2, {"7 8 9"});
     EXPECT_EQ(rowText(Point2), "7 8 9");
     EXPECT_EQ(results(), "1800 1 -35") << R"(600*(1000 \ 300), Int(0.5*3), -2.5*14)";
+}
+
+TEST_F(ComputationTest, ADerivedPointIsTheWholeNumberBelow) {
+    fill(shown.worksheet, "0 0 0/300 100 -300/0 0 0/0 0 0/0 0 0/0 0 0");
+    fill(shown.reference, "100 100 100/-0.5 -0.5 0.1/0 0 0/0 0 0/0 0 0");
+    compute(Point1, {"1 1 1"});
+    EXPECT_EQ(results(), "-2 -1 -1") << "Int(-0.5*3), Int(-0.5*1), Int(0.1*-3)";
 }
 
 TEST_F(ComputationTest, EveryPointReadsTheRowsAboveIt) {
@@ -380,6 +393,10 @@ TEST_F(ComputationTest, TheSheetIsLeftOnTheLastCellVisited) {
     actions.calcdp();
     EXPECT_EQ(sheetState.currentColumn.value(), 5);
     EXPECT_EQ(sheetState.currentRow.value(), 2);
+    program.clearAll();
+    actions.calcdp();
+    EXPECT_EQ(sheetState.currentColumn.value(), 3);
+    EXPECT_EQ(sheetState.currentRow.value(), 2) << "no row was visited";
 }
 
 TEST_F(ComputationTest, WithoutRowsTheSheetIsLeftInTheFirstColumn) {

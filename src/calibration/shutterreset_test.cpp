@@ -67,7 +67,11 @@ TEST_F(ShutterResetTest, CanBeUsedAgainWhenTheRestoredSettingsHaveBeenRead) {
     EXPECT_FALSE(commands.canResetShutter);
     EXPECT_FALSE(commands.canRun);
     EXPECT_FALSE(commands.canCommand);
+    eachMillisecond = [&] {
+        EXPECT_EQ(commands.resetShutterEnabled.value(), settings.lamp.value() == Lamp::Read) << "not by a part of them";
+    };
     live(1.0);
+    eachMillisecond = {};
     EXPECT_EQ(state.Timeout - linesBefore, 12 + 12);
     EXPECT_TRUE(commands.canResetShutter);
     EXPECT_TRUE(commands.canRun);
@@ -178,6 +182,17 @@ TEST_F(ShutterResetTest, TheScreenShowsTheTemporarySettingsWhileTheyAreSent) {
     };
     resetShutter();
     EXPECT_EQ(sent, shutterSettings());
+}
+
+TEST_F(ShutterResetTest, EachStepIsOnTheScreenBeforeItsCommandIsSent) {
+    QStringList shownAt;
+    line->written = [this, &shownAt](const QByteArray& bytes) {
+        if (bytes == "B" || bytes == "r") {
+            shownAt << status.shutterProgress.value();
+        }
+    };
+    resetShutter();
+    EXPECT_EQ(join(shownAt), "Sending New Settings|Moving Shutter|Restoring Orignal Settings");
 }
 
 TEST_F(ShutterResetTest, TheClockIsNotSetEvenIfTheBoxIsTicked) {
@@ -311,6 +326,25 @@ TEST(ShutterPolls, EndWithThePromptAloneOrAtTheirLimit) {
     }
     // A block and its millisecond are one poll, except where a count is shown between them.
     EXPECT_NEAR(static_cast<double>(movingTime(blocks)), static_cast<double>(limit), 50.0);
+}
+
+TEST(ShutterPolls, EndAtTheCountOf30001) {
+    ShutterBench bench;
+    bench.line->silent = true;
+    qint64 began = 0;
+    qint64 ended = 0;
+    bench.line->discarded = [&] {
+        if (bench.at("Moving Shutter", 0)) {
+            began = bench.clock.monotonicMilliseconds(); // the shutter has moved
+        }
+    };
+    bench.eachMillisecond = [&] {
+        if (ended == 0 && bench.at("Restoring Orignal Settings", 0)) {
+            ended = bench.stepBegan;
+        }
+    };
+    bench.resetShutter();
+    EXPECT_EQ(ended - began, 30'001 - 21) << "the retries have been counted";
 }
 
 TEST_F(ShutterResetTest, AnnouncesItself) {
