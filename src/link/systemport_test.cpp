@@ -206,6 +206,16 @@ TEST_F(SystemPortTest, tellsFromTheEventLoopThatSomethingHasCome) {
     EXPECT_EQ(tellings, 3) << "nothing has come since";
 }
 
+TEST_F(SystemPortTest, tellsAgainWhenWhatHadComeWasDiscarded) {
+    ASSERT_EQ(port.open(), QString());
+    for (const int before : {0, 1}) {
+        terminal.send("abc");
+        waitUntil([this, before] { return tellings > before; });
+        EXPECT_EQ(tellings, before + 1);
+        port.discardInput();
+    }
+}
+
 TEST_F(SystemPortTest, mayBeClosedByWhomItTells) {
     ASSERT_EQ(port.open(), QString());
     const Subscription closing = port.stirred.subscribe([this] { port.close(); });
@@ -326,6 +336,21 @@ TEST_F(SystemPortTest, neitherBlocksNorFailsWhenTheFarEndTakesNothing) {
     }
     EXPECT_GE(arrived, 60000);
     EXPECT_LT(arrived, 200000) << "output to a stuck line is bounded";
+}
+
+TEST_F(SystemPortTest, takesAsMuchAsMayWaitAndNoMore) {
+    ASSERT_EQ(port.open(), QString());
+    constexpr qsizetype mayWait = 65536;
+    for (const qsizetype longer : {0, 1}) {
+        port.write(QByteArray(mayWait + longer, 'x'));
+        qsizetype arrived = 0;
+        waitUntil([&] {
+            arrived += terminal.receiveWaiting(1).size();
+            QCoreApplication::processEvents();
+            return arrived == mayWait || longer == 1;
+        });
+        EXPECT_EQ(arrived, longer == 0 ? mayWait : 0);
+    }
 }
 
 TEST_F(SystemPortTest, saysThatADeviceIsUsedByAnotherProgramAndByWhich) {

@@ -114,6 +114,13 @@ TEST_F(DeviceFilesTest, TooFewValuesLeaveTheBoxes) {
     EXPECT_TRUE(messages.shown.empty());
 }
 
+TEST_F(DeviceFilesTest, OnlyTheBeginningOfALongFileIsRead) {
+    const QByteArray last = ",2,3,4,5,67";
+    fill(answers.fileName, "\"1\"" + QByteArray(65'537 - 3 - last.size(), 'x') + last);
+    files.loadDeviceFile();
+    EXPECT_EQ(boxes(), "1 4 2 5 3 6") << "up to 65536 characters";
+}
+
 TEST_F(DeviceFilesTest, AMissingFileAndACancelledDialogAreSilent) {
     files.loadDeviceFile();
     answers.fileName.clear();

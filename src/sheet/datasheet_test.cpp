@@ -37,6 +37,8 @@ TEST(DataSheet, CellsAreWhatWasAppended) {
     const QString received = QString::fromLatin1("\xb5\xff~");
     sheet.appendRow({received});
     EXPECT_EQ(sheet.cell(2, 0), received);
+    sheet.appendRow(texts("|1/5/99"));
+    EXPECT_EQ(sheet.cell(3, 0), QString());
 }
 
 TEST(DataSheet, WritesAsManyCellsAsAskedEachWithATab) {

@@ -386,5 +386,15 @@ TEST_F(PlotViewTest, ValuesStandStillWhileTheyFitAndFillWell) {
     EXPECT_EQ(values(), (Range{.lower = -7, .upper = 147})) << "a new choice lays out anew";
 }
 
+TEST_F(PlotViewTest, ValuesAtTheVeryEdgeFit) {
+    append(1, QStringLiteral("0"));
+    append(1, QStringLiteral("100"));
+    const Range first = values();
+    for (const double edge : {first.upper, first.lower}) {
+        append(1, QString::number(edge));
+        EXPECT_EQ(values(), first);
+    }
+}
+
 } // namespace
 } // namespace orv

@@ -178,6 +178,15 @@ TEST_F(RecordedRowsTest, RowsFromBeforeTheSheetWasClearedAreLeftOut) {
     EXPECT_EQ(firstLost.sheet.rows.size(), 1U);
 }
 
+TEST_F(RecordedRowsTest, NumbersThatBeginAnewForgetWhatWasMissingBefore) {
+    for (const QByteArray& before : {newerRow(1), newerRow(1) + newerRow(3)}) {
+        const RecordedRows found = read(newer + before + newerRow(1));
+        EXPECT_TRUE(found.hasEarlierRows);
+        EXPECT_EQ(found.missingRows, 0);
+        EXPECT_EQ(text(found), newerCells(1));
+    }
+}
+
 TEST_F(RecordedRowsTest, OfAVeryLongFileTheEndIsRead) {
     QByteArray bytes = newer;
     const QByteArray sheetful = newerRows(20000);
