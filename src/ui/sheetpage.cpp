@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyleOptionSlider>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
@@ -94,12 +95,35 @@ public:
     }
 };
 
+/// Where the handle of an upright scroll bar is drawn.
+QRect handleOf(const QScrollBar& bar) {
+    QStyleOptionSlider option;
+    option.initFrom(&bar);
+    option.orientation = Qt::Vertical;
+    option.minimum = bar.minimum();
+    option.maximum = bar.maximum();
+    option.pageStep = bar.pageStep();
+    option.singleStep = bar.singleStep();
+    option.sliderPosition = bar.sliderPosition();
+    option.sliderValue = bar.value();
+    return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
+}
+
+/// Has `change` applied to a widget without its being painted anew.
+template <typename Change>
+void unpainted(QWidget& widget, const Change& change) {
+    widget.setAttribute(Qt::WA_UpdatesDisabled, true);
+    change();
+    widget.setAttribute(Qt::WA_UpdatesDisabled, false);
+}
+
 } // namespace
 
 SheetPage::SheetPage(Program& program)
     : shown_(program.sheet.shown)
     , model_(program.sheet.data)
     , grid_(makeControl<QTableView>("fg1", "Data sheet"))
+    , counter_(makeNumberLabel("SheetCounter", "Rows on the sheet", "0000000"))
     , redrawing_(this, refreshDelay, [this] { refreshNow(); }) {
     setObjectName(QStringLiteral("SheetPage"));
     grid_->setModel(&model_);
@@ -128,6 +152,7 @@ SheetPage::SheetPage(Program& program)
                           model_.noteRemoved();
                           schedule();
                       })};
+    bindings_.bind(shown_.counter, [this](const QString&) { schedule(); });
     bindings_.bind(shown_.topRow, [this](int) { schedule(); });
     const auto visit = [this](int) {
         visitPending_ = true;
@@ -141,8 +166,6 @@ QLayout* SheetPage::makeBar(Program& program) {
     auto* fileName =
         makeBox("Text37", "Default File Name, and the file name used for auto-recording of long profiles.");
     bindTyped(bindings_, fileName, shown_.fileName);
-    auto* counter = makeNumberLabel("SheetCounter", "Rows on the sheet", "0000000");
-    bindText(bindings_, counter, shown_.counter);
     auto* records = makeNumberLabel("RecordsCounter", "Automatic saves", "0000000");
     records->setToolTip(QStringLiteral("This is used to indicated how many records were automatically created over a "
                                        "long profile, or data gathering."));
@@ -169,7 +192,7 @@ QLayout* SheetPage::makeBar(Program& program) {
     bar->addWidget(fileName, 1);
     bar->addSpacing(16);
     bar->addWidget(new QLabel(QStringLiteral("Rows :")));
-    bar->addWidget(counter);
+    bar->addWidget(counter_);
     bar->addWidget(new QLabel(QStringLiteral("Records :")));
     bar->addWidget(records);
     bar->addSpacing(16);
@@ -190,13 +213,24 @@ void SheetPage::refreshNow() {
         return;
     }
     stale_ = false;
-    if (model_.refresh()) {
+    counter_->setText(shown_.counter);
+    const int rowsBefore = model_.rowCount();
+    const bool replaced = model_.refresh();
+    if (replaced) {
         shownTop_ = 0;
     }
     const QModelIndex visited = model_.index(shown_.currentRow - 1, shown_.currentColumn);
     if (std::exchange(visitPending_, false) && visited.isValid() && visited != grid_->currentIndex()) {
         grid_->selectionModel()->setCurrentIndex(visited, QItemSelectionModel::NoUpdate);
     }
+    if (replaced || model_.rowCount() == rowsBefore) {
+        bringIntoView();
+    } else {
+        showRowsFrom(rowsBefore);
+    }
+}
+
+void SheetPage::bringIntoView() {
     // The grid's row 0 is the header, so grid row n is row n - 1 of the table.
     if (shown_.topRow != shownTop_) {
         shownTop_ = shown_.topRow;
@@ -204,6 +238,31 @@ void SheetPage::refreshNow() {
             grid_->doItemsLayout(); // new rows must count before the view can be brought to them
             grid_->verticalScrollBar()->setValue(shownTop_ - 1);
         }
+    }
+}
+
+void SheetPage::showRowsFrom(int first) {
+    QWidget& cells = *grid_->viewport();
+    QScrollBar& bar = *grid_->verticalScrollBar();
+    const QSize size = cells.size();
+    const int offset = grid_->verticalHeader()->offset();
+    const QRect handle = handleOf(bar);
+    // By itself the grid paints all its cells and the whole scroll bar for each row that comes.
+    unpainted(bar, [&] {
+        unpainted(cells, [&] {
+            grid_->doItemsLayout();
+            bringIntoView();
+        });
+    });
+    if (cells.size() != size) { // the scroll bar has come
+        cells.update();
+    } else {
+        cells.scroll(0, offset - grid_->verticalHeader()->offset());
+        const int top = grid_->rowViewportPosition(first);
+        cells.update(0, top, cells.width(), cells.height() - top);
+    }
+    if (handleOf(bar) != handle) {
+        bar.update();
     }
 }
 

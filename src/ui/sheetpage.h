@@ -37,8 +37,8 @@ private:
     bool headerStale_ = false;
 };
 
-/// The page "Output: Spread Sheet". Counters follow every row; the grid is drawn about five times a second, and not
-/// at all while another page is shown.
+/// The page "Output: Spread Sheet". The grid and the count of rows are drawn about five times a second, and not at all
+/// while another page is shown.
 class SheetPage final : public QWidget {
 public:
     explicit SheetPage(Program& program);
@@ -49,10 +49,14 @@ public:
 private:
     QLayout* makeBar(Program& program);
     void schedule();
+    void bringIntoView();
+    /// Shows the rows from that one on, which are new, and paints no others that are on the screen already.
+    void showRowsFrom(int first);
 
     SheetState& shown_;
     SheetModel model_;
     QTableView* grid_;
+    QLabel* counter_;
     Redrawing redrawing_;
     bool stale_ = false;
     int shownTop_ = 0;
