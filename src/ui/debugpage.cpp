@@ -120,7 +120,8 @@ DebugPage::DebugPage(Program& program)
     : program_(program)
     , debug_(program.link.debug)
     , session_(program.link.session)
-    , model_(debug_.list) {
+    , model_(debug_.list)
+    , numbers_(this) {
     setObjectName(QStringLiteral("DebugScreen"));
     auto* layout = new QHBoxLayout(this);
     auto* frame = makeDebugFrame();
@@ -243,7 +244,7 @@ QGroupBox* DebugPage::makeStatus() {
     auto* buffer = makeFramedLabel("DebugBuffer", "Buffer");
     buffer->setToolTip(QStringLiteral("Characters received that do not make a whole line yet."));
     buffer->setMinimumWidth(buffer->fontMetrics().horizontalAdvance(QStringLiteral("000000")));
-    bindings_.bind(session_.status.bufferCount, [buffer](int count) { buffer->setText(QString::number(count)); });
+    numbers_.bind(buffer, session_.status.bufferCount);
     auto* frame = makeFrame("Status");
     auto* layout = new QHBoxLayout(frame);
     layout->addWidget(status);
@@ -258,18 +259,17 @@ QGroupBox* DebugPage::makeStatus() {
 void DebugPage::addSensorFrames(QVBoxLayout* frames) {
     const QString output = QStringLiteral("Output");
     auto* fluorometer = addSensorFrame(frames, "Fluorometer", "FluorometerFrame", debug_.fluorometerFrameVisible);
-    bindText(bindings_, addOutput(fluorometer, output, QStringLiteral("Fluorometer output")), debug_.fluorometerOutput);
+    numbers_.bind(addOutput(fluorometer, output, QStringLiteral("Fluorometer output")), debug_.fluorometerOutput);
     auto* scattering = addSensorFrame(frames, "Scattering Meter", "OutputFrame", debug_.outputFrameVisible);
     std::size_t channel = 0;
     for (const char* angle : channelAngles) {
         const QString degrees = QString::fromLatin1(angle);
-        bindText(bindings_,
-                 addOutput(scattering, output + u' ' + degrees,
-                           QStringLiteral("Scattering output at %1 degrees").arg(degrees)),
-                 debug_.scatteringOutputs.at(channel++));
+        numbers_.bind(addOutput(scattering, output + u' ' + degrees,
+                                QStringLiteral("Scattering output at %1 degrees").arg(degrees)),
+                      debug_.scatteringOutputs.at(channel++));
     }
-    bindText(bindings_, addOutput(scattering, QStringLiteral("Ref Det"), QStringLiteral("Reference detector")),
-             debug_.scatteringReference);
+    numbers_.bind(addOutput(scattering, QStringLiteral("Ref Det"), QStringLiteral("Reference detector")),
+                  debug_.scatteringReference);
     // No instrument of the series fills these two.
     addOutput(addSensorFrame(frames, "Transmissometer", "TransmissometerFrame", debug_.transmissometerFrameVisible),
               output, QStringLiteral("Transmissometer output"));

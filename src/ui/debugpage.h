@@ -2,6 +2,7 @@
 #pragma once
 
 #include "program/program.h"
+#include "ui/widgets.h"
 
 #include <QAbstractListModel>
 #include <QTimer>
@@ -80,6 +81,7 @@ private:
     const Session& session_;
     DebugListModel model_;
     Subscription lastSelected_;
+    LateTexts numbers_;
     Bindings bindings_;
 };
 

@@ -251,7 +251,7 @@ TEST_F(DebugScreenTest, StatusAndBufferFollow) {
     status.status = QStringLiteral("Connecting...");
     receive("abc");
     EXPECT_EQ(text("DebugStatus"), "Connecting...");
-    EXPECT_EQ(text("DebugBuffer"), "3");
+    EXPECT_TRUE(waitFor([this] { return text("DebugBuffer") == "3"; }, 5000)) << text("DebugBuffer");
 }
 
 TEST_F(DebugScreenTest, FramesAndTheirValuesFollow) {
@@ -271,6 +271,7 @@ TEST_F(DebugScreenTest, FramesAndTheirValuesFollow) {
     debug.scatteringOutputs[1] = QStringLiteral("125.5");
     debug.scatteringReference = QStringLiteral("4000");
     debug.fluorometerOutput = QStringLiteral("77");
+    waitFor([this] { return text("Fluorometer output") == "77"; }, 5000);
     expectTexts({{"Scattering output at 125 degrees", "125.5"},
                  {"Reference detector", "4000"},
                  {"Fluorometer output", "77"},

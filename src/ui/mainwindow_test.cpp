@@ -176,6 +176,7 @@ TEST_F(WindowTest, TheMenusOfAKnownInstrumentComeAndGo) {
 TEST_F(WindowTest, TheStatusPageShowsTheSession) {
     expectTexts({{"Label20", "Offline"}, {"FirmwareLabel", "________"}, {"Label23", "________________"}});
     connectAndRead();
+    waitFor([this] { return text("BufferLabel") == "1"; }, 5000);
     expectTexts({{"Label20", "Ready"},
                  {"InstrumentLabel", "TRX"},
                  {"FirmwareLabel", "512"},

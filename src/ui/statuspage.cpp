@@ -14,7 +14,6 @@ namespace orv {
 
 namespace {
 
-constexpr int drawDelay = 200; ///< Milliseconds after the first of some changes.
 constexpr int columnsAcross = 3;
 constexpr int valueMargin = 4;
 
@@ -25,7 +24,7 @@ int widthOf(const QLabel& value, const QString& text) {
            std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(QStringLiteral("00000.00000")));
 }
 
-/// The newest row of the sheet in large figures, to be read from a few steps away. Drawn about five times a second
+/// The newest row of the sheet in large figures, to be read from a few steps away. Drawn about four times a second
 /// while rows come, and not at all while hidden.
 class NewestRowScreen final : public QGroupBox {
 public:
@@ -46,7 +45,7 @@ NewestRowScreen::NewestRowScreen(const Program& program)
     : QGroupBox(QStringLiteral("Newest row"))
     , sheet_(program.sheet.data)
     , empty_(new QLabel(QStringLiteral("No rows yet. Connect, then press Run.")))
-    , redrawing_(this, drawDelay, [this] { draw(); }) {
+    , redrawing_(this, LateTexts::delay, [this] { draw(); }) {
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(32);
     grid->addWidget(empty_, 0, 0, 1, columnsAcross);
@@ -89,21 +88,17 @@ void NewestRowScreen::draw() {
         }
         QLabel* value = values_[column];
         const QString text = sheet_.cell(row, static_cast<int>(column));
-        if (value->text() != text) {
-            value->setText(text);
+        if (value->text().size() != text.size()) { // digits are equally wide
             value->setFixedWidth(widthOf(*value, text));
         }
+        value->setText(text);
     }
 }
 
 } // namespace
 
 StatusPage::StatusPage(Program& program)
-    : redrawing_(this, drawDelay, [this] {
-        for (QLabel* count : counts_) {
-            count->update();
-        }
-    }) {
+    : counts_(this) {
     setObjectName(QStringLiteral("StatusPage"));
     auto* left = new QVBoxLayout;
     left->addWidget(makeStatusBox(program.link.session.status));
@@ -163,31 +158,22 @@ QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
         form->addRow(caption, label);
         return label;
     };
-    const auto addCount = [this, form](const QString& caption, const char* name, const char* accessibleName,
-                                       double size) {
-        counts_.push_back(makeNumberLabel(name, accessibleName, "0000000000", size));
-        form->addRow(caption, counts_.back());
-        return counts_.back();
+    const auto addCount = [this, form](const QString& caption, QLabel* label, const auto& count) {
+        form->addRow(caption, label);
+        counts_.bind(label, count);
     };
     const StatusState& status = program.link.session.status;
     auto* instrument = addRow(QStringLiteral("Instrument:"), "InstrumentLabel");
     bindText(bindings_, addRow(QStringLiteral("Firmware Ver."), "FirmwareLabel"), status.firmware);
     bindText(bindings_, addRow(QStringLiteral("Date"), "Label23"), status.date);
     bindText(bindings_, addRow(QStringLiteral("Time"), "Label22"), status.time);
-    auto* rows = addCount(QStringLiteral("Rows on the sheet"), "StatusRows", "Rows on the sheet", 1.2);
+    addCount(QStringLiteral("Rows on the sheet"), makeNumberLabel("StatusRows", "Rows on the sheet", "0000000000", 1.2),
+             program.sheet.shown.counter);
     bindText(bindings_, addRow(QStringLiteral("Bytes downloaded"), "DownloadedBytes"), status.downloadedBytes);
-    auto* buffer = addCount(QStringLiteral("Buffer"), "BufferLabel", "Characters in the receive buffer", 1.0);
+    addCount(QStringLiteral("Buffer"), makeNumberLabel("BufferLabel", "Characters in the receive buffer", "0000000000"),
+             status.bufferCount);
     bindings_.bind(status.instrument, [instrument](InstrumentType type) { instrument->setText(instrumentName(type)); });
-    bindings_.bind(program.sheet.shown.counter, [this, rows](const QString& text) { setCount(rows, text); });
-    bindings_.bind(status.bufferCount, [this, buffer](int count) { setCount(buffer, QString::number(count)); });
     return box;
-}
-
-void StatusPage::setCount(QLabel* label, const QString& text) {
-    label->setAttribute(Qt::WA_UpdatesDisabled, true);
-    label->setText(text);
-    label->setAttribute(Qt::WA_UpdatesDisabled, false);
-    redrawing_.noteChange();
 }
 
 QGroupBox* StatusPage::makeControlsBox(Program& program) {

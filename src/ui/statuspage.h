@@ -4,12 +4,10 @@
 #include "program/program.h"
 #include "ui/widgets.h"
 
-#include <vector>
-
 namespace orv {
 
-/// The page "Status and Controls". The counts of rows and of the receive buffer follow every change, which may come 200
-/// times a second; they are painted about five times a second.
+/// The page "Status and Controls". The counts of rows and of the receive buffer, which may change a thousand times a
+/// second, are drawn about four times a second.
 class StatusPage final : public QWidget {
 public:
     explicit StatusPage(Program& program);
@@ -18,10 +16,8 @@ private:
     QGroupBox* makeStatusBox(const StatusState& shown);
     QGroupBox* makeInstrumentBox(const Program& program);
     QGroupBox* makeControlsBox(Program& program);
-    void setCount(QLabel* label, const QString& text);
 
-    std::vector<QLabel*> counts_;
-    Redrawing redrawing_; ///< Of the counts.
+    LateTexts counts_;
     Bindings bindings_;
 };
 

@@ -15,6 +15,47 @@
 
 namespace orv {
 
+namespace {
+
+/// Keeps what is behind it, so that a new number does not paint the frame anew that it stands in.
+class NumberLabel final : public QLabel {
+public:
+    NumberLabel() { setAttribute(Qt::WA_OpaquePaintEvent); }
+
+protected:
+    bool event(QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::Show:
+        case QEvent::Move:
+        case QEvent::Resize:
+        case QEvent::EnabledChange:
+        case QEvent::PaletteChange:
+        case QEvent::StyleChange:
+            ground_ = {};
+            break;
+        default:
+            break;
+        }
+        return QLabel::event(event);
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        const qreal ratio = devicePixelRatioF();
+        if (ground_.isNull() || ground_.devicePixelRatioF() != ratio) {
+            ground_ = QPixmap(size() * ratio);
+            ground_.setDevicePixelRatio(ratio);
+            parentWidget()->render(&ground_, {}, geometry(), QWidget::DrawWindowBackground);
+        }
+        QPainter(this).drawPixmap(0, 0, ground_);
+        QLabel::paintEvent(event);
+    }
+
+private:
+    QPixmap ground_;
+};
+
+} // namespace
+
 QLabel* makeTextLabel(QAnyStringView name, QAnyStringView accessibleName) {
     auto* label = makeControl<QLabel>(name, accessibleName);
     label->setTextFormat(Qt::PlainText);
@@ -36,7 +77,9 @@ QLabel* makeFramedLabel(QAnyStringView name, QAnyStringView accessibleName) {
 }
 
 QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size) {
-    QLabel* label = makeTextLabel(name, accessibleName); // selecting would cost at every number
+    auto* label = makeControl<NumberLabel>(name, accessibleName);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::NoTextInteraction); // selecting would cost at every number
     if (size > 1.0) {
         enlarge(label, size);
     }
@@ -183,6 +226,23 @@ bool Redrawing::eventFilter(QObject* watched, QEvent* event) {
         timer_.stop();
     }
     return QObject::eventFilter(watched, event);
+}
+
+LateTexts::LateTexts(QWidget* page)
+    : redrawing_(page, delay, [this] {
+        for (const Text& text : texts_) {
+            text.label->setText(text.text());
+        }
+    }) {}
+
+void LateTexts::bind(QLabel* label, const QProperty<QString>& text) {
+    texts_.push_back({.label = label, .text = [&text] { return text.value(); }});
+    bindings_.bind(text, [this](const QString&) { redrawing_.noteChange(); });
+}
+
+void LateTexts::bind(QLabel* label, const QProperty<int>& number) {
+    texts_.push_back({.label = label, .text = [&number] { return QString::number(number.value()); }});
+    bindings_.bind(number, [this](int) { redrawing_.noteChange(); });
 }
 
 namespace {

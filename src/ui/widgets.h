@@ -15,6 +15,8 @@
 #include <QWidget>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 class QComboBox;
 
@@ -135,6 +137,29 @@ private:
     QWidget* widget_;
     std::function<void()> draw_;
     QTimer timer_;
+};
+
+/// The labels of a page whose values may change a thousand times a second: drawn about four times a second, and not at
+/// all while the page is hidden.
+class LateTexts {
+public:
+    static constexpr int delay = 250; ///< Milliseconds after the first of some changes.
+
+    explicit LateTexts(QWidget* page);
+
+    /// Lets the label follow the property.
+    void bind(QLabel* label, const QProperty<QString>& text);
+    void bind(QLabel* label, const QProperty<int>& number);
+
+private:
+    struct Text {
+        QLabel* label;
+        std::function<QString()> text;
+    };
+
+    std::vector<Text> texts_;
+    Redrawing redrawing_;
+    Bindings bindings_;
 };
 
 /// The lamp's colour: red while a report is read, yellow while settings are sent and when that has failed, green when
