@@ -2,11 +2,13 @@
 #include "base/clock.h"
 
 #include <QBasicTimer>
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QTimerEvent>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace orv {
 
@@ -61,24 +63,41 @@ public:
 protected:
     void timerEvent(QTimerEvent* /*event*/) override {
         timer_.stop();
+        callDue();
+    }
+
+    void customEvent(QEvent* /*event*/) override {
+        posted_ = false;
+        callDue();
+    }
+
+private:
+    void callDue() {
         alarms_.callDue(clock_.monotonicMilliseconds());
-        if (const auto next = alarms_.next(); next && (!timer_.isActive() || *next < runsUntil_)) {
+        const auto next = alarms_.next();
+        if (!next) {
+            timer_.stop();
+        } else if (!timer_.isActive() || *next != runsUntil_) {
             start(*next);
         }
     }
 
-private:
     void start(qint64 due) {
-        runsUntil_ = due;
-        const qint64 left =
-            std::clamp<qint64>(due - clock_.monotonicMilliseconds(), 0, std::numeric_limits<int>::max());
-        timer_.start(static_cast<int>(left), Qt::PreciseTimer, this);
+        const qint64 left = due - clock_.monotonicMilliseconds();
+        if (left > 0) {
+            runsUntil_ = due;
+            timer_.start(static_cast<int>(std::min<qint64>(left, std::numeric_limits<int>::max())), Qt::PreciseTimer,
+                         this);
+        } else if (!std::exchange(posted_, true)) {
+            QCoreApplication::postEvent(this, new QEvent(QEvent::User)); // at once, with the timer left as it is
+        }
     }
 
     const SystemClock& clock_;
     Alarms alarms_;
     QBasicTimer timer_;
     qint64 runsUntil_ = 0;
+    bool posted_ = false;
 };
 
 SystemClock::SystemClock()
