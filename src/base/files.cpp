@@ -25,7 +25,7 @@ QString errorText(const QIODevice& device) {
 }
 
 QString appendWhole(QFile& file, const QByteArray& bytes) {
-    const qint64 before = file.size();
+    const qint64 before = file.pos();
     qint64 written = 0;
     // A full disk first takes a part and tells of its trouble only at the rest.
     while (written < bytes.size()) {

@@ -78,6 +78,10 @@ std::optional<double> numberText(QStringView text) {
     if (number.empty() || numberLength(number) != number.size()) {
         return std::nullopt;
     }
+    constexpr qsizetype exactDigits = 15;
+    if (number.size() <= exactDigits && skipDigits(number, 0) == number.size()) {
+        return static_cast<double>(number.toLongLong()); // most are whole
+    }
     return QLocale::c().toDouble(number);
 }
 
@@ -132,12 +136,13 @@ namespace {
 
 constexpr double countsPerDay = 64800.0;
 
+/// Of 0 to 99.
 QString twoDigits(int value) {
-    return QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'));
+    return QString(QChar(u'0' + value / 10)) + QChar(u'0' + value % 10);
 }
 
 QString timeText(qint64 hours, int minutes, int seconds) {
-    return QStringLiteral("%1:%2:%3").arg(QString::number(hours), twoDigits(minutes), twoDigits(seconds));
+    return QString::number(hours) + u':' + twoDigits(minutes) + u':' + twoDigits(seconds);
 }
 
 /// The value of one to four digits, or -1.
@@ -158,7 +163,10 @@ int digitsValue(QStringView text) {
 } // namespace
 
 QString shortDate(QDate date) {
-    return date.toString(QStringLiteral("M/d/yy"));
+    // Every row has one, and a format would be taken apart each time.
+    return date.isValid() ? QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/' +
+                                twoDigits(std::abs(date.year()) % 100)
+                          : QString();
 }
 
 QString clockText(QTime time) {
