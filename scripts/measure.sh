@@ -136,7 +136,7 @@ retire
 serve "sim:trx?rate=27&baud=0"
 report "run, 27 rows/s, 19000 rows, sheet shown" "$(measured run-sheet share_percent "$line")" % 2.3
 report "run, 27 rows/s, 19000 rows, status shown" "$(measured run-status share_percent "$line")" % 0.6
-report "the same, graphical page shown, followed" "$(measured run-graph share_percent "$line")" % 8
+report "the same, graphical page shown, followed" "$(measured run-graph share_percent "$line")" % 3.5
 report "the same, graphical page shown, all rows" "$(measured run-graph-all share_percent "$line")" % 8
 retire
 for kind in "sim:glow?" "sim:trx?firmware=412&"; do
