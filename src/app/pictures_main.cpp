@@ -267,7 +267,7 @@ private:
     }
 
     void keepAsAfterACrash() {
-        for (const char* name : {"Orvtemp.tmp", "Orvtemp.tmp.lock", "Orvtemp.tmp.saved"}) {
+        for (const char* name : {"Orvtemp.tmp", "Orvtemp.tmp.lock"}) {
             if (!QFile::copy(QString::fromLatin1(name), crashFolder_ + u'/' + QString::fromLatin1(name))) {
                 throw Driver::Failure(QStringLiteral("cannot copy ") + QLatin1String(name));
             }
