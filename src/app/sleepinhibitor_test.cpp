@@ -3,6 +3,7 @@
 
 #include "base/filedescriptor.h"
 #include "testing/expected.h"
+#include "testing/processes.h"
 #include "testing/programrig.h"
 
 #include <QCoreApplication>
@@ -11,11 +12,7 @@
 #include <QDBusPendingCall>
 #include <QDBusUnixFileDescriptor>
 #include <QDBusVirtualObject>
-#include <QDeadlineTimer>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <functional>
 #include <optional>
@@ -28,16 +25,6 @@
 
 namespace orv {
 namespace {
-
-constexpr int patience = 60'000; // milliseconds
-
-bool comesTrue(const std::function<bool()>& condition, int milliseconds = patience) {
-    const QDeadlineTimer deadline(milliseconds);
-    while (!condition() && !deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    }
-    return condition();
-}
 
 bool isGranted(const SleepInhibitor& inhibitor, int milliseconds = patience) {
     return comesTrue([&inhibitor] { return inhibitor.isHeld(); }, milliseconds);
@@ -123,52 +110,22 @@ std::string requestFor(const std::string& kind) {
 
 class LogindTest : public testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(folder_.isValid());
-        QFile file(folder_.filePath(QStringLiteral("bus.conf")));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\"\n"
-                   " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
-                   "<busconfig><type>session</type><listen>" +
-                   address().toUtf8() +
-                   "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow send_destination=\"*\"/><allow "
-                   "receive_sender=\"*\"/>"
-                   "<allow own=\"*\"/></policy></busconfig>\n");
-    }
-    void TearDown() override { stopBus(); }
-
-    QString socketPath() const { return folder_.filePath(QStringLiteral("bus")); }
-    QString address() const { return QStringLiteral("unix:path=") + socketPath(); }
-
-    void startBus() {
-        daemon_.start(QStringLiteral("dbus-daemon"),
-                      {QStringLiteral("--nofork"), QStringLiteral("--print-address"), QStringLiteral("--config-file"),
-                       folder_.filePath(QStringLiteral("bus.conf"))});
-        ASSERT_TRUE(daemon_.waitForReadyRead(patience))
-            << "dbus-daemon is needed: " << daemon_.errorString().toStdString()
-            << daemon_.readAllStandardError().toStdString();
-    }
-
     /// A login manager on a bus that has just been started.
     LoginManager& startManager() {
-        startBus();
-        return manager_.emplace(address());
+        bus.start();
+        return manager_.emplace(bus.address());
     }
 
     void stopBus() {
         manager_.reset();
-        if (daemon_.state() != QProcess::NotRunning) {
-            daemon_.terminate();
-            EXPECT_TRUE(daemon_.waitForFinished(patience));
-        }
-        QFile::remove(socketPath());
+        bus.stop();
     }
 
     /// Listens where the bus should be, with room for one who waits to be let in.
     void listen(FileDescriptor& listener) const {
         sockaddr_un place{};
         place.sun_family = AF_UNIX;
-        const QByteArray path = socketPath().toUtf8();
+        const QByteArray path = bus.socketPath().toUtf8();
         ASSERT_LT(static_cast<std::size_t>(path.size()), sizeof(place.sun_path));
         std::copy(path.begin(), path.end(), std::begin(place.sun_path));
         listener.reset(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
@@ -176,13 +133,13 @@ protected:
         ASSERT_EQ(::listen(listener.get(), 1), 0);
     }
 
+    PrivateBus bus;
+
 private:
-    QTemporaryDir folder_;
-    QProcess daemon_;
     std::optional<LoginManager> manager_;
 
 protected:
-    std::unique_ptr<SleepInhibitor> inhibitor = makeSleepInhibitor(address());
+    std::unique_ptr<SleepInhibitor> inhibitor = makeSleepInhibitor(bus.address());
 };
 
 TEST_F(LogindTest, HoldsWhatIsGrantedUntilItIsReleased) {
@@ -261,14 +218,14 @@ TEST_F(LogindTest, WithoutBusOrLoginManagerNothingHappensAndOneThatComesLaterIsF
     EXPECT_FALSE(inhibitor->isHeld());
     inhibitor->release();
 
-    startBus();
-    const QDBusConnection observer = QDBusConnection::connectToBus(address(), QStringLiteral("observer"));
+    bus.start();
+    const QDBusConnection observer = QDBusConnection::connectToBus(bus.address(), QStringLiteral("observer"));
     inhibitor->take();
     settle(observer);
     EXPECT_FALSE(inhibitor->isHeld());
     inhibitor->release();
 
-    LoginManager manager(address());
+    LoginManager manager(bus.address());
     inhibitor->take();
     EXPECT_TRUE(isGranted(*inhibitor));
     inhibitor->release();

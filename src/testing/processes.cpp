@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/processes.h"
 
+#include "testing/folder.h"
+
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -13,9 +16,15 @@
 
 namespace orv {
 
-Ended runToEnd(const QString& program, const QString& arguments, const QMap<QString, QString>& variables,
-               const QString& folder) {
-    QProcess process;
+bool comesTrue(const std::function<bool()>& condition, int milliseconds) {
+    const QDeadlineTimer deadline(milliseconds);
+    while (!condition() && !deadline.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+    }
+    return condition();
+}
+
+QProcessEnvironment environmentWith(const QMap<QString, QString>& variables) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (auto variable = variables.begin(); variable != variables.end(); ++variable) {
         environment.insert(variable.key(), variable.value());
@@ -23,7 +32,13 @@ Ended runToEnd(const QString& program, const QString& arguments, const QMap<QStr
             environment.remove(variable.key());
         }
     }
-    process.setProcessEnvironment(environment);
+    return environment;
+}
+
+Ended runToEnd(const QString& program, const QString& arguments, const QMap<QString, QString>& variables,
+               const QString& folder) {
+    QProcess process;
+    process.setProcessEnvironment(environmentWith(variables));
     process.setWorkingDirectory(folder);
     process.start(program, arguments.split(u' ', Qt::SkipEmptyParts));
     EXPECT_TRUE(process.waitForFinished(patience)) << qPrintable(program) << " does not end";
@@ -44,6 +59,33 @@ InstrumentProcess::InstrumentProcess(const QString& device) {
 void InstrumentProcess::kill() {
     process_.kill();
     process_.waitForFinished(patience);
+}
+
+PrivateBus::PrivateBus() {
+    fill(folder_.filePath(QStringLiteral("bus.conf")),
+         "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\"\n"
+         " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
+         "<busconfig><type>session</type><listen>" +
+             address().toUtf8() +
+             "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow send_destination=\"*\"/><allow "
+             "receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>\n");
+}
+
+void PrivateBus::start() {
+    daemon_.start(QStringLiteral("dbus-daemon"),
+                  {QStringLiteral("--nofork"), QStringLiteral("--print-address"), QStringLiteral("--config-file"),
+                   folder_.filePath(QStringLiteral("bus.conf"))});
+    ASSERT_TRUE(daemon_.waitForReadyRead(patience))
+        << "dbus-daemon is needed (package dbus-daemon): " << daemon_.errorString().toStdString()
+        << daemon_.readAllStandardError().toStdString();
+}
+
+void PrivateBus::stop() {
+    if (daemon_.state() != QProcess::NotRunning) {
+        daemon_.terminate();
+        EXPECT_TRUE(daemon_.waitForFinished(patience));
+    }
+    QFile::remove(socketPath());
 }
 
 FarEnd::FarEnd()

@@ -6,13 +6,23 @@
 #include <QByteArray>
 #include <QMap>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QString>
+#include <QTemporaryDir>
+
+#include <functional>
 
 #include <gtest/gtest.h>
 
 namespace orv {
 
 constexpr int patience = 60'000; ///< Milliseconds that a test waits for something that must come.
+
+/// Handles events until it is so, or until the time is over. Whether it is so.
+bool comesTrue(const std::function<bool()>& condition, int milliseconds = patience);
+
+/// The test's environment with these variables; those without a value are removed.
+QProcessEnvironment environmentWith(const QMap<QString, QString>& variables);
 
 /// How a program has ended that was left to itself.
 struct Ended {
@@ -22,8 +32,7 @@ struct Ended {
     std::string error;
 };
 
-/// Runs a program to its end with arguments that are separated by spaces, in `folder`, with these environment variables
-/// in the place of the test's; those without a value are removed.
+/// Runs a program to its end with arguments that are separated by spaces, in `folder`, in `environmentWith(variables)`.
 Ended runToEnd(const QString& program, const QString& arguments, const QMap<QString, QString>& variables = {},
                const QString& folder = {});
 
@@ -41,6 +50,26 @@ public:
 
 private:
     QProcess process_;
+};
+
+/// A message bus of the test's own.
+class PrivateBus {
+public:
+    PrivateBus();
+    ~PrivateBus() { stop(); }
+    PrivateBus(const PrivateBus&) = delete;
+    PrivateBus& operator=(const PrivateBus&) = delete;
+
+    /// The test fails if there is no program for it.
+    void start();
+    void stop();
+
+    QString socketPath() const { return folder_.filePath(QStringLiteral("bus")); }
+    QString address() const { return QStringLiteral("unix:path=") + socketPath(); }
+
+private:
+    QTemporaryDir folder_;
+    QProcess daemon_;
 };
 
 /// A pseudo-terminal whose far end is the test.
