@@ -17,6 +17,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -247,14 +248,33 @@ void MainWindow::makeMenus() {
 
 QAction* MainWindow::addShortcut(QAnyStringView text, QAnyStringView name, const QKeySequence& keys,
                                  const std::function<void()>& action) {
-    QAction* shortcut = makeAction(text, name, action);
+    QAction* shortcut = makeAction(text, name, [this, action] {
+        if (!keyIsHeld_) {
+            action();
+        }
+    });
     shortcut->setShortcut(keys);
     shortcut->setAutoRepeat(false);
     addAction(shortcut);
     return shortcut;
 }
 
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    // X11 repeats a key that is held down by a release and a press of the same instant. Qt takes them for a repetition
+    // only if it sees both at once, which it often does not on a busy computer.
+    if (event->type() == QEvent::KeyRelease) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        releasedKey_ = key->key();
+        releasedAt_ = key->timestamp();
+    } else if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        keyIsHeld_ = key->timestamp() != 0 && key->timestamp() == releasedAt_ && key->key() == releasedKey_;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void MainWindow::makeShortcuts() {
+    qApp->installEventFilter(this);
     // Each does what its button does, whichever page is shown, and only while the button could be pressed.
     QAction* open = addShortcut("Open", "OpenShortcut", Qt::CTRL | Qt::Key_O, [this] { program_.openSheet(); });
     QAction* save =

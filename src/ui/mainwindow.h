@@ -41,6 +41,8 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    /// Sees all keys of the program.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeMenus();
@@ -73,6 +75,9 @@ private:
     QList<QPointer<QMessageBox>> stoodBefore_;       ///< Messages, when the operator last wished to end the program.
     std::vector<Subscription> subscriptions_;
     Bindings bindings_;
+    int releasedKey_ = 0;
+    quint64 releasedAt_ = 0;
+    bool keyIsHeld_ = false; ///< The newest press of a key is the repeating of one that is held down.
 };
 
 } // namespace orv

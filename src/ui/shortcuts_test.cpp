@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QRegularExpression>
+#include <QThread>
 #include <QWindow>
 #include <QtTest/QTest>
 
@@ -156,6 +157,7 @@ TEST_F(ShortcutsTest, ServiceModeIsToggledOnceAPressWithAnyFocus) {
                 key(true, true);
             }
             key(false, false);
+            QThread::msleep(2); // nobody presses it again in the same millisecond
             EXPECT_EQ(state.trouble, 0) << widget->metaObject()->className() << ' '
                                         << widget->objectName().toStdString() << " on " << caption.toStdString();
             EXPECT_EQ(box != nullptr ? box->text() : QString(), text);
@@ -170,6 +172,32 @@ TEST_F(ShortcutsTest, ServiceModeIsToggledWithAnOpenList) {
     QTest::keyClick(axis.view()->window()->windowHandle(), Qt::Key_H, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(state.trouble, 1);
     axis.hidePopup();
+}
+
+TEST_F(ShortcutsTest, AKeyHeldDownIsKnownByItsTimesToo) {
+    connectAndComeForward();
+    static constexpr Qt::KeyboardModifiers modifiers = Qt::ControlModifier | Qt::AltModifier;
+    const auto press = [this](unsigned long time) {
+        qt_sendShortcutOverrideEvent(window.get(), time, Qt::Key_H, modifiers, {}, false, 1);
+    };
+    const auto release = [this](quint64 time, Qt::Key key) {
+        QKeyEvent event(QEvent::KeyRelease, key, modifiers);
+        event.setTimestamp(time);
+        QCoreApplication::sendEvent(window.get(), &event);
+    };
+    press(1000);
+    EXPECT_EQ(state.trouble, 1);
+    for (const unsigned long time : {1660UL, 1700UL, 1740UL}) {
+        release(time, Qt::Key_H);
+        press(time);
+        EXPECT_EQ(state.trouble, 1) << time;
+    }
+    release(1745, Qt::Key_H);
+    press(1746);
+    EXPECT_EQ(state.trouble, 0) << "pressed once more";
+    release(1800, Qt::Key_X);
+    press(1800);
+    EXPECT_EQ(state.trouble, 1) << "another key was let go";
 }
 
 TEST_F(ShortcutsTest, EscClosesTheDialogs) {
