@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::size_t mostCells = sheetcolumn::firstCount + mostCounts;
 constexpr qint64 julianDayOf1970 = 2440588;
-constexpr qint64 secondsPerDay = 86400;
 
 /// The number of a text of one to nine digits; nothing for any other text.
 std::optional<int> digits(QStringView text) {

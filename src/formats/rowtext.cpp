@@ -18,8 +18,6 @@ void addWhole(qint64 value, QByteArray& text) {
     text.append(digits.data(), end - digits.data());
 }
 
-constexpr qint64 secondsPerDay = 86400;
-
 } // namespace
 
 bool addNumber(double value, QByteArray& text) {

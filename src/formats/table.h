@@ -50,11 +50,13 @@ inline constexpr std::size_t mostCalculated = 3;
 /// A value that is missing, or could not be read.
 inline constexpr double missingValue = std::numeric_limits<double>::quiet_NaN();
 
+inline constexpr qint64 secondsPerDay = 86400;
+
 /// A row as numbers.
 struct TableRow {
     std::optional<int> record;
-    std::optional<qint64>
-        time; ///< Seconds since 1970-01-01 00:00:00, both by the instrument's clock, which has no zone.
+    /// Seconds since 1970-01-01 00:00:00, both by the instrument's clock, which has no zone.
+    std::optional<qint64> time;
     std::array<double, mostCounts> values{missingValue, missingValue, missingValue,
                                           missingValue, missingValue, missingValue}; ///< In the layout's order.
     std::array<double, mostCalculated> calculated{missingValue, missingValue,
