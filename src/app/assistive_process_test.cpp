@@ -110,6 +110,7 @@ private:
             list.endStructure();
             note(child.path());
         }
+        list.endArray();
     }
 
     QString address_;
