@@ -93,6 +93,12 @@ QString lockFilePath(const QString& folder, const QString& device) {
     return folder + QLatin1String("/LCK..") + name.replace(QLatin1Char('/'), QLatin1Char('_'));
 }
 
+/// "tio, process 4711", or without a name "process 4711".
+QString holderText(const QString& program, const QString& process) {
+    const QString number = QStringLiteral("process ") + process;
+    return program.isEmpty() ? number : program + QStringLiteral(", ") + number;
+}
+
 /// What the device's file and its lock file tell.
 void lookAtFile(const QString& path, OpenFailureFacts& facts) {
     const QFileInfo file(path);
@@ -108,8 +114,7 @@ void lookAtFile(const QString& path, OpenFailureFacts& facts) {
     QString application;
     if (QFileInfo::exists(lock.fileName()) && lock.getLockInfo(&process, &host, &application)) {
         facts.busy = true;
-        facts.lockedBy = application.isEmpty() ? QStringLiteral("process %1").arg(process)
-                                               : QStringLiteral("%1, process %2").arg(application).arg(process);
+        facts.lockedBy = holderText(application, QString::number(process));
     }
 }
 #endif
@@ -259,7 +264,7 @@ QString holderOf([[maybe_unused]] const QString& path) {
                 QFile name(processes.filePath(process + QLatin1String("/comm")));
                 const bool isKnown = name.open(QIODevice::ReadOnly);
                 const QString program = isKnown ? QString::fromLocal8Bit(name.readAll()).trimmed() : QString();
-                return QStringLiteral("%1, process %2").arg(program, process);
+                return holderText(program, process);
             }
         }
     }

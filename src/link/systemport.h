@@ -32,8 +32,8 @@ QString explainOpenFailure(const OpenFailureFacts& facts);
 /// to stand against it.
 QString openObstacle(const QString& device);
 
-/// The program that has a device of this path open: "tio, process 4711". Empty if there is none, or the system does not
-/// tell.
+/// The program that has a device of this path open: "tio, process 4711", or "process 4711" if its name is no longer
+/// known. Empty if there is none, or the system does not tell.
 QString holderOf(const QString& path);
 
 /// A serial port of this computer, by its system name ("ttyUSB0", "COM3") or its path ("/dev/ttyUSB0", the path of a
