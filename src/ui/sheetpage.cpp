@@ -165,6 +165,7 @@ SheetPage::SheetPage(Program& program)
 QLayout* SheetPage::makeBar(Program& program) {
     auto* fileName =
         makeBox("Text37", "Default File Name, and the file name used for auto-recording of long profiles.");
+    fileName->setMinimumWidth(12 * fileName->fontMetrics().averageCharWidth()); // the window still fits 800 pixels
     bindTyped(bindings_, fileName, shown_.fileName);
     auto* records = makeNumberLabel("RecordsCounter", "Automatic saves", "0000000");
     records->setToolTip(QStringLiteral("This is used to indicated how many records were automatically created over a "

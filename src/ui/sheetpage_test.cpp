@@ -255,6 +255,14 @@ TEST_F(SheetPageTest, CaptionsToolTipsAndTheFileName) {
     EXPECT_EQ(text("RecordsCounter"), "2");
 }
 
+TEST_F(SheetPageTest, TheFileNameIsReadableInTheSmallestWindow) {
+    window->resize(window->minimumSizeHint());
+    QCoreApplication::processEvents();
+    EXPECT_LE(window->width(), 800);
+    const auto& name = find<QLineEdit>("Text37");
+    EXPECT_GE(name.width(), name.fontMetrics().horizontalAdvance(QStringLiteral("  Untitled  ")));
+}
+
 TEST_F(SheetPageTest, ACellVisitedAgainIsCurrentAgain) {
     addRows(4);
     const auto visitLastCell = [this] {
