@@ -188,6 +188,29 @@ TEST_F(WindowTest, TheStatusPageShowsTheSession) {
               "Stops current collection and requires the instrument to be reset.");
 }
 
+TEST_F(WindowTest, TheValuesOfTheNewestRowAreAsWideAsTheyNeed) {
+    QLabel* value = nullptr;
+    const auto shows = [this, &value](const QString& text) {
+        for (QLabel* label : find<QWidget>("StatusPage").findChildren<QLabel*>()) {
+            value = label->accessibleName() == QLatin1String("Output") ? label : value;
+        }
+        return value != nullptr && value->text() == text;
+    };
+    program.sheet.data.setHeader({.letter = QStringLiteral("F"), .firmware = 310.0}, {QStringLiteral("Output")});
+    for (const char* each : {"11111111111", "MMMMMMMMMMM", "1111111111111111", "MMMMMMMMMMMMMMMM", "1"}) {
+        const QString text = QString::fromLatin1(each);
+        program.sheet.data.appendRow({text});
+        sheetState.counter = QString::number(program.sheet.data.rowCount());
+        ASSERT_TRUE(waitFor([&] { return shows(text); }, 5000)) << each;
+        EXPECT_GT(value->width(), value->fontMetrics().horizontalAdvance(text)) << each;
+    }
+    const int usual = value->width();
+    QFont wider = window->font();
+    wider.setLetterSpacing(QFont::AbsoluteSpacing, 9);
+    window->setFont(wider);
+    EXPECT_GT(value->width(), usual + 50);
+}
+
 class TabsTest : public WindowTest {
 protected:
     std::string shownPages() {

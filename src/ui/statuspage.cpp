@@ -17,11 +17,13 @@ namespace {
 constexpr int columnsAcross = 3;
 constexpr int valueMargin = 4;
 
-/// Pixels that a value takes, at least those of the usual ones.
-int widthOf(const QLabel& value, const QString& text) {
+/// Makes a value as large as a text in its letters, at least as wide as the usual ones. The size is fixed, so that most
+/// new values do not lay out the page anew.
+void fit(QLabel& value, const QString& text) {
     const QFontMetrics metrics = value.fontMetrics();
-    return 2 * valueMargin +
-           std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(QStringLiteral("00000.00000")));
+    const int width =
+        std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(QStringLiteral("00000.00000")));
+    value.setFixedSize(2 * valueMargin + width, metrics.height() + valueMargin);
 }
 
 /// The newest row of the sheet in large figures, to be read from a few steps away. Drawn about four times a second
@@ -29,6 +31,9 @@ int widthOf(const QLabel& value, const QString& text) {
 class NewestRowScreen final : public QGroupBox {
 public:
     explicit NewestRowScreen(const Program& program);
+
+protected:
+    void changeEvent(QEvent* event) override;
 
 private:
     void draw();
@@ -54,11 +59,9 @@ NewestRowScreen::NewestRowScreen(const Program& program)
         auto* value = new QLabel;
         enlarge(value, 1.9);
         value->setTextFormat(Qt::PlainText);
-        // A fixed size, so that a new value does not lay out the page anew; an own background, so that it does not
-        // paint the box behind it anew.
-        value->setFixedSize(widthOf(*value, QString()), value->fontMetrics().height() + valueMargin);
+        fit(*value, QString());
         value->setIndent(valueMargin);
-        value->setAutoFillBackground(true);
+        value->setAutoFillBackground(true); // so that a new value does not paint the box behind it anew
         value->setBackgroundRole(QPalette::Base);
         caption->hide();
         value->hide();
@@ -75,6 +78,15 @@ NewestRowScreen::NewestRowScreen(const Program& program)
     draw();
 }
 
+void NewestRowScreen::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) {
+        for (QLabel* value : values_) {
+            fit(*value, value->text());
+        }
+    }
+    QGroupBox::changeEvent(event);
+}
+
 void NewestRowScreen::draw() {
     const int row = sheet_.rowCount() - 1;
     empty_->setVisible(row < 0);
@@ -88,10 +100,10 @@ void NewestRowScreen::draw() {
         }
         QLabel* value = values_[column];
         const QString text = sheet_.cell(row, static_cast<int>(column));
-        if (value->text().size() != text.size()) { // digits are equally wide
-            value->setFixedWidth(widthOf(*value, text));
+        if (value->text() != text) {
+            fit(*value, text);
+            value->setText(text);
         }
-        value->setText(text);
     }
 }
 
