@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <memory>
 #include <utility>
@@ -17,21 +18,21 @@ namespace orv {
 
 namespace {
 
-/// Keeps what is behind it, so that a new number does not paint the frame anew that it stands in.
+/// Keeps what is behind it, so that a new number does not paint the frame anew that it stands in. Not at a fractional
+/// device pixel ratio: its edges lie within pixels then, which it must share with its frame.
 class NumberLabel final : public QLabel {
-public:
-    NumberLabel() { setAttribute(Qt::WA_OpaquePaintEvent); }
-
 protected:
     bool event(QEvent* event) override {
         switch (event->type()) {
         case QEvent::Show:
         case QEvent::Move:
         case QEvent::Resize:
+        case QEvent::ScreenChangeInternal:
         case QEvent::EnabledChange:
         case QEvent::PaletteChange:
         case QEvent::StyleChange:
             ground_ = {};
+            setAttribute(Qt::WA_OpaquePaintEvent, devicePixelRatioF() == std::floor(devicePixelRatioF()));
             break;
         default:
             break;
@@ -40,6 +41,14 @@ protected:
     }
 
     void paintEvent(QPaintEvent* event) override {
+        if (testAttribute(Qt::WA_OpaquePaintEvent)) {
+            drawGround();
+        }
+        QLabel::paintEvent(event);
+    }
+
+private:
+    void drawGround() {
         const qreal ratio = devicePixelRatioF();
         if (ground_.isNull() || ground_.devicePixelRatioF() != ratio) {
             ground_ = QPixmap(size() * ratio);
@@ -47,10 +56,8 @@ protected:
             parentWidget()->render(&ground_, {}, geometry(), QWidget::DrawWindowBackground);
         }
         QPainter(this).drawPixmap(0, 0, ground_);
-        QLabel::paintEvent(event);
     }
 
-private:
     QPixmap ground_;
 };
 
