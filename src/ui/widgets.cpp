@@ -28,6 +28,8 @@ protected:
         case QEvent::Move:
         case QEvent::Resize:
         case QEvent::ScreenChangeInternal:
+        case QEvent::WindowActivate:
+        case QEvent::WindowDeactivate:
         case QEvent::EnabledChange:
         case QEvent::PaletteChange:
         case QEvent::StyleChange:

@@ -37,6 +37,7 @@ protected:
     /// Pixels of the page, as it stands on the screen, of another colour.
     int spots(const QColor& colour) {
         QCoreApplication::processEvents();
+        QCoreApplication::processEvents(); // a change of the active window paints the labels after the page
         const QImage shown = page_.screen()->grabWindow(page_.winId()).toImage();
         int found = shown.isNull() ? -1 : 0;
         for (int y = 0; y < shown.height(); ++y) {
@@ -55,6 +56,16 @@ TEST_F(NumberLabels, LeaveNothingOfThePageUnpainted) {
     for (const QLabel* label : page_.findChildren<QLabel*>()) {
         EXPECT_EQ(label->testAttribute(Qt::WA_OpaquePaintEvent), isWhole(label->devicePixelRatioF()));
     }
+}
+
+TEST_F(NumberLabels, HaveTheGroundOfTheirPageAlsoBehindAnotherWindow) {
+    ASSERT_EQ(spots(Qt::red), 0);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    EXPECT_EQ(spots(Qt::blue), 0);
+    page_.activateWindow();
+    EXPECT_EQ(spots(Qt::red), 0);
 }
 
 TEST(NumberLabelsOnAFineScreen, LeaveNothingOfThePageUnpainted) {
