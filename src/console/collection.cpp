@@ -39,19 +39,25 @@ Collection::Collection(Visit& visit)
 Task<> Collection::perform() {
     output_.refuseExisting();
     program_.offerUnendedRun(); // what is found is kept and told
-    bool isInterrupted = false;
-    try {
-        co_await collect();
-    } catch (const Interrupted&) {
-        isInterrupted = true;
+    Task<> work = collect();
+    const Ending ending = co_await endingOf(std::move(work));
+    if (ending.thrown && !output_.hasBegun()) {
+        std::rethrow_exception(ending.thrown);
     }
+    isLost_ = isLost_ || (ending.thrown && !visit_.isInterrupted());
     visit_.finish();
-    co_await stop();
+    Task<> stopping = stop();
+    const Ending stopped = co_await endingOf(std::move(stopping));
     output_.finish(unreadLines_ + program_.sheet.run.unreadLines());
-    program_.sheet.handOver();
+    if (!output_.hasFailed()) {
+        program_.sheet.handOver();
+    }
     report();
-    if (isInterrupted) {
-        throw Interrupted();
+    if (output_.hasFailed()) {
+        throw Failure(output_.problem());
+    }
+    if (ending.thrown || stopped.thrown) {
+        std::rethrow_exception(ending.thrown ? ending.thrown : stopped.thrown);
     }
     if (isLost_ || output_.isIncomplete()) {
         throw Failure(isLost_ ? reason_ + QStringLiteral(" %1 rows were collected and are kept.").arg(output_.rows())
@@ -229,9 +235,10 @@ Task<> Collection::stop() {
 void Collection::report() {
     const RowOutput& output = output_;
     if (visit_.options.json && visit_.options.output != QLatin1String("-")) {
-        visit_.terminal.print(QJsonObject{{QStringLiteral("rows"), output.rows()},
-                                          {QStringLiteral("files"), QJsonArray::fromStringList(output.files())},
-                                          {QStringLiteral("complete"), !isLost_ && !output.isIncomplete()}});
+        visit_.terminal.print(
+            QJsonObject{{QStringLiteral("rows"), output.rows()},
+                        {QStringLiteral("files"), QJsonArray::fromStringList(output.files())},
+                        {QStringLiteral("complete"), !isLost_ && !output.isIncomplete() && !output.hasFailed()}});
     } else {
         visit_.terminal.remark(QStringLiteral("%1 rows were collected.").arg(output.rows()));
     }

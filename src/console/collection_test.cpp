@@ -124,6 +124,77 @@ TEST_F(OrvCollect, ALineThatIsLostKeepsAndCountsWhatCame) {
     EXPECT_NE(silent.error.find("The instrument fell silent. 20 rows"), std::string::npos) << silent.error;
 }
 
+/// However a command ends, its file is whole and says what is in it.
+TEST_F(OrvCollect, EveryEndingMakesTheFileAndCountsItsRows) {
+    struct Ending {
+        const char* command;
+        std::function<void()> happens; ///< When some rows have come.
+        int status;
+        const char* error; ///< Its last line.
+    };
+    const auto interrupt = [this] {
+        visit->interrupt(2);
+        live(20);
+    };
+    const std::vector<Ending> endings{
+        {"collect sim:trx?rate=5 --for 12s --keep-trying",
+         [this] {
+             line->unplugged = true;
+             clock.advance(120'000);
+         },
+         3, "orv: The time is over, and the instrument is not connected.\n"},
+        {"collect sim:trx?rate=5 --keep-trying",
+         [this] {
+             line->unplugged = true;
+             live(2);
+             options.port = QStringLiteral("sim:glow?rate=5");
+             clock.advance(120'000);
+         },
+         3, "orv: Another type of instrument is connected now. Its rows need another file.\n"},
+        {"collect sim:trx?rate=5",
+         [this, interrupt] {
+             line->silent = true;
+             visit->interrupt(15);
+             live(0.1);
+             interrupt();
+         },
+         130, " rows were collected.\n"},
+        {"download sim:trx", interrupt, 130, " of 200 records are in "}};
+    int number = 0;
+    for (const Ending& ending : endings) {
+        for (const char* suffix : {"csv", "txt", "nc"}) {
+            const QString name = QStringLiteral("end%1.%2").arg(++number).arg(QLatin1String(suffix));
+            SCOPED_TRACE(std::string(ending.command) + ' ' + name.toStdString());
+            received.clear();
+            if (line != nullptr) {
+                line->unplugged = false;
+                line->silent = false;
+            }
+            begin(QString::fromLatin1(ending.command) + QStringLiteral(" -o ") + name);
+            const auto came = [this] { return linesReceived() >= 7; };
+            for (int waited = 0; waited < 20'000 && !came(); ++waited) {
+                live(0.001);
+            }
+            ending.happens();
+            EXPECT_EQ(answered.status, ending.status);
+            const std::string rows = std::to_string(linesReceived());
+            const bool isDownload = std::string(ending.command).starts_with("download");
+            const std::string counted = isDownload ? rows + " of 200 records are in " + name.toStdString() + ".\n"
+                                                   : rows + " rows were collected.\n";
+            EXPECT_NE(result().error.find("orv: " + counted), std::string::npos) << result().error;
+            EXPECT_NE(result().error.find(ending.error), std::string::npos) << result().error;
+            ASSERT_TRUE(folder.files().contains(name));
+            EXPECT_EQ(folder.files().contains(name + QStringLiteral("-metadata.json")), name.endsWith(u"csv"));
+            if (name.endsWith(u"csv")) {
+                EXPECT_EQ(rowsThrough({path(qPrintable(name))}), linesReceived());
+            } else if (name.endsWith(u"txt")) {
+                EXPECT_EQ(orv(QStringLiteral("convert %1 -o %1.jsonl").arg(name)).status, 0) << result().error;
+                EXPECT_EQ(contentsOf(path(qPrintable(name + QStringLiteral(".jsonl")))).count('\n'), linesReceived());
+            }
+        }
+    }
+}
+
 TEST_F(OrvCollect, AnExistingFileIsKept) {
     fill(path("a.csv"), "old");
     const Answered refused = orv("collect sim:trx -o a.csv");

@@ -35,17 +35,27 @@ public:
         } else {
             output_.begin(QStringLiteral("the memory of the instrument on %1").arg(options.port));
         }
-        co_await read();
+        Task<> reading = read();
+        Ending ending = co_await endingOf(std::move(reading));
+        if (ending.thrown) {
+            visit_.program.end(); // what has arrived is taken
+        }
         const bool isWhole = download_.isWhole();
         const int unread = download_.unreadRecords();
-        if (!isText_) {
-            output_.finish(unread);
-        }
+        output_.finish(unread);
         const int records = count_;
-        if (isWhole && options.verify) {
-            co_await compare();
+        if (isWhole && options.verify && !ending.thrown && !output_.hasFailed()) {
+            Task<> comparing = compare();
+            ending = co_await endingOf(std::move(comparing));
         }
-        report(records, unread, isWhole);
+        report(records, unread, isWhole && !ending.thrown);
+        if (output_.hasFailed()) {
+            throw Failure(output_.problem());
+        }
+        if (ending.thrown) {
+            std::rethrow_exception(ending.thrown);
+        }
+        requireComplete(records, unread, isWhole);
     }
 
 private:
@@ -135,9 +145,13 @@ private:
         }
     }
 
+    /// Nothing is missing of what the instrument holds.
+    bool hasAll(int records, int unread, bool isWhole) const {
+        return isWhole && unread == 0 && records >= expected_ && differences_ == 0;
+    }
+
     void report(int records, int unread, bool isWhole) const {
-        const bool isComplete =
-            isWhole && unread == 0 && records >= expected_ && differences_ == 0 && !output_.isIncomplete();
+        const bool isComplete = hasAll(records, unread, isWhole) && !output_.isIncomplete() && !output_.hasFailed();
         const Options& options = visit_.options;
         if (options.json) {
             QJsonObject object{{QStringLiteral("records"), records},
@@ -153,11 +167,14 @@ private:
             visit_.terminal.remark(
                 QStringLiteral("%1 of %2 records are in %3.").arg(records).arg(expected_).arg(options.output));
         }
-        if (isComplete) {
+    }
+
+    void requireComplete(int records, int unread, bool isWhole) const {
+        if (hasAll(records, unread, isWhole)) {
+            if (output_.isIncomplete()) {
+                throw Failure(QString(), ExitStatus::Incomplete); // what could not be read has been told
+            }
             return;
-        }
-        if (isWhole && unread == 0 && records >= expected_ && differences_ == 0) {
-            throw Failure(QString(), ExitStatus::Incomplete); // what could not be read has been told
         }
         QString text = QStringLiteral("The download is incomplete: %1 of %2 records came, and %3 could not be read.")
                            .arg(records)

@@ -158,9 +158,6 @@ void RowOutput::finish(int unreadLines) {
     if (writer_ && !hasFailed()) {
         endFile(unreadLines);
     }
-    if (hasFailed()) {
-        throw Failure(problem_);
-    }
 }
 
 } // namespace orv

@@ -26,9 +26,10 @@ public:
     /// Something that happened while rows came.
     void note(const QString& sentence);
 
-    /// Ends the file. Tells what could not be read, these lines among it. Throws Failure.
+    /// Ends the file, if there is one. Tells what could not be read, these lines among it.
     void finish(int unreadLines);
 
+    bool hasBegun() const { return table_.has_value(); }
     /// Each row is with the operating system as soon as it is taken.
     bool writesAsItComes() const { return toDevice_ || format_ == FileFormat::Csv || format_ == FileFormat::JsonLines; }
     bool hasFailed() const { return !problem_.isEmpty(); }

@@ -7,6 +7,16 @@
 
 namespace orv {
 
+Task<Ending> endingOf(Task<> work) {
+    Ending ending;
+    try {
+        co_await work;
+    } catch (...) {
+        ending.thrown = std::current_exception();
+    }
+    co_return ending;
+}
+
 /// Until goOn().
 struct Visit::Turn {
     Visit& visit;

@@ -40,6 +40,14 @@ private:
 /// What a wait throws when the operator wants the command to end.
 class Interrupted {};
 
+/// How a command's work has ended.
+struct Ending {
+    std::exception_ptr thrown; ///< Nothing: it has come to its end.
+};
+
+/// Does the work. What has to be done however it ends follows, and may wait.
+Task<Ending> endingOf(Task<> work);
+
 /// One command's visit to an instrument: the program, and what commands do with it through its procedures. A command is
 /// a procedure that waits.
 class Visit {
