@@ -12,10 +12,17 @@
 namespace orv {
 namespace {
 
-/// `orv` as a process of its own, in the working directory.
+/// `orv` as a process of its own, in the working directory; perhaps it is started with a signal ignored.
 class OrvProcess {
 public:
-    explicit OrvProcess(const QStringList& arguments) { process.start(QStringLiteral(ORV_PATH), arguments); }
+    explicit OrvProcess(const QStringList& arguments, int ignored = 0) {
+        process.setChildProcessModifier([ignored] {
+            for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+                std::signal(signal, signal == ignored ? SIG_IGN : SIG_DFL);
+            }
+        });
+        process.start(QStringLiteral(ORV_PATH), arguments);
+    }
     ~OrvProcess() {
         process.kill();
         process.waitForFinished(patience);
@@ -76,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(Instruments, OrvCollectsOverALine,
 
 TEST(OrvProcesses, AreEndedWholeBySignals) {
     const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=50"));
-    for (const auto& [signal, status] : {std::pair(SIGINT, 130), std::pair(SIGTERM, 143)}) {
+    for (const auto& [signal, status] : {std::pair(SIGINT, 130), std::pair(SIGTERM, 143), std::pair(SIGHUP, 129)}) {
         const OwnFolder folder;
         OrvProcess orv({QStringLiteral("collect"), instrument.path, QStringLiteral("-o"), QStringLiteral("a.csv")});
         orv.waitForLines(folder.path("a.csv"), 10);
@@ -87,6 +94,16 @@ TEST(OrvProcesses, AreEndedWholeBySignals) {
                                                                 " rows were collected.\n"));
         EXPECT_TRUE(folder.files().filter(QStringLiteral(".lock")).isEmpty());
     }
+}
+
+TEST(OrvProcesses, GoOnAfterASignalThatWasIgnoredAtTheirStart) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=50"));
+    const OwnFolder folder;
+    OrvProcess orv({QStringLiteral("collect"), instrument.path, QStringLiteral("-o"), QStringLiteral("a.csv")}, SIGHUP);
+    orv.waitForLines(folder.path("a.csv"), 10);
+    ::kill(static_cast<pid_t>(orv.process.processId()), SIGHUP);
+    orv.waitForLines(folder.path("a.csv"), contentsOf(folder.path("a.csv")).count('\n') + 50);
+    EXPECT_EQ(orv.end(SIGINT), 130) << "not 129";
 }
 
 TEST(OrvProcesses, ThatAreKilledLoseNoRowAndTheNextOneSaysSo) {

@@ -30,6 +30,12 @@ void handle(int signal, void (*handler)(int)) {
     ::sigaction(signal, &action, nullptr);
 }
 
+/// Whoever started the program wants it to go on: nohup, or a shell that put it into the background.
+bool isIgnored(int signal) {
+    struct sigaction action {};
+    return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 } // namespace
 
 Interruption::Interruption() {
@@ -43,13 +49,17 @@ Interruption::Interruption() {
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] { takeSignal(); });
     pipeEnd = write_.get();
     for (const int signal : signals) {
-        handle(signal, passOn);
+        if (!isIgnored(signal)) {
+            handle(signal, passOn);
+        }
     }
 }
 
 Interruption::~Interruption() {
     for (const int signal : signals) {
-        handle(signal, SIG_DFL);
+        if (!isIgnored(signal)) {
+            handle(signal, SIG_DFL);
+        }
     }
     pipeEnd = -1;
 }

@@ -12,7 +12,8 @@ class QSocketNotifier;
 
 namespace orv {
 
-/// Ctrl+C, and the system's wish that the program ends. One of these lives at a time.
+/// Ctrl+C, and the system's wish that the program ends. A signal that is ignored when the program starts (nohup) stays
+/// ignored. One of these lives at a time.
 class Interruption {
 public:
     Interruption();
