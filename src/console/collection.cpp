@@ -28,13 +28,7 @@ Collection::Collection(Visit& visit)
     , program_(visit.program)
     , output_(visit)
     , until_(forever)
-    , subscriptions_{program_.sheet.run.taken.subscribe([this](int /*number*/, const DataRow& row) { take(row); }),
-                     program_.link.timer.tick.subscribe([this] {
-                         if (program_.sheet.data.rowCount() >=
-                             (output_.writesAsItComes() ? mostRows : mostRowsOfLateFile)) {
-                             handOver();
-                         }
-                     })} {}
+    , taking_(program_.sheet.run.taken.subscribe([this](int /*number*/, const DataRow& row) { take(row); })) {}
 
 Task<> Collection::perform() {
     output_.refuseExisting();
@@ -201,6 +195,14 @@ void Collection::take(const DataRow& row) {
     output_.take(row);
     if (visit_.terminal.showsProgress()) {
         visit_.terminal.showProgress(QStringLiteral("%1 rows, the last at %2").arg(output_.rows()).arg(row.time));
+    }
+    if (program_.sheet.data.rowCount() >= (output_.writesAsItComes() ? mostRows : mostRowsOfLateFile) &&
+        !handingOver_) {
+        // Not while the row is being taken, and not with a tick: they may not come for long.
+        handingOver_ = visit_.clock.callAfter(0, [this] {
+            handingOver_.reset();
+            handOver();
+        });
     }
     if (isEnough()) {
         visit_.look();

@@ -41,7 +41,8 @@ private:
     int unreadLines_ = 0; ///< Of the runs before.
     bool isLost_ = false; ///< The last run has ended early.
     QString reason_;      ///< Why.
-    std::vector<Subscription> subscriptions_;
+    Subscription handingOver_;
+    Subscription taking_;
 };
 
 } // namespace orv

@@ -238,6 +238,26 @@ TEST_F(OrvCollect, ALongRunKeepsTheSheetShortAndMakesNoFilesOfItsOwn) {
     EXPECT_TRUE(messages.shown.empty()) << qPrintable(told());
 }
 
+TEST_F(OrvCollect, ALongRunIsNotSavedByItselfWhenNoTickComes) {
+    begin(QStringLiteral("collect sim:trx?rate=200&baud=0 -o long.txt"));
+    live(5);
+    const StatusTimer::Hold hold(timer);
+    int longest = 0;
+    eachMillisecond = [this, &longest] {
+        program.tick(); // a row, and nobody else hears of it
+        longest = std::max(longest, sheet.rowCount());
+    };
+    live(110);
+    visit->interrupt(2);
+    live(5);
+    EXPECT_EQ(answered.status, 130);
+    EXPECT_GT(linesReceived(), 20'500) << "more than a sheet holds";
+    EXPECT_LE(longest, 15'001);
+    EXPECT_NE(result().error.find(std::to_string(linesReceived()) + " rows were collected."), std::string::npos)
+        << result().error;
+    EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled")).size(), 0);
+}
+
 TEST_F(OrvCollect, AnInstrumentThatErasesItsMemoryIsNotRunByItself) {
     ASSERT_EQ(orv("settings sim:trx --set logEnabled=true --set append=false --set pointsPerBlock=600").status, 0);
     const Answered refused = orv("collect sim:trx -o once.csv --keep-trying");
