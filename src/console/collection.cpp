@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "console/commands.h"
 
+#include <QFileInfo>
 #include <QJsonArray>
 
 #include <algorithm>
@@ -43,7 +44,7 @@ Task<> Collection::perform() {
     Task<> stopping = stop();
     const Ending stopped = co_await endingOf(std::move(stopping));
     output_.finish(unreadLines_ + program_.sheet.run.unreadLines());
-    if (!output_.hasFailed()) {
+    if (output_.hasAllColumns() && !output_.hasFailed()) {
         program_.sheet.handOver();
     }
     report();
@@ -234,8 +235,18 @@ Task<> Collection::stop() {
     co_await visit_.reached(limit, over);
 }
 
+QString Collection::recordFile() const {
+    return QFileInfo(program_.sheet.recordFile.path()).absoluteFilePath();
+}
+
 void Collection::report() {
     const RowOutput& output = output_;
+    if (!output.hasAllColumns() && output.rows() > 0) {
+        visit_.terminal.tell(QStringLiteral("A sheet file has no column for the last reference of the older TRX. The "
+                                            "record file %1 has it; the next run keeps that file under a name with "
+                                            "date and time.")
+                                 .arg(recordFile()));
+    }
     if (visit_.options.json && visit_.options.output != QLatin1String("-")) {
         visit_.terminal.print(
             QJsonObject{{QStringLiteral("rows"), output.rows()},

@@ -29,6 +29,7 @@ private:
     End endOfRun();
     bool isEnough() const;
     qint64 longestSilence() const;
+    QString recordFile() const;
     void report();
 
     Visit& visit_;

@@ -91,6 +91,36 @@ TEST_F(OrvCollect, OldInstrumentsLoseNoColumn) {
     EXPECT_EQ(old.status, 0) << old.error;
     EXPECT_EQ(contentsOf(path("old.csv")).split('\n').front().count(','), 7);
     EXPECT_EQ(rowsOf(path("old.csv")).front().count(','), 7);
+    EXPECT_TRUE(recordFile.isSaved());
+}
+
+TEST_F(OrvCollect, TheColumnThatASheetFileHasNotIsToldAndKept) {
+    struct Kind {
+        const char* device;
+        const char* file;
+        bool isWhole;
+    };
+    int kept = 0;
+    for (const Kind& kind :
+         {Kind{"sim:trx?firmware=412&rate=5", "a.csv", true}, Kind{"sim:trx?firmware=412&rate=5", "b.txt", false},
+          Kind{"sim:trx?firmware=512&rate=5", "c.txt", true}, Kind{"sim:glow?rate=5", "d.txt", true}}) {
+        SCOPED_TRACE(kind.file);
+        const Answered ended = orv(
+            QStringLiteral("collect %1 -o %2 --points 3").arg(QLatin1String(kind.device), QLatin1String(kind.file)));
+        EXPECT_EQ(ended.status, 0) << ended.error;
+        const std::string column = "orv: A sheet file has no column for the last reference of the older TRX. The "
+                                   "record file " +
+                                   path("Orvtemp.tmp").toStdString() + " has it;";
+        EXPECT_EQ(ended.error.find(column) == std::string::npos, kind.isWhole) << ended.error;
+        EXPECT_EQ(recordFile.isSaved(), kind.isWhole);
+        EXPECT_EQ(folder.files().filter(QStringLiteral("Orvtemp-2026")).size(), kept);
+        kept += kind.isWhole ? 0 : 1;
+    }
+    EXPECT_EQ(kept, 1);
+    const QString record = folder.files().filter(QStringLiteral("Orvtemp-2026")).value(0);
+    EXPECT_EQ(orv(QStringLiteral("convert %1 -o e.csv").arg(record)).status, 0) << result().error;
+    EXPECT_EQ(rowsOf(path("e.csv")).size(), 3);
+    EXPECT_EQ(rowsOf(path("e.csv")).front().count(','), 7);
 }
 
 TEST_F(OrvCollect, AnInterruptionEndsTheRunWhole) {

@@ -32,6 +32,8 @@ public:
     bool hasBegun() const { return table_.has_value(); }
     /// Each row is with the operating system as soon as it is taken.
     bool writesAsItComes() const { return toDevice_ || format_ == FileFormat::Csv || format_ == FileFormat::JsonLines; }
+    /// The file has a column for every value of these rows.
+    bool hasAllColumns() const { return format_ != FileFormat::Sheet || table_->layout != RowLayout::TrxOlder; }
     bool hasFailed() const { return !problem_.isEmpty(); }
     QString problem() const { return problem_; }
 
