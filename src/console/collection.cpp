@@ -49,7 +49,12 @@ Task<> Collection::perform() {
     }
     report();
     if (output_.hasFailed()) {
-        throw Failure(output_.problem());
+        throw Failure(output_.rows() == 0
+                          ? output_.problem()
+                          : output_.problem() +
+                                QStringLiteral(" The rows of this run are in the record file %1; \"orv convert %1 -o "
+                                               "NAME\" writes them to another file.")
+                                    .arg(recordFile()));
     }
     if (ending.thrown || stopped.thrown) {
         std::rethrow_exception(ending.thrown ? ending.thrown : stopped.thrown);

@@ -225,6 +225,24 @@ TEST_F(OrvCollect, EveryEndingMakesTheFileAndCountsItsRows) {
     }
 }
 
+TEST_F(OrvCollect, AnOutputThatFailsSaysWhereTheRowsAre) {
+    begin(QStringLiteral("collect sim:trx?rate=5 -o - --points 20"));
+    live(4);
+    output.close(); // whoever read it has gone
+    live(20);
+    EXPECT_EQ(answered.status, 1);
+    const std::string record = path("Orvtemp.tmp").toStdString();
+    EXPECT_NE(result().error.find(" rows were collected.\n"), std::string::npos) << result().error;
+    EXPECT_NE(result().error.find("The rows of this run are in the record file " + record + "; \"orv convert " +
+                                  record + " -o NAME\" writes them"),
+              std::string::npos)
+        << result().error;
+    EXPECT_FALSE(recordFile.isSaved());
+    const int came = linesReceived();
+    EXPECT_EQ(orv("convert Orvtemp.tmp -o rows.csv").status, 0) << result().error;
+    EXPECT_EQ(rowsThrough({path("rows.csv")}), came);
+}
+
 TEST_F(OrvCollect, AnExistingFileIsKept) {
     fill(path("a.csv"), "old");
     const Answered refused = orv("collect sim:trx -o a.csv");
