@@ -139,6 +139,12 @@ TEST_F(OrvCommands, TheClockIsComparedAndSet) {
     EXPECT_GE(object(set.output)[u"clockOffset"].toDouble(), -65);
     EXPECT_LE(object(set.output)[u"clockOffset"].toDouble(), 0);
     EXPECT_FALSE(line->allWritten().contains('B')) << "the settings are left alone";
+    for (const auto& [second, isExact] : {std::pair(30, false), std::pair(58, true)}) {
+        clock.set(QDateTime(QDate(2027, 3, 4), QTime(5, 6, second)));
+        const Answered again = orv("clock sim:glow --sync --json");
+        EXPECT_EQ(again.error.find("run this at a full minute") == std::string::npos, isExact) << again.error;
+        EXPECT_EQ(std::abs(object(again.output)[u"clockOffset"].toDouble()) <= 2, isExact) << again.output;
+    }
 }
 
 TEST_F(OrvCommands, TheShutterIsMovedAndTheSettingsAreAsBefore) {

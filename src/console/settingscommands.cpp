@@ -144,6 +144,11 @@ Task<> compareClock(Visit& visit) {
             throw Failure(
                 QStringLiteral("The instrument's clock was not set: %1. Try again.").arg(clockInWords(visit)));
         }
+        constexpr qint64 exact = 2;
+        if (std::abs(*visit.clockOffset()) > exact) {
+            visit.terminal.tell(QStringLiteral(
+                "The instrument begins the minute afresh; run this at a full minute for an exact clock."));
+        }
     }
     if (visit.options.json) {
         QJsonObject object;
