@@ -107,6 +107,63 @@ TEST_F(OrvCommands, ASettingThatDoesNotStickIsNamed) {
     EXPECT_EQ(sent.error.find("samplesPerPoint"), std::string::npos) << sent.error;
 }
 
+TEST_F(OrvCommands, SettingsOfAGarbledReportAreNotSentBack) {
+    for (int seed = 1; seed <= 20; ++seed) {
+        const Answered sent = orv(QStringLiteral("settings sim:trx?fault=garbage&seed=%1 --set gain=true").arg(seed));
+        const bool isSent = line->allWritten().contains('B');
+        if (isSent) { // both reports happened to be whole
+            EXPECT_TRUE(line->allWritten().contains("B010011T")) << seed << line->allWritten().toStdString();
+            continue;
+        }
+        EXPECT_EQ(sent.status, 1) << seed;
+        EXPECT_NE(sent.error.find("The settings could not be read whole; nothing was sent. Try again."),
+                  std::string::npos)
+            << seed << sent.error;
+    }
+}
+
+TEST_F(OrvCommands, SettingsAreSentBackOnlyIfTwoReadingsAgreeOnThem) {
+    struct Case {
+        const char* first;
+        const char* second;
+        const char* options;
+        bool isSent;
+    };
+    const char* const good = "S1\r\nG0\r\nA0\r\nL0\r\nW1\r\nM0\r\nT30\r\nD24\r\nQ7\r\nI5\r\n";
+    const char* const noInterval = "S1\r\nG0\r\nA0\r\nL0\r\nW1\r\nM0\r\nT30\r\nD24\r\nQ7\r\n";
+    const char* const badFlag = "S1\r\nG0\r\nA0\r\nL0\r\nW1\r\nM#\r\nT30\r\nD24\r\nQ7\r\nI5\r\n";
+    const char* const otherNumber = "S1\r\nG0\r\nA0\r\nL0\r\nW1\r\nM0\r\nT31\r\nD24\r\nQ7\r\nI5\r\n";
+    int seed = 0;
+    const char* const tooLarge = "S1\r\nG0\r\nA0\r\nL0\r\nW1\r\nM0\r\nT30\r\nD24\r\nQ65536\r\nI5\r\n";
+    for (const Case& each :
+         {Case{good, good, "--set gain=true", true}, Case{good, noInterval, "--set gain=true", false},
+          Case{noInterval, noInterval, "--set gain=true", false},
+          Case{noInterval, noInterval, "--set secondsBetweenPoints=5", true},
+          Case{badFlag, badFlag, "--set gain=true", false}, Case{badFlag, badFlag, "--mode profile", true},
+          Case{good, otherNumber, "--set gain=true", false}, Case{good, otherNumber, "--set samplesPerPoint=31", true},
+          Case{good, otherNumber, "--mode profile", true}, Case{tooLarge, tooLarge, "--set gain=true", false}}) {
+        SCOPED_TRACE(std::string(each.first) + each.second + each.options);
+        int reports = 0;
+        lineMade = [this, &each, &reports] {
+            line->written = [this, &each, &reports](const QByteArray& bytes) {
+                line->silent = !line->allWritten().contains('B');
+                if (bytes == "P" && line->silent) {
+                    line->input += QByteArray("P\r\n") + (++reports == 1 ? each.first : each.second) + "MP200\r\n>";
+                } else if (bytes == "C" && line->silent) {
+                    line->input += "C\r\n11/21/26\t25661\r\n>";
+                }
+            };
+        };
+        // Each case has an instrument of its own, and so a line of its own.
+        const Answered sent =
+            orv(QStringLiteral("settings sim:trx?seed=%1 ").arg(++seed) + QLatin1String(each.options));
+        EXPECT_EQ(line->allWritten().contains('B'), each.isSent) << sent.error;
+        EXPECT_EQ(sent.error.find("could not be read whole; nothing was sent. Try again.") == std::string::npos,
+                  each.isSent)
+            << sent.error;
+    }
+}
+
 TEST_F(OrvCommands, ContinuousLoggingIsNotSent) {
     const Answered sent = orv("settings sim:trx --set logEnabled=true");
     EXPECT_EQ(sent.status, 1);

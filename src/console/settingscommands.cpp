@@ -85,9 +85,58 @@ QStringList notTaken(const LoggerSettings& sent, const LoggerSettings& read) {
     return found;
 }
 
+/// The setting is sent as it was read.
+bool isSentBack(const Setting& setting, const Options& options) {
+    const bool isBuiltIn = options.mode == QLatin1String("profile") || options.mode == QLatin1String("moored");
+    const bool isOfMode = !options.mode.isEmpty() && !(isBuiltIn && setting.letter == u'T');
+    return !isOfMode &&
+           std::ranges::none_of(options.set, [&setting](const auto& set) { return set.first == &setting; });
+}
+
+/// Reads the report once more and waits for its end.
+Task<> readAgain(Visit& visit) {
+    constexpr qint64 limit = 15'000;
+    visit.program.settings.sender.retrieveSettings();
+    const SessionState& state = visit.program.link.session.state;
+    const std::function<bool()> over = [&visit, &state] {
+        const CommandState& commands = visit.program.link.session.commands;
+        return !visit.program.link.ports.isOpen() ||
+               (commands.activity.value() == Activity::None && state.Ctrlscrn != Operation::Ready);
+    };
+    const bool ended = co_await visit.reached(limit, over);
+    if (!ended || !visit.program.link.ports.isOpen()) {
+        throw Failure(QStringLiteral("The instrument on %1 no longer answers; nothing was sent. Look at the cable, "
+                                     "then try again.")
+                          .arg(visit.options.port));
+    }
+    co_await visit.awaitClock();
+}
+
+/// What is to be sent. What goes back as it was read must have been read whole, twice the same: a byte that the line
+/// has added or lost would change a setting that nobody named. Throws Failure.
+Task<LoggerSettings> settingsToSend(Visit& visit) {
+    const Settings& settings = visit.program.settings;
+    bool isWhole = true;
+    const auto look = [&visit, &settings, &isWhole] {
+        for (std::size_t at = 0; at < allSettings.size(); ++at) {
+            isWhole = isWhole && (settings.reader.understood[at] || !isSentBack(allSettings.at(at), visit.options));
+        }
+    };
+    LoggerSettings wanted = wantedSettings(visit, settings.shown.record);
+    look();
+    if (std::ranges::any_of(allSettings, [&visit](const Setting& each) { return isSentBack(each, visit.options); })) {
+        co_await readAgain(visit);
+        look();
+    }
+    if (!isWhole || wanted != wantedSettings(visit, settings.shown.record)) {
+        throw Failure(QStringLiteral("The settings could not be read whole; nothing was sent. Try again."));
+    }
+    co_return wanted;
+}
+
 Task<> send(Visit& visit) {
     SettingsState& settings = visit.program.settings.shown;
-    const LoggerSettings wanted = wantedSettings(visit, settings.record);
+    const LoggerSettings wanted = co_await settingsToSend(visit);
     settings.record = wanted;
     visit.program.settings.sender.applySettings();
     if (visit.program.link.procedures.isIdle()) {
@@ -98,6 +147,9 @@ Task<> send(Visit& visit) {
     const QStringList differences = notTaken(wanted, settings.record);
     if (!differences.isEmpty()) {
         throw Failure(differences.join(u' ') + QStringLiteral(" Send it again."));
+    }
+    if (!visit.program.settings.reader.understood.all()) {
+        throw Failure(QStringLiteral("The settings were sent, but could not be read back whole. Read them again."));
     }
 }
 

@@ -18,6 +18,17 @@ constexpr qint16 giveUpAtCall = 150;
 /// After so many milliseconds without a line the status says so.
 constexpr qint64 silenceLimit = 10'000;
 
+bool isValueOf(const Setting& setting, QStringView text) {
+    constexpr uint largest = 65535;
+    const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
+    if (text.isEmpty() || !std::ranges::all_of(text, isDigit)) {
+        return false;
+    }
+    const uint number = text.toUInt();
+    return setting.flag != nullptr ? text.size() == 1 && number <= 1
+                                   : text.size() <= setting.digits && number <= largest;
+}
+
 } // namespace
 
 SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressState& progress)
@@ -56,6 +67,7 @@ void SettingsReader::getprefs(const QString& line) {
         progress_.value = 0;
         progress_.maximum = 100;
         settings_.lamp = Lamp::Reading;
+        understood.reset();
     }
     progress_.valueLabel = QString::number(progress_.value);
 
@@ -75,6 +87,9 @@ void SettingsReader::getprefs(const QString& line) {
     if (field == allSettings.end()) {
         return;
     }
+    const bool isTagged = field->letter == tag;
+    understood.set(static_cast<std::size_t>(field - allSettings.begin()),
+                   isTagged && isValueOf(*field, QStringView(line).mid(1).trimmed()));
     change(settings_.record, [&](LoggerSettings& record) {
         const double number = leadingNumber(value);
         if (field->number != nullptr) {

@@ -4,6 +4,8 @@
 #include "link/link.h"
 #include "settings/loggersettings.h"
 
+#include <bitset>
+
 namespace orv {
 
 /// Reads the instrument's settings report, one line a call, into the settings screen. A report that is cut short by the
@@ -24,6 +26,10 @@ public:
 
     /// 0 between reports, else the code of the last field.
     int prefsState = 0;
+
+    /// Which of `allSettings` the latest report gave in so many words: the tag, then 0 or 1 for a flag, digits that its
+    /// box can hold for a number. The record holds something for the others too.
+    std::bitset<allSettings.size()> understood;
 
 private:
     void giveUp();
