@@ -7,8 +7,10 @@ namespace orv {
 
 // What several commands answer.
 
-/// The settings by their names, numbers as numbers.
-QJsonObject settingsObject(const LoggerSettings& settings);
+/// The settings by their names, numbers as numbers; null for what the instrument's report did not give.
+QJsonObject settingsObject(const Settings& settings);
+/// Throws Failure, with the status of missing data, if the report did not give all.
+void requireAllSettings(const Settings& settings);
 void printSettings(Terminal& terminal, const LoggerSettings& settings);
 
 /// "2026-11-21 09:30:15 (2 s behind this computer's)"

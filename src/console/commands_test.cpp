@@ -44,6 +44,17 @@ TEST_F(OrvCommands, InfoTellsWhatTheInstrumentIs) {
     }
 }
 
+TEST_F(OrvCommands, SettingsThatWereNotReadAreNull) {
+    for (const char* command : {"info", "settings"}) {
+        const Answered told = orv(QLatin1String(command) + QStringLiteral(" sim:trx?fault=garbage&seed=1 --json"));
+        const QJsonObject answer = object(told.output);
+        const QJsonObject values = answer.contains(u"settings") ? answer[u"settings"].toObject() : answer;
+        EXPECT_EQ(told.status, 3) << told.error;
+        EXPECT_TRUE(QJsonDocument(values).toJson().contains(": null")) << told.output;
+        EXPECT_NE(told.error.find("The settings could not be read whole. Try again."), std::string::npos);
+    }
+}
+
 TEST_F(OrvCommands, ASilentInstrumentIsToldWithWhatToDo) {
     const Answered info = orv("info sim:trx?fault=silent");
     EXPECT_EQ(info.status, 1);

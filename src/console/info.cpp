@@ -28,14 +28,23 @@ Task<> listPorts(Visit& visit) {
     co_return;
 }
 
-QJsonObject settingsObject(const LoggerSettings& settings) {
+QJsonObject settingsObject(const Settings& settings) {
+    const LoggerSettings& record = settings.shown.record.value();
     QJsonObject object;
-    for (const Setting& setting : allSettings) {
-        object.insert(QLatin1String(setting.name), setting.flag != nullptr
-                                                       ? QJsonValue(settings.*setting.flag)
-                                                       : QJsonValue(leadingNumber(settings.*setting.number)));
+    for (std::size_t at = 0; at < allSettings.size(); ++at) {
+        const Setting& setting = allSettings.at(at);
+        const QJsonValue value = !settings.reader.understood[at] ? QJsonValue()
+                                 : setting.flag != nullptr       ? QJsonValue(record.*setting.flag)
+                                                                 : QJsonValue(leadingNumber(record.*setting.number));
+        object.insert(QLatin1String(setting.name), value);
     }
     return object;
+}
+
+void requireAllSettings(const Settings& settings) {
+    if (!settings.reader.understood.all()) {
+        throw Failure(QStringLiteral("The settings could not be read whole. Try again."), ExitStatus::Incomplete);
+    }
 }
 
 void printSettings(Terminal& terminal, const LoggerSettings& settings) {
@@ -93,12 +102,13 @@ Task<> tellInfo(Visit& visit) {
         QJsonObject object{{QStringLiteral("port"), visit.options.port},
                            {QStringLiteral("type"), type},
                            {QStringLiteral("firmware"), visit.program.link.session.state.firmware},
-                           {QStringLiteral("settings"), settingsObject(record)},
+                           {QStringLiteral("settings"), settingsObject(visit.program.settings)},
                            {QStringLiteral("plainEnglish"), inSentences(record)},
                            {QStringLiteral("records"), records},
                            {QStringLiteral("memoryPercent"), leadingNumber(settings.capacity.value())}};
         addClock(visit, object);
         visit.terminal.print(object);
+        requireAllSettings(visit.program.settings);
         co_return;
     }
     Terminal& terminal = visit.terminal;
@@ -109,6 +119,7 @@ Task<> tellInfo(Visit& visit) {
     terminal.print(QStringLiteral("Settings:"));
     printSettings(terminal, record);
     terminal.print(inSentences(record));
+    requireAllSettings(visit.program.settings);
 }
 
 } // namespace orv

@@ -179,10 +179,11 @@ Task<> exchangeSettings(Visit& visit) {
         }
     }
     if (options.json) {
-        visit.terminal.print(settingsObject(record));
+        visit.terminal.print(settingsObject(visit.program.settings));
     } else {
         printSettings(visit.terminal, record);
     }
+    requireAllSettings(visit.program.settings);
 }
 
 Task<> compareClock(Visit& visit) {
