@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "console/commands.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>

@@ -64,6 +64,10 @@ QString NetCdfLibrary::load(const QStringList& names) {
                              .find("nc_strerror", strerror)
                              .all();
         if (all) {
+            // At the program's end the library below would crash over a file that could not be closed (full disk).
+            if (const auto dontAtExit = reinterpret_cast<int (*)()>(library.resolve("H5dont_atexit"))) {
+                dontAtExit();
+            }
             return {};
         }
     }
