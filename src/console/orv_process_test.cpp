@@ -29,6 +29,15 @@ TEST(OrvProgram, WrongOptionsEndWithStatus2) {
     EXPECT_EQ(orv(QStringLiteral("--version")).output, "orv " ORV_VERSION "\n");
 }
 
+TEST(OrvProgram, AnAnswerThatIsNotTakenIsNoSuccess) {
+    QProcess info;
+    info.setStandardOutputFile(QStringLiteral("/dev/full"));
+    info.start(QStringLiteral(ORV_PATH), {QStringLiteral("info"), QStringLiteral("sim:trx?baud=0")});
+    ASSERT_TRUE(info.waitForFinished(patience));
+    EXPECT_EQ(info.exitCode(), 1);
+    EXPECT_TRUE(info.readAllStandardError().contains("Standard output takes nothing any more: "));
+}
+
 TEST(OrvProgram, TellsWhichProgramUsesAPort) {
     const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0"));
     QProcess first;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/terminal.h"
 
+#include "base/files.h"
+
 #include <QJsonDocument>
 #include <QRegularExpression>
 
@@ -18,7 +20,11 @@ Terminal::Terminal(QIODevice& output, QIODevice& error, bool progress, Speech sp
 bool Terminal::print(const QString& line) {
     showProgress(QString());
     const QByteArray bytes = line.toLocal8Bit() + '\n';
-    return output_.write(bytes) == bytes.size();
+    const bool taken = output_.write(bytes) == bytes.size();
+    if (!taken && problem_.isEmpty()) {
+        problem_ = errorText(output_);
+    }
+    return taken;
 }
 
 bool Terminal::print(const QJsonObject& object) {

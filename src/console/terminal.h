@@ -35,6 +35,9 @@ public:
 
     QIODevice& output() { return output_; }
 
+    /// What the system said when standard output first took a line no more; empty if it has taken all.
+    const QString& problem() const { return problem_; }
+
 private:
     void say(const QString& text);
 
@@ -43,6 +46,7 @@ private:
     bool progress_;
     Speech speech_;
     QString shown_; ///< Of the progress.
+    QString problem_;
 };
 
 /// "[#####               ]  25 %"

@@ -101,6 +101,10 @@ Task<> Visit::run(std::function<Task<>(Visit&)> command, std::function<void(int 
     try {
         Task<> work = command(*this);
         co_await work;
+        // Who watches a line ends that by going.
+        if (!terminal.problem().isEmpty() && options.command != Options::Command::Watch) {
+            throw Failure(QStringLiteral("Standard output takes nothing any more: %1.").arg(terminal.problem()));
+        }
     } catch (const Failure& failure) {
         status = static_cast<int>(failure.status());
         if (!failure.text().isEmpty()) {
