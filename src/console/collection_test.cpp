@@ -245,6 +245,7 @@ TEST_F(OrvCollect, AnOutputThatFailsSaysWhereTheRowsAre) {
 
 TEST_F(OrvCollect, AnExistingFileIsKept) {
     fill(path("a.csv"), "old");
+    fill(path("a.csv-metadata.json"), "of the old");
     const Answered refused = orv("collect sim:trx -o a.csv");
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(contentsOf(path("a.csv")).toStdString(), "old");
@@ -253,6 +254,7 @@ TEST_F(OrvCollect, AnExistingFileIsKept) {
     const QStringList kept = folder.files().filter(QRegularExpression(QStringLiteral("^a-2026.*csv$")));
     ASSERT_EQ(kept.size(), 1);
     EXPECT_EQ(contentsOf(kept[0]).toStdString(), "old");
+    EXPECT_EQ(contentsOf(kept[0] + QStringLiteral("-metadata.json")).toStdString(), "of the old");
     EXPECT_EQ(rowsThrough({path("a.csv")}), 2);
 }
 

@@ -96,11 +96,6 @@ void RowOutput::beginFile() {
     if (toDevice_) {
         writer_ = makeRowWriter(format_, visit_.terminal.output());
     } else {
-        if (options.force) {
-            check(keepUnderDatedName(name_, now));
-            check(format_ == FileFormat::Csv ? keepUnderDatedName(name_ + QLatin1String("-metadata.json"), now)
-                                             : QString());
-        }
         const OutputFile file{.name = name_,
                               .existing =
                                   options.force ? OutputFile::Existing::KeepDated : OutputFile::Existing::Refuse,
