@@ -14,7 +14,7 @@ WatchedPort::WatchedPort(std::unique_ptr<Port> port, const Traffic& traffic)
     , stirring_(port_->stirred.subscribe([this] { stirred.tell(); })) {}
 
 QByteArray WatchedPort::readAll() {
-    const QByteArray block = port_->readAll();
+    QByteArray block = port_->readAll();
     if (!block.isEmpty()) {
         traffic_.tell(false, block);
     }

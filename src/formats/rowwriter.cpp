@@ -110,7 +110,7 @@ public:
         , file_(placed_.path()) {}
 
     QString open() override {
-        const QString reason = placed_.check();
+        QString reason = placed_.check();
         if (!reason.isEmpty()) {
             return reason;
         }
@@ -162,7 +162,7 @@ protected:
         if (pending_.size() < least) {
             return {};
         }
-        const QString reason = lines_->append(pending_);
+        QString reason = lines_->append(pending_);
         pending_.resize(0); // keeps its room
         return reason;
     }

@@ -11,6 +11,7 @@
 #include <QFileInfo>
 
 #include <limits>
+#include <utility>
 
 namespace orv {
 
@@ -80,12 +81,11 @@ private:
 /// A record file or a download.
 class RecordReader final : public Reader {
 public:
-    RecordReader(std::unique_ptr<QFile> file, const RecordLines& lines, const RecordLines::Row& first,
-                 const TableDescription& table)
+    RecordReader(std::unique_ptr<QFile> file, RecordLines lines, RecordLines::Row first, const TableDescription& table)
         : Reader(table)
         , file_(std::move(file))
-        , lines_(lines)
-        , row_(first) {}
+        , lines_(std::move(lines))
+        , row_(std::move(first)) {}
 
     QString error() const override {
         return file_->error() == QFileDevice::NoError ? QString()
@@ -136,14 +136,15 @@ OpenedTable openTable(const QString& name) {
         return {.reader = std::make_unique<SheetReader>(std::move(sheet), table), .error = {}};
     }
     RecordLines lines(*file, {});
-    const auto first = lines.next(std::numeric_limits<int>::max());
+    auto first = lines.next(std::numeric_limits<int>::max());
     if (!first) {
         return refuse(file->error() == QFileDevice::NoError
                           ? QStringLiteral("It holds no rows.")
                           : QStringLiteral("It cannot be read: %1.").arg(errorText(*file)));
     }
     const TableDescription table = described(lines.type().layout(), name);
-    return {.reader = std::make_unique<RecordReader>(std::move(file), lines, *first, table), .error = {}};
+    return {.reader = std::make_unique<RecordReader>(std::move(file), std::move(lines), *std::move(first), table),
+            .error = {}};
 }
 
 } // namespace orv

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace orv {
 
@@ -55,9 +56,9 @@ RecordedFile recordedFile(const QByteArray& begin) {
     return begin.startsWith(downloadBegin) ? RecordedFile::Download : RecordedFile::None;
 }
 
-RecordLines::RecordLines(QFile& file, const DataSheet::Type& type, qint64 begin)
+RecordLines::RecordLines(QFile& file, DataSheet::Type type, qint64 begin)
     : file_(file)
-    , type_(type) {
+    , type_(std::move(type)) {
     const QByteArray header = file_.read(longestRecordHeader);
     // The references of each angle belong to the newer firmware in one header and to the older in the other.
     newerHeader_ =

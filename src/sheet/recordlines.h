@@ -20,7 +20,7 @@ public:
 
     /// Begins at that place of the open file, after the line that stands there if it is not the file's begin. `type` as
     /// it is known from elsewhere, if it is.
-    RecordLines(QFile& file, const DataSheet::Type& type, qint64 begin = 0);
+    RecordLines(QFile& file, DataSheet::Type type, qint64 begin = 0);
 
     /// The next row; nothing after the last. A row whose number is above the largest counts as unreadable.
     std::optional<Row> next(int largestNumber);
