@@ -98,6 +98,9 @@ public:
     static void pass(int milliseconds);
 
     std::unique_ptr<MainWindow> window;
+
+private:
+    int milliseconds_ = 0;
 };
 
 class WindowTest : public testing::Test, public WindowRig {};

@@ -398,7 +398,7 @@ TEST_F(WaitingRigTest, AtRestOnlyTheLookForPortsWakesTheWindows) {
     connectUntilReady();
     openSettings("Time and Date");
     constexpr int untilAllIsDrawn = 500;
-    constexpr int seconds = 3;
+    constexpr int seconds = 1;
     pass(untilAllIsDrawn);
     QEventLoop resting;
     QTimer::singleShot(std::chrono::seconds(seconds), &resting, &QEventLoop::quit);
