@@ -6,7 +6,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QRegularExpression>
+
 #include <algorithm>
+#include <limits>
 
 namespace orv {
 
@@ -49,20 +52,26 @@ struct Texts {
     std::vector<std::string> set;
     std::string mode;
     std::string save;
+    std::string points;
     std::string forTime;
     std::string every;
 };
+
+void addFlag(CLI::App& app, const char* name, bool& flag, const char* description) {
+    app.add_flag(name, flag, description)->disable_flag_override();
+}
 
 void addOptionsOf(Options::Command command, CLI::App& app, Options& options, Texts& texts) {
     using Command = Options::Command;
     const bool needsPort = command != Command::Ports && command != Command::Convert;
     if (needsPort) {
         app.add_option("PORT", texts.port, "Serial port (ttyUSB0, /dev/ttyUSB0) or simulated instrument (sim:trx)")
-            ->required();
+            ->required()
+            ->type_name("");
     }
     const bool writes = command == Command::Collect || command == Command::Download || command == Command::Convert;
     if (command == Command::Convert) {
-        app.add_option("IN", texts.inputs, "Sheets, record files, text downloads")->required();
+        app.add_option("IN", texts.inputs, "Sheets, record files, text downloads")->required()->type_name("");
     }
     if (writes) {
         app.add_option("-o,--output", texts.output,
@@ -72,7 +81,7 @@ void addOptionsOf(Options::Command command, CLI::App& app, Options& options, Tex
             ->type_name("FILE");
     }
     if (writes || command == Command::Settings) {
-        app.add_flag("--force", options.force, "Keep an existing file under a dated name");
+        addFlag(app, "--force", options.force, "Keep an existing file under a dated name");
     }
     switch (command) {
     case Command::Settings:
@@ -84,28 +93,26 @@ void addOptionsOf(Options::Command command, CLI::App& app, Options& options, Tex
         app.add_option("--save", texts.save, "Write the settings to a mode file")->type_name("FILE");
         break;
     case Command::Clock:
-        app.add_flag("--sync", options.sync, "Set the clock to the computer's time");
+        addFlag(app, "--sync", options.sync, "Set the clock to the computer's time");
         break;
     case Command::Collect:
-        app.add_option("--points", options.points, "End after so many rows")
-            ->type_name("N")
-            ->check(CLI::Range(1, 2'000'000'000));
+        app.add_option("--points", texts.points, "End after so many rows")->type_name("N");
         app.add_option("--for", texts.forTime, "End after that time: 30s, 15m, 2h, 1d")->type_name("TIME");
         app.add_option("--every", texts.every, "Begin a new dated file after that time")->type_name("TIME");
-        app.add_flag("--keep-trying", options.keepTrying, "Connect again after a lost line or a power cut, and go on");
-        app.add_flag("--stamp", options.stamp, "Add a column with the computer's time of each row");
+        addFlag(app, "--keep-trying", options.keepTrying, "Connect again after a lost line or a power cut, and go on");
+        addFlag(app, "--stamp", options.stamp, "Add a column with the computer's time of each row");
         break;
     case Command::Download:
-        app.add_flag("--verify", options.verify, "Read the memory twice and compare it record by record");
+        addFlag(app, "--verify", options.verify, "Read the memory twice and compare it record by record");
         break;
     default:
         break;
     }
     if (command != Command::Shutter && command != Command::Convert) {
-        app.add_flag("--json", options.json, "Answer in JSON, one object a line");
+        addFlag(app, "--json", options.json, "Answer in JSON, one object a line");
     }
-    app.add_flag("-q,--quiet", options.quiet, "Tell nothing but what went wrong");
-    app.add_flag("--verbose", options.verbose, "Tell each step");
+    addFlag(app, "-q,--quiet", options.quiet, "Tell nothing but what went wrong");
+    addFlag(app, "--verbose", options.verbose, "Tell each step");
 }
 
 qint64 spanOf(const std::string& text, const char* option) {
@@ -118,6 +125,19 @@ qint64 spanOf(const std::string& text, const char* option) {
                         .arg(QLatin1String(option), fromBytes(text)));
     }
     return span;
+}
+
+int pointsOf(const std::string& text) {
+    if (text.empty()) {
+        return 0;
+    }
+    bool isNumber = false;
+    const int points = fromBytes(text).toInt(&isNumber);
+    if (!isNumber || points < 1) {
+        throw Wrong(QStringLiteral("--points needs a number of rows from 1 to %1, not \"%2\".")
+                        .arg(QString::number(std::numeric_limits<int>::max()), fromBytes(text)));
+    }
+    return points;
 }
 
 QString flagValue(const QString& text, const QString& name) {
@@ -172,6 +192,7 @@ void take(const Texts& texts, Options& options) {
     for (const std::string& assignment : texts.set) {
         options.set.push_back(settingOf(assignment));
     }
+    options.points = pointsOf(texts.points);
     options.forMilliseconds = spanOf(texts.forTime, "--for");
     options.everyMilliseconds = spanOf(texts.every, "--every");
     const QString problem = options.port.isEmpty() ? QString() : deviceProblem(options.port);
@@ -193,6 +214,116 @@ Options onlyPrint(Options::Wish wish, const QString& text) {
     options.wish = wish;
     options.text = text;
     return options;
+}
+
+/// "orv info"
+QString called(const CLI::App& command) {
+    return QStringLiteral("orv ") + fromBytes(command.get_name());
+}
+
+/// "--points N", "PORT"
+QString shownName(const CLI::Option& option) {
+    return (fromBytes(option.get_name()) + u' ' + fromBytes(option.get_type_name())).trimmed();
+}
+
+QString missing(const CLI::App& command, const CLI::Option& option) {
+    const QString sentence = QStringLiteral("\"%1\" needs %2").arg(called(command), shownName(option));
+    if (option.get_name() == "PORT") {
+        return sentence + QStringLiteral(", such as ttyUSB0 or sim:trx. \"orv ports\" lists the ports.");
+    }
+    return sentence + (option.get_name() == "IN" ? QStringLiteral(", the files to convert.")
+                                                 : QStringLiteral(", the file to write."));
+}
+
+/// What is wrong with the words before the command, or with the command itself; empty if nothing.
+QString wrongCommand(const CLI::App& app, const CLI::App* command) {
+    QStringList known;
+    for (const Name& name : names) {
+        known << QLatin1String(name.name);
+    }
+    const std::vector<std::string> before = app.remaining();
+    const QString first = before.empty() ? QString() : fromBytes(before.front());
+    if (!first.isEmpty() && !first.startsWith(u'-')) {
+        return QStringLiteral("There is no command \"%1\". The commands are %2.")
+            .arg(first, known.join(QLatin1String(", ")));
+    }
+    if (command == nullptr) {
+        return QStringLiteral("Give a command%1: %2.")
+            .arg(first.isEmpty() ? QString() : QStringLiteral(" before %1").arg(first),
+                 known.join(QLatin1String(", ")));
+    }
+    return before.empty() ? QString()
+                          : QStringLiteral("Put %1 after the command: \"%2 ... %1\".").arg(first, called(*command));
+}
+
+/// The first option whose value is empty or looks like another option, in a sentence; empty if there is none.
+QString wrongValue(const CLI::App& command) {
+    for (const CLI::Option* option : command.get_options()) {
+        for (const std::string& value : option->results()) {
+            if (value.empty() && option->get_required()) {
+                return QStringLiteral("%1 is empty. %2").arg(fromBytes(option->get_name()), missing(command, *option));
+            }
+            if (value.empty() || value.starts_with("--")) {
+                return QStringLiteral("%1 needs a value: \"%2\".")
+                    .arg(fromBytes(option->get_name()), shownName(*option));
+            }
+        }
+    }
+    return {};
+}
+
+/// What the command does not know: the first word that nothing has taken.
+QString unexpected(const CLI::App& command, const QString& word) {
+    QStringList known;
+    QStringList places;
+    for (const CLI::Option* option : command.get_options()) {
+        (option->get_positional() ? places : known) << fromBytes(option->get_name());
+    }
+    if (word.startsWith(u'-')) {
+        return QStringLiteral("\"%1\" has no option %2. Its options are %3.")
+            .arg(called(command), word, known.join(QLatin1String(", ")));
+    }
+    return QStringLiteral("\"%1\" is too much: \"%2\" takes %3.")
+        .arg(word, called(command),
+             places.isEmpty() ? QStringLiteral("nothing but options")
+                              : QStringLiteral("one %1 and options").arg(places.join(u' ')));
+}
+
+/// What is wrong with a command line that the parser has refused, in a sentence that says what to do.
+QString wrongWords(const CLI::App& app, const CLI::App* command, const CLI::ParseError& error) {
+    QString text = wrongCommand(app, command);
+    if (text.isEmpty()) {
+        text = wrongValue(*command);
+    }
+    if (!text.isEmpty()) {
+        return text;
+    }
+    const QString said = QString::fromLocal8Bit(error.what());
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) { // "--points: 1 required N missing"
+        const QString name = said.section(QRegularExpression(QStringLiteral("[: ]")), 0, 0);
+        const CLI::Option* option = command->get_option_no_throw(name.toStdString());
+        if (said.endsWith(QLatin1String("missing")) && option != nullptr) {
+            return QStringLiteral("%1 needs a value: \"%2\".").arg(name, shownName(*option));
+        }
+        return said.contains(QLatin1String("flag")) ? QStringLiteral("--%1 takes no value.").arg(name)
+                                                    : QStringLiteral("%1 is given more than once.").arg(name);
+    }
+    const std::vector<std::string> extra = command->remaining();
+    if (!extra.empty()) {
+        return unexpected(*command, fromBytes(extra.front()));
+    }
+    for (const CLI::Option* option : command->get_options()) {
+        if (option->get_required() && option->count() == 0) {
+            return missing(*command, *option);
+        }
+    }
+    return said;
+}
+
+Options refuse(const QString& text, const CLI::App* command) {
+    return onlyPrint(Options::Wish::Refuse,
+                     QStringLiteral("orv: %1\nTry \"%2 --help\".\n")
+                         .arg(text, command == nullptr ? QStringLiteral("orv") : called(*command)));
 }
 
 } // namespace
@@ -227,18 +358,27 @@ Options readOptions(const QStringList& arguments, const QString& version) {
     for (qsizetype word = arguments.size() - 1; word > 0; --word) {
         words.push_back(arguments[word].toLocal8Bit().toStdString());
     }
+    const CLI::App* command = nullptr;
+    const auto findCommand = [&app, &command] {
+        const auto found = app.get_subcommands();
+        command = found.empty() ? nullptr : found.front();
+    };
     try {
         app.parse(words);
+        findCommand();
+        if (const QString problem = wrongValue(*command); !problem.isEmpty()) {
+            throw Wrong(problem);
+        }
         take(texts, options);
     } catch (const CLI::CallForVersion& call) {
         return onlyPrint(Options::Wish::Print, QString::fromUtf8(call.what()) + u'\n');
     } catch (const CLI::CallForHelp&) {
         return onlyPrint(Options::Wish::Print, QString::fromStdString(app.help()));
-    } catch (const CLI::CallForAllHelp&) {
-        return onlyPrint(Options::Wish::Print, QString::fromStdString(app.help()));
-    } catch (const std::exception& error) {
-        return onlyPrint(Options::Wish::Refuse,
-                         QStringLiteral("orv: %1\nTry \"orv --help\".\n").arg(QString::fromLocal8Bit(error.what())));
+    } catch (const CLI::ParseError& error) {
+        findCommand();
+        return refuse(wrongWords(app, command, error), command);
+    } catch (const Wrong& wrong) {
+        return refuse(QString::fromUtf8(wrong.what()), command);
     }
     return options;
 }

@@ -25,7 +25,8 @@ TEST(OrvProgram, WrongOptionsEndWithStatus2) {
     const Ended ended = orv(QStringLiteral("info"));
     EXPECT_EQ(ended.status, 2);
     EXPECT_EQ(ended.output, "");
-    EXPECT_EQ(ended.error, "orv: PORT is required\nTry \"orv --help\".\n");
+    EXPECT_EQ(ended.error, "orv: \"orv info\" needs PORT, such as ttyUSB0 or sim:trx. \"orv ports\" lists the ports.\n"
+                           "Try \"orv info --help\".\n");
     EXPECT_EQ(orv(QStringLiteral("--version")).output, "orv " ORV_VERSION "\n");
 }
 
