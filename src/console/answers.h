@@ -9,9 +9,10 @@ namespace orv {
 
 /// The settings by their names, numbers as numbers; null for what the instrument's report did not give.
 QJsonObject settingsObject(const Settings& settings);
-/// Throws Failure, with the status of missing data, if the report did not give all.
-void requireAllSettings(const Settings& settings);
-void printSettings(Terminal& terminal, const LoggerSettings& settings);
+/// Throws Failure, with the status of missing data, if the report did not give all. `file`: what then is not written.
+void requireAllSettings(const Settings& settings, const QString& file = {});
+/// The same in lines: "not read" for what the report did not give.
+void printSettings(Terminal& terminal, const Settings& settings);
 
 /// "2026-11-21 09:30:15 (2 s behind this computer's)"
 QString clockInWords(const Visit& visit);

@@ -95,6 +95,7 @@ Task<> Collection::connect() {
     while (!isConnected) {
         try {
             co_await visit_.connect();
+            requireErasingIsKnown();
             isConnected = true;
         } catch (const Failure& failure) {
             if (!visit_.options.keepTrying) {
@@ -114,6 +115,15 @@ Task<> Collection::connect() {
             }
             pause = std::min(2 * pause, longestPause);
         }
+    }
+}
+
+/// What requireAppending() looks at has come whole.
+void Collection::requireErasingIsKnown() const {
+    const SettingSet& read = program_.settings.reader.understood;
+    const auto isRead = [&read](const Setting* setting) { return read[placeOf(*setting)]; };
+    if (visit_.options.keepTrying && !std::ranges::all_of(settingsInOrder("LM"), isRead)) {
+        throw Failure(QStringLiteral("The settings could not be read whole; no run was begun."));
     }
 }
 

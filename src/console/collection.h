@@ -25,6 +25,7 @@ private:
     Task<> stop();
     void take(const DataRow& row);
     void handOver();
+    void requireErasingIsKnown() const;
     void requireAppending() const;
     End endOfRun();
     bool isEnough() const;

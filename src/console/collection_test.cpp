@@ -54,6 +54,39 @@ protected:
     QByteArray received;
 };
 
+TEST_F(OrvCollect, SettingsThatWereNotReadAreNotInTheFile) {
+    reportInstead({"S1", "G0", "A#", "L0", "W1", "M1", "T3x0", "D24", "Q7", "I5", "MP200"});
+    EXPECT_EQ(orv("collect sim:trx?baud=0&rate=2 -o lake.csv --points 2").status, 0);
+    const QByteArray metadata = contentsOf(path("lake.csv-metadata.json"));
+    EXPECT_TRUE(metadata.contains("\"pointsPerBlock\": 7")) << metadata.toStdString();
+    EXPECT_FALSE(metadata.contains("\"samplesPerPoint\"")) << metadata.toStdString();
+    EXPECT_FALSE(metadata.contains("\"auxAdc\"")) << metadata.toStdString();
+}
+
+TEST_F(OrvCollect, NoRunBeginsByItselfUntilItIsKnownThatNothingIsErased) {
+    for (const char* unread : {"L#", "M#"}) {
+        QByteArrayList report{"S1", "G0", "A0", "L0", "W1", "M1", "T30", "D24", "Q7", "I5", "MP200"};
+        report[unread[0] == 'L' ? 3 : 5] = unread;
+        reportInstead(report);
+        begin(QStringLiteral("collect sim:trx?baud=0 -o %1.csv --keep-trying").arg(QLatin1Char(unread[0])));
+        live(60);
+        EXPECT_GE(line->dtr.count(QStringLiteral("on")), 3) << "it is tried again";
+        EXPECT_FALSE(line->allWritten().contains('R')) << unread;
+        visit->interrupt(2);
+        live(10);
+        EXPECT_EQ(answered.status, 130);
+        EXPECT_NE(result().error.find("The settings could not be read whole; no run was begun."), std::string::npos);
+    }
+}
+
+TEST_F(OrvCollect, ADownloadOfAnUnknownNumberOfRecordsIsWholeAtItsEnd) {
+    reportInstead({"S1", "G0", "A0", "L0", "W1", "M1", "T30", "D24", "Q7", "I5", "MP9#99"});
+    const Answered download = orv("download sim:trx?baud=0&records=20 -o lake.csv --json");
+    EXPECT_EQ(download.status, 0) << download.error;
+    EXPECT_EQ(download.output, "{\"complete\":true,\"expected\":null,\"file\":\"lake.csv\",\"records\":20,"
+                               "\"unreadable\":0}\n");
+}
+
 TEST_F(OrvCollect, ABlockIsWrittenRowByRowAndEndsTheRun) {
     begin(QStringLiteral("collect sim:trx?points=20&rate=2 -o block.csv"));
     live(8);

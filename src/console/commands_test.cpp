@@ -55,6 +55,55 @@ TEST_F(OrvCommands, SettingsThatWereNotReadAreNull) {
     }
 }
 
+/// Two settings and the memory pointer have been garbled on the line.
+const QByteArrayList garbledReport{"S1", "G0", "A#", "L0", "W1", "M1", "T3x0", "D24", "Q7", "I5", "MP2#0"};
+
+TEST_F(OrvCommands, WhatWasNotReadIsNoNumber) {
+    reportInstead(garbledReport);
+    const Answered info = orv("info sim:trx?baud=0");
+    EXPECT_EQ(info.status, 3);
+    EXPECT_EQ(info.output.substr(info.output.find("Memory")), "Memory: could not be read\n"
+                                                              "Settings:\n"
+                                                              "  autoStart             true\n"
+                                                              "  gain                  false\n"
+                                                              "  auxAdc                not read\n"
+                                                              "  logEnabled            false\n"
+                                                              "  wakeUp                true\n"
+                                                              "  append                true\n"
+                                                              "  samplesPerPoint       not read\n"
+                                                              "  hoursBeforeBlock      24\n"
+                                                              "  pointsPerBlock        7\n"
+                                                              "  secondsBetweenPoints  5\n");
+    const QJsonObject json = object(orv("info sim:trx?baud=0 --json").output);
+    for (const char* name : {"records", "memoryPercent", "plainEnglish"}) {
+        EXPECT_TRUE(json[QLatin1String(name)].isNull()) << name;
+    }
+    EXPECT_TRUE(json[u"settings"][u"samplesPerPoint"].isNull());
+    EXPECT_EQ(json[u"settings"][u"pointsPerBlock"].toInt(), 7);
+}
+
+TEST_F(OrvCommands, AMemoryThatWasNotReadIsTold) {
+    QByteArrayList report = garbledReport;
+    report[2] = "A0";
+    report[6] = "T30";
+    for (const char* pointer : {"MP2#0", "MP", "MP-1", "MP65536"}) {
+        report.back() = pointer;
+        reportInstead(report);
+        const Answered info = orv("info sim:trx?baud=0");
+        EXPECT_EQ(info.status, 3) << pointer;
+        EXPECT_EQ(info.error, "orv: The number of records in the memory could not be read. Try again.\n") << pointer;
+    }
+}
+
+TEST_F(OrvCommands, SettingsThatWereNotReadWholeAreNotSaved) {
+    reportInstead(garbledReport);
+    const Answered told = orv("settings sim:trx?baud=0 --save lake.OCM");
+    EXPECT_EQ(told.status, 3);
+    EXPECT_EQ(told.error, "orv: The settings could not be read whole. lake.OCM was not written. Try again.\n");
+    EXPECT_NE(told.output.find("  samplesPerPoint       not read\n"), std::string::npos) << told.output;
+    EXPECT_FALSE(QFile::exists(path("lake.OCM")));
+}
+
 TEST_F(OrvCommands, ASilentInstrumentIsToldWithWhatToDo) {
     const Answered info = orv("info sim:trx?fault=silent");
     EXPECT_EQ(info.status, 1);

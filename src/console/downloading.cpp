@@ -29,7 +29,7 @@ public:
         const Options& options = visit_.options;
         refuseExisting(options, options.output);
         co_await visit_.connect();
-        expected_ = static_cast<int>(leadingNumber(visit_.program.settings.shown.memoryPointer.value()));
+        expected_ = expectedRecords();
         if (isText_) {
             keepOlder();
         } else {
@@ -56,6 +56,15 @@ public:
             std::rethrow_exception(ending.thrown);
         }
         requireComplete(records, unread, isWhole);
+    }
+
+    /// As many as the instrument says that it holds; nothing if that could not be read.
+    std::optional<int> expectedRecords() const {
+        const Settings& settings = visit_.program.settings;
+        if (!settings.reader.memoryUnderstood) {
+            return std::nullopt;
+        }
+        return settings.shown.memoryPointer.value().toInt();
     }
 
 private:
@@ -129,12 +138,16 @@ private:
 
     void showProgress() {
         shownAt_ = lastRow_;
-        const auto share = expected_ > 0 ? std::min(1.0, static_cast<double>(count_) / expected_) : 1.0;
+        if (expected_.value_or(0) == 0) {
+            visit_.terminal.showProgress(QStringLiteral("%1 records").arg(count_));
+            return;
+        }
+        const auto share = std::min(1.0, static_cast<double>(count_) / *expected_);
         const auto left = static_cast<qint64>(static_cast<double>(lastRow_ - began_) * (1.0 - share) / share / 1000.0);
         visit_.terminal.showProgress(QStringLiteral("%1 %2 bytes, %3 of %4 records, %5 s left")
                                          .arg(progressBar(share), visit_.program.settings.progress.valueLabel.value())
                                          .arg(count_)
-                                         .arg(expected_)
+                                         .arg(*expected_)
                                          .arg(left));
     }
 
@@ -147,8 +160,14 @@ private:
 
     /// Nothing is missing of what the instrument holds.
     bool hasAll(int records, int unread, bool isWhole) const {
-        return isWhole && unread == 0 && records >= expected_ && differences_ == 0;
+        return isWhole && unread == 0 && records >= expected_.value_or(0) && differences_ == 0;
     }
+    /// "3 of 200 records"
+    QString ofExpected(int records) const {
+        return expected_ ? QStringLiteral("%1 of %2 records").arg(records).arg(*expected_)
+                         : QStringLiteral("%1 of an unknown number of records").arg(records);
+    }
+
 
     void report(int records, int unread, bool isWhole) const {
         const bool isComplete = hasAll(records, unread, isWhole) && !output_.isIncomplete() && !output_.hasFailed();
@@ -156,7 +175,7 @@ private:
         if (options.json) {
             QJsonObject object{{QStringLiteral("records"), records},
                                {QStringLiteral("unreadable"), unread},
-                               {QStringLiteral("expected"), expected_},
+                               {QStringLiteral("expected"), expected_ ? QJsonValue(*expected_) : QJsonValue()},
                                {QStringLiteral("file"), options.output},
                                {QStringLiteral("complete"), isComplete}};
             if (options.verify) {
@@ -164,8 +183,7 @@ private:
             }
             visit_.terminal.print(object);
         } else {
-            visit_.terminal.remark(
-                QStringLiteral("%1 of %2 records are in %3.").arg(records).arg(expected_).arg(options.output));
+            visit_.terminal.remark(QStringLiteral("%1 are in %2.").arg(ofExpected(records), options.output));
         }
     }
 
@@ -176,9 +194,8 @@ private:
             }
             return;
         }
-        QString text = QStringLiteral("The download is incomplete: %1 of %2 records came, and %3 could not be read.")
-                           .arg(records)
-                           .arg(expected_)
+        QString text = QStringLiteral("The download is incomplete: %1 came, and %2 could not be read.")
+                           .arg(ofExpected(records))
                            .arg(unread);
         if (differences_ > 0) {
             text = QStringLiteral("Read a second time, %1 records were not as before.").arg(differences_);
@@ -192,10 +209,10 @@ private:
     Visit& visit_;
     Download& download_;
     RowOutput output_;
-    bool isText_;           ///< The program's own text file.
-    bool isSecond_ = false; ///< The memory is read again.
-    int expected_ = 0;      ///< Records, as the instrument says.
-    int count_ = 0;         ///< Records of this reading.
+    bool isText_;                 ///< The program's own text file.
+    bool isSecond_ = false;       ///< The memory is read again.
+    std::optional<int> expected_; ///< Records, as the instrument says.
+    int count_ = 0;               ///< Records of this reading.
     std::vector<QByteArray> rows_;
     qsizetype differences_ = 0;
     qint64 began_ = 0; ///< Monotonic milliseconds, as the others.

@@ -31,27 +31,30 @@ Task<> listPorts(Visit& visit) {
 QJsonObject settingsObject(const Settings& settings) {
     const LoggerSettings& record = settings.shown.record.value();
     QJsonObject object;
-    for (std::size_t at = 0; at < allSettings.size(); ++at) {
-        const Setting& setting = allSettings.at(at);
-        const QJsonValue value = !settings.reader.understood[at] ? QJsonValue()
-                                 : setting.flag != nullptr       ? QJsonValue(record.*setting.flag)
-                                                                 : QJsonValue(leadingNumber(record.*setting.number));
+    for (const Setting& setting : allSettings) {
+        const QJsonValue value = !settings.reader.understood[placeOf(setting)] ? QJsonValue()
+                                 : setting.flag != nullptr                     ? QJsonValue(record.*setting.flag)
+                                                           : QJsonValue(leadingNumber(record.*setting.number));
         object.insert(QLatin1String(setting.name), value);
     }
     return object;
 }
 
-void requireAllSettings(const Settings& settings) {
+void requireAllSettings(const Settings& settings, const QString& file) {
     if (!settings.reader.understood.all()) {
-        throw Failure(QStringLiteral("The settings could not be read whole. Try again."), ExitStatus::Incomplete);
+        const QString unwritten = file.isEmpty() ? QString() : QStringLiteral(" %1 was not written.").arg(file);
+        throw Failure(QStringLiteral("The settings could not be read whole.%1 Try again.").arg(unwritten),
+                      ExitStatus::Incomplete);
     }
 }
 
-void printSettings(Terminal& terminal, const LoggerSettings& settings) {
+void printSettings(Terminal& terminal, const Settings& settings) {
+    const LoggerSettings& record = settings.shown.record.value();
     for (const Setting& setting : allSettings) {
-        const QString value = setting.flag == nullptr  ? settings.*setting.number
-                              : settings.*setting.flag ? QStringLiteral("true")
-                                                       : QStringLiteral("false");
+        const QString value = !settings.reader.understood[placeOf(setting)] ? QStringLiteral("not read")
+                              : setting.flag == nullptr                     ? record.*setting.number
+                              : record.*setting.flag                        ? QStringLiteral("true")
+                                                                            : QStringLiteral("false");
         terminal.print(QStringLiteral("  %1 %2").arg(QLatin1String(setting.name), -21).arg(value));
     }
 }
@@ -94,32 +97,41 @@ QString inSentences(const LoggerSettings& settings) {
 Task<> tellInfo(Visit& visit) {
     co_await visit.connect();
     const StatusState& status = visit.program.link.session.status;
-    const SettingsState& settings = visit.program.settings.shown;
-    const LoggerSettings& record = settings.record.value();
-    const double records = leadingNumber(settings.memoryPointer.value());
+    const Settings& settings = visit.program.settings;
+    const SettingsState& shown = settings.shown;
     const QString type = instrumentName(status.instrument);
+    // Sentences cannot leave out what was not read.
+    const QString sentences = settings.reader.understood.all() ? inSentences(shown.record) : QString();
+    const bool hasMemory = settings.reader.memoryUnderstood;
     if (visit.options.json) {
+        const auto orNull = [](bool isRead, const QJsonValue& value) { return isRead ? value : QJsonValue(); };
         QJsonObject object{{QStringLiteral("port"), visit.options.port},
                            {QStringLiteral("type"), type},
                            {QStringLiteral("firmware"), visit.program.link.session.state.firmware},
-                           {QStringLiteral("settings"), settingsObject(visit.program.settings)},
-                           {QStringLiteral("plainEnglish"), inSentences(record)},
-                           {QStringLiteral("records"), records},
-                           {QStringLiteral("memoryPercent"), leadingNumber(settings.capacity.value())}};
+                           {QStringLiteral("settings"), settingsObject(settings)},
+                           {QStringLiteral("plainEnglish"), orNull(!sentences.isEmpty(), sentences)},
+                           {QStringLiteral("records"), orNull(hasMemory, leadingNumber(shown.memoryPointer.value()))},
+                           {QStringLiteral("memoryPercent"), orNull(hasMemory, leadingNumber(shown.capacity.value()))}};
         addClock(visit, object);
         visit.terminal.print(object);
-        requireAllSettings(visit.program.settings);
-        co_return;
+    } else {
+        Terminal& terminal = visit.terminal;
+        terminal.print(QStringLiteral("%1, firmware %2").arg(type, status.firmware.value()));
+        terminal.print(QStringLiteral("Clock: %1").arg(clockInWords(visit)));
+        terminal.print(hasMemory ? QStringLiteral("Memory: %1 records, %2 % full")
+                                       .arg(shown.memoryPointer.value(), shown.capacity.value())
+                                 : QStringLiteral("Memory: could not be read"));
+        terminal.print(QStringLiteral("Settings:"));
+        printSettings(terminal, settings);
+        if (!sentences.isEmpty()) {
+            terminal.print(sentences);
+        }
     }
-    Terminal& terminal = visit.terminal;
-    terminal.print(QStringLiteral("%1, firmware %2").arg(type, status.firmware.value()));
-    terminal.print(QStringLiteral("Clock: %1").arg(clockInWords(visit)));
-    terminal.print(
-        QStringLiteral("Memory: %1 records, %2 % full").arg(plainNumber(records), settings.capacity.value()));
-    terminal.print(QStringLiteral("Settings:"));
-    printSettings(terminal, record);
-    terminal.print(inSentences(record));
-    requireAllSettings(visit.program.settings);
+    requireAllSettings(settings);
+    if (!hasMemory) {
+        throw Failure(QStringLiteral("The number of records in the memory could not be read. Try again."),
+                      ExitStatus::Incomplete);
+    }
 }
 
 } // namespace orv

@@ -57,6 +57,7 @@ TableDescription RowOutput::describe() const {
     table.layout = program.sheet.rows.connectedLayout();
     table.firmware = program.link.session.state.firmware;
     table.settings = program.settings.shown.record.value();
+    table.settingsRead = program.settings.reader.understood;
     if (visit_.clockOffset()) {
         table.clockOffset = static_cast<double>(*visit_.clockOffset());
     }

@@ -118,8 +118,8 @@ Task<LoggerSettings> settingsToSend(Visit& visit) {
     const Settings& settings = visit.program.settings;
     bool isWhole = true;
     const auto look = [&visit, &settings, &isWhole] {
-        for (std::size_t at = 0; at < allSettings.size(); ++at) {
-            isWhole = isWhole && (settings.reader.understood[at] || !isSentBack(allSettings.at(at), visit.options));
+        for (const Setting& setting : allSettings) {
+            isWhole = isWhole && (settings.reader.understood[placeOf(setting)] || !isSentBack(setting, visit.options));
         }
     };
     LoggerSettings wanted = wantedSettings(visit, settings.shown.record);
@@ -171,19 +171,20 @@ Task<> exchangeSettings(Visit& visit) {
         co_await send(visit);
         visit.terminal.remark(QStringLiteral("The settings were sent and read back."));
     }
-    const LoggerSettings& record = visit.program.settings.shown.record.value();
+    const Settings& settings = visit.program.settings;
+    if (options.json) {
+        visit.terminal.print(settingsObject(settings));
+    } else {
+        printSettings(visit.terminal, settings);
+    }
+    requireAllSettings(settings, options.save);
     if (!options.save.isEmpty()) {
-        const QString reason = writeWholeFile(options.save, modeFileContent(record), visit.clock.now());
+        const QString reason = writeWholeFile(options.save, modeFileContent(settings.shown.record), visit.clock.now());
         if (!reason.isEmpty()) {
-            throw Failure(QStringLiteral("%1 could not be written: %2.").arg(options.save, reason));
+            throw Failure(QStringLiteral("%1 could not be written: %2. Make room or choose another folder.")
+                              .arg(options.save, reason));
         }
     }
-    if (options.json) {
-        visit.terminal.print(settingsObject(visit.program.settings));
-    } else {
-        printSettings(visit.terminal, record);
-    }
-    requireAllSettings(visit.program.settings);
 }
 
 Task<> compareClock(Visit& visit) {

@@ -21,7 +21,7 @@ QString programName() {
 
 } // namespace
 
-SheetExport::SheetExport(Link& link, const DataSheet& sheet, const SheetState& shown, const SettingsState& settings)
+SheetExport::SheetExport(Link& link, const DataSheet& sheet, const SheetState& shown, const Settings& settings)
     : link_(link)
     , sheet_(sheet)
     , shown_(shown)
@@ -68,15 +68,13 @@ TableDescription SheetExport::table() const {
     }
     const bool counts = sheet_.rowsFromFile() <= sheet_.rowsOfOtherLayout();
     table.values = counts ? TableDescription::Values::Counts : TableDescription::Values::Unknown;
-    const Conversion conversion = requestedConversion(settings_);
+    const Conversion conversion = requestedConversion(settings_.shown);
     if (!counts || !wasMadeWith(conversion) || !table.calculateWith(conversion)) {
         table.calculated = hasCounts();
     }
     if (isOfConnectedInstrument()) {
-        const LoggerSettings& record = settings_.record.value();
-        if (!record.samplesPerPoint.isEmpty()) { // as before the first report
-            table.settings = record;
-        }
+        table.settings = settings_.shown.record.value();
+        table.settingsRead = settings_.reader.understood;
         if (const auto offset = link_.session.status.clockOffset) {
             table.clockOffset = static_cast<double>(*offset);
         }

@@ -13,7 +13,7 @@ struct TableReport;
 /// "Export" on the sheet page: the sheet's rows as a file for other programs, with what is known of the instrument.
 class SheetExport {
 public:
-    SheetExport(Link& link, const DataSheet& sheet, const SheetState& shown, const SettingsState& settings);
+    SheetExport(Link& link, const DataSheet& sheet, const SheetState& shown, const Settings& settings);
 
     /// Asks for a name, whose suffix says the format: .csv or .nc. What is unsaved stays so: the program cannot open
     /// such files again. The operator is told what could not be read, or why there is no file.
@@ -31,7 +31,7 @@ private:
     Link& link_;
     const DataSheet& sheet_;
     const SheetState& shown_;
-    const SettingsState& settings_;
+    const Settings& settings_;
 };
 
 } // namespace orv

@@ -95,7 +95,9 @@ TEST_F(SheetExportTest, DoesNotTakeTheValuesOfAFileForCounts) {
 
 TEST_F(SheetExportTest, KnowsSettingsAndClockOfTheConnectedInstrument) {
     row("10\t20\t30\t40");
-    settings.record = LoggerSettings{.samplesPerPoint = QStringLiteral("30")};
+    for (const char* line : {"T30", "D2x4", "MP200"}) {
+        program.settings.reader.getprefs(QString::fromLatin1(line));
+    }
     const QDateTime now = clock.now();
     // 64800 counts are a day of 86400 s
     const int count = static_cast<int>(now.time().msecsSinceStartOfDay() / 1000 + 40) * 3 / 4;
@@ -104,6 +106,8 @@ TEST_F(SheetExportTest, KnowsSettingsAndClockOfTheConnectedInstrument) {
     EXPECT_NEAR(static_cast<double>(*status.clockOffset), 40.0, 2.0);
     exported();
     EXPECT_TRUE(metadata().contains("\"samplesPerPoint\": 30"));
+    EXPECT_FALSE(metadata().contains("\"hoursBeforeBlock\"")) << "it could not be read";
+    EXPECT_FALSE(metadata().contains("\"append\"")) << "it has not been read";
     EXPECT_TRUE(metadata().contains("\"secondsAheadOfComputer\": " + QByteArray::number(*status.clockOffset)));
     program.closePort();
     EXPECT_FALSE(status.clockOffset);

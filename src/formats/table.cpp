@@ -123,8 +123,11 @@ std::vector<Column> columnsOf(const TableDescription& table) {
 
 namespace {
 
-void addSettings(std::vector<Fact>& facts, const LoggerSettings& settings) {
+void addSettings(std::vector<Fact>& facts, const LoggerSettings& settings, const SettingSet& read) {
     for (const Setting& setting : allSettings) {
+        if (!read[placeOf(setting)]) {
+            continue;
+        }
         const QString name = QString::fromLatin1(setting.name);
         if (setting.flag != nullptr) {
             facts.push_back({QStringLiteral("settings"), name, settings.*setting.flag});
@@ -156,7 +159,7 @@ std::vector<Fact> factsOf(const TableDescription& table) {
         facts.push_back({QStringLiteral("instrument"), QStringLiteral("firmware"), *table.firmware});
     }
     if (table.settings) {
-        addSettings(facts, *table.settings);
+        addSettings(facts, *table.settings, table.settingsRead);
     }
     addCalibration(facts, table);
     if (table.clockOffset) {

@@ -33,6 +33,7 @@ struct TableDescription {
     /// With these counts become calculated values; nothing if they are not known.
     Conversion calibration = {};
     std::optional<LoggerSettings> settings = {};
+    SettingSet settingsRead = SettingSet().set(); ///< Which of them the instrument's report gave.
     std::optional<double> clockOffset = {}; ///< Seconds by which the instrument's clock was ahead of the computer's.
     bool stamped = false;                   ///< Rows bring the computer's time.
     QString source = {};                    ///< Where the rows are from: "a run on /dev/ttyUSB0", "lake.txt".

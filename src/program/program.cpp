@@ -12,7 +12,7 @@ Program::Program(const Surroundings& surroundings)
     : link(surroundings)
     , settings(link)
     , sheet(link, settings)
-    , sheetExport(link, sheet.data, sheet.shown, settings.shown)
+    , sheetExport(link, sheet.data, sheet.shown, settings)
     , calibration(link, sheet.data, sheet.shown)
     , shutter(link, settings.shown, settings.reader, settings.sender)
     , subscriptions_{link.timer.tick.subscribe([this] { tick(); }),

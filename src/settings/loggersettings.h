@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <array>
+#include <bitset>
 #include <span>
 #include <vector>
 
@@ -50,6 +51,14 @@ struct Setting {
 extern const std::array<Setting, 10> allSettings;
 inline constexpr std::span<const Setting> flagSettings = std::span(allSettings).first<6>();
 inline constexpr std::span<const Setting> numberSettings = std::span(allSettings).last<4>();
+
+/// Some of `allSettings`, each at its place there.
+using SettingSet = std::bitset<allSettings.size()>;
+
+/// The place of a setting of `allSettings` there.
+inline std::size_t placeOf(const Setting& setting) {
+    return static_cast<std::size_t>(&setting - allSettings.data());
+}
 
 /// The settings of these letters, in this order: "TDQI".
 std::vector<const Setting*> settingsInOrder(const char* letters);

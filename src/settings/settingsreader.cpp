@@ -18,15 +18,18 @@ constexpr qint16 giveUpAtCall = 150;
 /// After so many milliseconds without a line the status says so.
 constexpr qint64 silenceLimit = 10'000;
 
-bool isValueOf(const Setting& setting, QStringView text) {
+/// Digits for a number of 16 bits and nothing else.
+bool isNumber(QStringView text) {
     constexpr uint largest = 65535;
+    constexpr qsizetype mostDigits = 5;
     const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
-    if (text.isEmpty() || !std::ranges::all_of(text, isDigit)) {
-        return false;
-    }
-    const uint number = text.toUInt();
-    return setting.flag != nullptr ? text.size() == 1 && number <= 1
-                                   : text.size() <= setting.digits && number <= largest;
+    return !text.isEmpty() && text.size() <= mostDigits && std::ranges::all_of(text, isDigit) &&
+           text.toUInt() <= largest;
+}
+
+bool isValueOf(const Setting& setting, QStringView text) {
+    return isNumber(text) &&
+           (setting.flag != nullptr ? text.size() == 1 && text.toUInt() <= 1 : text.size() <= setting.digits);
 }
 
 } // namespace
@@ -68,12 +71,14 @@ void SettingsReader::getprefs(const QString& line) {
         progress_.maximum = 100;
         settings_.lamp = Lamp::Reading;
         understood.reset();
+        memoryUnderstood = false;
     }
     progress_.valueLabel = QString::number(progress_.value);
 
     QString value;
     if (line.startsWith(QLatin1String("MP"))) {
         prefsState = memoryPointerCode;
+        memoryUnderstood = isNumber(QStringView(line).mid(2).trimmed());
         takeMemoryPointer(leadingNumber(QStringView(line).mid(2)));
         return;
     }
@@ -88,8 +93,7 @@ void SettingsReader::getprefs(const QString& line) {
         return;
     }
     const bool isTagged = field->letter == tag;
-    understood.set(static_cast<std::size_t>(field - allSettings.begin()),
-                   isTagged && isValueOf(*field, QStringView(line).mid(1).trimmed()));
+    understood.set(placeOf(*field), isTagged && isValueOf(*field, QStringView(line).mid(1).trimmed()));
     change(settings_.record, [&](LoggerSettings& record) {
         const double number = leadingNumber(value);
         if (field->number != nullptr) {

@@ -4,8 +4,6 @@
 #include "link/link.h"
 #include "settings/loggersettings.h"
 
-#include <bitset>
-
 namespace orv {
 
 /// Reads the instrument's settings report, one line a call, into the settings screen. A report that is cut short by the
@@ -29,7 +27,9 @@ public:
 
     /// Which of `allSettings` the latest report gave in so many words: the tag, then 0 or 1 for a flag, digits that its
     /// box can hold for a number. The record holds something for the others too.
-    std::bitset<allSettings.size()> understood;
+    SettingSet understood;
+    /// The same of the memory pointer that ended it.
+    bool memoryUnderstood = false;
 
 private:
     void giveUp();

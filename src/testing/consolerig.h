@@ -60,6 +60,18 @@ public:
         return {.status = answered.status, .output = output.data().toStdString(), .error = error.data().toStdString()};
     }
 
+    /// The instruments on the next lines, of "baud=0", give these lines in place of their settings report.
+    void reportInstead(const QByteArrayList& lines) {
+        lineMade = [this, lines] {
+            line->written = [this, lines](const QByteArray& bytes) {
+                line->silent = bytes == "P";
+                if (line->silent) {
+                    line->input += "P\r\n" + lines.join("\r\n") + "\r\n>";
+                }
+            };
+        };
+    }
+
     Traffic traffic;
     QBuffer output;
     QBuffer error;
