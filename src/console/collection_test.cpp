@@ -341,6 +341,23 @@ TEST_F(OrvCollect, ALongRunIsNotSavedByItselfWhenNoTickComes) {
     EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled")).size(), 0);
 }
 
+TEST_F(OrvCollect, ALongDownloadKeepsTheSheetShortWhenNoTickComes) {
+    begin(QStringLiteral("download sim:trx?records=20000&baud=0 -o long.csv"));
+    live(1.5);
+    ASSERT_EQ(commands.activity.value(), Activity::Downloading);
+    const StatusTimer::Hold hold(timer);
+    int longest = 0;
+    eachMillisecond = [this, &longest] {
+        program.tick();
+        longest = std::max(longest, sheet.rowCount());
+    };
+    live(21);
+    EXPECT_EQ(answered.status, 0) << result().error;
+    EXPECT_LE(longest, 501);
+    EXPECT_EQ(rowsThrough({path("long.csv")}), 20'000);
+    EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled")).size(), 0);
+}
+
 TEST_F(OrvCollect, AnInstrumentThatErasesItsMemoryIsNotRunByItself) {
     ASSERT_EQ(orv("settings sim:trx --set logEnabled=true --set append=false --set pointsPerBlock=600").status, 0);
     const Answered refused = orv("collect sim:trx -o once.csv --keep-trying");

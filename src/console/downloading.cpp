@@ -20,8 +20,7 @@ public:
         , download_(visit.program.sheet.download)
         , output_(visit)
         , isText_(formatOfName(visit.options.output) == FileFormat::Sheet)
-        , taking_(download_.taken.subscribe([this](int /*number*/, const DataRow& row) { take(row); }))
-        , ticking_(visit.program.link.timer.tick.subscribe([this] { clearLongSheet(); })) {}
+        , taking_(download_.taken.subscribe([this](int /*number*/, const DataRow& row) { take(row); })) {}
     Downloading(const Downloading&) = delete;
     Downloading& operator=(const Downloading&) = delete;
 
@@ -58,6 +57,7 @@ public:
         requireComplete(records, unread, isWhole);
     }
 
+private:
     /// As many as the instrument says that it holds; nothing if that could not be read.
     std::optional<int> expectedRecords() const {
         const Settings& settings = visit_.program.settings;
@@ -67,7 +67,6 @@ public:
         return settings.shown.memoryPointer.value().toInt();
     }
 
-private:
     void keepOlder() {
         const QString reason = keepUnderDatedName(visit_.options.output, visit_.clock.now());
         if (!reason.isEmpty()) {
@@ -127,6 +126,7 @@ private:
         if (visit_.options.verify && !isSecond_) {
             rows_.push_back(textOf(row));
         }
+        clearLongSheet();
         if (visit_.terminal.showsProgress() && lastRow_ - shownAt_ >= progressInterval) {
             showProgress();
         }
@@ -153,21 +153,25 @@ private:
 
     void clearLongSheet() {
         constexpr int longSheet = 500;
-        if (visit_.program.sheet.data.rowCount() >= longSheet) {
-            visit_.program.sheet.handOver(); // the instrument holds the records as well
+        if (visit_.program.sheet.data.rowCount() >= longSheet && !clearing_) {
+            // Not while the row is being taken.
+            clearing_ = visit_.clock.callAfter(0, [this] {
+                clearing_.reset();
+                visit_.program.sheet.handOver(); // the instrument holds the records as well
+            });
         }
     }
 
-    /// Nothing is missing of what the instrument holds.
-    bool hasAll(int records, int unread, bool isWhole) const {
-        return isWhole && unread == 0 && records >= expected_.value_or(0) && differences_ == 0;
-    }
     /// "3 of 200 records"
     QString ofExpected(int records) const {
         return expected_ ? QStringLiteral("%1 of %2 records").arg(records).arg(*expected_)
                          : QStringLiteral("%1 of an unknown number of records").arg(records);
     }
 
+    /// Nothing is missing of what the instrument holds.
+    bool hasAll(int records, int unread, bool isWhole) const {
+        return isWhole && unread == 0 && records >= expected_.value_or(0) && differences_ == 0;
+    }
 
     void report(int records, int unread, bool isWhole) const {
         const bool isComplete = hasAll(records, unread, isWhole) && !output_.isIncomplete() && !output_.hasFailed();
@@ -219,7 +223,7 @@ private:
     qint64 lastRow_ = 0;
     qint64 shownAt_ = 0;
     Subscription taking_;
-    Subscription ticking_;
+    Subscription clearing_;
 };
 
 } // namespace
