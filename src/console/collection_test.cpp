@@ -358,6 +358,15 @@ TEST_F(OrvCollect, ALongDownloadKeepsTheSheetShortWhenNoTickComes) {
     EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled")).size(), 0);
 }
 
+TEST_F(OrvCollect, ARecordFileThatBecomesASheetIsToldToLoseAColumn) {
+    ASSERT_EQ(orv("collect sim:trx?firmware=412&rate=5 -o lake.csv --points 3").status, 0);
+    const Answered converted = orv("convert Orvtemp.tmp -o lake.txt");
+    EXPECT_EQ(converted.status, 3);
+    EXPECT_EQ(converted.error, "orv: 3 last references of the older TRX have no column in a sheet file and are left "
+                               "out; .csv, .nc and .jsonl have one.\norv: 3 rows are in lake.txt.\n");
+    EXPECT_EQ(orv("convert Orvtemp.tmp -o again.csv").status, 0);
+}
+
 TEST_F(OrvCollect, AnInstrumentThatErasesItsMemoryIsNotRunByItself) {
     ASSERT_EQ(orv("settings sim:trx --set logEnabled=true --set append=false --set pointsPerBlock=600").status, 0);
     const Answered refused = orv("collect sim:trx -o once.csv --keep-trying");

@@ -43,6 +43,7 @@ public:
         for (qsizetype at = 0; at < names_.size() && reason.isEmpty(); ++at) {
             reason = take(names_[at], converted.report);
         }
+        converted.report.valuesLeftOut = writer_.valuesLeftOut();
         if (reason.isEmpty()) {
             reason = writing(writer_.finish(converted.report));
         }

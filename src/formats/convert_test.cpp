@@ -132,5 +132,22 @@ TEST_F(ConvertTest, ASheetThatIsConvertedIntoASheetIsTheSame) {
     EXPECT_EQ(contentsOf(folder.path("lake.txt")).toStdString(), newerSheet.toStdString().substr(0, 200));
 }
 
+TEST_F(ConvertTest, WhatASheetHasNoColumnForIsTold) {
+    fill(folder.path("older.txt"), olderRecord);
+    fill(folder.path("newer.txt"), newerDownload);
+    constexpr std::pair<const char*, const char*> told[] = {
+        {"older.txt", "2 last references of the older TRX have no column in a sheet file and are left out; .csv, .nc "
+                      "and .jsonl have one."},
+        {"newer.txt", ""}};
+    for (const auto& [name, sentence] : told) {
+        const auto writer = makeRowWriter(FileFormat::Sheet,
+                                          {.name = folder.path("lake.txt"), .existing = OutputFile::Existing::Replace});
+        const Converted converted = convertFiles({folder.path(name)}, *writer, {});
+        EXPECT_EQ(converted.error, QString());
+        EXPECT_EQ(converted.report.sentences().join(u' ').toStdString(), sentence);
+        EXPECT_EQ(converted.report.isIncomplete(), *sentence != '\0') << name;
+    }
+}
+
 } // namespace
 } // namespace orv

@@ -293,10 +293,14 @@ public:
             return QStringLiteral("a sheet holds at most %1 rows").arg(std::numeric_limits<qint16>::max());
         }
         sheet_.appendJoinedRow(cells(row));
+        // The ninth column of a sheet file is not there, see sheetFileBytes().
+        leftOut_ += table_.layout == RowLayout::TrxOlder && std::isfinite(row.values.back()) ? 1 : 0;
         return {};
     }
 
     QString note(const QString& /*sentence*/, const QDateTime& /*moment*/) override { return {}; }
+
+    qint64 valuesLeftOut() const override { return leftOut_; }
 
     QString finish(const TableReport& /*report*/) override {
         PlacedFile placed(file_);
@@ -338,6 +342,7 @@ private:
     OutputFile file_;
     TableDescription table_;
     DataSheet sheet_;
+    qint64 leftOut_ = 0;
 };
 
 std::unique_ptr<Lines> linesInto(const OutputFile& file) {

@@ -35,6 +35,9 @@ public:
     /// Lines in an object of its own, {"note": ...}. Sheets and CSV on a device have no room for it.
     virtual QString note(const QString& sentence, const QDateTime& moment) = 0;
 
+    /// How many values of the rows so far are left out because such a file has no column for them.
+    virtual qint64 valuesLeftOut() const { return 0; }
+
     /// What the report says stands in the file too, where it has a place for it.
     virtual QString finish(const TableReport& report) = 0;
 };

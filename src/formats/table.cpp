@@ -191,6 +191,7 @@ TableReport& TableReport::operator+=(const TableReport& other) {
     unreadableLines += other.unreadableLines;
     missingRecords += other.missingRecords;
     rowsLeftOut += other.rowsLeftOut;
+    valuesLeftOut += other.valuesLeftOut;
     cutOffLines += other.cutOffLines;
     for (const QString& note : other.notes) {
         if (!notes.contains(note)) {
@@ -201,7 +202,9 @@ TableReport& TableReport::operator+=(const TableReport& other) {
 }
 
 bool TableReport::isIncomplete() const {
-    return unreadableTimes + unreadableValues + unreadableLines + missingRecords + rowsLeftOut + cutOffLines > 0;
+    return unreadableTimes + unreadableValues + unreadableLines + missingRecords + rowsLeftOut + valuesLeftOut +
+               cutOffLines >
+           0;
 }
 
 QStringList TableReport::sentences() const {
@@ -219,6 +222,10 @@ QStringList TableReport::sentences() const {
     add(missingRecords, "record number is left out between rows.", "record numbers are left out between rows.");
     add(rowsLeftOut, "row of another type of instrument is left out.",
         "rows of another type of instrument are left out.");
+    add(valuesLeftOut,
+        "last reference of the older TRX has no column in a sheet file and is left out; .csv, .nc and .jsonl have one.",
+        "last references of the older TRX have no column in a sheet file and are left out; .csv, .nc and .jsonl have "
+        "one.");
     add(cutOffLines, "last line had no end and is left out.", "last lines had no end and are left out.");
     return all + notes;
 }

@@ -107,6 +107,7 @@ struct TableReport {
     qint64 unreadableLines = 0;  ///< Lines that are no rows; they are not in the table.
     qint64 missingRecords = 0;   ///< Numbers left out between one row and the next.
     qint64 rowsLeftOut = 0;      ///< Rows of another type of instrument.
+    qint64 valuesLeftOut = 0;    ///< Values that the new file has no column for.
     qint64 cutOffLines = 0;      ///< Last lines without an end; they are not in the table.
     QStringList notes = {};      ///< Anything else that a reader should know, in sentences.
 
