@@ -98,6 +98,7 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     CommandLine line;
     line.com1 = parser.value(com1);
     line.com2 = parser.value(com2);
+    line.choosesPort = parser.isSet(com1) || parser.isSet(com2);
     line.debugOutput = parser.isSet(debugOutput);
     line.demoFolder = parser.value(demo);
     line.documents = parser.isSet(documents);

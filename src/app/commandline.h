@@ -23,6 +23,7 @@ struct CommandLine {
     QString text; ///< Help, version, or what is wrong, to be printed.
     QString com1;
     QString com2;
+    bool choosesPort = false; ///< One of them was named.
     bool debugOutput = false;
     QString demoFolder;     ///< Empty: no demo.
     bool documents = false; ///< Work in the Documents folder.

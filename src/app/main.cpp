@@ -83,6 +83,9 @@ int main(int argc, char** argv) {
                           .deviceProblem = orv::deviceProblem});
     program.link.ports.setDevice(1, line.com1);
     program.link.ports.setDevice(2, line.com2);
+    if (!line.choosesPort && line.demoFolder.isEmpty()) {
+        program.link.portChoices.noteNothingChosen();
+    }
     program.link.debug.comm2Output = line.debugOutput;
     const std::unique_ptr<orv::SleepInhibitor> inhibitor = orv::makeSleepInhibitor();
     const orv::AwakeWhileCollecting awake(program.link.session.commands, *inhibitor);

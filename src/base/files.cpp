@@ -8,6 +8,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <filesystem>
+#include <system_error>
+
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
@@ -70,6 +73,12 @@ QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* k
         *keptAs = file.fileName();
     }
     return {};
+}
+
+std::optional<qint64> freeSpaceHere() {
+    std::error_code failure;
+    const std::filesystem::space_info space = std::filesystem::space(".", failure);
+    return failure ? std::nullopt : std::optional(static_cast<qint64>(space.available));
 }
 
 void syncToDisk(int fileHandle) {

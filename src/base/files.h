@@ -27,6 +27,9 @@ QString freeName(const QString& path, const QDateTime& now);
 /// when there is no such file, or why it failed. `keptAs` becomes the new path if the file was renamed.
 QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* keptAs = nullptr);
 
+/// Free bytes on the disk of the working directory; nothing if that cannot be known.
+std::optional<qint64> freeSpaceHere();
+
 /// Lets the operating system bring an open file's data to the disk before returning. Best effort.
 void syncToDisk(int fileHandle);
 

@@ -45,6 +45,9 @@ QString shortDate(QDate date);
 /// The time of every screen and file, h:mm:ss AM/PM ("3:07:09 PM", "12:00:00 AM"), under every locale.
 QString clockText(QTime time);
 
+/// A length of time for the operator: "48 s", "2 min 31 s", "1 h 2 min", "3 days".
+QString durationInWords(qint64 seconds);
+
 /// Date and time as they stand in the name under which an older file is kept, "20261121-093015".
 QString fileNameStamp(const QDateTime& moment);
 

@@ -169,7 +169,7 @@ Task<> Visit::awaitClock() {
 }
 
 std::optional<qint64> Visit::clockOffset() const {
-    return isClockRead_ ? program.link.session.status.clockOffset : std::nullopt;
+    return isClockRead_ ? program.link.session.status.clockOffset.value() : std::nullopt;
 }
 
 std::optional<QDateTime> Visit::instrumentTime() const {

@@ -75,7 +75,7 @@ TableDescription SheetExport::table() const {
     if (isOfConnectedInstrument()) {
         table.settings = settings_.shown.record.value();
         table.settingsRead = settings_.reader.understood;
-        if (const auto offset = link_.session.status.clockOffset) {
+        if (const auto offset = link_.session.status.clockOffset.value()) {
             table.clockOffset = static_cast<double>(*offset);
         }
     }

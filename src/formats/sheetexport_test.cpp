@@ -102,15 +102,15 @@ TEST_F(SheetExportTest, KnowsSettingsAndClockOfTheConnectedInstrument) {
     // 64800 counts are a day of 86400 s
     const int count = static_cast<int>(now.time().msecsSinceStartOfDay() / 1000 + 40) * 3 / 4;
     program.settings.clock.checktime(now.date().toString(QStringLiteral("MM/dd/yy")) + u'\t' + QString::number(count));
-    ASSERT_TRUE(status.clockOffset);
-    EXPECT_NEAR(static_cast<double>(*status.clockOffset), 40.0, 2.0);
+    ASSERT_TRUE(status.clockOffset.value());
+    EXPECT_NEAR(static_cast<double>(*status.clockOffset.value()), 40.0, 2.0);
     exported();
     EXPECT_TRUE(metadata().contains("\"samplesPerPoint\": 30"));
     EXPECT_FALSE(metadata().contains("\"hoursBeforeBlock\"")) << "it could not be read";
     EXPECT_FALSE(metadata().contains("\"append\"")) << "it has not been read";
-    EXPECT_TRUE(metadata().contains("\"secondsAheadOfComputer\": " + QByteArray::number(*status.clockOffset)));
+    EXPECT_TRUE(metadata().contains("\"secondsAheadOfComputer\": " + QByteArray::number(*status.clockOffset.value())));
     program.closePort();
-    EXPECT_FALSE(status.clockOffset);
+    EXPECT_FALSE(status.clockOffset.value());
     exported();
     EXPECT_FALSE(metadata().contains("\"samplesPerPoint\""));
 }

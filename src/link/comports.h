@@ -41,6 +41,9 @@ public:
     void selectPort(int portNumber) { selected_ = portNumber; }
     int selectedPort() const { return selected_; }
 
+    /// A port and its device for the operator: "COM 1 (ttyUSB0)".
+    QString nameOf(int portNumber) const;
+
     /// Opens the instrument port. Returns whether it is open now; if not, the operator has been told why.
     bool open();
     void close();
@@ -83,7 +86,6 @@ private:
 
     Line& line(int portNumber) { return lines_.at(static_cast<std::size_t>(portNumber - 1)); }
     const Line& line(int portNumber) const { return lines_.at(static_cast<std::size_t>(portNumber - 1)); }
-    QString nameOf(int portNumber) const;
     void setUse(const Port* port, PortUse use);
     QString openLine(int portNumber, const Port* heldByOther, const QString& otherUse);
     void tellThatItCouldNotBeOpened(const QString& what, const QString& reason);

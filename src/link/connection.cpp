@@ -24,7 +24,30 @@ Connection::Connection(Session& session, DebugState& debug, ComPorts& ports, Wai
     , timer_(timer)
     , procedures_(procedures)
     // A line that fails while open ends like a reset; what was received stays.
-    , portFailed_(ports.portFailed.subscribe([this] { fixit(); })) {}
+    , portFailed_(ports.portFailed.subscribe([this] {
+        fixit();
+        session_.status.failure = QStringLiteral("%1 was lost. Check the cable, then press Connect.")
+                                      .arg(ports_.nameOf(ports_.selectedPort()));
+    })) {
+    for (const int portNumber : {1, 2}) {
+        PortCommand& command = portCommands_.at(static_cast<std::size_t>(portNumber - 1));
+        const ConnectItem& item = items[portNumber == 1 ? ConnectItems::Auto1 : ConnectItems::Auto2];
+        command.canConnect.setBinding([this, portNumber, &item] {
+            return item.enabled.value() && session_.commands.undisturbed.value() &&
+                   !session_.commands.portOpen.value() && ports_.use(portNumber).value() == PortUse::None;
+        });
+        command.canClose.setBinding([this, portNumber] {
+            return ports_.use(portNumber).value() == PortUse::Instrument && session_.commands.closePortEnabled.value();
+        });
+    }
+}
+
+void Connection::autoConnect(int portNumber) {
+    if (!ports_.isOpen()) {
+        ports_.selectPort(portNumber);
+    }
+    portNumber == 1 ? autoConnect1() : autoConnect2();
+}
 
 void Connection::autoConnect1() {
     procedures_.start(QStringLiteral("Auto Connect Comm 1"), [this] { return autoOpen1(); });
@@ -58,6 +81,7 @@ void Connection::manualConnect(int portNumber) {
     ConnectItem& item = items[portNumber == 1 ? ConnectItems::Manual1 : ConnectItems::Manual2];
     item.enabled = true;
     item.checked = true;
+    session_.status.failure = QString();
     manualWanted.tell();
 }
 
@@ -72,7 +96,7 @@ void Connection::closePort() {
     session_.setFirmware(StatusState::unknownShort());
     status.instrument = InstrumentType::Unknown;
     status.date = StatusState::unknownLong();
-    status.clockOffset = std::nullopt;
+    status.clockOffset = std::optional<qint64>();
     status.time = StatusState::unknownLong();
     hideFrames();
     CommandState& commands = session_.commands;
@@ -142,6 +166,7 @@ Task<> Connection::openprt() {
         ports_.selectPort(port);
     }
     session_.status.status = QStringLiteral("Connecting...");
+    session_.status.failure = QString();
     enableCommands(true);
     co_await presets();
 }
@@ -160,6 +185,7 @@ void Connection::goOffline() {
     state.Ctrlscrn = Operation::Idle;
     state.Tmr = 1;
     session_.status.status = QStringLiteral("Offline");
+    session_.status.failure = QString();
 }
 
 void Connection::hideFrames() {
@@ -181,6 +207,9 @@ Task<> Connection::presets() {
     SessionState& state = session_.state;
     if (!ports_.open()) {
         fixit();
+        session_.status.failure = QStringLiteral("%1 could not be opened. Choose another port or free this one, then "
+                                                 "press Connect.")
+                                      .arg(ports_.nameOf(ports_.selectedPort()));
         throw ConnectionEnded();
     }
     bool replied = false;
@@ -263,6 +292,12 @@ void Connection::attemptFailed() {
     if (const auto item = items.firstChecked()) {
         session_.state.Portused = static_cast<quint8>(ConnectItems::portNumber(*item));
     }
+    const int port = ports_.selectedPort();
+    session_.status.status = QStringLiteral("No answer from COM %1").arg(port);
+    session_.status.failure =
+        QStringLiteral("No answer from %1 within %2 s. Check power and cable, press Quit, connect again.")
+            .arg(ports_.nameOf(port))
+            .arg(attemptLimit / 1000);
     manualWanted.tell();
 }
 

@@ -74,6 +74,19 @@ public:
 
     ConnectItems items;
 
+    /// What the button beside a port's chooser can do.
+    struct PortCommand {
+        QProperty<bool> canConnect; ///< The port's automatic connect item can be chosen.
+        QProperty<bool> canClose;   ///< The instrument's port is this one: "Close Port" closes it.
+    };
+    const PortCommand& portCommand(int portNumber) const {
+        return portCommands_.at(static_cast<std::size_t>(portNumber - 1));
+    }
+
+    /// The button beside a port's chooser: the automatic item of that port, and always on that port. (The menu's item
+    /// of Comm 1 stays on the port of the last session.)
+    void autoConnect(int portNumber);
+
     /// The items of the menu "Start Communication".
     void autoConnect1();
     void autoConnect2();
@@ -124,6 +137,7 @@ private:
     Waits& waits_;
     StatusTimer& timer_;
     Procedures& procedures_;
+    std::array<PortCommand, 2> portCommands_;
     Subscription portFailed_;
 };
 

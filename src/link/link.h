@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/files.h"
 #include "link/connection.h"
 #include "link/manualconnection.h"
 #include "link/ownfiles.h"
@@ -20,6 +21,8 @@ struct Link {
         PortList* portList = nullptr; ///< Null: this computer has no ports.
         /// What is wrong with a device name; the empty text if nothing is.
         std::function<QString(const QString& device)> deviceProblem = [](const QString&) { return QString(); };
+        /// Free bytes on the disk of the working directory; nothing if that cannot be known.
+        std::function<std::optional<qint64>()> freeSpace = freeSpaceHere;
     };
 
     explicit Link(const Surroundings& surroundings)

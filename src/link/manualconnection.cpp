@@ -30,7 +30,16 @@ ManualConnection::ManualConnection(Session& session, Connection& connection, Pro
     , connection_(connection)
     , procedures_(procedures)
     , wanted_(connection.manualWanted.subscribe([this] { show(); })) {
-    bindings_.bind(procedures.running, [this](bool running) { shown.canBegin = !running; });
+    shown.reason.setBinding([this] {
+        if (procedures_.running) {
+            return QStringLiteral("An attempt is under way.");
+        }
+        return session_.commands.portOpen
+                   ? QStringLiteral("The port is still open, so this would do nothing. Press Quit, then connect again.")
+                   : QString();
+    });
+    shown.canStart.setBinding([this] { return shown.startEnabled.value() && shown.reason.value().isEmpty(); });
+    shown.canRetry.setBinding([this] { return shown.retryEnabled.value() && shown.reason.value().isEmpty(); });
 }
 
 void ManualConnection::show() {
@@ -71,11 +80,13 @@ void ManualConnection::start() {
 Task<> ManualConnection::seek() {
     session_.state.Seeking = 1;
     session_.status.notice = QStringLiteral("Waiting for the instrument. \"Quit\" in the dialog ends it.");
+    shown.seeking = true;
     shown.retryEnabled = false;
     shown.startEnabled = false;
     const int showing = showings_;
     const auto ended = qScopeGuard([this, showing] {
         session_.status.notice = QString();
+        shown.seeking = false;
         session_.state.Seeking = 0; // connected or ended: a later automatic attempt must be bounded
         // The dialog may have been shown afresh during the attempt: that one stays.
         if (showings_ == showing) {

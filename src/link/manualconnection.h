@@ -16,7 +16,13 @@ struct ManualConnectionState {
     QProperty<bool> startEnabled{true};
     QProperty<bool> proceedVisible{true};
     QProperty<bool> retryEnabled{true};
-    QProperty<bool> canBegin{true}; ///< No procedure has the instrument: "Start" and "Retry" can do something.
+    QProperty<bool> seeking{false}; ///< "Start" waits without limit for the instrument.
+
+    /// What follows for "Start" and "Retry": while a procedure has the instrument, or its port is open, they could do
+    /// nothing, and `reason` says so; it is empty otherwise.
+    QProperty<bool> canStart;
+    QProperty<bool> canRetry;
+    QProperty<QString> reason;
 };
 
 /// The "Manual Connection" dialog: lets the operator connect with a power cycle, by hand or after a failed attempt.
@@ -39,6 +45,9 @@ public:
     /// the dialog only goes away.
     void closed();
 
+    /// Why the dialog has been shown, if an attempt or a connection ended by itself.
+    const QProperty<QString>& failure() const { return session_.status.failure; }
+
     ManualConnectionState shown;
 
 private:
@@ -48,7 +57,6 @@ private:
     Connection& connection_;
     Procedures& procedures_;
     Subscription wanted_;
-    Bindings bindings_;
     int showings_ = 0; ///< How often the dialog has been shown.
 };
 

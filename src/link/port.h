@@ -60,6 +60,7 @@ struct ListedPort {
     QString name;
     QString description;
     QString manufacturer;
+    bool isAdapter = false; ///< It says what it is, as what is plugged in does and what is built in does not.
 
     bool operator==(const ListedPort&) const = default;
 };

@@ -30,6 +30,8 @@ struct SortKey {
     }
 };
 
+constexpr qsizetype simulatedCount = 2; ///< Of the list's last devices.
+
 QString describe(const ListedPort& port) {
     const QString description = port.description.simplified();
     const QString manufacturer = port.manufacturer.simplified();
@@ -87,8 +89,15 @@ PortChoices::PortChoices(ComPorts& comPorts, PortList* portList,
         chooser.lock.setBinding([&ports, portNumber] { return lockReason(portNumber, ports.use(portNumber).value()); });
         // What is open now is the device in force: an older complaint would only mislead.
         notifiers_.push_back(chooser.lock.addNotifier([&chooser] { chooser.problem = QString(); }));
+        bindings_.bind(ports.use(portNumber),
+                       [this](PortUse use) { nothingChosen_ = nothingChosen_ && use != PortUse::Instrument; });
     }
     shown.simulation.setBinding([&ports] { return simulationText(ports); });
+    noAdapter_ = portList_ == nullptr;
+    shown.offersSimulation.setBinding([this, &ports] {
+        return nothingChosen_.value() && noAdapter_.value() && ports.use(1).value() == PortUse::None &&
+               ports.use(2).value() != PortUse::Instrument;
+    });
     shown.list = {{.device = QStringLiteral("sim:trx"), .description = QStringLiteral("simulated scattering meter")},
                   {.device = QStringLiteral("sim:glow"), .description = QStringLiteral("simulated fluorometer")}};
 }
@@ -97,9 +106,9 @@ void PortChoices::refresh() {
     if (portList_ == nullptr) {
         return;
     }
-    constexpr qsizetype simulatedCount = 2;
     QList<PortChoice> list;
-    for (const ListedPort& port : portList_->ports()) {
+    const std::vector<ListedPort> ports = portList_->ports();
+    for (const ListedPort& port : ports) {
         list.append({.device = port.name, .description = describe(port)});
     }
     std::stable_sort(list.begin(), list.end(), [](const PortChoice& one, const PortChoice& other) {
@@ -107,6 +116,24 @@ void PortChoices::refresh() {
     });
     list += shown.list.value().last(simulatedCount);
     shown.list = list;
+    takeAdapter(ports);
+}
+
+void PortChoices::noteNothingChosen() {
+    nothingChosen_ = true;
+}
+
+void PortChoices::chooseSimulation() {
+    choose(1, shown.list.value().at(shown.list.value().size() - simulatedCount).device);
+}
+
+void PortChoices::takeAdapter(const std::vector<ListedPort>& ports) {
+    const auto adapter = std::ranges::find_if(
+        ports, [this](const ListedPort& port) { return port.isAdapter && !sameDevice(port.name, ports_.device(2)); });
+    noAdapter_ = adapter == ports.end();
+    if (adapter != ports.end() && nothingChosen_ && ports_.use(1).value() == PortUse::None) {
+        choose(1, adapter->name);
+    }
 }
 
 void PortChoices::refreshIfChanged() {
@@ -135,6 +162,7 @@ void PortChoices::choose(int portNumber, const QString& device) {
     const QString inForce = ports_.device(portNumber);
     const QString problem = wanted == inForce ? QString() : problemOf(portNumber, wanted);
     if (problem.isEmpty()) {
+        nothingChosen_ = nothingChosen_ && wanted == inForce; // leaving the box is no choice
         ports_.setDevice(portNumber, wanted);
         chooser.problem = QString();
     } else {

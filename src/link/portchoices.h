@@ -34,13 +34,16 @@ struct PortChoiceState {
     std::array<Chooser, 2> choosers;
     /// Says that what is connected is simulated; while nothing is connected, which ports would be. Empty: none.
     QProperty<QString> simulation;
+    /// Nobody has chosen a device, no adapter is plugged in and nothing is connected: a simulated instrument can be
+    /// tried.
+    QProperty<bool> offersSimulation;
 
     Chooser& operator[](int portNumber) { return choosers.at(static_cast<std::size_t>(portNumber - 1)); }
     const Chooser& operator[](int portNumber) const { return choosers.at(static_cast<std::size_t>(portNumber - 1)); }
 };
 
 /// Offers the devices that can be COM 1 and COM 2 and takes the operator's choices. A choice lasts until the
-/// program ends.
+/// program ends. As long as nobody has chosen, an adapter that is plugged in becomes COM 1.
 class PortChoices {
 public:
     /// `portList` is null where this computer has no ports. `deviceProblem` says what is wrong with a device name; the
@@ -56,15 +59,24 @@ public:
     /// taken, the chooser's `problem` says why and the device stays what it was. A port in use keeps its device.
     void choose(int portNumber, const QString& device);
 
+    /// Nobody has chosen a device, neither now nor before: what the ports have are mere defaults.
+    void noteNothingChosen();
+    /// The same as choosing a simulated instrument for COM 1; see `offersSimulation`.
+    void chooseSimulation();
+
     PortChoiceState shown;
 
 private:
+    void takeAdapter(const std::vector<ListedPort>& ports);
     QString problemOf(int portNumber, const QString& device) const;
 
     ComPorts& ports_;
     PortList* portList_;
     std::function<QString(const QString& device)> deviceProblem_;
+    QProperty<bool> nothingChosen_{false};
+    QProperty<bool> noAdapter_{false}; ///< The ports have been listed, and no adapter was among them.
     std::vector<QPropertyNotifier> notifiers_;
+    Bindings bindings_;
 };
 
 } // namespace orv

@@ -68,12 +68,15 @@ struct StatusState {
     QProperty<QString> date{unknownLong()};                        ///< The instrument's date at the last clock reply.
     QProperty<QString> time{unknownLong()};                        ///< The instrument's time at the last clock reply.
     /// Seconds by which the instrument's clock was ahead of the computer's at that reply; it ticks every 4/3 s.
-    std::optional<qint64> clockOffset;
+    QProperty<std::optional<qint64>> clockOffset;
     QProperty<int> bufferCount{0};       ///< Characters received and not yet consumed as a line.
     QProperty<QString> shutterProgress;  ///< `Text38`.
     QProperty<QString> shutterCountdown; ///< Seconds left of the shutter's long wait; empty otherwise.
     QProperty<QString> downloadedBytes{QStringLiteral("0")}; ///< Size of the last whole download.
     QProperty<QString> notice; ///< A remark beside the status that needs no answer; empty most of the time.
+    /// Why the last attempt to connect or the last connection ended by itself, and what to do now; empty from the next
+    /// attempt on, and after "Close Port", "Reset" and "Quit" of the dialog.
+    QProperty<QString> failure;
 };
 
 /// The long operation under way, if any.

@@ -294,8 +294,10 @@ QString SystemPortList::systemDeviceFolder() {
 std::vector<ListedPort> SystemPortList::ports() {
     std::vector<ListedPort> list;
     for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts()) {
-        list.push_back(
-            {.name = port.portName(), .description = port.description(), .manufacturer = port.manufacturer()});
+        list.push_back({.name = port.portName(),
+                        .description = port.description(),
+                        .manufacturer = port.manufacturer(),
+                        .isAdapter = port.hasVendorIdentifier()});
     }
     return list;
 }

@@ -15,6 +15,8 @@ Program::Program(const Surroundings& surroundings)
     , sheetExport(link, sheet.data, sheet.shown, settings)
     , calibration(link, sheet.data, sheet.shown)
     , shutter(link, settings.shown, settings.reader, settings.sender)
+    , progress(link.session, settings.shown, sheet.run, sheet.download, surroundings.freeSpace)
+    , nextStep(link, sheet.shown, progress)
     , subscriptions_{link.timer.tick.subscribe([this] { tick(); }),
                      link.connection.aboutToClose.subscribe([this] { closeRecordFile(); }),
                      link.connection.identified.subscribe([this] { forgetToldErrors(); }),
@@ -52,6 +54,15 @@ void Program::autoConnect1() {
 
 void Program::autoConnect2() {
     link.connection.autoConnect2();
+}
+
+void Program::connectPort(int portNumber) {
+    link.connection.autoConnect(portNumber);
+}
+
+void Program::trySimulation() {
+    link.portChoices.chooseSimulation();
+    connectPort(1);
 }
 
 void Program::manualConnect(int portNumber) {

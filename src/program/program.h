@@ -5,6 +5,7 @@
 #include "calibration/shutterreset.h"
 #include "formats/sheetexport.h"
 #include "link/link.h"
+#include "program/nextstep.h"
 #include "program/pages.h"
 #include "settings/settings.h"
 #include "sheet/sheet.h"
@@ -40,6 +41,10 @@ public:
     void offerUnendedRun();
     void autoConnect1();
     void autoConnect2();
+    /// The button "Connect" beside a port's chooser.
+    void connectPort(int portNumber);
+    /// "Try a Simulated Instrument": chooses it for COM 1 and connects.
+    void trySimulation();
     void manualConnect(int portNumber);
     void closePort();
     /// The "Reset" button: stops a collection or download and connects again.
@@ -82,6 +87,8 @@ public:
     Calibration calibration;
     ShutterReset shutter;
     PageState pages;
+    RunProgress progress;
+    NextStep nextStep;
 
 private:
     Task<> saveSheet();

@@ -180,6 +180,21 @@ void SettingsReader::giveUp() {
         link_.session.state.Portused = static_cast<quint8>(port);
     }
     link_.connection.fixit();
+    link_.session.status.failure =
+        QStringLiteral("This was the 150th line of settings reports since the program started. There it ends the "
+                       "connection, once. Nothing is wrong: press Quit and connect again.");
+}
+
+QString clockOffsetInWords(qint64 secondsAhead) {
+    constexpr qint64 tick = 2; // it ticks every 4/3 s
+    constexpr qint64 minute = 60;
+    const qint64 off = std::abs(secondsAhead);
+    if (off <= tick) {
+        return QStringLiteral("as this computer's");
+    }
+    const QString text =
+        secondsAhead < 0 ? QStringLiteral("%1 behind this computer's") : QStringLiteral("%1 ahead of this computer's");
+    return text.arg(durationInWords(off)) + (off > minute ? QStringLiteral(". Sync Time/Date sets it.") : QString());
 }
 
 ClockDisplay::ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings)

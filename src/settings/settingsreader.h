@@ -45,6 +45,10 @@ private:
     Subscription closing_;
 };
 
+/// How the instrument's clock stands, by the seconds that it is ahead of the computer's: "43 s behind this computer's".
+/// Beyond a minute it also says what to do.
+QString clockOffsetInWords(qint64 secondsAhead);
+
 /// Shows the instrument's clock from its reply (date, TAB, time count; 64800 counts are one day) on the main
 /// window and the settings screen, and moves the operation code to 2. A reply of fewer than 10 characters is not a
 /// clock reply and changes nothing. If it cannot be read, the operator is told and every label stays.

@@ -208,8 +208,14 @@ Task<> SettingsSender::typeClock() {
     const QString date = dateDigits(settings_.computerDate);
     co_await typed(date);
     co_await dialogue_.waitprompt();
-    const QString time = timeDigits(clockText(link_.session.clock.now().time()));
+    const QDateTime set = link_.session.clock.now();
+    const QString time = timeDigits(clockText(set.time()));
     co_await typed(time);
+    // The instrument begins that minute with its last digit.
+    const qint64 lost = set.time().second() + set.secsTo(link_.session.clock.now());
+    link_.session.status.notice = QStringLiteral("The instrument's clock was set to the minute and is %1 behind: the "
+                                                 "command carries no seconds.")
+                                      .arg(durationInWords(lost));
 }
 
 Task<> SettingsSender::typed(QString digits) {

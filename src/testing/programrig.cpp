@@ -67,7 +67,8 @@ ProgramRig::ProgramRig(LineMaker makeLine)
                        return device.isEmpty() || device.contains(u' ')
                                   ? QStringLiteral("\"%1\" is no device.").arg(device)
                                   : QString();
-                   }}) {}
+                   },
+               .freeSpace = [this] { return freeSpace; }}) {}
 
 ProgramRig::~ProgramRig() = default;
 

@@ -94,6 +94,7 @@ public:
     TestPort com1;
     TestPort com2;
     FakePortList portList;
+    std::optional<qint64> freeSpace; ///< Bytes on the disk of the record file.
     std::deque<QByteArray> replies;
     TestPort* line = nullptr;       ///< The port made last.
     std::function<void()> lineMade; ///< Called when there is another.

@@ -51,6 +51,9 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setMinimumSize(420, 110);
+    auto* failure = makeValueLabel("ManualFailure", "Why the dialog is here");
+    failure->setWordWrap(true);
+    failure->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum); // a device may have a long name
     auto* start = makeButton("&Start", "ManualStart", [this] { manual_.start(); });
     auto* proceed = makeButton("&Proceed", "ManualProceed", [this] { manual_.proceed(); });
     auto* retry = makeButton("&Retry", "ManualRetry", [this] { manual_.retry(); });
@@ -64,6 +67,7 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     buttons->addStretch(1);
     buttons->addWidget(quit);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(failure);
     layout->addWidget(text, 1);
     layout->addLayout(buttons);
 
@@ -71,13 +75,18 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     bindings_.bind(shown.text, [text](const QString& now) { text->setPlainText(now); });
     bindVisible(bindings_, start, shown.startVisible);
     bindVisible(bindings_, proceed, shown.proceedVisible);
-    const auto enable = [&shown, start, retry](bool) {
-        start->setEnabled(shown.startEnabled && shown.canBegin);
-        retry->setEnabled(shown.retryEnabled && shown.canBegin);
-    };
-    for (const QProperty<bool>* condition : {&shown.startEnabled, &shown.retryEnabled, &shown.canBegin}) {
-        bindings_.bind(*condition, enable);
-    }
+    bindEnabled(bindings_, start, shown.canStart);
+    bindEnabled(bindings_, retry, shown.canRetry);
+    bindings_.bind(shown.reason, [start, retry](const QString& reason) {
+        for (QPushButton* button : {start, retry}) {
+            button->setToolTip(reason);
+            button->setAccessibleDescription(reason);
+        }
+    });
+    bindings_.bind(manual.failure(), [failure](const QString& why) {
+        failure->setText(why);
+        failure->setVisible(!why.isEmpty());
+    });
     bindings_.bind(shown.visible, [this](bool visible) { visible ? static_cast<void>(showUnasked(*this)) : hide(); });
 }
 
@@ -103,10 +112,15 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     labels->addWidget(value);
     labels->addStretch(1);
     labels->addWidget(percentage);
+    const QString whatStops = QStringLiteral("Reset on the page Status and Controls stops it.");
     auto* buttons = new QHBoxLayout;
+    auto* abort = makeButton(
+        "&Abort", "Abort", [] {}, whatStops);
+    abort->setEnabled(false);
+    abort->setAccessibleDescription(whatStops);
+    buttons->addWidget(new QLabel(whatStops));
     buttons->addStretch(1);
-    buttons->addWidget(makeButton(
-        "&Abort", "Abort", [] {}, "A download is stopped with \"Reset\" on the main window."));
+    buttons->addWidget(abort);
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addLayout(labels);

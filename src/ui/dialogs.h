@@ -4,6 +4,7 @@
 #include "base/observe.h"
 #include "link/manualconnection.h"
 #include "settings/loggersettings.h"
+#include "ui/focus.h"
 
 #include <QDialog>
 #include <QScrollArea>
@@ -25,13 +26,17 @@ public:
     /// Esc and the frame's close button.
     void reject() override;
 
+protected:
+    bool focusNextPrevChild(bool next) override { return focus_.move(next) || QDialog::focusNextPrevChild(next); }
+
 private:
     ManualConnection& manual_;
     Bindings bindings_;
+    FocusKeeper focus_{*this};
 };
 
 /// The dialog "Processing": how far a retrieval, a sending or a download has come. It does not block other windows;
-/// closing it only hides it. "Abort" does nothing: its tool tip says what does.
+/// closing it only hides it. "Abort" cannot be pressed: the text beside it says what stops what goes on.
 class ProgressDialog final : public QDialog {
 public:
     ProgressDialog(ProgressState& shown, QWidget* parent);

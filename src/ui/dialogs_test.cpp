@@ -4,6 +4,7 @@
 #include "testing/windowrig.h"
 
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -61,13 +62,84 @@ TEST_F(ProgressDialogTest, ClosingItOnlyHidesIt) {
     EXPECT_FALSE(shown.visible.value());
 }
 
-TEST_F(ProgressDialogTest, AbortDoesNothingAndItsToolTipSaysWhatDoes) {
+TEST_F(ProgressDialogTest, AbortCannotBePressedAndTheTextBesideItSaysWhatCan) {
     shown.show();
     auto& button = control<QPushButton>(dialog, "Abort");
     EXPECT_EQ(button.text().remove(QLatin1Char('&')), QStringLiteral("Abort"));
-    EXPECT_TRUE(button.toolTip().contains(QStringLiteral("\"Reset\"")));
-    button.click();
-    EXPECT_TRUE(shown.visible.value());
+    EXPECT_FALSE(button.isEnabled());
+    const QString reason = QStringLiteral("Reset on the page Status and Controls stops it.");
+    EXPECT_EQ(button.toolTip(), reason);
+    EXPECT_EQ(button.accessibleDescription(), reason);
+    const auto labels = dialog.findChildren<QLabel*>();
+    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(),
+                            [&reason](const QLabel* label) { return label->text() == reason && label->isVisible(); }));
+}
+
+class ManualConnectionDialogTest : public WindowTest {
+protected:
+    QDialog& dialog() { return find<QDialog>("ManualConnection"); }
+    QLabel& failure() { return find<QLabel>("ManualFailure"); }
+};
+
+TEST_F(ManualConnectionDialogTest, SaysWhyAnAttemptFailedAndWhatToDo) {
+    autoConnect();
+    ASSERT_TRUE(dialog().isVisible());
+    const std::string why = "No answer from COM 1 (ttyA) within 5 s. Check power and cable, press Quit, connect again.";
+    EXPECT_EQ(failure().text().toStdString(), why);
+    EXPECT_TRUE(failure().isVisible());
+    EXPECT_EQ(find<QPlainTextEdit>("ManualText").toPlainText().toStdString(), "");
+    EXPECT_EQ(text("Label20"), "No answer from COM 1");
+    EXPECT_EQ(text("NextStep"), why);
+    EXPECT_LT(failure().geometry().bottom(), find<QWidget>("ManualText").geometry().top());
+    for (const char* name : {"ManualRetry", "ManualStart"}) {
+        EXPECT_FALSE(button(name).isEnabled());
+        EXPECT_EQ(button(name).toolTip().toStdString(),
+                  "The port is still open, so this would do nothing. Press Quit, then connect again.");
+    }
+    click("ManualQuit");
+    EXPECT_EQ(text("Label20"), "Offline");
+    EXPECT_EQ(text("NextStep"), "Choose a port and press Connect.");
+}
+
+TEST_F(ManualConnectionDialogTest, BegunByHandNothingHasFailedAndEveryButtonWorks) {
+    autoConnect();
+    click("ManualQuit");
+    item("ManualConnect1").trigger();
+    EXPECT_FALSE(failure().isVisible());
+    EXPECT_TRUE(button("ManualRetry").isEnabled());
+    EXPECT_EQ(button("ManualRetry").toolTip().toStdString(), "");
+    click("ManualProceed");
+    EXPECT_TRUE(button("ManualStart").isEnabled());
+    EXPECT_FALSE(button("ManualStart").hasFocus()) << "a second Space would press it";
+}
+
+TEST_F(ManualConnectionDialogTest, TheOneEndOfTheConnectionAtTheReportsLine150SaysThatNothingIsWrong) {
+    state.Timeout = 140;
+    replies = {"V512\r"};
+    autoConnect();
+    receive(settingsReport());
+    ticks(12);
+    ASSERT_TRUE(dialog().isVisible());
+    EXPECT_EQ(failure().text().toStdString(),
+              "This was the 150th line of settings reports since the program started. There it ends the connection, "
+              "once. Nothing is wrong: press Quit and connect again.");
+    EXPECT_EQ(text("NextStep"), failure().text().toStdString());
+    EXPECT_TRUE(button("ManualRetry").isEnabled()) << "the port is closed";
+    click("ManualQuit");
+    EXPECT_EQ(text("NextStep"), "Choose a port and press Connect.");
+    connectAndRead();
+}
+
+TEST_F(ManualConnectionDialogTest, APortThatCannotBeOpenedAndOneThatIsLostAreToldInTheNextStep) {
+    com1.openReason = QStringLiteral("There is no such device.");
+    autoConnect();
+    EXPECT_EQ(text("NextStep"),
+              "COM 1 (ttyA) could not be opened. Choose another port or free this one, then press Connect.");
+    com1.openReason = QString();
+    connectAndRead();
+    com1.failureReason = QStringLiteral("Gone.");
+    ticks(2);
+    EXPECT_EQ(text("NextStep"), "COM 1 (ttyA) was lost. Check the cable, then press Connect.");
 }
 
 constexpr const char* names[] = {"OpeningLine", "RunLine",     "BinningLine",    "SleepLine",    "WakeLine",

@@ -124,7 +124,8 @@ void MainWindow::layOut() {
     addSimulationMarker(upperRow);
     layout->addWidget(pageArea_, 1);
     layout->addLayout(serviceRow);
-    addPage(Page::Status, scrollable(new StatusPage(program_)));
+    statusPage_ = new StatusPage(program_);
+    addPage(Page::Status, scrollable(statusPage_));
     addServiceMarker(serviceRow);
     serviceRow->addWidget(lowerTabs_);
     serviceRow->addStretch(1);
@@ -393,6 +394,19 @@ void MainWindow::hideWindows() {
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     QTimer::singleShot(preparationDelay, this, [this] { prepareAllPages(); });
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && !event->isAutoRepeat() && program_.pages.shown.value() == Page::Status) {
+        statusPage_->enter();
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
+bool MainWindow::focusNextPrevChild(bool next) {
+    return focus_.move(next) || QMainWindow::focusNextPrevChild(next);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

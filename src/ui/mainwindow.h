@@ -2,6 +2,7 @@
 #pragma once
 
 #include "program/program.h"
+#include "ui/focus.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -18,6 +19,7 @@ class ChoiceTabBar;
 class GraphPage;
 class SettingsWindow;
 class SheetPage;
+class StatusPage;
 
 /// The main window, "ORV Host Program": menus, the upper tab strip with the operating pages, the lower one with the
 /// service pages.
@@ -41,6 +43,8 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     /// Sees all keys of the program.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -68,6 +72,7 @@ private:
     ChoiceTabBar* upperTabs_;
     ChoiceTabBar* lowerTabs_;
     QWidget* pageArea_;
+    StatusPage* statusPage_ = nullptr;
     SheetPage* sheetPage_ = nullptr;
     GraphPage* graphPage_ = nullptr;
     std::map<Page, QWidget*> pages_;
@@ -75,6 +80,7 @@ private:
     QList<QPointer<QMessageBox>> stoodBefore_;       ///< Messages, when the operator last wished to end the program.
     std::vector<Subscription> subscriptions_;
     Bindings bindings_;
+    FocusKeeper focus_{*this};
     int releasedKey_ = 0;
     quint64 releasedAt_ = 0;
     bool keyIsHeld_ = false; ///< The newest press of a key is the repeating of one that is held down.

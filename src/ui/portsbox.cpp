@@ -4,13 +4,16 @@
 #include "ui/widgets.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace orv {
 
@@ -224,13 +227,35 @@ void PortChooser::changeEvent(QEvent* event) {
     }
 }
 
+/// Esc takes back what was typed; the Enter key that finishes it is not to do anything else. Returns whether the key
+/// has done all that it was to do.
+bool PortChooser::takeKey(int key) {
+    const QString inForce = choices_.shown[portNumber_].device;
+    if (lineEdit()->text() == inForce) {
+        return false;
+    }
+    finishing_ = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (key == Qt::Key_Escape) {
+        choose(inForce);
+        return true;
+    }
+    return false;
+}
+
+void PortChooser::keyPressEvent(QKeyEvent* event) {
+    if (takeKey(event->key())) {
+        return;
+    }
+    QComboBox::keyPressEvent(event);
+    if (std::exchange(finishing_, false)) {
+        event->accept();
+    }
+}
+
 bool PortChooser::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == lineEdit() && event->type() == QEvent::KeyPress) {
-        const bool isEscape = static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape;
-        if (isEscape && lineEdit()->text() != choices_.shown[portNumber_].device.value()) {
-            choose(choices_.shown[portNumber_].device);
-            return true;
-        }
+    if (watched == lineEdit() && event->type() == QEvent::KeyPress &&
+        takeKey(static_cast<const QKeyEvent*>(event)->key())) {
+        return true;
     }
     return QComboBox::eventFilter(watched, event);
 }
@@ -242,38 +267,89 @@ void PortChooser::wheelEvent(QWheelEvent* event) {
 namespace {
 
 constexpr int refreshInterval = 2000; ///< Milliseconds.
-constexpr int gapBetween = 24;        ///< Between the two choosers, in pixels.
+constexpr int firstRefresh = 100;     ///< The same, after the box has been shown: listing would delay the window.
 
 } // namespace
 
-PortsBox::PortsBox(PortChoices& choices)
+ConnectButton::ConnectButton(Program& program, int portNumber)
+    : program_(program)
+    , portNumber_(portNumber) {
+    setObjectName(QStringLiteral("ConnectButton%1").arg(portNumber));
+    setAutoDefault(false);
+    connect(this, &QPushButton::clicked, this,
+            [this] { disconnects_ ? program_.closePort() : program_.connectPort(portNumber_); });
+    const Connection::PortCommand& command = program.link.connection.portCommand(portNumber);
+    bindings_.bind(command.canConnect, [this](bool) { follow(); });
+    bindings_.bind(command.canClose, [this](bool) { follow(); });
+    bindings_.bind(program.link.session.commands.activity, [this](Activity activity) {
+        if (activity == Activity::Collecting || activity == Activity::Downloading) {
+            disarm();
+        }
+    });
+}
+
+void ConnectButton::follow() {
+    const Connection::PortCommand& command = program_.link.connection.portCommand(portNumber_);
+    const bool disconnects = command.canClose;
+    if (disconnects && !disconnects_) {
+        disarm();
+    }
+    disconnects_ = disconnects;
+    // One access key for both captions.
+    const QString caption = disconnects
+                                ? (portNumber_ == 1 ? QStringLiteral("Dis&connect") : QStringLiteral("Disco&nnect"))
+                                : (portNumber_ == 1 ? QStringLiteral("&Connect") : QStringLiteral("Co&nnect"));
+    setText(caption);
+    setAccessibleName(QStringLiteral("%1 COM %2").arg(QString(caption).remove(u'&'), QString::number(portNumber_)));
+    setToolTip(disconnects ? QStringLiteral("Closes COM %1. Rows on the sheet stay.").arg(portNumber_)
+                           : QStringLiteral("Wakes the instrument on COM %1 and reads its settings.").arg(portNumber_));
+    setEnabled(disconnects || command.canConnect);
+    setEnterPresses(enterPresses_);
+}
+
+void ConnectButton::setEnterPresses(bool on) {
+    enterPresses_ = on;
+    setDefault(on && !disconnects_ && isEnabled());
+}
+
+PortsBox::PortsBox(Program& program)
     : QGroupBox(QStringLiteral("Ports"))
-    , choices_(choices) {
+    , program_(program)
+    , choices_(program.link.portChoices) {
     setObjectName(QStringLiteral("PortsBox"));
     auto* layout = new QGridLayout(this);
-    addChooser(*layout, 1);
-    addChooser(*layout, 2);
-    layout->setColumnMinimumWidth(2, gapBetween);
+    addPort(*layout, 1);
+    addPort(*layout, 2);
     layout->setColumnStretch(1, 1);
-    layout->setColumnStretch(4, 1);
+    addNextStep(*layout);
+    noteFocus(choosers_[0]);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { noteFocus(now); });
     refreshTimer_.setObjectName(QStringLiteral("PortRefresh"));
     refreshTimer_.setInterval(refreshInterval);
     refreshTimer_.setTimerType(Qt::VeryCoarseTimer);
     connect(&refreshTimer_, &QTimer::timeout, this, [this] { choices_.refreshIfChanged(); });
 }
 
-void PortsBox::addChooser(QGridLayout& layout, int portNumber) {
-    const int column = portNumber == 1 ? 0 : 3;
+void PortsBox::addPort(QGridLayout& layout, int portNumber) {
+    const int row = 2 * (portNumber - 1);
+    const auto index = static_cast<std::size_t>(portNumber - 1);
     auto* chooser = new PortChooser(choices_, portNumber);
+    auto* button = new ConnectButton(program_, portNumber);
+    choosers_.at(index) = chooser;
+    buttons_.at(index) = button;
+    // As wide with either caption, so that nothing moves.
+    QPushButton widest(QStringLiteral("Disconnect"));
+    button->setMinimumWidth(widest.sizeHint().width());
     auto* problem = makeValueLabel(QStringLiteral("PortProblem%1").arg(portNumber),
                                    QStringLiteral("What is wrong with the device for COM %1").arg(portNumber));
     problem->setTextInteractionFlags(Qt::NoTextInteraction); // a click there must not finish what is typed
     problem->setWordWrap(true);
     // One long word in it must not make the window wider.
     problem->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
-    layout.addWidget(makeCaption(QStringLiteral("COM &%1").arg(portNumber), chooser), 0, column);
-    layout.addWidget(chooser, 0, column + 1);
-    layout.addWidget(problem, 1, column + 1, Qt::AlignTop);
+    layout.addWidget(makeCaption(QStringLiteral("COM &%1").arg(portNumber), chooser), row, 0);
+    layout.addWidget(chooser, row, 1);
+    layout.addWidget(button, row, 2);
+    layout.addWidget(problem, row + 1, 1, 1, 2, Qt::AlignTop);
     bindings_.bind(choices_.shown[portNumber].problem, [problem](const QString& text) {
         problem->setText(text);
         problem->setToolTip(text);
@@ -281,8 +357,43 @@ void PortsBox::addChooser(QGridLayout& layout, int portNumber) {
     });
 }
 
+void PortsBox::addNextStep(QGridLayout& layout) {
+    constexpr int row = 4;
+    auto* step = makeValueLabel("NextStep", "Next step");
+    step->setWordWrap(true);
+    step->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    auto* simulation = makeButton(
+        "&Try a Simulated Instrument", "TrySimulation", [this] { program_.trySimulation(); },
+        "Chooses a simulated scattering meter for COM 1 and connects: everything can be tried without an instrument.");
+    auto* line = new QHBoxLayout;
+    layout.addLayout(line, row, 0, 1, 3);
+    line->addWidget(step, 1);
+    line->addWidget(simulation);
+    bindText(bindings_, step, program_.nextStep.text);
+    bindVisible(bindings_, simulation, choices_.shown.offersSimulation);
+}
+
+void PortsBox::noteFocus(QWidget* control) {
+    for (std::size_t index = 0; index < choosers_.size(); ++index) {
+        const PortChooser* chooser = choosers_.at(index);
+        if (control == chooser || control == chooser->lineEdit() || control == buttons_.at(index)) {
+            entered_ = index;
+        }
+    }
+    for (std::size_t index = 0; index < buttons_.size(); ++index) {
+        buttons_.at(index)->setEnterPresses(index == entered_);
+    }
+}
+
+void PortsBox::enter() {
+    if (buttons_.at(entered_)->isDefault()) {
+        buttons_.at(entered_)->click();
+    }
+}
+
 void PortsBox::showEvent(QShowEvent* event) {
     refreshTimer_.start();
+    QTimer::singleShot(firstRefresh, this, [this] { choices_.refreshIfChanged(); });
     QGroupBox::showEvent(event);
 }
 

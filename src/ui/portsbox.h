@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/observe.h"
-#include "link/portchoices.h"
+#include "program/program.h"
+#include "ui/focus.h"
 
 #include <QAbstractListModel>
 #include <QComboBox>
@@ -44,10 +44,12 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    bool takeKey(int key);
     void choose(const QString& device);
     void showDevice();
     void setChoices(const QList<PortChoice>& list);
@@ -58,24 +60,57 @@ private:
     PortChoices& choices_;
     int portNumber_;
     PortChoiceModel model_;
-    bool typing_ = false; ///< What the box holds has not been finished.
+    bool typing_ = false;    ///< What the box holds has not been finished.
+    bool finishing_ = false; ///< The Enter key being handled finishes what was typed.
     Bindings bindings_;
 };
 
-/// The choosers of COM 1 and COM 2 side by side, each with what is wrong with the last choice below it. Their lists
-/// follow the ports that come and go about every two seconds, while the box can be seen, and when one is opened.
+/// The button beside the chooser of a port: "Connect", and "Disconnect" while the instrument is connected there. A
+/// second click of a double click does not disconnect again.
+class ConnectButton final : public EndingButton {
+public:
+    ConnectButton(Program& program, int portNumber);
+
+    /// Drawn as what the Enter key presses; only while it says "Connect".
+    void setEnterPresses(bool on);
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override { event->accept(); }
+
+private:
+    void follow();
+
+    Program& program_;
+    int portNumber_;
+    bool disconnects_ = false;
+    bool enterPresses_ = false;
+    Bindings bindings_;
+};
+
+/// The choosers of COM 1 and COM 2, each with its button, and with what is wrong with the last choice below it; below
+/// both the next step. The lists follow the ports that come and go about every two seconds, while the box can be seen,
+/// and when one is opened.
 class PortsBox final : public QGroupBox {
 public:
-    explicit PortsBox(PortChoices& choices);
+    explicit PortsBox(Program& program);
+
+    /// The Enter key, where no control of the page uses it: connects, on the port where the focus is or was.
+    void enter();
 
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void addChooser(QGridLayout& layout, int portNumber);
+    void addPort(QGridLayout& layout, int portNumber);
+    void addNextStep(QGridLayout& layout);
+    void noteFocus(QWidget* control);
 
+    Program& program_;
     PortChoices& choices_;
+    std::array<PortChooser*, 2> choosers_{};
+    std::array<ConnectButton*, 2> buttons_{};
+    std::size_t entered_ = 0; ///< The port that the Enter key connects.
     QTimer refreshTimer_{this};
     Bindings bindings_;
 };

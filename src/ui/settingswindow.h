@@ -3,6 +3,7 @@
 
 #include "base/observe.h"
 #include "program/program.h"
+#include "ui/focus.h"
 #include "ui/tabstrip.h"
 
 #include <QStackedWidget>
@@ -29,6 +30,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool next) override { return focus_.move(next) || QWidget::focusNextPrevChild(next); }
 
 private:
     QLayout* makeButtons();
@@ -43,6 +45,7 @@ private:
     QWidget* noTypeHint_;
     Subscription tabChosen_;
     Bindings bindings_;
+    FocusKeeper focus_{*this};
 };
 
 } // namespace orv

@@ -110,11 +110,12 @@ void NewestRowScreen::draw() {
 } // namespace
 
 StatusPage::StatusPage(Program& program)
-    : counts_(this) {
+    : ports_(new PortsBox(program))
+    , counts_(this) {
     setObjectName(QStringLiteral("StatusPage"));
     auto* left = new QVBoxLayout;
-    left->addWidget(makeStatusBox(program.link.session.status));
-    left->addWidget(new PortsBox(program.link.portChoices));
+    left->addWidget(makeStatusBox(program));
+    left->addWidget(ports_);
     left->addWidget(makeInstrumentBox(program));
     left->addWidget(new NewestRowScreen(program));
     left->addStretch(1);
@@ -123,7 +124,9 @@ StatusPage::StatusPage(Program& program)
     layout->addWidget(makeControlsBox(program), 0, Qt::AlignTop);
 }
 
-QGroupBox* StatusPage::makeStatusBox(const StatusState& shown) {
+QGroupBox* StatusPage::makeStatusBox(const Program& program) {
+    const StatusState& shown = program.link.session.status;
+    auto* progress = makeValueLabel("RunProgress", "How far the run or the download has come");
     auto* status = makeValueLabel("Label20", "Status");
     enlarge(status, 2.2);
     auto* shutter = makeReadOnlyBox("Text38", "Shutter reset progress", "The step of the shutter reset under way.");
@@ -138,8 +141,13 @@ QGroupBox* StatusPage::makeStatusBox(const StatusState& shown) {
     notice->setWordWrap(true);
     auto* box = makeFrame("Status");
     auto* layout = new QVBoxLayout(box);
+    auto* statusRow = new QHBoxLayout;
     auto* shutterRow = new QHBoxLayout;
-    layout->addWidget(status);
+    layout->addLayout(statusRow);
+    statusRow->addWidget(status);
+    statusRow->addWidget(progress, 1);
+    progress->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    progress->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it must not make the page wider
     layout->addLayout(shutterRow);
     shutterRow->addWidget(shutter);
     shutterRow->addWidget(countdown);
@@ -156,34 +164,46 @@ QGroupBox* StatusPage::makeStatusBox(const StatusState& shown) {
     showUnlessEmpty(shown.shutterProgress, shutter);
     showUnlessEmpty(shown.shutterCountdown, countdown);
     showUnlessEmpty(shown.notice, notice);
+    bindText(bindings_, progress, program.progress.text);
     return box;
 }
 
 QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
     auto* box = makeFrame("Instrument");
-    auto* form = new QFormLayout(box);
-    form->setHorizontalSpacing(24);
-    form->setVerticalSpacing(8);
-    const auto addRow = [form](const QString& caption, const char* name) {
+    auto* columns = new QHBoxLayout(box);
+    auto* said = new QFormLayout;
+    auto* counted = new QFormLayout;
+    for (QFormLayout* form : {said, counted}) {
+        form->setHorizontalSpacing(24);
+        form->setVerticalSpacing(8);
+        columns->addLayout(form, 1);
+    }
+    const auto addRow = [](QFormLayout* form, const QString& caption, const char* name) {
         auto* label = makeValueLabel(name, caption);
         enlarge(label, 1.2);
         form->addRow(caption, label);
         return label;
     };
-    const auto addCount = [this, form](const QString& caption, QLabel* label, const auto& count) {
-        form->addRow(caption, label);
+    const auto addCount = [this, counted](const QString& caption, QLabel* label, const auto& count) {
+        counted->addRow(caption, label);
         counts_.bind(label, count);
     };
     const StatusState& status = program.link.session.status;
-    auto* instrument = addRow(QStringLiteral("Instrument:"), "InstrumentLabel");
-    bindText(bindings_, addRow(QStringLiteral("Firmware Ver."), "FirmwareLabel"), status.firmware);
-    bindText(bindings_, addRow(QStringLiteral("Date"), "Label23"), status.date);
-    bindText(bindings_, addRow(QStringLiteral("Time"), "Label22"), status.time);
+    auto* clock = makeValueLabel("ClockOffset", "How the instrument's clock stands");
+    clock->setWordWrap(true);
+    auto* instrument = addRow(said, QStringLiteral("Instrument:"), "InstrumentLabel");
+    bindText(bindings_, addRow(said, QStringLiteral("Firmware Ver."), "FirmwareLabel"), status.firmware);
+    bindText(bindings_, addRow(said, QStringLiteral("Date"), "Label23"), status.date);
+    bindText(bindings_, addRow(said, QStringLiteral("Time"), "Label22"), status.time);
     addCount(QStringLiteral("Rows on the sheet"), makeNumberLabel("StatusRows", "Rows on the sheet", "0000000000", 1.2),
              program.sheet.shown.counter);
-    bindText(bindings_, addRow(QStringLiteral("Bytes downloaded"), "DownloadedBytes"), status.downloadedBytes);
+    bindText(bindings_, addRow(counted, QStringLiteral("Bytes downloaded"), "DownloadedBytes"), status.downloadedBytes);
     addCount(QStringLiteral("Buffer"), makeNumberLabel("BufferLabel", "Characters in the receive buffer", "0000000000"),
              status.bufferCount);
+    counted->addRow(QStringLiteral("Clock"), clock);
+    bindings_.bind(status.clockOffset, [clock](const std::optional<qint64>& ahead) {
+        clock->setText(ahead ? clockOffsetInWords(*ahead) : StatusState::unknownShort());
+    });
     bindings_.bind(status.instrument, [instrument](InstrumentType type) { instrument->setText(instrumentName(type)); });
     return box;
 }
@@ -194,13 +214,15 @@ QGroupBox* StatusPage::makeControlsBox(Program& program) {
     auto* run = makeButton(
         "&Run", "Command2", [&program] { program.run(); },
         "Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp.");
-    auto* reset = makeButton(
-        "R&eset", "ResetButton", [&program] { program.reset(); },
-        "Stops current collection and requires the instrument to be reset.");
+    auto* reset = new EndingButton(QStringLiteral("R&eset"));
+    reset->setObjectName(QStringLiteral("ResetButton"));
+    reset->setToolTip(QStringLiteral("Stops current collection and requires the instrument to be reset."));
+    reset->setAutoDefault(false);
+    connect(reset, &QPushButton::clicked, this, [&program] { program.reset(); });
     auto* shutter = makeButton(
         "Reset Sh&utter", "ResetShutterButton", [&program] { program.resetShutter(); },
         "Moves the instrument's shutter back to its rest position.");
-    for (QPushButton* button : {run, reset, shutter}) {
+    for (QPushButton* button : {run, static_cast<QPushButton*>(reset), shutter}) {
         button->setMinimumSize(150, 38);
         layout->addWidget(button);
     }
@@ -208,9 +230,14 @@ QGroupBox* StatusPage::makeControlsBox(Program& program) {
     bindEnabled(bindings_, run, commands.canRun);
     bindVisible(bindings_, run, commands.runVisible);
     bindEnabled(bindings_, reset, commands.resetEnabled);
+    bindings_.bind(commands.activity, [reset](Activity) { reset->disarm(); });
     bindEnabled(bindings_, shutter, commands.canResetShutter);
     bindVisible(bindings_, shutter, commands.resetShutterVisible);
     return box;
+}
+
+void StatusPage::enter() {
+    ports_->enter();
 }
 
 } // namespace orv

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "program/nextstep.h"
+
+#include "testing/programrig.h"
+
+namespace orv {
+namespace {
+
+class NextStepTest : public ProgramTest {
+protected:
+    std::string step() const { return program.nextStep.text.value().toStdString(); }
+};
+
+TEST_F(NextStepTest, GoesWithTheOperatorFromThePortToTheSavedSheet) {
+    EXPECT_EQ(step(), "Choose a port and press Connect.");
+    program.connectPort(1);
+    EXPECT_EQ(step(), "Waking the instrument on COM 1 (ttyA). This takes a few seconds.");
+    live(1.5);
+    com1.input = "V512\r";
+    finish();
+    EXPECT_EQ(step(), "Reading the instrument's settings.");
+    receive(settingsReport());
+    ticks(12);
+    EXPECT_EQ(step(), "Press Run to collect. Reset ends a run.");
+    program.run();
+    EXPECT_EQ(step(), "Collecting. Reset ends the run.");
+    receive("R\r\n11/21/26\t2700\t10\t20\t30\t40\r\n");
+    ticks();
+    EXPECT_EQ(step(), "Collecting. Reset ends the run.");
+    program.closePort();
+    EXPECT_EQ(step(), "1 row, not saved. Save As is on the page Output: Spread Sheet.");
+    answers.fileName = path("sheet.txt");
+    program.saveAs();
+    EXPECT_EQ(step(), "Choose a port and press Connect.");
+}
+
+TEST_F(NextStepTest, CountsTheRowsThatAreNotSaved) {
+    runWithRows(3);
+    receive(">\r\n");
+    EXPECT_EQ(step(), "3 rows, not saved. Save As is on the page Output: Spread Sheet.");
+}
+
+TEST_F(NextStepTest, SaysWhatGoesOn) {
+    const std::pair<Activity, const char*> sentences[] = {
+        {Activity::Connecting, ""},
+        {Activity::ReadingSettings, "Reading the instrument's settings."},
+        {Activity::Collecting, "Collecting. Reset ends the run."},
+        {Activity::Downloading, "Downloading. Reset stops it; what has arrived is kept."},
+        {Activity::Sending, "Sending the settings."},
+        {Activity::SettingClock, "Setting the instrument's clock."},
+        {Activity::ResettingShutter, "Moving the shutter."},
+    };
+    for (const auto& [activity, sentence] : sentences) {
+        commands.activity = activity;
+        EXPECT_EQ(step(), sentence);
+    }
+}
+
+TEST_F(NextStepTest, SendsTheOperatorToWhatWaitsForHim) {
+    program.manualConnect(1);
+    EXPECT_EQ(step(), "The dialog Manual Connection says how to go on.");
+    manual.proceed();
+    manual.start();
+    EXPECT_EQ(step(), "Switch the instrument's power on.");
+    manual.quit();
+    EXPECT_EQ(step(), "Choose a port and press Connect.");
+    answers.late = true;
+    haveRows(1);
+    program.openSheet();
+    EXPECT_EQ(step(), "A question waits for your answer.");
+}
+
+TEST_F(NextStepTest, SaysWhenTheInstrumentHasNotSaidWhatItIs) {
+    connect("X\r");
+    commands.activity = Activity::None;
+    EXPECT_EQ(step(), "The instrument has not said what it is. Press Reset to ask again.");
+}
+
+} // namespace
+} // namespace orv

@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/windowrig.h"
+#include "ui/portsbox.h"
+
+#include <QApplication>
+#include <QtTest/QTest>
+
+namespace orv {
+namespace {
+
+class StatusPageTest : public WindowTest {
+protected:
+    StatusPageTest() {
+        program.setComm2Output(false);
+        QCoreApplication::processEvents();
+        QApplication::setActiveWindow(window.get());
+        QCoreApplication::processEvents();
+    }
+
+    void key(Qt::Key which) {
+        QTest::keyClick(window->windowHandle(), which);
+        QCoreApplication::processEvents();
+    }
+
+    std::string step() { return text("NextStep"); }
+
+    /// Connects by whatever `press` presses.
+    template <typename Press>
+    void connectBy(const Press& press) {
+        replies = {"V512\r"};
+        press();
+        finish();
+        ASSERT_TRUE(ports.isOpen());
+        TestPort& open = com2.isOpen() ? com2 : com1;
+        open.input += settingsReport();
+        ticks(13);
+        open.input += "C\r\n11/21/26\t25661\r\n>";
+        ticks(3);
+        window->settingsWindow()->close();
+        QCoreApplication::processEvents();
+        QApplication::setActiveWindow(window.get());
+        QCoreApplication::processEvents();
+    }
+
+    QPushButton& first = button("ConnectButton1");
+    QPushButton& second = button("ConnectButton2");
+    QLineEdit& name = *find<PortChooser>("PortChooser1").lineEdit();
+};
+
+TEST_F(StatusPageTest, AButtonConnectsAndDisconnects) {
+    EXPECT_EQ(step(), "Choose a port and press Connect.");
+    EXPECT_EQ(first.text().toStdString(), "&Connect");
+    connectBy([this] { first.click(); });
+    EXPECT_EQ(step(), "Press Run to collect. Reset ends a run.");
+    EXPECT_EQ(first.text().toStdString(), "Dis&connect");
+    EXPECT_EQ(first.accessibleName().toStdString(), "Disconnect COM 1");
+    EXPECT_FALSE(second.isEnabled());
+    first.click();
+    EXPECT_FALSE(ports.isOpen());
+    EXPECT_EQ(first.text().toStdString(), "&Connect");
+    EXPECT_TRUE(second.isEnabled());
+}
+
+TEST_F(StatusPageTest, AButtonConnectsOnItsOwnPortAlsoAfterASessionOnTheOther) {
+    connectBy([this] { second.click(); });
+    EXPECT_TRUE(com2.isOpen());
+    second.click();
+    connectBy([this] { first.click(); });
+    EXPECT_TRUE(com1.isOpen());
+    EXPECT_FALSE(com2.isOpen());
+}
+
+TEST_F(StatusPageTest, ThePortOfTheDebugOutputCannotBeConnected) {
+    program.setComm2Output(true);
+    EXPECT_FALSE(second.isEnabled());
+}
+
+TEST_F(StatusPageTest, ASecondClickOfADoubleClickDoesNotDisconnect) {
+    QTest::mouseClick(&first, Qt::LeftButton);
+    QTest::mouseDClick(&first, Qt::LeftButton);
+    EXPECT_TRUE(ports.isOpen());
+    EXPECT_EQ(commands.activity.value(), Activity::Connecting);
+}
+
+TEST_F(StatusPageTest, DisconnectEndsAnAttempt) {
+    first.click();
+    live(0.5);
+    EXPECT_TRUE(first.isEnabled());
+    first.click();
+    finish();
+    EXPECT_FALSE(ports.isOpen());
+}
+
+TEST_F(StatusPageTest, EnterConnectsWhereverTheFocusIs) {
+    EXPECT_TRUE(first.isDefault());
+    find<QWidget>("TabStrip1").setFocus();
+    connectBy([this] { key(Qt::Key_Return); });
+    EXPECT_FALSE(first.isDefault());
+    key(Qt::Key_Return);
+    EXPECT_TRUE(ports.isOpen());
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+}
+
+TEST_F(StatusPageTest, EnterConnectsThePortInWhoseChooserTheFocusIs) {
+    find<PortChooser>("PortChooser2").lineEdit()->setFocus();
+    EXPECT_TRUE(second.isDefault());
+    EXPECT_FALSE(first.isDefault());
+    key(Qt::Key_Return);
+    EXPECT_TRUE(com2.isOpen());
+}
+
+TEST_F(StatusPageTest, EnterOnAnotherPageConnectsNothing) {
+    showPage(QStringLiteral("Output: Spread Sheet"));
+    find<QWidget>("TabStrip1").setFocus();
+    key(Qt::Key_Return);
+    EXPECT_FALSE(ports.isOpen());
+}
+
+TEST_F(StatusPageTest, TheEnterThatFinishesANameDoesNotConnect) {
+    name.setFocus();
+    name.selectAll();
+    type(name, "ttyC");
+    key(Qt::Key_Return);
+    EXPECT_EQ(ports.device(1).toStdString(), "ttyC");
+    EXPECT_FALSE(ports.isOpen());
+    key(Qt::Key_Return);
+    EXPECT_TRUE(ports.isOpen());
+}
+
+TEST_F(StatusPageTest, AStraySpaceNeverEndsARun) {
+    first.setFocus(Qt::TabFocusReason);
+    connectBy([this] { key(Qt::Key_Space); });
+    first.setFocus(Qt::ActiveWindowFocusReason);
+    key(Qt::Key_Space);
+    EXPECT_TRUE(ports.isOpen()) << "the button under the focus has become another";
+    auto& run = button("Command2");
+    run.setFocus(Qt::TabFocusReason);
+    key(Qt::Key_Space);
+    ASSERT_EQ(commands.activity.value(), Activity::Collecting);
+    EXPECT_EQ(window->focusWidget(), nullptr);
+    key(Qt::Key_Space);
+    EXPECT_EQ(commands.activity.value(), Activity::Collecting);
+    key(Qt::Key_Tab);
+    EXPECT_TRUE(button("ResetButton").hasFocus()) << "the Tab key goes on from \"Run\"";
+    key(Qt::Key_Backtab);
+    receive("R\r\n");
+    receiveRow();
+    receive(">\r\n");
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+}
+
+TEST_F(StatusPageTest, TheFocusStaysOnRunDuringARun) {
+    connectBy([this] { first.click(); });
+    auto& run = button("Command2");
+    run.setFocus(Qt::MouseFocusReason);
+    run.click();
+    receive("R\r\n");
+    receiveRow();
+    receive(">\r\n");
+    ASSERT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_TRUE(run.hasFocus());
+}
+
+TEST_F(StatusPageTest, ResetTakesKeysInARunOnlyIfItWasChosenInIt) {
+    connectBy([this] { first.click(); });
+    auto& reset = button("ResetButton");
+    reset.setFocus(Qt::TabFocusReason);
+    key(Qt::Key_F5);
+    ASSERT_EQ(commands.activity.value(), Activity::Collecting);
+    key(Qt::Key_Space);
+    EXPECT_EQ(commands.activity.value(), Activity::Collecting);
+    key(Qt::Key_Backtab);
+    key(Qt::Key_Tab);
+    ASSERT_TRUE(reset.hasFocus());
+    key(Qt::Key_Space);
+    EXPECT_EQ(commands.activity.value(), Activity::Connecting);
+}
+
+TEST_F(StatusPageTest, WithNothingPluggedInASimulatedInstrumentIsOneClickAway) {
+    auto& trial = button("TrySimulation");
+    EXPECT_FALSE(trial.isVisible());
+    program.link.portChoices.noteNothingChosen();
+    EXPECT_FALSE(trial.isVisible()) << "nobody has looked yet";
+    program.link.portChoices.refresh();
+    EXPECT_TRUE(trial.isVisible());
+    EXPECT_EQ(step(), "Plug in an adapter, or choose a port and press Connect.");
+    trial.click();
+    EXPECT_EQ(ports.device(1).toStdString(), "sim:trx");
+    EXPECT_TRUE(ports.isOpen());
+    EXPECT_FALSE(trial.isVisible());
+}
+
+TEST_F(StatusPageTest, AnAdapterPluggedInIsChosenWhenNothingElseIs) {
+    auto& trial = button("TrySimulation");
+    program.link.portChoices.noteNothingChosen();
+    portList.plugged = {{.name = QStringLiteral("ttyS0"), .description = {}, .manufacturer = {}}};
+    program.link.portChoices.refresh();
+    EXPECT_EQ(ports.device(1).toStdString(), "ttyA");
+    EXPECT_TRUE(trial.isVisible());
+    portList.plugged.push_back({.name = QStringLiteral("ttyUSB0"),
+                                .description = QStringLiteral("Adapter"),
+                                .manufacturer = {},
+                                .isAdapter = true});
+    program.link.portChoices.refresh();
+    EXPECT_EQ(ports.device(1).toStdString(), "ttyUSB0");
+    EXPECT_FALSE(trial.isVisible());
+    portList.plugged.insert(portList.plugged.begin(), {.name = QStringLiteral("ttyACM0"),
+                                                       .description = QStringLiteral("Another"),
+                                                       .manufacturer = {},
+                                                       .isAdapter = true});
+    program.link.portChoices.refresh();
+    EXPECT_EQ(ports.device(1).toStdString(), "ttyUSB0") << "it stays";
+}
+
+TEST_F(StatusPageTest, AnAdapterDoesNotReplaceWhatWasChosen) {
+    const std::function<void()> choices[] = {
+        [this] { enter(name, "ttyC"); },
+        [this] {
+            connectBy([this] { first.click(); });
+            first.click();
+        },
+    };
+    for (const auto& choose : choices) {
+        portList.plugged.clear();
+        program.link.portChoices.noteNothingChosen();
+        program.link.portChoices.refresh();
+        choose();
+        const QString chosen = ports.device(1);
+        portList.plugged = {
+            {.name = QStringLiteral("ttyUSB0"), .description = {}, .manufacturer = {}, .isAdapter = true}};
+        program.link.portChoices.refresh();
+        EXPECT_EQ(ports.device(1), chosen);
+        EXPECT_FALSE(button("TrySimulation").isVisible());
+    }
+}
+
+TEST_F(StatusPageTest, ShowsHowFarARunHasCome) {
+    connectBy([this] { first.click(); });
+    EXPECT_EQ(text("RunProgress"), "");
+    program.run();
+    receive("R\r\n");
+    receiveRow();
+    live(1.0);
+    EXPECT_EQ(text("RunProgress"), "1 s, 1 row");
+}
+
+TEST_F(StatusPageTest, SaysHowTheInstrumentsClockStands) {
+    EXPECT_EQ(text("ClockOffset"), "________");
+    const std::pair<int, const char*> sayings[] = {
+        {0, "as this computer's"},
+        {-2, "as this computer's"},
+        {-43, "43 s behind this computer's"},
+        {12, "12 s ahead of this computer's"},
+        {-60, "1 min 0 s behind this computer's"},
+        {-61, "1 min 1 s behind this computer's. Sync Time/Date sets it."},
+    };
+    for (const auto& [ahead, saying] : sayings) {
+        status.clockOffset = ahead;
+        EXPECT_EQ(text("ClockOffset"), saying);
+    }
+    program.closePort();
+    EXPECT_EQ(text("ClockOffset"), "________");
+}
+
+TEST_F(StatusPageTest, LongTextsDoNotWidenThePage) {
+    const int width = find<QWidget>("StatusPage").minimumSizeHint().width();
+    status.failure = QString(200, u'W');
+    status.clockOffset = -100'000;
+    EXPECT_EQ(find<QWidget>("StatusPage").minimumSizeHint().width(), width);
+}
+
+} // namespace
+} // namespace orv
