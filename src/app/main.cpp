@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commandline.h"
 #include "app/demo.h"
+#include "app/desktopnotice.h"
 #include "app/sleepinhibitor.h"
 #include "link/systemport.h"
 #include "program/devices.h"
@@ -89,6 +90,9 @@ int main(int argc, char** argv) {
     program.link.debug.comm2Output = line.debugOutput;
     const std::unique_ptr<orv::SleepInhibitor> inhibitor = orv::makeSleepInhibitor();
     const orv::AwakeWhileCollecting awake(program.link.session.commands, *inhibitor);
+
+    const std::unique_ptr<orv::DesktopNotice> notice = orv::makeDesktopNotice();
+    const orv::NoticeWhenDone noticeWhenDone(program, *notice, [] { return QApplication::activeWindow() != nullptr; });
 
     orv::MainWindow window(program);
     messages.setParent(&window);

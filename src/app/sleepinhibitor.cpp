@@ -1,26 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/sleepinhibitor.h"
 
-#include <QRegularExpression>
-
+#include <optional>
 #include <utility>
 
 #if defined(Q_OS_LINUX)
-#include "base/filedescriptor.h"
+#include "app/messagebus.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusUnixFileDescriptor>
-#include <QFile>
-#include <QSocketNotifier>
-
-#include <algorithm>
-#include <string_view>
-
-#include <sys/socket.h>
-#include <sys/un.h>
 #elif defined(Q_OS_WIN)
 #include <windows.h>
 #endif
@@ -40,11 +31,6 @@ AwakeWhileCollecting::AwakeWhileCollecting(const CommandState& commands, SleepIn
     });
 }
 
-QString busSocketPath(const QString& address) {
-    static const QRegularExpression form(QStringLiteral("(?:^|;)unix:(?:[^;,]*,)*path=([^;,]*)"));
-    return QString::fromUtf8(QByteArray::fromPercentEncoding(form.match(address).captured(1).toUtf8()));
-}
-
 namespace {
 
 #if defined(Q_OS_LINUX)
@@ -59,7 +45,10 @@ public:
     void take() override {
         if (!request_) {
             request_ = std::make_unique<QObject>();
-            knock();
+            knock_.emplace(address_, [this] {
+                connected_ = true;
+                ask(QDBusConnection::connectToBus(address_, connectionName()), QStringLiteral("idle:sleep"));
+            });
         }
     }
 
@@ -71,40 +60,11 @@ private:
 
     void letGo() {
         request_.reset(); // what is still granted is closed with its reply
-        door_.reset();
+        knock_.reset();
         descriptor_ = QDBusUnixFileDescriptor();
         if (std::exchange(connected_, false)) {
             QDBusConnection::disconnectFromBus(connectionName());
         }
-    }
-
-    /// To connect waits for the bus, so only one that has answered is connected to.
-    void knock() {
-        sockaddr_un place{};
-        place.sun_family = AF_UNIX;
-        const QByteArray path = QFile::encodeName(busSocketPath(address_));
-        if (path.isEmpty() || static_cast<std::size_t>(path.size()) >= sizeof(place.sun_path)) {
-            return;
-        }
-        std::copy(path.begin(), path.end(), std::begin(place.sun_path));
-        door_.reset(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
-        // A bus answers a request to authenticate by nothing with the ways that it knows.
-        constexpr std::string_view request("\0AUTH\r\n", 7);
-        if (::connect(door_.get(), reinterpret_cast<const sockaddr*>(&place), sizeof place) != 0 ||
-            ::send(door_.get(), request.data(), request.size(), MSG_NOSIGNAL) < 0) {
-            return;
-        }
-        auto* answer = new QSocketNotifier(door_.get(), QSocketNotifier::Read, request_.get());
-        QObject::connect(answer, &QSocketNotifier::activated, request_.get(), [this, answer] {
-            answer->setEnabled(false); // before the descriptor that it watches is closed
-            char first = 0;
-            const bool answered = ::recv(door_.get(), &first, 1, 0) == 1;
-            door_.reset();
-            if (answered) {
-                connected_ = true;
-                ask(QDBusConnection::connectToBus(address_, connectionName()), QStringLiteral("idle:sleep"));
-            }
-        });
     }
 
     void ask(const QDBusConnection& bus, const QString& kind) {
@@ -130,7 +90,7 @@ private:
 
     QString address_;
     std::unique_ptr<QObject> request_; ///< While taken; what is on its way goes with it.
-    FileDescriptor door_;              ///< Open until the bus has answered the knock.
+    std::optional<BusKnock> knock_;
     bool connected_ = false;
     QDBusUnixFileDescriptor descriptor_;
 };

@@ -31,10 +31,6 @@ public:
 /// call; elsewhere none. Nothing is asked of the bus before take().
 std::unique_ptr<SleepInhibitor> makeSleepInhibitor(const QString& busAddress = {});
 
-/// The path of the socket in a bus address ("unix:path=/run/dbus/system_bus_socket"), of the first alternative that has
-/// one, or the empty text.
-QString busSocketPath(const QString& address);
-
 /// Holds an inhibitor while a run or a download goes on, however it ends. State and inhibitor outlive it.
 class AwakeWhileCollecting {
 public:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/sleepinhibitor.h"
 
+#include "app/messagebus.h"
 #include "base/filedescriptor.h"
 #include "testing/expected.h"
 #include "testing/processes.h"
