@@ -93,7 +93,8 @@ void addOptionsOf(Options::Command command, CLI::App& app, Options& options, Tex
         app.add_option("--save", texts.save, "Write the settings to a mode file")->type_name("FILE");
         break;
     case Command::Clock:
-        addFlag(app, "--sync", options.sync, "Set the clock to the computer's time");
+        addFlag(app, "--sync", options.sync, "Set the clock to the computer's time when its next minute begins");
+        addFlag(app, "--now", options.now, "With --sync: set it at once, up to a minute behind");
         break;
     case Command::Collect:
         app.add_option("--points", texts.points, "End after so many rows")->type_name("N");
@@ -198,6 +199,9 @@ void take(const Texts& texts, Options& options) {
     const QString problem = options.port.isEmpty() ? QString() : deviceProblem(options.port);
     if (!problem.isEmpty()) {
         throw Wrong(problem);
+    }
+    if (options.now && !options.sync) {
+        throw Wrong(QStringLiteral("--now says when --sync sets the clock. Give both, or neither."));
     }
     const bool toDevice = options.command == Options::Command::Collect && options.output == QLatin1String("-");
     if (!options.output.isEmpty() && !toDevice && !formatOfName(options.output)) {

@@ -34,6 +34,7 @@ struct Options {
     QString mode = {};                                        ///< "profile", "moored" or a file's name.
     QString save = {};
     bool sync = false;
+    bool now = false; ///< The clock is set at once, not at a full minute.
     bool verify = false;
 
     int points = 0;               ///< 0: as many as come.

@@ -16,7 +16,11 @@ Task<> awaitSending(Visit& visit) {
     constexpr qint64 limit = 120'000; // each prompt has a limit of its own, 5 s
     const SettingsState& settings = visit.program.settings.shown;
     const Link& link = visit.program.link;
-    const std::function<bool()> over = [&link] {
+    const std::function<bool()> over = [&visit, &settings, &link] {
+        if (const int left = settings.secondsToFullMinute; left > 0) {
+            visit.terminal.showProgress(
+                QStringLiteral("Setting at %1, %2 s left").arg(settings.fullMinute.value()).arg(left));
+        }
         return link.procedures.isIdle() && link.session.commands.activity.value() == Activity::None;
     };
     const bool ended = co_await visit.reached(limit, over);
@@ -190,18 +194,15 @@ Task<> exchangeSettings(Visit& visit) {
 Task<> compareClock(Visit& visit) {
     co_await visit.connect();
     if (visit.options.sync) {
+        visit.program.settings.shown.atFullMinute = !visit.options.now;
         visit.program.settings.sender.synchronizeClock();
         co_await awaitSending(visit);
-        // The instrument begins the minute afresh: it may be up to a minute behind.
-        constexpr qint64 most = 65;
+        // What is read is up to a step of the clock, 4/3 s, behind. Set at once, the instrument begins the minute
+        // afresh.
+        const qint64 most = visit.options.now ? 65 : 2;
         if (!visit.clockOffset() || std::abs(*visit.clockOffset()) > most) {
-            throw Failure(
-                QStringLiteral("The instrument's clock was not set: %1. Try again.").arg(clockInWords(visit)));
-        }
-        constexpr qint64 exact = 2;
-        if (std::abs(*visit.clockOffset()) > exact) {
-            visit.terminal.tell(QStringLiteral(
-                "The instrument begins the minute afresh; run this at a full minute for an exact clock."));
+            throw Failure(QStringLiteral("The instrument's clock was not set to this computer's: %1. Try again.")
+                              .arg(clockInWords(visit)));
         }
     }
     if (visit.options.json) {

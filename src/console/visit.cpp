@@ -38,6 +38,7 @@ Visit::Visit(Program& theProgram, Terminal& theTerminal, const Options& theOptio
     follow(program.link.session.commands.portOpen);
     follow(program.link.session.status.shutterProgress);
     follow(program.link.session.status.shutterCountdown);
+    follow(program.settings.shown.secondsToFullMinute);
     subscriptions_.push_back(program.link.timer.tick.subscribe([this] { look(); }));
 }
 

@@ -183,6 +183,17 @@ Task<> Waits::waitsec(float seconds) {
     }
 }
 
+Task<> Waits::pause(qint64 milliseconds) {
+    requireConnection();
+    const Clock& clock = session_.clock;
+    const qint64 until = clock.monotonicMilliseconds() + milliseconds;
+    for (qint64 left = milliseconds; left > 0; left = until - clock.monotonicMilliseconds()) {
+        Wait wait(*this, Until::ConnectionEnds);
+        wait.lookAfter(std::min(left, longestSleep));
+        co_await wait.over();
+    }
+}
+
 Task<QByteArray> Waits::input(qint64 milliseconds) {
     requireConnection();
     const StatusTimer::Hold hold(timer_);

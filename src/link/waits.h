@@ -93,6 +93,9 @@ public:
     /// runs across midnight never ends by itself, because the clock falls back to 0.
     Task<> waitsec(float seconds);
 
+    /// Waits so many milliseconds on the clock that never jumps; 0 does not wait.
+    Task<> pause(qint64 milliseconds);
+
     /// Waits until characters have come and returns all of them; nothing if none came within so many milliseconds.
     /// Meanwhile the status timer does not tick.
     Task<QByteArray> input(qint64 milliseconds);

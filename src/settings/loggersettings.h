@@ -82,6 +82,10 @@ struct SettingsState {
     QProperty<QString> capacity;         ///< "Logger Capacity (% full)".
     QProperty<QString> memoryPointer;    ///< What it is computed from.
     QProperty<bool> syncTimeDate{false}; ///< "Sync Time/Date".
+    /// The clock is set when a minute of the computer's clock begins, so that its seconds are right.
+    QProperty<bool> atFullMinute{false};
+    QProperty<QString> fullMinute;         ///< When it will be set so, "9:31:00 AM"; empty unless that is under way.
+    QProperty<int> secondsToFullMinute{0}; ///< As long is waited for it; 0 once date and time are typed.
     QProperty<QString> computerDate;
     QProperty<QString> computerTime;
     QProperty<QString> loggerDate{StatusState::unknownLong()};

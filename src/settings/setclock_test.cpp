@@ -136,6 +136,130 @@ TEST_F(SetClockTest, ListsDigitsInTheServiceModeOnly) {
     EXPECT_EQ(list.count(QStringLiteral("U")), 0);
 }
 
+/// The clock is set as a minute begins.
+class FullMinuteTest : public SendingTest {
+protected:
+    FullMinuteTest() {
+        settings.atFullMinute = true;
+        onWrite = [this](const QByteArray& /*bytes*/) { lastWrite = clock.now(); };
+    }
+
+    /// Begins at this time of 5 January 1999, and lets this happen after so many seconds.
+    void set(const char* time, double seconds = 0, const std::function<void()>& happening = {}) {
+        clock.set(
+            QDateTime(QDate(1999, 1, 5), QTime::fromString(QString::fromLatin1(time), QStringLiteral("H:mm:ss"))));
+        began = clock.monotonicMilliseconds();
+        sender.synchronizeClock();
+        live(seconds);
+        if (happening) {
+            happening();
+        }
+        for (int second = 0; second < 70 && !procedures.isIdle(); ++second) {
+            live(1);
+        }
+        EXPECT_TRUE(procedures.isIdle()) << "it hangs";
+        EXPECT_EQ(settings.secondsToFullMinute.value(), 0);
+        EXPECT_EQ(settings.fullMinute.value(), QString());
+    }
+
+    /// How many seconds nothing was written.
+    double waited() const { return static_cast<double>(writes.front().milliseconds - began) / 1000.0; }
+    std::string digits() const { return written().join().toStdString(); }
+
+    QDateTime lastWrite;
+    qint64 began = 0;
+};
+
+TEST_F(FullMinuteTest, TheLastDigitIsWrittenAsTheMinuteBegins) {
+    QDateTime lastDigit;
+    onWrite = [this, &lastDigit](const QByteArray& bytes) { lastDigit = bytes == "P" ? lastDigit : clock.now(); };
+    std::vector<int> left;
+    const auto counted = settings.secondsToFullMinute.addNotifier([this, &left] {
+        left.push_back(settings.secondsToFullMinute);
+        EXPECT_EQ(settings.fullMinute.value().toStdString(), "9:31:00 AM");
+    });
+    set("9:30:15", 1, [this] {
+        EXPECT_EQ(commands.activity.value(), Activity::SettingClock);
+        com1.input += ">"; // answers nothing
+    });
+    EXPECT_EQ(digits(), "U0105990931P");
+    EXPECT_EQ(lastDigit, QDateTime(QDate(1999, 1, 5), QTime(9, 31)));
+    ASSERT_EQ(left.size(), 42U);
+    EXPECT_EQ(left[0], 45);
+    EXPECT_EQ(left[1], 44);
+    EXPECT_EQ(left.back(), 0);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(FullMinuteTest, IsReachedFromEverySecondWithinAMinute) {
+    constexpr std::tuple<const char*, const char*, double> table[] = {
+        {"9:30:00", "U0105990931P", 56},  {"9:30:55", "U0105990931P", 1},   {"9:30:56", "U0105990931P", 0},
+        {"9:30:57", "U0105990932P", 59},  {"9:30:59", "U0105990932P", 57},  {"23:59:20", "U0106990000P", 36},
+        {"23:59:58", "U0106990001P", 58}, {"11:59:30", "U0105991200P", 26},
+    };
+    for (const auto& [time, text, seconds] : table) {
+        writes.clear();
+        set(time);
+        EXPECT_EQ(digits(), text) << time;
+        EXPECT_NEAR(waited(), seconds, 0.01) << time;
+        readReport();
+    }
+}
+
+TEST_F(FullMinuteTest, AClockThatIsSetMeanwhileHoldsNothingUp) {
+    const auto by = [this](qint64 seconds) { return [this, seconds] { clock.set(clock.now().addSecs(seconds)); }; };
+    constexpr qint64 manyDays = 86'400 * 400;
+    struct Jump {
+        qint64 seconds;
+        const char* text;
+        double waited;
+    };
+    // After 20 s of 46, at 9:30:30.
+    for (const Jump& jump :
+         {Jump{20, "U0105990931P", 26}, Jump{-10, "U0105990931P", 56}, Jump{3600, "U0105991031P", 46},
+          Jump{-3600, "U0105990831P", 46}, Jump{manyDays, "U0209000931P", 46},
+          // The full minute would come after more than a minute of waiting: the clock is set at once.
+          Jump{-25, "U0105990930P", 21}, Jump{35, "U0105990931P", 21}, Jump{manyDays + 35, "U0209000931P", 21}}) {
+        writes.clear();
+        set("9:30:10", 20, by(jump.seconds));
+        EXPECT_EQ(digits(), jump.text) << jump.seconds;
+        EXPECT_NEAR(waited(), jump.waited, 1.0) << jump.seconds;
+        readReport();
+    }
+}
+
+TEST_F(FullMinuteTest, ALateInstrumentIsSetAsSoonAsItAnswers) {
+    Subscription late;
+    com1.written = [this, &late](const QByteArray& bytes) {
+        if (bytes == "U") {
+            late = clock.callAfter(4500, [this] { takeWrite("U"); });
+        } else {
+            takeWrite(bytes);
+        }
+    };
+    set("9:30:40");
+    EXPECT_EQ(digits(), "U0105990931P");
+    EXPECT_EQ(lastWrite, QDateTime(QDate(1999, 1, 5), QTime(9, 31, 2, 500)));
+}
+
+TEST_F(FullMinuteTest, NothingIsSetWhenTheConnectionEndsBefore) {
+    set("9:30:10", 20, [this] { program.closePort(); });
+    EXPECT_TRUE(writes.empty());
+    EXPECT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(FullMinuteTest, SettingsAreSentBeforeTheWait) {
+    settings.syncTimeDate = true;
+    clock.set(QDateTime(QDate(1999, 1, 5), QTime(9, 30, 15)));
+    sender.applySettings();
+    live(10);
+    EXPECT_EQ(writes.size(), 10U);
+    EXPECT_EQ(settings.secondsToFullMinute.value(), 35);
+    live(40);
+    EXPECT_EQ(written().mid(10).join(), "U0105990931PP");
+}
+
 class SettingsCommandsTest : public SendingTest {};
 
 TEST_F(SettingsCommandsTest, RetrieveRequestsTheReportWithTheProgressDialog) {

@@ -87,6 +87,13 @@ bool PromptDialogue::transcriptWanted() const {
 
 namespace {
 
+/// The instrument takes digits only as slowly as a person types them.
+constexpr int millisecondsBetweenDigits = 200;
+constexpr int timeDigitCount = 4;
+
+/// So long before a full minute the dialogue begins that ends with it: ten digits, and time for the prompts.
+constexpr qint64 clockDialogue = 4000;
+
 QString atLeastTwo(const QString& piece) {
     return piece.size() == 1 ? QLatin1Char('0') + piece : piece;
 }
@@ -203,26 +210,73 @@ Task<> SettingsSender::setclock() {
 
 Task<> SettingsSender::typeClock() {
     const Doing settingClock(link_.session.commands, Activity::SettingClock);
+    const auto shown = qScopeGuard([this] {
+        settings_.secondsToFullMinute = 0;
+        settings_.fullMinute = QString();
+    });
+    const std::optional<QDateTime> minute = co_await awaitFullMinute();
     link_.ports.write("U");
     co_await dialogue_.waitprompt();
-    const QString date = dateDigits(settings_.computerDate);
-    co_await typed(date);
+    const QString date = dateDigits(minute ? shortDate(minute->date()) : settings_.computerDate);
+    co_await typed(date, minute.has_value());
     co_await dialogue_.waitprompt();
-    const QDateTime set = link_.session.clock.now();
+    const QDateTime now = link_.session.clock.now();
+    if (minute) {
+        const qint64 early = now.msecsTo(*minute) - timeDigitCount * millisecondsBetweenDigits;
+        co_await link_.waits.pause(std::clamp<qint64>(early, 0, clockDialogue));
+    }
+    const QDateTime set = minute.value_or(now);
     const QString time = timeDigits(clockText(set.time()));
-    co_await typed(time);
+    co_await typed(time, minute.has_value());
     // The instrument begins that minute with its last digit.
     const qint64 lost = set.time().second() + set.secsTo(link_.session.clock.now());
-    link_.session.status.notice = QStringLiteral("The instrument's clock was set to the minute and is %1 behind: the "
-                                                 "command carries no seconds.")
-                                      .arg(durationInWords(lost));
+    link_.session.status.notice =
+        lost <= 0 ? QStringLiteral("The instrument's clock was set at the full minute.")
+                  : QStringLiteral("The instrument's clock was set to the minute and is %1 behind: the command carries "
+                                   "no seconds.")
+                        .arg(durationInWords(lost));
 }
 
-Task<> SettingsSender::typed(QString digits) {
-    // The instrument takes digits only as slowly as a person types them.
-    constexpr float secondsBetweenDigits = 0.2F;
+/// Waits until the dialogue has to begin whose end sets the clock at a full minute, which is returned. Nothing, and no
+/// wait, if the clock is to be set at once; nothing, too, if the computer's clock was set meanwhile and the minute is
+/// no longer in reach.
+Task<std::optional<QDateTime>> SettingsSender::awaitFullMinute() {
+    constexpr qint64 minute = 60'000;
+    constexpr qint64 second = 1000;
+    if (!settings_.atFullMinute) {
+        co_return std::nullopt;
+    }
+    const Clock& clock = link_.session.clock;
+    const qint64 until = clock.monotonicMilliseconds() + minute;
+    QDateTime target;
+    while (true) {
+        const QDateTime begin = clock.now().addMSecs(clockDialogue);
+        if (!target.isValid() || begin.msecsTo(target) > minute || begin.msecsTo(target) < -second) {
+            target = begin.addMSecs((minute - begin.toMSecsSinceEpoch() % minute) % minute);
+        }
+        const qint64 left = begin.msecsTo(target);
+        if (left <= 0) {
+            break;
+        }
+        if (clock.monotonicMilliseconds() + left > until) {
+            settings_.computerDate = shortDate(clock.now().date());
+            co_return std::nullopt;
+        }
+        settings_.fullMinute = clockText(target.time());
+        settings_.secondsToFullMinute = static_cast<int>((left + clockDialogue + second - 1) / second);
+        co_await link_.waits.pause((left - 1) % second + 1);
+    }
+    settings_.secondsToFullMinute = 0;
+    link_.ports.discardInput(); // a prompt that came meanwhile answers nothing
+    co_return target;
+}
+
+Task<> SettingsSender::typed(QString digits, bool isTimed) {
     for (const QChar digit : std::as_const(digits)) {
-        co_await link_.waits.waitsec(secondsBetweenDigits);
+        // The last ones of a day would wait for ever on the clock that falls back at midnight.
+        Task<> wait = isTimed ? link_.waits.pause(millisecondsBetweenDigits)
+                              : link_.waits.waitsec(static_cast<float>(millisecondsBetweenDigits) / 1000.0F);
+        co_await wait;
         link_.ports.write(QByteArray(1, digit.toLatin1()));
         if (dialogue_.transcriptWanted() && link_.session.state.trouble == 1) {
             link_.debug.list.append(digit);

@@ -5,6 +5,7 @@
 #include "settings/loggersettings.h"
 
 #include <exception>
+#include <optional>
 
 namespace orv {
 
@@ -78,6 +79,7 @@ public:
     void displayLoggerTime();
 
     /// Sets the instrument's clock to the computer's and sends nothing else; what follows is the reading of the report.
+    /// If it is to be set at a full minute, that is waited for, at most 60 s, before anything is written.
     void synchronizeClock();
 
     /// The operator has chosen a sampling-rate option, 1..4: its preset goes into the samples per point, the
@@ -110,8 +112,10 @@ private:
     Task<> setclock();
     /// The clock: "U", then the date that the settings screen shows for the computer, then the present hour and
     /// minutes, each digit 0.2 s after what came before. Seconds are not sent: the instrument starts the minute afresh.
+    /// At a full minute its last digit is written as the minute begins, that one's date and time being sent.
     Task<> typeClock();
-    Task<> typed(QString digits);
+    Task<std::optional<QDateTime>> awaitFullMinute();
+    Task<> typed(QString digits, bool isTimed);
     Task<> apply();
     Task<> sendClock();
     void fail();

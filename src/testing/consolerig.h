@@ -39,7 +39,8 @@ public:
         program.load(takesPlace ? Program::Files::InFolder : Program::Files::None);
         timer.setInterval(StatusTimer::normalInterval); // the command before has ended the program
         answered = {};
-        visit.emplace(program, terminal, options);
+        terminal.emplace(output, error, progress, Terminal::Speech::Usual);
+        visit.emplace(program, *terminal, options);
         visit->perform([this](Visit& of) { return performCommand(of, traffic); },
                        [this](int status) { answered.status = status; });
     }
@@ -75,7 +76,8 @@ public:
     Traffic traffic;
     QBuffer output;
     QBuffer error;
-    Terminal terminal{output, error, false, Terminal::Speech::Usual};
+    bool progress = false; ///< Somebody sits at the terminal of the next command.
+    std::optional<Terminal> terminal;
     Options options;
     Answered answered;
     std::optional<Visit> visit;
