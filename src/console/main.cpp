@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 
@@ -22,6 +23,14 @@ QStringList argumentList(int count, char** values) {
         list.append(QString::fromLocal8Bit(values[i]));
     }
     return list;
+}
+
+int print(const QString& text) {
+    if (std::fputs(text.toLocal8Bit().constData(), stdout) < 0 || std::fflush(stdout) != 0) {
+        std::fprintf(stderr, "orv: Standard output takes nothing: %s.\n", qPrintable(qt_error_string(errno)));
+        return static_cast<int>(ExitStatus::Failed);
+    }
+    return static_cast<int>(ExitStatus::Done);
 }
 
 /// The command keeps the program's log and record file.
@@ -78,8 +87,7 @@ int main(int argc, char** argv) {
     const Options options = readOptions(argumentList(argc, argv), QStringLiteral(ORV_VERSION));
     switch (options.wish) {
     case Options::Wish::Print:
-        std::fputs(options.text.toLocal8Bit().constData(), stdout);
-        return static_cast<int>(ExitStatus::Done);
+        return print(options.text);
     case Options::Wish::Refuse:
         std::fputs(options.text.toLocal8Bit().constData(), stderr);
         return static_cast<int>(ExitStatus::WrongOptions);

@@ -39,6 +39,16 @@ TEST(OrvProgram, AnAnswerThatIsNotTakenIsNoSuccess) {
     EXPECT_TRUE(info.readAllStandardError().contains("Standard output takes nothing any more: "));
 }
 
+TEST(OrvProgram, AVersionThatCannotBePrintedIsNoSuccess) {
+    for (const char* words : {"--version >&-", "--version >/dev/full", "info --help >&-"}) {
+        QProcess shell;
+        shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral(ORV_PATH " ") + QLatin1String(words)});
+        ASSERT_TRUE(shell.waitForFinished(patience));
+        EXPECT_EQ(shell.exitCode(), 1) << words;
+        EXPECT_TRUE(shell.readAllStandardError().startsWith("orv: Standard output takes nothing: ")) << words;
+    }
+}
+
 TEST(OrvProgram, TellsWhichProgramUsesAPort) {
     const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0"));
     QProcess first;
