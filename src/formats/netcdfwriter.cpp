@@ -132,7 +132,8 @@ public:
         table_ = table;
         history_ << firstHistoryLine(table);
         file_.create(placed_.path());
-        file_.on(nc_.defDim, "time", std::size_t{NC_UNLIMITED}, &timeDimension_);
+        // The instrument's time repeats and may step back, so it is no coordinate of its own dimension.
+        file_.on(nc_.defDim, "obs", std::size_t{NC_UNLIMITED}, &rowDimension_);
         for (const Column& column : columnsOf(table)) {
             define(column);
         }
@@ -153,8 +154,6 @@ public:
         if (row.time) {
             earliest_ = std::min(earliest_.value_or(*row.time), *row.time);
             latest_ = std::max(latest_.value_or(*row.time), *row.time);
-        } else {
-            timeIsMissing_ = true;
         }
         return ++gathered_ < blockRows ? QString() : writeBlock();
     }
@@ -176,10 +175,6 @@ public:
             file_.text(NC_GLOBAL, "time_coverage_start", isoTime(*earliest_));
             file_.text(NC_GLOBAL, "time_coverage_end", isoTime(*latest_));
         }
-        if (timeIsMissing_) {
-            // A coordinate has no _FillValue, and no missing values where the instrument gives none.
-            file_.number(timeVariable_, "missing_value", NC_FILL_DOUBLE);
-        }
         file_.on(nc_.enddef);
         file_.close();
         const QString reason = file_.failure();
@@ -196,35 +191,29 @@ private:
     void define(const Column& column) {
         const bool isNumber = column.kind == Column::Kind::Record;
         Variable variable{.column = column, .block = {}};
-        file_.on(nc_.defVar, column.name.toLatin1().constData(), isNumber ? NC_INT : NC_DOUBLE, 1, &timeDimension_,
+        file_.on(nc_.defVar, column.name.toLatin1().constData(), isNumber ? NC_INT : NC_DOUBLE, 1, &rowDimension_,
                  &variable.id);
         file_.on(nc_.defVarChunking, variable.id, NC_CHUNKED, &blockRows);
         file_.on(nc_.defVarDeflate, variable.id, 1, 1, 1);
         // The library's own cache would take megabytes a variable; a block is one chunk.
         file_.on(nc_.setVarChunkCache, variable.id, blockRows * sizeof(double), std::size_t{1}, 1.0F);
-        switch (column.kind) {
-        case Column::Kind::Time:
-            timeVariable_ = variable.id;
-            file_.text(variable.id, "standard_name", QStringLiteral("time"));
-            file_.text(variable.id, "units", QString::fromLatin1(instrumentTimeUnits));
-            file_.text(variable.id, "calendar", QStringLiteral("standard"));
-            file_.text(variable.id, "axis", QStringLiteral("T"));
-            break;
-        case Column::Kind::Record: {
+        if (isNumber) {
             const int fill = NC_FILL_INT;
             file_.on(nc_.defVarFill, variable.id, NC_FILL, &fill);
-            break;
-        }
-        case Column::Kind::Stamp:
-            file_.text(variable.id, "units", QString::fromLatin1(computerTimeUnits));
-            file_.text(variable.id, "calendar", QStringLiteral("standard"));
-            [[fallthrough]];
-        case Column::Kind::Value:
-        case Column::Kind::Calculated: {
+        } else {
             const double fill = NC_FILL_DOUBLE;
             file_.on(nc_.defVarFill, variable.id, NC_FILL, &fill);
-            break;
         }
+        if (column.kind == Column::Kind::Time) {
+            file_.text(variable.id, "standard_name", QStringLiteral("time"));
+            file_.text(variable.id, "units", QString::fromLatin1(instrumentTimeUnits));
+            file_.text(variable.id, "axis", QStringLiteral("T"));
+        }
+        if (column.kind == Column::Kind::Stamp) {
+            file_.text(variable.id, "units", QString::fromLatin1(computerTimeUnits));
+        }
+        if (column.kind == Column::Kind::Time || column.kind == Column::Kind::Stamp) {
+            file_.text(variable.id, "calendar", QStringLiteral("standard"));
         }
         file_.text(variable.id, "long_name", column.longName);
         if (!column.units.isEmpty()) {
@@ -304,14 +293,12 @@ private:
     TableDescription table_;
     QStringList history_;
     std::vector<Variable> variables_;
-    int timeDimension_ = -1;
-    int timeVariable_ = -1;
+    int rowDimension_ = -1;
     int series_ = -1;
     std::size_t gathered_ = 0;
     std::size_t written_ = 0;
     std::optional<qint64> earliest_;
     std::optional<qint64> latest_;
-    bool timeIsMissing_ = false;
 };
 
 } // namespace

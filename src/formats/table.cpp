@@ -95,7 +95,7 @@ std::vector<Column> columnsOf(const TableDescription& table) {
         {.name = QStringLiteral("record"),
          .longName = QStringLiteral("Record number"),
          .units = QStringLiteral("1"),
-         .comment = QStringLiteral("Begins anew where the sheet was cleared."),
+         .comment = QStringLiteral("Begins anew where the rows before had been cleared."),
          .kind = Column::Kind::Record},
         {.name = QStringLiteral("time"),
          .longName = QStringLiteral("Time by the instrument's clock"),

@@ -237,7 +237,7 @@ TEST(CsvMetadata, SaysWhatIsKnownAndNothingElse) {
         "columns": [
             {
                 "datatype": "integer",
-                "dc:description": "Begins anew where the sheet was cleared.",
+                "dc:description": "Begins anew where the rows before had been cleared.",
                 "dc:title": "Record number",
                 "name": "record",
                 "schema:unitText": "1",
