@@ -3,6 +3,8 @@
 #include "testing/folder.h"
 #include "testing/processes.h"
 
+#include <QStandardPaths>
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -60,8 +62,8 @@ protected:
 const QByteArray olderHeader = "Orvtemp.tmp\t11/21/26\t9:00:00 AM\r\nDevice File\r\n\r\r\r\nData point\t\r\n"
                                "Date\tTime\tLED1\tLED2\tLED3\tREF3\r\n";
 
-TEST_F(NetCdfProcessTest, EveryValueOfALongTableIsReadByOthers) {
-    constexpr int rows = 9000; // more than two blocks
+/// A record file of so many rows, and what must be read of it.
+std::pair<QByteArray, std::string> longTable(int rows) {
     QByteArray input = olderHeader;
     std::string expected;
     for (int row = 0; row < rows; ++row) {
@@ -85,8 +87,34 @@ TEST_F(NetCdfProcessTest, EveryValueOfALongTableIsReadByOthers) {
         input += line + "\r\n";
         expected += read.toStdString() + '\n';
     }
+    return {input, expected};
+}
+
+TEST_F(NetCdfProcessTest, EveryValueOfALongTableIsReadByOthers) {
+    const auto [input, expected] = longTable(9000); // more than two blocks
     convert(input);
     expectRows(expected);
+}
+
+TEST_F(NetCdfProcessTest, EveryValueOfACsvFileIsReadByLibreOffice) {
+    if (QStandardPaths::findExecutable(QStringLiteral("soffice")).isEmpty()) {
+        GTEST_SKIP() << "soffice is not installed (apt install --no-install-recommends libreoffice-calc)";
+    }
+    const auto read = [this] {
+        // A profile of its own: another one may be in use.
+        run("soffice", QStringLiteral("--headless -env:UserInstallation=file://%1/profile --convert-to fods out.csv")
+                           .arg(folder.path()));
+        return run("/usr/bin/python3", QStringLiteral(READ_OFFICE " out.fods"));
+    };
+    const auto [input, expected] = longTable(1500);
+    convert(input);
+    EXPECT_TRUE(read() == expected);
+    QFile::remove(folder.path("out.csv"));
+    QFile::remove(folder.path("out.nc"));
+    convert("F\t5.5 1\r\nlake.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n"
+            "1\t1/5/99\t9:05:07\t700\t\r",
+            {.holdCounts = true, .calibration = Conversion{.glow = {{100, 0.01234571}}, .trx = {}}});
+    EXPECT_EQ(read(), "1|1999-01-05T09:05:07|700|" + QByteArray::number(7.40742, 'g', 17).toStdString() + '\n');
 }
 
 TEST_F(NetCdfProcessTest, CalculatedValuesAreReadToTheLastDigit) {
