@@ -16,6 +16,7 @@ struct Message {
     QString title;
     QString text;
     Icon icon = Icon::Information;
+    QString withoutWindow = {}; ///< The text where there is no window, if `text` speaks of one.
 
     bool operator==(const Message&) const = default;
 };
@@ -28,6 +29,12 @@ inline QString programTitle() {
 /// A message with the exclamation icon: something did not go as the operator wanted.
 inline Message operatorWarning(const QString& text, const QString& title = programTitle()) {
     return {.title = title, .text = text, .icon = Message::Icon::Exclamation};
+}
+
+/// The same message with a text for where there is no window.
+inline Message withoutWindow(Message message, const QString& text) {
+    message.withoutWindow = text;
+    return message;
 }
 
 /// Tells the operator something. Implementations never wait for an answer, so it may be called from a tick, and show
@@ -50,6 +57,7 @@ struct Question {
     Kind kind = Kind::YesNo;
     QString title;
     QString text = {};       ///< Of a box.
+    QString reason = {};     ///< Why it is asked; told where there is no window and nobody to answer. May be empty.
     QString presetName = {}; ///< Of a save dialog.
     QString suffix = {};     ///< With its dot, may be empty: added to a name typed without one.
     QString filter = {};     ///< Such as "*.txt"; may be empty.

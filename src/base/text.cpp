@@ -7,6 +7,7 @@
 #include <QList>
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -233,6 +234,16 @@ std::optional<QTime> sheetTime(QStringView text) {
 
 QString TimeOfDay::text24() const {
     return timeText(std::abs(qint64{hours}), minutes, seconds);
+}
+
+QString shellWord(const QString& text) {
+    const auto isPlain = [](QChar character) {
+        return character.isLetterOrNumber() || QStringView(u"/._-:=,@%+").contains(character);
+    };
+    if (!text.isEmpty() && std::ranges::all_of(text, isPlain)) {
+        return text;
+    }
+    return u'\'' + QString(text).replace(u'\'', QLatin1String("'\\''")) + u'\'';
 }
 
 QString TimeOfDay::text12() const {

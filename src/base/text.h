@@ -51,6 +51,9 @@ QString durationInWords(qint64 seconds);
 /// Date and time as they stand in the name under which an older file is kept, "20261121-093015".
 QString fileNameStamp(const QDateTime& moment);
 
+/// The text as one word of a shell's command line.
+QString shellWord(const QString& text);
+
 /// A date as the instrument writes it: month, day, year, separated by "/" or "-", blanks and tabs around it. Two-digit
 /// years 00-29 are 20xx, 30-99 are 19xx. Nothing if the text is no such date.
 std::optional<QDate> instrumentDate(QStringView text);

@@ -327,5 +327,14 @@ TEST(SheetTime, ReadsTheSheetsTimesAndThoseOfSpreadsheets) {
     }
 }
 
+TEST(ShellWord, IsQuotedWhereTheShellNeedsIt) {
+    constexpr std::pair<const char*, const char*> words[] = {{"/home/a/lake-1.csv", "/home/a/lake-1.csv"},
+                                                             {"my lake.csv", "'my lake.csv'"},
+                                                             {"a'b", "'a'\\''b'"},
+                                                             {"sim:trx?seed=1&rate=2", "'sim:trx?seed=1&rate=2'"},
+                                                             {"", "''"}};
+    expectEach(words, [](const char* text) { return shellWord(QString::fromLatin1(text)).toStdString(); });
+}
+
 } // namespace
 } // namespace orv

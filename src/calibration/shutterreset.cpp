@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "calibration/shutterreset.h"
 
+#include "base/text.h"
+
 #include <QScopeGuard>
 #include <QStringList>
 
@@ -161,10 +163,14 @@ void ShutterReset::finish(const Run& run, SettingsSender::Outcome restored) {
     }
     link_.session.state.Ctrlscrn = Operation::SettingsOpen;
     link_.session.status.status = QStringLiteral("Ready");
-    tell(QStringLiteral("The settings from before could not be sent back. The instrument may still hold the temporary "
-                        "settings (%1).\n\nThe settings from before are on the settings screen again (%2). When the "
-                        "instrument answers, send them with \"Apply Settings\".")
-             .arg(inWords(shutterSettings()), inWords(*run.remembered)));
+    const auto failed =
+        QStringLiteral("The settings from before could not be sent back. The instrument may still hold the temporary "
+                       "settings (%1).\n\n")
+            .arg(inWords(shutterSettings()));
+    tell(failed + QStringLiteral("The settings from before are on the settings screen again (%1). When the instrument "
+                                 "answers, send them with \"Apply Settings\".")
+                      .arg(inWords(*run.remembered)),
+         failed + sendingBack(*run.remembered));
 }
 
 void ShutterReset::interrupt(const Run& run) {
@@ -183,15 +189,19 @@ void ShutterReset::interrupt(const Run& run) {
     }
     if (!run.temporarySent) {
         tell(QStringLiteral("The shutter reset was interrupted before the temporary settings were sent. The instrument "
-                            "still has its own settings."));
+                            "still has its own settings."),
+             {});
         return;
     }
     // Connecting reads the instrument's settings over those on the screen, so they are told here too.
-    tell(QStringLiteral(
-             "The shutter reset was interrupted. The instrument may still hold the temporary settings (%1).\n\n"
-             "Its settings from before: %2.\n\nConnect again, compare them with the settings screen, and send "
-             "them with \"Apply Settings\" if they differ.")
-             .arg(inWords(shutterSettings()), inWords(*run.remembered)));
+    const auto interrupted =
+        QStringLiteral("The shutter reset was interrupted. The instrument may still hold the temporary settings (%1)."
+                       "\n\n")
+            .arg(inWords(shutterSettings()));
+    tell(interrupted + QStringLiteral("Its settings from before: %1.\n\nConnect again, compare them with the settings "
+                                      "screen, and send them with \"Apply Settings\" if they differ.")
+                           .arg(inWords(*run.remembered)),
+         interrupted + sendingBack(*run.remembered));
 }
 
 void ShutterReset::showResetting() {
@@ -214,8 +224,14 @@ void ShutterReset::lampChanged() {
     }
 }
 
-void ShutterReset::tell(const QString& text) {
-    link_.session.messages.show(operatorWarning(text, QStringLiteral("Reset Shutter")));
+QString ShutterReset::sendingBack(const LoggerSettings& settings) const {
+    return QStringLiteral("Send it those from before: orv settings %1 %2")
+        .arg(shellWord(link_.ports.device(link_.ports.selectedPort())), asOptions(settings));
+}
+
+void ShutterReset::tell(const QString& text, const QString& textWithoutWindow) {
+    link_.session.messages.show(
+        withoutWindow(operatorWarning(text, QStringLiteral("Reset Shutter")), textWithoutWindow));
 }
 
 } // namespace orv

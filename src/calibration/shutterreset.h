@@ -49,7 +49,8 @@ private:
     void showStep(const QString& text);
     void showCounted(const QString& text);
     void lampChanged();
-    void tell(const QString& text);
+    QString sendingBack(const LoggerSettings& settings) const;
+    void tell(const QString& text, const QString& textWithoutWindow);
 
     Link& link_;
     SettingsState& settings_;

@@ -52,9 +52,9 @@ Task<> Collection::perform() {
         throw Failure(output_.rows() == 0
                           ? output_.problem()
                           : output_.problem() +
-                                QStringLiteral(" The rows of this run are in the record file %1; \"orv convert %1 -o "
-                                               "NAME\" writes them to another file.")
-                                    .arg(recordFile()));
+                                QStringLiteral(" The rows of this run are in the record file %1; \"orv convert %2 -o "
+                                               "NAME.csv\" writes them to another file.")
+                                    .arg(recordFile(), shellWord(recordFile())));
     }
     if (ending.thrown || stopped.thrown) {
         std::rethrow_exception(ending.thrown ? ending.thrown : stopped.thrown);

@@ -267,7 +267,7 @@ TEST_F(OrvCollect, AnOutputThatFailsSaysWhereTheRowsAre) {
     const std::string record = path("Orvtemp.tmp").toStdString();
     EXPECT_NE(result().error.find(" rows were collected.\n"), std::string::npos) << result().error;
     EXPECT_NE(result().error.find("The rows of this run are in the record file " + record + "; \"orv convert " +
-                                  record + " -o NAME\" writes them"),
+                                  record + " -o NAME.csv\" writes them"),
               std::string::npos)
         << result().error;
     EXPECT_FALSE(recordFile.isSaved());
@@ -299,10 +299,17 @@ TEST_F(OrvCollect, AnInstrumentThatDoesNotAnswerWritesNothing) {
 TEST_F(OrvCollect, WhatARunLeftThatDiedIsKeptAndTold) {
     fill(path("Orvtemp.tmp"), recordHeader(clock.now(), 512) + "1\t11/21/26\t9:05:07\t1\t\t2\t\t3\t4\r\n");
     fill(path("Orvtemp.tmp.lock"), "V\t512\r\n");
-    EXPECT_EQ(orv("collect sim:trx?rate=5 -o a.csv --points 2").status, 0);
+    const Answered collected = orv("collect sim:trx?rate=5 -o a.csv --points 2");
+    EXPECT_EQ(collected.status, 0);
     EXPECT_TRUE(answers.asked.join(u'|').contains(QStringLiteral("did not end. Load its 1 row into the sheet?")));
     EXPECT_TRUE(told().contains(QStringLiteral("The record file of the last run is kept as"))) << qPrintable(told());
-    EXPECT_EQ(folder.files().filter(QStringLiteral("Orvtemp-2026")).size(), 1);
+    const QStringList kept = folder.files().filter(QStringLiteral("Orvtemp-2026"));
+    ASSERT_EQ(kept.size(), 1);
+    const std::string path = QFileInfo(kept[0]).absoluteFilePath().toStdString();
+    EXPECT_NE(collected.error.find("orv: The record file of the last run is kept as " + path + ". \"orv convert " +
+                                   path + " -o NAME.csv\" makes a file of its rows.\n"),
+              std::string::npos)
+        << collected.error;
 }
 
 TEST_F(OrvCollect, ALongRunKeepsTheSheetShortAndMakesNoFilesOfItsOwn) {

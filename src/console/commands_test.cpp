@@ -227,8 +227,8 @@ TEST_F(OrvCommands, SettingsAreSentBackOnlyIfTwoReadingsAgreeOnThem) {
 TEST_F(OrvCommands, ContinuousLoggingIsNotSent) {
     const Answered sent = orv("settings sim:trx --set logEnabled=true");
     EXPECT_EQ(sent.status, 1);
-    EXPECT_EQ(told(*this).toStdString(), "Logging and Continues Sampling invalid.");
-    EXPECT_NE(sent.error.find("Set pointsPerBlock as well"), std::string::npos) << sent.error;
+    EXPECT_EQ(sent.error, "orv: Nothing was sent: a block without end cannot be logged. Set pointsPerBlock as well, or "
+                          "logEnabled=false.\n");
     EXPECT_FALSE(line->allWritten().contains('B'));
 }
 
@@ -310,9 +310,39 @@ TEST_F(OrvCommands, AnInterruptedShutterResetSaysWhatTheInstrumentMayHold) {
     visit->interrupt(15);
     live(0.1);
     EXPECT_EQ(answered.status, 143);
-    EXPECT_TRUE(told(*this).contains(QStringLiteral("may still hold the temporary settings")))
-        << qPrintable(told(*this));
+    EXPECT_EQ(
+        result().error,
+        "orv: The shutter moves; this takes about 40 s. Leave the cable alone.\n"
+        "orv: The shutter reset was interrupted. The instrument may still hold the temporary settings (no control "
+        "bit; samples per point 1, points per block 1, seconds between points 0, hours before a block 0).\n"
+        "     Send it those from before: orv settings sim:trx --set autoStart=false --set gain=false "
+        "--set auxAdc=false --set logEnabled=false --set wakeUp=true --set append=true --set samplesPerPoint=10 "
+        "--set hoursBeforeBlock=0 --set pointsPerBlock=0 --set secondsBetweenPoints=0\n");
     EXPECT_FALSE(ports.isOpen());
+}
+
+/// What the window's messages say of the sheet, the settings screen and the buttons is of no use at a terminal.
+TEST_F(OrvCommands, NoMessageSpeaksOfAWindow) {
+    lineMade = [this] {
+        line->written = [this](const QByteArray& bytes) { line->silent = line->silent || bytes == "T"; };
+    };
+    struct Case {
+        const char* words;
+        const char* told;
+    };
+    for (const Case& each :
+         {Case{"info sim:trx?fault=unplug&after=250ms", "Look at the cable and the adapter."},
+          Case{"download sim:trx?fault=cut -o lake.csv", "The download was ended before"},
+          Case{"download sim:trx?fault=cut&seed=2 -o lake.txt", "The download was ended before"},
+          Case{"settings sim:trx --set gain=true", "did not answer what was sent"},
+          Case{"shutter sim:trx?fault=unplug&after=9000ms", "Send it those from before: orv settings 'sim:trx?"}}) {
+        const Answered ended = orv(each.words);
+        EXPECT_NE(ended.status, 0) << each.words;
+        EXPECT_NE(ended.error.find(each.told), std::string::npos) << each.words << '\n' << ended.error;
+        for (const char* word : {"sheet", "screen", "Apply", "Reset", "Press", "Error Code", "window"}) {
+            EXPECT_EQ(ended.error.find(word), std::string::npos) << word << " in\n" << ended.error;
+        }
+    }
 }
 
 TEST_F(OrvCommands, WatchShowsTheTrafficBothWays) {

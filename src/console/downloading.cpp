@@ -96,9 +96,10 @@ private:
             isOver = co_await visit_.reached(lastRow_ + longestSilence - visit_.clock.monotonicMilliseconds(), over);
             isOver = isOver || visit_.clock.monotonicMilliseconds() >= lastRow_ + longestSilence;
         }
-        visit_.terminal.detail(status.status.value());
         if (commands.activity.value() == Activity::Downloading) {
             visit_.program.closePort(); // the program tells what has come
+        } else {
+            visit_.terminal.detail(status.status.value());
         }
         if (visit_.program.link.ports.isOpen()) {
             visit_.program.sheet.handOver();

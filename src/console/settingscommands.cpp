@@ -144,8 +144,7 @@ Task<> send(Visit& visit) {
     settings.record = wanted;
     visit.program.settings.sender.applySettings();
     if (visit.program.link.procedures.isIdle()) {
-        throw Failure(QStringLiteral("Nothing was sent: a block without end cannot be logged. Set pointsPerBlock as "
-                                     "well, or logEnabled=false."));
+        throw Failure(QString()); // why has been told
     }
     co_await awaitSending(visit);
     const QStringList differences = notTaken(wanted, settings.record);

@@ -76,13 +76,14 @@ void ConsoleMessages::show(const Message& message) {
     told_.insert(message.text);
     // Here the port is what the command line names.
     static const QRegularExpression port(QStringLiteral("COM 1 \\(([^)]*)\\)"));
-    QString text = message.text;
+    QString text = message.withoutWindow.isEmpty() ? message.text : message.withoutWindow;
     text.replace(port, QStringLiteral("\\1")).replace(QLatin1String("\n\n"), QLatin1String("\n     "));
     terminal_.tell(text);
 }
 
 Subscription SafeAnswers::ask(const Question& question, Answered answered) {
-    terminal_.tell((question.text.isEmpty() ? question.title : question.text) + QStringLiteral(" No."));
+    const QString asked = question.text.isEmpty() ? question.title : question.text;
+    terminal_.tell(question.reason.isEmpty() ? asked + QStringLiteral(" No.") : question.reason);
     answered(question.kind == Question::Kind::YesNo ? Question::no() : QString());
     return {};
 }

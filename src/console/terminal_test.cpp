@@ -59,6 +59,8 @@ TEST_F(OrvTerminal, TellsAMessageOnceAndNamesThePort) {
     messages.show(lost);
     messages.show(lost);
     EXPECT_EQ(said(), "orv: The connection on ttyUSB0 was lost.\n     Pulled.\n");
+    messages.show(withoutWindow(operatorWarning(QStringLiteral("On the sheet.")), QStringLiteral("In the file.")));
+    EXPECT_TRUE(QString::fromStdString(said()).endsWith(QStringLiteral("orv: In the file.\n")));
     messages.forget();
     messages.show(lost);
     EXPECT_EQ(QByteArray::fromStdString(said()).count("lost"), 2);
@@ -71,8 +73,11 @@ TEST_F(OrvTerminal, AnswersEveryQuestionSafelyAtOnce) {
     const auto keep = [&given](const QString& answer) { given << answer; };
     const Subscription yesNo = answers.ask(yesNoQuestion({}, QStringLiteral("Load its 3 rows?")), keep);
     const Subscription name = answers.ask(saveQuestion(QStringLiteral("Save as"), {}, {}, {}), keep);
-    EXPECT_EQ(given.join(u'|').toStdString(), "No|");
-    EXPECT_EQ(said(), "orv: Load its 3 rows? No.\norv: Save as No.\n");
+    Question found = yesNoQuestion({}, QStringLiteral("Load its 3 rows?"));
+    found.reason = QStringLiteral("There are 3 rows.");
+    const Subscription reason = answers.ask(found, keep);
+    EXPECT_EQ(given.join(u'|').toStdString(), "No||No");
+    EXPECT_EQ(said(), "orv: Load its 3 rows? No.\norv: Save as No.\norv: There are 3 rows.\n");
 }
 
 } // namespace

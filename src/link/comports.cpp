@@ -124,10 +124,10 @@ bool ComPorts::checkFailure() {
     const QString name = nameOf(selected_);
     close();
     portFailed.tell();
-    session_.messages.show(
-        operatorWarning(QStringLiteral("The connection on %1 was lost.\n\n%2\n\nAll rows received so far are "
-                                       "kept. Check the cable, then connect again.")
-                            .arg(name, reason)));
+    const auto lost = QStringLiteral("The connection on %1 was lost.\n\n%2\n\n").arg(name, reason);
+    session_.messages.show(withoutWindow(operatorWarning(lost + QStringLiteral("All rows received so far are kept. "
+                                                                               "Check the cable, then connect again.")),
+                                         lost + QStringLiteral("Look at the cable and the adapter.")));
     return true;
 }
 

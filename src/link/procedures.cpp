@@ -31,9 +31,10 @@ Task<> Procedures::run(QString operation, Procedure procedure) {
     } catch (const RuntimeError& error) {
         session_.messages.show(runtimeErrorMessage(error, operation));
     } catch (const std::exception& error) {
+        const auto ended = QStringLiteral("%1 has ended: %2.\n\n").arg(operation, QString::fromLocal8Bit(error.what()));
         session_.messages.show(
-            operatorWarning(QStringLiteral("%1 has ended: %2.\n\nSave the sheet and start the program again.")
-                                .arg(operation, QString::fromLocal8Bit(error.what()))));
+            withoutWindow(operatorWarning(ended + QStringLiteral("Save the sheet and start the program again.")),
+                          ended + QStringLiteral("Try again.")));
     }
 }
 

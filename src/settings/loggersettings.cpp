@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/loggersettings.h"
 
+#include <QStringList>
+
 #include <algorithm>
 
 namespace orv {
@@ -42,6 +44,18 @@ std::vector<const Setting*> settingsInOrder(const char* letters) {
         ordered.push_back(std::ranges::find(allSettings, QLatin1Char(*letters).unicode(), &Setting::letter));
     }
     return ordered;
+}
+
+QString asOptions(const LoggerSettings& settings) {
+    QStringList options;
+    for (const Setting& setting : allSettings) {
+        const QString value = setting.flag == nullptr  ? settings.*setting.number
+                              : settings.*setting.flag ? QStringLiteral("true")
+                                                       : QStringLiteral("false");
+        options << QStringLiteral("--set %1=%2")
+                       .arg(QLatin1String(setting.name), value.isEmpty() ? QStringLiteral("0") : value);
+    }
+    return options.join(u' ');
 }
 
 std::array<SamplingPreset, 4> samplingPresets(bool glow) {

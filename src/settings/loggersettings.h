@@ -30,6 +30,9 @@ struct LoggerSettings {
     bool operator==(const LoggerSettings&) const = default;
 };
 
+/// The settings as options of `orv settings`: "--set autoStart=false --set gain=true ...".
+QString asOptions(const LoggerSettings& settings);
+
 /// What one of the ten settings is called, and where its value lies: in one of `flag` and `number`, the other is null.
 struct Setting {
     char16_t letter; ///< Its tag in the report. A number is set by the same letter.

@@ -314,7 +314,10 @@ TEST_F(SettingsCommandsTest, LoggingABlockWithoutEndIsRefused) {
         EXPECT_EQ(messages.shown,
                   (std::vector{Message{.title = QStringLiteral("Invalid Setup"),
                                        .text = QStringLiteral("Logging and Continues Sampling invalid."),
-                                       .icon = Message::Icon::Exclamation}}));
+                                       .icon = Message::Icon::Exclamation,
+                                       .withoutWindow = QStringLiteral(
+                                           "Nothing was sent: a block without end cannot be logged. Set pointsPerBlock "
+                                           "as well, or logEnabled=false.")}}));
     }
 }
 

@@ -218,8 +218,9 @@ void ClockDisplay::checktime(const QString& reply) {
     try {
         show(dateText, timeText);
     } catch (const RuntimeError&) {
-        session_.messages.show(
-            operatorWarning(QStringLiteral("Unable to read clock. Error #2"), QStringLiteral("Software Error")));
+        session_.messages.show(withoutWindow(
+            operatorWarning(QStringLiteral("Unable to read clock. Error #2"), QStringLiteral("Software Error")),
+            QStringLiteral("The instrument answered with a date or a time that cannot be read.")));
     }
 }
 

@@ -290,7 +290,8 @@ void SettingsSender::fail() {
     link_.timer.setInterval(StatusTimer::slowInterval);
     link_.session.status.status = QStringLiteral("Ready");
     link_.session.messages.show(
-        operatorWarning(QStringLiteral("Error Sending Prefs. Error Code 1"), QStringLiteral("Error")));
+        withoutWindow(operatorWarning(QStringLiteral("Error Sending Prefs. Error Code 1"), QStringLiteral("Error")),
+                      QStringLiteral("The instrument did not answer what was sent.")));
     mainWindowWanted.tell();
 }
 
@@ -313,8 +314,10 @@ void SettingsSender::applySettings() {
     // The instrument cannot log a block without end.
     const LoggerSettings& record = settings_.record.value();
     if (leadingNumber(record.pointsPerBlock) == 0.0 && record.logEnabled) {
-        link_.session.messages.show(operatorWarning(QStringLiteral("Logging and Continues Sampling invalid."),
-                                                    QStringLiteral("Invalid Setup")));
+        link_.session.messages.show(withoutWindow(
+            operatorWarning(QStringLiteral("Logging and Continues Sampling invalid."), QStringLiteral("Invalid Setup")),
+            QStringLiteral("Nothing was sent: a block without end cannot be logged. Set pointsPerBlock as "
+                           "well, or logEnabled=false.")));
         return;
     }
     link_.procedures.start(QStringLiteral("Apply Settings"), [this] { return apply(); });

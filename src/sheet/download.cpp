@@ -169,7 +169,8 @@ void Download::savefiletxt(const QString& reply) {
     if (!reason.isEmpty()) {
         dropTheRest();
         tellFailure(reason, QStringLiteral("It holds %1.").arg(recordsText(records_)),
-                    QStringLiteral("Press Reset, make room or choose another folder, and download it again."));
+                    QStringLiteral("Press Reset, make room or choose another folder, and download it again."),
+                    QStringLiteral("Make room or choose another folder, and download it again."));
         return;
     }
     ++records_;
@@ -283,17 +284,23 @@ void Download::tellIncomplete(Target target, bool programEnds) {
                                              .arg(recordsText(unread_), link_.session.fileNames.log)
                                        : QString();
     link_.session.messages.show(
-        operatorWarning(QStringLiteral("The download is incomplete: it was ended before the instrument had "
-                                       "sent everything.%1%2\n\nThe "
-                                       "instrument still holds its data; download it again.")
-                            .arg(arrived, unread)));
+        withoutWindow(operatorWarning(QStringLiteral("The download is incomplete: it was ended before the instrument "
+                                                     "had sent everything.%1%2\n\nThe "
+                                                     "instrument still holds its data; download it again.")
+                                          .arg(arrived, unread)),
+                      QStringLiteral("The download was ended before the instrument had sent everything.")));
 }
 
-void Download::tellFailure(const QString& reason, const QString& state, const QString& nextStep) {
-    link_.session.messages.show(
-        operatorWarning(QStringLiteral("The stored data cannot be written to %1: %2.\n\n%3 The instrument "
-                                       "still holds its data. %4")
-                            .arg(QFileInfo(file_.fileName()).absoluteFilePath(), reason, state, nextStep)));
+void Download::tellFailure(const QString& reason, const QString& state, const QString& nextStep,
+                           const QString& nextWithoutWindow) {
+    const auto failed =
+        QStringLiteral("The stored data cannot be written to %1: %2.\n\n%3 The instrument still holds its data. ")
+            .arg(QFileInfo(file_.fileName()).absoluteFilePath(), reason, state);
+    Message message = operatorWarning(failed + nextStep);
+    if (!nextWithoutWindow.isEmpty()) {
+        message.withoutWindow = failed + nextWithoutWindow;
+    }
+    link_.session.messages.show(message);
 }
 
 } // namespace orv

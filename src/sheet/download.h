@@ -57,7 +57,8 @@ private:
     void dropTheRest();
     void closeTarget();
     void tellIncomplete(Target target, bool programEnds = false);
-    void tellFailure(const QString& reason, const QString& state, const QString& nextStep);
+    void tellFailure(const QString& reason, const QString& state, const QString& nextStep,
+                     const QString& nextWithoutWindow = {});
 
     Link& link_;
     Settings& settings_;

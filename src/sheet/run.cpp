@@ -163,11 +163,12 @@ void Run::tellRecordFailure(const QString& reason) {
     if (reason.isEmpty() || std::exchange(recordFailureTold_, true)) {
         return;
     }
+    const auto failed = QStringLiteral("The record file %1 cannot be written: %2.\n\nThe run goes on and ")
+                            .arg(link_.session.fileNames.record, reason);
     link_.session.messages.show(
-        operatorWarning(QStringLiteral("The record file %1 cannot be written: %2.\n\nThe run goes "
-                                       "on and every row is on the sheet. Save the sheet when the run "
-                                       "has ended.")
-                            .arg(link_.session.fileNames.record, reason)));
+        withoutWindow(operatorWarning(failed + QStringLiteral("every row is on the sheet. Save the sheet when the run "
+                                                              "has ended.")),
+                      failed + QStringLiteral("its rows go to the output alone. Make room on the disk.")));
 }
 
 } // namespace orv

@@ -100,15 +100,16 @@ Task<> RunRecovery::offer() {
         keep(QStringLiteral(
             "The last run in this folder did not end, and its record file has no row that can be read. "));
     } else {
-        const Question question =
-            yesNoQuestion(programTitle(), QStringLiteral("The last run in this folder did not end. Load its %1 into "
-                                                         "the sheet?")
-                                              .arg(counted(rows, QStringLiteral("row"))));
+        const auto run = QStringLiteral("The last run in this folder did not end");
+        const QString what = counted(rows, QStringLiteral("row"));
+        Question question =
+            yesNoQuestion(programTitle(), run + QStringLiteral(". Load its %1 into the sheet?").arg(what));
+        question.reason = run + QStringLiteral("; its record file has %1.").arg(what);
         const QString answer = co_await link_.waits.answer(question);
         if (answer == Question::yes()) {
             co_await load(std::move(found));
         } else if (answer == Question::no()) {
-            keep(QString());
+            keep(QString(), true);
         }
     }
 }
@@ -132,7 +133,7 @@ Task<> RunRecovery::load(RecordedRows found) {
     }
 }
 
-void RunRecovery::keep(const QString& what) {
+void RunRecovery::keep(const QString& what, bool hasRows) {
     if (!recordFile_.isUnended()) {
         return;
     }
@@ -144,9 +145,13 @@ void RunRecovery::keep(const QString& what) {
         recordFile_.dropUnended();
     }
     if (reason.isEmpty()) {
-        tell(
-            what +
-            QStringLiteral("The record file of the last run is kept as %1.").arg(QFileInfo(keptAs).absoluteFilePath()));
+        const QString path = QFileInfo(keptAs).absoluteFilePath();
+        const auto kept = what + QStringLiteral("The record file of the last run is kept as %1.").arg(path);
+        tell(kept,
+             hasRows
+                 ? kept +
+                       QStringLiteral(" \"orv convert %1 -o NAME.csv\" makes a file of its rows.").arg(shellWord(path))
+                 : QString());
     } else {
         tell(what +
              QStringLiteral("The record file %1 could not be kept under a name with date and time: %2.\n\nIt stays "
@@ -159,8 +164,11 @@ bool RunRecovery::isRecordFile() const {
     return file_ == recordFile_.path();
 }
 
-void RunRecovery::tell(const QString& text) {
-    link_.session.messages.show({.title = programTitle(), .text = text, .icon = Message::Icon::Information});
+void RunRecovery::tell(const QString& text, const QString& textWithoutWindow) {
+    link_.session.messages.show({.title = programTitle(),
+                                 .text = text,
+                                 .icon = Message::Icon::Information,
+                                 .withoutWindow = textWithoutWindow});
 }
 
 } // namespace orv

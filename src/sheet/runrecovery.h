@@ -24,9 +24,9 @@ public:
 
 private:
     Task<> load(RecordedRows found);
-    void keep(const QString& what);
+    void keep(const QString& what, bool hasRows = false);
     bool isRecordFile() const;
-    void tell(const QString& text);
+    void tell(const QString& text, const QString& textWithoutWindow = {});
 
     Link& link_;
     SheetRows& rows_;

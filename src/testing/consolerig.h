@@ -25,6 +25,10 @@ public:
             return std::make_unique<WatchedPort>(makeLine(device, testClock), traffic);
         }) {}
 
+    ~ConsoleRig() { messages.alsoShow = {}; }
+    ConsoleRig(const ConsoleRig&) = delete;
+    ConsoleRig& operator=(const ConsoleRig&) = delete;
+
     /// Begins a command; its words are separated by spaces.
     void begin(const QString& words) {
         const QStringList arguments = QStringList{QStringLiteral("orv")} + words.split(u' ', Qt::SkipEmptyParts);
@@ -35,11 +39,13 @@ public:
             buffer->setData({});
             buffer->open(QIODevice::WriteOnly);
         }
+        terminal.emplace(output, error, progress, Terminal::Speech::Usual);
+        consoleMessages.emplace(*terminal);
+        messages.alsoShow = [this](const Message& message) { consoleMessages->show(message); };
         const bool takesPlace = !options.output.isEmpty() && !std::exchange(hasPlace_, true);
         program.load(takesPlace ? Program::Files::InFolder : Program::Files::None);
         timer.setInterval(StatusTimer::normalInterval); // the command before has ended the program
         answered = {};
-        terminal.emplace(output, error, progress, Terminal::Speech::Usual);
         visit.emplace(program, *terminal, options);
         visit->perform([this](Visit& of) { return performCommand(of, traffic); },
                        [this](int status) { answered.status = status; });
@@ -78,6 +84,7 @@ public:
     QBuffer error;
     bool progress = false; ///< Somebody sits at the terminal of the next command.
     std::optional<Terminal> terminal;
+    std::optional<ConsoleMessages> consoleMessages;
     Options options;
     Answered answered;
     std::optional<Visit> visit;

@@ -59,9 +59,15 @@ private:
 /// Keeps what the operator is told. A test that expects no message says so by checking that `shown` is empty.
 class RecordedMessages final : public OperatorMessages {
 public:
-    void show(const Message& message) override { shown.push_back(message); }
+    void show(const Message& message) override {
+        shown.push_back(message);
+        if (alsoShow) {
+            alsoShow(message);
+        }
+    }
 
     std::vector<Message> shown;
+    std::function<void(const Message& message)> alsoShow;
 };
 
 /// Answers the operator's questions from what a test has laid ready, at once unless `late`, and keeps what was asked.

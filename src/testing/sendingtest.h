@@ -89,7 +89,8 @@ protected:
     static Message sendingError() {
         return {.title = QStringLiteral("Error"),
                 .text = QStringLiteral("Error Sending Prefs. Error Code 1"),
-                .icon = Message::Icon::Exclamation};
+                .icon = Message::Icon::Exclamation,
+                .withoutWindow = QStringLiteral("The instrument did not answer what was sent.")};
     }
 
     std::size_t answered = 1000; ///< So many writes are answered.
