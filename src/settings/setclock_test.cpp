@@ -184,6 +184,7 @@ TEST_F(FullMinuteTest, TheLastDigitIsWrittenAsTheMinuteBegins) {
     });
     EXPECT_EQ(digits(), "U0105990931P");
     EXPECT_EQ(lastDigit, QDateTime(QDate(1999, 1, 5), QTime(9, 31)));
+    EXPECT_EQ(status.notice.value().toStdString(), "The instrument's clock was set at the full minute.");
     ASSERT_EQ(left.size(), 42U);
     EXPECT_EQ(left[0], 45);
     EXPECT_EQ(left[1], 44);
@@ -240,6 +241,7 @@ TEST_F(FullMinuteTest, ALateInstrumentIsSetAsSoonAsItAnswers) {
     set("9:30:40");
     EXPECT_EQ(digits(), "U0105990931P");
     EXPECT_EQ(lastWrite, QDateTime(QDate(1999, 1, 5), QTime(9, 31, 2, 500)));
+    EXPECT_TRUE(status.notice.value().contains(QStringLiteral("is 2 s behind"))) << qPrintable(status.notice.value());
 }
 
 TEST_F(FullMinuteTest, NothingIsSetWhenTheConnectionEndsBefore) {
