@@ -105,7 +105,11 @@ void Program::run() {
 }
 
 void Program::clearAll() {
-    act("Clear All", [this] { sheet.rows.clearSpreadSheet(); });
+    act("Clear All", [this] { sheet.clearAll(); });
+}
+
+void Program::bringBack() {
+    act("Bring Back", [this] { sheet.bringBack(); });
 }
 
 void Program::saveAs() {

@@ -53,6 +53,8 @@ public:
     void abort2();
     void run();
     void clearAll();
+    /// Takes "Clear All" back, as long as that is possible.
+    void bringBack();
     void saveAs();
     void exportSheet();
     void openSheet();

@@ -2,17 +2,25 @@
 #include "sheet/datasheet.h"
 
 #include "base/runtimeerror.h"
+#include "base/text.h"
 
+#include <cmath>
 #include <limits>
 #include <utility>
 
 namespace orv {
 
-QString DataSheet::cell(int row, int column) const {
+namespace {
+
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+
+} // namespace
+
+QByteArrayView DataSheet::cellBytes(int row, int column) const {
     if (row < 0 || row >= rowCount() || column < 0) {
         return {};
     }
-    const QByteArray& text = rows_[static_cast<std::size_t>(row)];
+    const QByteArray& text = joinedRow(row);
     qsizetype start = 0;
     for (; column > 0; --column) {
         const qsizetype tab = text.indexOf('\t', start);
@@ -22,11 +30,35 @@ QString DataSheet::cell(int row, int column) const {
         start = tab + 1;
     }
     const qsizetype end = text.indexOf('\t', start);
-    return QString::fromLatin1(text.constData() + start, (end < 0 ? text.size() : end) - start);
+    return QByteArrayView(text).sliced(start, (end < 0 ? text.size() : end) - start);
+}
+
+QString DataSheet::cell(int row, int column) const {
+    return QString::fromLatin1(cellBytes(row, column));
+}
+
+double DataSheet::number(int row, int column) const {
+    const QByteArrayView text = cellBytes(row, column);
+    constexpr qsizetype exactDigits = 15;
+    const auto isDigit = [](char character) { return character >= '0' && character <= '9'; };
+    if (!text.empty() && text.size() <= exactDigits && std::ranges::all_of(text, isDigit)) {
+        qint64 whole = 0; // most are
+        for (const char digit : text) {
+            whole = whole * 10 + (digit - '0');
+        }
+        return static_cast<double>(whole);
+    }
+    const double number = numberText(QString::fromLatin1(text)).value_or(noNumber);
+    return std::isfinite(number) ? number : noNumber; // digits beyond what a number can hold read as infinite
+}
+
+int DataSheet::seriesOf(int row) const {
+    const std::vector<int>& starts = contents_.seriesStarts;
+    return static_cast<int>(std::ranges::upper_bound(starts, row) - starts.begin());
 }
 
 void DataSheet::writeCells(int row, int cells, QByteArray& text) const {
-    const QByteArray& source = rows_[static_cast<std::size_t>(row)];
+    const QByteArray& source = joinedRow(row);
     qsizetype end = 0;
     for (; cells > 0; --cells) {
         const qsizetype tab = source.indexOf('\t', end);
@@ -43,10 +75,10 @@ void DataSheet::writeCells(int row, int cells, QByteArray& text) const {
 }
 
 void DataSheet::setHeader(const Type& type, const QStringList& header) {
-    headerType_ = type;
-    header_ = header;
-    headerOfOtherLayout_ = !rows_.empty() && type.layout() != type_.layout();
-    if (!headerOfOtherLayout_) {
+    contents_.headerType = type;
+    contents_.header = header;
+    contents_.headerOfOtherLayout = !contents_.rows.empty() && type.layout() != contents_.type.layout();
+    if (!contents_.headerOfOtherLayout) {
         takeHeader();
     }
     ++headerChanges_;
@@ -54,9 +86,9 @@ void DataSheet::setHeader(const Type& type, const QStringList& header) {
 }
 
 void DataSheet::takeHeader() {
-    headerOfOtherLayout_ = false;
-    type_ = headerType_;
-    columnNames_ = header_;
+    contents_.headerOfOtherLayout = false;
+    contents_.type = contents_.headerType;
+    contents_.columnNames = contents_.header;
 }
 
 void DataSheet::appendRow(const QStringList& cells) {
@@ -64,22 +96,38 @@ void DataSheet::appendRow(const QStringList& cells) {
 }
 
 void DataSheet::appendJoinedRow(QByteArray row) {
-    if (headerOfOtherLayout_) {
-        rowsOfOtherLayout_ = rowCount();
+    if (contents_.headerOfOtherLayout) {
+        contents_.rowsOfOtherLayout = rowCount();
         takeHeader();
         ++headerChanges_;
     }
-    rows_.push_back(std::move(row));
+    if (std::exchange(contents_.seriesBegins, false) && rowCount() > 0) {
+        contents_.seriesStarts.push_back(rowCount());
+    }
+    contents_.rows.push_back(std::move(row));
     rowAppended.tell();
 }
 
-void DataSheet::removeRows() {
-    rows_.clear();
-    rowsOfOtherLayout_ = 0;
-    rowsFromFile_ = 0;
+DataSheet::Contents DataSheet::removeRows() {
+    std::vector<QByteArray> rows = std::exchange(contents_.rows, {});
+    Contents before = contents_;
+    before.rows = std::move(rows);
+    contents_.rowsOfOtherLayout = 0;
+    contents_.rowsFromFile = 0;
+    contents_.seriesStarts.clear();
     takeHeader();
     ++removals_;
     rowsRemoved.tell();
+    return before;
+}
+
+void DataSheet::putBack(Contents contents) {
+    contents_ = std::move(contents);
+    ++headerChanges_;
+    headerChanged.tell();
+    if (rowCount() > 0) {
+        rowAppended.tell();
+    }
 }
 
 SheetRows::SheetRows(Session& session, ComPorts& ports, DataSheet& sheet, SheetState& shown)
@@ -107,16 +155,17 @@ void SheetRows::layOutOnOpening() {
     }
 }
 
-void SheetRows::clearSpreadSheet() {
+DataSheet::Contents SheetRows::clearSpreadSheet() {
     ports_.debugsay(QStringLiteral("Clear Spread Sheet"));
-    clear();
+    return clear();
 }
 
-void SheetRows::clear() {
-    sheet_.removeRows();
+DataSheet::Contents SheetRows::clear() {
+    DataSheet::Contents before = sheet_.removeRows();
     countRows();
     shown_.topRow = 0;
     shown_.unsaved = false;
+    shown_.file = QString();
     // While the firmware is not known it counts as the older generation.
     const InstrumentType type = session_.state.type();
     const double firmware = session_.state.firmware;
@@ -125,6 +174,15 @@ void SheetRows::clear() {
     sheet_.setHeader(
         {.letter = type != InstrumentType::Unknown ? session_.state.Vartemp : QString(), .firmware = firmware},
         headerRow(HeaderPlace::GridOnClearing, layout));
+    return before;
+}
+
+void SheetRows::putBack(DataSheet::Contents contents) {
+    if (sheet_.rowCount() == 0) {
+        sheet_.putBack(std::move(contents));
+        countRows();
+        followNewest();
+    }
 }
 
 void SheetRows::countRows() {
@@ -147,6 +205,7 @@ int SheetRows::addRow(const DataRow& row) {
 
 void SheetRows::replaceBy(LoadedSheet loaded) {
     clear();
+    shown_.saved = SavedRows();
     sheet_.setHeader(loaded.type, headerRow(HeaderPlace::GridOnClearing, loaded.type.layout()));
     for (QByteArray& row : loaded.rows) {
         sheet_.appendJoinedRow(std::move(row));

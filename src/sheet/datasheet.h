@@ -6,13 +6,19 @@
 #include "sheet/dataline.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QProperty>
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace orv {
+
+/// A part of the sheet's rows, both included.
+using RowRange = std::pair<int, int>;
 
 /// The data sheet: a header row and data rows of nine columns of text.
 ///
@@ -34,23 +40,51 @@ public:
         bool operator==(const Type&) const = default;
     };
 
-    const Type& type() const { return type_; }
+    /// Everything on the sheet.
+    struct Contents {
+        Type type;
+        QStringList columnNames;
+        Type headerType;
+        QStringList header;
+        bool headerOfOtherLayout = false; ///< Than the rows.
+        int rowsOfOtherLayout = 0;
+        int rowsFromFile = 0;
+        bool seriesBegins = false;     ///< With the next row.
+        std::vector<int> seriesStarts; ///< Rows but the first with which another run or download begins, ascending.
+        std::vector<QByteArray> rows;  ///< The cells of a row joined by tabs.
+    };
+
+    const Type& type() const { return contents_.type; }
     /// The header row as it is laid out now.
-    const QStringList& header() const { return header_; }
+    const QStringList& header() const { return contents_.header; }
     /// The header row of `type`.
-    const QStringList& columnNames() const { return columnNames_; }
-    int rowCount() const { return static_cast<int>(rows_.size()); }
+    const QStringList& columnNames() const { return contents_.columnNames; }
+    int rowCount() const { return static_cast<int>(contents_.rows.size()); }
 
     /// How many of the first rows came under the header row of another layout than `type`.
-    int rowsOfOtherLayout() const { return rowsOfOtherLayout_; }
+    int rowsOfOtherLayout() const { return contents_.rowsOfOtherLayout; }
 
     /// How many of the first rows are from a file, which does not tell whether their values are counts.
-    int rowsFromFile() const { return rowsFromFile_; }
-    void noteRowsFromFile() { rowsFromFile_ = rowCount(); }
+    int rowsFromFile() const { return contents_.rowsFromFile; }
+    void noteRowsFromFile() { contents_.rowsFromFile = rowCount(); }
+
+    /// A run or a download begins: the rows that come now are another series than those before.
+    void beginSeries() { contents_.seriesBegins = true; }
+
+    /// Whether the row is the first of another run or download than the row before it.
+    bool beginsSeries(int row) const { return std::ranges::binary_search(contents_.seriesStarts, row); }
+    /// Which run or download a row is of, counted from 0.
+    int seriesOf(int row) const;
 
     /// Text of a cell; row 0 is the first data row. Empty where the row has no such cell. Behind the columns a row may
     /// have counts, from sheetcolumn::firstCount on.
     QString cell(int row, int column) const;
+
+    /// The number that a cell holds; NaN if it holds none.
+    double number(int row, int column) const;
+
+    /// A row's cells joined by tabs, with those behind the columns.
+    const QByteArray& joinedRow(int row) const { return contents_.rows[static_cast<std::size_t>(row)]; }
 
     /// Appends the first `cells` cells of a row to `text`, each followed by a tab; missing ones are empty.
     void writeCells(int row, int cells, QByteArray& text) const;
@@ -63,8 +97,11 @@ public:
     /// Appends a row whose cells are already joined by tabs.
     void appendJoinedRow(QByteArray row);
 
-    /// Removes every row; the header row stays.
-    void removeRows();
+    /// Removes every row; the header row stays. Returns what was there.
+    Contents removeRows();
+
+    /// Replaces everything on the sheet, which has no rows, by what removeRows() returned.
+    void putBack(Contents contents);
 
     /// How often rows have been removed, and how often the header row has been laid out or the type has become another:
     /// a reader that was away sees by them what it missed.
@@ -78,17 +115,11 @@ public:
 
 private:
     void takeHeader();
+    QByteArrayView cellBytes(int row, int column) const;
 
-    Type type_;
-    QStringList columnNames_;
-    Type headerType_;
-    QStringList header_;
-    bool headerOfOtherLayout_ = false; ///< Than the rows.
-    int rowsOfOtherLayout_ = 0;
-    int rowsFromFile_ = 0;
+    Contents contents_;
     int removals_ = 0;
     int headerChanges_ = 0;
-    std::vector<QByteArray> rows_; ///< The cells of a row joined by tabs.
 };
 
 /// The rows of a file, for the sheet.
@@ -96,6 +127,14 @@ struct LoadedSheet {
     DataSheet::Type type;
     std::vector<QByteArray> rows; ///< Cells joined by tabs.
     QString error;                ///< Empty, or what is wrong with the file; then there are no rows.
+};
+
+/// A save: how many rows there are in which file, with its path.
+struct SavedRows {
+    int count = 0; ///< 0: there is none to tell of.
+    QString file;
+
+    bool operator==(const SavedRows&) const = default;
 };
 
 /// What the data sheet page shows beside the grid.
@@ -107,6 +146,9 @@ struct SheetState {
     QProperty<int> currentRow{0};                            ///< Grid cell that a procedure visited last.
     QProperty<int> currentColumn{0};
     QProperty<bool> unsaved{false}; ///< The sheet holds rows that no file has.
+    QProperty<QString> file;        ///< That the rows were saved to or opened from last, with its path; else empty.
+    QProperty<SavedRows> saved;     ///< The last save, until the sheet is cleared by the operator or replaced.
+    QProperty<int> clearedRows{0};  ///< Rows that "Clear All" took and that can still be brought back.
 };
 
 /// What every procedure that fills the sheet shares: laying out, clearing, adding rows, and counting them in `plc`.
@@ -118,8 +160,14 @@ public:
     void layOutOnOpening();
 
     /// "Clear Spread Sheet": removes all rows without asking and writes the header row, TRX's for any letter that is
-    /// not GLOW's.
-    void clearSpreadSheet();
+    /// not GLOW's. Returns what was on the sheet.
+    DataSheet::Contents clearSpreadSheet();
+
+    /// Brings back what clearSpreadSheet() returned, unless rows have come since.
+    void putBack(DataSheet::Contents contents);
+
+    /// A run or a download begins.
+    void beginSeries() { sheet_.beginSeries(); }
 
     /// Adds the row and returns its number. Throws RuntimeError Overflow, with nothing changed, if `plc` could not
     /// count it.
@@ -145,7 +193,7 @@ public:
     }
 
 private:
-    void clear();
+    DataSheet::Contents clear();
     void countRows();
 
     Session& session_;

@@ -86,6 +86,7 @@ void Download::saveTo(const QString& name) {
 
 void Download::vwhp() {
     settings_.progress.show();
+    rows_.beginSeries();
     begin(Target::Sheet, Operation::Importing, QStringLiteral("Exporting Memory"));
 }
 

@@ -38,6 +38,7 @@ QString RecordFile::start(const DataSheet::Type& type) {
     if (!reason.isEmpty()) {
         return reason;
     }
+    ++runs_;
     begun_ = false;
     saved_ = false;
     discarded_ = false;
@@ -67,8 +68,9 @@ QString RecordFile::keepUnsavedRows() {
     if (!reason.isEmpty()) {
         return QStringLiteral("the rows of the run before could not be kept under another name (%1)").arg(reason);
     }
+    keptAs_ = QFileInfo(keptAs).fileName();
     if (unsaved_) {
-        earlierFile_ = QFileInfo(keptAs).fileName();
+        earlierFile_ = keptAs_;
         lock_.put(lock_.type(), earlierFile_);
     }
     return {};
@@ -186,6 +188,26 @@ bool RecordFile::rowsSavedInPart() {
 void RecordFile::rowsDiscarded() {
     discarded_ = discarded_ || !saved_;
     nothingIsUnsaved();
+}
+
+RecordFile::Standing RecordFile::standing() const {
+    return {.unsaved = unsaved_,
+            .discarded = discarded_,
+            .earlierFile = earlierFile_,
+            .keptAs = keptAs_,
+            .type = lock_.type(),
+            .runs = runs_};
+}
+
+void RecordFile::takeBack(const Standing& then) {
+    if (runs_ == then.runs) {
+        discarded_ = then.discarded;
+    }
+    unsaved_ = then.unsaved;
+    if (unsaved_) {
+        earlierFile_ = keptAs_ != then.keptAs ? keptAs_ : then.earlierFile;
+        lock_.put(file_.isOpen() ? type_ : then.type, earlierFile_);
+    }
 }
 
 void RecordFile::nothingIsUnsaved() {

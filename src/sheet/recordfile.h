@@ -90,6 +90,21 @@ public:
     /// The sheet has been cleared, or the program ends with the operator's consent.
     void rowsDiscarded();
 
+    /// What the files of the program are to the rows on the sheet.
+    struct Standing {
+        bool unsaved = false;
+        bool discarded = false;
+        QString earlierFile;
+        QString keptAs;
+        DataSheet::Type type;
+        int runs = 0;
+    };
+    Standing standing() const;
+
+    /// Rows that have been discarded since are on the sheet again: the lock stands again if it did, also if a run
+    /// without a row has begun and ended meanwhile.
+    void takeBack(const Standing& then);
+
 private:
     bool holdsUnsavedRows() const;
     QString keepUnsavedRows();
@@ -101,6 +116,8 @@ private:
     RunLock lock_;
     SavedMark mark_;
     DataSheet::Type type_;      ///< Of the run.
+    int runs_ = 0;              ///< Begun by this program.
+    QString keptAs_;            ///< The name under which a run's start has kept the file before, the last one that was.
     QString earlierFile_;       ///< The name of the file with unsaved rows of the run before.
     bool unsaved_ = false;      ///< Rows of runs are on the sheet, in this file or the earlier one, and nowhere else.
     bool begun_ = false;        ///< The file is of a run of this program, not one found at its start.

@@ -71,6 +71,7 @@ void Run::startRunningProfile() {
     hasLine_ = false;
     unreadLines_ = 0;
     recordFailureTold_ = false;
+    rows_.beginSeries();
     tellRecordFailure(recordFile_.start(rows_.connectedType()));
 }
 

@@ -44,6 +44,42 @@ void Sheet::noteSaved(bool wholly) {
          .icon = Message::Icon::Information});
 }
 
+void Sheet::clearAll() {
+    if (data.rowCount() == 0) {
+        rows.clearSpreadSheet(); // what a clearing before has taken can still be brought back
+        return;
+    }
+    Cleared before{.contents = {},
+                   .recorded = recordFile.standing(),
+                   .unsaved = shown.unsaved,
+                   .file = shown.file,
+                   .saved = shown.saved};
+    before.contents = rows.clearSpreadSheet();
+    shown.saved = SavedRows();
+    shown.clearedRows = static_cast<int>(before.contents.rows.size());
+    cleared_ = std::move(before);
+}
+
+void Sheet::bringBack() {
+    auto before = std::exchange(cleared_, std::nullopt);
+    if (!before) {
+        return;
+    }
+    shown.clearedRows = 0;
+    rows.putBack(std::move(before->contents));
+    recordFile.takeBack(before->recorded);
+    shown.unsaved = before->unsaved;
+    shown.file = before->file;
+    shown.saved = before->saved;
+}
+
+void Sheet::forgetCleared() {
+    if (cleared_) {
+        cleared_.reset();
+        shown.clearedRows = 0;
+    }
+}
+
 void Sheet::handOver() {
     shown.unsaved = false;
     noteSaved(true);

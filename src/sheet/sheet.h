@@ -7,6 +7,8 @@
 #include "sheet/run.h"
 #include "sheet/runrecovery.h"
 
+#include <optional>
+
 namespace orv {
 
 /// The data sheet, its files, and what fills it.
@@ -21,6 +23,7 @@ struct Sheet {
         , download(link, settings, rows, files)
         , saved(files.saved.subscribe([this](bool wholly) { noteSaved(wholly); }))
         , discarded(data.rowsRemoved.subscribe([this] { recordFile.rowsDiscarded(); }))
+        , coming(data.rowAppended.subscribe([this] { forgetCleared(); }))
         , identified(link.connection.identified.subscribe([this] {
             files.forgetToldFailure();
             layOutHeaderRow();
@@ -34,6 +37,13 @@ struct Sheet {
     /// columns, and go from the sheet. Not while a row is being taken.
     void handOver();
 
+    /// "Clear All". Until the next row comes or a sheet is opened bringBack() undoes it.
+    void clearAll();
+
+    /// Brings back what "Clear All" took, whole: rows, type and header row, whether they are saved, and, if not, that
+    /// the next start offers them should the program die. Nothing happens if there is nothing to bring back.
+    void bringBack();
+
     Link& link;
     DataSheet data;
     SheetState shown;
@@ -46,13 +56,25 @@ struct Sheet {
     Download download;
     Subscription saved;
     Subscription discarded;
+    Subscription coming;
     Subscription identified;
 
 private:
+    /// What "Clear All" took.
+    struct Cleared {
+        DataSheet::Contents contents;
+        RecordFile::Standing recorded;
+        bool unsaved = false;
+        QString file;
+        SavedRows saved;
+    };
+
+    void forgetCleared();
     bool isOfAnotherType() const;
     bool layOutHeaderRow();
     void noteSaved(bool wholly);
 
+    std::optional<Cleared> cleared_;
     bool missingColumnTold_ = false; ///< Since the run or the download began.
 };
 

@@ -151,6 +151,7 @@ Task<> SheetFiles::loadit() {
         }
     }
     rows_.replaceBy(std::move(loaded));
+    shown_.file = tellable(name);
 }
 
 bool SheetFiles::refuse(const QString& name, const LoadedSheet& loaded) {
@@ -185,6 +186,8 @@ SheetFiles::Outcome SheetFiles::write(const QString& name, bool autosaving) {
     }
     failureTold_ = false;
     shown_.unsaved = false;
+    shown_.file = tellable(name);
+    shown_.saved = SavedRows{.count = sheet_.rowCount(), .file = tellable(name)};
     saved.tell(sheetFileHoldsAll(sheet_));
     return Outcome::Saved;
 }

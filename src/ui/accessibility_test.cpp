@@ -79,6 +79,23 @@ TEST_F(AccessibilityTest, EveryPageOfTheMainWindow) {
     walkPages("in a run");
 }
 
+TEST_F(AccessibilityTest, TheSheetWithEveryLineBelowIt) {
+    connectAndRead();
+    window->settingsWindow()->close();
+    rows.addRow({.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("9")}});
+    rows.addRow({.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("8")}});
+    showPage(QStringLiteral("Output: Spread Sheet"));
+    sheetState.saved = SavedRows{.count = 2, .file = QStringLiteral("/a/lake.txt")};
+    item("FindText").trigger();
+    item("SelectAllCells").trigger();
+    EXPECT_TRUE(waitFor([this] { return find<QLabel>("SheetStatisticsHint").isHidden(); }));
+    EXPECT_EQ(findingsIn(*window, exemption), "");
+    program.clearAll();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(button("BringBack").isVisible());
+    EXPECT_EQ(findingsIn(*window, exemption), "");
+}
+
 TEST_F(AccessibilityTest, EveryPageIsOperableByKeyboardAndFits) {
     for (const char* page : {"StatusPage", "GraphicalPage", "DebugScreen", "TestingPage", "CalibrationPage"}) {
         SCOPED_TRACE(page);

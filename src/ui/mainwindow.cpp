@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
@@ -172,9 +173,26 @@ void MainWindow::addSimulationMarker(QLayout* row) {
     bindings_.bind(program_.link.portChoices.shown.simulation, [this, marker](const QString& text) {
         marker->setText(text);
         marker->setVisible(!text.isEmpty());
-        const QString title = QStringLiteral("ORV Host Program");
-        setWindowTitle(text.isEmpty() ? title : QStringLiteral("%1 (simulated instrument)").arg(title));
+        showTitle();
     });
+    bindings_.bind(program_.sheet.shown.file, [this](const QString&) { showTitle(); });
+    bindings_.bind(program_.sheet.shown.unsaved, [this](bool) { showTitle(); });
+}
+
+void MainWindow::showTitle() {
+    QString title = QStringLiteral("ORV Host Program");
+    const QString& file = program_.sheet.shown.file.value();
+    if (!file.isEmpty()) {
+        // Rows have come since: the star that such titles have.
+        const QString star = program_.sheet.shown.unsaved ? QStringLiteral("*") : QString();
+        title = QStringLiteral("%1%2 - %3").arg(QFileInfo(file).fileName(), star, title);
+    }
+    if (!program_.link.portChoices.shown.simulation.value().isEmpty()) {
+        title += QStringLiteral(" (simulated instrument)");
+    }
+    if (title != windowTitle()) {
+        setWindowTitle(title);
+    }
 }
 
 void MainWindow::showPage(Page page) {

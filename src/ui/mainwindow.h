@@ -60,6 +60,7 @@ private:
     QAction* addItem(QMenu* menu, QAnyStringView text, QAnyStringView name, const std::function<void()>& action);
     QAction* addShortcut(QAnyStringView text, QAnyStringView name, const QKeySequence& keys,
                          const std::function<void()>& action);
+    void showTitle();
     void showPage(Page page);
     void showSettings(bool visible);
     void comeForward();

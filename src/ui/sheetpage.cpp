@@ -1,156 +1,70 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheetpage.h"
 
-#include <QFontDatabase>
+#include <QAction>
+#include <QFileInfo>
 #include <QHBoxLayout>
-#include <QHeaderView>
-#include <QPainter>
+#include <QKeyEvent>
 #include <QScrollBar>
-#include <QStyleOptionSlider>
-#include <QStyledItemDelegate>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <utility>
 
 namespace orv {
 
-SheetModel::SheetModel(const DataSheet& sheet)
-    : sheet_(sheet)
-    , shownRows_(sheet.rowCount()) {}
-
-bool SheetModel::refresh() {
-    if (removed_) {
-        beginResetModel();
-        removed_ = false;
-        headerStale_ = false;
-        shownRows_ = sheet_.rowCount();
-        endResetModel();
-        return true;
-    }
-    if (headerStale_) {
-        headerStale_ = false;
-        Q_EMIT headerDataChanged(Qt::Horizontal, 0, DataSheet::columnCount - 1);
-    }
-    const int rows = sheet_.rowCount();
-    if (rows > shownRows_) {
-        beginInsertRows({}, shownRows_, rows - 1);
-        shownRows_ = rows;
-        endInsertRows();
-    }
-    return false;
-}
-
-int SheetModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : shownRows_;
-}
-
-int SheetModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : DataSheet::columnCount;
-}
-
-QVariant SheetModel::data(const QModelIndex& index, int role) const {
-    switch (role) {
-    case Qt::DisplayRole:
-        return sheet_.cell(index.row(), index.column());
-    case Qt::TextAlignmentRole:
-        return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
-    default:
-        return {};
-    }
-}
-
-QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) {
-        return {};
-    }
-    if (role == Qt::TextAlignmentRole) {
-        return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
-    }
-    return role == Qt::DisplayRole ? sheet_.header().value(section) : QVariant();
-}
-
 namespace {
 
 /// Drawing the grid costs far more than a row, so it is drawn so many milliseconds after the first change.
 constexpr int refreshDelay = 200;
 
-/// Draws the grid's cells as the style would, but at a fraction of its cost: plain text of one font, at the right.
-class CellPainter final : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+/// While the pointer draws a selection it changes faster than it can be looked at.
+constexpr int statisticsDelay = 50;
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        constexpr int margin = 3;
-        const QString text = index.data().toString();
-        const QFontMetrics& metrics = option.fontMetrics;
-        const int width = metrics.horizontalAdvance(text);
-        const bool marked = (option.state & (QStyle::State_Selected | QStyle::State_HasFocus)) != 0;
-        if (marked || width > option.rect.width() - 2 * margin) {
-            QStyledItemDelegate::paint(painter, option, index);
-            return;
-        }
-        const int baseline = option.rect.top() + (option.rect.height() - metrics.height()) / 2 + metrics.ascent();
-        painter->setPen(option.palette.color(QPalette::Text));
-        painter->drawText(option.rect.right() + 1 - margin - width, baseline, text);
-    }
-};
-
-/// Where the handle of an upright scroll bar is drawn.
-QRect handleOf(const QScrollBar& bar) {
-    QStyleOptionSlider option;
-    option.initFrom(&bar);
-    option.orientation = Qt::Vertical;
-    option.minimum = bar.minimum();
-    option.maximum = bar.maximum();
-    option.pageStep = bar.pageStep();
-    option.singleStep = bar.singleStep();
-    option.sliderPosition = bar.sliderPosition();
-    option.sliderValue = bar.value();
-    return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
-}
-
-/// Has `change` applied to a widget without its being painted anew.
-template <typename Change>
-void unpainted(QWidget& widget, const Change& change) {
-    widget.setAttribute(Qt::WA_UpdatesDisabled, true);
-    change();
-    widget.setAttribute(Qt::WA_UpdatesDisabled, false);
+QString counted(int rows) {
+    return rows == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(rows);
 }
 
 } // namespace
 
 SheetPage::SheetPage(Program& program)
     : shown_(program.sheet.shown)
-    , model_(program.sheet.data)
-    , grid_(makeControl<QTableView>("fg1", "Data sheet"))
+    , grid_(new SheetGrid(program.sheet.data))
     , counter_(makeNumberLabel("SheetCounter", "Rows on the sheet", "0000000"))
-    , redrawing_(this, refreshDelay, [this] { refreshNow(); }) {
+    , notice_(makeTextLabel("SheetNotice", "What became of the rows"))
+    , bringBack_(makeButton(
+          "&Bring them back", "BringBack", [&program] { program.bringBack(); },
+          "Puts the rows on the sheet again, as they were."))
+    , findBar_(new QWidget)
+    , findBox_(makeBox("FindBox", "What to look for in the cells of the sheet."))
+    , found_(makeTextLabel("FindResult", "Found"))
+    , statistics_(new StatisticsTable(QStringLiteral("SheetStatistics"),
+                                      QStringLiteral("Select cells, a row by its number or a column by its header: "
+                                                     "to copy them, and for their mean and standard deviation.")))
+    , redrawing_(this, refreshDelay, [this] { refreshNow(); })
+    , computing_(this, statisticsDelay, [this] { showStatistics(); }) {
     setObjectName(QStringLiteral("SheetPage"));
-    grid_->setModel(&model_);
-    grid_->setItemDelegate(new CellPainter(grid_));
-    grid_->setAlternatingRowColors(true);
-    grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grid_->setWordWrap(false);
-    grid_->setTabKeyNavigation(false);
-    grid_->setAutoScroll(false);
-    grid_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    grid_->verticalHeader()->hide();
-    grid_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    grid_->verticalHeader()->setDefaultSectionSize(grid_->fontMetrics().height() + 6);
-    grid_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    grid_->horizontalHeader()->setHighlightSections(false);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(makeBar(program));
     layout->addWidget(grid_, 1);
+    layout->addLayout(makeNotice(program));
+    makeFindBar();
+    layout->addWidget(findBar_);
+    layout->addWidget(statistics_);
+    makeActions();
 
     DataSheet& sheet = program.sheet.data;
     subscriptions_ = {sheet.rowAppended.subscribe([this] { schedule(); }), sheet.headerChanged.subscribe([this] {
-                          model_.noteHeader();
+                          grid_->rows().noteHeader();
                           schedule();
                       }),
                       sheet.rowsRemoved.subscribe([this] {
-                          model_.noteRemoved();
+                          grid_->rows().noteRemoved();
                           schedule();
+                      }),
+                      grid_->selected.subscribe([this] {
+                          selectionStale_ = true;
+                          computing_.noteChange();
                       })};
     bindings_.bind(shown_.counter, [this](const QString&) { schedule(); });
     bindings_.bind(shown_.topRow, [this](int) { schedule(); });
@@ -204,6 +118,104 @@ QLayout* SheetPage::makeBar(Program& program) {
     return bar;
 }
 
+QLayout* SheetPage::makeNotice(Program& program) {
+    notice_->setMinimumWidth(1); // a long name does not widen the window
+    auto* line = new QHBoxLayout;
+    line->addWidget(notice_);
+    line->addWidget(bringBack_);
+    line->addStretch(1);
+    bindEnabled(bindings_, bringBack_, program.link.session.commands.undisturbed);
+    bringBack_->hide();
+    notice_->hide();
+    bindings_.bind(shown_.clearedRows, [this](int) { tellWhatBecame(); });
+    bindings_.bind(shown_.saved, [this](const SavedRows&) { tellWhatBecame(); });
+    return line;
+}
+
+void SheetPage::tellWhatBecame() {
+    const int cleared = shown_.clearedRows;
+    const SavedRows& saved = shown_.saved.value();
+    QString text;
+    if (cleared > 0) {
+        text = counted(cleared) + QStringLiteral(" cleared.");
+    } else if (saved.count > 0) {
+        text = QStringLiteral("Saved %1 to %2").arg(counted(saved.count), QFileInfo(saved.file).fileName());
+    }
+    notice_->setText(text);
+    notice_->setToolTip(cleared > 0 ? QString() : saved.file);
+    notice_->setVisible(!text.isEmpty());
+    bringBack_->setText(cleared == 1 ? QStringLiteral("&Bring it back") : QStringLiteral("&Bring them back"));
+    bringBack_->setVisible(cleared > 0);
+}
+
+void SheetPage::makeFindBar() {
+    findBar_->setObjectName(QStringLiteral("FindBar"));
+    auto* next = makeButton(
+        "Nex&t", "FindNext", [this] { find(true); }, "The next cell with this text. The Enter key does the same.");
+    auto* previous = makeButton(
+        "Pre&vious", "FindPrevious", [this] { find(false); }, "The cell with this text before.");
+    const auto closeBar = [this] {
+        findBar_->hide();
+        grid_->setFocus();
+    };
+    auto* close = makeButton("C&lose", "CloseFind", closeBar, "Puts the line away. The Escape key does the same.");
+    auto* row = new QHBoxLayout(findBar_);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(makeCaption("F&ind :", findBox_));
+    row->addWidget(findBox_, 1);
+    row->addWidget(next);
+    row->addWidget(previous);
+    row->addWidget(found_, 1);
+    row->addWidget(close);
+    findBar_->hide();
+    connect(findBox_, &QLineEdit::returnPressed, this, [this] { find(true); });
+    connect(findBox_, &QLineEdit::textChanged, found_, &QLabel::clear);
+    auto* escape = new QShortcut(QKeySequence(QKeySequence::Cancel), findBar_);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, closeBar);
+}
+
+void SheetPage::find(bool forward) {
+    refreshNow();
+    found_->setText(grid_->findText(findBox_->text(), forward) ? QString() : QStringLiteral("Not found."));
+}
+
+void SheetPage::makeActions() {
+    const auto add = [this](const char* text, const char* name, const QKeySequence& keys, Qt::ShortcutContext context,
+                            const std::function<void()>& action) {
+        auto* made = new QAction(QString::fromLatin1(text), this);
+        made->setObjectName(QLatin1String(name));
+        made->setShortcut(keys);
+        made->setShortcutContext(context);
+        connect(made, &QAction::triggered, this, [action] { action(); });
+        // On the page the keys work wherever the focus is, but not while another page is shown.
+        if (context == Qt::WindowShortcut) {
+            addAction(made);
+        }
+        grid_->addAction(made);
+    };
+    const auto line = [this] {
+        auto* separator = new QAction(this);
+        separator->setSeparator(true);
+        grid_->addAction(separator);
+    };
+    add("&Copy", "CopyCells", QKeySequence::Copy, Qt::WindowShortcut, [this] { grid_->copy(true); });
+    add("Copy &Without Header", "CopyCellsOnly", Qt::CTRL | Qt::SHIFT | Qt::Key_C, Qt::WindowShortcut,
+        [this] { grid_->copy(false); });
+    line();
+    add("Select &Rows", "SelectRows", Qt::SHIFT | Qt::Key_Space, Qt::WidgetShortcut, [this] { grid_->extendToRows(); });
+    add("Select Co&lumns", "SelectColumns", Qt::CTRL | Qt::Key_Space, Qt::WidgetShortcut,
+        [this] { grid_->extendToColumns(); });
+    add("Select &All", "SelectAllCells", QKeySequence::SelectAll, Qt::WindowShortcut, [this] { grid_->selectAll(); });
+    line();
+    add("&Find", "FindText", QKeySequence::Find, Qt::WindowShortcut, [this] {
+        findBar_->show();
+        findBox_->setFocus();
+        findBox_->selectAll();
+    });
+    grid_->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
 void SheetPage::schedule() {
     stale_ = true;
     redrawing_.noteChange();
@@ -215,19 +227,22 @@ void SheetPage::refreshNow() {
     }
     stale_ = false;
     counter_->setText(shown_.counter);
-    const int rowsBefore = model_.rowCount();
-    const bool replaced = model_.refresh();
+    SheetModel& rows = grid_->rows();
+    const int rowsBefore = rows.rowCount();
+    const bool replaced = rows.refresh();
     if (replaced) {
         shownTop_ = 0;
+        selectionStale_ = true; // a selection that goes with its rows tells nothing
+        showStatistics();
     }
-    const QModelIndex visited = model_.index(shown_.currentRow - 1, shown_.currentColumn);
+    const QModelIndex visited = rows.index(shown_.currentRow - 1, shown_.currentColumn);
     if (std::exchange(visitPending_, false) && visited.isValid() && visited != grid_->currentIndex()) {
         grid_->selectionModel()->setCurrentIndex(visited, QItemSelectionModel::NoUpdate);
     }
-    if (replaced || model_.rowCount() == rowsBefore) {
+    if (replaced || rows.rowCount() == rowsBefore) {
         bringIntoView();
     } else {
-        showRowsFrom(rowsBefore);
+        grid_->showRowsFrom(rowsBefore, [this] { bringIntoView(); });
     }
 }
 
@@ -242,28 +257,14 @@ void SheetPage::bringIntoView() {
     }
 }
 
-void SheetPage::showRowsFrom(int first) {
-    QWidget& cells = *grid_->viewport();
-    QScrollBar& bar = *grid_->verticalScrollBar();
-    const QSize size = cells.size();
-    const int offset = grid_->verticalHeader()->offset();
-    const QRect handle = handleOf(bar);
-    // By itself the grid paints all its cells and the whole scroll bar for each row that comes.
-    unpainted(bar, [&] {
-        unpainted(cells, [&] {
-            grid_->doItemsLayout();
-            bringIntoView();
-        });
-    });
-    if (cells.size() != size) { // the scroll bar has come
-        cells.update();
-    } else {
-        cells.scroll(0, offset - grid_->verticalHeader()->offset());
-        const int top = grid_->rowViewportPosition(first);
-        cells.update(0, top, cells.width(), cells.height() - top);
-    }
-    if (handleOf(bar) != handle) {
-        bar.update();
+void SheetPage::selectRows(const std::vector<RowRange>& ranges) {
+    refreshNow();
+    grid_->selectRows(ranges);
+}
+
+void SheetPage::showStatistics() {
+    if (std::exchange(selectionStale_, false)) {
+        statistics_->show(grid_->selectionInWords(), grid_->statistics());
     }
 }
 

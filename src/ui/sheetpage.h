@@ -2,43 +2,16 @@
 #pragma once
 
 #include "program/program.h"
+#include "ui/sheetgrid.h"
 #include "ui/widgets.h"
-
-#include <QAbstractTableModel>
-#include <QTableView>
 
 #include <vector>
 
 namespace orv {
 
-/// The data sheet as a table for a view. It shows the rows that were there at the last refresh(), so that a view
-/// follows a run a few times a second instead of at every row.
-class SheetModel final : public QAbstractTableModel {
-public:
-    explicit SheetModel(const DataSheet& sheet);
-
-    /// Brings the table up to date with the sheet; cheap if nothing has changed. Returns whether rows were removed
-    /// since, so that the table has been replaced as a whole.
-    bool refresh();
-
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
-    /// The sheet's rows have been removed or its header row has changed.
-    void noteRemoved() { removed_ = true; }
-    void noteHeader() { headerStale_ = true; }
-
-private:
-    const DataSheet& sheet_;
-    int shownRows_ = 0;
-    bool removed_ = false;
-    bool headerStale_ = false;
-};
-
 /// The page "Output: Spread Sheet". The grid and the count of rows are drawn about five times a second, and not at all
-/// while another page is shown.
+/// while another page is shown. Below the grid stand what became of the rows last, a line to find a text in, and the
+/// statistics of what is selected.
 class SheetPage final : public QWidget {
 public:
     explicit SheetPage(Program& program);
@@ -46,19 +19,33 @@ public:
     /// Draws what has changed now, for screenshots and tests.
     void refreshNow();
 
+    /// Selects these rows of the sheet.
+    void selectRows(const std::vector<RowRange>& ranges);
+
 private:
     QLayout* makeBar(Program& program);
+    QLayout* makeNotice(Program& program);
+    void makeFindBar();
+    void makeActions();
     void schedule();
     void bringIntoView();
-    /// Shows the rows from that one on, which are new, and paints no others that are on the screen already.
-    void showRowsFrom(int first);
+    void tellWhatBecame();
+    void find(bool forward);
+    void showStatistics();
 
     SheetState& shown_;
-    SheetModel model_;
-    QTableView* grid_;
+    SheetGrid* grid_;
     QLabel* counter_;
+    QLabel* notice_;
+    QPushButton* bringBack_;
+    QWidget* findBar_;
+    QLineEdit* findBox_;
+    QLabel* found_;
+    StatisticsTable* statistics_;
     Redrawing redrawing_;
+    Redrawing computing_;
     bool stale_ = false;
+    bool selectionStale_ = false;
     int shownTop_ = 0;
     bool visitPending_ = false; ///< A procedure has visited a cell since the grid was drawn.
     std::vector<Subscription> subscriptions_;

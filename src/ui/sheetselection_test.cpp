@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/windowrig.h"
+#include "ui/sheetpage.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QtTest/QTest>
+
+namespace orv {
+namespace {
+
+/// The sheet as an operator handles it, with the pointer and the keyboard.
+class SheetSelectionTest : public WindowTest {
+protected:
+    SheetSelectionTest() {
+        showPage(QStringLiteral("Output: Spread Sheet"));
+        comeForward();
+    }
+
+    void run(std::initializer_list<const char*> angles) {
+        connectAndRead();
+        window->settingsWindow()->close();
+        program.run();
+        receive("R\r\n");
+        for (const char* angle : angles) {
+            receive(QByteArray("11/21/26\t2700\t") + angle + "\t20\t30\t40\r\n");
+        }
+        page.refreshNow();
+        comeForward();
+        grid.setFocus();
+        QCoreApplication::processEvents();
+        ASSERT_TRUE(window->isActiveWindow());
+    }
+
+    void comeForward() {
+        QCoreApplication::processEvents(); // a window that has just been shown takes the focus
+        QApplication::setActiveWindow(window.get());
+        window->setFocus();
+        QCoreApplication::processEvents();
+    }
+
+    QPoint at(int row, int column) const { return grid.visualRect(grid.model()->index(row, column)).center(); }
+    void clickCell(int row, int column, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, modifiers, at(row, column));
+    }
+    void drag(QPoint from, QPoint to) {
+        QTest::mousePress(grid.viewport(), Qt::LeftButton, Qt::NoModifier, from);
+        QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(grid.viewport(), &move);
+        QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, to);
+    }
+    void clickHeader(int column) {
+        const QPoint place(grid.columnViewportPosition(column) + 5, 5);
+        QTest::mouseClick(grid.horizontalHeader()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(window->windowHandle(), key, modifiers);
+        QCoreApplication::processEvents();
+    }
+
+    std::string copied(Qt::KeyboardModifiers more = Qt::NoModifier) {
+        QGuiApplication::clipboard()->setText(QStringLiteral("nothing"));
+        key(Qt::Key_C, Qt::ControlModifier | more);
+        return QGuiApplication::clipboard()->text().toStdString();
+    }
+
+    /// A line of the statistics: count, mean, ....
+    std::string figures(int line) {
+        waitFor([this] { return find<QLabel>("SheetStatisticsHint").isHidden(); }, 1000);
+        QStringList texts;
+        for (const char* name : {"Count", "Mean", "Deviation", "Minimum", "Maximum"}) {
+            const auto* label =
+                window->findChild<QLabel*>(QStringLiteral("SheetStatistics%1%2").arg(QLatin1String(name)).arg(line));
+            texts << (label != nullptr && label->isVisible() ? label->text() : QString());
+        }
+        return texts.join(u'|').toStdString();
+    }
+
+    SheetPage& page = dynamic_cast<SheetPage&>(find<QWidget>("SheetPage"));
+    QTableView& grid = find<QTableView>("fg1");
+};
+
+constexpr const char* header = "Data #\tDate\tTime\t100\t125\t150\tRef\n";
+
+TEST_F(SheetSelectionTest, CellsAreCopiedWithTheHeaderRowAndWithoutIt) {
+    run({"10", "11", "12"});
+    EXPECT_EQ(copied(), "nothing") << "nothing is selected";
+    drag(at(0, 2), at(1, 4));
+    EXPECT_EQ(copied(), "Time\t100\t125\n1:00:00\t10\t20\n1:00:00\t11\t20");
+    EXPECT_EQ(copied(Qt::ShiftModifier), "1:00:00\t10\t20\n1:00:00\t11\t20");
+    clickCell(2, 3);
+    clickCell(0, 5, Qt::ControlModifier);
+    EXPECT_EQ(copied(), "100\t150\n\t30\n12\t") << "what lies between is not selected";
+}
+
+TEST_F(SheetSelectionTest, ARecordNumberStandsForItsRow) {
+    run({"10", "11", "12"});
+    clickCell(1, 0);
+    EXPECT_EQ(copied(), std::string(header) + "2\t11/21/26\t1:00:00\t11\t20\t30\t40");
+    drag(at(1, 0), at(2, 0));
+    EXPECT_EQ(copied(Qt::ShiftModifier), "2\t11/21/26\t1:00:00\t11\t20\t30\t40\n3\t11/21/26\t1:00:00\t12\t20\t30\t40");
+    clickCell(0, 3);
+    EXPECT_EQ(copied(), "100\n10") << "another cell stands for itself";
+}
+
+TEST_F(SheetSelectionTest, AHeaderStandsForItsColumnAndKeysDoTheSame) {
+    run({"10", "11", "12"});
+    clickHeader(3);
+    EXPECT_EQ(copied(), "100\n10\n11\n12");
+    clickCell(1, 4);
+    key(Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(copied(), "125\n20\n20\n20");
+    clickCell(1, 4);
+    key(Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_EQ(copied(Qt::ShiftModifier), "2\t11/21/26\t1:00:00\t11\t20\t30\t40");
+    clickCell(1, 3);
+    key(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(copied(), "100\n11\n12");
+    key(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(copied().starts_with(std::string(header) + "1\t11/21/26\t1:00:00\t10\t20")) << copied();
+}
+
+TEST_F(SheetSelectionTest, TheMenuHasWhatTheKeysDo) {
+    run({"10"});
+    QStringList items;
+    for (const QAction* action : grid.actions()) {
+        items << (action->isSeparator() ? QStringLiteral("-") : action->text() + u'=' + action->shortcut().toString());
+    }
+    EXPECT_EQ(items.join(u'|').toStdString(),
+              "&Copy=Ctrl+C|Copy &Without Header=Ctrl+Shift+C|-|Select &Rows=Shift+Space|Select Co&lumns=Ctrl+Space|"
+              "Select &All=Ctrl+A|-|&Find=Ctrl+F");
+    EXPECT_EQ(grid.contextMenuPolicy(), Qt::ActionsContextMenu);
+    clickCell(0, 3);
+    item("CopyCells").trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), "100\n10");
+}
+
+TEST_F(SheetSelectionTest, TheStatisticsAreThoseOfEachColumnOfTheSelection) {
+    run({"2", "4", "4", "4", "5", "5", "7", "9", "?"});
+    EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible());
+    drag(at(0, 3), at(7, 4));
+    EXPECT_EQ(figures(1), "8|5|2.13809|2|9");
+    EXPECT_EQ(figures(2), "8|20|0|20|20");
+    EXPECT_EQ(figures(3), "||||");
+    EXPECT_EQ(text("SheetStatisticsWhat"), "8 rows selected");
+    EXPECT_EQ(find<QLabel>("SheetStatisticsMean1").accessibleName().toStdString(), "Mean of 100");
+    clickCell(0, 3);
+    EXPECT_TRUE(waitFor([this] { return find<QLabel>("SheetStatisticsHint").isVisible(); }, 1000))
+        << "one number has no statistics";
+    clickHeader(3);
+    EXPECT_EQ(figures(1), "8|5|2.13809|2|9") << "a line that could not be read is no row";
+    program.clearAll();
+    page.refreshNow();
+    EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible());
+}
+
+TEST_F(SheetSelectionTest, ASelectionStaysWhileRowsCome) {
+    run({"10", "12"});
+    clickHeader(3);
+    EXPECT_EQ(figures(1), "2|11|1.414214|10|12");
+    receiveRow();
+    page.refreshNow();
+    EXPECT_EQ(copied(), "100\n10\n12") << "what comes is not selected";
+}
+
+TEST_F(SheetSelectionTest, AllOfALongSheetIsComputedAtOnce) {
+    connectAndRead();
+    for (int row = 1; row <= 20000; ++row) {
+        rows.addRow(
+            {.date = QStringLiteral("11/21/26"),
+             .time = QStringLiteral("1:00:00"),
+             .values = {QString::number(row), QStringLiteral("2.5"), QStringLiteral("3"), QStringLiteral("4")}});
+    }
+    page.refreshNow();
+    grid.selectAll();
+    EXPECT_EQ(figures(1), "20000|10000.5|5773.647|1|20000");
+    EXPECT_EQ(figures(4), "20000|4|0|4|4");
+}
+
+TEST_F(SheetSelectionTest, ATextIsFoundForwardsAndBackwardsAndRoundTheEnd) {
+    run({"10", "711", "12", "711"});
+    EXPECT_FALSE(find<QWidget>("FindBar").isVisible());
+    key(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_TRUE(find<QWidget>("FindBar").isVisible());
+    EXPECT_TRUE(find<QLineEdit>("FindBox").hasFocus());
+    type(find<QLineEdit>("FindBox"), "711");
+    const auto current = [this] {
+        return std::to_string(grid.currentIndex().row()) + ' ' + std::to_string(grid.currentIndex().column());
+    };
+    for (const char* place : {"1 3", "3 3", "1 3"}) {
+        key(Qt::Key_Return);
+        EXPECT_EQ(current(), place);
+        EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 1);
+    }
+    click("FindPrevious");
+    EXPECT_EQ(current(), "3 3");
+    click("FindNext");
+    EXPECT_EQ(current(), "1 3");
+    EXPECT_EQ(text("FindResult"), "");
+    retype(find<QLineEdit>("FindBox"), "712");
+    click("FindNext");
+    EXPECT_EQ(text("FindResult"), "Not found.");
+    EXPECT_EQ(current(), "1 3");
+    find<QLineEdit>("FindBox").setFocus();
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(find<QWidget>("FindBar").isVisible());
+    EXPECT_TRUE(grid.hasFocus());
+}
+
+TEST_F(SheetSelectionTest, OnAnotherPageTheKeysOfTheSheetDoNothing) {
+    run({"10"});
+    clickCell(0, 3);
+    find<QTabBar>("TabStrip1").setFocus();
+    EXPECT_EQ(copied(), "100\n10") << "wherever the focus is on this page";
+    showPage(QStringLiteral("Output: Graphical"));
+    EXPECT_EQ(copied(), "nothing");
+    key(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_FALSE(find<QWidget>("FindBar").isVisibleTo(&page));
+}
+
+TEST_F(SheetSelectionTest, WhatIsClearedIsBroughtBackByTheButton) {
+    run({"10", "11"});
+    program.reset();
+    program.closePort();
+    finish();
+    EXPECT_FALSE(button("BringBack").isVisible());
+    click("Command9");
+    page.refreshNow();
+    EXPECT_EQ(text("SheetNotice"), "2 rows cleared.");
+    EXPECT_EQ(button("BringBack").text().toStdString(), "&Bring them back");
+    clickAt(button("BringBack"), button("BringBack").rect().center());
+    page.refreshNow();
+    EXPECT_EQ(grid.model()->rowCount(), 2);
+    EXPECT_FALSE(button("BringBack").isVisible());
+    EXPECT_FALSE(find<QLabel>("SheetNotice").isVisible());
+}
+
+TEST_F(SheetSelectionTest, ASaveIsToldBelowTheSheetAndInTheTitle) {
+    const auto title = [this] { return window->windowTitle().toStdString(); };
+    run({"10", "11"});
+    EXPECT_EQ(title(), "ORV Host Program");
+    answers.fileName = path("lake.txt");
+    program.saveAs();
+    EXPECT_EQ(text("SheetNotice"), "Saved 2 rows to lake.txt");
+    EXPECT_EQ(find<QLabel>("SheetNotice").toolTip(), path("lake.txt"));
+    EXPECT_EQ(title(), "lake.txt - ORV Host Program");
+    receiveRow();
+    EXPECT_EQ(title(), "lake.txt* - ORV Host Program") << "a row that the file has not";
+    program.clearAll();
+    EXPECT_EQ(title(), "ORV Host Program");
+    EXPECT_EQ(text("SheetNotice"), "3 rows cleared.");
+}
+
+TEST_F(SheetSelectionTest, ALineTellsTheRowsOfTwoRunsApart) {
+    run({"10", "11"});
+    receive(">");
+    ticks(2);
+    program.run();
+    receive("R\r\n");
+    receiveRow();
+    page.refreshNow();
+    QCoreApplication::processEvents();
+    const QImage picture = grid.viewport()->grab().toImage();
+    const auto lineAbove = [&](int row) {
+        const QRect cell = grid.visualRect(grid.model()->index(row, 1));
+        const QColor text = grid.palette().color(QPalette::Text);
+        return picture.pixelColor(cell.left() + 2, cell.top()) == text &&
+               picture.pixelColor(cell.center().x(), cell.top()) == text;
+    };
+    EXPECT_FALSE(lineAbove(1));
+    EXPECT_TRUE(lineAbove(2));
+    EXPECT_EQ(grid.model()->data(grid.model()->index(2, 0), Qt::AccessibleDescriptionRole).toString().toStdString(),
+              "Another run or download begins here.");
+}
+
+} // namespace
+} // namespace orv
