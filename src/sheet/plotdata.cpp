@@ -12,13 +12,8 @@ namespace orv {
 
 namespace {
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double noPlace = std::numeric_limits<double>::quiet_NaN();
 constexpr double millisecond = 1e-3;
-
-double numberOf(const QString& cell) {
-    const double number = numberText(cell).value_or(notANumber);
-    return std::isfinite(number) ? number : notANumber; // digits beyond what a number can hold read as infinite
-}
 
 template <typename Value>
 void reorder(std::vector<Value>& values, const std::vector<std::size_t>& order) {
@@ -48,6 +43,7 @@ PlotData::Change PlotData::update() {
         removals_ = sheet_.removals();
         headerChanges_ = sheet_.headerChanges();
         taken_ = 0;
+        newest_ = Second();
         places_.clear();
         rows_.clear();
         rowsInOrder_ = true;
@@ -55,6 +51,7 @@ PlotData::Change PlotData::update() {
     } else if (rows == taken_) {
         return Change::None;
     }
+    firstChanged_ = pointCount();
     rowsOfOtherLayout_ = sheet_.rowsOfOtherLayout();
     bool sorted = true;
     for (int row = std::max(taken_, rowsOfOtherLayout_); row < rows; ++row) {
@@ -86,32 +83,64 @@ void PlotData::nameCurves() {
 }
 
 bool PlotData::take(int row) {
-    const double place = placeOf(row);
+    double place = placeOf(row);
     if (std::isnan(place)) {
         return true;
     }
-    const bool inOrder = places_.empty() || place >= places_.back();
+    bool inOrder = true;
+    if (axis_ == Axis::Time) {
+        if (place != newest_.begin) {
+            // The second before is whole: what it holds can be spread evenly.
+            inOrder = newest_.count == newest_.divisor || spreadNewest(newest_.count);
+            newest_ = {.begin = place, .firstRow = row, .count = 0, .divisor = std::max(newest_.count, 1)};
+        } else if (newest_.count == newest_.divisor) {
+            inOrder = spreadNewest(newest_.divisor + (newest_.divisor + 1) / 2);
+        }
+        place += static_cast<double>(newest_.count++) / newest_.divisor;
+    }
+    inOrder = inOrder && (places_.empty() || place >= places_.back());
     places_.push_back(place);
     rows_.push_back(row);
     for (std::size_t curve = 0; curve < values_.size(); ++curve) {
-        values_[curve].push_back(numberOf(sheet_.cell(row, sheetcolumn::firstValue + static_cast<int>(curve))));
+        values_[curve].push_back(sheet_.number(row, sheetcolumn::firstValue + static_cast<int>(curve)));
     }
     return inOrder;
 }
 
+/// Divides the newest second anew. Returns whether the points are still in the order of their places.
+bool PlotData::spreadNewest(int divisor) {
+    newest_.divisor = divisor;
+    if (rowsInOrder_) {
+        const int first = pointCount() - newest_.count;
+        for (int part = 0; part < newest_.count; ++part) {
+            places_[static_cast<std::size_t>(first + part)] = newest_.begin + static_cast<double>(part) / divisor;
+        }
+        firstChanged_ = std::min(firstChanged_, first);
+        return true;
+    }
+    // Its points keep their order among each other, wherever they stand.
+    int part = 0;
+    for (std::size_t point = 0; point < rows_.size(); ++point) {
+        if (rows_[point] >= newest_.firstRow) {
+            places_[point] = newest_.begin + static_cast<double>(part++) / divisor;
+        }
+    }
+    return false;
+}
+
 double PlotData::placeOf(int row) {
     if (axis_ == Axis::Record) {
-        return numberOf(sheet_.cell(row, sheetcolumn::record));
+        return sheet_.number(row, sheetcolumn::record);
     }
     const QString dateCell = sheet_.cell(row, sheetcolumn::date);
     if (dateCell != dateText_ || dateText_.isEmpty()) {
         dateText_ = dateCell;
         const std::optional<QDate> date = instrumentDate(dateCell);
         dateSeconds_ =
-            date ? static_cast<double>(date->startOfDay(Qt::UTC).toMSecsSinceEpoch()) * millisecond : notANumber;
+            date ? static_cast<double>(date->startOfDay(Qt::UTC).toMSecsSinceEpoch()) * millisecond : noPlace;
     }
     const std::optional<QTime> time = sheetTime(sheet_.cell(row, sheetcolumn::time));
-    return time ? dateSeconds_ + time->msecsSinceStartOfDay() * millisecond : notANumber;
+    return time ? dateSeconds_ + time->msecsSinceStartOfDay() * millisecond : noPlace;
 }
 
 void PlotData::sortPoints() {
@@ -131,6 +160,34 @@ void PlotData::sortPoints() {
 
 int PlotData::firstPointFrom(double place) const {
     return static_cast<int>(std::lower_bound(places_.begin(), places_.end(), place) - places_.begin());
+}
+
+int PlotData::firstPointAfter(double place) const {
+    return static_cast<int>(std::upper_bound(places_.begin(), places_.end(), place) - places_.begin());
+}
+
+Statistics PlotData::statistics(int curve, double lower, double upper) const {
+    Statistics numbers;
+    const int end = firstPointAfter(upper);
+    for (int point = firstPointFrom(lower); point < end; ++point) {
+        numbers.add(value(curve, point));
+    }
+    return numbers;
+}
+
+std::vector<RowRange> PlotData::rowsBetween(double lower, double upper) const {
+    const int first = firstPointFrom(lower);
+    std::vector<int> rows(rows_.begin() + first, rows_.begin() + std::max(first, firstPointAfter(upper)));
+    std::ranges::sort(rows);
+    std::vector<RowRange> ranges;
+    for (const int row : rows) {
+        if (ranges.empty() || ranges.back().second + 1 != row) {
+            ranges.emplace_back(row, row);
+        } else {
+            ranges.back().second = row;
+        }
+    }
+    return ranges;
 }
 
 int PlotData::nearestPoint(double place) const {
@@ -177,7 +234,8 @@ PlotView::Range withMargin(double lower, double upper, double part, double least
 
 void PlotView::setMode(Mode mode) {
     mode_ = mode;
-    keepValues_ = false;
+    together_.reset();
+    panes_.clear();
 }
 
 void PlotView::setReceiving(bool receiving) {
@@ -203,32 +261,60 @@ PlotView::Range PlotView::places(const PlotData& data) const {
     return withMargin(span.first, span.last, margin, 1.0);
 }
 
-PlotView::Range PlotView::values(const PlotData& data, const std::vector<bool>& shown, Range places) {
+PlotView::Range PlotView::fit(Kept& kept, double lower, double upper) {
     constexpr double margin = 0.05;
     constexpr double fillsWell = 0.6;
-    double lower = std::numeric_limits<double>::infinity();
-    double upper = -lower;
-    const int end = data.firstPointFrom(std::nextafter(places.upper, std::numeric_limits<double>::infinity()));
-    for (int point = data.firstPointFrom(places.lower); point < end; ++point) {
-        for (int curve = 0; curve < data.curveCount(); ++curve) {
-            if (shown[static_cast<std::size_t>(curve)]) {
-                // Comparisons with a gap's NaN are false.
-                const double value = data.value(curve, point);
-                lower = value < lower ? value : lower;
-                upper = value > upper ? value : upper;
+    if (lower > upper) {
+        kept.reset();
+        return {.lower = 0.0, .upper = 1.0};
+    }
+    const bool fits = kept && lower >= kept->lower && upper <= kept->upper;
+    if (!fits || upper - lower < (kept->upper - kept->lower) * fillsWell) {
+        kept = withMargin(lower, upper, margin, std::max(1.0, std::abs(upper) * margin));
+    }
+    return *kept;
+}
+
+namespace {
+
+/// Calls `take` with the statistics of each shown curve that has a number there.
+template <typename Take>
+void ofEachShown(const PlotData& data, const std::vector<bool>& shown, PlotView::Range places, const Take& take) {
+    for (int curve = 0; curve < data.curveCount(); ++curve) {
+        if (shown[static_cast<std::size_t>(curve)]) {
+            const Statistics numbers = data.statistics(curve, places.lower, places.upper);
+            if (numbers.count() > 0) {
+                take(numbers);
             }
         }
     }
-    if (lower > upper) {
-        keepValues_ = false;
-        return {.lower = 0.0, .upper = 1.0};
-    }
-    const bool fits = lower >= values_.lower && upper <= values_.upper;
-    if (!keepValues_ || !fits || upper - lower < (values_.upper - values_.lower) * fillsWell) {
-        values_ = withMargin(lower, upper, margin, std::max(1.0, std::abs(upper) * margin));
-        keepValues_ = true;
-    }
-    return values_;
+}
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+} // namespace
+
+PlotView::Range PlotView::values(const PlotData& data, const std::vector<bool>& shown, Range places) {
+    Range all{.lower = infinity, .upper = -infinity};
+    ofEachShown(data, shown, places, [&all](const Statistics& numbers) {
+        all = {.lower = std::min(all.lower, numbers.minimum()), .upper = std::max(all.upper, numbers.maximum())};
+    });
+    return fit(together_, all.lower, all.upper);
+}
+
+PlotView::Range PlotView::values(const PlotData& data, int curve, Range places) {
+    panes_.resize(static_cast<std::size_t>(data.curveCount()));
+    const Statistics numbers = data.statistics(curve, places.lower, places.upper);
+    return fit(panes_[static_cast<std::size_t>(curve)], numbers.minimum(), numbers.maximum());
+}
+
+PlotView::Range PlotView::changes(const PlotData& data, const std::vector<bool>& shown, Range places) {
+    Range all{.lower = infinity, .upper = -infinity};
+    ofEachShown(data, shown, places, [&all](const Statistics& numbers) {
+        all = {.lower = std::min(all.lower, numbers.minimum() - numbers.mean()),
+               .upper = std::max(all.upper, numbers.maximum() - numbers.mean())};
+    });
+    return fit(together_, all.lower, all.upper);
 }
 
 } // namespace orv

@@ -43,7 +43,7 @@ protected:
                 const double value = data.value(curve, point);
                 values << (std::isnan(value) ? QStringLiteral("-") : QString::number(value));
             }
-            all << QString::number(data.place(point), 'f', 0) + u':' + values.join(u',');
+            all << QString::number(data.place(point), 'g', 12) + u':' + values.join(u',');
         }
         return all.join(u' ').toStdString();
     }
@@ -128,10 +128,76 @@ TEST_F(PlotDataTest, WhereTheClockWasSetBackRowsStandAtTheirTimeInTheirOrder) {
     data.update();
     append({"4|1/1/70|0:00:10|4", "5|1/1/70|0:00:15|5"});
     EXPECT_EQ(data.update(), PlotData::Change::Relaid);
-    append({"6|1/1/70|0:00:20|6"});
+    append({"6|1/1/70|0:00:21|6"});
     EXPECT_EQ(data.update(), PlotData::Change::Appended);
-    EXPECT_EQ(points(), "10:1 10:4 15:5 20:2 20:3 20:6");
+    EXPECT_EQ(points(), "10:1 10:4 15:5 20:2 20.5:3 21:6");
     EXPECT_EQ(data.row(1), 3);
+}
+
+TEST_F(PlotDataTest, RowsOfOneSecondAreSpreadEvenlyOverIt) {
+    layOut("F", 310);
+    data.setAxis(PlotData::Axis::Time);
+    append(
+        {"1|1/1/70|0:00:10|1", "2|1/1/70|0:00:11|2", "3|1/1/70|0:00:11|3", "4|1/1/70|0:00:11|4", "5|1/1/70|0:00:11|5"});
+    data.update();
+    EXPECT_EQ(points(), "10:1 11:2 11.25:3 11.5:4 11.75:5");
+    append({"6|1/1/70|0:00:12|6", "7|1/1/70|0:00:12|7"});
+    EXPECT_EQ(data.update(), PlotData::Change::Appended);
+    EXPECT_EQ(points(), "10:1 11:2 11.25:3 11.5:4 11.75:5 12:6 12.25:7") << "as many are expected as came before";
+    EXPECT_EQ(data.firstChanged(), 5);
+    append({"8|1/1/70|0:00:14|8"});
+    EXPECT_EQ(data.update(), PlotData::Change::Appended);
+    EXPECT_EQ(points(), "10:1 11:2 11.25:3 11.5:4 11.75:5 12:6 12.5:7 14:8");
+    EXPECT_EQ(data.firstChanged(), 5) << "the second that is whole now is laid anew";
+    append({"9|1/1/70|0:00:14|9", "10|1/1/70|0:00:14|10"});
+    data.update();
+    EXPECT_TRUE(QString::fromStdString(points()).endsWith(QLatin1String(" 14:8 14.3333333333:9 14.6666666667:10")))
+        << points();
+}
+
+TEST_F(PlotDataTest, AClockThatStandsStillIsSpreadToo) {
+    layOut("F", 310);
+    data.setAxis(PlotData::Axis::Time);
+    int relaid = 0;
+    for (int row = 1; row <= 1000; ++row) {
+        sheet.appendRow(
+            {QString::number(row), QStringLiteral("1/1/70"), QStringLiteral("0:00:10"), QStringLiteral("1")});
+        data.update();
+        relaid += data.firstChanged() < row - 1 ? 1 : 0;
+    }
+    EXPECT_LT(relaid, 25) << "and not all points are laid anew for each row";
+    for (int point = 1; point < 1000; ++point) {
+        EXPECT_GT(data.place(point), data.place(point - 1));
+        EXPECT_LT(data.place(point), 11.0);
+    }
+}
+
+TEST_F(PlotDataTest, ARangeHasItsNumbersAndItsRows) {
+    layOut("V", 512);
+    append({"1|||10|1|x|5", "2|||20|2|x|5", "3|||30||x|5", "2|||40|4|x|5", "x|||50|5|x|5", "4|||60|6|x|5"});
+    data.update();
+    EXPECT_EQ(data.statistics(0, 2, 3).count(), 3);
+    EXPECT_DOUBLE_EQ(data.statistics(0, 2, 3).mean(), 30.0);
+    EXPECT_EQ(data.statistics(1, 2, 3).count(), 2) << "a gap is no number";
+    EXPECT_EQ(data.statistics(2, 0, 9).count(), 0);
+    EXPECT_EQ(data.rowsBetween(2, 3), (std::vector<RowRange>{{1, 3}}));
+    EXPECT_EQ(data.rowsBetween(1.5, 2.5), (std::vector<RowRange>{{1, 1}, {3, 3}}));
+    EXPECT_EQ(data.rowsBetween(0, 9), (std::vector<RowRange>{{0, 3}, {5, 5}}));
+    EXPECT_TRUE(data.rowsBetween(7, 9).empty());
+}
+
+TEST_F(PlotDataTest, APointContinuesTheRunOfTheOneBefore) {
+    layOut("F", 310);
+    sheet.beginSeries();
+    append({"1|||1", "2|||1"});
+    sheet.beginSeries();
+    append({"3|||1", "4|||1"});
+    data.update();
+    std::string joined;
+    for (int point = 0; point < data.pointCount(); ++point) {
+        joined += data.continues(point) ? '-' : '|';
+    }
+    EXPECT_EQ(joined, "|-|-");
 }
 
 TEST_F(PlotDataTest, NewRowsAreAddedBehindThoseThatAreThere) {
@@ -384,6 +450,20 @@ TEST_F(PlotViewTest, ValuesStandStillWhileTheyFitAndFillWell) {
     view.setMode(Mode::All);
     append(1, QStringLiteral("140"));
     EXPECT_EQ(values(), (Range{.lower = -7, .upper = 147})) << "a new choice lays out anew";
+}
+
+TEST_F(PlotViewTest, APaneHasTheValuesOfItsCurveAndChangesAreThoseFromTheMean) {
+    sheet.appendRow(QStringLiteral("1|||100|1000|x|").split(u'|'));
+    sheet.appendRow(QStringLiteral("2|||300|1100||").split(u'|'));
+    data.update();
+    const Range all{.lower = 0, .upper = 9};
+    EXPECT_EQ(view.values(data, 0, all), (Range{.lower = 90, .upper = 310}));
+    EXPECT_EQ(view.values(data, 1, all), (Range{.lower = 995, .upper = 1105}));
+    EXPECT_EQ(view.values(data, 2, all), (Range{.lower = 0, .upper = 1})) << "only gaps";
+    EXPECT_EQ(view.changes(data, shown, all), (Range{.lower = -110, .upper = 110}));
+    view.setMode(Mode::All);
+    shown = {false, true, true, true};
+    EXPECT_EQ(view.changes(data, shown, all), (Range{.lower = -55, .upper = 55}));
 }
 
 TEST_F(PlotViewTest, ValuesAtTheVeryEdgeFit) {

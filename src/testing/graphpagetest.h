@@ -67,6 +67,7 @@ protected:
         appendAndDraw(rows);
     }
     void chooseAxis(int index) { find<QComboBox>("PlotAxis").setCurrentIndex(index); }
+    void chooseArrangement(int index) { find<QComboBox>("PlotArrangement").setCurrentIndex(index); }
     void setColours(const QColor& base, const QColor& text) {
         QPalette palette = page.palette();
         palette.setColor(QPalette::Base, base);
@@ -81,8 +82,12 @@ protected:
     QCheckBox& curve(int number) { return find<QCheckBox>(qPrintable(QStringLiteral("Curve%1").arg(number))); }
     std::string note() { return text("PlotNote"); }
     std::string hint() {
-        auto* item = qobject_cast<QCPItemText*>(canvas().item(1));
-        return item != nullptr && item->visible() ? item->text().toStdString() : std::string();
+        for (int index = 0; index < canvas().itemCount(); ++index) {
+            if (auto* item = qobject_cast<QCPItemText*>(canvas().item(index)); item != nullptr && item->visible()) {
+                return item->text().toStdString();
+            }
+        }
+        return {};
     }
     /// What the page shows of a row: title, record, date, time and the values.
     std::string readout() {
@@ -96,15 +101,16 @@ protected:
         return all;
     }
 
-    void mouse(QEvent::Type type, const QPointF& at, Qt::MouseButton button, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, at, canvas().mapToGlobal(at), button, buttons, Qt::NoModifier);
+    void mouse(QEvent::Type type, const QPointF& at, Qt::MouseButton button, Qt::MouseButtons buttons,
+               Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QMouseEvent event(type, at, canvas().mapToGlobal(at), button, buttons, modifiers);
         QApplication::sendEvent(&canvas(), &event);
     }
     void moveTo(const QPointF& at) { mouse(QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton); }
-    void drag(const QPointF& from, const QPointF& to) {
-        mouse(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
-        mouse(QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton);
-        mouse(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
+    void drag(const QPointF& from, const QPointF& to, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        mouse(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton, modifiers);
+        mouse(QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton, modifiers);
+        mouse(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton, modifiers);
     }
     void doubleClick(const QPointF& at) {
         clickAt(canvas(), at);

@@ -99,6 +99,7 @@ protected:
         addFlag(records, "Follow", [this] { return button("Follow").isChecked() && !button("ShowAll").isChecked(); });
         addFlag(records, "ShowAll", [this] { return button("ShowAll").isChecked() && !button("Follow").isChecked(); });
         auto* canvas = dynamic_cast<PlotCanvas*>(&find<QWidget>("Plot"));
+        addFlag(records, "ChooseRange", [canvas] { return canvas->isChoosing(); });
         for (int curve = 0; curve < 4; ++curve) {
             addFlag(records, qPrintable(QStringLiteral("Curve%1").arg(curve + 1)),
                     [canvas, curve] { return canvas->graph(curve)->visible(); });

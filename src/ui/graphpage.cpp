@@ -26,7 +26,7 @@ namespace orv {
 namespace {
 
 constexpr int shortestRefreshDelay = 330; ///< Milliseconds from the first change to drawing it.
-constexpr double drawingShare = 20.0;     ///< The delay is so many times what drawing takes, if that is more.
+constexpr double drawingShare = 50.0;     ///< The delay is so many times what drawing takes, if that is more.
 
 bool receives(Activity activity) {
     return activity == Activity::Collecting || activity == Activity::Downloading;
@@ -42,6 +42,7 @@ GraphPage::GraphPage(Program& program)
     , canvas_(new PlotCanvas(data_))
     , list_(new CurveList)
     , note_(new QLabel)
+    , statistics_(new StatisticsTable(QStringLiteral("PlotStatistics"), {}))
     , redrawing_(this, shortestRefreshDelay, [this] { refreshNow(); }) {
     setObjectName(QStringLiteral("GraphicalPage"));
     canvas_->setObjectName(QStringLiteral("Plot"));
@@ -51,13 +52,16 @@ GraphPage::GraphPage(Program& program)
 
     auto* middle = new QHBoxLayout;
     middle->addWidget(canvas_, 1);
-    middle->addWidget(list_);
+    auto* side = new QVBoxLayout;
+    side->addWidget(list_, 1);
     auto* layout = new QVBoxLayout(this);
     auto* bar = makeBar();
     layout->addWidget(bar);
     layout->addLayout(middle, 1);
+    middle->addLayout(side);
+    side->addLayout(makePictureButtons());
+    layout->addWidget(statistics_);
     layout->addWidget(note_);
-    setTabOrder(bar->findChildren<QPushButton*>().constLast(), canvas_);
 
     const auto follow = [this] { schedule(); };
     subscriptions_ = {sheet_.rowAppended.subscribe(follow),
@@ -66,6 +70,7 @@ GraphPage::GraphPage(Program& program)
                       canvas_->zoomed.subscribe([this] { setMode(PlotView::Mode::Own); }),
                       canvas_->allWanted.subscribe([this] { setMode(PlotView::Mode::All); }),
                       canvas_->newestWanted.subscribe([this] { setMode(PlotView::Mode::Newest); }),
+                      canvas_->rangeChosen.subscribe([this] { takeRange(); }),
                       canvas_->cursorMoved.subscribe([this](int point) { readOut(point); }),
                       list_->switched.subscribe([this](int curve, bool shown) { switchCurve(curve, shown); }),
                       list_->regarded.subscribe([this](int curve) {
@@ -110,6 +115,14 @@ QWidget* GraphPage::makeBar() {
     takeSelections(axis);
     connect(axis, &QComboBox::currentIndexChanged, this,
             [this](int index) { setAxis(index == 1 ? PlotData::Axis::Time : PlotData::Axis::Record); });
+    auto* arrangement = new QComboBox;
+    arrangement->setObjectName(QStringLiteral("PlotArrangement"));
+    arrangement->setToolTip(QStringLiteral("All curves on one axis; a pane for each, with its own scale; or each less "
+                                           "its mean over what is seen."));
+    arrangement->addItems({QStringLiteral("One axis"), QStringLiteral("Stacked"), QStringLiteral("Change")});
+    takeSelections(arrangement);
+    connect(arrangement, &QComboBox::currentIndexChanged, this,
+            [this](int index) { arrange(static_cast<PlotView::Arrangement>(index)); });
     const auto makeModeButton = [this](const char* caption, const char* name, PlotView::Mode mode,
                                        const char* toolTip) {
         QPushButton* button = makeButton(
@@ -122,6 +135,30 @@ QWidget* GraphPage::makeBar() {
     follow_ = makeModeButton("&Follow", "Follow", PlotView::Mode::Newest, "Shows the newest rows as they come.");
     showAll_ = makeModeButton("Show A&ll", "ShowAll", PlotView::Mode::All,
                               "Shows all rows. A double click on the curves does the same.");
+    auto* choose = makeButton(
+        "Choose &Range", "ChooseRange", [] {},
+        "The pointer chooses a range of rows instead of moving the curves: for their mean and standard deviation, and "
+        "to select them on the sheet.");
+    choose->setCheckable(true);
+    connect(choose, &QPushButton::toggled, canvas_, [this](bool on) { canvas_->setChoosing(on); });
+
+    auto* bar = new QWidget;
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(makeCaption("&X axis :", axis));
+    row->addWidget(axis);
+    row->addSpacing(8);
+    row->addWidget(makeCaption("&View :", arrangement));
+    row->addWidget(arrangement);
+    row->addSpacing(8);
+    row->addWidget(follow_);
+    row->addWidget(showAll_);
+    row->addWidget(choose);
+    row->addStretch(1);
+    return bar;
+}
+
+QLayout* GraphPage::makePictureButtons() {
     auto* save = makeButton(
         "Save Pict&ure", "SavePicture", [] {}, "Saves the curves as they are seen as a PNG, PDF or SVG file.");
     save->setMenu(makeSaveMenu(save));
@@ -131,24 +168,45 @@ QWidget* GraphPage::makeBar() {
         "Copies the curves as they are seen as a picture to the clipboard.");
     auto* printButton = makeButton(
         "Print &Graph...", "PrintPicture", [this] { askForPrinter(); }, "Prints the curves as they are seen.");
+    auto* column = new QVBoxLayout;
+    for (QPushButton* button : {save, copy, printButton}) {
+        column->addWidget(button);
+    }
+    return column;
+}
 
-    auto* bar = new QWidget;
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(makeCaption("&X axis :", axis));
-    row->addWidget(axis);
-    row->addSpacing(16);
-    row->addWidget(follow_);
-    row->addWidget(showAll_);
-    row->addStretch(1);
-    row->addWidget(save);
-    row->addWidget(copy);
-    row->addWidget(printButton);
-    return bar;
+void GraphPage::arrange(PlotView::Arrangement arrangement) {
+    arrangement_ = arrangement;
+    canvas_->arrange(arrangement);
+    view_.setMode(view_.mode() == PlotView::Mode::Own ? PlotView::Mode::All : view_.mode());
+    stale_ = true;
+    refreshNow();
+}
+
+void GraphPage::takeRange() {
+    showStatistics();
+    if (const auto& range = canvas_->range()) {
+        rowsChosen.tell(data_.rowsBetween(range->lower, range->upper));
+    }
+}
+
+void GraphPage::showStatistics() {
+    std::vector<StatisticsTable::Line> lines;
+    int rows = 0;
+    if (const auto& range = canvas_->range()) {
+        for (int curve = 0; curve < data_.curveCount(); ++curve) {
+            if (shown_[static_cast<std::size_t>(curve)]) {
+                lines.push_back({data_.name(curve), data_.statistics(curve, range->lower, range->upper)});
+            }
+        }
+        rows = data_.firstPointAfter(range->upper) - data_.firstPointFrom(range->lower);
+    }
+    statistics_->show(rows == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(rows), lines);
 }
 
 void GraphPage::setAxis(PlotData::Axis axis) {
     data_.setAxis(axis);
+    canvas_->dropRange(); // it lies on another axis
     if (view_.mode() == PlotView::Mode::Own) {
         view_.setMode(PlotView::Mode::All); // what was zoomed to lies on another axis
         showMode();
@@ -181,12 +239,16 @@ void GraphPage::refreshNow() {
     if (change == PlotData::Change::Appended) {
         canvas_->append();
     } else if (change != PlotData::Change::None) {
+        if (change == PlotData::Change::Replaced) {
+            canvas_->dropRange();
+        }
         relay(change == PlotData::Change::Replaced ? -1 : pointedRow);
     }
     setRanges();
     showMode();
     tellWhatIsMissing();
     readOut(pointed_);
+    showStatistics();
     canvas_->drawNow();
 }
 
@@ -225,10 +287,25 @@ void GraphPage::showMode() {
 }
 
 void GraphPage::setRanges() {
-    if (view_.mode() != PlotView::Mode::Own) {
-        const PlotView::Range places = view_.places(data_);
-        canvas_->setRanges(places, view_.values(data_, shown_, places));
+    if (view_.mode() == PlotView::Mode::Own) {
+        return;
     }
+    const PlotView::Range places = view_.places(data_);
+    std::vector<PlotView::Range> values;
+    switch (arrangement_) {
+    case PlotView::Arrangement::Together:
+        values.push_back(view_.values(data_, shown_, places));
+        break;
+    case PlotView::Arrangement::Stacked:
+        for (int curve = 0; curve < data_.curveCount(); ++curve) {
+            values.push_back(view_.values(data_, curve, places));
+        }
+        break;
+    case PlotView::Arrangement::Change:
+        values.push_back(view_.changes(data_, shown_, places));
+        break;
+    }
+    canvas_->setRanges(places, values);
 }
 
 void GraphPage::tellWhatIsMissing() {
@@ -256,7 +333,8 @@ void GraphPage::tellWhatIsMissing() {
          data_.axis() == PlotData::Axis::Time ? "without a readable time" : "without a record number");
     if (notes.isEmpty()) {
         notes << QStringLiteral(
-            "Wheel zooms the axis, with Ctrl the values; dragging moves; a double click shows all.");
+            "Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click "
+            "shows all.");
     }
     note_->setText(notes.join(u' '));
 }

@@ -3,6 +3,7 @@
 
 #include "program/program.h"
 #include "sheet/plotdata.h"
+#include "ui/statisticstable.h"
 #include "ui/widgets.h"
 
 #include <QPointer>
@@ -30,11 +31,14 @@ public:
     /// Draws what has changed now, for screenshots and tests.
     void refreshNow();
 
+    Signal<std::vector<RowRange>> rowsChosen; ///< The rows of a range that the operator has chosen.
+
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     QWidget* makeBar();
+    QLayout* makePictureButtons();
     void setAxis(PlotData::Axis axis);
     void switchCurve(int curve, bool shown);
     QMenu* makeSaveMenu(QWidget* parent);
@@ -44,6 +48,9 @@ private:
     void setMode(PlotView::Mode mode);
     void showMode();
     void setRanges();
+    void arrange(PlotView::Arrangement arrangement);
+    void takeRange();
+    void showStatistics();
     void tellWhatIsMissing();
     void readOut(int point);
     void refreshTheme();
@@ -62,6 +69,8 @@ private:
     QPushButton* follow_ = nullptr;
     QPushButton* showAll_ = nullptr;
     QLabel* note_;
+    StatisticsTable* statistics_;
+    PlotView::Arrangement arrangement_ = PlotView::Arrangement::Together;
     std::vector<bool> shown_; ///< For each curve.
     int pointed_ = -1;        ///< The point under the pointer.
     Redrawing redrawing_;

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testing/graphpagetest.h"
 
+#include <QSet>
+#include <QTableView>
+
+#include <cmath>
 #include <set>
 
 namespace orv {
@@ -209,33 +213,192 @@ TEST_F(GraphPageTest, TheKeyboardMovesTheCursorRowByRow) {
     EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|1|");
 }
 
-TEST_F(GraphPageTest, RowsOfOneSecondAreToldApartByTheirValues) {
+TEST_F(GraphPageTest, RowsAtOnePlaceAreToldApartByTheirValues) {
     layOut("V", 512);
+    for (const char* value : {"1004", "1005"}) {
+        sheet.appendRow(
+            {QStringLiteral("4"), QStringLiteral("11/21/26"), QString::fromLatin1(value), QString::fromLatin1(value)});
+    }
     append(20);
-    chooseAxis(1);
-    const double place = canvas().graph(0)->data()->at(3)->key; // rows 4 and 5
+    page.refreshNow();
     curve(2).click();
     curve(3).click();
     curve(4).click();
-    moveTo(pixel(place, 1004));
-    EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|4|");
-    moveTo(pixel(place, 1005));
-    EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|5|");
+    moveTo(pixel(4, 1004));
+    EXPECT_EQ(text("ReadoutTime"), "1004");
+    moveTo(pixel(4, 1005));
+    EXPECT_EQ(text("ReadoutTime"), "1005");
 }
 
-TEST_F(GraphPageTest, RowsOfOneSecondStayInOrderWhenTheyAreDrawnOneByOne) {
+TEST_F(GraphPageTest, RowsOfOneSecondStandSideBySideAlsoWhenTheyAreDrawnOneByOne) {
     layOut("V", 512);
     chooseAxis(1);
-    for (const int second : {7, 7, 8}) {
+    for (const int second : {7, 7, 7, 8}) {
         const QString row = QString::number(sheet.rowCount() + 1);
         sheet.appendRow({row, QStringLiteral("11/21/26"), timeText(second), row});
         page.refreshNow();
     }
-    std::vector<double> drawn;
+    std::vector<double> values;
+    std::vector<double> places;
     for (const QCPGraphData& point : *canvas().graph(0)->data()) {
-        drawn.push_back(point.value);
+        values.push_back(point.value);
+        places.push_back(std::round((point.key - canvas().graph(0)->data()->at(0)->key) * 300));
     }
-    EXPECT_EQ(drawn, (std::vector<double>{1, 2, 3}));
+    EXPECT_EQ(values, (std::vector<double>{1, 2, 3, 4}));
+    EXPECT_EQ(places, (std::vector<double>{0, 100, 200, 300}));
+}
+
+TEST_F(GraphPageTest, TheTimeAxisNeverRepeatsALabel) {
+    layOut("V", 512);
+    chooseAxis(1);
+    appendAndDraw(200);
+    settle();
+    for (int zoom = 0; zoom < 40; ++zoom) {
+        const QVector<QString> labels = canvas().xAxis->tickVectorLabels();
+        EXPECT_EQ(QSet<QString>(labels.begin(), labels.end()).size(), labels.size())
+            << QStringList(labels.begin(), labels.end()).join(u'|').toStdString();
+        ASSERT_FALSE(labels.isEmpty());
+        EXPECT_TRUE(labels.front().endsWith(QLatin1String("\n11/21/26"))) << labels.front().toStdString();
+        canvas().xAxis->scaleRange(0.7);
+        canvas().replot();
+    }
+}
+
+TEST_F(GraphPageTest, TheCurvesOfTwoRunsAreNotJoined) {
+    layOut("V", 512);
+    sheet.beginSeries();
+    append(3);
+    sheet.beginSeries();
+    appendAndDraw(2);
+    sheet.beginSeries();
+    appendAndDraw(1);
+    std::string drawn;
+    for (const QCPGraphData& point : *canvas().graph(0)->data()) {
+        drawn += std::isnan(point.value) ? "| " : std::to_string(std::lround(point.value)) + ' ';
+    }
+    EXPECT_EQ(drawn, "1001 1002 1003 | 1004 1005 | 1006 ");
+}
+
+TEST_F(GraphPageTest, StackedEachShownCurveHasAPaneWithItsScale) {
+    begin(50);
+    chooseArrangement(1);
+    const auto panes = [this] {
+        QStringList all;
+        for (QCPAxisRect* pane : canvas().axisRects()) {
+            all << pane->axis(QCPAxis::atLeft)->label() +
+                       (pane->axis(QCPAxis::atBottom)->tickLabels() ? QStringLiteral("*") : QString());
+        }
+        return all.join(u' ').toStdString();
+    };
+    EXPECT_EQ(panes(), "100 125 150 Ref*") << "one axis of places, below";
+    settle();
+    for (int graph = 0; graph < 4; ++graph) {
+        EXPECT_EQ(canvas().graph(graph)->keyAxis()->range(), places());
+    }
+    EXPECT_EQ(canvas().graph(0)->valueAxis()->axisRect()->left(), canvas().axisRect()->left())
+        << "all begin below each other";
+    EXPECT_NEAR(canvas().graph(0)->valueAxis()->range().upper, 1050, 10);
+    EXPECT_NEAR(canvas().graph(1)->valueAxis()->range().lower, 2001, 10);
+    wheel(canvas().graph(0)->valueAxis()->axisRect()->rect().center());
+    EXPECT_FALSE(showAll().isChecked());
+    EXPECT_EQ(canvas().graph(0)->keyAxis()->range(), places()) << "zoomed in one, zoomed in all";
+    EXPECT_EQ(canvas().graph(1)->keyAxis()->range(), places());
+    curve(2).click();
+    EXPECT_EQ(panes(), "100 150 Ref*");
+    appendAndDraw(50);
+    layOut("V", 412);
+    appendAndDraw(1);
+    chooseArrangement(0);
+    EXPECT_EQ(panes(), "Value*");
+    EXPECT_EQ(canvas().graph(0)->valueAxis(), canvas().yAxis);
+}
+
+TEST_F(GraphPageTest, ChangeLaysEachCurveByItsMeanOverWhatIsSeen) {
+    begin(100);
+    chooseArrangement(2);
+    EXPECT_EQ(canvas().yAxis->label().toStdString(), "Change");
+    EXPECT_NEAR(canvas().yAxis->range().upper, 49.5 * 1.1, 1e-9);
+    const auto level = [this](int graph) { return canvas().graph(graph)->valueAxis()->range().center(); };
+    canvas().replot();
+    EXPECT_NEAR(level(0), 1050.5, 1e-9);
+    EXPECT_NEAR(level(1), 2050.5, 1e-9);
+    EXPECT_NEAR(level(2), 3000, 1e-9) << "a gap is no number";
+    EXPECT_NEAR(level(3), 4000, 1e-9);
+    canvas().xAxis->setRange(10.5, 20.5);
+    canvas().replot();
+    EXPECT_NEAR(level(0), 1015.5, 1e-9) << "also of a part that was zoomed to";
+    chooseArrangement(0);
+    EXPECT_EQ(canvas().axisRect()->axes().size(), 4);
+}
+
+TEST_F(GraphPageTest, TheCursorGoesThroughAllPanes) {
+    begin(50);
+    for (const int arrangement : {0, 1, 2}) {
+        chooseArrangement(arrangement);
+        settle();
+        const QCPAxis* values = canvas().graph(1)->valueAxis();
+        const QPointF at(canvas().xAxis->coordToPixel(20), values->coordToPixel(2020));
+        moveTo(at);
+        int upright = 0;
+        int level = 0;
+        for (int index = 0; index < canvas().itemCount(); ++index) {
+            const auto* line = qobject_cast<QCPItemStraightLine*>(canvas().item(index));
+            if (line != nullptr && line->visible()) {
+                const QPointF along = line->point2->pixelPosition() - line->point1->pixelPosition();
+                (std::abs(along.x()) < 0.1 ? upright : level) += 1;
+                if (std::abs(along.x()) < 0.1) {
+                    EXPECT_NEAR(line->point1->pixelPosition().x(), at.x(), 0.5);
+                } else if (line->clipAxisRect() == values->axisRect()) {
+                    EXPECT_NEAR(line->point1->pixelPosition().y(), at.y(), 0.5);
+                }
+            }
+        }
+        EXPECT_EQ(upright, arrangement == 1 ? 4 : 1) << arrangement;
+        EXPECT_EQ(level, upright) << arrangement;
+        EXPECT_EQ(text("ReadoutRecord"), "20") << arrangement;
+    }
+}
+
+TEST_F(GraphPageTest, ARangeIsMeasuredAndItsRowsAreSelected) {
+    begin(50);
+    const auto expectRange = [this](const char* how) {
+        EXPECT_EQ(text("PlotStatisticsWhat"), "11 rows") << how;
+        EXPECT_EQ(text("PlotStatisticsCount1"), "11") << how;
+        EXPECT_EQ(text("PlotStatisticsMean1"), "1015") << how;
+        EXPECT_EQ(text("PlotStatisticsDeviation1"), "3.316625") << how;
+        EXPECT_EQ(text("PlotStatisticsMean2"), "2015") << how;
+        const auto& grid = find<QTableView>("fg1");
+        EXPECT_EQ(grid.selectionModel()->selectedRows().size(), 11) << how;
+        EXPECT_TRUE(grid.selectionModel()->isRowSelected(9)) << how;
+        EXPECT_TRUE(grid.selectionModel()->isRowSelected(19)) << how;
+        press(canvas(), Qt::Key_Escape);
+        EXPECT_FALSE(find<QWidget>("PlotStatistics").isVisible()) << how;
+        grid.selectionModel()->clear();
+    };
+    EXPECT_FALSE(find<QWidget>("PlotStatistics").isVisible());
+    const QCPRange before = places();
+    drag(pixel(9.6, 2500), pixel(20.4, 2600), Qt::ShiftModifier);
+    EXPECT_EQ(places(), before) << "the curves stay";
+    expectRange("with Shift");
+    button("ChooseRange").click();
+    settle();
+    drag(pixel(20.4, 2500), pixel(9.6, 2600));
+    settle();
+    expectRange("with the button, backwards");
+    button("ChooseRange").click();
+    moveTo(pixel(10, 2500));
+    press(canvas(), Qt::Key_Space);
+    for (int step = 0; step < 10; ++step) {
+        press(canvas(), Qt::Key_Right);
+    }
+    press(canvas(), Qt::Key_Space);
+    expectRange("by keys");
+    drag(pixel(9.6, 2500), pixel(20.4, 2600), Qt::ShiftModifier);
+    curve(1).click();
+    EXPECT_EQ(text("PlotStatisticsMean1"), "2015") << "what is switched off is not measured";
+    sheet.removeRows();
+    page.refreshNow();
+    EXPECT_FALSE(find<QWidget>("PlotStatistics").isVisible());
 }
 
 TEST_F(GraphPageTest, TheAxisIsTheRecordNumberOrTheTime) {
@@ -347,8 +510,8 @@ TEST_F(GraphPageTest, EverythingCanBeOperatedAndFits) {
         }
     }
     EXPECT_EQ(order.join(u' ').toStdString(),
-              "PlotAxis Follow ShowAll SavePicture CopyPicture PrintPicture Plot Curve1 "
-              "Curve2 Curve3 Curve4 Curve5 Curve6");
+              "PlotAxis PlotArrangement Follow ShowAll ChooseRange Plot Curve1 Curve2 Curve3 Curve4 Curve5 Curve6 "
+              "SavePicture CopyPicture PrintPicture");
 }
 
 } // namespace

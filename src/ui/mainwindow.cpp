@@ -95,6 +95,8 @@ void MainWindow::prepareAllPages() {
     }
     sheetPage_ = new SheetPage(program_);
     graphPage_ = new GraphPage(program_);
+    subscriptions_.push_back(
+        graphPage_->rowsChosen.subscribe([this](const std::vector<RowRange>& rows) { sheetPage_->selectRows(rows); }));
     addPage(Page::Sheet, sheetPage_);
     addPage(Page::Graphical, graphPage_);
     addPage(Page::Debug, new DebugPage(program_));

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <set>
+#include <limits>
 #include <utility>
 
 namespace orv {
@@ -21,150 +21,62 @@ constexpr QCPScatterStyle::ScatterShape symbols[] = {QCPScatterStyle::ssCircle, 
                                                      QCPScatterStyle::ssTriangle, QCPScatterStyle::ssDiamond,
                                                      QCPScatterStyle::ssPlus,     QCPScatterStyle::ssCross};
 
-using Iterator = QCPGraphDataContainer::const_iterator;
-
-constexpr double cellSize = 4.0; ///< Pixels; less than a symbol.
-
-bool isGap(const QCPGraphData& point) {
-    return std::isnan(point.value);
-}
-
 } // namespace
-
-void PlotCurve::getOptimizedLineData(QVector<QCPGraphData>* lineData, const Iterator& begin,
-                                     const Iterator& end) const {
-    lineData->clear();
-    // The library reduces the points of a pixel to the least and the greatest and finds neither if the first is NaN.
-    QVector<QCPGraphData> reduced;
-    for (Iterator run = std::find_if_not(begin, end, isGap); run != end;) {
-        const Iterator gap = std::find_if(run, end, isGap);
-        if (gap - run > 1) {
-            reduced.clear();
-            QCPGraph::getOptimizedLineData(&reduced, run, gap);
-            lineData->append(reduced);
-        } else {
-            lineData->append(*run);
-        }
-        if (gap != end) {
-            lineData->append(*gap);
-        }
-        run = std::find_if_not(gap, end, isGap);
-    }
-}
-
-void PlotCurve::getOptimizedScatterData(QVector<QCPGraphData>* scatterData, Iterator begin, Iterator end) const {
-    QCPGraph::getOptimizedScatterData(scatterData, begin, end);
-    // The library would draw a gap's symbol in the corner of the window.
-    scatterData->erase(std::remove_if(scatterData->begin(), scatterData->end(), isGap), scatterData->end());
-    appendLonePoints(*scatterData, begin, end);
-}
-
-void PlotCurve::appendLonePoints(QVector<QCPGraphData>& points, Iterator begin, Iterator end) const {
-    const Iterator first = data()->constBegin();
-    const Iterator behindLast = data()->constEnd();
-    const auto cellOf = [](double pixel) { return static_cast<long long>(std::floor(pixel / cellSize)); };
-    // Of the symbols that would cover each other only one is drawn, or a sheet in which every other cell is no number
-    // would take too long.
-    long long column = 0;
-    std::set<long long> taken;
-    for (Iterator point = begin; point != end; ++point) {
-        const bool alone = !isGap(*point) && (point == first || isGap(*(point - 1))) &&
-                           (point + 1 == behindLast || isGap(*(point + 1)));
-        if (!alone) {
-            continue;
-        }
-        const long long itsColumn = cellOf(mKeyAxis->coordToPixel(point->key));
-        if (itsColumn != column) {
-            column = itsColumn;
-            taken.clear();
-        }
-        if (taken.insert(cellOf(mValueAxis->coordToPixel(point->value))).second) {
-            points.append(*point);
-        }
-    }
-}
 
 PlotCanvas::PlotCanvas(const PlotData& curves)
     : data_(curves)
-    , theme_(paperTheme()) {
+    , theme_(paperTheme())
+    , panes_(*this, curves) {
     setAccessibleName(QStringLiteral("Curves of the data sheet"));
-    setAccessibleDescription(
-        QStringLiteral("Left and Right move to the row before and after, with Shift they move the "
-                       "curves; Plus and Minus zoom, Home shows all, End follows the newest rows."));
+    setAccessibleDescription(QStringLiteral(
+        "Left and Right move to the row before and after, with Shift they move the "
+        "curves; Plus and Minus zoom, Home shows all, End follows the newest rows. Space begins and ends "
+        "the choice of a range, Escape drops it."));
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(240, 160);
     setLocale(QLocale::c());
     setAutoAddPlottableToLegend(false);
     setPlottingHints(QCP::phCacheLabels | QCP::phFastPolylines);
     setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
-    axisRect()->setupFullAxesBox();
-    axisRect()->setRangeDrag(Qt::Horizontal | Qt::Vertical);
-    for (QCPAxis* axis : {xAxis, yAxis, xAxis2, yAxis2}) {
-        axis->setNumberFormat(QStringLiteral("gb"));
-        axis->setNumberPrecision(9);
-        axis->setSubTicks(false);
-    }
-    for (QCPAxis* axis : {xAxis2, yAxis2}) {
-        axis->setTickLabels(false);
-        axis->setTicks(false);
-    }
-    yAxis->setLabel(QStringLiteral("Value"));
     legend->setFillOrder(QCPLegend::foColumnsFirst);
     legend->setBorderPen(Qt::NoPen);
 
-    // Moving the cursor draws this layer alone.
-    addLayer(QStringLiteral("cursor"), nullptr, limAbove);
-    layer(QStringLiteral("cursor"))->setMode(QCPLayer::lmBuffered);
-    cursorLine_ = new QCPItemStraightLine(this);
-    cursorLine_->setLayer(QStringLiteral("cursor"));
-    cursorLine_->setVisible(false);
-    cursorLine_->setAntialiased(false);
     hint_ = new QCPItemText(this);
     hint_->position->setType(QCPItemPosition::ptAxisRectRatio);
     hint_->position->setCoords(0.5, 0.5);
     hint_->setTextAlignment(Qt::AlignCenter);
     hint_->setVisible(false);
 
-    const auto chosen = [this] {
-        if (!settingRanges_) {
-            zoomed.tell();
-        }
-    };
-    connect(xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, chosen);
-    connect(yAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, chosen);
+    moved_ = panes_.moved.subscribe([this] { zoomed.tell(); });
     connect(this, &QCustomPlot::mouseWheel, this, [this](const QWheelEvent* event) {
-        const bool values =
-            (event->modifiers() & Qt::ControlModifier) != 0 || event->position().x() < axisRect()->left();
-        axisRect()->setRangeZoom(values ? Qt::Vertical : Qt::Horizontal);
+        if (QCPAxisRect* pane = panes_.paneAt(event->position())) {
+            const bool values = (event->modifiers() & Qt::ControlModifier) != 0 || event->position().x() < pane->left();
+            pane->setRangeZoom(values ? Qt::Vertical : Qt::Horizontal);
+        }
     });
     connect(this, &QCustomPlot::mouseDoubleClick, this, [this] { allWanted.tell(); });
     connect(this, &QCustomPlot::mouseMove, this, [this](const QMouseEvent* event) {
         if (event->buttons() == Qt::NoButton) {
-            moveCursor(pointAt(event->position()));
+            moveCursor(panes_.placeAt(event->position()));
         }
     });
-    connect(this, &QCustomPlot::beforeReplot, this, [this] { placeSymbols(); });
+    connect(this, &QCustomPlot::beforeReplot, this, [this] {
+        panes_.level();
+        placeSymbols();
+    });
     connect(this, &QCustomPlot::afterReplot, this, [this] { ++drawings_; });
     layOutAxis();
     refreshFont();
 }
 
 void PlotCanvas::layOutAxis() {
-    if (data_.axis() == PlotData::Axis::Time) {
-        const QSharedPointer<QCPAxisTickerDateTime> ticker(new QCPAxisTickerDateTime);
-        ticker->setDateTimeSpec(Qt::UTC);
-        ticker->setDateTimeFormat(QStringLiteral("h:mm:ss\nM/d/yy"));
-        xAxis->setTicker(ticker);
-        xAxis->setLabel(QStringLiteral("Time"));
-    } else {
-        const QSharedPointer<QCPAxisTicker> ticker(new QCPAxisTicker);
-        xAxis->setTicker(ticker);
-        xAxis->setLabel(QStringLiteral("Record"));
-    }
+    const bool time = data_.axis() == PlotData::Axis::Time;
+    xAxis->setTicker(time ? QSharedPointer<QCPAxisTicker>(new TimeTicker) : QSharedPointer<QCPAxisTicker>::create());
+    xAxis->setLabel(time ? QStringLiteral("Time") : QStringLiteral("Record"));
 }
 
 void PlotCanvas::relay(int cursor) {
-    placeCursor(cursor);
+    cursor_ = {.point = cursor, .graph = -1};
     while (graphCount() > data_.curveCount()) {
         removeGraph(graphCount() - 1);
     }
@@ -180,18 +92,33 @@ void PlotCanvas::relay(int cursor) {
     drawnPoints_ = 0;
     append();
     layOutAxis();
+    panes_.setCursor(cursor, -1);
+    arrange(panes_.arrangement());
     applyTheme(theme_);
 }
 
+void PlotCanvas::arrange(PlotView::Arrangement arrangement) {
+    panes_.arrange(arrangement);
+}
+
 void PlotCanvas::append() {
+    const int first = drawnPoints_ == 0 ? 0 : std::min(drawnPoints_, data_.firstChanged());
     for (int curve = 0; curve < graphCount(); ++curve) {
         QCPGraphDataContainer& points = *graph(curve)->data();
+        if (first == 0) {
+            points.clear();
+        } else if (first < drawnPoints_) {
+            points.removeAfter(data_.place(first - 1));
+        }
         QVector<QCPGraphData> come;
-        come.reserve(data_.pointCount() - drawnPoints_);
-        for (int point = drawnPoints_; point < data_.pointCount(); ++point) {
+        come.reserve(data_.pointCount() - first);
+        for (int point = first; point < data_.pointCount(); ++point) {
+            if (point > 0 && !data_.continues(point)) {
+                come.append({data_.place(point), std::numeric_limits<double>::quiet_NaN()}); // runs are not joined
+            }
             come.append({data_.place(point), data_.value(curve, point)});
         }
-        if (drawnPoints_ == 0) {
+        if (first == 0) {
             points.set(come, true);
         } else {
             // Added in one call, those at the place of the first point held would come to stand before it.
@@ -204,7 +131,12 @@ void PlotCanvas::append() {
 }
 
 void PlotCanvas::setShown(int curve, bool shown) {
-    graph(curve)->setVisible(shown);
+    if (graph(curve)->visible() != shown) {
+        graph(curve)->setVisible(shown);
+        if (panes_.arrangement() == PlotView::Arrangement::Stacked) {
+            arrange(PlotView::Arrangement::Stacked);
+        }
+    }
 }
 
 void PlotCanvas::emphasise(int curve) {
@@ -214,10 +146,8 @@ void PlotCanvas::emphasise(int curve) {
     }
 }
 
-void PlotCanvas::setRanges(PlotView::Range places, PlotView::Range values) {
-    const QScopedValueRollback setting(settingRanges_, true);
-    xAxis->setRange(places.lower, places.upper);
-    yAxis->setRange(values.lower, values.upper);
+void PlotCanvas::setRanges(PlotView::Range places, const std::vector<PlotView::Range>& values) {
+    panes_.setRanges(places, values);
 }
 
 PlotView::Range PlotCanvas::places() const {
@@ -252,17 +182,9 @@ QCPScatterStyle PlotCanvas::symbolOf(int curve, const QColor& background) const 
 void PlotCanvas::applyTheme(const PlotTheme& theme) {
     const QScopedValueRollback applying(theme_, theme);
     setBackground(QBrush(theme.background));
-    for (QCPAxis* axis : {xAxis, yAxis, xAxis2, yAxis2}) {
-        axis->setBasePen(QPen(theme.text, 1));
-        axis->setTickPen(QPen(theme.text, 1));
-        axis->setLabelColor(theme.text);
-        axis->setTickLabelColor(theme.text);
-        axis->grid()->setPen(QPen(theme.grid, 1));
-        axis->grid()->setZeroLinePen(QPen(theme.grid, 1));
-    }
+    panes_.applyTheme(theme);
     legend->setBrush(theme.background);
     legend->setTextColor(theme.text);
-    cursorLine_->setPen(QPen(theme.text, 1));
     hint_->setColor(theme.text);
     for (int curve = 0; curve < graphCount(); ++curve) {
         graph(curve)->setPen(penOf(curve));
@@ -271,10 +193,7 @@ void PlotCanvas::applyTheme(const PlotTheme& theme) {
 }
 
 void PlotCanvas::refreshFont() {
-    for (QCPAxis* axis : {xAxis, yAxis, xAxis2, yAxis2}) {
-        axis->setLabelFont(font());
-        axis->setTickLabelFont(font());
-    }
+    panes_.applyFont(font());
     legend->setFont(font());
     hint_->setFont(font());
 }
@@ -295,45 +214,76 @@ void PlotCanvas::drawNow() {
     replot(rpQueuedRefresh);
 }
 
-int PlotCanvas::pointAt(const QPointF& position) const {
-    if (!axisRect()->rect().contains(position.toPoint())) {
-        return -1;
-    }
-    int nearest = data_.nearestPoint(xAxis->pixelToCoord(position.x()));
-    if (nearest < 0) {
-        return -1;
-    }
-    // Rows at the same place are told apart by their values.
-    double least = std::numeric_limits<double>::infinity();
-    const double place = data_.place(nearest);
-    for (int point = data_.firstPointFrom(place); point < data_.pointCount() && data_.place(point) == place; ++point) {
-        for (int curve = 0; curve < graphCount(); ++curve) {
-            const double distance = std::abs(yAxis->coordToPixel(data_.value(curve, point)) - position.y());
-            if (graph(curve)->visible() && distance < least) {
-                least = distance;
-                nearest = point;
-            }
-        }
-    }
-    return nearest;
-}
-
-void PlotCanvas::moveCursor(int point) {
-    if (point == cursor_) {
+void PlotCanvas::moveCursor(PlotPanes::Place place) {
+    if (place.point == cursor_.point && place.graph == cursor_.graph) {
         return;
     }
-    placeCursor(point);
-    layer(QStringLiteral("cursor"))->replot();
-    cursorMoved.tell(point);
+    const bool moved = place.point != std::exchange(cursor_, place).point;
+    panes_.setCursor(place.point, place.graph);
+    drawOver();
+    if (moved) {
+        cursorMoved.tell(place.point);
+    }
 }
 
-void PlotCanvas::placeCursor(int point) {
-    cursor_ = point;
-    cursorLine_->setVisible(point >= 0);
-    if (point >= 0) {
-        cursorLine_->point1->setCoords(data_.place(point), 0.0);
-        cursorLine_->point2->setCoords(data_.place(point), 1.0);
+void PlotCanvas::drawOver() {
+    layer(QStringLiteral("cursor"))->replot();
+}
+
+void PlotCanvas::chooseRange(double from, double to) {
+    panes_.setRange(PlotView::Range{.lower = std::min(from, to), .upper = std::max(from, to)});
+    drawOver();
+}
+
+void PlotCanvas::dropRange() {
+    rangeBegin_.reset();
+    panes_.setRange(std::nullopt);
+}
+
+void PlotCanvas::markRange() {
+    if (cursor_.point < 0) {
+        return;
     }
+    const double place = data_.place(cursor_.point);
+    if (!rangeBegin_) {
+        rangeBegin_ = place;
+        chooseRange(place, place);
+        return;
+    }
+    chooseRange(*std::exchange(rangeBegin_, std::nullopt), place);
+    rangeChosen.tell();
+}
+
+void PlotCanvas::mousePressEvent(QMouseEvent* event) {
+    const bool wanted = choosing_ || (event->modifiers() & Qt::ShiftModifier) != 0;
+    if (event->button() != Qt::LeftButton || !wanted || panes_.paneAt(event->position()) == nullptr) {
+        QCustomPlot::mousePressEvent(event);
+        return;
+    }
+    draggingRange_ = true;
+    rangeBegin_ = xAxis->pixelToCoord(event->position().x());
+    chooseRange(*rangeBegin_, *rangeBegin_);
+}
+
+void PlotCanvas::mouseMoveEvent(QMouseEvent* event) {
+    if (draggingRange_ && rangeBegin_) {
+        chooseRange(*rangeBegin_, xAxis->pixelToCoord(event->position().x()));
+    } else {
+        QCustomPlot::mouseMoveEvent(event);
+    }
+}
+
+void PlotCanvas::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !std::exchange(draggingRange_, false)) {
+        QCustomPlot::mouseReleaseEvent(event);
+        return;
+    }
+    rangeBegin_.reset();
+    if (const auto& range = panes_.range(); range && range->lower == range->upper) { // a click
+        panes_.setRange(std::nullopt);
+        drawOver();
+    }
+    rangeChosen.tell();
 }
 
 void PlotCanvas::zoom(double factor) {
@@ -353,9 +303,21 @@ void PlotCanvas::keyPressEvent(QKeyEvent* event) {
             xAxis->moveRange(direction * step * xAxis->range().size());
             replot(rpQueuedReplot);
         } else if (data_.pointCount() > 0) {
-            moveCursor(cursor_ < 0 ? data_.nearestPoint(xAxis->range().center())
-                                   : std::clamp(cursor_ + direction, 0, data_.pointCount() - 1));
+            const int point = cursor_.point < 0 ? data_.nearestPoint(xAxis->range().center())
+                                                : std::clamp(cursor_.point + direction, 0, data_.pointCount() - 1);
+            moveCursor({.point = point, .graph = cursor_.graph});
+            if (rangeBegin_) {
+                chooseRange(*rangeBegin_, data_.place(point));
+            }
         }
+        break;
+    case Qt::Key_Space:
+        markRange();
+        break;
+    case Qt::Key_Escape:
+        dropRange();
+        drawOver();
+        rangeChosen.tell();
         break;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
@@ -376,7 +338,7 @@ void PlotCanvas::keyPressEvent(QKeyEvent* event) {
 }
 
 void PlotCanvas::leaveEvent(QEvent* event) {
-    moveCursor(-1);
+    moveCursor({});
     QCustomPlot::leaveEvent(event);
 }
 
@@ -391,12 +353,11 @@ void PlotCanvas::paintEvent(QPaintEvent* event) {
 
 void PlotCanvas::paintPicture(QCPPainter& painter, int width, int height) {
     const QCP::AntialiasedElements notSmooth = notAntialiasedElements();
-    const bool cursorSeen = cursorLine_->visible();
     const int emphasised = std::exchange(emphasised_, -1);
     constexpr double paperWidth = 1.5;
     const double screenWidth = std::exchange(lineWidth_, paperWidth);
     setNotAntialiasedElements(QCP::aeNone);
-    cursorLine_->setVisible(false);
+    layer(QStringLiteral("cursor"))->setVisible(false);
     applyTheme(paperTheme());
     placeSymbols();
     // On the screen the page has a legend of its own; the picture gets one above the curves.
@@ -421,7 +382,7 @@ void PlotCanvas::paintPicture(QCPPainter& painter, int width, int height) {
     emphasised_ = emphasised;
     lineWidth_ = screenWidth;
     applyTheme(theme_);
-    cursorLine_->setVisible(cursorSeen);
+    layer(QStringLiteral("cursor"))->setVisible(true);
     setNotAntialiasedElements(notSmooth);
     drawNow();
 }

@@ -3,35 +3,13 @@
 
 #include "base/observe.h"
 #include "sheet/plotdata.h"
+#include "ui/plotpanes.h"
 #include "ui/style.h"
 
-// The plotting library's header wants two keywords that the program's own code does without.
-#include <QtGlobal>
-#define signals Q_SIGNALS
-#define foreach(variable, container) for (variable : container) // NOLINT(bugprone-macro-parentheses): a declaration
-#include <qcustomplot.h>
-#undef foreach
-#undef signals
+#include <optional>
+#include <vector>
 
 namespace orv {
-
-/// A curve with gaps, which are points whose value is NaN. Every number is seen, however many points share a pixel: the
-/// line reaches the last one before a gap and begins with the first one after it, and a number that stands alone
-/// between gaps, where there is no line, has its symbol whatever the distance of the other symbols is.
-class PlotCurve final : public QCPGraph {
-public:
-    using QCPGraph::QCPGraph;
-
-protected:
-    void getOptimizedLineData(QVector<QCPGraphData>* lineData, const QCPGraphDataContainer::const_iterator& begin,
-                              const QCPGraphDataContainer::const_iterator& end) const override;
-    void getOptimizedScatterData(QVector<QCPGraphData>* scatterData, QCPGraphDataContainer::const_iterator begin,
-                                 QCPGraphDataContainer::const_iterator end) const override;
-
-private:
-    void appendLonePoints(QVector<QCPGraphData>& points, QCPGraphDataContainer::const_iterator begin,
-                          QCPGraphDataContainer::const_iterator end) const;
-};
 
 /// Draws the curves and takes the operator's mouse and keys. It draws when drawNow() is called, when it is resized, and
 /// while the operator zooms, drags or moves the cursor.
@@ -45,6 +23,7 @@ public:
     Signal<> allWanted;      ///< Double click or Home.
     Signal<> newestWanted;   ///< End.
     Signal<int> cursorMoved; ///< To a point, or to none (-1).
+    Signal<> rangeChosen;    ///< He chose a range of places, or none any more.
 
     /// Lays all curves out anew after they have been replaced; every one is shown. The cursor moves to a point, or to
     /// none (-1), which is not told.
@@ -54,8 +33,16 @@ public:
     void setShown(int curve, bool shown);
     /// Draws one curve thicker than the others; none for -1.
     void emphasise(int curve);
-    void setRanges(PlotView::Range places, PlotView::Range values);
+    void arrange(PlotView::Arrangement arrangement);
+    /// As PlotPanes::setRanges().
+    void setRanges(PlotView::Range places, const std::vector<PlotView::Range>& values);
     PlotView::Range places() const;
+    /// The pointer chooses a range, with or without Shift, instead of moving the curves.
+    void setChoosing(bool choosing) { choosing_ = choosing; }
+    bool isChoosing() const { return choosing_; }
+    const std::optional<PlotView::Range>& range() const { return panes_.range(); }
+    /// Forgets the range, which is not told.
+    void dropRange();
     /// Text in the place of the curves; none if empty.
     void setHint(const QString& hint);
     /// While rows come in, curves are drawn without antialiasing.
@@ -77,30 +64,37 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QPen penOf(int curve) const;
     QCPScatterStyle symbolOf(int curve, const QColor& background) const;
-    int pointAt(const QPointF& position) const;
     void layOutAxis();
     void applyTheme(const PlotTheme& theme);
     void placeSymbols();
-    void moveCursor(int point);
-    void placeCursor(int point);
+    void moveCursor(PlotPanes::Place place);
+    void chooseRange(double from, double to);
+    void markRange();
+    void drawOver();
     void zoom(double factor);
 
     const PlotData& data_;
     PlotTheme theme_;
-    QCPItemStraightLine* cursorLine_;
+    PlotPanes panes_;
     QCPItemText* hint_;
-    bool settingRanges_ = false;
+    bool choosing_ = false;
+    bool draggingRange_ = false;
+    std::optional<double> rangeBegin_; ///< Where the pointer, or Space, began a range that is being chosen.
     int drawnPoints_ = 0;
-    int cursor_ = -1;
+    PlotPanes::Place cursor_;
     int emphasised_ = -1;
     double lineWidth_ = 1.0;
     int drawings_ = 0;
+    Subscription moved_;
 };
 
 } // namespace orv

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/plotcurve.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace orv {
+
+namespace {
+
+using Iterator = QCPGraphDataContainer::const_iterator;
+
+constexpr double cellSize = 4.0; ///< Pixels; less than a symbol.
+
+bool isGap(const QCPGraphData& point) {
+    return std::isnan(point.value);
+}
+
+} // namespace
+
+void PlotCurve::getOptimizedLineData(QVector<QCPGraphData>* lineData, const Iterator& begin,
+                                     const Iterator& end) const {
+    lineData->clear();
+    // The library reduces the points of a pixel to the least and the greatest and finds neither if the first is NaN.
+    QVector<QCPGraphData> reduced;
+    for (Iterator run = std::find_if_not(begin, end, isGap); run != end;) {
+        const Iterator gap = std::find_if(run, end, isGap);
+        if (gap - run > 1) {
+            reduced.clear();
+            QCPGraph::getOptimizedLineData(&reduced, run, gap);
+            lineData->append(reduced);
+        } else {
+            lineData->append(*run);
+        }
+        if (gap != end) {
+            lineData->append(*gap);
+        }
+        run = std::find_if_not(gap, end, isGap);
+    }
+}
+
+void PlotCurve::getOptimizedScatterData(QVector<QCPGraphData>* scatterData, Iterator begin, Iterator end) const {
+    QCPGraph::getOptimizedScatterData(scatterData, begin, end);
+    // The library would draw a gap's symbol in the corner of the window.
+    scatterData->erase(std::remove_if(scatterData->begin(), scatterData->end(), isGap), scatterData->end());
+    appendLonePoints(*scatterData, begin, end);
+}
+
+void PlotCurve::appendLonePoints(QVector<QCPGraphData>& points, Iterator begin, Iterator end) const {
+    const Iterator first = data()->constBegin();
+    const Iterator behindLast = data()->constEnd();
+    const auto cellOf = [](double pixel) { return static_cast<long long>(std::floor(pixel / cellSize)); };
+    // Of the symbols that would cover each other only one is drawn, or a sheet in which every other cell is no number
+    // would take too long.
+    long long column = 0;
+    std::set<long long> taken;
+    for (Iterator point = begin; point != end; ++point) {
+        const bool alone = !isGap(*point) && (point == first || isGap(*(point - 1))) &&
+                           (point + 1 == behindLast || isGap(*(point + 1)));
+        if (!alone) {
+            continue;
+        }
+        const long long itsColumn = cellOf(mKeyAxis->coordToPixel(point->key));
+        if (itsColumn != column) {
+            column = itsColumn;
+            taken.clear();
+        }
+        if (taken.insert(cellOf(mValueAxis->coordToPixel(point->value))).second) {
+            points.append(*point);
+        }
+    }
+}
+
+TimeTicker::TimeTicker() {
+    setDateTimeSpec(Qt::UTC);
+}
+
+double TimeTicker::getTickStep(const QCPRange& range) {
+    constexpr double millisecond = 1e-3;
+    const double step = std::max(QCPAxisTickerDateTime::getTickStep(range), millisecond);
+    setDateTimeFormat(step < 1.0 ? QStringLiteral("h:mm:ss.zzz") : QStringLiteral("h:mm:ss"));
+    return step;
+}
+
+QVector<QString> TimeTicker::createLabelVector(const QVector<double>& ticks, const QLocale& locale, QChar formatChar,
+                                               int precision) {
+    QVector<QString> labels = QCPAxisTickerDateTime::createLabelVector(ticks, locale, formatChar, precision);
+    QDate before;
+    for (qsizetype tick = 0; tick < labels.size(); ++tick) {
+        const QDate date = keyToDateTime(ticks[tick]).toUTC().date();
+        if (date != before) {
+            labels[tick] += u'\n' + QLocale::c().toString(date, QStringLiteral("M/d/yy"));
+        }
+        before = date;
+    }
+    return labels;
+}
+
+} // namespace orv

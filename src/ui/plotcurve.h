@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// The plotting library's header wants two keywords that the program's own code does without.
+#include <QtGlobal>
+#define signals Q_SIGNALS
+#define foreach(variable, container) for (variable : container) // NOLINT(bugprone-macro-parentheses): a declaration
+#include <qcustomplot.h>
+#undef foreach
+#undef signals
+
+namespace orv {
+
+/// A curve with gaps, which are points whose value is NaN. Every number is seen, however many points share a pixel: the
+/// line reaches the last one before a gap and begins with the first one after it, and a number that stands alone
+/// between gaps, where there is no line, has its symbol whatever the distance of the other symbols is.
+class PlotCurve final : public QCPGraph {
+public:
+    using QCPGraph::QCPGraph;
+
+protected:
+    void getOptimizedLineData(QVector<QCPGraphData>* lineData, const QCPGraphDataContainer::const_iterator& begin,
+                              const QCPGraphDataContainer::const_iterator& end) const override;
+    void getOptimizedScatterData(QVector<QCPGraphData>* scatterData, QCPGraphDataContainer::const_iterator begin,
+                                 QCPGraphDataContainer::const_iterator end) const override;
+
+private:
+    void appendLonePoints(QVector<QCPGraphData>& points, QCPGraphDataContainer::const_iterator begin,
+                          QCPGraphDataContainer::const_iterator end) const;
+};
+
+/// Labels an axis of seconds from the start of 1970 with times of day, and with the date below where it begins. No two
+/// labels are the same: within a second they have decimals.
+class TimeTicker final : public QCPAxisTickerDateTime {
+public:
+    TimeTicker();
+
+protected:
+    double getTickStep(const QCPRange& range) override;
+    QVector<QString> createLabelVector(const QVector<double>& ticks, const QLocale& locale, QChar formatChar,
+                                       int precision) override;
+};
+
+} // namespace orv
