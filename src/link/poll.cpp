@@ -18,12 +18,9 @@ QString ProgramLog::write(const QByteArray& block) {
     if (!file_.isOpen()) {
         return {};
     }
-    const QByteArray line = block + "\r\n";
-    if (file_.write(line) == line.size()) {
-        failureTold_ = false;
-        return {};
-    }
-    return std::exchange(failureTold_, true) ? QString() : errorText(file_);
+    QString reason = appendWhole(file_, block + "\r\n");
+    const bool isTold = std::exchange(failureTold_, !reason.isEmpty());
+    return isTold ? QString() : reason;
 }
 
 Poll::Poll(Session& session, ComPorts& ports, DebugState& debug)

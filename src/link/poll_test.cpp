@@ -337,6 +337,26 @@ TEST_F(PollTest, tellsAFailedLogOnceAndGoesOn) {
     EXPECT_EQ(theMessage().title, QStringLiteral("ORV Host Program"));
 }
 
+#ifdef Q_OS_UNIX
+TEST_F(PollTest, tellsInTheSystemsWordsThatTheLogTookABlockInPartAndLeavesThatOut) {
+    program.load();
+    ports.open();
+    take("one\r\n");
+    {
+        const FileSizeLimit limit(10); // "one", CR LF, CR LF and a part of the next
+        take("two\r\n");
+        take("three\r\n");
+    }
+    EXPECT_TRUE(theMessage().text.contains(QStringLiteral("log.ohp can no longer be written: %1.\n\nThe program goes "
+                                                          "on; make room on the disk")
+                                               .arg(systemWords(EFBIG))))
+        << theMessage().text.toStdString();
+    EXPECT_EQ(contentsOf(folder.path("log.ohp")), "one\r\n\r\n");
+    take("four\r\n");
+    EXPECT_EQ(contentsOf(folder.path("log.ohp")), "one\r\n\r\nfour\r\n\r\n");
+}
+#endif
+
 TEST_F(PollTest, meetsAFailureOnlyAfterEveryLineThatArrivedBefore) {
     timer.enable();
     com1.failureReason = QStringLiteral("Gone.");
