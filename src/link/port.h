@@ -4,6 +4,7 @@
 #include "base/observe.h"
 
 #include <QByteArray>
+#include <QFileInfo>
 #include <QString>
 
 #include <vector>
@@ -86,11 +87,15 @@ inline bool isSimulatedDevice(const QString& device) {
     return device.startsWith(QLatin1String("sim:"));
 }
 
-/// Whether two names mean one device of this computer: "ttyUSB0" and "/dev/ttyUSB0" do. Each line has a simulated
-/// instrument of its own, so two of these never do.
+/// Whether two names mean one device of this computer: "ttyUSB0", "/dev/ttyUSB0" and a link to it do. Each line has a
+/// simulated instrument of its own, so two of these never do.
 inline bool sameDevice(const QString& one, const QString& other) {
-    const auto plain = [](const QString& name) { return name.startsWith(QLatin1String("/dev/")) ? name.mid(5) : name; };
-    return !isSimulatedDevice(one) && plain(one) == plain(other);
+    const auto own = [](const QString& name) {
+        const QString path = name.startsWith(u'/') ? name : QLatin1String("/dev/") + name;
+        const QString canonical = QFileInfo(path).canonicalFilePath(); // empty if there is no such file
+        return canonical.isEmpty() ? path : canonical;
+    };
+    return !isSimulatedDevice(one) && own(one) == own(other);
 }
 
 } // namespace orv

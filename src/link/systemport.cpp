@@ -69,9 +69,14 @@ bool lineIsLost(QSerialPort::SerialPortError error, [[maybe_unused]] const QSeri
 }
 
 #ifdef Q_OS_UNIX
-/// The path of the device in the file system. The list of serial ports has no pseudo-terminals.
+/// The path of the device's own file, whichever link to it the name is: a program that uses the device under another
+/// name finds the same lock. The list of serial ports has no pseudo-terminals.
 QString devicePath(const QString& name) {
-    return name.isEmpty() || QDir::isAbsolutePath(name) ? name : QLatin1String("/dev/") + name;
+    const bool isPath = name.startsWith(u'/') || name.startsWith(QLatin1String("./")) ||
+                        name.startsWith(QLatin1String("../")); // as the port library tells
+    const QString path = name.isEmpty() || isPath ? name : QLatin1String("/dev/") + name;
+    const QString own = QFileInfo(path).canonicalFilePath();
+    return own.isEmpty() ? path : own;
 }
 
 /// The first of the folders in which serial programs keep their lock files, as the port library searches them.
@@ -121,7 +126,8 @@ void lookAtFile(const QString& path, OpenFailureFacts& facts) {
 
 } // namespace
 
-SystemPort::SystemPort(const QString& device) {
+SystemPort::SystemPort(const QString& device)
+    : device_(device) {
     port_.setPortName(device);
     QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
                      [this](QSerialPort::SerialPortError error) { noteError(error); });
@@ -146,6 +152,9 @@ QString SystemPort::open() {
     failure_.clear();
     stirredTold_ = false;
     port_.clearError();
+#ifdef Q_OS_UNIX
+    port_.setPortName(devicePath(device_)); // a link may lead elsewhere than at the last opening
+#endif
     const bool opened = port_.open(QIODevice::ReadWrite) && port_.setBaudRate(QSerialPort::Baud9600) &&
                         port_.setDataBits(QSerialPort::Data8) && port_.setParity(QSerialPort::NoParity) &&
                         port_.setStopBits(QSerialPort::OneStop) && port_.setFlowControl(QSerialPort::NoFlowControl);
@@ -220,7 +229,7 @@ QString SystemPort::openFailure() const {
     facts.systemText = errorText(port_);
     facts.accessible = true;
 #ifdef Q_OS_UNIX
-    const QString path = devicePath(port_.portName());
+    const QString path = devicePath(device_);
     lookAtFile(path, facts);
     facts.isSerialDevice = facts.isSerialDevice && port_.error() != QSerialPort::UnsupportedOperationError;
 #else

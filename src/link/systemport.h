@@ -37,7 +37,7 @@ QString openObstacle(const QString& device);
 QString holderOf(const QString& path);
 
 /// A serial port of this computer, by its system name ("ttyUSB0", "COM3") or its path ("/dev/ttyUSB0", the path of a
-/// pseudo-terminal).
+/// pseudo-terminal, a link to either): one device has one lock, whatever name it is opened by.
 class SystemPort final : public Port {
 public:
     explicit SystemPort(const QString& device);
@@ -57,6 +57,7 @@ private:
     void tellStirred();
     QString openFailure() const;
 
+    QString device_; ///< As it was named.
     QSerialPort port_;
     QString failure_;
     bool stirredTold_ = false; ///< Of characters that still wait to be read.

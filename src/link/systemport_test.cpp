@@ -355,8 +355,13 @@ TEST_F(SystemPortTest, takesAsMuchAsMayWaitAndNoMore) {
 
 TEST_F(SystemPortTest, saysThatADeviceIsUsedByAnotherProgramAndByWhich) {
     ASSERT_EQ(port.open(), QString());
-    for (const QString& name : {terminal.path, terminal.path.mid(5)}) {
+    const QTemporaryDir folder;
+    const QString link = folder.filePath(QStringLiteral("by-id"));
+    const QString linkToLink = folder.filePath(QStringLiteral("adapter"));
+    ASSERT_TRUE(QFile::link(terminal.path, link) && QFile::link(link, linkToLink));
+    for (const QString& name : {terminal.path, terminal.path.mid(5), link, linkToLink}) {
         SystemPort second(name);
+        EXPECT_TRUE(sameDevice(name, terminal.path));
         const QString reason = second.open();
         EXPECT_TRUE(reason.startsWith(QStringLiteral("It is used by another program (")))
             << name.toStdString() << ": " << reason.toStdString();
@@ -366,8 +371,26 @@ TEST_F(SystemPortTest, saysThatADeviceIsUsedByAnotherProgramAndByWhich) {
     }
     EXPECT_EQ(port.failure(), QString());
     port.close();
-    SystemPort second(terminal.path);
+    SystemPort second(link);
     EXPECT_EQ(second.open(), QString());
+    EXPECT_NE(port.open(), QString()) << "opened by the link it is locked by the device's own name";
+}
+
+TEST_F(SystemPortTest, followsALinkThatLeadsElsewhereAtTheNextOpening) {
+    const PseudoTerminal other;
+    const QTemporaryDir folder;
+    const QString link = folder.filePath(QStringLiteral("by-id"));
+    ASSERT_TRUE(QFile::link(terminal.path, link));
+    SystemPort linked(link);
+    ASSERT_EQ(linked.open(), QString());
+    linked.close();
+    ASSERT_TRUE(QFile::remove(link) && QFile::link(other.path, link));
+    ASSERT_EQ(linked.open(), QString());
+    linked.write("abc");
+    EXPECT_EQ(other.receive(3), "abc");
+    ASSERT_TRUE(QFile::remove(link));
+    linked.close();
+    EXPECT_TRUE(linked.open().startsWith(QStringLiteral("There is no such device.")));
 }
 
 TEST(SystemPortOpening, saysThatThereIsNoSuchDevice) {
