@@ -428,6 +428,30 @@ TEST_F(OrvCollect, ADayOfPowerCutsLosesNoRowThatCame) {
     EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled")).size(), 0);
 }
 
+TEST_F(OrvCollect, AClockThatIsSetBackTakesTheNextFreeNameAndLosesNoRow) {
+    begin(QStringLiteral("collect sim:trx?rate=2 -o day.csv --every 1m"));
+    live(100);
+    const QStringList before = folder.files().filter(QRegularExpression(QStringLiteral("^day-.*csv$")));
+    ASSERT_EQ(before.size(), 2) << qPrintable(before.join(u' '));
+    clock.set(clock.now().addSecs(-3600)); // into the hour before, and then once more over the same minutes
+    live(60);
+    clock.set(QDateTime(QDate(2026, 11, 21), QTime(9, 30, 55)));
+    live(120);
+    EXPECT_EQ(answered.status, -1) << result().error;
+    visit->interrupt(2);
+    live(5);
+    EXPECT_EQ(answered.status, 130) << result().error;
+    QStringList after = folder.files().filter(QRegularExpression(QStringLiteral("^day-.*csv$")));
+    EXPECT_EQ(after.filter(QStringLiteral("-093100-2.csv")).size(), 1)
+        << qPrintable(after.join(u' '));
+    EXPECT_EQ(after.size(), 6);
+    std::ranges::sort(after, {}, [this](const QString& name) {
+        const QByteArray first = rowsOf(path(qPrintable(name))).value(0);
+        return first.left(first.indexOf(',')).toInt();
+    });
+    EXPECT_EQ(rowsThrough(after), linesReceived());
+}
+
 TEST_F(OrvCollect, ADownloadHoldsTheWholeMemory) {
     struct Kind {
         const char* device;

@@ -4,6 +4,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "console/commands.h"
+#include "formats/csvmetadata.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -21,10 +22,17 @@ FileFormat formatFor(const Options& options) {
     return formatOfName(options.output).value_or(FileFormat::Csv); // the options have been checked
 }
 
+/// "rows-20261121-093015.csv", with a further number if that exists, as it may after the clock has been set back.
 QString datedName(const QString& name, const QDateTime& moment) {
     const QFileInfo info(name);
-    return info.dir().filePath(
-        QStringLiteral("%1-%2.%3").arg(info.completeBaseName(), fileNameStamp(moment), info.suffix()));
+    const QString stem =
+        info.dir().filePath(QStringLiteral("%1-%2").arg(info.completeBaseName(), fileNameStamp(moment)));
+    const auto exists = [](const QString& path) { return QFile::exists(path) || QFile::exists(csvMetadataName(path)); };
+    QString dated = QStringLiteral("%1.%2").arg(stem, info.suffix());
+    for (int further = 2; exists(dated); ++further) {
+        dated = QStringLiteral("%1-%2.%3").arg(stem, QString::number(further), info.suffix());
+    }
+    return dated;
 }
 
 } // namespace
@@ -122,7 +130,12 @@ void RowOutput::check(const QString& reason) {
 }
 
 void RowOutput::take(const DataRow& row) {
-    const QDateTime now = visit_.clock.now();
+    const bool needsTime = until_.isValid() || visit_.options.stamp; // it takes long to tell
+    const QDateTime now = needsTime ? visit_.clock.now() : QDateTime();
+    const qint64 every = visit_.options.everyMilliseconds;
+    if (until_.isValid() && endOfFile(now, every).addMSecs(every) < until_) {
+        until_ = endOfFile(now, every); // the clock has been set back
+    }
     if (until_.isValid() && now >= until_ && !hasFailed()) {
         endFile(0);
         beginFile();
