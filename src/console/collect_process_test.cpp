@@ -6,8 +6,13 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <csignal>
+#include <limits>
 #include <thread>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace orv {
 namespace {
@@ -146,6 +151,76 @@ TEST(OrvProcesses, WhatCannotBeReadIsCountedAndEndsWithStatus3) {
     EXPECT_NE(noisy.error.find(" could not be read and "), std::string::npos) << noisy.error;
     const Ended silent = runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("collect sim:trx?fault=silent -o b.csv"));
     EXPECT_EQ(silent.status, 1) << silent.error;
+}
+
+/// `orv collect` into a pipe with room for some rows, whose reader is the test.
+class OrvIntoAPipe {
+public:
+    explicit OrvIntoAPipe(const QStringList& arguments) {
+        int ends[2];
+        EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+        read_.reset(ends[0]);
+        const FileDescriptor write(ends[1]);
+        constexpr int leastRoom = 4096;
+        EXPECT_EQ(::fcntl(write.get(), F_SETPIPE_SZ, leastRoom), leastRoom);
+        process.setChildProcessModifier([output = write.get()] { ::dup2(output, STDOUT_FILENO); });
+        process.start(QStringLiteral(ORV_PATH), arguments);
+        EXPECT_TRUE(process.waitForStarted(patience));
+    }
+
+    /// What the pipe has until the program closes it, or until so many lines have come.
+    QByteArray read(qsizetype lines = std::numeric_limits<qsizetype>::max()) const {
+        QByteArray all;
+        std::array<char, 4096> part{};
+        ssize_t size = 1;
+        while (size > 0 && all.count('\n') < lines) {
+            size = ::read(read_.get(), part.data(), part.size());
+            all.append(part.data(), std::max<ssize_t>(size, 0));
+        }
+        return all;
+    }
+
+    QProcess process;
+
+private:
+    FileDescriptor read_;
+};
+
+qsizetype recordedRows() {
+    constexpr int headerLines = 5;
+    return contentsOf(QStringLiteral("Orvtemp.tmp")).count('\n') - headerLines;
+}
+
+TEST(OrvProcesses, AReaderThatStallsHoldsUpNeitherTheRowsNorTheEnd) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=200"));
+    const OwnFolder folder;
+    OrvIntoAPipe orv({QStringLiteral("collect"), instrument.path, QStringLiteral("-o"), QStringLiteral("-")});
+    constexpr int moreThanThePipeTakes = 300;
+    EXPECT_TRUE(comesTrue([] { return recordedRows() >= moreThanThePipeTakes; }));
+    orv.process.terminate();
+    ASSERT_TRUE(orv.process.waitForFinished(patience));
+    EXPECT_EQ(orv.process.exitCode(), 143);
+    const QByteArray told = orv.process.readAllStandardError();
+    EXPECT_TRUE(told.contains("its reader does not read. The rows of this run are in the record file")) << told.data();
+    const QByteArray taken = orv.read();
+    EXPECT_TRUE(taken.endsWith('\n')) << "a row is there whole or not at all";
+    EXPECT_LT(taken.count('\n'), moreThanThePipeTakes);
+    EXPECT_GE(recordedRows(), moreThanThePipeTakes);
+    EXPECT_TRUE(told.contains(" " + QByteArray::number(recordedRows()) + " rows were collected.")) << told.data();
+}
+
+TEST(OrvProcesses, AReaderThatComesBackGetsEveryRow) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=200"));
+    const OwnFolder folder;
+    OrvIntoAPipe orv({QStringLiteral("collect"), instrument.path, QStringLiteral("--points"), QStringLiteral("400"),
+                      QStringLiteral("-o"), QStringLiteral("-")});
+    EXPECT_TRUE(comesTrue([] { return recordedRows() >= 400; }));
+    const QByteArray rows = orv.read();
+    ASSERT_TRUE(orv.process.waitForFinished(patience));
+    EXPECT_EQ(orv.process.exitCode(), 0) << orv.process.readAllStandardError().data();
+    EXPECT_EQ(rows.count('\n'), 401);
+    EXPECT_EQ(rows.mid(rows.lastIndexOf('\n', -2) + 1).left(4), "400,");
+    EXPECT_TRUE(folder.files().contains(QStringLiteral("Orvtemp.tmp.saved"))) << "they count as saved";
 }
 
 TEST(OrvProcesses, AReaderThatGoesEndsTheRun) {

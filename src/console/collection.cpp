@@ -40,24 +40,34 @@ Task<> Collection::perform() {
         std::rethrow_exception(ending.thrown);
     }
     isLost_ = isLost_ || (ending.thrown && !visit_.isInterrupted());
-    visit_.finish();
+    isInterrupted_ = visit_.finish();
     Task<> stopping = stop();
     const Ending stopped = co_await endingOf(std::move(stopping));
     output_.finish(unreadLines_ + program_.sheet.run.unreadLines());
+    Task<> delivering = deliver();
+    const Ending delivered = co_await endingOf(std::move(delivering));
+    output_.giveUp();
     if (output_.hasAllColumns() && !output_.hasFailed()) {
         program_.sheet.handOver();
     }
     report();
     if (output_.hasFailed()) {
-        throw Failure(output_.rows() == 0
-                          ? output_.problem()
-                          : output_.problem() +
-                                QStringLiteral(" The rows of this run are in the record file %1; \"orv convert %2 -o "
-                                               "NAME.csv\" writes them to another file.")
-                                    .arg(recordFile(), shellWord(recordFile())));
+        const QString problem =
+            output_.rows() == 0
+                ? output_.problem()
+                : output_.problem() +
+                      QStringLiteral(" The rows of this run are in the record file %1; \"orv convert %2 -o "
+                                     "NAME.csv\" writes them to another file.")
+                          .arg(recordFile(), shellWord(recordFile()));
+        if (output_.isInVain() || !(isInterrupted_ || delivered.thrown)) {
+            throw Failure(problem);
+        }
+        visit_.terminal.tell(problem);
     }
-    if (ending.thrown || stopped.thrown) {
-        std::rethrow_exception(ending.thrown ? ending.thrown : stopped.thrown);
+    for (const std::exception_ptr& thrown : {ending.thrown, stopped.thrown, delivered.thrown}) {
+        if (thrown) {
+            std::rethrow_exception(thrown);
+        }
     }
     if (isLost_ || output_.isIncomplete()) {
         throw Failure(isLost_ ? reason_ + QStringLiteral(" %1 rows were collected and are kept.").arg(output_.rows())
@@ -150,7 +160,7 @@ Task<Collection::End> Collection::run() {
     }
     visit_.terminal.detail(QStringLiteral("Running"));
     const std::function<bool()> over = [this, &commands] {
-        return commands.activity.value() != Activity::Collecting || output_.hasFailed() || isEnough();
+        return commands.activity.value() != Activity::Collecting || output_.isInVain() || isEnough();
     };
     bool isOver = false;
     while (!isOver) {
@@ -162,7 +172,7 @@ Task<Collection::End> Collection::run() {
 }
 
 Collection::End Collection::endOfRun() {
-    if (output_.hasFailed()) {
+    if (output_.isInVain()) {
         return End::OutputFailed;
     }
     if (isEnough()) {
@@ -226,13 +236,13 @@ void Collection::take(const DataRow& row) {
 }
 
 void Collection::handOver() {
-    if (output_.hasFailed()) {
+    if (output_.isInVain()) {
         return; // the rows are in the record file and nowhere else
     }
-    if (output_.writesAsItComes()) {
+    if (output_.writesAsItComes() && !output_.isStalled() && !output_.hasFailed()) {
         program_.sheet.handOver();
     } else {
-        program_.sheet.rows.clearSpreadSheet(); // until the file appears, the record file has the rows
+        program_.sheet.rows.clearSpreadSheet(); // until they are in the output, the record file has the rows
     }
 }
 
@@ -248,6 +258,12 @@ Task<> Collection::stop() {
         return link.procedures.isIdle() && (link.session.commands.activity.value() == Activity::None);
     };
     co_await visit_.reached(limit, over);
+}
+
+/// Whoever reads standard output may take his time, unless the operator has none.
+Task<> Collection::deliver() {
+    const std::function<bool()> over = [this] { return isInterrupted_ || !output_.isStalled(); };
+    co_await visit_.reached(forever, over);
 }
 
 QString Collection::recordFile() const {

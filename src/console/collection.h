@@ -23,6 +23,7 @@ private:
     Task<> connect();
     Task<End> run();
     Task<> stop();
+    Task<> deliver();
     void take(const DataRow& row);
     void handOver();
     void requireErasingIsKnown() const;
@@ -36,13 +37,14 @@ private:
     Visit& visit_;
     Program& program_;
     RowOutput output_;
-    qint64 until_;        ///< Monotonic milliseconds, from the first run on.
-    bool hasRun_ = false; ///< The first run has begun.
-    qint64 lastRow_ = 0;  ///< The same: when it came, or the run began.
-    int runRows_ = 0;     ///< Of the present run.
-    int unreadLines_ = 0; ///< Of the runs before.
-    bool isLost_ = false; ///< The last run has ended early.
-    QString reason_;      ///< Why.
+    qint64 until_;               ///< Monotonic milliseconds, from the first run on.
+    bool hasRun_ = false;        ///< The first run has begun.
+    qint64 lastRow_ = 0;         ///< The same: when it came, or the run began.
+    int runRows_ = 0;            ///< Of the present run.
+    int unreadLines_ = 0;        ///< Of the runs before.
+    bool isInterrupted_ = false; ///< The operator has ended it.
+    bool isLost_ = false;        ///< The last run has ended early.
+    QString reason_;             ///< Why.
     Subscription handingOver_;
     Subscription taking_;
 };

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/commands.h"
 #include "console/interruption.h"
+#include "console/standardoutput.h"
 #include "link/systemport.h"
 #include "program/devices.h"
 
 #include <QCoreApplication>
-#include <QFile>
+
+#include <optional>
 
 #include <cerrno>
 #include <csignal>
@@ -39,10 +41,8 @@ bool writesInFolder(Options::Command command) {
 }
 
 int perform(const Options& options) {
-    QFile output;
-    QFile error;
-    output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
-    error.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    StandardOutput output(STDOUT_FILENO);
+    StandardOutput error(STDERR_FILENO);
     Terminal terminal(output, error, ::isatty(STDERR_FILENO) == 1,
                       options.quiet     ? Terminal::Speech::Quiet
                       : options.verbose ? Terminal::Speech::Verbose
@@ -68,17 +68,31 @@ int perform(const Options& options) {
     program.load(writesInFolder(options.command) ? Program::Files::InFolder : Program::Files::None);
     Visit visit(program, terminal, options);
     Interruption interruption;
-    const Subscription interrupted = interruption.wanted.subscribe([&visit](int signal) { visit.interrupt(signal); });
-    int status = 0;
-    const Subscription start = clock.callAfter(0, [&visit, &status, &traffic] {
+    constexpr int signalled = 128;
+    std::optional<int> status; // known: the command has ended
+    const Subscription interrupted = interruption.wanted.subscribe([&visit, &status](int signal) {
+        visit.interrupt(signal);
+        if (status) {
+            QCoreApplication::exit();
+        }
+    });
+    const Subscription drained = output.drained.subscribe([&visit, &status] {
+        visit.look();
+        if (status) {
+            QCoreApplication::exit();
+        }
+    });
+    const Subscription start = clock.callAfter(0, [&] {
         visit.perform([&traffic](Visit& of) { return performCommand(of, traffic); },
-                      [&status](int ended) {
+                      [&](int ended) {
                           status = ended;
-                          QCoreApplication::exit();
+                          if (output.bytesToWrite() == 0 || ended > signalled) {
+                              QCoreApplication::exit();
+                          }
                       });
     });
     QCoreApplication::exec();
-    return status;
+    return status.value_or(static_cast<int>(ExitStatus::Failed));
 }
 
 } // namespace

@@ -125,7 +125,18 @@ void RowOutput::check(const QString& reason) {
             toDevice_
                 ? QStringLiteral("Standard output takes nothing any more: %1.").arg(reason)
                 : QStringLiteral("%1 could not be written: %2. Make room or choose another folder.").arg(name_, reason);
+        isTooSlow_ = isStalled();
+        if (isTooSlow_) {
+            visit_.terminal.tell(problem_ + QStringLiteral(" The run goes on, and its rows are in the record file."));
+        }
         visit_.look();
+    }
+}
+
+void RowOutput::giveUp() {
+    if (isStalled() && !hasFailed()) {
+        problem_ = QStringLiteral("Standard output takes nothing any more: its reader does not read.");
+        isTooSlow_ = true;
     }
 }
 
@@ -141,6 +152,7 @@ void RowOutput::take(const DataRow& row) {
         beginFile();
     }
     if (hasFailed()) {
+        rows_ += isTooSlow_ ? 1 : 0; // the run goes on
         return;
     }
     ++rows_;

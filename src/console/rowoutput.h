@@ -35,6 +35,12 @@ public:
     /// The file has a column for every value of these rows.
     bool hasAllColumns() const { return format_ != FileFormat::Sheet || table_->layout != RowLayout::TrxOlder; }
     bool hasFailed() const { return !problem_.isEmpty(); }
+    /// Rows wait for who reads standard output.
+    bool isStalled() const { return toDevice_ && visit_.terminal.output().bytesToWrite() > 0; }
+    /// The operator waits no longer for that reader.
+    void giveUp();
+    /// It has failed, and not only because too many rows wait: the run may go on for the sake of the record file.
+    bool isInVain() const { return hasFailed() && !isTooSlow_; }
     QString problem() const { return problem_; }
 
     int rows() const { return rows_; }
@@ -53,9 +59,10 @@ private:
     std::optional<TableDescription> table_;
     std::optional<RowParser> parser_;
     std::unique_ptr<RowWriter> writer_;
-    QString name_;    ///< Of the present file.
-    QDateTime until_; ///< When the next one begins; not valid: never.
-    QString problem_; ///< In a sentence.
+    QString name_;           ///< Of the present file.
+    QDateTime until_;        ///< When the next one begins; not valid: never.
+    QString problem_;        ///< In a sentence.
+    bool isTooSlow_ = false; ///< The problem is the reader, who may come back.
     int rows_ = 0;
     bool incomplete_ = false;
     QStringList files_;
