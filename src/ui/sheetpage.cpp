@@ -177,7 +177,10 @@ void SheetPage::makeFindBar() {
 
 void SheetPage::find(bool forward) {
     refreshNow();
-    found_->setText(grid_->findText(findBox_->text(), forward) ? QString() : QStringLiteral("Not found."));
+    // In a run the view goes on with the newest row.
+    found_->setText(grid_->findText(findBox_->text(), forward)
+                        ? QStringLiteral("Record ") + grid_->currentIndex().siblingAtColumn(0).data().toString()
+                        : QStringLiteral("Not found."));
 }
 
 void SheetPage::makeActions() {

@@ -198,7 +198,7 @@ TEST_F(SheetSelectionTest, ATextIsFoundForwardsAndBackwardsAndRoundTheEnd) {
     EXPECT_EQ(current(), "3 3");
     click("FindNext");
     EXPECT_EQ(current(), "1 3");
-    EXPECT_EQ(text("FindResult"), "");
+    EXPECT_EQ(text("FindResult"), "Record 2");
     retype(find<QLineEdit>("FindBox"), "712");
     click("FindNext");
     EXPECT_EQ(text("FindResult"), "Not found.");
