@@ -70,20 +70,17 @@ LoggerSettings wantedSettings(const Visit& visit, const LoggerSettings& present)
 /// What the instrument has taken otherwise than it was sent; empty if nothing.
 QStringList notTaken(const LoggerSettings& sent, const LoggerSettings& read) {
     QStringList found;
-    const auto compare = [&found](const Setting& setting, const QString& wanted, const QString& has) {
-        if (wanted != has) {
-            found << QStringLiteral("%1 did not stick: %2 was sent, the instrument has %3.")
-                         .arg(QLatin1String(setting.name), wanted, has);
-        }
-    };
-    const auto inWords = [](bool flag) { return flag ? QStringLiteral("true") : QStringLiteral("false"); };
-    for (const Setting& setting : allSettings) {
+    const SettingSet different = settingsThatDiffer(sent, read);
+    const auto inWords = [](const Setting& setting, const LoggerSettings& settings) {
         if (setting.flag != nullptr) {
-            compare(setting, inWords(sent.*setting.flag), inWords(read.*setting.flag));
-        } else {
-            // What is empty counts as 0.
-            compare(setting, plainNumber(leadingNumber(sent.*setting.number)),
-                    plainNumber(leadingNumber(read.*setting.number)));
+            return settings.*setting.flag ? QStringLiteral("true") : QStringLiteral("false");
+        }
+        return valueInWords(setting, settings);
+    };
+    for (const Setting& setting : allSettings) {
+        if (different[placeOf(setting)]) {
+            found << QStringLiteral("%1 did not stick: %2 was sent, the instrument has %3.")
+                         .arg(QLatin1String(setting.name), inWords(setting, sent), inWords(setting, read));
         }
     }
     return found;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/loggersettings.h"
 
+#include "base/text.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -56,6 +58,31 @@ QString asOptions(const LoggerSettings& settings) {
                        .arg(QLatin1String(setting.name), value.isEmpty() ? QStringLiteral("0") : value);
     }
     return options.join(u' ');
+}
+
+SettingSet settingsThatDiffer(const LoggerSettings& one, const LoggerSettings& other) {
+    SettingSet found;
+    for (const Setting& setting : allSettings) {
+        found.set(placeOf(setting), valueInWords(setting, one) != valueInWords(setting, other));
+    }
+    return found;
+}
+
+QString valueInWords(const Setting& setting, const LoggerSettings& settings) {
+    if (setting.flag != nullptr) {
+        return settings.*setting.flag ? QStringLiteral("on") : QStringLiteral("off");
+    }
+    return plainNumber(leadingNumber(settings.*setting.number));
+}
+
+QString captionsOf(const SettingSet& settings) {
+    QStringList captions;
+    for (const Setting& setting : allSettings) {
+        if (settings.test(placeOf(setting))) {
+            captions << setting.plainCaption();
+        }
+    }
+    return captions.join(QLatin1String(", "));
 }
 
 std::array<SamplingPreset, 4> samplingPresets(bool glow) {

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <bitset>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -66,6 +67,15 @@ inline std::size_t placeOf(const Setting& setting) {
 /// The settings of these letters, in this order: "TDQI".
 std::vector<const Setting*> settingsInOrder(const char* letters);
 
+/// The settings whose values differ. A number counts, not how it is written: what is empty counts as 0.
+SettingSet settingsThatDiffer(const LoggerSettings& one, const LoggerSettings& other);
+
+/// What a setting has, for the operator: "on", "off", or the number; an empty one is "0".
+QString valueInWords(const Setting& setting, const LoggerSettings& settings);
+
+/// The captions of the settings: "Samples Per Second, Wake Up".
+QString captionsOf(const SettingSet& settings);
+
 /// The status lamp of the settings screen: what goes on with the settings.
 enum class Lamp { Off, Reading, Sending, Sent, Read, Failed };
 
@@ -78,6 +88,17 @@ struct CalibrationBoxes {
 /// What the "Logger Settings" screen shows.
 struct SettingsState {
     QProperty<LoggerSettings> record;
+
+    /// What the instrument has, as its newest whole report tells; nothing while one is read and before the first.
+    QProperty<std::optional<LoggerSettings>> reported;
+    /// What the instrument has taken and has not reported back yet.
+    std::optional<LoggerSettings> sent;
+    /// How the last sending or reading went, for every tab: "Sent and read back at 9:30:15 AM". Empty before.
+    QProperty<QString> exchange;
+    /// Which settings are not as they were reported: changed, and not sent yet. None while no report is known.
+    SettingSet unsent() const {
+        return reported.value() ? settingsThatDiffer(record, *reported.value()) : SettingSet();
+    }
 
     QProperty<bool> visible{false};
     QProperty<Lamp> lamp{Lamp::Off};

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace orv {
 
@@ -46,6 +47,7 @@ SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressStat
     }))
     , closing_(link_.connection.aboutToClose.subscribe([this] {
         prefsState = 0;
+        settings_.sent.reset();
         progress_.visible = false;
     })) {}
 
@@ -72,6 +74,8 @@ void SettingsReader::getprefs(const QString& line) {
         settings_.lamp = Lamp::Reading;
         understood.reset();
         memoryUnderstood = false;
+        reading_ = settings_.record;
+        settings_.reported = std::nullopt;
     }
     progress_.valueLabel = QString::number(progress_.value);
 
@@ -94,14 +98,16 @@ void SettingsReader::getprefs(const QString& line) {
     }
     const bool isTagged = field->letter == tag;
     understood.set(placeOf(*field), isTagged && isValueOf(*field, QStringView(line).mid(1).trimmed()));
-    change(settings_.record, [&](LoggerSettings& record) {
+    const auto take = [&](LoggerSettings& record) {
         const double number = leadingNumber(value);
         if (field->number != nullptr) {
             record.*field->number = value;
         } else if (number == 1.0 || number == 0.0) {
             record.*field->flag = number == 1.0;
         }
-    });
+    };
+    take(reading_);
+    change(settings_.record, take);
     progress_.value = ProgressState::step * static_cast<int>(field - allSettings.begin() + 1);
 }
 
@@ -123,6 +129,7 @@ void SettingsReader::takeMemoryPointer(double value) {
     progress_.valueLabel = QStringLiteral("0");
     progress_.visible = false;
     prefsState = 0;
+    tellExchange();
     endReading();
     CommandState& commands = link_.session.commands;
     commands.settingsFormEnabled = true;
@@ -135,6 +142,35 @@ void SettingsReader::takeMemoryPointer(double value) {
         state.Ctrlscrn = Operation::ClockCheck;
     }
     link_.session.status.status = QStringLiteral("Ready");
+}
+
+void SettingsReader::tellExchange() {
+    settings_.reported = reading_;
+    const QString time = clockText(link_.session.clock.now().time());
+    const auto sent = std::exchange(settings_.sent, std::nullopt);
+    if (!sent) {
+        settings_.exchange = understood.all()
+                                 ? QStringLiteral("Read from the instrument at %1").arg(time)
+                                 : QStringLiteral("Read at %1, but not all: %2 could not be read. Press \"Retrieve "
+                                                  "Settings\".")
+                                       .arg(time, captionsOf(~understood));
+        return;
+    }
+    QStringList differences;
+    const SettingSet different = settingsThatDiffer(*sent, reading_);
+    for (const Setting& setting : allSettings) {
+        const std::size_t place = placeOf(setting);
+        if (!understood[place]) {
+            differences << QStringLiteral("%1 could not be read back").arg(setting.plainCaption());
+        } else if (different[place]) {
+            differences << QStringLiteral("%1 is %2 there, not %3")
+                               .arg(setting.plainCaption(), valueInWords(setting, reading_),
+                                    valueInWords(setting, *sent));
+        }
+    }
+    settings_.exchange = differences.isEmpty() ? QStringLiteral("Sent and read back at %1").arg(time)
+                                               : QStringLiteral("Sent at %1, but the instrument has not all of it: %2.")
+                                                     .arg(time, differences.join(QLatin1String("; ")));
 }
 
 void SettingsReader::endReading() {

@@ -34,13 +34,15 @@ public:
 private:
     void giveUp();
     void endReading();
+    void tellExchange();
     void takeMemoryPointer(double value);
     void selectSamplingOption();
 
     Link& link_;
     SettingsState& settings_;
     ProgressState& progress_;
-    qint64 lastLine_ = 0; ///< Of a report, or its request; monotonic milliseconds.
+    LoggerSettings reading_; ///< What the record would be if nobody typed while the report comes.
+    qint64 lastLine_ = 0;    ///< Of a report, or its request; monotonic milliseconds.
     QPropertyNotifier requested_;
     Subscription closing_;
 };

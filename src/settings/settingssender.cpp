@@ -188,6 +188,12 @@ Task<> SettingsSender::talk() {
         QByteArray terminator = {};
     };
     const LoggerSettings record = settings_.record; // not what is typed meanwhile
+    settings_.sent.reset();
+    settings_.exchange = QStringLiteral("Sending ...");
+    auto cutShort = qScopeGuard([this] {
+        settings_.exchange = QStringLiteral("Not sent whole: the instrument did not answer. What was sent before stays "
+                                            "in it. Connect or press \"Retrieve Settings\" to see what it has.");
+    });
     std::vector<Item> items{{QStringLiteral("B")}, {controlBits(record)}};
     for (const Setting& setting : numberSettings) {
         items.push_back({QChar(setting.letter)});
@@ -197,6 +203,9 @@ Task<> SettingsSender::talk() {
         dialogue_.send(item.text, item.terminator);
         co_await dialogue_.waitprompt();
     }
+    cutShort.dismiss();
+    settings_.sent = record;
+    settings_.exchange = QStringLiteral("Sent, and not read back yet");
     // During a shutter reset the settings are sent only for a while; the clock is none of its business.
     if (settings_.syncTimeDate && link_.session.state.Ctrlscrn != Operation::ShutterReset) {
         co_await setclock();
@@ -285,6 +294,10 @@ Task<> SettingsSender::typed(QString digits, bool isTimed) {
 }
 
 void SettingsSender::fail() {
+    if (std::exchange(settings_.sent, std::nullopt)) { // it was the clock
+        settings_.exchange = QStringLiteral("Sent, but the clock was not set and nothing was read back: the instrument "
+                                            "did not answer. Press \"Retrieve Settings\" to see what it has.");
+    }
     progress_.visible = false;
     settings_.lamp = Lamp::Failed;
     link_.timer.setInterval(StatusTimer::slowInterval);

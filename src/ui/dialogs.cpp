@@ -161,6 +161,7 @@ constexpr int sideMargin = 16;
 
 PlainEnglishWindow::PlainEnglishWindow(QWidget* parent)
     : QWidget(parent, Qt::Window)
+    , note_(makeTextLabel("PlainEnglishNote", "Note"))
     , area_(new QScrollArea) {
     setObjectName(QStringLiteral("PlainEnglish"));
     setWindowTitle(QStringLiteral("In Plain English"));
@@ -170,12 +171,18 @@ PlainEnglishWindow::PlainEnglishWindow(QWidget* parent)
     buttons->addStretch(1);
     buttons->addWidget(makeButton("&Close", "ClosePlainEnglish", [this] { close(); }));
     connect(new QShortcut(QKeySequence(QKeySequence::Cancel), this), &QShortcut::activated, this, [this] { close(); });
+    note_->setWordWrap(true);
+    note_->setForegroundRole(QPalette::Link);
+    note_->setContentsMargins(sideMargin, 0, sideMargin, 0);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(note_);
     layout->addWidget(area_, 1);
     layout->addLayout(buttons);
 }
 
-void PlainEnglishWindow::open(const LoggerSettings& record) {
+void PlainEnglishWindow::open(const LoggerSettings& record, const QString& note) {
+    note_->setText(note);
+    note_->setVisible(!note.isEmpty());
     QWidget* text = makeText(record);
     area_->setWidget(text); // the former one goes
     const QSize room = screen()->availableSize() * 3 / 4;

@@ -7,6 +7,7 @@
 #include "ui/focus.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QScrollArea>
 #include <QWidget>
 
@@ -53,12 +54,13 @@ class PlainEnglishWindow final : public QWidget {
 public:
     explicit PlainEnglishWindow(QWidget* parent = nullptr);
 
-    /// Describes the settings and shows the screen.
-    void open(const LoggerSettings& record);
+    /// Describes the settings and shows the screen. `note` stands above, if there is one.
+    void open(const LoggerSettings& record, const QString& note);
 
 private:
     QWidget* makeText(const LoggerSettings& record) const;
 
+    QLabel* note_;
     QScrollArea* area_;
 };
 

@@ -166,7 +166,7 @@ protected:
 };
 
 TEST_F(PlainEnglishWindowTest, ShowsTheLinesOneUnderTheOther) {
-    window.open(record);
+    window.open(record, {});
     EXPECT_EQ(window.windowTitle(), QStringLiteral("In Plain English"));
     EXPECT_EQ(line("OpeningLine"), QStringLiteral("     The Orv Sensor will come up waiting for a command."));
     EXPECT_EQ(line("BlockLine"), QStringLiteral("continues for 600 data points to create 1 data block."));
@@ -178,23 +178,23 @@ TEST_F(PlainEnglishWindowTest, ShowsTheLinesOneUnderTheOther) {
 TEST_F(PlainEnglishWindowTest, NoLineIsKeptFreeForANextBlockThatNeverComes) {
     record.pointsPerBlock = QStringLiteral("0");
     record.autoStart = true;
-    window.open(record);
+    window.open(record, {});
     EXPECT_EQ(line("RunLine"), QString());
     EXPECT_EQ(line("NextBlockLine"), QString());
     EXPECT_EQ(tops(), (QList<int>{32, 56, 80, 104, 128, 152, 176, 200, 200}));
 }
 
 TEST_F(PlainEnglishWindowTest, DoesNotFollowEditsUntilItIsOpenedAgain) {
-    window.open(record);
+    window.open(record, {});
     record.samplesPerPoint = QStringLiteral("99");
     EXPECT_EQ(line("BinningLine"), QStringLiteral("It will bin for 30 sample(s) to create 1 data point."));
-    window.open(record);
+    window.open(record, {});
     EXPECT_EQ(line("BinningLine"), QStringLiteral("It will bin for 99 sample(s) to create 1 data point."));
 }
 
 TEST_F(PlainEnglishWindowTest, NoSentenceIsCutOff) {
     record.pointsPerBlock = QStringLiteral("0");
-    window.open(record);
+    window.open(record, {});
     QApplication::processEvents();
     for (const char* name : names) {
         const auto& label = control<QLabel>(window, name);
@@ -205,7 +205,7 @@ TEST_F(PlainEnglishWindowTest, NoSentenceIsCutOff) {
 }
 
 TEST_F(PlainEnglishWindowTest, ItsButtonClosesIt) {
-    window.open(record);
+    window.open(record, {});
     EXPECT_TRUE(window.isVisible());
     control<QPushButton>(window, "ClosePlainEnglish").click();
     EXPECT_FALSE(window.isVisible());

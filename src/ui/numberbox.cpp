@@ -8,8 +8,11 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QStyle>
+#include <QToolTip>
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 
 namespace orv {
 
@@ -26,17 +29,20 @@ private:
 };
 
 NumberBox* NumberBox::forDigits(int maximumDigits) {
-    return new NumberBox(QStringLiteral("[0-9]{0,%1}").arg(maximumDigits), maximumDigits);
+    return new NumberBox(QStringLiteral("[0-9]{0,%1}").arg(maximumDigits), maximumDigits,
+                         QStringLiteral("Only digits, at most %1.").arg(maximumDigits));
 }
 
 NumberBox* NumberBox::forDecimals() {
     constexpr int usualLength = 10;
     // Device files know values with a comma.
-    return new NumberBox(QStringLiteral("[+-]?[0-9]*[.,]?[0-9]*"), usualLength);
+    return new NumberBox(QStringLiteral("[+-]?[0-9]*[.,]?[0-9]*"), usualLength,
+                         QStringLiteral("Only a number: a sign, digits, a point."));
 }
 
-NumberBox::NumberBox(const QString& form, int usualLength)
-    : form_(QRegularExpression::anchoredPattern(form)) {
+NumberBox::NumberBox(const QString& form, int usualLength, QString hint)
+    : form_(QRegularExpression::anchoredPattern(form))
+    , hint_(std::move(hint)) {
     setValidator(new Validator(this));
     connect(this, &QLineEdit::textChanged, this, [this] { noteText(); });
     const int width = fontMetrics().horizontalAdvance(QString(usualLength + 6, u'0'));
@@ -97,34 +103,51 @@ void NumberBox::draw(const QString& shown) {
 
 void NumberBox::keyPressEvent(QKeyEvent* event) {
     const QString typed = event->text();
-    if (!typed.isEmpty() && typed.at(0).isPrint() && typed.trimmed().isEmpty()) {
+    const bool inserts = !typed.isEmpty() && typed.at(0).isPrint();
+    if (inserts && typed.trimmed().isEmpty()) {
+        showHint(true);
         return; // a typed blank would only delete what is selected
     }
+    const auto state = [this] { return std::tuple(text(), cursorPosition(), hasSelectedText()); };
+    const auto before = state();
     QLineEdit::keyPressEvent(event);
+    if (inserts || event->matches(QKeySequence::Paste)) {
+        showHint(state() == before);
+    }
 }
 
-void NumberBox::markOver(int maximum, QLabel* remark) {
+void NumberBox::showHint(bool refused) {
+    if (refused) {
+        QToolTip::showText(mapToGlobal(QPoint(0, height())), hint_, this);
+    } else if (QToolTip::text() == hint_) {
+        QToolTip::hideText();
+    }
+}
+
+void NumberBox::markOutside(int minimum, int maximum, QLabel* remark) {
+    minimum_ = minimum;
     maximum_ = maximum;
     remark_ = remark;
     warning_ = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
     warning_->setVisible(false);
     connect(this, &QLineEdit::textChanged, this, [this] {
-        if (!isOver()) {
+        if (!isOutside()) {
             setMarked(false);
         } else if (!hasFocus()) {
             setMarked(true);
         }
     });
-    setMarked(isOver());
+    setMarked(isOutside());
 }
 
 void NumberBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    setMarked(isOver());
+    setMarked(isOutside());
 }
 
-bool NumberBox::isOver() const {
-    return maximum_ > 0 && leadingNumber(text()) > maximum_;
+bool NumberBox::isOutside() const {
+    const double number = leadingNumber(text());
+    return maximum_ > 0 && !text().isEmpty() && (number < minimum_ || number > maximum_);
 }
 
 void NumberBox::setMarked(bool marked) {
@@ -132,8 +155,12 @@ void NumberBox::setMarked(bool marked) {
         return;
     }
     if (marked || marked_) {
-        const QString text =
-            marked ? QStringLiteral("%1 is more than the maximum of %2.").arg(this->text()).arg(maximum_) : QString();
+        QString text;
+        if (marked) {
+            text = leadingNumber(this->text()) < minimum_
+                       ? QStringLiteral("%1 is less than the minimum of %2.").arg(this->text()).arg(minimum_)
+                       : QStringLiteral("%1 is more than the maximum of %2.").arg(this->text()).arg(maximum_);
+        }
         warning_->setToolTip(text);
         setAccessibleDescription(text);
         remark_->setText(marked ? accessibleName() + QStringLiteral(": ") + text : QString());

@@ -14,8 +14,8 @@ namespace orv {
 
 /// A text box for a number, which may be empty. In whatever way text comes in (typed, pasted, dropped, undone, from an
 /// input method or an assistive program), it is refused whole unless it leaves a number that is being typed; only
-/// blanks around it are left out. A text that is set by the program is shown whole, whatever it is, and can be
-/// shortened by the operator.
+/// blanks around it are left out. A key that is refused has a hint beside the box say what is taken. A text that is set
+/// by the program is shown whole, whatever it is, and can be shortened by the operator.
 class NumberBox final : public QLineEdit {
 public:
     /// A box for a whole number without sign, of at most so many digits.
@@ -36,9 +36,10 @@ public:
         bindings_.bind(value, [this, text](const Value& now) { draw(now.*text); });
     }
 
-    /// A number over `maximum` is marked when the box is left, or at once when the program sets it; the mark goes as
-    /// soon as the number is in range. `remark` is shown meanwhile and says so under the box's accessible name.
-    void markOver(int maximum, QLabel* remark);
+    /// A number below `minimum` or over `maximum` is marked when the box is left, or at once when the program sets it;
+    /// the mark goes as soon as the number is in range. `remark` is shown meanwhile and says so under the box's
+    /// accessible name.
+    void markOutside(int minimum, int maximum, QLabel* remark);
 
     bool isMarked() const { return marked_; }
 
@@ -49,19 +50,22 @@ protected:
 private:
     class Validator;
 
-    NumberBox(const QString& form, int usualLength);
+    NumberBox(const QString& form, int usualLength, QString hint);
     QValidator::State judge(QString& text, int& cursor) const;
     void noteText();
     void draw(const QString& shown);
-    bool isOver() const;
+    bool isOutside() const;
     void setMarked(bool marked);
+    void showHint(bool refused);
 
     Bindings bindings_;
     QRegularExpression form_; ///< Of a number that is being typed.
     QString standing_;        ///< The text of the box; while the program sets one, that text already.
     std::function<void(const QString& now)> write_;
     bool drawing_ = false;
-    int maximum_ = 0; ///< 0: none.
+    QString hint_; ///< What the box takes.
+    int minimum_ = 0;
+    int maximum_ = 0; ///< 0: no number is marked.
     QLabel* remark_ = nullptr;
     QAction* warning_ = nullptr;
     bool marked_ = false;

@@ -178,7 +178,7 @@ protected:
     MarkedBoxTest() {
         box->follow(text);
         box->setAccessibleName(QStringLiteral("Points"));
-        box->markOver(65535, &remark);
+        box->markOutside(0, 65535, &remark);
     }
 
     QProperty<QString> text;

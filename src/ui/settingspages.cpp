@@ -56,11 +56,40 @@ QGridLayout* makeGrid(int horizontalSpacing, int verticalSpacing, QWidget* page 
     return grid;
 }
 
+/// Stands beside the box of a setting while it is not as the instrument has reported it.
+QLabel* makeUnsentMark(SettingsPage* page, const Setting& setting, const SettingsState& shown) {
+    QLabel* mark = makeTextLabel(QLatin1String(setting.control) + QLatin1String("Unsent"), setting.plainCaption());
+    mark->setText(QStringLiteral("not sent"));
+    mark->setForegroundRole(QPalette::Link);
+    QSizePolicy keepsItsRoom = mark->sizePolicy();
+    keepsItsRoom.setRetainSizeWhenHidden(true);
+    mark->setSizePolicy(keepsItsRoom);
+    mark->setParent(page);
+    const auto show = [mark, &setting, &shown] { mark->setVisible(shown.unsent().test(placeOf(setting))); };
+    page->bindings.bind(shown.record, [show](const LoggerSettings&) { show(); });
+    page->bindings.bind(shown.reported, [show](const std::optional<LoggerSettings>&) { show(); });
+    return mark;
+}
+
 QFrame* makeLine() {
     auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
     return line;
+}
+
+} // namespace
+
+namespace {
+
+/// Says over the sentences if it is not known that the instrument has these settings.
+QString whetherSent(const SettingsState& shown) {
+    if (!shown.reported.value()) {
+        return QStringLiteral("No instrument has reported these settings.");
+    }
+    return shown.unsent().any() ? QStringLiteral("These settings have not been sent to the instrument: %1.")
+                                      .arg(captionsOf(shown.unsent()))
+                                : QString();
 }
 
 } // namespace
@@ -73,8 +102,9 @@ QWidget* makeModesPage(Program& program) {
     auto* moored = makeButton("&Moored", "Moored", [&modes] { modes.moored(); });
     auto* save = makeButton("&Save A User Defined Mode", "SaveAUserDefinedMode", [&modes] { modes.saveMode(); });
     auto* load = makeButton("&Load A User Defined Mode", "LoadAUserDefinedMode", [&modes] { modes.loadMode(); });
-    auto* view = makeButton("&View Current Settings Transcribed as Text", "ViewCurrentSettingsTranscribedAsText",
-                            [english, &record = program.settings.shown.record] { english->open(record); });
+    auto* view =
+        makeButton("&View Current Settings Transcribed as Text", "ViewCurrentSettingsTranscribedAsText",
+                   [english, &shown = program.settings.shown] { english->open(shown.record, whetherSent(shown)); });
     auto* remark = makeShownText(page, "ModeRemark", "Mode file", program.settings.shown.modeRemark);
     remark->setWordWrap(true);
 
@@ -168,7 +198,12 @@ QWidget* makeControlBitsPage(Program& program) {
         QObject::connect(box, &QCheckBox::toggled, page, [&record, setting](bool on) {
             change(record, [setting, on](LoggerSettings& changed) { changed.*setting->flag = on; });
         });
-        layout->addWidget(box, 0, Qt::AlignLeft);
+        auto* line = new QHBoxLayout;
+        line->setSpacing(16);
+        line->addWidget(box);
+        line->addWidget(makeUnsentMark(page, *setting, program.settings.shown));
+        line->addStretch(1);
+        layout->addLayout(line);
     }
     layout->addStretch(1);
 
@@ -241,7 +276,15 @@ private:
 constexpr int capacityRow = 4;
 constexpr int firstRemarkRow = 5;
 
-void addNumbers(QGridLayout* layout, Program& program) {
+/// Below the boxes stands what there is to remark on the number in one of them.
+void addRemark(QGridLayout* layout, NumberBox* box, int minimum, int maximum) {
+    QLabel* remark = makeValueLabel(box->objectName() + QLatin1String("Remark"), "Remark");
+    remark->setWordWrap(true);
+    layout->addWidget(remark, std::max(layout->rowCount(), firstRemarkRow), 0, 1, 4);
+    box->markOutside(minimum, maximum, remark);
+}
+
+void addNumbers(SettingsPage* page, QGridLayout* layout, Program& program) {
     constexpr int maximumOfFiveDigits = 65535;
     int row = 0;
     for (const Setting& setting : numberSettings) {
@@ -251,17 +294,16 @@ void addNumbers(QGridLayout* layout, Program& program) {
         box->follow(program.settings.shown.record, setting.number);
         layout->addWidget(makeCaption(setting.caption, box), row, 0);
         layout->addWidget(box, row, 1);
+        layout->addWidget(makeUnsentMark(page, setting, program.settings.shown), row, 3);
         if (row == 0) {
             layout->addWidget(new SamplingOptions(program), row, 2);
+            addRemark(layout, box, 1, maximumOfFiveDigits);
         } else if (row == 1) {
             // Stands over the two boxes of five digits, like the head of a column.
             layout->addWidget(new QLabel(QStringLiteral("Max Values")), row, 2);
         } else {
             layout->addWidget(new QLabel(QString::number(maximumOfFiveDigits)), row, 2);
-            QLabel* remark = makeValueLabel(box->objectName() + QLatin1String("Remark"), "Remark");
-            remark->setWordWrap(true);
-            layout->addWidget(remark, std::max(layout->rowCount(), firstRemarkRow), 0, 1, 3);
-            box->markOver(maximumOfFiveDigits, remark);
+            addRemark(layout, box, 0, maximumOfFiveDigits);
         }
         ++row;
     }
@@ -273,7 +315,7 @@ QWidget* makeSamplesPage(Program& program) {
     auto* page = new SettingsPage("Samples and Intervals", "SamplesFrame");
     auto* layout = makeGrid(16, 8, page);
     layout->setColumnStretch(2, 1);
-    addNumbers(layout, program);
+    addNumbers(page, layout, program);
 
     const QString caption = QStringLiteral("Logger Capacity (% full)");
     auto* name = new QLabel(caption);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settingswindow.h"
 
+#include "settings/plainenglish.h"
 #include "ui/messageboxes.h"
 #include "ui/settingspages.h"
 #include "ui/widgets.h"
@@ -35,7 +36,7 @@ QStringList tabCaptions() {
     return captions;
 }
 
-QWidget* makeHint(const char* name, const char* text) {
+QLabel* makeHint(const char* name, const char* text) {
     auto* hint = new QLabel(QLatin1String(text));
     hint->setObjectName(QLatin1String(name));
     hint->setAlignment(Qt::AlignCenter);
@@ -51,8 +52,8 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
     , tabs_(new ChoiceTabBar(tabCaptions()))
     , frames_(new QStackedWidget)
     , glowFrame_(makeGlowCalibrationPage(program))
-    , noTabHint_(makeHint("NoTabHint", "Choose a tab to see its settings."))
     , noTypeHint_(makeHint("NoTypeHint", "Connect an instrument to see its calibration.")) {
+    noTabHint_ = makePlaceholder();
     setObjectName(QStringLiteral("LoggerSettings"));
     setWindowTitle(QStringLiteral("Logger Settings"));
     tabs_->setObjectName(QStringLiteral("SettingsTabs"));
@@ -66,6 +67,7 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs_);
     layout->addWidget(frames_, 1);
+    layout->addWidget(makeExchange());
     layout->addLayout(makeButtons());
     makeTabShortcuts();
     clearforms();
@@ -84,6 +86,48 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
             present();
         }
     });
+}
+
+/// Before a tab is chosen: what the instrument will do with its settings.
+QWidget* SettingsWindow::makePlaceholder() {
+    auto* english = makeValueLabel("SettingsInEnglish", "The settings in plain English");
+    english->setWordWrap(true);
+    auto* placeholder = new QWidget;
+    auto* layout = new QVBoxLayout(placeholder);
+    layout->addStretch(1);
+    layout->addWidget(english);
+    layout->addSpacing(16);
+    layout->addWidget(makeHint("NoTabHint", "Choose a tab to see its settings."));
+    layout->addStretch(1);
+    const SettingsState& shown = program_.settings.shown;
+    const auto describe = [english, &shown] {
+        QStringList sentences;
+        for (const QString& line : inPlainEnglish(shown.record).lines) {
+            if (!line.isEmpty()) {
+                sentences << line.simplified();
+            }
+        }
+        english->setText(shown.reported.value() ? sentences.join(u'\n') : QString());
+    };
+    bindings_.bind(shown.record, [describe](const LoggerSettings&) { describe(); });
+    bindings_.bind(shown.reported, [describe](const std::optional<LoggerSettings>&) { describe(); });
+    return placeholder;
+}
+
+/// A line below every tab: what is not sent yet, else how the last sending or reading went.
+QWidget* SettingsWindow::makeExchange() {
+    auto* line = makeTextLabel("SettingsExchange", "Settings");
+    line->setWordWrap(true);
+    const SettingsState& shown = program_.settings.shown;
+    const auto tell = [line, &shown] {
+        const SettingSet unsent = shown.unsent();
+        line->setText(unsent.none() ? shown.exchange.value()
+                                    : QStringLiteral("Changed and not sent yet: %1").arg(captionsOf(unsent)));
+    };
+    bindings_.bind(shown.record, [tell](const LoggerSettings&) { tell(); });
+    bindings_.bind(shown.reported, [tell](const std::optional<LoggerSettings>&) { tell(); });
+    bindings_.bind(shown.exchange, [tell](const QString&) { tell(); });
+    return line;
 }
 
 QLayout* SettingsWindow::makeButtons() {

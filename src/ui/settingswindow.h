@@ -33,6 +33,8 @@ protected:
     bool focusNextPrevChild(bool next) override { return focus_.move(next) || QWidget::focusNextPrevChild(next); }
 
 private:
+    QWidget* makePlaceholder();
+    QWidget* makeExchange();
     QLayout* makeButtons();
     void makeTabShortcuts();
     void showFrame();
@@ -41,7 +43,7 @@ private:
     ChoiceTabBar* tabs_;
     QStackedWidget* frames_;
     QWidget* glowFrame_;
-    QWidget* noTabHint_;
+    QWidget* noTabHint_ = nullptr;
     QWidget* noTypeHint_;
     Subscription tabChosen_;
     Bindings bindings_;
