@@ -37,7 +37,7 @@ trap finish EXIT
 cd "$work"
 
 # The programs write their log and record files into the current folder; Qt's chatter would drown the figures.
-export QT_LOGGING_RULES='*=false' XDG_RUNTIME_DIR=$work
+export QT_LOGGING_RULES='*=false' XDG_RUNTIME_DIR=$work XDG_CONFIG_HOME=$work
 chmod 700 "$work"
 # A display of its own, without window manager, so that windows are mapped when the program asks for it.
 Xvfb -displayfd 3 -noreset -screen 0 1280x1024x24 -nolisten tcp 3>display >/dev/null 2>&1 &

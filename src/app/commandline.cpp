@@ -72,12 +72,15 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     const QCommandLineOption documents(QStringLiteral("documents"),
                                        QStringLiteral("Work in the Documents folder instead of the current one. The "
                                                       "program's menu entry does so."));
+    const QCommandLineOption fresh(QStringLiteral("fresh"),
+                                   QStringLiteral("Take nothing over from an earlier start - ports, folders, windows - "
+                                                  "and keep nothing."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
     const QCommandLineOption showVersion({QStringLiteral("v"), QStringLiteral("version")},
                                          QStringLiteral("Show the program's version."));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Host program for the ORV optical water sensors."));
-    parser.addOptions({com1, com2, debugOutput, demo, documents, help, showVersion});
+    parser.addOptions({com1, com2, debugOutput, demo, documents, fresh, help, showVersion});
     if (!parser.parse(arguments)) {
         return refusal(parser.errorText());
     }
@@ -102,6 +105,7 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     line.debugOutput = parser.isSet(debugOutput);
     line.demoFolder = parser.value(demo);
     line.documents = parser.isSet(documents);
+    line.fresh = parser.isSet(fresh);
     for (const QString& device : {line.com1, line.com2}) {
         const QString problem = deviceProblem(device);
         if (!problem.isEmpty()) {

@@ -27,6 +27,7 @@ struct CommandLine {
     bool debugOutput = false;
     QString demoFolder;     ///< Empty: no demo.
     bool documents = false; ///< Work in the Documents folder.
+    bool fresh = false;     ///< Nothing is taken over from an earlier start, and nothing kept.
 };
 
 /// Reads the command line; `arguments` begins with the program's name.

@@ -84,24 +84,28 @@ TEST(CommandLine, WithoutOptionsTheSystemsOwnFirstTwoPortsAreUsed) {
     EXPECT_FALSE(line.debugOutput);
     EXPECT_EQ(line.demoFolder.toStdString(), "");
     EXPECT_FALSE(line.documents);
+    EXPECT_FALSE(line.fresh);
+    EXPECT_FALSE(line.choosesPort);
 }
 
 TEST(CommandLine, EveryOptionIsTaken) {
     const CommandLine line =
-        read(words("--com1 /dev/pts/3 --com2=sim:glow?rate=8 --debug-output --demo out/put --documents"));
+        read(words("--com1 /dev/pts/3 --com2=sim:glow?rate=8 --debug-output --demo out/put --documents --fresh"));
     EXPECT_EQ(line.wish, CommandLine::Wish::Run);
     EXPECT_EQ(line.com1.toStdString(), "/dev/pts/3");
     EXPECT_EQ(line.com2.toStdString(), "sim:glow?rate=8");
     EXPECT_TRUE(line.debugOutput);
     EXPECT_EQ(line.demoFolder.toStdString(), "out/put");
     EXPECT_TRUE(line.documents);
+    EXPECT_TRUE(line.fresh);
+    EXPECT_TRUE(line.choosesPort);
 }
 
 TEST(CommandLine, HelpAndVersionAreTexts) {
     const CommandLine help = read({QStringLiteral("--help")});
     EXPECT_EQ(help.wish, CommandLine::Wish::ShowHelp);
     for (const char* option :
-         {"--com1", "--com2", "--debug-output", "--demo", "--documents", "--help", "--version", "sim:trx"}) {
+         {"--com1", "--com2", "--debug-output", "--demo", "--documents", "--fresh", "--help", "--version", "sim:trx"}) {
         EXPECT_TRUE(help.text.contains(QString::fromLatin1(option))) << option;
     }
     const CommandLine version = read({QStringLiteral("--version")});

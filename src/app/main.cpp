@@ -7,14 +7,17 @@
 #include "program/devices.h"
 #include "ui/mainwindow.h"
 #include "ui/messageboxes.h"
+#include "ui/remembered.h"
 #include "ui/style.h"
 
 #include <QApplication>
+#include <QStandardPaths>
 #include <QTextStream>
 #include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -84,8 +87,19 @@ int main(int argc, char** argv) {
                           .deviceProblem = orv::deviceProblem});
     program.link.ports.setDevice(1, line.com1);
     program.link.ports.setDevice(2, line.com2);
-    if (!line.choosesPort && line.demoFolder.isEmpty()) {
+    const bool hasDemo = !line.demoFolder.isEmpty();
+    std::optional<orv::Remembered> remembered;
+    if (!line.fresh && !hasDemo) {
+        remembered.emplace(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+                           QStringLiteral("/orvhost.ini"));
+        remembered->keepPorts(program);
+        questions.setRemembered(&*remembered);
+    }
+    if (!line.choosesPort && !hasDemo) {
         program.link.portChoices.noteNothingChosen();
+        if (remembered) {
+            remembered->restorePorts(program);
+        }
     }
     program.link.debug.comm2Output = line.debugOutput;
     const std::unique_ptr<orv::SleepInhibitor> inhibitor = orv::makeSleepInhibitor();
@@ -94,10 +108,10 @@ int main(int argc, char** argv) {
     const std::unique_ptr<orv::DesktopNotice> notice = orv::makeDesktopNotice();
     const orv::NoticeWhenDone noticeWhenDone(program, *notice, [] { return QApplication::activeWindow() != nullptr; });
 
-    orv::MainWindow window(program);
+    orv::MainWindow window(program, remembered ? &*remembered : nullptr);
     messages.setParent(&window);
     questions.setParent(&window);
-    if (!line.demoFolder.isEmpty()) {
+    if (hasDemo) {
         return orv::runDemo(program, window, messages, line.demoFolder);
     }
     // Windows that close do not end the program by themselves: it may have something left to tell.

@@ -87,6 +87,13 @@ PortChoices::PortChoices(ComPorts& comPorts, PortList* portList,
         PortChoiceState::Chooser& chooser = shown[portNumber];
         chooser.device.setBinding([&ports, portNumber] { return ports.chosenDevice(portNumber).value(); });
         chooser.lock.setBinding([&ports, portNumber] { return lockReason(portNumber, ports.use(portNumber).value()); });
+        QProperty<QString>& known = known_.at(static_cast<std::size_t>(portNumber - 1));
+        chooser.gone.setBinding([this, &chooser, &known] {
+            const QString device = chooser.device;
+            return listed_.value() && known.value() == device && !device.isEmpty() && !isListed(device)
+                       ? QStringLiteral("%1 is not there now. Plug it in, or choose another port.").arg(device)
+                       : QString();
+        });
         // What is open now is the device in force: an older complaint would only mislead.
         notifiers_.push_back(chooser.lock.addNotifier([&chooser] { chooser.problem = QString(); }));
         bindings_.bind(ports.use(portNumber),
@@ -116,7 +123,28 @@ void PortChoices::refresh() {
     });
     list += shown.list.value().last(simulatedCount);
     shown.list = list;
+    listed_ = true;
+    for (const int portNumber : {1, 2}) {
+        if (const QString device = ports_.device(portNumber); isListed(device)) {
+            known_.at(static_cast<std::size_t>(portNumber - 1)) = device;
+        }
+    }
     takeAdapter(ports);
+}
+
+bool PortChoices::isListed(const QString& device) const {
+    return std::ranges::any_of(shown.list.value(),
+                               [&device](const PortChoice& choice) { return choice.device == device; });
+}
+
+void PortChoices::remember(int portNumber, const QString& device) {
+    if (ports_.use(portNumber).value() == PortUse::None && problemOf(portNumber, device).isEmpty()) {
+        nothingChosen_ = false;
+        ports_.setDevice(portNumber, device);
+        if (!device.contains(u'/')) { // the list has no paths
+            known_.at(static_cast<std::size_t>(portNumber - 1)) = device;
+        }
+    }
 }
 
 void PortChoices::noteNothingChosen() {

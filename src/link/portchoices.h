@@ -27,6 +27,8 @@ struct PortChoiceState {
         QProperty<QString> device;  ///< The device in force.
         QProperty<QString> problem; ///< Why what was chosen last is not in force; empty: it is.
         QProperty<QString> lock;    ///< Why the device cannot be changed now; empty: it can.
+        /// Says that the device has been a port of this computer and is none now; empty otherwise.
+        QProperty<QString> gone;
     };
 
     /// The system's ports in the order of their names and numbers, then the simulated instruments.
@@ -59,6 +61,9 @@ public:
     /// taken, the chooser's `problem` says why and the device stays what it was. A port in use keeps its device.
     void choose(int portNumber, const QString& device);
 
+    /// Makes the device that was connected there in an earlier session the port's, if it can be. If it is not there
+    /// now, it stays, and is shown as gone.
+    void remember(int portNumber, const QString& device);
     /// Nobody has chosen a device, neither now nor before: what the ports have are mere defaults.
     void noteNothingChosen();
     /// The same as choosing a simulated instrument for COM 1; see `offersSimulation`.
@@ -67,6 +72,7 @@ public:
     PortChoiceState shown;
 
 private:
+    bool isListed(const QString& device) const;
     void takeAdapter(const std::vector<ListedPort>& ports);
     QString problemOf(int portNumber, const QString& device) const;
 
@@ -74,7 +80,9 @@ private:
     PortList* portList_;
     std::function<QString(const QString& device)> deviceProblem_;
     QProperty<bool> nothingChosen_{false};
-    QProperty<bool> noAdapter_{false}; ///< The ports have been listed, and no adapter was among them.
+    std::array<QProperty<QString>, 2> known_; ///< A device that has been a port of this computer, for each port.
+    QProperty<bool> listed_{false};           ///< The computer's ports are known.
+    QProperty<bool> noAdapter_{false};        ///< The ports have been listed, and no adapter was among them.
     std::vector<QPropertyNotifier> notifiers_;
     Bindings bindings_;
 };

@@ -6,11 +6,16 @@
 #include <QCoreApplication>
 #endif
 
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 /// For tests of what needs a running application. Those of screens need no display, also when the build asks them for
 /// their names.
 int main(int argc, char** argv) {
+    // What the program remembers for its operator is none of the tests' business, nor of the programs that they start.
+    const QTemporaryDir settings;
+    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
 #ifdef ORV_WINDOWS
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");

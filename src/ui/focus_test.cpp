@@ -109,5 +109,20 @@ TEST_F(FocusTest, AnEndingButtonTakesKeysOnlyAfterItWasChosen) {
     EXPECT_EQ(ends, 3);
 }
 
+using SettingsFocusTest = SettingsWindowTest;
+
+TEST_F(SettingsFocusTest, ItStaysOnApplySettingsWhileTheyAreSent) {
+    auto& apply = find<QPushButton>("ApplySettings");
+    apply.setFocus();
+    apply.click();
+    EXPECT_FALSE(apply.isEnabled());
+    EXPECT_EQ(screen.focusWidget(), nullptr) << "not on its neighbour";
+    finish();
+    receive(settingsReport("60000"));
+    ticks(12);
+    ASSERT_TRUE(apply.isEnabled());
+    EXPECT_EQ(screen.focusWidget(), &apply);
+}
+
 } // namespace
 } // namespace orv

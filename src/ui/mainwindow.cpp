@@ -6,6 +6,7 @@
 #include "ui/dialogs.h"
 #include "ui/graphpage.h"
 #include "ui/messageboxes.h"
+#include "ui/remembered.h"
 #include "ui/settingswindow.h"
 #include "ui/sheetpage.h"
 #include "ui/statuspage.h"
@@ -22,7 +23,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -34,30 +34,11 @@ namespace {
 /// before would delay the window by a quarter.
 constexpr int preparationDelay = 50;
 
-/// Lets a page be seen whole in a window that is smaller than it, instead of enlarging the window.
-QWidget* scrollable(QWidget* page) {
-    auto* area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(page);
-    return area;
-}
-
-ChoiceTabBar* makeStrip(const QStringList& captions, const char* name, const char* accessibleName,
-                        const char* toolTip) {
-    auto* strip = new ChoiceTabBar(captions);
-    strip->setObjectName(QLatin1String(name));
-    strip->setAccessibleName(QLatin1String(accessibleName));
-    strip->setToolTip(QLatin1String(toolTip));
-    strip->setDrawBase(false);
-    return strip;
-}
-
 } // namespace
 
-MainWindow::MainWindow(Program& program)
+MainWindow::MainWindow(Program& program, Remembered* remembered)
     : program_(program)
+    , remembered_(remembered)
     , upperTabs_(makeStrip(upperCaptions(), "TabStrip1", "Pages", "Form Select Tabs."))
     , lowerTabs_(makeStrip(lowerCaptions(), "TabStrip2", "Service pages",
                            "Special Tidelane Debug screens and Tools. Internal use only so far."))
@@ -78,7 +59,16 @@ MainWindow::MainWindow(Program& program)
         }
     }));
     subscriptions_.push_back(program_.aboutToEnd.subscribe([this] { closeOldMessages(); }));
-    subscriptions_.push_back(program_.ended.subscribe([this] { hideWindows(); }));
+    subscriptions_.push_back(program_.ended.subscribe([this] {
+        keepLook();
+        hideWindows();
+    }));
+    if (remembered_ != nullptr) {
+        remembered_->restoreWindow(*this);
+        if (const qsizetype page = upperCaptions().indexOf(remembered_->page()); page > 0) {
+            upperTabs_->choose(static_cast<int>(page));
+        }
+    }
 }
 
 MainWindow::~MainWindow() = default;
@@ -97,6 +87,10 @@ void MainWindow::prepareAllPages() {
     graphPage_ = new GraphPage(program_);
     subscriptions_.push_back(
         graphPage_->rowsChosen.subscribe([this](const std::vector<RowRange>& rows) { sheetPage_->selectRows(rows); }));
+    if (remembered_ != nullptr) {
+        remembered_->restoreChoices(*sheetPage_);
+        remembered_->restoreChoices(*graphPage_);
+    }
     addPage(Page::Sheet, sheetPage_);
     addPage(Page::Graphical, graphPage_);
     addPage(Page::Debug, new DebugPage(program_));
@@ -361,6 +355,9 @@ void MainWindow::showSettings(bool visible) {
         return; // the window follows by itself
     }
     settingsWindow_ = std::make_unique<SettingsWindow>(program_);
+    if (remembered_ != nullptr) {
+        remembered_->restoreWindow(*settingsWindow_);
+    }
     subscriptions_.push_back(settingsWindow_->mainWindowWanted.subscribe([this] { comeForward(); }));
 }
 
@@ -400,6 +397,17 @@ void MainWindow::closeOldMessages() {
             box->close();
         }
     }
+}
+
+void MainWindow::keepLook() {
+    if (remembered_ == nullptr) {
+        return;
+    }
+    remembered_->keepPage(program_.pages.upperCaption);
+    remembered_->keepWindow(this);
+    remembered_->keepWindow(settingsWindow_.get());
+    remembered_->keepChoices(sheetPage_);
+    remembered_->keepChoices(graphPage_);
 }
 
 void MainWindow::hideWindows() {

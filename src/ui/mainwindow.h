@@ -17,6 +17,7 @@ namespace orv {
 
 class ChoiceTabBar;
 class GraphPage;
+class Remembered;
 class SettingsWindow;
 class SheetPage;
 class StatusPage;
@@ -28,7 +29,8 @@ class StatusPage;
 /// messages that its end has told.
 class MainWindow final : public QMainWindow {
 public:
-    explicit MainWindow(Program& program);
+    /// With `remembered` it looks as it did when the program ended last.
+    explicit MainWindow(Program& program, Remembered* remembered = nullptr);
     ~MainWindow() override;
 
     /// The settings screen; null before its first use.
@@ -67,9 +69,11 @@ private:
     void noteMessages();
     void closeOldMessages();
     void hideWindows();
+    void keepLook();
     void showAbout();
 
     Program& program_;
+    Remembered* remembered_; ///< Null: nothing is kept.
     ChoiceTabBar* upperTabs_;
     ChoiceTabBar* lowerTabs_;
     QWidget* pageArea_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/messageboxes.h"
 
+#include "ui/remembered.h"
 #include "ui/settingswindow.h"
 
 #include <QAbstractItemView>
@@ -179,7 +180,14 @@ private:
     QString suffix_; ///< With its dot; may be empty.
 };
 
-QDialog* makeDialog(const Question& question, QWidget* parent) {
+/// The empty text is no folder.
+void openIn(QFileDialog& dialog, const QString& folder) {
+    if (!folder.isEmpty()) {
+        dialog.setDirectory(folder);
+    }
+}
+
+QDialog* makeDialog(const Question& question, const QString& folder, QWidget* parent) {
     if (question.kind == Question::Kind::YesNo) {
         return new YesNoBox(question.title, question.text, parent);
     }
@@ -187,6 +195,7 @@ QDialog* makeDialog(const Question& question, QWidget* parent) {
         auto* dialog = new OpenDialog(question.title, question.filter, question.suffix, parent);
         dialog->setAcceptMode(QFileDialog::AcceptOpen);
         dialog->setFileMode(QFileDialog::ExistingFile);
+        openIn(*dialog, folder);
         return dialog;
     }
     auto* dialog = new SaveDialog(question.title, question.filter, parent);
@@ -195,6 +204,7 @@ QDialog* makeDialog(const Question& question, QWidget* parent) {
     }
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
+    openIn(*dialog, folder);
     dialog->selectFile(question.presetName);
     return dialog;
 }
@@ -329,11 +339,19 @@ Subscription QuestionDialogs::ask(const Question& question, Answered answered) {
     QWidget* window = settings != nullptr ? settings : parent_.data();
     // The button that asked is disabled meanwhile and loses the focus to a neighbour.
     QWidget* focus = window != nullptr ? window->focusWidget() : nullptr;
-    QDialog* dialog = makeDialog(question, window);
+    const QString folder = remembered_ != nullptr ? remembered_->folder(question.suffix) : QString();
+    QDialog* dialog = makeDialog(question, folder, window);
     dialog->setProperty(questionMark, true);
     dialog->setModal(false);
     QObject::connect(dialog, &QDialog::finished, dialog,
-                     [dialog, answered = std::move(answered)](int result) { answered(answerOf(*dialog, result)); });
+                     [this, dialog, suffix = question.suffix, answered = std::move(answered)](int result) {
+                         const QString answer = answerOf(*dialog, result);
+                         const bool isFile = qobject_cast<QFileDialog*>(dialog) != nullptr && !answer.isEmpty();
+                         if (remembered_ != nullptr && isFile) {
+                             remembered_->keepFolder(suffix, answer);
+                         }
+                         answered(answer);
+                     });
     dialog->show();
     dialog->raise();
     dialog->activateWindow();

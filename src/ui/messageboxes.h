@@ -13,6 +13,8 @@ class QMessageBox;
 
 namespace orv {
 
+class Remembered;
+
 /// Shows a window that comes by itself. While a question stands, that keeps the front and the keyboard. Returns whether
 /// none does: the window may come to the front.
 bool showUnasked(QWidget& window);
@@ -50,8 +52,12 @@ public:
 
     void setParent(QWidget* parent) { parent_ = parent; }
 
+    /// From now on file dialogs open in the folder of the last file of their kind. It outlives this.
+    void setRemembered(Remembered* remembered) { remembered_ = remembered; }
+
 private:
     QPointer<QWidget> parent_;
+    Remembered* remembered_ = nullptr;
 };
 
 } // namespace orv

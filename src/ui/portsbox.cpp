@@ -350,11 +350,15 @@ void PortsBox::addPort(QGridLayout& layout, int portNumber) {
     layout.addWidget(chooser, row, 1);
     layout.addWidget(button, row, 2);
     layout.addWidget(problem, row + 1, 1, 1, 2, Qt::AlignTop);
-    bindings_.bind(choices_.shown[portNumber].problem, [problem](const QString& text) {
+    const PortChoiceState::Chooser& shown = choices_.shown[portNumber];
+    const auto showProblem = [problem, &shown](const QString&) {
+        const QString text = shown.problem.value().isEmpty() ? shown.gone.value() : shown.problem.value();
         problem->setText(text);
         problem->setToolTip(text);
         problem->setVisible(!text.isEmpty());
-    });
+    };
+    bindings_.bind(shown.problem, showProblem);
+    bindings_.bind(shown.gone, showProblem);
 }
 
 void PortsBox::addNextStep(QGridLayout& layout) {

@@ -184,4 +184,14 @@ void ChoiceTabBar::keyPressEvent(QKeyEvent* event) {
     QTabBar::keyPressEvent(event);
 }
 
+ChoiceTabBar* makeStrip(const QStringList& captions, const char* name, const char* accessibleName,
+                        const char* toolTip) {
+    auto* strip = new ChoiceTabBar(captions);
+    strip->setObjectName(QLatin1String(name));
+    strip->setAccessibleName(QLatin1String(accessibleName));
+    strip->setToolTip(QLatin1String(toolTip));
+    strip->setDrawBase(false);
+    return strip;
+}
+
 } // namespace orv

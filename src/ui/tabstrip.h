@@ -33,4 +33,7 @@ private:
     bool chosen_ = false;
 };
 
+/// A strip with the name by which the program finds it and what is told of it.
+ChoiceTabBar* makeStrip(const QStringList& captions, const char* name, const char* accessibleName, const char* toolTip);
+
 } // namespace orv

@@ -6,6 +6,7 @@
 #include <QAccessibleWidget>
 #include <QComboBox>
 #include <QPainter>
+#include <QScrollArea>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -138,6 +139,15 @@ QRadioButton* makeOption(QAnyStringView caption, QAnyStringView name, QAnyString
     option->setObjectName(name.toString());
     option->setToolTip(toolTip.toString());
     return option;
+}
+
+QWidget* scrollable(QWidget* page) {
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(page);
+    return area;
 }
 
 QGroupBox* makeFrame(QAnyStringView title, QAnyStringView name) {

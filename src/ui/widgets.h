@@ -63,6 +63,9 @@ QPushButton* makeButton(QAnyStringView caption, QAnyStringView name, const std::
 /// An option button; of those with one parent only one is selected.
 QRadioButton* makeOption(QAnyStringView caption, QAnyStringView name, QAnyStringView toolTip = {});
 
+/// Lets a page be seen whole in a window that is smaller than it, instead of enlarging the window.
+QWidget* scrollable(QWidget* page);
+
 /// A frame with a title, which may be empty.
 QGroupBox* makeFrame(QAnyStringView title, QAnyStringView name = {});
 

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/remembered.h"
+
+#include <QComboBox>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QTableView>
+
+namespace orv {
+
+namespace {
+
+QString portKey(int portNumber) {
+    return QStringLiteral("ports/com%1").arg(portNumber);
+}
+
+QString folderKey(const QString& suffix) {
+    return QStringLiteral("folders/") + QString(suffix).remove(u'.');
+}
+
+QString windowKey(const QWidget& window) {
+    return QStringLiteral("windows/") + window.objectName();
+}
+
+QString choiceKey(const QWidget& control) {
+    return QStringLiteral("choices/") + control.objectName();
+}
+
+/// Whether the operator can make the columns wider.
+bool hasWidths(const QTableView& table) {
+    const QHeaderView& header = *table.horizontalHeader();
+    return header.count() > 0 && header.sectionResizeMode(0) == QHeaderView::Interactive;
+}
+
+} // namespace
+
+void Remembered::keep(const QString& key, const QVariant& value) {
+    if (file_.value(key) != value) {
+        file_.setValue(key, value);
+    }
+}
+
+void Remembered::restorePorts(Program& program) const {
+    for (const int portNumber : {1, 2}) {
+        if (const QString device = file_.value(portKey(portNumber)).toString(); !device.isEmpty()) {
+            program.link.portChoices.remember(portNumber, device);
+        }
+    }
+}
+
+void Remembered::keepPorts(const Program& program) {
+    for (const int portNumber : {1, 2}) {
+        bindings_.bind(program.link.ports.use(portNumber), [this, &program, portNumber](PortUse use) {
+            if (use == PortUse::Instrument) {
+                keep(portKey(portNumber), program.link.ports.device(portNumber));
+            }
+        });
+    }
+}
+
+QString Remembered::page() const {
+    return file_.value(QStringLiteral("page")).toString();
+}
+
+void Remembered::keepPage(const QString& caption) {
+    keep(QStringLiteral("page"), caption);
+}
+
+QString Remembered::folder(const QString& suffix) const {
+    const QString kept = file_.value(folderKey(suffix)).toString();
+    return QFileInfo(kept).isDir() ? kept : QString();
+}
+
+void Remembered::keepFolder(const QString& suffix, const QString& file) {
+    keep(folderKey(suffix), QFileInfo(file).absolutePath());
+}
+
+void Remembered::restoreWindow(QWidget& window) const {
+    window.restoreGeometry(file_.value(windowKey(window)).toByteArray());
+}
+
+void Remembered::keepWindow(const QWidget* window) {
+    if (window != nullptr) {
+        keep(windowKey(*window), window->saveGeometry());
+    }
+}
+
+void Remembered::restoreChoices(QWidget& page) const {
+    for (auto* list : page.findChildren<QComboBox*>()) {
+        if (const int index = list->findText(file_.value(choiceKey(*list)).toString()); index >= 0) {
+            list->setCurrentIndex(index);
+        }
+    }
+    for (auto* table : page.findChildren<QTableView*>()) {
+        if (hasWidths(*table)) {
+            table->horizontalHeader()->restoreState(file_.value(choiceKey(*table)).toByteArray());
+        }
+    }
+}
+
+void Remembered::keepChoices(const QWidget* page) {
+    if (page == nullptr) {
+        return;
+    }
+    for (const auto* list : page->findChildren<QComboBox*>()) {
+        keep(choiceKey(*list), list->currentText());
+    }
+    for (const auto* table : page->findChildren<QTableView*>()) {
+        if (hasWidths(*table)) {
+            keep(choiceKey(*table), table->horizontalHeader()->saveState());
+        }
+    }
+}
+
+} // namespace orv

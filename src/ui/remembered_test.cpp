@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/remembered.h"
+
+#include "testing/windowrig.h"
+#include "ui/messageboxes.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QTableWidget>
+
+namespace orv {
+namespace {
+
+class RememberedTest : public WindowTest {
+protected:
+    RememberedTest() { program.setComm2Output(false); }
+
+    /// What a start with what was kept before finds.
+    std::unique_ptr<Remembered> start() { return std::make_unique<Remembered>(path("kept.ini")); }
+};
+
+TEST_F(RememberedTest, APortThatWasConnectedComesBack) {
+    const auto kept = start();
+    kept->keepPorts(program);
+    ports.setDevice(1, QStringLiteral("ttyC"));
+    program.connectPort(1);
+    EXPECT_TRUE(ports.isOpen());
+    ProgramRig next;
+    start()->restorePorts(next.program);
+    EXPECT_EQ(next.ports.device(1).toStdString(), "ttyC");
+    EXPECT_EQ(next.ports.device(2).toStdString(), "ttyB") << "it was not connected";
+}
+
+TEST_F(RememberedTest, APortThatWasOnlyChosenDoesNot) {
+    const auto kept = start();
+    kept->keepPorts(program);
+    program.link.portChoices.choose(1, QStringLiteral("ttyC"));
+    ProgramRig next;
+    start()->restorePorts(next.program);
+    EXPECT_EQ(next.ports.device(1).toStdString(), "ttyA");
+}
+
+TEST_F(RememberedTest, APortThatIsGoneIsShownAsGoneAndNotReplaced) {
+    program.link.portChoices.noteNothingChosen();
+    program.link.portChoices.remember(1, QStringLiteral("ttyUSB3"));
+    portList.plugged = {{.name = QStringLiteral("ttyUSB0"), .description = {}, .manufacturer = {}, .isAdapter = true}};
+    const auto& gone = find<QLabel>("PortProblem1");
+    program.link.portChoices.refresh();
+    EXPECT_EQ(ports.device(1).toStdString(), "ttyUSB3");
+    EXPECT_TRUE(gone.isVisible());
+    EXPECT_EQ(gone.text().toStdString(), "ttyUSB3 is not there now. Plug it in, or choose another port.");
+    portList.plugged.front().name = QStringLiteral("ttyUSB3");
+    program.link.portChoices.refresh();
+    EXPECT_FALSE(gone.isVisible());
+    portList.plugged.clear();
+    program.link.portChoices.refresh();
+    EXPECT_TRUE(gone.isVisible());
+    program.link.portChoices.choose(1, QStringLiteral("sim:trx"));
+    EXPECT_FALSE(gone.isVisible());
+}
+
+TEST_F(RememberedTest, ARememberedDeviceThatCannotBeUsedIsLeftOut) {
+    for (const char* device : {"my port", "ttyB", ""}) {
+        program.link.portChoices.remember(1, QString::fromLatin1(device));
+        EXPECT_EQ(ports.device(1).toStdString(), "ttyA");
+    }
+    program.link.portChoices.remember(1, QStringLiteral("/dev/pts/3"));
+    program.link.portChoices.refresh();
+    EXPECT_EQ(ports.device(1).toStdString(), "/dev/pts/3");
+    EXPECT_FALSE(find<QLabel>("PortProblem1").isVisible()) << "the list of ports has no paths";
+}
+
+TEST_F(RememberedTest, WindowsPageAndAxisComeBack) {
+    {
+        const auto kept = start();
+        ProgramRig rig;
+        MainWindow first(rig.program, kept.get());
+        first.show();
+        first.prepareAllPages();
+        first.resize(900, 611);
+        control<QComboBox>(first, "PlotAxis").setCurrentIndex(1);
+        control<QTabBar>(first, "TabStrip1").setCurrentIndex(0);
+        clickTab(control<QTabBar>(first, "TabStrip1"), 2);
+        rig.program.showSettingsForm();
+        first.settingsWindow()->resize(700, 500);
+        EXPECT_TRUE(rig.quit());
+    }
+    const auto kept = start();
+    ProgramRig rig;
+    MainWindow second(rig.program, kept.get());
+    second.show();
+    EXPECT_EQ(second.size(), QSize(900, 611));
+    EXPECT_EQ(rig.program.pages.shown.value(), Page::Graphical);
+    EXPECT_EQ(control<QComboBox>(second, "PlotAxis").currentIndex(), 1);
+    rig.program.showSettingsForm();
+    EXPECT_EQ(second.settingsWindow()->size(), QSize(700, 500));
+}
+
+TEST_F(RememberedTest, WithoutAnEarlierStartNothingIsTakenOver) {
+    const auto kept = start();
+    ProgramRig rig;
+    MainWindow first(rig.program, kept.get());
+    EXPECT_EQ(first.size(), QSize(1000, 680));
+    EXPECT_EQ(rig.program.pages.shown.value(), Page::Status);
+    kept->restorePorts(rig.program);
+    EXPECT_EQ(rig.ports.device(1).toStdString(), "ttyA");
+}
+
+TEST_F(RememberedTest, FileDialogsOpenInTheFolderOfTheLastFileOfTheirKind) {
+    const auto kept = start();
+    ASSERT_TRUE(QDir(path("")).mkdir(QStringLiteral("deployments")));
+    kept->keepFolder(QStringLiteral(".OCM"), path("deployments/a.OCM"));
+    QuestionDialogs questions;
+    questions.setParent(window.get());
+    questions.setRemembered(kept.get());
+    const auto folderOf = [&](const Question& question) {
+        const Subscription asked = questions.ask(question, [](const QString&) {});
+        return window->findChildren<QFileDialog*>().constLast()->directory().dirName().toStdString();
+    };
+    const QString title = QStringLiteral("Save as");
+    EXPECT_EQ(folderOf(saveQuestion(title, {}, QStringLiteral(".OCM"), {})), "deployments");
+    EXPECT_EQ(folderOf(openQuestion(title, QStringLiteral(".OCM"), {})), "deployments");
+    EXPECT_EQ(kept->folder(QStringLiteral(".ODV")), QString()) << "another kind";
+    ASSERT_TRUE(QDir(path("")).rmdir(QStringLiteral("deployments")));
+    EXPECT_NE(folderOf(openQuestion(title, QStringLiteral(".OCM"), {})), "deployments") << "it is there no more";
+}
+
+TEST_F(RememberedTest, AChosenFileTellsTheFolder) {
+    const auto kept = start();
+    QuestionDialogs questions;
+    questions.setParent(window.get());
+    questions.setRemembered(kept.get());
+    const Subscription asked = questions.ask(
+        saveQuestion(QStringLiteral("Save as"), path("sheet.txt"), QStringLiteral(".txt"), {}), [](const QString&) {});
+    QDialog& dialog = *window->findChildren<QFileDialog*>().constLast();
+    dialog.accept();
+    EXPECT_EQ(kept->folder(QStringLiteral(".txt")), QDir(path("")).absolutePath());
+    EXPECT_EQ(kept->folder(QStringLiteral(".OCM")), QString());
+}
+
+TEST_F(RememberedTest, ColumnsThatCanBeMadeWiderComeBack) {
+    const auto kept = start();
+    QWidget page;
+    auto* table = new QTableWidget(2, 3, &page);
+    table->setObjectName(QStringLiteral("Table"));
+    table->setColumnWidth(1, 177);
+    kept->keepChoices(&page);
+    table->setColumnWidth(1, 50);
+    kept->restoreChoices(page);
+    EXPECT_EQ(table->columnWidth(1), 177);
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    kept->restoreChoices(page);
+    EXPECT_EQ(table->horizontalHeader()->sectionResizeMode(1), QHeaderView::Stretch);
+}
+
+} // namespace
+} // namespace orv
