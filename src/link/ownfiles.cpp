@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/ownfiles.h"
 
+#include "link/poll.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -28,7 +30,7 @@ OwnFilesKept::OwnFilesKept(OperatorQuestions& asked, const Session& session)
 bool OwnFilesKept::isOwn(const QString& name) const {
     const FileNames& own = session_.fileNames;
     const QStringList names{own.record, own.record + QLatin1String(".lock"), own.record + QLatin1String(".saved"),
-                            own.log};
+                            own.log, ProgramLog::olderPath(own.log)};
     const QString wanted = placeOf(name);
     return std::any_of(names.begin(), names.end(), [&wanted](const QString& candidate) {
         return !candidate.isEmpty() && placeOf(candidate).compare(wanted, Qt::CaseInsensitive) == 0;

@@ -3,24 +3,65 @@
 
 #include "base/files.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace orv {
 
+QString ProgramLog::olderPath(const QString& path) {
+    const qsizetype suffix = path.lastIndexOf(u'.');
+    return path.first(std::max<qsizetype>(suffix, 0)) + QLatin1String("-older") +
+           path.sliced(std::max<qsizetype>(suffix, 0));
+}
+
 QString ProgramLog::open(const QString& path) {
     file_.setFileName(path);
-    return file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) ? QString()
-                                                                                          : errorText(file_);
+    isBegun_ = openFor(QIODevice::Truncate);
+    if (!isBegun_) {
+        return errorText(file_);
+    }
+    QFile::remove(olderPath(path));
+    return {};
 }
 
 QString ProgramLog::write(const QByteArray& block) {
-    if (!file_.isOpen()) {
+    const QByteArray line = block + "\r\n";
+    if (file_.isOpen() && file_.pos() > 0 && file_.pos() + line.size() > std::max(next_, largest_)) {
+        beginAnew();
+    } else if (isBegun_ && !file_.isOpen()) {
+        openFor(QIODevice::Append); // there was no new one, perhaps there can be now
+    }
+    if (!isBegun_) {
         return {};
     }
-    QString reason = appendWhole(file_, block + "\r\n");
+    QString reason = file_.isOpen() ? appendWhole(file_, line) : errorText(file_);
     const bool isTold = std::exchange(failureTold_, !reason.isEmpty());
     return isTold ? QString() : reason;
+}
+
+void ProgramLog::beginAnew() {
+    const QFileInfo info(file_.fileName());
+    next_ = file_.pos() + largest_; // if it fails
+    file_.close();                  // some systems rename no open file
+    // In one step, so that what was received last is in one of the two files whenever the computer stops.
+    std::error_code error;
+    std::filesystem::rename(info.filesystemFilePath(), QFileInfo(olderPath(file_.fileName())).filesystemFilePath(),
+                            error);
+    if (!error) {
+        next_ = 0;
+        anew_.begun = !std::exchange(anewTold_, true);
+    } else {
+        anew_.reason = QString::fromLocal8Bit(error.message().c_str());
+    }
+    openFor(error ? QIODevice::Append : QIODevice::Truncate);
+}
+
+bool ProgramLog::openFor(QIODevice::OpenMode mode) {
+    return file_.open(QIODevice::WriteOnly | mode | QIODevice::Unbuffered);
 }
 
 Poll::Poll(Session& session, ComPorts& ports, DebugState& debug)
@@ -42,14 +83,7 @@ QString Poll::quary() {
         if (state.trouble == 1 && debug_.rawBuffer) {
             debug_.list.append(QString::fromLatin1(block));
         }
-        const QString reason = log.write(block);
-        if (!reason.isEmpty()) {
-            session_.messages.show(
-                operatorWarning(QStringLiteral("The log file %1 can no longer be written: %2.\n\nThe "
-                                               "program goes on; make room on the disk so that the log is "
-                                               "complete again.")
-                                    .arg(session_.fileNames.log, reason)));
-        }
+        writeLog(block);
     } else if (searched_.lineFeed < 0 && ports_.checkFailure()) {
         return {}; // the operator is told after the last complete line has been taken
     }
@@ -78,6 +112,34 @@ QString Poll::quary() {
         debug_.list.selectLast();
     }
     return state.Rtn;
+}
+
+void Poll::writeLog(const QByteArray& block) {
+    const QString reason = log.write(block);
+    const QString& name = session_.fileNames.log;
+    if (!reason.isEmpty()) {
+        session_.messages.show(
+            operatorWarning(QStringLiteral("The log file %1 can no longer be written: %2.\n\nThe "
+                                           "program goes on; make room on the disk so that the log is "
+                                           "complete again.")
+                                .arg(name, reason)));
+    }
+    const ProgramLog::Anew anew = log.takeAnew();
+    if (anew.begun) {
+        session_.messages.show(
+            {.title = programTitle(),
+             .text = QStringLiteral("The log file %1 has become long and goes on in a new file. What was received "
+                                    "before is in %2.\n\nFrom now on this is done without a word, and only the "
+                                    "newest of the older files is kept. Copy them if you need more.")
+                         .arg(name, ProgramLog::olderPath(name)),
+             .icon = Message::Icon::Information});
+    } else if (!anew.reason.isEmpty()) {
+        session_.messages.show(
+            operatorWarning(QStringLiteral("The log file %1 has become long, and no new one could be begun: %2.\n\nThe "
+                                           "program goes on. Make room in the folder, and start the program again "
+                                           "when you can.")
+                                .arg(name, anew.reason)));
+    }
 }
 
 void Poll::searchWhatIsNew() {

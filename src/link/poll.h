@@ -7,25 +7,56 @@
 #include <QFile>
 #include <QString>
 
+#include <utility>
+
 namespace orv {
 
 /// The program log: every block of characters that the poll reads from the instrument, byte for byte as received,
 /// each followed by CR LF. Emptied at every start of the program, open for the whole run; each block reaches the
 /// operating system at once.
+///
+/// A program that runs for weeks does not fill the disk: when the file has its largest size it becomes the older file,
+/// "log-older.ohp", in place of the one before, and a new one is begun. So both together have at least the last bytes
+/// of that number, at every moment, and at most twice as many.
 class ProgramLog {
 public:
-    /// Creates or empties the file. Returns the empty text, or why it could not be opened.
+    static constexpr qint64 largestFile = qint64{128} * 1024 * 1024;
+
+    explicit ProgramLog(qint64 largest = largestFile)
+        : largest_(largest) {}
+
+    /// Creates or empties the file, and removes the older one. Returns the empty text, or why it could not be opened.
     QString open(const QString& path);
 
     /// Appends one block. Returns the empty text, or why it could not be written; only once, until a block can be
     /// written again. Nothing happens if the log is not open.
     QString write(const QByteArray& block);
 
+    struct Anew {
+        bool begun = false; ///< For the first time.
+        QString reason;     ///< Why it could not be; the file then grows on, and it is tried again when it has doubled.
+    };
+    /// What the last write() made of a file that had become too long.
+    Anew takeAnew() { return std::exchange(anew_, {}); }
+
+    /// Where the file at `path` goes when it has become too long: "log-2-older.ohp" of "log-2.ohp".
+    static QString olderPath(const QString& path);
+
+    void setLargest(qint64 bytes) { largest_ = bytes; }
+
     /// A failure that goes on is told once more.
     void forgetToldFailure() { failureTold_ = false; }
 
 private:
+    void beginAnew();
+    bool openFor(QIODevice::OpenMode mode);
+
     QFile file_;
+    qint64 largest_;
+    qint64 next_ = 0; ///< When the file has so many bytes it is begun anew; 0: when it has the largest number.
+    Anew anew_;
+    bool anewTold_ = false;
+    bool isBegun_ = false; ///< There is a log of this program.
     bool failureTold_ = false;
 };
 
@@ -57,6 +88,7 @@ private:
         qsizetype other = -1;    ///< The last "!".
     };
 
+    void writeLog(const QByteArray& block);
     void searchWhatIsNew();
     void takeLine();
 

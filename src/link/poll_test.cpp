@@ -60,6 +60,81 @@ TEST_F(ProgramLogTest, ignoresBlocksWhileItIsNotOpen) {
     EXPECT_EQ(log.write("abc"), QString());
 }
 
+class LongLogTest : public ProgramLogTest {
+protected:
+    LongLogTest() { EXPECT_EQ(log.open(path).toStdString(), ""); }
+
+    /// Ten bytes of the log.
+    void writeBlock(char letter) { EXPECT_EQ(log.write(QByteArray(8, letter)).toStdString(), ""); }
+    QByteArray line(char letter) { return QByteArray(8, letter) + "\r\n"; }
+    QByteArray older() { return contentsOf(folder.path("log-older.ohp")); }
+
+    ProgramLog log{30};
+};
+
+TEST_F(LongLogTest, goesOnInANewFileAndKeepsTheOneBefore) {
+    for (const char letter : {'a', 'b', 'c'}) {
+        writeBlock(letter);
+    }
+    EXPECT_EQ(content().size(), 30);
+    EXPECT_FALSE(log.takeAnew().begun);
+    writeBlock('d');
+    EXPECT_EQ(content(), line('d'));
+    EXPECT_EQ(older(), line('a') + line('b') + line('c'));
+    EXPECT_TRUE(log.takeAnew().begun);
+    EXPECT_FALSE(log.takeAnew().begun);
+    for (const char letter : {'e', 'f', 'g'}) {
+        writeBlock(letter);
+    }
+    EXPECT_EQ(content(), line('g'));
+    EXPECT_EQ(older(), line('d') + line('e') + line('f'));
+    EXPECT_FALSE(log.takeAnew().begun) << "told once";
+    EXPECT_EQ(folder.files().join(u' ').toStdString(), "log-older.ohp log.ohp");
+}
+
+TEST_F(LongLogTest, alwaysHasTheLastBytesAndNeverTwiceAsMany) {
+    QByteArray all;
+    for (int size = 1; size < 60; ++size) {
+        const QByteArray block(size % 37, 'x');
+        log.write(block);
+        all += block + "\r\n";
+        const QByteArray kept = (QFile::exists(folder.path("log-older.ohp")) ? older() : QByteArray()) + content();
+        EXPECT_TRUE(all.endsWith(kept));
+        EXPECT_GE(kept.size(), std::min<qsizetype>(all.size(), 30));
+        EXPECT_LE(content().size(), std::max<qsizetype>(30, block.size() + 2));
+    }
+}
+
+TEST_F(LongLogTest, ofAnEarlierStartIsGone) {
+    for (int block = 0; block < 5; ++block) {
+        writeBlock('a');
+    }
+    ProgramLog next;
+    ASSERT_EQ(next.open(path), QString());
+    EXPECT_EQ(folder.files().join(u' ').toStdString(), "log.ohp");
+}
+
+TEST_F(LongLogTest, growsOnIfNoNewFileCanBeBegunAndSaysWhy) {
+    ASSERT_TRUE(QDir().mkpath(folder.path("log-older.ohp/in the way")));
+    for (int block = 0; block < 4; ++block) {
+        writeBlock('a');
+    }
+    EXPECT_EQ(content().size(), 40);
+    EXPECT_FALSE(log.takeAnew().reason.isEmpty());
+    writeBlock('a');
+    EXPECT_EQ(log.takeAnew().reason.toStdString(), "") << "not tried at every block";
+    ASSERT_TRUE(QDir(folder.path("log-older.ohp")).removeRecursively());
+    writeBlock('a');
+    writeBlock('b');
+    EXPECT_EQ(older().size(), 60);
+    EXPECT_EQ(content(), line('b'));
+    EXPECT_TRUE(log.takeAnew().begun);
+}
+
+TEST_F(ProgramLogTest, ofAnotherPlaceHasAnOlderFileOfItsOwn) {
+    EXPECT_EQ(ProgramLog::olderPath(QStringLiteral("log-2.ohp")), QStringLiteral("log-2-older.ohp"));
+}
+
 TEST_F(ProgramLogTest, tellsAFailureToWriteOnce) {
     const QString full = QStringLiteral("/dev/full");
     if (!QFile::exists(full)) {
@@ -321,6 +396,20 @@ TEST_F(PollTest, selectsTheLastEntryAfterEachLineInTheServiceMode) {
     take("\r\n");
     EXPECT_EQ(selections, 1) << "an empty line is no line";
     EXPECT_THAT(listed(), ElementsAre());
+}
+
+TEST_F(PollTest, tellsOnceThatTheLogGoesOnInANewFile) {
+    program.load();
+    ports.open();
+    program.link.poll.log.setLargest(20);
+    for (int block = 0; block < 10; ++block) {
+        EXPECT_EQ(take("abcdefgh\r\n"), "abcdefgh");
+    }
+    EXPECT_EQ(contentsOf(folder.path("log.ohp")), "abcdefgh\r\n\r\n");
+    EXPECT_EQ(theMessage().text.toStdString(),
+              "The log file log.ohp has become long and goes on in a new file. What was received before is in "
+              "log-older.ohp.\n\nFrom now on this is done without a word, and only the newest of the older files is "
+              "kept. Copy them if you need more.");
 }
 
 TEST_F(PollTest, tellsAFailedLogOnceAndGoesOn) {
