@@ -14,8 +14,13 @@
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
+#include "base/filedescriptor.h"
+
+#include <fcntl.h>
 #include <unistd.h>
 #endif
+
+#include <cerrno>
 
 namespace orv {
 
@@ -27,7 +32,7 @@ QString errorText(const QIODevice& device) {
     return text;
 }
 
-QString appendWhole(QFile& file, const QByteArray& bytes) {
+QString appendWhole(QFileDevice& file, const QByteArray& bytes) {
     const qint64 before = file.pos();
     qint64 written = 0;
     // A full disk first takes a part and tells of its trouble only at the rest.
@@ -81,27 +86,48 @@ std::optional<qint64> freeSpaceHere() {
     return failure ? std::nullopt : std::optional(static_cast<qint64>(space.available));
 }
 
-void syncToDisk(int fileHandle) {
+QString syncToDisk(int fileHandle) {
 #if defined(Q_OS_WIN)
-    _commit(fileHandle);
+    const bool synced = _commit(fileHandle) == 0;
 #elif defined(Q_OS_MACOS)
-    ::fsync(fileHandle);
+    const bool synced = ::fsync(fileHandle) == 0;
 #else
-    ::fdatasync(fileHandle);
+    const bool synced = ::fdatasync(fileHandle) == 0;
+#endif
+    // A device, or a file system that has no such thing.
+    return synced || errno == EINVAL || errno == EBADF || errno == ENOTSUP ? QString() : qt_error_string(errno);
+}
+
+void syncFolderOf(const QString& path) {
+#ifdef Q_OS_UNIX
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
+    const FileDescriptor open(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (open.isOpen()) {
+        ::fsync(open.get());
+    }
 #endif
 }
 
 QString writeWholeFile(const QString& name, const QByteArray& bytes, const std::optional<QDateTime>& keepOlder) {
     QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return errorText(file);
     }
+    QString reason = appendWhole(file, bytes);
+    reason = reason.isEmpty() ? syncToDisk(file.handle()) : reason;
+    if (!reason.isEmpty()) {
+        return reason;
+    }
     // Only now that the new one is whole, so that a failure leaves the older one where it is.
-    const QString reason = keepOlder ? keepUnderDatedName(name, *keepOlder) : QString();
+    reason = keepOlder ? keepUnderDatedName(name, *keepOlder) : QString();
     if (!reason.isEmpty()) {
         return QStringLiteral("the older file of that name could not be kept (%1)").arg(reason);
     }
-    return file.commit() ? QString() : errorText(file);
+    if (!file.commit()) {
+        return errorText(file);
+    }
+    syncFolderOf(name);
+    return {};
 }
 
 Message fileNotSaved(const QString& title, const QString& name, const QString& reason) {

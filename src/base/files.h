@@ -18,7 +18,7 @@ QString errorText(const QIODevice& device);
 
 /// Appends all of `bytes` to an open unbuffered file, or nothing: after a failure (disk full) the file ends as before.
 /// Returns the empty text, or why it failed.
-QString appendWhole(QFile& file, const QByteArray& bytes);
+QString appendWhole(QFileDevice& file, const QByteArray& bytes);
 
 /// A name that no file has: `path`, or "name-20261121-093015.ext" (with a further number if that exists too).
 QString freeName(const QString& path, const QDateTime& now);
@@ -30,8 +30,13 @@ QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* k
 /// Free bytes on the disk of the working directory; nothing if that cannot be known.
 std::optional<qint64> freeSpaceHere();
 
-/// Lets the operating system bring an open file's data to the disk before returning. Best effort.
-void syncToDisk(int fileHandle);
+/// Lets the operating system bring an open file's data to the disk before returning. Returns the empty text, also for
+/// what is no file on a disk, or why it failed: then what was written last may be lost with the power.
+QString syncToDisk(int fileHandle);
+
+/// The same with the names in the folder of that file: what was made, renamed and removed there. Best effort; not every
+/// system knows it.
+void syncFolderOf(const QString& path);
 
 /// Writes a file whole or not at all: an older one of that name stays until the new one is on the disk. With
 /// `keepOlder` the older one is then kept under that moment's dated name. Returns the empty text, or why it could not

@@ -40,9 +40,9 @@ QString PlacedFile::place(QString* keptAs) {
     if (!written.open(QIODevice::ReadWrite)) {
         return errorText(written);
     }
-    syncToDisk(written.handle());
+    QString reason = syncToDisk(written.handle());
     written.close();
-    QString reason = check();
+    reason = reason.isEmpty() ? check() : reason;
     if (reason.isEmpty() && file_.existing == OutputFile::Existing::KeepDated) {
         reason = keepUnderDatedName(file_.name, file_.now, keptAs);
     }
@@ -53,10 +53,14 @@ QString PlacedFile::place(QString* keptAs) {
         std::error_code error;
         std::filesystem::rename(QFileInfo(path_).filesystemFilePath(), QFileInfo(file_.name).filesystemFilePath(),
                                 error);
-        return error ? QString::fromStdString(error.message()) : QString();
+        if (error) {
+            return QString::fromStdString(error.message());
+        }
+    } else if (!written.rename(file_.name)) { // never over a file that has come since
+        return errorText(written);
     }
-    // Never over a file that has come since.
-    return written.rename(file_.name) ? QString() : errorText(written);
+    syncFolderOf(file_.name);
+    return {};
 }
 
 } // namespace orv

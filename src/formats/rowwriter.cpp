@@ -89,9 +89,10 @@ public:
     QString append(const QByteArray& lines) override { return appendWhole(file_, lines); }
 
     QString close() override {
-        syncToDisk(file_.handle());
+        const QString reason = syncToDisk(file_.handle());
         file_.close();
-        return {};
+        syncFolderOf(wanted_.name);
+        return reason;
     }
 
     QString keptAs() const override { return keptAs_; }

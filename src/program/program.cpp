@@ -98,6 +98,12 @@ void Program::abort2() {
 void Program::run() {
     act("Run", [this] {
         tickErrorsTold_.clear(); // what ended the operation before is worth telling again
+        if (sheet.place.cannotLock()) {
+            // There may be room by now.
+            sheet.place.take();
+            useOwnFiles();
+            openLog();
+        }
         if (sheet.prepare()) {
             sheet.run.run1();
         }
@@ -237,7 +243,7 @@ void Program::takeWhatArrived() {
     const auto take = [this] {
         duringTick([this] {
             collect(takeLine());
-            sheet.recordFile.syncWhenDue();
+            sheet.run.syncWhenDue();
         });
     };
     take();
@@ -315,7 +321,7 @@ bool Program::dispatch() {
     }
     settings.reader.lookForSilence();
     collect(line);
-    if (const auto left = sheet.recordFile.syncWhenDue()) {
+    if (const auto left = sheet.run.syncWhenDue()) {
         link.timer.wake(*left);
     }
     // The awaiting of the clock is announced at every tick.

@@ -99,6 +99,7 @@ private:
     void closeRecordFile();
     void forgetToldErrors();
     void takePlace();
+    void useOwnFiles();
     void openLog();
     QString takeLine();
     bool dispatch();

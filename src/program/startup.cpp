@@ -12,16 +12,8 @@ void Program::offerUnendedRun() {
 
 void Program::takePlace() {
     sheet.place.take();
-    FileNames& names = link.session.fileNames;
-    names = FileNames();
-    if (sheet.place.number() == 0) {
-        sheet.recordFile.setPath(QString());
-    } else {
-        names.log = FolderPlace::nameIn(sheet.place.number(), names.log);
-        names.record = FolderPlace::nameIn(sheet.place.number(), names.record);
-        sheet.recordFile.setPath(names.record);
-        sheet.recovery.takeOverFromFreePlaces(sheet.place.number());
-    }
+    useOwnFiles();
+    const FileNames& names = link.session.fileNames;
     if (sheet.place.cannotLock()) {
         link.session.messages.show(operatorWarning(
             QStringLiteral("No lock file can be made in this folder, perhaps because the disk is full: %1\n\n"
@@ -41,6 +33,20 @@ void Program::takePlace() {
         QStringLiteral("Another ORV Host Program uses this folder (%1): %2\n\nIts log and record file are left "
                        "alone. %3")
             .arg(sheet.place.otherProgram(), QDir::currentPath(), files)));
+}
+
+/// The files are named after the place; none are if there is none.
+void Program::useOwnFiles() {
+    FileNames& names = link.session.fileNames;
+    names = FileNames();
+    if (sheet.place.number() == 0) {
+        sheet.recordFile.setPath(QString());
+    } else {
+        names.log = FolderPlace::nameIn(sheet.place.number(), names.log);
+        names.record = FolderPlace::nameIn(sheet.place.number(), names.record);
+        sheet.recordFile.setPath(names.record);
+        sheet.recovery.takeOverFromFreePlaces(sheet.place.number());
+    }
 }
 
 void Program::openLog() {

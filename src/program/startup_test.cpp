@@ -127,17 +127,32 @@ TEST_F(ProgramPlace, AProgramStartedOnAFullDiskSaysSoAndWritesNoFiles) {
     {
         const FileSizeLimit full(0);
         program.load();
+        program.offerUnendedRun();
+        EXPECT_TRUE(answers.asked.isEmpty());
+        EXPECT_TRUE(theMessage().text.contains(QDir::currentPath()));
+        EXPECT_TRUE(theMessage().text.endsWith(
+            QStringLiteral("Make room on the disk, or choose another folder, and start the program again.")));
+        runWithRows(2);
     }
-    program.offerUnendedRun();
-    EXPECT_TRUE(answers.asked.isEmpty());
-    EXPECT_TRUE(theMessage().text.contains(QDir::currentPath()));
-    EXPECT_TRUE(theMessage().text.endsWith(
-        QStringLiteral("Make room on the disk, or choose another folder, and start the program again.")));
-    runWithRows(2);
     ASSERT_EQ(messages.shown.size(), 2U);
-    EXPECT_TRUE(messages.shown[1].text.contains(QStringLiteral("no lock file could be made in this folder")));
+    EXPECT_TRUE(messages.shown[1].text.contains(QStringLiteral("no lock file can be made in this folder")));
     EXPECT_EQ(names(), "Orvtemp.tmp Orvtemp.tmp.lock");
     EXPECT_EQ(contentsOf(folder.path("Orvtemp.tmp")), header + oneRow);
+}
+
+TEST_F(ProgramPlace, ARunIsRecordedOnceThereIsRoomForAProgramStartedOnAFullDisk) {
+    leaveRun("Orvtemp.tmp", "Orvtemp.tmp.lock");
+    {
+        const FileSizeLimit full(0);
+        program.load();
+    }
+    runWithRows(1);
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(contentsOf(folder.path("Orvtemp.tmp")).endsWith("\r\n1\t11/21/26\t1:00:00\t1\t\t20\t\t30\t40\r\n"));
+    EXPECT_TRUE(QFile::exists(folder.path("log.ohp")));
+    const QStringList kept = folder.files().filter(QStringLiteral("Orvtemp-2026"));
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(contentsOf(folder.path(qPrintable(kept[0]))), header + oneRow);
 }
 #endif
 

@@ -208,7 +208,24 @@ void Download::showProgress(const QString& label) {
     settings_.progress.percentage = QStringLiteral("%1 %").arg(maximum > 0 ? qint64{value} * 100 / maximum : 0);
 }
 
+QString Download::bringToDisk() {
+    if (!file_.isOpen()) {
+        return {};
+    }
+    syncFolderOf(file_.fileName());
+    return syncToDisk(file_.handle());
+}
+
 void Download::finish() {
+    // The operator may have the instrument's memory emptied next.
+    const QString reason = bringToDisk();
+    if (!reason.isEmpty()) {
+        end();
+        link_.session.status.status = QStringLiteral("Ready");
+        tellFailure(reason, QStringLiteral("It may not have everything."),
+                    QStringLiteral("Make room or choose another folder, and download it again."));
+        return;
+    }
     if (target_ != Target::Nowhere) {
         whole_ = true;
         if (target_ == Target::Sheet) {
@@ -263,6 +280,7 @@ void Download::endIncomplete(bool programEnds) {
         rows_.followNewest();
         break;
     case Target::TextFile:
+        bringToDisk();
         break;
     }
     const Target target = target_;

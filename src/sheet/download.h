@@ -56,6 +56,7 @@ private:
     void end();
     void dropTheRest();
     void closeTarget();
+    QString bringToDisk();
     void tellIncomplete(Target target, bool programEnds = false);
     void tellFailure(const QString& reason, const QString& state, const QString& nextStep,
                      const QString& nextWithoutWindow = {});

@@ -80,6 +80,7 @@ std::unique_ptr<QLockFile> FolderPlace::hold(int number) {
 }
 
 void FolderPlace::take() {
+    cannotLock_ = false;
     for (number_ = 1; number_ <= mostPlaces; ++number_) {
         lock_ = std::make_unique<QLockFile>(nameIn(number_, QStringLiteral("orvhost.lock")));
         if (tryToHold(*lock_)) {
@@ -102,7 +103,7 @@ void FolderPlace::take() {
 
 QString FolderPlace::claim() {
     if (cannotLock_) {
-        return QStringLiteral("no lock file could be made in this folder when the program was started");
+        return QStringLiteral("no lock file can be made in this folder");
     }
     if (number_ == 0) {
         return QStringLiteral("other programs use this folder");

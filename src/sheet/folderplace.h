@@ -23,7 +23,7 @@ public:
 
     /// Takes the first free place in the working directory. Where this user may not write, the place is had without a
     /// lock. Where a lock file fails for another reason (the disk is full, say) none is had: the next program, for
-    /// which it may succeed, would take the same one.
+    /// which it may succeed, would take the same one; this one may try again.
     void take();
 
     /// 1 before `take`, 0 if there is none: every place is another program's, or `cannotLock`.

@@ -52,7 +52,7 @@ QString RecordFile::start(const DataSheet::Type& type) {
         // Not before the file of the run before is out of the way: a program that dies here leaves no row of that run
         // to be taken for this one's.
         type_ = type;
-        lock_.put(type_, earlierFile_);
+        putLock();
     } else {
         file_.close();
     }
@@ -111,19 +111,30 @@ std::optional<qint64> RecordFile::syncWhenDue() {
     if (left > 0) {
         return left;
     }
-    waitsForDisk_ = false;
-    syncToDisk(file_.handle());
+    bringToDisk();
     return std::nullopt;
+}
+
+void RecordFile::bringToDisk() {
+    if (!std::exchange(waitsForDisk_, false)) {
+        return;
+    }
+    const QString reason = syncToDisk(file_.handle());
+    diskFailure_ = reason.isEmpty() ? diskFailure_ : reason;
+    if (lockFailed_) {
+        putLock();
+    }
+}
+
+void RecordFile::putLock() {
+    lockFailed_ = !lock_.put(type_, earlierFile_);
 }
 
 void RecordFile::close() {
     if (!file_.isOpen()) {
         return;
     }
-    if (waitsForDisk_) {
-        waitsForDisk_ = false;
-        syncToDisk(file_.handle());
-    }
+    bringToDisk();
     file_.close();
     if (!unsaved_) {
         lock_.remove();
@@ -218,7 +229,7 @@ void RecordFile::nothingIsUnsaved() {
     if (!file_.isOpen()) {
         lock_.remove();
     } else if (namesEarlierFile) {
-        lock_.put(type_);
+        putLock();
     }
 }
 

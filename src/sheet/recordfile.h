@@ -12,6 +12,7 @@
 #include <QString>
 
 #include <optional>
+#include <utility>
 
 namespace orv {
 
@@ -42,12 +43,15 @@ public:
     /// with the last whole row. Nothing happens without an open file.
     QString append(const QString& line);
 
-    /// Brings rows that wait to the disk when it is time. Returns how many milliseconds are left until then; nothing if
-    /// no row waits any more.
+    /// Brings rows that wait to the disk when it is time, and a lock that could not be put. Returns how many
+    /// milliseconds are left until then; nothing if no row waits any more.
     std::optional<qint64> syncWhenDue();
 
     /// Closes the file with everything in it on the disk. The lock goes unless rows on the sheet are not saved.
     void close();
+
+    /// Why rows could not be brought to the disk since the last call; empty if they could.
+    QString takeDiskFailure() { return std::exchange(diskFailure_, {}); }
 
     /// Whether the file is of a program that died before its rows were saved: the lock stands, but this program has
     /// begun no run.
@@ -108,6 +112,8 @@ public:
 private:
     bool holdsUnsavedRows() const;
     QString keepUnsavedRows();
+    void bringToDisk();
+    void putLock();
     void nothingIsUnsaved();
 
     const Clock& clock_;
@@ -115,14 +121,16 @@ private:
     QFile file_;
     RunLock lock_;
     SavedMark mark_;
-    DataSheet::Type type_;      ///< Of the run.
-    int runs_ = 0;              ///< Begun by this program.
-    QString keptAs_;            ///< The name under which a run's start has kept the file before, the last one that was.
-    QString earlierFile_;       ///< The name of the file with unsaved rows of the run before.
-    bool unsaved_ = false;      ///< Rows of runs are on the sheet, in this file or the earlier one, and nowhere else.
-    bool begun_ = false;        ///< The file is of a run of this program, not one found at its start.
-    bool saved_ = false;        ///< Every row of the file is saved elsewhere.
-    bool discarded_ = false;    ///< Some row of the file was discarded from the sheet before it was saved wholly.
+    DataSheet::Type type_;    ///< Of the run.
+    int runs_ = 0;            ///< Begun by this program.
+    QString keptAs_;          ///< The name under which a run's start has kept the file before, the last one that was.
+    QString earlierFile_;     ///< The name of the file with unsaved rows of the run before.
+    bool unsaved_ = false;    ///< Rows of runs are on the sheet, in this file or the earlier one, and nowhere else.
+    bool begun_ = false;      ///< The file is of a run of this program, not one found at its start.
+    bool saved_ = false;      ///< Every row of the file is saved elsewhere.
+    bool discarded_ = false;  ///< Some row of the file was discarded from the sheet before it was saved wholly.
+    bool lockFailed_ = false; ///< It could not be put; it is tried again with the next rows.
+    QString diskFailure_;
     bool waitsForDisk_ = false; ///< Rows have been written and not yet brought to the disk.
     qint64 waitsSince_ = 0;     ///< Monotonic milliseconds.
 };

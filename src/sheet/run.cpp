@@ -147,6 +147,7 @@ void Run::closeRecordFile() {
     }
     running_ = false;
     recordFile_.close();
+    tellRecordFailure(recordFile_.takeDiskFailure());
     link_.session.state.gatherstart = 0;
     link_.session.state.Gatherstop = 0;
     link_.session.commands.activity = Activity::None;
@@ -158,6 +159,12 @@ void Run::closeRecordFile() {
                                     .arg(unreadLines_)
                                     .arg(link_.session.fileNames.log);
     }
+}
+
+std::optional<qint64> Run::syncWhenDue() {
+    const auto left = recordFile_.syncWhenDue();
+    tellRecordFailure(recordFile_.takeDiskFailure());
+    return left;
 }
 
 void Run::tellRecordFailure(const QString& reason) {

@@ -32,6 +32,9 @@ public:
     /// Ends the run if the instrument's prompt has come by itself, without a line.
     void endIfPrompted();
 
+    /// Brings the record file's rows to the disk when it is time, see there. The operator is told if they cannot be.
+    std::optional<qint64> syncWhenDue();
+
     /// A row has been taken: its number on the sheet, where it stands, as in the record file.
     Signal<int, const DataRow&> taken;
 

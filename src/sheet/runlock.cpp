@@ -17,8 +17,8 @@ bool writeBeside(const QString& path, const QByteArray& bytes) {
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
         return false;
     }
-    const bool whole = file.write(bytes) == bytes.size();
-    syncToDisk(file.handle());
+    const bool whole = file.write(bytes) == bytes.size() && syncToDisk(file.handle()).isEmpty();
+    syncFolderOf(path);
     return whole;
 }
 
@@ -59,9 +59,10 @@ QString RunLock::earlierFile() const {
     return found.size() == 3 ? QString::fromLatin1(found[2]) : QString();
 }
 
-void RunLock::put(const DataSheet::Type& type, const QString& earlierFile) const {
+bool RunLock::put(const DataSheet::Type& type, const QString& earlierFile) const {
     const QString earlier = earlierFile.isEmpty() ? QString() : u'\t' + earlierFile;
-    writeBeside(path_, (type.letter + u'\t' + plainNumber(type.firmware) + earlier + QLatin1String("\r\n")).toLatin1());
+    return writeBeside(path_,
+                       (type.letter + u'\t' + plainNumber(type.firmware) + earlier + QLatin1String("\r\n")).toLatin1());
 }
 
 void RunLock::remove() const {

@@ -21,9 +21,9 @@ public:
     /// The type of the run; with an empty letter if there is no lock or it cannot be read (power failure).
     DataSheet::Type type() const;
 
-    /// Puts the lock, on the disk, in place of one that may stand. Best effort: without it the rows are in the record
-    /// file all the same, only nobody offers them.
-    void put(const DataSheet::Type& type, const QString& earlierFile = QString()) const;
+    /// Puts the lock, on the disk, in place of one that may stand. Returns whether it is whole there: without it the
+    /// rows are in the record file all the same, only nobody offers them.
+    bool put(const DataSheet::Type& type, const QString& earlierFile = QString()) const;
 
     /// The name of the file with the unsaved rows of an earlier run; empty if there is none.
     QString earlierFile() const;
