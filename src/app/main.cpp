@@ -2,6 +2,7 @@
 #include "app/commandline.h"
 #include "app/demo.h"
 #include "app/desktopnotice.h"
+#include "app/sessionend.h"
 #include "app/sleepinhibitor.h"
 #include "link/systemport.h"
 #include "program/devices.h"
@@ -15,6 +16,7 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -70,6 +72,9 @@ int main(int argc, char** argv) {
     if (!line.demoFolder.isEmpty()) {
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     }
+#ifdef Q_OS_UNIX
+    std::signal(SIGPIPE, SIG_IGN); // whoever reads the standard error may have gone; that is no reason to die
+#endif
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     const QApplication application(argc, argv);
     qInstallMessageHandler(usual);
@@ -111,8 +116,10 @@ int main(int argc, char** argv) {
     orv::MainWindow window(program, remembered ? &*remembered : nullptr);
     messages.setParent(&window);
     questions.setParent(&window);
+    const orv::SessionEnd sessionEnd(program, messages);
     if (hasDemo) {
-        return orv::runDemo(program, window, messages, line.demoFolder);
+        const int status = orv::runDemo(program, window, messages, line.demoFolder);
+        return sessionEnd.statusOr(status);
     }
     // Windows that close do not end the program by themselves: it may have something left to tell.
     QApplication::setQuitOnLastWindowClosed(false);
@@ -123,5 +130,6 @@ int main(int argc, char** argv) {
         QApplication::setWindowIcon(orv::applicationIcon()); // reading it before would delay the window
         program.offerUnendedRun();
     });
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    return sessionEnd.statusOr(status);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/interruption.h"
 #include "console/commands.h"
-#include "console/interruption.h"
 #include "console/standardoutput.h"
 #include "link/systemport.h"
 #include "program/devices.h"

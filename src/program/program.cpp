@@ -6,6 +6,8 @@
 
 #include <QScopedValueRollback>
 
+#include <utility>
+
 namespace orv {
 
 Program::Program(const Surroundings& surroundings)
@@ -220,12 +222,44 @@ Task<> Program::askAndEnd() {
 }
 
 void Program::end() {
+    if (end_ == End::Unasked) {
+        return;
+    }
+    end_ = End::Asked;
     takeWhatArrived();
     sheet.run.closeRecordFile();
-    sheet.download.endIncomplete(true);
+    sheet.download.endIncomplete(Download::SheetThen::Goes);
     sheet.recordFile.rowsDiscarded(); // the operator has been asked about what is not saved
+    stopEverything();
+}
+
+void Program::endUnasked() {
+    if (end_ != End::NotYet) {
+        return;
+    }
+    end_ = End::Unasked;
+    link.waits.cancelQuestion();
+    takeWhatArrived();
+    sheet.run.closeRecordFile();
+    const bool kept = keepForNextStart();
+    sheet.download.endIncomplete(kept ? Download::SheetThen::IsOffered : Download::SheetThen::Goes);
+    stopEverything();
+}
+
+void Program::stopEverything() {
     link.ports.close();
     link.timer.setInterval(0);
+}
+
+bool Program::keepForNextStart() {
+    const QString reason = sheet.shown.unsaved ? sheet.recordFile.keepForNextStart(sheet.data) : QString();
+    if (!reason.isEmpty()) {
+        link.session.messages.show(
+            operatorWarning(QStringLiteral("The rows on the sheet are not saved, and could not be kept for the next "
+                                           "start either: %1.")
+                                .arg(reason)));
+    }
+    return reason.isEmpty();
 }
 
 bool Program::collecting() const {

@@ -75,6 +75,12 @@ public:
     void leave();
     /// Ends whatever runs, whole, and closes the instrument's port.
     void end();
+    /// The same when nobody can be asked (the computer is shut down, say): a question that stands is taken back, and
+    /// rows that are not saved are offered at the next start. Waits for nothing. Nothing happens after the end.
+    void endUnasked();
+    /// The program may be ended soon without being told: rows that are not saved are on the disk, where the next start
+    /// offers them. Everything goes on. Returns whether they are; if not, the operator has been told why.
+    bool keepForNextStart();
 
     Signal<> aboutToEnd; ///< By quit() or leave(): nothing stops it any more, and what is told from now on is its last.
     Signal<> ended;      ///< By quit() or leave(): the windows may go.
@@ -97,6 +103,7 @@ private:
     Task<> askAndEnd();
     void takeWhatArrived();
     void closeRecordFile();
+    void stopEverything();
     void forgetToldErrors();
     void takePlace();
     void useOwnFiles();
@@ -110,6 +117,7 @@ private:
 
     std::vector<Subscription> subscriptions_;
     bool takingWhatArrived_ = false;
+    enum class End { NotYet, Asked, Unasked } end_ = End::NotYet;
     const char* tickStep_ = ""; ///< What the tick is doing, for the message if it fails.
     QSet<QString> tickErrorsTold_;
 };

@@ -269,7 +269,7 @@ void Download::closeTarget() {
     settings_.progress.value = 0;
 }
 
-void Download::endIncomplete(bool programEnds) {
+void Download::endIncomplete(SheetThen then) {
     switch (target_) {
     case Target::None:
         return;
@@ -285,10 +285,10 @@ void Download::endIncomplete(bool programEnds) {
     }
     const Target target = target_;
     end();
-    tellIncomplete(target, programEnds);
+    tellIncomplete(target, then);
 }
 
-void Download::tellIncomplete(Target target, bool programEnds) {
+void Download::tellIncomplete(Target target, SheetThen then) {
     QString where = QStringLiteral("on the sheet");
     if (target == Target::TextFile) {
         where = QStringLiteral("in %1").arg(QFileInfo(file_.fileName()).absoluteFilePath());
@@ -296,8 +296,11 @@ void Download::tellIncomplete(Target target, bool programEnds) {
         where = QStringLiteral("on the sheet and in the files that were saved automatically");
     }
     QString arrived = QStringLiteral(" %1 arrived and can be found %2.").arg(recordsText(records_), where);
-    if (programEnds && target == Target::Sheet) {
+    if (then != SheetThen::Stays && target == Target::Sheet) {
         arrived = savedOnTheWay_ ? QStringLiteral(" What was saved automatically stays.") : QString();
+        if (then == SheetThen::IsOffered) {
+            arrived += QStringLiteral(" The next start offers what is on the sheet.");
+        }
     }
     const QString unread = unread_ > 0 ? QStringLiteral(" %1 could not be read; %2 has what was received.")
                                              .arg(recordsText(unread_), link_.session.fileNames.log)

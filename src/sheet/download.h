@@ -37,10 +37,13 @@ public:
     void savefiletxt(const QString& reply);
     void importtofg1(const QString& reply);
 
+    /// What becomes of the sheet when a download is cut off.
+    enum class SheetThen { Stays, Goes, IsOffered };
+
     /// A download is cut off (reset, close, failure, quit): what arrived is kept, the file closed, and the operator
-    /// told that it is incomplete. If the program ends, too, he is not sent to its sheet. Nothing happens without a
-    /// download.
-    void endIncomplete(bool programEnds = false);
+    /// told that it is incomplete. If the sheet goes with the program, he is not sent there; if the next start offers
+    /// its rows, he is told so. Nothing happens without a download.
+    void endIncomplete(SheetThen then = SheetThen::Stays);
 
 private:
     /// Nowhere: taking has stopped, but the instrument is still sending; until its dump ends (or the link does) no
@@ -57,7 +60,7 @@ private:
     void dropTheRest();
     void closeTarget();
     QString bringToDisk();
-    void tellIncomplete(Target target, bool programEnds = false);
+    void tellIncomplete(Target target, SheetThen then = SheetThen::Stays);
     void tellFailure(const QString& reason, const QString& state, const QString& nextStep,
                      const QString& nextWithoutWindow = {});
 

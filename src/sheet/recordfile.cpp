@@ -182,6 +182,73 @@ bool RecordFile::hasUnendedRun() const {
     return isUnended() && (QFile::exists(file_.fileName()) || !lock_.earlierFile().isEmpty());
 }
 
+namespace {
+
+/// A row's cells from its date on, each followed by a tab.
+QByteArray cellsAfterNumber(const DataSheet& sheet, int row) {
+    QByteArray cells;
+    sheet.writeCells(row, sheetcolumn::firstValue + valueCount(sheet.type().layout()), cells);
+    return cells.mid(cells.indexOf('\t') + 1);
+}
+
+/// The rows of the sheet's type as a run would have recorded them.
+QByteArray recordBytes(const DataSheet& sheet, const QDateTime& start) {
+    QByteArray bytes = recordHeader(start, sheet.type().firmware);
+    int number = 0;
+    for (int row = sheet.rowsOfOtherLayout(); row < sheet.rowCount(); ++row) {
+        // Rows of a file may be numbered otherwise; a number that is not above the last one would begin another sheet.
+        number = std::max(number + 1, sheet.cell(row, sheetcolumn::record).toInt());
+        QStringList cells = QString::fromLatin1(cellsAfterNumber(sheet, row)).split(u'\t');
+        cells.removeLast(); // after the last tab
+        const DataRow data{.date = cells.takeFirst(), .time = cells.takeFirst(), .values = cells};
+        bytes += recordLine(number, data, sheet.type().layout()).toLatin1() + "\r\n";
+    }
+    return bytes;
+}
+
+} // namespace
+
+bool RecordFile::holdsRowsOf(const DataSheet& sheet) const {
+    const RecordedRows found = readRecordedRows(file_.fileName(), sheet.type());
+    const int first = sheet.rowsOfOtherLayout();
+    bool same = static_cast<int>(found.sheet.rows.size()) == sheet.rowCount() - first;
+    for (int row = first; same && row < sheet.rowCount(); ++row) {
+        const QByteArray& recorded = found.sheet.rows[static_cast<std::size_t>(row - first)];
+        same = recorded.mid(recorded.indexOf('\t') + 1) + '\t' == cellsAfterNumber(sheet, row);
+    }
+    return same;
+}
+
+QString RecordFile::keepForNextStart(const DataSheet& sheet) {
+    if (file_.isOpen()) {
+        bringToDisk();
+        return takeDiskFailure();
+    }
+    if (lock_.stands() && holdsRowsOf(sheet)) {
+        return {};
+    }
+    if (sheet.type().layout() == RowLayout::Unknown) {
+        return QStringLiteral("they are of no known type of instrument");
+    }
+    QString reason = place_ != nullptr ? place_->claim() : QString();
+    if (reason.isEmpty()) {
+        const auto keepOlder = holdsUnsavedRows() ? std::optional(clock_.now()) : std::nullopt;
+        reason = writeWholeFile(file_.fileName(), recordBytes(sheet, clock_.now()), keepOlder);
+    }
+    if (!reason.isEmpty()) {
+        return reason;
+    }
+    mark_.remove();
+    type_ = sheet.type();
+    earlierFile_.clear();
+    putLock();
+    unsaved_ = true;
+    begun_ = true;
+    saved_ = false;
+    discarded_ = false;
+    return lockFailed_ ? QStringLiteral("no lock file can be made beside it") : QString();
+}
+
 void RecordFile::rowsSaved() {
     saved_ = begun_;
     if (saved_ && !discarded_ && unsaved_) {

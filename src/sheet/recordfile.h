@@ -83,6 +83,11 @@ public:
     /// or one without a file, which says nothing.
     void takeUnendedFrom(const QString& otherPath);
 
+    /// The program is going to end, perhaps, and nobody is asked: brings the rows of the sheet to where the next start
+    /// offers them, unless they are there. What the file held of another run is kept if need be. Rows of a run that
+    /// goes on are brought to the disk. Returns the empty text, or why they could not be kept; then all is as before.
+    QString keepForNextStart(const DataSheet& sheet);
+
     /// The rows on the sheet have been saved elsewhere, so this file need not be kept. Does not count once rows have
     /// been discarded unsaved.
     void rowsSaved();
@@ -112,6 +117,7 @@ public:
 private:
     bool holdsUnsavedRows() const;
     QString keepUnsavedRows();
+    bool holdsRowsOf(const DataSheet& sheet) const;
     void bringToDisk();
     void putLock();
     void nothingIsUnsaved();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "console/interruption.h"
+#include "base/interruption.h"
 
 #include <QSocketNotifier>
 

@@ -12,8 +12,8 @@ class QSocketNotifier;
 
 namespace orv {
 
-/// Ctrl+C, and the system's wish that the program ends. A signal that is ignored when the program starts (nohup) stays
-/// ignored. One of these lives at a time.
+/// Ctrl+C, a terminal that is closed, and the system's wish that the program ends. A signal that is ignored when the
+/// program starts (nohup) stays ignored. One of these lives at a time. Unix.
 class Interruption {
 public:
     Interruption();
