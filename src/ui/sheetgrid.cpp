@@ -317,6 +317,20 @@ void SheetGrid::mousePressEvent(QMouseEvent* event) {
     const QModelIndex pressed = indexAt(event->position().toPoint());
     rowPressed_ = event->button() == Qt::LeftButton && pressed.isValid() && pressed.column() == sheetcolumn::record;
     QTableView::mousePressEvent(event);
+    setAutoScroll(true); // the operator may drag beyond what is seen; what a procedure visits moves nothing
+}
+
+void SheetGrid::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    setAutoScroll(false);
+}
+
+void SheetGrid::keyPressEvent(QKeyEvent* event) {
+    const QModelIndex before = currentIndex();
+    QTableView::keyPressEvent(event);
+    if (currentIndex() != before) {
+        scrollTo(currentIndex());
+    }
 }
 
 void SheetGrid::selectionChanged(const QItemSelection& now, const QItemSelection& before) {

@@ -122,6 +122,29 @@ TEST_F(SheetSelectionTest, AHeaderStandsForItsColumnAndKeysDoTheSame) {
     EXPECT_TRUE(copied().starts_with(std::string(header) + "1\t11/21/26\t1:00:00\t10\t20")) << copied();
 }
 
+TEST_F(SheetSelectionTest, TheViewGoesAlongWithTheKeysButNotWithAVisitedCell) {
+    run({"10", "11"});
+    for (int row = 0; row < 98; ++row) {
+        receiveRow();
+    }
+    program.sheet.run.closeRecordFile();
+    page.refreshNow();
+    QCoreApplication::processEvents();
+    const auto sees = [this](int row) {
+        return grid.viewport()->rect().contains(grid.visualRect(grid.model()->index(row, 3)));
+    };
+    clickCell(95, 3);
+    for (int page = 0; page < 20; ++page) {
+        key(Qt::Key_PageUp, Qt::ShiftModifier);
+    }
+    EXPECT_TRUE(sees(0));
+    EXPECT_FALSE(sees(95));
+    EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 96);
+    sheetState.currentRow = 90;
+    page.refreshNow();
+    EXPECT_TRUE(sees(0));
+}
+
 TEST_F(SheetSelectionTest, TheMenuHasWhatTheKeysDo) {
     run({"10"});
     QStringList items;
@@ -251,6 +274,18 @@ TEST_F(SheetSelectionTest, ASaveIsToldBelowTheSheetAndInTheTitle) {
     program.clearAll();
     EXPECT_EQ(title(), "ORV Host Program");
     EXPECT_EQ(text("SheetNotice"), "3 rows cleared.");
+}
+
+TEST_F(SheetSelectionTest, WhatStandsBelowTheSheetDoesNotWidenTheWindow) {
+    run({"10.12345678", "-65535.12345678"});
+    const int width = window->minimumSizeHint().width();
+    sheetState.saved = SavedRows{.count = 20000, .file = QString(300, u'x')};
+    item("FindText").trigger();
+    item("SelectAllCells").trigger();
+    EXPECT_EQ(figures(2), "2|20|0|20|20");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->minimumSizeHint().width(), width);
+    EXPECT_LE(width, 782);
 }
 
 TEST_F(SheetSelectionTest, ALineTellsTheRowsOfTwoRunsApart) {
