@@ -94,7 +94,8 @@ bool PlotData::take(int row) {
             inOrder = newest_.count == newest_.divisor || spreadNewest(newest_.count);
             newest_ = {.begin = place, .firstRow = row, .count = 0, .divisor = std::max(newest_.count, 1)};
         } else if (newest_.count == newest_.divisor) {
-            inOrder = spreadNewest(newest_.divisor + (newest_.divisor + 1) / 2);
+            constexpr int growth = 8; // so that a long second is not laid anew for each of its rows
+            inOrder = spreadNewest(newest_.divisor + std::max(1, newest_.divisor / growth));
         }
         place += static_cast<double>(newest_.count++) / newest_.divisor;
     }
