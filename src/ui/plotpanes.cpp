@@ -44,7 +44,7 @@ void PlotPanes::setUp(QCPAxisRect* pane) {
         });
     }
     const QString layer = QStringLiteral("cursor");
-    const auto place = [this, pane, &layer](auto* item) {
+    const auto place = [pane, &layer](auto* item) {
         item->setLayer(layer);
         item->setClipAxisRect(pane);
         item->setVisible(false);
