@@ -29,7 +29,10 @@ Collection::Collection(Visit& visit)
     , program_(visit.program)
     , output_(visit)
     , until_(forever)
-    , taking_(program_.sheet.run.taken.subscribe([this](int /*number*/, const DataRow& row) { take(row); })) {}
+    , taking_(program_.sheet.run.taken.subscribe([this](int /*number*/, const DataRow& row) { take(row); })) {
+    // So a row comes a tenth of a second late at most, and one with the computer's time at once.
+    program_.link.poll.linesTogether = visit_.options.stamp ? 1 : 2;
+}
 
 Task<> Collection::perform() {
     output_.refuseExisting();

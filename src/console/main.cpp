@@ -109,6 +109,7 @@ int main(int argc, char** argv) {
         break;
     }
     std::signal(SIGPIPE, SIG_IGN); // a reader that has gone is told as a failed write
+    qputenv("QT_NO_GLIB", "1");    // the desktop's event loop takes more of the processor
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("orv"));
     return perform(options);

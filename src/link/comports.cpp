@@ -113,6 +113,12 @@ qsizetype ComPorts::inputCount() {
     return isOpen() ? instrument_->inputCount() : 0;
 }
 
+void ComPorts::expectRestOfLine(qsizetype characters) {
+    if (isOpen()) {
+        instrument_->expectRestOfLine(characters);
+    }
+}
+
 bool ComPorts::checkFailure() {
     if (!isOpen()) {
         return false;

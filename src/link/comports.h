@@ -53,6 +53,9 @@ public:
     void discardInput();
     qsizetype inputCount();
 
+    /// See Port.
+    void expectRestOfLine(qsizetype characters);
+
     /// The open instrument port has something to read, or has failed.
     Signal<> stirred;
     /// The instrument port has just been closed.

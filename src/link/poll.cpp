@@ -104,6 +104,7 @@ QString Poll::quary() {
         takeLine();
     }
     session_.status.bufferCount = static_cast<int>(rxbuffer.size());
+    expectRestOfLine();
 
     if (!state.Rtn.isEmpty() && state.trouble == 1) {
         if (debug_.showParsing) {
@@ -156,12 +157,21 @@ void Poll::searchWhatIsNew() {
     searched_.end = rxbuffer.size();
 }
 
+void Poll::expectRestOfLine() {
+    const bool isBegun = searched_.lineFeed < 0 && searched_.ready < 0 && searched_.other < 0 && !rxbuffer.isEmpty();
+    const qsizetype rest = linesTogether * lineLength_ - rxbuffer.size();
+    if (session_.state.gatherstart == 1 && isBegun && rest > 0) {
+        ports_.expectRestOfLine(rest);
+    }
+}
+
 void Poll::takeLine() {
     // A line feed that comes first ends an empty line.
     const qsizetype length = std::max<qsizetype>(searched_.lineFeed - 1, 0);
     session_.state.Rtn = QString::fromLatin1(rxbuffer.constData(), length);
     const qsizetype taken = searched_.lineFeed + 1;
     rxbuffer.remove(0, taken);
+    lineLength_ = taken;
     searched_ = {.end = searched_.end - taken,
                  .lineFeed = rxbuffer.indexOf('\n'),
                  .ready = std::max<qsizetype>(searched_.ready - taken, -1),

@@ -77,6 +77,10 @@ public:
     /// Whether a complete line stood in `rxbuffer` after the last poll and still does.
     bool hasLine() const { return searched_.lineFeed >= 0 && searched_.lineFeed < rxbuffer.size(); }
 
+    /// So many lines of a collection may come together, because nobody watches its characters as they come; 0: each
+    /// character is wanted at once.
+    int linesTogether = 0;
+
     ProgramLog log;
 
 private:
@@ -91,11 +95,13 @@ private:
     void writeLog(const QByteArray& block);
     void searchWhatIsNew();
     void takeLine();
+    void expectRestOfLine();
 
     Session& session_;
     ComPorts& ports_;
     DebugState& debug_;
     Searched searched_;
+    qsizetype lineLength_ = 0; ///< Of the last line, with its end.
 };
 
 } // namespace orv

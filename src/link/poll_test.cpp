@@ -446,6 +446,52 @@ TEST_F(PollTest, tellsInTheSystemsWordsThatTheLogTookABlockInPartAndLeavesThatOu
 }
 #endif
 
+/// A line that is always open and notes what the poll expects.
+class ExpectingPort final : public Port {
+public:
+    QString open() override { return {}; }
+    void close() override {}
+    bool isOpen() const override { return true; }
+    void setDataTerminalReady(bool /*on*/) override {}
+    QByteArray readAll() override { return std::exchange(input, {}); }
+    void write(const QByteArray& /*bytes*/) override {}
+    void discardInput() override {}
+    qsizetype inputCount() override { return input.size(); }
+    QString failure() const override { return {}; }
+    void expectRestOfLine(qsizetype characters) override { expected = characters; }
+
+    QByteArray input;
+    qsizetype expected = 0;
+};
+
+TEST_F(PollTest, expectsTheRestOfALineThatACollectionTakesWhole) {
+    auto given = std::make_unique<ExpectingPort>();
+    ExpectingPort& port = *given;
+    ComPorts lines(session, debug, [&given](const QString& /*device*/) { return std::move(given); });
+    ASSERT_TRUE(lines.open());
+    Poll poll(session, lines, debug);
+    const auto expectedAfter = [&port, &poll](const QByteArray& block) {
+        port.input = block;
+        port.expected = 0;
+        poll.quary();
+        return port.expected;
+    };
+    EXPECT_EQ(expectedAfter("0123456\r\nab"), 0) << "the characters are watched as they come";
+    poll.linesTogether = 1;
+    EXPECT_EQ(expectedAfter("c"), 0) << "this is no collection";
+    state.gatherstart = 1;
+    EXPECT_EQ(expectedAfter("d"), 5) << "as many as the line before had";
+    EXPECT_EQ(expectedAfter("efg"), 2);
+    EXPECT_EQ(expectedAfter("hi"), 0) << "it is longer";
+    EXPECT_EQ(expectedAfter("\r\n"), 0) << "nothing of the next has come";
+    EXPECT_EQ(expectedAfter("a"), 10);
+    EXPECT_EQ(expectedAfter("b\r\none\r\ntwo"), 0) << "another whole line is there";
+    EXPECT_EQ(expectedAfter(""), 2);
+    poll.linesTogether = 3;
+    EXPECT_EQ(expectedAfter("0"), 3 * 5 - 4);
+    EXPECT_EQ(expectedAfter(">"), 0) << "a prompt is no line";
+}
+
 TEST_F(PollTest, meetsAFailureOnlyAfterEveryLineThatArrivedBefore) {
     timer.enable();
     com1.failureReason = QStringLiteral("Gone.");

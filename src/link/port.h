@@ -48,6 +48,11 @@ public:
     /// How many characters wait to be read; 0 on a closed port.
     virtual qsizetype inputCount() = 0;
 
+    /// The begin of a line has been read, and its end is of use only: about so many characters more. For as long as
+    /// they take, and until a line feed or a prompt has come or something is sent, the port may let them gather and not
+    /// tell of them.
+    virtual void expectRestOfLine(qsizetype /*characters*/) {}
+
     /// Why an open line no longer works (unplugged, far end gone); empty while it does. Stays until the next open().
     virtual QString failure() const = 0;
 

@@ -9,7 +9,9 @@
 #include <QLockFile>
 #include <QScopedValueRollback>
 #include <QSerialPortInfo>
+#include <QSocketNotifier>
 
+#include <algorithm>
 #include <utility>
 
 #ifdef Q_OS_UNIX
@@ -131,11 +133,57 @@ SystemPort::SystemPort(const QString& device)
     port_.setPortName(device);
     QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
                      [this](QSerialPort::SerialPortError error) { noteError(error); });
-    QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] {
-        if (!std::exchange(stirredTold_, true)) {
-            tellStirred();
+    QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] { tellOfInput(); });
+    awaiting_.setSingleShot(true);
+    awaiting_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&awaiting_, &QTimer::timeout, &port_, [this] { awaitNext(); });
+}
+
+void SystemPort::tellOfInput() {
+    const auto isEnd = [](char character) { return character == '\n' || character == '>' || character == '!'; };
+    const bool isAwaited =
+        awaited_ == Awaited::Anything || std::ranges::any_of(port_.peek(port_.bytesAvailable()), isEnd);
+    if (isAwaited && !std::exchange(stirredTold_, true)) {
+        tellStirred();
+    }
+}
+
+void SystemPort::expectRestOfLine(qsizetype characters) {
+    constexpr qsizetype bits = 10;    // of a character, with start and stop
+    constexpr qsizetype onTheWay = 3; // milliseconds that a character may take from the line to here
+    const qsizetype milliseconds = characters * bits * 1000 / QSerialPort::Baud9600 + onTheWay;
+    if (port_.isOpen() && failure_.isEmpty()) {
+        await(Awaited::RestOfLine, static_cast<int>(milliseconds));
+    }
+}
+
+/// While the rest of a line comes, the system does not wake the program.
+void SystemPort::await(Awaited awaited, int milliseconds) {
+    awaited_ = awaited;
+    // Also if it was awaited before: the port library has its notifier enabled again by each reading.
+    for (QSocketNotifier* notifier : port_.findChildren<QSocketNotifier*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (notifier->type() == QSocketNotifier::Read) {
+            notifier->setEnabled(awaited != Awaited::RestOfLine);
         }
-    });
+    }
+    if (awaited == Awaited::Anything) {
+        awaiting_.stop();
+    } else {
+        awaiting_.start(milliseconds);
+    }
+}
+
+void SystemPort::awaitNext() {
+    constexpr int longest = 100; // milliseconds for the end of a line that is longer than expected
+    if (awaited_ == Awaited::RestOfLine) {
+        await(Awaited::EndOfLine, longest);
+        port_.waitForReadyRead(0); // reads without another turn of the event loop
+        return;
+    }
+    await(Awaited::Anything);
+    if (port_.bytesAvailable() > 0) {
+        tellOfInput();
+    }
 }
 
 /// From the event loop: whoever hears of it may close the port, which the port's own signal would not survive.
@@ -169,6 +217,7 @@ QString SystemPort::open() {
 }
 
 void SystemPort::close() {
+    await(Awaited::Anything);
     if (port_.isOpen()) {
         port_.close();
     }
@@ -193,6 +242,7 @@ QByteArray SystemPort::readAll() {
 
 void SystemPort::write(const QByteArray& bytes) {
     if (port_.isOpen() && failure_.isEmpty() && port_.bytesToWrite() + bytes.size() <= maximumPendingOutput) {
+        await(Awaited::Anything);
         port_.write(bytes);
         port_.flush(); // now, not when the event loop runs
     }
@@ -201,6 +251,7 @@ void SystemPort::write(const QByteArray& bytes) {
 void SystemPort::discardInput() {
     if (port_.isOpen() && failure_.isEmpty()) {
         stirredTold_ = false;
+        await(Awaited::Anything);
         port_.clear(QSerialPort::Input);
     }
 }

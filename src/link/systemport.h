@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QSerialPort>
 #include <QString>
+#include <QTimer>
 
 #include <optional>
 
@@ -50,15 +51,24 @@ public:
     void write(const QByteArray& bytes) override;
     void discardInput() override;
     qsizetype inputCount() override;
+    void expectRestOfLine(qsizetype characters) override;
     QString failure() const override;
 
 private:
+    /// What a reader waits for: the end of a line is looked for when its rest may have come.
+    enum class Awaited { Anything, RestOfLine, EndOfLine };
+
     void noteError(QSerialPort::SerialPortError error);
     void tellStirred();
+    void tellOfInput();
+    void await(Awaited awaited, int milliseconds = 0);
+    void awaitNext();
     QString openFailure() const;
 
     QString device_; ///< As it was named.
     QSerialPort port_;
+    Awaited awaited_ = Awaited::Anything;
+    QTimer awaiting_; ///< Until something else is awaited.
     QString failure_;
     bool stirredTold_ = false; ///< Of characters that still wait to be read.
     bool settingUp_ = false;   ///< Errors of opening and of setting DTR do not end a connection.

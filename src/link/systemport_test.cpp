@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <QTimer>
@@ -214,6 +215,65 @@ TEST_F(SystemPortTest, tellsAgainWhenWhatHadComeWasDiscarded) {
         EXPECT_EQ(tellings, before + 1);
         port.discardInput();
     }
+}
+
+TEST_F(SystemPortTest, letsTheRestOfALineGatherAndTellsOfItsEnd) {
+    ASSERT_EQ(port.open(), QString());
+    constexpr int characters = 48; // 50 ms
+    for (const char* end : {"\n", ">", "!"}) {
+        const int before = tellings;
+        QElapsedTimer passed;
+        passed.start();
+        port.expectRestOfLine(characters + 1000);
+        EXPECT_EQ(port.readAll(), "") << "it may be read meanwhile";
+        passed.restart();
+        port.expectRestOfLine(characters);
+        terminal.send(QByteArray(characters - 1, 'x'));
+        const QDeadlineTimer gathering(40);
+        waitUntil([&gathering] { return gathering.hasExpired(); });
+        const qsizetype meanwhile = port.inputCount();
+        if (passed.elapsed() < 50) { // the test has not been held up
+            EXPECT_EQ(meanwhile, 0) << "the system has them";
+        }
+        waitUntil([this] { return port.inputCount() > 0; });
+        EXPECT_GE(passed.elapsed(), 50);
+        EXPECT_EQ(port.inputCount(), characters - 1);
+        liveAMoment();
+        const int tellingsMeanwhile = tellings;
+        if (passed.elapsed() < 150) {
+            EXPECT_EQ(tellingsMeanwhile, before) << "it is longer than was expected";
+        }
+        terminal.send(end);
+        waitUntil([this, before] { return tellings > before; });
+        EXPECT_EQ(tellings, before + 1);
+        EXPECT_EQ(port.readAll(), QByteArray(characters - 1, 'x') + end);
+        terminal.send("at once");
+        port.discardInput();
+    }
+}
+
+TEST_F(SystemPortTest, tellsOfALineWithoutEndInTheEndAndAtOnceOfWhatFollowsASending) {
+    ASSERT_EQ(port.open(), QString());
+    port.expectRestOfLine(1);
+    terminal.send("abc");
+    waitUntil([this] { return tellings == 1; });
+    EXPECT_EQ(tellings, 1);
+    EXPECT_EQ(port.readAll(), "abc");
+    port.expectRestOfLine(10'000);
+    port.write("P");
+    terminal.send("def");
+    waitUntil([this] { return tellings == 2; });
+    EXPECT_EQ(port.readAll(), "def");
+    port.expectRestOfLine(10'000);
+    port.close();
+    ASSERT_EQ(port.open(), QString());
+    terminal.send("ghi");
+    waitUntil([this] { return tellings == 3; });
+    EXPECT_EQ(port.readAll(), "ghi");
+    port.expectRestOfLine(30);
+    terminal.hangUp();
+    waitForFailure(port);
+    EXPECT_NE(port.failure(), QString()) << "it is noticed after the rest would have come";
 }
 
 TEST_F(SystemPortTest, mayBeClosedByWhomItTells) {

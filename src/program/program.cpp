@@ -298,8 +298,11 @@ void Program::forgetToldErrors() {
 }
 
 void Program::tick() {
-    bool again = true; // after an error too
-    duringTick([this, &again] { again = dispatch(); });
+    bool again = true;
+    do {
+        again = true; // after an error too
+        duringTick([this, &again] { again = dispatch(); });
+    } while (link.poll.linesTogether > 1 && collecting() && link.poll.hasLine());
     // A tick that found nothing and changed nothing would be followed by such ticks, until something comes or is due.
     if (again) {
         link.timer.wake();

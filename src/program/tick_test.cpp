@@ -42,6 +42,19 @@ TEST_F(ProgramTest, TheTickThatIdentifiesTakesTheFirstLineOfTheReportToo) {
     EXPECT_EQ(state.Timeout, 1);
 }
 
+TEST_F(ProgramTest, LinesThatMayComeTogetherBecomeRowsInOneTick) {
+    runWithRows(1);
+    const QByteArray line = "11/21/26\t33307\t21877\t14556\t10059\t30512\r\n";
+    receive(line + line + line);
+    EXPECT_EQ(sheet.rowCount(), 2) << "one line a tick";
+    ticks(2);
+    EXPECT_EQ(sheet.rowCount(), 4);
+    program.link.poll.linesTogether = 2;
+    receive(line + line + line + "11/2");
+    EXPECT_EQ(sheet.rowCount(), 7);
+    EXPECT_EQ(rxbuffer, "11/2");
+}
+
 TEST_F(ProgramTest, ReadyWithoutAReplyATickCallsNothing) {
     tickDebugOutput();
     connect();
