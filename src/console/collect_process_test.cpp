@@ -134,6 +134,34 @@ TEST(OrvProcesses, ThatAreKilledLoseNoRowAndTheNextOneSaysSo) {
     EXPECT_EQ(contentsOf(kept.front()).count('\n') - headerLines, recorded);
 }
 
+TEST(OrvProcesses, WhatIsLeftOfANetCdfFileIsRemovedAndToldUnlessSomebodyWritesIt) {
+    const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=50"));
+    const InstrumentProcess other(QStringLiteral("sim:trx?baud=0&rate=50"));
+    const OwnFolder folder;
+    const auto parts = [&folder] { return folder.files().filter(QStringLiteral(".part")); };
+    const QStringList begin{QStringLiteral("collect"), instrument.path, QStringLiteral("-o"), QStringLiteral("a.nc")};
+    {
+        OrvProcess killed(begin);
+        killed.waitForLines(folder.path("Orvtemp.tmp"), 20);
+        killed.end(SIGKILL);
+    }
+    ASSERT_EQ(parts().size(), 1);
+    const QString left = parts().front();
+    OrvProcess living(begin);
+    EXPECT_TRUE(comesTrue([&parts, &left] {
+        const QStringList now = parts();
+        return now.size() == 1 && now.front() != left;
+    }));
+    const Ended beside = runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("collect --points 1 -o a.nc ") + other.path);
+    EXPECT_EQ(beside.status, 0) << beside.error;
+    EXPECT_EQ(beside.error.find(".part"), std::string::npos) << beside.error;
+    EXPECT_EQ(parts().size(), 1) << "the living one's";
+    living.end(SIGINT);
+    const QByteArray told = living.process.readAllStandardError();
+    EXPECT_TRUE(told.contains(left.toLatin1() + " was left by a program that was killed")) << told.data();
+    EXPECT_TRUE(told.contains("did not end. Load its ")) << "its rows are kept: " << told.data();
+}
+
 TEST(OrvProcesses, ALineThatVanishesKeepsWhatCame) {
     const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0&rate=50&fault=unplug&after=20%"));
     const OwnFolder folder;

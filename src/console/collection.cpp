@@ -37,6 +37,7 @@ Collection::Collection(Visit& visit)
 Task<> Collection::perform() {
     output_.refuseExisting();
     program_.offerUnendedRun(); // what is found is kept and told
+    output_.removeLeftParts();
     Task<> work = collect();
     const Ending ending = co_await endingOf(std::move(work));
     if (ending.thrown && !output_.hasBegun()) {

@@ -442,8 +442,7 @@ TEST_F(OrvCollect, AClockThatIsSetBackTakesTheNextFreeNameAndLosesNoRow) {
     live(5);
     EXPECT_EQ(answered.status, 130) << result().error;
     QStringList after = folder.files().filter(QRegularExpression(QStringLiteral("^day-.*csv$")));
-    EXPECT_EQ(after.filter(QStringLiteral("-093100-2.csv")).size(), 1)
-        << qPrintable(after.join(u' '));
+    EXPECT_EQ(after.filter(QStringLiteral("-093100-2.csv")).size(), 1) << qPrintable(after.join(u' '));
     EXPECT_EQ(after.size(), 6);
     std::ranges::sort(after, {}, [this](const QString& name) {
         const QByteArray first = rowsOf(path(qPrintable(name))).value(0);

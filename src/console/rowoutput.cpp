@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/rowoutput.h"
 
+#include "base/filedescriptor.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "console/commands.h"
@@ -8,8 +9,11 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
+
+#include <fcntl.h>
 
 namespace orv {
 
@@ -35,6 +39,13 @@ QString datedName(const QString& name, const QDateTime& moment) {
     return dated;
 }
 
+/// Whether a program has the file open, as far as the system tells; if it does not, one may have.
+bool mayBeOpen(const QString& path) {
+    const FileDescriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
+    // The system grants this to the only one who has a file open.
+    return !file.isOpen() || ::fcntl(file.get(), F_SETLEASE, F_WRLCK) != 0;
+}
+
 } // namespace
 
 QDateTime endOfFile(const QDateTime& begun, qint64 everyMilliseconds) {
@@ -56,6 +67,26 @@ RowOutput::RowOutput(Visit& visit)
 void RowOutput::refuseExisting() const {
     if (!toDevice_ && visit_.options.everyMilliseconds == 0) {
         orv::refuseExisting(visit_.options, visit_.options.output);
+    }
+}
+
+void RowOutput::removeLeftParts() const {
+    if (format_ != FileFormat::NetCdf) {
+        return; // the others have every row as it comes
+    }
+    const QFileInfo info(visit_.options.output);
+    const QRegularExpression part(
+        QStringLiteral("^%1(-\\d{8}-\\d{6}(-\\d+)?)?\\.%2\\.[0-9a-f]+\\.part$")
+            .arg(QRegularExpression::escape(info.completeBaseName()), QRegularExpression::escape(info.suffix())));
+    for (const QString& name : info.dir().entryList(QDir::Files).filter(part)) {
+        const QString path = info.dir().filePath(name);
+        if (!mayBeOpen(path) && QFile::remove(path)) {
+            visit_.terminal.tell(
+                QStringLiteral("%1 was left by a program that was killed before the file was whole. It lacks rows and "
+                               "has been removed; all rows of that run are in its record file (Orvtemp*.tmp), and "
+                               "\"orv convert\" makes a file of them.")
+                    .arg(path));
+        }
     }
 }
 

@@ -16,6 +16,9 @@ public:
     /// Throws Failure if a file of the name exists that must be left alone.
     void refuseExisting() const;
 
+    /// Removes what programs left that were killed before such a file was whole, if it lacks rows, and tells so.
+    void removeLeftParts() const;
+
     /// Begins the first file, with what is known of the instrument that has been connected. Once more, of the same
     /// instrument connected again, changes nothing. Throws Failure.
     void begin(const QString& source);
