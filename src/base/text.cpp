@@ -163,6 +163,29 @@ int digitsValue(QStringView text) {
 
 } // namespace
 
+QString inVisibleCharacters(const QByteArray& bytes) {
+    QString text;
+    for (const char character : bytes) {
+        constexpr uchar firstPrintable = 0x20;
+        constexpr uchar lastPrintable = 0x7e;
+        const auto code = static_cast<uchar>(character);
+        if (character == '\r') {
+            text += QLatin1String("\\r");
+        } else if (character == '\n') {
+            text += QLatin1String("\\n");
+        } else if (character == '\t') {
+            text += QLatin1String("\\t");
+        } else if (character == '\\') {
+            text += QLatin1String("\\\\");
+        } else if (code < firstPrintable || code > lastPrintable) {
+            text += QStringLiteral("\\x%1").arg(code, 2, 16, QLatin1Char('0'));
+        } else {
+            text += QLatin1Char(character);
+        }
+    }
+    return text;
+}
+
 QString shortDate(QDate date) {
     // Every row has one, and a format would be taken apart each time.
     return date.isValid() ? QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/' +

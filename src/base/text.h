@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QDate>
 #include <QString>
 #include <QTime>
@@ -38,6 +39,9 @@ qint32 toInteger32(double value);
 /// Integer division: both operands are rounded half to even to 32 bits, the quotient is cut toward zero.
 /// Throws RuntimeError Overflow (an operand or the quotient does not fit) or DivisionByZero.
 qint32 integerDivide(double dividend, double divisor);
+
+/// Characters as they can be read: a control character as "\r", "\n", "\t" or "\x1b", a backslash doubled.
+QString inVisibleCharacters(const QByteArray& bytes);
 
 /// The short date of every screen and file, M/d/yy ("1/5/99"), under every locale.
 QString shortDate(QDate date);

@@ -336,5 +336,9 @@ TEST(ShellWord, IsQuotedWhereTheShellNeedsIt) {
     expectEach(words, [](const char* text) { return shellWord(QString::fromLatin1(text)).toStdString(); });
 }
 
+TEST(VisibleCharacters, AreThoseOfALine) {
+    EXPECT_EQ(inVisibleCharacters(QByteArray("a\r\n\t\\\x1b\xe9>", 8)).toStdString(), "a\\r\\n\\t\\\\\\x1b\\xe9>");
+}
+
 } // namespace
 } // namespace orv

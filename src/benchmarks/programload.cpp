@@ -58,7 +58,7 @@ public:
         return block;
     }
     void write(const QByteArray& bytes) override { port_->write(traffic_.deaf ? QByteArray() : bytes); }
-    void discardInput() override { port_->discardInput(); }
+    QByteArray discardInput() override { return port_->discardInput(); }
     qsizetype inputCount() override { return port_->inputCount(); }
     QString failure() const override { return port_->failure(); }
 

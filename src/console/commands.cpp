@@ -3,7 +3,7 @@
 
 namespace orv {
 
-Task<> performCommand(Visit& visit, Traffic& traffic) {
+Task<> performCommand(Visit& visit) {
     switch (visit.options.command) {
     case Options::Command::Ports:
         return listPorts(visit);
@@ -16,7 +16,7 @@ Task<> performCommand(Visit& visit, Traffic& traffic) {
     case Options::Command::Shutter:
         return resetShutter(visit);
     case Options::Command::Watch:
-        return watchLine(visit, traffic);
+        return watchLine(visit);
     case Options::Command::Collect:
         return collectRows(visit);
     case Options::Command::Download:

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "console/visit.h"
-#include "console/watch.h"
 
 namespace orv {
 
@@ -33,10 +32,10 @@ Task<> downloadMemory(Visit& visit);
 Task<> convertFiles(Visit& visit);
 
 /// Shows what goes over the line until the operator ends it.
-Task<> watchLine(Visit& visit, Traffic& traffic);
+Task<> watchLine(Visit& visit);
 
-/// The command that the options name. `traffic` is of the program's port.
-Task<> performCommand(Visit& visit, Traffic& traffic);
+/// The command that the options name.
+Task<> performCommand(Visit& visit);
 
 /// Throws Failure if there is a file of that name, which may not be kept under a dated name.
 void refuseExisting(const Options& options, const QString& name);

@@ -383,9 +383,5 @@ TEST_F(OrvCommands, PortsListsWhatIsPluggedIn) {
     EXPECT_EQ(orv("ports --json").output.substr(0, 18), "{\"canOpen\":false,\"");
 }
 
-TEST(VisibleCharacters, AreThoseOfALine) {
-    EXPECT_EQ(inVisibleCharacters(QByteArray("a\r\n\t\\\x1b\xe9>", 8)).toStdString(), "a\\r\\n\\t\\\\\\x1b\\xe9>");
-}
-
 } // namespace
 } // namespace orv

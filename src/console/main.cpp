@@ -50,18 +50,11 @@ int perform(const Options& options) {
     SystemClock clock;
     ConsoleMessages messages(terminal);
     SafeAnswers answers(terminal);
-    Traffic traffic;
     SystemPortList portList(clock, SystemPortList::systemDeviceFolder());
     Program program({.clock = clock,
                      .messages = messages,
                      .questions = answers,
-                     .makePort = [&](const QString& device) -> std::unique_ptr<Port> {
-                         auto port = makePort(device, clock);
-                         if (options.command != Options::Command::Watch) {
-                             return port;
-                         }
-                         return std::make_unique<WatchedPort>(std::move(port), traffic);
-                     },
+                     .makePort = [&clock](const QString& device) { return makePort(device, clock); },
                      .portList = &portList,
                      .deviceProblem = deviceProblem});
     const Subscription connected = program.link.connection.identified.subscribe([&messages] { messages.forget(); });
@@ -83,13 +76,12 @@ int perform(const Options& options) {
         }
     });
     const Subscription start = clock.callAfter(0, [&] {
-        visit.perform([&traffic](Visit& of) { return performCommand(of, traffic); },
-                      [&](int ended) {
-                          status = ended;
-                          if (output.bytesToWrite() == 0 || ended > signalled) {
-                              QCoreApplication::exit();
-                          }
-                      });
+        visit.perform(performCommand, [&](int ended) {
+            status = ended;
+            if (output.bytesToWrite() == 0 || ended > signalled) {
+                QCoreApplication::exit();
+            }
+        });
     });
     QCoreApplication::exec();
     return status.value_or(static_cast<int>(ExitStatus::Failed));

@@ -1,53 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "console/watch.h"
-
+#include "base/text.h"
 #include "console/commands.h"
 
 #include <limits>
 #include <utility>
 
 namespace orv {
-
-WatchedPort::WatchedPort(std::unique_ptr<Port> port, const Traffic& traffic)
-    : port_(std::move(port))
-    , traffic_(traffic)
-    , stirring_(port_->stirred.subscribe([this] { stirred.tell(); })) {}
-
-QByteArray WatchedPort::readAll() {
-    QByteArray block = port_->readAll();
-    if (!block.isEmpty()) {
-        traffic_.tell(false, block);
-    }
-    return block;
-}
-
-void WatchedPort::write(const QByteArray& bytes) {
-    port_->write(bytes);
-    traffic_.tell(true, bytes);
-}
-
-QString inVisibleCharacters(const QByteArray& bytes) {
-    QString text;
-    for (const char character : bytes) {
-        constexpr uchar firstPrintable = 0x20;
-        constexpr uchar lastPrintable = 0x7e;
-        const auto code = static_cast<uchar>(character);
-        if (character == '\r') {
-            text += QLatin1String("\\r");
-        } else if (character == '\n') {
-            text += QLatin1String("\\n");
-        } else if (character == '\t') {
-            text += QLatin1String("\\t");
-        } else if (character == '\\') {
-            text += QLatin1String("\\\\");
-        } else if (code < firstPrintable || code > lastPrintable) {
-            text += QStringLiteral("\\x%1").arg(code, 2, 16, QLatin1Char('0'));
-        } else {
-            text += QLatin1Char(character);
-        }
-    }
-    return text;
-}
 
 namespace {
 
@@ -120,11 +78,14 @@ private:
 
 } // namespace
 
-Task<> watchLine(Visit& visit, Traffic& traffic) {
+Task<> watchLine(Visit& visit) {
     Watcher watcher(visit);
-    const Subscription watching =
-        traffic.subscribe([&watcher](bool sent, const QByteArray& bytes) { watcher.take(sent, bytes); });
     Link& link = visit.program.link;
+    const Subscription watching = link.ports.passed.subscribe([&watcher](const LineEvent& event) {
+        if (event.kind == LineEvent::Kind::Sent || event.kind == LineEvent::Kind::Received) {
+            watcher.take(event.kind == LineEvent::Kind::Sent, event.bytes);
+        }
+    });
     link.ports.setDevice(1, visit.options.port);
     visit.program.autoConnect1();
     const std::function<bool()> over = [&watcher, &link] {

@@ -66,12 +66,14 @@ bool ComPorts::open() {
         QStringLiteral("The debug output (\"Comm 2 Debug Output\") is using it. Connect the instrument to the other "
                        "port, or clear the box."));
     if (!reason.isEmpty()) {
+        passed.tell({.kind = LineEvent::Kind::NotOpened, .text = reason});
         tellThatItCouldNotBeOpened(nameOf(selected_), reason);
         return false;
     }
     instrument_ = line(selected_).port.get();
     stirring_ = instrument_->stirred.subscribe([this] { stirred.tell(); });
     setUse(instrument_, PortUse::Instrument);
+    passed.tell({.kind = LineEvent::Kind::Opened, .text = device(selected_)});
     session_.commands.portOpen = true;
     return true;
 }
@@ -81,6 +83,7 @@ void ComPorts::close() {
         return;
     }
     instrument_->close();
+    passed.tell({.kind = LineEvent::Kind::Closed});
     setUse(std::exchange(instrument_, nullptr), PortUse::None);
     stirring_.reset();
     session_.commands.portOpen = false;
@@ -89,23 +92,29 @@ void ComPorts::close() {
 
 void ComPorts::setDataTerminalReady(bool on) {
     if (isOpen()) {
+        passed.tell({.kind = on ? LineEvent::Kind::DtrRaised : LineEvent::Kind::DtrDropped});
         instrument_->setDataTerminalReady(on);
     }
 }
 
 QByteArray ComPorts::readAll() {
-    return isOpen() ? instrument_->readAll() : QByteArray();
+    QByteArray block = isOpen() ? instrument_->readAll() : QByteArray();
+    if (!block.isEmpty()) {
+        passed.tell({.kind = LineEvent::Kind::Received, .bytes = block});
+    }
+    return block;
 }
 
 void ComPorts::write(const QByteArray& bytes) {
     if (isOpen()) {
         instrument_->write(bytes);
+        passed.tell({.kind = LineEvent::Kind::Sent, .bytes = bytes});
     }
 }
 
 void ComPorts::discardInput() {
     if (isOpen()) {
-        instrument_->discardInput();
+        passed.tell({.kind = LineEvent::Kind::Discarded, .bytes = instrument_->discardInput()});
     }
 }
 
@@ -128,6 +137,7 @@ bool ComPorts::checkFailure() {
         return false;
     }
     const QString name = nameOf(selected_);
+    passed.tell({.kind = LineEvent::Kind::Failed, .text = reason});
     close();
     portFailed.tell();
     const auto lost = QStringLiteral("The connection on %1 was lost.\n\n%2\n\n").arg(name, reason);

@@ -18,6 +18,25 @@ namespace orv {
 /// Who has the device of COM 1 or COM 2 open.
 enum class PortUse { None, Instrument, DebugOutput };
 
+/// What has passed between the program and the instrument's line.
+struct LineEvent {
+    enum class Kind {
+        Opened,    ///< `text` is the device.
+        NotOpened, ///< `text` says why.
+        Closed,
+        DtrRaised,
+        DtrDropped,
+        Sent,
+        Received,
+        Discarded, ///< Dropped unread; perhaps nothing.
+        Failed     ///< `text` says why the open line works no more.
+    };
+
+    Kind kind;
+    QByteArray bytes = {}; ///< Sent, received or discarded.
+    QString text = {};
+};
+
 /// The two serial-port objects of the program: `MSComm1`, the link to the instrument on COM 1 or COM 2, and
 /// `MSComm2`, the debug output on COM 2, which is only written.
 class ComPorts {
@@ -55,6 +74,9 @@ public:
 
     /// See Port.
     void expectRestOfLine(qsizetype characters);
+
+    /// Tells what passes, in its order; nothing of the debug output.
+    Signal<LineEvent> passed;
 
     /// The open instrument port has something to read, or has failed.
     Signal<> stirred;

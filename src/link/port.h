@@ -42,8 +42,9 @@ public:
     /// Sends the bytes as they stand. Does nothing on a closed port.
     virtual void write(const QByteArray& bytes) = 0;
 
-    /// Drops every character that waits to be read. Does nothing on a closed port.
-    virtual void discardInput() = 0;
+    /// Drops every character that waits to be read, and returns those of them that it has seen. Does nothing on a
+    /// closed port.
+    virtual QByteArray discardInput() = 0;
 
     /// How many characters wait to be read; 0 on a closed port.
     virtual qsizetype inputCount() = 0;

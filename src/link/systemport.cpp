@@ -248,12 +248,14 @@ void SystemPort::write(const QByteArray& bytes) {
     }
 }
 
-void SystemPort::discardInput() {
-    if (port_.isOpen() && failure_.isEmpty()) {
-        stirredTold_ = false;
-        await(Awaited::Anything);
-        port_.clear(QSerialPort::Input);
+QByteArray SystemPort::discardInput() {
+    if (!port_.isOpen() || !failure_.isEmpty()) {
+        return {};
     }
+    await(Awaited::Anything);
+    QByteArray dropped = readAll();
+    port_.clear(QSerialPort::Input); // what has only reached the system
+    return dropped;
 }
 
 qsizetype SystemPort::inputCount() {

@@ -49,7 +49,7 @@ public:
     void setDataTerminalReady(bool on) override;
     QByteArray readAll() override;
     void write(const QByteArray& bytes) override;
-    void discardInput() override;
+    QByteArray discardInput() override;
     qsizetype inputCount() override;
     void expectRestOfLine(qsizetype characters) override;
     QString failure() const override;

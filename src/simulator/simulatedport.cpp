@@ -53,12 +53,12 @@ void SimulatedPort::write(const QByteArray& bytes) {
     }
 }
 
-void SimulatedPort::discardInput() {
-    if (open_) {
-        instrument_->discardArrived();
-        inputTold_ = false;
-        watch();
+QByteArray SimulatedPort::discardInput() {
+    QByteArray dropped;
+    while (inputCount() > 0) {
+        dropped += readAll();
     }
+    return dropped;
 }
 
 /// Has the instrument looked at when there may be something to tell.

@@ -24,7 +24,7 @@ public:
     void setDataTerminalReady(bool on) override;
     QByteArray readAll() override;
     void write(const QByteArray& bytes) override;
-    void discardInput() override;
+    QByteArray discardInput() override;
 
     /// As for every port, except that it counts no further than about 64 KB.
     qsizetype inputCount() override { return open_ ? instrument_->arrivedCount() : 0; }

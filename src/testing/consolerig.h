@@ -21,9 +21,7 @@ struct Answered {
 class ConsoleRig : public ProgramRig {
 public:
     explicit ConsoleRig(const LineMaker& makeLine = simulatedInstrument)
-        : ProgramRig([this, makeLine](const QString& device, TestClock& testClock) -> std::unique_ptr<Port> {
-            return std::make_unique<WatchedPort>(makeLine(device, testClock), traffic);
-        }) {}
+        : ProgramRig(makeLine) {}
 
     ~ConsoleRig() { messages.alsoShow = {}; }
     ConsoleRig(const ConsoleRig&) = delete;
@@ -47,8 +45,7 @@ public:
         timer.setInterval(StatusTimer::normalInterval); // the command before has ended the program
         answered = {};
         visit.emplace(program, *terminal, options);
-        visit->perform([this](Visit& of) { return performCommand(of, traffic); },
-                       [this](int status) { answered.status = status; });
+        visit->perform(performCommand, [this](int status) { answered.status = status; });
     }
 
     /// Performs a command to its end, which comes within an hour.
@@ -79,7 +76,6 @@ public:
         };
     }
 
-    Traffic traffic;
     QBuffer output;
     QBuffer error;
     bool progress = false; ///< Somebody sits at the terminal of the next command.

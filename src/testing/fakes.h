@@ -203,15 +203,13 @@ public:
             port_->write(bytes);
         }
     }
-    void discardInput() override {
+    QByteArray discardInput() override {
         ++discards;
-        input.take();
-        if (port_ != nullptr) {
-            port_->discardInput();
-        }
+        const QByteArray dropped = input.take() + (port_ != nullptr ? port_->discardInput() : QByteArray());
         if (discarded) {
             discarded();
         }
+        return dropped;
     }
     qsizetype inputCount() override {
         return unplugged ? 0 : input->size() + (silent || port_ == nullptr ? 0 : port_->inputCount());

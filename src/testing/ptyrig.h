@@ -42,9 +42,10 @@ public:
         port_->write(bytes);
         written_ += isOpen() && failure().isEmpty() ? bytes.size() : 0;
     }
-    void discardInput() override {
-        port_->discardInput();
+    QByteArray discardInput() override {
+        QByteArray dropped = port_->discardInput();
         forgetInput();
+        return dropped;
     }
     qsizetype inputCount() override { return port_->inputCount(); }
     QString failure() const override { return port_->failure(); }
