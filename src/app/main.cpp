@@ -87,7 +87,12 @@ int main(int argc, char** argv) {
     orv::Program program({.clock = clock,
                           .messages = messages,
                           .questions = questions,
-                          .makePort = [&clock](const QString& device) { return orv::makePort(device, clock); },
+                          .makePort =
+                              [&clock, &messages](const QString& device) {
+                                  return orv::makePort(device, clock, [&messages](const QString& text) {
+                                      messages.show({.title = QStringLiteral("Replay"), .text = text});
+                                  });
+                              },
                           .portList = &portList,
                           .deviceProblem = orv::deviceProblem});
     program.link.ports.setDevice(1, line.com1);

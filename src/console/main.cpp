@@ -54,7 +54,12 @@ int perform(const Options& options) {
     Program program({.clock = clock,
                      .messages = messages,
                      .questions = answers,
-                     .makePort = [&clock](const QString& device) { return makePort(device, clock); },
+                     .makePort =
+                         [&clock, &messages](const QString& device) {
+                             return makePort(device, clock, [&messages](const QString& text) {
+                                 messages.show({.title = QStringLiteral("Replay"), .text = text});
+                             });
+                         },
                      .portList = &portList,
                      .deviceProblem = deviceProblem});
     const Subscription connected = program.link.connection.identified.subscribe([&messages] { messages.forget(); });

@@ -2,14 +2,22 @@
 #include "program/devices.h"
 
 #include "link/systemport.h"
+#include "simulator/replay.h"
 #include "simulator/simulatedport.h"
 #include "simulator/simulatoroptions.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
+#include <utility>
 
 namespace orv {
 
 QString deviceProblem(const QString& device) {
+    if (namesReplay(device)) {
+        const ReplayOptions options = parseReplayOptions(device);
+        return options.error.isEmpty() ? readCaptureFile(options.file).error : options.error;
+    }
     if (namesSimulator(device)) {
         return parseSimulatorOptions(device).error;
     }
@@ -24,7 +32,14 @@ QString deviceProblem(const QString& device) {
     return {};
 }
 
-std::unique_ptr<Port> makePort(const QString& device, Clock& clock) {
+std::unique_ptr<Port> makePort(const QString& device, Clock& clock,
+                               std::function<void(const QString& text)> replayTold) {
+    if (namesReplay(device)) {
+        const ReplayOptions options = parseReplayOptions(device);
+        // A file that has gone since it was named is a capture without any connection.
+        return std::make_unique<ReplayPort>(readCaptureFile(options.file), QFileInfo(options.file).fileName(),
+                                            options.speed, clock, std::move(replayTold));
+    }
     if (namesSimulator(device)) {
         return std::make_unique<SimulatedPort>(parseSimulatorOptions(device).options, clock);
     }

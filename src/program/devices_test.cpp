@@ -2,6 +2,7 @@
 #include "program/devices.h"
 
 #include "link/systemport.h"
+#include "simulator/replay.h"
 #include "simulator/simulatedport.h"
 #include "testing/fakes.h"
 
@@ -17,7 +18,8 @@ TEST(Devices, AreNamesPathsAndSimulatedInstruments) {
         EXPECT_EQ(deviceProblem(QString::fromLatin1(device)).toStdString(), "") << device;
     }
     for (const char* device : {"", " ", "tty USB0", "/dev/tty\tS0", "/dev/ttyS0\n", "/", "sim:", "sim:TRX", "sim:trx?",
-                               "sim:trx?rate", "sim:trx?rate=8&rate=9", "sim:glow firmware=3"}) {
+                               "sim:trx?rate", "sim:trx?rate=8&rate=9", "sim:glow firmware=3", "sim:replay",
+                               "sim:replay?file=none.jsonl", "sim:replay?file=/"}) {
         EXPECT_NE(deviceProblem(QString::fromLatin1(device)).toStdString(), "") << device;
     }
 }
@@ -27,6 +29,9 @@ TEST(Devices, HaveAPortOfTheirKind) {
     const auto simulated = makePort(QStringLiteral("sim:glow?baud=0"), clock);
     EXPECT_NE(dynamic_cast<SimulatedPort*>(simulated.get()), nullptr);
     EXPECT_EQ(simulated->open().toStdString(), "");
+    const auto replay = makePort(QStringLiteral("sim:replay?file=none.jsonl"), clock);
+    EXPECT_NE(dynamic_cast<ReplayPort*>(replay.get()), nullptr);
+    EXPECT_NE(replay->open().toStdString(), "");
     const auto real = makePort(QStringLiteral("/dev/no-such-device"), clock);
     EXPECT_NE(dynamic_cast<SystemPort*>(real.get()), nullptr);
     EXPECT_NE(real->open().toStdString(), "");
