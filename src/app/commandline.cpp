@@ -5,6 +5,7 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
@@ -69,6 +70,9 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
                                   QStringLiteral("Do the main job unattended and leave its files and a picture of each "
                                                  "page in FOLDER."),
                                   QStringLiteral("FOLDER"));
+    const QCommandLineOption capture(QStringLiteral("capture"),
+                                     QStringLiteral("Capture all that happens into FILE, for whoever helps or mends."),
+                                     QStringLiteral("FILE"));
     const QCommandLineOption documents(QStringLiteral("documents"),
                                        QStringLiteral("Work in the Documents folder instead of the current one. The "
                                                       "program's menu entry does so."));
@@ -80,7 +84,7 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
                                          QStringLiteral("Show the program's version."));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Host program for the ORV optical water sensors."));
-    parser.addOptions({com1, com2, debugOutput, demo, documents, fresh, help, showVersion});
+    parser.addOptions({com1, com2, debugOutput, demo, capture, documents, fresh, help, showVersion});
     if (!parser.parse(arguments)) {
         return refusal(parser.errorText());
     }
@@ -98,7 +102,11 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     if (parser.isSet(demo) && parser.value(demo).isEmpty()) {
         return refusal(QStringLiteral("--demo needs a folder."));
     }
+    if (parser.isSet(capture) && parser.value(capture).isEmpty()) {
+        return refusal(QStringLiteral("--capture needs a file."));
+    }
     CommandLine line;
+    line.capture = parser.isSet(capture) ? QFileInfo(parser.value(capture)).absoluteFilePath() : QString();
     line.com1 = parser.value(com1);
     line.com2 = parser.value(com2);
     line.choosesPort = parser.isSet(com1) || parser.isSet(com2);

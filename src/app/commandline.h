@@ -25,6 +25,7 @@ struct CommandLine {
     QString com2;
     bool choosesPort = false; ///< One of them was named.
     bool debugOutput = false;
+    QString capture;        ///< A file, with its folder; empty: none.
     QString demoFolder;     ///< Empty: no demo.
     bool documents = false; ///< Work in the Documents folder.
     bool fresh = false;     ///< Nothing is taken over from an earlier start, and nothing kept.

@@ -104,8 +104,8 @@ TEST(CommandLine, EveryOptionIsTaken) {
 TEST(CommandLine, HelpAndVersionAreTexts) {
     const CommandLine help = read({QStringLiteral("--help")});
     EXPECT_EQ(help.wish, CommandLine::Wish::ShowHelp);
-    for (const char* option :
-         {"--com1", "--com2", "--debug-output", "--demo", "--documents", "--fresh", "--help", "--version", "sim:trx"}) {
+    for (const char* option : {"--com1", "--com2", "--debug-output", "--demo", "--capture", "--documents", "--fresh",
+                               "--help", "--version", "sim:trx"}) {
         EXPECT_TRUE(help.text.contains(QString::fromLatin1(option))) << option;
     }
     const CommandLine version = read({QStringLiteral("--version")});
@@ -115,6 +115,7 @@ TEST(CommandLine, HelpAndVersionAreTexts) {
 
 TEST(CommandLine, WhatIsNotUnderstoodIsRefusedWithItsReason) {
     const std::pair<const char*, const char*> refused[] = {{"--com3 ttyS0", "com3"},
+                                                           {"--capture=", "--capture needs a file"},
                                                            {"--loud", "loud"},
                                                            {"-x", "x"},
                                                            {"--com1", "com1"},

@@ -122,6 +122,9 @@ int main(int argc, char** argv) {
     messages.setParent(&window);
     questions.setParent(&window);
     const orv::SessionEnd sessionEnd(program, messages);
+    if (!line.capture.isEmpty()) {
+        program.capture.begin(line.capture);
+    }
     if (hasDemo) {
         const int status = orv::runDemo(program, window, messages, line.demoFolder);
         return sessionEnd.statusOr(status);

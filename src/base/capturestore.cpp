@@ -34,9 +34,10 @@ QJsonValue shortened(const QJsonValue& value) {
 
 } // namespace
 
-CaptureStore::CaptureStore(Clock& clock, QJsonObject facts, const CaptureLimits& limits)
+CaptureStore::CaptureStore(Clock& clock, const CaptureLimits& limits)
     : clock_(clock)
-    , header_(captureHeader(clock.now(), std::move(facts)))
+    , began_(clock.now())
+    , header_(captureHeader(began_, {}))
     , limits_(limits)
     , start_(clock.monotonicMilliseconds()) {}
 
@@ -113,6 +114,10 @@ QString CaptureStore::earlierName(const QString& path) {
 QString CaptureStore::begin(const QString& path) {
     end();
     for (const QString& name : {path, earlierName(path)}) {
+        const QFileInfo info(name);
+        if (info.exists() && !info.isFile()) {
+            return QStringLiteral("it is no file"); // a device must not get another name
+        }
         const QString reason = keepUnderDatedName(name, clock_.now());
         if (!reason.isEmpty()) {
             return reason;

@@ -29,11 +29,14 @@ struct CaptureLimits {
 /// Entries reach the file joined, after a second or 64 KB.
 class CaptureStore {
 public:
-    /// `facts` stand in the header. The time of the entries begins now.
-    CaptureStore(Clock& clock, QJsonObject facts, const CaptureLimits& limits = {});
+    /// The time of the entries begins now.
+    explicit CaptureStore(Clock& clock, const CaptureLimits& limits = {});
     ~CaptureStore();
     CaptureStore(const CaptureStore&) = delete;
     CaptureStore& operator=(const CaptureStore&) = delete;
+
+    /// What stands in the header of what is written from now on.
+    void describe(const QJsonObject& facts) { header_ = captureHeader(began_, facts); }
 
     /// Adds an entry of now. Longer bytes become several entries; of longer texts the beginning is kept.
     void add(CaptureKind kind, QByteArrayView bytes);
@@ -48,6 +51,9 @@ public:
 
     /// What is in memory, as the bytes of a capture file.
     QByteArray newest() const;
+
+    /// Milliseconds since the capture began.
+    qint64 now() const { return clock_.monotonicMilliseconds() - start_; }
 
     /// How many bytes are in memory.
     qsizetype size() const { return size_; }
@@ -66,7 +72,6 @@ private:
         qint64 last = 0;
     };
 
-    qint64 now() const { return clock_.monotonicMilliseconds() - start_; }
     void take(qint64 now, const QByteArray& line);
     void dropOld(qint64 now);
     void flush();
@@ -74,6 +79,7 @@ private:
     QString beginNextPart();
 
     Clock& clock_;
+    QDateTime began_;
     QByteArray header_;
     const CaptureLimits limits_;
     qint64 start_;

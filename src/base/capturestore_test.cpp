@@ -158,7 +158,7 @@ protected:
     OwnFolder folder;
     TestClock clock;
     int received = 0;
-    CaptureStore store{clock, {}, {.segmentBytes = 1000, .memoryBytes = 10'000, .fileBytes = 5000}};
+    CaptureStore store{clock, {.segmentBytes = 1000, .memoryBytes = 10'000, .fileBytes = 5000}};
     QStringList failures;
     Subscription failing = store.failed.subscribe([this](const QString& reason) { failures << reason; });
 };
@@ -250,6 +250,8 @@ TEST_F(CaptureStoreTest, OlderFilesAreKept) {
 }
 
 TEST_F(CaptureStoreTest, FileThatCannotBeMadeIsTold) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("lake.jsonl")));
+    EXPECT_EQ(store.begin(folder.path("lake.jsonl")), QStringLiteral("it is no file"));
     EXPECT_EQ(store.begin(folder.path("none/lake.jsonl")),
               wordsOfOpening(folder.path("none/lake.jsonl"), QIODevice::WriteOnly));
     receive(1);

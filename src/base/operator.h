@@ -46,6 +46,23 @@ public:
     virtual void show(const Message& message) = 0;
 };
 
+/// Passes every message on.
+class ToldMessages final : public OperatorMessages {
+public:
+    explicit ToldMessages(OperatorMessages& messages)
+        : messages_(messages) {}
+
+    void show(const Message& message) override {
+        told.tell(message);
+        messages_.show(message);
+    }
+
+    Signal<Message> told; ///< Every message, before it is shown.
+
+private:
+    OperatorMessages& messages_;
+};
+
 /// What the operator is asked.
 struct Question {
     enum class Kind {

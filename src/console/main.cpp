@@ -63,12 +63,18 @@ int perform(const Options& options) {
                      .portList = &portList,
                      .deviceProblem = deviceProblem});
     const Subscription connected = program.link.connection.identified.subscribe([&messages] { messages.forget(); });
+    const Subscription saying =
+        terminal.said.subscribe([&program](const QString& line) { program.capture.said(line); });
+    if (!options.capture.isEmpty()) {
+        program.capture.begin(options.capture);
+    }
     program.load(writesInFolder(options.command) ? Program::Files::InFolder : Program::Files::None);
     Visit visit(program, terminal, options);
     Interruption interruption;
     constexpr int signalled = 128;
     std::optional<int> status; // known: the command has ended
-    const Subscription interrupted = interruption.wanted.subscribe([&visit, &status](int signal) {
+    const Subscription interrupted = interruption.wanted.subscribe([&visit, &status, &program](int signal) {
+        program.capture.did(QString(), QStringLiteral("signal"), QString::number(signal));
         visit.interrupt(signal);
         if (status) {
             QCoreApplication::exit();
@@ -109,5 +115,6 @@ int main(int argc, char** argv) {
     qputenv("QT_NO_GLIB", "1");    // the desktop's event loop takes more of the processor
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("orv"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ORV_VERSION));
     return perform(options);
 }

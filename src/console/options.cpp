@@ -52,6 +52,7 @@ struct Texts {
     std::vector<std::string> set;
     std::string mode;
     std::string save;
+    std::string capture;
     std::string points;
     std::string forTime;
     std::string every;
@@ -108,6 +109,10 @@ void addOptionsOf(Options::Command command, CLI::App& app, Options& options, Tex
         break;
     default:
         break;
+    }
+    if (needsPort) {
+        app.add_option("--capture", texts.capture, "Capture all that happens, for whoever helps or mends")
+            ->type_name("FILE");
     }
     if (command != Command::Shutter && command != Command::Convert) {
         addFlag(app, "--json", options.json, "Answer in JSON, one object a line");
@@ -187,6 +192,7 @@ void take(const Texts& texts, Options& options) {
     options.output = fromBytes(texts.output);
     options.mode = fromBytes(texts.mode);
     options.save = fromBytes(texts.save);
+    options.capture = fromBytes(texts.capture);
     for (const std::string& input : texts.inputs) {
         options.inputs << fromBytes(input);
     }
@@ -207,6 +213,9 @@ void take(const Texts& texts, Options& options) {
     if (!options.output.isEmpty() && !toDevice && !formatOfName(options.output)) {
         throw Wrong(QStringLiteral("\"%1\" does not say its format. Let its name end with .csv, .nc, .jsonl or .txt.")
                         .arg(options.output));
+    }
+    if (!options.capture.isEmpty() && (options.capture == options.output || options.capture == options.save)) {
+        throw Wrong(QStringLiteral("--capture needs a file of its own."));
     }
     if (options.everyMilliseconds != 0 && options.output == QLatin1String("-")) {
         throw Wrong(QStringLiteral("--every needs files; standard output is one."));

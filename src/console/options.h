@@ -24,6 +24,7 @@ struct Options {
     bool json = false;
     bool quiet = false;
     bool verbose = false;
+    QString capture = {}; ///< A file; empty: none.
 
     QString port = {};
     QString output = {}; ///< "-" is standard output.

@@ -32,6 +32,7 @@ TEST(OrvOptions, NameACommandAndWhatItNeeds) {
     EXPECT_EQ(convert.output.toStdString(), "c.nc");
     EXPECT_TRUE(read("clock ttyS0 --sync").sync);
     EXPECT_TRUE(read("download ttyS0 -o a.csv --verify").verify);
+    EXPECT_EQ(read("info ttyS0 --capture a.jsonl").capture.toStdString(), "a.jsonl");
 }
 
 TEST(OrvOptions, TakeSettingsByTheirNames) {
@@ -67,7 +68,11 @@ TEST(OrvOptions, ThatAreWrongAreRefusedWithTheReason) {
         {"info sim:boat", "\"sim:boat\" names no simulated instrument. It must begin with sim:trx or sim:glow.",
          "orv info"},
         {"info sim:trx --loud --points 3",
-         "\"orv info\" has no option --loud. Its options are --help, --json, --quiet, --verbose.", "orv info"},
+         "\"orv info\" has no option --loud. Its options are --help, --capture, --json, --quiet, --verbose.",
+         "orv info"},
+        {"info sim:replay", "\"sim:replay\" names no replay. It must be sim:replay?file=NAME.", "orv info"},
+        {"collect sim:trx -o a.jsonl --capture a.jsonl", "--capture needs a file of its own.", "orv collect"},
+        {"info sim:trx --capture", "--capture needs a value: \"--capture FILE\".", "orv info"},
         {"info --json=5 sim:trx", "--json takes no value.", "orv info"},
         {"info sim:trx more", "\"more\" is too much: \"orv info\" takes one PORT and options.", "orv info"},
         {"info sim:trx clock sim:trx", "\"clock\" is too much: \"orv info\" takes one PORT and options.", "orv info"},

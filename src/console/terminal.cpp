@@ -32,6 +32,7 @@ bool Terminal::print(const QJsonObject& object) {
 }
 
 void Terminal::say(const QString& text) {
+    said.tell(text);
     showProgress(QString());
     error_.write("orv: " + text.toLocal8Bit() + '\n');
 }

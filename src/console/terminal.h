@@ -33,6 +33,8 @@ public:
     void showProgress(const QString& text);
     bool showsProgress() const { return progress_ && speech_ != Speech::Quiet; }
 
+    Signal<QString> said; ///< Every line on standard error but the progress.
+
     QIODevice& output() { return output_; }
 
     /// What the system said when standard output first took a line no more; empty if it has taken all.

@@ -23,8 +23,8 @@ QString placeOf(const QString& name) {
 
 } // namespace
 
-OwnFilesKept::OwnFilesKept(OperatorQuestions& asked, const Session& session)
-    : asked_(asked)
+OwnFilesKept::OwnFilesKept(OperatorQuestions& questions, Session& session)
+    : questions_(questions)
     , session_(session) {}
 
 bool OwnFilesKept::isOwn(const QString& name) const {
@@ -37,20 +37,19 @@ bool OwnFilesKept::isOwn(const QString& name) const {
     });
 }
 
-Subscription OwnFilesKept::ask(const Question& question, Answered answered) {
-    if (question.kind != Question::Kind::SaveName) {
-        return asked_.ask(question, std::move(answered));
-    }
-    return asked_.ask(question, [this, title = question.title, answered = std::move(answered)](const QString& name) {
-        const bool own = !name.isEmpty() && isOwn(name);
+Subscription OwnFilesKept::ask(const Question& question, Answered given) {
+    asked.tell(question);
+    return questions_.ask(question, [this, question, given = std::move(given)](const QString& answer) {
+        answered.tell(question, answer);
+        const bool own = question.kind == Question::Kind::SaveName && !answer.isEmpty() && isOwn(answer);
         if (own) {
             session_.messages.show(
                 operatorWarning(QStringLiteral("%1 is a file that this program writes itself while it runs, so "
                                                "nothing can be saved there.\n\nSave again under another name.")
-                                    .arg(QFileInfo(name).absoluteFilePath()),
-                                title));
+                                    .arg(QFileInfo(answer).absoluteFilePath()),
+                                question.title));
         }
-        answered(own ? QString() : name);
+        given(own ? QString() : answer);
     });
 }
 

@@ -10,15 +10,19 @@ namespace orv {
 /// cancelled: the later rows of the run would go to a file that is gone.
 class OwnFilesKept final : public OperatorQuestions {
 public:
-    OwnFilesKept(OperatorQuestions& asked, const Session& session);
+    OwnFilesKept(OperatorQuestions& questions, Session& session);
 
-    [[nodiscard]] Subscription ask(const Question& question, Answered answered) override;
+    [[nodiscard]] Subscription ask(const Question& question, Answered given) override;
 
-private:
+    Signal<Question> asked;
+    Signal<Question, QString> answered; ///< As the operator has answered it.
+
+    /// Whether the program itself writes the file of that name.
     bool isOwn(const QString& name) const;
 
-    OperatorQuestions& asked_;
-    const Session& session_;
+private:
+    OperatorQuestions& questions_;
+    Session& session_;
 };
 
 } // namespace orv

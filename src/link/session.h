@@ -152,7 +152,7 @@ struct Session {
     CommandState commands;
     FileNames fileNames;
     Clock& clock;
-    OperatorMessages& messages;
+    ToldMessages messages;
 };
 
 } // namespace orv

@@ -174,6 +174,7 @@ Task<> Waits::waitsec(float seconds) {
     const Clock& clock = session_.clock;
     const float start = clock.secondsSinceMidnight();
     float left = seconds;
+    passed.tell(Event::Time, std::llround(seconds * 1000.0F));
     while (left > 0.0F) {
         const auto milliseconds = static_cast<qint64>(std::ceil(left * 1000.0F));
         Wait wait(*this, Until::ConnectionEnds);
@@ -200,6 +201,7 @@ Task<QByteArray> Waits::input(qint64 milliseconds) {
     const Clock& clock = session_.clock;
     const qint64 until = clock.monotonicMilliseconds() + milliseconds;
     QByteArray block;
+    passed.tell(Event::Input, milliseconds);
     while (true) {
         Wait wait(*this, Until::ConnectionEnds);
         reading_ = &wait;
@@ -211,6 +213,9 @@ Task<QByteArray> Waits::input(qint64 milliseconds) {
         if (!block.isEmpty() || clock.monotonicMilliseconds() >= until) {
             break;
         }
+    }
+    if (block.isEmpty()) {
+        passed.tell(Event::NothingCame, milliseconds);
     }
     co_return block;
 }

@@ -113,6 +113,10 @@ public:
     /// Ends every wait.
     void endAll();
 
+    enum class Event { Time, Input, NothingCame };
+    /// Tells that a wait begins and how many milliseconds it may last, or that one for input was in vain.
+    Signal<Event, qint64> passed;
+
 private:
     class Wait;
 

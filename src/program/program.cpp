@@ -124,6 +124,10 @@ void Program::saveAs() {
     link.procedures.startBeside(QStringLiteral("Save As"), [this] { return saveSheet(); });
 }
 
+void Program::saveSupportFile() {
+    link.procedures.startBeside(QStringLiteral("Save Support File"), [this] { return capture.saveSupportFile(); });
+}
+
 void Program::exportSheet() {
     link.procedures.startBeside(QStringLiteral("Export"), [this] { return sheetExport.exportSheet(); });
 }

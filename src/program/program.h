@@ -5,6 +5,7 @@
 #include "calibration/shutterreset.h"
 #include "formats/sheetexport.h"
 #include "link/link.h"
+#include "program/capture.h"
 #include "program/nextstep.h"
 #include "program/pages.h"
 #include "settings/settings.h"
@@ -56,6 +57,7 @@ public:
     /// Takes "Clear All" back, as long as that is possible.
     void bringBack();
     void saveAs();
+    void saveSupportFile();
     void exportSheet();
     void openSheet();
     /// "Download Stored Data: Save as Text" and "... View with Host Program".
@@ -97,6 +99,7 @@ public:
     PageState pages;
     RunProgress progress;
     NextStep nextStep;
+    Capture capture{*this};
 
 private:
     Task<> saveSheet();

@@ -39,10 +39,12 @@ constexpr int preparationDelay = 50;
 MainWindow::MainWindow(Program& program, Remembered* remembered)
     : program_(program)
     , remembered_(remembered)
+    , watch_(program.capture)
     , upperTabs_(makeStrip(upperCaptions(), "TabStrip1", "Pages", "Form Select Tabs."))
     , lowerTabs_(makeStrip(lowerCaptions(), "TabStrip2", "Service pages",
                            "Special Tidelane Debug screens and Tools. Internal use only so far."))
     , pageArea_(new QWidget) {
+    qApp->installEventFilter(&watch_);
     speakLabelValues();
     setObjectName(QStringLiteral("MainWindow"));
     layOut();
@@ -214,7 +216,10 @@ void MainWindow::showPage(Page page) {
 QAction* MainWindow::makeAction(QAnyStringView text, QAnyStringView name, const std::function<void()>& action) {
     auto* made = new QAction(text.toString(), this);
     made->setObjectName(name.toString());
-    connect(made, &QAction::triggered, this, [action] { action(); });
+    connect(made, &QAction::triggered, this, [this, made, action] {
+        watch_.noteAction(*made);
+        action();
+    });
     return made;
 }
 
@@ -250,6 +255,7 @@ void MainWindow::makeMenus() {
 
     QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
     addItem(help, "&Contents", "Contents", [] {});
+    addItem(help, "&Save Support File...", "SaveSupportFile", [this] { program_.saveSupportFile(); });
     addItem(help, "&About Orv Host ...", "About", [this] { showAbout(); });
 
     const CommandState& commands = program_.link.session.commands;

@@ -3,6 +3,7 @@
 
 #include "program/program.h"
 #include "ui/focus.h"
+#include "ui/operatorwatch.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -74,6 +75,7 @@ private:
 
     Program& program_;
     Remembered* remembered_; ///< Null: nothing is kept.
+    OperatorWatch watch_;
     ChoiceTabBar* upperTabs_;
     ChoiceTabBar* lowerTabs_;
     QWidget* pageArea_;

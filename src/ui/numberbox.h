@@ -43,6 +43,9 @@ public:
 
     bool isMarked() const { return marked_; }
 
+    /// The program is setting its text.
+    bool isDrawing() const { return drawing_; }
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
