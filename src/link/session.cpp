@@ -3,6 +3,8 @@
 
 #include "base/text.h"
 
+#include <cmath>
+
 namespace orv {
 
 InstrumentType instrumentType(const QString& letter) {
@@ -27,7 +29,8 @@ QString instrumentName(InstrumentType type) {
 
 void Session::setFirmware(const QString& text) {
     status.firmware = text;
-    state.firmware = leadingNumber(text);
+    const double number = leadingNumber(text);
+    state.firmware = std::isfinite(number) ? number : 0.0;
 }
 
 CommandState::CommandState() {

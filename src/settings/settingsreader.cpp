@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 namespace orv {
 
@@ -18,6 +17,12 @@ constexpr qint16 giveUpAtCall = 150;
 
 /// After so many milliseconds without a line the status says so.
 constexpr qint64 silenceLimit = 10'000;
+
+/// The number that a report's line tells; 0 for one that is beyond all numbers.
+double reportedNumber(QStringView text) {
+    const double number = leadingNumber(text);
+    return std::isfinite(number) ? number : 0.0;
+}
 
 /// Digits for a number of 16 bits and nothing else.
 bool isNumber(QStringView text) {
@@ -83,13 +88,13 @@ void SettingsReader::getprefs(const QString& line) {
     if (line.startsWith(QLatin1String("MP"))) {
         prefsState = memoryPointerCode;
         memoryUnderstood = isNumber(QStringView(line).mid(2).trimmed());
-        takeMemoryPointer(leadingNumber(QStringView(line).mid(2)));
+        takeMemoryPointer(reportedNumber(QStringView(line).mid(2)));
         return;
     }
     const char16_t tag = line.isEmpty() ? u'\0' : line.front().unicode();
     if (const auto* tagged = std::ranges::find(allSettings, tag, &Setting::letter); tagged != allSettings.end()) {
         prefsState = tagged->code;
-        value = plainNumber(leadingNumber(QStringView(line).mid(1)));
+        value = plainNumber(reportedNumber(QStringView(line).mid(1)));
     }
     // A line without a tag falls to the field before it, with an empty value, which counts as 0.
     const auto* field = std::ranges::find(allSettings, prefsState, &Setting::code);

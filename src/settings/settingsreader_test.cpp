@@ -107,6 +107,20 @@ TEST_F(GetPrefsTest, AnyOtherFlagValueLeavesTheBoxButMovesTheBar) {
     }
 }
 
+TEST_F(GetPrefsTest, ANumberBeyondAllNumbersIsNone) {
+    for (const char* line : {"T1e999", "D-1e999", "MP1e999"}) {
+        SCOPED_TRACE(line);
+        settings.record = LoggerSettings();
+        settings.memoryPointer = QStringLiteral("x");
+        take(line);
+        EXPECT_EQ(line[0] == 'T'   ? record().samplesPerPoint
+                  : line[0] == 'D' ? record().hoursBeforeBlock
+                                   : settings.memoryPointer.value(),
+                  QStringLiteral("0"));
+    }
+    EXPECT_EQ(settings.capacity.value(), QStringLiteral("0"));
+}
+
 TEST_F(GetPrefsTest, FlagValuesAreReadAsLeadingNumbers) {
     const struct {
         const char* line;

@@ -7,6 +7,8 @@
 
 #include <QFile>
 
+#include <cmath>
+
 namespace orv {
 
 namespace {
@@ -48,7 +50,7 @@ DataSheet::Type RunLock::type() const {
     const QString letter = QString::fromLatin1(found[0]);
     bool isNumber = false;
     const double firmware = found[1].toDouble(&isNumber);
-    if (!isNumber || instrumentType(letter) == InstrumentType::Unknown) {
+    if (!isNumber || !std::isfinite(firmware) || instrumentType(letter) == InstrumentType::Unknown) {
         return {};
     }
     return {.letter = letter, .firmware = firmware};

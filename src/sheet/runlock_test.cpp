@@ -38,9 +38,10 @@ TEST_F(RunLockTest, TellsTheTypeThatWasPut) {
 }
 
 TEST_F(RunLockTest, ALockThatCannotBeReadStandsWithoutAType) {
-    for (const QByteArray& found : {QByteArray(), QByteArray(7, '\0'), QByteArray("V"), QByteArray("V\t5"),
-                                    QByteArray("V\t512"), QByteArray("X\t512\r\n"), QByteArray("V\tabc\r\n"),
-                                    QByteArray("V\t512\t7\t8\r\n"), QByteArray("\t\r\n"), QByteArray(100'000, 'V')}) {
+    for (const QByteArray& found :
+         {QByteArray(), QByteArray(7, '\0'), QByteArray("V"), QByteArray("V\t5"), QByteArray("V\t512"),
+          QByteArray("X\t512\r\n"), QByteArray("V\tabc\r\n"), QByteArray("V\tinf\r\n"), QByteArray("V\tnan\r\n"),
+          QByteArray("V\t512\t7\t8\r\n"), QByteArray("\t\r\n"), QByteArray(100'000, 'V')}) {
         fill(path("Orvtemp.tmp.lock"), found);
         EXPECT_TRUE(lock.stands());
         EXPECT_EQ(lock.type(), DataSheet::Type()) << found.first(std::min<qsizetype>(found.size(), 20)).toStdString();

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -100,8 +101,9 @@ FirstLine readFirstLine(QByteArrayView line) {
     }
     bool isCount = false;
     const int count = numbers[1].toInt(&isCount);
-    if (isCount) {
-        first.type = {.letter = letter, .firmware = leadingNumber(QString::fromLatin1(numbers[0]))};
+    const double firmware = leadingNumber(QString::fromLatin1(numbers[0]));
+    if (isCount && std::isfinite(firmware)) {
+        first.type = {.letter = letter, .firmware = firmware};
         first.count = count;
     }
     return first;
@@ -120,8 +122,8 @@ QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName) {
         return {};
     }
     QString header = sheet.type().letter + u'\t' + plainNumber(sheet.type().firmware) +
-                     printedNumber(sheet.rowCount()) + QLatin1String("\r\n") + QFileInfo(fileName).fileName() +
-                     QLatin1String("\r\n\r\r\r\n") + headerRow(HeaderPlace::SheetFile, layout).join(u'\t');
+                     printedNumber(sheet.rowCount()) + QLatin1String("\r\n") + QFileInfo(fileName).fileName() + QLatin1String("\r\n\r\r\r\n") +
+                     headerRow(HeaderPlace::SheetFile, layout).join(u'\t');
     if (layout == RowLayout::Glow) {
         header += u'\t';
     }

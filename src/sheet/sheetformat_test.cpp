@@ -117,7 +117,7 @@ TEST(LoadedSheet, RefusesWhatIsNoSheet) {
         expectRefused(file, "It is not a sheet: ");
     }
     for (const char* beginning : {"V 512 2", "V\t512 two", "V\t512 2.5", "V\t512 -1", "V\t512 -32768", "V\t512 2 2",
-                                  "V\t512 99999999999999999999"}) {
+                                  "V\t1e999 2", "V\t512 99999999999999999999"}) {
         expectRefused(beginning + newerFile.mid(7), "It is not a sheet: ");
     }
 }
@@ -218,7 +218,8 @@ TEST_F(RoundTripTest, CellsComeBackWhateverTheInstrumentSentInThem) {
 TEST_F(RoundTripTest, NameWithAnyLettersOnTheSecondLineDoesNotMatter) {
     identify("F", "310");
     fillWith(1);
-    for (const QString& name : {QString::fromUtf8("/a/Ærø \t\"x\".txt"), QStringLiteral("V")}) {
+    for (const QString& name :
+         {QString::fromUtf8("/a/Ærø \t\"x\".txt"), QStringLiteral("V")}) {
         EXPECT_EQ(parseSheetFile(sheetFileBytes(sheet, name)).rows.size(), 1U);
     }
 }
