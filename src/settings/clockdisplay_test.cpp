@@ -116,8 +116,11 @@ TEST_F(CheckTimeTest, ReplyThatCannotBeReadIsToldAndTheLabelsKeepWhatTheyHad) {
           "11/21/26\t12x", "11/21/26 25652", "\t11/21/26\t25652", "11/21/26\t1e300", "1234567890"}) {
         SCOPED_TRACE(reply);
         messages.shown.clear();
+        sender.displayLoggerTime();
         check(reply);
         EXPECT_EQ(messages.shown, std::vector<Message>{expected});
+        check(reply);
+        EXPECT_EQ(messages.shown.size(), 1U) << "once until the clock is asked for again";
         expectLabelsKept();
         EXPECT_EQ(state.Ctrlscrn, Operation::ClockCheck);
     }

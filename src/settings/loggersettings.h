@@ -114,6 +114,8 @@ struct SettingsState {
     QProperty<QString> computerTime;
     QProperty<QString> loggerDate{StatusState::unknownLong()};
     QProperty<QString> loggerTime{StatusState::unknownLong()};
+    /// The operator has been told that a clock reply cannot be read; false again once the clock is asked for.
+    bool clockErrorTold = false;
     QProperty<QString> modeRemark; ///< How the last saving or loading of a mode went; empty before.
 
     std::array<CalibrationBoxes, 3> trxCalibration; ///< Angles 100, 125, 150.

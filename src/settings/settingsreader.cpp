@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace orv {
 
@@ -143,6 +144,7 @@ void SettingsReader::takeMemoryPointer(double value) {
     commands.runVisible = true;
     settings.visible = true;
     if (!resettingShutter) {
+        settings.clockErrorTold = false;
         link_.ports.write("C");
         state.Ctrlscrn = Operation::ClockCheck;
     }
@@ -259,9 +261,12 @@ void ClockDisplay::checktime(const QString& reply) {
     try {
         show(dateText, timeText);
     } catch (const RuntimeError&) {
-        session_.messages.show(withoutWindow(
-            operatorWarning(QStringLiteral("Unable to read clock. Error #2"), QStringLiteral("Software Error")),
-            QStringLiteral("The instrument answered with a date or a time that cannot be read.")));
+        // On a noisy line every one that follows would be told too.
+        if (!std::exchange(settings_.clockErrorTold, true)) {
+            session_.messages.show(withoutWindow(
+                operatorWarning(QStringLiteral("Unable to read clock. Error #2"), QStringLiteral("Software Error")),
+                QStringLiteral("The instrument answered with a date or a time that cannot be read.")));
+        }
     }
 }
 
