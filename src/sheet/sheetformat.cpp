@@ -11,6 +11,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace orv {
 
@@ -121,8 +122,9 @@ QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName) {
     if (layout == RowLayout::Unknown) {
         return {};
     }
+    const QString name = QFileInfo(fileName).fileName().replace(u'\r', u' ').replace(u'\n', u' ');
     QString header = sheet.type().letter + u'\t' + plainNumber(sheet.type().firmware) +
-                     printedNumber(sheet.rowCount()) + QLatin1String("\r\n") + QFileInfo(fileName).fileName() + QLatin1String("\r\n\r\r\r\n") +
+                     printedNumber(sheet.rowCount()) + QLatin1String("\r\n") + name + QLatin1String("\r\n\r\r\r\n") +
                      headerRow(HeaderPlace::SheetFile, layout).join(u'\t');
     if (layout == RowLayout::Glow) {
         header += u'\t';
@@ -182,9 +184,13 @@ LoadedSheet parseSheetFile(const QByteArray& bytes) {
     loaded.rows.reserve(count);
     std::size_t found = 0;
     while (const auto line = lines.nextFilled()) {
+        QByteArray row = rowOf(*line, cells, quotes);
+        if (row.trimmed().isEmpty()) {
+            continue; // but for quotes, or what stands behind the columns, a line like those between
+        }
         ++found;
         if (found <= count) {
-            loaded.rows.push_back(rowOf(*line, cells, quotes));
+            loaded.rows.push_back(std::move(row));
         }
     }
     if (found != count) {

@@ -11,7 +11,7 @@ namespace orv {
 /// The bytes of a sheet file: header lines, the file's column headers (spelled unlike the grid's), and the rows, eight
 /// cells for TRX and four for GLOW, each followed by a tab, each row ended by a lone CR. For the older TRX the ninth
 /// column is left out, for the newer one an empty eighth cell is added: that is the format. Empty for an unknown type.
-/// `fileName` stands on the second line without its folders.
+/// `fileName` stands on the second line without its folders, on one line whatever is in it.
 QByteArray sheetFileBytes(const DataSheet& sheet, const QString& fileName);
 
 /// Whether such a file has every cell of the rows that came under the sheet's header row.

@@ -69,6 +69,8 @@ TEST(LoadedSheet, ReadsWhatASpreadsheetMakesOfIt) {
                 "\"1\"\t\"1/5/99\"\t\"9:05:07\"\t10\t20\t30\t\"40\"\t\"\"\n"
                 "\"2\"\t\"1/5/99\"\t\"9:05:08\"\t11\t21\t31\t\"41\"\n"); // text cells in quotes
     expectNewer(newerFile + "\r\n\r\n");
+    expectNewer("V\t512 2\nlake.txt\n\nData Point\n1\t1/5/99\t9:05:07\t10\t20\t30\t40\n"
+                "2\t1/5/99\t9:05:08\t11\t21\t31\t41\n\"\"\t\"\"\n\t\t\t\t\t\t\t\tnote\n"); // empty rows
 }
 
 TEST(LoadedSheet, QuotesInsideACellStay) {
@@ -219,7 +221,7 @@ TEST_F(RoundTripTest, NameWithAnyLettersOnTheSecondLineDoesNotMatter) {
     identify("F", "310");
     fillWith(1);
     for (const QString& name :
-         {QString::fromUtf8("/a/Ærø \t\"x\".txt"), QStringLiteral("V")}) {
+         {QString::fromUtf8("/a/Ærø \t\"x\".txt"), QStringLiteral("V"), QStringLiteral("/a/two\r\nlines.txt")}) {
         EXPECT_EQ(parseSheetFile(sheetFileBytes(sheet, name)).rows.size(), 1U);
     }
 }
