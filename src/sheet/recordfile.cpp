@@ -143,7 +143,7 @@ void RecordFile::close() {
 
 QString RecordFile::unendedEarlierFile() const {
     const QString name = lock_.earlierFile();
-    return name.isEmpty() ? QString() : QFileInfo(file_.fileName()).dir().filePath(QFileInfo(name).fileName());
+    return name.isEmpty() ? QString() : QFileInfo(file_.fileName()).dir().filePath(name);
 }
 
 void RecordFile::unendedRecovered() {

@@ -5,7 +5,9 @@
 #include "base/text.h"
 #include "sheet/recordfile.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cmath>
 
@@ -58,7 +60,11 @@ DataSheet::Type RunLock::type() const {
 
 QString RunLock::earlierFile() const {
     const QByteArrayList found = fields();
-    return found.size() == 3 ? QString::fromLatin1(found[2]) : QString();
+    const QString name = found.size() == 3 ? QString::fromLatin1(found[2]) : QString();
+    // What begins with ":" would be looked for in the program itself.
+    const bool isFileName = name == QFileInfo(name).fileName() && QDir::isRelativePath(name) &&
+                            name != QLatin1String(".") && name != QLatin1String("..");
+    return isFileName ? name : QString();
 }
 
 bool RunLock::put(const DataSheet::Type& type, const QString& earlierFile) const {

@@ -25,7 +25,8 @@ public:
     /// rows are in the record file all the same, only nobody offers them.
     bool put(const DataSheet::Type& type, const QString& earlierFile = QString()) const;
 
-    /// The name of the file with the unsaved rows of an earlier run; empty if there is none.
+    /// The name of the file with the unsaved rows of an earlier run; empty if there is none, or what stands there is no
+    /// name of a file in the folder.
     QString earlierFile() const;
 
     void remove() const;

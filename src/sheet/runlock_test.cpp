@@ -60,6 +60,10 @@ TEST_F(RunLockTest, TellsTheEarlierFileThatWasPut) {
     EXPECT_EQ(lock.earlierFile(), QStringLiteral("Orvtemp-20261121-093015.tmp")) << "of no known type";
     lock.put(type);
     EXPECT_EQ(lock.earlierFile(), QString());
+    for (const char* elsewhere : {".", "..", "a/", "../a.tmp", "/a.tmp", ":a.tmp"}) {
+        lock.put(type, QString::fromLatin1(elsewhere));
+        EXPECT_EQ(lock.earlierFile(), QString()) << elsewhere;
+    }
 }
 
 TEST_F(RunLockTest, CanBeCopiedFromAnotherFile) {
