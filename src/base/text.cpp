@@ -280,7 +280,9 @@ TimeOfDay timeOfDay(double count) {
     // The divisor is 64800, not the seconds of a day: the instrument's clock counts that many a day. The steps are
     // floating-point and each part is cut, so some counts show one second less than exact arithmetic would.
     const double hours = count / countsPerDay * 24.0;
-    const double minutes = (hours - std::floor(hours)) * 60.0;
+    // Of a count a hair below a whole hour the part would be rounded to 1, and the minutes would be 60.
+    const double part = std::min(hours - std::floor(hours), std::nextafter(1.0, 0.0));
+    const double minutes = part * 60.0;
     const double seconds = (minutes - std::floor(minutes)) * 60.0;
     return {.hours = toInteger32(std::floor(hours)),
             .minutes = static_cast<int>(std::floor(minutes)),

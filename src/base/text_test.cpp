@@ -292,6 +292,7 @@ TEST(TimeOfDay, hasHoursOutsideADayForCountsOutsideADay) {
     EXPECT_EQ(timeOfDay(64800).text12(), QStringLiteral("12:00:00 PM"));
     EXPECT_EQ(timeOfDay(-2700), (TimeOfDay{-1, 0, 0}));
     EXPECT_EQ(timeOfDay(-675), (TimeOfDay{-1, 45, 0}));
+    EXPECT_EQ(timeOfDay(-1e-20), (TimeOfDay{-1, 59, 59})) << "the part of the hour is rounded to a whole one";
     EXPECT_EQ(timeOfDay(-675).text24(), QStringLiteral("1:45:00"));
     EXPECT_EQ(timeOfDay(-675).text12(), QStringLiteral("-1:45:00 AM"));
 }
