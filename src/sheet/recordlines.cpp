@@ -58,6 +58,7 @@ RecordedFile recordedFile(const QByteArray& begin) {
 
 RecordLines::RecordLines(QFile& file, DataSheet::Type type, qint64 begin)
     : file_(file)
+    , buffer_(longestLine + 1, Qt::Uninitialized) // a NUL follows what is read
     , type_(std::move(type)) {
     const QByteArray header = file_.read(longestRecordHeader);
     // The references of each angle belong to the newer firmware in one header and to the older in the other.
@@ -84,15 +85,21 @@ std::optional<RecordLines::Row> RecordLines::next(int largestNumber) {
     return std::nullopt;
 }
 
+/// What follows, to the end of its line or of the buffer.
+QByteArrayView RecordLines::readPart() {
+    const qint64 length = file_.readLine(buffer_.data(), buffer_.size());
+    return QByteArrayView(buffer_).first(std::max<qint64>(length, 0));
+}
+
 std::optional<QByteArray> RecordLines::nextLine() {
-    QByteArray line = file_.readLine(longestLine);
+    QByteArray line = readPart().toByteArray();
     while (!line.endsWith('\n')) {
-        const QByteArray more = file_.readLine(longestLine);
+        const QByteArrayView more = readPart();
         if (more.isEmpty()) {
             cutOff_ = !line.isEmpty();
             return std::nullopt;
         }
-        line = "(too long)" + more.right(1);
+        line = "(too long)" + more.last(1).toByteArray();
     }
     while (line.endsWith('\n') || line.endsWith('\r')) {
         line.chop(1);

@@ -33,11 +33,13 @@ public:
     int unreadableLines() const { return unreadableLines_; } ///< Other lines that are no rows; they are left out.
 
 private:
+    QByteArrayView readPart();
     std::optional<QByteArray> nextLine();
     std::optional<Row> readRow(const QByteArray& line, int largestNumber);
     void fitType(qsizetype fields);
 
     QFile& file_;
+    QByteArray buffer_; ///< For one part of a line.
     DataSheet::Type type_;
     bool newerHeader_ = false;
     bool hasRow_ = false;
