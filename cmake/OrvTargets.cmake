@@ -26,6 +26,10 @@ if(ORV_SANITIZE)
         -fno-omit-frame-pointer)
     target_link_options(orv_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(ORV_FUZZ)
+    # Of coroutines clang makes functions with which the sanitizer of function types cannot be linked.
+    target_compile_options(orv_options INTERFACE -fsanitize=fuzzer-no-link -fno-sanitize=function)
+endif()
 
 # What nearly every file of a floor includes is parsed once a floor: below the windows, and for the windows.
 set(ORV_CORE_HEADERS <QByteArray> <QDateTime> <QDir> <QFile> <QFileInfo> <QHash> <QList> <QObject> <QPointer> <QProperty>
