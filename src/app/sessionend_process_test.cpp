@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 
 #include <csignal>
+#include <cstring>
 
 namespace orv {
 namespace {
@@ -148,7 +149,10 @@ TEST_P(SessionEnds, WholeInEveryState) {
         EXPECT_GE(rows, state.rows);
         if (signal == SIGTERM && qEnvironmentVariableIsSet("ORV_TABLES")) {
             std::printf("| %s | %lld | %s | %s |\n", state.name, static_cast<long long>(took),
-                        rows > 0 ? "all" : "there are none", *state.told == '\0' ? "" : state.told);
+                        rows == 0                                   ? "there are none"
+                        : std::strcmp(state.name, "disk-full") == 0 ? "those that found room"
+                                                                    : "all",
+                        *state.told == '\0' ? "" : state.told);
         }
     }
 }
