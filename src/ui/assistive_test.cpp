@@ -126,6 +126,7 @@ protected:
             });
         }
         addFlag(records, "SyncTimeDate", [this] { return settings.syncTimeDate.value(); });
+        addFlag(records, "AtFullMinute", [this] { return settings.atFullMinute.value(); });
         const std::pair<const char*, const char*> angles[] = {
             {"Text10", "Text13"}, {"Text8", "Text11"}, {"Text9", "Text12"}};
         for (std::size_t angle = 0; angle < std::size(angles); ++angle) {

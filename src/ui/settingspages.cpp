@@ -173,15 +173,33 @@ QWidget* makeTimeAndDatePage(Program& program) {
     sync->setToolTip(QStringLiteral("This tells the Host to set the Loggers Time and Date to that of the Computer. "
                                     "(Updated after send settings)"));
     bindChecked(page->bindings, sync, shown.syncTimeDate);
+    auto* fullMinute = new QCheckBox(QStringLiteral("At the full &minute"));
+    fullMinute->setObjectName(QStringLiteral("AtFullMinute"));
+    fullMinute->setToolTip(
+        QStringLiteral("Waits until a minute begins, so that the Loggers seconds are right too: it takes "
+                       "hour and minute only."));
+    bindChecked(page->bindings, fullMinute, shown.atFullMinute);
+    bindEnabled(page->bindings, fullMinute, shown.syncTimeDate);
+    QLabel* countdown = makeValueLabel("FullMinuteCountdown", "When the clock will be set");
+    const auto count = [countdown, &shown](auto&&) {
+        const int seconds = shown.secondsToFullMinute;
+        countdown->setText(seconds == 0 ? QString()
+                                        : QStringLiteral("The clock is set at %1, in %2 s.")
+                                              .arg(shown.fullMinute.value(), QString::number(seconds)));
+    };
+    page->bindings.bind(shown.fullMinute, count);
+    page->bindings.bind(shown.secondsToFullMinute, count);
 
     auto* layout = makeGrid(16, 16, page);
     layout->addWidget(display, 0, 0, 1, 2, Qt::AlignLeft);
     layout->addWidget(computer, 1, 0);
     layout->addWidget(logger, 1, 1);
-    layout->addWidget(sync, 2, 0, 1, 2, Qt::AlignLeft);
+    layout->addWidget(sync, 2, 0, Qt::AlignLeft);
+    layout->addWidget(fullMinute, 2, 1, Qt::AlignLeft);
+    layout->addWidget(countdown, 3, 0, 1, 2, Qt::AlignLeft);
     layout->setColumnStretch(0, 1);
     layout->setColumnStretch(1, 1);
-    layout->setRowStretch(3, 1);
+    layout->setRowStretch(4, 1);
     return page;
 }
 

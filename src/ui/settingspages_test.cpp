@@ -37,6 +37,7 @@ TEST_F(SettingsPagesTest, CaptionsAreTheOnesOfTheControls) {
         {"ViewCurrentSettingsTranscribedAsText", "View Current Settings Transcribed as Text"},
         {"DisplayLoggerTimeDate", "Display Logger Time/Date"},
         {"SyncTimeDate", "Sync Time/Date"},
+        {"AtFullMinute", "At the full minute"},
         {"AutoStart", "Auto Start"},
         {"Append", "Append"},
         {"LogEnabled", "Log Enabled"},
@@ -107,6 +108,23 @@ TEST_F(SettingsPagesTest, CheckBoxesAreTheRecord) {
     EXPECT_TRUE(sync.isChecked());
     sync.click();
     EXPECT_FALSE(settings.syncTimeDate.value());
+}
+
+TEST_F(SettingsPagesTest, TheFullMinuteCanBeWaitedForWhereTheClockIsSet) {
+    auto& box = find<QCheckBox>("AtFullMinute");
+    EXPECT_FALSE(box.isChecked());
+    EXPECT_FALSE(box.isEnabled()) << "nothing is set";
+    settings.syncTimeDate = true;
+    EXPECT_TRUE(box.isEnabled());
+    box.click();
+    EXPECT_TRUE(settings.atFullMinute.value());
+    const auto& countdown = find<QLabel>("FullMinuteCountdown");
+    EXPECT_EQ(countdown.text().toStdString(), "");
+    settings.fullMinute = QStringLiteral("9:31:00 AM");
+    settings.secondsToFullMinute = 45;
+    EXPECT_EQ(countdown.text().toStdString(), "The clock is set at 9:31:00 AM, in 45 s.");
+    settings.secondsToFullMinute = 0;
+    EXPECT_EQ(countdown.text().toStdString(), "");
 }
 
 TEST_F(SettingsPagesTest, NumberBoxesAreTheRecord) {
