@@ -455,7 +455,7 @@ public:
     void setDataTerminalReady(bool /*on*/) override {}
     QByteArray readAll() override { return std::exchange(input, {}); }
     void write(const QByteArray& /*bytes*/) override {}
-    void discardInput() override {}
+    QByteArray discardInput() override { return std::exchange(input, {}); }
     qsizetype inputCount() override { return input.size(); }
     QString failure() const override { return {}; }
     void expectRestOfLine(qsizetype characters) override { expected = characters; }
