@@ -268,9 +268,13 @@ TEST_F(PortFailure, closesThePortAndIsToldOnceAfterTheReset) {
     EXPECT_FALSE(openAtReset);
     EXPECT_FALSE(com1.isOpen());
     EXPECT_FALSE(commands.portOpen.value());
-    EXPECT_EQ(theMessage(), operatorWarning(QStringLiteral(
-                                "The connection on COM 1 (ttyA) was lost.\n\nThe device is gone.\n\nAll rows received "
-                                "so far are kept. Check the cable, then connect again.")));
+    EXPECT_EQ(
+        theMessage(),
+        withoutWindow(operatorWarning(QStringLiteral("The connection on COM 1 (ttyA) was lost.\n\nThe device is "
+                                                     "gone.\n\nAll rows received so far are kept. Check the cable, "
+                                                     "then connect again.")),
+                      QStringLiteral("The connection on COM 1 (ttyA) was lost.\n\nThe device is gone.\n\nLook at "
+                                     "the cable and the adapter.")));
 }
 
 TEST_F(PortFailure, isToldWithTheNumberOfItsPort) {
