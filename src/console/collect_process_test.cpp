@@ -127,7 +127,7 @@ TEST(OrvProcesses, ThatAreKilledLoseNoRowAndTheNextOneSaysSo) {
     const Ended next =
         runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("collect --points 1 -o b.csv ") + instrument.path);
     EXPECT_EQ(next.status, 0) << next.error;
-    const std::string found = "did not end. Load its " + std::to_string(recorded) + " rows into the sheet? No.";
+    const std::string found = "did not end; its record file has " + std::to_string(recorded) + " rows.";
     EXPECT_NE(next.error.find(found), std::string::npos) << next.error;
     const QStringList kept = folder.files().filter(QStringLiteral("Orvtemp-2"));
     ASSERT_EQ(kept.size(), 1);
@@ -159,7 +159,7 @@ TEST(OrvProcesses, WhatIsLeftOfANetCdfFileIsRemovedAndToldUnlessSomebodyWritesIt
     living.end(SIGINT);
     const QByteArray told = living.process.readAllStandardError();
     EXPECT_TRUE(told.contains(left.toLatin1() + " was left by a program that was killed")) << told.data();
-    EXPECT_TRUE(told.contains("did not end. Load its ")) << "its rows are kept: " << told.data();
+    EXPECT_TRUE(told.contains("did not end; its record file has ")) << "its rows are kept: " << told.data();
 }
 
 TEST(OrvProcesses, ALineThatVanishesKeepsWhatCame) {

@@ -6,7 +6,7 @@ namespace orv::fuzzing {
 
 namespace {
 
-constexpr int cellsOf(const DataSheet::Type& type) {
+int cellsOf(const DataSheet::Type& type) {
     return type.layout() == RowLayout::Glow ? 4 : 8;
 }
 

@@ -42,6 +42,7 @@ TEST_F(WindowTest, TheMenusHaveTheirItemsInOrder) {
                    "Processing > Download Stored Data: View with Host Program\n"
                    "Settings > Settings\n"
                    "Help > Contents\n"
+                   "Help > Save Support File...\n"
                    "Help > About Orv Host ...\n");
 }
 
