@@ -51,7 +51,7 @@ enum class CaptureKind : quint8 {
 };
 
 /// The most that a capture file may hold, its parts together.
-inline constexpr qsizetype largestCapture = 64 * 1024 * 1024;
+inline constexpr qsizetype largestCapture = qsizetype{64} * 1024 * 1024;
 
 /// The header's line.
 QByteArray captureHeader(const QDateTime& began, QJsonObject facts);

@@ -13,6 +13,7 @@
 #include <QRegularExpression>
 #include <QSysInfo>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -278,8 +279,8 @@ Task<> Capture::saveSupportFile() {
 
 /// Paths to files that the program has to do with become their names, in any text.
 QString Capture::withoutFolders(QString text) const {
-    QSet<QString> folders = folders_;
-    folders << QDir::currentPath() << QDir::homePath();
+    QStringList folders = folders_.values() << QDir::currentPath() << QDir::homePath();
+    std::ranges::sort(folders, [](const QString& one, const QString& other) { return one.size() > other.size(); });
     for (const QString& folder : folders) {
         if (folder.size() > 1) {
             for (const QString& written : {folder, QDir::toNativeSeparators(folder)}) {
@@ -288,8 +289,10 @@ QString Capture::withoutFolders(QString text) const {
             }
         }
     }
-    text.remove(QLatin1String("/dev/")); // a device is no file of the operator's
-    // And the others that can be told from words.
+    // A device is no file of the operator's.
+    static const QRegularExpression devices(QStringLiteral(R"((?<![^\s"'(=])/dev/)"));
+    text.remove(devices);
+    // And the other folders that can be told from words.
     static const QRegularExpression path(
         QStringLiteral(R"((?<![^\s"'(=])(?:[A-Za-z]:)?(?:[/\\][^/\\\s"'()]+)*[/\\](?=[^/\\\s"'()]))"));
     return text.remove(path);

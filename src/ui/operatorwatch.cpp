@@ -9,8 +9,11 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QFileDialog>
+#include <QFocusEvent>
 #include <QGuiApplication>
 #include <QListWidget>
+
+#include <utility>
 
 namespace orv {
 
@@ -34,6 +37,13 @@ QString nameOf(const QWidget& widget) {
     return {};
 }
 
+/// Whether a button that is pressed down is released by the event, without a click.
+bool letsGo(const QEvent& event) {
+    return event.type() == QEvent::EnabledChange ||
+           (event.type() == QEvent::FocusOut &&
+            static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason);
+}
+
 QString plain(QString caption) {
     return caption.remove(u'&');
 }
@@ -51,6 +61,9 @@ OperatorWatch::OperatorWatch(Capture& capture)
 bool OperatorWatch::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Polish && watched->isWidgetType()) {
         follow(*static_cast<QWidget*>(watched));
+    } else if (letsGo(*event)) {
+        const auto* button = qobject_cast<const QAbstractButton*>(watched);
+        letGo_ = button != nullptr && button->isDown() ? button : letGo_;
     } else if (event->type() == QEvent::Close && event->spontaneous() && watched->isWidgetType()) {
         const auto* window = static_cast<QWidget*>(watched);
         note(*window, window->windowTitle(), QStringLiteral("closed"));
@@ -64,9 +77,10 @@ void OperatorWatch::follow(QWidget& widget) {
     }
     if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
         // Told before the click, so that what follows from it stands after it. A pointer that leaves the pressed button
-        // releases it too.
+        // releases it too, and so does the loss of the focus.
         connect(button, &QAbstractButton::released, this, [this, button] {
-            if ((QGuiApplication::mouseButtons() & Qt::LeftButton) == 0) {
+            const bool isLetGo = std::exchange(letGo_, nullptr) == button;
+            if (!isLetGo && (QGuiApplication::mouseButtons() & Qt::LeftButton) == 0) {
                 note(*button, plain(button->text()),
                      !button->isCheckable() ? QString()
                      : button->isChecked()  ? QStringLiteral("on")

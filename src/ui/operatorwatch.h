@@ -36,6 +36,7 @@ private:
     void note(const QWidget& control, const QString& caption, const QString& value);
 
     Capture& capture_;
+    const QObject* letGo_ = nullptr; ///< A button that is about to be released without a click.
     QPointer<QLineEdit> typing_;
     QTimer pause_;
     std::vector<Subscription> subscriptions_;
