@@ -19,7 +19,7 @@ namespace {
 constexpr int formVersion = 1;
 
 /// No line that the program writes comes near.
-constexpr qsizetype longestLine = 1024 * 1024;
+constexpr qsizetype longestLine = qsizetype{1024} * 1024;
 
 /// The names in the order of the kinds.
 constexpr std::array<const char*, static_cast<std::size_t>(CaptureKind::Other)> kindNames = {

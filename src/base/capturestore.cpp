@@ -118,7 +118,7 @@ QString CaptureStore::begin(const QString& path) {
         if (info.exists() && !info.isFile()) {
             return QStringLiteral("it is no file"); // a device must not get another name
         }
-        const QString reason = keepUnderDatedName(name, clock_.now());
+        QString reason = keepUnderDatedName(name, clock_.now());
         if (!reason.isEmpty()) {
             return reason;
         }
@@ -147,7 +147,7 @@ void CaptureStore::end() {
 QString CaptureStore::write() {
     const QByteArray lines = std::exchange(pending_, QByteArray());
     if (file_.size() + lines.size() > limits_.fileBytes && file_.size() > header_.size()) {
-        const QString reason = beginNextPart();
+        QString reason = beginNextPart();
         if (!reason.isEmpty()) {
             return reason;
         }
