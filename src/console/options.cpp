@@ -311,7 +311,7 @@ QString wrongWords(const CLI::App& app, const CLI::App* command, const CLI::Pars
     if (!text.isEmpty()) {
         return text;
     }
-    const QString said = QString::fromLocal8Bit(error.what());
+    QString said = QString::fromLocal8Bit(error.what());
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) { // "--points: 1 required N missing"
         const QString name = said.section(QRegularExpression(QStringLiteral("[: ]")), 0, 0);
         const CLI::Option* option = command->get_option_no_throw(name.toStdString());

@@ -89,7 +89,7 @@ public:
     QString append(const QByteArray& lines) override { return appendWhole(file_, lines); }
 
     QString close() override {
-        const QString reason = syncToDisk(file_.handle());
+        QString reason = syncToDisk(file_.handle());
         file_.close();
         syncFolderOf(wanted_.name);
         return reason;

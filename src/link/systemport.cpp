@@ -177,7 +177,6 @@ void SystemPort::awaitNext() {
     constexpr int longest = 100; // milliseconds for the end of a line that is longer than expected
     if (awaited_ == Awaited::RestOfLine) {
         await(Awaited::EndOfLine, longest);
-        port_.waitForReadyRead(0); // reads without another turn of the event loop
         return;
     }
     await(Awaited::Anything);
