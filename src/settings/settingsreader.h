@@ -53,8 +53,8 @@ QString clockOffsetInWords(qint64 secondsAhead);
 
 /// Shows the instrument's clock from its reply (date, TAB, time count; 64800 counts are one day) on the main
 /// window and the settings screen, and moves the operation code to 2. A reply of fewer than 10 characters is not a
-/// clock reply and changes nothing. If it cannot be read, every label stays, and the operator is told, once until the clock
-/// is asked for again.
+/// clock reply and changes nothing. If it cannot be read, every label stays, and the operator is told, once until the
+/// clock is asked for again.
 class ClockDisplay {
 public:
     ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings);
