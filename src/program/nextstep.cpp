@@ -78,7 +78,7 @@ QString sentence(const Link& link, const SheetState& sheet, const RunProgress& p
     if (const Activity activity = commands.activity; activity != Activity::None) {
         return underWay(activity, link, progress);
     }
-    if (const QString failure = link.session.status.failure; !failure.isEmpty()) {
+    if (QString failure = link.session.status.failure; !failure.isEmpty()) {
         return failure;
     }
     if (link.manual.shown.visible) {
