@@ -109,8 +109,9 @@ TEST_F(NetCdfProcessTest, EveryValueOfACsvFileIsReadByLibreOffice) {
     const auto [input, expected] = longTable(1500);
     convert(input);
     EXPECT_TRUE(read() == expected);
-    QFile::remove(folder.path("out.csv"));
-    QFile::remove(folder.path("out.nc"));
+    for (const char* name : {"out.csv", "out.csv-metadata.json", "out.nc"}) {
+        QFile::remove(folder.path(name));
+    }
     convert("F\t5.5 1\r\nlake.txt\r\n\r\r\r\nData Point\tDate\tTime\tCounts\t\r\n"
             "1\t1/5/99\t9:05:07\t700\t\r",
             {.holdCounts = true, .calibration = Conversion{.glow = {{100, 0.01234571}}, .trx = {}}});

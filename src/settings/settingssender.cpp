@@ -231,7 +231,7 @@ Task<> SettingsSender::typeClock() {
     co_await dialogue_.waitprompt();
     const QDateTime now = link_.session.clock.now();
     if (minute) {
-        const qint64 early = now.msecsTo(*minute) - timeDigitCount * millisecondsBetweenDigits;
+        const qint64 early = now.msecsTo(*minute) - qint64{timeDigitCount} * millisecondsBetweenDigits;
         co_await link_.waits.pause(std::clamp<qint64>(early, 0, clockDialogue));
     }
     const QDateTime set = minute.value_or(now);

@@ -114,7 +114,8 @@ bool PlotData::spreadNewest(int divisor) {
     if (rowsInOrder_) {
         const int first = pointCount() - newest_.count;
         for (int part = 0; part < newest_.count; ++part) {
-            places_[static_cast<std::size_t>(first + part)] = newest_.begin + static_cast<double>(part) / divisor;
+            places_.at(static_cast<std::size_t>(first) + static_cast<std::size_t>(part)) =
+                newest_.begin + static_cast<double>(part) / divisor;
         }
         firstChanged_ = std::min(firstChanged_, first);
         return true;
