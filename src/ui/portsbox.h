@@ -7,6 +7,7 @@
 #include <QAbstractListModel>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QMouseEvent>
 #include <QTimer>
 
 class QGridLayout;
