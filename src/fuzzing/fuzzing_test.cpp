@@ -9,11 +9,12 @@
 
 namespace orv::fuzzing {
 
-namespace {
-
+// Outside the unnamed namespace, where the test framework's lookup finds it.
 void PrintTo(const Reader& reader, std::ostream* stream) {
     *stream << reader.name;
 }
+
+namespace {
 
 class FuzzingTest : public testing::TestWithParam<Reader> {
 protected:
