@@ -139,6 +139,7 @@ public:
         co_await takeManual();
         co_await takeGlow();
         co_await takeAbout();
+        co_await takeHelp();
     }
 
     /// In a folder that a crash has left; by a program of its own.
@@ -353,6 +354,16 @@ private:
     Task<> takeAbout() {
         Driver::find<QAction>(window_, QStringLiteral("About")).trigger();
         co_await takeAndClose(Driver::find<QDialog>(window_, QStringLiteral("AboutDialog")), "about");
+    }
+
+    Task<> takeHelp() {
+        choosePage(Page::Sheet);
+        Driver::find<QAction>(window_, QStringLiteral("Contents")).trigger();
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == QLatin1String("UserGuide")) {
+                co_await takeAndClose(*window, "help");
+            }
+        }
     }
 
     Program& program_;

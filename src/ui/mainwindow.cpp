@@ -5,6 +5,7 @@
 #include "ui/debugpage.h"
 #include "ui/dialogs.h"
 #include "ui/graphpage.h"
+#include "ui/helpwindow.h"
 #include "ui/messageboxes.h"
 #include "ui/remembered.h"
 #include "ui/settingswindow.h"
@@ -254,7 +255,9 @@ void MainWindow::makeMenus() {
     });
 
     QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
-    addItem(help, "&Contents", "Contents", [] {});
+    QAction* contents = addItem(help, "&Contents", "Contents", [this] { showGuide(guide_, *this, remembered_); });
+    contents->setShortcut(Qt::Key_F1);
+    contents->setShortcutContext(Qt::ApplicationShortcut);
     addItem(help, "&Save Support File...", "SaveSupportFile", [this] { program_.saveSupportFile(); });
     addItem(help, "&About Orv Host ...", "About", [this] { showAbout(); });
 
@@ -412,6 +415,7 @@ void MainWindow::keepLook() {
     remembered_->keepPage(program_.pages.upperCaption);
     remembered_->keepWindow(this);
     remembered_->keepWindow(settingsWindow_.get());
+    remembered_->keepWindow(guide_.get());
     remembered_->keepChoices(sheetPage_);
     remembered_->keepChoices(graphPage_);
 }

@@ -18,6 +18,7 @@ namespace orv {
 
 class ChoiceTabBar;
 class GraphPage;
+class HelpWindow;
 class Remembered;
 class SettingsWindow;
 class SheetPage;
@@ -84,6 +85,7 @@ private:
     GraphPage* graphPage_ = nullptr;
     std::map<Page, QWidget*> pages_;
     std::unique_ptr<SettingsWindow> settingsWindow_; ///< Made on first use and kept.
+    std::unique_ptr<HelpWindow> guide_;              ///< The same.
     QList<QPointer<QMessageBox>> stoodBefore_;       ///< Messages, when the operator last wished to end the program.
     std::vector<Subscription> subscriptions_;
     Bindings bindings_;
