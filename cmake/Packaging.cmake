@@ -68,7 +68,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "host program for ORV self-logging optical
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libnetcdf19 | libnetcdf22, qt6-wayland, xdg-user-dirs")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libnetcdf19 | libnetcdf22, qt6-translations-l10n, qt6-wayland, xdg-user-dirs")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "ORV Host connects the ORV self-logging optical water sensors, the fluorometer

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commandline.h"
 
+#include "base/language.h"
 #include "program/devices.h"
 
 #include <QCommandLineParser>
@@ -79,12 +80,17 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     const QCommandLineOption fresh(QStringLiteral("fresh"),
                                    QStringLiteral("Take nothing over from an earlier start - ports, folders, windows - "
                                                   "and keep nothing."));
+    const QCommandLineOption language(QStringLiteral("language"),
+                                      QStringLiteral("Show windows and messages in that language: %1. Else it is the "
+                                                     "system's, if it is one of them. Files are the same in each.")
+                                          .arg(languages().join(QLatin1String(", "))),
+                                      QStringLiteral("CODE"));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
     const QCommandLineOption showVersion({QStringLiteral("v"), QStringLiteral("version")},
                                          QStringLiteral("Show the program's version."));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Host program for the ORV optical water sensors."));
-    parser.addOptions({com1, com2, debugOutput, demo, capture, documents, fresh, help, showVersion});
+    parser.addOptions({com1, com2, debugOutput, demo, capture, documents, fresh, language, help, showVersion});
     if (!parser.parse(arguments)) {
         return refusal(parser.errorText());
     }
@@ -105,6 +111,10 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     if (parser.isSet(capture) && parser.value(capture).isEmpty()) {
         return refusal(QStringLiteral("--capture needs a file."));
     }
+    if (parser.isSet(language) && !languages().contains(parser.value(language))) {
+        return refusal(QStringLiteral("there is no language \"%1\". The languages are %2.")
+                           .arg(parser.value(language), languages().join(QLatin1String(", "))));
+    }
     CommandLine line;
     line.capture = parser.isSet(capture) ? QFileInfo(parser.value(capture)).absoluteFilePath() : QString();
     line.com1 = parser.value(com1);
@@ -113,6 +123,7 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     line.debugOutput = parser.isSet(debugOutput);
     line.demoFolder = parser.value(demo);
     line.documents = parser.isSet(documents);
+    line.language = parser.value(language);
     line.fresh = parser.isSet(fresh);
     for (const QString& device : {line.com1, line.com2}) {
         const QString problem = deviceProblem(device);

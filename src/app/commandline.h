@@ -28,6 +28,7 @@ struct CommandLine {
     QString capture;        ///< A file, with its folder; empty: none.
     QString demoFolder;     ///< Empty: no demo.
     bool documents = false; ///< Work in the Documents folder.
+    QString language;       ///< Its code; empty: the system's.
     bool fresh = false;     ///< Nothing is taken over from an earlier start, and nothing kept.
 };
 

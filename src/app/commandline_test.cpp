@@ -73,6 +73,16 @@ QStringList words(const char* text) {
     return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
 }
 
+TEST(CommandLine, ALanguageIsOneOfThoseThatThereAre) {
+    EXPECT_EQ(read({}).language.toStdString(), "");
+    EXPECT_EQ(read(words("--language fr")).language.toStdString(), "fr");
+    for (const char* unknown : {"--language xx", "--language DE", "--language="}) {
+        const CommandLine line = read(words(unknown));
+        EXPECT_EQ(line.wish, CommandLine::Wish::Refuse) << unknown;
+        EXPECT_TRUE(line.text.contains(QLatin1String("The languages are en, de, es, fr."))) << line.text.toStdString();
+    }
+}
+
 TEST(CommandLine, WithoutOptionsTheSystemsOwnFirstTwoPortsAreUsed) {
     const CommandLine line = read({});
     EXPECT_EQ(line.wish, CommandLine::Wish::Run);

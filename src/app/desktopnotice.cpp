@@ -7,6 +7,7 @@
 
 #if defined(Q_OS_LINUX)
 #include "app/messagebus.h"
+#include "base/words.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -41,9 +42,9 @@ void NoticeWhenDone::follow(Activity activity) {
 
 void NoticeWhenDone::tell(Activity ended) {
     if (!windowIsActive_()) {
-        notice_.show(ended == Activity::Collecting ? QStringLiteral("The run has ended")
-                                                   : QStringLiteral("The download has ended"),
-                     program_.nextStep.text);
+        notice_.show(ended == Activity::Collecting ? Screen::tr("The run has ended")
+                                                   : Screen::tr("The download has ended"),
+                     program_.nextStep.text.value().shown());
     }
 }
 

@@ -4,6 +4,7 @@
 #include "app/desktopnotice.h"
 #include "app/sessionend.h"
 #include "app/sleepinhibitor.h"
+#include "base/language.h"
 #include "link/systemport.h"
 #include "program/devices.h"
 #include "ui/mainwindow.h"
@@ -78,6 +79,7 @@ int main(int argc, char** argv) {
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     const QApplication application(argc, argv);
     qInstallMessageHandler(usual);
+    const orv::Language language(line.language.isEmpty() ? orv::systemLanguage() : line.language);
     QApplication::setStyle(new orv::ProgramStyle);
     QGuiApplication::setDesktopFileName(QStringLiteral(ORV_ID));
     orv::SystemClock clock;

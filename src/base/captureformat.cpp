@@ -2,6 +2,7 @@
 #include "base/captureformat.h"
 
 #include "base/files.h"
+#include "base/words.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -80,26 +81,26 @@ bool takeBytes(const QString& text, QByteArray& bytes) {
 }
 
 /// Returns what is wrong with the header, in a sentence.
-QString takeHeader(const QByteArray& line, CaptureContents& contents) {
+Words takeHeader(const QByteArray& line, CaptureContents& contents) {
     contents.header = QJsonDocument::fromJson(line).object();
     const QJsonValue version = contents.header.value(QLatin1String("capture"));
     if (!version.isDouble()) {
-        return QStringLiteral("It is no capture: its first line does not say so.");
+        return Words::tr("It is no capture: its first line does not say so.");
     }
     if (version.toDouble() > formVersion) {
-        return QStringLiteral("It was made by a newer version of the program (%1). Read it with that version.")
+        return Words::tr("It was made by a newer version of the program (%1). Read it with that version.")
             .arg(contents.header.value(QLatin1String("program")).toString(QStringLiteral("not named")));
     }
     contents.began = QDateTime::fromString(contents.header.value(QLatin1String("began")).toString(), Qt::ISODateWithMs);
-    return contents.began.isValid() ? QString() : QStringLiteral("Its first line does not say when it began.");
+    return contents.began.isValid() ? Words() : Words::tr("Its first line does not say when it began.");
 }
 
 /// Returns what is wrong with the line, to stand in a sentence.
-QString takeEntry(const QByteArray& line, CaptureContents& contents) {
+Words takeEntry(const QByteArray& line, CaptureContents& contents) {
     QJsonParseError problem{};
     const QJsonDocument document = QJsonDocument::fromJson(line, &problem);
     if (problem.error != QJsonParseError::NoError || !document.isObject()) {
-        return QStringLiteral("is no JSON object");
+        return Words::tr("is no JSON object");
     }
     const QJsonObject object = document.object();
     if (object.contains(QLatin1String("capture"))) {
@@ -109,7 +110,7 @@ QString takeEntry(const QByteArray& line, CaptureContents& contents) {
     const double milliseconds = object.value(QLatin1String("ms")).toDouble(-1.0);
     const qint64 before = contents.entries.empty() ? 0 : contents.entries.back().milliseconds;
     if (milliseconds < 0.0 || milliseconds > latest) {
-        return QStringLiteral("does not say its time");
+        return Words::tr("does not say its time");
     }
     CaptureEntry entry;
     entry.milliseconds = std::max(std::llround(milliseconds), before);
@@ -123,7 +124,7 @@ QString takeEntry(const QByteArray& line, CaptureContents& contents) {
     }
     if (isOfBytes(entry.kind)) {
         if (!entry.value.isString() || !takeBytes(entry.value.toString(), entry.bytes)) {
-            return QStringLiteral("has characters that are no bytes");
+            return Words::tr("has characters that are no bytes");
         }
         entry.value = QJsonValue();
     }
@@ -133,7 +134,7 @@ QString takeEntry(const QByteArray& line, CaptureContents& contents) {
     return {};
 }
 
-CaptureContents failed(const QString& reason) {
+CaptureContents failed(const Words& reason) {
     CaptureContents contents;
     contents.error = reason;
     return contents;
@@ -170,7 +171,7 @@ QByteArray captureLine(qint64 milliseconds, CaptureKind kind, const QJsonValue& 
 
 CaptureContents readCapture(QByteArrayView bytes) {
     if (bytes.isEmpty()) {
-        return failed(QStringLiteral("It is empty."));
+        return failed(Words::tr("It is empty."));
     }
     CaptureContents contents;
     qsizetype number = 0;
@@ -180,21 +181,21 @@ CaptureContents readCapture(QByteArrayView bytes) {
         const bool isLast = lineFeed < 0;
         const qsizetype end = isLast ? bytes.size() : lineFeed;
         if (end - at > longestLine) {
-            return failed(number == 1 ? QStringLiteral("It is no capture: its first line does not end.")
-                                      : QStringLiteral("Its line %1 is longer than any of a capture.").arg(number));
+            return failed(number == 1 ? Words::tr("It is no capture: its first line does not end.")
+                                      : Words::tr("Its line %1 is longer than any of a capture.").arg(number));
         }
         const QByteArray line = bytes.sliced(at, end - at).toByteArray();
         at = end + 1;
         if (number == 1) {
-            const QString problem = takeHeader(line, contents);
+            const Words problem = takeHeader(line, contents);
             if (!problem.isEmpty()) {
                 return failed(problem);
             }
             continue;
         }
-        const QString problem = line.trimmed().isEmpty() ? QString() : takeEntry(line, contents);
+        const Words problem = line.trimmed().isEmpty() ? Words() : takeEntry(line, contents);
         if (!problem.isEmpty() && !isLast) {
-            return failed(QStringLiteral("Its line %1 %2.").arg(QString::number(number), problem));
+            return failed(Words::tr("Its line %1 %2.").arg(QString::number(number), problem));
         }
         contents.isCutOff = contents.isCutOff || !problem.isEmpty();
     }
@@ -202,19 +203,19 @@ CaptureContents readCapture(QByteArrayView bytes) {
 }
 
 CaptureContents readCaptureFile(const QString& name) {
-    const auto refused = [&name](const QString& reason) {
-        return failed(QStringLiteral("The capture %1 cannot be read. %2").arg(QFileInfo(name).fileName(), reason));
+    const auto refused = [&name](const Words& reason) {
+        return failed(Words::tr("The capture %1 cannot be read. %2").arg(QFileInfo(name).fileName(), reason));
     };
     const QFileInfo info(name);
     if (info.exists() && !info.isFile()) {
-        return refused(QStringLiteral("It is no file.")); // a device or a pipe perhaps has no end
+        return refused(Words::tr("It is no file.")); // a device or a pipe perhaps has no end
     }
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) {
-        return refused(QStringLiteral("The system says: %1.").arg(errorText(file)));
+        return refused(Words::tr("The system says: %1.").arg(errorText(file)));
     }
     if (file.size() > largestCapture) {
-        return refused(QStringLiteral("It is larger than any capture (64 MB)."));
+        return refused(Words::tr("It is larger than any capture (64 MB)."));
     }
     CaptureContents contents = readCapture(file.readAll());
     return contents.error.isEmpty() ? contents : refused(contents.error);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QDateTime>
@@ -68,7 +70,7 @@ struct CaptureEntry {
 };
 
 struct CaptureContents {
-    QString error; ///< Empty, or what is wrong and where, in whole sentences; then the rest is empty.
+    Words error; ///< Empty, or what is wrong and where, in whole sentences; then the rest is empty.
     QJsonObject header;
     QDateTime began;
     std::vector<CaptureEntry> entries;

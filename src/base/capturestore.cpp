@@ -111,14 +111,14 @@ QString CaptureStore::earlierName(const QString& path) {
     return info.path() == QLatin1String(".") ? name : info.dir().filePath(name);
 }
 
-QString CaptureStore::begin(const QString& path) {
+Words CaptureStore::begin(const QString& path) {
     end();
     for (const QString& name : {path, earlierName(path)}) {
         const QFileInfo info(name);
         if (info.exists() && !info.isFile()) {
-            return QStringLiteral("it is no file"); // a device must not get another name
+            return Words::tr("it is no file"); // a device must not get another name
         }
-        QString reason = keepUnderDatedName(name, clock_.now());
+        Words reason = keepUnderDatedName(name, clock_.now());
         if (!reason.isEmpty()) {
             return reason;
         }
@@ -128,7 +128,7 @@ QString CaptureStore::begin(const QString& path) {
         return errorText(file_);
     }
     pending_ = newest();
-    QString reason = write();
+    Words reason = write();
     if (!reason.isEmpty()) {
         file_.close();
     }
@@ -144,10 +144,10 @@ void CaptureStore::end() {
 }
 
 /// Writes what is pending. Returns the empty text, or why it failed.
-QString CaptureStore::write() {
+Words CaptureStore::write() {
     const QByteArray lines = std::exchange(pending_, QByteArray());
     if (file_.size() + lines.size() > limits_.fileBytes && file_.size() > header_.size()) {
-        QString reason = beginNextPart();
+        Words reason = beginNextPart();
         if (!reason.isEmpty()) {
             return reason;
         }
@@ -155,13 +155,13 @@ QString CaptureStore::write() {
     return appendWhole(file_, lines);
 }
 
-QString CaptureStore::beginNextPart() {
+Words CaptureStore::beginNextPart() {
     const QString name = file_.fileName();
     const QString earlier = earlierName(name);
     file_.close();
     QFile::remove(earlier);
     if (!QFile::rename(name, earlier)) {
-        return QStringLiteral("%1 cannot be renamed").arg(QFileInfo(name).fileName());
+        return Words::tr("%1 cannot be renamed").arg(QFileInfo(name).fileName());
     }
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
         return errorText(file_);
@@ -171,7 +171,7 @@ QString CaptureStore::beginNextPart() {
 
 void CaptureStore::flush() {
     flushing_.reset();
-    const QString reason = write();
+    const Words reason = write();
     if (!reason.isEmpty()) {
         file_.close();
         // Not inside whatever has just happened on the line.

@@ -3,6 +3,7 @@
 
 #include "base/captureformat.h"
 #include "base/clock.h"
+#include "base/words.h"
 
 #include <QFile>
 
@@ -44,7 +45,7 @@ public:
 
     /// Begins to write the file, with what is in memory. Files of these names are kept under dated names. Returns the
     /// empty text, or why it cannot be written.
-    QString begin(const QString& path);
+    Words begin(const QString& path);
 
     /// Writes what is still to be written and closes the file; nothing happens without one.
     void end();
@@ -60,7 +61,7 @@ public:
 
     /// The file cannot be written any further, for that reason; what was written before stays. Told from the event
     /// loop.
-    Signal<QString> failed;
+    Signal<Words> failed;
 
     /// Where the older part of a capture file stands.
     static QString earlierName(const QString& path);
@@ -75,8 +76,8 @@ private:
     void take(qint64 now, const QByteArray& line);
     void dropOld(qint64 now);
     void flush();
-    QString write();
-    QString beginNextPart();
+    Words write();
+    Words beginNextPart();
 
     Clock& clock_;
     QDateTime began_;

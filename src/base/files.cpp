@@ -46,7 +46,7 @@ QString appendWhole(QFileDevice& file, const QByteArray& bytes) {
     if (written == bytes.size()) {
         return {};
     }
-    QString reason = errorText(file);
+    Words reason = errorText(file);
     file.resize(before);
     file.seek(before);
     return reason;
@@ -108,12 +108,12 @@ void syncFolderOf(const QString& path) {
 #endif
 }
 
-QString writeWholeFile(const QString& name, const QByteArray& bytes, const std::optional<QDateTime>& keepOlder) {
+Words writeWholeFile(const QString& name, const QByteArray& bytes, const std::optional<QDateTime>& keepOlder) {
     QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return errorText(file);
     }
-    QString reason = appendWhole(file, bytes);
+    Words reason = appendWhole(file, bytes);
     reason = reason.isEmpty() ? syncToDisk(file.handle()) : reason;
     if (!reason.isEmpty()) {
         return reason;
@@ -121,7 +121,7 @@ QString writeWholeFile(const QString& name, const QByteArray& bytes, const std::
     // Only now that the new one is whole, so that a failure leaves the older one where it is.
     reason = keepOlder ? keepUnderDatedName(name, *keepOlder) : QString();
     if (!reason.isEmpty()) {
-        return QStringLiteral("the older file of that name could not be kept (%1)").arg(reason);
+        return Words::tr("the older file of that name could not be kept (%1)").arg(reason);
     }
     if (!file.commit()) {
         return errorText(file);
@@ -130,12 +130,11 @@ QString writeWholeFile(const QString& name, const QByteArray& bytes, const std::
     return {};
 }
 
-Message fileNotSaved(const QString& title, const QString& name, const QString& reason) {
-    return operatorWarning(
-        QStringLiteral("%1 could not be saved: %2.\n\nA file that was there before is unchanged. Choose "
-                       "another folder or make room on the disk, then save again.")
-            .arg(QFileInfo(name).absoluteFilePath(), reason),
-        title);
+Message fileNotSaved(const Words& title, const QString& name, const Words& reason) {
+    return operatorWarning(Words::tr("%1 could not be saved: %2.\n\nA file that was there before is unchanged. Choose "
+                                     "another folder or make room on the disk, then save again.")
+                               .arg(QFileInfo(name).absoluteFilePath(), reason),
+                           title);
 }
 
 } // namespace orv

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/operator.h"
+#include "base/words.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -41,9 +42,9 @@ void syncFolderOf(const QString& path);
 /// Writes a file whole or not at all: an older one of that name stays until the new one is on the disk. With
 /// `keepOlder` the older one is then kept under that moment's dated name. Returns the empty text, or why it could not
 /// be written.
-QString writeWholeFile(const QString& name, const QByteArray& bytes, const std::optional<QDateTime>& keepOlder = {});
+Words writeWholeFile(const QString& name, const QByteArray& bytes, const std::optional<QDateTime>& keepOlder = {});
 
 /// What the operator is told when a small file could not be written.
-Message fileNotSaved(const QString& title, const QString& name, const QString& reason);
+Message fileNotSaved(const Words& title, const QString& name, const Words& reason);
 
 } // namespace orv

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/observe.h"
+#include "base/words.h"
 
 #include <QString>
 
@@ -13,8 +14,8 @@ namespace orv {
 struct Message {
     enum class Icon { Information, Exclamation };
 
-    QString title;
-    QString text;
+    Words title;
+    Words text;
     Icon icon = Icon::Information;
     QString withoutWindow = {}; ///< The text where there is no window, if `text` speaks of one.
 
@@ -22,12 +23,12 @@ struct Message {
 };
 
 /// The title of a box that is about no one operation.
-inline QString programTitle() {
-    return QStringLiteral("ORV Host Program");
+inline Words programTitle() {
+    return Words::tr("ORV Host Program");
 }
 
 /// A message with the exclamation icon: something did not go as the operator wanted.
-inline Message operatorWarning(const QString& text, const QString& title = programTitle()) {
+inline Message operatorWarning(const Words& text, const Words& title = programTitle()) {
     return {.title = title, .text = text, .icon = Message::Icon::Exclamation};
 }
 
@@ -72,12 +73,12 @@ struct Question {
     };
 
     Kind kind = Kind::YesNo;
-    QString title;
-    QString text = {};       ///< Of a box.
-    QString reason = {};     ///< Why it is asked; told where there is no window and nobody to answer. May be empty.
+    Words title;
+    Words text = {};         ///< Of a box.
+    Words reason = {};       ///< Why it is asked; told where there is no window and nobody to answer. May be empty.
     QString presetName = {}; ///< Of a save dialog.
     QString suffix = {};     ///< With its dot, may be empty: added to a name typed without one.
-    QString filter = {};     ///< Such as "*.txt"; may be empty.
+    Words filter = {};       ///< Such as "*.txt"; may be empty.
 
     bool operator==(const Question&) const = default;
 
@@ -85,17 +86,17 @@ struct Question {
     static QString no() { return QStringLiteral("No"); }
 };
 
-inline Question yesNoQuestion(const QString& title, const QString& text) {
+inline Question yesNoQuestion(const Words& title, const Words& text) {
     return {.kind = Question::Kind::YesNo, .title = title, .text = text};
 }
 
-inline Question saveQuestion(const QString& title, const QString& presetName, const QString& suffix,
-                             const QString& filter) {
+inline Question saveQuestion(const Words& title, const QString& presetName, const QString& suffix,
+                             const Words& filter) {
     return {
         .kind = Question::Kind::SaveName, .title = title, .presetName = presetName, .suffix = suffix, .filter = filter};
 }
 
-inline Question openQuestion(const QString& title, const QString& suffix, const QString& filter) {
+inline Question openQuestion(const Words& title, const QString& suffix, const Words& filter) {
     return {.kind = Question::Kind::OpenName, .title = title, .suffix = suffix, .filter = filter};
 }
 

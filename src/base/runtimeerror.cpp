@@ -8,36 +8,36 @@ namespace {
 const char* nameOf(RuntimeError::Kind kind) {
     switch (kind) {
     case RuntimeError::Kind::Overflow:
-        return "Overflow";
+        return QT_TRANSLATE_NOOP("orv", "Overflow");
     case RuntimeError::Kind::SubscriptOutOfRange:
-        return "Subscript out of range";
+        return QT_TRANSLATE_NOOP("orv", "Subscript out of range");
     case RuntimeError::Kind::DivisionByZero:
-        return "Division by zero";
+        return QT_TRANSLATE_NOOP("orv", "Division by zero");
     case RuntimeError::Kind::InvalidArgument:
-        return "Invalid argument";
+        return QT_TRANSLATE_NOOP("orv", "Invalid argument");
     case RuntimeError::Kind::TypeMismatch:
-        return "Type mismatch";
+        return QT_TRANSLATE_NOOP("orv", "Type mismatch");
     }
-    return "Unknown error";
+    return QT_TRANSLATE_NOOP("orv", "Unknown error");
 }
 
 } // namespace
 
-QString RuntimeError::name() const {
-    return QString::fromLatin1(nameOf(kind_));
+Words RuntimeError::name() const {
+    return Words::tr(nameOf(kind_));
 }
 
 const char* RuntimeError::what() const noexcept {
     return nameOf(kind_);
 }
 
-Message runtimeErrorMessage(const RuntimeError& error, const QString& operation) {
-    return operatorWarning(QStringLiteral("%1: the operation ended with the error \"%2\".\n\n"
-                                          "The program goes on and all data is kept.")
+Message runtimeErrorMessage(const RuntimeError& error, const Words& operation) {
+    return operatorWarning(Words::tr("%1: the operation ended with the error \"%2\".\n\n"
+                                     "The program goes on and all data is kept.")
                                .arg(operation, error.name()));
 }
 
-bool runOperation(OperatorMessages& messages, const QString& operation, const std::function<void()>& body) {
+bool runOperation(OperatorMessages& messages, const Words& operation, const std::function<void()>& body) {
     try {
         body();
         return true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/operator.h"
+#include "base/words.h"
 
 #include <QString>
 
@@ -21,7 +22,7 @@ public:
     Kind kind() const { return kind_; }
 
     /// The error's name as the operator reads it, e.g. "Overflow".
-    QString name() const;
+    Words name() const;
 
     const char* what() const noexcept override;
 
@@ -30,10 +31,10 @@ private:
 };
 
 /// What the operator is told when `error` has ended `operation`.
-Message runtimeErrorMessage(const RuntimeError& error, const QString& operation);
+Message runtimeErrorMessage(const RuntimeError& error, const Words& operation);
 
 /// Runs one operation of the operator's. A RuntimeError ends it and is told in one message that names
 /// the error and `operation`; the program goes on. Returns whether the operation ran to its end.
-bool runOperation(OperatorMessages& messages, const QString& operation, const std::function<void()>& body);
+bool runOperation(OperatorMessages& messages, const Words& operation, const std::function<void()>& body);
 
 } // namespace orv

@@ -197,18 +197,18 @@ QString clockText(QTime time) {
     return time.toString(QStringLiteral("h:mm:ss AP"));
 }
 
-QString durationInWords(qint64 seconds) {
+Words durationInWords(qint64 seconds) {
     constexpr qint64 minute = 60;
     constexpr qint64 hour = 60 * minute;
     constexpr qint64 twoDays = 48 * hour;
     if (seconds >= twoDays) {
-        return QStringLiteral("%1 days").arg(seconds / (twoDays / 2));
+        return Words::tr("%1 days").arg(seconds / (twoDays / 2));
     }
     if (seconds >= hour) {
-        return QStringLiteral("%1 h %2 min").arg(seconds / hour).arg(seconds % hour / minute);
+        return Words::tr("%1 h %2 min").arg(seconds / hour).arg(seconds % hour / minute);
     }
-    return seconds >= minute ? QStringLiteral("%1 min %2 s").arg(seconds / minute).arg(seconds % minute)
-                             : QStringLiteral("%1 s").arg(seconds);
+    return seconds >= minute ? Words::tr("%1 min %2 s").arg(seconds / minute).arg(seconds % minute)
+                             : Words::tr("%1 s").arg(seconds);
 }
 
 QString fileNameStamp(const QDateTime& moment) {

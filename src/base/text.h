@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
+
 #include <QByteArray>
 #include <QDate>
 #include <QString>
@@ -50,7 +52,7 @@ QString shortDate(QDate date);
 QString clockText(QTime time);
 
 /// A length of time for the operator: "48 s", "2 min 31 s", "1 h 2 min", "3 days".
-QString durationInWords(qint64 seconds);
+Words durationInWords(qint64 seconds);
 
 /// Date and time as they stand in the name under which an older file is kept, "20261121-093015".
 QString fileNameStamp(const QDateTime& moment);

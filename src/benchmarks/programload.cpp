@@ -48,7 +48,7 @@ public:
         , traffic_(traffic)
         , stirring_(port_->stirred.subscribe([this] { stirred.tell(); })) {}
 
-    QString open() override { return port_->open(); }
+    Words open() override { return port_->open(); }
     void close() override { port_->close(); }
     bool isOpen() const override { return port_->isOpen(); }
     void setDataTerminalReady(bool on) override { port_->setDataTerminalReady(on); }
@@ -60,7 +60,7 @@ public:
     void write(const QByteArray& bytes) override { port_->write(traffic_.deaf ? QByteArray() : bytes); }
     QByteArray discardInput() override { return port_->discardInput(); }
     qsizetype inputCount() override { return port_->inputCount(); }
-    QString failure() const override { return port_->failure(); }
+    Words failure() const override { return port_->failure(); }
 
 private:
     std::unique_ptr<Port> port_;

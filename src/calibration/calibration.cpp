@@ -19,32 +19,32 @@ Calibration::Calibration(Link& link, const DataSheet& sheet, SheetState& sheetSt
 void Calibration::addInstrument() {
     const LightColour colour = shown.colour;
     if (colour == LightColour::None) {
-        shown.message = QStringLiteral("SELECT A COLOR");
+        shown.message = Words::tr("SELECT A COLOR");
         return;
     }
     shown.message = QString();
     shown.instruments = shown.instruments.value() + QStringList{shown.instrumentName.value()};
     shown.totalEntered = QString::number(count());
-    act(QStringLiteral("Add Instrument"), [this, colour] { store_.setcalcolour(colour); });
+    act(Words::tr("Add Instrument"), [this, colour] { store_.setcalcolour(colour); });
 }
 
 void Calibration::next() {
     const int following = shown.current + 1;
-    show(QStringLiteral("Next"), following == count() ? 0 : following);
+    show(Words::tr("Next"), following == count() ? 0 : following);
 }
 
 void Calibration::previous() {
     const int preceding = shown.current - 1;
-    show(QStringLiteral("Previous"), preceding < 0 ? count() - 1 : preceding);
+    show(Words::tr("Previous"), preceding < 0 ? count() - 1 : preceding);
 }
 
 void Calibration::select(int position) {
     if (position >= 0 && position < count()) {
-        show(QStringLiteral("Show Instrument"), position);
+        show(Words::tr("Show Instrument"), position);
     }
 }
 
-void Calibration::show(const QString& operation, int position) {
+void Calibration::show(const Words& operation, int position) {
     if (count() == 0) {
         return;
     }
@@ -62,16 +62,16 @@ void Calibration::show(const QString& operation, int position) {
 
 /// Says which columns are averaged if they are not the angles; else takes back what it has said.
 void Calibration::tellColumns() {
-    const QString begin = QStringLiteral("Columns 3 to 5 of this sheet are ");
-    QStringList columns;
+    constexpr QLatin1String begin("Columns 3 to 5 of this sheet are ");
+    QList<Words> columns;
     for (int column = sheetcolumn::firstValue; column < sheetcolumn::firstValue + channelCount; ++column) {
         const QString name = sheet_.columnNames().value(column);
-        columns << (name.isEmpty() ? QStringLiteral("empty") : name);
+        columns << (name.isEmpty() ? Words::tr("empty") : Words(name));
     }
     const bool angles = std::equal(columns.begin(), columns.end(), channelAngles.begin(),
                                    [](const QString& name, const char* angle) { return name == QLatin1String(angle); });
     if (!angles && sheet_.rowCount() > 0) {
-        shown.message = begin + columns.join(QLatin1String(", ")) + u'.';
+        shown.message = Words::tr("Columns 3 to 5 of this sheet are %1.").arg(join(columns, QStringLiteral(", ")));
     } else if (shown.message.value().startsWith(begin)) {
         shown.message = QString();
     }
@@ -165,26 +165,26 @@ QByteArray reportBytes(const CalibrationState& shown, const QDateTime& moment) {
     return text.toUtf8();
 }
 
-void Calibration::act(const QString& operation, const std::function<void()>& body) {
+void Calibration::act(const Words& operation, const std::function<void()>& body) {
     runOperation(link_.session.messages, operation, body);
 }
 
 void Calibration::calcdp() {
-    act(QStringLiteral("Calc DP"), [this] { compute(); });
+    act(Words::tr("Calc DP"), [this] { compute(); });
 }
 
 void Calibration::saveCalInfo() {
-    link_.procedures.startBeside(QStringLiteral("Save Cal Info"), [this] { return askAndSave(); });
+    link_.procedures.startBeside(Words::tr("Save Cal Info"), [this] { return askAndSave(); });
 }
 
 Task<> Calibration::askAndSave() {
-    const QString title = QStringLiteral("Save Cal Info");
+    const Words title = Words::tr("Save Cal Info");
     const Question question = saveQuestion(title, QString(), QStringLiteral(".Txt"), QStringLiteral("*.Txt"));
     const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
         co_return;
     }
-    const QString reason = writeWholeFile(name, reportBytes(shown, link_.session.clock.now()));
+    const Words reason = writeWholeFile(name, reportBytes(shown, link_.session.clock.now()));
     if (!reason.isEmpty()) {
         link_.session.messages.show(fileNotSaved(title, name, reason));
     }

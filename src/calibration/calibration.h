@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "calibration/worksheet.h"
 #include "link/link.h"
 #include "sheet/datasheet.h"
@@ -54,13 +55,13 @@ public:
 
 private:
     int count() const { return static_cast<int>(shown.instruments.value().size()); }
-    void show(const QString& operation, int position);
+    void show(const Words& operation, int position);
     void compute();
     void tellColumns();
     double mean(int sheetColumn);
     double derivedPoint(int row, int channel) const;
     Task<> askAndSave();
-    void act(const QString& operation, const std::function<void()>& body);
+    void act(const Words& operation, const std::function<void()>& body);
 
     Link& link_;
     const DataSheet& sheet_;

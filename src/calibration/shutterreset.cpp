@@ -22,20 +22,21 @@ constexpr int pollsPerCount = 100;
 
 } // namespace
 
-QString inWords(const LoggerSettings& settings) {
-    QStringList ticked;
+Words inWords(const LoggerSettings& settings) {
+    QList<Words> ticked;
     for (const Setting* setting : settingsInOrder("MLWAGS")) {
         if (settings.*setting->flag) {
             ticked << setting->plainCaption();
         }
     }
-    QString words = ticked.isEmpty() ? QStringLiteral("no control bit") : ticked.join(QLatin1String(", "));
-    const std::pair<const char*, QString> numbers[] = {{"; samples per point ", settings.samplesPerPoint},
-                                                       {", points per block ", settings.pointsPerBlock},
-                                                       {", seconds between points ", settings.secondsBetweenPoints},
-                                                       {", hours before a block ", settings.hoursBeforeBlock}};
+    Words words = ticked.isEmpty() ? Words::tr("no control bit") : join(ticked, QStringLiteral(", "));
+    const std::pair<const char*, QString> numbers[] = {
+        {QT_TRANSLATE_NOOP("orv", "; samples per point %1"), settings.samplesPerPoint},
+        {QT_TRANSLATE_NOOP("orv", ", points per block %1"), settings.pointsPerBlock},
+        {QT_TRANSLATE_NOOP("orv", ", seconds between points %1"), settings.secondsBetweenPoints},
+        {QT_TRANSLATE_NOOP("orv", ", hours before a block %1"), settings.hoursBeforeBlock}};
     for (const auto& [caption, number] : numbers) {
-        words += QLatin1String(caption) + (number.isEmpty() ? QStringLiteral("none") : number);
+        words += Words::tr(caption).arg(number.isEmpty() ? Words::tr("none") : Words(number));
     }
     return words;
 }
@@ -57,7 +58,7 @@ ShutterReset::ShutterReset(Link& link, SettingsState& settings, SettingsReader& 
 void ShutterReset::shutterreset() {
     link_.ports.debugsay(QStringLiteral("Reset Shutter"));
     if (link_.ports.isOpen()) {
-        link_.procedures.start(QStringLiteral("Reset Shutter"), [this] { return reset(); });
+        link_.procedures.start(Words::tr("Reset Shutter"), [this] { return reset(); });
     }
 }
 
@@ -81,12 +82,12 @@ Task<SettingsSender::Outcome> ShutterReset::perform(Run& run) {
     link_.ports.discardInput();
     commands.resetShutterEnabled = false;
     link_.ports.write("P");
-    showStep(QStringLiteral("Getting Settings"));
+    showStep(Words::tr("Getting Settings"));
     co_await readSettings();
     run.remembered = settings_.record;
     co_await link_.waits.waitsec(0.5F);
     settings_.record = shutterSettings();
-    showStep(QStringLiteral("Sending New Settings"));
+    showStep(Words::tr("Sending New Settings"));
     run.temporarySent = true;
     // The report that this sending asks for is only polled away: its lines find the code 999.
     co_await sender_.setprefs();
@@ -95,7 +96,7 @@ Task<SettingsSender::Outcome> ShutterReset::perform(Run& run) {
     co_await moveShutter();
     counter_ = 0;
     settings_.record = *run.remembered;
-    showStep(QStringLiteral("Restoring Orignal Settings"));
+    showStep(Words::tr("Restoring Orignal Settings"));
     link_.timer.setInterval(StatusTimer::normalInterval);
     co_await link_.waits.waitsec(2.0F);
     const SettingsSender::Outcome restored = co_await sender_.setprefs();
@@ -109,7 +110,7 @@ Task<> ShutterReset::readSettings() {
     do {
         co_await link_.waits.waitsec(0.1F);
         ++counter_;
-        showCounted(QStringLiteral("Getting Settings"));
+        showCounted(Words::tr("Getting Settings"));
         const QString line = link_.poll.quary();
         if (!line.isEmpty()) {
             reader_.getprefs(line);
@@ -126,10 +127,10 @@ Task<> ShutterReset::readSettings() {
 
 Task<> ShutterReset::moveShutter() {
     link_.timer.setInterval(0);
-    showStep(QStringLiteral("Moving Shutter"));
+    showStep(Words::tr("Moving Shutter"));
     link_.ports.write("r");
     for (int left = moveSeconds; left > 0; --left) {
-        link_.session.status.shutterCountdown = QStringLiteral("%1 s").arg(left);
+        link_.session.status.shutterCountdown = Words::tr("%1 s").arg(left);
         co_await link_.waits.waitsec(1.0F);
     }
     link_.session.status.shutterCountdown = QString();
@@ -147,7 +148,7 @@ Task<> ShutterReset::pollForPrompt() {
         text = co_await link_.waits.input(polls);
         counter_ += static_cast<int>(std::clamp<qint64>(clock.monotonicMilliseconds() - began, 1, polls));
         if (counter_ % pollsPerCount == 0) {
-            showCounted(QStringLiteral("Moving Shutter"));
+            showCounted(Words::tr("Moving Shutter"));
         }
     } while (text != ">" && counter_ <= pollLimit);
 }
@@ -162,13 +163,13 @@ void ShutterReset::finish(const Run& run, SettingsSender::Outcome restored) {
         return;
     }
     link_.session.state.Ctrlscrn = Operation::SettingsOpen;
-    link_.session.status.status = QStringLiteral("Ready");
+    link_.session.status.status = Words::tr("Ready");
     const auto failed =
-        QStringLiteral("The settings from before could not be sent back. The instrument may still hold the temporary "
-                       "settings (%1).\n\n")
+        Words::tr("The settings from before could not be sent back. The instrument may still hold the temporary "
+                  "settings (%1).\n\n")
             .arg(inWords(shutterSettings()));
-    tell(failed + QStringLiteral("The settings from before are on the settings screen again (%1). When the instrument "
-                                 "answers, send them with \"Apply Settings\".")
+    tell(failed + Words::tr("The settings from before are on the settings screen again (%1). When the instrument "
+                            "answers, send them with \"Apply Settings\".")
                       .arg(inWords(*run.remembered)),
          failed + sendingBack(*run.remembered));
 }
@@ -183,23 +184,23 @@ void ShutterReset::interrupt(const Run& run) {
     link_.timer.setInterval(StatusTimer::normalInterval);
     if (link_.ports.isOpen()) {
         link_.session.state.Ctrlscrn = Operation::SettingsOpen;
-        link_.session.status.status = QStringLiteral("Ready");
+        link_.session.status.status = Words::tr("Ready");
         link_.session.commands.runEnabled = true;
         readBack_ = true;
     }
     if (!run.temporarySent) {
-        tell(QStringLiteral("The shutter reset was interrupted before the temporary settings were sent. The instrument "
-                            "still has its own settings."),
+        tell(Words::tr("The shutter reset was interrupted before the temporary settings were sent. The instrument "
+                       "still has its own settings."),
              {});
         return;
     }
     // Connecting reads the instrument's settings over those on the screen, so they are told here too.
     const auto interrupted =
-        QStringLiteral("The shutter reset was interrupted. The instrument may still hold the temporary settings (%1)."
-                       "\n\n")
+        Words::tr("The shutter reset was interrupted. The instrument may still hold the temporary settings (%1)."
+                  "\n\n")
             .arg(inWords(shutterSettings()));
-    tell(interrupted + QStringLiteral("Its settings from before: %1.\n\nConnect again, compare them with the settings "
-                                      "screen, and send them with \"Apply Settings\" if they differ.")
+    tell(interrupted + Words::tr("Its settings from before: %1.\n\nConnect again, compare them with the settings "
+                                 "screen, and send them with \"Apply Settings\" if they differ.")
                            .arg(inWords(*run.remembered)),
          interrupted + sendingBack(*run.remembered));
 }
@@ -207,14 +208,14 @@ void ShutterReset::interrupt(const Run& run) {
 void ShutterReset::showResetting() {
     // The code keeps ticks and report lines from acting; a sending has set another.
     link_.session.state.Ctrlscrn = Operation::ShutterReset;
-    link_.session.status.status = QStringLiteral("Resetting Shutter");
+    link_.session.status.status = Words::tr("Resetting Shutter");
 }
 
-void ShutterReset::showStep(const QString& text) {
+void ShutterReset::showStep(const Words& text) {
     link_.session.status.shutterProgress = text;
 }
 
-void ShutterReset::showCounted(const QString& text) {
+void ShutterReset::showCounted(const Words& text) {
     showStep(text + QStringLiteral(" %1").arg(counter_));
 }
 
@@ -229,9 +230,8 @@ QString ShutterReset::sendingBack(const LoggerSettings& settings) const {
         .arg(shellWord(link_.ports.device(link_.ports.selectedPort())), asOptions(settings));
 }
 
-void ShutterReset::tell(const QString& text, const QString& textWithoutWindow) {
-    link_.session.messages.show(
-        withoutWindow(operatorWarning(text, QStringLiteral("Reset Shutter")), textWithoutWindow));
+void ShutterReset::tell(const Words& text, const QString& textWithoutWindow) {
+    link_.session.messages.show(withoutWindow(operatorWarning(text, Words::tr("Reset Shutter")), textWithoutWindow));
 }
 
 } // namespace orv

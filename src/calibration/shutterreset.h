@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "settings/loggersettings.h"
 #include "settings/settingsreader.h"
 #include "settings/settingssender.h"
@@ -13,7 +14,7 @@ namespace orv {
 LoggerSettings shutterSettings();
 
 /// For the operator: "Append, Wake Up; samples per point 10, points per block 0, ...".
-QString inWords(const LoggerSettings& settings);
+Words inWords(const LoggerSettings& settings);
 
 /// Brings the instrument's shutter back to its rest position: reads the settings, sends temporary ones under which the
 /// instrument obeys, moves the shutter and sends the settings from before back.
@@ -46,11 +47,11 @@ private:
     void finish(const Run& run, SettingsSender::Outcome restored);
     void interrupt(const Run& run);
     void showResetting();
-    void showStep(const QString& text);
-    void showCounted(const QString& text);
+    void showStep(const Words& text);
+    void showCounted(const Words& text);
     void lampChanged();
     QString sendingBack(const LoggerSettings& settings) const;
-    void tell(const QString& text, const QString& textWithoutWindow);
+    void tell(const Words& text, const QString& textWithoutWindow);
 
     Link& link_;
     SettingsState& settings_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
+
 #include <QProperty>
 #include <QString>
 #include <QStringList>
@@ -15,13 +17,17 @@ inline constexpr std::array<const char*, channelCount> channelAngles{"100", "125
 
 /// A row of three text boxes. Their names end with consecutive numbers, channel by channel.
 struct BoxRow {
-    const char* caption;
-    int firstBox; ///< 18 for `Text18`, `Text19`, `Text20`.
+    const char* caption; ///< In English, as the report has it.
+    int firstBox;        ///< 18 for `Text18`, `Text19`, `Text20`.
 };
 
 /// The rows of measured values, in the order of their selectors `Option3` to `Option8`.
-inline constexpr std::array<BoxRow, 6> worksheetRows{
-    {{"Air", 33}, {"Clean", 18}, {"Point 1", 21}, {"Point 2", 24}, {"Point 3", 27}, {"Point 4", 30}}};
+inline constexpr std::array<BoxRow, 6> worksheetRows{{{QT_TRANSLATE_NOOP("orv", "Air"), 33},
+                                                      {QT_TRANSLATE_NOOP("orv", "Clean"), 18},
+                                                      {QT_TRANSLATE_NOOP("orv", "Point 1"), 21},
+                                                      {QT_TRANSLATE_NOOP("orv", "Point 2"), 24},
+                                                      {QT_TRANSLATE_NOOP("orv", "Point 3"), 27},
+                                                      {QT_TRANSLATE_NOOP("orv", "Point 4"), 30}}};
 
 /// The rows of the reference frame "KP 7".
 inline constexpr std::array<BoxRow, 5> referenceRows{
@@ -56,15 +62,17 @@ enum class LightColour : quint8 { None = 0, Red = 9, Blue = 10, Green = 11 };
 
 struct Light {
     LightColour colour;
-    const char* name;
+    const char* name;       ///< In English, as the report has it.
+    const char* caption;    ///< Of its selector, with the access key.
     const char* wavelength; ///< Nanometres.
     int referenceColumn;    ///< Where its values stand in the reference frame.
 };
 
 /// The lights, in the order of their selectors.
-inline constexpr std::array<Light, 3> lights{{{LightColour::Red, "Red", "650", 1},
-                                              {LightColour::Blue, "Blue", "440", 0},
-                                              {LightColour::Green, "Green", "532", 2}}};
+inline constexpr std::array<Light, 3> lights{
+    {{LightColour::Red, "Red", QT_TRANSLATE_NOOP("orv", "&Red"), "650", 1},
+     {LightColour::Blue, "Blue", QT_TRANSLATE_NOOP("orv", "&Blue"), "440", 0},
+     {LightColour::Green, "Green", QT_TRANSLATE_NOOP("orv", "&Green"), "532", 2}}};
 
 /// What is kept of each instrument of a calibration batch, in memory only. It starts as zeros.
 class CalibrationTable {
@@ -95,18 +103,18 @@ struct CalibrationState {
     static constexpr int noRow = -1;
     static constexpr int noInstrument = -1;
 
-    QProperty<QString> instrumentName;                    ///< `Text17`, as typed.
-    QProperty<LightColour> colour{LightColour::None};     ///< `Option9`, `Option10`, `Option11`.
-    QProperty<QString> message;                           ///< `Text36`.
-    QProperty<QStringList> instruments;                   ///< `List2`; the position is the instrument's index.
-    QProperty<QString> totalEntered{QStringLiteral("0")}; ///< `Label70`.
-    QProperty<qint16> current{0};                         ///< Index of the instrument shown; also `Label71`.
-    QProperty<int> highlighted{noInstrument};             ///< The same in `List2`, once one has been shown.
-    QProperty<QString> worksheetCaption{QStringLiteral("Worksheet")}; ///< `Frame16`: the entry of that instrument.
-    QProperty<int> selectedRow{noRow};                                ///< The row whose selector is on, 0..5.
-    BoxGrid<worksheetRows.size()> worksheet;                          ///< Measured values, as text.
-    BoxGrid<referenceRows.size()> reference;                          ///< "KP 7", as typed.
-    std::array<QProperty<QString>, channelCount> results;             ///< The derived points.
+    QProperty<QString> instrumentName;                         ///< `Text17`, as typed.
+    QProperty<LightColour> colour{LightColour::None};          ///< `Option9`, `Option10`, `Option11`.
+    QProperty<Words> message;                                  ///< `Text36`.
+    QProperty<QStringList> instruments;                        ///< `List2`; the position is the instrument's index.
+    QProperty<QString> totalEntered{QStringLiteral("0")};      ///< `Label70`.
+    QProperty<qint16> current{0};                              ///< Index of the instrument shown; also `Label71`.
+    QProperty<int> highlighted{noInstrument};                  ///< The same in `List2`, once one has been shown.
+    QProperty<Words> worksheetCaption{Words::tr("Worksheet")}; ///< `Frame16`: the entry of that instrument.
+    QProperty<int> selectedRow{noRow};                         ///< The row whose selector is on, 0..5.
+    BoxGrid<worksheetRows.size()> worksheet;                   ///< Measured values, as text.
+    BoxGrid<referenceRows.size()> reference;                   ///< "KP 7", as typed.
+    std::array<QProperty<QString>, channelCount> results;      ///< The derived points.
 
     /// The list entry of the instrument shown; empty if there is none.
     QString currentEntry() const { return instruments.value().value(current.value()); }

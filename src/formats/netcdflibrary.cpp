@@ -29,7 +29,7 @@ private:
 
 } // namespace
 
-QString NetCdfLibrary::load() {
+Words NetCdfLibrary::load() {
 #ifdef Q_OS_LINUX
     // The versions of which all functions below are the same; without the development files only these names are there.
     return load({QStringLiteral("libnetcdf.so.19"), QStringLiteral("libnetcdf.so.22"),
@@ -39,7 +39,7 @@ QString NetCdfLibrary::load() {
 #endif
 }
 
-QString NetCdfLibrary::load(const QStringList& names) {
+Words NetCdfLibrary::load(const QStringList& names) {
     for (const QString& name : names) {
         QLibrary library(name);
         if (!library.load()) {
@@ -71,8 +71,8 @@ QString NetCdfLibrary::load(const QStringList& names) {
             return {};
         }
     }
-    return QStringLiteral("the netCDF library is missing. Install it (on Debian: apt install libnetcdf19), or choose a "
-                          "name that ends in .csv");
+    return Words::tr("the netCDF library is missing. Install it (on Debian: apt install libnetcdf19), or choose a "
+                     "name that ends in .csv");
 }
 
 } // namespace orv

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -29,10 +31,10 @@ struct NetCdfLibrary {
     decltype(&nc_strerror) strerror = nullptr;
 
     /// Loads the library, once a program; it stays loaded. Returns the empty text, or what to install.
-    QString load();
+    Words load();
 
     /// The same, looking for it under these names of files.
-    QString load(const QStringList& names);
+    Words load(const QStringList& names);
 };
 
 } // namespace orv

@@ -2,6 +2,7 @@
 #include "formats/netcdfwriter.h"
 
 #include "base/files.h"
+#include "base/words.h"
 #include "formats/csvmetadata.h"
 #include "formats/netcdflibrary.h"
 #include "formats/placedfile.h"
@@ -86,13 +87,13 @@ public:
         on(nc.putAttDouble, variable, name, NC_DOUBLE, std::size_t{1}, &value);
     }
 
-    QString failure() const {
+    Words failure() const {
         if (failure_ == NC_NOERR) {
             return {};
         }
-        const QString reason = QString::fromUtf8(nc.strerror(failure_)).trimmed();
+        Words reason = QString::fromUtf8(nc.strerror(failure_)).trimmed();
         // Of a failed write the library says no more.
-        return failure_ == NC_EHDFERR ? QStringLiteral("%1; the disk may be full").arg(reason) : reason;
+        return failure_ == NC_EHDFERR ? Words::tr("%1; the disk may be full").arg(reason) : reason;
     }
 
 private:
@@ -115,8 +116,8 @@ public:
         : placed_(file)
         , file_(nc_) {}
 
-    QString begin(const TableDescription& table) override {
-        QString reason = placed_.check();
+    Words begin(const TableDescription& table) override {
+        Words reason = placed_.check();
         if (reason.isEmpty()) {
             reason = nc_.load();
         }
@@ -147,7 +148,7 @@ public:
         return file_.failure();
     }
 
-    QString add(const TableRow& row) override {
+    Words add(const TableRow& row) override {
         for (Variable& variable : variables_) {
             variable.block.push_back(numberIn(variable.column, row));
         }
@@ -163,7 +164,7 @@ public:
         return {};
     }
 
-    QString finish(const TableReport& report) override {
+    Words finish(const TableReport& report) override {
         writeBlock();
         file_.on(nc_.redef);
         file_.text(NC_GLOBAL, "history", history_.join(u'\n'));
@@ -177,7 +178,7 @@ public:
         }
         file_.on(nc_.enddef);
         file_.close();
-        const QString reason = file_.failure();
+        const Words reason = file_.failure();
         return reason.isEmpty() ? placed_.place() : reason;
     }
 

@@ -12,14 +12,13 @@
 
 namespace orv {
 
-QString cannotBeWritten(const QString& name, OutputFile::Existing existing) {
+Words cannotBeWritten(const QString& name, OutputFile::Existing existing) {
     const QFileInfo info(name);
     if (info.exists() && !info.isFile()) {
-        return QStringLiteral("it is a folder or a device, not a file");
+        return Words::tr("it is a folder or a device, not a file");
     }
-    return info.exists() && existing == OutputFile::Existing::Refuse
-               ? QStringLiteral("a file of that name is there already")
-               : QString();
+    return info.exists() && existing == OutputFile::Existing::Refuse ? Words::tr("a file of that name is there already")
+                                                                     : Words();
 }
 
 PlacedFile::PlacedFile(OutputFile file)
@@ -31,16 +30,16 @@ PlacedFile::~PlacedFile() {
     QFile::remove(path_);
 }
 
-QString PlacedFile::check() const {
+Words PlacedFile::check() const {
     return cannotBeWritten(file_.name, file_.existing);
 }
 
-QString PlacedFile::place(QString* keptAs) {
+Words PlacedFile::place(QString* keptAs) {
     QFile written(path_);
     if (!written.open(QIODevice::ReadWrite)) {
         return errorText(written);
     }
-    QString reason = syncToDisk(written.handle());
+    Words reason = syncToDisk(written.handle());
     written.close();
     reason = reason.isEmpty() ? check() : reason;
     if (reason.isEmpty() && file_.existing == OutputFile::Existing::KeepDated) {

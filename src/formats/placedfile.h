@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "formats/rowwriter.h"
 
 namespace orv {
@@ -14,7 +15,7 @@ public:
     PlacedFile& operator=(const PlacedFile&) = delete;
 
     /// Whether the name may be written. Returns the empty text, or why not. Nothing is touched.
-    QString check() const;
+    Words check() const;
 
     /// Where to write meanwhile: a name in the same folder that no file has.
     const QString& path() const { return path_; }
@@ -22,7 +23,7 @@ public:
     /// Brings what was written to the disk and gives it its name; an older file becomes what the operator wants.
     /// Returns the empty text, or why it failed; then the older file is as it was. `keptAs` becomes the older one's new
     /// name if it has been kept.
-    QString place(QString* keptAs = nullptr);
+    Words place(QString* keptAs = nullptr);
 
 private:
     OutputFile file_;
@@ -30,6 +31,6 @@ private:
 };
 
 /// Why a file of that name may not be written, empty if it may: it is a folder or a device, or is there and must stay.
-QString cannotBeWritten(const QString& name, OutputFile::Existing existing);
+Words cannotBeWritten(const QString& name, OutputFile::Existing existing);
 
 } // namespace orv

@@ -39,9 +39,9 @@ namespace {
 class Lines {
 public:
     virtual ~Lines() = default;
-    virtual QString open() = 0;
-    virtual QString append(const QByteArray& lines) = 0;
-    virtual QString close() = 0;
+    virtual Words open() = 0;
+    virtual Words append(const QByteArray& lines) = 0;
+    virtual Words close() = 0;
     /// What has become of an older file that was in the way; empty if there was none.
     virtual QString keptAs() const { return {}; }
 };
@@ -52,15 +52,15 @@ public:
     explicit DeviceLines(QIODevice& device)
         : device_(device) {}
 
-    QString open() override { return {}; }
+    Words open() override { return {}; }
 
-    QString append(const QByteArray& lines) override {
+    Words append(const QByteArray& lines) override {
         auto* file = qobject_cast<QFileDevice*>(&device_);
         const bool whole = device_.write(lines) == lines.size() && (file == nullptr || file->flush());
         return whole ? QString() : errorText(device_);
     }
 
-    QString close() override { return {}; }
+    Words close() override { return {}; }
 
 private:
     QIODevice& device_;
@@ -73,8 +73,8 @@ public:
         : wanted_(std::move(file))
         , file_(wanted_.name) {}
 
-    QString open() override {
-        QString reason = cannotBeWritten(wanted_.name, wanted_.existing);
+    Words open() override {
+        Words reason = cannotBeWritten(wanted_.name, wanted_.existing);
         if (reason.isEmpty() && wanted_.existing == OutputFile::Existing::KeepDated) {
             reason = keepUnderDatedName(wanted_.name, wanted_.now, &keptAs_);
         }
@@ -86,10 +86,10 @@ public:
         return file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered | mode) ? QString() : errorText(file_);
     }
 
-    QString append(const QByteArray& lines) override { return appendWhole(file_, lines); }
+    Words append(const QByteArray& lines) override { return appendWhole(file_, lines); }
 
-    QString close() override {
-        QString reason = syncToDisk(file_.handle());
+    Words close() override {
+        Words reason = syncToDisk(file_.handle());
         file_.close();
         syncFolderOf(wanted_.name);
         return reason;
@@ -110,19 +110,19 @@ public:
         : placed_(file)
         , file_(placed_.path()) {}
 
-    QString open() override {
-        QString reason = placed_.check();
+    Words open() override {
+        Words reason = placed_.check();
         if (!reason.isEmpty()) {
             return reason;
         }
         return file_.open(QIODevice::WriteOnly | QIODevice::NewOnly) ? QString() : errorText(file_);
     }
 
-    QString append(const QByteArray& lines) override {
+    Words append(const QByteArray& lines) override {
         return file_.write(lines) == lines.size() ? QString() : errorText(file_);
     }
 
-    QString close() override {
+    Words close() override {
         if (!file_.flush()) {
             return errorText(file_);
         }
@@ -145,7 +145,7 @@ public:
         : lines_(std::move(lines))
         , atOnce_(atOnce) {}
 
-    QString add(const TableRow& row) override {
+    Words add(const TableRow& row) override {
         addLine(row, pending_);
         return send(atOnce_ ? 1 : blockSize);
     }
@@ -153,22 +153,22 @@ public:
 protected:
     virtual void addLine(const TableRow& row, QByteArray& text) = 0;
 
-    QString open() {
+    Words open() {
         constexpr qsizetype longestRow = 1024;
         pending_.reserve(atOnce_ ? longestRow : blockSize + longestRow);
         return lines_->open();
     }
     /// Hands on what waits if it has so many bytes.
-    QString send(qsizetype least) {
+    Words send(qsizetype least) {
         if (pending_.size() < least) {
             return {};
         }
-        QString reason = lines_->append(pending_);
+        Words reason = lines_->append(pending_);
         pending_.resize(0); // keeps its room
         return reason;
     }
-    QString close() {
-        const QString reason = send(1);
+    Words close() {
+        const Words reason = send(1);
         return reason.isEmpty() ? lines_->close() : reason;
     }
     QString keptAs() const { return lines_->keptAs(); }
@@ -191,14 +191,14 @@ public:
         , file_(std::move(file))
         , metadataFromBegin_(atOnce) {}
 
-    QString begin(const TableDescription& table) override {
+    Words begin(const TableDescription& table) override {
         if (hasMetadata()) {
-            const QString reason = cannotBeWritten(csvMetadataName(file_.name), file_.existing);
+            const Words reason = cannotBeWritten(csvMetadataName(file_.name), file_.existing);
             if (!reason.isEmpty()) {
-                return QStringLiteral("%1: %2").arg(csvMetadataName(file_.name), reason);
+                return Words(QStringLiteral("%1: %2")).arg(csvMetadataName(file_.name), reason);
             }
         }
-        QString reason = open();
+        Words reason = open();
         if (!reason.isEmpty()) {
             return reason;
         }
@@ -215,8 +215,8 @@ public:
         return metadataFromBegin_ ? describe({}) : QString();
     }
 
-    QString finish(const TableReport& report) override {
-        const QString reason = close();
+    Words finish(const TableReport& report) override {
+        const Words reason = close();
         return reason.isEmpty() ? describe(report) : reason;
     }
 
@@ -228,7 +228,7 @@ private:
 
     bool hasMetadata() const { return !file_.name.isEmpty(); }
 
-    QString describe(const std::optional<TableReport>& report) {
+    Words describe(const std::optional<TableReport>& report) {
         if (!hasMetadata()) {
             return {};
         }
@@ -236,8 +236,8 @@ private:
         if (!std::exchange(described_, true) && !keptAs().isEmpty()) {
             QFile::rename(name, csvMetadataName(keptAs())); // the older one's goes with it
         }
-        const QString reason = writeWholeFile(name, csvMetadata(file_.name, table_, history_, report));
-        return reason.isEmpty() ? reason : QStringLiteral("%1: %2").arg(name, reason);
+        const Words reason = writeWholeFile(name, csvMetadata(file_.name, table_, history_, report));
+        return reason.isEmpty() ? reason : Words(QStringLiteral("%1: %2")).arg(name, reason);
     }
 
     OutputFile file_;
@@ -251,7 +251,7 @@ class JsonLinesWriter final : public TextWriter {
 public:
     using TextWriter::TextWriter;
 
-    QString begin(const TableDescription& table) override {
+    Words begin(const TableDescription& table) override {
         rowText_.emplace(table);
         return open();
     }
@@ -264,7 +264,7 @@ public:
         return send(1);
     }
 
-    QString finish(const TableReport& /*report*/) override { return close(); }
+    Words finish(const TableReport& /*report*/) override { return close(); }
 
 private:
     void addLine(const TableRow& row, QByteArray& text) override {
@@ -279,7 +279,7 @@ public:
     explicit SheetWriter(OutputFile file)
         : file_(std::move(file)) {}
 
-    QString begin(const TableDescription& table) override {
+    Words begin(const TableDescription& table) override {
         table_ = table;
         const bool glow = table.layout == RowLayout::Glow;
         const double generation = table.layout == RowLayout::TrxNewer ? newerGeneration : 0.0;
@@ -289,9 +289,9 @@ public:
         return cannotBeWritten(file_.name, file_.existing);
     }
 
-    QString add(const TableRow& row) override {
+    Words add(const TableRow& row) override {
         if (sheet_.rowCount() == std::numeric_limits<qint16>::max()) {
-            return QStringLiteral("a sheet holds at most %1 rows").arg(std::numeric_limits<qint16>::max());
+            return Words::tr("a sheet holds at most %1 rows").arg(std::numeric_limits<qint16>::max());
         }
         sheet_.appendJoinedRow(cells(row));
         // The ninth column of a sheet file is not there, see sheetFileBytes().
@@ -303,7 +303,7 @@ public:
 
     qint64 valuesLeftOut() const override { return leftOut_; }
 
-    QString finish(const TableReport& /*report*/) override {
+    Words finish(const TableReport& /*report*/) override {
         PlacedFile placed(file_);
         QFile file(placed.path());
         const QByteArray bytes = sheetFileBytes(sheet_, file_.name);

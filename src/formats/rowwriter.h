@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "formats/table.h"
 
 #include <memory>
@@ -28,8 +29,8 @@ class RowWriter {
 public:
     virtual ~RowWriter() = default;
 
-    virtual QString begin(const TableDescription& table) = 0;
-    virtual QString add(const TableRow& row) = 0;
+    virtual Words begin(const TableDescription& table) = 0;
+    virtual Words add(const TableRow& row) = 0;
 
     /// Something that happened while rows came, with the computer's time: it stands in the file's history, and of JSON
     /// Lines in an object of its own, {"note": ...}. Sheets and CSV on a device have no room for it.
@@ -39,7 +40,7 @@ public:
     virtual qint64 valuesLeftOut() const { return 0; }
 
     /// What the report says stands in the file too, where it has a place for it.
-    virtual QString finish(const TableReport& report) = 0;
+    virtual Words finish(const TableReport& report) = 0;
 };
 
 /// A file to be written.

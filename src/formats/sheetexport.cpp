@@ -85,10 +85,10 @@ TableDescription SheetExport::table() const {
     return table;
 }
 
-QString SheetExport::write(RowWriter& writer, TableReport& report) const {
+Words SheetExport::write(RowWriter& writer, TableReport& report) const {
     RowParser parser(table());
     parser.report.rowsLeftOut = sheet_.rowsOfOtherLayout();
-    QString reason = writer.begin(parser.table());
+    Words reason = writer.begin(parser.table());
     QByteArray cells;
     for (int row = sheet_.rowsOfOtherLayout(); row < sheet_.rowCount() && reason.isEmpty(); ++row) {
         cells.resize(0);
@@ -101,42 +101,42 @@ QString SheetExport::write(RowWriter& writer, TableReport& report) const {
 
 Task<> SheetExport::exportSheet() {
     link_.ports.debugsay(QStringLiteral("Export Spread Sheet"));
-    const QString title = QStringLiteral("Export");
+    const Words title = Words::tr("Export");
     const Question question = saveQuestion(title, shown_.fileName.value() + QLatin1String(".csv"),
-                                           QStringLiteral(".csv"), QStringLiteral("CSV or NetCDF (*.csv *.nc)"));
+                                           QStringLiteral(".csv"), Words::tr("CSV or NetCDF (*.csv *.nc)"));
     const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
         co_return;
     }
     const QString path = QFileInfo(name).absoluteFilePath();
     const auto format = formatOfName(name);
-    const auto failed = [&](const QString& reason) {
+    const auto failed = [&](const Words& reason) {
         link_.session.messages.show(
-            operatorWarning(QStringLiteral("The sheet could not be exported as %1: %2.\n\nIts rows are still on the "
-                                           "sheet.")
+            operatorWarning(Words::tr("The sheet could not be exported as %1: %2.\n\nIts rows are still on the "
+                                      "sheet.")
                                 .arg(path, reason),
                             title));
     };
     if (sheet_.type().layout() == RowLayout::Unknown) {
-        failed(QStringLiteral("it has no known type of instrument"));
+        failed(Words::tr("it has no known type of instrument"));
         co_return;
     }
     if (format != FileFormat::Csv && format != FileFormat::NetCdf) {
-        failed(QStringLiteral("choose a name that ends in .csv or .nc"));
+        failed(Words::tr("choose a name that ends in .csv or .nc"));
         co_return;
     }
     const auto writer = makeRowWriter(*format, {.name = name, .existing = OutputFile::Existing::Replace});
     TableReport report;
-    const QString reason = write(*writer, report);
+    const Words reason = write(*writer, report);
     if (!reason.isEmpty()) {
         failed(reason);
         co_return;
     }
-    const QStringList sentences = report.sentences();
+    const QList<Words> sentences = report.inWords();
     if (!sentences.isEmpty()) {
         link_.session.messages.show(
             {.title = title,
-             .text = QStringLiteral("%1 has been written.\n\n%2").arg(path, sentences.join(u'\n')),
+             .text = Words::tr("%1 has been written.\n\n%2").arg(path, join(sentences, QStringLiteral("\n"))),
              .icon = Message::Icon::Information});
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "settings/settings.h"
 #include "sheet/datasheet.h"
 
@@ -23,7 +24,7 @@ public:
     TableDescription table() const;
 
 private:
-    QString write(RowWriter& writer, TableReport& report) const;
+    Words write(RowWriter& writer, TableReport& report) const;
     bool wasMadeWith(const Conversion& conversion) const;
     bool hasCounts() const;
     bool isOfConnectedInstrument() const;

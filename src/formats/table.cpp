@@ -177,9 +177,6 @@ QString titleOf(const TableDescription& table) {
 namespace {
 
 /// "1 value" or "12 values".
-QString counted(qint64 count, const char* one, const char* many) {
-    return QStringLiteral("%1 %2").arg(QString::number(count), QString::fromLatin1(count == 1 ? one : many));
-}
 
 } // namespace
 
@@ -207,27 +204,45 @@ bool TableReport::isIncomplete() const {
            0;
 }
 
-QStringList TableReport::sentences() const {
-    QStringList all;
+QList<Words> TableReport::inWords() const {
+    QList<Words> all;
     const auto add = [&all](qint64 count, const char* one, const char* many) {
         if (count > 0) {
-            all << counted(count, one, many);
+            all << (count == 1 ? Words::tr(one) : Words::tr(many).arg(count));
         }
     };
-    add(unreadableTimes, "time could not be read and is missing.", "times could not be read and are missing.");
-    add(unreadableValues, "number could not be read and is missing.", "numbers could not be read and are missing.");
-    add(absentValues, "value was not there and is missing.", "values were not there and are missing.");
-    add(unreadableLines, "line could not be read as a row and is left out.",
-        "lines could not be read as rows and are left out.");
-    add(missingRecords, "record number is left out between rows.", "record numbers are left out between rows.");
-    add(rowsLeftOut, "row of another type of instrument is left out.",
-        "rows of another type of instrument are left out.");
+    add(unreadableTimes, QT_TRANSLATE_NOOP("orv", "1 time could not be read and is missing."),
+        QT_TRANSLATE_NOOP("orv", "%1 times could not be read and are missing."));
+    add(unreadableValues, QT_TRANSLATE_NOOP("orv", "1 number could not be read and is missing."),
+        QT_TRANSLATE_NOOP("orv", "%1 numbers could not be read and are missing."));
+    add(absentValues, QT_TRANSLATE_NOOP("orv", "1 value was not there and is missing."),
+        QT_TRANSLATE_NOOP("orv", "%1 values were not there and are missing."));
+    add(unreadableLines, QT_TRANSLATE_NOOP("orv", "1 line could not be read as a row and is left out."),
+        QT_TRANSLATE_NOOP("orv", "%1 lines could not be read as rows and are left out."));
+    add(missingRecords, QT_TRANSLATE_NOOP("orv", "1 record number is left out between rows."),
+        QT_TRANSLATE_NOOP("orv", "%1 record numbers are left out between rows."));
+    add(rowsLeftOut, QT_TRANSLATE_NOOP("orv", "1 row of another type of instrument is left out."),
+        QT_TRANSLATE_NOOP("orv", "%1 rows of another type of instrument are left out."));
     add(valuesLeftOut,
-        "last reference of the older TRX has no column in a sheet file and is left out; .csv, .nc and .jsonl have one.",
-        "last references of the older TRX have no column in a sheet file and are left out; .csv, .nc and .jsonl have "
-        "one.");
-    add(cutOffLines, "last line had no end and is left out.", "last lines had no end and are left out.");
-    return all + notes;
+        QT_TRANSLATE_NOOP("orv", "1 last reference of the older TRX has no column in a sheet file and is left out; "
+                                 ".csv, .nc and .jsonl have one."),
+        QT_TRANSLATE_NOOP("orv", "%1 last references of the older TRX have no column in a sheet file and are left out; "
+                                 ".csv, .nc and .jsonl have "
+                                 "one."));
+    add(cutOffLines, QT_TRANSLATE_NOOP("orv", "1 last line had no end and is left out."),
+        QT_TRANSLATE_NOOP("orv", "%1 last lines had no end and are left out."));
+    for (const QString& note : notes) {
+        all << note;
+    }
+    return all;
+}
+
+QStringList TableReport::sentences() const {
+    QStringList all;
+    for (const Words& sentence : inWords()) {
+        all << sentence.english();
+    }
+    return all;
 }
 
 } // namespace orv

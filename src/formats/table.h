@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "settings/loggersettings.h"
 #include "sheet/dataline.h"
 
@@ -114,7 +115,9 @@ struct TableReport {
     /// Adds what another part of the table brings.
     TableReport& operator+=(const TableReport& other);
 
-    /// The same in sentences, for the operator and for the file; empty if all is as it should be.
+    /// The same in sentences, for the operator; empty if all is as it should be.
+    QList<Words> inWords() const;
+    /// In English, for the file.
     QStringList sentences() const;
     /// Whether something that came is not in the table.
     bool isIncomplete() const;

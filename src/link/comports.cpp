@@ -39,7 +39,7 @@ QString ComPorts::nameOf(int portNumber) const {
 }
 
 /// Returns why the line could not be opened; empty: it is open.
-QString ComPorts::openLine(int portNumber, const Port* heldByOther, const QString& otherUse) {
+Words ComPorts::openLine(int portNumber, const Port* heldByOther, const Words& otherUse) {
     Line& wanted = line(portNumber);
     for (const Line& other : lines_) {
         if (heldByOther != nullptr && other.port.get() == heldByOther &&
@@ -53,18 +53,18 @@ QString ComPorts::openLine(int portNumber, const Port* heldByOther, const QStrin
     return wanted.port->open();
 }
 
-void ComPorts::tellThatItCouldNotBeOpened(const QString& what, const QString& reason) {
-    session_.messages.show(operatorWarning(QStringLiteral("%1 could not be opened.\n\n%2").arg(what, reason)));
+void ComPorts::tellThatItCouldNotBeOpened(const Words& what, const Words& reason) {
+    session_.messages.show(operatorWarning(Words::tr("%1 could not be opened.\n\n%2").arg(what, reason)));
 }
 
 bool ComPorts::open() {
     if (isOpen()) {
         return true;
     }
-    const QString reason = openLine(
+    const Words reason = openLine(
         selected_, debugPort_,
-        QStringLiteral("The debug output (\"Comm 2 Debug Output\") is using it. Connect the instrument to the other "
-                       "port, or clear the box."));
+        Words::tr("The debug output (\"Comm 2 Debug Output\") is using it. Connect the instrument to the other "
+                  "port, or clear the box."));
     if (!reason.isEmpty()) {
         passed.tell({.kind = LineEvent::Kind::NotOpened, .text = reason});
         tellThatItCouldNotBeOpened(nameOf(selected_), reason);
@@ -132,7 +132,7 @@ bool ComPorts::checkFailure() {
     if (!isOpen()) {
         return false;
     }
-    const QString reason = instrument_->failure();
+    const Words reason = instrument_->failure();
     if (reason.isEmpty()) {
         return false;
     }
@@ -140,9 +140,9 @@ bool ComPorts::checkFailure() {
     passed.tell({.kind = LineEvent::Kind::Failed, .text = reason});
     close();
     portFailed.tell();
-    const auto lost = QStringLiteral("The connection on %1 was lost.\n\n%2\n\n").arg(name, reason);
-    session_.messages.show(withoutWindow(operatorWarning(lost + QStringLiteral("All rows received so far are kept. "
-                                                                               "Check the cable, then connect again.")),
+    const auto lost = Words::tr("The connection on %1 was lost.\n\n%2\n\n").arg(name, reason);
+    session_.messages.show(withoutWindow(operatorWarning(lost + Words::tr("All rows received so far are kept. "
+                                                                          "Check the cable, then connect again.")),
                                          lost + QStringLiteral("Look at the cable and the adapter.")));
     return true;
 }
@@ -151,13 +151,15 @@ bool ComPorts::openDebugPort() {
     if (isDebugPortOpen()) {
         return true;
     }
-    QString reason = openLine(
-        debugPortNumber, instrument_,
-        QStringLiteral("The instrument is connected on it. Use \"Close Port\" first, or connect the instrument to "
-                       "COM 1."));
+    Words reason =
+        openLine(debugPortNumber, instrument_,
+                 Words::tr("The instrument is connected on it. Use \"Close Port\" first, or connect the instrument to "
+                           "COM 1."));
     if (!reason.isEmpty()) {
-        reason.replace(QLatin1String(Port::tryAgainWords), QLatin1String("tick \"Comm 2 Debug Output\" again"));
-        tellThatItCouldNotBeOpened(QStringLiteral("The debug output on %1").arg(nameOf(debugPortNumber)), reason);
+        const Words again = Words::tr(Port::tryAgainWords);
+        const Words tick = Words::tr("tick \"Comm 2 Debug Output\" again");
+        reason = {reason.english().replace(again, tick), QString(reason.shown()).replace(again.shown(), tick.shown())};
+        tellThatItCouldNotBeOpened(Words::tr("The debug output on %1").arg(nameOf(debugPortNumber)), reason);
         return false;
     }
     debugPort_ = line(debugPortNumber).port.get();
@@ -178,7 +180,7 @@ void ComPorts::debugsay(const QString& text) {
     if (!debug_.comm2Output || debugPort_ == nullptr) {
         return;
     }
-    const QString reason = debugPort_->failure();
+    const Words reason = debugPort_->failure();
     if (reason.isEmpty()) {
         debugPort_->write(text.toLatin1() + '\r');
         return;
@@ -186,8 +188,8 @@ void ComPorts::debugsay(const QString& text) {
     closeDebugPort();
     debug_.comm2Output = false;
     session_.messages.show(
-        operatorWarning(QStringLiteral("The debug output on COM 2 has stopped.\n\n%1\n\nTick \"Comm 2 Debug "
-                                       "Output\" to try again.")
+        operatorWarning(Words::tr("The debug output on COM 2 has stopped.\n\n%1\n\nTick \"Comm 2 Debug "
+                                  "Output\" to try again.")
                             .arg(reason)));
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/observe.h"
+#include "base/words.h"
 #include "link/debug.h"
 #include "link/port.h"
 #include "link/session.h"
@@ -112,8 +113,8 @@ private:
     Line& line(int portNumber) { return lines_.at(static_cast<std::size_t>(portNumber - 1)); }
     const Line& line(int portNumber) const { return lines_.at(static_cast<std::size_t>(portNumber - 1)); }
     void setUse(const Port* port, PortUse use);
-    QString openLine(int portNumber, const Port* heldByOther, const QString& otherUse);
-    void tellThatItCouldNotBeOpened(const QString& what, const QString& reason);
+    Words openLine(int portNumber, const Port* heldByOther, const Words& otherUse);
+    void tellThatItCouldNotBeOpened(const Words& what, const Words& reason);
 
     Session& session_;
     DebugState& debug_;

@@ -2,6 +2,7 @@
 #include "link/connection.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <algorithm>
 #include <utility>
@@ -26,8 +27,8 @@ Connection::Connection(Session& session, DebugState& debug, ComPorts& ports, Wai
     // A line that fails while open ends like a reset; what was received stays.
     , portFailed_(ports.portFailed.subscribe([this] {
         fixit();
-        session_.status.failure = QStringLiteral("%1 was lost. Check the cable, then press Connect.")
-                                      .arg(ports_.nameOf(ports_.selectedPort()));
+        session_.status.failure =
+            Words::tr("%1 was lost. Check the cable, then press Connect.").arg(ports_.nameOf(ports_.selectedPort()));
     })) {
     for (const int portNumber : {1, 2}) {
         PortCommand& command = portCommands_.at(static_cast<std::size_t>(portNumber - 1));
@@ -50,7 +51,7 @@ void Connection::autoConnect(int portNumber) {
 }
 
 void Connection::autoConnect1() {
-    procedures_.start(QStringLiteral("Auto Connect Comm 1"), [this] { return autoOpen1(); });
+    procedures_.start(Words::tr("Auto Connect Comm 1"), [this] { return autoOpen1(); });
 }
 
 Task<> Connection::autoOpen1() {
@@ -64,7 +65,7 @@ Task<> Connection::autoOpen1() {
 }
 
 void Connection::autoConnect2() {
-    procedures_.start(QStringLiteral("Auto Connect Comm 2"), [this] { return autoOpen2(); });
+    procedures_.start(Words::tr("Auto Connect Comm 2"), [this] { return autoOpen2(); });
 }
 
 Task<> Connection::autoOpen2() {
@@ -165,7 +166,7 @@ Task<> Connection::openprt() {
     if (port != 0) {
         ports_.selectPort(port);
     }
-    session_.status.status = QStringLiteral("Connecting...");
+    session_.status.status = Words::tr("Connecting...");
     session_.status.failure = QString();
     enableCommands(true);
     co_await presets();
@@ -184,7 +185,7 @@ void Connection::goOffline() {
     state.Rtn = QStringLiteral("wakeup!!!");
     state.Ctrlscrn = Operation::Idle;
     state.Tmr = 1;
-    session_.status.status = QStringLiteral("Offline");
+    session_.status.status = Words::tr("Offline");
     session_.status.failure = QString();
 }
 
@@ -207,8 +208,8 @@ Task<> Connection::presets() {
     SessionState& state = session_.state;
     if (!ports_.open()) {
         fixit();
-        session_.status.failure = QStringLiteral("%1 could not be opened. Choose another port or free this one, then "
-                                                 "press Connect.")
+        session_.status.failure = Words::tr("%1 could not be opened. Choose another port or free this one, then "
+                                            "press Connect.")
                                       .arg(ports_.nameOf(ports_.selectedPort()));
         throw ConnectionEnded();
     }
@@ -293,9 +294,9 @@ void Connection::attemptFailed() {
         session_.state.Portused = static_cast<quint8>(ConnectItems::portNumber(*item));
     }
     const int port = ports_.selectedPort();
-    session_.status.status = QStringLiteral("No answer from COM %1").arg(port);
+    session_.status.status = Words::tr("No answer from COM %1").arg(port);
     session_.status.failure =
-        QStringLiteral("No answer from %1 within %2 s. Check power and cable, press Quit, connect again.")
+        Words::tr("No answer from %1 within %2 s. Check power and cable, press Quit, connect again.")
             .arg(ports_.nameOf(port))
             .arg(attemptLimit / 1000);
     manualWanted.tell();
@@ -315,7 +316,7 @@ void Connection::abortrun() {
     const int port = ConnectItems::portNumber(item);
     if (item == ConnectItems::Auto1 || item == ConnectItems::Auto2) {
         ports_.debugsay(QStringLiteral("Passed fix it for comm%1").arg(port));
-        procedures_.start(QStringLiteral("Reset"), [this, port] { return openport(port); });
+        procedures_.start(Words::tr("Reset"), [this, port] { return openport(port); });
     } else {
         session_.state.Portused = static_cast<quint8>(port);
         manualWanted.tell();

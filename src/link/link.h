@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/files.h"
+#include "base/words.h"
 #include "link/connection.h"
 #include "link/manualconnection.h"
 #include "link/ownfiles.h"
@@ -20,7 +21,7 @@ struct Link {
         ComPorts::PortMaker makePort;
         PortList* portList = nullptr; ///< Null: this computer has no ports.
         /// What is wrong with a device name; the empty text if nothing is.
-        std::function<QString(const QString& device)> deviceProblem = [](const QString&) { return QString(); };
+        std::function<Words(const QString& device)> deviceProblem = [](const QString&) { return Words(); };
         /// Free bytes on the disk of the working directory; nothing if that cannot be known.
         std::function<std::optional<qint64>()> freeSpace = freeSpaceHere;
     };

@@ -7,19 +7,17 @@ namespace orv {
 
 namespace {
 
-QString manualText(int portNumber) {
-    return QStringLiteral(
-               "To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess "
-               "click Quit")
+Words manualText(int portNumber) {
+    return Words::tr("To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess "
+                     "click Quit")
         .arg(portNumber);
 }
 
-QString failureText(int portNumber) {
+Words failureText(int portNumber) {
     // Six blanks after "Failed!" are this message's own layout.
-    return QStringLiteral(
-               "Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that "
-               "power is supplied to the instrument, and that you selected the right Comm Port. Click Retry "
-               "when ready.")
+    return Words::tr("Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that "
+                     "power is supplied to the instrument, and that you selected the right Comm Port. Click Retry "
+                     "when ready.")
         .arg(portNumber);
 }
 
@@ -32,11 +30,11 @@ ManualConnection::ManualConnection(Session& session, Connection& connection, Pro
     , wanted_(connection.manualWanted.subscribe([this] { show(); })) {
     shown.reason.setBinding([this] {
         if (procedures_.running) {
-            return QStringLiteral("An attempt is under way.");
+            return Words::tr("An attempt is under way.");
         }
         return session_.commands.portOpen
-                   ? QStringLiteral("The port is still open, so this would do nothing. Press Quit, then connect again.")
-                   : QString();
+                   ? Words::tr("The port is still open, so this would do nothing. Press Quit, then connect again.")
+                   : Words();
     });
     shown.canStart.setBinding([this] { return shown.startEnabled.value() && shown.reason.value().isEmpty(); });
     shown.canRetry.setBinding([this] { return shown.retryEnabled.value() && shown.reason.value().isEmpty(); });
@@ -49,7 +47,7 @@ void ManualConnection::show() {
     shown.proceedVisible = true;
     shown.retryEnabled = true;
     const ConnectItems& items = connection_.items;
-    QString text;
+    Words text;
     if (items.checked(ConnectItems::Manual1)) {
         text = manualText(1);
     } else if (items.checked(ConnectItems::Manual2)) {
@@ -70,16 +68,16 @@ void ManualConnection::hide() {
 void ManualConnection::proceed() {
     shown.proceedVisible = false;
     shown.startVisible = true;
-    shown.text = QStringLiteral("Shut power off of sensor. Press (Start) then turn power on.");
+    shown.text = Words::tr("Shut power off of sensor. Press (Start) then turn power on.");
 }
 
 void ManualConnection::start() {
-    procedures_.start(QStringLiteral("Manual Connect"), [this] { return seek(); });
+    procedures_.start(Words::tr("Manual Connect"), [this] { return seek(); });
 }
 
 Task<> ManualConnection::seek() {
     session_.state.Seeking = 1;
-    session_.status.notice = QStringLiteral("Waiting for the instrument. \"Quit\" in the dialog ends it.");
+    session_.status.notice = Words::tr("Waiting for the instrument. \"Quit\" in the dialog ends it.");
     shown.seeking = true;
     shown.retryEnabled = false;
     shown.startEnabled = false;
@@ -99,8 +97,7 @@ Task<> ManualConnection::seek() {
 void ManualConnection::retry() {
     // A failed automatic attempt leaves the port open, and an open port is not opened again: the way on is "Quit",
     // "Reset" or "Close Port".
-    procedures_.start(QStringLiteral("Manual Connect"),
-                      [this] { return connection_.openport(session_.state.Portused); });
+    procedures_.start(Words::tr("Manual Connect"), [this] { return connection_.openport(session_.state.Portused); });
 }
 
 void ManualConnection::quit() {

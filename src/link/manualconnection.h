@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "link/connection.h"
 
 #include <QProperty>
@@ -11,7 +12,7 @@ namespace orv {
 /// What the "Manual Connection" dialog shows.
 struct ManualConnectionState {
     QProperty<bool> visible{false};
-    QProperty<QString> text;
+    QProperty<Words> text;
     QProperty<bool> startVisible{false};
     QProperty<bool> startEnabled{true};
     QProperty<bool> proceedVisible{true};
@@ -22,7 +23,7 @@ struct ManualConnectionState {
     /// nothing, and `reason` says so; it is empty otherwise.
     QProperty<bool> canStart;
     QProperty<bool> canRetry;
-    QProperty<QString> reason;
+    QProperty<Words> reason;
 };
 
 /// The "Manual Connection" dialog: lets the operator connect with a power cycle, by hand or after a failed attempt.
@@ -46,7 +47,7 @@ public:
     void closed();
 
     /// Why the dialog has been shown, if an attempt or a connection ended by itself.
-    const QProperty<QString>& failure() const { return session_.status.failure; }
+    const QProperty<Words>& failure() const { return session_.status.failure; }
 
     ManualConnectionState shown;
 

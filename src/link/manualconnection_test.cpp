@@ -99,7 +99,7 @@ TEST_F(ManualConnection, saysWhileItSeeksThatTheDialogEndsIt) {
     };
     for (const auto& end : ends) {
         ProgramRig rig;
-        const QProperty<QString>& notice = rig.status.notice;
+        const QProperty<Words>& notice = rig.status.notice;
         rig.program.manualConnect(1);
         EXPECT_EQ(notice.value().toStdString(), "");
         rig.manual.proceed();

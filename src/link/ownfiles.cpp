@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/ownfiles.h"
 
+#include "base/words.h"
 #include "link/poll.h"
 
 #include <QFileInfo>
@@ -44,8 +45,8 @@ Subscription OwnFilesKept::ask(const Question& question, Answered given) {
         const bool own = question.kind == Question::Kind::SaveName && !answer.isEmpty() && isOwn(answer);
         if (own) {
             session_.messages.show(
-                operatorWarning(QStringLiteral("%1 is a file that this program writes itself while it runs, so "
-                                               "nothing can be saved there.\n\nSave again under another name.")
+                operatorWarning(Words::tr("%1 is a file that this program writes itself while it runs, so "
+                                          "nothing can be saved there.\n\nSave again under another name.")
                                     .arg(QFileInfo(answer).absoluteFilePath()),
                                 question.title));
         }

@@ -38,7 +38,7 @@ QString ProgramLog::write(const QByteArray& block) {
     if (!isBegun_) {
         return {};
     }
-    QString reason = file_.isOpen() ? appendWhole(file_, line) : errorText(file_);
+    Words reason = file_.isOpen() ? appendWhole(file_, line) : errorText(file_);
     const bool isTold = std::exchange(failureTold_, !reason.isEmpty());
     return isTold ? QString() : reason;
 }
@@ -116,29 +116,28 @@ QString Poll::quary() {
 }
 
 void Poll::writeLog(const QByteArray& block) {
-    const QString reason = log.write(block);
+    const Words reason = log.write(block);
     const QString& name = session_.fileNames.log;
     if (!reason.isEmpty()) {
-        session_.messages.show(
-            operatorWarning(QStringLiteral("The log file %1 can no longer be written: %2.\n\nThe "
-                                           "program goes on; make room on the disk so that the log is "
-                                           "complete again.")
-                                .arg(name, reason)));
+        session_.messages.show(operatorWarning(Words::tr("The log file %1 can no longer be written: %2.\n\nThe "
+                                                         "program goes on; make room on the disk so that the log is "
+                                                         "complete again.")
+                                                   .arg(name, reason)));
     }
     const ProgramLog::Anew anew = log.takeAnew();
     if (anew.begun) {
         session_.messages.show(
             {.title = programTitle(),
-             .text = QStringLiteral("The log file %1 has become long and goes on in a new file. What was received "
-                                    "before is in %2.\n\nFrom now on this is done without a word, and only the "
-                                    "newest of the older files is kept. Copy them if you need more.")
+             .text = Words::tr("The log file %1 has become long and goes on in a new file. What was received "
+                               "before is in %2.\n\nFrom now on this is done without a word, and only the "
+                               "newest of the older files is kept. Copy them if you need more.")
                          .arg(name, ProgramLog::olderPath(name)),
              .icon = Message::Icon::Information});
     } else if (!anew.reason.isEmpty()) {
         session_.messages.show(
-            operatorWarning(QStringLiteral("The log file %1 has become long, and no new one could be begun: %2.\n\nThe "
-                                           "program goes on. Make room in the folder, and start the program again "
-                                           "when you can.")
+            operatorWarning(Words::tr("The log file %1 has become long, and no new one could be begun: %2.\n\nThe "
+                                      "program goes on. Make room in the folder, and start the program again "
+                                      "when you can.")
                                 .arg(name, anew.reason)));
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "link/comports.h"
 
 #include <QByteArray>
@@ -34,7 +35,7 @@ public:
 
     struct Anew {
         bool begun = false; ///< For the first time.
-        QString reason;     ///< Why it could not be; the file then grows on, and it is tried again when it has doubled.
+        Words reason;       ///< Why it could not be; the file then grows on, and it is tried again when it has doubled.
     };
     /// What the last write() made of a file that had become too long.
     Anew takeAnew() { return std::exchange(anew_, {}); }

@@ -449,7 +449,7 @@ TEST_F(PollTest, tellsInTheSystemsWordsThatTheLogTookABlockInPartAndLeavesThatOu
 /// A line that is always open and notes what the poll expects.
 class ExpectingPort final : public Port {
 public:
-    QString open() override { return {}; }
+    Words open() override { return {}; }
     void close() override {}
     bool isOpen() const override { return true; }
     void setDataTerminalReady(bool /*on*/) override {}
@@ -457,7 +457,7 @@ public:
     void write(const QByteArray& /*bytes*/) override {}
     QByteArray discardInput() override { return std::exchange(input, {}); }
     qsizetype inputCount() override { return input.size(); }
-    QString failure() const override { return {}; }
+    Words failure() const override { return {}; }
     void expectRestOfLine(qsizetype characters) override { expected = characters; }
 
     QByteArray input;

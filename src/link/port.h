@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/observe.h"
+#include "base/words.h"
 
 #include <QByteArray>
 #include <QFileInfo>
@@ -17,7 +18,7 @@ namespace orv {
 /// there is something to read, and when a line breaks while it is open, which failure() then explains.
 class Port {
 public:
-    static constexpr const char* tryAgainWords = "connect again";
+    static constexpr const char* tryAgainWords = QT_TRANSLATE_NOOP("orv", "connect again");
 
     Port() = default;
     Port(const Port&) = delete;
@@ -26,7 +27,7 @@ public:
 
     /// Opens the line with DTR off. Returns the empty text, or why it could not be opened and what to do next, in
     /// plain words and whole sentences; to try again is called `tryAgainWords` there.
-    virtual QString open() = 0;
+    virtual Words open() = 0;
 
     /// Closes the line; nothing happens if it is closed.
     virtual void close() = 0;
@@ -55,7 +56,7 @@ public:
     virtual void expectRestOfLine(qsizetype /*characters*/) {}
 
     /// Why an open line no longer works (unplugged, far end gone); empty while it does. Stays until the next open().
-    virtual QString failure() const = 0;
+    virtual Words failure() const = 0;
 
     /// Told from the event loop, never inside a call, after characters have come to an open line from which everything
     /// had been read, and after it has failed; perhaps more often.

@@ -41,15 +41,13 @@ QString describe(const ListedPort& port) {
     return QStringLiteral("%1, %2").arg(description, manufacturer);
 }
 
-QString lockReason(int portNumber, PortUse use) {
+Words lockReason(int portNumber, PortUse use) {
     switch (use) {
     case PortUse::Instrument:
-        return QStringLiteral(
-                   "COM %1 is open. \"Close Port\" in the menu \"Operation\" lets you choose another device.")
+        return Words::tr("COM %1 is open. \"Close Port\" in the menu \"Operation\" lets you choose another device.")
             .arg(portNumber);
     case PortUse::DebugOutput:
-        return QStringLiteral(
-                   "The debug output uses COM %1. Clear \"Comm 2 Debug Output\" on the debug screen to free it.")
+        return Words::tr("The debug output uses COM %1. Clear \"Comm 2 Debug Output\" on the debug screen to free it.")
             .arg(portNumber);
     case PortUse::None:
         break;
@@ -57,28 +55,26 @@ QString lockReason(int portNumber, PortUse use) {
     return {};
 }
 
-QString simulationText(const ComPorts& ports) {
+Words simulationText(const ComPorts& ports) {
     const bool one = isSimulatedDevice(ports.chosenDevice(1).value());
     const bool two = isSimulatedDevice(ports.chosenDevice(2).value());
-    const auto on = [](const char* where) {
-        return QStringLiteral("Simulated instrument on %1").arg(QLatin1String(where));
-    };
+    const auto on = [](const char* where) { return Words::tr("Simulated instrument on %1").arg(QLatin1String(where)); };
     if (ports.use(1).value() == PortUse::Instrument) {
-        return one ? on("COM 1") : QString();
+        return one ? on("COM 1") : Words();
     }
     if (ports.use(2).value() == PortUse::Instrument) {
-        return two ? on("COM 2") : QString();
+        return two ? on("COM 2") : Words();
     }
     if (one && two) {
-        return QStringLiteral("Simulated instruments on COM 1 and COM 2");
+        return Words::tr("Simulated instruments on COM 1 and COM 2");
     }
-    return one ? on("COM 1") : two ? on("COM 2") : QString();
+    return one ? on("COM 1") : two ? on("COM 2") : Words();
 }
 
 } // namespace
 
 PortChoices::PortChoices(ComPorts& comPorts, PortList* portList,
-                         std::function<QString(const QString& device)> deviceProblem)
+                         std::function<Words(const QString& device)> deviceProblem)
     : ports_(comPorts)
     , portList_(portList)
     , deviceProblem_(std::move(deviceProblem)) {
@@ -91,8 +87,8 @@ PortChoices::PortChoices(ComPorts& comPorts, PortList* portList,
         chooser.gone.setBinding([this, &chooser, &known] {
             const QString device = chooser.device;
             return listed_.value() && known.value() == device && !device.isEmpty() && !isListed(device)
-                       ? QStringLiteral("%1 is not there now. Plug it in, or choose another port.").arg(device)
-                       : QString();
+                       ? Words::tr("%1 is not there now. Plug it in, or choose another port.").arg(device)
+                       : Words();
         });
         // What is open now is the device in force: an older complaint would only mislead.
         notifiers_.push_back(chooser.lock.addNotifier([&chooser] { chooser.problem = QString(); }));
@@ -105,8 +101,8 @@ PortChoices::PortChoices(ComPorts& comPorts, PortList* portList,
         return nothingChosen_.value() && noAdapter_.value() && ports.use(1).value() == PortUse::None &&
                ports.use(2).value() != PortUse::Instrument;
     });
-    shown.list = {{.device = QStringLiteral("sim:trx"), .description = QStringLiteral("simulated scattering meter")},
-                  {.device = QStringLiteral("sim:glow"), .description = QStringLiteral("simulated fluorometer")}};
+    shown.list = {{.device = QStringLiteral("sim:trx"), .description = Words::tr("simulated scattering meter")},
+                  {.device = QStringLiteral("sim:glow"), .description = Words::tr("simulated fluorometer")}};
 }
 
 void PortChoices::refresh() {
@@ -171,11 +167,11 @@ void PortChoices::refreshIfChanged() {
     }
 }
 
-QString PortChoices::problemOf(int portNumber, const QString& device) const {
+Words PortChoices::problemOf(int portNumber, const QString& device) const {
     const int otherNumber = 3 - portNumber;
-    QString problem = deviceProblem_(device);
+    Words problem = deviceProblem_(device);
     if (problem.isEmpty() && sameDevice(device, ports_.device(otherNumber))) {
-        problem = QStringLiteral("COM %1 is set to %2 already. Choose another device here, or change COM %1 first.")
+        problem = Words::tr("COM %1 is set to %2 already. Choose another device here, or change COM %1 first.")
                       .arg(QString::number(otherNumber), ports_.device(otherNumber));
     }
     return problem;
@@ -188,13 +184,13 @@ void PortChoices::choose(int portNumber, const QString& device) {
     PortChoiceState::Chooser& chooser = shown[portNumber];
     const QString wanted = device.trimmed();
     const QString inForce = ports_.device(portNumber);
-    const QString problem = wanted == inForce ? QString() : problemOf(portNumber, wanted);
+    const Words problem = wanted == inForce ? Words() : problemOf(portNumber, wanted);
     if (problem.isEmpty()) {
         nothingChosen_ = nothingChosen_ && wanted == inForce; // leaving the box is no choice
         ports_.setDevice(portNumber, wanted);
         chooser.problem = QString();
     } else {
-        chooser.problem = QStringLiteral("%1 COM %2 stays %3.").arg(problem, QString::number(portNumber), inForce);
+        chooser.problem = Words::tr("%1 COM %2 stays %3.").arg(problem, QString::number(portNumber), inForce);
     }
 }
 

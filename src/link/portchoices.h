@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "link/comports.h"
 #include "link/port.h"
 
@@ -16,7 +17,7 @@ namespace orv {
 /// A device that is offered for COM 1 and COM 2.
 struct PortChoice {
     QString device;
-    QString description; ///< In plain words; may be empty.
+    Words description; ///< In plain words; may be empty.
 
     bool operator==(const PortChoice&) const = default;
 };
@@ -24,18 +25,18 @@ struct PortChoice {
 /// What the choosers of COM 1 and COM 2 show.
 struct PortChoiceState {
     struct Chooser {
-        QProperty<QString> device;  ///< The device in force.
-        QProperty<QString> problem; ///< Why what was chosen last is not in force; empty: it is.
-        QProperty<QString> lock;    ///< Why the device cannot be changed now; empty: it can.
+        QProperty<QString> device; ///< The device in force.
+        QProperty<Words> problem;  ///< Why what was chosen last is not in force; empty: it is.
+        QProperty<Words> lock;     ///< Why the device cannot be changed now; empty: it can.
         /// Says that the device has been a port of this computer and is none now; empty otherwise.
-        QProperty<QString> gone;
+        QProperty<Words> gone;
     };
 
     /// The system's ports in the order of their names and numbers, then the simulated instruments.
     QProperty<QList<PortChoice>> list;
     std::array<Chooser, 2> choosers;
     /// Says that what is connected is simulated; while nothing is connected, which ports would be. Empty: none.
-    QProperty<QString> simulation;
+    QProperty<Words> simulation;
     /// Nobody has chosen a device, no adapter is plugged in and nothing is connected: a simulated instrument can be
     /// tried.
     QProperty<bool> offersSimulation;
@@ -50,7 +51,7 @@ class PortChoices {
 public:
     /// `portList` is null where this computer has no ports. `deviceProblem` says what is wrong with a device name; the
     /// empty text if nothing is.
-    PortChoices(ComPorts& ports, PortList* portList, std::function<QString(const QString& device)> deviceProblem);
+    PortChoices(ComPorts& ports, PortList* portList, std::function<Words(const QString& device)> deviceProblem);
 
     /// Brings the list up to date.
     void refresh();
@@ -74,11 +75,11 @@ public:
 private:
     bool isListed(const QString& device) const;
     void takeAdapter(const std::vector<ListedPort>& ports);
-    QString problemOf(int portNumber, const QString& device) const;
+    Words problemOf(int portNumber, const QString& device) const;
 
     ComPorts& ports_;
     PortList* portList_;
-    std::function<QString(const QString& device)> deviceProblem_;
+    std::function<Words(const QString& device)> deviceProblem_;
     QProperty<bool> nothingChosen_{false};
     std::array<QProperty<QString>, 2> known_; ///< A device that has been a port of this computer, for each port.
     QProperty<bool> listed_{false};           ///< The computer's ports are known.

@@ -7,23 +7,23 @@
 
 namespace orv {
 
-void Procedures::start(const QString& operation, const Procedure& procedure) {
+void Procedures::start(const Words& operation, const Procedure& procedure) {
     if (isIdle()) {
         runAlone(operation, procedure);
     }
 }
 
-void Procedures::startBeside(const QString& operation, const Procedure& procedure) {
+void Procedures::startBeside(const Words& operation, const Procedure& procedure) {
     run(operation, procedure);
 }
 
-Task<> Procedures::runAlone(QString operation, Procedure procedure) {
+Task<> Procedures::runAlone(Words operation, Procedure procedure) {
     running = true;
     co_await run(operation, procedure);
     running = false;
 }
 
-Task<> Procedures::run(QString operation, Procedure procedure) {
+Task<> Procedures::run(Words operation, Procedure procedure) {
     try {
         co_await procedure();
     } catch (const ConnectionEnded&) {
@@ -31,9 +31,9 @@ Task<> Procedures::run(QString operation, Procedure procedure) {
     } catch (const RuntimeError& error) {
         session_.messages.show(runtimeErrorMessage(error, operation));
     } catch (const std::exception& error) {
-        const auto ended = QStringLiteral("%1 has ended: %2.\n\n").arg(operation, QString::fromLocal8Bit(error.what()));
+        const auto ended = Words::tr("%1 has ended: %2.\n\n").arg(operation, QString::fromLocal8Bit(error.what()));
         session_.messages.show(
-            withoutWindow(operatorWarning(ended + QStringLiteral("Save the sheet and start the program again.")),
+            withoutWindow(operatorWarning(ended + Words::tr("Save the sheet and start the program again.")),
                           ended + QStringLiteral("Try again.")));
     }
 }

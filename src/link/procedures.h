@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "link/session.h"
 #include "link/waits.h"
 
@@ -19,10 +20,10 @@ public:
         : session_(session) {}
 
     /// Starts a procedure that has the instrument for itself. Nothing happens while another has it.
-    void start(const QString& operation, const Procedure& procedure);
+    void start(const Words& operation, const Procedure& procedure);
 
     /// Starts what needs nothing but the operator's answers; it runs beside everything else.
-    void startBeside(const QString& operation, const Procedure& procedure);
+    void startBeside(const Words& operation, const Procedure& procedure);
 
     /// No procedure has the instrument.
     bool isIdle() const { return !running; }
@@ -30,8 +31,8 @@ public:
     QProperty<bool> running{false}; ///< A procedure has the instrument.
 
 private:
-    Task<> run(QString operation, Procedure procedure);
-    Task<> runAlone(QString operation, Procedure procedure);
+    Task<> run(Words operation, Procedure procedure);
+    Task<> runAlone(Words operation, Procedure procedure);
 
     Session& session_;
 };

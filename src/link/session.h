@@ -3,6 +3,7 @@
 
 #include "base/clock.h"
 #include "base/operator.h"
+#include "base/words.h"
 
 #include <QProperty>
 #include <QString>
@@ -62,21 +63,21 @@ struct StatusState {
     static QString unknownShort() { return QStringLiteral("________"); }
     static QString unknownLong() { return QStringLiteral("________________"); }
 
-    QProperty<QString> status{QStringLiteral("Offline")};
+    QProperty<Words> status{Words::tr("Offline")};
     QProperty<QString> firmware{unknownShort()};                   ///< What the wake-up's reply says of it.
     QProperty<InstrumentType> instrument{InstrumentType::Unknown}; ///< Known once identified.
     QProperty<QString> date{unknownLong()};                        ///< The instrument's date at the last clock reply.
     QProperty<QString> time{unknownLong()};                        ///< The instrument's time at the last clock reply.
     /// Seconds by which the instrument's clock was ahead of the computer's at that reply; it ticks every 4/3 s.
     QProperty<std::optional<qint64>> clockOffset;
-    QProperty<int> bufferCount{0};       ///< Characters received and not yet consumed as a line.
-    QProperty<QString> shutterProgress;  ///< `Text38`.
-    QProperty<QString> shutterCountdown; ///< Seconds left of the shutter's long wait; empty otherwise.
+    QProperty<int> bufferCount{0};     ///< Characters received and not yet consumed as a line.
+    QProperty<Words> shutterProgress;  ///< `Text38`.
+    QProperty<Words> shutterCountdown; ///< Seconds left of the shutter's long wait; empty otherwise.
     QProperty<QString> downloadedBytes{QStringLiteral("0")}; ///< Size of the last whole download.
-    QProperty<QString> notice; ///< A remark beside the status that needs no answer; empty most of the time.
+    QProperty<Words> notice; ///< A remark beside the status that needs no answer; empty most of the time.
     /// Why the last attempt to connect or the last connection ended by itself, and what to do now; empty from the next
     /// attempt on, and after "Close Port", "Reset" and "Quit" of the dialog.
-    QProperty<QString> failure;
+    QProperty<Words> failure;
 };
 
 /// The long operation under way, if any.

@@ -21,30 +21,29 @@
 
 namespace orv {
 
-QString explainOpenFailure(const OpenFailureFacts& facts) {
+Words explainOpenFailure(const OpenFailureFacts& facts) {
     if (!facts.exists) {
-        return QStringLiteral(
-            "There is no such device. Plug the adapter in, check the device's name, and connect again.");
+        return Words::tr("There is no such device. Plug the adapter in, check the device's name, and connect again.");
     }
     if (!facts.isSerialDevice) {
-        return QStringLiteral("It is not a serial port. Choose the device of the serial adapter and connect again.");
+        return Words::tr("It is not a serial port. Choose the device of the serial adapter and connect again.");
     }
     if (!facts.accessible) {
         const QString group = facts.group.isEmpty() ? QStringLiteral("dialout") : facts.group;
-        return QStringLiteral("You have no permission to use it. Ask for your user to be added to the group \"%1\" "
-                              "(sudo usermod -aG %1 $USER), log out and in again, then connect again.")
+        return Words::tr("You have no permission to use it. Ask for your user to be added to the group \"%1\" "
+                         "(sudo usermod -aG %1 $USER), log out and in again, then connect again.")
             .arg(group);
     }
     if (facts.busy) {
-        const QString holder = facts.lockedBy.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(facts.lockedBy);
-        return QStringLiteral("It is used by another program%1. Close that program, then connect again.").arg(holder);
+        const Words holder = facts.lockedBy.isEmpty() ? Words() : Words(QStringLiteral(" (%1)")).arg(facts.lockedBy);
+        return Words::tr("It is used by another program%1. Close that program, then connect again.").arg(holder);
     }
     if (!facts.lockFolderWritable) {
-        return QStringLiteral("The lock file that keeps other programs off the port cannot be written in %1. Ask for "
-                              "write permission to that folder, log out and in again, then connect again.")
+        return Words::tr("The lock file that keeps other programs off the port cannot be written in %1. Ask for "
+                         "write permission to that folder, log out and in again, then connect again.")
             .arg(facts.lockFolder);
     }
-    return QStringLiteral("The system says: %1. Unplug the adapter and plug it in again, then connect again.")
+    return Words::tr("The system says: %1. Unplug the adapter and plug it in again, then connect again.")
         .arg(facts.systemText);
 }
 
@@ -101,8 +100,8 @@ QString lockFilePath(const QString& folder, const QString& device) {
 }
 
 /// "tio, process 4711", or without a name "process 4711".
-QString holderText(const QString& program, const QString& process) {
-    const QString number = QStringLiteral("process ") + process;
+Words holderText(const QString& program, const QString& process) {
+    const Words number = Words::tr("process %1").arg(process);
     return program.isEmpty() ? number : program + QStringLiteral(", ") + number;
 }
 
@@ -191,7 +190,7 @@ void SystemPort::tellStirred() {
         &port_, [this] { stirred.tell(); }, Qt::QueuedConnection);
 }
 
-QString SystemPort::open() {
+Words SystemPort::open() {
     if (port_.isOpen()) {
         return {};
     }
@@ -206,7 +205,7 @@ QString SystemPort::open() {
                         port_.setDataBits(QSerialPort::Data8) && port_.setParity(QSerialPort::NoParity) &&
                         port_.setStopBits(QSerialPort::OneStop) && port_.setFlowControl(QSerialPort::NoFlowControl);
     if (!opened) {
-        QString reason = openFailure();
+        Words reason = openFailure();
         port_.close();
         return reason;
     }
@@ -261,7 +260,7 @@ qsizetype SystemPort::inputCount() {
     return port_.isOpen() ? port_.bytesAvailable() : 0;
 }
 
-QString SystemPort::failure() const {
+Words SystemPort::failure() const {
     return failure_;
 }
 
@@ -271,12 +270,12 @@ void SystemPort::noteError(QSerialPort::SerialPortError error) {
         return;
     }
     failure_ = error == QSerialPort::ResourceError || error == QSerialPort::ReadError
-                   ? QStringLiteral("The device is gone: the cable was pulled or the adapter switched off.")
-                   : QStringLiteral("The system says: %1.").arg(errorText(port_));
+                   ? Words::tr("The device is gone: the cable was pulled or the adapter switched off.")
+                   : Words::tr("The system says: %1.").arg(errorText(port_));
     tellStirred();
 }
 
-QString SystemPort::openFailure() const {
+Words SystemPort::openFailure() const {
     OpenFailureFacts facts;
     facts.systemText = errorText(port_);
     facts.accessible = true;
@@ -297,7 +296,7 @@ QString SystemPort::openFailure() const {
     return explainOpenFailure(facts);
 }
 
-QString openObstacle([[maybe_unused]] const QString& device) {
+Words openObstacle([[maybe_unused]] const QString& device) {
 #ifdef Q_OS_UNIX
     OpenFailureFacts facts;
     const QString path = devicePath(device);
@@ -307,13 +306,13 @@ QString openObstacle([[maybe_unused]] const QString& device) {
     }
     facts.busy = !facts.lockedBy.isEmpty();
     const bool stands = !facts.exists || !facts.isSerialDevice || !facts.accessible || facts.busy;
-    return stands || !facts.lockFolderWritable ? explainOpenFailure(facts) : QString();
+    return stands || !facts.lockFolderWritable ? explainOpenFailure(facts) : Words();
 #else
     return {};
 #endif
 }
 
-QString holderOf([[maybe_unused]] const QString& path) {
+Words holderOf([[maybe_unused]] const QString& path) {
 #ifdef Q_OS_LINUX
     const QString device = QFileInfo(path).canonicalFilePath();
     const QString own = QString::number(QCoreApplication::applicationPid());

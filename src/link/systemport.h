@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/clock.h"
+#include "base/words.h"
 #include "link/port.h"
 
 #include <QDateTime>
@@ -21,21 +22,21 @@ struct OpenFailureFacts {
     bool lockFolderWritable = true;
     QString lockFolder; ///< Where serial programs keep their lock files; may be empty.
     QString group;      ///< The group that may use the device; may be empty.
-    QString lockedBy;   ///< What is known of the program that holds it, e.g. "process 1234"; may be empty.
+    Words lockedBy;     ///< What is known of the program that holds it, e.g. "process 1234"; may be empty.
     bool busy = false;  ///< The system or a lock file says that another program uses it.
     QString systemText; ///< What the system said.
 };
 
 /// Why the device could not be opened and what to do next, in plain words.
-QString explainOpenFailure(const OpenFailureFacts& facts);
+Words explainOpenFailure(const OpenFailureFacts& facts);
 
 /// The same before it is opened, which might wake an instrument: what the system tells of it. Empty if nothing is known
 /// to stand against it.
-QString openObstacle(const QString& device);
+Words openObstacle(const QString& device);
 
 /// The program that has a device of this path open: "tio, process 4711", or "process 4711" if its name is no longer
 /// known. Empty if there is none, or the system does not tell.
-QString holderOf(const QString& path);
+Words holderOf(const QString& path);
 
 /// A serial port of this computer, by its system name ("ttyUSB0", "COM3") or its path ("/dev/ttyUSB0", the path of a
 /// pseudo-terminal, a link to either): one device has one lock, whatever name it is opened by.
@@ -43,7 +44,7 @@ class SystemPort final : public Port {
 public:
     explicit SystemPort(const QString& device);
 
-    QString open() override;
+    Words open() override;
     void close() override;
     bool isOpen() const override;
     void setDataTerminalReady(bool on) override;
@@ -52,7 +53,7 @@ public:
     QByteArray discardInput() override;
     qsizetype inputCount() override;
     void expectRestOfLine(qsizetype characters) override;
-    QString failure() const override;
+    Words failure() const override;
 
 private:
     /// What a reader waits for: the end of a line is looked for when its rest may have come.
@@ -63,13 +64,13 @@ private:
     void tellOfInput();
     void await(Awaited awaited, int milliseconds = 0);
     void awaitNext();
-    QString openFailure() const;
+    Words openFailure() const;
 
     QString device_; ///< As it was named.
     QSerialPort port_;
     Awaited awaited_ = Awaited::Anything;
     QTimer awaiting_; ///< Until something else is awaited.
-    QString failure_;
+    Words failure_;
     bool stirredTold_ = false; ///< Of characters that still wait to be read.
     bool settingUp_ = false;   ///< Errors of opening and of setting DTR do not end a connection.
 };

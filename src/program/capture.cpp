@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "program/program.h"
 
 #include <QCoreApplication>
@@ -91,10 +92,10 @@ Capture::Capture(Program& program)
     listenToLine();
     listenToOperator();
     followState();
-    subscriptions_.push_back(store_.failed.subscribe([this](const QString& reason) {
+    subscriptions_.push_back(store_.failed.subscribe([this](const Words& reason) {
         program_.link.session.messages.show(operatorWarning(
-            QStringLiteral("The capture has ended: %1 cannot be written any further: %2.\n\nWhat was captured before "
-                           "is kept, and the program goes on. Make room on the disk and start it again to capture on.")
+            Words::tr("The capture has ended: %1 cannot be written any further: %2.\n\nWhat was captured before "
+                      "is kept, and the program goes on. Make room on the disk and start it again to capture on.")
                 .arg(file_, reason)));
     }));
 }
@@ -102,12 +103,12 @@ Capture::Capture(Program& program)
 void Capture::begin(const QString& file) {
     file_ = file;
     store_.describe(facts());
-    const QString reason =
-        program_.link.questions.isOwn(file) ? QStringLiteral("the program keeps that file itself") : store_.begin(file);
+    const Words reason =
+        program_.link.questions.isOwn(file) ? Words::tr("the program keeps that file itself") : store_.begin(file);
     if (!reason.isEmpty()) {
         program_.link.session.messages.show(
-            operatorWarning(QStringLiteral("Nothing is captured: %1 cannot be written: %2.\n\nThe program goes on "
-                                           "without. Name a file in a folder where you may write, and start it again.")
+            operatorWarning(Words::tr("Nothing is captured: %1 cannot be written: %2.\n\nThe program goes on "
+                                      "without. Name a file in a folder where you may write, and start it again.")
                                 .arg(file, reason)));
     }
 }
@@ -257,7 +258,7 @@ QByteArray Capture::supportFile() {
 
 Task<> Capture::saveSupportFile() {
     Session& session = program_.link.session;
-    const QString title = QStringLiteral("Save Support File");
+    const Words title = Words::tr("Save Support File");
     const Question question =
         saveQuestion(title, QStringLiteral("support-%1.jsonl").arg(fileNameStamp(session.clock.now())),
                      QStringLiteral(".jsonl"), QStringLiteral("*.jsonl"));
@@ -265,12 +266,12 @@ Task<> Capture::saveSupportFile() {
     if (name.isEmpty()) {
         co_return;
     }
-    const QString reason = writeWholeFile(name, supportFile());
+    const Words reason = writeWholeFile(name, supportFile());
     if (reason.isEmpty()) {
         session.messages.show({.title = title,
-                               .text = QStringLiteral("%1 tells what went over the line and what was done in the "
-                                                      "last ten minutes. Send it along when you ask for help. It can "
-                                                      "be read as text; your own files are not in it.")
+                               .text = Words::tr("%1 tells what went over the line and what was done in the "
+                                                 "last ten minutes. Send it along when you ask for help. It can "
+                                                 "be read as text; your own files are not in it.")
                                            .arg(QFileInfo(name).fileName())});
     } else {
         session.messages.show(fileNotSaved(title, name, reason));

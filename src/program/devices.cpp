@@ -13,7 +13,7 @@
 
 namespace orv {
 
-QString deviceProblem(const QString& device) {
+Words deviceProblem(const QString& device) {
     if (namesReplay(device)) {
         const ReplayOptions options = parseReplayOptions(device);
         return options.error.isEmpty() ? readCaptureFile(options.file).error : options.error;
@@ -24,9 +24,8 @@ QString deviceProblem(const QString& device) {
     const bool printable = std::all_of(device.begin(), device.end(),
                                        [](QChar character) { return character.isPrint() && !character.isSpace(); });
     if (device.isEmpty() || !printable || device.endsWith(u'/')) {
-        return QStringLiteral(
-                   "\"%1\" is no device. Give a serial port's name or path (ttyUSB0, /dev/ttyUSB0, COM3) or a "
-                   "simulated instrument (sim:trx, sim:glow).")
+        return Words::tr("\"%1\" is no device. Give a serial port's name or path (ttyUSB0, /dev/ttyUSB0, COM3) or a "
+                         "simulated instrument (sim:trx, sim:glow).")
             .arg(device);
     }
     return {};

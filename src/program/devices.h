@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/clock.h"
+#include "base/words.h"
 #include "link/port.h"
 
 #include <QString>
@@ -13,7 +14,7 @@ namespace orv {
 
 /// What is wrong with a device name: the empty text if it is a serial port's name or path, a well-formed simulated
 /// instrument ("sim:trx?firmware=412") or the replay of a capture that can be read ("sim:replay?file=lake.jsonl").
-QString deviceProblem(const QString& device);
+Words deviceProblem(const QString& device);
 
 /// The port of a device: a simulated instrument for "sim:...", else a serial port of this computer. A replay tells how
 /// what the program sends compares.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "link/link.h"
 #include "program/runprogress.h"
 
@@ -14,10 +15,10 @@ public:
     NextStep(const NextStep&) = delete;
     NextStep& operator=(const NextStep&) = delete;
 
-    QProperty<QString> text;
+    QProperty<Words> text;
 };
 
 /// "114 rows", "1 row".
-QString rowsInWords(const QString& count);
+Words rowsInWords(const QString& count);
 
 } // namespace orv

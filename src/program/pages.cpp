@@ -12,12 +12,12 @@ struct Tab {
 };
 
 constexpr Tab tabs[] = {
-    {"Status and Controls", Page::Status, true},
-    {"Output: Spread Sheet", Page::Sheet, true},
-    {"Output: Graphical", Page::Graphical, true},
-    {"Debug Screen", Page::Debug, false},
-    {"Testing", Page::Testing, false},
-    {"Calibration", Page::Calibration, false},
+    {QT_TRANSLATE_NOOP("orv", "Status and Controls"), Page::Status, true},
+    {QT_TRANSLATE_NOOP("orv", "Output: Spread Sheet"), Page::Sheet, true},
+    {QT_TRANSLATE_NOOP("orv", "Output: Graphical"), Page::Graphical, true},
+    {QT_TRANSLATE_NOOP("orv", "Debug Screen"), Page::Debug, false},
+    {QT_TRANSLATE_NOOP("orv", "Testing"), Page::Testing, false},
+    {QT_TRANSLATE_NOOP("orv", "Calibration"), Page::Calibration, false},
 };
 
 QStringList captions(bool upper) {

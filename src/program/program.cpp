@@ -3,6 +3,7 @@
 
 #include "base/runtimeerror.h"
 #include "base/text.h"
+#include "base/words.h"
 
 #include <QScopedValueRollback>
 
@@ -32,11 +33,11 @@ Program::~Program() {
 }
 
 void Program::act(const char* operation, const std::function<void()>& body) {
-    runOperation(link.session.messages, QString::fromLatin1(operation), body);
+    runOperation(link.session.messages, Words::tr(operation), body);
 }
 
 void Program::load(Files files) {
-    act("Start", [this, files] {
+    act(QT_TRANSLATE_NOOP("orv", "Start"), [this, files] {
         if (link.debug.comm2Output && !link.ports.openDebugPort()) {
             link.debug.comm2Output = false;
         }
@@ -68,11 +69,11 @@ void Program::trySimulation() {
 }
 
 void Program::manualConnect(int portNumber) {
-    act("Manual Connect", [this, portNumber] { link.connection.manualConnect(portNumber); });
+    act(QT_TRANSLATE_NOOP("orv", "Manual Connect"), [this, portNumber] { link.connection.manualConnect(portNumber); });
 }
 
 void Program::closePort() {
-    act("Close Port", [this] {
+    act(QT_TRANSLATE_NOOP("orv", "Close Port"), [this] {
         link.connection.closePort();
         forgetToldErrors();
         // The debug frame is hidden; an empty window would help nobody.
@@ -83,7 +84,7 @@ void Program::closePort() {
 }
 
 void Program::reset() {
-    act("Reset", [this] {
+    act(QT_TRANSLATE_NOOP("orv", "Reset"), [this] {
         link.ports.debugsay(QStringLiteral("Abort Run"));
         sheet.shown.records = QStringLiteral("0");
         link.connection.abortrun();
@@ -91,14 +92,14 @@ void Program::reset() {
 }
 
 void Program::abort2() {
-    act("Reset", [this] {
+    act(QT_TRANSLATE_NOOP("orv", "Reset"), [this] {
         link.ports.debugsay(QStringLiteral("Abort 2"));
         link.connection.abortrun();
     });
 }
 
 void Program::run() {
-    act("Run", [this] {
+    act(QT_TRANSLATE_NOOP("orv", "Run"), [this] {
         tickErrorsTold_.clear(); // what ended the operation before is worth telling again
         if (sheet.place.cannotLock()) {
             // There may be room by now.
@@ -113,23 +114,23 @@ void Program::run() {
 }
 
 void Program::clearAll() {
-    act("Clear All", [this] { sheet.clearAll(); });
+    act(QT_TRANSLATE_NOOP("orv", "Clear All"), [this] { sheet.clearAll(); });
 }
 
 void Program::bringBack() {
-    act("Bring Back", [this] { sheet.bringBack(); });
+    act(QT_TRANSLATE_NOOP("orv", "Bring Back"), [this] { sheet.bringBack(); });
 }
 
 void Program::saveAs() {
-    link.procedures.startBeside(QStringLiteral("Save As"), [this] { return saveSheet(); });
+    link.procedures.startBeside(Words::tr("Save As"), [this] { return saveSheet(); });
 }
 
 void Program::saveSupportFile() {
-    link.procedures.startBeside(QStringLiteral("Save Support File"), [this] { return capture.saveSupportFile(); });
+    link.procedures.startBeside(Words::tr("Save Support File"), [this] { return capture.saveSupportFile(); });
 }
 
 void Program::exportSheet() {
-    link.procedures.startBeside(QStringLiteral("Export"), [this] { return sheetExport.exportSheet(); });
+    link.procedures.startBeside(Words::tr("Export"), [this] { return sheetExport.exportSheet(); });
 }
 
 Task<> Program::saveSheet() {
@@ -137,7 +138,7 @@ Task<> Program::saveSheet() {
 }
 
 void Program::openSheet() {
-    link.procedures.startBeside(QStringLiteral("Open"), [this] { return sheet.files.loadit(); });
+    link.procedures.startBeside(Words::tr("Open"), [this] { return sheet.files.loadit(); });
 }
 
 void Program::downloadText() {
@@ -146,7 +147,7 @@ void Program::downloadText() {
 }
 
 void Program::vwhp() {
-    act("Download Stored Data", [this] {
+    act(QT_TRANSLATE_NOOP("orv", "Download Stored Data"), [this] {
         tickErrorsTold_.clear();
         if (sheet.prepare()) {
             sheet.download.vwhp();
@@ -213,7 +214,7 @@ void Program::quit() {
 void Program::leave() {
     takeWhatArrived();
     link.waits.cancelQuestion();
-    link.procedures.startBeside(QStringLiteral("Quit"), [this] { return askAndEnd(); });
+    link.procedures.startBeside(Words::tr("Quit"), [this] { return askAndEnd(); });
 }
 
 Task<> Program::askAndEnd() {
@@ -256,11 +257,11 @@ void Program::stopEverything() {
 }
 
 bool Program::keepForNextStart() {
-    const QString reason = sheet.shown.unsaved ? sheet.recordFile.keepForNextStart(sheet.data) : QString();
+    const Words reason = sheet.shown.unsaved ? sheet.recordFile.keepForNextStart(sheet.data) : QString();
     if (!reason.isEmpty()) {
         link.session.messages.show(
-            operatorWarning(QStringLiteral("The rows on the sheet are not saved, and could not be kept for the next "
-                                           "start either: %1.")
+            operatorWarning(Words::tr("The rows on the sheet are not saved, and could not be kept for the next "
+                                      "start either: %1.")
                                 .arg(reason)));
     }
     return reason.isEmpty();
@@ -317,7 +318,7 @@ void Program::duringTick(const std::function<void()>& body) {
     try {
         body();
     } catch (const RuntimeError& error) {
-        const Message message = runtimeErrorMessage(error, QString::fromLatin1(tickStep_));
+        const Message message = runtimeErrorMessage(error, Words::tr(tickStep_));
         if (!tickErrorsTold_.contains(message.text)) {
             tickErrorsTold_.insert(message.text);
             link.session.messages.show(message);
@@ -326,7 +327,7 @@ void Program::duringTick(const std::function<void()>& body) {
 }
 
 QString Program::takeLine() {
-    tickStep_ = "Reading the port";
+    tickStep_ = QT_TRANSLATE_NOOP("orv", "Reading the port");
     return link.ports.isOpen() ? link.poll.quary() : QString();
 }
 
@@ -346,11 +347,11 @@ bool Program::dispatch() {
     }
     const QString line = takeLine();
     if (state.Ctrlscrn == Operation::Ready && !line.isEmpty()) {
-        tickStep_ = "Reading the settings";
+        tickStep_ = QT_TRANSLATE_NOOP("orv", "Reading the settings");
         settings.reader.getprefs(line);
     }
     if (state.Ctrlscrn == Operation::ClockCheck) {
-        tickStep_ = "Reading the clock";
+        tickStep_ = QT_TRANSLATE_NOOP("orv", "Reading the clock");
         settings.clock.checktime(line);
     }
     if (state.Ctrlscrn == Operation::SettingsOpen) {
@@ -378,7 +379,7 @@ bool Program::dispatch() {
 void Program::collect(const QString& line) {
     const Operation& operation = link.session.state.Ctrlscrn;
     if (operation == Operation::Collecting) {
-        tickStep_ = "Collecting";
+        tickStep_ = QT_TRANSLATE_NOOP("orv", "Collecting");
         if (!line.isEmpty()) {
             sheet.run.profilemode(line);
         } else {
@@ -386,11 +387,11 @@ void Program::collect(const QString& line) {
         }
     }
     if (operation == Operation::SavingText) {
-        tickStep_ = "Downloading";
+        tickStep_ = QT_TRANSLATE_NOOP("orv", "Downloading");
         sheet.download.savefiletxt(line);
     }
     if (operation == Operation::Importing) {
-        tickStep_ = "Downloading";
+        tickStep_ = QT_TRANSLATE_NOOP("orv", "Downloading");
         sheet.download.importtofg1(line);
     }
 }

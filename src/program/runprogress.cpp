@@ -100,30 +100,30 @@ void RunProgress::look() {
     if (elapsed % secondsBetweenDiskLooks == 0) {
         lookAtDisk();
     }
-    QStringList parts{durationInWords(elapsed)};
+    QList<Words> parts{durationInWords(elapsed)};
     const auto between = interval();
     if (between && *between > 0.0) {
-        parts << QStringLiteral("%1 rows/s").arg(rateInWords(1.0 / *between));
+        parts << Words::tr("%1 rows/s").arg(rateInWords(1.0 / *between));
     }
     const auto count = static_cast<double>(rows_);
     if (count > 0.0 && count <= rowsOfBlock_) {
-        parts << QStringLiteral("%1 of %2").arg(rows_).arg(rowsOfBlock_, 0, 'f', 0);
+        parts << Words::tr("%1 of %2").arg(rows_).arg(rowsOfBlock_, 0, 'f', 0);
         if (between) {
-            parts << durationInWords(std::llround((rowsOfBlock_ - count) * *between)) + QStringLiteral(" left");
+            parts << Words::tr("%1 left").arg(durationInWords(std::llround((rowsOfBlock_ - count) * *between)));
         }
     } else {
-        parts << (rows_ == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(rows_));
+        parts << (rows_ == 1 ? Words::tr("1 row") : Words::tr("%1 rows").arg(rows_));
     }
-    text = parts.join(QStringLiteral(", "));
+    text = join(parts, QStringLiteral(", "));
     const qint64 newest = rows_ == 0 ? start_ : arrivals_.at(static_cast<std::size_t>(rows_ - 1) % arrivals_.size());
     const bool isLate = static_cast<double>(now - newest) > longestWait() * second;
-    late = isLate ? QStringLiteral("No row for %1").arg(durationInWords((now - newest) / second)) : QString();
+    late = isLate ? Words::tr("No row for %1").arg(durationInWords((now - newest) / second)) : Words();
 }
 
 void RunProgress::lookAtDisk() {
     const std::optional<qint64> bytes = freeSpace_();
     constexpr qint64 megabyte = 1'000'000;
-    disk = bytes && *bytes < scarce ? QStringLiteral("%1 MB are free on the disk").arg(*bytes / megabyte) : QString();
+    disk = bytes && *bytes < scarce ? Words::tr("%1 MB are free on the disk").arg(*bytes / megabyte) : Words();
 }
 
 } // namespace orv

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "sheet/sheet.h"
 
 #include <array>
@@ -21,11 +22,11 @@ public:
     RunProgress& operator=(const RunProgress&) = delete;
 
     /// "12 s, 1.0 rows/s, 12 of 60, 48 s left"; of a block without end "2 min 31 s, 8.0 rows/s, 1208 rows".
-    QProperty<QString> text;
+    QProperty<Words> text;
     /// "No row for 8 s", once a row is late by three of the intervals in which rows came; empty while they come.
-    QProperty<QString> late;
+    QProperty<Words> late;
     /// "812 MB are free on the disk" below 1 GB; empty otherwise.
-    QProperty<QString> disk;
+    QProperty<Words> disk;
 
 private:
     void follow(Activity activity);

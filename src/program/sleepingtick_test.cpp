@@ -96,7 +96,7 @@ private:
     template <typename T>
     void show(const char* what, const QProperty<T>& value) {
         bindings_.bind(value, [this, what](const T& now) {
-            if constexpr (std::is_same_v<T, QString>) {
+            if constexpr (std::is_base_of_v<QString, T>) {
                 note(what, now);
             } else {
                 note(what, QString::number(static_cast<int>(now)));

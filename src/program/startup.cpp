@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/words.h"
 #include "program/program.h"
 
 #include <QDir>
@@ -7,7 +8,7 @@
 namespace orv {
 
 void Program::offerUnendedRun() {
-    link.procedures.startBeside(QStringLiteral("Start"), [this] { return sheet.recovery.offer(); });
+    link.procedures.startBeside(Words::tr("Start"), [this] { return sheet.recovery.offer(); });
 }
 
 void Program::takePlace() {
@@ -16,22 +17,22 @@ void Program::takePlace() {
     const FileNames& names = link.session.fileNames;
     if (sheet.place.cannotLock()) {
         link.session.messages.show(operatorWarning(
-            QStringLiteral("No lock file can be made in this folder, perhaps because the disk is full: %1\n\n"
-                           "So that no other program's files are written to, this program works without log "
-                           "and record file. Make room on the disk, or choose another folder, and start the "
-                           "program again.")
+            Words::tr("No lock file can be made in this folder, perhaps because the disk is full: %1\n\n"
+                      "So that no other program's files are written to, this program works without log "
+                      "and record file. Make room on the disk, or choose another folder, and start the "
+                      "program again.")
                 .arg(QDir::currentPath())));
     }
     if (sheet.place.otherProgram().isEmpty()) {
         return;
     }
-    const QString files = sheet.place.number() == 0
-                              ? QStringLiteral("This program works without such files. Start it in another folder, so "
-                                               "that log and record file are kept.")
-                              : QStringLiteral("This program writes %1 and %2 instead.").arg(names.log, names.record);
+    const Words files = sheet.place.number() == 0
+                            ? Words::tr("This program works without such files. Start it in another folder, so "
+                                        "that log and record file are kept.")
+                            : Words::tr("This program writes %1 and %2 instead.").arg(names.log, names.record);
     link.session.messages.show(operatorWarning(
-        QStringLiteral("Another ORV Host Program uses this folder (%1): %2\n\nIts log and record file are left "
-                       "alone. %3")
+        Words::tr("Another ORV Host Program uses this folder (%1): %2\n\nIts log and record file are left "
+                  "alone. %3")
             .arg(sheet.place.otherProgram(), QDir::currentPath(), files)));
 }
 
@@ -54,15 +55,14 @@ void Program::openLog() {
         return;
     }
     const QString& name = link.session.fileNames.log;
-    const QString reason = link.poll.log.open(name);
+    const Words reason = link.poll.log.open(name);
     if (reason.isEmpty()) {
         return;
     }
-    link.session.messages.show(
-        operatorWarning(QStringLiteral("The log file %1 cannot be written in this folder: %2.\n\nThe "
-                                       "program works without it. Start it in a folder where you may "
-                                       "write files, so that log and record file are kept.")
-                            .arg(name, reason)));
+    link.session.messages.show(operatorWarning(Words::tr("The log file %1 cannot be written in this folder: %2.\n\nThe "
+                                                         "program works without it. Start it in a folder where you may "
+                                                         "write files, so that log and record file are kept.")
+                                                   .arg(name, reason)));
 }
 
 } // namespace orv

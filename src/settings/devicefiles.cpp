@@ -2,6 +2,7 @@
 #include "settings/devicefiles.h"
 
 #include "base/files.h"
+#include "base/words.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -70,12 +71,12 @@ DeviceFiles::DeviceFiles(Link& link, SettingsState& settings)
     , settings_(settings) {}
 
 void DeviceFiles::loadDeviceFile() {
-    link_.procedures.startBeside(QStringLiteral("Load Device File"), [this] { return askAndLoad(); });
+    link_.procedures.startBeside(Words::tr("Load Device File"), [this] { return askAndLoad(); });
 }
 
 Task<> DeviceFiles::askAndLoad() {
     constexpr qint64 mostBytes = 65536; // six numbers need far less; a mistaken choice must not fill the memory
-    const Question question = openQuestion(QStringLiteral("Load Device File"), suffix_, filter_);
+    const Question question = openQuestion(Words::tr("Load Device File"), suffix_, filter_);
     const QString name = co_await link_.waits.answer(question);
     QFile file(name);
     // Opening a pipe would wait for its writer.
@@ -93,7 +94,7 @@ Task<> DeviceFiles::askAndLoad() {
 }
 
 void DeviceFiles::saveDeviceFile() {
-    link_.procedures.startBeside(QStringLiteral("Save Device File"), [this] { return askAndSave(); });
+    link_.procedures.startBeside(Words::tr("Save Device File"), [this] { return askAndSave(); });
 }
 
 Task<> DeviceFiles::askAndSave() {
@@ -104,13 +105,13 @@ Task<> DeviceFiles::askAndSave() {
     }
     suffix_ = QStringLiteral(".ODV");
     filter_ = QStringLiteral("*.ODV");
-    const QString title = QStringLiteral("Save Device File");
+    const Words title = Words::tr("Save Device File");
     const Question question = saveQuestion(title, QString(), suffix_, filter_);
     const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
         co_return;
     }
-    const QString reason = writeWholeFile(name, deviceFileBytes(values));
+    const Words reason = writeWholeFile(name, deviceFileBytes(values));
     if (!reason.isEmpty()) {
         link_.session.messages.show(fileNotSaved(title, name, reason));
     }

@@ -16,29 +16,46 @@ using Record = LoggerSettings;
 } // namespace
 
 constinit const std::array<Setting, 10> allSettings{{
-    {u'S', 9, &Record::autoStart, nullptr, "autoStart", "AutoStart", "Auto &Start",
-     "Auto Start: This tells the logger to start collecting data at power up.", 0},
-    {u'G', 1, &Record::gain, nullptr, "gain", "Gain", "&Gain", "Function not available", 0},
-    {u'A', 2, &Record::auxAdc, nullptr, "auxAdc", "AuxAdc", "Aux A&DC", "Function not available", 0},
-    {u'L', 4, &Record::logEnabled, nullptr, "logEnabled", "LogEnabled", "&Log Enabled",
-     "Log Enabled: This tells the logger to record data in memory", 0},
-    {u'W', 3, &Record::wakeUp, nullptr, "wakeUp", "WakeUp", "&Wake Up",
-     "Wake Up: This tells the logger to sleep after gathering a data block or stay ready to accept a command.", 0},
-    {u'M', 10, &Record::append, nullptr, "append", "Append", "App&end",
-     "Append: This tells the logger to add new data blocks to the end of memory. If this is not set, all pervious data "
-     "blocks will be erased.",
+    {u'S', 9, &Record::autoStart, nullptr, "autoStart", "AutoStart", QT_TRANSLATE_NOOP("orv", "Auto &Start"),
+     QT_TRANSLATE_NOOP("orv", "Auto Start: This tells the logger to start collecting data at power up."), 0},
+    {u'G', 1, &Record::gain, nullptr, "gain", "Gain", QT_TRANSLATE_NOOP("orv", "&Gain"),
+     QT_TRANSLATE_NOOP("orv", "Function not available"), 0},
+    {u'A', 2, &Record::auxAdc, nullptr, "auxAdc", "AuxAdc", QT_TRANSLATE_NOOP("orv", "Aux A&DC"),
+     QT_TRANSLATE_NOOP("orv", "Function not available"), 0},
+    {u'L', 4, &Record::logEnabled, nullptr, "logEnabled", "LogEnabled", QT_TRANSLATE_NOOP("orv", "&Log Enabled"),
+     QT_TRANSLATE_NOOP("orv", "Log Enabled: This tells the logger to record data in memory"), 0},
+    {u'W', 3, &Record::wakeUp, nullptr, "wakeUp", "WakeUp", QT_TRANSLATE_NOOP("orv", "&Wake Up"),
+     QT_TRANSLATE_NOOP(
+         "orv",
+         "Wake Up: This tells the logger to sleep after gathering a data block or stay ready to accept a command."),
      0},
-    {u'T', 5, nullptr, &Record::samplesPerPoint, "samplesPerPoint", "Text2", "Samples Per &Second",
-     "This tells the logger to grab X number of samples and average then to determine one data point.", 3},
-    {u'D', 6, nullptr, &Record::hoursBeforeBlock, "hoursBeforeBlock", "Text1", "Delay &Before Data Blocks (hours)",
-     "This is the amount of time in hours that the logger will wait before collecting a data block. For example: A "
-     "value of 24 is 1 data block per 24 hours.",
+    {u'M', 10, &Record::append, nullptr, "append", "Append", QT_TRANSLATE_NOOP("orv", "App&end"),
+     QT_TRANSLATE_NOOP("orv", "Append: This tells the logger to add new data blocks to the end of memory. If this is "
+                              "not set, all pervious data "
+                              "blocks will be erased."),
+     0},
+    {u'T', 5, nullptr, &Record::samplesPerPoint, "samplesPerPoint", "Text2",
+     QT_TRANSLATE_NOOP("orv", "Samples Per &Second"),
+     QT_TRANSLATE_NOOP(
+         "orv", "This tells the logger to grab X number of samples and average then to determine one data point."),
      3},
-    {u'Q', 7, nullptr, &Record::pointsPerBlock, "pointsPerBlock", "Text4", "&Number of Data Points per Data Block", "",
-     5},
+    {u'D', 6, nullptr, &Record::hoursBeforeBlock, "hoursBeforeBlock", "Text1",
+     QT_TRANSLATE_NOOP("orv", "Delay &Before Data Blocks (hours)"),
+     QT_TRANSLATE_NOOP(
+         "orv",
+         "This is the amount of time in hours that the logger will wait before collecting a data block. For example: A "
+         "value of 24 is 1 data block per 24 hours."),
+     3},
+    {u'Q', 7, nullptr, &Record::pointsPerBlock, "pointsPerBlock", "Text4",
+     QT_TRANSLATE_NOOP("orv", "&Number of Data Points per Data Block"), "", 5},
     {u'I', 8, nullptr, &Record::secondsBetweenPoints, "secondsBetweenPoints", "Text3",
-     "Delay Between Data &Points (Seconds)", "", 5},
+     QT_TRANSLATE_NOOP("orv", "Delay Between Data &Points (Seconds)"), "", 5},
 }};
+
+Words Setting::plainCaption() const {
+    const Words words = Words::tr(caption);
+    return {words.english().remove(u'&'), QString(words.shown()).remove(u'&')};
+}
 
 std::vector<const Setting*> settingsInOrder(const char* letters) {
     std::vector<const Setting*> ordered;
@@ -54,8 +71,8 @@ QString asOptions(const LoggerSettings& settings) {
         const QString value = setting.flag == nullptr  ? settings.*setting.number
                               : settings.*setting.flag ? QStringLiteral("true")
                                                        : QStringLiteral("false");
-        options << QStringLiteral("--set %1=%2")
-                       .arg(QLatin1String(setting.name), value.isEmpty() ? QStringLiteral("0") : value);
+        options
+            << QStringLiteral("--set %1=%2").arg(QLatin1String(setting.name), value.isEmpty() ? QStringLiteral("0") : value);
     }
     return options.join(u' ');
 }
@@ -68,21 +85,21 @@ SettingSet settingsThatDiffer(const LoggerSettings& one, const LoggerSettings& o
     return found;
 }
 
-QString valueInWords(const Setting& setting, const LoggerSettings& settings) {
+Words valueInWords(const Setting& setting, const LoggerSettings& settings) {
     if (setting.flag != nullptr) {
-        return settings.*setting.flag ? QStringLiteral("on") : QStringLiteral("off");
+        return settings.*setting.flag ? Words::tr("on") : Words::tr("off");
     }
     return plainNumber(leadingNumber(settings.*setting.number));
 }
 
-QString captionsOf(const SettingSet& settings) {
-    QStringList captions;
+Words captionsOf(const SettingSet& settings) {
+    QList<Words> captions;
     for (const Setting& setting : allSettings) {
         if (settings.test(placeOf(setting))) {
             captions << setting.plainCaption();
         }
     }
-    return captions.join(QLatin1String(", "));
+    return join(captions, QStringLiteral(", "));
 }
 
 std::array<SamplingPreset, 4> samplingPresets(bool glow) {

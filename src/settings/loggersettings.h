@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/observe.h"
+#include "base/words.h"
 #include "link/session.h"
 
 #include <QProperty>
@@ -47,7 +48,7 @@ struct Setting {
     int digits; ///< As many may be typed; 0 for a flag.
 
     /// The caption without the mark of its access key.
-    QString plainCaption() const { return QString::fromLatin1(caption).remove(u'&'); }
+    Words plainCaption() const;
 };
 
 /// The ten settings in the order in which the instrument reports and takes them: the six flags, which are the control
@@ -71,10 +72,10 @@ std::vector<const Setting*> settingsInOrder(const char* letters);
 SettingSet settingsThatDiffer(const LoggerSettings& one, const LoggerSettings& other);
 
 /// What a setting has, for the operator: "on", "off", or the number; an empty one is "0".
-QString valueInWords(const Setting& setting, const LoggerSettings& settings);
+Words valueInWords(const Setting& setting, const LoggerSettings& settings);
 
 /// The captions of the settings: "Samples Per Second, Wake Up".
-QString captionsOf(const SettingSet& settings);
+Words captionsOf(const SettingSet& settings);
 
 /// The status lamp of the settings screen: what goes on with the settings.
 enum class Lamp { Off, Reading, Sending, Sent, Read, Failed };
@@ -94,7 +95,7 @@ struct SettingsState {
     /// What the instrument has taken and has not reported back yet.
     std::optional<LoggerSettings> sent;
     /// How the last sending or reading went, for every tab: "Sent and read back at 9:30:15 AM". Empty before.
-    QProperty<QString> exchange;
+    QProperty<Words> exchange;
     /// Which settings are not as they were reported: changed, and not sent yet. None while no report is known.
     SettingSet unsent() const {
         return reported.value() ? settingsThatDiffer(record, *reported.value()) : SettingSet();
@@ -116,7 +117,7 @@ struct SettingsState {
     QProperty<QString> loggerTime{StatusState::unknownLong()};
     /// The operator has been told that a clock reply cannot be read; false again once the clock is asked for.
     bool clockErrorTold = false;
-    QProperty<QString> modeRemark; ///< How the last saving or loading of a mode went; empty before.
+    QProperty<Words> modeRemark; ///< How the last saving or loading of a mode went; empty before.
 
     std::array<CalibrationBoxes, 3> trxCalibration; ///< Angles 100, 125, 150.
     CalibrationBoxes glowCalibration;
@@ -138,7 +139,7 @@ struct ProgressState {
     QProperty<bool> visible{false};
     QProperty<int> maximum{100};
     QProperty<int> value{0};
-    QProperty<QString> label{QStringLiteral("%")};
+    QProperty<Words> label{QStringLiteral("%")};
     QProperty<QString> valueLabel;
     QProperty<QString> percentage; ///< Beside the "%" label during a download; empty otherwise.
 

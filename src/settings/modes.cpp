@@ -74,7 +74,7 @@ ReadMode readModeFile(const QByteArray& content) {
     const auto settings = linesOfFile();
     // What follows the last line end is no line.
     if (lines.size() - (lines.last().isEmpty() ? 1 : 0) < static_cast<qsizetype>(settings.size())) {
-        return {.error = QStringLiteral("is not a complete mode file: it has fewer than ten lines")};
+        return {.error = Words::tr("is not a complete mode file: it has fewer than ten lines")};
     }
     ReadMode read;
     qsizetype line = 0;
@@ -83,7 +83,7 @@ ReadMode readModeFile(const QByteArray& content) {
         ++line;
         if (setting->flag == nullptr) {
             if (!fitsBox(text, setting->digits)) {
-                return {.error = QStringLiteral("is not a mode file: line %1 must be empty or hold at most %2 digits")
+                return {.error = Words::tr("is not a mode file: line %1 must be empty or hold at most %2 digits")
                                      .arg(line)
                                      .arg(setting->digits)};
             }
@@ -92,7 +92,7 @@ ReadMode readModeFile(const QByteArray& content) {
             bool isNumber = false;
             const double number = text.toDouble(&isNumber);
             if (!isNumber || !std::isfinite(number)) {
-                return {.error = QStringLiteral("is not a mode file: line %1 must hold a number").arg(line)};
+                return {.error = Words::tr("is not a mode file: line %1 must hold a number").arg(line)};
             }
             read.mode.*setting->flag = number != 0.0;
         }
@@ -108,15 +108,14 @@ Modes::Modes(Link& link, SettingsState& settings, SettingsSender& sender)
 void Modes::profile() {
     // This mode goes by the label that the operator sees, the other by the letter of the identification: they differ
     // while a connection is being made and after it was closed.
-    use(profileMode(link_.session.status.instrument, settings_.record.value().samplesPerPoint),
-        QStringLiteral("Profile"));
+    use(profileMode(link_.session.status.instrument, settings_.record.value().samplesPerPoint), Words::tr("Profile"));
 }
 
 void Modes::moored() {
-    use(mooredMode(link_.session.state.type(), settings_.record.value().samplesPerPoint), QStringLiteral("Moored"));
+    use(mooredMode(link_.session.state.type(), settings_.record.value().samplesPerPoint), Words::tr("Moored"));
 }
 
-void Modes::use(const LoggerSettings& mode, const QString& name) {
+void Modes::use(const LoggerSettings& mode, const Words& name) {
     if (!wouldDisturb()) {
         settings_.record = mode;
         sendIfConnected(name);
@@ -124,39 +123,38 @@ void Modes::use(const LoggerSettings& mode, const QString& name) {
 }
 
 void Modes::saveMode() {
-    link_.procedures.startBeside(QStringLiteral("Save A User Defined Mode"), [this] { return askAndSave(); });
+    link_.procedures.startBeside(Words::tr("Save A User Defined Mode"), [this] { return askAndSave(); });
 }
 
 Task<> Modes::askAndSave() {
     const QByteArray content = modeFileContent(settings_.record);
     const Question question =
-        saveQuestion(QStringLiteral("Save A User Defined Mode"), QString(), modeSuffix(), u'*' + modeSuffix());
+        saveQuestion(Words::tr("Save A User Defined Mode"), QString(), modeSuffix(), u'*' + modeSuffix());
     const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
         co_return;
     }
     const QString shown = QFileInfo(name).fileName();
     settings_.modeRemark = writeWholeFile(name, content).isEmpty()
-                               ? QStringLiteral("Saved as %1.").arg(shown)
-                               : QStringLiteral("%1 could not be written; nothing was saved.").arg(shown);
+                               ? Words::tr("Saved as %1.").arg(shown)
+                               : Words::tr("%1 could not be written; nothing was saved.").arg(shown);
 }
 
 void Modes::loadMode() {
     if (!wouldDisturb()) {
-        link_.procedures.startBeside(QStringLiteral("Load A User Defined Mode"), [this] { return askAndLoad(); });
+        link_.procedures.startBeside(Words::tr("Load A User Defined Mode"), [this] { return askAndLoad(); });
     }
 }
 
 Task<> Modes::askAndLoad() {
-    const Question question =
-        openQuestion(QStringLiteral("Load A User Defined Mode"), modeSuffix(), u'*' + modeSuffix());
+    const Question question = openQuestion(Words::tr("Load A User Defined Mode"), modeSuffix(), u'*' + modeSuffix());
     QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
         co_return;
     }
     if (wouldDisturb()) { // a reset may have come before the answer
         settings_.modeRemark =
-            QStringLiteral("%1 was not loaded: the instrument is busy. Try again.").arg(QFileInfo(name).fileName());
+            Words::tr("%1 was not loaded: the instrument is busy. Try again.").arg(QFileInfo(name).fileName());
         co_return;
     }
     // Compared letter for letter: a name in lower case gets the suffix a second time.
@@ -167,46 +165,45 @@ Task<> Modes::askAndLoad() {
     QFile file(name);
     const QString shown = QDir::toNativeSeparators(name);
     if (!file.open(QIODevice::ReadOnly)) {
-        refuse(QStringLiteral("The mode file %1 could not be opened: %2.").arg(shown, errorText(file)));
+        refuse(Words::tr("The mode file %1 could not be opened: %2.").arg(shown, errorText(file)));
         co_return;
     }
     const QByteArray content = file.read(longestRead);
     if (file.error() != QFileDevice::NoError) {
-        refuse(QStringLiteral("The mode file %1 could not be read: %2.").arg(shown, errorText(file)));
+        refuse(Words::tr("The mode file %1 could not be read: %2.").arg(shown, errorText(file)));
         co_return;
     }
     const ReadMode read = readModeFile(content);
     if (!read.error.isEmpty()) {
-        refuse(QStringLiteral("%1 %2.").arg(shown, read.error));
+        refuse(Words(QStringLiteral("%1 %2.")).arg(shown, read.error));
         co_return;
     }
     settings_.record = read.mode;
-    settings_.modeRemark = QStringLiteral("Loaded %1.").arg(QFileInfo(name).fileName());
+    settings_.modeRemark = Words::tr("Loaded %1.").arg(QFileInfo(name).fileName());
     sendIfConnected(QFileInfo(name).fileName());
 }
 
-void Modes::sendIfConnected(const QString& name) {
+void Modes::sendIfConnected(const Words& name) {
     if (link_.ports.isOpen()) {
         link_.procedures.start(name, [this, name] { return send(name); });
     }
 }
 
-Task<> Modes::send(QString name) {
-    settings_.modeRemark = QStringLiteral("Sending %1...").arg(name);
-    auto cutShort = qScopeGuard([this, &name] {
-        settings_.modeRemark = QStringLiteral("%1 was not sent whole: the connection ended.").arg(name);
-    });
+Task<> Modes::send(Words name) {
+    settings_.modeRemark = Words::tr("Sending %1...").arg(name);
+    auto cutShort = qScopeGuard(
+        [this, &name] { settings_.modeRemark = Words::tr("%1 was not sent whole: the connection ended.").arg(name); });
     const SettingsSender::Outcome outcome = co_await sender_.send();
     cutShort.dismiss();
     settings_.modeRemark =
         outcome == SettingsSender::Outcome::Sent
-            ? QStringLiteral("%1 was sent.").arg(name)
-            : QStringLiteral("%1 was not sent whole: the instrument did not answer. Try again.").arg(name);
+            ? Words::tr("%1 was sent.").arg(name)
+            : Words::tr("%1 was not sent whole: the instrument did not answer. Try again.").arg(name);
 }
 
-void Modes::refuse(const QString& text) {
-    link_.session.messages.show(operatorWarning(text + QStringLiteral("\n\nNothing was changed and nothing was sent."),
-                                                QStringLiteral("Load A User Defined Mode")));
+void Modes::refuse(const Words& text) {
+    link_.session.messages.show(operatorWarning(text + Words::tr("\n\nNothing was changed and nothing was sent."),
+                                                Words::tr("Load A User Defined Mode")));
 }
 
 } // namespace orv

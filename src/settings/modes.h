@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "settings/loggersettings.h"
 #include "settings/settingssender.h"
 
@@ -21,7 +22,7 @@ QByteArray modeFileContent(const LoggerSettings& mode);
 /// The settings of a mode file, or why they cannot be had.
 struct ReadMode {
     LoggerSettings mode = {};
-    QString error; ///< Empty, or what the file is instead: "is not a complete mode file: ...", without a full stop.
+    Words error; ///< Empty, or what the file is instead: "is not a complete mode file: ...", without a full stop.
 };
 
 /// Reads a mode file's content. Lines may end with CR LF or LF, the last one with neither; blanks around a value and
@@ -54,12 +55,12 @@ public:
 
 private:
     bool wouldDisturb() const { return !link_.session.commands.undisturbed; }
-    void use(const LoggerSettings& mode, const QString& name);
+    void use(const LoggerSettings& mode, const Words& name);
     Task<> askAndSave();
     Task<> askAndLoad();
-    void sendIfConnected(const QString& name);
-    Task<> send(QString name);
-    void refuse(const QString& text);
+    void sendIfConnected(const Words& name);
+    Task<> send(Words name);
+    void refuse(const Words& text);
 
     Link& link_;
     SettingsState& settings_;

@@ -72,7 +72,7 @@ void SettingsReader::getprefs(const QString& line) {
         giveUp();
         return;
     }
-    link_.session.status.status = QStringLiteral("Loading Properties");
+    link_.session.status.status = Words::tr("Loading Properties");
     lastLine_ = link_.session.clock.monotonicMilliseconds();
     if (prefsState == 0) {
         progress_.value = 0;
@@ -148,7 +148,7 @@ void SettingsReader::takeMemoryPointer(double value) {
         link_.ports.write("C");
         state.Ctrlscrn = Operation::ClockCheck;
     }
-    link_.session.status.status = QStringLiteral("Ready");
+    link_.session.status.status = Words::tr("Ready");
 }
 
 void SettingsReader::tellExchange() {
@@ -157,27 +157,27 @@ void SettingsReader::tellExchange() {
     const auto sent = std::exchange(settings_.sent, std::nullopt);
     if (!sent) {
         settings_.exchange = understood.all()
-                                 ? QStringLiteral("Read from the instrument at %1").arg(time)
-                                 : QStringLiteral("Read at %1, but not all: %2 could not be read. Press \"Retrieve "
-                                                  "Settings\".")
+                                 ? Words::tr("Read from the instrument at %1").arg(time)
+                                 : Words::tr("Read at %1, but not all: %2 could not be read. Press \"Retrieve "
+                                             "Settings\".")
                                        .arg(time, captionsOf(~understood));
         return;
     }
-    QStringList differences;
+    QList<Words> differences;
     const SettingSet different = settingsThatDiffer(*sent, reading_);
     for (const Setting& setting : allSettings) {
         const std::size_t place = placeOf(setting);
         if (!understood[place]) {
-            differences << QStringLiteral("%1 could not be read back").arg(setting.plainCaption());
+            differences << Words::tr("%1 could not be read back").arg(setting.plainCaption());
         } else if (different[place]) {
-            differences << QStringLiteral("%1 is %2 there, not %3")
+            differences << Words::tr("%1 is %2 there, not %3")
                                .arg(setting.plainCaption(), valueInWords(setting, reading_),
                                     valueInWords(setting, *sent));
         }
     }
-    settings_.exchange = differences.isEmpty() ? QStringLiteral("Sent and read back at %1").arg(time)
-                                               : QStringLiteral("Sent at %1, but the instrument has not all of it: %2.")
-                                                     .arg(time, differences.join(QLatin1String("; ")));
+    settings_.exchange = differences.isEmpty() ? Words::tr("Sent and read back at %1").arg(time)
+                                               : Words::tr("Sent at %1, but the instrument has not all of it: %2.")
+                                                     .arg(time, join(differences, QStringLiteral("; ")));
 }
 
 void SettingsReader::endReading() {
@@ -195,7 +195,7 @@ void SettingsReader::lookForSilence() {
     if (left > 0) {
         link_.timer.wake(left);
     } else {
-        link_.session.status.status = QStringLiteral("No answer for 10 s. Reset connects again.");
+        link_.session.status.status = Words::tr("No answer for 10 s. Reset connects again.");
     }
 }
 
@@ -224,20 +224,20 @@ void SettingsReader::giveUp() {
     }
     link_.connection.fixit();
     link_.session.status.failure =
-        QStringLiteral("This was the 150th line of settings reports since the program started. There it ends the "
-                       "connection, once. Nothing is wrong: press Quit and connect again.");
+        Words::tr("This was the 150th line of settings reports since the program started. There it ends the "
+                  "connection, once. Nothing is wrong: press Quit and connect again.");
 }
 
-QString clockOffsetInWords(qint64 secondsAhead) {
+Words clockOffsetInWords(qint64 secondsAhead) {
     constexpr qint64 tick = 2; // it ticks every 4/3 s
     constexpr qint64 minute = 60;
     const qint64 off = std::abs(secondsAhead);
     if (off <= tick) {
-        return QStringLiteral("as this computer's");
+        return Words::tr("as this computer's");
     }
-    const QString text =
-        secondsAhead < 0 ? QStringLiteral("%1 behind this computer's") : QStringLiteral("%1 ahead of this computer's");
-    return text.arg(durationInWords(off)) + (off > minute ? QStringLiteral(". Sync Time/Date sets it.") : QString());
+    const Words text =
+        secondsAhead < 0 ? Words::tr("%1 behind this computer's") : Words::tr("%1 ahead of this computer's");
+    return text.arg(durationInWords(off)) + (off > minute ? Words::tr(". Sync Time/Date sets it.") : Words());
 }
 
 ClockDisplay::ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings)
@@ -263,9 +263,9 @@ void ClockDisplay::checktime(const QString& reply) {
     } catch (const RuntimeError&) {
         // On a noisy line every one that follows would be told too.
         if (!std::exchange(settings_.clockErrorTold, true)) {
-            session_.messages.show(withoutWindow(
-                operatorWarning(QStringLiteral("Unable to read clock. Error #2"), QStringLiteral("Software Error")),
-                QStringLiteral("The instrument answered with a date or a time that cannot be read.")));
+            session_.messages.show(
+                withoutWindow(operatorWarning(Words::tr("Unable to read clock. Error #2"), Words::tr("Software Error")),
+                              QStringLiteral("The instrument answered with a date or a time that cannot be read.")));
         }
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "link/link.h"
 #include "settings/loggersettings.h"
 
@@ -49,7 +50,7 @@ private:
 
 /// How the instrument's clock stands, by the seconds that it is ahead of the computer's: "43 s behind this computer's".
 /// Beyond a minute it also says what to do.
-QString clockOffsetInWords(qint64 secondsAhead);
+Words clockOffsetInWords(qint64 secondsAhead);
 
 /// Shows the instrument's clock from its reply (date, TAB, time count; 64800 counts are one day) on the main
 /// window and the settings screen, and moves the operation code to 2. A reply of fewer than 10 characters is not a

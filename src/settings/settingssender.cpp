@@ -2,6 +2,7 @@
 #include "settings/settingssender.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <QScopeGuard>
 
@@ -189,10 +190,10 @@ Task<> SettingsSender::talk() {
     };
     const LoggerSettings record = settings_.record; // not what is typed meanwhile
     settings_.sent.reset();
-    settings_.exchange = QStringLiteral("Sending ...");
+    settings_.exchange = Words::tr("Sending ...");
     auto cutShort = qScopeGuard([this] {
-        settings_.exchange = QStringLiteral("Not sent whole: the instrument did not answer. What was sent before stays "
-                                            "in it. Connect or press \"Retrieve Settings\" to see what it has.");
+        settings_.exchange = Words::tr("Not sent whole: the instrument did not answer. What was sent before stays "
+                                       "in it. Connect or press \"Retrieve Settings\" to see what it has.");
     });
     std::vector<Item> items{{QStringLiteral("B")}, {controlBits(record)}};
     for (const Setting& setting : numberSettings) {
@@ -205,7 +206,7 @@ Task<> SettingsSender::talk() {
     }
     cutShort.dismiss();
     settings_.sent = record;
-    settings_.exchange = QStringLiteral("Sent, and not read back yet");
+    settings_.exchange = Words::tr("Sent, and not read back yet");
     // During a shutter reset the settings are sent only for a while; the clock is none of its business.
     if (settings_.syncTimeDate && link_.session.state.Ctrlscrn != Operation::ShutterReset) {
         co_await setclock();
@@ -240,9 +241,9 @@ Task<> SettingsSender::typeClock() {
     // The instrument begins that minute with its last digit.
     const qint64 lost = set.time().second() + set.secsTo(link_.session.clock.now());
     link_.session.status.notice =
-        lost <= 0 ? QStringLiteral("The instrument's clock was set at the full minute.")
-                  : QStringLiteral("The instrument's clock was set to the minute and is %1 behind: the command carries "
-                                   "no seconds.")
+        lost <= 0 ? Words::tr("The instrument's clock was set at the full minute.")
+                  : Words::tr("The instrument's clock was set to the minute and is %1 behind: the command carries "
+                              "no seconds.")
                         .arg(durationInWords(lost));
 }
 
@@ -295,15 +296,15 @@ Task<> SettingsSender::typed(QString digits, bool isTimed) {
 
 void SettingsSender::fail() {
     if (std::exchange(settings_.sent, std::nullopt)) { // it was the clock
-        settings_.exchange = QStringLiteral("Sent, but the clock was not set and nothing was read back: the instrument "
-                                            "did not answer. Press \"Retrieve Settings\" to see what it has.");
+        settings_.exchange = Words::tr("Sent, but the clock was not set and nothing was read back: the instrument "
+                                       "did not answer. Press \"Retrieve Settings\" to see what it has.");
     }
     progress_.visible = false;
     settings_.lamp = Lamp::Failed;
     link_.timer.setInterval(StatusTimer::slowInterval);
-    link_.session.status.status = QStringLiteral("Ready");
+    link_.session.status.status = Words::tr("Ready");
     link_.session.messages.show(
-        withoutWindow(operatorWarning(QStringLiteral("Error Sending Prefs. Error Code 1"), QStringLiteral("Error")),
+        withoutWindow(operatorWarning(Words::tr("Error Sending Prefs. Error Code 1"), Words::tr("Error")),
                       QStringLiteral("The instrument did not answer what was sent.")));
     mainWindowWanted.tell();
 }
@@ -328,12 +329,12 @@ void SettingsSender::applySettings() {
     const LoggerSettings& record = settings_.record.value();
     if (leadingNumber(record.pointsPerBlock) == 0.0 && record.logEnabled) {
         link_.session.messages.show(withoutWindow(
-            operatorWarning(QStringLiteral("Logging and Continues Sampling invalid."), QStringLiteral("Invalid Setup")),
+            operatorWarning(Words::tr("Logging and Continues Sampling invalid."), Words::tr("Invalid Setup")),
             QStringLiteral("Nothing was sent: a block without end cannot be logged. Set pointsPerBlock as "
                            "well, or logEnabled=false.")));
         return;
     }
-    link_.procedures.start(QStringLiteral("Apply Settings"), [this] { return apply(); });
+    link_.procedures.start(Words::tr("Apply Settings"), [this] { return apply(); });
 }
 
 Task<> SettingsSender::apply() {
@@ -342,7 +343,7 @@ Task<> SettingsSender::apply() {
 
 void SettingsSender::synchronizeClock() {
     if (link_.session.commands.canCommand) {
-        link_.procedures.start(QStringLiteral("Sync Time/Date"), [this] { return sendClock(); });
+        link_.procedures.start(Words::tr("Sync Time/Date"), [this] { return sendClock(); });
     }
 }
 

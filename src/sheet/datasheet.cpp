@@ -144,7 +144,7 @@ bool SheetRows::instrumentIsKnown() const {
     if (connectedLayout() != RowLayout::Unknown) {
         return true;
     }
-    session_.messages.show(operatorWarning(QStringLiteral("The instrument did not say what it is. Connect again.")));
+    session_.messages.show(operatorWarning(Words::tr("The instrument did not say what it is. Connect again.")));
     return false;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/observe.h"
+#include "base/words.h"
 #include "link/comports.h"
 #include "sheet/dataline.h"
 
@@ -126,7 +127,7 @@ private:
 struct LoadedSheet {
     DataSheet::Type type;
     std::vector<QByteArray> rows; ///< Cells joined by tabs.
-    QString error;                ///< Empty, or what is wrong with the file; then there are no rows.
+    Words error;                  ///< Empty, or what is wrong with the file; then there are no rows.
 };
 
 /// A save: how many rows there are in which file, with its path.

@@ -23,8 +23,8 @@ Download::Download(Link& link, Settings& settings, SheetRows& rows, SheetFiles& 
 
 namespace {
 
-QString recordsText(int count) {
-    return count == 1 ? QStringLiteral("1 record") : QStringLiteral("%1 records").arg(count);
+Words recordsText(int count) {
+    return count == 1 ? Words::tr("1 record") : Words::tr("%1 records").arg(count);
 }
 
 /// After so many milliseconds without data the status says so.
@@ -45,14 +45,14 @@ QByteArray headerText(const QDateTime& now, RowLayout layout) {
 void Download::saveAsText() {
     link_.ports.debugsay(QStringLiteral("F2 Click"));
     if (link_.ports.isOpen() && rows_.instrumentIsKnown()) {
-        link_.procedures.start(QStringLiteral("Download Stored Data"), [this] { return askAndSave(); });
+        link_.procedures.start(Words::tr("Download Stored Data"), [this] { return askAndSave(); });
     }
 }
 
 Task<> Download::askAndSave() {
     settings_.progress.show();
     auto ended = qScopeGuard([this] { settings_.progress.visible = false; });
-    const Question question = saveQuestion(QStringLiteral("Save as"), QStringLiteral("Stored Data.txt"),
+    const Question question = saveQuestion(Words::tr("Save as"), QStringLiteral("Stored Data.txt"),
                                            QStringLiteral(".txt"), QStringLiteral("*.txt"));
     const QString name = co_await link_.waits.answer(question, Waits::Until::ConnectionEnds);
     if (name.isEmpty()) {
@@ -71,26 +71,26 @@ void Download::saveAsText(const QString& name) {
 
 void Download::saveTo(const QString& name) {
     file_.setFileName(name);
-    const QString reason = file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
-                               ? appendWhole(file_, headerText(link_.session.clock.now(), rows_.connectedLayout()))
-                               : errorText(file_);
+    const Words reason = file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
+                             ? appendWhole(file_, headerText(link_.session.clock.now(), rows_.connectedLayout()))
+                             : errorText(file_);
     if (!reason.isEmpty()) {
         closeTarget();
-        tellFailure(reason, QStringLiteral("Nothing was asked of the instrument."),
-                    QStringLiteral("Make room or choose another folder, and download it again."));
+        tellFailure(reason, Words::tr("Nothing was asked of the instrument."),
+                    Words::tr("Make room or choose another folder, and download it again."));
         return;
     }
     settings_.progress.show(); // it may have been closed while the dialog stood
-    begin(Target::TextFile, Operation::SavingText, QStringLiteral("Saving Sheet"));
+    begin(Target::TextFile, Operation::SavingText, Words::tr("Saving Sheet"));
 }
 
 void Download::vwhp() {
     settings_.progress.show();
     rows_.beginSeries();
-    begin(Target::Sheet, Operation::Importing, QStringLiteral("Exporting Memory"));
+    begin(Target::Sheet, Operation::Importing, Words::tr("Exporting Memory"));
 }
 
-void Download::begin(Target target, Operation operation, const QString& status) {
+void Download::begin(Target target, Operation operation, const Words& status) {
     target_ = target;
     records_ = 0;
     unread_ = 0;
@@ -115,13 +115,13 @@ void Download::begin(Target target, Operation operation, const QString& status) 
     settings_.progress.value = 0;
 }
 
-bool Download::takeReply(const QString& reply, const QString& progressLabel, DataRow& row) {
+bool Download::takeReply(const QString& reply, const Words& progressLabel, DataRow& row) {
     const qint64 now = link_.session.clock.monotonicMilliseconds();
     if (reply.isEmpty()) {
         if (const qint64 left = lastData_ + stallLimit - now; left > 0) {
             link_.timer.wake(left);
         } else if (!std::exchange(stallTold_, true)) {
-            link_.session.status.status = QStringLiteral("No data for 10 s. Reset stops the download.");
+            link_.session.status.status = Words::tr("No data for 10 s. Reset stops the download.");
         }
         return false;
     }
@@ -162,15 +162,15 @@ bool Download::takeReply(const QString& reply, const QString& progressLabel, Dat
 
 void Download::savefiletxt(const QString& reply) {
     DataRow row;
-    if (!takeReply(reply, QStringLiteral("Bytes Downloaded"), row)) {
+    if (!takeReply(reply, Words::tr("Bytes Downloaded"), row)) {
         return;
     }
     const QString line = recordLine(records_ + 1, row, rows_.connectedLayout()) + QLatin1String("\r\n");
-    const QString reason = appendWhole(file_, line.toLatin1());
+    const Words reason = appendWhole(file_, line.toLatin1());
     if (!reason.isEmpty()) {
         dropTheRest();
-        tellFailure(reason, QStringLiteral("It holds %1.").arg(recordsText(records_)),
-                    QStringLiteral("Press Reset, make room or choose another folder, and download it again."),
+        tellFailure(reason, Words::tr("It holds %1.").arg(recordsText(records_)),
+                    Words::tr("Press Reset, make room or choose another folder, and download it again."),
                     QStringLiteral("Make room or choose another folder, and download it again."));
         return;
     }
@@ -181,7 +181,7 @@ void Download::savefiletxt(const QString& reply) {
 void Download::importtofg1(const QString& reply) {
     DataRow row;
     // The two downloads spell their label differently.
-    if (!takeReply(reply, QStringLiteral("Bytes DownLoaded"), row)) {
+    if (!takeReply(reply, Words::tr("Bytes DownLoaded"), row)) {
         return;
     }
     try {
@@ -199,7 +199,7 @@ void Download::importtofg1(const QString& reply) {
     }
 }
 
-void Download::showProgress(const QString& label) {
+void Download::showProgress(const Words& label) {
     const int maximum = settings_.progress.maximum;
     const int value = static_cast<int>(std::min<qint64>(bytes_, maximum));
     settings_.progress.label = label;
@@ -218,12 +218,12 @@ QString Download::bringToDisk() {
 
 void Download::finish() {
     // The operator may have the instrument's memory emptied next.
-    const QString reason = bringToDisk();
+    const Words reason = bringToDisk();
     if (!reason.isEmpty()) {
         end();
-        link_.session.status.status = QStringLiteral("Ready");
-        tellFailure(reason, QStringLiteral("It may not have everything."),
-                    QStringLiteral("Make room or choose another folder, and download it again."));
+        link_.session.status.status = Words::tr("Ready");
+        tellFailure(reason, Words::tr("It may not have everything."),
+                    Words::tr("Make room or choose another folder, and download it again."));
         return;
     }
     if (target_ != Target::Nowhere) {
@@ -234,13 +234,14 @@ void Download::finish() {
         link_.session.status.downloadedBytes = QString::number(bytes_);
         if (unread_ > 0) {
             link_.session.status.notice =
-                (unread_ == 1 ? QStringLiteral("1 record could not be read; it is in ")
-                              : QStringLiteral("%1 records could not be read; they are in ").arg(unread_)) +
-                link_.session.fileNames.log;
+                unread_ == 1 ? Words::tr("1 record could not be read; it is in %1").arg(link_.session.fileNames.log)
+                             : Words::tr("%1 records could not be read; they are in %2")
+                                   .arg(unread_)
+                                   .arg(link_.session.fileNames.log);
         }
     }
     end();
-    link_.session.status.status = QStringLiteral("Ready");
+    link_.session.status.status = Words::tr("Ready");
 }
 
 void Download::end() {
@@ -256,7 +257,7 @@ void Download::dropTheRest() {
     }
     closeTarget();
     target_ = Target::Nowhere;
-    status_ = QStringLiteral("Download stopped");
+    status_ = Words::tr("Download stopped");
     link_.session.status.status = status_;
 }
 
@@ -289,34 +290,35 @@ void Download::endIncomplete(SheetThen then) {
 }
 
 void Download::tellIncomplete(Target target, SheetThen then) {
-    QString where = QStringLiteral("on the sheet");
+    Words arrived = Words::tr(" %1 arrived and can be found on the sheet.").arg(recordsText(records_));
     if (target == Target::TextFile) {
-        where = QStringLiteral("in %1").arg(QFileInfo(file_.fileName()).absoluteFilePath());
+        arrived = Words::tr(" %1 arrived and can be found in %2.")
+                      .arg(recordsText(records_), QFileInfo(file_.fileName()).absoluteFilePath());
     } else if (savedOnTheWay_) {
-        where = QStringLiteral("on the sheet and in the files that were saved automatically");
+        arrived = Words::tr(" %1 arrived and can be found on the sheet and in the files that were saved automatically.")
+                      .arg(recordsText(records_));
     }
-    QString arrived = QStringLiteral(" %1 arrived and can be found %2.").arg(recordsText(records_), where);
     if (then != SheetThen::Stays && target == Target::Sheet) {
-        arrived = savedOnTheWay_ ? QStringLiteral(" What was saved automatically stays.") : QString();
+        arrived = savedOnTheWay_ ? Words::tr(" What was saved automatically stays.") : Words();
         if (then == SheetThen::IsOffered) {
-            arrived += QStringLiteral(" The next start offers what is on the sheet.");
+            arrived += Words::tr(" The next start offers what is on the sheet.");
         }
     }
-    const QString unread = unread_ > 0 ? QStringLiteral(" %1 could not be read; %2 has what was received.")
-                                             .arg(recordsText(unread_), link_.session.fileNames.log)
-                                       : QString();
+    const Words unread = unread_ > 0 ? Words::tr(" %1 could not be read; %2 has what was received.")
+                                           .arg(recordsText(unread_), link_.session.fileNames.log)
+                                     : Words();
     link_.session.messages.show(
-        withoutWindow(operatorWarning(QStringLiteral("The download is incomplete: it was ended before the instrument "
-                                                     "had sent everything.%1%2\n\nThe "
-                                                     "instrument still holds its data; download it again.")
+        withoutWindow(operatorWarning(Words::tr("The download is incomplete: it was ended before the instrument "
+                                                "had sent everything.%1%2\n\nThe "
+                                                "instrument still holds its data; download it again.")
                                           .arg(arrived, unread)),
                       QStringLiteral("The download was ended before the instrument had sent everything.")));
 }
 
-void Download::tellFailure(const QString& reason, const QString& state, const QString& nextStep,
+void Download::tellFailure(const Words& reason, const Words& state, const Words& nextStep,
                            const QString& nextWithoutWindow) {
     const auto failed =
-        QStringLiteral("The stored data cannot be written to %1: %2.\n\n%3 The instrument still holds its data. ")
+        Words::tr("The stored data cannot be written to %1: %2.\n\n%3 The instrument still holds its data. ")
             .arg(QFileInfo(file_.fileName()).absoluteFilePath(), reason, state);
     Message message = operatorWarning(failed + nextStep);
     if (!nextWithoutWindow.isEmpty()) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "settings/settings.h"
 #include "sheet/sheetfiles.h"
 
@@ -52,16 +53,16 @@ private:
 
     Task<> askAndSave();
     void saveTo(const QString& name);
-    void begin(Target target, Operation operation, const QString& status);
-    bool takeReply(const QString& reply, const QString& progressLabel, DataRow& row);
-    void showProgress(const QString& label);
+    void begin(Target target, Operation operation, const Words& status);
+    bool takeReply(const QString& reply, const Words& progressLabel, DataRow& row);
+    void showProgress(const Words& label);
     void finish();
     void end();
     void dropTheRest();
     void closeTarget();
     QString bringToDisk();
     void tellIncomplete(Target target, SheetThen then = SheetThen::Stays);
-    void tellFailure(const QString& reason, const QString& state, const QString& nextStep,
+    void tellFailure(const Words& reason, const Words& state, const Words& nextStep,
                      const QString& nextWithoutWindow = {});
 
     Link& link_;
@@ -77,7 +78,7 @@ private:
     bool whole_ = false;
     bool stallTold_ = false;
     bool savedOnTheWay_ = false; ///< The sheet became long and was saved and cleared.
-    QString status_;             ///< What the status says while data comes.
+    Words status_;               ///< What the status says while data comes.
 };
 
 } // namespace orv

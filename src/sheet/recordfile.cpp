@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "sheet/recordlines.h"
 
 #include <QDir>
@@ -31,7 +32,7 @@ void RecordFile::setPath(const QString& path) {
 
 QString RecordFile::start(const DataSheet::Type& type) {
     close();
-    QString reason = place_ != nullptr ? place_->claim() : QString();
+    Words reason = place_ != nullptr ? place_->claim() : QString();
     if (reason.isEmpty()) {
         reason = keepUnsavedRows();
     }
@@ -64,7 +65,7 @@ QString RecordFile::keepUnsavedRows() {
         return {};
     }
     QString keptAs;
-    const QString reason = keepUnderDatedName(file_.fileName(), clock_.now(), &keptAs);
+    const Words reason = keepUnderDatedName(file_.fileName(), clock_.now(), &keptAs);
     if (!reason.isEmpty()) {
         return QStringLiteral("the rows of the run before could not be kept under another name (%1)").arg(reason);
     }
@@ -93,7 +94,7 @@ QString RecordFile::append(const QString& line) {
         return {};
     }
     saved_ = false;
-    QString reason = appendWhole(file_, line.toLatin1() + "\r\n");
+    Words reason = appendWhole(file_, line.toLatin1() + "\r\n");
     unsaved_ = unsaved_ || reason.isEmpty();
     if (reason.isEmpty() && !waitsForDisk_) {
         waitsForDisk_ = true;
@@ -152,7 +153,7 @@ void RecordFile::unendedRecovered() {
 }
 
 QString RecordFile::keepUnended(QString& keptAs) {
-    QString reason = keepUnderDatedName(file_.fileName(), clock_.now(), &keptAs);
+    Words reason = keepUnderDatedName(file_.fileName(), clock_.now(), &keptAs);
     if (reason.isEmpty()) {
         lock_.remove();
     }
@@ -230,7 +231,7 @@ QString RecordFile::keepForNextStart(const DataSheet& sheet) {
     if (sheet.type().layout() == RowLayout::Unknown) {
         return QStringLiteral("they are of no known type of instrument");
     }
-    QString reason = place_ != nullptr ? place_->claim() : QString();
+    Words reason = place_ != nullptr ? place_->claim() : QString();
     if (reason.isEmpty()) {
         const auto keepOlder = holdsUnsavedRows() ? std::optional(clock_.now()) : std::nullopt;
         reason = writeWholeFile(file_.fileName(), recordBytes(sheet, clock_.now()), keepOlder);

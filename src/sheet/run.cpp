@@ -65,7 +65,7 @@ void Run::startRunningProfile() {
     link_.ports.write("R");
     link_.session.state.Ctrlscrn = Operation::Collecting;
     link_.session.commands.activity = Activity::Collecting;
-    link_.session.status.status = QStringLiteral("Running");
+    link_.session.status.status = Words::tr("Running");
     link_.session.status.notice = QString();
     running_ = true;
     hasLine_ = false;
@@ -138,7 +138,7 @@ void Run::endIfPrompted() {
 void Run::endRun() {
     closeRecordFile();
     link_.session.state.Ctrlscrn = Operation::CollectionSetUp;
-    link_.session.status.status = QStringLiteral("Ready");
+    link_.session.status.status = Words::tr("Ready");
 }
 
 void Run::closeRecordFile() {
@@ -154,8 +154,8 @@ void Run::closeRecordFile() {
     link_.session.commands.runEnabled = true;
     if (unreadLines_ > 0) {
         link_.session.status.notice =
-            unreadLines_ == 1 ? QStringLiteral("1 line could not be read; it is in %1").arg(link_.session.fileNames.log)
-                              : QStringLiteral("%1 lines could not be read; they are in %2")
+            unreadLines_ == 1 ? Words::tr("1 line could not be read; it is in %1").arg(link_.session.fileNames.log)
+                              : Words::tr("%1 lines could not be read; they are in %2")
                                     .arg(unreadLines_)
                                     .arg(link_.session.fileNames.log);
     }
@@ -167,16 +167,18 @@ std::optional<qint64> Run::syncWhenDue() {
     return left;
 }
 
-void Run::tellRecordFailure(const QString& reason) {
+void Run::tellRecordFailure(const Words& reason) {
     if (reason.isEmpty() || std::exchange(recordFailureTold_, true)) {
         return;
     }
-    const auto failed = QStringLiteral("The record file %1 cannot be written: %2.\n\nThe run goes on and ")
-                            .arg(link_.session.fileNames.record, reason);
-    link_.session.messages.show(
-        withoutWindow(operatorWarning(failed + QStringLiteral("every row is on the sheet. Save the sheet when the run "
-                                                              "has ended.")),
-                      failed + QStringLiteral("its rows go to the output alone. Make room on the disk.")));
+    const QString& name = link_.session.fileNames.record;
+    link_.session.messages.show(withoutWindow(
+        operatorWarning(Words::tr("The record file %1 cannot be written: %2.\n\nThe run goes on and every "
+                                  "row is on the sheet. Save the sheet when the run has ended.")
+                            .arg(name, reason)),
+        QStringLiteral("The record file %1 cannot be written: %2.\n\nThe run goes on and its rows go to "
+                       "the output alone. Make room on the disk.")
+            .arg(name, reason.english())));
 }
 
 } // namespace orv

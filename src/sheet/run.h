@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "link/link.h"
 #include "settings/loggersettings.h"
 #include "sheet/dataline.h"
@@ -49,7 +50,7 @@ private:
     void takeLine(const QString& line);
     void noteLine();
     void endRun();
-    void tellRecordFailure(const QString& reason);
+    void tellRecordFailure(const Words& reason);
 
     Link& link_;
     const SettingsState& settings_;

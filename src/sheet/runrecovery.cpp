@@ -12,8 +12,8 @@ namespace orv {
 
 namespace {
 
-QString counted(qsizetype count, const QString& what) {
-    return QStringLiteral("%1 %2%3").arg(count).arg(what, count == 1 ? QString() : QStringLiteral("s"));
+Words rowsText(qsizetype count) {
+    return count == 1 ? Words::tr("1 row") : Words::tr("%1 rows").arg(count);
 }
 
 bool holdsNothing(const RecordedRows& found) {
@@ -21,36 +21,37 @@ bool holdsNothing(const RecordedRows& found) {
 }
 
 /// What of the record file is not on the sheet and why; empty if everything is.
-QString notRecovered(const RecordedRows& found) {
-    QStringList notes;
+Words notRecovered(const RecordedRows& found) {
+    QList<Words> notes;
     if (found.cutOff) {
-        notes << QStringLiteral("The last line was cut off and has been left out.");
+        notes << Words::tr("The last line was cut off and has been left out.");
     }
     if (found.unreadableLines > 0) {
-        notes << QStringLiteral("%1 could not be read and left out.")
-                     .arg(counted(found.unreadableLines, QStringLiteral("line")));
+        notes << (found.unreadableLines == 1
+                      ? Words::tr("1 line could not be read and left out.")
+                      : Words::tr("%1 lines could not be read and left out.").arg(found.unreadableLines));
     }
     if (found.missingRows > found.unreadableLines) {
-        notes << QStringLiteral("The numbers of the rows have gaps: %1 missing in the record file.")
-                     .arg(found.missingRows == 1 ? QStringLiteral("1 row is")
-                                                 : QStringLiteral("%1 rows are").arg(found.missingRows));
+        notes << (found.missingRows == 1
+                      ? Words::tr("The numbers of the rows have gaps: 1 row is missing in the record file.")
+                      : Words::tr("The numbers of the rows have gaps: %1 rows are missing in the record file.")
+                            .arg(found.missingRows));
     }
     if (found.hasEarlierRows) {
-        notes << QStringLiteral("The sheet was saved or cleared during the run; rows from before that are left out.");
+        notes << Words::tr("The sheet was saved or cleared during the run; rows from before that are left out.");
     }
     if (found.typeGuessed) {
-        notes << QStringLiteral("The instrument's type was told by the rows; the sheet says %1 with firmware %2.")
+        notes << Words::tr("The instrument's type was told by the rows; the sheet says %1 with firmware %2.")
                      .arg(instrumentName(instrumentType(found.sheet.type.letter)),
                           plainNumber(found.sheet.type.firmware));
     }
     const int number = found.sheet.rows.front().split('\t').first().toInt();
     if (number > 1 && found.unreadableLines == 0) {
-        notes << QStringLiteral(
-                     "The run began with row %1. If the rows before it were of a run too and not saved, they "
-                     "are in a file of this folder named with date and time.")
+        notes << Words::tr("The run began with row %1. If the rows before it were of a run too and not saved, they "
+                           "are in a file of this folder named with date and time.")
                      .arg(number);
     }
-    return notes.join(u'\n');
+    return join(notes, QStringLiteral("\n"));
 }
 
 } // namespace
@@ -91,20 +92,20 @@ Task<> RunRecovery::offer() {
     }
     const auto rows = static_cast<qsizetype>(found.sheet.rows.size());
     if (!found.sheet.error.isEmpty()) {
-        tell(QStringLiteral("The last run in this folder did not end, and its record file %1 cannot be read: %2.\n\nIt "
-                            "stays as it is. Its rows are offered again at the next start.")
+        tell(Words::tr("The last run in this folder did not end, and its record file %1 cannot be read: %2.\n\nIt "
+                       "stays as it is. Its rows are offered again at the next start.")
                  .arg(QFileInfo(file_).absoluteFilePath(), found.sheet.error));
     } else if (holdsNothing(found)) {
         recordFile_.dropUnended();
     } else if (rows == 0) {
-        keep(QStringLiteral(
-            "The last run in this folder did not end, and its record file has no row that can be read. "));
+        keep(Words::tr("The last run in this folder did not end, and its record file has no row that can be read. "));
     } else {
-        const auto run = QStringLiteral("The last run in this folder did not end");
-        const QString what = counted(rows, QStringLiteral("row"));
+        const Words what = rowsText(rows);
         Question question =
-            yesNoQuestion(programTitle(), run + QStringLiteral(". Load its %1 into the sheet?").arg(what));
-        question.reason = run + QStringLiteral("; its record file has %1.").arg(what);
+            yesNoQuestion(programTitle(),
+                          Words::tr("The last run in this folder did not end. Load its %1 into the sheet?").arg(what));
+        question.reason =
+            QStringLiteral("The last run in this folder did not end; its record file has %1.").arg(what.english());
         const QString answer = co_await link_.waits.answer(question);
         if (answer == Question::yes()) {
             co_await load(std::move(found));
@@ -120,25 +121,23 @@ Task<> RunRecovery::load(RecordedRows found) {
     if (!recordFile_.isUnended() || !mayGo) {
         co_return;
     }
-    const QString left = notRecovered(found);
+    const Words left = notRecovered(found);
     rows_.recover(std::move(found.sheet));
     recordFile_.unendedRecovered();
     if (!left.isEmpty()) {
-        tell(QStringLiteral(
-                 "The rows of the last run are on the sheet.\n\n%1\n\nNothing is lost: the record file %2 has "
-                 "everything.%3")
+        tell(Words::tr("The rows of the last run are on the sheet.\n\n%1\n\nNothing is lost: the record file %2 has "
+                       "everything.%3")
                  .arg(left, QFileInfo(file_).absoluteFilePath(),
-                      isRecordFile() ? QStringLiteral(" The next run keeps it under a name with date and time.")
-                                     : QString()));
+                      isRecordFile() ? Words::tr(" The next run keeps it under a name with date and time.") : Words()));
     }
 }
 
-void RunRecovery::keep(const QString& what, bool hasRows) {
+void RunRecovery::keep(const Words& what, bool hasRows) {
     if (!recordFile_.isUnended()) {
         return;
     }
     QString keptAs = file_;
-    QString reason;
+    Words reason;
     if (isRecordFile()) {
         reason = recordFile_.keepUnended(keptAs);
     } else {
@@ -146,17 +145,16 @@ void RunRecovery::keep(const QString& what, bool hasRows) {
     }
     if (reason.isEmpty()) {
         const QString path = QFileInfo(keptAs).absoluteFilePath();
-        const auto kept = what + QStringLiteral("The record file of the last run is kept as %1.").arg(path);
+        const auto kept = what + Words::tr("The record file of the last run is kept as %1.").arg(path);
         tell(kept,
              hasRows
-                 ? kept +
+                 ? kept.english() +
                        QStringLiteral(" \"orv convert %1 -o NAME.csv\" makes a file of its rows.").arg(shellWord(path))
                  : QString());
     } else {
-        tell(what +
-             QStringLiteral("The record file %1 could not be kept under a name with date and time: %2.\n\nIt stays "
-                            "as it is, and no run will overwrite it. Move it yourself.")
-                 .arg(QFileInfo(recordFile_.path()).absoluteFilePath(), reason));
+        tell(what + Words::tr("The record file %1 could not be kept under a name with date and time: %2.\n\nIt stays "
+                              "as it is, and no run will overwrite it. Move it yourself.")
+                        .arg(QFileInfo(recordFile_.path()).absoluteFilePath(), reason));
     }
 }
 
@@ -164,7 +162,7 @@ bool RunRecovery::isRecordFile() const {
     return file_ == recordFile_.path();
 }
 
-void RunRecovery::tell(const QString& text, const QString& textWithoutWindow) {
+void RunRecovery::tell(const Words& text, const QString& textWithoutWindow) {
     link_.session.messages.show({.title = programTitle(),
                                  .text = text,
                                  .icon = Message::Icon::Information,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "sheet/recordfile.h"
 #include "sheet/sheetfiles.h"
 
@@ -24,9 +25,9 @@ public:
 
 private:
     Task<> load(RecordedRows found);
-    void keep(const QString& what, bool hasRows = false);
+    void keep(const Words& what, bool hasRows = false);
     bool isRecordFile() const;
-    void tell(const QString& text, const QString& textWithoutWindow = {});
+    void tell(const Words& text, const QString& textWithoutWindow = {});
 
     Link& link_;
     SheetRows& rows_;

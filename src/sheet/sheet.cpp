@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet/sheet.h"
 
+#include "base/words.h"
+
 #include <QFileInfo>
 
 #include <utility>
@@ -33,14 +35,13 @@ void Sheet::noteSaved(bool wholly) {
     if (std::exchange(missingColumnTold_, true)) {
         return;
     }
-    const QString where = recorded
-                              ? QStringLiteral("The record file %1 has it; the next run keeps that file under a "
-                                               "name with date and time.")
-                                    .arg(QFileInfo(recordFile.path()).absoluteFilePath())
-                              : QStringLiteral("Of stored data, \"Download Stored Data: Save as Text\" writes it.");
+    const Words where = recorded ? Words::tr("The record file %1 has it; the next run keeps that file under a "
+                                             "name with date and time.")
+                                       .arg(QFileInfo(recordFile.path()).absoluteFilePath())
+                                 : Words::tr("Of stored data, \"Download Stored Data: Save as Text\" writes it.");
     link.session.messages.show(
-        {.title = QStringLiteral("Save as"),
-         .text = QStringLiteral("A sheet file has no column for the last reference of the older TRX.\n\n%1").arg(where),
+        {.title = Words::tr("Save as"),
+         .text = Words::tr("A sheet file has no column for the last reference of the older TRX.\n\n%1").arg(where),
          .icon = Message::Icon::Information});
 }
 
@@ -95,7 +96,7 @@ bool Sheet::prepare() {
         return true;
     }
     link.session.messages.show(
-        operatorWarning(QStringLiteral("The sheet still holds unsaved rows of the %1. Save or clear them first.")
+        operatorWarning(Words::tr("The sheet still holds unsaved rows of the %1. Save or clear them first.")
                             .arg(instrumentName(instrumentType(data.type().letter)))));
     return false;
 }

@@ -37,9 +37,9 @@ bool SheetFiles::beginSaving() {
     if (sheet_.type().layout() != RowLayout::Unknown) {
         return true;
     }
-    link_.session.messages.show({.title = QStringLiteral("Save as"),
-                                 .text = QStringLiteral("There is nothing to save: the sheet has no known type of "
-                                                        "instrument. Connect an instrument or open a sheet first."),
+    link_.session.messages.show({.title = Words::tr("Save as"),
+                                 .text = Words::tr("There is nothing to save: the sheet has no known type of "
+                                                   "instrument. Connect an instrument or open a sheet first."),
                                  .icon = Message::Icon::Information});
     return false;
 }
@@ -56,26 +56,25 @@ Task<SheetFiles::Outcome> SheetFiles::saveas() {
     }
     const qsizetype savedBefore = savedByItself_.size();
     const Question question =
-        saveQuestion(QStringLiteral("Save as"), presetName(), QStringLiteral(".txt"), QStringLiteral("*.txt"));
+        saveQuestion(Words::tr("Save as"), presetName(), QStringLiteral(".txt"), QStringLiteral("*.txt"));
     const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
         co_return Outcome::Cancelled;
     }
-    const QStringList meanwhile = savedByItself_.mid(savedBefore);
+    const QList<Words> meanwhile = savedByItself_.mid(savedBefore);
     // The name may be that of a file that the automatic save has written since: that one keeps its rows.
     const bool wasSavedByItself = std::ranges::any_of(
         meanwhile, [&name](const QString& file) { return file.endsWith(QLatin1String(" as ") + tellable(name)); });
     failureTold_ = false; // the operator has asked for this one
     const Outcome outcome = announceAndWrite(name, wasSavedByItself);
     if (outcome == Outcome::Saved && !meanwhile.isEmpty()) {
-        const QString kept = wasSavedByItself
-                                 ? QStringLiteral(" The file of that name is kept under a name with date and "
-                                                  "time.")
-                                 : QString();
-        link_.session.messages.show({.title = QStringLiteral("Save as"),
-                                     .text = QStringLiteral("While you chose a name the sheet became long and was "
-                                                            "saved by itself: %1.\n\n%2 has the rows since.%3")
-                                                 .arg(meanwhile.join(QLatin1String("; ")), tellable(name), kept),
+        const Words kept = wasSavedByItself ? Words::tr(" The file of that name is kept under a name with date and "
+                                                        "time.")
+                                            : Words();
+        link_.session.messages.show({.title = Words::tr("Save as"),
+                                     .text = Words::tr("While you chose a name the sheet became long and was "
+                                                       "saved by itself: %1.\n\n%2 has the rows since.%3")
+                                                 .arg(join(meanwhile, QStringLiteral("; ")), tellable(name), kept),
                                      .icon = Message::Icon::Information});
     }
     co_return outcome;
@@ -85,7 +84,7 @@ SheetFiles::Outcome SheetFiles::autosave() {
     const QString name = presetName();
     const Outcome outcome = beginSaving() ? announceAndWrite(name, true) : Outcome::Failed;
     if (outcome == Outcome::Saved) {
-        savedByItself_ << QStringLiteral("rows 1 to %1 as %2").arg(sheet_.rowCount()).arg(tellable(name));
+        savedByItself_ << Words::tr("rows 1 to %1 as %2").arg(sheet_.rowCount()).arg(tellable(name));
     }
     return outcome;
 }
@@ -117,10 +116,10 @@ bool SheetFiles::saveAside() {
     if (write(name, true) != Outcome::Saved) {
         return false;
     }
-    link_.session.messages.show({.title = QStringLiteral("Save Data"),
-                                 .text = QStringLiteral("The sheet holds unsaved rows of another type of instrument. "
-                                                        "They have been saved as %1.\n\nUse \"Clear All\" before you "
-                                                        "collect with this one.")
+    link_.session.messages.show({.title = Words::tr("Save Data"),
+                                 .text = Words::tr("The sheet holds unsaved rows of another type of instrument. "
+                                                   "They have been saved as %1.\n\nUse \"Clear All\" before you "
+                                                   "collect with this one.")
                                              .arg(tellable(name)),
                                  .icon = Message::Icon::Information});
     return true;
@@ -128,7 +127,7 @@ bool SheetFiles::saveAside() {
 
 Task<> SheetFiles::loadit() {
     link_.ports.debugsay(QStringLiteral("Loading Spread Sheet"));
-    const Question question = openQuestion(QStringLiteral("Open"), QStringLiteral(".txt"), QStringLiteral("*.txt"));
+    const Question question = openQuestion(Words::tr("Open"), QStringLiteral(".txt"), QStringLiteral("*.txt"));
     const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
         co_return;
@@ -159,8 +158,8 @@ bool SheetFiles::refuse(const QString& name, const LoadedSheet& loaded) {
         return false;
     }
     link_.session.messages.show(operatorWarning(
-        QStringLiteral("%1 could not be opened.\n\n%2\n\nThe sheet is as it was.").arg(tellable(name), loaded.error),
-        QStringLiteral("Open")));
+        Words::tr("%1 could not be opened.\n\n%2\n\nThe sheet is as it was.").arg(tellable(name), loaded.error),
+        Words::tr("Open")));
     return true;
 }
 
@@ -169,7 +168,7 @@ Task<bool> SheetFiles::ask() {
         co_return true;
     }
     const Question question =
-        yesNoQuestion(QStringLiteral("Save Data"), QStringLiteral("Data not Saved. Do you wish to save it now ?"));
+        yesNoQuestion(Words::tr("Save Data"), Words::tr("Data not Saved. Do you wish to save it now ?"));
     const QString answer = co_await link_.waits.answer(question);
     if (answer != Question::yes()) {
         co_return answer == Question::no();
@@ -180,7 +179,7 @@ Task<bool> SheetFiles::ask() {
 
 SheetFiles::Outcome SheetFiles::write(const QString& name, bool autosaving) {
     const auto keepOlder = autosaving ? std::optional(link_.session.clock.now()) : std::nullopt;
-    const QString reason = writeWholeFile(name, sheetFileBytes(sheet_, name), keepOlder);
+    const Words reason = writeWholeFile(name, sheetFileBytes(sheet_, name), keepOlder);
     if (!reason.isEmpty()) {
         return fail(name, reason, autosaving);
     }
@@ -192,16 +191,16 @@ SheetFiles::Outcome SheetFiles::write(const QString& name, bool autosaving) {
     return Outcome::Saved;
 }
 
-SheetFiles::Outcome SheetFiles::fail(const QString& name, const QString& reason, bool autosaving) {
+SheetFiles::Outcome SheetFiles::fail(const QString& name, const Words& reason, bool autosaving) {
     if (autosaving && std::exchange(failureTold_, true)) {
         return Outcome::Failed;
     }
     link_.session.messages.show(
-        operatorWarning(QStringLiteral("The sheet could not be saved as %1: %2.\n\nIts rows are still on "
-                                       "the sheet. Choose another folder or make room on the disk, then "
-                                       "save again.")
+        operatorWarning(Words::tr("The sheet could not be saved as %1: %2.\n\nIts rows are still on "
+                                  "the sheet. Choose another folder or make room on the disk, then "
+                                  "save again.")
                             .arg(tellable(name), reason),
-                        QStringLiteral("Save as")));
+                        Words::tr("Save as")));
     return Outcome::Failed;
 }
 

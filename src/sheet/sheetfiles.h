@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "link/link.h"
 #include "sheet/datasheet.h"
 
@@ -51,14 +52,14 @@ private:
     bool beginSaving();
     Outcome announceAndWrite(const QString& name, bool autosaving);
     bool refuse(const QString& name, const LoadedSheet& loaded);
-    Outcome fail(const QString& name, const QString& reason, bool autosaving);
+    Outcome fail(const QString& name, const Words& reason, bool autosaving);
     Outcome write(const QString& name, bool autosaving);
 
     Link& link_;
     DataSheet& sheet_;
     SheetRows& rows_;
     SheetState& shown_;
-    QStringList savedByItself_;   ///< For the operator: "rows 1 to 20000 as /home/a/Data0.txt".
+    QList<Words> savedByItself_;  ///< For the operator: "rows 1 to 20000 as /home/a/Data0.txt".
     bool failureTold_ = false;    ///< What is saved without asking is tried again and again.
     int nextAutosave_ = rowLimit; ///< Rows at which the sheet is saved by itself again.
 };

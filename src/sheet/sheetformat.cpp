@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "base/words.h"
 
 #include <QByteArrayList>
 #include <QFile>
@@ -79,7 +80,7 @@ QByteArray rowOf(QByteArrayView line, int cells, Quotes quotes) {
     return row;
 }
 
-LoadedSheet refuse(const QString& error) {
+LoadedSheet refuse(const Words& error) {
     LoadedSheet refused;
     refused.error = error;
     return refused;
@@ -156,25 +157,23 @@ LoadedSheet parseSheetFile(const QByteArray& bytes) {
     Lines lines(bytes);
     const FirstLine first = readFirstLine(lines.next().value_or(QByteArrayView()));
     if (first.count < 0) {
-        return refuse(
-            QStringLiteral("It is not a sheet: its first line does not tell the instrument's type, its firmware "
-                           "and the number of rows. Choose a file that \"Save As\" has written."));
+        return refuse(Words::tr("It is not a sheet: its first line does not tell the instrument's type, its firmware "
+                                "and the number of rows. Choose a file that \"Save As\" has written."));
     }
     if (first.count > std::numeric_limits<qint16>::max()) {
-        return refuse(
-            QStringLiteral("It has %1 rows; the sheet holds at most %2. Split the file and correct the number "
-                           "of rows on the first line of each part.")
-                .arg(plainNumber(first.count))
-                .arg(std::numeric_limits<qint16>::max()));
+        return refuse(Words::tr("It has %1 rows; the sheet holds at most %2. Split the file and correct the number "
+                                "of rows on the first line of each part.")
+                          .arg(plainNumber(first.count))
+                          .arg(std::numeric_limits<qint16>::max()));
     }
     // Everything that writes such files ends the last line too, so half a number is never taken for a whole one.
     if (!bytes.endsWith('\r') && !bytes.endsWith('\n')) {
-        return refuse(QStringLiteral("It is cut short: its last line has no end. If nothing is missing, add a line end "
-                                     "to it."));
+        return refuse(Words::tr("It is cut short: its last line has no end. If nothing is missing, add a line end "
+                                "to it."));
     }
     lines.next(); // the file's name; it may have been renamed since
     if (!lines.nextFilled()) {
-        return refuse(QStringLiteral("It is cut short: the column headers are missing."));
+        return refuse(Words::tr("It is cut short: the column headers are missing."));
     }
     LoadedSheet loaded;
     loaded.type = first.type;
@@ -194,12 +193,11 @@ LoadedSheet parseSheetFile(const QByteArray& bytes) {
         }
     }
     if (found != count) {
-        return refuse(
-            QStringLiteral("%1 Its first line promises %2 rows, but there are %3. If rows were taken out or "
-                           "added on purpose, correct the number on the first line.")
-                .arg(found < count ? QStringLiteral("It is cut short.") : QStringLiteral("It holds more than it says."))
-                .arg(count)
-                .arg(found));
+        return refuse(Words::tr("%1 Its first line promises %2 rows, but there are %3. If rows were taken out or "
+                                "added on purpose, correct the number on the first line.")
+                          .arg(found < count ? Words::tr("It is cut short.") : Words::tr("It holds more than it says."))
+                          .arg(count)
+                          .arg(found));
     }
     return loaded;
 }
@@ -209,18 +207,18 @@ LoadedSheet readSheetFile(const QString& name) {
     const QFileInfo info(name);
     if (info.exists() && !info.isFile()) {
         // Reading a device or a pipe might never end.
-        return refuse(QStringLiteral("It is a folder or a device, not a file."));
+        return refuse(Words::tr("It is a folder or a device, not a file."));
     }
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) {
-        return refuse(QStringLiteral("It cannot be read: %1.").arg(errorText(file)));
+        return refuse(Words::tr("It cannot be read: %1.").arg(errorText(file)));
     }
     if (file.size() > largestFile) {
-        return refuse(QStringLiteral("It is far too large to be a sheet."));
+        return refuse(Words::tr("It is far too large to be a sheet."));
     }
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
-        return refuse(QStringLiteral("It cannot be read: %1.").arg(errorText(file)));
+        return refuse(Words::tr("It cannot be read: %1.").arg(errorText(file)));
     }
     return parseSheetFile(bytes);
 }

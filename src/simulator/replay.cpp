@@ -38,7 +38,7 @@ ReplayPort::ReplayPort(const CaptureContents& capture, QString name, double spee
     }
 }
 
-QString ReplayPort::open() {
+Words ReplayPort::open() {
     if (open_) {
         return {};
     }

@@ -40,7 +40,7 @@ public:
     /// At `speed` times the captured pace; 0: without any delay. `name` is of the capture, for what is told.
     ReplayPort(const CaptureContents& capture, QString name, double speed, Clock& clock, Told told = {});
 
-    QString open() override;
+    Words open() override;
     void close() override;
     bool isOpen() const override { return open_; }
     void setDataTerminalReady(bool on) override;
@@ -48,7 +48,7 @@ public:
     void write(const QByteArray& bytes) override;
     QByteArray discardInput() override;
     qsizetype inputCount() override;
-    QString failure() const override { return failure_; }
+    Words failure() const override { return failure_; }
 
     const std::vector<ReplayDifference>& differences() const { return differences_; }
 

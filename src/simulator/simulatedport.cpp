@@ -11,7 +11,7 @@ SimulatedPort::SimulatedPort(const SimulatorOptions& options, Clock& clock)
     , instrument_(std::make_unique<SimulatedInstrument>(options, clock))
     , handedOverAt_(clock.monotonicMilliseconds() - handOverInterval) {}
 
-QString SimulatedPort::open() {
+Words SimulatedPort::open() {
     if (!open_) {
         instrument_->plugIn();
         open_ = true;
@@ -91,7 +91,7 @@ void SimulatedPort::look() {
     }
 }
 
-QString SimulatedPort::failure() const {
+Words SimulatedPort::failure() const {
     if (!instrument_->isUnplugged()) {
         return {};
     }

@@ -18,7 +18,7 @@ public:
     /// `clock` must live longer than the port.
     SimulatedPort(const SimulatorOptions& options, Clock& clock);
 
-    QString open() override;
+    Words open() override;
     void close() override;
     bool isOpen() const override { return open_; }
     void setDataTerminalReady(bool on) override;
@@ -29,7 +29,7 @@ public:
     /// As for every port, except that it counts no further than about 64 KB.
     qsizetype inputCount() override { return open_ ? instrument_->arrivedCount() : 0; }
 
-    QString failure() const override;
+    Words failure() const override;
 
 private:
     void watch();

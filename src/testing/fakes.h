@@ -156,7 +156,7 @@ public:
         given_ = std::move(given);
     }
 
-    QString open() override {
+    Words open() override {
         if (port_ != nullptr) {
             return port_->open();
         }
@@ -214,10 +214,10 @@ public:
     qsizetype inputCount() override {
         return unplugged ? 0 : input->size() + (silent || port_ == nullptr ? 0 : port_->inputCount());
     }
-    QString failure() const override {
-        return unplugged || failsSilently ? QStringLiteral("Pulled.")
+    Words failure() const override {
+        return unplugged || failsSilently ? Words(QStringLiteral("Pulled."))
                : port_ != nullptr         ? port_->failure()
-                                          : *failureReason;
+                                          : Words(*failureReason);
     }
 
     QByteArray allWritten() const { return writes.join(); }

@@ -26,7 +26,7 @@ public:
         pump();
     }
 
-    QString open() override { return port_->open(); }
+    Words open() override { return port_->open(); }
     void close() override {
         port_->close();
         forgetInput();
@@ -48,7 +48,7 @@ public:
         return dropped;
     }
     qsizetype inputCount() override { return port_->inputCount(); }
-    QString failure() const override { return port_->failure(); }
+    Words failure() const override { return port_->failure(); }
 
     void pullCable() { server_.reset(); }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/language.h"
 #include "testing/windowrig.h"
 #include "ui/messageboxes.h"
 #include "ui/settingswindow.h"
@@ -40,7 +41,12 @@ QString exemption(const QWidget& control) {
     return {};
 }
 
-class AccessibilityTest : public WindowTest {
+/// The language is there before the window.
+class InLanguage : public testing::WithParamInterface<const char*> {
+    Language language_{QString::fromLatin1(GetParam())};
+};
+
+class AccessibilityTest : public InLanguage, public WindowTest {
 protected:
     AccessibilityTest() {
         program.load();
@@ -55,7 +61,7 @@ protected:
     }
 };
 
-TEST_F(AccessibilityTest, EveryPageOfTheMainWindow) {
+TEST_P(AccessibilityTest, EveryPageOfTheMainWindow) {
     const auto walkPages = [this](const char* when) {
         onEachPage([&](const std::string& caption) {
             QCoreApplication::processEvents();
@@ -74,12 +80,12 @@ TEST_F(AccessibilityTest, EveryPageOfTheMainWindow) {
     receiveRow();
     receiveRow();
     status.notice = QStringLiteral("A remark.");
-    status.shutterProgress = QStringLiteral("Moving Shutter");
+    status.shutterProgress = Words::tr("Moving Shutter");
     status.shutterCountdown = QStringLiteral("12 s");
     walkPages("in a run");
 }
 
-TEST_F(AccessibilityTest, TheSheetWithEveryLineBelowIt) {
+TEST_P(AccessibilityTest, TheSheetWithEveryLineBelowIt) {
     connectAndRead();
     window->settingsWindow()->close();
     rows.addRow({.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("9")}});
@@ -96,14 +102,14 @@ TEST_F(AccessibilityTest, TheSheetWithEveryLineBelowIt) {
     EXPECT_EQ(findingsIn(*window, exemption), "");
 }
 
-TEST_F(AccessibilityTest, EveryPageIsOperableByKeyboardAndFits) {
+TEST_P(AccessibilityTest, EveryPageIsOperableByKeyboardAndFits) {
     for (const char* page : {"StatusPage", "GraphicalPage", "DebugScreen", "TestingPage", "CalibrationPage"}) {
         SCOPED_TRACE(page);
         expectOperableAndFits(find<QWidget>(page));
     }
 }
 
-TEST_F(AccessibilityTest, EveryTabOfTheSettings) {
+TEST_P(AccessibilityTest, EveryTabOfTheSettings) {
     for (const InstrumentType type : {InstrumentType::Unknown, InstrumentType::Trx, InstrumentType::Glow}) {
         status.instrument = type;
         EXPECT_EQ(findingsIn(openSettings(), exemption), "") << "before a tab is chosen";
@@ -114,13 +120,13 @@ TEST_F(AccessibilityTest, EveryTabOfTheSettings) {
     }
     change(program.settings.shown.record,
            [](LoggerSettings& record) { record.pointsPerBlock = QStringLiteral("99999"); });
-    program.settings.shown.modeRemark = QStringLiteral("Saved as a.OCM.");
+    program.settings.shown.modeRemark = Words::tr("Saved as %1.").arg(QStringLiteral("a.OCM"));
     for (const char* tab : {"Sampling", "Modes"}) {
         EXPECT_EQ(findingsIn(openSettings(tab), exemption), "") << "with a remark on " << tab;
     }
 }
 
-TEST_F(AccessibilityTest, ThePlainEnglishWindow) {
+TEST_P(AccessibilityTest, ThePlainEnglishWindow) {
     SettingsWindow& settings = openSettings();
     control<QPushButton>(settings, "ViewCurrentSettingsTranscribedAsText").click();
     QCoreApplication::processEvents();
@@ -129,7 +135,7 @@ TEST_F(AccessibilityTest, ThePlainEnglishWindow) {
     EXPECT_EQ(findingsIn(english, exemption), "");
 }
 
-TEST_F(AccessibilityTest, TheManualConnectionDialog) {
+TEST_P(AccessibilityTest, TheManualConnectionDialog) {
     item("ManualConnect1").trigger();
     auto& dialog = find<QDialog>("ManualConnection");
     ASSERT_TRUE(dialog.isVisible());
@@ -141,21 +147,34 @@ TEST_F(AccessibilityTest, TheManualConnectionDialog) {
     EXPECT_EQ(findingsIn(dialog, exemption), "") << "with every button";
 }
 
-TEST_F(AccessibilityTest, TheProcessingDialog) {
+TEST_P(AccessibilityTest, TheProcessingDialog) {
     program.settings.progress.show();
     program.settings.progress.valueLabel = QStringLiteral("4711");
     program.settings.progress.percentage = QStringLiteral("12");
     auto& dialog = find<QDialog>("Processing");
     ASSERT_TRUE(dialog.isVisible());
+    QCoreApplication::processEvents();
     EXPECT_EQ(findingsIn(dialog, exemption), "");
 }
 
-TEST_F(AccessibilityTest, TheAboutDialog) {
+TEST_P(AccessibilityTest, TheAboutDialog) {
     item("About").trigger();
     EXPECT_EQ(findingsIn(find<QDialog>("AboutDialog"), exemption), "");
 }
 
-TEST_F(AccessibilityTest, MessagesAndQuestions) {
+TEST_P(AccessibilityTest, TheUserGuide) {
+    item("Contents").trigger();
+    QCoreApplication::processEvents();
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == QLatin1String("UserGuide") && widget->isVisible()) {
+            EXPECT_EQ(findingsIn(*widget, exemption), "");
+            return;
+        }
+    }
+    FAIL() << "no guide";
+}
+
+TEST_P(AccessibilityTest, MessagesAndQuestions) {
     MessageBoxes boxes;
     boxes.setParent(window.get());
     boxes.show({.title = QStringLiteral("Connection"),
@@ -173,6 +192,9 @@ TEST_F(AccessibilityTest, MessagesAndQuestions) {
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(findingsIn(*box, exemption), "");
 }
+
+INSTANTIATE_TEST_SUITE_P(Languages, AccessibilityTest, testing::Values("en", "de", "es", "fr"),
+                         [](const auto& run) { return std::string(run.param); });
 
 /// Windows with one thing amiss each, and what is to be said of them.
 class WindowWalkTest : public testing::Test {

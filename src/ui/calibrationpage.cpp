@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/calibrationpage.h"
 
+#include "base/words.h"
 #include "ui/widgets.h"
 
 #include <QButtonGroup>
@@ -19,8 +20,9 @@ namespace orv {
 namespace {
 
 /// The selectors of the worksheet rows, from `Option3` on; the underlined letter is the key.
-constexpr std::array<const char*, worksheetRows.size()> selectorCaptions{"&Air",     "&Clean",   "Point &1",
-                                                                         "Point &2", "Point &3", "Point &4"};
+constexpr std::array<const char*, worksheetRows.size()> selectorCaptions{
+    QT_TRANSLATE_NOOP("orv", "&Air"),     QT_TRANSLATE_NOOP("orv", "&Clean"),   QT_TRANSLATE_NOOP("orv", "Point &1"),
+    QT_TRANSLATE_NOOP("orv", "Point &2"), QT_TRANSLATE_NOOP("orv", "Point &3"), QT_TRANSLATE_NOOP("orv", "Point &4")};
 constexpr int firstSelector = 3;
 
 QString angleText(int channel) {
@@ -30,7 +32,7 @@ QString angleText(int channel) {
 /// A grid of captions and one column for each channel; two of them stand below each other in line.
 QGridLayout* makeChannelGrid(QWidget* frame) {
     auto* grid = new QGridLayout(frame);
-    grid->setColumnMinimumWidth(0, QRadioButton(QStringLiteral("Point 4")).sizeHint().width());
+    grid->setColumnMinimumWidth(0, QRadioButton(Screen::tr(selectorCaptions.back())).sizeHint().width());
     for (int channel = 0; channel < channelCount; ++channel) {
         grid->setColumnStretch(channel + 1, 1);
     }
@@ -50,7 +52,7 @@ CalibrationPage::CalibrationPage(Program& program)
     , calibration_(program.calibration)
     , canAsk_(program.link.session.commands.canAsk) {
     setObjectName(QStringLiteral("CalibrationPage"));
-    auto* frame = makeFrame("Calibration TRX(S)");
+    auto* frame = makeFrame(Screen::tr("Calibration TRX(S)"));
     auto* layout = new QHBoxLayout(frame);
     layout->addWidget(makeInstruments(), 2);
     auto* right = new QVBoxLayout;
@@ -63,42 +65,44 @@ CalibrationPage::CalibrationPage(Program& program)
 }
 
 QGroupBox* CalibrationPage::makeInstruments() {
-    auto* frame = makeFrame("Instruments");
+    auto* frame = makeFrame(Screen::tr("Instruments"));
     auto* layout = new QVBoxLayout(frame);
 
-    auto* name = makeBox("Text17", "Name or serial number of the next instrument of the batch.",
-                         "Instrument name or serial number");
+    auto* name = makeBox("Text17", Screen::tr("Name or serial number of the next instrument of the batch."),
+                         Screen::tr("Instrument name or serial number"));
     bindTyped(bindings_, name, shown_.instrumentName);
     auto* add = makeButton(
-        "Add Ins&trument", "Command4", [this] { calibration_.addInstrument(); },
-        "Adds the named instrument with its light colour; a batch has up to seven.");
+        Screen::tr("Add Ins&trument"), "Command4", [this] { calibration_.addInstrument(); },
+        Screen::tr("Adds the named instrument with its light colour; a batch has up to seven."));
     connect(name, &QLineEdit::returnPressed, add, &QPushButton::click);
     auto* list = makeList();
-    auto* messages = makeReadOnlyBox("Text36", "Messages", "What is still missing.");
+    auto* messages = makeReadOnlyBox("Text36", Screen::tr("Messages"), Screen::tr("What is still missing."));
     bindText(bindings_, messages, shown_.message);
 
-    layout->addWidget(makeCaption("Name or serial n&umber:", name));
+    layout->addWidget(makeCaption(Screen::tr("Name or serial n&umber:"), name));
     layout->addWidget(name);
     layout->addLayout(makeColours());
     layout->addWidget(add);
-    layout->addWidget(makeCaption("Instruments &entered:", list));
+    layout->addWidget(makeCaption(Screen::tr("Instruments &entered:"), list));
     layout->addWidget(list, 1);
     layout->addLayout(makeNavigation());
-    layout->addWidget(makeCaption("&Messages:", messages));
+    layout->addWidget(makeCaption(Screen::tr("&Messages:"), messages));
     layout->addWidget(messages);
     return frame;
 }
 
 QLayout* CalibrationPage::makeColours() {
     auto* layout = new QHBoxLayout;
-    layout->addWidget(new QLabel(QStringLiteral("Light source:")));
+    layout->addWidget(new QLabel(Screen::tr("Light source:")));
     auto* group = new QButtonGroup(this);
     for (const Light& light : lights) {
-        const QString word = QString::fromLatin1(light.name);
-        auto* option = makeOption(u'&' + word, QStringLiteral("Option%1").arg(static_cast<int>(light.colour)),
-                                  "Colour of the instrument's light source; also chooses the reference values of the "
-                                  "report.");
-        option->setAccessibleName(QStringLiteral("Light source %1").arg(word));
+        const QString caption = Screen::tr(light.caption);
+        const QString word = QString(caption).remove(u'&');
+        auto* option =
+            makeOption(caption, QStringLiteral("Option%1").arg(static_cast<int>(light.colour)),
+                       Screen::tr("Colour of the instrument's light source; also chooses the reference values of the "
+                                  "report."));
+        option->setAccessibleName(Screen::tr("Light source %1").arg(word));
         bindOption(bindings_, option, shown_.colour, light.colour);
         group->addButton(option);
         layout->addWidget(option);
@@ -108,8 +112,8 @@ QLayout* CalibrationPage::makeColours() {
 }
 
 QListWidget* CalibrationPage::makeList() {
-    auto* list = makeControl<QListWidget>("List2", "Instruments entered");
-    list->setToolTip(QStringLiteral("Choose an instrument to show its worksheet."));
+    auto* list = makeControl<QListWidget>("List2", Screen::tr("Instruments entered"));
+    list->setToolTip(Screen::tr("Choose an instrument to show its worksheet."));
     list->setMinimumHeight(list->fontMetrics().height() * 4);
     bindings_.bind(shown_.instruments, [list](const QStringList& names) {
         const QSignalBlocker quiet(list); // no instrument is chosen by being entered
@@ -153,24 +157,25 @@ bool CalibrationPage::eventFilter(QObject* /*watched*/, QEvent* event) {
 }
 
 QLayout* CalibrationPage::makeNavigation() {
-    auto* total = makeValueLabel("Label70", "Total entered");
+    auto* total = makeValueLabel("Label70", Screen::tr("Total entered"));
     bindText(bindings_, total, shown_.totalEntered);
     auto* layout = new QHBoxLayout;
     layout->addWidget(makeButton(
-        "Pre&vious", "Command8", [this] { calibration_.previous(); },
-        "Shows the instrument before; from the first, the last."));
+        Screen::tr("Pre&vious"), "Command8", [this] { calibration_.previous(); },
+        Screen::tr("Shows the instrument before; from the first, the last.")));
     layout->addWidget(makeButton(
-        "&Next", "Command5", [this] { calibration_.next(); }, "Shows the instrument after; from the last, the first."));
+        Screen::tr("&Next"), "Command5", [this] { calibration_.next(); },
+        Screen::tr("Shows the instrument after; from the last, the first.")));
     layout->addStretch();
-    layout->addWidget(new QLabel(QStringLiteral("Total Entered :")));
+    layout->addWidget(new QLabel(Screen::tr("Total Entered :")));
     layout->addWidget(total);
     return layout;
 }
 
 QGroupBox* CalibrationPage::makeWorksheet() {
     auto* frame = makeFrame({}, "Frame16");
-    bindings_.bind(shown_.worksheetCaption, [frame](QString caption) {
-        frame->setTitle(caption.replace(u'&', QLatin1String("&&"))); // a name, not a key
+    bindings_.bind(shown_.worksheetCaption, [frame](const Words& caption) {
+        frame->setTitle(QString(caption.shown()).replace(u'&', QLatin1String("&&"))); // a name, not a key
     });
     auto* grid = makeChannelGrid(frame);
     for (int channel = 0; channel < channelCount; ++channel) {
@@ -184,20 +189,21 @@ QGroupBox* CalibrationPage::makeWorksheet() {
     }
     addResults(grid, rows + 1);
 
-    auto* index = makeValueLabel("Label71", "Instrument index");
+    auto* index = makeValueLabel("Label71", Screen::tr("Instrument index"));
     bindings_.bind(shown_.current, [index](qint16 current) { index->setText(QString::number(current)); });
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(makeButton(
-        "Calc &DP", "Command12", [this] { calibration_.calcdp(); },
-        "Writes the means of the rows on the data sheet into the selected row; for a point also its DP values. Keeps "
-        "the worksheet."));
+        Screen::tr("Calc &DP"), "Command12", [this] { calibration_.calcdp(); },
+        Screen::tr("Writes the means of the rows on the data sheet into the selected row; for a point also its DP "
+                   "values. Keeps "
+                   "the worksheet.")));
     auto* save = makeButton(
-        "Save Cal &Info", "Command14", [this] { calibration_.saveCalInfo(); },
-        "Writes this worksheet and the reference values of the light colour to a report file.");
+        Screen::tr("Save Cal &Info"), "Command14", [this] { calibration_.saveCalInfo(); },
+        Screen::tr("Writes this worksheet and the reference values of the light colour to a report file."));
     bindEnabled(bindings_, save, canAsk_);
     buttons->addWidget(save);
     buttons->addStretch();
-    buttons->addWidget(new QLabel(QStringLiteral("Instrument index:")));
+    buttons->addWidget(new QLabel(Screen::tr("Instrument index:")));
     buttons->addWidget(index);
     grid->addLayout(buttons, rows + 2, 0, 1, channelCount + 1);
     return frame;
@@ -205,17 +211,17 @@ QGroupBox* CalibrationPage::makeWorksheet() {
 
 void CalibrationPage::addWorksheetRow(QGridLayout* grid, int row) {
     const BoxRow& boxes = worksheetRows.at(static_cast<std::size_t>(row));
-    const QString caption = QString::fromLatin1(boxes.caption);
-    auto* selector = makeOption(selectorCaptions.at(static_cast<std::size_t>(row)),
+    const QString caption = Screen::tr(boxes.caption);
+    auto* selector = makeOption(Screen::tr(selectorCaptions.at(static_cast<std::size_t>(row))),
                                 QStringLiteral("Option%1").arg(firstSelector + row),
-                                QStringLiteral("The rows on the data sheet were measured for \"%1\".").arg(caption));
+                                Screen::tr("The rows on the data sheet were measured for \"%1\".").arg(caption));
     bindOption(bindings_, selector, shown_.selectedRow, row);
     grid->addWidget(selector, row + 1, 0);
     for (int channel = 0; channel < channelCount; ++channel) {
-        const QString accessibleName = QStringLiteral("%1, angle %2").arg(caption, angleText(channel));
-        auto* box = makeBox(boxName(boxes, channel),
-                            QStringLiteral("%1: kept as a whole number from -32768 to 32767.").arg(accessibleName),
-                            accessibleName);
+        const QString accessibleName = Screen::tr("%1, angle %2").arg(caption, angleText(channel));
+        auto* box =
+            makeBox(boxName(boxes, channel),
+                    Screen::tr("%1: kept as a whole number from -32768 to 32767.").arg(accessibleName), accessibleName);
         bindTyped(bindings_, box, shown_.worksheet.at(row, channel));
         box->setAlignment(Qt::AlignRight);
         grid->addWidget(box, row + 1, channel + 1);
@@ -224,39 +230,40 @@ void CalibrationPage::addWorksheetRow(QGridLayout* grid, int row) {
 
 void CalibrationPage::addResults(QGridLayout* grid, int gridRow) {
     auto* caption = new QLabel(QStringLiteral("DP"));
-    caption->setToolTip(QStringLiteral("Expected counts of the point last calculated."));
+    caption->setToolTip(Screen::tr("Expected counts of the point last calculated."));
     grid->addWidget(caption, gridRow, 0);
     for (int channel = 0; channel < channelCount; ++channel) {
         const auto index = static_cast<std::size_t>(channel);
         auto* label = makeFramedLabel(QStringLiteral("Label%1").arg(resultLabels.at(index)),
-                                      QStringLiteral("DP, angle %1").arg(angleText(channel)));
+                                      Screen::tr("DP, angle %1").arg(angleText(channel)));
         bindText(bindings_, label, shown_.results.at(index));
         grid->addWidget(label, gridRow, channel + 1);
     }
 }
 
 QGroupBox* CalibrationPage::makeReference() {
-    auto* frame = makeFrame("&KP 7", "ReferenceFrame");
+    auto* frame = makeFrame(Screen::tr("&KP 7"), "ReferenceFrame");
     auto* grid = makeChannelGrid(frame);
     for (int channel = 0; channel < channelCount; ++channel) {
         const Light& light = *std::find_if(lights.begin(), lights.end(), [channel](const Light& candidate) {
             return candidate.referenceColumn == channel;
         });
         const QString angle = angleText(channel);
-        const QString colour = QStringLiteral("%1 %2").arg(QLatin1String(light.name), QLatin1String(light.wavelength));
+        const QString colour =
+            QStringLiteral("%1 %2").arg(Screen::tr(light.caption).remove(u'&'), QLatin1String(light.wavelength));
         auto* heading = makeHeading(QStringLiteral("%1 / %2").arg(angle, colour));
-        heading->setToolTip(QStringLiteral("\"Calc DP\" uses this column for the angle %1, the report for the light "
-                                           "colour %2.")
+        heading->setToolTip(Screen::tr("\"Calc DP\" uses this column for the angle %1, the report for the light "
+                                       "colour %2.")
                                 .arg(angle, colour));
         grid->addWidget(heading, 0, channel + 1);
     }
     for (int row = 0; row < BoxGrid<referenceRows.size()>::rowCount; ++row) {
         const BoxRow& boxes = referenceRows.at(static_cast<std::size_t>(row));
-        const QString caption = QString::fromLatin1(boxes.caption);
+        const QString caption = Screen::tr(boxes.caption);
         auto* rowCaption = new QLabel(caption);
         grid->addWidget(rowCaption, row + 1, 0);
         for (int channel = 0; channel < channelCount; ++channel) {
-            const QString accessibleName = QStringLiteral("Reference %1, column %2").arg(caption).arg(channel + 1);
+            const QString accessibleName = Screen::tr("Reference %1, column %2").arg(caption).arg(channel + 1);
             auto* box = makeBox(boxName(boxes, channel), accessibleName + u'.', accessibleName);
             bindTyped(bindings_, box, shown_.reference.at(row, channel));
             box->setAlignment(Qt::AlignRight);
@@ -271,10 +278,10 @@ QGroupBox* CalibrationPage::makeReference() {
 
 TestingPage::TestingPage(Program& program) {
     setObjectName(QStringLiteral("TestingPage"));
-    auto* frame = makeFrame("Testing");
+    auto* frame = makeFrame(Screen::tr("Testing"));
     auto* layout = new QVBoxLayout(frame);
 
-    auto* explanation = new QLabel(QStringLiteral(
+    auto* explanation = new QLabel(Screen::tr(
         "Brings the shutter back to its rest position. The instrument only moves it with particular settings, so its "
         "own are read and kept, temporary ones are sent, the shutter moves for about half a minute, and the settings "
         "from before are sent back.\n\nLeave the cable in its place until the settings have been read back. \"Reset\", "
@@ -283,8 +290,8 @@ TestingPage::TestingPage(Program& program) {
     layout->addWidget(explanation);
 
     auto* button = makeButton(
-        "&Reset Shutter", "ResetShutter", [&program] { program.resetShutter(); },
-        "Moves the shutter to its rest position; takes up to a minute and a half.");
+        Screen::tr("&Reset Shutter"), "ResetShutter", [&program] { program.resetShutter(); },
+        Screen::tr("Moves the shutter to its rest position; takes up to a minute and a half."));
     layout->addWidget(button, 0, Qt::AlignLeft);
     bindEnabled(bindings_, button, program.link.session.commands.canResetShutter);
     bindVisible(bindings_, button, program.link.session.commands.resetShutterVisible);
@@ -296,13 +303,13 @@ TestingPage::TestingPage(Program& program) {
 }
 
 QLayout* TestingPage::makeProgress(const StatusState& shown) {
-    auto* status = makeTextLabel("TestingStatus", "Status");
+    auto* status = makeTextLabel("TestingStatus", Screen::tr("Status"));
     bindText(bindings_, status, shown.status);
-    auto* progress =
-        makeReadOnlyBox("TestingProgress", "Progress of the shutter reset", "The step of the shutter reset under way.");
+    auto* progress = makeReadOnlyBox("TestingProgress", Screen::tr("Progress of the shutter reset"),
+                                     Screen::tr("The step of the shutter reset under way."));
     bindText(bindings_, progress, shown.shutterProgress);
-    auto* countdown = makeTextLabel("TestingCountdown", "Time left");
-    countdown->setToolTip(QStringLiteral("How long the shutter still moves."));
+    auto* countdown = makeTextLabel("TestingCountdown", Screen::tr("Time left"));
+    countdown->setToolTip(Screen::tr("How long the shutter still moves."));
     countdown->setMinimumWidth(countdown->fontMetrics().horizontalAdvance(QStringLiteral("00 s ")));
     bindText(bindings_, countdown, shown.shutterCountdown);
 
@@ -310,8 +317,8 @@ QLayout* TestingPage::makeProgress(const StatusState& shown) {
     row->addWidget(progress, 1);
     row->addWidget(countdown);
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("Status:"), status);
-    form->addRow(makeCaption("Pro&gress:", progress), row);
+    form->addRow(Screen::tr("Status:"), status);
+    form->addRow(makeCaption(Screen::tr("Pro&gress:"), progress), row);
     return form;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/curvelist.h"
 
+#include "base/words.h"
 #include "ui/widgets.h"
 
 #include <QCheckBox>
@@ -33,9 +34,9 @@ CurveList::CurveList()
     setObjectName(QStringLiteral("CurveList"));
     title_->setObjectName(QStringLiteral("ReadoutTitle"));
     title_->setTextFormat(Qt::PlainText);
-    record_ = addValue(0, "ReadoutRecord", QStringLiteral("Record"));
-    date_ = addValue(1, "ReadoutDate", QStringLiteral("Date"));
-    time_ = addValue(2, "ReadoutTime", QStringLiteral("Time"));
+    record_ = addValue(0, "ReadoutRecord", Screen::tr("Record"));
+    date_ = addValue(1, "ReadoutDate", Screen::tr("Date"));
+    time_ = addValue(2, "ReadoutTime", Screen::tr("Time"));
     grid_->setColumnStretch(0, 1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -62,7 +63,7 @@ void CurveList::setCurves(const QStringList& names, const std::vector<bool>& sho
         auto* box = new QCheckBox;
         box->setObjectName(QStringLiteral("Curve%1").arg(curve + 1));
         box->setIconSize(QSize(28, 14));
-        box->setToolTip(QStringLiteral("Shows or hides this curve."));
+        box->setToolTip(Screen::tr("Shows or hides this curve."));
         box->installEventFilter(this);
         connect(box, &QCheckBox::toggled, this, [this, curve](bool on) { switched.tell(curve, on); });
         auto* value = makeValue(QStringLiteral("ReadoutValue%1").arg(curve + 1), {});
@@ -77,9 +78,9 @@ void CurveList::setCurves(const QStringList& names, const std::vector<bool>& sho
         box->setText(QString(name).replace(u'&', QLatin1String("&&")));
         // A letter of the name would change with the header row; a new text takes the shortcut away.
         box->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(curve))));
-        box->setAccessibleName(QStringLiteral("Curve %1").arg(name));
+        box->setAccessibleName(Screen::tr("Curve %1").arg(name));
         box->setChecked(shown[curve]);
-        value->setAccessibleName(QStringLiteral("Value of %1").arg(name));
+        value->setAccessibleName(Screen::tr("Value of %1").arg(name));
     }
 }
 

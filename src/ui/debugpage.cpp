@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/debugpage.h"
 
+#include "base/words.h"
 #include "ui/widgets.h"
 
 #include <QCheckBox>
@@ -134,13 +135,13 @@ DebugPage::DebugPage(Program& program)
 }
 
 QGroupBox* DebugPage::makeDebugFrame() {
-    auto* frame = makeFrame("Tidelane Debug Screen", "DebugFrame");
+    auto* frame = makeFrame(Screen::tr("Tidelane Debug Screen"), "DebugFrame");
     auto* list = makeList();
     auto* layout = new QVBoxLayout(frame);
     auto* controls = new QHBoxLayout;
     layout->addLayout(controls);
     addOutputControls(controls);
-    layout->addWidget(makeCaption("&Traffic, newest last:", list));
+    layout->addWidget(makeCaption(Screen::tr("&Traffic, newest last:"), list));
     layout->addWidget(list, 1);
     auto* sending = new QHBoxLayout;
     layout->addLayout(sending);
@@ -150,9 +151,9 @@ QGroupBox* DebugPage::makeDebugFrame() {
 }
 
 void DebugPage::addOutputControls(QHBoxLayout* layout) {
-    auto* output = new QCheckBox(QStringLiteral("&Comm 2 Debug Output"));
+    auto* output = new QCheckBox(Screen::tr("&Comm 2 Debug Output"));
     output->setObjectName(QStringLiteral("Check1"));
-    output->setToolTip(QStringLiteral("Copies what the program announces about its own work to COM 2."));
+    output->setToolTip(Screen::tr("Copies what the program announces about its own work to COM 2."));
     connect(output, &QCheckBox::toggled, this, [this, output](bool ticked) {
         program_.setComm2Output(ticked);
         // A port that cannot be opened clears a flag that was never set, which nobody is told.
@@ -167,12 +168,12 @@ void DebugPage::addOutputControls(QHBoxLayout* layout) {
         });
         bindings_.bind(chosen, [option](bool selected) { showChecked(option, selected); });
     };
-    auto* raw =
-        makeOption("&Raw Buffer", "Option1", "Lists every block of characters as it is read from the instrument.");
+    auto* raw = makeOption(Screen::tr("&Raw Buffer"), "Option1",
+                           Screen::tr("Lists every block of characters as it is read from the instrument."));
     bindListing(raw, debug_.rawBuffer, debug_.showParsing);
     onChosen(raw, [this] { program_.link.ports.debugsay(QStringLiteral("Huh?")); });
-    auto* parsing =
-        makeOption("Sho&w Parsing", "Option2", "Lists every line that is cut out of what the instrument sends.");
+    auto* parsing = makeOption(Screen::tr("Sho&w Parsing"), "Option2",
+                               Screen::tr("Lists every line that is cut out of what the instrument sends."));
     bindListing(parsing, debug_.showParsing, debug_.rawBuffer);
     for (QAbstractButton* control : std::initializer_list<QAbstractButton*>{output, raw, parsing}) {
         layout->addWidget(control);
@@ -182,9 +183,9 @@ void DebugPage::addOutputControls(QHBoxLayout* layout) {
 }
 
 QListView* DebugPage::makeList() {
-    auto* list = makeControl<QListView>("DebugList", "Traffic from the instrument, newest last");
-    list->setToolTip(QStringLiteral("What the instrument sends, as blocks or lines; CR, LF and TAB as symbols. The "
-                                    "newest 10000 entries are kept."));
+    auto* list = makeControl<QListView>("DebugList", Screen::tr("Traffic from the instrument, newest last"));
+    list->setToolTip(Screen::tr("What the instrument sends, as blocks or lines; CR, LF and TAB as symbols. The "
+                                "newest 10000 entries are kept."));
     list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     list->setUniformItemSizes(true);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -202,7 +203,7 @@ QListView* DebugPage::makeList() {
 }
 
 void DebugPage::makeHint(QListView* list) {
-    auto* hint = makeControl<QLabel>("DebugListHint", "Why the list is empty");
+    auto* hint = makeControl<QLabel>("DebugListHint", Screen::tr("Why the list is empty"));
     hint->setAlignment(Qt::AlignCenter);
     hint->setWordWrap(true);
     hint->setForegroundRole(QPalette::PlaceholderText);
@@ -211,9 +212,9 @@ void DebugPage::makeHint(QListView* list) {
     layout->addWidget(hint);
     const auto show = [this, hint] {
         hint->setText(debug_.rawBuffer || debug_.showParsing
-                          ? QStringLiteral("Nothing has been received since.")
-                          : QStringLiteral("Choose \"Raw Buffer\" or \"Show Parsing\" to list what the instrument "
-                                           "sends."));
+                          ? Screen::tr("Nothing has been received since.")
+                          : Screen::tr("Choose \"Raw Buffer\" or \"Show Parsing\" to list what the instrument "
+                                       "sends."));
         hint->setVisible(model_.rowCount() == 0);
     };
     for (const auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
@@ -225,27 +226,27 @@ void DebugPage::makeHint(QListView* list) {
 }
 
 void DebugPage::addDirectSend(QHBoxLayout* layout) {
-    auto* text = makeBox("DirectSendText", "Is sent exactly as typed; nothing is added at its end.");
+    auto* text = makeBox("DirectSendText", Screen::tr("Is sent exactly as typed; nothing is added at its end."));
     auto* button = makeButton(
-        "&Direct Send", "DirectSend", [this, text] { program_.link.directSend.send(text->text()); },
-        "Sends the text to the instrument, if a port is open and nothing else is under way.");
+        Screen::tr("&Direct Send"), "DirectSend", [this, text] { program_.link.directSend.send(text->text()); },
+        Screen::tr("Sends the text to the instrument, if a port is open and nothing else is under way."));
     connect(text, &QLineEdit::returnPressed, button, &QPushButton::click);
     bindEnabled(bindings_, button, session_.commands.undisturbed);
-    layout->addWidget(makeCaption("Te&xt to send:", text));
+    layout->addWidget(makeCaption(Screen::tr("Te&xt to send:"), text));
     layout->addWidget(text, 1);
     layout->addWidget(button);
     showInServiceMode(text);
 }
 
 QGroupBox* DebugPage::makeStatus() {
-    auto* status = makeTextLabel("DebugStatus", "Status");
+    auto* status = makeTextLabel("DebugStatus", Screen::tr("Status"));
     bindText(bindings_, status, session_.status.status);
-    auto* caption = new QLabel(QStringLiteral("Buffer"));
-    auto* buffer = makeFramedLabel("DebugBuffer", "Buffer");
-    buffer->setToolTip(QStringLiteral("Characters received that do not make a whole line yet."));
+    auto* caption = new QLabel(Screen::tr("Buffer"));
+    auto* buffer = makeFramedLabel("DebugBuffer", Screen::tr("Buffer"));
+    buffer->setToolTip(Screen::tr("Characters received that do not make a whole line yet."));
     buffer->setMinimumWidth(buffer->fontMetrics().horizontalAdvance(QStringLiteral("000000")));
     numbers_.bind(buffer, session_.status.bufferCount);
-    auto* frame = makeFrame("Status");
+    auto* frame = makeFrame(Screen::tr("Status"));
     auto* layout = new QHBoxLayout(frame);
     layout->addWidget(status);
     layout->addStretch(1);
@@ -257,38 +258,40 @@ QGroupBox* DebugPage::makeStatus() {
 }
 
 void DebugPage::addSensorFrames(QVBoxLayout* frames) {
-    const QString output = QStringLiteral("Output");
-    auto* fluorometer = addSensorFrame(frames, "Fluorometer", "FluorometerFrame", debug_.fluorometerFrameVisible);
-    numbers_.bind(addOutput(fluorometer, output, QStringLiteral("Fluorometer output")), debug_.fluorometerOutput);
-    auto* scattering = addSensorFrame(frames, "Scattering Meter", "OutputFrame", debug_.outputFrameVisible);
+    const QString output = Screen::tr("Output");
+    auto* fluorometer =
+        addSensorFrame(frames, Screen::tr("Fluorometer"), "FluorometerFrame", debug_.fluorometerFrameVisible);
+    numbers_.bind(addOutput(fluorometer, output, Words::tr("Fluorometer output")), debug_.fluorometerOutput);
+    auto* scattering = addSensorFrame(frames, Screen::tr("Scattering Meter"), "OutputFrame", debug_.outputFrameVisible);
     std::size_t channel = 0;
     for (const char* angle : channelAngles) {
         const QString degrees = QString::fromLatin1(angle);
-        numbers_.bind(addOutput(scattering, output + u' ' + degrees,
-                                QStringLiteral("Scattering output at %1 degrees").arg(degrees)),
-                      debug_.scatteringOutputs.at(channel++));
+        numbers_.bind(
+            addOutput(scattering, output + u' ' + degrees, Words::tr("Scattering output at %1 degrees").arg(degrees)),
+            debug_.scatteringOutputs.at(channel++));
     }
-    numbers_.bind(addOutput(scattering, QStringLiteral("Ref Det"), QStringLiteral("Reference detector")),
+    numbers_.bind(addOutput(scattering, Screen::tr("Ref Det"), Words::tr("Reference detector")),
                   debug_.scatteringReference);
     // No instrument of the series fills these two.
-    addOutput(addSensorFrame(frames, "Transmissometer", "TransmissometerFrame", debug_.transmissometerFrameVisible),
-              output, QStringLiteral("Transmissometer output"));
-    addOutput(addSensorFrame(frames, "Turbidty Sensor", "TurbidityFrame", debug_.turbidityFrameVisible), output,
-              QStringLiteral("Turbidity sensor output"));
+    addOutput(addSensorFrame(frames, Screen::tr("Transmissometer"), "TransmissometerFrame",
+                             debug_.transmissometerFrameVisible),
+              output, Words::tr("Transmissometer output"));
+    addOutput(addSensorFrame(frames, Screen::tr("Turbidty Sensor"), "TurbidityFrame", debug_.turbidityFrameVisible),
+              output, Words::tr("Turbidity sensor output"));
     frames->addStretch();
 }
 
 QFormLayout* DebugPage::addSensorFrame(QVBoxLayout* frames, QAnyStringView title, QAnyStringView name,
                                        const QProperty<bool>& visible) {
     auto* frame = makeFrame(title, name);
-    frame->setToolTip(QStringLiteral("The newest values that the instrument has sent in a run."));
+    frame->setToolTip(Screen::tr("The newest values that the instrument has sent in a run."));
     frames->addWidget(frame);
     bindVisible(bindings_, frame, visible);
     return new QFormLayout(frame);
 }
 
-QLabel* DebugPage::addOutput(QFormLayout* form, const QString& caption, const QString& accessibleName) {
-    auto* label = makeFramedLabel(accessibleName, accessibleName);
+QLabel* DebugPage::addOutput(QFormLayout* form, const QString& caption, const Words& accessibleName) {
+    auto* label = makeFramedLabel(accessibleName.english(), accessibleName.shown());
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")));
     form->addRow(caption, label);
     return label;

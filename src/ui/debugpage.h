@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "program/program.h"
 #include "ui/widgets.h"
 
@@ -73,7 +74,7 @@ private:
     void addSensorFrames(QVBoxLayout* frames);
     QFormLayout* addSensorFrame(QVBoxLayout* frames, QAnyStringView title, QAnyStringView name,
                                 const QProperty<bool>& visible);
-    QLabel* addOutput(QFormLayout* form, const QString& caption, const QString& accessibleName);
+    QLabel* addOutput(QFormLayout* form, const QString& caption, const Words& accessibleName);
     void showInServiceMode(QWidget* control);
 
     Program& program_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs.h"
 
+#include "base/words.h"
 #include "settings/plainenglish.h"
 #include "ui/messageboxes.h"
 #include "ui/widgets.h"
@@ -23,14 +24,14 @@ namespace orv {
 AboutDialog::AboutDialog(QWidget* parent)
     : QDialog(parent) {
     setObjectName(QStringLiteral("AboutDialog"));
-    setWindowTitle(QStringLiteral("About Orv Host"));
-    auto* name = new QLabel(QStringLiteral("ORV Host Program"));
+    setWindowTitle(Screen::tr("About Orv Host"));
+    auto* name = new QLabel(Screen::tr("ORV Host Program"));
     enlarge(name, 1.6);
-    auto* version = new QLabel(QStringLiteral("Version ") + QCoreApplication::applicationVersion());
+    auto* version = new QLabel(Screen::tr("Version %1").arg(QCoreApplication::applicationVersion()));
     version->setObjectName(QStringLiteral("VersionLabel"));
-    auto* purpose = new QLabel(QStringLiteral("Connects the ORV self-logging optical water sensors GLOW and TRX:\n"
-                                              "settings, live data, stored data, calibration."));
-    auto* ok = makeButton("&OK", "cmdOK", [this] { accept(); });
+    auto* purpose = new QLabel(Screen::tr("Connects the ORV self-logging optical water sensors GLOW and TRX:\n"
+                                          "settings, live data, stored data, calibration."));
+    auto* ok = makeButton(Screen::tr("&OK"), "cmdOK", [this] { accept(); });
     ok->setAutoDefault(true);
     ok->setDefault(true);
     auto* layout = new QVBoxLayout(this);
@@ -46,18 +47,18 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     : QDialog(parent)
     , manual_(manual) {
     setObjectName(QStringLiteral("ManualConnection"));
-    setWindowTitle(QStringLiteral("Manual Connection"));
-    auto* text = makeControl<QPlainTextEdit>("ManualText", "What to do");
+    setWindowTitle(Screen::tr("Manual Connection"));
+    auto* text = makeControl<QPlainTextEdit>("ManualText", Screen::tr("What to do"));
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setMinimumSize(420, 110);
-    auto* failure = makeValueLabel("ManualFailure", "Why the dialog is here");
+    auto* failure = makeValueLabel("ManualFailure", Screen::tr("Why the dialog is here"));
     failure->setWordWrap(true);
     failure->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum); // a device may have a long name
-    auto* start = makeButton("&Start", "ManualStart", [this] { manual_.start(); });
-    auto* proceed = makeButton("&Proceed", "ManualProceed", [this] { manual_.proceed(); });
-    auto* retry = makeButton("&Retry", "ManualRetry", [this] { manual_.retry(); });
-    auto* quit = makeButton("&Quit", "ManualQuit", [this] { manual_.quit(); });
+    auto* start = makeButton(Screen::tr("&Start"), "ManualStart", [this] { manual_.start(); });
+    auto* proceed = makeButton(Screen::tr("&Proceed"), "ManualProceed", [this] { manual_.proceed(); });
+    auto* retry = makeButton(Screen::tr("&Retry"), "ManualRetry", [this] { manual_.retry(); });
+    auto* quit = makeButton(Screen::tr("&Quit"), "ManualQuit", [this] { manual_.quit(); });
 
     auto* buttons = new QHBoxLayout;
     // A double click on "Proceed" must not press "Start", which appears as it goes.
@@ -72,19 +73,19 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     layout->addLayout(buttons);
 
     const ManualConnectionState& shown = manual.shown;
-    bindings_.bind(shown.text, [text](const QString& now) { text->setPlainText(now); });
+    bindings_.bind(shown.text, [text](const Words& now) { text->setPlainText(now.shown()); });
     bindVisible(bindings_, start, shown.startVisible);
     bindVisible(bindings_, proceed, shown.proceedVisible);
     bindEnabled(bindings_, start, shown.canStart);
     bindEnabled(bindings_, retry, shown.canRetry);
-    bindings_.bind(shown.reason, [start, retry](const QString& reason) {
+    bindings_.bind(shown.reason, [start, retry](const Words& reason) {
         for (QPushButton* button : {start, retry}) {
-            button->setToolTip(reason);
-            button->setAccessibleDescription(reason);
+            button->setToolTip(reason.shown());
+            button->setAccessibleDescription(reason.shown());
         }
     });
-    bindings_.bind(manual.failure(), [failure](const QString& why) {
-        failure->setText(why);
+    bindings_.bind(manual.failure(), [failure](const Words& why) {
+        failure->setText(why.shown());
         failure->setVisible(!why.isEmpty());
     });
     bindings_.bind(shown.visible, [this](bool visible) { visible ? static_cast<void>(showUnasked(*this)) : hide(); });
@@ -98,24 +99,24 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     : QDialog(parent)
     , shown_(shown) {
     setObjectName(QStringLiteral("Processing"));
-    setWindowTitle(QStringLiteral("Processing"));
+    setWindowTitle(Screen::tr("Processing"));
     constexpr int comfortableWidth = 360;
     setMinimumWidth(comfortableWidth);
-    auto* bar = makeControl<QProgressBar>("ProgressBar", "Progress");
+    auto* bar = makeControl<QProgressBar>("ProgressBar", Screen::tr("Progress"));
     bar->setTextVisible(false); // the labels tell it
-    QLabel* label = makeValueLabel("ProgressLabel", "What is counted");
-    QLabel* value = makeValueLabel("ProgressValue", "Value");
-    QLabel* percentage = makeValueLabel("ProgressPercentage", "Percentage");
+    QLabel* label = makeValueLabel("ProgressLabel", Screen::tr("What is counted"));
+    QLabel* value = makeValueLabel("ProgressValue", Screen::tr("Value"));
+    QLabel* percentage = makeValueLabel("ProgressPercentage", Screen::tr("Percentage"));
     auto* labels = new QHBoxLayout;
     labels->setSpacing(12);
     labels->addWidget(label);
     labels->addWidget(value);
     labels->addStretch(1);
     labels->addWidget(percentage);
-    const QString whatStops = QStringLiteral("Reset on the page Status and Controls stops it.");
+    const QString whatStops = Screen::tr("Reset on the page Status and Controls stops it.");
     auto* buttons = new QHBoxLayout;
     auto* abort = makeButton(
-        "&Abort", "Abort", [] {}, whatStops);
+        Screen::tr("&Abort"), "Abort", [] {}, whatStops);
     abort->setEnabled(false);
     abort->setAccessibleDescription(whatStops);
     buttons->addWidget(new QLabel(whatStops));
@@ -161,15 +162,15 @@ constexpr int sideMargin = 16;
 
 PlainEnglishWindow::PlainEnglishWindow(QWidget* parent)
     : QWidget(parent, Qt::Window)
-    , note_(makeTextLabel("PlainEnglishNote", "Note"))
+    , note_(makeTextLabel("PlainEnglishNote", Screen::tr("Note")))
     , area_(new QScrollArea) {
     setObjectName(QStringLiteral("PlainEnglish"));
-    setWindowTitle(QStringLiteral("In Plain English"));
+    setWindowTitle(Screen::tr("In Plain English"));
     area_->setFrameShape(QFrame::NoFrame);
     area_->setFocusPolicy(Qt::NoFocus);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    buttons->addWidget(makeButton("&Close", "ClosePlainEnglish", [this] { close(); }));
+    buttons->addWidget(makeButton(Screen::tr("&Close"), "ClosePlainEnglish", [this] { close(); }));
     connect(new QShortcut(QKeySequence(QKeySequence::Cancel), this), &QShortcut::activated, this, [this] { close(); });
     note_->setWordWrap(true);
     note_->setForegroundRole(QPalette::Link);
@@ -201,9 +202,9 @@ QWidget* PlainEnglishWindow::makeText(const LoggerSettings& record) const {
     int top = topOfFirstLine;
     int width = 0;
     for (std::size_t line = 0; line < PlainEnglish::lineCount; ++line) {
-        QLabel* label = makeValueLabel(lineNames[line], "Description");
+        QLabel* label = makeValueLabel(lineNames[line], Screen::tr("Description"));
         label->setParent(text);
-        label->setText(english.lines.at(line));
+        label->setText(english.lines.at(line).shown());
         // Without an end of the block there is nothing to say of the next one, and no line is left free for it.
         if (line > 0 && (line != PlainEnglish::NextBlock || english.finiteBlock)) {
             top += step;

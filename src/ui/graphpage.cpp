@@ -2,6 +2,7 @@
 #include "ui/graphpage.h"
 
 #include "base/files.h"
+#include "base/words.h"
 #include "ui/curvelist.h"
 #include "ui/plotcanvas.h"
 #include "ui/plotpicture.h"
@@ -35,7 +36,7 @@ bool receives(Activity activity) {
 } // namespace
 
 GraphPage::GraphPage(Program& program)
-    : QGroupBox(QStringLiteral("Graphical"))
+    : QGroupBox(Screen::tr("Graphical"))
     , program_(program)
     , sheet_(program.sheet.data)
     , data_(sheet_)
@@ -92,15 +93,16 @@ QMenu* GraphPage::makeSaveMenu(QWidget* parent) {
         const char* text;
         const char* name;
     };
-    constexpr Item items[] = {{PictureFormat::Png, "As P&NG, pixels, for screens and documents", "SavePng"},
-                              {PictureFormat::Pdf, "As P&DF, a page to print or send", "SavePdf"},
-                              {PictureFormat::Svg, "As S&VG, lines, for drawing programs", "SaveSvg"}};
+    constexpr Item items[] = {
+        {PictureFormat::Png, QT_TRANSLATE_NOOP("orv", "As P&NG, pixels, for screens and documents"), "SavePng"},
+        {PictureFormat::Pdf, QT_TRANSLATE_NOOP("orv", "As P&DF, a page to print or send"), "SavePdf"},
+        {PictureFormat::Svg, QT_TRANSLATE_NOOP("orv", "As S&VG, lines, for drawing programs"), "SaveSvg"}};
     auto* menu = new QMenu(parent);
     for (const Item& item : items) {
-        QAction* action = menu->addAction(QString::fromLatin1(item.text));
+        QAction* action = menu->addAction(Screen::tr(item.text));
         action->setObjectName(QLatin1String(item.name));
         connect(action, &QAction::triggered, this, [this, format = item.format] {
-            program_.link.procedures.startBeside(QStringLiteral("Save Picture"),
+            program_.link.procedures.startBeside(Words::tr("Save Picture"),
                                                  [this, format] { return savePicture(format); });
         });
     }
@@ -110,21 +112,21 @@ QMenu* GraphPage::makeSaveMenu(QWidget* parent) {
 QWidget* GraphPage::makeBar() {
     auto* axis = new QComboBox;
     axis->setObjectName(QStringLiteral("PlotAxis"));
-    axis->setToolTip(QStringLiteral("What the curves are drawn over."));
-    axis->addItems({QStringLiteral("Record number"), QStringLiteral("Time")});
+    axis->setToolTip(Screen::tr("What the curves are drawn over."));
+    axis->addItems({Screen::tr("Record number"), Screen::tr("Time")});
     takeSelections(axis);
     connect(axis, &QComboBox::currentIndexChanged, this,
             [this](int index) { setAxis(index == 1 ? PlotData::Axis::Time : PlotData::Axis::Record); });
     auto* arrangement = new QComboBox;
     arrangement->setObjectName(QStringLiteral("PlotArrangement"));
-    arrangement->setToolTip(QStringLiteral("All curves on one axis; a pane for each, with its own scale; or each less "
-                                           "its mean over what is seen."));
-    arrangement->addItems({QStringLiteral("One axis"), QStringLiteral("Stacked"), QStringLiteral("Change")});
+    arrangement->setToolTip(Screen::tr("All curves on one axis; a pane for each, with its own scale; or each less "
+                                       "its mean over what is seen."));
+    arrangement->addItems({Screen::tr("One axis"), Screen::tr("Stacked"), Screen::tr("Change")});
     takeSelections(arrangement);
     connect(arrangement, &QComboBox::currentIndexChanged, this,
             [this](int index) { arrange(static_cast<PlotView::Arrangement>(index)); });
-    const auto makeModeButton = [this](const char* caption, const char* name, PlotView::Mode mode,
-                                       const char* toolTip) {
+    const auto makeModeButton = [this](const QString& caption, const char* name, PlotView::Mode mode,
+                                       const QString& toolTip) {
         QPushButton* button = makeButton(
             caption, name, [] {}, toolTip);
         button->setCheckable(true);
@@ -132,23 +134,25 @@ QWidget* GraphPage::makeBar() {
         connect(button, &QPushButton::toggled, this, [this, mode] { setMode(mode); });
         return button;
     };
-    follow_ = makeModeButton("&Follow", "Follow", PlotView::Mode::Newest, "Shows the newest rows as they come.");
-    showAll_ = makeModeButton("Show A&ll", "ShowAll", PlotView::Mode::All,
-                              "Shows all rows. A double click on the curves does the same.");
+    follow_ = makeModeButton(Screen::tr("&Follow"), "Follow", PlotView::Mode::Newest,
+                             Screen::tr("Shows the newest rows as they come."));
+    showAll_ = makeModeButton(Screen::tr("Show A&ll"), "ShowAll", PlotView::Mode::All,
+                              Screen::tr("Shows all rows. A double click on the curves does the same."));
     auto* choose = makeButton(
-        "Choose &Range", "ChooseRange", [] {},
-        "The pointer chooses a range of rows instead of moving the curves: for their mean and standard deviation, and "
-        "to select them on the sheet.");
+        Screen::tr("Choose &Range"), "ChooseRange", [] {},
+        Screen::tr("The pointer chooses a range of rows instead of moving the curves: for their mean and standard "
+                   "deviation, and "
+                   "to select them on the sheet."));
     choose->setCheckable(true);
     connect(choose, &QPushButton::toggled, canvas_, [this](bool on) { canvas_->setChoosing(on); });
 
     auto* bar = new QWidget;
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(makeCaption("&X axis :", axis));
+    row->addWidget(makeCaption(Screen::tr("&X axis :"), axis));
     row->addWidget(axis);
     row->addSpacing(8);
-    row->addWidget(makeCaption("&View :", arrangement));
+    row->addWidget(makeCaption(Screen::tr("&View :"), arrangement));
     row->addWidget(arrangement);
     row->addSpacing(8);
     row->addWidget(follow_);
@@ -160,14 +164,16 @@ QWidget* GraphPage::makeBar() {
 
 QLayout* GraphPage::makePictureButtons() {
     auto* save = makeButton(
-        "Save Pict&ure", "SavePicture", [] {}, "Saves the curves as they are seen as a PNG, PDF or SVG file.");
+        Screen::tr("Save Pict&ure"), "SavePicture", [] {},
+        Screen::tr("Saves the curves as they are seen as a PNG, PDF or SVG file."));
     save->setMenu(makeSaveMenu(save));
     bindEnabled(bindings_, save, program_.link.session.commands.canAsk);
     auto* copy = makeButton(
-        "Cop&y", "CopyPicture", [this] { copyPicture(); },
-        "Copies the curves as they are seen as a picture to the clipboard.");
+        Screen::tr("Cop&y"), "CopyPicture", [this] { copyPicture(); },
+        Screen::tr("Copies the curves as they are seen as a picture to the clipboard."));
     auto* printButton = makeButton(
-        "Print &Graph...", "PrintPicture", [this] { askForPrinter(); }, "Prints the curves as they are seen.");
+        Screen::tr("Print &Graph..."), "PrintPicture", [this] { askForPrinter(); },
+        Screen::tr("Prints the curves as they are seen."));
     auto* column = new QVBoxLayout;
     for (QPushButton* button : {save, copy, printButton}) {
         column->addWidget(button);
@@ -201,7 +207,7 @@ void GraphPage::showStatistics() {
         }
         rows = data_.firstPointAfter(range->upper) - data_.firstPointFrom(range->lower);
     }
-    statistics_->show(rows == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(rows), lines);
+    statistics_->show(rows == 1 ? Screen::tr("1 row") : Screen::tr("%1 rows").arg(rows), lines);
 }
 
 void GraphPage::setAxis(PlotData::Axis axis) {
@@ -312,27 +318,31 @@ void GraphPage::tellWhatIsMissing() {
     const bool noneShown = std::none_of(shown_.begin(), shown_.end(), [](bool shown) { return shown; });
     QString hint;
     if (data_.rowCount() == 0) {
-        hint = QStringLiteral("No rows yet.\n\nCollect or download data, or open a sheet: its columns are drawn here.");
+        hint = Screen::tr("No rows yet.\n\nCollect or download data, or open a sheet: its columns are drawn here.");
     } else if (data_.pointCount() == 0) {
-        hint = QStringLiteral("No row can be placed on this axis.\n\nChoose the other one under \"X axis\".");
+        hint = Screen::tr("No row can be placed on this axis.\n\nChoose the other one under \"X axis\".");
     } else if (noneShown) {
-        hint = QStringLiteral("All curves are switched off.");
+        hint = Screen::tr("All curves are switched off.");
     }
     canvas_->setHint(hint);
 
     QStringList notes;
-    const auto note = [&notes](int rows, const char* which) {
+    const auto note = [&notes](int rows, const QString& one, const QString& several) {
         if (rows > 0) {
-            notes << (rows == 1 ? QStringLiteral("1 row %2 is not drawn.")
-                                : QStringLiteral("%1 rows %2 are not drawn.").arg(rows))
-                         .replace(QLatin1String("%2"), QLatin1String(which));
+            notes << (rows == 1 ? one : several.arg(rows));
         }
     };
-    note(data_.rowsOfOtherLayout(), "of another type of instrument");
-    note(data_.rowsWithoutPlace(),
-         data_.axis() == PlotData::Axis::Time ? "without a readable time" : "without a record number");
+    note(data_.rowsOfOtherLayout(), Screen::tr("1 row of another type of instrument is not drawn."),
+         Screen::tr("%1 rows of another type of instrument are not drawn."));
+    if (data_.axis() == PlotData::Axis::Time) {
+        note(data_.rowsWithoutPlace(), Screen::tr("1 row without a readable time is not drawn."),
+             Screen::tr("%1 rows without a readable time are not drawn."));
+    } else {
+        note(data_.rowsWithoutPlace(), Screen::tr("1 row without a record number is not drawn."),
+             Screen::tr("%1 rows without a record number are not drawn."));
+    }
     if (notes.isEmpty()) {
-        notes << QStringLiteral(
+        notes << Screen::tr(
             "Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click "
             "shows all.");
     }
@@ -342,7 +352,7 @@ void GraphPage::tellWhatIsMissing() {
 void GraphPage::readOut(int point) {
     pointed_ = point < data_.pointCount() ? point : -1;
     CurveList::Readout readout;
-    readout.title = pointed_ >= 0 ? QStringLiteral("Row under the cursor") : QStringLiteral("Newest row");
+    readout.title = pointed_ >= 0 ? Screen::tr("Row under the cursor") : Screen::tr("Newest row");
     const int row = pointed_ >= 0 ? data_.row(pointed_) : data_.rowCount() - 1;
     if (row >= data_.rowsOfOtherLayout() && row >= 0) {
         readout.record = sheet_.cell(row, sheetcolumn::record);
@@ -367,20 +377,19 @@ void GraphPage::refreshTheme() {
 
 Task<> GraphPage::savePicture(PictureFormat format) {
     const QString suffix = pictureSuffix(format);
-    const Question question =
-        saveQuestion(QStringLiteral("Save Picture"), program_.sheet.shown.fileName.value() + suffix, suffix,
-                     QLatin1Char('*') + suffix);
+    const Question question = saveQuestion(Words::tr("Save Picture"), program_.sheet.shown.fileName.value() + suffix,
+                                           suffix, QLatin1Char('*') + suffix);
     const QString name = co_await program_.link.waits.answer(question);
     if (name.isEmpty()) {
         co_return; // also when the page has gone with the program
     }
     // Rows may have come while the operator chose.
     refreshNow();
-    const QString reason = writeWholeFile(name, plotPicture(*canvas_, pictureFormat(name, format)));
+    const Words reason = writeWholeFile(name, plotPicture(*canvas_, pictureFormat(name, format)));
     if (!reason.isEmpty()) {
-        tell(QStringLiteral("Save Picture"),
-             QStringLiteral("The picture could not be saved as %1: %2.\n\nChoose another folder or make room on the "
-                            "disk, then save again.")
+        tell(Words::tr("Save Picture"),
+             Words::tr("The picture could not be saved as %1: %2.\n\nChoose another folder or make room on the "
+                       "disk, then save again.")
                  .arg(QFileInfo(name).absoluteFilePath(), reason));
     }
 }
@@ -410,13 +419,13 @@ void GraphPage::askForPrinter() {
 void GraphPage::print(QPrinter& printer) {
     refreshNow();
     if (!printPlot(*canvas_, printer)) {
-        tell(QStringLiteral("Print Graph"),
-             QStringLiteral("The printer did not take the page.\n\nSee whether it is switched on and connected, then "
-                            "print again, or save the curves as PDF and print that."));
+        tell(Words::tr("Print Graph"),
+             Words::tr("The printer did not take the page.\n\nSee whether it is switched on and connected, then "
+                       "print again, or save the curves as PDF and print that."));
     }
 }
 
-void GraphPage::tell(const QString& title, const QString& text) {
+void GraphPage::tell(const Words& title, const Words& text) {
     program_.link.session.messages.show(operatorWarning(text, title));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
 #include "program/program.h"
 #include "sheet/plotdata.h"
 #include "ui/statisticstable.h"
@@ -58,7 +59,7 @@ private:
     void copyPicture();
     void askForPrinter();
     void print(QPrinter& printer);
-    void tell(const QString& title, const QString& text);
+    void tell(const Words& title, const Words& text);
 
     Program& program_;
     DataSheet& sheet_;

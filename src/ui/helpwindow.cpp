@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/helpwindow.h"
 
+#include "base/words.h"
 #include "ui/guideview.h"
 #include "ui/remembered.h"
 #include "ui/widgets.h"
@@ -71,16 +72,16 @@ QString guideChapterOf(const QWidget& window) {
 
 HelpWindow::HelpWindow()
     : view_(new GuideView)
-    , chapters_(makeControl<QListWidget>("GuideChapters", "Chapters"))
-    , findBox_(makeBox("GuideFind", "What to look for in the guide."))
-    , found_(makeTextLabel("GuideFound", "Found")) {
+    , chapters_(makeControl<QListWidget>("GuideChapters", Screen::tr("Chapters")))
+    , findBox_(makeBox("GuideFind", Screen::tr("What to look for in the guide.")))
+    , found_(makeTextLabel("GuideFound", Screen::tr("Found"))) {
     setObjectName(QStringLiteral("UserGuide"));
-    setWindowTitle(QStringLiteral("User Guide"));
+    setWindowTitle(Screen::tr("User Guide"));
     view_->setObjectName(QStringLiteral("GuideText"));
-    view_->setAccessibleName(QStringLiteral("User guide"));
+    view_->setAccessibleName(Screen::tr("User guide"));
     makeChapters();
     auto* left = new QVBoxLayout;
-    left->addWidget(makeCaption("&Chapters", chapters_));
+    left->addWidget(makeCaption(Screen::tr("&Chapters"), chapters_));
     left->addWidget(chapters_, 1);
     auto* both = new QHBoxLayout;
     both->addLayout(left);
@@ -124,26 +125,28 @@ void HelpWindow::makeChapters() {
 
 QLayout* HelpWindow::makeBar() {
     auto* back = makeButton(
-        "&Back", "GuideBack", [this] { view_->backward(); }, "To what was shown before.");
+        Screen::tr("&Back"), "GuideBack", [this] { view_->backward(); }, Screen::tr("To what was shown before."));
     auto* forward = makeButton(
-        "&Forward", "GuideForward", [this] { view_->forward(); }, "To what you came back from.");
+        Screen::tr("&Forward"), "GuideForward", [this] { view_->forward(); },
+        Screen::tr("To what you came back from."));
     for (const auto& [button, changed] :
          {std::pair(back, &QTextBrowser::backwardAvailable), std::pair(forward, &QTextBrowser::forwardAvailable)}) {
         button->setEnabled(false);
         connect(view_, changed, button, &QPushButton::setEnabled);
     }
     auto* next = makeButton(
-        "&Next", "GuideFindNext", [this] { find(true); },
-        "The next place with this text. The Enter key does the same.");
+        Screen::tr("&Next"), "GuideFindNext", [this] { find(true); },
+        Screen::tr("The next place with this text. The Enter key does the same."));
     auto* previous = makeButton(
-        "&Previous", "GuideFindPrevious", [this] { find(false); }, "The place with this text before.");
+        Screen::tr("&Previous"), "GuideFindPrevious", [this] { find(false); },
+        Screen::tr("The place with this text before."));
     connect(findBox_, &QLineEdit::returnPressed, this, [this] { find(true); });
     connect(findBox_, &QLineEdit::textChanged, found_, &QLabel::clear);
     auto* bar = new QHBoxLayout;
     bar->addWidget(back);
     bar->addWidget(forward);
     bar->addSpacing(24);
-    bar->addWidget(makeCaption("F&ind :", findBox_));
+    bar->addWidget(makeCaption(Screen::tr("F&ind :"), findBox_));
     bar->addWidget(findBox_, 1);
     bar->addWidget(next);
     bar->addWidget(previous);
@@ -180,7 +183,7 @@ void HelpWindow::open(const QString& anchor) {
 }
 
 void HelpWindow::find(bool forward) {
-    found_->setText(view_->findText(findBox_->text(), forward) ? QString() : QStringLiteral("Not found."));
+    found_->setText(view_->findText(findBox_->text(), forward) ? QString() : Screen::tr("Not found."));
 }
 
 void showGuide(std::unique_ptr<HelpWindow>& guide, const QWidget& mainWindow, const Remembered* remembered) {

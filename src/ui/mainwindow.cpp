@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/mainwindow.h"
 
+#include "base/words.h"
 #include "ui/calibrationpage.h"
 #include "ui/debugpage.h"
 #include "ui/dialogs.h"
@@ -41,9 +42,9 @@ MainWindow::MainWindow(Program& program, Remembered* remembered)
     : program_(program)
     , remembered_(remembered)
     , watch_(program.capture)
-    , upperTabs_(makeStrip(upperCaptions(), "TabStrip1", "Pages", "Form Select Tabs."))
-    , lowerTabs_(makeStrip(lowerCaptions(), "TabStrip2", "Service pages",
-                           "Special Tidelane Debug screens and Tools. Internal use only so far."))
+    , upperTabs_(makeStrip(upperCaptions(), "TabStrip1", Screen::tr("Pages"), Screen::tr("Form Select Tabs.")))
+    , lowerTabs_(makeStrip(lowerCaptions(), "TabStrip2", Screen::tr("Service pages"),
+                           Screen::tr("Special Tidelane Debug screens and Tools. Internal use only so far.")))
     , pageArea_(new QWidget) {
     qApp->installEventFilter(&watch_);
     speakLabelValues();
@@ -143,7 +144,7 @@ void MainWindow::layOut() {
 void MainWindow::addServiceMarker(QLayout* row) {
     auto* marker = new QWidget;
     marker->setObjectName(QStringLiteral("ServiceMarker"));
-    marker->setAccessibleName(QStringLiteral("Service mode"));
+    marker->setAccessibleName(Screen::tr("Service mode"));
     marker->setFixedSize(14, 14);
     marker->setAutoFillBackground(true);
     row->addWidget(marker);
@@ -160,17 +161,17 @@ void MainWindow::addServiceMarker(QLayout* row) {
 void MainWindow::addSimulationMarker(QLayout* row) {
     auto* marker = new QLabel;
     marker->setObjectName(QStringLiteral("SimulationMarker"));
-    marker->setAccessibleName(QStringLiteral("Simulated instrument"));
-    marker->setToolTip(QStringLiteral("What it measures is made up by this program. Choose a real port in \"Ports\" on "
-                                      "the page \"Status and Controls\"."));
+    marker->setAccessibleName(Screen::tr("Simulated instrument"));
+    marker->setToolTip(Screen::tr("What it measures is made up by this program. Choose a real port in \"Ports\" on "
+                                  "the page \"Status and Controls\"."));
     marker->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
     marker->setAutoFillBackground(true);
     marker->setBackgroundRole(QPalette::ToolTipBase);
     marker->setForegroundRole(QPalette::ToolTipText);
     marker->setMargin(3);
     row->addWidget(marker);
-    bindings_.bind(program_.link.portChoices.shown.simulation, [this, marker](const QString& text) {
-        marker->setText(text);
+    bindings_.bind(program_.link.portChoices.shown.simulation, [this, marker](const Words& text) {
+        marker->setText(text.shown());
         marker->setVisible(!text.isEmpty());
         showTitle();
     });
@@ -179,7 +180,7 @@ void MainWindow::addSimulationMarker(QLayout* row) {
 }
 
 void MainWindow::showTitle() {
-    QString title = QStringLiteral("ORV Host Program");
+    QString title = Screen::tr("ORV Host Program");
     const QString& file = program_.sheet.shown.file.value();
     if (!file.isEmpty()) {
         // Rows have come since: the star that such titles have.
@@ -187,7 +188,7 @@ void MainWindow::showTitle() {
         title = QStringLiteral("%1%2 - %3").arg(QFileInfo(file).fileName(), star, title);
     }
     if (!program_.link.portChoices.shown.simulation.value().isEmpty()) {
-        title += QStringLiteral(" (simulated instrument)");
+        title = Screen::tr("%1 (simulated instrument)").arg(title);
     }
     if (title != windowTitle()) {
         setWindowTitle(title);
@@ -210,7 +211,7 @@ void MainWindow::showPage(Page page) {
     }
     // The strip whose page is hidden must not look as if its tab were shown, and lets it be chosen again.
     for (ChoiceTabBar* strip : {upperTabs_, lowerTabs_}) {
-        strip->setChosen(pageOfCaption(strip->tabText(strip->currentIndex())) == page);
+        strip->setChosen(pageOfCaption(strip->caption(strip->currentIndex())) == page);
     }
 }
 
@@ -232,34 +233,35 @@ QAction* MainWindow::addItem(QMenu* menu, QAnyStringView text, QAnyStringView na
 }
 
 void MainWindow::makeMenus() {
-    QMenu* operation = menuBar()->addMenu(QStringLiteral("&Operation"));
+    QMenu* operation = menuBar()->addMenu(Screen::tr("&Operation"));
     makeConnectMenu(operation);
-    QAction* closePort = addItem(operation, "&Close Port", "ClosePort", [this] { program_.closePort(); });
+    QAction* closePort = addItem(operation, Screen::tr("&Close Port"), "ClosePort", [this] { program_.closePort(); });
     operation->addSeparator();
-    QAction* quit = addItem(operation, "&Quit", "Quit", [this] {
+    QAction* quit = addItem(operation, Screen::tr("&Quit"), "Quit", [this] {
         noteMessages();
         program_.quit();
     });
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 
-    QMenu* processing = menuBar()->addMenu(QStringLiteral("&Processing"));
-    QAction* saveText =
-        addItem(processing, "Download Stored Data: &Save as Text", "DownloadText", [this] { program_.downloadText(); });
-    QAction* view = addItem(processing, "Download Stored Data: &View with Host Program", "DownloadView",
+    QMenu* processing = menuBar()->addMenu(Screen::tr("&Processing"));
+    QAction* saveText = addItem(processing, Screen::tr("Download Stored Data: &Save as Text"), "DownloadText",
+                                [this] { program_.downloadText(); });
+    QAction* view = addItem(processing, Screen::tr("Download Stored Data: &View with Host Program"), "DownloadView",
                             [this] { program_.vwhp(); });
 
-    QMenu* settingsMenu = menuBar()->addMenu(QStringLiteral("&Settings"));
-    QAction* settingsForm = addItem(settingsMenu, "&Settings", "ShowSettingsForm", [this] {
+    QMenu* settingsMenu = menuBar()->addMenu(Screen::tr("&Settings"));
+    QAction* settingsForm = addItem(settingsMenu, Screen::tr("&Settings"), "ShowSettingsForm", [this] {
         program_.showSettingsForm();
         settingsWindow_->present();
     });
 
-    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
-    QAction* contents = addItem(help, "&Contents", "Contents", [this] { showGuide(guide_, *this, remembered_); });
+    QMenu* help = menuBar()->addMenu(Screen::tr("&Help"));
+    QAction* contents =
+        addItem(help, Screen::tr("&Contents"), "Contents", [this] { showGuide(guide_, *this, remembered_); });
     contents->setShortcut(Qt::Key_F1);
     contents->setShortcutContext(Qt::ApplicationShortcut);
-    addItem(help, "&Save Support File...", "SaveSupportFile", [this] { program_.saveSupportFile(); });
-    addItem(help, "&About Orv Host ...", "About", [this] { showAbout(); });
+    addItem(help, Screen::tr("&Save Support File..."), "SaveSupportFile", [this] { program_.saveSupportFile(); });
+    addItem(help, Screen::tr("&About Orv Host ..."), "About", [this] { showAbout(); });
 
     const CommandState& commands = program_.link.session.commands;
     bindEnabled(bindings_, closePort, commands.closePortEnabled);
@@ -300,16 +302,17 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 void MainWindow::makeShortcuts() {
     qApp->installEventFilter(this);
     // Each does what its button does, whichever page is shown, and only while the button could be pressed.
-    QAction* open = addShortcut("Open", "OpenShortcut", Qt::CTRL | Qt::Key_O, [this] { program_.openSheet(); });
-    QAction* save =
-        addShortcut("Save As", "SaveAsShortcut", Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { program_.saveAs(); });
-    QAction* run = addShortcut("Run", "RunShortcut", Qt::Key_F5, [this] { program_.run(); });
+    QAction* open =
+        addShortcut(Screen::tr("Open"), "OpenShortcut", Qt::CTRL | Qt::Key_O, [this] { program_.openSheet(); });
+    QAction* save = addShortcut(Screen::tr("Save As"), "SaveAsShortcut", Qt::CTRL | Qt::SHIFT | Qt::Key_S,
+                                [this] { program_.saveAs(); });
+    QAction* run = addShortcut(Screen::tr("Run"), "RunShortcut", Qt::Key_F5, [this] { program_.run(); });
     const CommandState& commands = program_.link.session.commands;
     bindEnabled(bindings_, open, commands.canOpenSheet);
     bindEnabled(bindings_, save, commands.canSaveAs);
     bindEnabled(bindings_, run, commands.canRun);
     bindVisible(bindings_, run, commands.runVisible);
-    addShortcut("Service mode", "ServiceMode", Qt::CTRL | Qt::ALT | Qt::Key_H,
+    addShortcut(Screen::tr("Service mode"), "ServiceMode", Qt::CTRL | Qt::ALT | Qt::Key_H,
                 [this] { program_.toggleServiceMode(); });
 
     // The letters belong to the pages: a page has more controls than its tab strips would leave letters.
@@ -339,16 +342,20 @@ void MainWindow::makeConnectMenu(QMenu* operation) {
         std::function<void()> connectNow;
     };
     const Item items[] = {
-        {ConnectItems::Auto1, "&Auto Connect Comm 1", "AutoConnect1", [this] { program_.autoConnect1(); }},
-        {ConnectItems::Auto2, "A&uto Connect Comm 2", "AutoConnect2", [this] { program_.autoConnect2(); }},
-        {ConnectItems::Manual1, "&Manual Connect Comm 1", "ManualConnect1", [this] { program_.manualConnect(1); }},
-        {ConnectItems::Manual2, "Mau&nal Connect Comm 2", "ManualConnect2", [this] { program_.manualConnect(2); }},
+        {ConnectItems::Auto1, QT_TRANSLATE_NOOP("orv", "&Auto Connect Comm 1"), "AutoConnect1",
+         [this] { program_.autoConnect1(); }},
+        {ConnectItems::Auto2, QT_TRANSLATE_NOOP("orv", "A&uto Connect Comm 2"), "AutoConnect2",
+         [this] { program_.autoConnect2(); }},
+        {ConnectItems::Manual1, QT_TRANSLATE_NOOP("orv", "&Manual Connect Comm 1"), "ManualConnect1",
+         [this] { program_.manualConnect(1); }},
+        {ConnectItems::Manual2, QT_TRANSLATE_NOOP("orv", "Mau&nal Connect Comm 2"), "ManualConnect2",
+         [this] { program_.manualConnect(2); }},
     };
-    QMenu* start = operation->addMenu(QStringLiteral("&Start Communication"));
+    QMenu* start = operation->addMenu(Screen::tr("&Start Communication"));
     const QProperty<bool>& undisturbed = program_.link.session.commands.undisturbed;
     for (const auto& [item, text, name, connectNow] : items) {
         const ConnectItem& state = program_.link.connection.items[item];
-        QAction* action = addItem(start, text, name, connectNow);
+        QAction* action = addItem(start, Screen::tr(text), name, connectNow);
         action->setCheckable(true);
         // A click must not change the mark by itself, not even while the attempt goes on: the procedures set it.
         connect(action, &QAction::toggled, this, [action, &state] { action->setChecked(state.checked); });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/messageboxes.h"
 
+#include "base/words.h"
 #include "ui/remembered.h"
 #include "ui/settingswindow.h"
 
@@ -36,8 +37,8 @@ public:
         : QMessageBox(Warning, title, text, Yes | No, parent) {
         setDefaultButton(Yes);
         // Not every window system's own words have the keys.
-        button(Yes)->setText(QStringLiteral("&Yes"));
-        button(No)->setText(QStringLiteral("&No"));
+        button(Yes)->setText(Screen::tr("&Yes"));
+        button(No)->setText(Screen::tr("&No"));
     }
 
     void reject() override {}
@@ -73,7 +74,7 @@ public:
     FileDialog(const QString& title, const QString& filter, QWidget* parent)
         : QFileDialog(parent) {
         setWindowTitle(title);
-        QStringList filters{QStringLiteral("All files (*)")};
+        QStringList filters{Screen::tr("All files (*)")};
         if (!filter.isEmpty()) {
             filters.prepend(filter);
         }
@@ -140,7 +141,7 @@ public:
             return;
         }
         auto* box = new QMessageBox(QMessageBox::Warning, windowTitle(),
-                                    tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
+                                    Screen::tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
                                     QMessageBox::Yes | QMessageBox::No, this);
         box->setDefaultButton(QMessageBox::No);
         ask(box, [this](int button) {
@@ -171,7 +172,7 @@ public:
         }
         ask(new QMessageBox(
                 QMessageBox::Warning, windowTitle(),
-                tr("%1\nFile not found.\nPlease verify the correct file name was given.").arg(file.fileName()),
+                Screen::tr("%1\nFile not found.\nPlease verify the correct file name was given.").arg(file.fileName()),
                 QMessageBox::Ok, this),
             [](int) {});
     }
@@ -189,16 +190,16 @@ void openIn(QFileDialog& dialog, const QString& folder) {
 
 QDialog* makeDialog(const Question& question, const QString& folder, QWidget* parent) {
     if (question.kind == Question::Kind::YesNo) {
-        return new YesNoBox(question.title, question.text, parent);
+        return new YesNoBox(question.title.shown(), question.text.shown(), parent);
     }
     if (question.kind == Question::Kind::OpenName) {
-        auto* dialog = new OpenDialog(question.title, question.filter, question.suffix, parent);
+        auto* dialog = new OpenDialog(question.title.shown(), question.filter.shown(), question.suffix, parent);
         dialog->setAcceptMode(QFileDialog::AcceptOpen);
         dialog->setFileMode(QFileDialog::ExistingFile);
         openIn(*dialog, folder);
         return dialog;
     }
-    auto* dialog = new SaveDialog(question.title, question.filter, parent);
+    auto* dialog = new SaveDialog(question.title.shown(), question.filter.shown(), parent);
     if (!question.suffix.isEmpty()) {
         dialog->setDefaultSuffix(question.suffix.mid(1));
     }
@@ -278,12 +279,12 @@ void MessageBoxes::show(const Message& message) {
     }
     auto* box =
         new QMessageBox(message.icon == Message::Icon::Exclamation ? QMessageBox::Warning : QMessageBox::Information,
-                        message.title, message.text, QMessageBox::Ok, parent_);
+                        message.title.shown(), message.text.shown(), QMessageBox::Ok, parent_);
     box->setProperty("message", name);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    box->button(QMessageBox::Ok)->setText(QStringLiteral("&OK"));
+    box->button(QMessageBox::Ok)->setText(Screen::tr("&OK"));
     // Not out of the box's own going: what it belongs to may be destroyed then.
     QObject::connect(
         box, &QObject::destroyed, &receiver_, [this] { tellIfRead(); }, Qt::QueuedConnection);

@@ -2,6 +2,7 @@
 #include "ui/numberbox.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 #include <QAction>
 #include <QFocusEvent>
@@ -30,14 +31,14 @@ private:
 
 NumberBox* NumberBox::forDigits(int maximumDigits) {
     return new NumberBox(QStringLiteral("[0-9]{0,%1}").arg(maximumDigits), maximumDigits,
-                         QStringLiteral("Only digits, at most %1.").arg(maximumDigits));
+                         Screen::tr("Only digits, at most %1.").arg(maximumDigits));
 }
 
 NumberBox* NumberBox::forDecimals() {
     constexpr int usualLength = 10;
     // Device files know values with a comma.
     return new NumberBox(QStringLiteral("[+-]?[0-9]*[.,]?[0-9]*"), usualLength,
-                         QStringLiteral("Only a number: a sign, digits, a point."));
+                         Screen::tr("Only a number: a sign, digits, a point."));
 }
 
 NumberBox::NumberBox(const QString& form, int usualLength, QString hint)
@@ -158,12 +159,12 @@ void NumberBox::setMarked(bool marked) {
         QString text;
         if (marked) {
             text = leadingNumber(this->text()) < minimum_
-                       ? QStringLiteral("%1 is less than the minimum of %2.").arg(this->text()).arg(minimum_)
-                       : QStringLiteral("%1 is more than the maximum of %2.").arg(this->text()).arg(maximum_);
+                       ? Screen::tr("%1 is less than the minimum of %2.").arg(this->text()).arg(minimum_)
+                       : Screen::tr("%1 is more than the maximum of %2.").arg(this->text()).arg(maximum_);
         }
         warning_->setToolTip(text);
         setAccessibleDescription(text);
-        remark_->setText(marked ? accessibleName() + QStringLiteral(": ") + text : QString());
+        remark_->setText(marked ? QStringLiteral("%1: %2").arg(accessibleName(), text) : QString());
     }
     remark_->setVisible(marked);
     warning_->setVisible(marked);

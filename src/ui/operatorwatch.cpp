@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/operatorwatch.h"
 
+#include "base/words.h"
 #include "ui/numberbox.h"
 #include "ui/tabstrip.h"
 
@@ -44,8 +45,9 @@ bool letsGo(const QEvent& event) {
             static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason);
 }
 
-QString plain(QString caption) {
-    return caption.remove(u'&');
+/// The English caption without its access key.
+QString plain(const QString& caption) {
+    return Screen::english(caption).remove(u'&');
 }
 
 } // namespace
@@ -66,7 +68,7 @@ bool OperatorWatch::eventFilter(QObject* watched, QEvent* event) {
         letGo_ = button != nullptr && button->isDown() ? button : letGo_;
     } else if (event->type() == QEvent::Close && event->spontaneous() && watched->isWidgetType()) {
         const auto* window = static_cast<QWidget*>(watched);
-        note(*window, window->windowTitle(), QStringLiteral("closed"));
+        note(*window, plain(window->windowTitle()), QStringLiteral("closed"));
     }
     return QObject::eventFilter(watched, event);
 }
@@ -94,17 +96,19 @@ void OperatorWatch::follow(QWidget& widget) {
                 [this, box] { noteTyping(*box); });
         connect(box, &QLineEdit::editingFinished, this, [this] { finishTyping(); });
     } else if (auto* chooser = qobject_cast<QComboBox*>(&widget)) {
-        connect(chooser, &QComboBox::activated, this,
-                [this, chooser] { note(*chooser, chooser->accessibleName(), chooser->currentText()); });
+        connect(chooser, &QComboBox::activated, this, [this, chooser] {
+            note(*chooser, plain(chooser->accessibleName()), Screen::english(chooser->currentText()));
+        });
     } else if (auto* tabs = dynamic_cast<ChoiceTabBar*>(&widget)) {
         subscriptions_.push_back(tabs->tabChosen.subscribe(
-            [this, tabs](const QString& caption) { note(*tabs, tabs->accessibleName(), plain(caption)); }));
+            [this, tabs](const QString& caption) { note(*tabs, plain(tabs->accessibleName()), plain(caption)); }));
     } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
-        connect(list, &QListWidget::itemClicked, this,
-                [this, list](const QListWidgetItem* item) { note(*list, list->accessibleName(), item->text()); });
+        connect(list, &QListWidget::itemClicked, this, [this, list](const QListWidgetItem* item) {
+            note(*list, plain(list->accessibleName()), item->text());
+        });
     } else if (auto* dialog = qobject_cast<QDialog*>(&widget)) {
         connect(dialog, &QDialog::rejected, this,
-                [this, dialog] { note(*dialog, dialog->windowTitle(), QStringLiteral("closed")); });
+                [this, dialog] { note(*dialog, plain(dialog->windowTitle()), QStringLiteral("closed")); });
     }
 }
 
@@ -129,7 +133,7 @@ void OperatorWatch::finishTyping() {
     pause_.stop();
     if (QLineEdit* box = typing_) {
         typing_ = nullptr;
-        capture_.did(nameOf(*box), box->accessibleName(), box->text());
+        capture_.did(nameOf(*box), plain(box->accessibleName()), box->text());
     }
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/plotcanvas.h"
 
+#include "base/words.h"
+
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
@@ -27,11 +29,11 @@ PlotCanvas::PlotCanvas(const PlotData& curves)
     : data_(curves)
     , theme_(paperTheme())
     , panes_(*this, curves) {
-    setAccessibleName(QStringLiteral("Curves of the data sheet"));
-    setAccessibleDescription(QStringLiteral(
-        "Left and Right move to the row before and after, with Shift they move the "
-        "curves; Plus and Minus zoom, Home shows all, End follows the newest rows. Space begins and ends "
-        "the choice of a range, Escape drops it."));
+    setAccessibleName(Screen::tr("Curves of the data sheet"));
+    setAccessibleDescription(
+        Screen::tr("Left and Right move to the row before and after, with Shift they move the "
+                   "curves; Plus and Minus zoom, Home shows all, End follows the newest rows. Space begins and ends "
+                   "the choice of a range, Escape drops it."));
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(240, 160);
     setLocale(QLocale::c());
@@ -72,7 +74,7 @@ PlotCanvas::PlotCanvas(const PlotData& curves)
 void PlotCanvas::layOutAxis() {
     const bool time = data_.axis() == PlotData::Axis::Time;
     xAxis->setTicker(time ? QSharedPointer<QCPAxisTicker>(new TimeTicker) : QSharedPointer<QCPAxisTicker>::create());
-    xAxis->setLabel(time ? QStringLiteral("Time") : QStringLiteral("Record"));
+    xAxis->setLabel(time ? Screen::tr("Time") : Screen::tr("Record"));
 }
 
 void PlotCanvas::relay(int cursor) {

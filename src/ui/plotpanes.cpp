@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/plotpanes.h"
 
+#include "base/words.h"
+
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -106,7 +108,7 @@ void PlotPanes::arrange(Arrangement arrangement) {
     const QScopedValueRollback setting(settingRanges_, true);
     takeApart();
     arrangement_ = arrangement;
-    plot_.yAxis->setLabel(arrangement == Arrangement::Change ? QStringLiteral("Change") : QStringLiteral("Value"));
+    plot_.yAxis->setLabel(arrangement == Arrangement::Change ? Screen::tr("Change") : Screen::tr("Value"));
     std::vector<QCPGraph*> stacked;
     for (int graph = 0; graph < plot_.graphCount(); ++graph) {
         if (arrangement == Arrangement::Change) {

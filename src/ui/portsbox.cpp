@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/portsbox.h"
 
+#include "base/words.h"
 #include "ui/widgets.h"
 
 #include <QAbstractItemView>
@@ -19,7 +20,7 @@ namespace orv {
 
 QString described(const PortChoice& choice) {
     return choice.description.isEmpty() ? choice.device
-                                        : QStringLiteral("%1 - %2").arg(choice.device, choice.description);
+                                        : QStringLiteral("%1 - %2").arg(choice.device, choice.description.shown());
 }
 
 void PortChoiceModel::setChoices(const QList<PortChoice>& wanted) {
@@ -101,7 +102,7 @@ public:
 PortChooser::PortChooser(PortChoices& choices, int portNumber)
     : choices_(choices)
     , portNumber_(portNumber) {
-    const QString name = QStringLiteral("Device behind COM %1").arg(portNumber);
+    const QString name = Screen::tr("Device behind COM %1").arg(portNumber);
     setObjectName(QStringLiteral("PortChooser%1").arg(portNumber));
     setAccessibleName(name);
     setEditable(true);
@@ -136,7 +137,7 @@ PortChooser::PortChooser(PortChoices& choices, int portNumber)
     const PortChoiceState& shown = choices.shown;
     bindings_.bind(shown.list, [this](const QList<PortChoice>& list) { setChoices(list); });
     bindings_.bind(shown[portNumber].device, [this](const QString&) { showDevice(); });
-    bindings_.bind(shown[portNumber].lock, [this](const QString& reason) { setLock(reason); });
+    bindings_.bind(shown[portNumber].lock, [this](const Words& reason) { setLock(reason.shown()); });
 }
 
 void PortChooser::showPopup() {
@@ -200,12 +201,12 @@ void PortChooser::setLock(const QString& reason) {
 
 void PortChooser::showToolTip() {
     const PortChoiceState& shown = choices_.shown;
-    const QString lock = shown[portNumber_].lock;
+    const QString lock = shown[portNumber_].lock.value().shown();
     const QString device = shown[portNumber_].device;
     const int row = model_.rowOf(device);
     const QString text = QStringLiteral("%1.\n%2").arg(
         row < 0 ? device : described(shown.list.value().at(row)),
-        lock.isEmpty() ? QStringLiteral("Choose a port or type the name of a device.") : lock);
+        lock.isEmpty() ? Screen::tr("Choose a port or type the name of a device.") : lock);
     for (QWidget* widget : {static_cast<QWidget*>(this), static_cast<QWidget*>(lineEdit())}) {
         widget->setToolTip(text);
         widget->setAccessibleDescription(text);
@@ -296,13 +297,12 @@ void ConnectButton::follow() {
     }
     disconnects_ = disconnects;
     // One access key for both captions.
-    const QString caption = disconnects
-                                ? (portNumber_ == 1 ? QStringLiteral("Dis&connect") : QStringLiteral("Disco&nnect"))
-                                : (portNumber_ == 1 ? QStringLiteral("&Connect") : QStringLiteral("Co&nnect"));
+    const QString caption = disconnects ? (portNumber_ == 1 ? Screen::tr("Dis&connect") : Screen::tr("Disco&nnect"))
+                                        : (portNumber_ == 1 ? Screen::tr("&Connect") : Screen::tr("Co&nnect"));
     setText(caption);
-    setAccessibleName(QStringLiteral("%1 COM %2").arg(QString(caption).remove(u'&'), QString::number(portNumber_)));
-    setToolTip(disconnects ? QStringLiteral("Closes COM %1. Rows on the sheet stay.").arg(portNumber_)
-                           : QStringLiteral("Wakes the instrument on COM %1 and reads its settings.").arg(portNumber_));
+    setAccessibleName(Screen::tr("%1 COM %2").arg(QString(caption).remove(u'&'), QString::number(portNumber_)));
+    setToolTip(disconnects ? Screen::tr("Closes COM %1. Rows on the sheet stay.").arg(portNumber_)
+                           : Screen::tr("Wakes the instrument on COM %1 and reads its settings.").arg(portNumber_));
     setEnabled(disconnects || command.canConnect);
     setEnterPresses(enterPresses_);
 }
@@ -313,7 +313,7 @@ void ConnectButton::setEnterPresses(bool on) {
 }
 
 PortsBox::PortsBox(Program& program)
-    : QGroupBox(QStringLiteral("Ports"))
+    : QGroupBox(Screen::tr("Ports"))
     , program_(program)
     , choices_(program.link.portChoices) {
     setObjectName(QStringLiteral("PortsBox"));
@@ -338,21 +338,21 @@ void PortsBox::addPort(QGridLayout& layout, int portNumber) {
     choosers_.at(index) = chooser;
     buttons_.at(index) = button;
     // As wide with either caption, so that nothing moves.
-    QPushButton widest(QStringLiteral("Disconnect"));
+    QPushButton widest(Screen::tr("Disconnect"));
     button->setMinimumWidth(widest.sizeHint().width());
     auto* problem = makeValueLabel(QStringLiteral("PortProblem%1").arg(portNumber),
-                                   QStringLiteral("What is wrong with the device for COM %1").arg(portNumber));
+                                   Screen::tr("What is wrong with the device for COM %1").arg(portNumber));
     problem->setTextInteractionFlags(Qt::NoTextInteraction); // a click there must not finish what is typed
     problem->setWordWrap(true);
     // One long word in it must not make the window wider.
     problem->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
-    layout.addWidget(makeCaption(QStringLiteral("COM &%1").arg(portNumber), chooser), row, 0);
+    layout.addWidget(makeCaption(Screen::tr("COM &%1").arg(portNumber), chooser), row, 0);
     layout.addWidget(chooser, row, 1);
     layout.addWidget(button, row, 2);
     layout.addWidget(problem, row + 1, 1, 1, 2, Qt::AlignTop);
     const PortChoiceState::Chooser& shown = choices_.shown[portNumber];
-    const auto showProblem = [problem, &shown](const QString&) {
-        const QString text = shown.problem.value().isEmpty() ? shown.gone.value() : shown.problem.value();
+    const auto showProblem = [problem, &shown](const Words&) {
+        const QString text = (shown.problem.value().isEmpty() ? shown.gone : shown.problem).value().shown();
         problem->setText(text);
         problem->setToolTip(text);
         problem->setVisible(!text.isEmpty());
@@ -363,12 +363,13 @@ void PortsBox::addPort(QGridLayout& layout, int portNumber) {
 
 void PortsBox::addNextStep(QGridLayout& layout) {
     constexpr int row = 4;
-    auto* step = makeValueLabel("NextStep", "Next step");
+    auto* step = makeValueLabel("NextStep", Screen::tr("Next step"));
     step->setWordWrap(true);
     step->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
     auto* simulation = makeButton(
-        "&Try a Simulated Instrument", "TrySimulation", [this] { program_.trySimulation(); },
-        "Chooses a simulated scattering meter for COM 1 and connects: everything can be tried without an instrument.");
+        Screen::tr("&Try a Simulated Instrument"), "TrySimulation", [this] { program_.trySimulation(); },
+        Screen::tr("Chooses a simulated scattering meter for COM 1 and connects: everything can be tried without an "
+                   "instrument."));
     auto* line = new QHBoxLayout;
     layout.addLayout(line, row, 0, 1, 3);
     line->addWidget(step, 1);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/remembered.h"
 
+#include "base/words.h"
+
 #include <QComboBox>
 #include <QFileInfo>
 #include <QHeaderView>
@@ -87,7 +89,7 @@ void Remembered::keepWindow(const QWidget* window) {
 
 void Remembered::restoreChoices(QWidget& page) const {
     for (auto* list : page.findChildren<QComboBox*>()) {
-        if (const int index = list->findText(file_.value(choiceKey(*list)).toString()); index >= 0) {
+        if (const int index = list->findText(Screen::shown(file_.value(choiceKey(*list)).toString())); index >= 0) {
             list->setCurrentIndex(index);
         }
     }
@@ -103,7 +105,7 @@ void Remembered::keepChoices(const QWidget* page) {
         return;
     }
     for (const auto* list : page->findChildren<QComboBox*>()) {
-        keep(choiceKey(*list), list->currentText());
+        keep(choiceKey(*list), Screen::english(list->currentText()));
     }
     for (const auto* table : page->findChildren<QTableView*>()) {
         if (hasWidths(*table)) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settingspages.h"
 
+#include "base/words.h"
 #include "ui/dialogs.h"
 #include "ui/numberbox.h"
 #include "ui/widgets.h"
@@ -21,8 +22,8 @@ namespace {
 /// A frame, and what it keeps to follow the program.
 class SettingsPage final : public QGroupBox {
 public:
-    SettingsPage(const char* title, const char* name)
-        : QGroupBox(QLatin1String(title)) {
+    SettingsPage(const QString& title, const char* name)
+        : QGroupBox(title) {
         setObjectName(QLatin1String(name));
     }
 
@@ -31,21 +32,22 @@ public:
 
 void nameAfter(const Setting& setting, QWidget* control) {
     control->setObjectName(QLatin1String(setting.control));
-    control->setToolTip(QLatin1String(setting.toolTip));
+    control->setToolTip(Screen::tr(setting.toolTip));
 }
 
+template <typename Text>
 QLabel* makeShownText(SettingsPage* page, QAnyStringView name, QAnyStringView accessibleName,
-                      const QProperty<QString>& text) {
+                      const QProperty<Text>& text) {
     QLabel* label = makeValueLabel(name, accessibleName);
     bindText(page->bindings, label, text);
     return label;
 }
 
-QLabel* makeDescription(const char* text, const char* name, QWidget* of) {
-    QLabel* label = makeValueLabel(name, "Description");
-    label->setText(QLatin1String(text));
+QLabel* makeDescription(const QString& text, const char* name, QWidget* of) {
+    QLabel* label = makeValueLabel(name, Screen::tr("Description"));
+    label->setText(text);
     label->setWordWrap(true);
-    of->setAccessibleDescription(QLatin1String(text));
+    of->setAccessibleDescription(text);
     return label;
 }
 
@@ -58,8 +60,9 @@ QGridLayout* makeGrid(int horizontalSpacing, int verticalSpacing, QWidget* page 
 
 /// Stands beside the box of a setting while it is not as the instrument has reported it.
 QLabel* makeUnsentMark(SettingsPage* page, const Setting& setting, const SettingsState& shown) {
-    QLabel* mark = makeTextLabel(QLatin1String(setting.control) + QLatin1String("Unsent"), setting.plainCaption());
-    mark->setText(QStringLiteral("not sent"));
+    QLabel* mark =
+        makeTextLabel(QLatin1String(setting.control) + QLatin1String("Unsent"), setting.plainCaption().shown());
+    mark->setText(Screen::tr("not sent"));
     mark->setForegroundRole(QPalette::Link);
     QSizePolicy keepsItsRoom = mark->sizePolicy();
     keepsItsRoom.setRetainSizeWhenHidden(true);
@@ -85,39 +88,41 @@ namespace {
 /// Says over the sentences if it is not known that the instrument has these settings.
 QString whetherSent(const SettingsState& shown) {
     if (!shown.reported.value()) {
-        return QStringLiteral("No instrument has reported these settings.");
+        return Screen::tr("No instrument has reported these settings.");
     }
-    return shown.unsent().any() ? QStringLiteral("These settings have not been sent to the instrument: %1.")
-                                      .arg(captionsOf(shown.unsent()))
+    return shown.unsent().any() ? Screen::tr("These settings have not been sent to the instrument: %1.")
+                                      .arg(captionsOf(shown.unsent()).shown())
                                 : QString();
 }
 
 } // namespace
 
 QWidget* makeModesPage(Program& program) {
-    auto* page = new SettingsPage("Modes", "ModesFrame");
+    auto* page = new SettingsPage(Screen::tr("Modes"), "ModesFrame");
     auto* english = new PlainEnglishWindow(page);
     Modes& modes = program.settings.modes;
-    auto* profile = makeButton("&Profile", "Profile", [&modes] { modes.profile(); });
-    auto* moored = makeButton("&Moored", "Moored", [&modes] { modes.moored(); });
-    auto* save = makeButton("&Save A User Defined Mode", "SaveAUserDefinedMode", [&modes] { modes.saveMode(); });
-    auto* load = makeButton("&Load A User Defined Mode", "LoadAUserDefinedMode", [&modes] { modes.loadMode(); });
+    auto* profile = makeButton(Screen::tr("&Profile"), "Profile", [&modes] { modes.profile(); });
+    auto* moored = makeButton(Screen::tr("&Moored"), "Moored", [&modes] { modes.moored(); });
+    auto* save =
+        makeButton(Screen::tr("&Save A User Defined Mode"), "SaveAUserDefinedMode", [&modes] { modes.saveMode(); });
+    auto* load =
+        makeButton(Screen::tr("&Load A User Defined Mode"), "LoadAUserDefinedMode", [&modes] { modes.loadMode(); });
     auto* view =
-        makeButton("&View Current Settings Transcribed as Text", "ViewCurrentSettingsTranscribedAsText",
+        makeButton(Screen::tr("&View Current Settings Transcribed as Text"), "ViewCurrentSettingsTranscribedAsText",
                    [english, &shown = program.settings.shown] { english->open(shown.record, whetherSent(shown)); });
-    auto* remark = makeShownText(page, "ModeRemark", "Mode file", program.settings.shown.modeRemark);
+    auto* remark = makeShownText(page, "ModeRemark", Screen::tr("Mode file"), program.settings.shown.modeRemark);
     remark->setWordWrap(true);
 
     auto* layout = makeGrid(16, 12, page);
     layout->setColumnStretch(1, 1);
     layout->addWidget(profile, 0, 0);
-    layout->addWidget(makeDescription("This mode Autostarts, takes 1 data point per second, and repeats "
-                                      "this indefinatly. Data is NOT logged.",
+    layout->addWidget(makeDescription(Screen::tr("This mode Autostarts, takes 1 data point per second, and repeats "
+                                                 "this indefinatly. Data is NOT logged."),
                                       "ProfileDescription", profile),
                       0, 1);
     layout->addWidget(moored, 1, 0);
-    layout->addWidget(makeDescription("This Mode Autostarts, takes 1 data point per second. It repeats "
-                                      "once an hour. It logs up to 60000 data points.",
+    layout->addWidget(makeDescription(Screen::tr("This Mode Autostarts, takes 1 data point per second. It repeats "
+                                                 "once an hour. It logs up to 60000 data points."),
                                       "MooredDescription", moored),
                       1, 1);
     layout->addWidget(makeLine(), 2, 0, 1, 2);
@@ -138,16 +143,22 @@ QWidget* makeModesPage(Program& program) {
 
 namespace {
 
-QGroupBox* makeClock(SettingsPage* page, const QString& whose, const QString& toolTip,
-                     const std::vector<std::pair<QString, const QProperty<QString>*>>& rows) {
-    auto* box = makeFrame(whose + QStringLiteral(" Time / Date"));
-    box->setObjectName(whose + QStringLiteral("TimeDate"));
+struct ClockRow {
+    QString caption;
+    const char* name;
+    QString accessibleName;
+    const QProperty<QString>& value;
+};
+
+QGroupBox* makeClock(SettingsPage* page, const QString& title, const char* name, const QString& toolTip,
+                     std::initializer_list<ClockRow> rows) {
+    auto* box = makeFrame(title, name);
     box->setToolTip(toolTip);
     auto* form = new QFormLayout(box);
     form->setHorizontalSpacing(24);
     form->setVerticalSpacing(8);
-    for (const auto& [caption, value] : rows) {
-        form->addRow(caption, makeShownText(page, whose + caption, whose + u' ' + caption, *value));
+    for (const ClockRow& row : rows) {
+        form->addRow(row.caption, makeShownText(page, row.name, row.accessibleName, row.value));
     }
     return box;
 }
@@ -155,36 +166,39 @@ QGroupBox* makeClock(SettingsPage* page, const QString& whose, const QString& to
 } // namespace
 
 QWidget* makeTimeAndDatePage(Program& program) {
-    auto* page = new SettingsPage("Time and Date", "TimeAndDateFrame");
+    auto* page = new SettingsPage(Screen::tr("Time and Date"), "TimeAndDateFrame");
     SettingsState& shown = program.settings.shown;
-    auto* display = makeButton("&Display Logger Time/Date", "DisplayLoggerTimeDate",
+    auto* display = makeButton(Screen::tr("&Display Logger Time/Date"), "DisplayLoggerTimeDate",
                                [&program] { program.settings.sender.displayLoggerTime(); });
     bindEnabled(page->bindings, display, program.link.session.commands.canCommand);
-    const QString time = QStringLiteral("Time");
-    const QString date = QStringLiteral("Date");
-    auto* computer = makeClock(page, QStringLiteral("Computer"), QStringLiteral("This is the computers Time and Date."),
-                               {{time, &shown.computerTime}, {date, &shown.computerDate}});
-    auto* logger =
-        makeClock(page, QStringLiteral("Logger"), QStringLiteral("This is the Loggers Time and Date at last display."),
-                  {{date, &shown.loggerDate}, {time, &shown.loggerTime}});
+    const QString time = Screen::tr("Time");
+    const QString date = Screen::tr("Date");
+    auto* computer = makeClock(page, Screen::tr("Computer Time / Date"), "ComputerTimeDate",
+                               Screen::tr("This is the computers Time and Date."),
+                               {{time, "ComputerTime", Screen::tr("Computer Time"), shown.computerTime},
+                                {date, "ComputerDate", Screen::tr("Computer Date"), shown.computerDate}});
+    auto* logger = makeClock(page, Screen::tr("Logger Time / Date"), "LoggerTimeDate",
+                             Screen::tr("This is the Loggers Time and Date at last display."),
+                             {{date, "LoggerDate", Screen::tr("Logger Date"), shown.loggerDate},
+                              {time, "LoggerTime", Screen::tr("Logger Time"), shown.loggerTime}});
 
-    auto* sync = new QCheckBox(QStringLiteral("&Sync Time/Date"));
+    auto* sync = new QCheckBox(Screen::tr("&Sync Time/Date"));
     sync->setObjectName(QStringLiteral("SyncTimeDate"));
-    sync->setToolTip(QStringLiteral("This tells the Host to set the Loggers Time and Date to that of the Computer. "
-                                    "(Updated after send settings)"));
+    sync->setToolTip(Screen::tr("This tells the Host to set the Loggers Time and Date to that of the Computer. "
+                                "(Updated after send settings)"));
     bindChecked(page->bindings, sync, shown.syncTimeDate);
-    auto* fullMinute = new QCheckBox(QStringLiteral("At the full &minute"));
+    auto* fullMinute = new QCheckBox(Screen::tr("At the full &minute"));
     fullMinute->setObjectName(QStringLiteral("AtFullMinute"));
     fullMinute->setToolTip(
-        QStringLiteral("Waits until a minute begins, so that the Loggers seconds are right too: it takes "
-                       "hour and minute only."));
+        Screen::tr("Waits until a minute begins, so that the Loggers seconds are right too: it takes "
+                   "hour and minute only."));
     bindChecked(page->bindings, fullMinute, shown.atFullMinute);
     bindEnabled(page->bindings, fullMinute, shown.syncTimeDate);
-    QLabel* countdown = makeValueLabel("FullMinuteCountdown", "When the clock will be set");
+    QLabel* countdown = makeValueLabel("FullMinuteCountdown", Screen::tr("When the clock will be set"));
     const auto count = [countdown, &shown](auto&&) {
         const int seconds = shown.secondsToFullMinute;
         countdown->setText(seconds == 0 ? QString()
-                                        : QStringLiteral("The clock is set at %1, in %2 s.")
+                                        : Screen::tr("The clock is set at %1, in %2 s.")
                                               .arg(shown.fullMinute.value(), QString::number(seconds)));
     };
     page->bindings.bind(shown.fullMinute, count);
@@ -204,12 +218,12 @@ QWidget* makeTimeAndDatePage(Program& program) {
 }
 
 QWidget* makeControlBitsPage(Program& program) {
-    auto* page = new SettingsPage("Control Bits", "ControlBitsFrame");
+    auto* page = new SettingsPage(Screen::tr("Control Bits"), "ControlBitsFrame");
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(12);
     QProperty<LoggerSettings>& record = program.settings.shown.record;
     for (const Setting* setting : settingsInOrder("SMLWAG")) {
-        auto* box = new QCheckBox(QLatin1String(setting->caption));
+        auto* box = new QCheckBox(Screen::tr(setting->caption));
         nameAfter(*setting, box);
         page->bindings.bind(record,
                             [box, setting](const LoggerSettings& now) { showChecked(box, now.*setting->flag); });
@@ -227,7 +241,7 @@ QWidget* makeControlBitsPage(Program& program) {
 
     auto* lamp = new StatusLamp;
     lamp->setObjectName(QStringLiteral("Lamp"));
-    QLabel* words = makeValueLabel("LampText", "Status");
+    QLabel* words = makeValueLabel("LampText", Screen::tr("Status"));
     auto* row = new QHBoxLayout;
     row->addWidget(lamp);
     row->addWidget(words, 1);
@@ -267,7 +281,7 @@ public:
             for (const SamplingPreset& preset : samplingPresets(type == InstrumentType::Glow)) {
                 QAbstractButton* button = group_.button(++option);
                 button->setText(withKey(preset.caption));
-                button->setAccessibleName(preset.caption + QStringLiteral(" data points per second"));
+                button->setAccessibleName(Screen::tr("%1 data points per second").arg(preset.caption));
             }
         });
         bindings_.bind(program.settings.shown.samplingOption, [this](int selected) { select(selected); });
@@ -296,7 +310,7 @@ constexpr int firstRemarkRow = 5;
 
 /// Below the boxes stands what there is to remark on the number in one of them.
 void addRemark(QGridLayout* layout, NumberBox* box, int minimum, int maximum) {
-    QLabel* remark = makeValueLabel(box->objectName() + QLatin1String("Remark"), "Remark");
+    QLabel* remark = makeValueLabel(box->objectName() + QLatin1String("Remark"), Screen::tr("Remark"));
     remark->setWordWrap(true);
     layout->addWidget(remark, std::max(layout->rowCount(), firstRemarkRow), 0, 1, 4);
     box->markOutside(minimum, maximum, remark);
@@ -308,9 +322,9 @@ void addNumbers(SettingsPage* page, QGridLayout* layout, Program& program) {
     for (const Setting& setting : numberSettings) {
         NumberBox* box = NumberBox::forDigits(setting.digits);
         nameAfter(setting, box);
-        box->setAccessibleName(setting.plainCaption());
+        box->setAccessibleName(setting.plainCaption().shown());
         box->follow(program.settings.shown.record, setting.number);
-        layout->addWidget(makeCaption(setting.caption, box), row, 0);
+        layout->addWidget(makeCaption(Screen::tr(setting.caption), box), row, 0);
         layout->addWidget(box, row, 1);
         layout->addWidget(makeUnsentMark(page, setting, program.settings.shown), row, 3);
         if (row == 0) {
@@ -318,7 +332,7 @@ void addNumbers(SettingsPage* page, QGridLayout* layout, Program& program) {
             addRemark(layout, box, 1, maximumOfFiveDigits);
         } else if (row == 1) {
             // Stands over the two boxes of five digits, like the head of a column.
-            layout->addWidget(new QLabel(QStringLiteral("Max Values")), row, 2);
+            layout->addWidget(new QLabel(Screen::tr("Max Values")), row, 2);
         } else {
             layout->addWidget(new QLabel(QString::number(maximumOfFiveDigits)), row, 2);
             addRemark(layout, box, 0, maximumOfFiveDigits);
@@ -330,19 +344,20 @@ void addNumbers(SettingsPage* page, QGridLayout* layout, Program& program) {
 } // namespace
 
 QWidget* makeSamplesPage(Program& program) {
-    auto* page = new SettingsPage("Samples and Intervals", "SamplesFrame");
+    auto* page = new SettingsPage(Screen::tr("Samples and Intervals"), "SamplesFrame");
     auto* layout = makeGrid(16, 8, page);
     layout->setColumnStretch(2, 1);
     addNumbers(page, layout, program);
 
-    const QString caption = QStringLiteral("Logger Capacity (% full)");
+    const QString caption = Screen::tr("Logger Capacity (% full)");
     auto* name = new QLabel(caption);
     auto* capacity = makeShownText(page, "LoggerCapacity", caption, program.settings.shown.capacity);
-    auto* pointer = makeShownText(page, "MemoryPointer", "Memory pointer", program.settings.shown.memoryPointer);
+    auto* pointer =
+        makeShownText(page, "MemoryPointer", Screen::tr("Memory pointer"), program.settings.shown.memoryPointer);
     for (QLabel* label : {name, capacity}) {
-        label->setToolTip(QStringLiteral("This is the % of data memory used in the logger."));
+        label->setToolTip(Screen::tr("This is the % of data memory used in the logger."));
     }
-    pointer->setToolTip(QStringLiteral("Memory pointer as the logger reports it, 0 to 65525."));
+    pointer->setToolTip(Screen::tr("Memory pointer as the logger reports it, 0 to 65525."));
     layout->addWidget(name, capacityRow, 0);
     layout->addWidget(capacity, capacityRow, 1);
     layout->addWidget(pointer, capacityRow, 2);
@@ -353,7 +368,7 @@ QWidget* makeSamplesPage(Program& program) {
 namespace {
 
 QString offsetColumn() {
-    return QStringLiteral("Clean Water Offset");
+    return Screen::tr("Clean Water Offset");
 }
 
 NumberBox* makeBox(const QString& name, const QString& accessibleName, QProperty<QString>& value) {
@@ -367,7 +382,7 @@ NumberBox* makeBox(const QString& name, const QString& accessibleName, QProperty
 /// The lower part of either frame: whether raw counts are provided, and the device file buttons.
 QLayout* makeFoot(SettingsPage* page, QProperty<bool>& provideRawCounts, QRadioButton* calculate, const char* rawName,
                   QPushButton* load, QPushButton* save) {
-    auto* raw = makeOption("&Provide Raw Counts", rawName);
+    auto* raw = makeOption(Screen::tr("&Provide Raw Counts"), rawName);
     bindChoice(page->bindings, raw, calculate, provideRawCounts);
     auto* foot = new QHBoxLayout;
     const auto addColumn = [foot](QWidget* upper, QWidget* lower) {
@@ -391,9 +406,9 @@ QGridLayout* makeAngles(SettingsState& shown) {
         const char* scale;
     };
     constexpr Angle angles[] = {
-        {"Angle &100 (l1)", "Text10", "Text13"},
-        {"Angle 1&25 (l2)", "Text8", "Text11"},
-        {"Angle 1&50 (l3)", "Text9", "Text12"},
+        {QT_TRANSLATE_NOOP("orv", "Angle &100 (l1)"), "Text10", "Text13"},
+        {QT_TRANSLATE_NOOP("orv", "Angle 1&25 (l2)"), "Text8", "Text11"},
+        {QT_TRANSLATE_NOOP("orv", "Angle 1&50 (l3)"), "Text9", "Text12"},
     };
     const QString scaleColumn = QStringLiteral("1/mC");
     auto* layout = makeGrid(16, 8);
@@ -403,7 +418,7 @@ QGridLayout* makeAngles(SettingsState& shown) {
     int row = 1;
     for (const Angle& angle : angles) {
         CalibrationBoxes& boxes = shown.trxCalibration.at(static_cast<std::size_t>(row - 1));
-        const QString caption = QString::fromLatin1(angle.caption);
+        const QString caption = Screen::tr(angle.caption);
         const QString name = QString(caption).remove(u'&') + QStringLiteral(", ");
         NumberBox* offset = makeBox(QString::fromLatin1(angle.offset), name + offsetColumn(), boxes.offset);
         layout->addWidget(makeCaption(caption, offset), row, 0);
@@ -417,10 +432,10 @@ QGridLayout* makeAngles(SettingsState& shown) {
 } // namespace
 
 QWidget* makeTrxCalibrationPage(Program& program) {
-    auto* page = new SettingsPage("TRX Calibration: Offsets and B calculations", "TrxCalibrationFrame");
+    auto* page = new SettingsPage(Screen::tr("TRX Calibration: Offsets and B calculations"), "TrxCalibrationFrame");
     DeviceFiles& files = program.settings.deviceFiles;
-    auto* load = makeButton("&Load Device File", "Command6", [&files] { files.loadDeviceFile(); });
-    auto* save = makeButton("&Save Device File", "Command11", [&files] { files.saveDeviceFile(); });
+    auto* load = makeButton(Screen::tr("&Load Device File"), "Command6", [&files] { files.loadDeviceFile(); });
+    auto* save = makeButton(Screen::tr("&Save Device File"), "Command11", [&files] { files.saveDeviceFile(); });
     for (QPushButton* button : {load, save}) {
         bindEnabled(page->bindings, button, program.link.session.commands.canAsk);
     }
@@ -428,13 +443,14 @@ QWidget* makeTrxCalibrationPage(Program& program) {
     layout->setSpacing(20);
     layout->addLayout(makeAngles(program.settings.shown));
     layout->addLayout(makeFoot(page, program.settings.shown.trxProvideRawCounts,
-                               makeOption("Calc &B Values", "CalcBValues"), "TrxProvideRawCounts", load, save),
+                               makeOption(Screen::tr("Calc &B Values"), "CalcBValues"), "TrxProvideRawCounts", load,
+                               save),
                       1);
     return page;
 }
 
 QWidget* makeGlowCalibrationPage(Program& program) {
-    auto* page = new SettingsPage("GLW Calibration: Offsets and B calculations", "GlowCalibrationFrame");
+    auto* page = new SettingsPage(Screen::tr("GLW Calibration: Offsets and B calculations"), "GlowCalibrationFrame");
     CalibrationBoxes& boxes = program.settings.shown.glowCalibration;
     NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), boxes.offset);
     NumberBox* scale = makeBox(QStringLiteral("GlowScale"), QStringLiteral("ug/IC"), boxes.scale);
@@ -442,7 +458,7 @@ QWidget* makeGlowCalibrationPage(Program& program) {
     auto* formula = makeGrid(8, 8);
     formula->addWidget(new QLabel(offsetColumn()), 0, 2);
     formula->addWidget(new QLabel(QStringLiteral("Fchl =")), 1, 0);
-    formula->addWidget(makeCaption("C&ounts -", offset), 1, 1);
+    formula->addWidget(makeCaption(Screen::tr("C&ounts -"), offset), 1, 1);
     formula->addWidget(offset, 1, 2);
     formula->setColumnMinimumWidth(3, 16);
     formula->addWidget(scale, 1, 4);
@@ -454,11 +470,12 @@ QWidget* makeGlowCalibrationPage(Program& program) {
     layout->addLayout(formula);
     // Device files hold the scattering meter's six values; a fluorometer has none, so its two buttons do nothing.
     const auto nothing = [] {};
-    constexpr const char* toolTip = "Device files are for the TRX only.";
+    const QString toolTip = Screen::tr("Device files are for the TRX only.");
     layout->addLayout(makeFoot(page, program.settings.shown.glowProvideRawCounts,
-                               makeOption("Calc Consentration in &ug/L", "CalcConsentrationInUgL"),
-                               "GlowProvideRawCounts", makeButton("&Load Device File", "Command13", nothing, toolTip),
-                               makeButton("&Save Device File", "Command12", nothing, toolTip)),
+                               makeOption(Screen::tr("Calc Consentration in &ug/L"), "CalcConsentrationInUgL"),
+                               "GlowProvideRawCounts",
+                               makeButton(Screen::tr("&Load Device File"), "Command13", nothing, toolTip),
+                               makeButton(Screen::tr("&Save Device File"), "Command12", nothing, toolTip)),
                       1);
     return page;
 }

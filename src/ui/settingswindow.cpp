@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/settingswindow.h"
 
+#include "base/words.h"
 #include "settings/plainenglish.h"
 #include "ui/messageboxes.h"
 #include "ui/settingspages.h"
@@ -21,23 +22,23 @@ struct Tab {
     QWidget* (*makePage)(Program& program);
 };
 
-constexpr Tab tabs[] = {{"Modes", makeModesPage},
-                        {"Time and Date", makeTimeAndDatePage},
-                        {"Control Bits", makeControlBitsPage},
-                        {"Sampling", makeSamplesPage},
-                        {"Calibration", makeTrxCalibrationPage}};
+constexpr Tab tabs[] = {{QT_TRANSLATE_NOOP("orv", "Modes"), makeModesPage},
+                        {QT_TRANSLATE_NOOP("orv", "Time and Date"), makeTimeAndDatePage},
+                        {QT_TRANSLATE_NOOP("orv", "Control Bits"), makeControlBitsPage},
+                        {QT_TRANSLATE_NOOP("orv", "Sampling"), makeSamplesPage},
+                        {QT_TRANSLATE_NOOP("orv", "Calibration"), makeTrxCalibrationPage}};
 constexpr int calibrationTab = std::size(tabs) - 1;
 
 QStringList tabCaptions() {
     QStringList captions;
     for (const Tab& tab : tabs) {
-        captions << QLatin1String(tab.caption);
+        captions << QString::fromLatin1(tab.caption);
     }
     return captions;
 }
 
-QLabel* makeHint(const char* name, const char* text) {
-    auto* hint = new QLabel(QLatin1String(text));
+QLabel* makeHint(const char* name, const QString& text) {
+    auto* hint = new QLabel(text);
     hint->setObjectName(QLatin1String(name));
     hint->setAlignment(Qt::AlignCenter);
     hint->setForegroundRole(QPalette::PlaceholderText);
@@ -52,12 +53,12 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
     , tabs_(new ChoiceTabBar(tabCaptions()))
     , frames_(new QStackedWidget)
     , glowFrame_(makeGlowCalibrationPage(program))
-    , noTypeHint_(makeHint("NoTypeHint", "Connect an instrument to see its calibration.")) {
+    , noTypeHint_(makeHint("NoTypeHint", Screen::tr("Connect an instrument to see its calibration."))) {
     noTabHint_ = makePlaceholder();
     setObjectName(QStringLiteral("LoggerSettings"));
-    setWindowTitle(QStringLiteral("Logger Settings"));
+    setWindowTitle(Screen::tr("Logger Settings"));
     tabs_->setObjectName(QStringLiteral("SettingsTabs"));
-    tabs_->setAccessibleName(QStringLiteral("Groups of settings"));
+    tabs_->setAccessibleName(Screen::tr("Groups of settings"));
     for (const Tab& tab : tabs) {
         frames_->addWidget(tab.makePage(program));
     }
@@ -90,21 +91,21 @@ SettingsWindow::SettingsWindow(Program& program, QWidget* parent)
 
 /// Before a tab is chosen: what the instrument will do with its settings.
 QWidget* SettingsWindow::makePlaceholder() {
-    auto* english = makeValueLabel("SettingsInEnglish", "The settings in plain English");
+    auto* english = makeValueLabel("SettingsInEnglish", Screen::tr("The settings in plain English"));
     english->setWordWrap(true);
     auto* placeholder = new QWidget;
     auto* layout = new QVBoxLayout(placeholder);
     layout->addStretch(1);
     layout->addWidget(english);
     layout->addSpacing(16);
-    layout->addWidget(makeHint("NoTabHint", "Choose a tab to see its settings."));
+    layout->addWidget(makeHint("NoTabHint", Screen::tr("Choose a tab to see its settings.")));
     layout->addStretch(1);
     const SettingsState& shown = program_.settings.shown;
     const auto describe = [english, &shown] {
         QStringList sentences;
-        for (const QString& line : inPlainEnglish(shown.record).lines) {
+        for (const Words& line : inPlainEnglish(shown.record).lines) {
             if (!line.isEmpty()) {
-                sentences << line.simplified();
+                sentences << line.shown().simplified();
             }
         }
         english->setText(shown.reported.value() ? sentences.join(u'\n') : QString());
@@ -116,17 +117,17 @@ QWidget* SettingsWindow::makePlaceholder() {
 
 /// A line below every tab: what is not sent yet, else how the last sending or reading went.
 QWidget* SettingsWindow::makeExchange() {
-    auto* line = makeTextLabel("SettingsExchange", "Settings");
+    auto* line = makeTextLabel("SettingsExchange", Screen::tr("Settings"));
     line->setWordWrap(true);
     const SettingsState& shown = program_.settings.shown;
     const auto tell = [line, &shown] {
         const SettingSet unsent = shown.unsent();
-        line->setText(unsent.none() ? shown.exchange.value()
-                                    : QStringLiteral("Changed and not sent yet: %1").arg(captionsOf(unsent)));
+        line->setText(unsent.none() ? shown.exchange.value().shown()
+                                    : Screen::tr("Changed and not sent yet: %1").arg(captionsOf(unsent).shown()));
     };
     bindings_.bind(shown.record, [tell](const LoggerSettings&) { tell(); });
     bindings_.bind(shown.reported, [tell](const std::optional<LoggerSettings>&) { tell(); });
-    bindings_.bind(shown.exchange, [tell](const QString&) { tell(); });
+    bindings_.bind(shown.exchange, [tell](const Words&) { tell(); });
     return line;
 }
 
@@ -138,18 +139,19 @@ QLayout* SettingsWindow::makeButtons() {
         row->addWidget(button);
     };
     add(makeButton(
-        "&Retrieve Settings", "RetrieveSettings", [&sender] { sender.retrieveSettings(); },
-        "Retrieve settings from the logger"));
+        Screen::tr("&Retrieve Settings"), "RetrieveSettings", [&sender] { sender.retrieveSettings(); },
+        Screen::tr("Retrieve settings from the logger")));
     add(makeButton(
-        "&Apply Settings", "ApplySettings", [&sender] { sender.applySettings(); }, "Send Settings to the logger"));
+        Screen::tr("&Apply Settings"), "ApplySettings", [&sender] { sender.applySettings(); },
+        Screen::tr("Send Settings to the logger")));
     row->addStretch(1);
     row->addWidget(makeButton(
-        "&Close", "Close",
+        Screen::tr("&Close"), "Close",
         [this] {
             mainWindowWanted.tell();
             program_.settings.shown.visible = false;
         },
-        "Verify that settings are correct before closing this window"));
+        Screen::tr("Verify that settings are correct before closing this window")));
     return row;
 }
 

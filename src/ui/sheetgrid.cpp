@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheetgrid.h"
 
+#include "base/words.h"
+
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -57,7 +59,7 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
     case Qt::AccessibleDescriptionRole:
-        return sheet_.beginsSeries(index.row()) ? QStringLiteral("Another run or download begins here.") : QString();
+        return sheet_.beginsSeries(index.row()) ? Screen::tr("Another run or download begins here.") : QString();
     default:
         return {};
     }
@@ -137,7 +139,7 @@ SheetGrid::SheetGrid(const DataSheet& sheet)
     : sheet_(sheet)
     , model_(sheet) {
     setObjectName(QStringLiteral("fg1"));
-    setAccessibleName(QStringLiteral("Data sheet"));
+    setAccessibleName(Screen::tr("Data sheet"));
     setModel(&model_);
     setItemDelegate(new CellPainter(sheet, this));
     setAlternatingRowColors(true);
@@ -303,7 +305,7 @@ QString SheetGrid::selectionInWords() const {
         std::transform(rows.begin(), rows.end(), any.begin(), any.begin(), std::logical_or());
     }
     const auto count = std::count(any.begin(), any.end(), true);
-    return count == 1 ? QStringLiteral("1 row selected") : QStringLiteral("%1 rows selected").arg(count);
+    return count == 1 ? Screen::tr("1 row selected") : Screen::tr("%1 rows selected").arg(count);
 }
 
 QItemSelectionModel::SelectionFlags SheetGrid::selectionCommand(const QModelIndex& index, const QEvent* event) const {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sheetpage.h"
 
+#include "base/words.h"
+
 #include <QAction>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -22,7 +24,7 @@ constexpr int refreshDelay = 200;
 constexpr int statisticsDelay = 50;
 
 QString counted(int rows) {
-    return rows == 1 ? QStringLiteral("1 row") : QStringLiteral("%1 rows").arg(rows);
+    return rows == 1 ? Screen::tr("1 row") : Screen::tr("%1 rows").arg(rows);
 }
 
 } // namespace
@@ -30,17 +32,17 @@ QString counted(int rows) {
 SheetPage::SheetPage(Program& program)
     : shown_(program.sheet.shown)
     , grid_(new SheetGrid(program.sheet.data))
-    , counter_(makeNumberLabel("SheetCounter", "Rows on the sheet", "0000000"))
-    , notice_(makeTextLabel("SheetNotice", "What became of the rows"))
+    , counter_(makeNumberLabel("SheetCounter", Screen::tr("Rows on the sheet"), "0000000"))
+    , notice_(makeTextLabel("SheetNotice", Screen::tr("What became of the rows")))
     , bringBack_(makeButton(
-          "&Bring them back", "BringBack", [&program] { program.bringBack(); },
-          "Puts the rows on the sheet again, as they were."))
+          Screen::tr("&Bring them back"), "BringBack", [&program] { program.bringBack(); },
+          Screen::tr("Puts the rows on the sheet again, as they were.")))
     , findBar_(new QWidget)
-    , findBox_(makeBox("FindBox", "What to look for in the cells of the sheet."))
-    , found_(makeTextLabel("FindResult", "Found"))
+    , findBox_(makeBox("FindBox", Screen::tr("What to look for in the cells of the sheet.")))
+    , found_(makeTextLabel("FindResult", Screen::tr("Found")))
     , statistics_(new StatisticsTable(QStringLiteral("SheetStatistics"),
-                                      QStringLiteral("Select cells, a row by its number or a column by its header: "
-                                                     "to copy them, and for their mean and standard deviation.")))
+                                      Screen::tr("Select cells, a row by its number or a column by its header: "
+                                                 "to copy them, and for their mean and standard deviation.")))
     , redrawing_(this, refreshDelay, [this] { refreshNow(); })
     , computing_(this, statisticsDelay, [this] { showStatistics(); }) {
     setObjectName(QStringLiteral("SheetPage"));
@@ -78,37 +80,38 @@ SheetPage::SheetPage(Program& program)
 
 QLayout* SheetPage::makeBar(Program& program) {
     auto* fileName =
-        makeBox("Text37", "Default File Name, and the file name used for auto-recording of long profiles.");
+        makeBox("Text37", Screen::tr("Default File Name, and the file name used for auto-recording of long profiles."));
     fileName->setMinimumWidth(12 * fileName->fontMetrics().averageCharWidth()); // the window still fits 800 pixels
     bindTyped(bindings_, fileName, shown_.fileName);
-    auto* records = makeNumberLabel("RecordsCounter", "Automatic saves", "0000000");
-    records->setToolTip(QStringLiteral("This is used to indicated how many records were automatically created over a "
-                                       "long profile, or data gathering."));
+    auto* records = makeNumberLabel("RecordsCounter", Screen::tr("Automatic saves"), "0000000");
+    records->setToolTip(Screen::tr("This is used to indicated how many records were automatically created over a "
+                                   "long profile, or data gathering."));
     bindText(bindings_, records, shown_.records);
     const CommandState& commands = program.link.session.commands;
     auto* save = makeButton(
-        "Save &As", "Command11", [&program] { program.saveAs(); },
-        "Save all Data on the Spread Sheet to a Tab Delimited Text File.");
+        Screen::tr("Save &As"), "Command11", [&program] { program.saveAs(); },
+        Screen::tr("Save all Data on the Spread Sheet to a Tab Delimited Text File."));
     bindEnabled(bindings_, save, commands.canSaveAs);
     auto* exported = makeButton(
-        "E&xport", "ExportSheet", [&program] { program.exportSheet(); },
-        "Write the rows as CSV or NetCDF for other programs, with what is known of the instrument.");
+        Screen::tr("E&xport"), "ExportSheet", [&program] { program.exportSheet(); },
+        Screen::tr("Write the rows as CSV or NetCDF for other programs, with what is known of the instrument."));
     bindEnabled(bindings_, exported, commands.canSaveAs);
     auto* open = makeButton(
-        "Op&en", "Command10", [&program] { program.openSheet(); },
-        "Open a saved sheet. It replaces what is on the Spread Sheet.");
+        Screen::tr("Op&en"), "Command10", [&program] { program.openSheet(); },
+        Screen::tr("Open a saved sheet. It replaces what is on the Spread Sheet."));
     bindEnabled(bindings_, open, commands.canOpenSheet);
     auto* clear = makeButton(
-        "&Clear All", "Command9", [&program] { program.clearAll(); }, "Clears the Spread Sheet of all data.");
+        Screen::tr("&Clear All"), "Command9", [&program] { program.clearAll(); },
+        Screen::tr("Clears the Spread Sheet of all data."));
     bindEnabled(bindings_, clear, commands.canClearAll);
 
     auto* bar = new QHBoxLayout;
-    bar->addWidget(makeCaption("File &name :", fileName));
+    bar->addWidget(makeCaption(Screen::tr("File &name :"), fileName));
     bar->addWidget(fileName, 1);
     bar->addSpacing(16);
-    bar->addWidget(new QLabel(QStringLiteral("Rows :")));
+    bar->addWidget(new QLabel(Screen::tr("Rows :")));
     bar->addWidget(counter_);
-    bar->addWidget(new QLabel(QStringLiteral("Records :")));
+    bar->addWidget(new QLabel(Screen::tr("Records :")));
     bar->addWidget(records);
     bar->addSpacing(16);
     bar->addWidget(save);
@@ -137,31 +140,34 @@ void SheetPage::tellWhatBecame() {
     const SavedRows& saved = shown_.saved.value();
     QString text;
     if (cleared > 0) {
-        text = counted(cleared) + QStringLiteral(" cleared.");
+        text = Screen::tr("%1 cleared.").arg(counted(cleared));
     } else if (saved.count > 0) {
-        text = QStringLiteral("Saved %1 to %2").arg(counted(saved.count), QFileInfo(saved.file).fileName());
+        text = Screen::tr("Saved %1 to %2").arg(counted(saved.count), QFileInfo(saved.file).fileName());
     }
     notice_->setText(text);
     notice_->setToolTip(cleared > 0 ? QString() : saved.file);
     notice_->setVisible(!text.isEmpty());
-    bringBack_->setText(cleared == 1 ? QStringLiteral("&Bring it back") : QStringLiteral("&Bring them back"));
+    bringBack_->setText(cleared == 1 ? Screen::tr("&Bring it back") : Screen::tr("&Bring them back"));
     bringBack_->setVisible(cleared > 0);
 }
 
 void SheetPage::makeFindBar() {
     findBar_->setObjectName(QStringLiteral("FindBar"));
     auto* next = makeButton(
-        "Nex&t", "FindNext", [this] { find(true); }, "The next cell with this text. The Enter key does the same.");
+        Screen::tr("Nex&t"), "FindNext", [this] { find(true); },
+        Screen::tr("The next cell with this text. The Enter key does the same."));
     auto* previous = makeButton(
-        "Pre&vious", "FindPrevious", [this] { find(false); }, "The cell with this text before.");
+        Screen::tr("Pre&vious"), "FindPrevious", [this] { find(false); },
+        Screen::tr("The cell with this text before."));
     const auto closeBar = [this] {
         findBar_->hide();
         grid_->setFocus();
     };
-    auto* close = makeButton("C&lose", "CloseFind", closeBar, "Puts the line away. The Escape key does the same.");
+    auto* close = makeButton(Screen::tr("C&lose"), "CloseFind", closeBar,
+                             Screen::tr("Puts the line away. The Escape key does the same."));
     auto* row = new QHBoxLayout(findBar_);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(makeCaption("F&ind :", findBox_));
+    row->addWidget(makeCaption(Screen::tr("F&ind :"), findBox_));
     row->addWidget(findBox_, 1);
     row->addWidget(next);
     row->addWidget(previous);
@@ -179,14 +185,14 @@ void SheetPage::find(bool forward) {
     refreshNow();
     // In a run the view goes on with the newest row.
     found_->setText(grid_->findText(findBox_->text(), forward)
-                        ? QStringLiteral("Record ") + grid_->currentIndex().siblingAtColumn(0).data().toString()
-                        : QStringLiteral("Not found."));
+                        ? Screen::tr("Record %1").arg(grid_->currentIndex().siblingAtColumn(0).data().toString())
+                        : Screen::tr("Not found."));
 }
 
 void SheetPage::makeActions() {
-    const auto add = [this](const char* text, const char* name, const QKeySequence& keys, Qt::ShortcutContext context,
-                            const std::function<void()>& action) {
-        auto* made = new QAction(QString::fromLatin1(text), this);
+    const auto add = [this](const QString& text, const char* name, const QKeySequence& keys,
+                            Qt::ShortcutContext context, const std::function<void()>& action) {
+        auto* made = new QAction(text, this);
         made->setObjectName(QLatin1String(name));
         made->setShortcut(keys);
         made->setShortcutContext(context);
@@ -202,16 +208,18 @@ void SheetPage::makeActions() {
         separator->setSeparator(true);
         grid_->addAction(separator);
     };
-    add("&Copy", "CopyCells", QKeySequence::Copy, Qt::WindowShortcut, [this] { grid_->copy(true); });
-    add("Copy &Without Header", "CopyCellsOnly", Qt::CTRL | Qt::SHIFT | Qt::Key_C, Qt::WindowShortcut,
+    add(Screen::tr("&Copy"), "CopyCells", QKeySequence::Copy, Qt::WindowShortcut, [this] { grid_->copy(true); });
+    add(Screen::tr("Copy &Without Header"), "CopyCellsOnly", Qt::CTRL | Qt::SHIFT | Qt::Key_C, Qt::WindowShortcut,
         [this] { grid_->copy(false); });
     line();
-    add("Select &Rows", "SelectRows", Qt::SHIFT | Qt::Key_Space, Qt::WidgetShortcut, [this] { grid_->extendToRows(); });
-    add("Select Co&lumns", "SelectColumns", Qt::CTRL | Qt::Key_Space, Qt::WidgetShortcut,
+    add(Screen::tr("Select &Rows"), "SelectRows", Qt::SHIFT | Qt::Key_Space, Qt::WidgetShortcut,
+        [this] { grid_->extendToRows(); });
+    add(Screen::tr("Select Co&lumns"), "SelectColumns", Qt::CTRL | Qt::Key_Space, Qt::WidgetShortcut,
         [this] { grid_->extendToColumns(); });
-    add("Select &All", "SelectAllCells", QKeySequence::SelectAll, Qt::WindowShortcut, [this] { grid_->selectAll(); });
+    add(Screen::tr("Select &All"), "SelectAllCells", QKeySequence::SelectAll, Qt::WindowShortcut,
+        [this] { grid_->selectAll(); });
     line();
-    add("&Find", "FindText", QKeySequence::Find, Qt::WindowShortcut, [this] {
+    add(Screen::tr("&Find"), "FindText", QKeySequence::Find, Qt::WindowShortcut, [this] {
         findBar_->show();
         findBox_->setFocus();
         findBox_->selectAll();

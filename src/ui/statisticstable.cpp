@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/statisticstable.h"
 
+#include "base/words.h"
 #include "ui/widgets.h"
 
 #include <QGridLayout>
@@ -15,11 +16,11 @@ struct Figure {
     const char* name; ///< Of its labels.
 };
 
-constexpr std::array<Figure, 5> figures{{{"Count", "Count"},
-                                         {"Mean", "Mean"},
-                                         {"Standard deviation", "Deviation"},
-                                         {"Minimum", "Minimum"},
-                                         {"Maximum", "Maximum"}}};
+constexpr std::array<Figure, 5> figures{{{QT_TRANSLATE_NOOP("orv", "Count"), "Count"},
+                                         {QT_TRANSLATE_NOOP("orv", "Mean"), "Mean"},
+                                         {QT_TRANSLATE_NOOP("orv", "Standard deviation"), "Deviation"},
+                                         {QT_TRANSLATE_NOOP("orv", "Minimum"), "Minimum"},
+                                         {QT_TRANSLATE_NOOP("orv", "Maximum"), "Maximum"}}};
 
 QString figureText(double value) {
     constexpr int digits = 7;
@@ -32,7 +33,7 @@ StatisticsTable::StatisticsTable(const QString& name, const QString& hint)
     : hint_(new QLabel(hint))
     , table_(new QWidget)
     , grid_(new QGridLayout(table_))
-    , what_(makeTextLabel(name + QStringLiteral("What"), "Rows")) {
+    , what_(makeTextLabel(name + QStringLiteral("What"), Screen::tr("Rows"))) {
     setObjectName(name);
     hint_->setObjectName(name + QStringLiteral("Hint"));
     hint_->setForegroundRole(QPalette::PlaceholderText);
@@ -42,7 +43,7 @@ StatisticsTable::StatisticsTable(const QString& name, const QString& hint)
     grid_->setHorizontalSpacing(16);
     grid_->addWidget(what_, 0, 0);
     for (std::size_t figure = 0; figure < figureCount; ++figure) {
-        auto* caption = new QLabel(QLatin1String(figures.at(figure).caption));
+        auto* caption = new QLabel(Screen::tr(figures.at(figure).caption));
         caption->setAlignment(Qt::AlignRight);
         grid_->addWidget(caption, 0, static_cast<int>(figure) + 1);
     }
@@ -95,7 +96,7 @@ void StatisticsTable::show(const QString& what, const std::vector<Line>& lines) 
         for (std::size_t figure = 0; figure < figureCount; ++figure) {
             row.figures.at(figure)->setText(texts[figure]);
             row.figures.at(figure)->setAccessibleName(
-                QStringLiteral("%1 of %2").arg(QLatin1String(figures.at(figure).caption), name));
+                Screen::tr("%1 of %2", "the mean of a column").arg(Screen::tr(figures.at(figure).caption), name));
         }
     }
     table_->setVisible(!lines.empty());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/statuspage.h"
 
+#include "base/words.h"
 #include "ui/portsbox.h"
 
 #include <QFormLayout>
@@ -47,9 +48,9 @@ private:
 };
 
 NewestRowScreen::NewestRowScreen(const Program& program)
-    : QGroupBox(QStringLiteral("Newest row"))
+    : QGroupBox(Screen::tr("Newest row"))
     , sheet_(program.sheet.data)
-    , empty_(new QLabel(QStringLiteral("No rows yet. Connect, then press Run.")))
+    , empty_(new QLabel(Screen::tr("No rows yet. Connect, then press Run.")))
     , redrawing_(this, LateTexts::delay, [this] { draw(); }) {
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(32);
@@ -126,20 +127,21 @@ StatusPage::StatusPage(Program& program)
 
 QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     const StatusState& shown = program.link.session.status;
-    auto* progress = makeValueLabel("RunProgress", "How far the run or the download has come");
-    auto* status = makeValueLabel("Label20", "Status");
+    auto* progress = makeValueLabel("RunProgress", Screen::tr("How far the run or the download has come"));
+    auto* status = makeValueLabel("Label20", Screen::tr("Status"));
     enlarge(status, 2.2);
-    auto* shutter = makeReadOnlyBox("Text38", "Shutter reset progress", "The step of the shutter reset under way.");
+    auto* shutter = makeReadOnlyBox("Text38", Screen::tr("Shutter reset progress"),
+                                    Screen::tr("The step of the shutter reset under way."));
     shutter->setFrame(false);
     QPalette transparent;
     transparent.setColor(QPalette::Base, Qt::transparent);
     shutter->setPalette(transparent);
-    shutter->setFixedWidth(
-        shutter->fontMetrics().horizontalAdvance(QStringLiteral("Restoring Orignal Settings 00000000")));
-    auto* countdown = makeValueLabel("ShutterCountdown", "Time the shutter still moves");
-    auto* notice = makeValueLabel("Notice", "Remark");
+    shutter->setFixedWidth(shutter->fontMetrics().horizontalAdvance(Screen::tr("Restoring Orignal Settings") +
+                                                                    QLatin1String(" 00000000")));
+    auto* countdown = makeValueLabel("ShutterCountdown", Screen::tr("Time the shutter still moves"));
+    auto* notice = makeValueLabel("Notice", Screen::tr("Remark"));
     notice->setWordWrap(true);
-    auto* box = makeFrame("Status");
+    auto* box = makeFrame(Screen::tr("Status"));
     auto* layout = new QVBoxLayout(box);
     auto* statusRow = new QHBoxLayout;
     auto* shutterRow = new QHBoxLayout;
@@ -155,9 +157,9 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     layout->addWidget(notice);
 
     bindText(bindings_, status, shown.status);
-    const auto showUnlessEmpty = [this](const QProperty<QString>& text, auto* control) {
-        bindings_.bind(text, [control](const QString& now) {
-            control->setText(now);
+    const auto showUnlessEmpty = [this](const QProperty<Words>& text, auto* control) {
+        bindings_.bind(text, [control](const Words& now) {
+            control->setText(now.shown());
             control->setVisible(!now.isEmpty());
         });
     };
@@ -169,7 +171,7 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
 }
 
 QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
-    auto* box = makeFrame("Instrument");
+    auto* box = makeFrame(Screen::tr("Instrument"));
     auto* columns = new QHBoxLayout(box);
     auto* said = new QFormLayout;
     auto* counted = new QFormLayout;
@@ -189,39 +191,41 @@ QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
         counts_.bind(label, count);
     };
     const StatusState& status = program.link.session.status;
-    auto* clock = makeValueLabel("ClockOffset", "How the instrument's clock stands");
+    auto* clock = makeValueLabel("ClockOffset", Screen::tr("How the instrument's clock stands"));
     clock->setWordWrap(true);
-    auto* instrument = addRow(said, QStringLiteral("Instrument:"), "InstrumentLabel");
-    bindText(bindings_, addRow(said, QStringLiteral("Firmware Ver."), "FirmwareLabel"), status.firmware);
-    bindText(bindings_, addRow(said, QStringLiteral("Date"), "Label23"), status.date);
-    bindText(bindings_, addRow(said, QStringLiteral("Time"), "Label22"), status.time);
-    addCount(QStringLiteral("Rows on the sheet"), makeNumberLabel("StatusRows", "Rows on the sheet", "0000000000", 1.2),
+    auto* instrument = addRow(said, Screen::tr("Instrument:"), "InstrumentLabel");
+    bindText(bindings_, addRow(said, Screen::tr("Firmware Ver."), "FirmwareLabel"), status.firmware);
+    bindText(bindings_, addRow(said, Screen::tr("Date"), "Label23"), status.date);
+    bindText(bindings_, addRow(said, Screen::tr("Time"), "Label22"), status.time);
+    addCount(Screen::tr("Rows on the sheet"),
+             makeNumberLabel("StatusRows", Screen::tr("Rows on the sheet"), "0000000000", 1.2),
              program.sheet.shown.counter);
-    bindText(bindings_, addRow(counted, QStringLiteral("Bytes downloaded"), "DownloadedBytes"), status.downloadedBytes);
-    addCount(QStringLiteral("Buffer"), makeNumberLabel("BufferLabel", "Characters in the receive buffer", "0000000000"),
+    bindText(bindings_, addRow(counted, Screen::tr("Bytes downloaded"), "DownloadedBytes"), status.downloadedBytes);
+    addCount(Screen::tr("Buffer"),
+             makeNumberLabel("BufferLabel", Screen::tr("Characters in the receive buffer"), "0000000000"),
              status.bufferCount);
-    counted->addRow(QStringLiteral("Clock"), clock);
+    counted->addRow(Screen::tr("Clock"), clock);
     bindings_.bind(status.clockOffset, [clock](const std::optional<qint64>& ahead) {
-        clock->setText(ahead ? clockOffsetInWords(*ahead) : StatusState::unknownShort());
+        clock->setText(ahead ? clockOffsetInWords(*ahead).shown() : StatusState::unknownShort());
     });
     bindings_.bind(status.instrument, [instrument](InstrumentType type) { instrument->setText(instrumentName(type)); });
     return box;
 }
 
 QGroupBox* StatusPage::makeControlsBox(Program& program) {
-    auto* box = makeFrame("Controls");
+    auto* box = makeFrame(Screen::tr("Controls"));
     auto* layout = new QVBoxLayout(box);
     auto* run = makeButton(
-        "&Run", "Command2", [&program] { program.run(); },
-        "Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp.");
-    auto* reset = new EndingButton(QStringLiteral("R&eset"));
+        Screen::tr("&Run"), "Command2", [&program] { program.run(); },
+        Screen::tr("Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp."));
+    auto* reset = new EndingButton(Screen::tr("R&eset"));
     reset->setObjectName(QStringLiteral("ResetButton"));
-    reset->setToolTip(QStringLiteral("Stops current collection and requires the instrument to be reset."));
+    reset->setToolTip(Screen::tr("Stops current collection and requires the instrument to be reset."));
     reset->setAutoDefault(false);
     connect(reset, &QPushButton::clicked, this, [&program] { program.reset(); });
     auto* shutter = makeButton(
-        "Reset Sh&utter", "ResetShutterButton", [&program] { program.resetShutter(); },
-        "Moves the instrument's shutter back to its rest position.");
+        Screen::tr("Reset Sh&utter"), "ResetShutterButton", [&program] { program.resetShutter(); },
+        Screen::tr("Moves the instrument's shutter back to its rest position."));
     for (QPushButton* button : {run, static_cast<QPushButton*>(reset), shutter}) {
         button->setMinimumSize(150, 38);
         layout->addWidget(button);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/tabstrip.h"
 
+#include "base/words.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QKeyEvent>
@@ -122,12 +124,13 @@ QAccessibleInterface* makeSpokenStrip(const QString& /*className*/, QObject* obj
 
 } // namespace
 
-ChoiceTabBar::ChoiceTabBar(const QStringList& captions, QWidget* parent)
-    : QTabBar(parent) {
+ChoiceTabBar::ChoiceTabBar(QStringList captions, QWidget* parent)
+    : QTabBar(parent)
+    , captions_(std::move(captions)) {
     setExpanding(false);
     setUsesScrollButtons(true);
-    for (const QString& caption : captions) {
-        addTab(caption);
+    for (const QString& caption : std::as_const(captions_)) {
+        addTab(Screen::shown(caption));
     }
     QAccessible::installFactory(makeSpokenStrip);
     connect(this, &QTabBar::currentChanged, this, [this](int index) { choose(index); });
@@ -146,7 +149,7 @@ void ChoiceTabBar::choose(int index) {
         return;
     }
     update();
-    tabChosen.tell(tabText(index));
+    tabChosen.tell(caption(index));
 }
 
 void ChoiceTabBar::setChosen(bool chosen) {
@@ -184,12 +187,12 @@ void ChoiceTabBar::keyPressEvent(QKeyEvent* event) {
     QTabBar::keyPressEvent(event);
 }
 
-ChoiceTabBar* makeStrip(const QStringList& captions, const char* name, const char* accessibleName,
-                        const char* toolTip) {
+ChoiceTabBar* makeStrip(const QStringList& captions, const char* name, const QString& accessibleName,
+                        const QString& toolTip) {
     auto* strip = new ChoiceTabBar(captions);
     strip->setObjectName(QLatin1String(name));
-    strip->setAccessibleName(QLatin1String(accessibleName));
-    strip->setToolTip(QLatin1String(toolTip));
+    strip->setAccessibleName(accessibleName);
+    strip->setToolTip(toolTip);
     strip->setDrawBase(false);
     return strip;
 }

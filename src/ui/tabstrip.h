@@ -12,7 +12,11 @@ namespace orv {
 /// tab that was selected last can then be chosen again.
 class ChoiceTabBar final : public QTabBar {
 public:
-    explicit ChoiceTabBar(const QStringList& captions, QWidget* parent = nullptr);
+    /// `captions`: in English; the tabs show them in the language of the screen.
+    explicit ChoiceTabBar(QStringList captions, QWidget* parent = nullptr);
+
+    /// The English caption of a tab; the empty text if there is no such tab.
+    QString caption(int index) const { return captions_.value(index); }
 
     bool isChosen() const { return chosen_; }
 
@@ -22,7 +26,7 @@ public:
     /// Selects a tab as the operator would.
     void choose(int index);
 
-    /// Tells the caption of every tab that is chosen.
+    /// Tells the English caption of every tab that is chosen.
     Signal<QString> tabChosen;
 
 protected:
@@ -30,10 +34,12 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    QStringList captions_;
     bool chosen_ = false;
 };
 
 /// A strip with the name by which the program finds it and what is told of it.
-ChoiceTabBar* makeStrip(const QStringList& captions, const char* name, const char* accessibleName, const char* toolTip);
+ChoiceTabBar* makeStrip(const QStringList& captions, const char* name, const QString& accessibleName,
+                        const QString& toolTip);
 
 } // namespace orv

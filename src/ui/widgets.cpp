@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/widgets.h"
 
+#include "base/words.h"
+
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -273,10 +275,12 @@ struct LampLook {
 };
 
 const LampLook& lookOf(Lamp lamp) {
-    static const LampLook looks[] = {
-        {Lamp::Reading, {255, 0, 0}, "Reading the settings"}, {Lamp::Sending, {255, 255, 0}, "Sending the settings"},
-        {Lamp::Sent, {0, 255, 0}, "Settings sent"},           {Lamp::Read, {0, 0, 255}, "Settings read"},
-        {Lamp::Failed, {255, 255, 0}, "Sending failed"},      {Lamp::Off, {}, "Nothing read or sent yet"}};
+    static const LampLook looks[] = {{Lamp::Reading, {255, 0, 0}, QT_TRANSLATE_NOOP("orv", "Reading the settings")},
+                                     {Lamp::Sending, {255, 255, 0}, QT_TRANSLATE_NOOP("orv", "Sending the settings")},
+                                     {Lamp::Sent, {0, 255, 0}, QT_TRANSLATE_NOOP("orv", "Settings sent")},
+                                     {Lamp::Read, {0, 0, 255}, QT_TRANSLATE_NOOP("orv", "Settings read")},
+                                     {Lamp::Failed, {255, 255, 0}, QT_TRANSLATE_NOOP("orv", "Sending failed")},
+                                     {Lamp::Off, {}, QT_TRANSLATE_NOOP("orv", "Nothing read or sent yet")}};
     return *std::find_if(std::begin(looks), std::end(looks) - 1,
                          [lamp](const LampLook& look) { return look.lamp == lamp; });
 }
@@ -288,13 +292,13 @@ QColor lampColour(Lamp lamp) {
 }
 
 QString lampText(Lamp lamp) {
-    return QString::fromLatin1(lookOf(lamp).text);
+    return Screen::tr(lookOf(lamp).text);
 }
 
 StatusLamp::StatusLamp(QWidget* parent)
     : QWidget(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setAccessibleName(QStringLiteral("Status lamp"));
+    setAccessibleName(Screen::tr("Status lamp"));
 }
 
 void StatusLamp::show(Lamp lamp) {

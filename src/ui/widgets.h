@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/observe.h"
+#include "base/words.h"
 #include "settings/loggersettings.h"
 
 #include <QAbstractButton>
@@ -82,6 +83,10 @@ void bindVisible(Bindings& bindings, Control* control, const QProperty<bool>& vi
 template <typename Control>
 void bindText(Bindings& bindings, Control* control, const QProperty<QString>& text) {
     bindings.bind(text, [control](const QString& shown) { control->setText(shown); });
+}
+template <typename Control>
+void bindText(Bindings& bindings, Control* control, const QProperty<Words>& text) {
+    bindings.bind(text, [control](const Words& words) { control->setText(words.shown()); });
 }
 
 /// Lets a box show the property and set it whenever its text changes, also by an assistive program.
