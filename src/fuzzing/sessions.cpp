@@ -153,18 +153,19 @@ private:
 
     void setComputersClock() {
         const QDateTime now = rig().clock.now();
+        constexpr qint64 day = 86400;
         constexpr qint64 lastSecond = 0; // of the day
-        constexpr qint64 shifts[] = {-86400, -3600, -1, 1, 3600, 86400 * 400, lastSecond};
+        constexpr qint64 shifts[] = {-day, -3600, -1, 1, 3600, 400 * day, lastSecond};
         const qint64 shift = oneOf(shifts);
         rig().clock.set(shift == lastSecond ? QDateTime(now.date(), QTime(23, 59, 59)) : now.addSecs(shift));
     }
 
     void fillDisk() {
-        constexpr int steps = 40;
+        constexpr rlim_t step = 40;
         if (session_.isDiskFull()) {
             session_.emptyDisk();
         } else {
-            session_.fillDisk(static_cast<rlim_t>(steps * input_.below(16)));
+            session_.fillDisk(step * static_cast<rlim_t>(input_.below(16)));
         }
     }
 
