@@ -101,7 +101,7 @@ set(ORV_WINDOW_TEST_HEADERS ${ORV_WINDOW_HEADERS} ${ORV_TEST_HEADERS})
 # because their fixtures have short names.
 function(orv_test_options target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD OFF ORV_TEST ON)
-    if(NOT MSVC AND NOT ORV_SANITIZE)
+    if(NOT MSVC AND NOT ORV_SANITIZE AND NOT ORV_FUZZ)
         target_compile_options(${target} PRIVATE -O0 -g1)
     endif()
 endfunction()
