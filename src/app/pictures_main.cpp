@@ -359,11 +359,16 @@ private:
     Task<> takeHelp() {
         choosePage(Page::Sheet);
         Driver::find<QAction>(window_, QStringLiteral("Contents")).trigger();
+        QWidget* guide = nullptr;
         for (QWidget* window : QApplication::topLevelWidgets()) {
             if (window->objectName() == QLatin1String("UserGuide")) {
-                co_await takeAndClose(*window, "help");
+                guide = window;
             }
         }
+        if (guide == nullptr) {
+            throw Driver::Failure(QStringLiteral("there is no guide"));
+        }
+        co_await takeAndClose(*guide, "help");
     }
 
     Program& program_;

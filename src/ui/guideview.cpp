@@ -17,9 +17,9 @@ namespace orv {
 
 namespace {
 
-const QLatin1String folder(":/guide/");
+const QLatin1String guideFolder(":/guide/");
 
-QUrl guide() {
+QUrl guideSource() {
     return QUrl(QStringLiteral("qrc:/guide/USER_GUIDE.md"));
 }
 
@@ -73,14 +73,14 @@ public:
     }
 
 private:
-    static QString fileOf(const QTextFormat& format) { return folder + format.toImageFormat().name(); }
+    static QString fileOf(const QTextFormat& format) { return guideFolder + format.toImageFormat().name(); }
 };
 
 GuideView::GuideView()
     : pictures_(std::make_unique<GuidePictures>()) {
     setOpenExternalLinks(true);
     document()->documentLayout()->registerHandler(QTextFormat::ImageObject, pictures_.get());
-    setSource(guide());
+    setSource(guideSource());
     noteHeadings();
     space();
     colour();
@@ -186,7 +186,7 @@ void GuideView::colour() {
 
 void GuideView::goTo(const QString& anchor) {
     document()->size(); // lays out what has not been, or there would be nothing to scroll to
-    QUrl place = guide();
+    QUrl place = guideSource();
     place.setFragment(anchor.isEmpty() ? QString() : anchor);
     setSource(place);
     // A search goes on from here.

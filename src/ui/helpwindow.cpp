@@ -97,7 +97,7 @@ HelpWindow::HelpWindow()
 void HelpWindow::makeChapters() {
     const auto& headings = view_->headings();
     for (const GuideHeading& heading : headings) {
-        chapters_->addItem(QString(std::max(heading.level - 2, 0) * 4, u' ') + heading.text);
+        chapters_->addItem(QString(qsizetype{4} * std::max(heading.level - 2, 0), u' ') + heading.text);
         chapters_->item(chapters_->count() - 1)->setToolTip(heading.text);
     }
     chapters_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
