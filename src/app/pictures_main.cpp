@@ -17,6 +17,7 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
+#include <QTableView>
 #include <QTextStream>
 #include <QTimerEvent>
 
@@ -229,6 +230,7 @@ private:
         co_await waitUntilReady();
         co_await take(window_, "status");
         SettingsWindow& settings = *window_.settingsWindow();
+        co_await take(settings, "settings");
         const std::pair<const char*, const char*> tabs[] = {{"Modes", "settings-modes"},
                                                             {"Time and Date", "settings-time"},
                                                             {"Control Bits", "settings-bits"},
@@ -249,7 +251,6 @@ private:
         program_.link.debug.rawBuffer = false;
         choosePage(Page::Debug);
         program_.run();
-        constexpr int rows = 60;
         const std::function<bool()> hasRows = [this] { return session_.state.plc >= rows; };
         co_await waitFor("collecting", hasRows);
         co_await take(window_, "debug");
@@ -258,13 +259,28 @@ private:
         co_await take(window_, "run");
         keepAsAfterACrash();
         choosePage(Page::Sheet);
+        co_await letDraw();
+        selectSomeValues();
         co_await take(window_, "sheet");
         choosePage(Page::Graphical);
         co_await take(window_, "graphical");
+        auto& arrangement = Driver::find<QComboBox>(window_, QStringLiteral("PlotArrangement"));
+        arrangement.setCurrentText(QStringLiteral("Stacked"));
+        co_await take(window_, "graphical-stacked");
+        arrangement.setCurrentIndex(0);
         choosePage(Page::Status);
         program_.reset();
         co_await waitUntilReady();
         window_.settingsWindow()->close();
+    }
+
+    /// Of the newest rows two columns, whose statistics then stand below the sheet.
+    void selectSomeValues() {
+        constexpr int last = rows - 1;
+        const auto& grid = Driver::find<QTableView>(window_, QStringLiteral("fg1"));
+        const QAbstractItemModel& cells = *grid.model();
+        grid.selectionModel()->select({cells.index(last - 9, 3), cells.index(last, 4)},
+                                      QItemSelectionModel::ClearAndSelect);
     }
 
     void keepAsAfterACrash() {
@@ -370,6 +386,8 @@ private:
         }
         co_await takeAndClose(*guide, "help");
     }
+
+    static constexpr int rows = 60; ///< Of the run.
 
     Program& program_;
     Session& session_ = program_.link.session;
