@@ -2976,5 +2976,9 @@ Bitte den Dateinamen prüfen.</translation>
         <source>The place with this text before.</source>
         <translation>Die vorige Stelle mit diesem Text.</translation>
     </message>
+    <message>
+        <source>it has been removed</source>
+        <translation>sie wurde gelöscht</translation>
+    </message>
 </context>
 </TS>

@@ -2976,5 +2976,9 @@ Compruebe el nombre.</translation>
         <source>The place with this text before.</source>
         <translation>El lugar anterior con este texto.</translation>
     </message>
+    <message>
+        <source>it has been removed</source>
+        <translation>se ha eliminado</translation>
+    </message>
 </context>
 </TS>

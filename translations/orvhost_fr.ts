@@ -2976,5 +2976,9 @@ Vérifiez le nom du fichier.</translation>
         <source>The place with this text before.</source>
         <translation>L&apos;endroit précédent avec ce texte.</translation>
     </message>
+    <message>
+        <source>it has been removed</source>
+        <translation>il a été supprimé</translation>
+    </message>
 </context>
 </TS>

@@ -17,6 +17,7 @@
 #include "base/filedescriptor.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -96,6 +97,17 @@ QString syncToDisk(int fileHandle) {
 #endif
     // A device, or a file system that has no such thing.
     return synced || errno == EINVAL || errno == EBADF || errno == ENOTSUP ? QString() : qt_error_string(errno);
+}
+
+Words syncNamedFile(int fileHandle) {
+    Words reason = syncToDisk(fileHandle);
+#ifdef Q_OS_UNIX
+    struct stat info {};
+    if (reason.isEmpty() && ::fstat(fileHandle, &info) == 0 && info.st_nlink == 0) {
+        reason = Words::tr("it has been removed");
+    }
+#endif
+    return reason;
 }
 
 void syncFolderOf(const QString& path) {

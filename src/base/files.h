@@ -35,6 +35,10 @@ std::optional<qint64> freeSpaceHere();
 /// what is no file on a disk, or why it failed: then what was written last may be lost with the power.
 QString syncToDisk(int fileHandle);
 
+/// The same for a file that has a name: fails also if the file has been removed meanwhile, because what is in it is
+/// gone once it is closed.
+Words syncNamedFile(int fileHandle);
+
 /// The same with the names in the folder of that file: what was made, renamed and removed there. Best effort; not every
 /// system knows it.
 void syncFolderOf(const QString& path);

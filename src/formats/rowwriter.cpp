@@ -89,7 +89,7 @@ public:
     Words append(const QByteArray& lines) override { return appendWhole(file_, lines); }
 
     Words close() override {
-        Words reason = syncToDisk(file_.handle());
+        Words reason = syncNamedFile(file_.handle());
         file_.close();
         syncFolderOf(wanted_.name);
         return reason;

@@ -208,12 +208,12 @@ void Download::showProgress(const Words& label) {
     settings_.progress.percentage = QStringLiteral("%1 %").arg(maximum > 0 ? qint64{value} * 100 / maximum : 0);
 }
 
-QString Download::bringToDisk() {
+Words Download::bringToDisk() {
     if (!file_.isOpen()) {
         return {};
     }
     syncFolderOf(file_.fileName());
-    return syncToDisk(file_.handle());
+    return syncNamedFile(file_.handle());
 }
 
 void Download::finish() {

@@ -60,7 +60,7 @@ private:
     void end();
     void dropTheRest();
     void closeTarget();
-    QString bringToDisk();
+    Words bringToDisk();
     void tellIncomplete(Target target, SheetThen then = SheetThen::Stays);
     void tellFailure(const Words& reason, const Words& state, const Words& nextStep,
                      const QString& nextWithoutWindow = {});

@@ -237,6 +237,18 @@ TEST_F(DownloadEndsTest, FullCounterEndsTheDownloadAndDropsTheRest) {
 }
 
 #ifdef Q_OS_UNIX
+TEST_F(DownloadEndsTest, AFileThatIsRemovedMeanwhileIsNotCalledWhole) {
+    saveAsText();
+    replyAll({">O", record});
+    QFile::remove(path("dump.txt"));
+    replyAll({record, "EOF"});
+    EXPECT_FALSE(download.isWhole());
+    EXPECT_EQ(onlyMessage(), "The stored data cannot be written to " + path("dump.txt").toStdString() +
+                                 ": it has been removed.\n\nIt may not have everything. The instrument still holds its "
+                                 "data. Make room or choose another folder, and download it again.");
+    EXPECT_EQ(statusText(), "Ready");
+}
+
 TEST_F(DownloadEndsTest, FullDiskStopsTheDownloadWithOneMessage) {
     saveAsText();
     replyAll({">O", record});

@@ -120,7 +120,7 @@ void RecordFile::bringToDisk() {
     if (!std::exchange(waitsForDisk_, false)) {
         return;
     }
-    const QString reason = syncToDisk(file_.handle());
+    const Words reason = syncNamedFile(file_.handle());
     diskFailure_ = reason.isEmpty() ? diskFailure_ : reason;
     if (lockFailed_) {
         putLock();

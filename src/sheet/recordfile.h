@@ -51,7 +51,7 @@ public:
     void close();
 
     /// Why rows could not be brought to the disk since the last call; empty if they could.
-    QString takeDiskFailure() { return std::exchange(diskFailure_, {}); }
+    Words takeDiskFailure() { return std::exchange(diskFailure_, {}); }
 
     /// Whether the file is of a program that died before its rows were saved: the lock stands, but this program has
     /// begun no run.
@@ -136,7 +136,7 @@ private:
     bool saved_ = false;      ///< Every row of the file is saved elsewhere.
     bool discarded_ = false;  ///< Some row of the file was discarded from the sheet before it was saved wholly.
     bool lockFailed_ = false; ///< It could not be put; it is tried again with the next rows.
-    QString diskFailure_;
+    Words diskFailure_;
     bool waitsForDisk_ = false; ///< Rows have been written and not yet brought to the disk.
     qint64 waitsSince_ = 0;     ///< Monotonic milliseconds.
 };

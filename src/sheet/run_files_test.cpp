@@ -234,6 +234,26 @@ TEST_F(CollectionFilesTest, RecordFileThatCannotBeCreatedIsToldOnceAndRowsGoOn) 
 }
 
 #ifdef Q_OS_UNIX
+TEST_F(CollectionFilesTest, RecordFileThatIsRemovedIsToldOnceWithinASecondAndRowsGoOn) {
+    start("F", "412");
+    receive(line(1));
+    QFile::remove(path("Orvtemp.tmp"));
+    live(1.0);
+    EXPECT_TRUE(theMessage().text.startsWith(
+        QLatin1String("The record file Orvtemp.tmp cannot be written: it has been removed.")));
+    receive(line(2));
+    live(1.0);
+    receive(">");
+    expectEnded();
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(sheet.rowCount(), 2);
+    messages.shown.clear();
+    collection.run1();
+    receive(line(3));
+    live(1.0);
+    EXPECT_TRUE(messages.shown.empty()) << "the next run has a record file";
+}
+
 TEST_F(CollectionFilesTest, FullDiskIsToldOnceAndRowsGoOnToTheSheet) {
     start("F", "412");
     receive(line(1));
