@@ -22,5 +22,7 @@ failing() {
 failing '*' | grep -E '^\| (Day|Long)' | put sessions
 failing 'DayFail:*LongFail' | grep '^| ' | grep -vE '^\| (Day|Long)' |
     awk -F ' [|] ' '{ times[$1 " | " $2] += $3 } END { for (line in times) print line " | " times[line] " |" }' | sort | put calls
+ORV_MATRIX_RANDOM=${ORV_MATRIX_RANDOM:-20} "$build/bin/orv_matrix_tests" --gtest_filter='Undertakings*' | tee /dev/stderr | put matrix
+"$build/bin/orv_matrix_tests" --gtest_filter='MatrixTable.Says*' | put tellings
 "$build/bin/orv_process_tests" --gtest_filter='*SessionEnds*/0' | put ends
 "$build/bin/orv_reliability_tests" --gtest_filter='Soak*' | put soak

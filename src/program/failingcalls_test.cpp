@@ -4,39 +4,20 @@
 #include "testing/failingcalls.h"
 
 #include "sheet/sheetformat.h"
+#include "testing/keptrows.h"
 #include "testing/programrig.h"
 
 #include <QRegularExpression>
 
 #include <cerrno>
-#include <cstring>
-#include <new>
 #include <set>
 
-#include <sys/mman.h>
 #include <sys/wait.h>
 
 namespace orv {
 namespace {
 
 using failingcalls::Plan;
-
-/// What a program that dies leaves behind of what it has told.
-struct Told {
-    struct Row {
-        char cells[96];
-        qint64 at; ///< Milliseconds of the test's clock.
-    };
-    int count = 0;
-    Row rows[64];
-    qint64 diedAt = 0;
-
-    void add(const QByteArray& cells, qint64 at) {
-        Row& next = rows[count++];
-        std::strncpy(next.cells, cells.constData(), sizeof next.cells - 1);
-        next.at = at;
-    }
-};
 
 /// The program below its windows in the working directory, on a simulated instrument.
 class Bench {
@@ -174,61 +155,17 @@ void PrintTo(const Case& value, std::ostream* out) {
     *out << value.name;
 }
 
-/// What is in the files of the working directory that hold rows, and on the sheet; every file has to be whole.
-class Found {
-public:
-    explicit Found(bool died) {
-        for (const QString& name : QDir().entryList(QDir::Files)) {
-            const QByteArray bytes = contentsOf(name);
-            if (name.startsWith(QLatin1String("Orvtemp")) && name.endsWith(QLatin1String(".tmp"))) {
-                records_ += bytes;
-                const RecordedRows read = readRecordedRows(name, {.letter = QStringLiteral("V"), .firmware = 512});
-                EXPECT_EQ(read.unreadableLines, 0) << qPrintable(name) << ":\n" << bytes.toStdString();
-                EXPECT_TRUE(died || !read.cutOff) << qPrintable(name) << ":\n" << bytes.toStdString();
-            } else if (name == QLatin1String("memory.txt")) {
-                records_ += bytes;
-                EXPECT_TRUE(died || bytes.isEmpty() || bytes.endsWith("\r\n")) << bytes.toStdString();
-            } else if (name.endsWith(QLatin1String(".txt"))) {
-                sheets_ += bytes;
-                EXPECT_EQ(readSheetFile(name).error.toStdString(), "") << qPrintable(name);
-            }
-        }
-    }
-
-    void add(const DataSheet& sheet) {
-        for (int row = 0; row < sheet.rowCount(); ++row) {
-            sheet.writeCells(row, sheetcolumn::firstCount, sheets_);
-        }
-    }
-
-    bool has(const QByteArray& cells) const {
-        QByteArrayList fields = cells.split('\t');
-        QByteArrayList recorded = fields;
-        recorded.insert(3, QByteArray());
-        recorded.insert(5, QByteArray());
-        return sheets_.contains('\t' + cells + '\t') || records_.contains('\t' + recorded.join('\t') + "\r\n");
-    }
-
-private:
-    QByteArray records_;
-    QByteArray sheets_;
-};
-
 const char* const unendedRows =
     "1\t11/20/26\t8:00:00\t11\t\t12\t\t13\t14\r\n2\t11/20/26\t8:00:01\t21\t\t22\t\t23\t24\r\n";
 
 class FailingCalls : public testing::TestWithParam<Case> {
 protected:
-    FailingCalls()
-        : told_(new (::mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)) Told) {}
-    ~FailingCalls() override { ::munmap(told_, sizeof(Told)); }
-
     /// A folder in which a run did not end.
     void layOut() {
         for (const QString& name : QDir().entryList(QDir::Files | QDir::Hidden)) {
             QFile::remove(name);
         }
-        *told_ = Told();
+        *told_ = TakenRows();
         if (GetParam().session == workingDay) {
             fill(QStringLiteral("Orvtemp.tmp"),
                  recordHeader(QDateTime(QDate(2026, 11, 20), QTime(8, 0)), 512.0) + unendedRows);
@@ -239,10 +176,7 @@ protected:
     }
 
     void follow(Bench& bench) {
-        bench.tookRow = [this, &bench](const DataRow& row) {
-            const QStringList cells = QStringList{row.date, row.time} + row.values;
-            told_->add(cells.join(u'\t').toLatin1(), bench.clock.monotonicMilliseconds());
-        };
+        bench.tookRow = [this, &bench](const DataRow& row) { told_->add(row, bench.clock.monotonicMilliseconds()); };
     }
 
     Plan planFor(int at) const {
@@ -253,17 +187,17 @@ protected:
                 .namesSurvive = GetParam().namesSurvive};
     }
 
-    void expectKept(const Found& found, qint64 until) const {
+    void expectKept(const KeptRows& found, qint64 until) const {
         for (int row = 0; row < told_->count; ++row) {
             if (told_->rows[row].at <= until) {
-                EXPECT_TRUE(found.has(told_->rows[row].cells)) << "lost: " << told_->rows[row].cells;
+                EXPECT_TRUE(found.has(told_->rows[row].text())) << "lost: " << told_->rows[row].text().toStdString();
             }
         }
     }
 
     /// The program as it is started next; what it is offered it takes, and it works.
     void startNext(bool died, qint64 until) {
-        Found found(died);
+        KeptRows found(QDir::currentPath(), died ? KeptRows::Flaw::CutOff : KeptRows::Flaw::None);
         Bench next;
         next.answers.yes = true;
         next.program.load();
@@ -305,7 +239,7 @@ protected:
             messages = bench.messages.shown;
             expectToldOnce(bench);
             std::erase_if(messages, [](const Message& message) { return message.icon == Message::Icon::Information; });
-            Found found(false);
+            KeptRows found(QDir::currentPath());
             found.add(bench.program.sheet.data);
             expectKept(found, std::numeric_limits<qint64>::max());
             expectWorks(bench, "later.txt");
@@ -376,7 +310,7 @@ protected:
 
 private:
     OwnFolder folder_;
-    Told* told_;
+    SharedWithChildren<TakenRows> told_;
     std::map<QString, int> outcomes_;
 };
 

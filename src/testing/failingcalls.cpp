@@ -28,7 +28,9 @@ struct State {
     std::string folder;
     bool active = false;
     int calls = 0;
+    std::vector<std::string> made;
     std::vector<std::string> failed;
+    std::string lockedName;
     std::map<int, std::string> open;       ///< Descriptors of files of the folder, and their names.
     std::map<ino_t, Id> ids;               ///< Of the files that exist.
     std::map<Id, std::string> synced;      ///< What they held when they were synced last.
@@ -164,22 +166,37 @@ bool fails(const char* call, const std::string& name, bool needsRoom) {
         return false;
     }
     ++now.calls;
+    now.made.push_back(std::string(call) + ' ' + name);
     const bool isDue = now.calls == now.plan.at;
-    const bool goesOn = now.plan.then == Plan::Then::FailOn && now.calls > now.plan.at && needsRoom;
+    if (isDue && now.plan.then == Plan::Then::Happen) {
+        now.active = false; // what happens is none of the program's calls
+        const int error = errno;
+        now.plan.happen();
+        errno = error;
+        now.active = true;
+        return false;
+    }
+    if (isDue && now.plan.then == Plan::Then::Locked) {
+        now.lockedName = name;
+    }
+    const bool goesOn = (now.plan.then == Plan::Then::FailOn && now.calls > now.plan.at && needsRoom) ||
+                        (now.plan.then == Plan::Then::Locked && name == now.lockedName);
     if (!isDue && !goesOn) {
         return false;
     }
     if (now.plan.then == Plan::Then::Kill || now.plan.then == Plan::Then::PowerCut) {
         die();
     }
-    now.failed.push_back(std::string(call) + ' ' + name);
+    now.failed.push_back(now.made.back());
     errno = now.plan.error;
     return true;
 }
 
-bool isDue() {
+/// Whether the next call is a write of which a half succeeds.
+bool halfIsDue() {
     const State& now = state();
-    return now.active && now.calls + 1 == now.plan.at;
+    const bool isWhole = now.plan.then == Plan::Then::Locked || now.plan.then == Plan::Then::Happen;
+    return now.active && !isWhole && now.calls + 1 == now.plan.at;
 }
 
 std::string openName(int descriptor) {
@@ -204,9 +221,21 @@ void start(const std::string& folder, const Plan& plan) {
     now.active = true;
 }
 
+void follow(const Plan& plan) {
+    State& now = state();
+    now.plan = plan;
+    now.calls = 0;
+    now.made.clear();
+    now.failed.clear();
+}
+
 int stop() {
     state().active = false;
     return state().calls;
+}
+
+const std::vector<std::string>& made() {
+    return state().made;
 }
 
 const std::vector<std::string>& failed() {
@@ -286,7 +315,7 @@ int close(int descriptor) {
 
 ssize_t write(int descriptor, const void* bytes, size_t size) {
     const std::string name = failing::openName(descriptor);
-    if (!name.empty() && failing::isDue()) {
+    if (!name.empty() && failing::halfIsDue()) {
         ::syscall(SYS_write, descriptor, bytes, size / 2);
     }
     return failing::fails("write", name, true) ? -1 : ::syscall(SYS_write, descriptor, bytes, size);

@@ -23,17 +23,25 @@ struct Plan {
         FailOn,   ///< It and every call that makes or lengthens a file from then on, until stop().
         Kill,     ///< The process is killed before the call; of a write a half has been written.
         PowerCut, ///< The same, and what was not synced is lost.
+        Locked,   ///< It and every later call on the file of that name, until stop().
+        Happen,   ///< `happen` is called before it; it and all others succeed.
     };
     int at = 0; ///< The call, from 1.
     Then then = Then::Fail;
     int error = 0; ///< As errno has it.
     bool namesSurvive = false;
+    std::function<void()> happen = {};
 };
 
 /// From now on the plan holds for the calls on files of this folder, which is the working directory.
 void start(const std::string& folder, const Plan& plan);
+/// Another plan for the same folder, which counts anew; the files that have been opened since start() are known.
+void follow(const Plan& plan);
 /// Calls succeed again. Returns how many there were.
 int stop();
+
+/// The calls since start(), in the form of failed().
+const std::vector<std::string>& made();
 
 /// The calls that failed: "write log.ohp"; to open a file for reading is "read", a file that is to get its name later
 /// is the "new file".

@@ -41,6 +41,8 @@ public:
         elapsed_ += std::max<qint64>(until - monotonicMilliseconds(), 0);
     }
     void run() { running_.start(); }
+    /// Time passes and nobody is called, as for a process that is stopped.
+    void stop(qint64 milliseconds) { elapsed_ += milliseconds; }
 
     [[nodiscard]] Subscription callAfter(qint64 milliseconds, std::function<void()> call) override {
         return alarms_.add(monotonicMilliseconds() + milliseconds, std::move(call));

@@ -12,6 +12,7 @@
 #include <array>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 namespace orv {
@@ -104,6 +105,19 @@ void FarEnd::listen() {
     while ((size = ::read(master_.get(), buffer.data(), buffer.size())) > 0) {
         heard.append(buffer.data(), size);
     }
+}
+
+void FarEnd::listenUntil(qsizetype characters) {
+    const QDeadlineTimer deadline(patience);
+    for (listen(); heard.size() < characters && !deadline.hasExpired(); listen()) {
+        pollfd line{.fd = master_.get(), .events = POLLIN, .revents = 0};
+        ::poll(&line, 1, 1);
+    }
+    EXPECT_GE(heard.size(), characters);
+}
+
+void FarEnd::send(const QByteArray& bytes) {
+    EXPECT_EQ(::write(master_.get(), bytes.constData(), static_cast<size_t>(bytes.size())), bytes.size());
 }
 
 } // namespace orv

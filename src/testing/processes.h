@@ -79,6 +79,13 @@ public:
 
     /// Adds what has arrived to `heard`.
     void listen();
+    /// The same, until so many characters have arrived in all; not for ever.
+    void listenUntil(qsizetype characters);
+
+    void send(const QByteArray& bytes);
+
+    /// The terminal is gone.
+    void hangUp() { master_.reset(); }
 
     QString path;
     QByteArray heard;
