@@ -6,6 +6,7 @@
 #include "ui/remembered.h"
 
 #include <QDialog>
+#include <QFileDialog>
 #include <QImageReader>
 #include <QListWidget>
 #include <QMessageBox>
@@ -124,6 +125,11 @@ TEST_F(HelpWindowTest, F1LeadsToTheChapterOfTheDialog) {
     box.setModal(false);
     box.show();
     EXPECT_EQ(helpIn(box), "When something does not work");
+    QFileDialog files(window.get());
+    files.setOption(QFileDialog::DontUseNativeDialog);
+    files.setModal(false);
+    files.show();
+    EXPECT_EQ(helpIn(files), "Files, and what happens after a crash");
     EXPECT_EQ(helpIn(help()), "ORV Host: user guide") << "from the guide itself to its beginning";
     EXPECT_EQ(helpWindows().size(), 1);
 }
