@@ -24,9 +24,9 @@ constexpr qsizetype longestLine = qsizetype{1024} * 1024;
 
 /// The names in the order of the kinds.
 constexpr std::array<const char*, static_cast<std::size_t>(CaptureKind::Other)> kindNames = {
-    "open",   "notOpened",   "closed",   "dtr",   "sent",    "received", "discarded", "failed",
-    "waits",  "nothingCame", "did",      "told",  "said",    "asked",    "answered",  "status",
-    "notice", "instrument",  "settings", "sheet", "dropped", "state"};
+    "open",        "notOpened", "closed", "dtr",     "sent",  "received", "discarded", "failed", "waits",
+    "nothingCame", "did",       "told",   "said",    "asked", "answered", "status",    "notice", "instrument",
+    "settings",    "sheet",     "late",   "cleared", "saved", "dropped",  "state"};
 
 const char* nameOf(CaptureKind kind) {
     return kindNames.at(static_cast<std::size_t>(kind));

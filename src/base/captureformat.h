@@ -45,8 +45,12 @@ enum class CaptureKind : quint8 {
     Status,      ///< "status": what the status shows.
     Notice,      ///< "notice": the remark beside it.
     Instrument,  ///< "instrument": what it is, {"type":"TRX","firmware":"512"}.
-    Settings,    ///< "settings": the settings as shown when the lamp changed, {"lamp":...,name:value,...}.
+    Settings,    ///< "settings": the settings as shown when the lamp changed, {"lamp":...,name:value,...}; while they
+                 ///< are being read, the lamp alone.
     Sheet,       ///< "sheet": the sheet when an operation ended, {"rows":n,"last":the newest row}.
+    Late,        ///< "late": what the operator is told once no row comes, "No row for 8 s"; empty when one comes again.
+    Cleared,     ///< "cleared": how many rows the operator has cleared, 0 when they cannot be brought back any more.
+    Saved,       ///< "saved": the sheet was saved, {"rows":n,"name":the file's name}.
     Dropped,     ///< "dropped": true; older entries stood here.
     State,       ///< "state": everything of interest at the moment of saving.
     Other        ///< Of a later version.

@@ -192,6 +192,16 @@ void Capture::followState() {
             tellSheet();
         }
     });
+    follow(program_.progress.late, [this] { tellLate(program_.progress.late.value()); });
+    SheetState& sheet = program_.sheet.shown;
+    follow(sheet.clearedRows,
+           [this, &sheet] { store_.add(CaptureKind::Cleared, QJsonValue(sheet.clearedRows.value())); });
+    follow(sheet.saved, [this, &sheet] {
+        if (const SavedRows saved = sheet.saved; saved.count > 0) {
+            store_.add(CaptureKind::Saved, QJsonObject{{QStringLiteral("rows"), saved.count},
+                                                       {QStringLiteral("name"), QFileInfo(saved.file).fileName()}});
+        }
+    });
     const auto take = [this](int /*number*/, const DataRow& row) {
         ++rows_;
         newestRow_ = row;
@@ -203,6 +213,13 @@ void Capture::followState() {
         store_.add(CaptureKind::Instrument, QJsonObject{{QStringLiteral("type"), instrumentName(session.state.type())},
                                                         {QStringLiteral("firmware"), session.status.firmware.value()}});
     }));
+}
+
+void Capture::tellLate(const QString& late) {
+    // Not each of its seconds.
+    if (std::exchange(isLate_, !late.isEmpty()) == late.isEmpty()) {
+        store_.add(CaptureKind::Late, QJsonValue(late));
+    }
 }
 
 void Capture::tellSheet() {
@@ -217,6 +234,9 @@ QJsonObject Capture::settingsNow() const {
     const SettingsState& shown = program_.settings.shown;
     const LoggerSettings record = shown.record.value();
     QJsonObject settings{{QStringLiteral("lamp"), nameOf(shown.lamp.value())}};
+    if (shown.lamp.value() == Lamp::Reading) {
+        return settings; // half of them would be of before
+    }
     for (const Setting& setting : allSettings) {
         settings.insert(QLatin1String(setting.name), setting.flag != nullptr ? QJsonValue(record.*setting.flag)
                                                                              : QJsonValue(record.*setting.number));

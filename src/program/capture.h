@@ -43,6 +43,7 @@ private:
     void listenToOperator();
     void followState();
     void tellSheet();
+    void tellLate(const QString& late);
     QJsonObject settingsNow() const;
     QJsonObject stateNow() const;
     QString withoutFolders(QString text) const;
@@ -53,6 +54,7 @@ private:
     QSet<QString> folders_; ///< Whose names are left out, beside the usual ones.
     int rows_ = 0;          ///< From the instrument, that were not told yet.
     DataRow newestRow_;
+    bool isLate_ = false;
     std::vector<Subscription> subscriptions_;
     std::vector<QPropertyNotifier> notifiers_;
 };

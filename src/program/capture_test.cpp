@@ -91,9 +91,8 @@ TEST_F(CaptureTest, LostLineIsKeptWithWhatTheOperatorIsTold) {
 
 TEST_F(CaptureTest, SettingsAreKeptWhenTheyAreRead) {
     connectAndRead();
-    EXPECT_EQ(
-        entries({"settings"}),
-        R"("settings":{"append":false,"autoStart":false,"auxAdc":false,"gain":false,"hoursBeforeBlock":"","lamp":"reading","logEnabled":false,"pointsPerBlock":"","samplesPerPoint":"","secondsBetweenPoints":"","wakeUp":false}
+    EXPECT_EQ(entries({"settings"}),
+              R"("settings":{"lamp":"reading"}
 "settings":{"append":false,"autoStart":true,"auxAdc":false,"gain":false,"hoursBeforeBlock":"24","lamp":"read","logEnabled":true,"pointsPerBlock":"0","samplesPerPoint":"30","secondsBetweenPoints":"5","wakeUp":true}
 )");
 }
@@ -134,6 +133,25 @@ TEST_F(CaptureTest, FilesAreNamedWithoutTheirFolders) {
             {QStringLiteral("C:\\Users\\jo\\y.csv"), QStringLiteral("y.csv")},
             {QStringLiteral("sim:replay?file=/home/jo/lake.jsonl"), QStringLiteral("sim:replay?file=lake.jsonl")}},
         withoutFolder);
+}
+
+TEST_F(CaptureTest, RowsThatFailToComeAreKeptOnceAndAgainWhenOneComes) {
+    runWithRows(3);
+    live(25.0);
+    com1.input = "11/21/26\t2700\t4\t20\t30\t40\r\n";
+    live(3.0);
+    EXPECT_EQ(entries({"late"}), "\"late\":\"No row for 11 s\"\n\"late\":\"\"\n");
+}
+
+TEST_F(CaptureTest, RowsThatAreSavedAndClearedAreCounted) {
+    runWithRows(3);
+    program.run();
+    answers.fileName = path("lake.txt");
+    program.saveAs();
+    program.clearAll();
+    program.bringBack();
+    EXPECT_EQ(entries({"saved", "cleared"}),
+              "\"saved\":{\"name\":\"lake.txt\",\"rows\":3}\n\"cleared\":3\n\"cleared\":0\n");
 }
 
 TEST_F(CaptureTest, RowsOfAFileAreNotKept) {
