@@ -22,6 +22,7 @@ public:
         const double before = number - mean_;
         mean_ += before / count_;
         squares_ += before * (number - mean_);
+        whole_ = whole_ && number == std::trunc(number);
         minimum_ = number < minimum_ ? number : minimum_;
         maximum_ = number > maximum_ ? number : maximum_;
     }
@@ -34,11 +35,14 @@ public:
     }
     double minimum() const { return minimum_; }
     double maximum() const { return maximum_; }
+    /// Whether all of them are whole, as counts are.
+    bool whole() const { return whole_; }
 
 private:
     int count_ = 0;
     double mean_ = 0.0;
     double squares_ = 0.0;
+    bool whole_ = true;
     double minimum_ = std::numeric_limits<double>::infinity();
     double maximum_ = -std::numeric_limits<double>::infinity();
 };

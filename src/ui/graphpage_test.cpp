@@ -364,9 +364,9 @@ TEST_F(GraphPageTest, ARangeIsMeasuredAndItsRowsAreSelected) {
     const auto expectRange = [this](const char* how) {
         EXPECT_EQ(text("PlotStatisticsWhat"), "11 rows") << how;
         EXPECT_EQ(text("PlotStatisticsCount1"), "11") << how;
-        EXPECT_EQ(text("PlotStatisticsMean1"), "1015") << how;
-        EXPECT_EQ(text("PlotStatisticsDeviation1"), "3.316625") << how;
-        EXPECT_EQ(text("PlotStatisticsMean2"), "2015") << how;
+        EXPECT_EQ(text("PlotStatisticsMean1"), "1015.00") << how;
+        EXPECT_EQ(text("PlotStatisticsDeviation1"), "3.32") << how;
+        EXPECT_EQ(text("PlotStatisticsMean2"), "2015.00") << how;
         const auto& grid = find<QTableView>("fg1");
         EXPECT_EQ(grid.selectionModel()->selectedRows().size(), 11) << how;
         EXPECT_TRUE(grid.selectionModel()->isRowSelected(9)) << how;
@@ -395,7 +395,7 @@ TEST_F(GraphPageTest, ARangeIsMeasuredAndItsRowsAreSelected) {
     expectRange("by keys");
     drag(pixel(9.6, 2500), pixel(20.4, 2600), Qt::ShiftModifier);
     curve(1).click();
-    EXPECT_EQ(text("PlotStatisticsMean1"), "2015") << "what is switched off is not measured";
+    EXPECT_EQ(text("PlotStatisticsMean1"), "2015.00") << "what is switched off is not measured";
     sheet.removeRows();
     page.refreshNow();
     EXPECT_FALSE(find<QWidget>("PlotStatistics").isVisible());

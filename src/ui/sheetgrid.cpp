@@ -15,6 +15,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
+#include <numeric>
 
 namespace orv {
 
@@ -191,7 +193,7 @@ SheetGrid::SelectedRows SheetGrid::selectedRows() const {
     return found;
 }
 
-void SheetGrid::copy(bool withHeader) const {
+bool SheetGrid::copy(bool withHeader) const {
     const SelectedRows cells = selectedRows();
     std::vector<int> columns;
     for (int column = 0; column < DataSheet::columnCount; ++column) {
@@ -213,7 +215,7 @@ void SheetGrid::copy(bool withHeader) const {
         columns.pop_back();
     }
     if (columns.empty()) {
-        return;
+        return false;
     }
     QStringList lines;
     const auto addLine = [&lines, &columns](const auto& cellOf) {
@@ -235,6 +237,7 @@ void SheetGrid::copy(bool withHeader) const {
         }
     }
     QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+    return true;
 }
 
 bool SheetGrid::findText(const QString& text, bool forward) {
@@ -298,14 +301,47 @@ std::vector<StatisticsTable::Line> SheetGrid::statistics() const {
     return lines;
 }
 
-QString SheetGrid::selectionInWords() const {
-    std::vector<bool> any;
-    for (const std::vector<bool>& rows : selectedRows()) {
-        any.resize(std::max(any.size(), rows.size()));
+SheetGrid::Selected SheetGrid::whatIsSelected() const {
+    const auto rowsOf = [](const std::vector<bool>& rows) { return static_cast<int>(std::ranges::count(rows, true)); };
+    const SelectedRows all = selectedRows();
+    std::vector<bool> any(static_cast<std::size_t>(model_.rowCount()));
+    std::vector<int> counts; // of each column with a name
+    for (int column = 0; column < DataSheet::columnCount; ++column) {
+        if (sheet_.header().value(column).isEmpty()) {
+            continue;
+        }
+        const std::vector<bool>& rows = all.at(static_cast<std::size_t>(column));
         std::transform(rows.begin(), rows.end(), any.begin(), any.begin(), std::logical_or());
+        counts.push_back(rowsOf(rows));
     }
-    const auto count = std::count(any.begin(), any.end(), true);
-    return count == 1 ? Screen::tr("1 row selected") : Screen::tr("%1 rows selected").arg(count);
+    const int rows = rowsOf(any);
+    if (std::ranges::count(counts, rows) == std::ssize(counts)) {
+        return {.kind = Selected::Kind::Rows, .count = rows};
+    }
+    const auto whole = std::ranges::count(counts, model_.rowCount());
+    if (whole + std::ranges::count(counts, 0) == std::ssize(counts)) {
+        return {.kind = Selected::Kind::Columns, .count = static_cast<int>(whole)};
+    }
+    return {.kind = Selected::Kind::Cells, .count = std::accumulate(counts.begin(), counts.end(), 0)};
+}
+
+std::vector<RowRange> SheetGrid::selectedWholeRows() const {
+    std::vector<RowRange> ranges;
+    if (whatIsSelected().kind != Selected::Kind::Rows) {
+        return ranges;
+    }
+    const std::vector<bool> rows = selectedRows().at(sheetcolumn::record);
+    for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
+        if (!rows[static_cast<std::size_t>(row)]) {
+            continue;
+        }
+        if (!ranges.empty() && ranges.back().second == row - 1) {
+            ranges.back().second = row;
+        } else {
+            ranges.emplace_back(row, row);
+        }
+    }
+    return ranges;
 }
 
 QItemSelectionModel::SelectionFlags SheetGrid::selectionCommand(const QModelIndex& index, const QEvent* event) const {

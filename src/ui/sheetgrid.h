@@ -58,8 +58,8 @@ public:
 
     /// Puts what is selected on the clipboard: a line for each row, cells separated by tabs, and before it, if wanted,
     /// the line of the header row. Between selected cells those that are not selected are empty; columns at the right
-    /// without a name and without a text are left out. Nothing happens if nothing is selected.
-    void copy(bool withHeader) const;
+    /// without a name and without a text are left out. Returns whether anything is selected; if not, nothing happens.
+    bool copy(bool withHeader) const;
 
     /// Selects the next cell, or the one before, that contains the text, in lower or upper case, and goes on at the
     /// other end of the sheet. Returns whether there is one.
@@ -72,9 +72,17 @@ public:
     void extendToRows() { extend(QItemSelectionModel::Rows); }
     void extendToColumns() { extend(QItemSelectionModel::Columns); }
 
-    /// The numbers of each value column of which more than one cell is selected, and what is selected in words.
+    /// The numbers of each value column of which more than one cell is selected.
     std::vector<StatisticsTable::Line> statistics() const;
-    QString selectionInWords() const;
+
+    /// What is selected: rows if all cells of each are, else columns, else cells. Columns without a name count nowhere.
+    struct Selected {
+        enum class Kind { Rows, Columns, Cells } kind = Kind::Cells;
+        int count = 0;
+    };
+    Selected whatIsSelected() const;
+    /// The rows that are selected, if all their cells are and no others; else none.
+    std::vector<RowRange> selectedWholeRows() const;
 
 protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;

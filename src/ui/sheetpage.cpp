@@ -27,10 +27,31 @@ QString counted(int rows) {
     return rows == 1 ? Screen::tr("1 row") : Screen::tr("%1 rows").arg(rows);
 }
 
+QString counted(const SheetGrid::Selected& selected) {
+    const int count = selected.count;
+    switch (selected.kind) {
+    case SheetGrid::Selected::Kind::Rows:
+        return counted(count);
+    case SheetGrid::Selected::Kind::Columns:
+        return count == 1 ? Screen::tr("1 column") : Screen::tr("%1 columns").arg(count);
+    case SheetGrid::Selected::Kind::Cells:
+        break;
+    }
+    return count == 1 ? Screen::tr("1 cell") : Screen::tr("%1 cells").arg(count);
+}
+
+/// A control that comes and goes without anything else moving.
+void keepRoomOf(QWidget* control) {
+    QSizePolicy policy = control->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control->setSizePolicy(policy);
+}
+
 } // namespace
 
 SheetPage::SheetPage(Program& program)
-    : shown_(program.sheet.shown)
+    : sheet_(program.sheet.data)
+    , shown_(program.sheet.shown)
     , grid_(new SheetGrid(program.sheet.data))
     , counter_(makeNumberLabel("SheetCounter", Screen::tr("Rows on the sheet"), "0000000"))
     , notice_(makeTextLabel("SheetNotice", Screen::tr("What became of the rows")))
@@ -54,10 +75,12 @@ SheetPage::SheetPage(Program& program)
     layout->addWidget(findBar_);
     layout->addWidget(statistics_);
     makeActions();
+    keepRoomForStatistics();
 
     DataSheet& sheet = program.sheet.data;
     subscriptions_ = {sheet.rowAppended.subscribe([this] { schedule(); }), sheet.headerChanged.subscribe([this] {
                           grid_->rows().noteHeader();
+                          keepRoomForStatistics();
                           schedule();
                       }),
                       sheet.rowsRemoved.subscribe([this] {
@@ -65,6 +88,9 @@ SheetPage::SheetPage(Program& program)
                           schedule();
                       }),
                       grid_->selected.subscribe([this] {
+                          if (!std::exchange(copied_, QString()).isEmpty()) {
+                              tellWhatBecame();
+                          }
                           selectionStale_ = true;
                           computing_.noteChange();
                       })};
@@ -128,11 +154,28 @@ QLayout* SheetPage::makeNotice(Program& program) {
     line->addWidget(bringBack_);
     line->addStretch(1);
     bindEnabled(bindings_, bringBack_, program.link.session.commands.undisturbed);
+    keepRoomOf(bringBack_);
     bringBack_->hide();
-    notice_->hide();
-    bindings_.bind(shown_.clearedRows, [this](int) { tellWhatBecame(); });
-    bindings_.bind(shown_.saved, [this](const SavedRows&) { tellWhatBecame(); });
+    const auto tell = [this](auto&&) {
+        copied_.clear();
+        tellWhatBecame();
+    };
+    bindings_.bind(shown_.clearedRows, tell);
+    bindings_.bind(shown_.saved, tell);
     return line;
+}
+
+void SheetPage::copy(bool withHeader) {
+    if (grid_->copy(withHeader)) {
+        copied_ = Screen::tr("%1 copied.").arg(counted(grid_->whatIsSelected()));
+        tellWhatBecame();
+    }
+}
+
+/// As many lines as the header row names columns of numbers.
+void SheetPage::keepRoomForStatistics() {
+    const QStringList header = sheet_.header().mid(sheetcolumn::firstValue);
+    statistics_->keepRoomFor(static_cast<int>(header.size() - header.count(QString())));
 }
 
 void SheetPage::tellWhatBecame() {
@@ -141,12 +184,13 @@ void SheetPage::tellWhatBecame() {
     QString text;
     if (cleared > 0) {
         text = Screen::tr("%1 cleared.").arg(counted(cleared));
+    } else if (!copied_.isEmpty()) {
+        text = copied_;
     } else if (saved.count > 0) {
         text = Screen::tr("Saved %1 to %2").arg(counted(saved.count), QFileInfo(saved.file).fileName());
     }
     notice_->setText(text);
-    notice_->setToolTip(cleared > 0 ? QString() : saved.file);
-    notice_->setVisible(!text.isEmpty());
+    notice_->setToolTip(cleared > 0 || !copied_.isEmpty() ? QString() : saved.file);
     bringBack_->setText(cleared == 1 ? Screen::tr("&Bring it back") : Screen::tr("&Bring them back"));
     bringBack_->setVisible(cleared > 0);
 }
@@ -208,9 +252,9 @@ void SheetPage::makeActions() {
         separator->setSeparator(true);
         grid_->addAction(separator);
     };
-    add(Screen::tr("&Copy"), "CopyCells", QKeySequence::Copy, Qt::WindowShortcut, [this] { grid_->copy(true); });
+    add(Screen::tr("&Copy"), "CopyCells", QKeySequence::Copy, Qt::WindowShortcut, [this] { copy(true); });
     add(Screen::tr("Copy &Without Header"), "CopyCellsOnly", Qt::CTRL | Qt::SHIFT | Qt::Key_C, Qt::WindowShortcut,
-        [this] { grid_->copy(false); });
+        [this] { copy(false); });
     line();
     add(Screen::tr("Select &Rows"), "SelectRows", Qt::SHIFT | Qt::Key_Space, Qt::WidgetShortcut,
         [this] { grid_->extendToRows(); });
@@ -275,7 +319,7 @@ void SheetPage::selectRows(const std::vector<RowRange>& ranges) {
 
 void SheetPage::showStatistics() {
     if (std::exchange(selectionStale_, false)) {
-        statistics_->show(grid_->selectionInWords(), grid_->statistics());
+        statistics_->show(Screen::tr("%1 selected").arg(counted(grid_->whatIsSelected())), grid_->statistics());
     }
 }
 

@@ -30,13 +30,17 @@ private:
     void schedule();
     void bringIntoView();
     void tellWhatBecame();
+    void copy(bool withHeader);
+    void keepRoomForStatistics();
     void find(bool forward);
     void showStatistics();
 
+    const DataSheet& sheet_;
     SheetState& shown_;
     SheetGrid* grid_;
     QLabel* counter_;
     QLabel* notice_;
+    QString copied_; ///< What is on the clipboard, in words, until another selection or another thing to tell.
     QPushButton* bringBack_;
     QWidget* findBar_;
     QLineEdit* findBox_;

@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QtTest/QTest>
 
 namespace orv {
@@ -44,11 +45,14 @@ protected:
     void clickCell(int row, int column, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::mouseClick(grid.viewport(), Qt::LeftButton, modifiers, at(row, column));
     }
-    void drag(QPoint from, QPoint to) {
-        QTest::mousePress(grid.viewport(), Qt::LeftButton, Qt::NoModifier, from);
+    void moveTo(QPoint to) {
         QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
                          Qt::NoModifier);
         QApplication::sendEvent(grid.viewport(), &move);
+    }
+    void drag(QPoint from, QPoint to) {
+        QTest::mousePress(grid.viewport(), Qt::LeftButton, Qt::NoModifier, from);
+        moveTo(to);
         QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, to);
     }
     void clickHeader(int column) {
@@ -164,25 +168,74 @@ TEST_F(SheetSelectionTest, TheStatisticsAreThoseOfEachColumnOfTheSelection) {
     run({"2", "4", "4", "4", "5", "5", "7", "9", "?"});
     EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible());
     drag(at(0, 3), at(7, 4));
-    EXPECT_EQ(figures(1), "8|5|2.13809|2|9");
-    EXPECT_EQ(figures(2), "8|20|0|20|20");
+    EXPECT_EQ(figures(1), "8|5.00|2.14|2|9");
+    EXPECT_EQ(figures(2), "8|20.00|0.00|20|20");
     EXPECT_EQ(figures(3), "||||");
-    EXPECT_EQ(text("SheetStatisticsWhat"), "8 rows selected");
+    EXPECT_EQ(text("SheetStatisticsWhat"), "16 cells selected");
     EXPECT_EQ(find<QLabel>("SheetStatisticsMean1").accessibleName().toStdString(), "Mean of 100");
     clickCell(0, 3);
     EXPECT_TRUE(waitFor([this] { return find<QLabel>("SheetStatisticsHint").isVisible(); }, 1000))
         << "one number has no statistics";
     clickHeader(3);
-    EXPECT_EQ(figures(1), "8|5|2.13809|2|9") << "a line that could not be read is no row";
+    EXPECT_EQ(figures(1), "8|5.00|2.14|2|9") << "a line that could not be read is no row";
+    EXPECT_EQ(text("SheetStatisticsWhat"), "1 column selected");
+    clickCell(0, 0);
+    clickCell(2, 0, Qt::ShiftModifier);
+    waitFor([this] { return text("SheetStatisticsWhat") == "3 rows selected"; }, 1000);
+    EXPECT_EQ(figures(1), "3|3.33|1.15|2|4");
+    EXPECT_EQ(text("SheetStatisticsWhat"), "3 rows selected");
     program.clearAll();
     page.refreshNow();
     EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible());
 }
 
+TEST_F(SheetSelectionTest, NothingMovesUnderThePointerThatDrawsASelection) {
+    run({"10", "11", "12", "13", "14", "15", "16", "17", "18", "19"});
+    for (int row = 0; row < 50; ++row) {
+        receiveRow();
+    }
+    page.refreshNow();
+    grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
+    QCoreApplication::processEvents();
+    const QRect place = grid.geometry();
+    QTest::mousePress(grid.viewport(), Qt::LeftButton, Qt::NoModifier, at(50, 0));
+    for (int row = 51; row < 60; ++row) {
+        moveTo(at(row, 0));
+        pass(60); // the statistics follow
+        ASSERT_EQ(grid.geometry(), place) << row;
+    }
+    EXPECT_TRUE(find<QLabel>("SheetStatisticsWhat").isVisible());
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, at(59, 0));
+    EXPECT_EQ(grid.selectionModel()->selectedRows().size(), 10);
+    EXPECT_EQ(copied(Qt::ShiftModifier).substr(0, 3), "51\t");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(text("SheetNotice"), "10 rows copied.");
+    EXPECT_EQ(grid.geometry(), place);
+    clickCell(55, 3);
+    EXPECT_EQ(text("SheetNotice"), "");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(grid.geometry(), place);
+}
+
+TEST_F(SheetSelectionTest, CalculatedValuesHaveTheDecimalsThatTheirDeviationNeeds) {
+    connectAndRead();
+    for (const char* angle : {"0.00123", "0.00145", "-0.00101"}) {
+        rows.addRow({.date = QStringLiteral("11/21/26"),
+                     .time = QStringLiteral("1:00:00"),
+                     .values = {QString::fromLatin1(angle), QStringLiteral("2.5"), QStringLiteral("7.25"),
+                                QStringLiteral("30517")}});
+    }
+    page.refreshNow();
+    grid.selectAll();
+    EXPECT_EQ(figures(1), "3|0.00056|0.00136|-0.00101|0.00145");
+    EXPECT_EQ(figures(2), "3|2.50000|0.00000|2.50000|2.50000");
+    EXPECT_EQ(figures(4), "3|30517.00|0.00|30517|30517");
+}
+
 TEST_F(SheetSelectionTest, ASelectionStaysWhileRowsCome) {
     run({"10", "12"});
     clickHeader(3);
-    EXPECT_EQ(figures(1), "2|11|1.414214|10|12");
+    EXPECT_EQ(figures(1), "2|11.00|1.41|10|12");
     receiveRow();
     page.refreshNow();
     EXPECT_EQ(copied(), "100\n10\n12") << "what comes is not selected";
@@ -198,8 +251,8 @@ TEST_F(SheetSelectionTest, AllOfALongSheetIsComputedAtOnce) {
     }
     page.refreshNow();
     grid.selectAll();
-    EXPECT_EQ(figures(1), "20000|10000.5|5773.647|1|20000");
-    EXPECT_EQ(figures(4), "20000|4|0|4|4");
+    EXPECT_EQ(figures(1), "20000|10000.50|5773.65|1|20000");
+    EXPECT_EQ(figures(4), "20000|4.00|0.00|4|4");
 }
 
 TEST_F(SheetSelectionTest, ATextIsFoundForwardsAndBackwardsAndRoundTheEnd) {
@@ -257,7 +310,7 @@ TEST_F(SheetSelectionTest, WhatIsClearedIsBroughtBackByTheButton) {
     page.refreshNow();
     EXPECT_EQ(grid.model()->rowCount(), 2);
     EXPECT_FALSE(button("BringBack").isVisible());
-    EXPECT_FALSE(find<QLabel>("SheetNotice").isVisible());
+    EXPECT_EQ(text("SheetNotice"), "");
 }
 
 TEST_F(SheetSelectionTest, ASaveIsToldBelowTheSheetAndInTheTitle) {
@@ -282,7 +335,7 @@ TEST_F(SheetSelectionTest, WhatStandsBelowTheSheetDoesNotWidenTheWindow) {
     sheetState.saved = SavedRows{.count = 20000, .file = QString(300, u'x')};
     item("FindText").trigger();
     item("SelectAllCells").trigger();
-    EXPECT_EQ(figures(2), "2|20|0|20|20");
+    EXPECT_EQ(figures(2), "2|20.00|0.00|20|20");
     QCoreApplication::processEvents();
     EXPECT_EQ(window->minimumSizeHint().width(), width);
     EXPECT_LE(width, 782);

@@ -7,6 +7,9 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <cmath>
+
 namespace orv {
 
 namespace {
@@ -22,9 +25,25 @@ constexpr std::array<Figure, 5> figures{{{QT_TRANSLATE_NOOP("orv", "Count"), "Co
                                          {QT_TRANSLATE_NOOP("orv", "Minimum"), "Minimum"},
                                          {QT_TRANSLATE_NOOP("orv", "Maximum"), "Maximum"}}};
 
-QString figureText(double value) {
-    constexpr int digits = 7;
-    return std::isfinite(value) ? QString::number(value, 'g', digits) : QStringLiteral("-");
+constexpr int fewestDecimals = 2;
+constexpr int verticalSpacing = 2;
+
+/// Of mean and deviation: enough for three digits of the deviation; for as many of the numbers if there is none.
+int decimalsFor(const Statistics& numbers) {
+    constexpr int mostDecimals = 9;
+    const double deviation = numbers.deviation();
+    const double scale = deviation > 0.0 ? deviation : std::max(std::abs(numbers.minimum()), numbers.maximum());
+    return numbers.whole() || !(scale > 0.0)
+               ? fewestDecimals
+               : std::clamp(2 - static_cast<int>(std::floor(std::log10(scale))), fewestDecimals, mostDecimals);
+}
+
+QString figureText(double value, int decimals) {
+    constexpr double large = 1e12; // no instrument measures so much, but a file may hold it
+    if (!std::isfinite(value)) {
+        return QStringLiteral("-");
+    }
+    return std::abs(value) < large ? QString::number(value, 'f', decimals) : QString::number(value, 'g', 7);
 }
 
 } // namespace
@@ -39,7 +58,7 @@ StatisticsTable::StatisticsTable(const QString& name, const QString& hint)
     hint_->setForegroundRole(QPalette::PlaceholderText);
     hint_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     grid_->setContentsMargins(0, 0, 0, 0);
-    grid_->setVerticalSpacing(2);
+    grid_->setVerticalSpacing(verticalSpacing);
     grid_->setHorizontalSpacing(16);
     grid_->addWidget(what_, 0, 0);
     for (std::size_t figure = 0; figure < figureCount; ++figure) {
@@ -52,10 +71,16 @@ StatisticsTable::StatisticsTable(const QString& name, const QString& hint)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(hint_);
     layout->addWidget(table_);
+    layout->addStretch(1);
     table_->hide();
     if (hint.isEmpty()) {
         hide();
     }
+}
+
+void StatisticsTable::keepRoomFor(int lines) {
+    const int height = fontMetrics().height();
+    setMinimumHeight(height + lines * (height + verticalSpacing));
 }
 
 void StatisticsTable::addRow() {
@@ -78,6 +103,10 @@ void StatisticsTable::show(const QString& what, const std::vector<Line>& lines) 
         addRow();
     }
     what_->setText(what);
+    int decimals = fewestDecimals; // of what is not whole
+    for (const Line& line : lines) {
+        decimals = std::max(decimals, decimalsFor(line.numbers));
+    }
     for (std::size_t at = 0; at < rows_.size(); ++at) {
         const Row& row = rows_[at];
         const bool used = at < lines.size();
@@ -90,9 +119,11 @@ void StatisticsTable::show(const QString& what, const std::vector<Line>& lines) 
         }
         const auto& [name, numbers] = lines[at];
         row.name->setText(name);
-        const QString texts[] = {QString::number(numbers.count()), figureText(numbers.mean()),
-                                 figureText(numbers.deviation()), figureText(numbers.minimum()),
-                                 figureText(numbers.maximum())};
+        const int inside = numbers.whole() ? 0 : decimals;
+        const int computed = numbers.whole() ? fewestDecimals : decimals;
+        const QString texts[] = {QString::number(numbers.count()), figureText(numbers.mean(), computed),
+                                 figureText(numbers.deviation(), computed), figureText(numbers.minimum(), inside),
+                                 figureText(numbers.maximum(), inside)};
         for (std::size_t figure = 0; figure < figureCount; ++figure) {
             row.figures.at(figure)->setText(texts[figure]);
             row.figures.at(figure)->setAccessibleName(

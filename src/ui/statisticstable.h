@@ -15,7 +15,8 @@ class QLabel;
 namespace orv {
 
 /// Count, mean, standard deviation, minimum and maximum of some columns of numbers, a line each. Without any it says
-/// what to do for them, or is not there.
+/// what to do for them, or is not there. Figures that stand one above the other have as many decimals: two if all
+/// numbers are whole, else what the least deviation needs.
 class StatisticsTable final : public QWidget {
 public:
     struct Line {
@@ -25,6 +26,9 @@ public:
 
     /// `hint` is shown while there is no line.
     StatisticsTable(const QString& name, const QString& hint);
+
+    /// Keeps the room of so many lines, also while there are fewer: nothing moves when they come and go.
+    void keepRoomFor(int lines);
 
     /// `what` says which rows these are; it stands over the names.
     void show(const QString& what, const std::vector<Line>& lines);
