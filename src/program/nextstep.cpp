@@ -31,7 +31,7 @@ Words collecting(const RunProgress& progress) {
     return step;
 }
 
-Words underWay(Activity activity, const Link& link, const RunProgress& progress) {
+Words underWay(Activity activity, const Link& link, const SettingsState& settings, const RunProgress& progress) {
     switch (activity) {
     case Activity::Connecting:
         return connecting(link);
@@ -44,7 +44,8 @@ Words underWay(Activity activity, const Link& link, const RunProgress& progress)
     case Activity::Sending:
         return Words::tr("Sending the settings.");
     case Activity::SettingClock:
-        return Words::tr("Setting the instrument's clock.");
+        return settings.secondsToFullMinute == 0 ? Words::tr("Setting the instrument's clock.")
+                                                 : Words::tr("%1 Reset stops it.").arg(settings.fullMinuteWait());
     case Activity::ResettingShutter:
         return Words::tr("Moving the shutter.");
     case Activity::None:
@@ -68,13 +69,13 @@ Words atRest(const Link& link, const SheetState& sheet) {
                : Words::tr("Press Run to collect. Reset ends a run.");
 }
 
-Words sentence(const Link& link, const SheetState& sheet, const RunProgress& progress) {
+Words sentence(const Link& link, const SettingsState& settings, const SheetState& sheet, const RunProgress& progress) {
     const CommandState& commands = link.session.commands;
     if (commands.asking) {
         return Words::tr("A question waits for your answer.");
     }
     if (const Activity activity = commands.activity; activity != Activity::None) {
-        return underWay(activity, link, progress);
+        return underWay(activity, link, settings, progress);
     }
     if (Words failure = link.session.status.failure; !failure.isEmpty()) {
         return failure;
@@ -87,8 +88,9 @@ Words sentence(const Link& link, const SheetState& sheet, const RunProgress& pro
 
 } // namespace
 
-NextStep::NextStep(const Link& link, const SheetState& sheet, const RunProgress& progress) {
-    text.setBinding([&link, &sheet, &progress] { return sentence(link, sheet, progress); });
+NextStep::NextStep(const Link& link, const SettingsState& settings, const SheetState& sheet,
+                   const RunProgress& progress) {
+    text.setBinding([&link, &settings, &sheet, &progress] { return sentence(link, settings, sheet, progress); });
 }
 
 } // namespace orv

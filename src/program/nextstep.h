@@ -11,7 +11,7 @@ namespace orv {
 /// and why a connection failed. Made in one place, as CommandState is; the screens show it and nothing else says it.
 class NextStep {
 public:
-    NextStep(const Link& link, const SheetState& sheet, const RunProgress& progress);
+    NextStep(const Link& link, const SettingsState& settings, const SheetState& sheet, const RunProgress& progress);
     NextStep(const NextStep&) = delete;
     NextStep& operator=(const NextStep&) = delete;
 

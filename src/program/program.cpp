@@ -19,7 +19,7 @@ Program::Program(const Surroundings& surroundings)
     , calibration(link, sheet.data, sheet.shown)
     , shutter(link, settings.shown, settings.reader, settings.sender)
     , progress(link.session, settings.shown, sheet.run, sheet.download, surroundings.freeSpace)
-    , nextStep(link, sheet.shown, progress)
+    , nextStep(link, settings.shown, sheet.shown, progress)
     , subscriptions_{link.timer.tick.subscribe([this] { tick(); }),
                      link.connection.aboutToClose.subscribe([this] { closeRecordFile(); }),
                      link.connection.identified.subscribe([this] { forgetToldErrors(); }),

@@ -71,8 +71,8 @@ QString asOptions(const LoggerSettings& settings) {
         const QString value = setting.flag == nullptr  ? settings.*setting.number
                               : settings.*setting.flag ? QStringLiteral("true")
                                                        : QStringLiteral("false");
-        options
-            << QStringLiteral("--set %1=%2").arg(QLatin1String(setting.name), value.isEmpty() ? QStringLiteral("0") : value);
+        options << QStringLiteral("--set %1=%2")
+                       .arg(QLatin1String(setting.name), value.isEmpty() ? QStringLiteral("0") : value);
     }
     return options.join(u' ');
 }
@@ -100,6 +100,11 @@ Words captionsOf(const SettingSet& settings) {
         }
     }
     return join(captions, QStringLiteral(", "));
+}
+
+Words SettingsState::fullMinuteWait() const {
+    const int seconds = secondsToFullMinute;
+    return seconds == 0 ? Words() : Words::tr("Waiting for the full minute: %1 s.").arg(seconds);
 }
 
 std::array<SamplingPreset, 4> samplingPresets(bool glow) {

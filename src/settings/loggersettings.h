@@ -107,10 +107,23 @@ struct SettingsState {
     QProperty<QString> capacity;         ///< "Logger Capacity (% full)".
     QProperty<QString> memoryPointer;    ///< What it is computed from.
     QProperty<bool> syncTimeDate{false}; ///< "Sync Time/Date".
+    /// It has been ticked, and the clock of this connection's instrument has not been set since.
+    QProperty<bool> syncPending{false};
     /// The clock is set when a minute of the computer's clock begins, so that its seconds are right.
     QProperty<bool> atFullMinute{false};
     QProperty<QString> fullMinute;         ///< When it will be set so, "9:31:00 AM"; empty unless that is under way.
     QProperty<int> secondsToFullMinute{0}; ///< As long is waited for it; 0 once date and time are typed.
+    /// The clock is not as "Sync Time/Date" wants it; never while no report is known.
+    bool syncUnsent() const { return reported.value().has_value() && syncPending; }
+    /// "Waiting for the full minute: 46 s."; empty unless that is so.
+    Words fullMinuteWait() const;
+
+    /// How the clock was set last on this connection.
+    enum class ClockSet { NotYet, ToTheMinute, AtFullMinute };
+    ClockSet clockSet = ClockSet::NotYet;
+    /// The same in a sentence: "The instrument's clock was set ..."; empty if it was not. How far off it is is as last
+    /// read, or, before that, as computed.
+    QProperty<Words> clockSetting;
     QProperty<QString> computerDate;
     QProperty<QString> computerTime;
     QProperty<QString> loggerDate{StatusState::unknownLong()};

@@ -184,7 +184,8 @@ TEST_F(FullMinuteTest, TheLastDigitIsWrittenAsTheMinuteBegins) {
     });
     EXPECT_EQ(digits(), "U0105990931P");
     EXPECT_EQ(lastDigit, QDateTime(QDate(1999, 1, 5), QTime(9, 31)));
-    EXPECT_EQ(status.notice.value().toStdString(), "The instrument's clock was set at the full minute.");
+    EXPECT_EQ(status.notice.value().toStdString(),
+              "The instrument's clock was set at the full minute and is within 2 s of this computer's.");
     ASSERT_EQ(left.size(), 42U);
     EXPECT_EQ(left[0], 45);
     EXPECT_EQ(left[1], 44);
@@ -241,7 +242,8 @@ TEST_F(FullMinuteTest, ALateInstrumentIsSetAsSoonAsItAnswers) {
     set("9:30:40");
     EXPECT_EQ(digits(), "U0105990931P");
     EXPECT_EQ(lastWrite, QDateTime(QDate(1999, 1, 5), QTime(9, 31, 2, 500)));
-    EXPECT_TRUE(status.notice.value().contains(QStringLiteral("is 2 s behind"))) << qPrintable(status.notice.value());
+    EXPECT_EQ(status.notice.value().toStdString(),
+              "The instrument's clock was set to the minute and is within 2 s of this computer's.");
 }
 
 TEST_F(FullMinuteTest, NothingIsSetWhenTheConnectionEndsBefore) {
@@ -258,8 +260,46 @@ TEST_F(FullMinuteTest, SettingsAreSentBeforeTheWait) {
     live(10);
     EXPECT_EQ(writes.size(), 10U);
     EXPECT_EQ(settings.secondsToFullMinute.value(), 35);
-    live(40);
+    EXPECT_FALSE(progress.visible.value()) << "nothing goes on that it could show";
+    EXPECT_EQ(status.status.value().toStdString(), "Waiting");
+    EXPECT_EQ(settings.fullMinuteWait().toStdString(), "Waiting for the full minute: 35 s.");
+    EXPECT_EQ(program.nextStep.text.value().toStdString(), "Waiting for the full minute: 35 s. Reset stops it.");
+    EXPECT_EQ(settings.computerTime.value().toStdString(), "9:30:25 AM");
+    live(1);
+    EXPECT_EQ(settings.computerTime.value().toStdString(), "9:30:26 AM") << "no tick shows it";
+    live(39);
+    EXPECT_EQ(status.status.value().toStdString(), "Ready");
     EXPECT_EQ(written().mid(10).join(), "U0105990931PP");
+}
+
+TEST_F(FullMinuteTest, HowTheClockStandsIsSaidAsItWasReadLast) {
+    const auto read = [this](int secondsBehind) {
+        const QDateTime then = clock.now().addSecs(-secondsBehind);
+        const int count = then.time().msecsSinceStartOfDay() / 1000 * 3 / 4; // 64800 are a day
+        program.settings.clock.checktime(then.date().toString(QStringLiteral("MM/dd/yy")) + u'\t' +
+                                         QString::number(count));
+    };
+    const auto said = [this] { return settings.clockSetting.value().toStdString(); };
+    read(100);
+    EXPECT_EQ(said(), "") << "it was not set";
+    settings.atFullMinute = false;
+    set("9:30:40");
+    EXPECT_EQ(said(), "The instrument's clock was set to the minute and is 41 s behind: the command carries no "
+                      "seconds.");
+    read(44);
+    EXPECT_EQ(said(), "The instrument's clock was set to the minute and is 45 s behind: the command carries no "
+                      "seconds.");
+    EXPECT_EQ(status.notice.value().toStdString(), said());
+    EXPECT_EQ(clockOffsetInWords(*status.clockOffset.value()).toStdString(), "45 s behind this computer's");
+    read(1);
+    EXPECT_EQ(said(), "The instrument's clock was set to the minute and is within 2 s of this computer's.");
+    status.notice = QStringLiteral("Another remark.");
+    read(44);
+    EXPECT_EQ(status.notice.value().toStdString(), "Another remark.");
+    status.notice = settings.clockSetting.value();
+    program.closePort();
+    EXPECT_EQ(said(), "");
+    EXPECT_EQ(status.notice.value(), QString());
 }
 
 class SettingsCommandsTest : public SendingTest {};

@@ -16,6 +16,9 @@ namespace {
 constexpr int memoryPointerCode = 11;
 constexpr qint16 giveUpAtCall = 150;
 
+/// In seconds, rounded up: the instrument's clock ticks every 4/3 s.
+constexpr qint64 clockTick = 2;
+
 /// After so many milliseconds without a line the status says so.
 constexpr qint64 silenceLimit = 10'000;
 
@@ -54,6 +57,12 @@ SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressStat
     , closing_(link_.connection.aboutToClose.subscribe([this] {
         prefsState = 0;
         settings_.sent.reset();
+        settings_.clockSet = SettingsState::ClockSet::NotYet;
+        if (link_.session.status.notice.value() == settings_.clockSetting.value()) {
+            link_.session.status.notice = Words();
+        }
+        settings_.clockSetting = Words();
+        settings_.syncPending = settings_.syncTimeDate.value();
         progress_.visible = false;
     })) {}
 
@@ -229,15 +238,32 @@ void SettingsReader::giveUp() {
 }
 
 Words clockOffsetInWords(qint64 secondsAhead) {
-    constexpr qint64 tick = 2; // it ticks every 4/3 s
-    constexpr qint64 minute = 60;
     const qint64 off = std::abs(secondsAhead);
-    if (off <= tick) {
-        return Words::tr("as this computer's");
+    if (off <= clockTick) {
+        return Words::tr("within %1 s of this computer's").arg(clockTick);
     }
     const Words text =
         secondsAhead < 0 ? Words::tr("%1 behind this computer's") : Words::tr("%1 ahead of this computer's");
-    return text.arg(durationInWords(off)) + (off > minute ? Words::tr(". Sync Time/Date sets it.") : Words());
+    return text.arg(durationInWords(off));
+}
+
+void tellClockSetting(SettingsState& settings, StatusState& status, qint64 secondsAhead) {
+    Words sentence;
+    if (settings.clockSet == SettingsState::ClockSet::AtFullMinute) {
+        sentence = Words::tr("The instrument's clock was set at the full minute and is %1.")
+                       .arg(clockOffsetInWords(secondsAhead));
+    } else if (secondsAhead < -clockTick) {
+        sentence = Words::tr("The instrument's clock was set to the minute and is %1 behind: the command carries "
+                             "no seconds.")
+                       .arg(durationInWords(-secondsAhead));
+    } else {
+        sentence =
+            Words::tr("The instrument's clock was set to the minute and is %1.").arg(clockOffsetInWords(secondsAhead));
+    }
+    if (status.notice.value() == settings.clockSetting.value()) {
+        status.notice = sentence;
+    }
+    settings.clockSetting = sentence;
 }
 
 ClockDisplay::ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings)
@@ -290,7 +316,11 @@ void ClockDisplay::show(const QString& dateText, const QString& timeText) {
     session_.status.date = shortDate(*date);
     settings_.loggerDate = shortDate(*date);
     session_.status.time = time;
-    session_.status.clockOffset = secondsAhead(*date, timeOfClock, session_.clock.now());
+    const qint64 ahead = secondsAhead(*date, timeOfClock, session_.clock.now());
+    session_.status.clockOffset = ahead;
+    if (settings_.clockSet != SettingsState::ClockSet::NotYet) {
+        tellClockSetting(settings_, session_.status, ahead);
+    }
     settings_.loggerTime = time;
     session_.state.Ctrlscrn = Operation::SettingsOpen;
 }

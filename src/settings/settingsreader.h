@@ -49,8 +49,11 @@ private:
 };
 
 /// How the instrument's clock stands, by the seconds that it is ahead of the computer's: "43 s behind this computer's".
-/// Beyond a minute it also says what to do.
 Words clockOffsetInWords(qint64 secondsAhead);
+
+/// Says of a clock that has been set, by the seconds that it is ahead of the computer's, how it stands: in
+/// `clockSetting` and as the remark beside the status, unless another one has come since.
+void tellClockSetting(SettingsState& settings, StatusState& status, qint64 secondsAhead);
 
 /// Shows the instrument's clock from its reply (date, TAB, time count; 64800 counts are one day) on the main
 /// window and the settings screen, and moves the operation code to 2. A reply of fewer than 10 characters is not a

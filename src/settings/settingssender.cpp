@@ -132,7 +132,9 @@ SettingsSender::SettingsSender(Link& link, SettingsState& settings, ProgressStat
     : link_(link)
     , settings_(settings)
     , progress_(progress)
-    , dialogue_(link, settings, progress) {}
+    , dialogue_(link, settings, progress)
+    , ticked_(
+          settings.syncTimeDate.addNotifier([&settings] { settings.syncPending = settings.syncTimeDate.value(); })) {}
 
 Task<SettingsSender::Outcome> SettingsSender::setprefs() {
     return converse(&SettingsSender::talk);
@@ -240,11 +242,10 @@ Task<> SettingsSender::typeClock() {
     co_await typed(time, minute.has_value());
     // The instrument begins that minute with its last digit.
     const qint64 lost = set.time().second() + set.secsTo(link_.session.clock.now());
-    link_.session.status.notice =
-        lost <= 0 ? Words::tr("The instrument's clock was set at the full minute.")
-                  : Words::tr("The instrument's clock was set to the minute and is %1 behind: the command carries "
-                              "no seconds.")
-                        .arg(durationInWords(lost));
+    settings_.clockSet = lost <= 0 ? SettingsState::ClockSet::AtFullMinute : SettingsState::ClockSet::ToTheMinute;
+    tellClockSetting(settings_, link_.session.status, -lost);
+    link_.session.status.notice = settings_.clockSetting.value();
+    settings_.syncPending = false;
 }
 
 /// Waits until the dialogue has to begin whose end sets the clock at a full minute, which is returned. Nothing, and no
@@ -257,6 +258,7 @@ Task<std::optional<QDateTime>> SettingsSender::awaitFullMinute() {
         co_return std::nullopt;
     }
     const Clock& clock = link_.session.clock;
+    const Words statusBefore = link_.session.status.status;
     const qint64 until = clock.monotonicMilliseconds() + minute;
     QDateTime target;
     while (true) {
@@ -264,19 +266,24 @@ Task<std::optional<QDateTime>> SettingsSender::awaitFullMinute() {
         if (!target.isValid() || begin.msecsTo(target) > minute || begin.msecsTo(target) < -second) {
             target = begin.addMSecs((minute - begin.toMSecsSinceEpoch() % minute) % minute);
         }
+        settings_.computerTime = clockText(clock.now().time()); // no tick shows it meanwhile
+        settings_.computerDate = shortDate(clock.now().date());
         const qint64 left = begin.msecsTo(target);
         if (left <= 0) {
             break;
         }
         if (clock.monotonicMilliseconds() + left > until) {
-            settings_.computerDate = shortDate(clock.now().date());
+            link_.session.status.status = statusBefore;
             co_return std::nullopt;
         }
+        progress_.visible = false; // it would stand whole, over what tells how long this takes
+        link_.session.status.status = Words::tr("Waiting");
         settings_.fullMinute = clockText(target.time());
         settings_.secondsToFullMinute = static_cast<int>((left + clockDialogue + second - 1) / second);
         co_await link_.waits.pause((left - 1) % second + 1);
     }
     settings_.secondsToFullMinute = 0;
+    link_.session.status.status = statusBefore;
     link_.ports.discardInput(); // a prompt that came meanwhile answers nothing
     co_return target;
 }

@@ -124,6 +124,7 @@ private:
     SettingsState& settings_;
     ProgressState& progress_;
     PromptDialogue dialogue_;
+    QPropertyNotifier ticked_;
 };
 
 /// The six flags as the instrument takes them, "0" or "1" each.

@@ -127,6 +127,41 @@ TEST_F(SettingsExchangeTest, ChangedBoxesAreMarkedUntilTheyAreSent) {
     EXPECT_TRUE(exchange().starts_with("Sent and read back at ")) << exchange();
 }
 
+TEST_F(SettingsExchangeTest, AClockThatIsToBeSetIsMarkedUntilItWasAndThenSaidToBeSetAgain) {
+    const auto isMarked = [this] {
+        const auto& mark = find<QLabel>("SyncTimeDateUnsent");
+        return mark.isVisibleTo(mark.parentWidget());
+    };
+    report();
+    EXPECT_FALSE(isMarked());
+    openSettings("Time and Date");
+    find<QCheckBox>("AtFullMinute").click();
+    EXPECT_TRUE(isMarked());
+    EXPECT_EQ(exchange(), "Changed and not sent yet: Sync Time/Date");
+    find<QCheckBox>("Append").click();
+    EXPECT_EQ(exchange(), "Changed and not sent yet: Append, Sync Time/Date");
+    find<QCheckBox>("Append").click();
+    com1.written = [this](const QByteArray& item) {
+        com1.input += item == "P" || item == "C" ? QByteArray() : item + '.';
+    };
+    clock.set(QDateTime(QDate(2026, 11, 21), QTime(9, 30, 10)));
+    click("ApplySettings");
+    live(4.0);
+    EXPECT_EQ(exchange(), "Waiting for the full minute: 46 s.");
+    EXPECT_FALSE(progress.visible.value());
+    live(56.0);
+    finish();
+    report();
+    EXPECT_FALSE(isMarked());
+    EXPECT_TRUE(exchange().starts_with("Sent and read back at ")) << exchange();
+    EXPECT_TRUE(exchange().ends_with("Sync Time/Date is still ticked: \"Apply Settings\" sets the clock again."))
+        << exchange();
+    find<QCheckBox>("SyncTimeDate").click();
+    EXPECT_FALSE(QString::fromStdString(exchange()).contains(QLatin1String("Sync"))) << exchange();
+    find<QCheckBox>("SyncTimeDate").click();
+    EXPECT_TRUE(isMarked());
+}
+
 TEST_F(SettingsExchangeTest, WhatIsTypedWhileTheReportComesIsNotTheInstruments) {
     const QByteArray whole = settingsReport("60");
     report(whole.left(whole.indexOf("D24")));

@@ -58,16 +58,21 @@ QGridLayout* makeGrid(int horizontalSpacing, int verticalSpacing, QWidget* page 
     return grid;
 }
 
-/// Stands beside the box of a setting while it is not as the instrument has reported it.
-QLabel* makeUnsentMark(SettingsPage* page, const Setting& setting, const SettingsState& shown) {
-    QLabel* mark =
-        makeTextLabel(QLatin1String(setting.control) + QLatin1String("Unsent"), setting.plainCaption().shown());
+/// Stands beside a box while what it says is not sent.
+QLabel* makeMark(SettingsPage* page, const QString& control, const QString& caption) {
+    QLabel* mark = makeTextLabel(control + QLatin1String("Unsent"), caption);
     mark->setText(Screen::tr("not sent"));
     mark->setForegroundRole(QPalette::Link);
     QSizePolicy keepsItsRoom = mark->sizePolicy();
     keepsItsRoom.setRetainSizeWhenHidden(true);
     mark->setSizePolicy(keepsItsRoom);
     mark->setParent(page);
+    return mark;
+}
+
+/// The same beside the box of a setting that is not as the instrument has reported it.
+QLabel* makeUnsentMark(SettingsPage* page, const Setting& setting, const SettingsState& shown) {
+    QLabel* mark = makeMark(page, QLatin1String(setting.control), setting.plainCaption().shown());
     const auto show = [mark, &setting, &shown] { mark->setVisible(shown.unsent().test(placeOf(setting))); };
     page->bindings.bind(shown.record, [show](const LoggerSettings&) { show(); });
     page->bindings.bind(shown.reported, [show](const std::optional<LoggerSettings>&) { show(); });
@@ -163,6 +168,32 @@ QGroupBox* makeClock(SettingsPage* page, const QString& title, const char* name,
     return box;
 }
 
+/// When the clock will be set, else how it was set, else what the two boxes do.
+QLabel* makeClockLine(SettingsPage* page, const SettingsState& shown) {
+    QLabel* line = makeValueLabel("FullMinuteCountdown", Screen::tr("Setting the clock"));
+    line->setWordWrap(true);
+    const auto tell = [line, &shown](auto&&) {
+        const int seconds = shown.secondsToFullMinute;
+        if (seconds > 0) {
+            line->setText(
+                Screen::tr("The clock is set at %1, in %2 s.").arg(shown.fullMinute.value(), QString::number(seconds)));
+        } else if (shown.clockSetting.value().isEmpty()) {
+            line->setText(Screen::tr("\"Sync Time/Date\" alone leaves the clock up to 59 s behind: the command "
+                                     "carries no seconds. \"At the full "
+                                     "minute\" waits until a minute begins, so that the seconds are right too."));
+        } else {
+            line->setText(
+                shown.clockSet == SettingsState::ClockSet::AtFullMinute
+                    ? shown.clockSetting.value().shown()
+                    : Screen::tr("%1 \"At the full minute\" sets it right.").arg(shown.clockSetting.value().shown()));
+        }
+    };
+    page->bindings.bind(shown.fullMinute, tell);
+    page->bindings.bind(shown.secondsToFullMinute, tell);
+    page->bindings.bind(shown.clockSetting, tell);
+    return line;
+}
+
 } // namespace
 
 QWidget* makeTimeAndDatePage(Program& program) {
@@ -187,30 +218,35 @@ QWidget* makeTimeAndDatePage(Program& program) {
     sync->setToolTip(Screen::tr("This tells the Host to set the Loggers Time and Date to that of the Computer. "
                                 "(Updated after send settings)"));
     bindChecked(page->bindings, sync, shown.syncTimeDate);
+    QLabel* mark = makeMark(page, sync->objectName(), Screen::tr("Sync Time/Date"));
+    const auto showMark = [mark, &shown](auto&&) { mark->setVisible(shown.syncUnsent()); };
+    page->bindings.bind(shown.syncPending, showMark);
+    page->bindings.bind(shown.reported, showMark);
     auto* fullMinute = new QCheckBox(Screen::tr("At the full &minute"));
     fullMinute->setObjectName(QStringLiteral("AtFullMinute"));
     fullMinute->setToolTip(
         Screen::tr("Waits until a minute begins, so that the Loggers seconds are right too: it takes "
                    "hour and minute only."));
     bindChecked(page->bindings, fullMinute, shown.atFullMinute);
-    bindEnabled(page->bindings, fullMinute, shown.syncTimeDate);
-    QLabel* countdown = makeValueLabel("FullMinuteCountdown", Screen::tr("When the clock will be set"));
-    const auto count = [countdown, &shown](auto&&) {
-        const int seconds = shown.secondsToFullMinute;
-        countdown->setText(seconds == 0 ? QString()
-                                        : Screen::tr("The clock is set at %1, in %2 s.")
-                                              .arg(shown.fullMinute.value(), QString::number(seconds)));
-    };
-    page->bindings.bind(shown.fullMinute, count);
-    page->bindings.bind(shown.secondsToFullMinute, count);
+    // One click is enough for either wish.
+    QObject::connect(fullMinute, &QCheckBox::toggled, page,
+                     [&shown](bool on) { shown.syncTimeDate = shown.syncTimeDate || on; });
+    QObject::connect(sync, &QCheckBox::toggled, page,
+                     [&shown](bool on) { shown.atFullMinute = shown.atFullMinute && on; });
+    QLabel* line = makeClockLine(page, shown);
 
     auto* layout = makeGrid(16, 16, page);
     layout->addWidget(display, 0, 0, 1, 2, Qt::AlignLeft);
     layout->addWidget(computer, 1, 0);
     layout->addWidget(logger, 1, 1);
-    layout->addWidget(sync, 2, 0, Qt::AlignLeft);
+    auto* syncRow = new QHBoxLayout;
+    syncRow->setSpacing(16);
+    syncRow->addWidget(sync);
+    syncRow->addWidget(mark);
+    syncRow->addStretch(1);
+    layout->addLayout(syncRow, 2, 0);
     layout->addWidget(fullMinute, 2, 1, Qt::AlignLeft);
-    layout->addWidget(countdown, 3, 0, 1, 2, Qt::AlignLeft);
+    layout->addWidget(line, 3, 0, 1, 2);
     layout->setColumnStretch(0, 1);
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(4, 1);

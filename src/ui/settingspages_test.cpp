@@ -113,18 +113,25 @@ TEST_F(SettingsPagesTest, CheckBoxesAreTheRecord) {
 TEST_F(SettingsPagesTest, TheFullMinuteCanBeWaitedForWhereTheClockIsSet) {
     auto& box = find<QCheckBox>("AtFullMinute");
     EXPECT_FALSE(box.isChecked());
-    EXPECT_FALSE(box.isEnabled()) << "nothing is set";
-    settings.syncTimeDate = true;
-    EXPECT_TRUE(box.isEnabled());
     box.click();
     EXPECT_TRUE(settings.atFullMinute.value());
+    EXPECT_TRUE(settings.syncTimeDate.value()) << "it is a way to set the clock";
+    find<QCheckBox>("SyncTimeDate").click();
+    EXPECT_FALSE(box.isChecked()) << "nothing is set";
+    box.click();
     const auto& countdown = find<QLabel>("FullMinuteCountdown");
-    EXPECT_EQ(countdown.text().toStdString(), "");
+    const std::string explanation = countdown.text().toStdString();
+    EXPECT_TRUE(explanation.starts_with("\"Sync Time/Date\" alone leaves the clock ")) << explanation;
     settings.fullMinute = QStringLiteral("9:31:00 AM");
     settings.secondsToFullMinute = 45;
     EXPECT_EQ(countdown.text().toStdString(), "The clock is set at 9:31:00 AM, in 45 s.");
     settings.secondsToFullMinute = 0;
-    EXPECT_EQ(countdown.text().toStdString(), "");
+    settings.clockSet = SettingsState::ClockSet::ToTheMinute;
+    settings.clockSetting = QStringLiteral("It was set.");
+    EXPECT_EQ(countdown.text().toStdString(), "It was set. \"At the full minute\" sets it right.");
+    settings.clockSet = SettingsState::ClockSet::AtFullMinute;
+    settings.clockSetting = QStringLiteral("It was set right.");
+    EXPECT_EQ(countdown.text().toStdString(), "It was set right.");
 }
 
 TEST_F(SettingsPagesTest, NumberBoxesAreTheRecord) {

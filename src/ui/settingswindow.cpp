@@ -115,19 +115,38 @@ QWidget* SettingsWindow::makePlaceholder() {
     return placeholder;
 }
 
-/// A line below every tab: what is not sent yet, else how the last sending or reading went.
+/// A line below every tab: what is waited for, else what is not sent yet, else how the last sending or reading went.
 QWidget* SettingsWindow::makeExchange() {
     auto* line = makeTextLabel("SettingsExchange", Screen::tr("Settings"));
     line->setWordWrap(true);
+    line->setMinimumHeight(2 * line->fontMetrics().lineSpacing()); // of most texts, so that nothing moves
     const SettingsState& shown = program_.settings.shown;
-    const auto tell = [line, &shown] {
-        const SettingSet unsent = shown.unsent();
-        line->setText(unsent.none() ? shown.exchange.value().shown()
-                                    : Screen::tr("Changed and not sent yet: %1").arg(captionsOf(unsent).shown()));
+    const QProperty<Activity>& activity = program_.link.session.commands.activity;
+    const auto tell = [line, &shown, &activity](auto&&) {
+        const QString sync = Screen::tr("Sync Time/Date");
+        QString unsent = captionsOf(shown.unsent()).shown();
+        if (shown.syncUnsent()) {
+            unsent += unsent.isEmpty() ? sync : QStringLiteral(", %1").arg(sync);
+        }
+        if (shown.secondsToFullMinute > 0) {
+            line->setText(shown.fullMinuteWait().shown());
+        } else if (!unsent.isEmpty() && activity != Activity::Sending && activity != Activity::SettingClock) {
+            line->setText(Screen::tr("Changed and not sent yet: %1").arg(unsent));
+        } else if (shown.syncTimeDate && !shown.syncPending && activity == Activity::None) {
+            const QString exchange = shown.exchange.value().shown();
+            line->setText(Screen::tr("%1 %2 is still ticked: \"Apply Settings\" sets the clock again.")
+                              .arg(exchange.endsWith(u'.') ? exchange : exchange + u'.', sync));
+        } else {
+            line->setText(shown.exchange.value().shown());
+        }
     };
-    bindings_.bind(shown.record, [tell](const LoggerSettings&) { tell(); });
-    bindings_.bind(shown.reported, [tell](const std::optional<LoggerSettings>&) { tell(); });
-    bindings_.bind(shown.exchange, [tell](const Words&) { tell(); });
+    bindings_.bind(shown.record, tell);
+    bindings_.bind(shown.reported, tell);
+    bindings_.bind(shown.exchange, tell);
+    bindings_.bind(shown.syncTimeDate, tell);
+    bindings_.bind(shown.syncPending, tell);
+    bindings_.bind(shown.secondsToFullMinute, tell);
+    bindings_.bind(activity, tell);
     return line;
 }
 

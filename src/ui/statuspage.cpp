@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace orv {
 
@@ -206,7 +207,11 @@ QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
              status.bufferCount);
     counted->addRow(Screen::tr("Clock"), clock);
     bindings_.bind(status.clockOffset, [clock](const std::optional<qint64>& ahead) {
-        clock->setText(ahead ? clockOffsetInWords(*ahead).shown() : StatusState::unknownShort());
+        constexpr qint64 tooMuch = 60;
+        const QString words = ahead ? clockOffsetInWords(*ahead).shown() : StatusState::unknownShort();
+        clock->setText(std::abs(ahead.value_or(0)) <= tooMuch
+                           ? words
+                           : Screen::tr("%1. \"At the full minute\" sets it.").arg(words));
     });
     bindings_.bind(status.instrument, [instrument](InstrumentType type) { instrument->setText(instrumentName(type)); });
     return box;

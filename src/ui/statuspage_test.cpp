@@ -254,12 +254,12 @@ TEST_F(StatusPageTest, ShowsHowFarARunHasCome) {
 TEST_F(StatusPageTest, SaysHowTheInstrumentsClockStands) {
     EXPECT_EQ(text("ClockOffset"), "________");
     const std::pair<int, const char*> sayings[] = {
-        {0, "as this computer's"},
-        {-2, "as this computer's"},
+        {0, "within 2 s of this computer's"},
+        {-2, "within 2 s of this computer's"},
         {-43, "43 s behind this computer's"},
         {12, "12 s ahead of this computer's"},
         {-60, "1 min 0 s behind this computer's"},
-        {-61, "1 min 1 s behind this computer's. Sync Time/Date sets it."},
+        {-61, "1 min 1 s behind this computer's. \"At the full minute\" sets it."},
     };
     for (const auto& [ahead, saying] : sayings) {
         status.clockOffset = ahead;
