@@ -111,7 +111,7 @@ void RunProgress::look() {
         if (between) {
             parts << Words::tr("%1 left").arg(durationInWords(std::llround((rowsOfBlock_ - count) * *between)));
         }
-    } else {
+    } else if (session_.commands.activity == Activity::Downloading) {
         parts << (rows_ == 1 ? Words::tr("1 row") : Words::tr("%1 rows").arg(rows_));
     }
     text = join(parts, QStringLiteral(", "));

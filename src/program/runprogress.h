@@ -21,7 +21,8 @@ public:
     RunProgress(const RunProgress&) = delete;
     RunProgress& operator=(const RunProgress&) = delete;
 
-    /// "12 s, 1.0 rows/s, 12 of 60, 48 s left"; of a block without end "2 min 31 s, 8.0 rows/s, 1208 rows".
+    /// "12 s, 1.0 rows/s, 12 of 60, 48 s left"; of a block without end "2 min 31 s, 8.0 rows/s": how many rows there
+    /// are the sheet tells, more often; of a download "2 s, 27 rows/s, 53 rows".
     QProperty<Words> text;
     /// "No row for 8 s", once a row is late by three of the intervals in which rows came; empty while they come.
     QProperty<Words> late;

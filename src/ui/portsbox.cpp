@@ -363,9 +363,7 @@ void PortsBox::addPort(QGridLayout& layout, int portNumber) {
 
 void PortsBox::addNextStep(QGridLayout& layout) {
     constexpr int row = 4;
-    auto* step = makeValueLabel("NextStep", Screen::tr("Next step"));
-    step->setWordWrap(true);
-    step->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    auto* step = new SteadyLabel(makeValueLabel("NextStep", Screen::tr("Next step")), 2);
     auto* simulation = makeButton(
         Screen::tr("&Try a Simulated Instrument"), "TrySimulation", [this] { program_.trySimulation(); },
         Screen::tr("Chooses a simulated scattering meter for COM 1 and connects: everything can be tried without an "

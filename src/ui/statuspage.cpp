@@ -28,11 +28,10 @@ void fit(QLabel& value, const QString& text) {
     value.setFixedSize(2 * valueMargin + width, metrics.height() + valueMargin);
 }
 
-/// The newest row of the sheet in large figures, to be read from a few steps away. Drawn about four times a second
-/// while rows come, and not at all while hidden.
+/// The newest row of the sheet in large figures, to be read from a few steps away. Drawn with the counts of the page.
 class NewestRowScreen final : public QGroupBox {
 public:
-    explicit NewestRowScreen(const Program& program);
+    NewestRowScreen(const Program& program, LateTexts& counts);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -44,21 +43,20 @@ private:
     std::vector<QLabel*> captions_;
     std::vector<QLabel*> values_;
     QLabel* empty_;
-    Redrawing redrawing_;
     Bindings bindings_;
 };
 
-NewestRowScreen::NewestRowScreen(const Program& program)
+NewestRowScreen::NewestRowScreen(const Program& program, LateTexts& counts)
     : QGroupBox(Screen::tr("Newest row"))
     , sheet_(program.sheet.data)
-    , empty_(new QLabel(Screen::tr("No rows yet. Connect, then press Run.")))
-    , redrawing_(this, LateTexts::delay, [this] { draw(); }) {
+    , empty_(makeTextLabel("NoRowsYet", {})) {
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(32);
     grid->addWidget(empty_, 0, 0, 1, columnsAcross);
     for (int column = 0; column < DataSheet::columnCount; ++column) {
         auto* caption = new QLabel;
         auto* value = new QLabel;
+        value->setObjectName(QStringLiteral("NewestValue%1").arg(column));
         enlarge(value, 1.9);
         value->setTextFormat(Qt::PlainText);
         fit(*value, QString());
@@ -76,7 +74,11 @@ NewestRowScreen::NewestRowScreen(const Program& program)
     for (int column = 0; column < columnsAcross; ++column) {
         grid->setColumnStretch(column, 1);
     }
-    bindings_.bind(program.sheet.shown.counter, [this](const QString&) { redrawing_.noteChange(); });
+    bindings_.bind(program.link.session.commands.portOpen, [this](bool open) {
+        empty_->setText(open ? Screen::tr("No rows yet. Press Run.")
+                             : Screen::tr("No rows yet. Connect, then press Run."));
+    });
+    counts.bind(program.sheet.shown.counter, [this] { draw(); });
     draw();
 }
 
@@ -119,7 +121,7 @@ StatusPage::StatusPage(Program& program)
     left->addWidget(makeStatusBox(program));
     left->addWidget(ports_);
     left->addWidget(makeInstrumentBox(program));
-    left->addWidget(new NewestRowScreen(program));
+    left->addWidget(new NewestRowScreen(program, counts_));
     left->addStretch(1);
     auto* layout = new QHBoxLayout(this);
     layout->addLayout(left, 1);
@@ -128,7 +130,9 @@ StatusPage::StatusPage(Program& program)
 
 QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     const StatusState& shown = program.link.session.status;
-    auto* progress = makeValueLabel("RunProgress", Screen::tr("How far the run or the download has come"));
+    auto* progressLabel = makeTextLabel("RunProgress", Screen::tr("How far the run or the download has come"));
+    progressLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* progress = new SteadyLabel(progressLabel);
     auto* status = makeValueLabel("Label20", Screen::tr("Status"));
     enlarge(status, 2.2);
     auto* shutter = makeReadOnlyBox("Text38", Screen::tr("Shutter reset progress"),
@@ -140,8 +144,7 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     shutter->setFixedWidth(shutter->fontMetrics().horizontalAdvance(Screen::tr("Restoring Orignal Settings") +
                                                                     QLatin1String(" 00000000")));
     auto* countdown = makeValueLabel("ShutterCountdown", Screen::tr("Time the shutter still moves"));
-    auto* notice = makeValueLabel("Notice", Screen::tr("Remark"));
-    notice->setWordWrap(true);
+    auto* notice = new SteadyLabel(makeValueLabel("Notice", Screen::tr("Remark")));
     auto* box = makeFrame(Screen::tr("Status"));
     auto* layout = new QVBoxLayout(box);
     auto* statusRow = new QHBoxLayout;
@@ -149,13 +152,12 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     layout->addLayout(statusRow);
     statusRow->addWidget(status);
     statusRow->addWidget(progress, 1);
-    progress->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    progress->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it must not make the page wider
     layout->addLayout(shutterRow);
     shutterRow->addWidget(shutter);
     shutterRow->addWidget(countdown);
-    shutterRow->addStretch(1);
-    layout->addWidget(notice);
+    shutterRow->addWidget(notice, 1);
+    auto* room = new QSpacerItem(0, shutter->sizeHint().height()); // so that nothing moves when the shutter does
+    shutterRow->addItem(room);
 
     bindText(bindings_, status, shown.status);
     const auto showUnlessEmpty = [this](const QProperty<Words>& text, auto* control) {
@@ -166,7 +168,13 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     };
     showUnlessEmpty(shown.shutterProgress, shutter);
     showUnlessEmpty(shown.shutterCountdown, countdown);
-    showUnlessEmpty(shown.notice, notice);
+    const SettingsState& settings = program.settings.shown;
+    const auto remark = [notice, &shown, &settings](auto&&) {
+        notice->setText(settings.secondsToFullMinute > 0 ? settings.fullMinuteWait().shown()
+                                                         : shown.notice.value().shown());
+    };
+    bindings_.bind(shown.notice, remark);
+    bindings_.bind(settings.secondsToFullMinute, remark);
     bindText(bindings_, progress, program.progress.text);
     return box;
 }
@@ -179,7 +187,7 @@ QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
     for (QFormLayout* form : {said, counted}) {
         form->setHorizontalSpacing(24);
         form->setVerticalSpacing(8);
-        columns->addLayout(form, 1);
+        columns->addLayout(form, form == said ? 2 : 3);
     }
     const auto addRow = [](QFormLayout* form, const QString& caption, const char* name) {
         auto* label = makeValueLabel(name, caption);
@@ -192,8 +200,7 @@ QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
         counts_.bind(label, count);
     };
     const StatusState& status = program.link.session.status;
-    auto* clock = makeValueLabel("ClockOffset", Screen::tr("How the instrument's clock stands"));
-    clock->setWordWrap(true);
+    auto* clock = new SteadyLabel(makeValueLabel("ClockOffset", Screen::tr("How the instrument's clock stands")), 2);
     auto* instrument = addRow(said, Screen::tr("Instrument:"), "InstrumentLabel");
     bindText(bindings_, addRow(said, Screen::tr("Firmware Ver."), "FirmwareLabel"), status.firmware);
     bindText(bindings_, addRow(said, Screen::tr("Date"), "Label23"), status.date);
@@ -205,7 +212,9 @@ QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
     addCount(Screen::tr("Buffer"),
              makeNumberLabel("BufferLabel", Screen::tr("Characters in the receive buffer"), "0000000000"),
              status.bufferCount);
-    counted->addRow(Screen::tr("Clock"), clock);
+    auto* clockCaption = new QLabel(Screen::tr("Clock"));
+    clockCaption->setAlignment(Qt::AlignTop); // beside the first of two lines
+    counted->addRow(clockCaption, clock);
     bindings_.bind(status.clockOffset, [clock](const std::optional<qint64>& ahead) {
         constexpr qint64 tooMuch = 60;
         const QString words = ahead ? clockOffsetInWords(*ahead).shown() : StatusState::unknownShort();

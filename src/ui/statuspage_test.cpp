@@ -3,6 +3,8 @@
 #include "ui/portsbox.h"
 
 #include <QApplication>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QtTest/QTest>
 
 namespace orv {
@@ -248,7 +250,63 @@ TEST_F(StatusPageTest, ShowsHowFarARunHasCome) {
     receive("R\r\n");
     receiveRow();
     live(1.0);
-    EXPECT_EQ(text("RunProgress"), "1 s, 1 row");
+    EXPECT_EQ(text("RunProgress"), "1 s");
+}
+
+TEST_F(StatusPageTest, SaysHowToGetRows) {
+    EXPECT_EQ(text("NoRowsYet"), "No rows yet. Connect, then press Run.");
+    connectBy([this] { first.click(); });
+    EXPECT_EQ(text("NoRowsYet"), "No rows yet. Press Run.");
+}
+
+TEST_F(StatusPageTest, NothingMovesWhenARemarkComesAndGoes) {
+    connectBy([this] { first.click(); });
+    program.run();
+    receive("R\r\n");
+    receiveRow();
+    waitFor([this] { return !find<QLabel>("NoRowsYet").isVisible(); }, 1000);
+    QCoreApplication::processEvents();
+    const auto places = [this] {
+        QCoreApplication::processEvents();
+        std::vector<QRect> all;
+        for (const char* what : {"PortsBox", "Command2", "StatusRows", "Label20", "ResetButton"}) {
+            const auto& widget = find<QWidget>(what);
+            all.emplace_back(widget.mapTo(window.get(), QPoint()), widget.size());
+        }
+        return all;
+    };
+    const auto* area = qobject_cast<QScrollArea*>(find<QWidget>("StatusPage").parentWidget()->parentWidget());
+    const auto before = places();
+    EXPECT_FALSE(area->verticalScrollBar()->isVisible());
+    status.notice = QStringLiteral("The instrument's clock was set to the minute and is 59 s behind: the command "
+                                   "carries no seconds.");
+    status.clockOffset = -59;
+    EXPECT_EQ(places(), before);
+    status.notice = QString();
+    settings.secondsToFullMinute = 46;
+    EXPECT_EQ(text("Notice"), "Waiting for the full minute: 46 s.");
+    EXPECT_EQ(places(), before);
+    settings.secondsToFullMinute = 0;
+    EXPECT_EQ(text("Notice"), "");
+    status.clockOffset = -86'000;
+    status.shutterProgress = QStringLiteral("Restoring Orignal Settings 10");
+    status.shutterCountdown = QStringLiteral("30 s");
+    status.failure = QStringLiteral("No answer from COM 1 (ttyUSB0) within 5 s. Check power and cable, press Quit, "
+                                    "connect again. And so on, for a second line of the same length as this one.");
+    EXPECT_EQ(places(), before);
+    EXPECT_FALSE(area->verticalScrollBar()->isVisible());
+}
+
+TEST_F(StatusPageTest, TheNewestRowAndTheCountTellOfOneMoment) {
+    connectBy([this] { first.click(); });
+    program.run();
+    receive("R\r\n");
+    for (int row = 1; row <= 5; ++row) {
+        receiveRow();
+        pass(70);
+        const auto newest = text("StatusRows") == "0" ? std::string() : text("StatusRows");
+        EXPECT_EQ(find<QLabel>("NewestValue0").text().toStdString(), newest);
+    }
 }
 
 TEST_F(StatusPageTest, SaysHowTheInstrumentsClockStands) {

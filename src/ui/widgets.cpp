@@ -99,6 +99,54 @@ QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAny
     return label;
 }
 
+SteadyLabel::SteadyLabel(QLabel* label, int lines)
+    : label_(label)
+    , lines_(lines) {
+    label->setParent(this);
+    label->setWordWrap(true);
+    if (lines > 1) {
+        label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    }
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setFixedHeight(room());
+}
+
+void SteadyLabel::setText(const QString& text) {
+    if (text != label_->text()) {
+        label_->setText(text);
+        label_->setToolTip(text);
+        if (isVisible()) { // else its width is not known
+            fit();
+        }
+    }
+}
+
+int SteadyLabel::room() const {
+    return lines_ * label_->fontMetrics().lineSpacing();
+}
+
+void SteadyLabel::fit() {
+    setFixedHeight(std::max(room(), label_->heightForWidth(width())));
+    label_->setGeometry(rect());
+}
+
+void SteadyLabel::showEvent(QShowEvent* event) {
+    fit();
+    QWidget::showEvent(event);
+}
+
+void SteadyLabel::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fit();
+}
+
+void SteadyLabel::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        fit();
+    }
+}
+
 QLabel* makeCaption(QAnyStringView text, QWidget* buddy) {
     auto* label = new QLabel(text.toString());
     label->setBuddy(buddy);
@@ -251,19 +299,23 @@ bool Redrawing::eventFilter(QObject* watched, QEvent* event) {
 
 LateTexts::LateTexts(QWidget* page)
     : redrawing_(page, delay, [this] {
-        for (const Text& text : texts_) {
-            text.label->setText(text.text());
+        for (const auto& draw : drawings_) {
+            draw();
         }
     }) {}
 
 void LateTexts::bind(QLabel* label, const QProperty<QString>& text) {
-    texts_.push_back({.label = label, .text = [&text] { return text.value(); }});
-    bindings_.bind(text, [this](const QString&) { redrawing_.noteChange(); });
+    bind(text, [label, &text] { label->setText(text); });
 }
 
 void LateTexts::bind(QLabel* label, const QProperty<int>& number) {
-    texts_.push_back({.label = label, .text = [&number] { return QString::number(number.value()); }});
+    drawings_.emplace_back([label, &number] { label->setText(QString::number(number.value())); });
     bindings_.bind(number, [this](int) { redrawing_.noteChange(); });
+}
+
+void LateTexts::bind(const QProperty<QString>& text, std::function<void()> draw) {
+    drawings_.push_back(std::move(draw));
+    bindings_.bind(text, [this](const QString&) { redrawing_.noteChange(); });
 }
 
 namespace {

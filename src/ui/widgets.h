@@ -45,6 +45,28 @@ QLabel* makeFramedLabel(QAnyStringView name, QAnyStringView accessibleName);
 /// `widest`, so that a new number does not lay out the page anew.
 QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size = 1.0);
 
+/// A label that keeps its place: it has the room of so many lines, whatever it says, and takes more only for a text
+/// that needs more there. Its page is not laid out anew for a new text, and is never wider for a long one; the whole
+/// text is its tool tip.
+class SteadyLabel final : public QWidget {
+public:
+    explicit SteadyLabel(QLabel* label, int lines = 1);
+
+    void setText(const QString& text);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    int room() const;
+    void fit();
+
+    QLabel* label_;
+    int lines_;
+};
+
 /// A label that belongs to `buddy`: its mnemonic moves the focus there.
 QLabel* makeCaption(QAnyStringView text, QWidget* buddy);
 
@@ -158,14 +180,11 @@ public:
     /// Lets the label follow the property.
     void bind(QLabel* label, const QProperty<QString>& text);
     void bind(QLabel* label, const QProperty<int>& number);
+    /// Draws something else with the labels whenever the property changes, so that all tell of one moment.
+    void bind(const QProperty<QString>& text, std::function<void()> draw);
 
 private:
-    struct Text {
-        QLabel* label;
-        std::function<QString()> text;
-    };
-
-    std::vector<Text> texts_;
+    std::vector<std::function<void()>> drawings_;
     Redrawing redrawing_;
     Bindings bindings_;
 };
