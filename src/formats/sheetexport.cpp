@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/sheetexport.h"
 
+#include "formats/csvmetadata.h"
 #include "formats/rowparser.h"
 #include "formats/rowwriter.h"
 
@@ -21,7 +22,7 @@ QString programName() {
 
 } // namespace
 
-SheetExport::SheetExport(Link& link, const DataSheet& sheet, const SheetState& shown, const Settings& settings)
+SheetExport::SheetExport(Link& link, const DataSheet& sheet, SheetState& shown, const Settings& settings)
     : link_(link)
     , sheet_(sheet)
     , shown_(shown)
@@ -73,7 +74,7 @@ TableDescription SheetExport::table() const {
         table.calculated = hasCounts();
     }
     if (isOfConnectedInstrument()) {
-        table.settings = settings_.shown.record.value();
+        table.settings = settings_.shown.reported.value(); // not what was typed since
         table.settingsRead = settings_.reader.understood;
         if (const auto offset = link_.session.status.clockOffset.value()) {
             table.clockOffset = static_cast<double>(*offset);
@@ -85,25 +86,53 @@ TableDescription SheetExport::table() const {
     return table;
 }
 
-Words SheetExport::write(RowWriter& writer, TableReport& report) const {
-    RowParser parser(table());
-    parser.report.rowsLeftOut = sheet_.rowsOfOtherLayout();
-    Words reason = writer.begin(parser.table());
+Words SheetExport::write(RowWriter& writer, TableReport& report, const std::vector<RowRange>& chosen) const {
+    const TableDescription description = table();
+    Words reason = writer.begin(description);
     QByteArray cells;
-    for (int row = sheet_.rowsOfOtherLayout(); row < sheet_.rowCount() && reason.isEmpty(); ++row) {
-        cells.resize(0);
-        sheet_.writeCells(row, allCells, cells);
-        reason = writer.add(parser.readJoined(QString::fromLatin1(cells)));
+    for (const auto& [first, last] : chosen) {
+        RowParser parser(description); // between two ranges no records are missing
+        for (int row = first; row <= last && reason.isEmpty(); ++row) {
+            if (row < sheet_.rowsOfOtherLayout()) {
+                ++parser.report.rowsLeftOut;
+                continue;
+            }
+            cells.resize(0);
+            sheet_.writeCells(row, allCells, cells);
+            reason = writer.add(parser.readJoined(QString::fromLatin1(cells)));
+        }
+        report += parser.report;
     }
-    report = parser.report;
     return reason.isEmpty() ? writer.finish(report) : reason;
 }
 
-Task<> SheetExport::exportSheet() {
+QString SheetExport::offeredName() const {
+    const QString preset = shown_.fileName.value() + QLatin1String(".csv");
+    return preset == presetName_ ? givenName_ : preset;
+}
+
+namespace {
+
+Words titleFor(const std::vector<RowRange>& chosen, int rows) {
+    if (chosen.empty()) {
+        return rows == 1 ? Words::tr("Export 1 row") : Words::tr("Export all %1 rows").arg(rows);
+    }
+    int count = 0;
+    for (const auto& [first, last] : chosen) {
+        count += last - first + 1;
+    }
+    return count == 1 ? Words::tr("Export 1 selected row") : Words::tr("Export %1 selected rows").arg(count);
+}
+
+} // namespace
+
+Task<> SheetExport::exportSheet(std::vector<RowRange> chosen) {
     link_.ports.debugsay(QStringLiteral("Export Spread Sheet"));
     const Words title = Words::tr("Export");
-    const Question question = saveQuestion(title, shown_.fileName.value() + QLatin1String(".csv"),
-                                           QStringLiteral(".csv"), Words::tr("CSV or NetCDF (*.csv *.nc)"));
+    const int removals = sheet_.removals();
+    const QString preset = shown_.fileName.value() + QLatin1String(".csv");
+    const Question question = saveQuestion(titleFor(chosen, sheet_.rowCount()), offeredName(), QStringLiteral(".csv"),
+                                           Words::tr("CSV or NetCDF (*.csv *.nc)"));
     const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
         co_return;
@@ -125,13 +154,25 @@ Task<> SheetExport::exportSheet() {
         failed(Words::tr("choose a name that ends in .csv or .nc"));
         co_return;
     }
+    if (chosen.empty()) {
+        chosen.emplace_back(0, sheet_.rowCount() - 1);
+    } else if (sheet_.removals() != removals) {
+        failed(Words::tr("the selected rows have gone from the sheet meanwhile"));
+        co_return;
+    }
     const auto writer = makeRowWriter(*format, {.name = name, .existing = OutputFile::Existing::Replace});
     TableReport report;
-    const Words reason = write(*writer, report);
+    const Words reason = write(*writer, report, chosen);
     if (!reason.isEmpty()) {
         failed(reason);
         co_return;
     }
+    presetName_ = preset;
+    givenName_ = QFileInfo(name).fileName();
+    shown_.saved = SavedRows{.count = static_cast<int>(report.rows),
+                             .file = path,
+                             .exported = true,
+                             .besides = format == FileFormat::Csv ? csvMetadataName(givenName_) : QString()};
     const QList<Words> sentences = report.inWords();
     if (!sentences.isEmpty()) {
         link_.session.messages.show(

@@ -3,6 +3,8 @@
 
 #include "testing/sheettest.h"
 
+#include <QFileInfo>
+
 namespace orv {
 namespace {
 
@@ -104,8 +106,9 @@ TEST_F(SheetExportTest, KnowsSettingsAndClockOfTheConnectedInstrument) {
     program.settings.clock.checktime(now.date().toString(QStringLiteral("MM/dd/yy")) + u'\t' + QString::number(count));
     ASSERT_TRUE(status.clockOffset.value());
     EXPECT_NEAR(static_cast<double>(*status.clockOffset.value()), 40.0, 2.0);
+    change(settings.record, [](LoggerSettings& record) { record.samplesPerPoint = QStringLiteral("31"); });
     exported();
-    EXPECT_TRUE(metadata().contains("\"samplesPerPoint\": 30"));
+    EXPECT_TRUE(metadata().contains("\"samplesPerPoint\": 30")) << "31 has not been sent";
     EXPECT_FALSE(metadata().contains("\"hoursBeforeBlock\"")) << "it could not be read";
     EXPECT_FALSE(metadata().contains("\"append\"")) << "it has not been read";
     EXPECT_TRUE(metadata().contains("\"secondsAheadOfComputer\": " + QByteArray::number(*status.clockOffset.value())));
@@ -148,6 +151,42 @@ TEST_F(SheetExportTest, LeavesOutTheRowsOfAnotherInstrument) {
     EXPECT_EQ(exported(), "record,time,fluorescence\r\n2,2026-11-21T12:00:00,700\r\n");
     EXPECT_EQ(theMessage().text, path("lake.csv") + QStringLiteral(" has been written.\n\n1 row of another type of "
                                                                    "instrument is left out."));
+}
+
+TEST_F(SheetExportTest, WritesTheRowsThatWereChosen) {
+    for (const char* values : {"1\t2\t3\t4", "11\t2\t3\t4", "21\t2\t3\t4", "31\t2\t3\t4", "41\t2\t3\t4"}) {
+        row(values);
+    }
+    answers.fileName = path("some.csv");
+    program.exportSheet({{0, 1}, {3, 3}});
+    EXPECT_EQ(answers.asked.back().section(u'|', 0, 0).toStdString(), "Export 3 selected rows");
+    EXPECT_EQ(contentsOf(path("some.csv")).toStdString(),
+              "record,time,scattering_100,scattering_125,scattering_150,reference\r\n"
+              "1,2026-11-21T12:00:00,1,2,3,4\r\n"
+              "2,2026-11-21T12:00:00,11,2,3,4\r\n"
+              "4,2026-11-21T12:00:00,31,2,3,4\r\n");
+    EXPECT_TRUE(messages.shown.empty()) << "nothing is missing";
+    EXPECT_EQ(sheetState.saved.value(), (SavedRows{.count = 3,
+                                                   .file = path("some.csv"),
+                                                   .exported = true,
+                                                   .besides = QStringLiteral("some.csv-metadata.json")}));
+    exported("all.nc.csv");
+    EXPECT_EQ(answers.asked.back().section(u'|', 0, 0).toStdString(), "Export all 5 rows");
+    EXPECT_EQ(sheetState.saved.value().count, 5);
+}
+
+TEST_F(SheetExportTest, OffersTheNameThatWasGivenLast) {
+    row("10\t20\t30\t40");
+    const auto offered = [this] {
+        return QFileInfo(answers.asked.back().section(u'|', 1, 1)).fileName().toStdString();
+    };
+    exported("ten.csv");
+    EXPECT_EQ(offered(), "Untitled.csv");
+    exported("ten.csv");
+    EXPECT_EQ(offered(), "ten.csv");
+    sheetState.fileName = QStringLiteral("lake");
+    exported("ten.csv");
+    EXPECT_EQ(offered(), "lake.csv") << "the operator has another one in mind";
 }
 
 TEST_F(SheetExportTest, ACancelledDialogWritesNothing) {

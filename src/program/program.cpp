@@ -129,8 +129,8 @@ void Program::saveSupportFile() {
     link.procedures.startBeside(Words::tr("Save Support File"), [this] { return capture.saveSupportFile(); });
 }
 
-void Program::exportSheet() {
-    link.procedures.startBeside(Words::tr("Export"), [this] { return sheetExport.exportSheet(); });
+void Program::exportSheet(const std::vector<RowRange>& chosen) {
+    link.procedures.startBeside(Words::tr("Export"), [this, &chosen] { return sheetExport.exportSheet(chosen); });
 }
 
 Task<> Program::saveSheet() {

@@ -58,7 +58,8 @@ public:
     void bringBack();
     void saveAs();
     void saveSupportFile();
-    void exportSheet();
+    /// "Export" of these rows; of all if there are none.
+    void exportSheet(const std::vector<RowRange>& chosen = {});
     void openSheet();
     /// "Download Stored Data: Save as Text" and "... View with Host Program".
     void downloadText();

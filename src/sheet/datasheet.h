@@ -130,10 +130,12 @@ struct LoadedSheet {
     Words error;                  ///< Empty, or what is wrong with the file; then there are no rows.
 };
 
-/// A save: how many rows there are in which file, with its path.
+/// A save or an export: how many rows there are in which file, with its path.
 struct SavedRows {
     int count = 0; ///< 0: there is none to tell of.
     QString file;
+    bool exported = false;
+    QString besides = {}; ///< The file that belongs to an exported one, if there is one.
 
     bool operator==(const SavedRows&) const = default;
 };
@@ -148,7 +150,7 @@ struct SheetState {
     QProperty<int> currentColumn{0};
     QProperty<bool> unsaved{false}; ///< The sheet holds rows that no file has.
     QProperty<QString> file;        ///< That the rows were saved to or opened from last, with its path; else empty.
-    QProperty<SavedRows> saved;     ///< The last save, until the sheet is cleared by the operator or replaced.
+    QProperty<SavedRows> saved;     ///< The last save or export, until the operator clears or replaces the sheet.
     QProperty<int> clearedRows{0};  ///< Rows that "Clear All" took and that can still be brought back.
 };
 

@@ -119,8 +119,9 @@ QLayout* SheetPage::makeBar(Program& program) {
         Screen::tr("Save all Data on the Spread Sheet to a Tab Delimited Text File."));
     bindEnabled(bindings_, save, commands.canSaveAs);
     auto* exported = makeButton(
-        Screen::tr("E&xport"), "ExportSheet", [&program] { program.exportSheet(); },
-        Screen::tr("Write the rows as CSV or NetCDF for other programs, with what is known of the instrument."));
+        Screen::tr("E&xport"), "ExportSheet", [this, &program] { program.exportSheet(grid_->selectedWholeRows()); },
+        Screen::tr("Write the rows as CSV or NetCDF for other programs, with what is known of the instrument: those "
+                   "that are selected, else all."));
     bindEnabled(bindings_, exported, commands.canSaveAs);
     auto* open = makeButton(
         Screen::tr("Op&en"), "Command10", [&program] { program.openSheet(); },
@@ -187,7 +188,15 @@ void SheetPage::tellWhatBecame() {
     } else if (!copied_.isEmpty()) {
         text = copied_;
     } else if (saved.count > 0) {
-        text = Screen::tr("Saved %1 to %2").arg(counted(saved.count), QFileInfo(saved.file).fileName());
+        const QString name = QFileInfo(saved.file).fileName();
+        const QString rows = counted(saved.count);
+        if (!saved.exported) {
+            text = Screen::tr("Saved %1 to %2").arg(rows, name);
+        } else if (saved.besides.isEmpty()) {
+            text = Screen::tr("Exported %1 to %2").arg(rows, name);
+        } else {
+            text = Screen::tr("Exported %1 to %2 (and %3)").arg(rows, name, saved.besides);
+        }
     }
     notice_->setText(text);
     notice_->setToolTip(cleared > 0 || !copied_.isEmpty() ? QString() : saved.file);
