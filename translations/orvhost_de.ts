@@ -1156,20 +1156,12 @@ Nichts wurde geändert und nichts gesendet.</translation>
         <translation>Dies war die 150. Zeile von Einstellungsberichten seit dem Programmstart. Dort endet die Verbindung einmal. Alles ist in Ordnung: „Beenden“ drücken und erneut verbinden.</translation>
     </message>
     <message>
-        <source>as this computer&apos;s</source>
-        <translation>wie die des Computers</translation>
-    </message>
-    <message>
         <source>%1 behind this computer&apos;s</source>
         <translation>%1 hinter der des Computers</translation>
     </message>
     <message>
         <source>%1 ahead of this computer&apos;s</source>
         <translation>%1 vor der des Computers</translation>
-    </message>
-    <message>
-        <source>. Sync Time/Date sets it.</source>
-        <translation>. „Uhrzeit/Datum stellen“ korrigiert sie.</translation>
     </message>
     <message>
         <source>Unable to read clock. Error #2</source>
@@ -1190,10 +1182,6 @@ Nichts wurde geändert und nichts gesendet.</translation>
     <message>
         <source>Sent, and not read back yet</source>
         <translation>Gesendet und noch nicht zurückgelesen</translation>
-    </message>
-    <message>
-        <source>The instrument&apos;s clock was set at the full minute.</source>
-        <translation>Die Uhr des Instruments wurde zur vollen Minute gestellt.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1 behind: the command carries no seconds.</source>
@@ -2484,10 +2472,6 @@ Bitte den Dateinamen prüfen.</translation>
         <translation>Wartet, bis eine Minute beginnt, damit auch die Sekunden des Loggers stimmen: Er nimmt nur Stunde und Minute an.</translation>
     </message>
     <message>
-        <source>When the clock will be set</source>
-        <translation>Wann die Uhr gestellt wird</translation>
-    </message>
-    <message>
         <source>The clock is set at %1, in %2 s.</source>
         <translation>Die Uhr wird um %1 gestellt, in %2 s.</translation>
     </message>
@@ -2640,14 +2624,6 @@ Bitte den Dateinamen prüfen.</translation>
         <translation>Datenblatt</translation>
     </message>
     <message>
-        <source>1 row selected</source>
-        <translation>1 Zeile ausgewählt</translation>
-    </message>
-    <message>
-        <source>%1 rows selected</source>
-        <translation>%1 Zeilen ausgewählt</translation>
-    </message>
-    <message>
         <source>Rows on the sheet</source>
         <translation>Zeilen auf dem Blatt</translation>
     </message>
@@ -2698,10 +2674,6 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>E&amp;xport</source>
         <translation>E&amp;xportieren</translation>
-    </message>
-    <message>
-        <source>Write the rows as CSV or NetCDF for other programs, with what is known of the instrument.</source>
-        <translation>Schreibt die Zeilen als CSV oder NetCDF für andere Programme, mit dem, was vom Instrument bekannt ist.</translation>
     </message>
     <message>
         <source>Op&amp;en</source>
@@ -2975,6 +2947,110 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>The place with this text before.</source>
         <translation>Die vorige Stelle mit diesem Text.</translation>
+    </message>
+    <message>
+        <source>Export 1 row</source>
+        <translation>1 Zeile exportieren</translation>
+    </message>
+    <message>
+        <source>Export all %1 rows</source>
+        <translation>Alle %1 Zeilen exportieren</translation>
+    </message>
+    <message>
+        <source>Export 1 selected row</source>
+        <translation>1 ausgewählte Zeile exportieren</translation>
+    </message>
+    <message>
+        <source>Export %1 selected rows</source>
+        <translation>%1 ausgewählte Zeilen exportieren</translation>
+    </message>
+    <message>
+        <source>the selected rows have gone from the sheet meanwhile</source>
+        <translation>die ausgewählten Zeilen sind inzwischen nicht mehr in der Tabelle</translation>
+    </message>
+    <message>
+        <source>%1 Reset stops it.</source>
+        <translation>%1 „Zurücksetzen“ bricht ab.</translation>
+    </message>
+    <message>
+        <source>Waiting for the full minute: %1 s.</source>
+        <translation>Warten auf die volle Minute: %1 s.</translation>
+    </message>
+    <message>
+        <source>within %1 s of this computer&apos;s</source>
+        <translation>höchstens %1 s neben der des Computers</translation>
+    </message>
+    <message>
+        <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
+        <translation>Die Uhr des Instruments wurde zur vollen Minute gestellt: %1.</translation>
+    </message>
+    <message>
+        <source>The instrument&apos;s clock was set to the minute and is %1.</source>
+        <translation>Die Uhr des Instruments wurde auf die Minute gestellt: %1.</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation>Warten</translation>
+    </message>
+    <message>
+        <source>Setting the clock</source>
+        <translation>Stellen der Uhr</translation>
+    </message>
+    <message>
+        <source>&quot;Sync Time/Date&quot; alone leaves the clock up to 59 s behind: the command carries no seconds. &quot;At the full minute&quot; waits until a minute begins, so that the seconds are right too.</source>
+        <translation>„Uhrzeit/Datum stellen“ allein lässt die Uhr bis zu 59 s nachgehen: Der Befehl kennt keine Sekunden. „Zur vollen Minute“ wartet, bis eine Minute beginnt, damit auch die Sekunden stimmen.</translation>
+    </message>
+    <message>
+        <source>%1 &quot;At the full minute&quot; sets it right.</source>
+        <translation>%1 „Zur vollen Minute“ stellt sie richtig.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is still ticked: &quot;Apply Settings&quot; sets the clock again.</source>
+        <translation>%1 „%2“ ist noch angekreuzt: „Einstellungen senden“ stellt die Uhr wieder.</translation>
+    </message>
+    <message>
+        <source>1 column</source>
+        <translation>1 Spalte</translation>
+    </message>
+    <message>
+        <source>%1 columns</source>
+        <translation>%1 Spalten</translation>
+    </message>
+    <message>
+        <source>1 cell</source>
+        <translation>1 Zelle</translation>
+    </message>
+    <message>
+        <source>%1 cells</source>
+        <translation>%1 Zellen</translation>
+    </message>
+    <message>
+        <source>Write the rows as CSV or NetCDF for other programs, with what is known of the instrument: those that are selected, else all.</source>
+        <translation>Schreibt die Zeilen als CSV oder NetCDF für andere Programme, mit dem, was vom Instrument bekannt ist: die ausgewählten, sonst alle.</translation>
+    </message>
+    <message>
+        <source>%1 copied.</source>
+        <translation>%1 kopiert.</translation>
+    </message>
+    <message>
+        <source>Exported %1 to %2</source>
+        <translation>%1 exportiert nach %2</translation>
+    </message>
+    <message>
+        <source>Exported %1 to %2 (and %3)</source>
+        <translation>%1 exportiert nach %2 (und %3)</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>No rows yet. Press Run.</source>
+        <translation>Noch keine Zeilen. „Messen“ drücken.</translation>
+    </message>
+    <message>
+        <source>%1. &quot;At the full minute&quot; sets it.</source>
+        <translation>%1. „Zur vollen Minute“ stellt sie.</translation>
     </message>
     <message>
         <source>it has been removed</source>

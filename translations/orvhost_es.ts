@@ -1156,20 +1156,12 @@ No se cambió ni se envió nada.</translation>
         <translation>Esta fue la línea 150 de informes de configuración desde el inicio del programa. Ahí termina la conexión, una sola vez. No pasa nada: pulse Salir y conecte de nuevo.</translation>
     </message>
     <message>
-        <source>as this computer&apos;s</source>
-        <translation>como el de este ordenador</translation>
-    </message>
-    <message>
         <source>%1 behind this computer&apos;s</source>
         <translation>%1 atrasado respecto a este ordenador</translation>
     </message>
     <message>
         <source>%1 ahead of this computer&apos;s</source>
         <translation>%1 adelantado respecto a este ordenador</translation>
-    </message>
-    <message>
-        <source>. Sync Time/Date sets it.</source>
-        <translation>. Sincronizar fecha/hora lo corrige.</translation>
     </message>
     <message>
         <source>Unable to read clock. Error #2</source>
@@ -1190,10 +1182,6 @@ No se cambió ni se envió nada.</translation>
     <message>
         <source>Sent, and not read back yet</source>
         <translation>Enviado y aún no vuelto a leer</translation>
-    </message>
-    <message>
-        <source>The instrument&apos;s clock was set at the full minute.</source>
-        <translation>El reloj del instrumento se puso en hora al minuto exacto.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1 behind: the command carries no seconds.</source>
@@ -2484,10 +2472,6 @@ Compruebe el nombre.</translation>
         <translation>Espera a que empiece un minuto, para que también los segundos del registrador sean correctos: solo acepta hora y minuto.</translation>
     </message>
     <message>
-        <source>When the clock will be set</source>
-        <translation>Cuándo se pondrá el reloj en hora</translation>
-    </message>
-    <message>
         <source>The clock is set at %1, in %2 s.</source>
         <translation>El reloj se pone en hora a las %1, en %2 s.</translation>
     </message>
@@ -2640,14 +2624,6 @@ Compruebe el nombre.</translation>
         <translation>Hoja de datos</translation>
     </message>
     <message>
-        <source>1 row selected</source>
-        <translation>1 fila seleccionada</translation>
-    </message>
-    <message>
-        <source>%1 rows selected</source>
-        <translation>%1 filas seleccionadas</translation>
-    </message>
-    <message>
         <source>Rows on the sheet</source>
         <translation>Filas en la hoja</translation>
     </message>
@@ -2698,10 +2674,6 @@ Compruebe el nombre.</translation>
     <message>
         <source>E&amp;xport</source>
         <translation>E&amp;xportar</translation>
-    </message>
-    <message>
-        <source>Write the rows as CSV or NetCDF for other programs, with what is known of the instrument.</source>
-        <translation>Escribe las filas como CSV o NetCDF para otros programas, con lo que se sabe del instrumento.</translation>
     </message>
     <message>
         <source>Op&amp;en</source>
@@ -2975,6 +2947,110 @@ Compruebe el nombre.</translation>
     <message>
         <source>The place with this text before.</source>
         <translation>El lugar anterior con este texto.</translation>
+    </message>
+    <message>
+        <source>Export 1 row</source>
+        <translation>Exportar 1 fila</translation>
+    </message>
+    <message>
+        <source>Export all %1 rows</source>
+        <translation>Exportar las %1 filas</translation>
+    </message>
+    <message>
+        <source>Export 1 selected row</source>
+        <translation>Exportar 1 fila seleccionada</translation>
+    </message>
+    <message>
+        <source>Export %1 selected rows</source>
+        <translation>Exportar %1 filas seleccionadas</translation>
+    </message>
+    <message>
+        <source>the selected rows have gone from the sheet meanwhile</source>
+        <translation>las filas seleccionadas ya no están en la hoja</translation>
+    </message>
+    <message>
+        <source>%1 Reset stops it.</source>
+        <translation>%1 Restablecer lo detiene.</translation>
+    </message>
+    <message>
+        <source>Waiting for the full minute: %1 s.</source>
+        <translation>Esperando el minuto exacto: %1 s.</translation>
+    </message>
+    <message>
+        <source>within %1 s of this computer&apos;s</source>
+        <translation>a menos de %1 s de este ordenador</translation>
+    </message>
+    <message>
+        <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
+        <translation>El reloj del instrumento se puso al minuto exacto: %1.</translation>
+    </message>
+    <message>
+        <source>The instrument&apos;s clock was set to the minute and is %1.</source>
+        <translation>El reloj del instrumento se puso al minuto: %1.</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation>Esperando</translation>
+    </message>
+    <message>
+        <source>Setting the clock</source>
+        <translation>Puesta en hora</translation>
+    </message>
+    <message>
+        <source>&quot;Sync Time/Date&quot; alone leaves the clock up to 59 s behind: the command carries no seconds. &quot;At the full minute&quot; waits until a minute begins, so that the seconds are right too.</source>
+        <translation>«Sincronizar fecha/hora» solo deja el reloj hasta 59 s atrasado: la orden no lleva segundos. «Al minuto exacto» espera a que empiece un minuto, para que también los segundos sean correctos.</translation>
+    </message>
+    <message>
+        <source>%1 &quot;At the full minute&quot; sets it right.</source>
+        <translation>%1 «Al minuto exacto» lo corrige.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is still ticked: &quot;Apply Settings&quot; sets the clock again.</source>
+        <translation>%1 «%2» sigue marcado: «Enviar configuración» vuelve a poner el reloj.</translation>
+    </message>
+    <message>
+        <source>1 column</source>
+        <translation>1 columna</translation>
+    </message>
+    <message>
+        <source>%1 columns</source>
+        <translation>%1 columnas</translation>
+    </message>
+    <message>
+        <source>1 cell</source>
+        <translation>1 celda</translation>
+    </message>
+    <message>
+        <source>%1 cells</source>
+        <translation>%1 celdas</translation>
+    </message>
+    <message>
+        <source>Write the rows as CSV or NetCDF for other programs, with what is known of the instrument: those that are selected, else all.</source>
+        <translation>Escribe las filas como CSV o NetCDF para otros programas, con lo que se sabe del instrumento: las seleccionadas, o si no, todas.</translation>
+    </message>
+    <message>
+        <source>%1 copied.</source>
+        <translation>Copiado: %1.</translation>
+    </message>
+    <message>
+        <source>Exported %1 to %2</source>
+        <translation>Exportado a %2: %1</translation>
+    </message>
+    <message>
+        <source>Exported %1 to %2 (and %3)</source>
+        <translation>Exportado a %2 (y %3): %1</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>Selección: %1</translation>
+    </message>
+    <message>
+        <source>No rows yet. Press Run.</source>
+        <translation>Aún no hay filas. Pulse Medir.</translation>
+    </message>
+    <message>
+        <source>%1. &quot;At the full minute&quot; sets it.</source>
+        <translation>%1. «Al minuto exacto» lo pone.</translation>
     </message>
     <message>
         <source>it has been removed</source>

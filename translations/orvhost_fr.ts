@@ -1156,20 +1156,12 @@ Rien n&apos;a été changé ni envoyé.</translation>
         <translation>C&apos;était la 150e ligne de rapports de réglages depuis le démarrage du programme. Là, la connexion se termine, une seule fois. Tout va bien&#xa0;: appuyez sur Quitter et connectez à nouveau.</translation>
     </message>
     <message>
-        <source>as this computer&apos;s</source>
-        <translation>comme celle de l&apos;ordinateur</translation>
-    </message>
-    <message>
         <source>%1 behind this computer&apos;s</source>
         <translation>%1 en retard sur l&apos;ordinateur</translation>
     </message>
     <message>
         <source>%1 ahead of this computer&apos;s</source>
         <translation>%1 en avance sur l&apos;ordinateur</translation>
-    </message>
-    <message>
-        <source>. Sync Time/Date sets it.</source>
-        <translation>. Synchroniser date/heure la règle.</translation>
     </message>
     <message>
         <source>Unable to read clock. Error #2</source>
@@ -1190,10 +1182,6 @@ Rien n&apos;a été changé ni envoyé.</translation>
     <message>
         <source>Sent, and not read back yet</source>
         <translation>Envoyé, pas encore relu</translation>
-    </message>
-    <message>
-        <source>The instrument&apos;s clock was set at the full minute.</source>
-        <translation>L&apos;horloge de l&apos;instrument a été réglée à la minute pleine.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1 behind: the command carries no seconds.</source>
@@ -2484,10 +2472,6 @@ Vérifiez le nom du fichier.</translation>
         <translation>Attend le début d&apos;une minute, pour que les secondes de l&apos;enregistreur soient justes aussi&#xa0;: il ne prend qu&apos;heure et minute.</translation>
     </message>
     <message>
-        <source>When the clock will be set</source>
-        <translation>Quand l&apos;horloge sera réglée</translation>
-    </message>
-    <message>
         <source>The clock is set at %1, in %2 s.</source>
         <translation>L&apos;horloge est réglée à %1, dans %2 s.</translation>
     </message>
@@ -2640,14 +2624,6 @@ Vérifiez le nom du fichier.</translation>
         <translation>Feuille de données</translation>
     </message>
     <message>
-        <source>1 row selected</source>
-        <translation>1 ligne sélectionnée</translation>
-    </message>
-    <message>
-        <source>%1 rows selected</source>
-        <translation>%1 lignes sélectionnées</translation>
-    </message>
-    <message>
         <source>Rows on the sheet</source>
         <translation>Lignes sur la feuille</translation>
     </message>
@@ -2698,10 +2674,6 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>E&amp;xport</source>
         <translation>E&amp;xporter</translation>
-    </message>
-    <message>
-        <source>Write the rows as CSV or NetCDF for other programs, with what is known of the instrument.</source>
-        <translation>Écrit les lignes en CSV ou NetCDF pour d&apos;autres programmes, avec ce qui est connu de l&apos;instrument.</translation>
     </message>
     <message>
         <source>Op&amp;en</source>
@@ -2975,6 +2947,110 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>The place with this text before.</source>
         <translation>L&apos;endroit précédent avec ce texte.</translation>
+    </message>
+    <message>
+        <source>Export 1 row</source>
+        <translation>Exporter 1 ligne</translation>
+    </message>
+    <message>
+        <source>Export all %1 rows</source>
+        <translation>Exporter les %1 lignes</translation>
+    </message>
+    <message>
+        <source>Export 1 selected row</source>
+        <translation>Exporter 1 ligne sélectionnée</translation>
+    </message>
+    <message>
+        <source>Export %1 selected rows</source>
+        <translation>Exporter %1 lignes sélectionnées</translation>
+    </message>
+    <message>
+        <source>the selected rows have gone from the sheet meanwhile</source>
+        <translation>les lignes sélectionnées ne sont plus sur la feuille</translation>
+    </message>
+    <message>
+        <source>%1 Reset stops it.</source>
+        <translation>%1 Réinitialiser l&apos;arrête.</translation>
+    </message>
+    <message>
+        <source>Waiting for the full minute: %1 s.</source>
+        <translation>Attente de la minute pleine&#xa0;: %1 s.</translation>
+    </message>
+    <message>
+        <source>within %1 s of this computer&apos;s</source>
+        <translation>à %1 s près comme l&apos;ordinateur</translation>
+    </message>
+    <message>
+        <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
+        <translation>L&apos;horloge de l&apos;instrument a été réglée à la minute pleine&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>The instrument&apos;s clock was set to the minute and is %1.</source>
+        <translation>L&apos;horloge de l&apos;instrument a été réglée à la minute&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation>Attente</translation>
+    </message>
+    <message>
+        <source>Setting the clock</source>
+        <translation>Réglage de l&apos;horloge</translation>
+    </message>
+    <message>
+        <source>&quot;Sync Time/Date&quot; alone leaves the clock up to 59 s behind: the command carries no seconds. &quot;At the full minute&quot; waits until a minute begins, so that the seconds are right too.</source>
+        <translation>«&#xa0;Synchroniser date/heure&#xa0;» seul laisse l&apos;horloge jusqu&apos;à 59 s en retard&#xa0;: la commande ne porte pas de secondes. «&#xa0;À la minute pleine&#xa0;» attend le début d&apos;une minute, pour que les secondes soient justes aussi.</translation>
+    </message>
+    <message>
+        <source>%1 &quot;At the full minute&quot; sets it right.</source>
+        <translation>%1 «&#xa0;À la minute pleine&#xa0;» la met à l&apos;heure.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is still ticked: &quot;Apply Settings&quot; sets the clock again.</source>
+        <translation>%1 «&#xa0;%2&#xa0;» est encore coché&#xa0;: «&#xa0;Envoyer les réglages&#xa0;» règle de nouveau l&apos;horloge.</translation>
+    </message>
+    <message>
+        <source>1 column</source>
+        <translation>1 colonne</translation>
+    </message>
+    <message>
+        <source>%1 columns</source>
+        <translation>%1 colonnes</translation>
+    </message>
+    <message>
+        <source>1 cell</source>
+        <translation>1 cellule</translation>
+    </message>
+    <message>
+        <source>%1 cells</source>
+        <translation>%1 cellules</translation>
+    </message>
+    <message>
+        <source>Write the rows as CSV or NetCDF for other programs, with what is known of the instrument: those that are selected, else all.</source>
+        <translation>Écrit les lignes en CSV ou NetCDF pour d&apos;autres programmes, avec ce que l&apos;on sait de l&apos;instrument&#xa0;: celles qui sont sélectionnées, sinon toutes.</translation>
+    </message>
+    <message>
+        <source>%1 copied.</source>
+        <translation>Copié&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>Exported %1 to %2</source>
+        <translation>Exporté dans %2&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Exported %1 to %2 (and %3)</source>
+        <translation>Exporté dans %2 (et %3)&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>Sélection&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>No rows yet. Press Run.</source>
+        <translation>Pas encore de lignes. Appuyez sur Mesurer.</translation>
+    </message>
+    <message>
+        <source>%1. &quot;At the full minute&quot; sets it.</source>
+        <translation>%1. «&#xa0;À la minute pleine&#xa0;» la règle.</translation>
     </message>
     <message>
         <source>it has been removed</source>
