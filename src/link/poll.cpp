@@ -39,7 +39,8 @@ QString ProgramLog::write(const QByteArray& block) {
         return {};
     }
     Words reason = file_.isOpen() ? appendWhole(file_, line) : errorText(file_);
-    const bool isTold = std::exchange(failureTold_, !reason.isEmpty());
+    const bool isTold = toldFailure_ > 0;
+    toldFailure_ = reason.isEmpty() ? std::max<qsizetype>(toldFailure_ - line.size(), 0) : line.size();
     return isTold ? QString() : reason;
 }
 

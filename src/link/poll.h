@@ -29,8 +29,8 @@ public:
     /// Creates or empties the file, and removes the older one. Returns the empty text, or why it could not be opened.
     QString open(const QString& path);
 
-    /// Appends one block. Returns the empty text, or why it could not be written; only once, until a block can be
-    /// written again. Nothing happens if the log is not open.
+    /// Appends one block. Returns the empty text, or why it could not be written; only once, until as many bytes have
+    /// been written again: on a full disk short blocks may still find room. Nothing happens if the log is not open.
     QString write(const QByteArray& block);
 
     struct Anew {
@@ -46,7 +46,7 @@ public:
     void setLargest(qint64 bytes) { largest_ = bytes; }
 
     /// A failure that goes on is told once more.
-    void forgetToldFailure() { failureTold_ = false; }
+    void forgetToldFailure() { toldFailure_ = 0; }
 
 private:
     void beginAnew();
@@ -57,8 +57,8 @@ private:
     qint64 next_ = 0; ///< When the file has so many bytes it is begun anew; 0: when it has the largest number.
     Anew anew_;
     bool anewTold_ = false;
-    bool isBegun_ = false; ///< There is a log of this program.
-    bool failureTold_ = false;
+    bool isBegun_ = false;      ///< There is a log of this program.
+    qsizetype toldFailure_ = 0; ///< Bytes to write before a failure is told again; 0: none has been told.
 };
 
 /// Takes what the instrument port has received and cuts it into lines.

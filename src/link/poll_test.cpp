@@ -146,6 +146,27 @@ TEST_F(ProgramLogTest, tellsAFailureToWriteOnce) {
     EXPECT_EQ(log.write("abc"), QString());
 }
 
+#ifdef Q_OS_UNIX
+TEST_F(ProgramLogTest, tellsAFailureOnceAlsoIfShorterBlocksStillFindRoom) {
+    ProgramLog log;
+    ASSERT_EQ(log.open(path), QString());
+    const QByteArray block(8, 'a');
+    {
+        const FileSizeLimit limit(9);
+        EXPECT_NE(log.write(block), QString());
+        EXPECT_EQ(log.write("b"), QString());
+        EXPECT_EQ(log.write(block), QString());
+        EXPECT_EQ(log.write("c"), QString());
+        EXPECT_EQ(log.write(block), QString());
+    }
+    EXPECT_EQ(content(), "b\r\nc\r\n");
+    EXPECT_EQ(log.write(block), QString());
+    const FileSizeLimit limit(20);
+    EXPECT_NE(log.write(block), QString()) << "there was room meanwhile";
+    EXPECT_EQ(content(), "b\r\nc\r\naaaaaaaa\r\n");
+}
+#endif
+
 using testing::ElementsAre;
 
 class PollTest : public ProgramTest {
