@@ -279,6 +279,7 @@ private:
         constexpr int last = rows - 1;
         const auto& grid = Driver::find<QTableView>(window_, QStringLiteral("fg1"));
         const QAbstractItemModel& cells = *grid.model();
+        grid.selectionModel()->setCurrentIndex(cells.index(last, 4), QItemSelectionModel::NoUpdate);
         grid.selectionModel()->select({cells.index(last - 9, 3), cells.index(last, 4)},
                                       QItemSelectionModel::ClearAndSelect);
     }
