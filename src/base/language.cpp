@@ -17,7 +17,7 @@ QStringList languages() {
 QString systemLanguage() {
     const QStringList ours = languages();
     for (const QString& name : QLocale::system().uiLanguages()) { // "de-AT"
-        const QString code = name.section(u'-', 0, 0);
+        QString code = name.section(u'-', 0, 0);
         if (ours.contains(code)) {
             return code;
         }

@@ -71,11 +71,11 @@ LoggerSettings wantedSettings(const Visit& visit, const LoggerSettings& present)
 QStringList notTaken(const LoggerSettings& sent, const LoggerSettings& read) {
     QStringList found;
     const SettingSet different = settingsThatDiffer(sent, read);
-    const auto inWords = [](const Setting& setting, const LoggerSettings& settings) {
+    const auto inWords = [](const Setting& setting, const LoggerSettings& settings) -> QString {
         if (setting.flag != nullptr) {
             return settings.*setting.flag ? QStringLiteral("true") : QStringLiteral("false");
         }
-        return valueInWords(setting, settings);
+        return valueInWords(setting, settings).english();
     };
     for (const Setting& setting : allSettings) {
         if (different[placeOf(setting)]) {
