@@ -4,6 +4,8 @@
 
 #include <QRegularExpression>
 
+#include <ctime>
+
 namespace orv {
 namespace {
 
@@ -498,6 +500,28 @@ TEST_F(OrvCollect, AMemoryThatReadsOtherwiseTheSecondTimeIsTold) {
     live(60);
     EXPECT_EQ(answered.status, 3);
     EXPECT_NE(result().error.find("Read a second time, "), std::string::npos) << result().error;
+}
+
+TEST(EndOfFile, ComesAlsoWhereTheClockIsPutForwardAndBack) {
+    const bool hadZone = qEnvironmentVariableIsSet("TZ");
+    const QByteArray zone = qgetenv("TZ");
+    qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+    ::tzset();
+    constexpr qint64 minute = 60'000;
+    for (const QDate changed : {QDate(2026, 3, 29), QDate(2026, 10, 25)}) {
+        const QDateTime midnight = changed.startOfDay();
+        for (const qint64 every : {15 * minute, 30 * minute, 60 * minute, 90 * minute, 1440 * minute}) {
+            for (qint64 passed = 0; passed < 300 * minute; passed += 5 * minute) {
+                const QDateTime begun = midnight.addMSecs(passed);
+                const QDateTime end = endOfFile(begun, every);
+                EXPECT_TRUE(end.isValid() && end > begun && begun.msecsTo(end) <= every + 60 * minute)
+                    << begun.toString(Qt::ISODate).toStdString() << " every " << every / minute
+                    << " min: " << end.toString(Qt::ISODate).toStdString();
+            }
+        }
+    }
+    hadZone ? qputenv("TZ", zone) : qunsetenv("TZ");
+    ::tzset();
 }
 
 TEST(EndOfFile, IsCountedFromMidnight) {

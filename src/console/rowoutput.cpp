@@ -55,8 +55,10 @@ QDateTime endOfFile(const QDateTime& begun, qint64 everyMilliseconds) {
         return date.addDays(everyMilliseconds / day).startOfDay();
     }
     const qint64 next = (begun.time().msecsSinceStartOfDay() / everyMilliseconds + 1) * everyMilliseconds;
-    return next < day ? QDateTime(date, QTime::fromMSecsSinceStartOfDay(static_cast<int>(next)))
-                      : date.addDays(1).startOfDay();
+    const QDateTime end = next < day ? QDateTime(date, QTime::fromMSecsSinceStartOfDay(static_cast<int>(next)))
+                                     : date.addDays(1).startOfDay();
+    // Where summer time begins and ends an hour is left out or comes twice.
+    return end.isValid() && end > begun ? end : begun.addMSecs(everyMilliseconds);
 }
 
 RowOutput::RowOutput(Visit& visit)

@@ -71,7 +71,8 @@ private:
     QStringList files_;
 };
 
-/// When the file that is begun at this moment ends: intervals are counted from midnight, days from day to day.
+/// When the file that is begun at this moment ends: intervals are counted from midnight, days from day to day;
+/// where that moment is none of the local time, after the interval.
 QDateTime endOfFile(const QDateTime& begun, qint64 everyMilliseconds);
 
 } // namespace orv
