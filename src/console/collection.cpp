@@ -51,7 +51,7 @@ Task<> Collection::perform() {
     Task<> delivering = deliver();
     const Ending delivered = co_await endingOf(std::move(delivering));
     output_.giveUp();
-    if (output_.hasAllColumns() && !output_.hasFailed()) {
+    if (output_.hasAllColumns() && !output_.hasFailed() && output_.sync()) {
         program_.sheet.handOver();
     }
     report();
@@ -243,7 +243,8 @@ void Collection::handOver() {
     if (output_.isInVain()) {
         return; // the rows are in the record file and nowhere else
     }
-    if (output_.writesAsItComes() && !output_.isStalled() && !output_.hasFailed()) {
+    // The next run begins the record file anew.
+    if (output_.writesAsItComes() && !output_.isStalled() && !output_.hasFailed() && output_.sync()) {
         program_.sheet.handOver();
     } else {
         program_.sheet.rows.clearSpreadSheet(); // until they are in the output, the record file has the rows

@@ -173,6 +173,17 @@ void RowOutput::giveUp() {
     }
 }
 
+bool RowOutput::sync() {
+    const QString reason = writer_ && !isUnsynced_ ? writer_->sync() : QString();
+    if (!reason.isEmpty()) {
+        isUnsynced_ = true;
+        visit_.terminal.tell(QStringLiteral("%1 could not be brought to the disk: %2. The rows of this run stay in the "
+                                            "record file too.")
+                                 .arg(name_, reason));
+    }
+    return !isUnsynced_;
+}
+
 void RowOutput::take(const DataRow& row) {
     const bool needsTime = until_.isValid() || visit_.options.stamp; // it takes long to tell
     const QDateTime now = needsTime ? visit_.clock.now() : QDateTime();

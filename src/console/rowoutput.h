@@ -38,6 +38,9 @@ public:
     /// The file has a column for every value of these rows.
     bool hasAllColumns() const { return format_ != FileFormat::Sheet || table_->layout != RowLayout::TrxOlder; }
     bool hasFailed() const { return !problem_.isEmpty(); }
+    /// Brings what was written to the disk. If that fails, now or before, what the system says later is not trusted:
+    /// the operator has been told, and the rows belong in the record file. Returns whether all is there.
+    bool sync();
     /// Rows wait for who reads standard output.
     bool isStalled() const { return toDevice_ && visit_.terminal.output().bytesToWrite() > 0; }
     /// The operator waits no longer for that reader.
@@ -62,9 +65,10 @@ private:
     std::optional<TableDescription> table_;
     std::optional<RowParser> parser_;
     std::unique_ptr<RowWriter> writer_;
-    QString name_;           ///< Of the present file.
-    QDateTime until_;        ///< When the next one begins; not valid: never.
-    QString problem_;        ///< In a sentence.
+    QString name_;    ///< Of the present file.
+    QDateTime until_; ///< When the next one begins; not valid: never.
+    QString problem_; ///< In a sentence.
+    bool isUnsynced_ = false;
     bool isTooSlow_ = false; ///< The problem is the reader, who may come back.
     int rows_ = 0;
     bool incomplete_ = false;

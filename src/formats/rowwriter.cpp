@@ -42,6 +42,7 @@ public:
     virtual Words open() = 0;
     virtual Words append(const QByteArray& lines) = 0;
     virtual Words close() = 0;
+    virtual Words sync() { return {}; }
     /// What has become of an older file that was in the way; empty if there was none.
     virtual QString keptAs() const { return {}; }
 };
@@ -88,10 +89,15 @@ public:
 
     Words append(const QByteArray& lines) override { return appendWhole(file_, lines); }
 
-    Words close() override {
+    Words sync() override {
         Words reason = syncNamedFile(file_.handle());
-        file_.close();
         syncFolderOf(wanted_.name);
+        return reason;
+    }
+
+    Words close() override {
+        Words reason = sync();
+        file_.close();
         return reason;
     }
 
@@ -149,6 +155,8 @@ public:
         addLine(row, pending_);
         return send(atOnce_ ? 1 : blockSize);
     }
+
+    Words sync() override { return lines_->sync(); }
 
 protected:
     virtual void addLine(const TableRow& row, QByteArray& text) = 0;

@@ -36,6 +36,9 @@ public:
     /// Lines in an object of its own, {"note": ...}. Sheets and CSV on a device have no room for it.
     virtual QString note(const QString& sentence, const QDateTime& moment) = 0;
 
+    /// Brings the rows of a file that is written as they come to the disk, with its name.
+    virtual Words sync() { return {}; }
+
     /// How many values of the rows so far are left out because such a file has no column for them.
     virtual qint64 valuesLeftOut() const { return 0; }
 
