@@ -206,6 +206,7 @@ public:
                 return Words(QStringLiteral("%1: %2")).arg(csvMetadataName(file_.name), reason);
             }
         }
+        replaces_ = file_.existing == OutputFile::Existing::Replace && QFile::exists(file_.name);
         Words reason = open();
         if (!reason.isEmpty()) {
             return reason;
@@ -241,15 +242,29 @@ private:
             return {};
         }
         const QString name = csvMetadataName(file_.name);
-        if (!std::exchange(described_, true) && !keptAs().isEmpty()) {
-            QFile::rename(name, csvMetadataName(keptAs())); // the older one's goes with it
+        Words reason = std::exchange(described_, true) ? Words() : keepOlder(name);
+        if (reason.isEmpty()) {
+            reason = writeWholeFile(name, csvMetadata(file_.name, table_, history_, report));
         }
-        const Words reason = writeWholeFile(name, csvMetadata(file_.name, table_, history_, report));
         return reason.isEmpty() ? reason : Words(QStringLiteral("%1: %2")).arg(name, reason);
+    }
+
+    /// Metadata that are not those of a file that is replaced stay; a kept file's go with it.
+    Words keepOlder(const QString& name) const {
+        if (replaces_) {
+            return {};
+        }
+        const QString beside = keptAs().isEmpty() ? QString() : csvMetadataName(keptAs());
+        if (beside.isEmpty() || QFile::exists(beside) || !QFile::exists(name)) {
+            return keepUnderDatedName(name, file_.now.isValid() ? file_.now : table_.made);
+        }
+        QFile older(name);
+        return older.rename(beside) ? QString() : errorText(older);
     }
 
     OutputFile file_;
     bool metadataFromBegin_;
+    bool replaces_ = false;  ///< A file that the operator has seen, with its metadata.
     bool described_ = false; ///< The metadata there is is this writer's.
     TableDescription table_;
     QStringList history_;

@@ -137,6 +137,21 @@ TEST_F(RowWriterTest, TheOlderFileIsKeptUnderADatedName) {
     }
 }
 
+TEST_F(RowWriterTest, MetadataWithoutTheirFileStay) {
+    for (const bool comes : {false, true}) {
+        for (const auto existing : {OutputFile::Existing::KeepDated, OutputFile::Existing::Replace}) {
+            asItComes = comes;
+            fill(folder.path("a.csv-metadata.json"), "of another");
+            EXPECT_EQ(write(*make("a.csv", existing)), "");
+            EXPECT_EQ(files(), "a.csv a.csv-metadata-20261121-093015.json a.csv-metadata.json");
+            EXPECT_EQ(contents("a.csv-metadata-20261121-093015.json"), "of another");
+            for (const QString& name : folder.files()) {
+                QFile::remove(folder.path() + u'/' + name);
+            }
+        }
+    }
+}
+
 TEST_F(RowWriterTest, AFileIsReplacedOnceTheOperatorHasSaidSo) {
     fill(folder.path("a.csv"), "older");
     EXPECT_EQ(write(*make("a.csv", OutputFile::Existing::Replace)), "");
