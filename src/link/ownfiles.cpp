@@ -5,6 +5,7 @@
 #include "link/poll.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -22,6 +23,13 @@ QString placeOf(const QString& name) {
     return folder.isEmpty() ? file.absoluteFilePath() : folder + u'/' + file.fileName();
 }
 
+/// The name as the first program of a folder has it: "log-2.ohp" is "log.ohp" there. A capture is begun before it is
+/// known which place this program takes, and other programs hold the others.
+QString atFirstPlace(const QString& path) {
+    static const QRegularExpression place(QStringLiteral(R"(-[2-9](?=(?:-older)?\.[^/]*$))"));
+    return QString(path).remove(place);
+}
+
 } // namespace
 
 OwnFilesKept::OwnFilesKept(OperatorQuestions& questions, Session& session)
@@ -32,9 +40,9 @@ bool OwnFilesKept::isOwn(const QString& name) const {
     const FileNames& own = session_.fileNames;
     const QStringList names{own.record, own.record + QLatin1String(".lock"), own.record + QLatin1String(".saved"),
                             own.log, ProgramLog::olderPath(own.log)};
-    const QString wanted = placeOf(name);
+    const QString wanted = atFirstPlace(placeOf(name));
     return std::any_of(names.begin(), names.end(), [&wanted](const QString& candidate) {
-        return !candidate.isEmpty() && placeOf(candidate).compare(wanted, Qt::CaseInsensitive) == 0;
+        return !candidate.isEmpty() && atFirstPlace(placeOf(candidate)).compare(wanted, Qt::CaseInsensitive) == 0;
     });
 }
 

@@ -17,7 +17,7 @@ public:
     Signal<Question> asked;
     Signal<Question, QString> answered; ///< As the operator has answered it.
 
-    /// Whether the program itself writes the file of that name.
+    /// Whether this program, or another one in the same folder, writes the file of that name itself.
     bool isOwn(const QString& name) const;
 
 private:
