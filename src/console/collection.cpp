@@ -51,7 +51,7 @@ Task<> Collection::perform() {
     Task<> delivering = deliver();
     const Ending delivered = co_await endingOf(std::move(delivering));
     output_.giveUp();
-    if (output_.hasAllColumns() && !output_.hasFailed() && output_.sync()) {
+    if (output_.hasAllColumns() && !output_.isFull() && !output_.hasFailed() && output_.sync()) {
         program_.sheet.handOver();
     }
     report();
@@ -164,7 +164,8 @@ Task<Collection::End> Collection::run() {
     }
     visit_.terminal.detail(QStringLiteral("Running"));
     const std::function<bool()> over = [this, &commands] {
-        return commands.activity.value() != Activity::Collecting || output_.isInVain() || isEnough();
+        return commands.activity.value() != Activity::Collecting || output_.isInVain() || output_.isFull() ||
+               isEnough();
     };
     bool isOver = false;
     while (!isOver) {
@@ -176,8 +177,8 @@ Task<Collection::End> Collection::run() {
 }
 
 Collection::End Collection::endOfRun() {
-    if (output_.isInVain()) {
-        return End::OutputFailed;
+    if (output_.isInVain() || output_.isFull()) {
+        return End::OutputEnded;
     }
     if (isEnough()) {
         return End::Enough;

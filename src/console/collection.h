@@ -17,7 +17,7 @@ public:
 
 private:
     /// How a run has ended.
-    enum class End { Enough, BlockIsFull, Lost, OutputFailed };
+    enum class End { Enough, BlockIsFull, Lost, OutputEnded };
 
     Task<> collect();
     Task<> connect();

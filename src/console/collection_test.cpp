@@ -350,6 +350,23 @@ TEST_F(OrvCollect, ALongRunIsNotSavedByItselfWhenNoTickComes) {
     EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled")).size(), 0);
 }
 
+TEST_F(OrvCollect, AFullSheetIsWrittenAndWhatFollowedIsToldAndKept) {
+    begin(QStringLiteral("collect sim:trx?rate=200&baud=0 -o long.txt --json"));
+    live(5);
+    const StatusTimer::Hold hold(timer);
+    eachMillisecond = [this] { program.tick(); };
+    live(190);
+    EXPECT_EQ(answered.status, 3) << result().error;
+    EXPECT_NE(result().error.find("long.txt is full: a sheet file holds at most 32767 rows."), std::string::npos)
+        << result().error;
+    const QJsonObject summary = QJsonDocument::fromJson(QByteArray::fromStdString(result().output)).object();
+    EXPECT_EQ(summary[u"rows"].toInt(), 32767);
+    EXPECT_FALSE(summary[u"complete"].toBool());
+    EXPECT_TRUE(contentsOf(path("long.txt")).startsWith("V\t512 32767\r\n")) << "the file is whole";
+    EXPECT_FALSE(recordFile.isSaved()) << "it has rows that are nowhere else";
+    EXPECT_EQ(folder.files().filter(QStringLiteral("part")).size(), 0);
+}
+
 TEST_F(OrvCollect, ALongDownloadKeepsTheSheetShortWhenNoTickComes) {
     begin(QStringLiteral("download sim:trx?records=20000&baud=0 -o long.csv"));
     live(1.5);

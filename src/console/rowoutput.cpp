@@ -12,6 +12,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 
 #include <fcntl.h>
 
@@ -144,20 +145,20 @@ void RowOutput::beginFile() {
                               .now = now,
                               .asItComes = writesAsItComes()};
         writer_ = makeRowWriter(format_, file);
-        files_ << name_;
     }
     parser_->report = {};
     if (!hasFailed()) {
-        check(writer_->begin(*table_));
+        check(writer_->begin(*table_), QStringLiteral("Choose another name or folder."));
+    }
+    if (!hasFailed() && !toDevice_) {
+        files_ << name_;
     }
 }
 
-void RowOutput::check(const QString& reason) {
+void RowOutput::check(const QString& reason, const QString& advice) {
     if (!reason.isEmpty() && !hasFailed()) {
-        problem_ =
-            toDevice_
-                ? QStringLiteral("Standard output takes nothing any more: %1.").arg(reason)
-                : QStringLiteral("%1 could not be written: %2. Make room or choose another folder.").arg(name_, reason);
+        problem_ = toDevice_ ? QStringLiteral("Standard output takes nothing any more: %1.").arg(reason)
+                             : QStringLiteral("%1 could not be written: %2. %3").arg(name_, reason, advice);
         isTooSlow_ = isStalled();
         if (isTooSlow_) {
             visit_.terminal.tell(problem_ + QStringLiteral(" The run goes on, and its rows are in the record file."));
@@ -185,22 +186,40 @@ bool RowOutput::sync() {
 }
 
 void RowOutput::take(const DataRow& row) {
+    if (!writer_) {
+        return; // after the end
+    }
     const bool needsTime = until_.isValid() || visit_.options.stamp; // it takes long to tell
     const QDateTime now = needsTime ? visit_.clock.now() : QDateTime();
     const qint64 every = visit_.options.everyMilliseconds;
     if (until_.isValid() && endOfFile(now, every).addMSecs(every) < until_) {
         until_ = endOfFile(now, every); // the clock has been set back
     }
-    if (until_.isValid() && now >= until_ && !hasFailed()) {
+    if (until_.isValid() && (now >= until_ || writer_->isFull()) && !hasFailed()) {
         endFile(0);
         beginFile();
     }
-    if (hasFailed()) {
-        rows_ += isTooSlow_ ? 1 : 0; // the run goes on
+    if (!hasFailed() && writer_->isFull()) {
+        tellFull();
         return;
     }
-    ++rows_;
-    check(writer_->add(parser_->read(rows_, row, now)));
+    if (!hasFailed()) {
+        check(writer_->add(parser_->read(rows_ + 1, row, now)));
+    }
+    rows_ += !hasFailed() || isTooSlow_ ? 1 : 0; // while its reader is slow the run goes on
+}
+
+void RowOutput::tellFull() {
+    if (!std::exchange(isFull_, true)) {
+        incomplete_ = true;
+        visit_.terminal.tell(
+            QStringLiteral("%1 is full: a sheet file holds at most %2 rows. The run has ended; the rows "
+                           "that came after are in its record file alone. Write .csv, .nc or .jsonl, "
+                           "which hold any number, or begin files with --every.")
+                .arg(name_)
+                .arg(rows_));
+        visit_.look();
+    }
 }
 
 void RowOutput::note(const QString& sentence) {
@@ -213,6 +232,9 @@ void RowOutput::note(const QString& sentence) {
 void RowOutput::endFile(int unreadLines) {
     parser_->report.unreadableLines += unreadLines;
     check(writer_->finish(parser_->report));
+    if (hasFailed() && !writesAsItComes()) {
+        files_.removeOne(name_); // it has not appeared
+    }
     for (const QString& sentence : parser_->report.sentences()) {
         visit_.terminal.tell(sentence);
     }

@@ -41,6 +41,8 @@ public:
     /// Brings what was written to the disk. If that fails, now or before, what the system says later is not trusted:
     /// the operator has been told, and the rows belong in the record file. Returns whether all is there.
     bool sync();
+    /// The file can hold no more of the rows that come; it is whole, and what follows is in the record file alone.
+    bool isFull() const { return isFull_; }
     /// Rows wait for who reads standard output.
     bool isStalled() const { return toDevice_ && visit_.terminal.output().bytesToWrite() > 0; }
     /// The operator waits no longer for that reader.
@@ -57,7 +59,8 @@ private:
     TableDescription describe() const;
     void beginFile();
     void endFile(int unreadLines);
-    void check(const QString& reason);
+    void tellFull();
+    void check(const QString& reason, const QString& advice = QStringLiteral("Make room or choose another folder."));
 
     Visit& visit_;
     bool toDevice_;
@@ -69,6 +72,7 @@ private:
     QDateTime until_; ///< When the next one begins; not valid: never.
     QString problem_; ///< In a sentence.
     bool isUnsynced_ = false;
+    bool isFull_ = false;
     bool isTooSlow_ = false; ///< The problem is the reader, who may come back.
     int rows_ = 0;
     bool incomplete_ = false;

@@ -313,7 +313,7 @@ public:
     }
 
     Words add(const TableRow& row) override {
-        if (sheet_.rowCount() == std::numeric_limits<qint16>::max()) {
+        if (isFull()) {
             return Words::tr("a sheet holds at most %1 rows").arg(std::numeric_limits<qint16>::max());
         }
         sheet_.appendJoinedRow(cells(row));
@@ -323,6 +323,8 @@ public:
     }
 
     QString note(const QString& /*sentence*/, const QDateTime& /*moment*/) override { return {}; }
+
+    bool isFull() const override { return sheet_.rowCount() == std::numeric_limits<qint16>::max(); }
 
     qint64 valuesLeftOut() const override { return leftOut_; }
 

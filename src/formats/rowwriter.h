@@ -36,6 +36,9 @@ public:
     /// Lines in an object of its own, {"note": ...}. Sheets and CSV on a device have no room for it.
     virtual QString note(const QString& sentence, const QDateTime& moment) = 0;
 
+    /// The file holds as many rows as its format can; the next add() fails, and finish() does not.
+    virtual bool isFull() const { return false; }
+
     /// Brings the rows of a file that is written as they come to the disk, with its name.
     virtual Words sync() { return {}; }
 
