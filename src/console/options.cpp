@@ -217,6 +217,10 @@ void take(const Texts& texts, Options& options) {
     if (!options.capture.isEmpty() && (options.capture == options.output || options.capture == options.save)) {
         throw Wrong(QStringLiteral("--capture needs a file of its own."));
     }
+    if (options.stamp && !toDevice && formatOfName(options.output) == FileFormat::Sheet) {
+        throw Wrong(
+            QStringLiteral("--stamp needs a column that a sheet file (.txt) has not. Write .csv, .nc or .jsonl."));
+    }
     if (options.everyMilliseconds != 0 && options.output == QLatin1String("-")) {
         throw Wrong(QStringLiteral("--every needs files; standard output is one."));
     }

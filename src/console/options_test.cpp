@@ -99,6 +99,8 @@ TEST(OrvOptions, ThatAreWrongAreRefusedWithTheReason) {
         {"collect sim:trx -o a.csv --every 0d", "--every needs a time such as 30s, 15m, 2h or 1d, not \"0d\".",
          "orv collect"},
         {"collect sim:trx -o - --every 1d", "--every needs files; standard output is one.", "orv collect"},
+        {"collect sim:trx -o a.TXT --stamp",
+         "--stamp needs a column that a sheet file (.txt) has not. Write .csv, .nc or .jsonl.", "orv collect"},
         {"clock sim:trx --now", "--now says when --sync sets the clock. Give both, or neither.", "orv clock"},
         {"settings sim:trx --set", "--set needs a value: \"--set NAME=VALUE\".", "orv settings"},
         {"settings sim:trx --save ''", "--save needs a value: \"--save FILE\".", "orv settings"},
