@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/options.h"
 
+#include "formats/csvmetadata.h"
 #include "formats/rowwriter.h"
 #include "program/devices.h"
+#include "simulator/replay.h"
 
 #include <CLI/CLI.hpp>
 
+#include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -187,6 +191,28 @@ std::pair<const Setting*, QString> settingOf(const std::string& assignment) {
     return {setting, setting->flag != nullptr ? flagValue(value, name) : numberValue(value, *setting)};
 }
 
+QString wholePath(const QString& name) {
+    return QDir::cleanPath(QFileInfo(name).absoluteFilePath());
+}
+
+/// The files that the command reads and writes, absolute.
+QStringList filesOf(const Options& options) {
+    QStringList names = QStringList{options.save, options.mode} + options.inputs;
+    if (options.output != QLatin1String("-")) {
+        names << options.output << csvMetadataName(options.output);
+    }
+    if (namesReplay(options.port)) {
+        names << parseReplayOptions(options.port).file;
+    }
+    QStringList places;
+    for (const QString& name : names) {
+        if (!name.isEmpty()) {
+            places << wholePath(name);
+        }
+    }
+    return places;
+}
+
 void take(const Texts& texts, Options& options) {
     options.port = fromBytes(texts.port);
     options.output = fromBytes(texts.output);
@@ -214,7 +240,7 @@ void take(const Texts& texts, Options& options) {
         throw Wrong(QStringLiteral("\"%1\" does not say its format. Let its name end with .csv, .nc, .jsonl or .txt.")
                         .arg(options.output));
     }
-    if (!options.capture.isEmpty() && (options.capture == options.output || options.capture == options.save)) {
+    if (!options.capture.isEmpty() && filesOf(options).contains(wholePath(options.capture))) {
         throw Wrong(QStringLiteral("--capture needs a file of its own."));
     }
     if (options.stamp && !toDevice && formatOfName(options.output) == FileFormat::Sheet) {
