@@ -228,6 +228,12 @@ void take(const Texts& texts, Options& options) {
     options.points = pointsOf(texts.points);
     options.forMilliseconds = spanOf(texts.forTime, "--for");
     options.everyMilliseconds = spanOf(texts.every, "--every");
+    constexpr qint64 day = 86'400'000;
+    if (options.everyMilliseconds > day && options.everyMilliseconds % day != 0) {
+        throw Wrong(QStringLiteral("--every counts from midnight: more than a day must be whole days such as 2d, not "
+                                   "\"%1\".")
+                        .arg(fromBytes(texts.every)));
+    }
     const QString problem = options.port.isEmpty() ? QString() : deviceProblem(options.port);
     if (!problem.isEmpty()) {
         throw Wrong(problem);

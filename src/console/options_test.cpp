@@ -26,6 +26,7 @@ TEST(OrvOptions, NameACommandAndWhatItNeeds) {
     EXPECT_EQ(collect.forMilliseconds, 7'200'000);
     EXPECT_EQ(collect.everyMilliseconds, 86'400'000);
     EXPECT_TRUE(collect.keepTrying && collect.stamp && collect.force && collect.json && collect.quiet);
+    EXPECT_EQ(read("collect sim:trx -o out.csv --every 48h").everyMilliseconds, 172'800'000);
     EXPECT_EQ(read("collect -o - sim:glow").output.toStdString(), "-");
     const Options convert = read("convert a.txt b.tmp -o c.nc");
     EXPECT_EQ(convert.inputs.join(u'|').toStdString(), "a.txt|b.tmp");
@@ -106,6 +107,8 @@ TEST(OrvOptions, ThatAreWrongAreRefusedWithTheReason) {
         {"collect sim:trx -o - --every 1d", "--every needs files; standard output is one.", "orv collect"},
         {"collect sim:trx -o a.TXT --stamp",
          "--stamp needs a column that a sheet file (.txt) has not. Write .csv, .nc or .jsonl.", "orv collect"},
+        {"collect sim:trx -o a.csv --every 36h",
+         "--every counts from midnight: more than a day must be whole days such as 2d, not \"36h\".", "orv collect"},
         {"clock sim:trx --now", "--now says when --sync sets the clock. Give both, or neither.", "orv clock"},
         {"settings sim:trx --set", "--set needs a value: \"--set NAME=VALUE\".", "orv settings"},
         {"settings sim:trx --save ''", "--save needs a value: \"--save FILE\".", "orv settings"},
