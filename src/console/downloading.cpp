@@ -110,8 +110,22 @@ private:
         isSecond_ = true;
         visit_.terminal.remark(QStringLiteral("Reading the memory again, to compare."));
         co_await read();
-        if (!download_.isWhole() || count_ != static_cast<int>(rows_.size())) {
-            differences_ = std::max<qsizetype>(std::abs(count_ - static_cast<int>(rows_.size())), 1);
+        notReadAgain_ += std::ssize(rows_) - next_;
+        isWholeAgain_ = download_.isWhole();
+    }
+
+    /// A record of the second reading. Where it is none of the next ones, it is the next one read otherwise.
+    void compareRow(const QByteArray& row) {
+        constexpr std::ptrdiff_t mostLeftOut = 2000;
+        const auto from = rows_.begin() + std::min(next_, std::ssize(rows_));
+        const auto to = from + std::min(mostLeftOut, rows_.end() - from);
+        const auto found = std::find(from, to, row);
+        if (found == to) {
+            ++differences_;
+            next_ += from == rows_.end() ? 0 : 1;
+        } else {
+            notReadAgain_ += found - from;
+            next_ += found - from + 1;
         }
     }
 
@@ -119,8 +133,7 @@ private:
         lastRow_ = visit_.clock.monotonicMilliseconds();
         ++count_;
         if (isSecond_) {
-            const auto at = static_cast<std::size_t>(count_ - 1);
-            differences_ += at < rows_.size() && rows_[at] == textOf(row) ? 0 : 1;
+            compareRow(textOf(row));
         } else if (!isText_) {
             output_.take(row);
         }
@@ -169,9 +182,11 @@ private:
                          : QStringLiteral("%1 of an unknown number of records").arg(records);
     }
 
+    bool isSameAgain() const { return differences_ == 0 && notReadAgain_ == 0 && isWholeAgain_; }
+
     /// Nothing is missing of what the instrument holds.
     bool hasAll(int records, int unread, bool isWhole) const {
-        return isWhole && unread == 0 && records >= expected_.value_or(0) && differences_ == 0;
+        return isWhole && unread == 0 && records >= expected_.value_or(0) && isSameAgain();
     }
 
     void report(int records, int unread, bool isWhole) const {
@@ -185,6 +200,7 @@ private:
                                {QStringLiteral("complete"), isComplete}};
             if (options.verify) {
                 object.insert(QStringLiteral("differences"), static_cast<int>(differences_));
+                object.insert(QStringLiteral("notReadAgain"), static_cast<int>(notReadAgain_));
             }
             visit_.terminal.print(object);
         } else {
@@ -202,8 +218,11 @@ private:
         QString text = QStringLiteral("The download is incomplete: %1 came, and %2 could not be read.")
                            .arg(ofExpected(records))
                            .arg(unread);
-        if (differences_ > 0) {
-            text = QStringLiteral("Read a second time, %1 records were not as before.").arg(differences_);
+        if (!isSameAgain()) {
+            text = QStringLiteral("Read a second time, %1 records were not as before, and %2 did not come again; what "
+                                  "came first is in the file.")
+                       .arg(differences_)
+                       .arg(notReadAgain_);
         }
         throw Failure(text + QStringLiteral(" The instrument still holds its data; download it again."),
                       ExitStatus::Incomplete);
@@ -219,7 +238,10 @@ private:
     std::optional<int> expected_; ///< Records, as the instrument says.
     int count_ = 0;               ///< Records of this reading.
     std::vector<QByteArray> rows_;
-    qsizetype differences_ = 0;
+    std::ptrdiff_t next_ = 0;         ///< Of them, in the second reading.
+    std::ptrdiff_t differences_ = 0;  ///< Records that were read otherwise.
+    std::ptrdiff_t notReadAgain_ = 0; ///< Records that did not come, or could not be read.
+    bool isWholeAgain_ = true;
     qint64 began_ = 0; ///< Monotonic milliseconds, as the others.
     qint64 lastRow_ = 0;
     qint64 shownAt_ = 0;

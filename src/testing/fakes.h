@@ -186,10 +186,10 @@ public:
         }
         QByteArray block = input.take() + (silent ? QByteArray() : answer);
         if (!block.isEmpty()) {
-            blocks.push_back(block);
             if (read) {
                 read(block);
             }
+            blocks.push_back(block);
         }
         return block;
     }
@@ -236,7 +236,7 @@ public:
     bool silent = false;        ///< The other port is not heard.
     std::function<void(bool on)> dtrChanged;
     std::function<void(const QByteArray& bytes)> written;
-    std::function<void(const QByteArray& block)> read;
+    std::function<void(QByteArray& block)> read; ///< May change it.
     std::function<void()> discarded;
 
 private:
