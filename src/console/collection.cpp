@@ -85,7 +85,8 @@ Task<> Collection::collect() {
         co_await connect();
         requireAppending();
         output_.begin(QStringLiteral("a run on %1").arg(visit_.options.port));
-        if (isLost_) {
+        if (std::exchange(isLost_, false)) {
+            ++reconnections_;
             output_.note(QStringLiteral("Connected again; the run goes on."));
         }
         const End end = co_await run();
@@ -288,6 +289,7 @@ void Collection::report() {
         visit_.terminal.print(
             QJsonObject{{QStringLiteral("rows"), output.rows()},
                         {QStringLiteral("files"), QJsonArray::fromStringList(output.files())},
+                        {QStringLiteral("reconnections"), reconnections_},
                         {QStringLiteral("complete"), !isLost_ && !output.isIncomplete() && !output.hasFailed()}});
     } else {
         visit_.terminal.remark(QStringLiteral("%1 rows were collected.").arg(output.rows()));

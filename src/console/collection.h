@@ -45,6 +45,7 @@ private:
     bool isInterrupted_ = false; ///< The operator has ended it.
     bool isLost_ = false;        ///< The last run has ended early.
     QString reason_;             ///< Why.
+    int reconnections_ = 0;
     Subscription handingOver_;
     Subscription taking_;
 };

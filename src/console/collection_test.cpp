@@ -260,6 +260,22 @@ TEST_F(OrvCollect, EveryEndingMakesTheFileAndCountsItsRows) {
     }
 }
 
+TEST_F(OrvCollect, ARunThatWentOnAfterAReconnectionIsComplete) {
+    begin(QStringLiteral("collect sim:trx?rate=5 -o lake.csv --keep-trying --json"));
+    live(8);
+    line->unplugged = true;
+    live(2);
+    line->unplugged = false;
+    live(20);
+    visit->interrupt(2);
+    live(5);
+    EXPECT_EQ(answered.status, 130);
+    const QJsonObject summary = QJsonDocument::fromJson(QByteArray::fromStdString(result().output)).object();
+    EXPECT_TRUE(summary[u"complete"].toBool());
+    EXPECT_EQ(summary[u"reconnections"].toInt(), 1);
+    EXPECT_EQ(summary[u"rows"].toInt(), rowsThrough({path("lake.csv")}));
+}
+
 TEST_F(OrvCollect, AnOutputThatFailsSaysWhereTheRowsAre) {
     begin(QStringLiteral("collect sim:trx?rate=5 -o - --points 20"));
     live(4);
