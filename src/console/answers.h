@@ -17,6 +17,9 @@ void printSettings(Terminal& terminal, const Settings& settings);
 /// "2026-11-21 09:30:15 (2 s behind this computer's)"
 QString clockInWords(const Visit& visit);
 
+/// Throws Failure, with the status of missing data, if the clock could not be read.
+void requireClock(const Visit& visit);
+
 /// The instrument's clock, and by how many seconds it is ahead of the computer's; null if it could not be read.
 void addClock(const Visit& visit, QJsonObject& object);
 

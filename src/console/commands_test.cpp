@@ -95,6 +95,23 @@ TEST_F(OrvCommands, AMemoryThatWasNotReadIsTold) {
     }
 }
 
+TEST_F(OrvCommands, AClockThatWasNotReadIsTold) {
+    lineMade = [this] {
+        line->written = [this](const QByteArray& bytes) {
+            if (bytes == "P") {
+                line->silent = true; // from now on
+                line->input += "P\r\nS1\r\nG0\r\nA0\r\nL0\r\nW1\r\nM1\r\nT30\r\nD24\r\nQ7\r\nI5\r\nMP200\r\n>";
+            }
+        };
+    };
+    for (const char* command : {"info", "clock"}) {
+        const Answered told = orv(QLatin1String(command) + QStringLiteral(" sim:trx?baud=0"));
+        EXPECT_EQ(told.status, 3) << command;
+        EXPECT_NE(told.output.find("could not be read\n"), std::string::npos) << told.output;
+        EXPECT_EQ(told.error, "orv: The instrument's clock could not be read. Try again.\n") << command;
+    }
+}
+
 TEST_F(OrvCommands, SettingsThatWereNotReadWholeAreNotSaved) {
     reportInstead(garbledReport);
     const Answered told = orv("settings sim:trx?baud=0 --save lake.OCM");

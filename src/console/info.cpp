@@ -73,6 +73,12 @@ QString clockInWords(const Visit& visit) {
              offset < 0 ? QStringLiteral("behind") : QStringLiteral("ahead of"));
 }
 
+void requireClock(const Visit& visit) {
+    if (!visit.clockOffset()) {
+        throw Failure(QStringLiteral("The instrument's clock could not be read. Try again."), ExitStatus::Incomplete);
+    }
+}
+
 void addClock(const Visit& visit, QJsonObject& object) {
     const auto time = visit.instrumentTime();
     const bool isRead = time && visit.clockOffset();
@@ -132,6 +138,7 @@ Task<> tellInfo(Visit& visit) {
         throw Failure(QStringLiteral("The number of records in the memory could not be read. Try again."),
                       ExitStatus::Incomplete);
     }
+    requireClock(visit);
 }
 
 } // namespace orv

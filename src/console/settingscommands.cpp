@@ -208,9 +208,7 @@ Task<> compareClock(Visit& visit) {
     } else {
         visit.terminal.print(clockInWords(visit));
     }
-    if (!visit.clockOffset()) {
-        throw Failure(QStringLiteral("The instrument's clock could not be read. Try again."));
-    }
+    requireClock(visit);
 }
 
 Task<> resetShutter(Visit& visit) {
