@@ -463,6 +463,17 @@ TEST_F(OrvCollect, ADayOfPowerCutsLosesNoRowThatCame) {
     EXPECT_EQ(folder.files().filter(QStringLiteral("Untitled")).size(), 0);
 }
 
+TEST_F(OrvCollect, OnlyTheFileOfTheConnectionTellsTheClockOffset) {
+    begin(QStringLiteral("collect sim:trx?rate=2 -o day.csv --every 1m"));
+    live(100);
+    visit->interrupt(2);
+    live(5);
+    const QStringList files = folder.files().filter(QStringLiteral(".csv-metadata.json"));
+    ASSERT_EQ(files.size(), 2) << result().error;
+    EXPECT_TRUE(contentsOf(files[0]).toLower().contains("offset")) << contentsOf(files[0]).toStdString();
+    EXPECT_FALSE(contentsOf(files[1]).toLower().contains("offset")) << contentsOf(files[1]).toStdString();
+}
+
 TEST_F(OrvCollect, AClockThatIsSetBackTakesTheNextFreeNameAndLosesNoRow) {
     begin(QStringLiteral("collect sim:trx?rate=2 -o day.csv --every 1m"));
     live(100);

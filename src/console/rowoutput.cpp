@@ -197,6 +197,7 @@ void RowOutput::take(const DataRow& row) {
     }
     if (until_.isValid() && (now >= until_ || writer_->isFull()) && !hasFailed()) {
         endFile(0);
+        table_->clockOffset.reset(); // it was read before the first of these files
         beginFile();
     }
     if (!hasFailed() && writer_->isFull()) {
