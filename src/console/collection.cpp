@@ -47,7 +47,7 @@ Task<> Collection::perform() {
     isInterrupted_ = visit_.finish();
     Task<> stopping = stop();
     const Ending stopped = co_await endingOf(std::move(stopping));
-    output_.finish(unreadLines_ + program_.sheet.run.unreadLines());
+    output_.finish(unreadLines());
     Task<> delivering = deliver();
     const Ending delivered = co_await endingOf(std::move(delivering));
     output_.giveUp();
@@ -95,7 +95,8 @@ Task<> Collection::collect() {
             co_return;
         }
         output_.note(reason_);
-        unreadLines_ += program_.sheet.run.unreadLines();
+        unreadBefore_ = unreadLines();
+        isRunCounted_ = true;
         program_.closePort();
         handOver();
     }
@@ -160,6 +161,7 @@ Task<Collection::End> Collection::run() {
         until_ = lastRow_ + visit_.options.forMilliseconds;
     }
     program_.run();
+    isRunCounted_ = false;
     if (commands.activity.value() != Activity::Collecting) {
         throw Failure(QString()); // why has been told
     }
@@ -224,7 +226,7 @@ void Collection::take(const DataRow& row) {
     if (points > 0 && output_.rows() >= points) {
         return; // it has come before the instrument could be stopped
     }
-    output_.take(row);
+    output_.take(row, unreadLines());
     if (visit_.terminal.showsProgress()) {
         visit_.terminal.showProgress(QStringLiteral("%1 rows, the last at %2").arg(output_.rows()).arg(row.time));
     }
@@ -271,6 +273,11 @@ Task<> Collection::stop() {
 Task<> Collection::deliver() {
     const std::function<bool()> over = [this] { return isInterrupted_ || !output_.isStalled(); };
     co_await visit_.reached(forever, over);
+}
+
+/// Lines of all runs that could not be read.
+int Collection::unreadLines() const {
+    return unreadBefore_ + (isRunCounted_ ? 0 : program_.sheet.run.unreadLines());
 }
 
 QString Collection::recordFile() const {

@@ -31,6 +31,7 @@ private:
     End endOfRun();
     bool isEnough() const;
     qint64 longestSilence() const;
+    int unreadLines() const;
     QString recordFile() const;
     void report();
 
@@ -41,7 +42,8 @@ private:
     bool hasRun_ = false;        ///< The first run has begun.
     qint64 lastRow_ = 0;         ///< The same: when it came, or the run began.
     int runRows_ = 0;            ///< Of the present run.
-    int unreadLines_ = 0;        ///< Of the runs before.
+    int unreadBefore_ = 0;       ///< Lines that could not be read, of the runs before.
+    bool isRunCounted_ = true;   ///< The present run is among them.
     bool isInterrupted_ = false; ///< The operator has ended it.
     bool isLost_ = false;        ///< The last run has ended early.
     QString reason_;             ///< Why.

@@ -470,8 +470,27 @@ TEST_F(OrvCollect, OnlyTheFileOfTheConnectionTellsTheClockOffset) {
     live(5);
     const QStringList files = folder.files().filter(QStringLiteral(".csv-metadata.json"));
     ASSERT_EQ(files.size(), 2) << result().error;
-    EXPECT_TRUE(contentsOf(files[0]).toLower().contains("offset")) << contentsOf(files[0]).toStdString();
-    EXPECT_FALSE(contentsOf(files[1]).toLower().contains("offset")) << contentsOf(files[1]).toStdString();
+    EXPECT_TRUE(contentsOf(files[0]).contains("secondsAheadOfComputer")) << contentsOf(files[0]).toStdString();
+    EXPECT_FALSE(contentsOf(files[1]).contains("secondsAheadOfComputer")) << contentsOf(files[1]).toStdString();
+}
+
+TEST_F(OrvCollect, LinesThatCouldNotBeReadAreCountedInTheirFile) {
+    begin(QStringLiteral("collect sim:trx?rate=2 -o day.csv --every 1m --keep-trying"));
+    live(20);
+    line->input += "11/21/26\tgar\tbage\r\n";
+    live(40); // the first file has ended
+    line->unplugged = true;
+    live(2);
+    line->unplugged = false;
+    live(10);
+    line->input += "11/21/26\tgar\tbage\r\n11/21/26\tgar\tbage\r\n";
+    live(10);
+    visit->interrupt(2);
+    live(5);
+    const QStringList files = folder.files().filter(QStringLiteral(".csv-metadata.json"));
+    ASSERT_EQ(files.size(), 2) << result().error;
+    EXPECT_TRUE(contentsOf(files[0]).contains("\"unreadableLines\": 1,")) << contentsOf(files[0]).toStdString();
+    EXPECT_TRUE(contentsOf(files[1]).contains("\"unreadableLines\": 2,")) << contentsOf(files[1]).toStdString();
 }
 
 TEST_F(OrvCollect, AClockThatIsSetBackTakesTheNextFreeNameAndLosesNoRow) {

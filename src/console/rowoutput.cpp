@@ -185,7 +185,7 @@ bool RowOutput::sync() {
     return !isUnsynced_;
 }
 
-void RowOutput::take(const DataRow& row) {
+void RowOutput::take(const DataRow& row, int unreadLines) {
     if (!writer_) {
         return; // after the end
     }
@@ -196,7 +196,7 @@ void RowOutput::take(const DataRow& row) {
         until_ = endOfFile(now, every); // the clock has been set back
     }
     if (until_.isValid() && (now >= until_ || writer_->isFull()) && !hasFailed()) {
-        endFile(0);
+        endFile(unreadLines);
         table_->clockOffset.reset(); // it was read before the first of these files
         beginFile();
     }
@@ -231,7 +231,7 @@ void RowOutput::note(const QString& sentence) {
 }
 
 void RowOutput::endFile(int unreadLines) {
-    parser_->report.unreadableLines += unreadLines;
+    parser_->report.unreadableLines += unreadLines - std::exchange(unreadLines_, unreadLines);
     check(writer_->finish(parser_->report));
     if (hasFailed() && !writesAsItComes()) {
         files_.removeOne(name_); // it has not appeared

@@ -23,13 +23,13 @@ public:
     /// instrument connected again, changes nothing. Throws Failure.
     void begin(const QString& source);
 
-    /// A row that has just come from the instrument.
-    void take(const DataRow& row);
+    /// A row that has just come from the instrument. `unreadLines`: how many lines so far could not be read.
+    void take(const DataRow& row, int unreadLines = 0);
 
     /// Something that happened while rows came.
     void note(const QString& sentence);
 
-    /// Ends the file, if there is one. Tells what could not be read, these lines among it.
+    /// Ends the file, if there is one. Tells what could not be read, of these lines those since the file before.
     void finish(int unreadLines);
 
     bool hasBegun() const { return table_.has_value(); }
@@ -75,6 +75,7 @@ private:
     bool isFull_ = false;
     bool isTooSlow_ = false; ///< The problem is the reader, who may come back.
     int rows_ = 0;
+    int unreadLines_ = 0; ///< Of the files before.
     bool incomplete_ = false;
     QStringList files_;
 };
