@@ -86,8 +86,9 @@ void RowOutput::removeLeftParts() const {
         if (!mayBeOpen(path) && QFile::remove(path)) {
             visit_.terminal.tell(
                 QStringLiteral("%1 was left by a program that was killed before the file was whole. It lacks rows and "
-                               "has been removed; all rows of that run are in its record file (Orvtemp*.tmp), and "
-                               "\"orv convert\" makes a file of them.")
+                               "has been removed. If it was of a run, all its rows are in the record file "
+                               "(Orvtemp*.tmp), of which \"orv convert\" makes a file; a download is still in the "
+                               "instrument, and what is converted stays.")
                     .arg(path));
         }
     }
