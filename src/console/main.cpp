@@ -43,7 +43,9 @@ bool writesInFolder(Options::Command command) {
 int perform(const Options& options) {
     StandardOutput output(STDOUT_FILENO);
     StandardOutput error(STDERR_FILENO);
-    Terminal terminal(output, error, ::isatty(STDERR_FILENO) == 1,
+    // Where rows are shown a line that is written over and over would stand between them.
+    const bool showsRows = options.output == QLatin1String("-") && ::isatty(STDOUT_FILENO) == 1;
+    Terminal terminal(output, error, ::isatty(STDERR_FILENO) == 1 && !showsRows,
                       options.quiet     ? Terminal::Speech::Quiet
                       : options.verbose ? Terminal::Speech::Verbose
                                         : Terminal::Speech::Usual);
