@@ -13,6 +13,7 @@
 #include <csignal>
 #include <cstdio>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -33,6 +34,17 @@ int print(const QString& text) {
         return static_cast<int>(ExitStatus::Failed);
     }
     return static_cast<int>(ExitStatus::Done);
+}
+
+/// Whatever the program opened first would take the place of one that it was started without, and be written to as
+/// standard output or error. Standard output then takes nothing, as if its reader had gone.
+void fillStandardDescriptors() {
+    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+        if (::fcntl(descriptor, F_GETFD) == -1 && errno == EBADF) {
+            static_cast<void>(
+                ::open("/dev/null", descriptor == STDERR_FILENO ? O_WRONLY : O_RDONLY)); // the lowest free
+        }
+    }
 }
 
 /// The command keeps the program's log and record file.
@@ -103,6 +115,7 @@ int perform(const Options& options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    fillStandardDescriptors();
     const Options options = readOptions(argumentList(argc, argv), QStringLiteral(ORV_VERSION));
     switch (options.wish) {
     case Options::Wish::Print:

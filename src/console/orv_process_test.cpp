@@ -49,6 +49,27 @@ TEST(OrvProgram, AVersionThatCannotBePrintedIsNoSuccess) {
     }
 }
 
+TEST(OrvProgram, WritesInNoFileInPlaceOfAClosedStream) {
+    struct Closed {
+        const char* words;
+        int status;
+    };
+    for (const Closed& closed : {Closed{"-o - --points 2 >&-", 1}, Closed{"-o b.csv --points 2 2>&-", 0},
+                                 Closed{"-o c.csv --points 2 <&- >&- 2>&-", 0}}) {
+        const OwnFolder folder;
+        QProcess shell;
+        shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral(ORV_PATH " collect sim:trx?baud=0 ") +
+                                                                     QLatin1String(closed.words)});
+        ASSERT_TRUE(shell.waitForFinished(patience));
+        EXPECT_EQ(shell.exitCode(), closed.status) << closed.words;
+        for (const QString& name : folder.files()) {
+            EXPECT_FALSE(contentsOf(folder.path() + u'/' + name).contains("orv: ")) << qPrintable(name);
+            EXPECT_EQ(name.endsWith(QLatin1String(".csv")) ? contentsOf(folder.path() + u'/' + name).count('\n') : 3,
+                      3);
+        }
+    }
+}
+
 TEST(OrvProgram, TellsWhichProgramUsesAPort) {
     const InstrumentProcess instrument(QStringLiteral("sim:trx?baud=0"));
     QProcess first;
