@@ -79,6 +79,9 @@ int perform(const Options& options) {
     const Subscription connected = program.link.connection.identified.subscribe([&messages] { messages.forget(); });
     const Subscription saying =
         terminal.said.subscribe([&program](const QString& line) { program.capture.said(line); });
+    for (const QString& name : filesOf(options)) {
+        program.capture.noteFile(name);
+    }
     if (!options.capture.isEmpty()) {
         program.capture.begin(options.capture);
     }

@@ -195,24 +195,6 @@ QString wholePath(const QString& name) {
     return QDir::cleanPath(QFileInfo(name).absoluteFilePath());
 }
 
-/// The files that the command reads and writes, absolute.
-QStringList filesOf(const Options& options) {
-    QStringList names = QStringList{options.save, options.mode} + options.inputs;
-    if (options.output != QLatin1String("-")) {
-        names << options.output << csvMetadataName(options.output);
-    }
-    if (namesReplay(options.port)) {
-        names << parseReplayOptions(options.port).file;
-    }
-    QStringList places;
-    for (const QString& name : names) {
-        if (!name.isEmpty()) {
-            places << wholePath(name);
-        }
-    }
-    return places;
-}
-
 void take(const Texts& texts, Options& options) {
     options.port = fromBytes(texts.port);
     options.output = fromBytes(texts.output);
@@ -246,7 +228,9 @@ void take(const Texts& texts, Options& options) {
         throw Wrong(QStringLiteral("\"%1\" does not say its format. Let its name end with .csv, .nc, .jsonl or .txt.")
                         .arg(options.output));
     }
-    if (!options.capture.isEmpty() && filesOf(options).contains(wholePath(options.capture))) {
+    const QStringList files = filesOf(options);
+    const auto isTheCapture = [&options](const QString& name) { return wholePath(name) == wholePath(options.capture); };
+    if (!options.capture.isEmpty() && std::ranges::any_of(files, isTheCapture)) {
         throw Wrong(QStringLiteral("--capture needs a file of its own."));
     }
     if (options.stamp && !toDevice && formatOfName(options.output) == FileFormat::Sheet) {
@@ -388,6 +372,18 @@ qint64 timeSpan(const QString& text) {
         }
     }
     return 0;
+}
+
+QStringList filesOf(const Options& options) {
+    QStringList names = QStringList{options.save, options.mode} + options.inputs;
+    if (options.output != QLatin1String("-")) {
+        names << options.output << csvMetadataName(options.output);
+    }
+    if (namesReplay(options.port)) {
+        names << parseReplayOptions(options.port).file;
+    }
+    names.removeAll(QString());
+    return names;
 }
 
 Options readOptions(const QStringList& arguments, const QString& version) {

@@ -48,6 +48,9 @@ struct Options {
 /// Reads the command line; `arguments` begins with the program's name.
 Options readOptions(const QStringList& arguments, const QString& version);
 
+/// The files that the command reads and writes, as they are named; without the capture.
+QStringList filesOf(const Options& options);
+
 /// "30s", "15m", "2h", "1d" in milliseconds; 0 if the text is no such time.
 qint64 timeSpan(const QString& text);
 

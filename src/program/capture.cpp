@@ -100,8 +100,18 @@ Capture::Capture(Program& program)
     }));
 }
 
+void Capture::noteFile(const QString& file) {
+    constexpr qsizetype shortest = 4; // the end of some word, for a name in this folder
+    const QFileInfo info(file);
+    folders_ << info.absolutePath() << QDir::cleanPath(info.absolutePath());
+    if (info.path().size() >= shortest) {
+        folders_ << info.path();
+    }
+}
+
 void Capture::begin(const QString& file) {
     file_ = file;
+    noteFile(file);
     store_.describe(facts());
     const Words reason =
         program_.link.questions.isOwn(file) ? Words::tr("the program keeps that file itself") : store_.begin(file);
@@ -159,7 +169,7 @@ void Capture::listenToOperator() {
             const QFileInfo file(answer);
             const bool isFile = question.kind != Question::Kind::YesNo;
             if (isFile && !answer.isEmpty()) {
-                folders_.insert(file.absolutePath());
+                noteFile(answer);
             }
             store_.add(CaptureKind::Answered, isFile ? file.fileName() : answer);
         }));

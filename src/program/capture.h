@@ -26,6 +26,9 @@ public:
     /// operator is told, once, and the program goes on without.
     void begin(const QString& file);
 
+    /// A file that the operator has named: its folder is not told, though it may not be known for one in a text.
+    void noteFile(const QString& file);
+
     /// The operator has used a control: its object name, its caption, and what it is set to, empty for a command.
     void did(const QString& control, const QString& caption, const QString& value = {});
 

@@ -154,6 +154,13 @@ TEST_F(CaptureTest, RowsThatAreSavedAndClearedAreCounted) {
               "\"saved\":{\"name\":\"lake.txt\",\"rows\":3}\n\"cleared\":3\n\"cleared\":0\n");
 }
 
+TEST_F(CaptureTest, FoldersWithASpaceAreLeftOutOfWhatIsSaid) {
+    capture.noteFile(QStringLiteral("/data/lake one/../lake two/rows.csv"));
+    capture.noteFile(QStringLiteral("my lakes/old.txt"));
+    capture.said(QStringLiteral("/data/lake one/../lake two/rows.csv and /data/lake two/x.tmp, my lakes/old.txt"));
+    EXPECT_EQ(entries({"said"}), "\"said\":\"rows.csv and x.tmp, old.txt\"\n");
+}
+
 TEST_F(CaptureTest, RowsOfAFileAreNotKept) {
     state.Vartemp = QStringLiteral("V");
     session.setFirmware(QStringLiteral("512"));
