@@ -11,6 +11,12 @@
 
 namespace orv {
 
+namespace {
+
+constexpr int mostNamed = 5; ///< Differences of each kind that are told one by one.
+
+} // namespace
+
 QString ReplayDifference::text() const {
     const auto quoted = [](const QByteArray& bytes) {
         constexpr qsizetype longest = 60;
@@ -54,7 +60,7 @@ Words ReplayPort::open() {
     const Step& step = steps_[next_];
     ++next_;
     if (step.kind == CaptureKind::NotOpened) {
-        return step.text;
+        return step.text.isEmpty() ? QStringLiteral("It could not be opened.") : step.text;
     }
     open_ = true;
     act(step);
@@ -76,10 +82,15 @@ void ReplayPort::close() {
 }
 
 void ReplayPort::setDataTerminalReady(bool on) {
-    if (open_ && !isOver() && steps_[next_].kind == CaptureKind::Dtr && steps_[next_].on == on) {
+    if (!open_ || isOver()) {
+        return;
+    }
+    if (steps_[next_].kind == CaptureKind::Dtr && steps_[next_].on == on) {
         act(steps_[next_]);
         ++next_;
         goOn();
+    } else {
+        noteDtr(QStringLiteral("DTR is %1 here, as it was not there"), on);
     }
 }
 
@@ -105,10 +116,12 @@ void ReplayPort::write(const QByteArray& bytes) {
     }
     for (QByteArray rest = bytes; !rest.isEmpty();) {
         while (!isOver() && steps_[next_].kind == CaptureKind::Dtr) {
+            noteDtr(QStringLiteral("DTR was %1, now not"), steps_[next_].on);
             ++next_;
             goOn();
         }
         if (isOver()) {
+            beyond_ += rest.size();
             return; // the capture ended with the line open: nothing is known of what followed
         }
         const Step& step = steps_[next_];
@@ -230,17 +243,28 @@ void ReplayPort::noteDifference(const QByteArray& expected, const QByteArray& go
     differences_.push_back({.offset = passed_, .expected = expected, .got = got});
 }
 
+void ReplayPort::noteDtr(const QString& text, bool on) {
+    dtrDifferences_ << QStringLiteral("byte %1: %2")
+                           .arg(QString::number(passed_),
+                                text.arg(on ? QStringLiteral("raised") : QStringLiteral("dropped")));
+}
+
 void ReplayPort::tellResult() {
+    const QStringList dtr = std::exchange(dtrDifferences_, {});
     if (!told_) {
         return;
     }
     const std::size_t first = std::exchange(differencesTold_, differences_.size());
+    const QString beyond =
+        beyond_ == 0 ? QString()
+                     : QStringLiteral("%1 bytes were sent after the end of the capture and are compared with nothing.")
+                           .arg(std::exchange(beyond_, 0));
     if (first == differences_.size()) {
-        told_(QStringLiteral("Replay of %1: the program has sent what was captured, %2 bytes so far.")
-                  .arg(name_, QString::number(passed_)));
+        const QString same = QStringLiteral("Replay of %1: the program has sent what was captured, %2 bytes so far.")
+                                 .arg(name_, QString::number(passed_));
+        told_((QStringList{same} + dtr.mid(0, mostNamed) + QStringList{beyond}).join(u'\n').trimmed());
         return;
     }
-    constexpr std::size_t mostNamed = 5;
     QStringList lines{
         QStringLiteral("Replay of %1: the program has sent something else than was captured.").arg(name_)};
     for (std::size_t number = first; number < std::min(first + mostNamed, differences_.size()); ++number) {
@@ -249,7 +273,7 @@ void ReplayPort::tellResult() {
     if (differences_.size() - first > mostNamed) {
         lines << QStringLiteral("and %1 more").arg(differences_.size() - first - mostNamed);
     }
-    told_(lines.join(u'\n'));
+    told_((lines + dtr.mid(0, mostNamed) + QStringList{beyond}).join(u'\n').trimmed());
 }
 
 bool namesReplay(const QString& device) {

@@ -6,6 +6,7 @@
 #include "link/port.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <deque>
 #include <functional>
@@ -34,7 +35,7 @@ struct ReplayDifference {
 /// so that the play goes on. Each opening of the line plays the next captured one.
 class ReplayPort final : public Port {
 public:
-    /// What is told whenever the line is closed: how the bytes compare, in whole sentences.
+    /// What is told whenever the line is closed: how the bytes and the raising and dropping of DTR compare.
     using Told = std::function<void(const QString& text)>;
 
     /// At `speed` times the captured pace; 0: without any delay. `name` is of the capture, for what is told.
@@ -77,6 +78,7 @@ private:
     void arrive();
     void skipOpening();
     void noteDifference(const QByteArray& expected, const QByteArray& got);
+    void noteDtr(const QString& text, bool on);
     void tellResult();
 
     Clock& clock_;
@@ -97,6 +99,8 @@ private:
     QString failure_;
     std::vector<ReplayDifference> differences_;
     std::size_t differencesTold_ = 0;
+    QStringList dtrDifferences_; ///< Since the line was opened, in words.
+    qint64 beyond_ = 0;          ///< The same: bytes that were sent after the capture's end.
 };
 
 /// What a device text "sim:replay?file=NAME&speed=N" asks for: the capture, and the pace, 1 unless given.

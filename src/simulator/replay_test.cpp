@@ -205,6 +205,29 @@ TEST_F(ReplayTest, DifferencesAreToldWithTheirPlace) {
     }
 }
 
+TEST_F(ReplayTest, WhatElseDiffersIsToldToo) {
+    addVisit(0);
+    addClosing(2000);
+    add(3000, CaptureKind::NotOpened, QJsonValue(QString()));
+    add(4000, CaptureKind::Opened, QJsonValue(QStringLiteral("ttyUSB0")));
+    play();
+    EXPECT_EQ(port->open(), QString());
+    port->write("P"); // without its pulse
+    port->setDataTerminalReady(true);
+    port->close();
+    EXPECT_NE(port->open(), QString()) << "it failed, though the capture does not say why";
+    EXPECT_EQ(port->open(), QString());
+    port->write("abc");
+    port->close();
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told[0].toStdString(), "Replay of lake.jsonl: the program has sent what was captured, 1 bytes so far.\n"
+                                     "byte 0: DTR was raised, now not\n"
+                                     "byte 0: DTR was dropped, now not\n"
+                                     "byte 1: DTR is raised here, as it was not there");
+    EXPECT_EQ(told[1].toStdString(), "Replay of lake.jsonl: the program has sent what was captured, 1 bytes so far.\n"
+                                     "3 bytes were sent after the end of the capture and are compared with nothing.");
+}
+
 TEST_F(ReplayTest, BrokenCapturesHarmNobody) {
     add(0, CaptureKind::Received, "before any opening");
     addClosing(1);
