@@ -17,12 +17,12 @@ public:
     /// Whether the name may be written. Returns the empty text, or why not. Nothing is touched.
     Words check() const;
 
-    /// Where to write meanwhile: a name in the same folder that no file has.
+    /// Where to write meanwhile: a name of its own in the same folder.
     const QString& path() const { return path_; }
 
     /// Brings what was written to the disk and gives it its name; an older file becomes what the operator wants.
-    /// Returns the empty text, or why it failed; then the older file is as it was. `keptAs` becomes the older one's new
-    /// name if it has been kept.
+    /// Returns the empty text, or why it failed; then the older file is as it was, or has its dated name already.
+    /// `keptAs` becomes the older one's new name if it has been kept.
     Words place(QString* keptAs = nullptr);
 
 private:

@@ -67,7 +67,7 @@ private:
     QIODevice& device_;
 };
 
-/// A file to which whole rows are added as they come.
+/// A file to which whole rows are added as they come; what was in one that is replaced is gone from the beginning.
 class GrowingLines final : public Lines {
 public:
     explicit GrowingLines(OutputFile file)
