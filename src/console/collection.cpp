@@ -74,9 +74,10 @@ Task<> Collection::perform() {
         }
     }
     if (isLost_ || output_.isIncomplete()) {
-        throw Failure(isLost_ ? reason_ + QStringLiteral(" %1 rows were collected and are kept.").arg(output_.rows())
-                              : QString(),
-                      ExitStatus::Incomplete);
+        const QString kept = output_.rows() == 1
+                                 ? QStringLiteral(" 1 row was collected and is kept.")
+                                 : QStringLiteral(" %1 rows were collected and are kept.").arg(output_.rows());
+        throw Failure(isLost_ ? reason_ + kept : QString(), ExitStatus::Incomplete);
     }
 }
 
@@ -299,7 +300,8 @@ void Collection::report() {
                         {QStringLiteral("reconnections"), reconnections_},
                         {QStringLiteral("complete"), !isLost_ && !output.isIncomplete() && !output.hasFailed()}});
     } else {
-        visit_.terminal.remark(QStringLiteral("%1 rows were collected.").arg(output.rows()));
+        visit_.terminal.remark(output.rows() == 1 ? QStringLiteral("1 row was collected.")
+                                                  : QStringLiteral("%1 rows were collected.").arg(output.rows()));
     }
 }
 
