@@ -318,6 +318,7 @@ public:
                 QAbstractButton* button = group_.button(++option);
                 button->setText(withKey(preset.caption));
                 button->setAccessibleName(Screen::tr("%1 data points per second").arg(preset.caption));
+                button->setToolTip(button->accessibleName());
             }
         });
         bindings_.bind(program.settings.shown.samplingOption, [this](int selected) { select(selected); });
