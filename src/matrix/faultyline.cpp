@@ -31,11 +31,11 @@ void FaultyLine::makeTerminal() {
     arriving_ = system_->stirred.subscribe([this] { stirred.tell(); });
 }
 
-QString FaultyLine::open() {
+Words FaultyLine::open() {
     if (pulled_ && !system_) {
         return explainOpenFailure({});
     }
-    QString reason = system_ ? system_->open() : QString();
+    Words reason = system_ ? system_->open() : Words();
     open_ = reason.isEmpty();
     if (open_) {
         instrument_->open();
@@ -96,7 +96,7 @@ qsizetype FaultyLine::inputCount() {
     return system_ ? system_->inputCount() : ready_.size();
 }
 
-QString FaultyLine::failure() const {
+Words FaultyLine::failure() const {
     if (system_) {
         return system_->failure();
     }

@@ -16,7 +16,7 @@ public:
 
     FaultyLine(const QString& device, TestClock& clock, Way way);
 
-    QString open() override;
+    Words open() override;
     void close() override;
     bool isOpen() const override { return open_; }
     void setDataTerminalReady(bool on) override;
@@ -24,7 +24,7 @@ public:
     void write(const QByteArray& bytes) override;
     QByteArray discardInput() override;
     qsizetype inputCount() override;
-    QString failure() const override;
+    Words failure() const override;
 
     /// Counts from now on. `strike` is called before byte `at`, the first being 1, is passed on; at 0 never.
     void watch(qint64 at, std::function<void()> strike);

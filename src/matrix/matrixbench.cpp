@@ -52,7 +52,7 @@ void MatrixBench::pass(qint64 milliseconds) {
         if (interruption) {
             QCoreApplication::processEvents();
         }
-        if (const QString step = program.nextStep.text; step != nextStep_) {
+        if (const QString step = program.nextStep.text.value(); step != nextStep_) {
             nextStep_ = step;
             note(step);
         }
@@ -128,7 +128,7 @@ void MatrixBench::follow(Property& property) {
 void MatrixBench::listen() {
     listens_ = true;
     subscriptions_.push_back(session.messages.told.subscribe([this](const Message& message) { note(message.text); }));
-    for (QProperty<QString>* shown : {&status.failure, &status.notice, &settings.exchange, &status.status}) {
+    for (QProperty<Words>* shown : {&status.failure, &status.notice, &settings.exchange, &status.status}) {
         follow(*shown);
     }
 }
