@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "settings/settingsreader.h"
 
 #include <QScopeGuard>
 
