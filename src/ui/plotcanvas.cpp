@@ -368,7 +368,7 @@ void PlotCanvas::paintPicture(QCPPainter& painter, int width, int height) {
             graph(curve)->addToLegend();
         }
     }
-    axisRect()->insetLayout()->take(legend);
+    panes_.ownPane()->insetLayout()->take(legend);
     plotLayout()->insertRow(0);
     plotLayout()->addElement(0, 0, legend);
     plotLayout()->setRowStretchFactor(0, 0.001);
@@ -380,7 +380,7 @@ void PlotCanvas::paintPicture(QCPPainter& painter, int width, int height) {
     legend->clearItems();
     plotLayout()->take(legend);
     plotLayout()->simplify();
-    axisRect()->insetLayout()->addElement(legend, Qt::AlignTop | Qt::AlignRight);
+    panes_.ownPane()->insetLayout()->addElement(legend, Qt::AlignTop | Qt::AlignRight);
     emphasised_ = emphasised;
     lineWidth_ = screenWidth;
     applyTheme(theme_);

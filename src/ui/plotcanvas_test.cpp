@@ -100,6 +100,17 @@ TEST_F(PlotPictureTest, APictureIsLightSmoothAndHasALegendWhateverTheScreen) {
     EXPECT_FALSE(shows(plotImage(canvas()), paperTheme().curves[1])) << "what is switched off is not in it";
 }
 
+TEST_F(PlotPictureTest, OneIsMadeOfEachArrangementAfterTheOther) {
+    for (const int arrangement : {1, 0, 2, 1, 2, 0}) {
+        chooseArrangement(arrangement);
+        const QImage picture = plotImage(canvas());
+        ASSERT_NE(canvas().legend, nullptr) << "it went with a pane before " << arrangement;
+        EXPECT_TRUE(shows(picture, paperTheme().curves[1])) << arrangement;
+        EXPECT_EQ(canvas().axisRectCount(), arrangement == 1 ? 4 : 1);
+        EXPECT_EQ(canvas().plotLayout()->rowCount(), arrangement == 1 ? 4 : 1);
+    }
+}
+
 TEST_F(PlotPictureTest, ACancelledDialogDoesNothing) {
     const int before = canvas().drawings();
     answers.fileName.clear();

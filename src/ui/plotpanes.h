@@ -22,6 +22,9 @@ public:
 
     Signal<> moved; ///< A range has become another, but not by setRanges().
 
+    /// The plot's own pane, which stays whatever the arrangement is.
+    QCPAxisRect* ownPane() const { return panes_.front(); }
+
     /// Gives each visible graph of the plot its pane and its axis of values.
     void arrange(PlotView::Arrangement arrangement);
     PlotView::Arrangement arrangement() const { return arrangement_; }
