@@ -90,7 +90,8 @@ struct CalibrationBoxes {
 struct SettingsState {
     QProperty<LoggerSettings> record;
 
-    /// What the instrument has, as its newest whole report tells; nothing while one is read and before the first.
+    /// What the instrument has, as its newest whole report tells; nothing before the first, while one is read, and from
+    /// a sending on until its report.
     QProperty<std::optional<LoggerSettings>> reported;
     /// What the instrument has taken and has not reported back yet.
     std::optional<LoggerSettings> sent;

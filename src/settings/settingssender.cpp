@@ -193,6 +193,7 @@ Task<> SettingsSender::talk() {
     };
     const LoggerSettings record = settings_.record; // not what is typed meanwhile
     settings_.sent.reset();
+    settings_.reported = std::nullopt; // from here on the instrument may have others
     settings_.exchange = Words::tr("Sending ...");
     auto cutShort = qScopeGuard([this] {
         settings_.exchange = Words::tr("Not sent whole: the instrument did not answer. What was sent before stays "

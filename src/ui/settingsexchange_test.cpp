@@ -97,6 +97,25 @@ TEST_F(SettingsExchangeTest, ASendingThatIsCutOffIsSaid) {
     EXPECT_TRUE(exchange().starts_with("Not sent whole: the instrument did not answer.")) << exchange();
 }
 
+TEST_F(SettingsExchangeTest, OfAChangedBoxTooItIsSaidHowItsSendingWent) {
+    report();
+    find<QCheckBox>("Append").click();
+    EXPECT_EQ(exchange(), "Changed and not sent yet: Append");
+    click("ApplySettings");
+    EXPECT_EQ(exchange(), "Sending ...");
+    EXPECT_EQ(marked(), "");
+    finish();
+    EXPECT_EQ(exchange(), "Sent, and not read back yet");
+    program.closePort();
+    EXPECT_EQ(exchange(), "Sent, and not read back yet");
+    ports.open();
+    report();
+    find<QCheckBox>("Append").click();
+    com1.written = nullptr;
+    apply();
+    EXPECT_TRUE(exchange().starts_with("Not sent whole: the instrument did not answer.")) << exchange();
+}
+
 TEST_F(SettingsExchangeTest, AnotherConnectionsReportReadsNothingBack) {
     apply();
     program.closePort();
