@@ -3056,5 +3056,9 @@ Bitte den Dateinamen prüfen.</translation>
         <source>it has been removed</source>
         <translation>sie wurde gelöscht</translation>
     </message>
+    <message>
+        <source>Not sent whole: the connection ended. What was sent before stays in the instrument. Connect to see what it has.</source>
+        <translation>Nicht ganz gesendet: Die Verbindung endete. Was vorher gesendet wurde, bleibt im Instrument. Verbinden, um zu sehen, was es hat.</translation>
+    </message>
 </context>
 </TS>

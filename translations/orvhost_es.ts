@@ -3056,5 +3056,9 @@ Compruebe el nombre.</translation>
         <source>it has been removed</source>
         <translation>se ha eliminado</translation>
     </message>
+    <message>
+        <source>Not sent whole: the connection ended. What was sent before stays in the instrument. Connect to see what it has.</source>
+        <translation>No se envió entero: la conexión terminó. Lo enviado antes queda en el instrumento. Conecte para ver lo que tiene.</translation>
+    </message>
 </context>
 </TS>

@@ -3056,5 +3056,9 @@ Vérifiez le nom du fichier.</translation>
         <source>it has been removed</source>
         <translation>il a été supprimé</translation>
     </message>
+    <message>
+        <source>Not sent whole: the connection ended. What was sent before stays in the instrument. Connect to see what it has.</source>
+        <translation>Pas envoyé en entier&#xa0;: la connexion a pris fin. Ce qui a été envoyé avant reste dans l&apos;instrument. Connectez pour voir ce qu&apos;il a.</translation>
+    </message>
 </context>
 </TS>

@@ -195,20 +195,25 @@ Task<> SettingsSender::talk() {
     settings_.sent.reset();
     settings_.reported = std::nullopt; // from here on the instrument may have others
     settings_.exchange = Words::tr("Sending ...");
-    auto cutShort = qScopeGuard([this] {
-        settings_.exchange = Words::tr("Not sent whole: the instrument did not answer. What was sent before stays "
-                                       "in it. Connect or press \"Retrieve Settings\" to see what it has.");
-    });
     std::vector<Item> items{{QStringLiteral("B")}, {controlBits(record)}};
     for (const Setting& setting : numberSettings) {
         items.push_back({QChar(setting.letter)});
         items.push_back({record.*setting.number, "\r"});
     }
-    for (const Item& item : items) {
-        dialogue_.send(item.text, item.terminator);
-        co_await dialogue_.waitprompt();
+    try {
+        for (const Item& item : items) {
+            dialogue_.send(item.text, item.terminator);
+            co_await dialogue_.waitprompt();
+        }
+    } catch (const TimedOut&) {
+        settings_.exchange = Words::tr("Not sent whole: the instrument did not answer. What was sent before stays "
+                                       "in it. Connect or press \"Retrieve Settings\" to see what it has.");
+        throw;
+    } catch (const ConnectionEnded&) {
+        settings_.exchange = Words::tr("Not sent whole: the connection ended. What was sent before stays in the "
+                                       "instrument. Connect to see what it has.");
+        throw;
     }
-    cutShort.dismiss();
     settings_.sent = record;
     settings_.exchange = Words::tr("Sent, and not read back yet");
     // During a shutter reset the settings are sent only for a while; the clock is none of its business.

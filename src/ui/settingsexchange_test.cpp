@@ -94,7 +94,7 @@ TEST_F(SettingsExchangeTest, ASendingThatIsCutOffIsSaid) {
     EXPECT_TRUE(exchange().starts_with("Not sent whole: the instrument did not answer.")) << exchange();
     click("ApplySettings");
     program.closePort();
-    EXPECT_TRUE(exchange().starts_with("Not sent whole: the instrument did not answer.")) << exchange();
+    EXPECT_TRUE(exchange().starts_with("Not sent whole: the connection ended.")) << exchange();
 }
 
 TEST_F(SettingsExchangeTest, OfAChangedBoxTooItIsSaidHowItsSendingWent) {
