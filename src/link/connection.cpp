@@ -45,6 +45,7 @@ Connection::Connection(Session& session, DebugState& debug, ComPorts& ports, Wai
 
 void Connection::autoConnect(int portNumber) {
     if (!ports_.isOpen()) {
+        items.uncheckAll(); // a manual item that waits in its dialog would decide the port
         ports_.selectPort(portNumber);
     }
     portNumber == 1 ? autoConnect1() : autoConnect2();

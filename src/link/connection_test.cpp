@@ -116,6 +116,20 @@ TEST_F(Connecting, usesPort2WithItsManualItemCheckedAfterAutomaticComm1) {
     EXPECT_FALSE(com1.isOpen());
 }
 
+TEST_F(Connecting, byTheButtonIsOnItsPortAlsoWhileAManualConnectionOfTheOtherWaits) {
+    for (const int portNumber : {1, 2}) {
+        program.manualConnect(3 - portNumber);
+        replies = {"V512\r"};
+        program.connectPort(portNumber);
+        EXPECT_FALSE(manual.shown.visible);
+        finish();
+        EXPECT_EQ(ports.selectedPort(), portNumber);
+        EXPECT_EQ(com1.isOpen(), portNumber == 1);
+        EXPECT_EQ(com2.isOpen(), portNumber == 2);
+        program.closePort();
+    }
+}
+
 TEST_F(Connecting, opensPort2AgainByComm1AfterASessionOnPort2) {
     replies = {"V512\r", "V512\r"};
     autoConnect(2);

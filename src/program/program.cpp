@@ -60,6 +60,9 @@ void Program::autoConnect2() {
 }
 
 void Program::connectPort(int portNumber) {
+    if (!link.ports.isOpen()) {
+        link.manual.hide(); // it is of a connection that is no more wanted
+    }
     link.connection.autoConnect(portNumber);
 }
 

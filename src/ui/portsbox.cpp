@@ -374,6 +374,7 @@ void PortsBox::addNextStep(QGridLayout& layout) {
     line->addWidget(simulation);
     bindText(bindings_, step, program_.nextStep.text);
     bindVisible(bindings_, simulation, choices_.shown.offersSimulation);
+    bindEnabled(bindings_, simulation, program_.link.connection.portCommand(1).canConnect);
 }
 
 void PortsBox::noteFocus(QWidget* control) {

@@ -185,6 +185,12 @@ TEST_F(StatusPageTest, WithNothingPluggedInASimulatedInstrumentIsOneClickAway) {
     program.link.portChoices.refresh();
     EXPECT_TRUE(trial.isVisible());
     EXPECT_EQ(step(), "Plug in an adapter, or choose a port and press Connect.");
+    answers.late = true;
+    haveRows(1);
+    program.openSheet();
+    EXPECT_FALSE(trial.isEnabled()) << "a question stands";
+    answers.answer({});
+    EXPECT_TRUE(trial.isEnabled());
     trial.click();
     EXPECT_EQ(ports.device(1).toStdString(), "sim:trx");
     EXPECT_TRUE(ports.isOpen());
