@@ -85,6 +85,21 @@ TEST_F(ClearAllTest, UnsavedRowsComeBackWholeAndAreOfferedAfterACrash) {
     EXPECT_EQ(values(), "1|2") << "once";
 }
 
+TEST_F(ClearAllTest, SavingTheEmptySheetMeanwhileSavesNothing) {
+    run({"1", "2"});
+    program.clearAll();
+    save("empty.txt");
+    program.bringBack();
+    EXPECT_TRUE(sheetState.unsaved);
+    EXPECT_EQ(offeredNext(), "1|2");
+    run({"3"});
+    EXPECT_EQ(values(), "1|2|3");
+    EXPECT_EQ(offeredNext(), "3");
+    const RecordFile later(clock, path("Orvtemp.tmp"));
+    ASSERT_NE(later.unendedEarlierFile(), QString()) << "the run has kept the file with the others";
+    EXPECT_EQ(readRecordedRows(later.unendedEarlierFile(), sheet.type()).sheet.rows.size(), 2U);
+}
+
 TEST_F(ClearAllTest, SavedRowsComeBackSaved) {
     run({"1", "2"});
     save("bay.txt");

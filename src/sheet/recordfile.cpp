@@ -271,6 +271,7 @@ void RecordFile::rowsDiscarded() {
 
 RecordFile::Standing RecordFile::standing() const {
     return {.unsaved = unsaved_,
+            .saved = saved_,
             .discarded = discarded_,
             .earlierFile = earlierFile_,
             .keptAs = keptAs_,
@@ -280,6 +281,7 @@ RecordFile::Standing RecordFile::standing() const {
 
 void RecordFile::takeBack(const Standing& then) {
     if (runs_ == then.runs) {
+        saved_ = then.saved; // what has been saved since was a sheet without these rows
         discarded_ = then.discarded;
     }
     unsaved_ = then.unsaved;

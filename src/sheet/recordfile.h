@@ -102,6 +102,7 @@ public:
     /// What the files of the program are to the rows on the sheet.
     struct Standing {
         bool unsaved = false;
+        bool saved = false;
         bool discarded = false;
         QString earlierFile;
         QString keptAs;
