@@ -48,7 +48,7 @@ void RunProgress::follow(Activity activity) {
     }
     begin();
     if (activity == Activity::Collecting) {
-        const LoggerSettings& record = settings_.record.value();
+        const LoggerSettings record = settings_.reported.value().value_or(settings_.record.value());
         constexpr double hour = 3600.0;
         rowsOfBlock_ = std::max(leadingNumber(record.pointsPerBlock), 0.0);
         firstWait_ = leadingNumber(record.hoursBeforeBlock) * hour + leadingNumber(record.secondsBetweenPoints);

@@ -12,12 +12,17 @@ protected:
     std::string late() const { return program.progress.late.value().toStdString(); }
     std::string step() const { return program.nextStep.text.value().toStdString(); }
 
+    /// Settings of the instrument, not of the boxes.
+    void letItHave(const char* hoursBeforeBlock, const char* secondsBetweenPoints) {
+        LoggerSettings reported = settings.reported.value().value();
+        reported.hoursBeforeBlock = QString::fromLatin1(hoursBeforeBlock);
+        reported.secondsBetweenPoints = QString::fromLatin1(secondsBetweenPoints);
+        settings.reported = reported;
+    }
+
     void run(const QByteArray& pointsPerBlock = "0") {
         connectAndRead("V512\r", pointsPerBlock);
-        change(settings.record, [](LoggerSettings& record) {
-            record.hoursBeforeBlock = QStringLiteral("0");
-            record.secondsBetweenPoints = QStringLiteral("0");
-        });
+        letItHave("0", "0");
         program.run();
         receive("R\r\n");
     }
@@ -67,6 +72,17 @@ TEST_F(RunProgressTest, OfMoreRowsThanTheBlockHasNoneIsLeft) {
     EXPECT_EQ(text(), "4 s, 1.0 rows/s");
 }
 
+TEST_F(RunProgressTest, WhatIsTypedAndNotSentDoesNotCount) {
+    connectAndRead("V512\r", "60");
+    letItHave("0", "0");
+    change(settings.record, [](LoggerSettings& record) { record.pointsPerBlock = QStringLiteral("12"); });
+    program.run();
+    receive("R\r\n");
+    receiveRows(12, 1.0);
+    live(1.0);
+    EXPECT_EQ(text(), "13 s, 1.0 rows/s, 12 of 60, 48 s left");
+}
+
 TEST_F(RunProgressTest, SaysWhenARowIsLateByThreeIntervals) {
     run();
     receiveRows(10, 2.0);
@@ -93,10 +109,7 @@ TEST_F(RunProgressTest, OfFastRowsASilenceOfSecondsCounts) {
 
 TEST_F(RunProgressTest, WaitsForTheFirstRowsAsLongAsTheSettingsSay) {
     connectAndRead();
-    change(settings.record, [](LoggerSettings& record) {
-        record.hoursBeforeBlock = QStringLiteral("1");
-        record.secondsBetweenPoints = QStringLiteral("100");
-    });
+    letItHave("1", "100");
     program.run();
     receive("R\r\n");
     live(3700.0);
