@@ -65,7 +65,10 @@ SheetPage::SheetPage(Program& program)
                                       Screen::tr("Select cells, a row by its number or a column by its header: "
                                                  "to copy them, and for their mean and standard deviation.")))
     , redrawing_(this, refreshDelay, [this] { refreshNow(); })
-    , computing_(this, statisticsDelay, [this] { showStatistics(); }) {
+    , computing_(this, statisticsDelay, [this] {
+        refreshNow();
+        showStatistics();
+    }) {
     setObjectName(QStringLiteral("SheetPage"));
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(makeBar(program));
@@ -249,7 +252,10 @@ void SheetPage::makeActions() {
         made->setObjectName(QLatin1String(name));
         made->setShortcut(keys);
         made->setShortcutContext(context);
-        connect(made, &QAction::triggered, this, [action] { action(); });
+        connect(made, &QAction::triggered, this, [this, action] {
+            refreshNow(); // rows may have come, or gone with an automatic save, since the grid was drawn
+            action();
+        });
         // On the page the keys work wherever the focus is, but not while another page is shown.
         if (context == Qt::WindowShortcut) {
             addAction(made);

@@ -99,6 +99,17 @@ TEST_F(SheetSelectionTest, CellsAreCopiedWithTheHeaderRowAndWithoutIt) {
     EXPECT_EQ(copied(), "100\t150\n\t30\n12\t") << "what lies between is not selected";
 }
 
+TEST_F(SheetSelectionTest, WhatHasGoneSinceTheGridWasDrawnIsNotCopied) {
+    run({"10", "11", "12"});
+    drag(at(0, 3), at(2, 3));
+    sheet.removeRows(); // by an automatic save
+    EXPECT_EQ(copied(), "nothing");
+    EXPECT_EQ(copied(Qt::ShiftModifier), "nothing");
+    receiveRow();
+    key(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(copied(Qt::ShiftModifier), "1\t11/21/26\t1:00:00\t10\t20\t30\t40") << "also what has just come";
+}
+
 TEST_F(SheetSelectionTest, ARecordNumberStandsForItsRow) {
     run({"10", "11", "12"});
     clickCell(1, 0);
