@@ -42,6 +42,8 @@ public:
         : sheet_(sheet) {}
 
     Change update();
+    /// Rows have been removed since, so that the points are no rows any more.
+    bool isOutdated() const { return sheet_.removals() != removals_; }
 
     /// Takes effect at the next update().
     void setAxis(Axis axis);

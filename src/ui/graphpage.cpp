@@ -190,6 +190,7 @@ void GraphPage::arrange(PlotView::Arrangement arrangement) {
 }
 
 void GraphPage::takeRange() {
+    refreshNow(); // an automatic save may have taken the rows, and the range with them
     showStatistics();
     if (const auto& range = canvas_->range()) {
         rowsChosen.tell(data_.rowsBetween(range->lower, range->upper));
@@ -350,6 +351,10 @@ void GraphPage::tellWhatIsMissing() {
 }
 
 void GraphPage::readOut(int point) {
+    if (data_.isOutdated()) {
+        refreshNow(); // which comes here again
+        return;
+    }
     pointed_ = point < data_.pointCount() ? point : -1;
     CurveList::Readout readout;
     readout.title = pointed_ >= 0 ? Screen::tr("Row under the cursor") : Screen::tr("Newest row");

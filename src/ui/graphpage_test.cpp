@@ -401,6 +401,28 @@ TEST_F(GraphPageTest, ARangeIsMeasuredAndItsRowsAreSelected) {
     EXPECT_FALSE(find<QWidget>("PlotStatistics").isVisible());
 }
 
+TEST_F(GraphPageTest, RowsThatHaveGoneSinceTheCurvesWereDrawnAreNeitherReadOutNorSelected) {
+    begin(50);
+    moveTo(pixel(10, 1010));
+    sheet.removeRows(); // by an automatic save
+    append(30);
+    moveTo(pixel(20, 1020));
+    EXPECT_EQ(text("ReadoutTitle"), "Newest row");
+    EXPECT_EQ(text("ReadoutRecord"), "30");
+    settle();
+    sheet.removeRows();
+    append(40);
+    drag(pixel(9.6, 1010), pixel(20.4, 1020), Qt::ShiftModifier);
+    EXPECT_FALSE(find<QWidget>("PlotStatistics").isVisible());
+    EXPECT_FALSE(find<QTableView>("fg1").selectionModel()->hasSelection());
+    sheet.removeRows();
+    append(10);
+    for (const int key : {Qt::Key_Right, Qt::Key_Space, Qt::Key_Right, Qt::Key_Right, Qt::Key_Space}) {
+        press(canvas(), key);
+    }
+    EXPECT_EQ(text("ReadoutTitle"), "Row under the cursor");
+}
+
 TEST_F(GraphPageTest, TheAxisIsTheRecordNumberOrTheTime) {
     begin(20);
     sheet.appendRow({QStringLiteral("21"), QStringLiteral("11/21/26"), QStringLiteral("27:00:00")});
