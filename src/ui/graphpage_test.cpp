@@ -258,6 +258,13 @@ TEST_F(GraphPageTest, TheTimeAxisNeverRepeatsALabel) {
         EXPECT_EQ(QSet<QString>(labels.begin(), labels.end()).size(), labels.size())
             << QStringList(labels.begin(), labels.end()).join(u'|').toStdString();
         ASSERT_FALSE(labels.isEmpty());
+        for (qsizetype tick = 0; tick < labels.size(); ++tick) {
+            const QString label = labels[tick].section(u'\n', 0, 0);
+            const QTime time = QTime::fromString(label, label.contains(u'.') ? QStringLiteral("h:mm:ss.zzz")
+                                                                            : QStringLiteral("h:mm:ss"));
+            const double seconds = std::fmod(canvas().xAxis->tickVector()[tick], 86400.0);
+            EXPECT_NEAR(time.msecsSinceStartOfDay() / 1000.0, seconds, 1e-3) << label.toStdString();
+        }
         EXPECT_TRUE(labels.front().endsWith(QLatin1String("\n11/21/26"))) << labels.front().toStdString();
         canvas().xAxis->scaleRange(0.7);
         canvas().replot();

@@ -79,7 +79,7 @@ TimeTicker::TimeTicker() {
 double TimeTicker::getTickStep(const QCPRange& range) {
     constexpr double millisecond = 1e-3;
     const double step = std::max(QCPAxisTickerDateTime::getTickStep(range), millisecond);
-    setDateTimeFormat(step < 1.0 ? QStringLiteral("h:mm:ss.zzz") : QStringLiteral("h:mm:ss"));
+    setDateTimeFormat(step != std::floor(step) ? QStringLiteral("h:mm:ss.zzz") : QStringLiteral("h:mm:ss"));
     return step;
 }
 

@@ -30,7 +30,7 @@ private:
 };
 
 /// Labels an axis of seconds from the start of 1970 with times of day, and with the date below where it begins. No two
-/// labels are the same: within a second they have decimals.
+/// labels are the same, and each says its tick exactly: where ticks are no whole seconds they have decimals.
 class TimeTicker final : public QCPAxisTickerDateTime {
 public:
     TimeTicker();
