@@ -98,7 +98,6 @@ void Connection::closePort() {
     session_.setFirmware(StatusState::unknownShort());
     status.instrument = InstrumentType::Unknown;
     status.date = StatusState::unknownLong();
-    status.clockOffset = std::optional<qint64>();
     status.time = StatusState::unknownLong();
     hideFrames();
     CommandState& commands = session_.commands;
@@ -187,6 +186,7 @@ void Connection::goOffline() {
     state.Ctrlscrn = Operation::Idle;
     state.Tmr = 1;
     session_.status.status = Words::tr("Offline");
+    session_.status.clockOffset = std::optional<qint64>(); // another instrument may be next
     session_.status.failure = QString();
 }
 

@@ -213,6 +213,17 @@ TEST_F(Connecting, closesTheDialogWhenAManualConnectionCannotOpenThePort) {
     EXPECT_FALSE(manual.shown.visible.value());
 }
 
+TEST_F(Connecting, forgetsAtEachEndHowTheInstrumentsClockStood) {
+    const std::function<void()> ends[] = {[this] { program.closePort(); }, [this] { fixit(); }, [this] { abort2(); }};
+    for (const auto& end : ends) {
+        connectAndRead();
+        status.clockOffset = 40;
+        end();
+        EXPECT_FALSE(status.clockOffset.value());
+        program.closePort();
+    }
+}
+
 TEST_F(Connecting, isToldOnceWhenTheLineFailsInTheWakeUpPulse) {
     com1.dtrChanged = [&](bool on) {
         if (on) {
