@@ -3060,5 +3060,9 @@ Bitte den Dateinamen prüfen.</translation>
         <source>Not sent whole: the connection ended. What was sent before stays in the instrument. Connect to see what it has.</source>
         <translation>Nicht ganz gesendet: Die Verbindung endete. Was vorher gesendet wurde, bleibt im Instrument. Verbinden, um zu sehen, was es hat.</translation>
     </message>
+    <message>
+        <source>%1 %2, not saved.</source>
+        <translation>%1 %2, nicht gespeichert.</translation>
+    </message>
 </context>
 </TS>

@@ -3060,5 +3060,9 @@ Compruebe el nombre.</translation>
         <source>Not sent whole: the connection ended. What was sent before stays in the instrument. Connect to see what it has.</source>
         <translation>No se envió entero: la conexión terminó. Lo enviado antes queda en el instrumento. Conecte para ver lo que tiene.</translation>
     </message>
+    <message>
+        <source>%1 %2, not saved.</source>
+        <translation>%1 %2 sin guardar.</translation>
+    </message>
 </context>
 </TS>

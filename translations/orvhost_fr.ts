@@ -3060,5 +3060,9 @@ Vérifiez le nom du fichier.</translation>
         <source>Not sent whole: the connection ended. What was sent before stays in the instrument. Connect to see what it has.</source>
         <translation>Pas envoyé en entier&#xa0;: la connexion a pris fin. Ce qui a été envoyé avant reste dans l&apos;instrument. Connectez pour voir ce qu&apos;il a.</translation>
     </message>
+    <message>
+        <source>%1 %2, not saved.</source>
+        <translation>%1 %2, non enregistré.</translation>
+    </message>
 </context>
 </TS>

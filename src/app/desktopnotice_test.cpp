@@ -103,7 +103,8 @@ TEST_F(NoticeTest, TellsThatAPulledCableHasEndedIt) {
     run(31.0);
     com1.failureReason = QStringLiteral("Gone.");
     live(1.0);
-    EXPECT_EQ(notice.shown, "The run has ended: COM 1 (ttyA) was lost. Check the cable, then press Connect.\n");
+    EXPECT_EQ(notice.shown, "The run has ended: COM 1 (ttyA) was lost. Check the cable, then press Connect. "
+                            "1 row, not saved.\n");
 }
 
 TEST_F(NoticeTest, TellsThatALongDownloadHasEnded) {

@@ -31,6 +31,11 @@ Connection::Connection(Session& session, DebugState& debug, ComPorts& ports, Wai
             Words::tr("%1 was lost. Check the cable, then press Connect.").arg(ports_.nameOf(ports_.selectedPort()));
     })) {
     for (const int portNumber : {1, 2}) {
+        bindings_.bind(ports_.chosenDevice(portNumber), [this, portNumber](const QString&) {
+            if (portNumber == ports_.selectedPort()) {
+                session_.status.failure = QString(); // it was the other device's
+            }
+        });
         PortCommand& command = portCommands_.at(static_cast<std::size_t>(portNumber - 1));
         const ConnectItem& item = items[portNumber == 1 ? ConnectItems::Auto1 : ConnectItems::Auto2];
         command.canConnect.setBinding([this, portNumber, &item] {

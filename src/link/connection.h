@@ -139,6 +139,7 @@ private:
     Procedures& procedures_;
     std::array<PortCommand, 2> portCommands_;
     Subscription portFailed_;
+    Bindings bindings_;
 };
 
 } // namespace orv

@@ -76,7 +76,7 @@ struct StatusState {
     QProperty<QString> downloadedBytes{QStringLiteral("0")}; ///< Size of the last whole download.
     QProperty<Words> notice; ///< A remark beside the status that needs no answer; empty most of the time.
     /// Why the last attempt to connect or the last connection ended by itself, and what to do now; empty from the next
-    /// attempt on, and after "Close Port", "Reset" and "Quit" of the dialog.
+    /// attempt on, after "Close Port", "Reset" and "Quit" of the dialog, and when its port is given another device.
     QProperty<Words> failure;
 };
 

@@ -78,7 +78,7 @@ Words sentence(const Link& link, const SettingsState& settings, const SheetState
         return underWay(activity, link, settings, progress);
     }
     if (Words failure = link.session.status.failure; !failure.isEmpty()) {
-        return failure;
+        return sheet.unsaved ? Words::tr("%1 %2, not saved.").arg(failure, rowsInWords(sheet.counter)) : failure;
     }
     if (link.manual.shown.visible) {
         return Words::tr("The dialog Manual Connection says how to go on.");

@@ -40,6 +40,17 @@ TEST_F(NextStepTest, CountsTheRowsThatAreNotSaved) {
     EXPECT_EQ(step(), "3 rows, not saved. Save As is on the page Output: Spread Sheet.");
 }
 
+TEST_F(NextStepTest, SaysAFailureUntilItsPortHasAnotherDevice) {
+    runWithRows(3);
+    com1.unplugged = true;
+    live(1.0);
+    EXPECT_EQ(step(), "COM 1 (ttyA) was lost. Check the cable, then press Connect. 3 rows, not saved.");
+    program.link.portChoices.choose(2, QStringLiteral("ttyD"));
+    EXPECT_TRUE(step().starts_with("COM 1 (ttyA) was lost.")) << step();
+    program.link.portChoices.choose(1, QStringLiteral("ttyC"));
+    EXPECT_EQ(step(), "3 rows, not saved. Save As is on the page Output: Spread Sheet.");
+}
+
 TEST_F(NextStepTest, SaysWhatGoesOn) {
     const std::pair<Activity, const char*> sentences[] = {
         {Activity::Connecting, ""},
