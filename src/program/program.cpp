@@ -252,6 +252,7 @@ void Program::endUnasked() {
     const bool kept = keepForNextStart();
     sheet.download.endIncomplete(kept ? Download::SheetThen::IsOffered : Download::SheetThen::Goes);
     stopEverything();
+    endedUnasked.tell();
 }
 
 void Program::stopEverything() {

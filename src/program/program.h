@@ -86,7 +86,8 @@ public:
     bool keepForNextStart();
 
     Signal<> aboutToEnd; ///< By quit() or leave(): nothing stops it any more, and what is told from now on is its last.
-    Signal<> ended;      ///< By quit() or leave(): the windows may go.
+    Signal<> endedUnasked; ///< By endUnasked().
+    Signal<> ended;        ///< By quit() or leave(): the windows may go.
 
     /// One tick of the status timer: polls and dispatches on the operation code.
     void tick();

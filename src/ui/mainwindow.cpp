@@ -63,6 +63,7 @@ MainWindow::MainWindow(Program& program, Remembered* remembered)
         }
     }));
     subscriptions_.push_back(program_.aboutToEnd.subscribe([this] { closeOldMessages(); }));
+    subscriptions_.push_back(program_.endedUnasked.subscribe([this] { keepLook(); }));
     subscriptions_.push_back(program_.ended.subscribe([this] {
         keepLook();
         hideWindows();

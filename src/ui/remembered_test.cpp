@@ -73,29 +73,35 @@ TEST_F(RememberedTest, ARememberedDeviceThatCannotBeUsedIsLeftOut) {
 }
 
 TEST_F(RememberedTest, WindowsPageAndAxisComeBack) {
-    {
+    const std::function<void(ProgramRig & rig)> ends[] = {[](ProgramRig& rig) { EXPECT_TRUE(rig.quit()); },
+                                                          [](ProgramRig& rig) { rig.program.endUnasked(); }};
+    QSize size(900, 611);
+    for (const auto& end : ends) {
+        size -= QSize(10, 10); // not that of the round before
+        {
+            const auto kept = start();
+            ProgramRig rig;
+            MainWindow first(rig.program, kept.get());
+            first.show();
+            first.prepareAllPages();
+            first.resize(size);
+            control<QComboBox>(first, "PlotAxis").setCurrentIndex(1);
+            control<QTabBar>(first, "TabStrip1").setCurrentIndex(0);
+            clickTab(control<QTabBar>(first, "TabStrip1"), 2);
+            rig.program.showSettingsForm();
+            first.settingsWindow()->resize(size - QSize(200, 111));
+            end(rig);
+        }
         const auto kept = start();
         ProgramRig rig;
-        MainWindow first(rig.program, kept.get());
-        first.show();
-        first.prepareAllPages();
-        first.resize(900, 611);
-        control<QComboBox>(first, "PlotAxis").setCurrentIndex(1);
-        control<QTabBar>(first, "TabStrip1").setCurrentIndex(0);
-        clickTab(control<QTabBar>(first, "TabStrip1"), 2);
+        MainWindow second(rig.program, kept.get());
+        second.show();
+        EXPECT_EQ(second.size(), size);
+        EXPECT_EQ(rig.program.pages.shown.value(), Page::Graphical);
+        EXPECT_EQ(control<QComboBox>(second, "PlotAxis").currentIndex(), 1);
         rig.program.showSettingsForm();
-        first.settingsWindow()->resize(700, 500);
-        EXPECT_TRUE(rig.quit());
+        EXPECT_EQ(second.settingsWindow()->size(), size - QSize(200, 111));
     }
-    const auto kept = start();
-    ProgramRig rig;
-    MainWindow second(rig.program, kept.get());
-    second.show();
-    EXPECT_EQ(second.size(), QSize(900, 611));
-    EXPECT_EQ(rig.program.pages.shown.value(), Page::Graphical);
-    EXPECT_EQ(control<QComboBox>(second, "PlotAxis").currentIndex(), 1);
-    rig.program.showSettingsForm();
-    EXPECT_EQ(second.settingsWindow()->size(), QSize(700, 500));
 }
 
 TEST_F(RememberedTest, WithoutAnEarlierStartNothingIsTakenOver) {
