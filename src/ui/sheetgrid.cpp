@@ -366,12 +366,12 @@ void SheetGrid::mousePressEvent(QMouseEvent* event) {
     const QModelIndex pressed = indexAt(event->position().toPoint());
     rowPressed_ = event->button() == Qt::LeftButton && pressed.isValid() && pressed.column() == sheetcolumn::record;
     QTableView::mousePressEvent(event);
-    setAutoScroll(true); // the operator may drag beyond what is seen; what a procedure visits moves nothing
+    setAutoScroll(event->button() == Qt::LeftButton); // the operator may drag beyond what is seen; what a procedure visits moves nothing
 }
 
 void SheetGrid::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
-    setAutoScroll(false);
+    setAutoScroll((event->buttons() & Qt::LeftButton) != 0);
 }
 
 void SheetGrid::keyPressEvent(QKeyEvent* event) {

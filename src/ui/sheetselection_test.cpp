@@ -160,6 +160,18 @@ TEST_F(SheetSelectionTest, TheViewGoesAlongWithTheKeysButNotWithAVisitedCell) {
     EXPECT_TRUE(sees(0));
 }
 
+TEST_F(SheetSelectionTest, OnlyDraggingMovesTheViewByItself) {
+    run({"10", "11"});
+    const auto press = [this](Qt::MouseButton button) {
+        QTest::mousePress(grid.viewport(), button, Qt::NoModifier, at(0, 3));
+        return grid.hasAutoScroll();
+    };
+    EXPECT_TRUE(press(Qt::LeftButton));
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, at(0, 3));
+    EXPECT_FALSE(grid.hasAutoScroll());
+    EXPECT_FALSE(press(Qt::RightButton)) << "its release goes to the menu";
+}
+
 TEST_F(SheetSelectionTest, TheMenuHasWhatTheKeysDo) {
     run({"10"});
     QStringList items;
