@@ -133,12 +133,33 @@ bool PortChoices::isListed(const QString& device) const {
                                [&device](const PortChoice& choice) { return choice.device == device; });
 }
 
-void PortChoices::remember(int portNumber, const QString& device) {
-    if (ports_.use(portNumber).value() == PortUse::None && problemOf(portNumber, device).isEmpty()) {
+void PortChoices::remember(const std::array<QString, 2>& devices) {
+    std::array<QString, 2> wanted = devices;
+    const auto leaveOut = [this, &wanted](int portNumber) {
+        wanted.at(static_cast<std::size_t>(portNumber - 1)) = ports_.device(portNumber);
+    };
+    for (const int portNumber : {1, 2}) {
+        const QString& device = devices.at(static_cast<std::size_t>(portNumber - 1));
+        if (device.isEmpty() || ports_.use(portNumber).value() != PortUse::None || !deviceProblem_(device).isEmpty()) {
+            leaveOut(portNumber);
+        }
+    }
+    // Both are looked at together, for they may have changed places.
+    for (const int portNumber : {2, 1}) {
+        if (sameDevice(wanted.front(), wanted.back())) {
+            leaveOut(portNumber);
+        }
+    }
+    for (const int portNumber : {1, 2}) {
+        const auto index = static_cast<std::size_t>(portNumber - 1);
+        const QString& device = wanted.at(index);
+        if (device.isEmpty() || device != devices.at(index)) {
+            continue;
+        }
         nothingChosen_ = false;
         ports_.setDevice(portNumber, device);
-        if (!device.contains(u'/')) { // the list has no paths
-            known_.at(static_cast<std::size_t>(portNumber - 1)) = device;
+        if (!device.contains(u'/') && !isSimulatedDevice(device)) { // the list has no paths, and not every simulation
+            known_.at(index) = device;
         }
     }
 }

@@ -62,9 +62,9 @@ public:
     /// taken, the chooser's `problem` says why and the device stays what it was. A port in use keeps its device.
     void choose(int portNumber, const QString& device);
 
-    /// Makes the device that was connected there in an earlier session the port's, if it can be. If it is not there
-    /// now, it stays, and is shown as gone.
-    void remember(int portNumber, const QString& device);
+    /// Makes the devices that were connected in earlier sessions those of COM 1 and COM 2, each if it can be; empty:
+    /// there is none. A port of this computer that is not there now stays, and is shown as gone.
+    void remember(const std::array<QString, 2>& devices);
     /// Nobody has chosen a device, neither now nor before: what the ports have are mere defaults.
     void noteNothingChosen();
     /// The same as choosing a simulated instrument for COM 1; see `offersSimulation`.

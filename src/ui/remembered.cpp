@@ -43,11 +43,7 @@ void Remembered::keep(const QString& key, const QVariant& value) {
 }
 
 void Remembered::restorePorts(Program& program) const {
-    for (const int portNumber : {1, 2}) {
-        if (const QString device = file_.value(portKey(portNumber)).toString(); !device.isEmpty()) {
-            program.link.portChoices.remember(portNumber, device);
-        }
-    }
+    program.link.portChoices.remember({file_.value(portKey(1)).toString(), file_.value(portKey(2)).toString()});
 }
 
 void Remembered::keepPorts(const Program& program) {

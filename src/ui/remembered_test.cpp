@@ -44,7 +44,7 @@ TEST_F(RememberedTest, APortThatWasOnlyChosenDoesNot) {
 
 TEST_F(RememberedTest, APortThatIsGoneIsShownAsGoneAndNotReplaced) {
     program.link.portChoices.noteNothingChosen();
-    program.link.portChoices.remember(1, QStringLiteral("ttyUSB3"));
+    program.link.portChoices.remember({QStringLiteral("ttyUSB3"), {}});
     portList.plugged = {{.name = QStringLiteral("ttyUSB0"), .description = {}, .manufacturer = {}, .isAdapter = true}};
     const auto& gone = find<QLabel>("PortProblem1");
     program.link.portChoices.refresh();
@@ -63,13 +63,28 @@ TEST_F(RememberedTest, APortThatIsGoneIsShownAsGoneAndNotReplaced) {
 
 TEST_F(RememberedTest, ARememberedDeviceThatCannotBeUsedIsLeftOut) {
     for (const char* device : {"my port", "ttyB", ""}) {
-        program.link.portChoices.remember(1, QString::fromLatin1(device));
+        program.link.portChoices.remember({QString::fromLatin1(device), {}});
         EXPECT_EQ(ports.device(1).toStdString(), "ttyA");
     }
-    program.link.portChoices.remember(1, QStringLiteral("/dev/pts/3"));
+    program.link.portChoices.remember({QStringLiteral("/dev/pts/3"), QStringLiteral("sim:trx?records=60")});
     program.link.portChoices.refresh();
     EXPECT_EQ(ports.device(1).toStdString(), "/dev/pts/3");
+    EXPECT_EQ(ports.device(2).toStdString(), "sim:trx?records=60");
     EXPECT_FALSE(find<QLabel>("PortProblem1").isVisible()) << "the list of ports has no paths";
+    EXPECT_FALSE(find<QLabel>("PortProblem2").isVisible()) << "nor every simulation";
+}
+
+TEST_F(RememberedTest, PortsThatHaveChangedPlacesComeBack) {
+    const auto devices = [this] { return ports.device(1).toStdString() + ' ' + ports.device(2).toStdString(); };
+    const auto remember = [this](const char* one, const char* two) {
+        program.link.portChoices.remember({QString::fromLatin1(one), QString::fromLatin1(two)});
+    };
+    remember("ttyB", "ttyA");
+    EXPECT_EQ(devices(), "ttyB ttyA");
+    remember("ttyC", "ttyC");
+    EXPECT_EQ(devices(), "ttyC ttyA") << "of one device only the first";
+    remember("my port", "ttyC");
+    EXPECT_EQ(devices(), "ttyC ttyA");
 }
 
 TEST_F(RememberedTest, WindowsPageAndAxisComeBack) {
