@@ -107,7 +107,9 @@ int main(int argc, char** argv) {
         remembered->keepPorts(program);
         questions.setRemembered(&*remembered);
     }
-    if (!line.choosesPort && !hasDemo) {
+    if (line.choosesPort) {
+        program.link.portChoices.noteGiven();
+    } else if (!hasDemo) {
         program.link.portChoices.noteNothingChosen();
         if (remembered) {
             remembered->restorePorts(program);

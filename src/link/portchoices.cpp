@@ -83,7 +83,7 @@ PortChoices::PortChoices(ComPorts& comPorts, PortList* portList,
         PortChoiceState::Chooser& chooser = shown[portNumber];
         chooser.device.setBinding([&ports, portNumber] { return ports.chosenDevice(portNumber).value(); });
         chooser.lock.setBinding([&ports, portNumber] { return lockReason(portNumber, ports.use(portNumber).value()); });
-        QProperty<QString>& known = known_.at(static_cast<std::size_t>(portNumber - 1));
+        QProperty<QString>& known = known_.at(indexOf(portNumber));
         chooser.gone.setBinding([this, &chooser, &known] {
             const QString device = chooser.device;
             return listed_.value() && known.value() == device && !device.isEmpty() && !isListed(device)
@@ -122,7 +122,7 @@ void PortChoices::refresh() {
     listed_ = true;
     for (const int portNumber : {1, 2}) {
         if (const QString device = ports_.device(portNumber); isListed(device)) {
-            known_.at(static_cast<std::size_t>(portNumber - 1)) = device;
+            known_.at(indexOf(portNumber)) = device;
         }
     }
     takeAdapter(ports);
@@ -136,10 +136,10 @@ bool PortChoices::isListed(const QString& device) const {
 void PortChoices::remember(const std::array<QString, 2>& devices) {
     std::array<QString, 2> wanted = devices;
     const auto leaveOut = [this, &wanted](int portNumber) {
-        wanted.at(static_cast<std::size_t>(portNumber - 1)) = ports_.device(portNumber);
+        wanted.at(indexOf(portNumber)) = ports_.device(portNumber);
     };
     for (const int portNumber : {1, 2}) {
-        const QString& device = devices.at(static_cast<std::size_t>(portNumber - 1));
+        const QString& device = devices.at(indexOf(portNumber));
         if (device.isEmpty() || ports_.use(portNumber).value() != PortUse::None || !deviceProblem_(device).isEmpty()) {
             leaveOut(portNumber);
         }
@@ -151,7 +151,7 @@ void PortChoices::remember(const std::array<QString, 2>& devices) {
         }
     }
     for (const int portNumber : {1, 2}) {
-        const auto index = static_cast<std::size_t>(portNumber - 1);
+        const auto index = indexOf(portNumber);
         const QString& device = wanted.at(index);
         if (device.isEmpty() || device != devices.at(index)) {
             continue;
@@ -168,8 +168,13 @@ void PortChoices::noteNothingChosen() {
     nothingChosen_ = true;
 }
 
+void PortChoices::noteGiven() {
+    given_ = {ports_.device(1), ports_.device(2)};
+}
+
 void PortChoices::chooseSimulation() {
     choose(1, shown.list.value().at(shown.list.value().size() - simulatedCount).device);
+    given_.front() = ports_.device(1);
 }
 
 void PortChoices::takeAdapter(const std::vector<ListedPort>& ports) {
@@ -207,7 +212,10 @@ void PortChoices::choose(int portNumber, const QString& device) {
     const QString inForce = ports_.device(portNumber);
     const Words problem = wanted == inForce ? Words() : problemOf(portNumber, wanted);
     if (problem.isEmpty()) {
-        nothingChosen_ = nothingChosen_ && wanted == inForce; // leaving the box is no choice
+        if (wanted != inForce) { // leaving the box is no choice
+            nothingChosen_ = false;
+            given_.at(indexOf(portNumber)).clear();
+        }
         ports_.setDevice(portNumber, wanted);
         chooser.problem = QString();
     } else {

@@ -67,12 +67,17 @@ public:
     void remember(const std::array<QString, 2>& devices);
     /// Nobody has chosen a device, neither now nor before: what the ports have are mere defaults.
     void noteNothingChosen();
-    /// The same as choosing a simulated instrument for COM 1; see `offersSimulation`.
+    /// The command line has chosen the devices, which are no choice for later sessions.
+    void noteGiven();
+    /// The same as choosing a simulated instrument for COM 1, but for this session alone; see `offersSimulation`.
     void chooseSimulation();
+    /// Whether the port's device is not one for later sessions.
+    bool isForNowOnly(int portNumber) const { return given_.at(indexOf(portNumber)) == ports_.device(portNumber); }
 
     PortChoiceState shown;
 
 private:
+    static std::size_t indexOf(int portNumber) { return static_cast<std::size_t>(portNumber - 1); }
     bool isListed(const QString& device) const;
     void takeAdapter(const std::vector<ListedPort>& ports);
     Words problemOf(int portNumber, const QString& device) const;
@@ -82,6 +87,7 @@ private:
     std::function<Words(const QString& device)> deviceProblem_;
     QProperty<bool> nothingChosen_{false};
     std::array<QProperty<QString>, 2> known_; ///< A device that has been a port of this computer, for each port.
+    std::array<QString, 2> given_;            ///< A device that is not the operator's choice, for each port.
     QProperty<bool> listed_{false};           ///< The computer's ports are known.
     QProperty<bool> noAdapter_{false};        ///< The ports have been listed, and no adapter was among them.
     std::vector<QPropertyNotifier> notifiers_;

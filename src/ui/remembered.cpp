@@ -49,7 +49,7 @@ void Remembered::restorePorts(Program& program) const {
 void Remembered::keepPorts(const Program& program) {
     for (const int portNumber : {1, 2}) {
         bindings_.bind(program.link.ports.use(portNumber), [this, &program, portNumber](PortUse use) {
-            if (use == PortUse::Instrument) {
+            if (use == PortUse::Instrument && !program.link.portChoices.isForNowOnly(portNumber)) {
                 keep(portKey(portNumber), program.link.ports.device(portNumber));
             }
         });

@@ -42,6 +42,28 @@ TEST_F(RememberedTest, APortThatWasOnlyChosenDoesNot) {
     EXPECT_EQ(next.ports.device(1).toStdString(), "ttyA");
 }
 
+TEST_F(RememberedTest, WhatTheTrialOrTheCommandLineHasChosenDoesNot) {
+    const auto kept = start();
+    kept->keepPorts(program);
+    const auto next = [this] {
+        ProgramRig rig;
+        start()->restorePorts(rig.program);
+        return rig.ports.device(1).toStdString();
+    };
+    program.trySimulation();
+    EXPECT_TRUE(ports.isOpen());
+    program.closePort();
+    ports.setDevice(1, QStringLiteral("ttyG"));
+    program.link.portChoices.noteGiven();
+    program.connectPort(1);
+    program.closePort();
+    EXPECT_EQ(next(), "ttyA");
+    program.link.portChoices.choose(1, QStringLiteral("ttyC"));
+    program.connectPort(1);
+    program.closePort();
+    EXPECT_EQ(next(), "ttyC") << "this the operator has";
+}
+
 TEST_F(RememberedTest, APortThatIsGoneIsShownAsGoneAndNotReplaced) {
     program.link.portChoices.noteNothingChosen();
     program.link.portChoices.remember({QStringLiteral("ttyUSB3"), {}});
