@@ -178,11 +178,14 @@ void PortChoices::chooseSimulation() {
 }
 
 void PortChoices::takeAdapter(const std::vector<ListedPort>& ports) {
+    noAdapter_ = std::ranges::none_of(ports, &ListedPort::isAdapter);
     const auto adapter = std::ranges::find_if(
-        ports, [this](const ListedPort& port) { return port.isAdapter && !sameDevice(port.name, ports_.device(2)); });
-    noAdapter_ = adapter == ports.end();
-    if (adapter != ports.end() && nothingChosen_ && ports_.use(1).value() == PortUse::None) {
-        choose(1, adapter->name);
+        ports, [this](const ListedPort& port) { return port.isAdapter && problemOf(1, port.name).isEmpty(); });
+    const bool isThere = std::ranges::any_of(
+        ports, [this](const ListedPort& port) { return port.isAdapter && sameDevice(port.name, ports_.device(1)); });
+    if (adapter != ports.end() && !isThere && nothingChosen_ && ports_.use(1).value() == PortUse::None) {
+        ports_.setDevice(1, adapter->name); // nobody has chosen it: once it is gone, another takes its place
+        shown[1].problem = QString();
     }
 }
 

@@ -136,7 +136,11 @@ PortChooser::PortChooser(PortChoices& choices, int portNumber)
     });
     const PortChoiceState& shown = choices.shown;
     bindings_.bind(shown.list, [this](const QList<PortChoice>& list) { setChoices(list); });
-    bindings_.bind(shown[portNumber].device, [this](const QString&) { showDevice(); });
+    bindings_.bind(shown[portNumber].device, [this](const QString&) {
+        if (!typing_) { // else an adapter that has been plugged in would take what is being typed
+            showDevice();
+        }
+    });
     bindings_.bind(shown[portNumber].lock, [this](const Words& reason) { setLock(reason.shown()); });
 }
 

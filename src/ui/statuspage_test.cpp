@@ -225,6 +225,31 @@ TEST_F(StatusPageTest, AnAdapterPluggedInIsChosenWhenNothingElseIs) {
                                                        .isAdapter = true});
     program.link.portChoices.refresh();
     EXPECT_EQ(ports.device(1).toStdString(), "ttyUSB0") << "it stays";
+    portList.plugged.pop_back();
+    program.link.portChoices.refresh();
+    EXPECT_EQ(ports.device(1).toStdString(), "ttyACM0") << "nobody has chosen the other";
+}
+
+TEST_F(StatusPageTest, TheAdapterOfComTwoIsOneThatIsPluggedIn) {
+    ports.setDevice(2, QStringLiteral("ttyUSB1"));
+    program.link.portChoices.noteNothingChosen();
+    portList.plugged = {{.name = QStringLiteral("ttyUSB1"), .description = {}, .manufacturer = {}, .isAdapter = true}};
+    program.link.portChoices.refresh();
+    EXPECT_EQ(ports.device(1).toStdString(), "ttyA");
+    EXPECT_FALSE(button("TrySimulation").isVisible());
+    EXPECT_EQ(step(), "Choose a port and press Connect.");
+}
+
+TEST_F(StatusPageTest, AnAdapterPluggedInLeavesWhatIsBeingTyped) {
+    program.link.portChoices.noteNothingChosen();
+    retype(name, "ttyS");
+    portList.plugged = {{.name = QStringLiteral("ttyUSB0"), .description = {}, .manufacturer = {}, .isAdapter = true}};
+    program.link.portChoices.refresh();
+    EXPECT_EQ(ports.device(1).toStdString(), "ttyUSB0");
+    EXPECT_EQ(name.text().toStdString(), "ttyS");
+    type(name, "7");
+    press(name, Qt::Key_Return);
+    EXPECT_EQ(ports.device(1).toStdString(), "ttyS7");
 }
 
 TEST_F(StatusPageTest, AnAdapterDoesNotReplaceWhatWasChosen) {
