@@ -5,8 +5,6 @@
 
 #include <QComboBox>
 #include <QFileInfo>
-#include <QHeaderView>
-#include <QTableView>
 
 namespace orv {
 
@@ -26,12 +24,6 @@ QString windowKey(const QWidget& window) {
 
 QString choiceKey(const QWidget& control) {
     return QStringLiteral("choices/") + control.objectName();
-}
-
-/// Whether the operator can make the columns wider.
-bool hasWidths(const QTableView& table) {
-    const QHeaderView& header = *table.horizontalHeader();
-    return header.count() > 0 && header.sectionResizeMode(0) == QHeaderView::Interactive;
 }
 
 } // namespace
@@ -89,11 +81,6 @@ void Remembered::restoreChoices(QWidget& page) const {
             list->setCurrentIndex(index);
         }
     }
-    for (auto* table : page.findChildren<QTableView*>()) {
-        if (hasWidths(*table)) {
-            table->horizontalHeader()->restoreState(file_.value(choiceKey(*table)).toByteArray());
-        }
-    }
 }
 
 void Remembered::keepChoices(const QWidget* page) {
@@ -102,11 +89,6 @@ void Remembered::keepChoices(const QWidget* page) {
     }
     for (const auto* list : page->findChildren<QComboBox*>()) {
         keep(choiceKey(*list), Screen::english(list->currentText()));
-    }
-    for (const auto* table : page->findChildren<QTableView*>()) {
-        if (hasWidths(*table)) {
-            keep(choiceKey(*table), table->horizontalHeader()->saveState());
-        }
     }
 }
 

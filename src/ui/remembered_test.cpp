@@ -7,8 +7,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
-#include <QHeaderView>
-#include <QTableWidget>
 
 namespace orv {
 namespace {
@@ -181,21 +179,6 @@ TEST_F(RememberedTest, AChosenFileTellsTheFolder) {
     dialog.accept();
     EXPECT_EQ(kept->folder(QStringLiteral(".txt")), QDir(path("")).absolutePath());
     EXPECT_EQ(kept->folder(QStringLiteral(".OCM")), QString());
-}
-
-TEST_F(RememberedTest, ColumnsThatCanBeMadeWiderComeBack) {
-    const auto kept = start();
-    QWidget page;
-    auto* table = new QTableWidget(2, 3, &page);
-    table->setObjectName(QStringLiteral("Table"));
-    table->setColumnWidth(1, 177);
-    kept->keepChoices(&page);
-    table->setColumnWidth(1, 50);
-    kept->restoreChoices(page);
-    EXPECT_EQ(table->columnWidth(1), 177);
-    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    kept->restoreChoices(page);
-    EXPECT_EQ(table->horizontalHeader()->sectionResizeMode(1), QHeaderView::Stretch);
 }
 
 } // namespace
