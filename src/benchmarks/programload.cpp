@@ -6,7 +6,8 @@
 //     wait-prompt                     the same while "Apply Settings" waits for a silent instrument
 //     wait-shutter                    the same while the shutter moves
 //     run-sheet, run-status           a run with 19000 rows on the sheet, that page shown: processor share
-//     run-graph, run-graph-all        the same with the graphical page, which follows the newest rows or shows all
+//     run-graph                       the same with the graphical page, which follows the newest rows; with "-all" it
+//                                     shows all, with "-time" over the time, with "-stacked" or "-change" arranged so
 //     download-file, download-sheet   a whole download: its time over that of its bytes at 9600 baud
 //     delay                           the run with the sheet shown: from a line's LF to its row; the instrument of
 //     DEVICE,
@@ -21,6 +22,7 @@
 #include "ui/settingswindow.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QTabBar>
 #include <QTableView>
 #include <QTextStream>
@@ -159,10 +161,13 @@ private:
             co_await collect(1);
         } else if (state == QLatin1String("run-status")) {
             co_await collect(0);
-        } else if (state == QLatin1String("run-graph")) {
-            co_await collect(2);
-        } else if (state == QLatin1String("run-graph-all")) {
-            co_await collect(2, "ShowAll");
+        } else if (state.startsWith(QLatin1String("run-graph"))) {
+            const QStringList wishes = state.split(u'-').mid(2);
+            choose("PlotAxis", wishes.contains(QLatin1String("time")) ? 1 : 0);
+            choose("PlotArrangement", wishes.contains(QLatin1String("stacked"))  ? 1
+                                      : wishes.contains(QLatin1String("change")) ? 2
+                                                                                 : 0);
+            co_await collect(2, wishes.contains(QLatin1String("all")) ? "ShowAll" : nullptr);
         } else if (state == QLatin1String("delay")) {
             co_await delay();
         } else if (state == QLatin1String("download-file")) {
@@ -173,6 +178,8 @@ private:
             throw Driver::Failure(QStringLiteral("there is no state %1").arg(state));
         }
     }
+
+    void choose(const char* list, int index) { driver_.find<QComboBox>(list).setCurrentIndex(index); }
 
     Task<> waitFor(const char* what, std::function<bool()> reached, int limit = Driver::connectLimit) {
         const QString text = QLatin1String(what);
