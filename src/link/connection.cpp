@@ -103,6 +103,7 @@ void Connection::closePort() {
     session_.setFirmware(StatusState::unknownShort());
     status.instrument = InstrumentType::Unknown;
     status.date = StatusState::unknownLong();
+    status.clockOffset = std::optional<qint64>();
     status.time = StatusState::unknownLong();
     hideFrames();
     CommandState& commands = session_.commands;
