@@ -261,7 +261,7 @@ TEST_F(GraphPageTest, TheTimeAxisNeverRepeatsALabel) {
         for (qsizetype tick = 0; tick < labels.size(); ++tick) {
             const QString label = labels[tick].section(u'\n', 0, 0);
             const QTime time = QTime::fromString(label, label.contains(u'.') ? QStringLiteral("h:mm:ss.zzz")
-                                                                            : QStringLiteral("h:mm:ss"));
+                                                                             : QStringLiteral("h:mm:ss"));
             const double seconds = std::fmod(canvas().xAxis->tickVector()[tick], 86400.0);
             EXPECT_NEAR(time.msecsSinceStartOfDay() / 1000.0, seconds, 1e-3) << label.toStdString();
         }

@@ -366,7 +366,8 @@ void SheetGrid::mousePressEvent(QMouseEvent* event) {
     const QModelIndex pressed = indexAt(event->position().toPoint());
     rowPressed_ = event->button() == Qt::LeftButton && pressed.isValid() && pressed.column() == sheetcolumn::record;
     QTableView::mousePressEvent(event);
-    setAutoScroll(event->button() == Qt::LeftButton); // the operator may drag beyond what is seen; what a procedure visits moves nothing
+    setAutoScroll(event->button() ==
+                  Qt::LeftButton); // the operator may drag beyond what is seen; what a procedure visits moves nothing
 }
 
 void SheetGrid::mouseReleaseEvent(QMouseEvent* event) {
