@@ -9,7 +9,6 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QResizeEvent>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
 #include <QStyledItemDelegate>
@@ -350,16 +349,6 @@ QItemSelectionModel::SelectionFlags SheetGrid::selectionCommand(const QModelInde
     const bool byPointer =
         event != nullptr && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove);
     return byPointer && rowPressed_ ? command | QItemSelectionModel::Rows : command;
-}
-
-void SheetGrid::resizeEvent(QResizeEvent* event) {
-    // The statistics that come up below must not hide what has just been selected.
-    const QModelIndex current = currentIndex();
-    const bool seen = QRect(QPoint(), event->oldSize()).intersects(visualRect(current));
-    QTableView::resizeEvent(event);
-    if (seen) {
-        scrollTo(current);
-    }
 }
 
 void SheetGrid::mousePressEvent(QMouseEvent* event) {

@@ -364,18 +364,6 @@ TEST_F(SheetSelectionTest, WhatStandsBelowTheSheetDoesNotWidenTheWindow) {
     EXPECT_LE(width, 782);
 }
 
-TEST_F(SheetSelectionTest, TheLastRowStaysInSightWhenItsStatisticsComeUp) {
-    run({"10", "11"});
-    haveRows(200);
-    page.refreshNow();
-    QCoreApplication::processEvents();
-    grid.scrollToBottom();
-    const int height = grid.viewport()->height();
-    drag(at(198, 3), at(199, 4));
-    EXPECT_TRUE(waitFor([&] { return grid.viewport()->height() < height; }));
-    EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(grid.model()->index(199, 4))));
-}
-
 TEST_F(SheetSelectionTest, ALineTellsTheRowsOfTwoRunsApart) {
     run({"10", "11"});
     receive(">");
