@@ -126,7 +126,7 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     line.language = parser.value(language);
     line.fresh = parser.isSet(fresh);
     for (const QString& device : {line.com1, line.com2}) {
-        const QString problem = deviceProblem(device);
+        const Words problem = deviceProblem(device);
         if (!problem.isEmpty()) {
             return refusal(problem);
         }

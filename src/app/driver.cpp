@@ -24,7 +24,7 @@ struct Driver::Turn {
 Driver::Driver(Program& program, MainWindow& window, MessageBoxes& messages)
     : program_(program)
     , window_(window)
-    , told_(messages.told.subscribe([this](const Message& message) { lastMessage_ = message.text; })) {}
+    , told_(messages.told.subscribe([this](const Message& message) { lastMessage_ = message.text.english(); })) {}
 
 int Driver::run(std::function<Task<>()> job) {
     const Subscription ending = program_.ended.subscribe([] { QCoreApplication::exit(); });

@@ -68,7 +68,7 @@ TEST_P(OrvCollectsOverALine, RowsAndTheMemory) {
     const Ended collected =
         runToEnd(QStringLiteral(ORV_PATH), QStringLiteral("collect --points 5 --json -o rows.csv ") + instrument.path);
     EXPECT_EQ(collected.status, 0) << collected.error;
-    EXPECT_EQ(collected.output, "{\"complete\":true,\"files\":[\"rows.csv\"],\"rows\":5}\n");
+    EXPECT_EQ(collected.output, "{\"complete\":true,\"files\":[\"rows.csv\"],\"reconnections\":0,\"rows\":5}\n");
     const QByteArray rows = contentsOf(folder.path("rows.csv"));
     EXPECT_EQ(rows.count('\n'), 6) << rows.toStdString();
     EXPECT_EQ(rows.left(rows.indexOf('\n')).count(','), GetParam().commas) << rows.toStdString();

@@ -95,7 +95,9 @@ TEST_F(OrvCommands, AMemoryThatWasNotReadIsTold) {
     }
 }
 
-TEST_F(OrvCommands, AClockThatWasNotReadIsTold) {
+class OrvWithoutClock : public OrvCommands, public testing::WithParamInterface<const char*> {};
+
+TEST_P(OrvWithoutClock, SaysSo) {
     lineMade = [this] {
         line->written = [this](const QByteArray& bytes) {
             if (bytes == "P") {
@@ -104,13 +106,13 @@ TEST_F(OrvCommands, AClockThatWasNotReadIsTold) {
             }
         };
     };
-    for (const char* command : {"info", "clock"}) {
-        const Answered told = orv(QLatin1String(command) + QStringLiteral(" sim:trx?baud=0"));
-        EXPECT_EQ(told.status, 3) << command;
-        EXPECT_NE(told.output.find("could not be read\n"), std::string::npos) << told.output;
-        EXPECT_EQ(told.error, "orv: The instrument's clock could not be read. Try again.\n") << command;
-    }
+    const Answered told = orv(QLatin1String(GetParam()) + QStringLiteral(" sim:trx?baud=0"));
+    EXPECT_EQ(told.status, 3);
+    EXPECT_NE(told.output.find("could not be read\n"), std::string::npos) << told.output;
+    EXPECT_EQ(told.error, "orv: The instrument's clock could not be read. Try again.\n");
 }
+
+INSTANTIATE_TEST_SUITE_P(Commands, OrvWithoutClock, testing::Values("info", "clock"));
 
 TEST_F(OrvCommands, SettingsThatWereNotReadWholeAreNotSaved) {
     reportInstead(garbledReport);

@@ -21,6 +21,7 @@ const Telling tellings[] = {
     {"unknown", "The instrument has not said what it is.", "Press Reset to ask again."},
     {"unsent", "Error Sending Prefs. Error Code 1", ""},
     {"unsent", "Not sent whole: the instrument did not answer.", "Connect or press \"Retrieve Settings\""},
+    {"unsent", "Not sent whole: the connection ended.", "Connect to see what it has."},
     {"differs", "Sent at ..., but the instrument has not all of it", ""},
     {"partly", "Read at ..., but not all", "Press \"Retrieve Settings\"."},
     {"unread", "... could not be read; ", "log.ohp"},
@@ -38,15 +39,16 @@ const Telling tellings[] = {
     {"log", "The log file log.ohp can no longer be written", "make room on the disk"},
     // Of a command.
     {"lost", "The connection on ... was lost.", "Look at the cable and the adapter."},
-    {"lost", "The line was lost.", "rows were collected and are kept."},
-    {"early", "The instrument ended the run early.", "rows were collected and are kept."},
-    {"silent", "The instrument fell silent.", "rows were collected and are kept."},
+    {"lost", "The line was lost.", "kept."},
+    {"early", "The instrument ended the run early.", "kept."},
+    {"silent", "The instrument fell silent.", "kept."},
     {"silent", "The instrument on ... does not answer.", "then try again."},
     {"unknown", "The instrument on ... did not say what it is.", "Try again."},
     {"unread", "... could not be read", ""},
     {"incomplete", "The download was ended before", ""},
     {"record", "The record file Orvtemp.tmp cannot be written", "Make room on the disk."},
     {"file", "rows.csv could not be written: ", "Make room or choose another folder."},
+    {"file", "rows.csv could not be written: ", "Choose another name or folder."},
     {"kept", "The last run in this folder did not end", "Its rows are offered again at the next start."},
 };
 
@@ -74,7 +76,7 @@ const char* const usual[] = {
     "\\d+ rows?, not saved\\. Save As is on the page Output: Spread Sheet\\.",
     "Press Run to collect\\. Reset ends a run\\.",
     // Of a command.
-    "\\d+ rows were collected\\.",
+    "\\d+ rows? (was|were) collected\\.",
     "\\d+ of \\d+ records are in rows\\.csv\\.",
 };
 

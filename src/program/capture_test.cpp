@@ -140,7 +140,7 @@ TEST_F(CaptureTest, RowsThatFailToComeAreKeptOnceAndAgainWhenOneComes) {
     live(25.0);
     com1.input = "11/21/26\t2700\t4\t20\t30\t40\r\n";
     live(3.0);
-    EXPECT_EQ(entries({"late"}), "\"late\":\"No row for 11 s\"\n\"late\":\"\"\n");
+    EXPECT_EQ(entries({"late"}), "\"late\":\"No row for 4 s\"\n\"late\":\"\"\n");
 }
 
 TEST_F(CaptureTest, RowsThatAreSavedAndClearedAreCounted) {
@@ -151,7 +151,9 @@ TEST_F(CaptureTest, RowsThatAreSavedAndClearedAreCounted) {
     program.clearAll();
     program.bringBack();
     EXPECT_EQ(entries({"saved", "cleared"}),
-              "\"saved\":{\"name\":\"lake.txt\",\"rows\":3}\n\"cleared\":3\n\"cleared\":0\n");
+              "\"saved\":{\"name\":\"lake.txt\",\"rows\":3}\n\"cleared\":3\n\"cleared\":0\n"
+              "\"saved\":{\"name\":\"lake.txt\",\"rows\":3}\n")
+        << "as it was before";
 }
 
 TEST_F(CaptureTest, FoldersWithASpaceAreLeftOutOfWhatIsSaid) {
@@ -208,7 +210,7 @@ TEST_F(CaptureTest, FileThatCannotBeWrittenIsToldOnceAndTheRunGoesOn) {
         messages.shown.clear();
         capture.begin(path(own));
         EXPECT_TRUE(theMessage().text.startsWith(QStringLiteral("Nothing is captured: "))) << own;
-        EXPECT_EQ(contentsOf(path(own)), "") << own;
+        EXPECT_FALSE(QFile::exists(path(own))) << own;
     }
     messages.shown.clear();
     capture.begin(path("lake.jsonl"));
