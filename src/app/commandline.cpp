@@ -126,7 +126,7 @@ CommandLine readCommandLine(const QStringList& arguments, const QString& version
     line.language = parser.value(language);
     line.fresh = parser.isSet(fresh);
     for (const QString& device : {line.com1, line.com2}) {
-        const Words problem = deviceProblem(device);
+        const QString problem = deviceProblem(device).english();
         if (!problem.isEmpty()) {
             return refusal(problem);
         }

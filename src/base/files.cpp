@@ -47,7 +47,7 @@ QString appendWhole(QFileDevice& file, const QByteArray& bytes) {
     if (written == bytes.size()) {
         return {};
     }
-    Words reason = errorText(file);
+    QString reason = errorText(file);
     file.resize(before);
     file.seek(before);
     return reason;
@@ -126,7 +126,9 @@ Words writeWholeFile(const QString& name, const QByteArray& bytes, const std::op
         return errorText(file);
     }
     Words reason = appendWhole(file, bytes);
-    reason = reason.isEmpty() ? syncToDisk(file.handle()) : reason;
+    if (reason.isEmpty()) {
+        reason = syncToDisk(file.handle());
+    }
     if (!reason.isEmpty()) {
         return reason;
     }

@@ -210,7 +210,7 @@ TEST_F(CaptureTest, FileThatCannotBeWrittenIsToldOnceAndTheRunGoesOn) {
         messages.shown.clear();
         capture.begin(path(own));
         EXPECT_TRUE(theMessage().text.startsWith(QStringLiteral("Nothing is captured: "))) << own;
-        EXPECT_FALSE(QFile::exists(path(own))) << own;
+        EXPECT_TRUE(!QFile::exists(path(own)) || contentsOf(path(own)).isEmpty()) << own;
     }
     messages.shown.clear();
     capture.begin(path("lake.jsonl"));

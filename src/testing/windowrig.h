@@ -54,8 +54,8 @@ void expectOperableAndFits(const QWidget& page);
 using KeyExemption = std::function<QString(const QWidget& control)>;
 
 /// Looks at everything that is visible in a window at once, as an operator does who cannot see it or has no mouse:
-/// names, access keys, the way of the Tab key; and whether there is room for each text. One sentence for each thing amiss, which names the widget; empty means
-/// all is well.
+/// names, access keys, the way of the Tab key; and whether there is room for each text. One sentence for each thing
+/// amiss, which names the widget; empty means all is well.
 std::string findingsIn(
     QWidget& window, const KeyExemption& exemption = [](const QWidget&) { return QString(); });
 

@@ -269,7 +269,7 @@ bool showUnasked(QWidget& window) {
 
 void MessageBoxes::show(const Message& message) {
     told.tell(message);
-    const QString name = message.title + QLatin1Char('\n') + message.text;
+    const QString name = message.title.english() + QLatin1Char('\n') + message.text.english();
     if (parent_) {
         for (const auto* open : unreadIn(*parent_)) {
             if (open->property("message").toString() == name) {

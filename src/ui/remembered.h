@@ -10,8 +10,8 @@ class QWidget;
 namespace orv {
 
 /// What the program keeps from one start to the next, in a file of its own: the ports that were connected, the folders
-/// of files, windows, the page, what is chosen on a page. Never a setting of an instrument. A file that cannot be read or
-/// written costs nothing but that.
+/// of files, windows, the page, what is chosen on a page. Never a setting of an instrument. A file that cannot be read
+/// or written costs nothing but that.
 class Remembered {
 public:
     explicit Remembered(const QString& path)

@@ -279,7 +279,8 @@ TEST_F(SettingsWindowTest, TheTabKeyGoesFromTopToBottom) {
     const std::pair<const char*, const char*> table[] = {
         {"Modes", "SettingsTabs Profile Moored SaveAUserDefinedMode LoadAUserDefinedMode "
                   "ViewCurrentSettingsTranscribedAsText RetrieveSettings ApplySettings Close"},
-        {"Time and Date", "SettingsTabs DisplayLoggerTimeDate SyncTimeDate AtFullMinute RetrieveSettings ApplySettings Close"},
+        {"Time and Date",
+         "SettingsTabs DisplayLoggerTimeDate SyncTimeDate AtFullMinute RetrieveSettings ApplySettings Close"},
         {"Control Bits",
          "SettingsTabs AutoStart Append LogEnabled WakeUp AuxAdc Gain RetrieveSettings ApplySettings Close"},
         {"Sampling", "SettingsTabs Text2 SamplingOption2 Text1 Text4 Text3 RetrieveSettings ApplySettings Close"},
