@@ -12,7 +12,7 @@ Task<> listPorts(Visit& visit) {
     PortChoices& choices = visit.program.link.portChoices;
     choices.refresh();
     for (const PortChoice& choice : choices.shown.list.value()) {
-        const QString problem = isSimulatedDevice(choice.device) ? QString() : openObstacle(choice.device);
+        const QString problem = isSimulatedDevice(choice.device) ? QString() : openObstacle(choice.device).english();
         if (visit.options.json) {
             visit.terminal.print(QJsonObject{{QStringLiteral("device"), choice.device},
                                              {QStringLiteral("description"), choice.description},

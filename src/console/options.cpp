@@ -216,7 +216,7 @@ void take(const Texts& texts, Options& options) {
                                    "\"%1\".")
                         .arg(fromBytes(texts.every)));
     }
-    const QString problem = options.port.isEmpty() ? QString() : deviceProblem(options.port);
+    const QString problem = options.port.isEmpty() ? QString() : deviceProblem(options.port).english();
     if (!problem.isEmpty()) {
         throw Wrong(problem);
     }
@@ -375,15 +375,15 @@ qint64 timeSpan(const QString& text) {
 }
 
 QStringList filesOf(const Options& options) {
-    QStringList names = QStringList{options.save, options.mode} + options.inputs;
+    QStringList files = QStringList{options.save, options.mode} + options.inputs;
     if (options.output != QLatin1String("-")) {
-        names << options.output << csvMetadataName(options.output);
+        files << options.output << csvMetadataName(options.output);
     }
     if (namesReplay(options.port)) {
-        names << parseReplayOptions(options.port).file;
+        files << parseReplayOptions(options.port).file;
     }
-    names.removeAll(QString());
-    return names;
+    files.removeAll(QString());
+    return files;
 }
 
 Options readOptions(const QStringList& arguments, const QString& version) {

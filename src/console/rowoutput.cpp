@@ -176,7 +176,7 @@ void RowOutput::giveUp() {
 }
 
 bool RowOutput::sync() {
-    const QString reason = writer_ && !isUnsynced_ ? writer_->sync() : QString();
+    const Words reason = writer_ && !isUnsynced_ ? writer_->sync() : Words();
     if (!reason.isEmpty()) {
         isUnsynced_ = true;
         visit_.terminal.tell(QStringLiteral("%1 could not be brought to the disk: %2. The rows of this run stay in the "

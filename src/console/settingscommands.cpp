@@ -179,7 +179,7 @@ Task<> exchangeSettings(Visit& visit) {
     }
     requireAllSettings(settings, options.save);
     if (!options.save.isEmpty()) {
-        const QString reason = writeWholeFile(options.save, modeFileContent(settings.shown.record), visit.clock.now());
+        const Words reason = writeWholeFile(options.save, modeFileContent(settings.shown.record), visit.clock.now());
         if (!reason.isEmpty()) {
             throw Failure(QStringLiteral("%1 could not be written: %2. Make room or choose another folder.")
                               .arg(options.save, reason));
@@ -219,7 +219,7 @@ Task<> resetShutter(Visit& visit) {
     Link& link = visit.program.link;
     const std::function<bool()> over = [&visit, &link] {
         const QString step =
-            link.session.status.shutterProgress.value() + u' ' + link.session.status.shutterCountdown.value();
+            link.session.status.shutterProgress.value().english() + u' ' + link.session.status.shutterCountdown.value();
         visit.terminal.showProgress(step.trimmed());
         return link.procedures.isIdle() && link.session.commands.activity.value() == Activity::None;
     };

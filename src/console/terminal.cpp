@@ -83,8 +83,8 @@ void ConsoleMessages::show(const Message& message) {
 }
 
 Subscription SafeAnswers::ask(const Question& question, Answered answered) {
-    const QString asked = question.text.isEmpty() ? question.title : question.text;
-    terminal_.tell(question.reason.isEmpty() ? asked + QStringLiteral(" No.") : question.reason);
+    const QString asked = question.text.isEmpty() ? question.title.english() : question.text.english();
+    terminal_.tell(question.reason.isEmpty() ? asked + QStringLiteral(" No.") : question.reason.english());
     answered(question.kind == Question::Kind::YesNo ? Question::no() : QString());
     return {};
 }

@@ -103,7 +103,7 @@ private:
         }
         TableRow row;
         while (opened.reader->next(row)) {
-            reason = writer_.add(row);
+            reason = writer_.add(row).english();
             if (!reason.isEmpty()) {
                 return writing(reason);
             }

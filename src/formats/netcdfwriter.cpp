@@ -159,7 +159,7 @@ public:
         return ++gathered_ < blockRows ? QString() : writeBlock();
     }
 
-    QString note(const QString& sentence, const QDateTime& moment) override {
+    Words note(const QString& sentence, const QDateTime& moment) override {
         history_ << historyLine(moment, sentence);
         return {};
     }
@@ -269,7 +269,7 @@ private:
         }
     }
 
-    QString writeBlock() {
+    Words writeBlock() {
         for (Variable& variable : variables_) {
             if (variable.column.kind == Column::Kind::Record) {
                 std::vector<int> numbers(gathered_);

@@ -219,9 +219,9 @@ public:
         return reason.isEmpty() && metadataFromBegin_ ? describe({}) : reason;
     }
 
-    QString note(const QString& sentence, const QDateTime& moment) override {
+    Words note(const QString& sentence, const QDateTime& moment) override {
         history_ << historyLine(moment, sentence);
-        return metadataFromBegin_ ? describe({}) : QString();
+        return metadataFromBegin_ ? describe({}) : Words();
     }
 
     Words finish(const TableReport& report) override {
@@ -279,7 +279,7 @@ public:
         return open();
     }
 
-    QString note(const QString& sentence, const QDateTime& moment) override {
+    Words note(const QString& sentence, const QDateTime& moment) override {
         pending_ += QJsonDocument(QJsonObject{{QStringLiteral("note"), sentence},
                                               {QStringLiteral("computer_time"), isoWithZone(moment)}})
                         .toJson(QJsonDocument::Compact) +
@@ -322,7 +322,7 @@ public:
         return {};
     }
 
-    QString note(const QString& /*sentence*/, const QDateTime& /*moment*/) override { return {}; }
+    Words note(const QString& /*sentence*/, const QDateTime& /*moment*/) override { return {}; }
 
     bool isFull() const override { return sheet_.rowCount() == std::numeric_limits<qint16>::max(); }
 

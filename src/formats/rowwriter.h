@@ -34,7 +34,7 @@ public:
 
     /// Something that happened while rows came, with the computer's time: it stands in the file's history, and of JSON
     /// Lines in an object of its own, {"note": ...}. Sheets and CSV on a device have no room for it.
-    virtual QString note(const QString& sentence, const QDateTime& moment) = 0;
+    virtual Words note(const QString& sentence, const QDateTime& moment) = 0;
 
     /// The file holds as many rows as its format can; the next add() fails, and finish() does not.
     virtual bool isFull() const { return false; }

@@ -66,7 +66,7 @@ bool ComPorts::open() {
         Words::tr("The debug output (\"Comm 2 Debug Output\") is using it. Connect the instrument to the other "
                   "port, or clear the box."));
     if (!reason.isEmpty()) {
-        passed.tell({.kind = LineEvent::Kind::NotOpened, .text = reason});
+        passed.tell({.kind = LineEvent::Kind::NotOpened, .text = reason.english()});
         tellThatItCouldNotBeOpened(nameOf(selected_), reason);
         return false;
     }
@@ -137,7 +137,7 @@ bool ComPorts::checkFailure() {
         return false;
     }
     const QString name = nameOf(selected_);
-    passed.tell({.kind = LineEvent::Kind::Failed, .text = reason});
+    passed.tell({.kind = LineEvent::Kind::Failed, .text = reason.english()});
     close();
     portFailed.tell();
     const auto lost = Words::tr("The connection on %1 was lost.\n\n%2\n\n").arg(name, reason);

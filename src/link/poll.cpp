@@ -38,7 +38,7 @@ QString ProgramLog::write(const QByteArray& block) {
     if (!isBegun_) {
         return {};
     }
-    Words reason = file_.isOpen() ? appendWhole(file_, line) : errorText(file_);
+    QString reason = file_.isOpen() ? appendWhole(file_, line) : errorText(file_);
     const bool isTold = toldFailure_ > 0;
     toldFailure_ = reason.isEmpty() ? std::max<qsizetype>(toldFailure_ - line.size(), 0) : line.size();
     return isTold ? QString() : reason;

@@ -157,12 +157,12 @@ void Capture::listenToLine() {
 void Capture::listenToOperator() {
     subscriptions_.push_back(program_.link.session.messages.told.subscribe([this](const Message& message) {
         store_.add(CaptureKind::Told, QJsonObject{{QStringLiteral("title"), message.title},
-                                                  {QStringLiteral("text"), withoutFolders(message.text)}});
+                                                  {QStringLiteral("text"), withoutFolders(message.text.english())}});
     }));
     subscriptions_.push_back(program_.link.questions.asked.subscribe([this](const Question& question) {
         store_.add(CaptureKind::Asked, QJsonObject{{QStringLiteral("kind"), nameOf(question.kind)},
                                                    {QStringLiteral("title"), question.title},
-                                                   {QStringLiteral("text"), withoutFolders(question.text)}});
+                                                   {QStringLiteral("text"), withoutFolders(question.text.english())}});
     }));
     subscriptions_.push_back(
         program_.link.questions.answered.subscribe([this](const Question& question, const QString& answer) {
@@ -194,7 +194,8 @@ void Capture::followState() {
     Link& link = program_.link;
     StatusState& status = link.session.status;
     follow(status.status, [this, &status] { store_.add(CaptureKind::Status, status.status.value()); });
-    follow(status.notice, [this, &status] { store_.add(CaptureKind::Notice, withoutFolders(status.notice.value())); });
+    follow(status.notice,
+           [this, &status] { store_.add(CaptureKind::Notice, withoutFolders(status.notice.value().english())); });
     follow(program_.settings.shown.lamp, [this] { store_.add(CaptureKind::Settings, settingsNow()); });
     CommandState& commands = link.session.commands;
     follow(commands.activity, [this, &commands] {
@@ -269,7 +270,7 @@ QJsonObject Capture::stateNow() const {
             {QStringLiteral("isOpen"), link.ports.isOpen()},
             {QStringLiteral("operation"), static_cast<int>(link.session.state.Ctrlscrn)},
             {QStringLiteral("status"), status.status.value()},
-            {QStringLiteral("nextStep"), withoutFolders(program_.nextStep.text.value())},
+            {QStringLiteral("nextStep"), withoutFolders(program_.nextStep.text.value().english())},
             {QStringLiteral("instrument"), instrumentName(status.instrument.value())},
             {QStringLiteral("firmware"), status.firmware.value()},
             {QStringLiteral("clock"), QString(status.date.value() + u' ' + status.time.value())},

@@ -261,7 +261,7 @@ void Program::stopEverything() {
 }
 
 bool Program::keepForNextStart() {
-    const Words reason = sheet.shown.unsaved ? sheet.recordFile.keepForNextStart(sheet.data) : QString();
+    const Words reason = sheet.shown.unsaved ? sheet.recordFile.keepForNextStart(sheet.data) : Words();
     if (!reason.isEmpty()) {
         link.session.messages.show(
             operatorWarning(Words::tr("The rows on the sheet are not saved, and could not be kept for the next "

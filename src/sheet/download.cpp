@@ -322,7 +322,7 @@ void Download::tellFailure(const Words& reason, const Words& state, const Words&
             .arg(QFileInfo(file_.fileName()).absoluteFilePath(), reason, state);
     Message message = operatorWarning(failed + nextStep);
     if (!nextWithoutWindow.isEmpty()) {
-        message.withoutWindow = failed + nextWithoutWindow;
+        message.withoutWindow = (failed + nextWithoutWindow).english();
     }
     link_.session.messages.show(message);
 }

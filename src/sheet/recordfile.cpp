@@ -30,7 +30,7 @@ void RecordFile::setPath(const QString& path) {
     mark_ = SavedMark(path);
 }
 
-QString RecordFile::start(const DataSheet::Type& type) {
+Words RecordFile::start(const DataSheet::Type& type) {
     close();
     Words reason = place_ != nullptr ? place_->claim() : QString();
     if (reason.isEmpty()) {
@@ -60,7 +60,7 @@ QString RecordFile::start(const DataSheet::Type& type) {
     return reason;
 }
 
-QString RecordFile::keepUnsavedRows() {
+Words RecordFile::keepUnsavedRows() {
     if (!holdsUnsavedRows()) {
         return {};
     }
@@ -89,7 +89,7 @@ bool RecordFile::holdsUnsavedRows() const {
     return !isRecordHeaderOrItsBegin(old.read(longestRecordHeader));
 }
 
-QString RecordFile::append(const QString& line) {
+Words RecordFile::append(const QString& line) {
     if (!file_.isOpen()) {
         return {};
     }
@@ -152,7 +152,7 @@ void RecordFile::unendedRecovered() {
     earlierFile_ = lock_.earlierFile();
 }
 
-QString RecordFile::keepUnended(QString& keptAs) {
+Words RecordFile::keepUnended(QString& keptAs) {
     Words reason = keepUnderDatedName(file_.fileName(), clock_.now(), &keptAs);
     if (reason.isEmpty()) {
         lock_.remove();
@@ -220,7 +220,7 @@ bool RecordFile::holdsRowsOf(const DataSheet& sheet) const {
     return same;
 }
 
-QString RecordFile::keepForNextStart(const DataSheet& sheet) {
+Words RecordFile::keepForNextStart(const DataSheet& sheet) {
     if (file_.isOpen()) {
         bringToDisk();
         return takeDiskFailure();

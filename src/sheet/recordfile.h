@@ -35,13 +35,13 @@ public:
 
     /// Begins a run: closes the file of the run before, keeps it if need be, creates the new one, writes the header for
     /// the type's firmware number and puts the lock. Returns the empty text, or why there is no record file now.
-    QString start(const DataSheet::Type& type);
+    Words start(const DataSheet::Type& type);
 
     bool isOpen() const { return file_.isOpen(); }
 
     /// Adds a row's line (without its end). Returns the empty text, or why it could not be written; then the file ends
     /// with the last whole row. Nothing happens without an open file.
-    QString append(const QString& line);
+    Words append(const QString& line);
 
     /// Brings rows that wait to the disk when it is time, and a lock that could not be put. Returns how many
     /// milliseconds are left until then; nothing if no row waits any more.
@@ -76,7 +76,7 @@ public:
 
     /// Keeps the file of the run that did not end under a dated name, `keptAs`, and then removes the lock. Returns the
     /// empty text, or why the file could not be kept; then all is as before.
-    QString keepUnended(QString& keptAs);
+    Words keepUnended(QString& keptAs);
 
     /// Makes the other file, of a run that did not end, and its lock this file. The file that was here is kept if need
     /// be. Best effort: what cannot be moved stays where it is. A program that dies here leaves a lock beside the rows
@@ -86,7 +86,7 @@ public:
     /// The program is going to end, perhaps, and nobody is asked: brings the rows of the sheet to where the next start
     /// offers them, unless they are there. What the file held of another run is kept if need be. Rows of a run that
     /// goes on are brought to the disk. Returns the empty text, or why they could not be kept; then all is as before.
-    QString keepForNextStart(const DataSheet& sheet);
+    Words keepForNextStart(const DataSheet& sheet);
 
     /// The rows on the sheet have been saved elsewhere, so this file need not be kept. Does not count once rows have
     /// been discarded unsaved.
@@ -117,7 +117,7 @@ public:
 
 private:
     bool holdsUnsavedRows() const;
-    QString keepUnsavedRows();
+    Words keepUnsavedRows();
     bool holdsRowsOf(const DataSheet& sheet) const;
     void bringToDisk();
     void putLock();
