@@ -218,8 +218,8 @@ Task<> resetShutter(Visit& visit) {
     visit.program.resetShutter();
     Link& link = visit.program.link;
     const std::function<bool()> over = [&visit, &link] {
-        const QString step =
-            link.session.status.shutterProgress.value().english() + u' ' + link.session.status.shutterCountdown.value();
+        const QString step = link.session.status.shutterProgress.value().english() + u' ' +
+                             link.session.status.shutterCountdown.value().english();
         visit.terminal.showProgress(step.trimmed());
         return link.procedures.isIdle() && link.session.commands.activity.value() == Activity::None;
     };

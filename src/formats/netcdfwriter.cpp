@@ -156,7 +156,7 @@ public:
             earliest_ = std::min(earliest_.value_or(*row.time), *row.time);
             latest_ = std::max(latest_.value_or(*row.time), *row.time);
         }
-        return ++gathered_ < blockRows ? QString() : writeBlock();
+        return ++gathered_ < blockRows ? Words() : writeBlock();
     }
 
     Words note(const QString& sentence, const QDateTime& moment) override {
