@@ -131,6 +131,16 @@ bool WindowRig::runUntil(const std::function<bool()>& reached, double longest) {
     return reached();
 }
 
+void WindowRig::showSheetWithEveryLine() {
+    rows.addRow({.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("9")}});
+    rows.addRow({.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("8")}});
+    showPage(QStringLiteral("Output: Spread Sheet"));
+    sheetState.saved = SavedRows{.count = 2, .file = QStringLiteral("/a/lake.txt")};
+    item("FindText").trigger();
+    item("SelectAllCells").trigger();
+    EXPECT_TRUE(waitFor([this] { return find<QLabel>("SheetStatisticsHint").isHidden(); }));
+}
+
 void WindowRig::showPage(const QString& caption) {
     if (upperCaptions().contains(caption)) {
         program.selectUpperTab(caption);

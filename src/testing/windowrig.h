@@ -81,6 +81,9 @@ public:
 
     /// Chooses the tab of that caption.
     void showPage(const QString& caption);
+
+    /// The page of the sheet with two rows, saved and selected, and the line for finding a text.
+    void showSheetWithEveryLine();
     /// Chooses each tab in turn and calls `look` with its caption.
     void onEachPage(const std::function<void(const std::string& caption)>& look);
     /// Shows the settings screen, and chooses a tab of it if one is named.

@@ -88,13 +88,7 @@ TEST_P(AccessibilityTest, EveryPageOfTheMainWindow) {
 TEST_P(AccessibilityTest, TheSheetWithEveryLineBelowIt) {
     connectAndRead();
     window->settingsWindow()->close();
-    rows.addRow({.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("9")}});
-    rows.addRow({.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("8")}});
-    showPage(QStringLiteral("Output: Spread Sheet"));
-    sheetState.saved = SavedRows{.count = 2, .file = QStringLiteral("/a/lake.txt")};
-    item("FindText").trigger();
-    item("SelectAllCells").trigger();
-    EXPECT_TRUE(waitFor([this] { return find<QLabel>("SheetStatisticsHint").isHidden(); }));
+    showSheetWithEveryLine();
     EXPECT_EQ(findingsIn(*window, exemption), "");
     program.clearAll();
     QCoreApplication::processEvents();

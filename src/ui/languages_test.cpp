@@ -146,13 +146,7 @@ TEST_F(TranslationTest, TheMainWindowAndItsDialogs) {
 
 TEST_F(TranslationTest, TheSheetAndTheCurves) {
     connectAndRead();
-    rows.addRow({.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("9")}});
-    rows.addRow({.date = QStringLiteral("1/5/99"), .time = QStringLiteral("9:05:01"), .values = {QStringLiteral("8")}});
-    showPage(QStringLiteral("Output: Spread Sheet"));
-    sheetState.saved = SavedRows{.count = 2, .file = QStringLiteral("/a/lake.txt")};
-    item("FindText").trigger();
-    item("SelectAllCells").trigger();
-    EXPECT_TRUE(waitFor([this] { return find<QLabel>("SheetStatisticsHint").isHidden(); }));
+    showSheetWithEveryLine();
     expectTranslated(*window);
     program.clearAll();
     expectTranslated(*window);
