@@ -10,8 +10,7 @@
 //                                     shows all, with "-time" over the time, with "-stacked" or "-change" arranged so
 //     download-file, download-sheet   a whole download: its time over that of its bytes at 9600 baud
 //     delay                           the run with the sheet shown: from a line's LF to its row; the instrument of
-//     DEVICE,
-//                                     which is to send its lines whole, is served here
+//                                     DEVICE, which is to send its lines whole, is served here
 //     memory                          20000 rows shown on the sheet: megabytes over the empty sheet (DEVICE unused)
 // DEVICE is what --com1 takes; an instrument in a process of its own (orvsim) keeps its cost out of the figures.
 #include "app/driver.h"
@@ -62,6 +61,7 @@ public:
     void write(const QByteArray& bytes) override { port_->write(traffic_.deaf ? QByteArray() : bytes); }
     QByteArray discardInput() override { return port_->discardInput(); }
     qsizetype inputCount() override { return port_->inputCount(); }
+    void expectRestOfLine(qsizetype characters) override { port_->expectRestOfLine(characters); }
     Words failure() const override { return port_->failure(); }
 
 private:
