@@ -105,7 +105,10 @@ void NewestRowScreen::draw() {
         QLabel* value = values_[column];
         const QString text = sheet_.cell(row, static_cast<int>(column));
         if (value->text() != text) {
-            fit(*value, text);
+            // Figures are equally wide: as many of them need the room of those before.
+            if (value->text().size() != text.size()) {
+                fit(*value, text);
+            }
             value->setText(text);
         }
     }
@@ -130,7 +133,7 @@ StatusPage::StatusPage(Program& program)
 
 QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     const StatusState& shown = program.link.session.status;
-    auto* progressLabel = makeTextLabel("RunProgress", Screen::tr("How far the run or the download has come"));
+    auto* progressLabel = makeChangingLabel("RunProgress", Screen::tr("How far the run or the download has come"));
     progressLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* progress = new SteadyLabel(progressLabel);
     auto* status = makeValueLabel("Label20", Screen::tr("Status"));
@@ -175,7 +178,10 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     };
     bindings_.bind(shown.notice, remark);
     bindings_.bind(settings.secondsToFullMinute, remark);
-    bindText(bindings_, progress, program.progress.text);
+    bindings_.bind(program.progress.text, [this, progress](const Words& text) {
+        progress->setText(text.shown());
+        counts_.drawNow();
+    });
     return box;
 }
 

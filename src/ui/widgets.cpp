@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QPainter>
 #include <QScrollArea>
 #include <QSignalBlocker>
@@ -21,9 +22,9 @@ namespace orv {
 
 namespace {
 
-/// Keeps what is behind it, so that a new number does not paint the frame anew that it stands in. Not at a fractional
+/// Keeps what is behind it, so that a new text does not paint the frame anew that it stands in. Not at a fractional
 /// device pixel ratio: its edges lie within pixels then, which it must share with its frame.
-class NumberLabel final : public QLabel {
+class ChangingLabel final : public QLabel {
 protected:
     bool event(QEvent* event) override {
         switch (event->type()) {
@@ -58,7 +59,11 @@ private:
         if (ground_.isNull() || ground_.devicePixelRatioF() != ratio) {
             ground_ = QPixmap(size() * ratio);
             ground_.setDevicePixelRatio(ratio);
-            parentWidget()->render(&ground_, {}, geometry(), QWidget::DrawWindowBackground);
+            QWidget* frame = parentWidget();
+            while (qobject_cast<QGroupBox*>(frame) == nullptr && !frame->isWindow()) {
+                frame = frame->parentWidget();
+            }
+            frame->render(&ground_, {}, QRect(mapTo(frame, QPoint()), size()), QWidget::DrawWindowBackground);
         }
         QPainter(this).drawPixmap(0, 0, ground_);
     }
@@ -88,10 +93,15 @@ QLabel* makeFramedLabel(QAnyStringView name, QAnyStringView accessibleName) {
     return label;
 }
 
-QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size) {
-    auto* label = makeControl<NumberLabel>(name, accessibleName);
+QLabel* makeChangingLabel(QAnyStringView name, QAnyStringView accessibleName) {
+    auto* label = makeControl<ChangingLabel>(name, accessibleName);
     label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(Qt::NoTextInteraction); // selecting would cost at every number
+    label->setTextInteractionFlags(Qt::NoTextInteraction); // selecting would cost at every text
+    return label;
+}
+
+QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size) {
+    QLabel* label = makeChangingLabel(name, accessibleName);
     if (size > 1.0) {
         enlarge(label, size);
     }
@@ -285,6 +295,13 @@ Redrawing::Redrawing(QWidget* widget, int delay, std::function<void()> draw)
 void Redrawing::noteChange(int delay) {
     if (widget_->isVisible() && !timer_.isActive()) {
         timer_.start(delay);
+    }
+}
+
+void Redrawing::drawNow() {
+    if (timer_.isActive()) {
+        timer_.stop();
+        draw_();
     }
 }
 

@@ -41,7 +41,10 @@ QLabel* makeValueLabel(QAnyStringView name, QAnyStringView accessibleName);
 /// A value label in a sunken frame, for a number at the right.
 QLabel* makeFramedLabel(QAnyStringView name, QAnyStringView accessibleName);
 
-/// A label for a number that changes often, in letters of `size` times the usual ones. Its size is fixed, as wide as
+/// A label for a text that changes often while all around it stays.
+QLabel* makeChangingLabel(QAnyStringView name, QAnyStringView accessibleName);
+
+/// The same for a number, in letters of `size` times the usual ones. Its size is fixed, as wide as
 /// `widest`, so that a new number does not lay out the page anew.
 QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size = 1.0);
 
@@ -157,6 +160,9 @@ public:
     void noteChange() { noteChange(timer_.interval()); }
     void noteChange(int delay);
 
+    /// Draws at once what has changed, as something beside it is drawn anyway.
+    void drawNow();
+
     /// All changes have been drawn already.
     void cancel() { timer_.stop(); }
 
@@ -169,11 +175,11 @@ private:
     QTimer timer_;
 };
 
-/// The labels of a page whose values may change a thousand times a second: drawn about four times a second, and not at
-/// all while the page is hidden.
+/// The labels of a page whose values may change a thousand times a second: drawn about twice a second, as fast as
+/// figures can be read, and not at all while the page is hidden.
 class LateTexts {
 public:
-    static constexpr int delay = 250; ///< Milliseconds after the first of some changes.
+    static constexpr int delay = 500; ///< Milliseconds after the first of some changes.
 
     explicit LateTexts(QWidget* page);
 
@@ -182,6 +188,9 @@ public:
     void bind(QLabel* label, const QProperty<int>& number);
     /// Draws something else with the labels whenever the property changes, so that all tell of one moment.
     void bind(const QProperty<QString>& text, std::function<void()> draw);
+
+    /// Draws at once what has changed, as something beside it is drawn anyway.
+    void drawNow() { redrawing_.drawNow(); }
 
 private:
     std::vector<std::function<void()>> drawings_;
