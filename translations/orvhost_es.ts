@@ -265,7 +265,7 @@ Conecte de nuevo, compárela con la pantalla de configuración y, si difiere, en
     </message>
     <message>
         <source>Clean</source>
-        <translation>Limpia</translation>
+        <translation>Agua</translation>
     </message>
     <message>
         <source>Point 1</source>
@@ -1541,7 +1541,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio en el disco y g
     </message>
     <message>
         <source>&amp;Clean</source>
-        <translation>&amp;Limpia</translation>
+        <translation>A&amp;gua</translation>
     </message>
     <message>
         <source>Point &amp;1</source>
