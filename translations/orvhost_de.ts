@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>It is no capture: its first line does not say so.</source>
-        <translation>Das ist keine Mitschrift: Ihre erste Zeile sagt es nicht.</translation>
+        <translation>Das ist keine Mitschrift: Die erste Zeile weist sie nicht als solche aus.</translation>
     </message>
     <message>
         <source>It was made by a newer version of the program (%1). Read it with that version.</source>
@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>Its first line does not say when it began.</source>
-        <translation>Ihre erste Zeile sagt nicht, wann sie begann.</translation>
+        <translation>Die erste Zeile sagt nicht, wann die Mitschrift begann.</translation>
     </message>
     <message>
         <source>is no JSON object</source>
@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>does not say its time</source>
-        <translation>nennt ihre Zeit nicht</translation>
+        <translation>nennt keine Zeit</translation>
     </message>
     <message>
         <source>has characters that are no bytes</source>
@@ -41,15 +41,15 @@
     </message>
     <message>
         <source>It is no capture: its first line does not end.</source>
-        <translation>Das ist keine Mitschrift: Ihre erste Zeile endet nicht.</translation>
+        <translation>Das ist keine Mitschrift: Die erste Zeile endet nicht.</translation>
     </message>
     <message>
         <source>Its line %1 is longer than any of a capture.</source>
-        <translation>Ihre Zeile %1 ist länger als jede einer Mitschrift.</translation>
+        <translation>Zeile %1 ist länger als jede Zeile einer Mitschrift.</translation>
     </message>
     <message>
         <source>Its line %1 %2.</source>
-        <translation>Ihre Zeile %1 %2.</translation>
+        <translation>Zeile %1 %2.</translation>
     </message>
     <message>
         <source>The capture %1 cannot be read. %2</source>
@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>the older file of that name could not be kept (%1)</source>
-        <translation>die ältere Datei dieses Namens konnte nicht aufgehoben werden (%1)</translation>
+        <translation>die ältere Datei dieses Namens konnte nicht aufbewahrt werden (%1)</translation>
     </message>
     <message>
         <source>%1 could not be saved: %2.
@@ -109,7 +109,7 @@ Eine Datei, die schon da war, ist unverändert. Anderen Ordner wählen oder Plat
     </message>
     <message>
         <source>Type mismatch</source>
-        <translation>Typ passt nicht</translation>
+        <translation>Typen unverträglich</translation>
     </message>
     <message>
         <source>Unknown error</source>
@@ -233,7 +233,7 @@ Das Programm läuft weiter, alle Daten bleiben erhalten.</translation>
     </message>
     <message>
         <source>The settings from before are on the settings screen again (%1). When the instrument answers, send them with &quot;Apply Settings&quot;.</source>
-        <translation>Die früheren Einstellungen stehen wieder auf der Einstellungsseite (%1). Sobald das Instrument antwortet, mit „Einstellungen senden“ übertragen.</translation>
+        <translation>Die früheren Einstellungen stehen wieder im Einstellungsfenster (%1). Sobald das Instrument antwortet, mit „Einstellungen senden“ übertragen.</translation>
     </message>
     <message>
         <source>The shutter reset was interrupted before the temporary settings were sent. The instrument still has its own settings.</source>
@@ -253,7 +253,7 @@ Das Programm läuft weiter, alle Daten bleiben erhalten.</translation>
 Connect again, compare them with the settings screen, and send them with &quot;Apply Settings&quot; if they differ.</source>
         <translation>Seine früheren Einstellungen: %1.
 
-Erneut verbinden, mit der Einstellungsseite vergleichen und bei Abweichung mit „Einstellungen senden“ übertragen.</translation>
+Erneut verbinden, mit dem Einstellungsfenster vergleichen und bei Abweichung mit „Einstellungen senden“ übertragen.</translation>
     </message>
     <message>
         <source>Resetting Shutter</source>
@@ -265,7 +265,7 @@ Erneut verbinden, mit der Einstellungsseite vergleichen und bei Abweichung mit �
     </message>
     <message>
         <source>Clean</source>
-        <translation>Klarwasser</translation>
+        <translation>Reinwasser</translation>
     </message>
     <message>
         <source>Point 1</source>
@@ -343,7 +343,7 @@ Seine Zeilen sind noch auf dem Blatt.</translation>
         <source>%1 has been written.
 
 %2</source>
-        <translation>%1 ist geschrieben.
+        <translation>%1 wurde geschrieben.
 
 %2</translation>
     </message>
@@ -429,7 +429,7 @@ Seine Zeilen sind noch auf dem Blatt.</translation>
 %2
 
 </source>
-        <translation>Die Verbindung an %1 ist abgerissen.
+        <translation>Die Verbindung an %1 ging verloren.
 
 %2
 
@@ -441,7 +441,7 @@ Seine Zeilen sind noch auf dem Blatt.</translation>
     </message>
     <message>
         <source>The instrument is connected on it. Use &quot;Close Port&quot; first, or connect the instrument to COM 1.</source>
-        <translation>Das Instrument ist daran verbunden. Zuerst „Anschluss schließen“, oder das Instrument an COM 1 verbinden.</translation>
+        <translation>Das Instrument ist daran verbunden. Zuerst „Anschluss schließen“ wählen oder das Instrument an COM 1 verbinden.</translation>
     </message>
     <message>
         <source>tick &quot;Comm 2 Debug Output&quot; again</source>
@@ -465,7 +465,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>%1 was lost. Check the cable, then press Connect.</source>
-        <translation>%1 ist weg. Kabel prüfen, dann „Verbinden“ drücken.</translation>
+        <translation>Verbindung an %1 verloren. Kabel prüfen, dann „Verbinden“ drücken.</translation>
     </message>
     <message>
         <source>Auto Connect Comm 1</source>
@@ -477,7 +477,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation>Verbinde ...</translation>
+        <translation>Verbindungsaufbau ...</translation>
     </message>
     <message>
         <source>Offline</source>
@@ -501,7 +501,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess click Quit</source>
-        <translation>Für die manuelle Verbindung an Comm %1 auf „Weiter“ klicken. Zum Abbrechen auf „Beenden“ klicken.</translation>
+        <translation>Für die manuelle Verbindung an Comm %1 auf „Fortfahren“ klicken. Zum Abbrechen auf „Beenden“ klicken.</translation>
     </message>
     <message>
         <source>Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that power is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready.</source>
@@ -517,7 +517,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>Shut power off of sensor. Press (Start) then turn power on.</source>
-        <translation>Strom des Sensors ausschalten. (Starten) drücken, dann Strom einschalten.</translation>
+        <translation>Strom des Sensors ausschalten. „Starten“ drücken, dann Strom einschalten.</translation>
     </message>
     <message>
         <source>Manual Connect</source>
@@ -525,7 +525,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>Waiting for the instrument. &quot;Quit&quot; in the dialog ends it.</source>
-        <translation>Warten auf das Instrument. „Beenden“ im Dialog bricht ab.</translation>
+        <translation>Warten auf das Instrument. „Beenden“ im Dialog beendet es.</translation>
     </message>
     <message>
         <source>%1 is a file that this program writes itself while it runs, so nothing can be saved there.
@@ -569,7 +569,7 @@ Das Programm läuft weiter. Platz im Ordner schaffen und das Programm bei Gelege
     </message>
     <message>
         <source>The debug output uses COM %1. Clear &quot;Comm 2 Debug Output&quot; on the debug screen to free it.</source>
-        <translation>Die Debug-Ausgabe benutzt COM %1. „Debug-Ausgabe auf Comm 2“ auf der Debug-Seite ausschalten, um ihn freizugeben.</translation>
+        <translation>Die Debug-Ausgabe benutzt COM %1. „Debug-Ausgabe auf Comm 2“ auf der Debug-Seite ausschalten, um den Anschluss freizugeben.</translation>
     </message>
     <message>
         <source>Simulated instrument on %1</source>
@@ -603,7 +603,7 @@ Das Programm läuft weiter. Platz im Ordner schaffen und das Programm bei Gelege
         <source>%1 has ended: %2.
 
 </source>
-        <translation>%1 ist abgebrochen: %2.
+        <translation>%1 wurde abgebrochen: %2.
 
 </translation>
     </message>
@@ -641,15 +641,15 @@ Das Programm läuft weiter. Platz im Ordner schaffen und das Programm bei Gelege
     </message>
     <message>
         <source>The device is gone: the cable was pulled or the adapter switched off.</source>
-        <translation>Das Gerät ist weg: Das Kabel wurde gezogen oder der Adapter ausgeschaltet.</translation>
+        <translation>Das Gerät ist nicht mehr da: Das Kabel wurde gezogen oder der Adapter ausgeschaltet.</translation>
     </message>
     <message>
         <source>The capture has ended: %1 cannot be written any further: %2.
 
 What was captured before is kept, and the program goes on. Make room on the disk and start it again to capture on.</source>
-        <translation>Die Mitschrift ist zu Ende: %1 kann nicht weiter geschrieben werden: %2.
+        <translation>Die Mitschrift ist zu Ende: %1 kann nicht weitergeschrieben werden: %2.
 
-Was bis dahin mitgeschrieben wurde, bleibt erhalten, und das Programm läuft weiter. Platz schaffen und neu starten, um weiter mitzuschreiben.</translation>
+Was bis dahin mitgeschrieben wurde, bleibt erhalten, und das Programm läuft weiter. Platz schaffen und das Programm neu starten, um weiter mitzuschreiben.</translation>
     </message>
     <message>
         <source>the program keeps that file itself</source>
@@ -661,7 +661,7 @@ Was bis dahin mitgeschrieben wurde, bleibt erhalten, und das Programm läuft wei
 The program goes on without. Name a file in a folder where you may write, and start it again.</source>
         <translation>Nichts wird mitgeschrieben: %1 kann nicht geschrieben werden: %2.
 
-Das Programm läuft ohne weiter. Eine Datei in einem Ordner mit Schreibrecht nennen und neu starten.</translation>
+Das Programm läuft ohne Mitschrift weiter. Eine Datei in einem Ordner mit Schreibrecht nennen und das Programm neu starten.</translation>
     </message>
     <message>
         <source>Save Support File</source>
@@ -669,7 +669,7 @@ Das Programm läuft ohne weiter. Eine Datei in einem Ordner mit Schreibrecht nen
     </message>
     <message>
         <source>%1 tells what went over the line and what was done in the last ten minutes. Send it along when you ask for help. It can be read as text; your own files are not in it.</source>
-        <translation>%1 enthält, was in den letzten zehn Minuten über die Leitung ging und getan wurde. Bei Hilfsanfragen mitsenden. Die Datei ist als Text lesbar; eigene Dateien sind nicht darin.</translation>
+        <translation>%1 enthält, was in den letzten zehn Minuten über die Leitung ging und getan wurde. Bei Supportanfragen mitsenden. Die Datei ist als Text lesbar; eigene Dateien sind nicht darin.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no device. Give a serial port&apos;s name or path (ttyUSB0, /dev/ttyUSB0, COM3) or a simulated instrument (sim:trx, sim:glow).</source>
@@ -709,7 +709,7 @@ Das Programm läuft ohne weiter. Eine Datei in einem Ordner mit Schreibrecht nen
     </message>
     <message>
         <source>Downloading. Reset stops it; what has arrived is kept.</source>
-        <translation>Download läuft. „Zurücksetzen“ bricht ab; was angekommen ist, bleibt.</translation>
+        <translation>Download läuft. „Zurücksetzen“ bricht ihn ab; was angekommen ist, bleibt.</translation>
     </message>
     <message>
         <source>Sending the settings.</source>
@@ -725,11 +725,11 @@ Das Programm läuft ohne weiter. Eine Datei in einem Ordner mit Schreibrecht nen
     </message>
     <message>
         <source>%1, not saved. Save As is on the page Output: Spread Sheet.</source>
-        <translation>%1, nicht gespeichert. „Speichern unter“ ist auf der Seite Ausgabe: Datenblatt.</translation>
+        <translation>%1, nicht gespeichert. „Speichern unter“ ist auf der Seite „Ausgabe: Tabellenblatt“.</translation>
     </message>
     <message>
         <source>Plug in an adapter, or choose a port and press Connect.</source>
-        <translation>Adapter einstecken, oder Anschluss wählen und „Verbinden“ drücken.</translation>
+        <translation>Adapter einstecken oder einen Anschluss wählen, dann „Verbinden“ drücken.</translation>
     </message>
     <message>
         <source>Choose a port and press Connect.</source>
@@ -749,7 +749,7 @@ Das Programm läuft ohne weiter. Eine Datei in einem Ordner mit Schreibrecht nen
     </message>
     <message>
         <source>The dialog Manual Connection says how to go on.</source>
-        <translation>Der Dialog Manuelle Verbindung sagt, wie es weitergeht.</translation>
+        <translation>Der Dialog „Manuelle Verbindung“ sagt, wie es weitergeht.</translation>
     </message>
     <message>
         <source>Status and Controls</source>
@@ -757,7 +757,7 @@ Das Programm läuft ohne weiter. Eine Datei in einem Ordner mit Schreibrecht nen
     </message>
     <message>
         <source>Output: Spread Sheet</source>
-        <translation>Ausgabe: Datenblatt</translation>
+        <translation>Ausgabe: Tabellenblatt</translation>
     </message>
     <message>
         <source>Output: Graphical</source>
@@ -813,7 +813,7 @@ Das Programm läuft ohne weiter. Eine Datei in einem Ordner mit Schreibrecht nen
     </message>
     <message>
         <source>The rows on the sheet are not saved, and could not be kept for the next start either: %1.</source>
-        <translation>Die Zeilen auf dem Blatt sind nicht gespeichert und konnten auch nicht für den nächsten Start aufgehoben werden: %1.</translation>
+        <translation>Die Zeilen auf dem Blatt sind nicht gespeichert und konnten auch nicht für den nächsten Start aufbewahrt werden: %1.</translation>
     </message>
     <message>
         <source>Reading the port</source>
@@ -861,7 +861,7 @@ Das Programm läuft ohne weiter. Eine Datei in einem Ordner mit Schreibrecht nen
 So that no other program&apos;s files are written to, this program works without log and record file. Make room on the disk, or choose another folder, and start the program again.</source>
         <translation>In diesem Ordner kann keine Sperrdatei angelegt werden, vielleicht weil die Platte voll ist: %1
 
-Damit keine Dateien anderer Programme beschrieben werden, arbeitet das Programm ohne Log und Aufzeichnungsdatei. Platz schaffen oder einen anderen Ordner wählen, dann neu starten.</translation>
+Damit nicht in Dateien anderer Programme geschrieben wird, arbeitet das Programm ohne Log und Aufzeichnungsdatei. Platz schaffen oder einen anderen Ordner wählen, dann das Programm neu starten.</translation>
     </message>
     <message>
         <source>This program works without such files. Start it in another folder, so that log and record file are kept.</source>
@@ -901,7 +901,7 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>Auto Start: This tells the logger to start collecting data at power up.</source>
-        <translation>Auto-Start: Der Logger beginnt beim Einschalten mit der Datenerfassung.</translation>
+        <translation>Auto-Start: Der Logger beginnt beim Einschalten mit der Messung.</translation>
     </message>
     <message>
         <source>&amp;Gain</source>
@@ -945,7 +945,7 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>This tells the logger to grab X number of samples and average then to determine one data point.</source>
-        <translation>Der Logger nimmt so viele Abtastungen und mittelt sie zu einem Messpunkt.</translation>
+        <translation>Der Logger macht so viele Abtastungen und mittelt sie zu einem Messpunkt.</translation>
     </message>
     <message>
         <source>Delay &amp;Before Data Blocks (hours)</source>
@@ -1025,7 +1025,7 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>Sending %1...</source>
-        <translation>%1 wird gesendet...</translation>
+        <translation>%1 wird gesendet ...</translation>
     </message>
     <message>
         <source>%1 was not sent whole: the connection ended.</source>
@@ -1073,7 +1073,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>If you press run, it will start to collect data% after you press run.</source>
-        <translation>Nach „Messen“ beginnt die Messung, und zwar% nach dem Drücken.</translation>
+        <translation>Wird „Messen“ gedrückt, beginnt die Messung % danach.</translation>
     </message>
     <message>
         <source>It will bin for % sample(s) to create 1 data point.</source>
@@ -1081,7 +1081,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>After this it wakes up and takes another data point. The process</source>
-        <translation>Danach wacht er auf und nimmt den nächsten Messpunkt. Der Vorgang</translation>
+        <translation>Danach wacht er auf und nimmt den nächsten Messpunkt auf. Der Vorgang</translation>
     </message>
     <message>
         <source>continues until power is shut off. All of the data collected is known as the data block</source>
@@ -1121,7 +1121,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Loading Properties</source>
-        <translation>Lade Einstellungen</translation>
+        <translation>Einstellungen werden gelesen</translation>
     </message>
     <message>
         <source>Read from the instrument at %1</source>
@@ -1145,7 +1145,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Sent at %1, but the instrument has not all of it: %2.</source>
-        <translation>Gesendet um %1, aber das Instrument hat nicht alles davon: %2.</translation>
+        <translation>Gesendet um %1, aber das Instrument hat nicht alles übernommen: %2.</translation>
     </message>
     <message>
         <source>No answer for 10 s. Reset connects again.</source>
@@ -1153,15 +1153,15 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>This was the 150th line of settings reports since the program started. There it ends the connection, once. Nothing is wrong: press Quit and connect again.</source>
-        <translation>Dies war die 150. Zeile von Einstellungsberichten seit dem Programmstart. Dort endet die Verbindung einmal. Alles ist in Ordnung: „Beenden“ drücken und erneut verbinden.</translation>
+        <translation>Dies war die 150. Zeile von Einstellungsberichten seit dem Programmstart. An dieser Stelle beendet das Programm die Verbindung, ein einziges Mal. Alles ist in Ordnung: „Beenden“ drücken und erneut verbinden.</translation>
     </message>
     <message>
         <source>%1 behind this computer&apos;s</source>
-        <translation>%1 hinter der des Computers</translation>
+        <translation>geht gegenüber dem Computer %1 nach</translation>
     </message>
     <message>
         <source>%1 ahead of this computer&apos;s</source>
-        <translation>%1 vor der des Computers</translation>
+        <translation>geht gegenüber dem Computer %1 vor</translation>
     </message>
     <message>
         <source>Unable to read clock. Error #2</source>
@@ -1173,7 +1173,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Sending ...</source>
-        <translation>Sende ...</translation>
+        <translation>Wird gesendet ...</translation>
     </message>
     <message>
         <source>Not sent whole: the instrument did not answer. What was sent before stays in it. Connect or press &quot;Retrieve Settings&quot; to see what it has.</source>
@@ -1233,7 +1233,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Nothing was asked of the instrument.</source>
-        <translation>Vom Instrument wurde nichts verlangt.</translation>
+        <translation>Vom Instrument wurde nichts angefordert.</translation>
     </message>
     <message>
         <source>Make room or choose another folder, and download it again.</source>
@@ -1249,7 +1249,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>No data for 10 s. Reset stops the download.</source>
-        <translation>Seit 10 s keine Daten. „Zurücksetzen“ bricht ab.</translation>
+        <translation>Seit 10 s keine Daten. „Zurücksetzen“ bricht den Download ab.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
@@ -1257,7 +1257,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>It holds %1.</source>
-        <translation>Sie enthält %1.</translation>
+        <translation>Die Datei enthält %1.</translation>
     </message>
     <message>
         <source>Press Reset, make room or choose another folder, and download it again.</source>
@@ -1269,7 +1269,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>It may not have everything.</source>
-        <translation>Vielleicht fehlt etwas darin.</translation>
+        <translation>In der Datei fehlt vielleicht etwas.</translation>
     </message>
     <message>
         <source>1 record could not be read; it is in %1</source>
@@ -1313,7 +1313,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
 The instrument still holds its data; download it again.</source>
         <translation>Der Download ist unvollständig: Er wurde beendet, bevor das Instrument alles gesendet hatte.%1%2
 
-Das Instrument hat seine Daten noch; noch einmal herunterladen.</translation>
+Die Daten sind noch im Instrument; noch einmal herunterladen.</translation>
     </message>
     <message>
         <source>The stored data cannot be written to %1: %2.
@@ -1321,7 +1321,7 @@ Das Instrument hat seine Daten noch; noch einmal herunterladen.</translation>
 %3 The instrument still holds its data. </source>
         <translation>Die gespeicherten Daten können nicht in %1 geschrieben werden: %2.
 
-%3 Das Instrument hat seine Daten noch. </translation>
+%3 Die Daten sind noch im Instrument. </translation>
     </message>
     <message>
         <source>Running</source>
@@ -1389,7 +1389,7 @@ Sie bleibt, wie sie ist. Ihre Zeilen werden beim nächsten Start wieder angebote
     </message>
     <message>
         <source>The last run in this folder did not end. Load its %1 into the sheet?</source>
-        <translation>Der letzte Lauf in diesem Ordner wurde nicht beendet. Aufs Blatt laden: %1?</translation>
+        <translation>Der letzte Lauf in diesem Ordner wurde nicht beendet. Seine %1 auf das Blatt laden?</translation>
     </message>
     <message>
         <source>The rows of the last run are on the sheet.
@@ -1401,27 +1401,27 @@ Nothing is lost: the record file %2 has everything.%3</source>
 
 %1
 
-Nichts ist verloren: Die Aufzeichnungsdatei %2 hat alles.%3</translation>
+Nichts ist verloren: Die Aufzeichnungsdatei %2 enthält alles.%3</translation>
     </message>
     <message>
         <source> The next run keeps it under a name with date and time.</source>
-        <translation> Der nächste Lauf hebt sie unter einem Namen mit Datum und Zeit auf.</translation>
+        <translation> Der nächste Lauf bewahrt sie unter einem Namen mit Datum und Zeit auf.</translation>
     </message>
     <message>
         <source>The record file of the last run is kept as %1.</source>
-        <translation>Die Aufzeichnungsdatei des letzten Laufs ist als %1 aufgehoben.</translation>
+        <translation>Die Aufzeichnungsdatei des letzten Laufs wird als %1 aufbewahrt.</translation>
     </message>
     <message>
         <source>The record file %1 could not be kept under a name with date and time: %2.
 
 It stays as it is, and no run will overwrite it. Move it yourself.</source>
-        <translation>Die Aufzeichnungsdatei %1 konnte nicht unter einem Namen mit Datum und Zeit aufgehoben werden: %2.
+        <translation>Die Aufzeichnungsdatei %1 konnte nicht unter einem Namen mit Datum und Zeit aufbewahrt werden: %2.
 
-Sie bleibt, wie sie ist, und kein Lauf überschreibt sie. Bitte selbst verschieben.</translation>
+Sie bleibt, wie sie ist, und kein Lauf überschreibt sie. Von Hand verschieben.</translation>
     </message>
     <message>
         <source>The record file %1 has it; the next run keeps that file under a name with date and time.</source>
-        <translation>Die Aufzeichnungsdatei %1 hat sie; der nächste Lauf hebt diese Datei unter einem Namen mit Datum und Zeit auf.</translation>
+        <translation>Die Aufzeichnungsdatei %1 enthält sie; der nächste Lauf bewahrt diese Datei unter einem Namen mit Datum und Zeit auf.</translation>
     </message>
     <message>
         <source>Of stored data, &quot;Download Stored Data: Save as Text&quot; writes it.</source>
@@ -1445,7 +1445,7 @@ Sie bleibt, wie sie ist, und kein Lauf überschreibt sie. Bitte selbst verschieb
     </message>
     <message>
         <source> The file of that name is kept under a name with date and time.</source>
-        <translation> Die Datei dieses Namens ist unter einem Namen mit Datum und Zeit aufgehoben.</translation>
+        <translation> Die Datei dieses Namens wird unter einem Namen mit Datum und Zeit aufbewahrt.</translation>
     </message>
     <message>
         <source>While you chose a name the sheet became long and was saved by itself: %1.
@@ -1453,7 +1453,7 @@ Sie bleibt, wie sie ist, und kein Lauf überschreibt sie. Bitte selbst verschieb
 %2 has the rows since.%3</source>
         <translation>Während der Namenswahl wurde das Blatt lang und von selbst gespeichert: %1.
 
-%2 hat die Zeilen seither.%3</translation>
+%2 enthält die Zeilen seither.%3</translation>
     </message>
     <message>
         <source>rows 1 to %1 as %2</source>
@@ -1501,15 +1501,15 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>It has %1 rows; the sheet holds at most %2. Split the file and correct the number of rows on the first line of each part.</source>
-        <translation>Sie hat %1 Zeilen; das Blatt fasst höchstens %2. Die Datei teilen und in jedem Teil die Zeilenzahl in der ersten Zeile berichtigen.</translation>
+        <translation>Die Datei hat %1 Zeilen; das Blatt fasst höchstens %2. Die Datei teilen und in jedem Teil die Zeilenzahl in der ersten Zeile berichtigen.</translation>
     </message>
     <message>
         <source>It is cut short: its last line has no end. If nothing is missing, add a line end to it.</source>
-        <translation>Sie ist abgeschnitten: Die letzte Zeile hat kein Ende. Fehlt nichts, ein Zeilenende anfügen.</translation>
+        <translation>Die Datei ist abgeschnitten: Die letzte Zeile hat kein Ende. Fehlt nichts, ein Zeilenende anfügen.</translation>
     </message>
     <message>
         <source>It is cut short: the column headers are missing.</source>
-        <translation>Sie ist abgeschnitten: Die Spaltenköpfe fehlen.</translation>
+        <translation>Die Datei ist abgeschnitten: Die Spaltenköpfe fehlen.</translation>
     </message>
     <message>
         <source>%1 Its first line promises %2 rows, but there are %3. If rows were taken out or added on purpose, correct the number on the first line.</source>
@@ -1517,11 +1517,11 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>It is cut short.</source>
-        <translation>Sie ist abgeschnitten.</translation>
+        <translation>Die Datei ist abgeschnitten.</translation>
     </message>
     <message>
         <source>It holds more than it says.</source>
-        <translation>Sie enthält mehr, als sie angibt.</translation>
+        <translation>Die Datei enthält mehr, als sie angibt.</translation>
     </message>
     <message>
         <source>It is a folder or a device, not a file.</source>
@@ -1529,11 +1529,11 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>It cannot be read: %1.</source>
-        <translation>Sie kann nicht gelesen werden: %1.</translation>
+        <translation>Die Datei kann nicht gelesen werden: %1.</translation>
     </message>
     <message>
         <source>It is far too large to be a sheet.</source>
-        <translation>Für ein Blatt ist sie viel zu groß.</translation>
+        <translation>Die Datei ist für ein Blatt viel zu groß.</translation>
     </message>
     <message>
         <source>&amp;Air</source>
@@ -1541,7 +1541,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>&amp;Clean</source>
-        <translation>&amp;Klarwasser</translation>
+        <translation>Reinw&amp;asser</translation>
     </message>
     <message>
         <source>Point &amp;1</source>
@@ -1569,7 +1569,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>Name or serial number of the next instrument of the batch.</source>
-        <translation>Name oder Seriennummer des nächsten Instruments der Reihe.</translation>
+        <translation>Name oder Seriennummer des nächsten Instruments der Charge.</translation>
     </message>
     <message>
         <source>Instrument name or serial number</source>
@@ -1581,7 +1581,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>Adds the named instrument with its light colour; a batch has up to seven.</source>
-        <translation>Fügt das genannte Instrument mit seiner Lichtfarbe hinzu; eine Reihe hat bis zu sieben.</translation>
+        <translation>Fügt das genannte Instrument mit seiner Lichtfarbe hinzu; eine Charge hat bis zu sieben.</translation>
     </message>
     <message>
         <source>Messages</source>
@@ -1645,7 +1645,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>Total Entered :</source>
-        <translation>Eingetragen :</translation>
+        <translation>Eingetragen:</translation>
     </message>
     <message>
         <source>Instrument index</source>
@@ -1657,7 +1657,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>Writes the means of the rows on the data sheet into the selected row; for a point also its DP values. Keeps the worksheet.</source>
-        <translation>Schreibt die Mittelwerte der Zeilen auf dem Datenblatt in die gewählte Zeile, bei einem Punkt auch seine DP-Werte. Hebt das Arbeitsblatt auf.</translation>
+        <translation>Schreibt die Mittelwerte der Zeilen auf dem Tabellenblatt in die gewählte Zeile, bei einem Punkt auch seine DP-Werte. Behält das Arbeitsblatt.</translation>
     </message>
     <message>
         <source>Save Cal &amp;Info</source>
@@ -1673,7 +1673,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>The rows on the data sheet were measured for &quot;%1&quot;.</source>
-        <translation>Die Zeilen auf dem Datenblatt wurden für „%1“ gemessen.</translation>
+        <translation>Die Zeilen auf dem Tabellenblatt wurden für „%1“ gemessen.</translation>
     </message>
     <message>
         <source>%1, angle %2</source>
@@ -1681,7 +1681,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>%1: kept as a whole number from -32768 to 32767.</source>
-        <translation>%1: wird als ganze Zahl von -32768 bis 32767 aufgehoben.</translation>
+        <translation>%1: wird als ganze Zahl von -32768 bis 32767 gespeichert.</translation>
     </message>
     <message>
         <source>Expected counts of the point last calculated.</source>
@@ -1707,7 +1707,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
         <source>Brings the shutter back to its rest position. The instrument only moves it with particular settings, so its own are read and kept, temporary ones are sent, the shutter moves for about half a minute, and the settings from before are sent back.
 
 Leave the cable in its place until the settings have been read back. &quot;Reset&quot;, &quot;Close Port&quot; and &quot;Quit&quot; interrupt the reset; the instrument may then still hold the temporary settings.</source>
-        <translation>Bringt den Verschluss in seine Ruhelage zurück. Das Instrument bewegt ihn nur mit bestimmten Einstellungen; daher werden seine eigenen gelesen und aufgehoben, vorübergehende gesendet, der Verschluss bewegt sich etwa eine halbe Minute, und die früheren Einstellungen werden zurückgesendet.
+        <translation>Bringt den Verschluss in seine Ruhelage zurück. Das Instrument bewegt ihn nur mit bestimmten Einstellungen; daher werden seine eigenen gelesen und aufbewahrt, vorübergehende gesendet, der Verschluss bewegt sich etwa eine halbe Minute, und die früheren Einstellungen werden zurückgesendet.
 
 Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücksetzen“, „Anschluss schließen“ und „Beenden“ unterbrechen den Vorgang; das Instrument hat dann vielleicht noch die vorübergehenden Einstellungen.</translation>
     </message>
@@ -1725,11 +1725,11 @@ Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücks
     </message>
     <message>
         <source>Progress of the shutter reset</source>
-        <translation>Fortschritt des Verschluss-Zurücksetzens</translation>
+        <translation>Fortschritt beim Zurücksetzen des Verschlusses</translation>
     </message>
     <message>
         <source>The step of the shutter reset under way.</source>
-        <translation>Der laufende Schritt des Verschluss-Zurücksetzens.</translation>
+        <translation>Der laufende Schritt beim Zurücksetzen des Verschlusses.</translation>
     </message>
     <message>
         <source>Time left</source>
@@ -1777,7 +1777,7 @@ Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücks
     </message>
     <message>
         <source>&amp;Traffic, newest last:</source>
-        <translation>&amp;Verkehr, Neuestes zuletzt:</translation>
+        <translation>Daten&amp;verkehr, Neuestes zuletzt:</translation>
     </message>
     <message>
         <source>&amp;Comm 2 Debug Output</source>
@@ -1793,7 +1793,7 @@ Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücks
     </message>
     <message>
         <source>Lists every block of characters as it is read from the instrument.</source>
-        <translation>Listet jeden Zeichenblock so, wie er vom Instrument gelesen wird.</translation>
+        <translation>Listet jeden Zeichenblock so auf, wie er vom Instrument gelesen wird.</translation>
     </message>
     <message>
         <source>Sho&amp;w Parsing</source>
@@ -1801,15 +1801,15 @@ Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücks
     </message>
     <message>
         <source>Lists every line that is cut out of what the instrument sends.</source>
-        <translation>Listet jede Zeile, die aus den Daten des Instruments geschnitten wird.</translation>
+        <translation>Listet jede Zeile auf, die aus den Daten des Instruments geschnitten wird.</translation>
     </message>
     <message>
         <source>Traffic from the instrument, newest last</source>
-        <translation>Verkehr vom Instrument, Neuestes zuletzt</translation>
+        <translation>Datenverkehr vom Instrument, Neuestes zuletzt</translation>
     </message>
     <message>
         <source>What the instrument sends, as blocks or lines; CR, LF and TAB as symbols. The newest 10000 entries are kept.</source>
-        <translation>Was das Instrument sendet, als Blöcke oder Zeilen; CR, LF und TAB als Zeichen. Die neuesten 10000 Einträge bleiben.</translation>
+        <translation>Was das Instrument sendet, als Blöcke oder Zeilen; CR, LF und TAB als Symbole. Die neuesten 10000 Einträge bleiben.</translation>
     </message>
     <message>
         <source>Why the list is empty</source>
@@ -1821,11 +1821,11 @@ Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücks
     </message>
     <message>
         <source>Choose &quot;Raw Buffer&quot; or &quot;Show Parsing&quot; to list what the instrument sends.</source>
-        <translation>„Rohdaten“ oder „Zeilen zeigen“ wählen, um zu listen, was das Instrument sendet.</translation>
+        <translation>„Rohdaten“ oder „Zeilen zeigen“ wählen, um aufzulisten, was das Instrument sendet.</translation>
     </message>
     <message>
         <source>Is sent exactly as typed; nothing is added at its end.</source>
-        <translation>Wird genau so gesendet; am Ende wird nichts angefügt.</translation>
+        <translation>Wird genau wie eingegeben gesendet; am Ende wird nichts angefügt.</translation>
     </message>
     <message>
         <source>&amp;Direct Send</source>
@@ -1906,7 +1906,7 @@ Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücks
     <message>
         <source>Connects the ORV self-logging optical water sensors GLOW and TRX:
 settings, live data, stored data, calibration.</source>
-        <translation>Verbindet die selbstaufzeichnenden optischen Wassersensoren ORV GLOW und TRX:
+        <translation>Verbindet die selbstaufzeichnenden optischen ORV-Wassersensoren GLOW und TRX:
 Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
@@ -1931,7 +1931,7 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
         <source>&amp;Proceed</source>
-        <translation>&amp;Weiter</translation>
+        <translation>&amp;Fortfahren</translation>
     </message>
     <message>
         <source>&amp;Retry</source>
@@ -1963,7 +1963,7 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
         <source>Reset on the page Status and Controls stops it.</source>
-        <translation>„Zurücksetzen“ auf der Seite Status und Steuerung bricht ab.</translation>
+        <translation>„Zurücksetzen“ auf der Seite „Status und Steuerung“ bricht den Vorgang ab.</translation>
     </message>
     <message>
         <source>&amp;Abort</source>
@@ -2035,7 +2035,7 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
         <source>Shows the newest rows as they come.</source>
-        <translation>Zeigt die neuesten Zeilen, wie sie kommen.</translation>
+        <translation>Zeigt die neuesten Zeilen, sobald sie kommen.</translation>
     </message>
     <message>
         <source>Show A&amp;ll</source>
@@ -2055,11 +2055,11 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
         <source>&amp;X axis :</source>
-        <translation>&amp;X-Achse :</translation>
+        <translation>&amp;X-Achse:</translation>
     </message>
     <message>
         <source>&amp;View :</source>
-        <translation>&amp;Ansicht :</translation>
+        <translation>&amp;Ansicht:</translation>
     </message>
     <message>
         <source>Save Pict&amp;ure</source>
@@ -2131,7 +2131,7 @@ Unter „X-Achse“ die andere wählen.</translation>
     </message>
     <message>
         <source>Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click shows all.</source>
-        <translation>Das Rad zoomt die Achse, mit Strg die Werte; Ziehen verschiebt, mit Umschalt wählt es einen Bereich; ein Doppelklick zeigt alles.</translation>
+        <translation>Mausrad zoomt die Achse, mit Strg die Werte; Ziehen verschiebt, mit Umschalt wählt es einen Bereich; ein Doppelklick zeigt alles.</translation>
     </message>
     <message>
         <source>Row under the cursor</source>
@@ -2159,7 +2159,7 @@ Anderen Ordner wählen oder Platz schaffen, dann erneut speichern.</translation>
 See whether it is switched on and connected, then print again, or save the curves as PDF and print that.</source>
         <translation>Der Drucker hat die Seite nicht angenommen.
 
-Prüfen, ob er eingeschaltet und angeschlossen ist, dann erneut drucken, oder die Kurven als PDF speichern und dieses drucken.</translation>
+Prüfen, ob er eingeschaltet und angeschlossen ist, dann erneut drucken oder die Kurven als PDF speichern und dieses drucken.</translation>
     </message>
     <message>
         <source>Pages</source>
@@ -2297,7 +2297,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Curves of the data sheet</source>
-        <translation>Kurven des Datenblatts</translation>
+        <translation>Kurven des Tabellenblatts</translation>
     </message>
     <message>
         <source>Left and Right move to the row before and after, with Shift they move the curves; Plus and Minus zoom, Home shows all, End follows the newest rows. Space begins and ends the choice of a range, Escape drops it.</source>
@@ -2409,11 +2409,11 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>This mode Autostarts, takes 1 data point per second, and repeats this indefinatly. Data is NOT logged.</source>
-        <translation>Dieser Modus startet von selbst, nimmt 1 Messpunkt pro Sekunde und wiederholt das endlos. Daten werden NICHT geloggt.</translation>
+        <translation>Dieser Modus startet von selbst, nimmt 1 Messpunkt pro Sekunde auf und wiederholt das endlos. Daten werden NICHT geloggt.</translation>
     </message>
     <message>
         <source>This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up to 60000 data points.</source>
-        <translation>Dieser Modus startet von selbst, nimmt 1 Messpunkt pro Sekunde und wiederholt das stündlich. Er loggt bis zu 60000 Messpunkte.</translation>
+        <translation>Dieser Modus startet von selbst, nimmt 1 Messpunkt pro Sekunde auf und wiederholt das stündlich. Er loggt bis zu 60000 Messpunkte.</translation>
     </message>
     <message>
         <source>Time and Date</source>
@@ -2513,7 +2513,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Clean Water Offset</source>
-        <translation>Klarwasser-Offset</translation>
+        <translation>Reinwasser-Offset</translation>
     </message>
     <message>
         <source>&amp;Provide Raw Counts</source>
@@ -2621,7 +2621,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Data sheet</source>
-        <translation>Datenblatt</translation>
+        <translation>Tabellenblatt</translation>
     </message>
     <message>
         <source>Rows on the sheet</source>
@@ -2669,7 +2669,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Save all Data on the Spread Sheet to a Tab Delimited Text File.</source>
-        <translation>Speichert alle Daten des Datenblatts in eine Textdatei mit Tabulatoren.</translation>
+        <translation>Speichert alle Daten des Tabellenblatts in eine Textdatei mit Tabulatoren.</translation>
     </message>
     <message>
         <source>E&amp;xport</source>
@@ -2681,7 +2681,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Open a saved sheet. It replaces what is on the Spread Sheet.</source>
-        <translation>Öffnet ein gespeichertes Blatt. Es ersetzt, was auf dem Datenblatt ist.</translation>
+        <translation>Öffnet ein gespeichertes Blatt. Es ersetzt, was auf dem Tabellenblatt ist.</translation>
     </message>
     <message>
         <source>&amp;Clear All</source>
@@ -2689,19 +2689,19 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Clears the Spread Sheet of all data.</source>
-        <translation>Löscht alle Daten vom Datenblatt.</translation>
+        <translation>Löscht alle Daten vom Tabellenblatt.</translation>
     </message>
     <message>
         <source>File &amp;name :</source>
-        <translation>Datei&amp;name :</translation>
+        <translation>Datei&amp;name:</translation>
     </message>
     <message>
         <source>Rows :</source>
-        <translation>Zeilen :</translation>
+        <translation>Zeilen:</translation>
     </message>
     <message>
         <source>Records :</source>
-        <translation>Dateien :</translation>
+        <translation>Dateien:</translation>
     </message>
     <message>
         <source>%1 cleared.</source>
@@ -2733,11 +2733,11 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Puts the line away. The Escape key does the same.</source>
-        <translation>Räumt die Zeile weg. Die Esc-Taste tut dasselbe.</translation>
+        <translation>Blendet die Suchzeile aus. Die Esc-Taste tut dasselbe.</translation>
     </message>
     <message>
         <source>F&amp;ind :</source>
-        <translation>Su&amp;chen :</translation>
+        <translation>Su&amp;chen:</translation>
     </message>
     <message>
         <source>Record %1</source>
@@ -2805,7 +2805,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Shutter reset progress</source>
-        <translation>Fortschritt des Verschluss-Zurücksetzens</translation>
+        <translation>Fortschritt beim Zurücksetzen des Verschlusses</translation>
     </message>
     <message>
         <source>Time the shutter still moves</source>
@@ -2849,7 +2849,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp.</source>
-        <translation>Beginnt eine Messung. Die Zeilen kommen auf das Datenblatt und in Orvtemp.tmp.</translation>
+        <translation>Beginnt eine Messung. Die Zeilen kommen auf das Tabellenblatt und in Orvtemp.tmp.</translation>
     </message>
     <message>
         <source>R&amp;eset</source>
@@ -2934,7 +2934,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>To what you came back from.</source>
-        <translation>Zu dem, woher man zurückkam.</translation>
+        <translation>Wieder zu dem, was vor dem Zurückgehen zu sehen war.</translation>
     </message>
     <message>
         <source>The next place with this text. The Enter key does the same.</source>
@@ -2966,11 +2966,11 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>the selected rows have gone from the sheet meanwhile</source>
-        <translation>die ausgewählten Zeilen sind inzwischen nicht mehr in der Tabelle</translation>
+        <translation>die ausgewählten Zeilen sind inzwischen nicht mehr auf dem Blatt</translation>
     </message>
     <message>
         <source>%1 Reset stops it.</source>
-        <translation>%1 „Zurücksetzen“ bricht ab.</translation>
+        <translation>%1 „Zurücksetzen“ beendet es.</translation>
     </message>
     <message>
         <source>Waiting for the full minute: %1 s.</source>
@@ -2978,15 +2978,15 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>within %1 s of this computer&apos;s</source>
-        <translation>höchstens %1 s neben der des Computers</translation>
+        <translation>weicht höchstens %1 s vom Computer ab</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
-        <translation>Die Uhr des Instruments wurde zur vollen Minute gestellt: %1.</translation>
+        <translation>Die Uhr des Instruments wurde zur vollen Minute gestellt und %1.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1.</source>
-        <translation>Die Uhr des Instruments wurde auf die Minute gestellt: %1.</translation>
+        <translation>Die Uhr des Instruments wurde auf die Minute gestellt und %1.</translation>
     </message>
     <message>
         <source>Waiting</source>

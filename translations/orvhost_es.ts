@@ -13,15 +13,15 @@
     </message>
     <message>
         <source>It is no capture: its first line does not say so.</source>
-        <translation>No es una captura: su primera línea no lo dice.</translation>
+        <translation>No es una captura: su primera línea no lo indica.</translation>
     </message>
     <message>
         <source>It was made by a newer version of the program (%1). Read it with that version.</source>
-        <translation>La hizo una versión más nueva del programa (%1). Léala con esa versión.</translation>
+        <translation>La creó una versión más reciente del programa (%1). Léala con esa versión.</translation>
     </message>
     <message>
         <source>Its first line does not say when it began.</source>
-        <translation>Su primera línea no dice cuándo empezó.</translation>
+        <translation>Su primera línea no indica cuándo empezó.</translation>
     </message>
     <message>
         <source>is no JSON object</source>
@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>does not say its time</source>
-        <translation>no dice su hora</translation>
+        <translation>no indica su hora</translation>
     </message>
     <message>
         <source>has characters that are no bytes</source>
@@ -45,7 +45,7 @@
     </message>
     <message>
         <source>Its line %1 is longer than any of a capture.</source>
-        <translation>Su línea %1 es más larga que cualquiera de una captura.</translation>
+        <translation>Su línea %1 es demasiado larga para una captura.</translation>
     </message>
     <message>
         <source>Its line %1 %2.</source>
@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>The system says: %1.</source>
-        <translation>El sistema dice: %1.</translation>
+        <translation>El sistema indica: %1.</translation>
     </message>
     <message>
         <source>It is larger than any capture (64 MB).</source>
@@ -85,7 +85,7 @@
 A file that was there before is unchanged. Choose another folder or make room on the disk, then save again.</source>
         <translation>No se pudo guardar %1: %2.
 
-Un archivo anterior sigue igual. Elija otra carpeta o libere espacio y guarde de nuevo.</translation>
+Si ya había un archivo, no ha cambiado. Elija otra carpeta o libere espacio en el disco y guarde de nuevo.</translation>
     </message>
     <message>
         <source>ORV Host Program</source>
@@ -109,7 +109,7 @@ Un archivo anterior sigue igual. Elija otra carpeta o libere espacio y guarde de
     </message>
     <message>
         <source>Type mismatch</source>
-        <translation>El tipo no coincide</translation>
+        <translation>No coinciden los tipos</translation>
     </message>
     <message>
         <source>Unknown error</source>
@@ -165,7 +165,7 @@ El programa sigue y se conservan todos los datos.</translation>
     </message>
     <message>
         <source>Columns 3 to 5 of this sheet are %1.</source>
-        <translation>Las columnas 3 a 5 de esta hoja son %1.</translation>
+        <translation>Las columnas 3 a 5 de esta hoja son: %1.</translation>
     </message>
     <message>
         <source>Calc DP</source>
@@ -173,7 +173,7 @@ El programa sigue y se conservan todos los datos.</translation>
     </message>
     <message>
         <source>Save Cal Info</source>
-        <translation>Guardar info de calibración</translation>
+        <translation>Guardar calibración</translation>
     </message>
     <message>
         <source>no control bit</source>
@@ -197,7 +197,7 @@ El programa sigue y se conservan todos los datos.</translation>
     </message>
     <message>
         <source>none</source>
-        <translation>ninguno</translation>
+        <translation>sin valor</translation>
     </message>
     <message>
         <source>Reset Shutter</source>
@@ -227,7 +227,7 @@ El programa sigue y se conservan todos los datos.</translation>
         <source>The settings from before could not be sent back. The instrument may still hold the temporary settings (%1).
 
 </source>
-        <translation>No se pudo devolver la configuración anterior. El instrumento puede tener aún la configuración temporal (%1).
+        <translation>No se pudo volver a enviar la configuración anterior. El instrumento puede conservar aún la configuración temporal (%1).
 
 </translation>
     </message>
@@ -243,7 +243,7 @@ El programa sigue y se conservan todos los datos.</translation>
         <source>The shutter reset was interrupted. The instrument may still hold the temporary settings (%1).
 
 </source>
-        <translation>El restablecimiento del obturador se interrumpió. El instrumento puede tener aún la configuración temporal (%1).
+        <translation>El restablecimiento del obturador se interrumpió. El instrumento puede conservar aún la configuración temporal (%1).
 
 </translation>
     </message>
@@ -265,7 +265,7 @@ Conecte de nuevo, compárela con la pantalla de configuración y, si difiere, en
     </message>
     <message>
         <source>Clean</source>
-        <translation>Limpia</translation>
+        <translation>Agua</translation>
     </message>
     <message>
         <source>Point 1</source>
@@ -313,7 +313,7 @@ Conecte de nuevo, compárela con la pantalla de configuración y, si difiere, en
     </message>
     <message>
         <source>a sheet holds at most %1 rows</source>
-        <translation>una hoja tiene como máximo %1 filas</translation>
+        <translation>una hoja admite como máximo %1 filas</translation>
     </message>
     <message>
         <source>Export</source>
@@ -343,33 +343,33 @@ Sus filas siguen en la hoja.</translation>
         <source>%1 has been written.
 
 %2</source>
-        <translation>%1 está escrito.
+        <translation>Se ha escrito %1.
 
 %2</translation>
     </message>
     <message>
         <source>1 time could not be read and is missing.</source>
-        <translation>No se pudo leer 1 hora y falta.</translation>
+        <translation>1 hora no se pudo leer y queda vacía.</translation>
     </message>
     <message>
         <source>%1 times could not be read and are missing.</source>
-        <translation>No se pudieron leer %1 horas y faltan.</translation>
+        <translation>%1 horas no se pudieron leer y quedan vacías.</translation>
     </message>
     <message>
         <source>1 number could not be read and is missing.</source>
-        <translation>No se pudo leer 1 número y falta.</translation>
+        <translation>1 número no se pudo leer y queda vacío.</translation>
     </message>
     <message>
         <source>%1 numbers could not be read and are missing.</source>
-        <translation>No se pudieron leer %1 números y faltan.</translation>
+        <translation>%1 números no se pudieron leer y quedan vacíos.</translation>
     </message>
     <message>
         <source>1 value was not there and is missing.</source>
-        <translation>1 valor no estaba y falta.</translation>
+        <translation>1 valor no estaba y queda vacío.</translation>
     </message>
     <message>
         <source>%1 values were not there and are missing.</source>
-        <translation>%1 valores no estaban y faltan.</translation>
+        <translation>%1 valores no estaban y quedan vacíos.</translation>
     </message>
     <message>
         <source>1 line could not be read as a row and is left out.</source>
@@ -405,11 +405,11 @@ Sus filas siguen en la hoja.</translation>
     </message>
     <message>
         <source>1 last line had no end and is left out.</source>
-        <translation>1 última línea no tenía final y se omite.</translation>
+        <translation>1 última línea no tenía fin de línea y se omite.</translation>
     </message>
     <message>
         <source>%1 last lines had no end and are left out.</source>
-        <translation>%1 últimas líneas no tenían final y se omiten.</translation>
+        <translation>%1 últimas líneas no tenían fin de línea y se omiten.</translation>
     </message>
     <message>
         <source>%1 could not be opened.
@@ -421,7 +421,7 @@ Sus filas siguen en la hoja.</translation>
     </message>
     <message>
         <source>The debug output (&quot;Comm 2 Debug Output&quot;) is using it. Connect the instrument to the other port, or clear the box.</source>
-        <translation>La salida de depuración («Salida de depuración Comm 2») lo usa. Conecte el instrumento al otro puerto o quite la marca.</translation>
+        <translation>La salida de depuración («Salida de depuración Comm 2») lo usa. Conecte el instrumento al otro puerto o desmarque la casilla.</translation>
     </message>
     <message>
         <source>The connection on %1 was lost.
@@ -441,7 +441,7 @@ Sus filas siguen en la hoja.</translation>
     </message>
     <message>
         <source>The instrument is connected on it. Use &quot;Close Port&quot; first, or connect the instrument to COM 1.</source>
-        <translation>El instrumento está conectado ahí. Use primero «Cerrar puerto» o conecte el instrumento a COM 1.</translation>
+        <translation>El instrumento está conectado en él. Use primero «Cerrar puerto» o conecte el instrumento a COM 1.</translation>
     </message>
     <message>
         <source>tick &quot;Comm 2 Debug Output&quot; again</source>
@@ -449,7 +449,7 @@ Sus filas siguen en la hoja.</translation>
     </message>
     <message>
         <source>The debug output on %1</source>
-        <translation>La salida de depuración en %1</translation>
+        <translation>la salida de depuración en %1</translation>
     </message>
     <message>
         <source>The debug output on COM 2 has stopped.
@@ -465,7 +465,7 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>%1 was lost. Check the cable, then press Connect.</source>
-        <translation>Se perdió %1. Revise el cable y pulse Conectar.</translation>
+        <translation>Se perdió la conexión en %1. Revise el cable y pulse Conectar.</translation>
     </message>
     <message>
         <source>Auto Connect Comm 1</source>
@@ -493,7 +493,7 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>No answer from %1 within %2 s. Check power and cable, press Quit, connect again.</source>
-        <translation>%1 no responde en %2 s. Revise alimentación y cable, pulse Salir, conecte de nuevo.</translation>
+        <translation>%1 no ha respondido en %2 s. Revise la alimentación y el cable, pulse Salir y conecte de nuevo.</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -501,11 +501,11 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess click Quit</source>
-        <translation>Para la conexión manual en Comm %1 pulse Continuar. Para abandonarla pulse Salir.</translation>
+        <translation>Para iniciar la conexión manual en Comm %1, pulse Continuar. Para abandonarla, pulse Salir.</translation>
     </message>
     <message>
         <source>Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that power is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready.</source>
-        <translation>¡La conexión automática por Comm %1 ha fallado!      Compruebe que el cable lleva DTR, que el instrumento tiene alimentación y que el puerto es el correcto. Después pulse Reintentar.</translation>
+        <translation>¡La conexión automática en Comm %1 ha fallado!      Compruebe que el cable lleva DTR, que el instrumento tiene alimentación y que el puerto es el correcto. Después pulse Reintentar.</translation>
     </message>
     <message>
         <source>An attempt is under way.</source>
@@ -525,7 +525,7 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>Waiting for the instrument. &quot;Quit&quot; in the dialog ends it.</source>
-        <translation>Esperando al instrumento. «Salir» en el diálogo lo termina.</translation>
+        <translation>Esperando al instrumento. «Salir» en el diálogo termina la espera.</translation>
     </message>
     <message>
         <source>%1 is a file that this program writes itself while it runs, so nothing can be saved there.
@@ -541,21 +541,21 @@ Guarde con otro nombre.</translation>
 The program goes on; make room on the disk so that the log is complete again.</source>
         <translation>El archivo de log %1 ya no se puede escribir: %2.
 
-El programa sigue; libere espacio para que el log vuelva a estar completo.</translation>
+El programa sigue; libere espacio en el disco para que el log vuelva a estar completo.</translation>
     </message>
     <message>
         <source>The log file %1 has become long and goes on in a new file. What was received before is in %2.
 
 From now on this is done without a word, and only the newest of the older files is kept. Copy them if you need more.</source>
-        <translation>El archivo de log %1 se ha hecho largo y sigue en un archivo nuevo. Lo recibido antes está en %2.
+        <translation>El archivo de log %1 se ha hecho muy largo y sigue en un archivo nuevo. Lo recibido antes está en %2.
 
-Desde ahora se hace sin avisar y solo se conserva el más nuevo de los anteriores. Cópielos si necesita más.</translation>
+A partir de ahora esto se hará sin avisar y solo se conservará el más reciente de los archivos anteriores. Cópielos si necesita más.</translation>
     </message>
     <message>
         <source>The log file %1 has become long, and no new one could be begun: %2.
 
 The program goes on. Make room in the folder, and start the program again when you can.</source>
-        <translation>El archivo de log %1 se ha hecho largo y no se pudo empezar otro: %2.
+        <translation>El archivo de log %1 se ha hecho muy largo y no se pudo empezar otro: %2.
 
 El programa sigue. Libere espacio en la carpeta y reinicie el programa cuando pueda.</translation>
     </message>
@@ -569,7 +569,7 @@ El programa sigue. Libere espacio en la carpeta y reinicie el programa cuando pu
     </message>
     <message>
         <source>The debug output uses COM %1. Clear &quot;Comm 2 Debug Output&quot; on the debug screen to free it.</source>
-        <translation>La salida de depuración usa COM %1. Quite «Salida de depuración Comm 2» en la pantalla de depuración para liberarlo.</translation>
+        <translation>La salida de depuración usa COM %1. Desmarque «Salida de depuración Comm 2» en la pantalla de depuración para liberarlo.</translation>
     </message>
     <message>
         <source>Simulated instrument on %1</source>
@@ -581,7 +581,7 @@ El programa sigue. Libere espacio en la carpeta y reinicie el programa cuando pu
     </message>
     <message>
         <source>%1 is not there now. Plug it in, or choose another port.</source>
-        <translation>%1 no está ahora. Enchúfelo o elija otro puerto.</translation>
+        <translation>%1 no está disponible ahora. Enchúfelo o elija otro puerto.</translation>
     </message>
     <message>
         <source>simulated scattering meter</source>
@@ -593,11 +593,11 @@ El programa sigue. Libere espacio en la carpeta y reinicie el programa cuando pu
     </message>
     <message>
         <source>COM %1 is set to %2 already. Choose another device here, or change COM %1 first.</source>
-        <translation>COM %1 ya está puesto en %2. Elija aquí otro dispositivo o cambie antes COM %1.</translation>
+        <translation>COM %1 ya usa %2. Elija aquí otro dispositivo o cambie antes COM %1.</translation>
     </message>
     <message>
         <source>%1 COM %2 stays %3.</source>
-        <translation>%1 COM %2 sigue en %3.</translation>
+        <translation>%1 COM %2 sigue con %3.</translation>
     </message>
     <message>
         <source>%1 has ended: %2.
@@ -629,11 +629,11 @@ El programa sigue. Libere espacio en la carpeta y reinicie el programa cuando pu
     </message>
     <message>
         <source>The lock file that keeps other programs off the port cannot be written in %1. Ask for write permission to that folder, log out and in again, then connect again.</source>
-        <translation>El archivo de bloqueo que aparta a otros programas del puerto no se puede escribir en %1. Pida permiso de escritura en esa carpeta, cierre la sesión, entre otra vez y conecte de nuevo.</translation>
+        <translation>El archivo de bloqueo que impide a otros programas usar el puerto no se puede escribir en %1. Pida permiso de escritura en esa carpeta, cierre la sesión, entre otra vez y conecte de nuevo.</translation>
     </message>
     <message>
         <source>The system says: %1. Unplug the adapter and plug it in again, then connect again.</source>
-        <translation>El sistema dice: %1. Desenchufe el adaptador, vuelva a enchufarlo y conecte de nuevo.</translation>
+        <translation>El sistema indica: %1. Desenchufe el adaptador, vuelva a enchufarlo y conecte de nuevo.</translation>
     </message>
     <message>
         <source>process %1</source>
@@ -641,7 +641,7 @@ El programa sigue. Libere espacio en la carpeta y reinicie el programa cuando pu
     </message>
     <message>
         <source>The device is gone: the cable was pulled or the adapter switched off.</source>
-        <translation>El dispositivo ya no está: se sacó el cable o se apagó el adaptador.</translation>
+        <translation>El dispositivo ya no está: se desenchufó el cable o se apagó el adaptador.</translation>
     </message>
     <message>
         <source>The capture has ended: %1 cannot be written any further: %2.
@@ -649,7 +649,7 @@ El programa sigue. Libere espacio en la carpeta y reinicie el programa cuando pu
 What was captured before is kept, and the program goes on. Make room on the disk and start it again to capture on.</source>
         <translation>La captura ha terminado: %1 no se puede seguir escribiendo: %2.
 
-Lo capturado antes se conserva y el programa sigue. Libere espacio y reinícielo para seguir capturando.</translation>
+Lo capturado antes se conserva y el programa sigue. Libere espacio en el disco y reinicie el programa para seguir capturando.</translation>
     </message>
     <message>
         <source>the program keeps that file itself</source>
@@ -661,7 +661,7 @@ Lo capturado antes se conserva y el programa sigue. Libere espacio y reinícielo
 The program goes on without. Name a file in a folder where you may write, and start it again.</source>
         <translation>No se captura nada: %1 no se puede escribir: %2.
 
-El programa sigue sin captura. Indique un archivo en una carpeta donde pueda escribir y reinícielo.</translation>
+El programa sigue sin captura. Indique un archivo en una carpeta donde pueda escribir y reinicie el programa.</translation>
     </message>
     <message>
         <source>Save Support File</source>
@@ -709,7 +709,7 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>Downloading. Reset stops it; what has arrived is kept.</source>
-        <translation>Descargando. Restablecer la detiene; lo que ha llegado se conserva.</translation>
+        <translation>Descargando. Restablecer detiene la descarga; lo que ha llegado se conserva.</translation>
     </message>
     <message>
         <source>Sending the settings.</source>
@@ -725,7 +725,7 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>%1, not saved. Save As is on the page Output: Spread Sheet.</source>
-        <translation>%1 sin guardar. Guardar como está en la página Salida: hoja de datos.</translation>
+        <translation>%1 sin guardar. «Guardar como» está en la página «Salida: hoja de datos».</translation>
     </message>
     <message>
         <source>Plug in an adapter, or choose a port and press Connect.</source>
@@ -737,7 +737,7 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>The instrument has not said what it is. Press Reset to ask again.</source>
-        <translation>El instrumento no ha dicho qué es. Pulse Restablecer para preguntar otra vez.</translation>
+        <translation>El instrumento no se ha identificado. Pulse Restablecer para preguntar otra vez.</translation>
     </message>
     <message>
         <source>Press Run to collect. Reset ends a run.</source>
@@ -749,7 +749,7 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>The dialog Manual Connection says how to go on.</source>
-        <translation>El diálogo Conexión manual dice cómo seguir.</translation>
+        <translation>El diálogo Conexión manual indica cómo seguir.</translation>
     </message>
     <message>
         <source>Status and Controls</source>
@@ -861,11 +861,11 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
 So that no other program&apos;s files are written to, this program works without log and record file. Make room on the disk, or choose another folder, and start the program again.</source>
         <translation>No se puede crear un archivo de bloqueo en esta carpeta, quizá porque el disco está lleno: %1
 
-Para no escribir en archivos de otros programas, este funciona sin log ni archivo de registro. Libere espacio o elija otra carpeta y reinicie el programa.</translation>
+Para no escribir en archivos de otros programas, este funciona sin log ni archivo de registros. Libere espacio en el disco o elija otra carpeta y reinicie el programa.</translation>
     </message>
     <message>
         <source>This program works without such files. Start it in another folder, so that log and record file are kept.</source>
-        <translation>El programa funciona sin esos archivos. Inícielo en otra carpeta para tener log y archivo de registro.</translation>
+        <translation>El programa funciona sin esos archivos. Inícielo en otra carpeta para tener log y archivo de registros.</translation>
     </message>
     <message>
         <source>This program writes %1 and %2 instead.</source>
@@ -877,7 +877,7 @@ Para no escribir en archivos de otros programas, este funciona sin log ni archiv
 Its log and record file are left alone. %3</source>
         <translation>Otro programa ORV Host usa esta carpeta (%1): %2
 
-Su log y su archivo de registro no se tocan. %3</translation>
+Su log y su archivo de registros no se tocan. %3</translation>
     </message>
     <message>
         <source>The log file %1 cannot be written in this folder: %2.
@@ -885,7 +885,7 @@ Su log y su archivo de registro no se tocan. %3</translation>
 The program works without it. Start it in a folder where you may write files, so that log and record file are kept.</source>
         <translation>El archivo de log %1 no se puede escribir en esta carpeta: %2.
 
-El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para tener log y archivo de registro.</translation>
+El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para tener log y archivo de registros.</translation>
     </message>
     <message>
         <source>Load Device File</source>
@@ -965,11 +965,11 @@ El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para
     </message>
     <message>
         <source>on</source>
-        <translation>sí</translation>
+        <translation>activado</translation>
     </message>
     <message>
         <source>off</source>
-        <translation>no</translation>
+        <translation>desactivado</translation>
     </message>
     <message>
         <source>is not a complete mode file: it has fewer than ten lines</source>
@@ -989,7 +989,7 @@ El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para
     </message>
     <message>
         <source>Moored</source>
-        <translation>Fondeado</translation>
+        <translation>Fondeo</translation>
     </message>
     <message>
         <source>Save A User Defined Mode</source>
@@ -1029,7 +1029,7 @@ El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para
     </message>
     <message>
         <source>%1 was not sent whole: the connection ended.</source>
-        <translation>%1 no se envió entero: la conexión terminó.</translation>
+        <translation>%1 no se envió por completo: la conexión terminó.</translation>
     </message>
     <message>
         <source>%1 was sent.</source>
@@ -1037,7 +1037,7 @@ El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para
     </message>
     <message>
         <source>%1 was not sent whole: the instrument did not answer. Try again.</source>
-        <translation>%1 no se envió entero: el instrumento no respondió. Inténtelo otra vez.</translation>
+        <translation>%1 no se envió por completo: el instrumento no respondió. Inténtelo otra vez.</translation>
     </message>
     <message>
         <source>
@@ -1073,11 +1073,11 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>If you press run, it will start to collect data% after you press run.</source>
-        <translation>Si pulsa Medir, empieza a medir% después de pulsar.</translation>
+        <translation>Si pulsa Medir, empieza a medir% después.</translation>
     </message>
     <message>
         <source>It will bin for % sample(s) to create 1 data point.</source>
-        <translation>Promedia % muestra(s) para 1 punto de datos.</translation>
+        <translation>Promedia % muestra(s) para formar 1 punto de datos.</translation>
     </message>
     <message>
         <source>After this it wakes up and takes another data point. The process</source>
@@ -1089,15 +1089,15 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>The data point displayed will be saved in memory.</source>
-        <translation>El punto mostrado se guarda en memoria.</translation>
+        <translation>El punto de datos mostrado se guarda en memoria.</translation>
     </message>
     <message>
         <source>The data point displayed will not be saved in memory.</source>
-        <translation>El punto mostrado no se guarda en memoria.</translation>
+        <translation>El punto de datos mostrado no se guarda en memoria.</translation>
     </message>
     <message>
         <source>continues for % data points to create 1 data block.</source>
-        <translation>sigue durante % puntos para formar 1 bloque de datos.</translation>
+        <translation>sigue durante % puntos de datos para formar 1 bloque de datos.</translation>
     </message>
     <message>
         <source>After finishing a data block, the sensor will wait for new commands.</source>
@@ -1109,15 +1109,15 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>If you decide to take another data block, data in memory will be %.</source>
-        <translation>Si toma otro bloque de datos, los datos en memoria serán %.</translation>
+        <translation>Si toma otro bloque de datos, los datos en memoria se %.</translation>
     </message>
     <message>
         <source>appended</source>
-        <translation>ampliados</translation>
+        <translation>ampliarán</translation>
     </message>
     <message>
         <source>erased</source>
-        <translation>borrados</translation>
+        <translation>borrarán</translation>
     </message>
     <message>
         <source>Loading Properties</source>
@@ -1137,7 +1137,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>%1 is %2 there, not %3</source>
-        <translation>%1 es allí %2, no %3</translation>
+        <translation>%1 tiene allí el valor %2, no %3</translation>
     </message>
     <message>
         <source>Sent and read back at %1</source>
@@ -1149,11 +1149,11 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>No answer for 10 s. Reset connects again.</source>
-        <translation>Sin respuesta en 10 s. Restablecer conecta otra vez.</translation>
+        <translation>Sin respuesta en 10 s. Restablecer conecta de nuevo.</translation>
     </message>
     <message>
         <source>This was the 150th line of settings reports since the program started. There it ends the connection, once. Nothing is wrong: press Quit and connect again.</source>
-        <translation>Esta fue la línea 150 de informes de configuración desde el inicio del programa. Ahí termina la conexión, una sola vez. No pasa nada: pulse Salir y conecte de nuevo.</translation>
+        <translation>Esta fue la línea 150 de informes de configuración desde el inicio del programa. Ahí el programa termina la conexión, una sola vez. No hay ningún fallo: pulse Salir y conecte de nuevo.</translation>
     </message>
     <message>
         <source>%1 behind this computer&apos;s</source>
@@ -1173,11 +1173,11 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Sending ...</source>
-        <translation>Enviando ...</translation>
+        <translation>Enviando...</translation>
     </message>
     <message>
         <source>Not sent whole: the instrument did not answer. What was sent before stays in it. Connect or press &quot;Retrieve Settings&quot; to see what it has.</source>
-        <translation>No se envió entero: el instrumento no respondió. Lo enviado antes queda en él. Conecte o pulse «Leer configuración» para ver lo que tiene.</translation>
+        <translation>No se envió por completo: el instrumento no respondió. Lo enviado antes queda en él. Conecte o pulse «Leer configuración» para ver lo que tiene.</translation>
     </message>
     <message>
         <source>Sent, and not read back yet</source>
@@ -1185,7 +1185,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1 behind: the command carries no seconds.</source>
-        <translation>El reloj del instrumento se puso al minuto y va %1 atrasado: la orden no lleva segundos.</translation>
+        <translation>El reloj del instrumento se puso en hora al minuto y está %1 atrasado: la orden no lleva segundos.</translation>
     </message>
     <message>
         <source>Sent, but the clock was not set and nothing was read back: the instrument did not answer. Press &quot;Retrieve Settings&quot; to see what it has.</source>
@@ -1217,7 +1217,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>The instrument did not say what it is. Connect again.</source>
-        <translation>El instrumento no ha dicho qué es. Conecte de nuevo.</translation>
+        <translation>El instrumento no se ha identificado. Conecte de nuevo.</translation>
     </message>
     <message>
         <source>1 record</source>
@@ -1237,7 +1237,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Make room or choose another folder, and download it again.</source>
-        <translation>Libere espacio o elija otra carpeta y descargue otra vez.</translation>
+        <translation>Libere espacio o elija otra carpeta y descárguelos otra vez.</translation>
     </message>
     <message>
         <source>Saving Sheet</source>
@@ -1245,7 +1245,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Exporting Memory</source>
-        <translation>Leyendo memoria</translation>
+        <translation>Descargando memoria</translation>
     </message>
     <message>
         <source>No data for 10 s. Reset stops the download.</source>
@@ -1253,7 +1253,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
-        <translation>Bytes recibidos</translation>
+        <translation>Bytes descargados</translation>
     </message>
     <message>
         <source>It holds %1.</source>
@@ -1261,15 +1261,15 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Press Reset, make room or choose another folder, and download it again.</source>
-        <translation>Pulse Restablecer, libere espacio o elija otra carpeta y descargue otra vez.</translation>
+        <translation>Pulse Restablecer, libere espacio o elija otra carpeta y descárguelos otra vez.</translation>
     </message>
     <message>
         <source>Bytes DownLoaded</source>
-        <translation>Bytes recibidos</translation>
+        <translation>Bytes descargados</translation>
     </message>
     <message>
         <source>It may not have everything.</source>
-        <translation>Quizá no lo tiene todo.</translation>
+        <translation>Quizá no lo tenga todo.</translation>
     </message>
     <message>
         <source>1 record could not be read; it is in %1</source>
@@ -1285,15 +1285,15 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source> %1 arrived and can be found on the sheet.</source>
-        <translation> Han llegado a la hoja: %1.</translation>
+        <translation> Recibido en la hoja: %1.</translation>
     </message>
     <message>
         <source> %1 arrived and can be found in %2.</source>
-        <translation> Han llegado a %2: %1.</translation>
+        <translation> Recibido en %2: %1.</translation>
     </message>
     <message>
         <source> %1 arrived and can be found on the sheet and in the files that were saved automatically.</source>
-        <translation> Han llegado a la hoja y a los archivos guardados automáticamente: %1.</translation>
+        <translation> Recibido en la hoja y en los archivos guardados automáticamente: %1.</translation>
     </message>
     <message>
         <source> What was saved automatically stays.</source>
@@ -1305,7 +1305,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source> %1 could not be read; %2 has what was received.</source>
-        <translation> No se pudieron leer: %1; %2 tiene lo recibido.</translation>
+        <translation> No se ha podido leer: %1; %2 tiene lo recibido.</translation>
     </message>
     <message>
         <source>The download is incomplete: it was ended before the instrument had sent everything.%1%2
@@ -1313,7 +1313,7 @@ No se cambió ni se envió nada.</translation>
 The instrument still holds its data; download it again.</source>
         <translation>La descarga está incompleta: terminó antes de que el instrumento lo enviara todo.%1%2
 
-El instrumento conserva sus datos; descargue otra vez.</translation>
+El instrumento conserva sus datos; descárguelos otra vez.</translation>
     </message>
     <message>
         <source>The stored data cannot be written to %1: %2.
@@ -1339,7 +1339,7 @@ El instrumento conserva sus datos; descargue otra vez.</translation>
         <source>The record file %1 cannot be written: %2.
 
 The run goes on and every row is on the sheet. Save the sheet when the run has ended.</source>
-        <translation>El archivo de registro %1 no se puede escribir: %2.
+        <translation>El archivo de registros %1 no se puede escribir: %2.
 
 La medición sigue y todas las filas están en la hoja. Guarde la hoja cuando termine.</translation>
     </message>
@@ -1357,11 +1357,11 @@ La medición sigue y todas las filas están en la hoja. Guarde la hoja cuando te
     </message>
     <message>
         <source>The numbers of the rows have gaps: 1 row is missing in the record file.</source>
-        <translation>Los números de las filas tienen huecos: falta 1 fila en el archivo de registro.</translation>
+        <translation>Los números de las filas tienen huecos: falta 1 fila en el archivo de registros.</translation>
     </message>
     <message>
         <source>The numbers of the rows have gaps: %1 rows are missing in the record file.</source>
-        <translation>Los números de las filas tienen huecos: faltan %1 filas en el archivo de registro.</translation>
+        <translation>Los números de las filas tienen huecos: faltan %1 filas en el archivo de registros.</translation>
     </message>
     <message>
         <source>The sheet was saved or cleared during the run; rows from before that are left out.</source>
@@ -1369,7 +1369,7 @@ La medición sigue y todas las filas están en la hoja. Guarde la hoja cuando te
     </message>
     <message>
         <source>The instrument&apos;s type was told by the rows; the sheet says %1 with firmware %2.</source>
-        <translation>El tipo del instrumento se dedujo de las filas; la hoja dice %1 con firmware %2.</translation>
+        <translation>El tipo del instrumento se dedujo de las filas; la hoja indica %1 con firmware %2.</translation>
     </message>
     <message>
         <source>The run began with row %1. If the rows before it were of a run too and not saved, they are in a file of this folder named with date and time.</source>
@@ -1379,13 +1379,13 @@ La medición sigue y todas las filas están en la hoja. Guarde la hoja cuando te
         <source>The last run in this folder did not end, and its record file %1 cannot be read: %2.
 
 It stays as it is. Its rows are offered again at the next start.</source>
-        <translation>La última medición en esta carpeta no terminó, y su archivo de registro %1 no se puede leer: %2.
+        <translation>La última medición en esta carpeta no terminó, y su archivo de registros %1 no se puede leer: %2.
 
 Se queda como está. Sus filas se ofrecen otra vez en el próximo inicio.</translation>
     </message>
     <message>
         <source>The last run in this folder did not end, and its record file has no row that can be read. </source>
-        <translation>La última medición en esta carpeta no terminó, y su archivo de registro no tiene ninguna fila legible. </translation>
+        <translation>La última medición en esta carpeta no terminó, y su archivo de registros no tiene ninguna fila legible. </translation>
     </message>
     <message>
         <source>The last run in this folder did not end. Load its %1 into the sheet?</source>
@@ -1401,7 +1401,7 @@ Nothing is lost: the record file %2 has everything.%3</source>
 
 %1
 
-No se pierde nada: el archivo de registro %2 lo tiene todo.%3</translation>
+No se pierde nada: el archivo de registros %2 lo tiene todo.%3</translation>
     </message>
     <message>
         <source> The next run keeps it under a name with date and time.</source>
@@ -1409,19 +1409,19 @@ No se pierde nada: el archivo de registro %2 lo tiene todo.%3</translation>
     </message>
     <message>
         <source>The record file of the last run is kept as %1.</source>
-        <translation>El archivo de registro de la última medición se conserva como %1.</translation>
+        <translation>El archivo de registros de la última medición se conserva como %1.</translation>
     </message>
     <message>
         <source>The record file %1 could not be kept under a name with date and time: %2.
 
 It stays as it is, and no run will overwrite it. Move it yourself.</source>
-        <translation>El archivo de registro %1 no se pudo conservar con fecha y hora en el nombre: %2.
+        <translation>El archivo de registros %1 no se pudo conservar con fecha y hora en el nombre: %2.
 
 Se queda como está y ninguna medición lo sobrescribe. Muévalo usted.</translation>
     </message>
     <message>
         <source>The record file %1 has it; the next run keeps that file under a name with date and time.</source>
-        <translation>El archivo de registro %1 la tiene; la próxima medición conserva ese archivo con fecha y hora en el nombre.</translation>
+        <translation>El archivo de registros %1 la tiene; la próxima medición conserva ese archivo con fecha y hora en el nombre.</translation>
     </message>
     <message>
         <source>Of stored data, &quot;Download Stored Data: Save as Text&quot; writes it.</source>
@@ -1451,7 +1451,7 @@ Se queda como está y ninguna medición lo sobrescribe. Muévalo usted.</transla
         <source>While you chose a name the sheet became long and was saved by itself: %1.
 
 %2 has the rows since.%3</source>
-        <translation>Mientras elegía un nombre la hoja se hizo larga y se guardó sola: %1.
+        <translation>Mientras elegía un nombre, la hoja se hizo muy larga y se guardó automáticamente: %1.
 
 %2 tiene las filas desde entonces.%3</translation>
     </message>
@@ -1481,11 +1481,11 @@ The sheet is as it was.</source>
 
 %2
 
-La hoja está como estaba.</translation>
+La hoja no ha cambiado.</translation>
     </message>
     <message>
         <source>Data not Saved. Do you wish to save it now ?</source>
-        <translation>Datos sin guardar. ¿Guardarlos ahora?</translation>
+        <translation>Datos sin guardar. ¿Desea guardarlos ahora?</translation>
     </message>
     <message>
         <source>The sheet could not be saved as %1: %2.
@@ -1493,11 +1493,11 @@ La hoja está como estaba.</translation>
 Its rows are still on the sheet. Choose another folder or make room on the disk, then save again.</source>
         <translation>No se pudo guardar la hoja como %1: %2.
 
-Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nuevo.</translation>
+Sus filas siguen en la hoja. Elija otra carpeta o libere espacio en el disco y guarde de nuevo.</translation>
     </message>
     <message>
         <source>It is not a sheet: its first line does not tell the instrument&apos;s type, its firmware and the number of rows. Choose a file that &quot;Save As&quot; has written.</source>
-        <translation>No es una hoja: su primera línea no dice el tipo del instrumento, su firmware y el número de filas. Elija un archivo escrito por «Guardar como».</translation>
+        <translation>No es una hoja: su primera línea no indica el tipo del instrumento, su firmware y el número de filas. Elija un archivo escrito por «Guardar como».</translation>
     </message>
     <message>
         <source>It has %1 rows; the sheet holds at most %2. Split the file and correct the number of rows on the first line of each part.</source>
@@ -1505,7 +1505,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
     </message>
     <message>
         <source>It is cut short: its last line has no end. If nothing is missing, add a line end to it.</source>
-        <translation>Está cortado: su última línea no tiene final. Si no falta nada, añádale un fin de línea.</translation>
+        <translation>Está cortado: su última línea no tiene fin de línea. Si no falta nada, añádaselo.</translation>
     </message>
     <message>
         <source>It is cut short: the column headers are missing.</source>
@@ -1513,7 +1513,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
     </message>
     <message>
         <source>%1 Its first line promises %2 rows, but there are %3. If rows were taken out or added on purpose, correct the number on the first line.</source>
-        <translation>%1 Su primera línea promete %2 filas, pero hay %3. Si se quitaron o añadieron filas a propósito, corrija el número de la primera línea.</translation>
+        <translation>%1 Su primera línea indica %2 filas, pero hay %3. Si se quitaron o añadieron filas a propósito, corrija el número de la primera línea.</translation>
     </message>
     <message>
         <source>It is cut short.</source>
@@ -1521,7 +1521,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
     </message>
     <message>
         <source>It holds more than it says.</source>
-        <translation>Contiene más de lo que dice.</translation>
+        <translation>Contiene más de lo que indica.</translation>
     </message>
     <message>
         <source>It is a folder or a device, not a file.</source>
@@ -1541,7 +1541,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
     </message>
     <message>
         <source>&amp;Clean</source>
-        <translation>&amp;Limpia</translation>
+        <translation>A&amp;gua</translation>
     </message>
     <message>
         <source>Point &amp;1</source>
@@ -1597,7 +1597,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
     </message>
     <message>
         <source>Instruments &amp;entered:</source>
-        <translation>Instrumentos re&amp;gistrados:</translation>
+        <translation>Instrum&amp;entos añadidos:</translation>
     </message>
     <message>
         <source>&amp;Messages:</source>
@@ -1617,7 +1617,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
     </message>
     <message>
         <source>Instruments entered</source>
-        <translation>Instrumentos registrados</translation>
+        <translation>Instrumentos añadidos</translation>
     </message>
     <message>
         <source>Choose an instrument to show its worksheet.</source>
@@ -1625,7 +1625,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
     </message>
     <message>
         <source>Total entered</source>
-        <translation>Total registrado</translation>
+        <translation>Total añadido</translation>
     </message>
     <message>
         <source>Pre&amp;vious</source>
@@ -1645,7 +1645,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
     </message>
     <message>
         <source>Total Entered :</source>
-        <translation>Total :</translation>
+        <translation>Total:</translation>
     </message>
     <message>
         <source>Instrument index</source>
@@ -1661,7 +1661,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
     </message>
     <message>
         <source>Save Cal &amp;Info</source>
-        <translation>G&amp;uardar info de calibración</translation>
+        <translation>G&amp;uardar calibración</translation>
     </message>
     <message>
         <source>Writes this worksheet and the reference values of the light colour to a report file.</source>
@@ -1707,9 +1707,9 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio y guarde de nue
         <source>Brings the shutter back to its rest position. The instrument only moves it with particular settings, so its own are read and kept, temporary ones are sent, the shutter moves for about half a minute, and the settings from before are sent back.
 
 Leave the cable in its place until the settings have been read back. &quot;Reset&quot;, &quot;Close Port&quot; and &quot;Quit&quot; interrupt the reset; the instrument may then still hold the temporary settings.</source>
-        <translation>Devuelve el obturador a su posición de reposo. El instrumento solo lo mueve con cierta configuración; por eso se lee y conserva la suya, se envía una temporal, el obturador se mueve medio minuto y se devuelve la configuración anterior.
+        <translation>Devuelve el obturador a su posición de reposo. El instrumento solo lo mueve con una configuración determinada; por eso se lee y conserva la suya, se envía una temporal, el obturador se mueve durante medio minuto aproximadamente y se vuelve a enviar la configuración anterior.
 
-Deje el cable en su sitio hasta que se haya vuelto a leer la configuración. «Restablecer», «Cerrar puerto» y «Salir» interrumpen el proceso; el instrumento puede tener entonces la configuración temporal.</translation>
+Deje el cable en su sitio hasta que se haya vuelto a leer la configuración. «Restablecer», «Cerrar puerto» y «Salir» interrumpen el proceso; el instrumento puede conservar entonces la configuración temporal.</translation>
     </message>
     <message>
         <source>&amp;Reset Shutter</source>
@@ -1737,7 +1737,7 @@ Deje el cable en su sitio hasta que se haya vuelto a leer la configuración. «R
     </message>
     <message>
         <source>How long the shutter still moves.</source>
-        <translation>Cuánto se mueve aún el obturador.</translation>
+        <translation>Tiempo que el obturador seguirá moviéndose.</translation>
     </message>
     <message>
         <source>Status:</source>
@@ -1801,7 +1801,7 @@ Deje el cable en su sitio hasta que se haya vuelto a leer la configuración. «R
     </message>
     <message>
         <source>Lists every line that is cut out of what the instrument sends.</source>
-        <translation>Lista cada línea que se corta de lo que envía el instrumento.</translation>
+        <translation>Lista cada línea que se extrae de lo que envía el instrumento.</translation>
     </message>
     <message>
         <source>Traffic from the instrument, newest last</source>
@@ -1809,7 +1809,7 @@ Deje el cable en su sitio hasta que se haya vuelto a leer la configuración. «R
     </message>
     <message>
         <source>What the instrument sends, as blocks or lines; CR, LF and TAB as symbols. The newest 10000 entries are kept.</source>
-        <translation>Lo que envía el instrumento, en bloques o líneas; CR, LF y TAB como símbolos. Se conservan las 10000 entradas más nuevas.</translation>
+        <translation>Lo que envía el instrumento, en bloques o líneas; CR, LF y TAB como símbolos. Se conservan las 10000 entradas más recientes.</translation>
     </message>
     <message>
         <source>Why the list is empty</source>
@@ -1893,7 +1893,7 @@ Deje el cable en su sitio hasta que se haya vuelto a leer la configuración. «R
     </message>
     <message>
         <source>The newest values that the instrument has sent in a run.</source>
-        <translation>Los valores más nuevos que el instrumento ha enviado en una medición.</translation>
+        <translation>Los valores más recientes que el instrumento ha enviado en una medición.</translation>
     </message>
     <message>
         <source>About Orv Host</source>
@@ -1906,7 +1906,7 @@ Deje el cable en su sitio hasta que se haya vuelto a leer la configuración. «R
     <message>
         <source>Connects the ORV self-logging optical water sensors GLOW and TRX:
 settings, live data, stored data, calibration.</source>
-        <translation>Conecta los sensores ópticos de agua autónomos ORV GLOW y TRX:
+        <translation>Conecta los sensores ópticos autónomos para agua ORV GLOW y TRX:
 configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
@@ -1923,7 +1923,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>Why the dialog is here</source>
-        <translation>Por qué está aquí el diálogo</translation>
+        <translation>Por qué aparece el diálogo</translation>
     </message>
     <message>
         <source>&amp;Start</source>
@@ -1975,7 +1975,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>In Plain English</source>
-        <translation>En palabras</translation>
+        <translation>En lenguaje claro</translation>
     </message>
     <message>
         <source>&amp;Close</source>
@@ -2015,7 +2015,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>All curves on one axis; a pane for each, with its own scale; or each less its mean over what is seen.</source>
-        <translation>Todas las curvas en un eje; un panel para cada una con su escala; o cada una menos su media en lo que se ve.</translation>
+        <translation>Todas las curvas en un eje; un panel para cada una con su escala; o cada una menos su media en la parte visible.</translation>
     </message>
     <message>
         <source>One axis</source>
@@ -2027,7 +2027,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>Change</source>
-        <translation>Cambio</translation>
+        <translation>Variación</translation>
     </message>
     <message>
         <source>&amp;Follow</source>
@@ -2035,7 +2035,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>Shows the newest rows as they come.</source>
-        <translation>Muestra las filas más nuevas según llegan.</translation>
+        <translation>Muestra las filas más recientes según llegan.</translation>
     </message>
     <message>
         <source>Show A&amp;ll</source>
@@ -2055,11 +2055,11 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>&amp;X axis :</source>
-        <translation>Eje &amp;X :</translation>
+        <translation>Eje &amp;X:</translation>
     </message>
     <message>
         <source>&amp;View :</source>
-        <translation>&amp;Vista :</translation>
+        <translation>&amp;Vista:</translation>
     </message>
     <message>
         <source>Save Pict&amp;ure</source>
@@ -2067,7 +2067,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>Saves the curves as they are seen as a PNG, PDF or SVG file.</source>
-        <translation>Guarda las curvas como se ven en un archivo PNG, PDF o SVG.</translation>
+        <translation>Guarda las curvas tal como se ven, en un archivo PNG, PDF o SVG.</translation>
     </message>
     <message>
         <source>Cop&amp;y</source>
@@ -2075,7 +2075,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>Copies the curves as they are seen as a picture to the clipboard.</source>
-        <translation>Copia las curvas como se ven como imagen al portapapeles.</translation>
+        <translation>Copia las curvas tal como se ven, como imagen, al portapapeles.</translation>
     </message>
     <message>
         <source>Print &amp;Graph...</source>
@@ -2083,7 +2083,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>Prints the curves as they are seen.</source>
-        <translation>Imprime las curvas como se ven.</translation>
+        <translation>Imprime las curvas tal como se ven.</translation>
     </message>
     <message>
         <source>No rows yet.
@@ -2103,7 +2103,7 @@ Elija el otro en «Eje X».</translation>
     </message>
     <message>
         <source>All curves are switched off.</source>
-        <translation>Todas las curvas están apagadas.</translation>
+        <translation>Todas las curvas están ocultas.</translation>
     </message>
     <message>
         <source>1 row of another type of instrument is not drawn.</source>
@@ -2147,7 +2147,7 @@ Elija el otro en «Eje X».</translation>
 Choose another folder or make room on the disk, then save again.</source>
         <translation>No se pudo guardar la imagen como %1: %2.
 
-Elija otra carpeta o libere espacio y guarde de nuevo.</translation>
+Elija otra carpeta o libere espacio en el disco y guarde de nuevo.</translation>
     </message>
     <message>
         <source>Print Graph</source>
@@ -2231,7 +2231,7 @@ Compruebe que está encendida y conectada e imprima otra vez, o guarde las curva
     </message>
     <message>
         <source>&amp;About Orv Host ...</source>
-        <translation>&amp;Acerca de Orv Host ...</translation>
+        <translation>&amp;Acerca de Orv Host...</translation>
     </message>
     <message>
         <source>&amp;Auto Connect Comm 1</source>
@@ -2269,7 +2269,7 @@ Compruebe que está encendida y conectada e imprima otra vez, o guarde las curva
         <source>%1 already exists.
 Do you want to replace it?</source>
         <translation>%1 ya existe.
-¿Reemplazarlo?</translation>
+¿Desea reemplazarlo?</translation>
     </message>
     <message>
         <source>%1
@@ -2301,7 +2301,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Left and Right move to the row before and after, with Shift they move the curves; Plus and Minus zoom, Home shows all, End follows the newest rows. Space begins and ends the choice of a range, Escape drops it.</source>
-        <translation>Izquierda y Derecha van a la fila anterior y siguiente, con Mayús mueven las curvas; Más y Menos amplían y reducen, Inicio muestra todo, Fin sigue las filas más nuevas. Espacio empieza y termina la elección de un rango, Escape la descarta.</translation>
+        <translation>Izquierda y Derecha van a la fila anterior y siguiente, con Mayús mueven las curvas; Más y Menos amplían y reducen, Inicio muestra todo, Fin sigue las filas más recientes. Espacio empieza y termina la elección de un rango, Escape la descarta.</translation>
     </message>
     <message>
         <source>Device behind COM %1</source>
@@ -2333,7 +2333,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Closes COM %1. Rows on the sheet stay.</source>
-        <translation>Cierra COM %1. Las filas de la hoja se quedan.</translation>
+        <translation>Cierra COM %1. Las filas de la hoja se conservan.</translation>
     </message>
     <message>
         <source>Wakes the instrument on COM %1 and reads its settings.</source>
@@ -2377,7 +2377,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>These settings have not been sent to the instrument: %1.</source>
-        <translation>Esta configuración no se ha enviado al instrumento: %1.</translation>
+        <translation>Estos ajustes no se han enviado al instrumento: %1.</translation>
     </message>
     <message>
         <source>Modes</source>
@@ -2389,7 +2389,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>&amp;Moored</source>
-        <translation>Fo&amp;ndeado</translation>
+        <translation>Fo&amp;ndeo</translation>
     </message>
     <message>
         <source>&amp;Save A User Defined Mode</source>
@@ -2409,11 +2409,11 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>This mode Autostarts, takes 1 data point per second, and repeats this indefinatly. Data is NOT logged.</source>
-        <translation>Este modo arranca solo, toma 1 punto de datos por segundo y lo repite sin fin. Los datos NO se registran.</translation>
+        <translation>Este modo se inicia automáticamente, toma 1 punto de datos por segundo y lo repite sin fin. Los datos NO se registran.</translation>
     </message>
     <message>
         <source>This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up to 60000 data points.</source>
-        <translation>Este modo arranca solo y toma 1 punto de datos por segundo. Se repite una vez por hora. Registra hasta 60000 puntos.</translation>
+        <translation>Este modo se inicia automáticamente y toma 1 punto de datos por segundo. Se repite una vez por hora. Registra hasta 60000 puntos de datos.</translation>
     </message>
     <message>
         <source>Time and Date</source>
@@ -2461,7 +2461,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>This tells the Host to set the Loggers Time and Date to that of the Computer. (Updated after send settings)</source>
-        <translation>Pone la hora y la fecha del registrador como las del ordenador. (Tras enviar la configuración)</translation>
+        <translation>Pone en el registrador la hora y la fecha del ordenador. (Se actualiza tras enviar la configuración)</translation>
     </message>
     <message>
         <source>At the full &amp;minute</source>
@@ -2473,7 +2473,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>The clock is set at %1, in %2 s.</source>
-        <translation>El reloj se pone en hora a las %1, en %2 s.</translation>
+        <translation>El reloj se pondrá en hora a las %1, dentro de %2 s.</translation>
     </message>
     <message>
         <source>Control Bits</source>
@@ -2489,7 +2489,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Max Values</source>
-        <translation>Valores máximos</translation>
+        <translation>Valores máx.</translation>
     </message>
     <message>
         <source>Samples and Intervals</source>
@@ -2497,7 +2497,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Logger Capacity (% full)</source>
-        <translation>Memoria del registrador (% lleno)</translation>
+        <translation>Memoria del registrador (% usado)</translation>
     </message>
     <message>
         <source>Memory pointer</source>
@@ -2505,7 +2505,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>This is the % of data memory used in the logger.</source>
-        <translation>El % de memoria de datos usado en el registrador.</translation>
+        <translation>Porcentaje usado de la memoria de datos del registrador.</translation>
     </message>
     <message>
         <source>Memory pointer as the logger reports it, 0 to 65525.</source>
@@ -2517,7 +2517,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>&amp;Provide Raw Counts</source>
-        <translation>&amp;Proporcionar cuentas brutas</translation>
+        <translation>&amp;Mostrar cuentas brutas</translation>
     </message>
     <message>
         <source>Angle &amp;100 (l1)</source>
@@ -2581,7 +2581,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>The settings in plain English</source>
-        <translation>La configuración en palabras</translation>
+        <translation>La configuración en lenguaje claro</translation>
     </message>
     <message>
         <source>Choose a tab to see its settings.</source>
@@ -2653,7 +2653,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Default File Name, and the file name used for auto-recording of long profiles.</source>
-        <translation>Nombre de archivo previsto, también para guardar automáticamente perfiles largos.</translation>
+        <translation>Nombre de archivo predeterminado; se usa también para guardar automáticamente perfiles largos.</translation>
     </message>
     <message>
         <source>Automatic saves</source>
@@ -2669,7 +2669,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Save all Data on the Spread Sheet to a Tab Delimited Text File.</source>
-        <translation>Guarda todos los datos de la hoja en un archivo de texto con tabuladores.</translation>
+        <translation>Guarda todos los datos de la hoja en un archivo de texto separado por tabuladores.</translation>
     </message>
     <message>
         <source>E&amp;xport</source>
@@ -2693,15 +2693,15 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>File &amp;name :</source>
-        <translation>&amp;Nombre de archivo :</translation>
+        <translation>&amp;Nombre de archivo:</translation>
     </message>
     <message>
         <source>Rows :</source>
-        <translation>Filas :</translation>
+        <translation>Filas:</translation>
     </message>
     <message>
         <source>Records :</source>
-        <translation>Archivos :</translation>
+        <translation>Archivos:</translation>
     </message>
     <message>
         <source>%1 cleared.</source>
@@ -2733,11 +2733,11 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Puts the line away. The Escape key does the same.</source>
-        <translation>Quita la línea. La tecla Escape hace lo mismo.</translation>
+        <translation>Cierra la barra de búsqueda. La tecla Escape hace lo mismo.</translation>
     </message>
     <message>
         <source>F&amp;ind :</source>
-        <translation>B&amp;uscar :</translation>
+        <translation>B&amp;uscar:</translation>
     </message>
     <message>
         <source>Record %1</source>
@@ -2773,7 +2773,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Count</source>
-        <translation>Número</translation>
+        <translation>Recuento</translation>
     </message>
     <message>
         <source>Mean</source>
@@ -2809,7 +2809,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Time the shutter still moves</source>
-        <translation>Tiempo que el obturador aún se mueve</translation>
+        <translation>Tiempo que el obturador seguirá moviéndose</translation>
     </message>
     <message>
         <source>Instrument</source>
@@ -2825,11 +2825,11 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Firmware Ver.</source>
-        <translation>Versión de firmware</translation>
+        <translation>Versión firmware</translation>
     </message>
     <message>
         <source>Bytes downloaded</source>
-        <translation>Bytes recibidos</translation>
+        <translation>Bytes descargados</translation>
     </message>
     <message>
         <source>Characters in the receive buffer</source>
@@ -2849,7 +2849,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp.</source>
-        <translation>Empieza una medición. Las filas van a la hoja de datos y a Orvtemp.tmp.</translation>
+        <translation>Empieza una medición en tiempo real. Las filas van a la hoja de datos y a Orvtemp.tmp.</translation>
     </message>
     <message>
         <source>R&amp;eset</source>
@@ -2898,7 +2898,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>%1; the disk may be full</source>
-        <translation>%1; quizá el disco está lleno</translation>
+        <translation>%1; quizá el disco esté lleno</translation>
     </message>
     <message>
         <source>Chapters</source>
@@ -2978,15 +2978,15 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>within %1 s of this computer&apos;s</source>
-        <translation>a menos de %1 s de este ordenador</translation>
+        <translation>a menos de %1 s del reloj de este ordenador</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
-        <translation>El reloj del instrumento se puso al minuto exacto: %1.</translation>
+        <translation>El reloj del instrumento se puso en hora al minuto exacto y está %1.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1.</source>
-        <translation>El reloj del instrumento se puso al minuto: %1.</translation>
+        <translation>El reloj del instrumento se puso en hora al minuto y está %1.</translation>
     </message>
     <message>
         <source>Waiting</source>
@@ -2998,7 +2998,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>&quot;Sync Time/Date&quot; alone leaves the clock up to 59 s behind: the command carries no seconds. &quot;At the full minute&quot; waits until a minute begins, so that the seconds are right too.</source>
-        <translation>«Sincronizar fecha/hora» solo deja el reloj hasta 59 s atrasado: la orden no lleva segundos. «Al minuto exacto» espera a que empiece un minuto, para que también los segundos sean correctos.</translation>
+        <translation>«Sincronizar fecha/hora» por sí solo deja el reloj hasta 59 s atrasado: la orden no lleva segundos. «Al minuto exacto» espera a que empiece un minuto, para que también los segundos sean correctos.</translation>
     </message>
     <message>
         <source>%1 &quot;At the full minute&quot; sets it right.</source>
@@ -3006,7 +3006,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>%1 %2 is still ticked: &quot;Apply Settings&quot; sets the clock again.</source>
-        <translation>%1 «%2» sigue marcado: «Enviar configuración» vuelve a poner el reloj.</translation>
+        <translation>%1 «%2» sigue marcado: «Enviar configuración» vuelve a poner en hora el reloj.</translation>
     </message>
     <message>
         <source>1 column</source>
@@ -3026,7 +3026,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Write the rows as CSV or NetCDF for other programs, with what is known of the instrument: those that are selected, else all.</source>
-        <translation>Escribe las filas como CSV o NetCDF para otros programas, con lo que se sabe del instrumento: las seleccionadas, o si no, todas.</translation>
+        <translation>Escribe las filas como CSV o NetCDF para otros programas, con lo que se sabe del instrumento: las seleccionadas o, si no hay, todas.</translation>
     </message>
     <message>
         <source>%1 copied.</source>
@@ -3050,7 +3050,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>%1. &quot;At the full minute&quot; sets it.</source>
-        <translation>%1. «Al minuto exacto» lo pone.</translation>
+        <translation>%1. «Al minuto exacto» lo pone en hora.</translation>
     </message>
     <message>
         <source>it has been removed</source>
@@ -3058,7 +3058,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Not sent whole: the connection ended. What was sent before stays in the instrument. Connect to see what it has.</source>
-        <translation>No se envió entero: la conexión terminó. Lo enviado antes queda en el instrumento. Conecte para ver lo que tiene.</translation>
+        <translation>No se envió por completo: la conexión terminó. Lo enviado antes queda en el instrumento. Conecte para ver lo que tiene.</translation>
     </message>
     <message>
         <source>%1 %2, not saved.</source>

@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>It is no capture: its first line does not say so.</source>
-        <translation>Ce n&apos;est pas une capture&#xa0;: sa première ligne ne le dit pas.</translation>
+        <translation>Ce n&apos;est pas une capture&#xa0;: sa première ligne ne l&apos;indique pas.</translation>
     </message>
     <message>
         <source>It was made by a newer version of the program (%1). Read it with that version.</source>
@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>Its first line does not say when it began.</source>
-        <translation>Sa première ligne ne dit pas quand elle a commencé.</translation>
+        <translation>Sa première ligne n&apos;indique pas quand elle a commencé.</translation>
     </message>
     <message>
         <source>is no JSON object</source>
@@ -29,11 +29,11 @@
     </message>
     <message>
         <source>does not say its time</source>
-        <translation>ne dit pas son heure</translation>
+        <translation>n&apos;indique pas l&apos;heure</translation>
     </message>
     <message>
         <source>has characters that are no bytes</source>
-        <translation>a des caractères qui ne sont pas des octets</translation>
+        <translation>contient des caractères qui ne sont pas des octets</translation>
     </message>
     <message>
         <source>It is empty.</source>
@@ -41,11 +41,11 @@
     </message>
     <message>
         <source>It is no capture: its first line does not end.</source>
-        <translation>Ce n&apos;est pas une capture&#xa0;: sa première ligne ne finit pas.</translation>
+        <translation>Ce n&apos;est pas une capture&#xa0;: sa première ligne n&apos;a pas de fin.</translation>
     </message>
     <message>
         <source>Its line %1 is longer than any of a capture.</source>
-        <translation>Sa ligne %1 est plus longue que toute ligne d&apos;une capture.</translation>
+        <translation>Sa ligne %1 est trop longue pour une capture.</translation>
     </message>
     <message>
         <source>Its line %1 %2.</source>
@@ -61,11 +61,11 @@
     </message>
     <message>
         <source>The system says: %1.</source>
-        <translation>Le système dit&#xa0;: %1.</translation>
+        <translation>Message du système&#xa0;: %1.</translation>
     </message>
     <message>
         <source>It is larger than any capture (64 MB).</source>
-        <translation>Elle est plus grande que toute capture (64 Mo).</translation>
+        <translation>Elle est trop grande pour une capture (64 Mo au plus).</translation>
     </message>
     <message>
         <source>it is no file</source>
@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>the older file of that name could not be kept (%1)</source>
-        <translation>l&apos;ancien fichier de ce nom n&apos;a pas pu être gardé (%1)</translation>
+        <translation>l&apos;ancien fichier de ce nom n&apos;a pas pu être conservé (%1)</translation>
     </message>
     <message>
         <source>%1 could not be saved: %2.
@@ -85,7 +85,7 @@
 A file that was there before is unchanged. Choose another folder or make room on the disk, then save again.</source>
         <translation>%1 n&apos;a pas pu être enregistré&#xa0;: %2.
 
-Un fichier déjà présent est inchangé. Choisissez un autre dossier ou libérez de la place, puis enregistrez à nouveau.</translation>
+Un fichier déjà présent reste inchangé. Choisissez un autre dossier ou libérez de l&apos;espace disque, puis enregistrez à nouveau.</translation>
     </message>
     <message>
         <source>ORV Host Program</source>
@@ -121,7 +121,7 @@ Un fichier déjà présent est inchangé. Choisissez un autre dossier ou libére
 The program goes on and all data is kept.</source>
         <translation>%1&#xa0;: l&apos;opération s&apos;est terminée par l&apos;erreur «&#xa0;%2&#xa0;».
 
-Le programme continue et toutes les données sont gardées.</translation>
+Le programme continue et toutes les données sont conservées.</translation>
     </message>
     <message>
         <source>%1 days</source>
@@ -157,7 +157,7 @@ Le programme continue et toutes les données sont gardées.</translation>
     </message>
     <message>
         <source>Show Instrument</source>
-        <translation>Montrer l&apos;instrument</translation>
+        <translation>Afficher l&apos;instrument</translation>
     </message>
     <message>
         <source>empty</source>
@@ -173,7 +173,7 @@ Le programme continue et toutes les données sont gardées.</translation>
     </message>
     <message>
         <source>Save Cal Info</source>
-        <translation>Enregistrer l&apos;info d&apos;étalonnage</translation>
+        <translation>Enregistrer l&apos;étalonnage</translation>
     </message>
     <message>
         <source>no control bit</source>
@@ -181,7 +181,7 @@ Le programme continue et toutes les données sont gardées.</translation>
     </message>
     <message>
         <source>; samples per point %1</source>
-        <translation>; échantillons par point %1</translation>
+        <translation>&#xa0;; échantillons par point %1</translation>
     </message>
     <message>
         <source>, points per block %1</source>
@@ -227,13 +227,13 @@ Le programme continue et toutes les données sont gardées.</translation>
         <source>The settings from before could not be sent back. The instrument may still hold the temporary settings (%1).
 
 </source>
-        <translation>Les réglages d&apos;avant n&apos;ont pas pu être renvoyés. L&apos;instrument a peut-être encore les réglages temporaires (%1).
+        <translation>Les réglages précédents n&apos;ont pas pu être renvoyés. L&apos;instrument a peut-être encore les réglages temporaires (%1).
 
 </translation>
     </message>
     <message>
         <source>The settings from before are on the settings screen again (%1). When the instrument answers, send them with &quot;Apply Settings&quot;.</source>
-        <translation>Les réglages d&apos;avant sont de nouveau sur l&apos;écran des réglages (%1). Quand l&apos;instrument répond, envoyez-les avec «&#xa0;Envoyer les réglages&#xa0;».</translation>
+        <translation>Les réglages précédents sont de nouveau sur l&apos;écran des réglages (%1). Dès que l&apos;instrument répond, envoyez-les avec «&#xa0;Envoyer les réglages&#xa0;».</translation>
     </message>
     <message>
         <source>The shutter reset was interrupted before the temporary settings were sent. The instrument still has its own settings.</source>
@@ -251,9 +251,9 @@ Le programme continue et toutes les données sont gardées.</translation>
         <source>Its settings from before: %1.
 
 Connect again, compare them with the settings screen, and send them with &quot;Apply Settings&quot; if they differ.</source>
-        <translation>Ses réglages d&apos;avant&#xa0;: %1.
+        <translation>Ses réglages précédents&#xa0;: %1.
 
-Connectez à nouveau, comparez-les avec l&apos;écran des réglages et, s&apos;ils diffèrent, envoyez-les avec «&#xa0;Envoyer les réglages&#xa0;».</translation>
+Relancez la connexion, comparez-les avec l&apos;écran des réglages et, s&apos;ils diffèrent, envoyez-les avec «&#xa0;Envoyer les réglages&#xa0;».</translation>
     </message>
     <message>
         <source>Resetting Shutter</source>
@@ -327,7 +327,7 @@ Connectez à nouveau, comparez-les avec l&apos;écran des réglages et, s&apos;i
         <source>The sheet could not be exported as %1: %2.
 
 Its rows are still on the sheet.</source>
-        <translation>La feuille n&apos;a pas pu être exportée en %1&#xa0;: %2.
+        <translation>La feuille n&apos;a pas pu être exportée dans %1&#xa0;: %2.
 
 Ses lignes sont encore sur la feuille.</translation>
     </message>
@@ -343,17 +343,17 @@ Ses lignes sont encore sur la feuille.</translation>
         <source>%1 has been written.
 
 %2</source>
-        <translation>%1 est écrit.
+        <translation>%1 a été écrit.
 
 %2</translation>
     </message>
     <message>
         <source>1 time could not be read and is missing.</source>
-        <translation>1 heure n&apos;a pas pu être lue et manque.</translation>
+        <translation>1 horodatage n&apos;a pas pu être lu et manque.</translation>
     </message>
     <message>
         <source>%1 times could not be read and are missing.</source>
-        <translation>%1 heures n&apos;ont pas pu être lues et manquent.</translation>
+        <translation>%1 horodatages n&apos;ont pas pu être lus et manquent.</translation>
     </message>
     <message>
         <source>1 number could not be read and is missing.</source>
@@ -365,11 +365,11 @@ Ses lignes sont encore sur la feuille.</translation>
     </message>
     <message>
         <source>1 value was not there and is missing.</source>
-        <translation>1 valeur n&apos;était pas là et manque.</translation>
+        <translation>1 valeur était absente et manque.</translation>
     </message>
     <message>
         <source>%1 values were not there and are missing.</source>
-        <translation>%1 valeurs n&apos;étaient pas là et manquent.</translation>
+        <translation>%1 valeurs étaient absentes et manquent.</translation>
     </message>
     <message>
         <source>1 line could not be read as a row and is left out.</source>
@@ -415,7 +415,7 @@ Ses lignes sont encore sur la feuille.</translation>
         <source>%1 could not be opened.
 
 %2</source>
-        <translation>%1 n&apos;a pas pu être ouvert.
+        <translation>Impossible d&apos;ouvrir %1.
 
 %2</translation>
     </message>
@@ -437,7 +437,7 @@ Ses lignes sont encore sur la feuille.</translation>
     </message>
     <message>
         <source>All rows received so far are kept. Check the cable, then connect again.</source>
-        <translation>Toutes les lignes reçues sont gardées. Vérifiez le câble, puis connectez à nouveau.</translation>
+        <translation>Toutes les lignes reçues sont conservées. Vérifiez le câble, puis relancez la connexion.</translation>
     </message>
     <message>
         <source>The instrument is connected on it. Use &quot;Close Port&quot; first, or connect the instrument to COM 1.</source>
@@ -449,7 +449,7 @@ Ses lignes sont encore sur la feuille.</translation>
     </message>
     <message>
         <source>The debug output on %1</source>
-        <translation>La sortie de débogage sur %1</translation>
+        <translation>la sortie de débogage sur %1</translation>
     </message>
     <message>
         <source>The debug output on COM 2 has stopped.
@@ -461,11 +461,11 @@ Tick &quot;Comm 2 Debug Output&quot; to try again.</source>
 
 %1
 
-Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour essayer à nouveau.</translation>
+Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>%1 was lost. Check the cable, then press Connect.</source>
-        <translation>%1 est perdu. Vérifiez le câble, puis appuyez sur Connecter.</translation>
+        <translation>La connexion sur %1 est perdue. Vérifiez le câble, puis appuyez sur «&#xa0;Connecter&#xa0;».</translation>
     </message>
     <message>
         <source>Auto Connect Comm 1</source>
@@ -485,7 +485,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour essayer à nouveau.</tran
     </message>
     <message>
         <source>%1 could not be opened. Choose another port or free this one, then press Connect.</source>
-        <translation>%1 n&apos;a pas pu être ouvert. Choisissez un autre port ou libérez celui-ci, puis appuyez sur Connecter.</translation>
+        <translation>%1 n&apos;a pas pu être ouvert. Choisissez un autre port ou libérez celui-ci, puis appuyez sur «&#xa0;Connecter&#xa0;».</translation>
     </message>
     <message>
         <source>No answer from COM %1</source>
@@ -493,7 +493,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour essayer à nouveau.</tran
     </message>
     <message>
         <source>No answer from %1 within %2 s. Check power and cable, press Quit, connect again.</source>
-        <translation>Pas de réponse de %1 en %2 s. Vérifiez l&apos;alimentation et le câble, appuyez sur Quitter, connectez à nouveau.</translation>
+        <translation>Pas de réponse de %1 en %2 s. Vérifiez l&apos;alimentation et le câble, appuyez sur «&#xa0;Quitter&#xa0;», puis relancez la connexion.</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -501,11 +501,11 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour essayer à nouveau.</tran
     </message>
     <message>
         <source>To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess click Quit</source>
-        <translation>Pour la connexion manuelle sur Comm %1, cliquez sur Continuer. Pour y renoncer, cliquez sur Quitter.</translation>
+        <translation>Pour la connexion manuelle sur Comm %1, cliquez sur «&#xa0;Continuer&#xa0;». Pour y renoncer, cliquez sur «&#xa0;Quitter&#xa0;».</translation>
     </message>
     <message>
         <source>Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that power is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready.</source>
-        <translation>La connexion automatique par Comm %1 a échoué&#xa0;!      Vérifiez que le câble porte DTR, que l&apos;instrument est alimenté et que le bon port est choisi. Cliquez ensuite sur Réessayer.</translation>
+        <translation>La connexion automatique par Comm %1 a échoué&#xa0;!      Vérifiez que le câble transmet le signal DTR, que l&apos;instrument est alimenté et que le bon port est choisi. Cliquez ensuite sur «&#xa0;Réessayer&#xa0;».</translation>
     </message>
     <message>
         <source>An attempt is under way.</source>
@@ -513,7 +513,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour essayer à nouveau.</tran
     </message>
     <message>
         <source>The port is still open, so this would do nothing. Press Quit, then connect again.</source>
-        <translation>Le port est encore ouvert, cela ne ferait donc rien. Appuyez sur Quitter, puis connectez à nouveau.</translation>
+        <translation>Le port est encore ouvert, cela ne ferait donc rien. Appuyez sur «&#xa0;Quitter&#xa0;», puis relancez la connexion.</translation>
     </message>
     <message>
         <source>Shut power off of sensor. Press (Start) then turn power on.</source>
@@ -525,7 +525,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour essayer à nouveau.</tran
     </message>
     <message>
         <source>Waiting for the instrument. &quot;Quit&quot; in the dialog ends it.</source>
-        <translation>Attente de l&apos;instrument. «&#xa0;Quitter&#xa0;» dans le dialogue y met fin.</translation>
+        <translation>Attente de l&apos;instrument. «&#xa0;Quitter&#xa0;» dans la boîte de dialogue y met fin.</translation>
     </message>
     <message>
         <source>%1 is a file that this program writes itself while it runs, so nothing can be saved there.
@@ -541,7 +541,7 @@ Enregistrez sous un autre nom.</translation>
 The program goes on; make room on the disk so that the log is complete again.</source>
         <translation>Le fichier journal %1 ne peut plus être écrit&#xa0;: %2.
 
-Le programme continue&#xa0;; libérez de la place pour que le journal soit de nouveau complet.</translation>
+Le programme continue&#xa0;; libérez de l&apos;espace disque pour que le journal soit de nouveau complet.</translation>
     </message>
     <message>
         <source>The log file %1 has become long and goes on in a new file. What was received before is in %2.
@@ -549,7 +549,7 @@ Le programme continue&#xa0;; libérez de la place pour que le journal soit de no
 From now on this is done without a word, and only the newest of the older files is kept. Copy them if you need more.</source>
         <translation>Le fichier journal %1 est devenu long et continue dans un nouveau fichier. Ce qui a été reçu avant est dans %2.
 
-Désormais cela se fait sans avis, et seul le plus récent des anciens fichiers est gardé. Copiez-les au besoin.</translation>
+Désormais, cela se fera sans avertissement, et seul le plus récent des anciens fichiers sera conservé. Copiez-les au besoin.</translation>
     </message>
     <message>
         <source>The log file %1 has become long, and no new one could be begun: %2.
@@ -561,7 +561,7 @@ Le programme continue. Libérez de la place dans le dossier et redémarrez le pr
     </message>
     <message>
         <source>connect again</source>
-        <translation>connectez à nouveau</translation>
+        <translation>relancez la connexion</translation>
     </message>
     <message>
         <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
@@ -581,7 +581,7 @@ Le programme continue. Libérez de la place dans le dossier et redémarrez le pr
     </message>
     <message>
         <source>%1 is not there now. Plug it in, or choose another port.</source>
-        <translation>%1 n&apos;est pas là. Branchez-le ou choisissez un autre port.</translation>
+        <translation>%1 est absent pour le moment. Branchez-le ou choisissez un autre port.</translation>
     </message>
     <message>
         <source>simulated scattering meter</source>
@@ -603,7 +603,7 @@ Le programme continue. Libérez de la place dans le dossier et redémarrez le pr
         <source>%1 has ended: %2.
 
 </source>
-        <translation>%1 s&apos;est arrêté&#xa0;: %2.
+        <translation>L&apos;opération «&#xa0;%1&#xa0;» s&apos;est arrêtée&#xa0;: %2.
 
 </translation>
     </message>
@@ -613,27 +613,27 @@ Le programme continue. Libérez de la place dans le dossier et redémarrez le pr
     </message>
     <message>
         <source>There is no such device. Plug the adapter in, check the device&apos;s name, and connect again.</source>
-        <translation>Ce périphérique n&apos;existe pas. Branchez l&apos;adaptateur, vérifiez le nom du périphérique et connectez à nouveau.</translation>
+        <translation>Ce périphérique n&apos;existe pas. Branchez l&apos;adaptateur, vérifiez le nom du périphérique et relancez la connexion.</translation>
     </message>
     <message>
         <source>It is not a serial port. Choose the device of the serial adapter and connect again.</source>
-        <translation>Ce n&apos;est pas un port série. Choisissez le périphérique de l&apos;adaptateur série et connectez à nouveau.</translation>
+        <translation>Ce n&apos;est pas un port série. Choisissez le périphérique de l&apos;adaptateur série et relancez la connexion.</translation>
     </message>
     <message>
         <source>You have no permission to use it. Ask for your user to be added to the group &quot;%1&quot; (sudo usermod -aG %1 $USER), log out and in again, then connect again.</source>
-        <translation>Vous n&apos;avez pas le droit de l&apos;utiliser. Faites ajouter votre utilisateur au groupe «&#xa0;%1&#xa0;» (sudo usermod -aG %1 $USER), fermez puis rouvrez la session et connectez à nouveau.</translation>
+        <translation>Vous n&apos;avez pas le droit de l&apos;utiliser. Faites ajouter votre utilisateur au groupe «&#xa0;%1&#xa0;» (sudo usermod -aG %1 $USER), fermez puis rouvrez la session et relancez la connexion.</translation>
     </message>
     <message>
         <source>It is used by another program%1. Close that program, then connect again.</source>
-        <translation>Un autre programme l&apos;utilise%1. Fermez ce programme, puis connectez à nouveau.</translation>
+        <translation>Un autre programme l&apos;utilise%1. Fermez ce programme, puis relancez la connexion.</translation>
     </message>
     <message>
         <source>The lock file that keeps other programs off the port cannot be written in %1. Ask for write permission to that folder, log out and in again, then connect again.</source>
-        <translation>Le fichier verrou qui tient les autres programmes à l&apos;écart du port ne peut pas être écrit dans %1. Demandez le droit d&apos;écriture dans ce dossier, fermez puis rouvrez la session et connectez à nouveau.</translation>
+        <translation>Le fichier verrou qui tient les autres programmes à l&apos;écart du port ne peut pas être écrit dans %1. Demandez le droit d&apos;écriture dans ce dossier, fermez puis rouvrez la session et relancez la connexion.</translation>
     </message>
     <message>
         <source>The system says: %1. Unplug the adapter and plug it in again, then connect again.</source>
-        <translation>Le système dit&#xa0;: %1. Débranchez l&apos;adaptateur, rebranchez-le, puis connectez à nouveau.</translation>
+        <translation>Message du système&#xa0;: %1. Débranchez l&apos;adaptateur, rebranchez-le, puis relancez la connexion.</translation>
     </message>
     <message>
         <source>process %1</source>
@@ -641,7 +641,7 @@ Le programme continue. Libérez de la place dans le dossier et redémarrez le pr
     </message>
     <message>
         <source>The device is gone: the cable was pulled or the adapter switched off.</source>
-        <translation>Le périphérique a disparu&#xa0;: le câble a été tiré ou l&apos;adaptateur éteint.</translation>
+        <translation>Le périphérique a disparu&#xa0;: le câble a été débranché ou l&apos;adaptateur éteint.</translation>
     </message>
     <message>
         <source>The capture has ended: %1 cannot be written any further: %2.
@@ -649,7 +649,7 @@ Le programme continue. Libérez de la place dans le dossier et redémarrez le pr
 What was captured before is kept, and the program goes on. Make room on the disk and start it again to capture on.</source>
         <translation>La capture est terminée&#xa0;: %1 ne peut plus être écrit&#xa0;: %2.
 
-Ce qui a été capturé avant est gardé, et le programme continue. Libérez de la place et redémarrez-le pour continuer la capture.</translation>
+Ce qui a été capturé avant est conservé, et le programme continue. Libérez de l&apos;espace disque et redémarrez le programme pour reprendre la capture.</translation>
     </message>
     <message>
         <source>the program keeps that file itself</source>
@@ -661,7 +661,7 @@ Ce qui a été capturé avant est gardé, et le programme continue. Libérez de 
 The program goes on without. Name a file in a folder where you may write, and start it again.</source>
         <translation>Rien n&apos;est capturé&#xa0;: %1 ne peut pas être écrit&#xa0;: %2.
 
-Le programme continue sans capture. Nommez un fichier dans un dossier où vous pouvez écrire et redémarrez-le.</translation>
+Le programme continue sans capture. Nommez un fichier dans un dossier où vous pouvez écrire et redémarrez le programme.</translation>
     </message>
     <message>
         <source>Save Support File</source>
@@ -669,7 +669,7 @@ Le programme continue sans capture. Nommez un fichier dans un dossier où vous p
     </message>
     <message>
         <source>%1 tells what went over the line and what was done in the last ten minutes. Send it along when you ask for help. It can be read as text; your own files are not in it.</source>
-        <translation>%1 contient ce qui a passé sur la ligne et ce qui a été fait pendant les dix dernières minutes. Joignez-le à vos demandes d&apos;aide. Il se lit comme du texte&#xa0;; vos propres fichiers n&apos;y sont pas.</translation>
+        <translation>%1 contient ce qui est passé sur la ligne et ce qui a été fait pendant les dix dernières minutes. Joignez-le à vos demandes d&apos;aide. Il se lit comme du texte&#xa0;; vos propres fichiers n&apos;y sont pas.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no device. Give a serial port&apos;s name or path (ttyUSB0, /dev/ttyUSB0, COM3) or a simulated instrument (sim:trx, sim:glow).</source>
@@ -693,11 +693,11 @@ Le programme continue sans capture. Nommez un fichier dans un dossier où vous p
     </message>
     <message>
         <source>Collecting. Reset ends the run.</source>
-        <translation>Mesure en cours. Réinitialiser y met fin.</translation>
+        <translation>Mesure en cours. «&#xa0;Réinitialiser&#xa0;» y met fin.</translation>
     </message>
     <message>
         <source>%1. Reset ends the run.</source>
-        <translation>%1. Réinitialiser met fin à la mesure.</translation>
+        <translation>%1. «&#xa0;Réinitialiser&#xa0;» met fin à la mesure.</translation>
     </message>
     <message>
         <source> Only %1.</source>
@@ -709,7 +709,7 @@ Le programme continue sans capture. Nommez un fichier dans un dossier où vous p
     </message>
     <message>
         <source>Downloading. Reset stops it; what has arrived is kept.</source>
-        <translation>Téléchargement. Réinitialiser l&apos;arrête&#xa0;; ce qui est arrivé est gardé.</translation>
+        <translation>Téléchargement en cours. «&#xa0;Réinitialiser&#xa0;» y met fin&#xa0;; ce qui est arrivé est conservé.</translation>
     </message>
     <message>
         <source>Sending the settings.</source>
@@ -725,23 +725,23 @@ Le programme continue sans capture. Nommez un fichier dans un dossier où vous p
     </message>
     <message>
         <source>%1, not saved. Save As is on the page Output: Spread Sheet.</source>
-        <translation>%1, non enregistré. Enregistrer sous est sur la page Sortie&#xa0;: feuille.</translation>
+        <translation>%1 à enregistrer. «&#xa0;Enregistrer sous&#xa0;» est sur la page «&#xa0;Sortie&#xa0;: feuille&#xa0;».</translation>
     </message>
     <message>
         <source>Plug in an adapter, or choose a port and press Connect.</source>
-        <translation>Branchez un adaptateur, ou choisissez un port et appuyez sur Connecter.</translation>
+        <translation>Branchez un adaptateur, ou choisissez un port et appuyez sur «&#xa0;Connecter&#xa0;».</translation>
     </message>
     <message>
         <source>Choose a port and press Connect.</source>
-        <translation>Choisissez un port et appuyez sur Connecter.</translation>
+        <translation>Choisissez un port et appuyez sur «&#xa0;Connecter&#xa0;».</translation>
     </message>
     <message>
         <source>The instrument has not said what it is. Press Reset to ask again.</source>
-        <translation>L&apos;instrument n&apos;a pas dit ce qu&apos;il est. Appuyez sur Réinitialiser pour redemander.</translation>
+        <translation>L&apos;instrument ne s&apos;est pas identifié. Appuyez sur «&#xa0;Réinitialiser&#xa0;» pour redemander.</translation>
     </message>
     <message>
         <source>Press Run to collect. Reset ends a run.</source>
-        <translation>Appuyez sur Mesurer pour commencer. Réinitialiser met fin à la mesure.</translation>
+        <translation>Appuyez sur «&#xa0;Mesurer&#xa0;» pour commencer. «&#xa0;Réinitialiser&#xa0;» met fin à la mesure.</translation>
     </message>
     <message>
         <source>A question waits for your answer.</source>
@@ -749,7 +749,7 @@ Le programme continue sans capture. Nommez un fichier dans un dossier où vous p
     </message>
     <message>
         <source>The dialog Manual Connection says how to go on.</source>
-        <translation>Le dialogue Connexion manuelle dit comment continuer.</translation>
+        <translation>La boîte de dialogue «&#xa0;Connexion manuelle&#xa0;» indique comment continuer.</translation>
     </message>
     <message>
         <source>Status and Controls</source>
@@ -813,7 +813,7 @@ Le programme continue sans capture. Nommez un fichier dans un dossier où vous p
     </message>
     <message>
         <source>The rows on the sheet are not saved, and could not be kept for the next start either: %1.</source>
-        <translation>Les lignes de la feuille ne sont pas enregistrées et n&apos;ont pas non plus pu être gardées pour le prochain démarrage&#xa0;: %1.</translation>
+        <translation>Les lignes de la feuille ne sont pas enregistrées et n&apos;ont pas non plus pu être conservées pour le prochain démarrage&#xa0;: %1.</translation>
     </message>
     <message>
         <source>Reading the port</source>
@@ -861,11 +861,11 @@ Le programme continue sans capture. Nommez un fichier dans un dossier où vous p
 So that no other program&apos;s files are written to, this program works without log and record file. Make room on the disk, or choose another folder, and start the program again.</source>
         <translation>Aucun fichier verrou ne peut être créé dans ce dossier, peut-être parce que le disque est plein&#xa0;: %1
 
-Pour ne pas écrire dans les fichiers d&apos;autres programmes, celui-ci travaille sans journal ni fichier de mesure. Libérez de la place ou choisissez un autre dossier, puis redémarrez le programme.</translation>
+Pour ne pas écrire dans les fichiers d&apos;autres programmes, celui-ci fonctionne sans journal ni fichier de mesure. Libérez de l&apos;espace disque ou choisissez un autre dossier, puis redémarrez le programme.</translation>
     </message>
     <message>
         <source>This program works without such files. Start it in another folder, so that log and record file are kept.</source>
-        <translation>Ce programme travaille sans ces fichiers. Démarrez-le dans un autre dossier pour avoir journal et fichier de mesure.</translation>
+        <translation>Ce programme fonctionne sans ces fichiers. Démarrez-le dans un autre dossier pour avoir journal et fichier de mesure.</translation>
     </message>
     <message>
         <source>This program writes %1 and %2 instead.</source>
@@ -885,15 +885,15 @@ Son journal et son fichier de mesure restent intacts. %3</translation>
 The program works without it. Start it in a folder where you may write files, so that log and record file are kept.</source>
         <translation>Le fichier journal %1 ne peut pas être écrit dans ce dossier&#xa0;: %2.
 
-Le programme travaille sans lui. Démarrez-le dans un dossier où vous pouvez écrire pour avoir journal et fichier de mesure.</translation>
+Le programme fonctionne sans lui. Démarrez-le dans un dossier où vous pouvez écrire pour avoir journal et fichier de mesure.</translation>
     </message>
     <message>
         <source>Load Device File</source>
-        <translation>Charger le fichier d&apos;appareil</translation>
+        <translation>Charger un fichier d&apos;appareil</translation>
     </message>
     <message>
         <source>Save Device File</source>
-        <translation>Enregistrer le fichier d&apos;appareil</translation>
+        <translation>Enregistrer un fichier d&apos;appareil</translation>
     </message>
     <message>
         <source>Auto &amp;Start</source>
@@ -917,11 +917,11 @@ Le programme travaille sans lui. Démarrez-le dans un dossier où vous pouvez é
     </message>
     <message>
         <source>&amp;Log Enabled</source>
-        <translation>En&amp;registrer</translation>
+        <translation>&amp;Mémorisation</translation>
     </message>
     <message>
         <source>Log Enabled: This tells the logger to record data in memory</source>
-        <translation>Enregistrer&#xa0;: l&apos;enregistreur garde les données en mémoire</translation>
+        <translation>Mémorisation&#xa0;: l&apos;enregistreur conserve les données en mémoire</translation>
     </message>
     <message>
         <source>&amp;Wake Up</source>
@@ -929,15 +929,15 @@ Le programme travaille sans lui. Démarrez-le dans un dossier où vous pouvez é
     </message>
     <message>
         <source>Wake Up: This tells the logger to sleep after gathering a data block or stay ready to accept a command.</source>
-        <translation>Réveil&#xa0;: après un bloc de données, l&apos;enregistreur dort ou reste prêt pour une commande.</translation>
+        <translation>Réveil&#xa0;: après un bloc de données, l&apos;enregistreur se met en veille ou reste prêt à recevoir une commande.</translation>
     </message>
     <message>
         <source>App&amp;end</source>
-        <translation>A&amp;jouter</translation>
+        <translation>A&amp;jout</translation>
     </message>
     <message>
         <source>Append: This tells the logger to add new data blocks to the end of memory. If this is not set, all pervious data blocks will be erased.</source>
-        <translation>Ajouter&#xa0;: l&apos;enregistreur met les nouveaux blocs à la fin de la mémoire. Sinon tous les blocs précédents sont effacés.</translation>
+        <translation>Ajout&#xa0;: l&apos;enregistreur met les nouveaux blocs à la fin de la mémoire. Sinon, tous les blocs précédents sont effacés.</translation>
     </message>
     <message>
         <source>Samples Per &amp;Second</source>
@@ -949,11 +949,11 @@ Le programme travaille sans lui. Démarrez-le dans un dossier où vous pouvez é
     </message>
     <message>
         <source>Delay &amp;Before Data Blocks (hours)</source>
-        <translation>Pause &amp;avant les blocs (heures)</translation>
+        <translation>Délai &amp;avant les blocs (heures)</translation>
     </message>
     <message>
         <source>This is the amount of time in hours that the logger will wait before collecting a data block. For example: A value of 24 is 1 data block per 24 hours.</source>
-        <translation>Nombre d&apos;heures que l&apos;enregistreur attend avant un bloc de données. Exemple&#xa0;: 24 donne 1 bloc par 24 heures.</translation>
+        <translation>Nombre d&apos;heures que l&apos;enregistreur attend avant un bloc de données. Exemple&#xa0;: 24 donne 1 bloc toutes les 24 heures.</translation>
     </message>
     <message>
         <source>&amp;Number of Data Points per Data Block</source>
@@ -961,7 +961,7 @@ Le programme travaille sans lui. Démarrez-le dans un dossier où vous pouvez é
     </message>
     <message>
         <source>Delay Between Data &amp;Points (Seconds)</source>
-        <translation>Pause entre &amp;points (secondes)</translation>
+        <translation>Délai entre &amp;points (secondes)</translation>
     </message>
     <message>
         <source>on</source>
@@ -993,7 +993,7 @@ Le programme travaille sans lui. Démarrez-le dans un dossier où vous pouvez é
     </message>
     <message>
         <source>Save A User Defined Mode</source>
-        <translation>Enregistrer un mode personnel</translation>
+        <translation>Enregistrer un mode personnalisé</translation>
     </message>
     <message>
         <source>Saved as %1.</source>
@@ -1005,7 +1005,7 @@ Le programme travaille sans lui. Démarrez-le dans un dossier où vous pouvez é
     </message>
     <message>
         <source>Load A User Defined Mode</source>
-        <translation>Charger un mode personnel</translation>
+        <translation>Charger un mode personnalisé</translation>
     </message>
     <message>
         <source>%1 was not loaded: the instrument is busy. Try again.</source>
@@ -1029,7 +1029,7 @@ Le programme travaille sans lui. Démarrez-le dans un dossier où vous pouvez é
     </message>
     <message>
         <source>%1 was not sent whole: the connection ended.</source>
-        <translation>%1 n&apos;a pas été envoyé en entier&#xa0;: la connexion s&apos;est terminée.</translation>
+        <translation>%1 n&apos;a pas été envoyé en entier&#xa0;: la connexion a pris fin.</translation>
     </message>
     <message>
         <source>%1 was sent.</source>
@@ -1045,7 +1045,7 @@ Le programme travaille sans lui. Démarrez-le dans un dossier où vous pouvez é
 Nothing was changed and nothing was sent.</source>
         <translation>
 
-Rien n&apos;a été changé ni envoyé.</translation>
+Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source> half a second</source>
@@ -1061,11 +1061,11 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>Then the sensor will sleep for %1 hour(s), %2 minute(s), %3 second(s).</source>
-        <translation>Ensuite le capteur dort %1 heure(s), %2 minute(s), %3 seconde(s).</translation>
+        <translation>Ensuite, le capteur est en veille pendant %1 heure(s), %2 minute(s), %3 seconde(s).</translation>
     </message>
     <message>
         <source>     The Orv Sensor will start to collect data % after power up</source>
-        <translation>     Le capteur Orv commence à mesurer % après la mise sous tension</translation>
+        <translation>     Le capteur Orv commence la mesure% après la mise sous tension</translation>
     </message>
     <message>
         <source>     The Orv Sensor will come up waiting for a command.</source>
@@ -1073,7 +1073,7 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>If you press run, it will start to collect data% after you press run.</source>
-        <translation>Si vous appuyez sur Mesurer, il commence à mesurer% après l&apos;appui.</translation>
+        <translation>Si vous appuyez sur «&#xa0;Mesurer&#xa0;», il commence la mesure% après l&apos;appui.</translation>
     </message>
     <message>
         <source>It will bin for % sample(s) to create 1 data point.</source>
@@ -1081,19 +1081,19 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>After this it wakes up and takes another data point. The process</source>
-        <translation>Ensuite il se réveille et prend un autre point de données. Le processus</translation>
+        <translation>Ensuite, il se réveille et prend un autre point de données. Le processus</translation>
     </message>
     <message>
         <source>continues until power is shut off. All of the data collected is known as the data block</source>
-        <translation>continue jusqu&apos;à la coupure de l&apos;alimentation. Toutes les données prises forment le bloc de données</translation>
+        <translation>continue jusqu&apos;à la coupure de l&apos;alimentation. Toutes les données recueillies forment le bloc de données</translation>
     </message>
     <message>
         <source>The data point displayed will be saved in memory.</source>
-        <translation>Le point affiché est gardé en mémoire.</translation>
+        <translation>Le point affiché est conservé en mémoire.</translation>
     </message>
     <message>
         <source>The data point displayed will not be saved in memory.</source>
-        <translation>Le point affiché n&apos;est pas gardé en mémoire.</translation>
+        <translation>Le point affiché n&apos;est pas conservé en mémoire.</translation>
     </message>
     <message>
         <source>continues for % data points to create 1 data block.</source>
@@ -1105,11 +1105,11 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>After finishing a data block, the sensor will sleep until power is cycled.</source>
-        <translation>Après un bloc de données, le capteur dort jusqu&apos;à une coupure de l&apos;alimentation.</translation>
+        <translation>Après un bloc de données, le capteur se met en veille jusqu&apos;à ce que l&apos;alimentation soit coupée puis rétablie.</translation>
     </message>
     <message>
         <source>If you decide to take another data block, data in memory will be %.</source>
-        <translation>Si vous prenez un autre bloc de données, les données en mémoire seront %.</translation>
+        <translation>Si vous mesurez un autre bloc de données, les données en mémoire seront %.</translation>
     </message>
     <message>
         <source>appended</source>
@@ -1129,15 +1129,15 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>Read at %1, but not all: %2 could not be read. Press &quot;Retrieve Settings&quot;.</source>
-        <translation>Lu à %1, mais pas tout&#xa0;: %2 illisible. Appuyez sur «&#xa0;Lire les réglages&#xa0;».</translation>
+        <translation>Lu à %1, mais pas en entier&#xa0;; illisible&#xa0;: %2. Appuyez sur «&#xa0;Lire les réglages&#xa0;».</translation>
     </message>
     <message>
         <source>%1 could not be read back</source>
-        <translation>%1 n&apos;a pas pu être relu</translation>
+        <translation>%1 (relecture impossible)</translation>
     </message>
     <message>
         <source>%1 is %2 there, not %3</source>
-        <translation>%1 y est %2, et non %3</translation>
+        <translation>%1 (%2 au lieu de %3)</translation>
     </message>
     <message>
         <source>Sent and read back at %1</source>
@@ -1145,27 +1145,27 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>Sent at %1, but the instrument has not all of it: %2.</source>
-        <translation>Envoyé à %1, mais l&apos;instrument n&apos;a pas tout&#xa0;: %2.</translation>
+        <translation>Envoyé à %1, mais l&apos;instrument n&apos;a pas tout pris&#xa0;: %2.</translation>
     </message>
     <message>
         <source>No answer for 10 s. Reset connects again.</source>
-        <translation>Pas de réponse depuis 10 s. Réinitialiser reconnecte.</translation>
+        <translation>Rien reçu depuis 10 s. «&#xa0;Réinitialiser&#xa0;» reconnecte.</translation>
     </message>
     <message>
         <source>This was the 150th line of settings reports since the program started. There it ends the connection, once. Nothing is wrong: press Quit and connect again.</source>
-        <translation>C&apos;était la 150e ligne de rapports de réglages depuis le démarrage du programme. Là, la connexion se termine, une seule fois. Tout va bien&#xa0;: appuyez sur Quitter et connectez à nouveau.</translation>
+        <translation>C&apos;était la 150e ligne de rapports de réglages depuis le démarrage du programme. Elle met fin à la connexion, une seule fois. Ce n&apos;est pas une panne&#xa0;: appuyez sur «&#xa0;Quitter&#xa0;», puis relancez la connexion.</translation>
     </message>
     <message>
         <source>%1 behind this computer&apos;s</source>
-        <translation>%1 en retard sur l&apos;ordinateur</translation>
+        <translation>%1 de retard sur l&apos;ordinateur</translation>
     </message>
     <message>
         <source>%1 ahead of this computer&apos;s</source>
-        <translation>%1 en avance sur l&apos;ordinateur</translation>
+        <translation>%1 d&apos;avance sur l&apos;ordinateur</translation>
     </message>
     <message>
         <source>Unable to read clock. Error #2</source>
-        <translation>Horloge illisible. Erreur n° 2</translation>
+        <translation>Horloge illisible. Erreur n°&#xa0;2</translation>
     </message>
     <message>
         <source>Software Error</source>
@@ -1177,7 +1177,7 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>Not sent whole: the instrument did not answer. What was sent before stays in it. Connect or press &quot;Retrieve Settings&quot; to see what it has.</source>
-        <translation>Pas envoyé en entier&#xa0;: l&apos;instrument n&apos;a pas répondu. Ce qui a été envoyé avant y reste. Connectez ou appuyez sur «&#xa0;Lire les réglages&#xa0;» pour voir ce qu&apos;il a.</translation>
+        <translation>Envoi incomplet&#xa0;: l&apos;instrument n&apos;a pas répondu. Ce qui a été envoyé avant y reste. Relancez la connexion ou appuyez sur «&#xa0;Lire les réglages&#xa0;» pour voir ce qu&apos;il contient.</translation>
     </message>
     <message>
         <source>Sent, and not read back yet</source>
@@ -1185,11 +1185,11 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1 behind: the command carries no seconds.</source>
-        <translation>L&apos;horloge de l&apos;instrument a été réglée à la minute et retarde de %1&#xa0;: la commande ne porte pas de secondes.</translation>
+        <translation>L&apos;horloge de l&apos;instrument a été réglée à la minute et retarde de %1&#xa0;: la commande ne transmet pas les secondes.</translation>
     </message>
     <message>
         <source>Sent, but the clock was not set and nothing was read back: the instrument did not answer. Press &quot;Retrieve Settings&quot; to see what it has.</source>
-        <translation>Envoyé, mais l&apos;horloge n&apos;a pas été réglée et rien n&apos;a été relu&#xa0;: l&apos;instrument n&apos;a pas répondu. Appuyez sur «&#xa0;Lire les réglages&#xa0;» pour voir ce qu&apos;il a.</translation>
+        <translation>Envoyé, mais l&apos;horloge n&apos;a pas été réglée et rien n&apos;a été relu&#xa0;: l&apos;instrument n&apos;a pas répondu. Appuyez sur «&#xa0;Lire les réglages&#xa0;» pour voir ce qu&apos;il contient.</translation>
     </message>
     <message>
         <source>Error Sending Prefs. Error Code 1</source>
@@ -1201,7 +1201,7 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>Logging and Continues Sampling invalid.</source>
-        <translation>Enregistrer et mesurer sans fin à la fois n&apos;est pas valide.</translation>
+        <translation>Mémorisation et mesure sans fin sont incompatibles.</translation>
     </message>
     <message>
         <source>Invalid Setup</source>
@@ -1217,7 +1217,7 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>The instrument did not say what it is. Connect again.</source>
-        <translation>L&apos;instrument n&apos;a pas dit ce qu&apos;il est. Connectez à nouveau.</translation>
+        <translation>L&apos;instrument ne s&apos;est pas identifié. Relancez la connexion.</translation>
     </message>
     <message>
         <source>1 record</source>
@@ -1237,7 +1237,7 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>Make room or choose another folder, and download it again.</source>
-        <translation>Libérez de la place ou choisissez un autre dossier, puis téléchargez à nouveau.</translation>
+        <translation>Libérez de la place ou choisissez un autre dossier, puis relancez le téléchargement.</translation>
     </message>
     <message>
         <source>Saving Sheet</source>
@@ -1249,7 +1249,7 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>No data for 10 s. Reset stops the download.</source>
-        <translation>Pas de données depuis 10 s. Réinitialiser arrête le téléchargement.</translation>
+        <translation>Rien reçu depuis 10 s. «&#xa0;Réinitialiser&#xa0;» y met fin.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
@@ -1261,7 +1261,7 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>Press Reset, make room or choose another folder, and download it again.</source>
-        <translation>Appuyez sur Réinitialiser, libérez de la place ou choisissez un autre dossier, puis téléchargez à nouveau.</translation>
+        <translation>Appuyez sur «&#xa0;Réinitialiser&#xa0;», libérez de la place ou choisissez un autre dossier, puis relancez le téléchargement.</translation>
     </message>
     <message>
         <source>Bytes DownLoaded</source>
@@ -1269,7 +1269,7 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source>It may not have everything.</source>
-        <translation>Il n&apos;a peut-être pas tout.</translation>
+        <translation>Il est peut-être incomplet.</translation>
     </message>
     <message>
         <source>1 record could not be read; it is in %1</source>
@@ -1285,27 +1285,27 @@ Rien n&apos;a été changé ni envoyé.</translation>
     </message>
     <message>
         <source> %1 arrived and can be found on the sheet.</source>
-        <translation> Arrivé sur la feuille&#xa0;: %1.</translation>
+        <translation> Reçu, sur la feuille&#xa0;: %1.</translation>
     </message>
     <message>
         <source> %1 arrived and can be found in %2.</source>
-        <translation> Arrivé dans %2&#xa0;: %1.</translation>
+        <translation> Reçu, dans %2&#xa0;: %1.</translation>
     </message>
     <message>
         <source> %1 arrived and can be found on the sheet and in the files that were saved automatically.</source>
-        <translation> Arrivé sur la feuille et dans les fichiers enregistrés automatiquement&#xa0;: %1.</translation>
+        <translation> Reçu, sur la feuille et dans les fichiers enregistrés automatiquement&#xa0;: %1.</translation>
     </message>
     <message>
         <source> What was saved automatically stays.</source>
-        <translation> Ce qui a été enregistré automatiquement reste.</translation>
+        <translation> Ce qui a été enregistré automatiquement est conservé.</translation>
     </message>
     <message>
         <source> The next start offers what is on the sheet.</source>
-        <translation> Le prochain démarrage propose ce qui est sur la feuille.</translation>
+        <translation> Ce qui est sur la feuille sera proposé au prochain démarrage.</translation>
     </message>
     <message>
         <source> %1 could not be read; %2 has what was received.</source>
-        <translation> Illisible&#xa0;: %1&#xa0;; %2 a ce qui a été reçu.</translation>
+        <translation> Illisible&#xa0;: %1&#xa0;; %2 contient ce qui a été reçu.</translation>
     </message>
     <message>
         <source>The download is incomplete: it was ended before the instrument had sent everything.%1%2
@@ -1313,7 +1313,7 @@ Rien n&apos;a été changé ni envoyé.</translation>
 The instrument still holds its data; download it again.</source>
         <translation>Le téléchargement est incomplet&#xa0;: il s&apos;est terminé avant que l&apos;instrument ait tout envoyé.%1%2
 
-L&apos;instrument a encore ses données&#xa0;; téléchargez à nouveau.</translation>
+L&apos;instrument conserve ses données&#xa0;; relancez le téléchargement.</translation>
     </message>
     <message>
         <source>The stored data cannot be written to %1: %2.
@@ -1321,7 +1321,7 @@ L&apos;instrument a encore ses données&#xa0;; téléchargez à nouveau.</transl
 %3 The instrument still holds its data. </source>
         <translation>Les données stockées ne peuvent pas être écrites dans %1&#xa0;: %2.
 
-%3 L&apos;instrument a encore ses données. </translation>
+%3 L&apos;instrument conserve ses données. </translation>
     </message>
     <message>
         <source>Running</source>
@@ -1345,7 +1345,7 @@ La mesure continue et chaque ligne est sur la feuille. Enregistrez la feuille ap
     </message>
     <message>
         <source>The last line was cut off and has been left out.</source>
-        <translation>La dernière ligne était coupée et a été omise.</translation>
+        <translation>La dernière ligne était tronquée et a été omise.</translation>
     </message>
     <message>
         <source>1 line could not be read and left out.</source>
@@ -1357,23 +1357,23 @@ La mesure continue et chaque ligne est sur la feuille. Enregistrez la feuille ap
     </message>
     <message>
         <source>The numbers of the rows have gaps: 1 row is missing in the record file.</source>
-        <translation>Les numéros des lignes ont des trous&#xa0;: 1 ligne manque dans le fichier de mesure.</translation>
+        <translation>La numérotation des lignes a des lacunes&#xa0;: 1 ligne manque dans le fichier de mesure.</translation>
     </message>
     <message>
         <source>The numbers of the rows have gaps: %1 rows are missing in the record file.</source>
-        <translation>Les numéros des lignes ont des trous&#xa0;: %1 lignes manquent dans le fichier de mesure.</translation>
+        <translation>La numérotation des lignes a des lacunes&#xa0;: %1 lignes manquent dans le fichier de mesure.</translation>
     </message>
     <message>
         <source>The sheet was saved or cleared during the run; rows from before that are left out.</source>
-        <translation>La feuille a été enregistrée ou effacée pendant la mesure&#xa0;; les lignes d&apos;avant sont omises.</translation>
+        <translation>La feuille a été enregistrée ou effacée pendant la mesure&#xa0;; les lignes antérieures sont omises.</translation>
     </message>
     <message>
         <source>The instrument&apos;s type was told by the rows; the sheet says %1 with firmware %2.</source>
-        <translation>Le type de l&apos;instrument a été déduit des lignes&#xa0;; la feuille indique %1 avec firmware %2.</translation>
+        <translation>Le type de l&apos;instrument a été déduit des lignes&#xa0;; la feuille indique %1 avec le firmware %2.</translation>
     </message>
     <message>
         <source>The run began with row %1. If the rows before it were of a run too and not saved, they are in a file of this folder named with date and time.</source>
-        <translation>La mesure a commencé à la ligne %1. Si les lignes d&apos;avant étaient aussi d&apos;une mesure non enregistrée, elles sont dans un fichier de ce dossier nommé avec date et heure.</translation>
+        <translation>La mesure a commencé à la ligne %1. Si les lignes précédentes venaient aussi d&apos;une mesure et n&apos;ont pas été enregistrées, elles sont dans un fichier de ce dossier dont le nom porte la date et l&apos;heure.</translation>
     </message>
     <message>
         <source>The last run in this folder did not end, and its record file %1 cannot be read: %2.
@@ -1401,27 +1401,27 @@ Nothing is lost: the record file %2 has everything.%3</source>
 
 %1
 
-Rien n&apos;est perdu&#xa0;: le fichier de mesure %2 a tout.%3</translation>
+Rien n&apos;est perdu&#xa0;: le fichier de mesure %2 contient tout.%3</translation>
     </message>
     <message>
         <source> The next run keeps it under a name with date and time.</source>
-        <translation> La prochaine mesure le garde sous un nom avec date et heure.</translation>
+        <translation> La prochaine mesure le conservera sous un nom avec date et heure.</translation>
     </message>
     <message>
         <source>The record file of the last run is kept as %1.</source>
-        <translation>Le fichier de la dernière mesure est gardé sous %1.</translation>
+        <translation>Le fichier de la dernière mesure est conservé sous %1.</translation>
     </message>
     <message>
         <source>The record file %1 could not be kept under a name with date and time: %2.
 
 It stays as it is, and no run will overwrite it. Move it yourself.</source>
-        <translation>Le fichier de mesure %1 n&apos;a pas pu être gardé sous un nom avec date et heure&#xa0;: %2.
+        <translation>Le fichier de mesure %1 n&apos;a pas pu être conservé sous un nom avec date et heure&#xa0;: %2.
 
 Il reste tel quel et aucune mesure ne l&apos;écrasera. Déplacez-le vous-même.</translation>
     </message>
     <message>
         <source>The record file %1 has it; the next run keeps that file under a name with date and time.</source>
-        <translation>Le fichier de mesure %1 l&apos;a&#xa0;; la prochaine mesure garde ce fichier sous un nom avec date et heure.</translation>
+        <translation>Elle est dans le fichier de mesure %1&#xa0;; la prochaine mesure conservera ce fichier sous un nom avec date et heure.</translation>
     </message>
     <message>
         <source>Of stored data, &quot;Download Stored Data: Save as Text&quot; writes it.</source>
@@ -1437,7 +1437,7 @@ Il reste tel quel et aucune mesure ne l&apos;écrasera. Déplacez-le vous-même.
     </message>
     <message>
         <source>The sheet still holds unsaved rows of the %1. Save or clear them first.</source>
-        <translation>La feuille a encore des lignes non enregistrées du %1. Enregistrez-les ou effacez-les d&apos;abord.</translation>
+        <translation>La feuille contient encore des lignes non enregistrées du %1. Enregistrez-les ou effacez-les d&apos;abord.</translation>
     </message>
     <message>
         <source>There is nothing to save: the sheet has no known type of instrument. Connect an instrument or open a sheet first.</source>
@@ -1445,15 +1445,15 @@ Il reste tel quel et aucune mesure ne l&apos;écrasera. Déplacez-le vous-même.
     </message>
     <message>
         <source> The file of that name is kept under a name with date and time.</source>
-        <translation> Le fichier de ce nom est gardé sous un nom avec date et heure.</translation>
+        <translation> Le fichier de ce nom est conservé sous un nom avec date et heure.</translation>
     </message>
     <message>
         <source>While you chose a name the sheet became long and was saved by itself: %1.
 
 %2 has the rows since.%3</source>
-        <translation>Pendant le choix du nom, la feuille est devenue longue et s&apos;est enregistrée d&apos;elle-même&#xa0;: %1.
+        <translation>Pendant le choix du nom, la feuille est devenue longue et a été enregistrée automatiquement&#xa0;: %1.
 
-%2 a les lignes depuis.%3</translation>
+%2 contient les lignes suivantes.%3</translation>
     </message>
     <message>
         <source>rows 1 to %1 as %2</source>
@@ -1467,7 +1467,7 @@ Il reste tel quel et aucune mesure ne l&apos;écrasera. Déplacez-le vous-même.
         <source>The sheet holds unsaved rows of another type of instrument. They have been saved as %1.
 
 Use &quot;Clear All&quot; before you collect with this one.</source>
-        <translation>La feuille avait des lignes non enregistrées d&apos;un autre type d&apos;instrument. Elles sont enregistrées sous %1.
+        <translation>La feuille avait des lignes non enregistrées d&apos;un autre type d&apos;instrument. Elles ont été enregistrées sous %1.
 
 Utilisez «&#xa0;Tout effacer&#xa0;» avant de mesurer avec celui-ci.</translation>
     </message>
@@ -1477,7 +1477,7 @@ Utilisez «&#xa0;Tout effacer&#xa0;» avant de mesurer avec celui-ci.</translati
 %2
 
 The sheet is as it was.</source>
-        <translation>%1 n&apos;a pas pu être ouvert.
+        <translation>Impossible d&apos;ouvrir %1.
 
 %2
 
@@ -1493,7 +1493,7 @@ La feuille est inchangée.</translation>
 Its rows are still on the sheet. Choose another folder or make room on the disk, then save again.</source>
         <translation>La feuille n&apos;a pas pu être enregistrée sous %1&#xa0;: %2.
 
-Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez de la place, puis enregistrez à nouveau.</translation>
+Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez de l&apos;espace disque, puis enregistrez à nouveau.</translation>
     </message>
     <message>
         <source>It is not a sheet: its first line does not tell the instrument&apos;s type, its firmware and the number of rows. Choose a file that &quot;Save As&quot; has written.</source>
@@ -1505,23 +1505,23 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>It is cut short: its last line has no end. If nothing is missing, add a line end to it.</source>
-        <translation>Il est coupé&#xa0;: sa dernière ligne n&apos;a pas de fin. S&apos;il ne manque rien, ajoutez-y une fin de ligne.</translation>
+        <translation>Il est tronqué&#xa0;: sa dernière ligne n&apos;a pas de fin. S&apos;il ne manque rien, ajoutez-y une fin de ligne.</translation>
     </message>
     <message>
         <source>It is cut short: the column headers are missing.</source>
-        <translation>Il est coupé&#xa0;: les en-têtes des colonnes manquent.</translation>
+        <translation>Il est tronqué&#xa0;: les en-têtes des colonnes manquent.</translation>
     </message>
     <message>
         <source>%1 Its first line promises %2 rows, but there are %3. If rows were taken out or added on purpose, correct the number on the first line.</source>
-        <translation>%1 Sa première ligne promet %2 lignes, mais il y en a %3. Si des lignes ont été ôtées ou ajoutées exprès, corrigez le nombre à la première ligne.</translation>
+        <translation>%1 Sa première ligne annonce %2 lignes, mais il y en a %3. Si des lignes ont été ôtées ou ajoutées exprès, corrigez le nombre à la première ligne.</translation>
     </message>
     <message>
         <source>It is cut short.</source>
-        <translation>Il est coupé.</translation>
+        <translation>Il est tronqué.</translation>
     </message>
     <message>
         <source>It holds more than it says.</source>
-        <translation>Il contient plus qu&apos;il ne dit.</translation>
+        <translation>Il contient plus qu&apos;il n&apos;annonce.</translation>
     </message>
     <message>
         <source>It is a folder or a device, not a file.</source>
@@ -1597,7 +1597,7 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>Instruments &amp;entered:</source>
-        <translation>Instruments en&amp;trés&#xa0;:</translation>
+        <translation>Ins&amp;truments saisis&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Messages:</source>
@@ -1617,15 +1617,15 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>Instruments entered</source>
-        <translation>Instruments entrés</translation>
+        <translation>Instruments saisis</translation>
     </message>
     <message>
         <source>Choose an instrument to show its worksheet.</source>
-        <translation>Choisissez un instrument pour montrer sa feuille de travail.</translation>
+        <translation>Choisissez un instrument pour afficher sa feuille de travail.</translation>
     </message>
     <message>
         <source>Total entered</source>
-        <translation>Total entré</translation>
+        <translation>Total saisi</translation>
     </message>
     <message>
         <source>Pre&amp;vious</source>
@@ -1633,7 +1633,7 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>Shows the instrument before; from the first, the last.</source>
-        <translation>Montre l&apos;instrument précédent&#xa0;; du premier, le dernier.</translation>
+        <translation>Affiche l&apos;instrument précédent&#xa0;; depuis le premier, le dernier.</translation>
     </message>
     <message>
         <source>&amp;Next</source>
@@ -1641,15 +1641,15 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>Shows the instrument after; from the last, the first.</source>
-        <translation>Montre l&apos;instrument suivant&#xa0;; du dernier, le premier.</translation>
+        <translation>Affiche l&apos;instrument suivant&#xa0;; depuis le dernier, le premier.</translation>
     </message>
     <message>
         <source>Total Entered :</source>
-        <translation>Total entré&#xa0;:</translation>
+        <translation>Total saisi&#xa0;:</translation>
     </message>
     <message>
         <source>Instrument index</source>
-        <translation>Indice de l&apos;instrument</translation>
+        <translation>Rang de l&apos;instrument</translation>
     </message>
     <message>
         <source>Calc &amp;DP</source>
@@ -1657,11 +1657,11 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>Writes the means of the rows on the data sheet into the selected row; for a point also its DP values. Keeps the worksheet.</source>
-        <translation>Écrit les moyennes des lignes de la feuille de données dans la ligne choisie&#xa0;; pour un point, aussi ses valeurs DP. Garde la feuille de travail.</translation>
+        <translation>Écrit les moyennes des lignes de la feuille de données dans la ligne choisie&#xa0;; pour un point, aussi ses valeurs DP. Conserve la feuille de travail.</translation>
     </message>
     <message>
         <source>Save Cal &amp;Info</source>
-        <translation>&amp;Enregistrer l&apos;info d&apos;étalonnage</translation>
+        <translation>&amp;Enregistrer l&apos;étalonnage</translation>
     </message>
     <message>
         <source>Writes this worksheet and the reference values of the light colour to a report file.</source>
@@ -1669,7 +1669,7 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>Instrument index:</source>
-        <translation>Indice de l&apos;instrument&#xa0;:</translation>
+        <translation>Rang de l&apos;instrument&#xa0;:</translation>
     </message>
     <message>
         <source>The rows on the data sheet were measured for &quot;%1&quot;.</source>
@@ -1681,7 +1681,7 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>%1: kept as a whole number from -32768 to 32767.</source>
-        <translation>%1&#xa0;: gardé comme nombre entier de -32768 à 32767.</translation>
+        <translation>%1&#xa0;: conservé comme nombre entier de -32768 à 32767.</translation>
     </message>
     <message>
         <source>Expected counts of the point last calculated.</source>
@@ -1707,7 +1707,7 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
         <source>Brings the shutter back to its rest position. The instrument only moves it with particular settings, so its own are read and kept, temporary ones are sent, the shutter moves for about half a minute, and the settings from before are sent back.
 
 Leave the cable in its place until the settings have been read back. &quot;Reset&quot;, &quot;Close Port&quot; and &quot;Quit&quot; interrupt the reset; the instrument may then still hold the temporary settings.</source>
-        <translation>Ramène l&apos;obturateur à sa position de repos. L&apos;instrument ne le bouge qu&apos;avec certains réglages&#xa0;; les siens sont donc lus et gardés, des réglages temporaires envoyés, l&apos;obturateur bouge une demi-minute, et les réglages d&apos;avant sont renvoyés.
+        <translation>Ramène l&apos;obturateur à sa position de repos. L&apos;instrument ne le bouge qu&apos;avec certains réglages&#xa0;; les siens sont donc lus et conservés, des réglages temporaires envoyés, l&apos;obturateur bouge pendant environ une demi-minute, et les réglages précédents sont renvoyés.
 
 Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Réinitialiser&#xa0;», «&#xa0;Fermer le port&#xa0;» et «&#xa0;Quitter&#xa0;» interrompent l&apos;opération&#xa0;; l&apos;instrument a alors peut-être encore les réglages temporaires.</translation>
     </message>
@@ -1761,7 +1761,7 @@ Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Ré
     </message>
     <message>
         <source>Shows or hides this curve.</source>
-        <translation>Montre ou cache cette courbe.</translation>
+        <translation>Affiche ou masque cette courbe.</translation>
     </message>
     <message>
         <source>Curve %1</source>
@@ -1793,11 +1793,11 @@ Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Ré
     </message>
     <message>
         <source>Lists every block of characters as it is read from the instrument.</source>
-        <translation>Liste chaque bloc de caractères tel qu&apos;il est lu de l&apos;instrument.</translation>
+        <translation>Liste chaque bloc de caractères tel qu&apos;il arrive de l&apos;instrument.</translation>
     </message>
     <message>
         <source>Sho&amp;w Parsing</source>
-        <translation>Montrer les &amp;lignes</translation>
+        <translation>Afficher les &amp;lignes</translation>
     </message>
     <message>
         <source>Lists every line that is cut out of what the instrument sends.</source>
@@ -1809,7 +1809,7 @@ Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Ré
     </message>
     <message>
         <source>What the instrument sends, as blocks or lines; CR, LF and TAB as symbols. The newest 10000 entries are kept.</source>
-        <translation>Ce que l&apos;instrument envoie, en blocs ou en lignes&#xa0;; CR, LF et TAB en symboles. Les 10000 entrées les plus récentes sont gardées.</translation>
+        <translation>Ce que l&apos;instrument envoie, en blocs ou en lignes&#xa0;; CR, LF et TAB en symboles. Les 10000 entrées les plus récentes sont conservées.</translation>
     </message>
     <message>
         <source>Why the list is empty</source>
@@ -1821,11 +1821,11 @@ Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Ré
     </message>
     <message>
         <source>Choose &quot;Raw Buffer&quot; or &quot;Show Parsing&quot; to list what the instrument sends.</source>
-        <translation>Choisissez «&#xa0;Données brutes&#xa0;» ou «&#xa0;Montrer les lignes&#xa0;» pour lister ce que l&apos;instrument envoie.</translation>
+        <translation>Choisissez «&#xa0;Données brutes&#xa0;» ou «&#xa0;Afficher les lignes&#xa0;» pour lister ce que l&apos;instrument envoie.</translation>
     </message>
     <message>
         <source>Is sent exactly as typed; nothing is added at its end.</source>
-        <translation>Est envoyé exactement tel quel&#xa0;; rien n&apos;est ajouté à la fin.</translation>
+        <translation>Est envoyé tel que saisi&#xa0;; rien n&apos;est ajouté à la fin.</translation>
     </message>
     <message>
         <source>&amp;Direct Send</source>
@@ -1893,7 +1893,7 @@ Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Ré
     </message>
     <message>
         <source>The newest values that the instrument has sent in a run.</source>
-        <translation>Les valeurs les plus récentes que l&apos;instrument a envoyées dans une mesure.</translation>
+        <translation>Les valeurs les plus récentes que l&apos;instrument a envoyées au cours d&apos;une mesure.</translation>
     </message>
     <message>
         <source>About Orv Host</source>
@@ -1906,7 +1906,7 @@ Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Ré
     <message>
         <source>Connects the ORV self-logging optical water sensors GLOW and TRX:
 settings, live data, stored data, calibration.</source>
-        <translation>Connecte les capteurs optiques d&apos;eau autonomes ORV GLOW et TRX&#xa0;:
+        <translation>Connecte les capteurs optiques autonomes ORV pour l&apos;eau, GLOW et TRX&#xa0;:
 réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
@@ -1923,7 +1923,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>Why the dialog is here</source>
-        <translation>Pourquoi ce dialogue est là</translation>
+        <translation>Raison de cette boîte de dialogue</translation>
     </message>
     <message>
         <source>&amp;Start</source>
@@ -1963,7 +1963,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>Reset on the page Status and Controls stops it.</source>
-        <translation>Réinitialiser sur la page État et commandes l&apos;arrête.</translation>
+        <translation>«&#xa0;Réinitialiser&#xa0;» sur la page «&#xa0;État et commandes&#xa0;» y met fin.</translation>
     </message>
     <message>
         <source>&amp;Abort</source>
@@ -1975,7 +1975,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>In Plain English</source>
-        <translation>En mots</translation>
+        <translation>En clair</translation>
     </message>
     <message>
         <source>&amp;Close</source>
@@ -2007,7 +2007,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>What the curves are drawn over.</source>
-        <translation>Sur quoi les courbes sont dessinées.</translation>
+        <translation>En fonction de quoi les courbes sont tracées.</translation>
     </message>
     <message>
         <source>Record number</source>
@@ -2015,7 +2015,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>All curves on one axis; a pane for each, with its own scale; or each less its mean over what is seen.</source>
-        <translation>Toutes les courbes sur un axe&#xa0;; un panneau pour chacune avec sa propre échelle&#xa0;; ou chacune moins sa moyenne sur ce qui est vu.</translation>
+        <translation>Toutes les courbes sur un axe&#xa0;; un panneau pour chacune avec sa propre échelle&#xa0;; ou chacune moins sa moyenne sur la partie visible.</translation>
     </message>
     <message>
         <source>One axis</source>
@@ -2035,15 +2035,15 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>Shows the newest rows as they come.</source>
-        <translation>Montre les lignes les plus récentes à leur arrivée.</translation>
+        <translation>Affiche les lignes les plus récentes à leur arrivée.</translation>
     </message>
     <message>
         <source>Show A&amp;ll</source>
-        <translation>&amp;Tout montrer</translation>
+        <translation>&amp;Tout afficher</translation>
     </message>
     <message>
         <source>Shows all rows. A double click on the curves does the same.</source>
-        <translation>Montre toutes les lignes. Un double clic sur les courbes fait de même.</translation>
+        <translation>Affiche toutes les lignes. Un double clic sur les courbes fait de même.</translation>
     </message>
     <message>
         <source>Choose &amp;Range</source>
@@ -2067,7 +2067,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>Saves the curves as they are seen as a PNG, PDF or SVG file.</source>
-        <translation>Enregistre les courbes telles qu&apos;elles se voient en fichier PNG, PDF ou SVG.</translation>
+        <translation>Enregistre les courbes telles qu&apos;elles sont affichées dans un fichier PNG, PDF ou SVG.</translation>
     </message>
     <message>
         <source>Cop&amp;y</source>
@@ -2075,7 +2075,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>Copies the curves as they are seen as a picture to the clipboard.</source>
-        <translation>Copie les courbes telles qu&apos;elles se voient comme image dans le presse-papiers.</translation>
+        <translation>Copie l&apos;image des courbes telles qu&apos;elles sont affichées dans le presse-papiers.</translation>
     </message>
     <message>
         <source>Print &amp;Graph...</source>
@@ -2083,55 +2083,55 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>Prints the curves as they are seen.</source>
-        <translation>Imprime les courbes telles qu&apos;elles se voient.</translation>
+        <translation>Imprime les courbes telles qu&apos;elles sont affichées.</translation>
     </message>
     <message>
         <source>No rows yet.
 
 Collect or download data, or open a sheet: its columns are drawn here.</source>
-        <translation>Pas encore de lignes.
+        <translation>Aucune ligne.
 
-Mesurez, téléchargez des données ou ouvrez une feuille&#xa0;: ses colonnes sont dessinées ici.</translation>
+Mesurez, téléchargez des données ou ouvrez une feuille&#xa0;: ses colonnes sont tracées ici.</translation>
     </message>
     <message>
         <source>No row can be placed on this axis.
 
 Choose the other one under &quot;X axis&quot;.</source>
-        <translation>Aucune ligne n&apos;a de place sur cet axe.
+        <translation>Aucune ligne ne peut être placée sur cet axe.
 
 Choisissez l&apos;autre sous «&#xa0;Axe X&#xa0;».</translation>
     </message>
     <message>
         <source>All curves are switched off.</source>
-        <translation>Toutes les courbes sont éteintes.</translation>
+        <translation>Toutes les courbes sont masquées.</translation>
     </message>
     <message>
         <source>1 row of another type of instrument is not drawn.</source>
-        <translation>1 ligne d&apos;un autre type d&apos;instrument n&apos;est pas dessinée.</translation>
+        <translation>1 ligne d&apos;un autre type d&apos;instrument n&apos;est pas tracée.</translation>
     </message>
     <message>
         <source>%1 rows of another type of instrument are not drawn.</source>
-        <translation>%1 lignes d&apos;un autre type d&apos;instrument ne sont pas dessinées.</translation>
+        <translation>%1 lignes d&apos;un autre type d&apos;instrument ne sont pas tracées.</translation>
     </message>
     <message>
         <source>1 row without a readable time is not drawn.</source>
-        <translation>1 ligne sans heure lisible n&apos;est pas dessinée.</translation>
+        <translation>1 ligne sans heure lisible n&apos;est pas tracée.</translation>
     </message>
     <message>
         <source>%1 rows without a readable time are not drawn.</source>
-        <translation>%1 lignes sans heure lisible ne sont pas dessinées.</translation>
+        <translation>%1 lignes sans heure lisible ne sont pas tracées.</translation>
     </message>
     <message>
         <source>1 row without a record number is not drawn.</source>
-        <translation>1 ligne sans numéro d&apos;enregistrement n&apos;est pas dessinée.</translation>
+        <translation>1 ligne sans numéro d&apos;enregistrement n&apos;est pas tracée.</translation>
     </message>
     <message>
         <source>%1 rows without a record number are not drawn.</source>
-        <translation>%1 lignes sans numéro d&apos;enregistrement ne sont pas dessinées.</translation>
+        <translation>%1 lignes sans numéro d&apos;enregistrement ne sont pas tracées.</translation>
     </message>
     <message>
         <source>Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click shows all.</source>
-        <translation>La molette zoome l&apos;axe, avec Ctrl les valeurs&#xa0;; glisser déplace, avec Maj choisit une plage&#xa0;; un double clic montre tout.</translation>
+        <translation>La molette zoome l&apos;axe, avec Ctrl les valeurs&#xa0;; glisser déplace, avec Maj choisit une plage&#xa0;; un double clic affiche tout.</translation>
     </message>
     <message>
         <source>Row under the cursor</source>
@@ -2147,7 +2147,7 @@ Choisissez l&apos;autre sous «&#xa0;Axe X&#xa0;».</translation>
 Choose another folder or make room on the disk, then save again.</source>
         <translation>L&apos;image n&apos;a pas pu être enregistrée sous %1&#xa0;: %2.
 
-Choisissez un autre dossier ou libérez de la place, puis enregistrez à nouveau.</translation>
+Choisissez un autre dossier ou libérez de l&apos;espace disque, puis enregistrez à nouveau.</translation>
     </message>
     <message>
         <source>Print Graph</source>
@@ -2157,7 +2157,7 @@ Choisissez un autre dossier ou libérez de la place, puis enregistrez à nouveau
         <source>The printer did not take the page.
 
 See whether it is switched on and connected, then print again, or save the curves as PDF and print that.</source>
-        <translation>L&apos;imprimante n&apos;a pas pris la page.
+        <translation>L&apos;imprimante n&apos;a pas accepté la page.
 
 Vérifiez qu&apos;elle est allumée et connectée, puis imprimez à nouveau, ou enregistrez les courbes en PDF et imprimez celui-ci.</translation>
     </message>
@@ -2223,7 +2223,7 @@ Vérifiez qu&apos;elle est allumée et connectée, puis imprimez à nouveau, ou 
     </message>
     <message>
         <source>&amp;Contents</source>
-        <translation>&amp;Contenu</translation>
+        <translation>&amp;Sommaire</translation>
     </message>
     <message>
         <source>&amp;Save Support File...</source>
@@ -2269,7 +2269,7 @@ Vérifiez qu&apos;elle est allumée et connectée, puis imprimez à nouveau, ou 
         <source>%1 already exists.
 Do you want to replace it?</source>
         <translation>%1 existe déjà.
-Le remplacer&#xa0;?</translation>
+Voulez-vous le remplacer&#xa0;?</translation>
     </message>
     <message>
         <source>%1
@@ -2281,11 +2281,11 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Only digits, at most %1.</source>
-        <translation>Seulement des chiffres, au plus %1.</translation>
+        <translation>Uniquement des chiffres, %1 au plus.</translation>
     </message>
     <message>
         <source>Only a number: a sign, digits, a point.</source>
-        <translation>Seulement un nombre&#xa0;: signe, chiffres, un point.</translation>
+        <translation>Uniquement un nombre&#xa0;: signe, chiffres, un point.</translation>
     </message>
     <message>
         <source>%1 is less than the minimum of %2.</source>
@@ -2301,7 +2301,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Left and Right move to the row before and after, with Shift they move the curves; Plus and Minus zoom, Home shows all, End follows the newest rows. Space begins and ends the choice of a range, Escape drops it.</source>
-        <translation>Gauche et Droite vont à la ligne d&apos;avant et d&apos;après, avec Maj elles déplacent les courbes&#xa0;; Plus et Moins zooment, Début montre tout, Fin suit les lignes les plus récentes. Espace commence et finit le choix d&apos;une plage, Échap l&apos;abandonne.</translation>
+        <translation>Gauche et Droite vont à la ligne précédente ou suivante, avec Maj elles déplacent les courbes&#xa0;; Plus et Moins zooment, Début affiche tout, Fin suit les lignes les plus récentes. Espace commence et termine le choix d&apos;une plage, Échap l&apos;abandonne.</translation>
     </message>
     <message>
         <source>Device behind COM %1</source>
@@ -2333,7 +2333,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Closes COM %1. Rows on the sheet stay.</source>
-        <translation>Ferme COM %1. Les lignes de la feuille restent.</translation>
+        <translation>Ferme COM %1. Les lignes de la feuille sont conservées.</translation>
     </message>
     <message>
         <source>Wakes the instrument on COM %1 and reads its settings.</source>
@@ -2365,7 +2365,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Chooses a simulated scattering meter for COM 1 and connects: everything can be tried without an instrument.</source>
-        <translation>Choisit un diffusiomètre simulé pour COM 1 et connecte&#xa0;: tout peut être essayé sans instrument.</translation>
+        <translation>Choisit un diffusiomètre simulé pour COM 1 et lance la connexion&#xa0;: tout peut être essayé sans instrument.</translation>
     </message>
     <message>
         <source>not sent</source>
@@ -2373,7 +2373,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>No instrument has reported these settings.</source>
-        <translation>Aucun instrument n&apos;a signalé ces réglages.</translation>
+        <translation>Aucun instrument n&apos;a transmis ces réglages.</translation>
     </message>
     <message>
         <source>These settings have not been sent to the instrument: %1.</source>
@@ -2393,11 +2393,11 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>&amp;Save A User Defined Mode</source>
-        <translation>En&amp;registrer un mode personnel</translation>
+        <translation>En&amp;registrer un mode personnalisé</translation>
     </message>
     <message>
         <source>&amp;Load A User Defined Mode</source>
-        <translation>&amp;Charger un mode personnel</translation>
+        <translation>&amp;Charger un mode personnalisé</translation>
     </message>
     <message>
         <source>&amp;View Current Settings Transcribed as Text</source>
@@ -2409,11 +2409,11 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>This mode Autostarts, takes 1 data point per second, and repeats this indefinatly. Data is NOT logged.</source>
-        <translation>Ce mode démarre seul, prend 1 point de données par seconde et le répète sans fin. Les données ne sont PAS enregistrées.</translation>
+        <translation>Ce mode démarre seul, prend 1 point de données par seconde et le répète sans fin. Les données ne sont PAS mémorisées.</translation>
     </message>
     <message>
         <source>This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up to 60000 data points.</source>
-        <translation>Ce mode démarre seul et prend 1 point de données par seconde. Il se répète une fois par heure. Il enregistre jusqu&apos;à 60000 points.</translation>
+        <translation>Ce mode démarre seul et prend 1 point de données par seconde. Il se répète une fois par heure. Il mémorise jusqu&apos;à 60000 points de données.</translation>
     </message>
     <message>
         <source>Time and Date</source>
@@ -2461,19 +2461,19 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>This tells the Host to set the Loggers Time and Date to that of the Computer. (Updated after send settings)</source>
-        <translation>Règle l&apos;heure et la date de l&apos;enregistreur sur l&apos;ordinateur. (Après l&apos;envoi des réglages)</translation>
+        <translation>Règle l&apos;heure et la date de l&apos;enregistreur sur celles de l&apos;ordinateur. (Après l&apos;envoi des réglages)</translation>
     </message>
     <message>
         <source>At the full &amp;minute</source>
-        <translation>À la minute &amp;pleine</translation>
+        <translation>Au début d&apos;une &amp;minute</translation>
     </message>
     <message>
         <source>Waits until a minute begins, so that the Loggers seconds are right too: it takes hour and minute only.</source>
-        <translation>Attend le début d&apos;une minute, pour que les secondes de l&apos;enregistreur soient justes aussi&#xa0;: il ne prend qu&apos;heure et minute.</translation>
+        <translation>Attend le début d&apos;une minute, pour que les secondes de l&apos;enregistreur soient justes aussi&#xa0;: il n&apos;accepte que l&apos;heure et la minute.</translation>
     </message>
     <message>
         <source>The clock is set at %1, in %2 s.</source>
-        <translation>L&apos;horloge est réglée à %1, dans %2 s.</translation>
+        <translation>L&apos;horloge sera réglée à %1, dans %2 s.</translation>
     </message>
     <message>
         <source>Control Bits</source>
@@ -2489,7 +2489,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Max Values</source>
-        <translation>Valeurs maximales</translation>
+        <translation>Valeurs max.</translation>
     </message>
     <message>
         <source>Samples and Intervals</source>
@@ -2497,7 +2497,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Logger Capacity (% full)</source>
-        <translation>Mémoire de l&apos;enregistreur (% plein)</translation>
+        <translation>Mémoire occupée (%)</translation>
     </message>
     <message>
         <source>Memory pointer</source>
@@ -2505,19 +2505,19 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>This is the % of data memory used in the logger.</source>
-        <translation>Le % de mémoire de données utilisé dans l&apos;enregistreur.</translation>
+        <translation>Part de la mémoire de données utilisée dans l&apos;enregistreur, en %.</translation>
     </message>
     <message>
         <source>Memory pointer as the logger reports it, 0 to 65525.</source>
-        <translation>Pointeur de mémoire signalé par l&apos;enregistreur, 0 à 65525.</translation>
+        <translation>Pointeur de mémoire indiqué par l&apos;enregistreur, 0 à 65525.</translation>
     </message>
     <message>
         <source>Clean Water Offset</source>
-        <translation>Décalage eau claire</translation>
+        <translation>Décalage en eau claire</translation>
     </message>
     <message>
         <source>&amp;Provide Raw Counts</source>
-        <translation>Donner les comptes brut&amp;s</translation>
+        <translation>Fournir les comptes brut&amp;s</translation>
     </message>
     <message>
         <source>Angle &amp;100 (l1)</source>
@@ -2537,11 +2537,11 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>&amp;Load Device File</source>
-        <translation>&amp;Charger le fichier d&apos;appareil</translation>
+        <translation>&amp;Charger un fichier d&apos;appareil</translation>
     </message>
     <message>
         <source>&amp;Save Device File</source>
-        <translation>En&amp;registrer le fichier d&apos;appareil</translation>
+        <translation>En&amp;registrer un fichier d&apos;appareil</translation>
     </message>
     <message>
         <source>Calc &amp;B Values</source>
@@ -2581,7 +2581,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>The settings in plain English</source>
-        <translation>Les réglages en mots</translation>
+        <translation>Les réglages en clair</translation>
     </message>
     <message>
         <source>Choose a tab to see its settings.</source>
@@ -2593,7 +2593,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Changed and not sent yet: %1</source>
-        <translation>Changé et pas encore envoyé&#xa0;: %1</translation>
+        <translation>Modifié et pas encore envoyé&#xa0;: %1</translation>
     </message>
     <message>
         <source>&amp;Retrieve Settings</source>
@@ -2649,7 +2649,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Select cells, a row by its number or a column by its header: to copy them, and for their mean and standard deviation.</source>
-        <translation>Sélectionnez des cellules, une ligne par son numéro ou une colonne par son en-tête&#xa0;: pour les copier, et pour leur moyenne et leur écart type.</translation>
+        <translation>Sélectionnez des cellules, une ligne par son numéro ou une colonne par son en-tête, pour les copier ou voir moyenne et écart type.</translation>
     </message>
     <message>
         <source>Default File Name, and the file name used for auto-recording of long profiles.</source>
@@ -2669,7 +2669,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Save all Data on the Spread Sheet to a Tab Delimited Text File.</source>
-        <translation>Enregistre toutes les données de la feuille dans un fichier texte à tabulations.</translation>
+        <translation>Enregistre toutes les données de la feuille dans un fichier texte séparé par des tabulations.</translation>
     </message>
     <message>
         <source>E&amp;xport</source>
@@ -2721,11 +2721,11 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>The next cell with this text. The Enter key does the same.</source>
-        <translation>La cellule suivante avec ce texte. La touche Entrée fait de même.</translation>
+        <translation>La cellule suivante contenant ce texte. La touche Entrée fait de même.</translation>
     </message>
     <message>
         <source>The cell with this text before.</source>
-        <translation>La cellule précédente avec ce texte.</translation>
+        <translation>La cellule précédente contenant ce texte.</translation>
     </message>
     <message>
         <source>C&amp;lose</source>
@@ -2733,7 +2733,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Puts the line away. The Escape key does the same.</source>
-        <translation>Retire la ligne. La touche Échap fait de même.</translation>
+        <translation>Masque la barre de recherche. La touche Échap fait de même.</translation>
     </message>
     <message>
         <source>F&amp;ind :</source>
@@ -2797,7 +2797,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>No rows yet. Connect, then press Run.</source>
-        <translation>Pas encore de lignes. Connectez, puis appuyez sur Mesurer.</translation>
+        <translation>Aucune ligne. Connectez l&apos;instrument, puis «&#xa0;Mesurer&#xa0;».</translation>
     </message>
     <message>
         <source>How far the run or the download has come</source>
@@ -2865,7 +2865,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Moves the instrument&apos;s shutter back to its rest position.</source>
-        <translation>Amène l&apos;obturateur de l&apos;instrument à sa position de repos.</translation>
+        <translation>Ramène l&apos;obturateur de l&apos;instrument à sa position de repos.</translation>
     </message>
     <message>
         <source>Sending the settings</source>
@@ -2885,7 +2885,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Nothing read or sent yet</source>
-        <translation>Rien lu ni envoyé encore</translation>
+        <translation>Encore rien lu ni envoyé</translation>
     </message>
     <message>
         <source>Status lamp</source>
@@ -2894,11 +2894,11 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>%1 of %2</source>
         <comment>the mean of a column</comment>
-        <translation>%1 sur %2</translation>
+        <translation>%1 de %2</translation>
     </message>
     <message>
         <source>%1; the disk may be full</source>
-        <translation>%1 ; le disque est peut-être plein</translation>
+        <translation>%1&#xa0;; le disque est peut-être plein</translation>
     </message>
     <message>
         <source>Chapters</source>
@@ -2926,7 +2926,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>To what was shown before.</source>
-        <translation>À ce qui était montré avant.</translation>
+        <translation>Revient à ce qui était affiché avant.</translation>
     </message>
     <message>
         <source>&amp;Forward</source>
@@ -2934,11 +2934,11 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>To what you came back from.</source>
-        <translation>À l&apos;endroit d&apos;où vous êtes revenu.</translation>
+        <translation>Va à l&apos;endroit quitté avec «&#xa0;Retour&#xa0;».</translation>
     </message>
     <message>
         <source>The next place with this text. The Enter key does the same.</source>
-        <translation>L&apos;endroit suivant avec ce texte. La touche Entrée fait de même.</translation>
+        <translation>Le passage suivant contenant ce texte. La touche Entrée fait de même.</translation>
     </message>
     <message>
         <source>&amp;Previous</source>
@@ -2946,7 +2946,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>The place with this text before.</source>
-        <translation>L&apos;endroit précédent avec ce texte.</translation>
+        <translation>Le passage précédent contenant ce texte.</translation>
     </message>
     <message>
         <source>Export 1 row</source>
@@ -2970,19 +2970,19 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>%1 Reset stops it.</source>
-        <translation>%1 Réinitialiser l&apos;arrête.</translation>
+        <translation>%1 «&#xa0;Réinitialiser&#xa0;» y met fin.</translation>
     </message>
     <message>
         <source>Waiting for the full minute: %1 s.</source>
-        <translation>Attente de la minute pleine&#xa0;: %1 s.</translation>
+        <translation>Attente du début de la minute&#xa0;: %1 s.</translation>
     </message>
     <message>
         <source>within %1 s of this computer&apos;s</source>
-        <translation>à %1 s près comme l&apos;ordinateur</translation>
+        <translation>écart de %1 s au plus avec l&apos;ordinateur</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
-        <translation>L&apos;horloge de l&apos;instrument a été réglée à la minute pleine&#xa0;: %1.</translation>
+        <translation>L&apos;horloge de l&apos;instrument a été réglée au début d&apos;une minute&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1.</source>
@@ -2990,7 +2990,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation>Attente</translation>
+        <translation>En attente</translation>
     </message>
     <message>
         <source>Setting the clock</source>
@@ -2998,15 +2998,15 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>&quot;Sync Time/Date&quot; alone leaves the clock up to 59 s behind: the command carries no seconds. &quot;At the full minute&quot; waits until a minute begins, so that the seconds are right too.</source>
-        <translation>«&#xa0;Synchroniser date/heure&#xa0;» seul laisse l&apos;horloge jusqu&apos;à 59 s en retard&#xa0;: la commande ne porte pas de secondes. «&#xa0;À la minute pleine&#xa0;» attend le début d&apos;une minute, pour que les secondes soient justes aussi.</translation>
+        <translation>«&#xa0;Synchroniser date/heure&#xa0;» seul laisse l&apos;horloge jusqu&apos;à 59 s en retard&#xa0;: la commande ne transmet pas les secondes. «&#xa0;Au début d&apos;une minute&#xa0;» attend qu&apos;une minute commence, pour que les secondes soient justes aussi.</translation>
     </message>
     <message>
         <source>%1 &quot;At the full minute&quot; sets it right.</source>
-        <translation>%1 «&#xa0;À la minute pleine&#xa0;» la met à l&apos;heure.</translation>
+        <translation>%1 «&#xa0;Au début d&apos;une minute&#xa0;» la met à l&apos;heure.</translation>
     </message>
     <message>
         <source>%1 %2 is still ticked: &quot;Apply Settings&quot; sets the clock again.</source>
-        <translation>%1 «&#xa0;%2&#xa0;» est encore coché&#xa0;: «&#xa0;Envoyer les réglages&#xa0;» règle de nouveau l&apos;horloge.</translation>
+        <translation>%1 «&#xa0;%2&#xa0;» est encore coché&#xa0;: «&#xa0;Envoyer les réglages&#xa0;» réglera de nouveau l&apos;horloge.</translation>
     </message>
     <message>
         <source>1 column</source>
@@ -3046,11 +3046,11 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>No rows yet. Press Run.</source>
-        <translation>Pas encore de lignes. Appuyez sur Mesurer.</translation>
+        <translation>Aucune ligne. Appuyez sur «&#xa0;Mesurer&#xa0;».</translation>
     </message>
     <message>
         <source>%1. &quot;At the full minute&quot; sets it.</source>
-        <translation>%1. «&#xa0;À la minute pleine&#xa0;» la règle.</translation>
+        <translation>%1. «&#xa0;Au début d&apos;une minute&#xa0;» la règle.</translation>
     </message>
     <message>
         <source>it has been removed</source>
@@ -3058,11 +3058,11 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Not sent whole: the connection ended. What was sent before stays in the instrument. Connect to see what it has.</source>
-        <translation>Pas envoyé en entier&#xa0;: la connexion a pris fin. Ce qui a été envoyé avant reste dans l&apos;instrument. Connectez pour voir ce qu&apos;il a.</translation>
+        <translation>Envoi incomplet&#xa0;: la connexion a pris fin. Ce qui a été envoyé avant reste dans l&apos;instrument. Connectez-le pour voir ce qu&apos;il contient.</translation>
     </message>
     <message>
         <source>%1 %2, not saved.</source>
-        <translation>%1 %2, non enregistré.</translation>
+        <translation>%1 %2 à enregistrer.</translation>
     </message>
 </context>
 </TS>
