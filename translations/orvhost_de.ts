@@ -1348,11 +1348,11 @@ Der Lauf geht weiter, und jede Zeile ist auf dem Blatt. Das Blatt nach dem Lauf 
         <translation>Die letzte Zeile war abgeschnitten und wurde ausgelassen.</translation>
     </message>
     <message>
-        <source>1 line could not be read and left out.</source>
+        <source>1 line could not be read and was left out.</source>
         <translation>1 Zeile war nicht lesbar und wurde ausgelassen.</translation>
     </message>
     <message>
-        <source>%1 lines could not be read and left out.</source>
+        <source>%1 lines could not be read and were left out.</source>
         <translation>%1 Zeilen waren nicht lesbar und wurden ausgelassen.</translation>
     </message>
     <message>
@@ -1963,7 +1963,7 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
         <source>Reset on the page Status and Controls stops it.</source>
-        <translation>„Zurücksetzen“ auf der Seite „Status und Steuerung“ bricht den Vorgang ab.</translation>
+        <translation>„Zurücksetzen“ auf „Status und Steuerung“ bricht ab.</translation>
     </message>
     <message>
         <source>&amp;Abort</source>
@@ -2342,10 +2342,6 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>Ports</source>
         <translation>Anschlüsse</translation>
-    </message>
-    <message>
-        <source>Disconnect</source>
-        <translation>Verbinden</translation>
     </message>
     <message>
         <source>What is wrong with the device for COM %1</source>
@@ -3063,6 +3059,34 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>%1 %2, not saved.</source>
         <translation>%1 %2, nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>its process is not known</source>
+        <translation>ihr Prozess ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>%1 on the computer %2</source>
+        <translation>%1 auf dem Computer %2</translation>
+    </message>
+    <message>
+        <source>no lock file can be made in this folder</source>
+        <translation>in diesem Ordner lässt sich keine Sperrdatei anlegen</translation>
+    </message>
+    <message>
+        <source>other programs use this folder</source>
+        <translation>andere Programme benutzen diesen Ordner</translation>
+    </message>
+    <message>
+        <source>another program may use it (%1)</source>
+        <translation>ein anderes Programm benutzt sie vielleicht (%1)</translation>
+    </message>
+    <message>
+        <source>no lock file can be made beside it</source>
+        <translation>daneben lässt sich keine Sperrdatei anlegen</translation>
+    </message>
+    <message>
+        <source>they are of no known type of instrument</source>
+        <translation>sie gehören zu keinem bekannten Instrumententyp</translation>
     </message>
 </context>
 </TS>

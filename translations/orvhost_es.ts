@@ -1348,11 +1348,11 @@ La medición sigue y todas las filas están en la hoja. Guarde la hoja cuando te
         <translation>La última línea estaba cortada y se ha omitido.</translation>
     </message>
     <message>
-        <source>1 line could not be read and left out.</source>
+        <source>1 line could not be read and was left out.</source>
         <translation>No se pudo leer 1 línea y se ha omitido.</translation>
     </message>
     <message>
-        <source>%1 lines could not be read and left out.</source>
+        <source>%1 lines could not be read and were left out.</source>
         <translation>No se pudieron leer %1 líneas y se han omitido.</translation>
     </message>
     <message>
@@ -2344,10 +2344,6 @@ Compruebe el nombre.</translation>
         <translation>Puertos</translation>
     </message>
     <message>
-        <source>Disconnect</source>
-        <translation>Desconectar</translation>
-    </message>
-    <message>
         <source>What is wrong with the device for COM %1</source>
         <translation>Qué le pasa al dispositivo de COM %1</translation>
     </message>
@@ -3063,6 +3059,34 @@ Compruebe el nombre.</translation>
     <message>
         <source>%1 %2, not saved.</source>
         <translation>%1 %2 sin guardar.</translation>
+    </message>
+    <message>
+        <source>its process is not known</source>
+        <translation>no se conoce su proceso</translation>
+    </message>
+    <message>
+        <source>%1 on the computer %2</source>
+        <translation>%1 en el ordenador %2</translation>
+    </message>
+    <message>
+        <source>no lock file can be made in this folder</source>
+        <translation>no se puede crear ningún archivo de bloqueo en esta carpeta</translation>
+    </message>
+    <message>
+        <source>other programs use this folder</source>
+        <translation>otros programas usan esta carpeta</translation>
+    </message>
+    <message>
+        <source>another program may use it (%1)</source>
+        <translation>puede que otro programa la use (%1)</translation>
+    </message>
+    <message>
+        <source>no lock file can be made beside it</source>
+        <translation>no se puede crear un archivo de bloqueo a su lado</translation>
+    </message>
+    <message>
+        <source>they are of no known type of instrument</source>
+        <translation>no son de ningún tipo de instrumento conocido</translation>
     </message>
 </context>
 </TS>

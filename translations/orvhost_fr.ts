@@ -1348,11 +1348,11 @@ La mesure continue et chaque ligne est sur la feuille. Enregistrez la feuille ap
         <translation>La dernière ligne était tronquée et a été omise.</translation>
     </message>
     <message>
-        <source>1 line could not be read and left out.</source>
+        <source>1 line could not be read and was left out.</source>
         <translation>1 ligne n&apos;a pas pu être lue et a été omise.</translation>
     </message>
     <message>
-        <source>%1 lines could not be read and left out.</source>
+        <source>%1 lines could not be read and were left out.</source>
         <translation>%1 lignes n&apos;ont pas pu être lues et ont été omises.</translation>
     </message>
     <message>
@@ -2344,10 +2344,6 @@ Vérifiez le nom du fichier.</translation>
         <translation>Ports</translation>
     </message>
     <message>
-        <source>Disconnect</source>
-        <translation>Déconnecter</translation>
-    </message>
-    <message>
         <source>What is wrong with the device for COM %1</source>
         <translation>Ce qui ne va pas avec le périphérique de COM %1</translation>
     </message>
@@ -3063,6 +3059,34 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>%1 %2, not saved.</source>
         <translation>%1 %2 à enregistrer.</translation>
+    </message>
+    <message>
+        <source>its process is not known</source>
+        <translation>son processus n&apos;est pas connu</translation>
+    </message>
+    <message>
+        <source>%1 on the computer %2</source>
+        <translation>%1 sur l&apos;ordinateur %2</translation>
+    </message>
+    <message>
+        <source>no lock file can be made in this folder</source>
+        <translation>aucun fichier verrou ne peut être créé dans ce dossier</translation>
+    </message>
+    <message>
+        <source>other programs use this folder</source>
+        <translation>d&apos;autres programmes utilisent ce dossier</translation>
+    </message>
+    <message>
+        <source>another program may use it (%1)</source>
+        <translation>un autre programme l&apos;utilise peut-être (%1)</translation>
+    </message>
+    <message>
+        <source>no lock file can be made beside it</source>
+        <translation>aucun fichier verrou ne peut être créé à côté</translation>
+    </message>
+    <message>
+        <source>they are of no known type of instrument</source>
+        <translation>elles ne sont d&apos;aucun type d&apos;instrument connu</translation>
     </message>
 </context>
 </TS>

@@ -53,15 +53,15 @@ bool isOfThisComputer(const QLockFile& lock, const QString& computer) {
            (!machine.isEmpty() && machine == QSysInfo::machineUniqueId());
 }
 
-QString describe(const QLockFile& lock) {
+Words describe(const QLockFile& lock) {
     Holder holder;
     if (!readHolder(lock, holder)) {
-        return QStringLiteral("its process is not known");
+        return Words::tr("its process is not known");
     }
-    const QString process = QStringLiteral("process %1").arg(holder.process);
+    const Words process = Words::tr("process %1").arg(holder.process);
     return holder.computer.isEmpty() || isOfThisComputer(lock, holder.computer)
                ? process
-               : QStringLiteral("%1 on the computer %2").arg(process, holder.computer);
+               : Words::tr("%1 on the computer %2").arg(process, holder.computer);
 }
 
 } // namespace
@@ -87,7 +87,7 @@ void FolderPlace::take() {
             return;
         }
         if (lock_->error() != QLockFile::LockFailedError) {
-            otherProgram_.clear(); // a dead one's lock cannot be told from a living one's here
+            otherProgram_ = {}; // a dead one's lock cannot be told from a living one's here
             cannotLock_ = lock_->error() != QLockFile::PermissionError;
             number_ = cannotLock_ ? 0 : number_;
             lock_.reset();
@@ -101,12 +101,12 @@ void FolderPlace::take() {
     lock_.reset();
 }
 
-QString FolderPlace::claim() {
+Words FolderPlace::claim() {
     if (cannotLock_) {
-        return QStringLiteral("no lock file can be made in this folder");
+        return Words::tr("no lock file can be made in this folder");
     }
     if (number_ == 0) {
-        return QStringLiteral("other programs use this folder");
+        return Words::tr("other programs use this folder");
     }
     if (lock_) {
         return {};
@@ -117,8 +117,8 @@ QString FolderPlace::claim() {
         return {};
     }
     return lock->error() == QLockFile::LockFailedError
-               ? QStringLiteral("another program may use it (%1)").arg(describe(*lock))
-               : QStringLiteral("no lock file can be made beside it");
+               ? Words::tr("another program may use it (%1)").arg(describe(*lock))
+               : Words::tr("no lock file can be made beside it");
 }
 
 } // namespace orv

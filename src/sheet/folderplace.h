@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
+
 #include <QLockFile>
 #include <QString>
 
@@ -34,11 +36,11 @@ public:
 
     /// Makes sure that the place is locked before its files are written to; tries again if it was had without a lock.
     /// Returns the empty text, or why the files must be left alone.
-    QString claim();
+    Words claim();
 
     /// Which program has the first place: "process 4711", with the computer if that is another one. Empty if this one
     /// has it.
-    QString otherProgram() const { return otherProgram_; }
+    const Words& otherProgram() const { return otherProgram_; }
 
     /// A file's name in place `number`: "log.ohp", "log-2.ohp".
     static QString nameIn(int number, const QString& name);
@@ -49,7 +51,7 @@ public:
 private:
     int number_ = 1;
     bool cannotLock_ = false;
-    QString otherProgram_;
+    Words otherProgram_;
     std::unique_ptr<QLockFile> lock_;
 };
 

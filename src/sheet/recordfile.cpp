@@ -229,7 +229,7 @@ Words RecordFile::keepForNextStart(const DataSheet& sheet) {
         return {};
     }
     if (sheet.type().layout() == RowLayout::Unknown) {
-        return QStringLiteral("they are of no known type of instrument");
+        return Words::tr("they are of no known type of instrument");
     }
     Words reason = place_ != nullptr ? place_->claim() : QString();
     if (reason.isEmpty()) {
@@ -247,7 +247,7 @@ Words RecordFile::keepForNextStart(const DataSheet& sheet) {
     begun_ = true;
     saved_ = false;
     discarded_ = false;
-    return lockFailed_ ? QStringLiteral("no lock file can be made beside it") : QString();
+    return lockFailed_ ? Words::tr("no lock file can be made beside it") : Words();
 }
 
 void RecordFile::rowsSaved() {

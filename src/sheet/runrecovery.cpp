@@ -28,8 +28,8 @@ Words notRecovered(const RecordedRows& found) {
     }
     if (found.unreadableLines > 0) {
         notes << (found.unreadableLines == 1
-                      ? Words::tr("1 line could not be read and left out.")
-                      : Words::tr("%1 lines could not be read and left out.").arg(found.unreadableLines));
+                      ? Words::tr("1 line could not be read and was left out.")
+                      : Words::tr("%1 lines could not be read and were left out.").arg(found.unreadableLines));
     }
     if (found.missingRows > found.unreadableLines) {
         notes << (found.missingRows == 1

@@ -248,7 +248,7 @@ TEST_F(RunRecoveryTest, WhatIsLeftOutIsToldInOneMessageAndKept) {
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(toldText(), "The rows of the last run are on the sheet.\n\n"
                           "The last line was cut off and has been left out.\n"
-                          "1 line could not be read and left out.\n"
+                          "1 line could not be read and was left out.\n"
                           "The instrument's type was told by the rows; the sheet says TRX with firmware 500.\n\n"
                           "Nothing is lost: the record file " +
                               path("Orvtemp.tmp").toStdString() +

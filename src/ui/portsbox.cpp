@@ -334,6 +334,10 @@ PortsBox::PortsBox(Program& program)
     connect(&refreshTimer_, &QTimer::timeout, this, [this] { choices_.refreshIfChanged(); });
 }
 
+PortsBox::~PortsBox() {
+    qApp->disconnect(this); // a control loses the focus when it goes, after this object's own part
+}
+
 void PortsBox::addPort(QGridLayout& layout, int portNumber) {
     const int row = 2 * (portNumber - 1);
     const auto index = static_cast<std::size_t>(portNumber - 1);
@@ -342,8 +346,9 @@ void PortsBox::addPort(QGridLayout& layout, int portNumber) {
     choosers_.at(index) = chooser;
     buttons_.at(index) = button;
     // As wide with either caption, so that nothing moves.
-    QPushButton widest(Screen::tr("Disconnect"));
-    button->setMinimumWidth(widest.sizeHint().width());
+    for (const QString& caption : {Screen::tr("&Connect"), Screen::tr("Dis&connect")}) {
+        button->setMinimumWidth(std::max(button->minimumWidth(), QPushButton(caption).sizeHint().width()));
+    }
     auto* problem = makeValueLabel(QStringLiteral("PortProblem%1").arg(portNumber),
                                    Screen::tr("What is wrong with the device for COM %1").arg(portNumber));
     problem->setTextInteractionFlags(Qt::NoTextInteraction); // a click there must not finish what is typed

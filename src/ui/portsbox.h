@@ -94,6 +94,9 @@ private:
 class PortsBox final : public QGroupBox {
 public:
     explicit PortsBox(Program& program);
+    ~PortsBox() override;
+    PortsBox(const PortsBox&) = delete;
+    PortsBox& operator=(const PortsBox&) = delete;
 
     /// The Enter key, where no control of the page uses it: connects, on the port where the focus is or was.
     void enter();

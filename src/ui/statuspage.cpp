@@ -19,12 +19,20 @@ namespace {
 constexpr int columnsAcross = 3;
 constexpr int valueMargin = 4;
 
+/// The longest of the usual values.
+constexpr QLatin1String longestUsual("00000.00000");
+
+/// Whether a text has room where the usual values have it: figures and what stands between them are not wider than 0.
+bool isUsual(const QString& text) {
+    return text.size() <= longestUsual.size() &&
+           std::ranges::none_of(text, [](QChar character) { return character.isLetter(); });
+}
+
 /// Makes a value as large as a text in its letters, at least as wide as the usual ones. The size is fixed, so that most
 /// new values do not lay out the page anew.
 void fit(QLabel& value, const QString& text) {
     const QFontMetrics metrics = value.fontMetrics();
-    const int width =
-        std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(QStringLiteral("00000.00000")));
+    const int width = std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(longestUsual));
     value.setFixedSize(2 * valueMargin + width, metrics.height() + valueMargin);
 }
 
@@ -105,8 +113,7 @@ void NewestRowScreen::draw() {
         QLabel* value = values_[column];
         const QString text = sheet_.cell(row, static_cast<int>(column));
         if (value->text() != text) {
-            // Figures are equally wide: as many of them need the room of those before.
-            if (value->text().size() != text.size()) {
+            if (!isUsual(text) || !isUsual(value->text())) {
                 fit(*value, text);
             }
             value->setText(text);
