@@ -84,7 +84,7 @@ function(orv_add_test_program name)
         add_dependencies(${name} ${program})
     endforeach()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-        PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 120 ${lock})
+        PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300 ${lock})
 endfunction()
 
 # orv_add_tests(PROGRAM file...)

@@ -130,8 +130,10 @@ void StatisticsTable::show(const QString& what, const std::vector<Line>& lines) 
                 Screen::tr("%1 of %2", "the mean of a column").arg(Screen::tr(figures.at(figure).caption), name));
         }
     }
-    table_->setVisible(!lines.empty());
-    hint_->setVisible(lines.empty());
+    // The one that goes first: for a moment both would take more room than is kept.
+    QWidget* const shown = lines.empty() ? static_cast<QWidget*>(hint_) : table_;
+    (shown == table_ ? static_cast<QWidget*>(hint_) : table_)->hide();
+    shown->show();
     setVisible(!lines.empty() || !hint_->text().isEmpty());
 }
 
