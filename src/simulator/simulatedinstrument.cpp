@@ -309,7 +309,7 @@ void SimulatedInstrument::perform(const CommandReply& reply) {
 
 void SimulatedInstrument::startRun() {
     constexpr qint64 millisecondsPerHour = 3'600'000;
-    constexpr qint64 millisecondsPerSecond = 1000;
+    constexpr qint64 second = 1000;
     constexpr qsizetype linesOfEndlessRun = 100;
     if (settings_.logEnabled && !settings_.append) {
         memory_.erase();
@@ -327,7 +327,7 @@ void SimulatedInstrument::startRun() {
     pointRemainder_ = 0;
     activity_ = Activity::Running;
     activityDue_ = time_ + ticks(settings_.hoursBeforeBlock * millisecondsPerHour) + pointPeriod_;
-    pointPeriod_ += ticks(settings_.secondsBetweenPoints * millisecondsPerSecond);
+    pointPeriod_ += ticks(settings_.secondsBetweenPoints * second);
     fault_.beginCollection(settings_.pointsPerBlock > 0 ? settings_.pointsPerBlock : linesOfEndlessRun);
 }
 
