@@ -3088,5 +3088,13 @@ Bitte den Dateinamen prüfen.</translation>
         <source>they are of no known type of instrument</source>
         <translation>sie gehören zu keinem bekannten Instrumententyp</translation>
     </message>
+    <message>
+        <source>No rows yet.</source>
+        <translation>Noch keine Zeilen.</translation>
+    </message>
+    <message>
+        <source>Newest row (from before this run)</source>
+        <translation>Neueste Zeile (von vor dieser Messung)</translation>
+    </message>
 </context>
 </TS>

@@ -3088,5 +3088,13 @@ Compruebe el nombre.</translation>
         <source>they are of no known type of instrument</source>
         <translation>no son de ningún tipo de instrumento conocido</translation>
     </message>
+    <message>
+        <source>No rows yet.</source>
+        <translation>Aún no hay filas.</translation>
+    </message>
+    <message>
+        <source>Newest row (from before this run)</source>
+        <translation>Última fila (anterior a esta medición)</translation>
+    </message>
 </context>
 </TS>

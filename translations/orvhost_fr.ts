@@ -3088,5 +3088,13 @@ Vérifiez le nom du fichier.</translation>
         <source>they are of no known type of instrument</source>
         <translation>elles ne sont d&apos;aucun type d&apos;instrument connu</translation>
     </message>
+    <message>
+        <source>No rows yet.</source>
+        <translation>Aucune ligne.</translation>
+    </message>
+    <message>
+        <source>Newest row (from before this run)</source>
+        <translation>Dernière ligne (d&apos;avant cette mesure)</translation>
+    </message>
 </context>
 </TS>

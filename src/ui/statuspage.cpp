@@ -48,6 +48,7 @@ private:
     void draw();
 
     const DataSheet& sheet_;
+    const QProperty<bool>& noRowYet_;
     std::vector<QLabel*> captions_;
     std::vector<QLabel*> values_;
     QLabel* empty_;
@@ -57,6 +58,7 @@ private:
 NewestRowScreen::NewestRowScreen(const Program& program, LateTexts& counts)
     : QGroupBox(Screen::tr("Newest row"))
     , sheet_(program.sheet.data)
+    , noRowYet_(program.progress.noRowYet)
     , empty_(makeTextLabel("NoRowsYet", {})) {
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(32);
@@ -82,12 +84,19 @@ NewestRowScreen::NewestRowScreen(const Program& program, LateTexts& counts)
     for (int column = 0; column < columnsAcross; ++column) {
         grid->setColumnStretch(column, 1);
     }
-    bindings_.bind(program.link.session.commands.portOpen, [this](bool open) {
-        empty_->setText(open ? Screen::tr("No rows yet. Press Run.")
-                             : Screen::tr("No rows yet. Connect, then press Run."));
-    });
+    const CommandState& commands = program.link.session.commands;
+    const auto tellNext = [this, &commands](bool) {
+        empty_->setText(commands.canRun     ? Screen::tr("No rows yet. Press Run.")
+                        : commands.portOpen ? Screen::tr("No rows yet.")
+                                            : Screen::tr("No rows yet. Connect, then press Run."));
+    };
+    bindings_.bind(commands.canRun, tellNext);
+    bindings_.bind(commands.portOpen, tellNext);
     counts.bind(program.sheet.shown.counter, [this] { draw(); });
-    draw();
+    bindings_.bind(noRowYet_, [this, &counts](bool) {
+        counts.drawNow(); // the counts are of the same moment
+        draw();
+    });
 }
 
 void NewestRowScreen::changeEvent(QEvent* event) {
@@ -101,7 +110,14 @@ void NewestRowScreen::changeEvent(QEvent* event) {
 
 void NewestRowScreen::draw() {
     const int row = sheet_.rowCount() - 1;
+    const bool isOld = row >= 0 && noRowYet_;
     empty_->setVisible(row < 0);
+    if (values_.front()->isEnabled() == isOld) {
+        setTitle(isOld ? Screen::tr("Newest row (from before this run)") : Screen::tr("Newest row"));
+        for (QLabel* value : values_) {
+            value->setEnabled(!isOld);
+        }
+    }
     for (std::size_t column = 0; column < values_.size(); ++column) {
         const QString caption = row < 0 ? QString() : sheet_.columnNames().value(static_cast<qsizetype>(column));
         if (captions_[column]->text() != caption) {

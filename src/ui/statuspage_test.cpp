@@ -3,6 +3,7 @@
 #include "ui/portsbox.h"
 
 #include <QApplication>
+#include <QGroupBox>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QtTest/QTest>
@@ -288,6 +289,29 @@ TEST_F(StatusPageTest, SaysHowToGetRows) {
     EXPECT_EQ(text("NoRowsYet"), "No rows yet. Connect, then press Run.");
     connectBy([this] { first.click(); });
     EXPECT_EQ(text("NoRowsYet"), "No rows yet. Press Run.");
+    program.run();
+    EXPECT_EQ(text("NoRowsYet"), "No rows yet.") << "it has been pressed";
+}
+
+TEST_F(StatusPageTest, ARowFromBeforeTheRunDoesNotLookNew) {
+    connectBy([this] { first.click(); });
+    const auto& value = find<QLabel>("NewestValue0");
+    const auto title = [&value] { return qobject_cast<QGroupBox*>(value.parentWidget())->title().toStdString(); };
+    program.run();
+    receive("R\r\n");
+    receiveRow();
+    receive(">\r\n");
+    ASSERT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_EQ(title(), "Newest row");
+    EXPECT_TRUE(value.isEnabled());
+    program.run();
+    receive("R\r\n");
+    EXPECT_EQ(title(), "Newest row (from before this run)");
+    EXPECT_FALSE(value.isEnabled());
+    receiveRow();
+    EXPECT_EQ(title(), "Newest row");
+    EXPECT_TRUE(value.isEnabled());
+    EXPECT_EQ(value.text().toStdString(), text("StatusRows"));
 }
 
 TEST_F(StatusPageTest, NothingMovesWhenARemarkComesAndGoes) {
