@@ -1958,10 +1958,6 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
         <translation>Wert</translation>
     </message>
     <message>
-        <source>Percentage</source>
-        <translation>Prozentsatz</translation>
-    </message>
-    <message>
         <source>Reset on the page Status and Controls stops it.</source>
         <translation>„Zurücksetzen“ auf „Status und Steuerung“ bricht ab.</translation>
     </message>

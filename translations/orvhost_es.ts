@@ -1958,10 +1958,6 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
         <translation>Valor</translation>
     </message>
     <message>
-        <source>Percentage</source>
-        <translation>Porcentaje</translation>
-    </message>
-    <message>
         <source>Reset on the page Status and Controls stops it.</source>
         <translation>Restablecer en la página Estado y controles lo detiene.</translation>
     </message>

@@ -1958,10 +1958,6 @@ réglages, données en direct, données stockées, étalonnage.</translation>
         <translation>Valeur</translation>
     </message>
     <message>
-        <source>Percentage</source>
-        <translation>Pourcentage</translation>
-    </message>
-    <message>
         <source>Reset on the page Status and Controls stops it.</source>
         <translation>«&#xa0;Réinitialiser&#xa0;» sur la page «&#xa0;État et commandes&#xa0;» y met fin.</translation>
     </message>

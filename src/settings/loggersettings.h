@@ -155,7 +155,6 @@ struct ProgressState {
     QProperty<int> value{0};
     QProperty<Words> label{QStringLiteral("%")};
     QProperty<QString> valueLabel;
-    QProperty<QString> percentage; ///< Beside the "%" label during a download; empty otherwise.
 
     /// How far each field that is read and each prompt moves the bar on.
     static constexpr int step = 10;
@@ -164,7 +163,6 @@ struct ProgressState {
     void show() {
         label = QStringLiteral("%");
         valueLabel = QString();
-        percentage = QString();
         visible = true;
     }
 };
