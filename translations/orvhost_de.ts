@@ -484,10 +484,6 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
         <translation>Offline</translation>
     </message>
     <message>
-        <source>%1 could not be opened. Choose another port or free this one, then press Connect.</source>
-        <translation>%1 konnte nicht geöffnet werden. Anderen Anschluss wählen oder diesen freimachen, dann „Verbinden“ drücken.</translation>
-    </message>
-    <message>
         <source>No answer from COM %1</source>
         <translation>Keine Antwort von COM %1</translation>
     </message>
@@ -3091,6 +3087,10 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>Newest row (from before this run)</source>
         <translation>Neueste Zeile (von vor dieser Messung)</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. %2</source>
+        <translation>%1 konnte nicht geöffnet werden. %2</translation>
     </message>
 </context>
 </TS>

@@ -484,10 +484,6 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
         <translation>Sin conexión</translation>
     </message>
     <message>
-        <source>%1 could not be opened. Choose another port or free this one, then press Connect.</source>
-        <translation>No se pudo abrir %1. Elija otro puerto o libere este y pulse Conectar.</translation>
-    </message>
-    <message>
         <source>No answer from COM %1</source>
         <translation>COM %1 no responde</translation>
     </message>
@@ -3091,6 +3087,10 @@ Compruebe el nombre.</translation>
     <message>
         <source>Newest row (from before this run)</source>
         <translation>Última fila (anterior a esta medición)</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. %2</source>
+        <translation>No se pudo abrir %1. %2</translation>
     </message>
 </context>
 </TS>

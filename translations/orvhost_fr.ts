@@ -484,10 +484,6 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
         <translation>Hors ligne</translation>
     </message>
     <message>
-        <source>%1 could not be opened. Choose another port or free this one, then press Connect.</source>
-        <translation>%1 n&apos;a pas pu être ouvert. Choisissez un autre port ou libérez celui-ci, puis appuyez sur «&#xa0;Connecter&#xa0;».</translation>
-    </message>
-    <message>
         <source>No answer from COM %1</source>
         <translation>Pas de réponse de COM %1</translation>
     </message>
@@ -3091,6 +3087,10 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>Newest row (from before this run)</source>
         <translation>Dernière ligne (d&apos;avant cette mesure)</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. %2</source>
+        <translation>Impossible d&apos;ouvrir %1. %2</translation>
     </message>
 </context>
 </TS>
