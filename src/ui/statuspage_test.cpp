@@ -352,6 +352,19 @@ TEST_F(StatusPageTest, NothingMovesWhenARemarkComesAndGoes) {
     EXPECT_FALSE(area->verticalScrollBar()->isVisible());
 }
 
+TEST_F(StatusPageTest, ARowOfARunFitsIntoASmallWindow) {
+    connectBy([this] { first.click(); });
+    program.run();
+    receive("R\r\n");
+    receiveRow();
+    window->resize(800, 600);
+    pass(50);
+    const auto* area = qobject_cast<QScrollArea*>(find<QWidget>("StatusPage").parentWidget()->parentWidget());
+    ASSERT_TRUE(find<QLabel>("NewestValue6").isVisible());
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(area->verticalScrollBar()->isVisible());
+}
+
 TEST_F(StatusPageTest, TheNewestRowAndTheCountTellOfOneMoment) {
     connectBy([this] { first.click(); });
     program.run();
