@@ -166,7 +166,7 @@ TEST_F(SettingsExchangeTest, AClockThatIsToBeSetIsMarkedUntilItWasAndThenSaidToB
     clock.set(QDateTime(QDate(2026, 11, 21), QTime(9, 30, 10)));
     click("ApplySettings");
     live(4.0);
-    EXPECT_EQ(exchange(), "Waiting for the full minute: 46 s.");
+    EXPECT_EQ(exchange(), "Waiting for the full minute: 46 s. Reset on the page Status and Controls stops it.");
     EXPECT_FALSE(progress.visible.value());
     live(56.0);
     finish();

@@ -129,7 +129,8 @@ QWidget* SettingsWindow::makeExchange() {
             unsent += unsent.isEmpty() ? sync : QStringLiteral(", %1").arg(sync);
         }
         if (shown.secondsToFullMinute > 0) {
-            line->setText(shown.fullMinuteWait().shown());
+            line->setText(shown.fullMinuteWait().shown() + u' ' +
+                          Screen::tr("Reset on the page Status and Controls stops it."));
         } else if (!unsent.isEmpty() && activity != Activity::Sending && activity != Activity::SettingClock) {
             line->setText(Screen::tr("Changed and not sent yet: %1").arg(unsent));
         } else if (shown.syncTimeDate && !shown.syncPending && activity == Activity::None) {

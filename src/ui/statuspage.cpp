@@ -195,13 +195,7 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     };
     showUnlessEmpty(shown.shutterProgress, shutter);
     showUnlessEmpty(shown.shutterCountdown, countdown);
-    const SettingsState& settings = program.settings.shown;
-    const auto remark = [notice, &shown, &settings](auto&&) {
-        notice->setText(settings.secondsToFullMinute > 0 ? settings.fullMinuteWait().shown()
-                                                         : shown.notice.value().shown());
-    };
-    bindings_.bind(shown.notice, remark);
-    bindings_.bind(settings.secondsToFullMinute, remark);
+    bindText(bindings_, notice, shown.notice);
     bindings_.bind(program.progress.text, [this, progress](const Words& text) {
         progress->setText(text.shown());
         counts_.drawNow();
