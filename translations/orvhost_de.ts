@@ -3092,5 +3092,9 @@ Bitte den Dateinamen prüfen.</translation>
         <source>%1 could not be opened. %2</source>
         <translation>%1 konnte nicht geöffnet werden. %2</translation>
     </message>
+    <message>
+        <source>%1 and %2 others</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
 </context>
 </TS>

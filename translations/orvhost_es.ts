@@ -3092,5 +3092,9 @@ Compruebe el nombre.</translation>
         <source>%1 could not be opened. %2</source>
         <translation>No se pudo abrir %1. %2</translation>
     </message>
+    <message>
+        <source>%1 and %2 others</source>
+        <translation>%1 y %2 más</translation>
+    </message>
 </context>
 </TS>

@@ -3092,5 +3092,9 @@ Vérifiez le nom du fichier.</translation>
         <source>%1 could not be opened. %2</source>
         <translation>Impossible d&apos;ouvrir %1. %2</translation>
     </message>
+    <message>
+        <source>%1 and %2 others</source>
+        <translation>%1 et %2 autres</translation>
+    </message>
 </context>
 </TS>

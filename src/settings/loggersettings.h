@@ -74,8 +74,8 @@ SettingSet settingsThatDiffer(const LoggerSettings& one, const LoggerSettings& o
 /// What a setting has, for the operator: "on", "off", or the number; an empty one is "0".
 Words valueInWords(const Setting& setting, const LoggerSettings& settings);
 
-/// The captions of the settings: "Samples Per Second, Wake Up".
-Words captionsOf(const SettingSet& settings);
+/// The captions of the settings in the order of the screen: "Wake Up", "Samples Per Second".
+QList<Words> captionsOf(const SettingSet& settings);
 
 /// The status lamp of the settings screen: what goes on with the settings.
 enum class Lamp { Off, Reading, Sending, Sent, Read, Failed };

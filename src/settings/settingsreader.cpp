@@ -169,7 +169,7 @@ void SettingsReader::tellExchange() {
                                  ? Words::tr("Read from the instrument at %1").arg(time)
                                  : Words::tr("Read at %1, but not all: %2 could not be read. Press \"Retrieve "
                                              "Settings\".")
-                                       .arg(time, captionsOf(~understood));
+                                       .arg(time, join(captionsOf(~understood), QStringLiteral(", ")));
         return;
     }
     QList<Words> differences;

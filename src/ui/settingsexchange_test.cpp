@@ -146,6 +146,16 @@ TEST_F(SettingsExchangeTest, ChangedBoxesAreMarkedUntilTheyAreSent) {
     EXPECT_TRUE(exchange().starts_with("Sent and read back at ")) << exchange();
 }
 
+TEST_F(SettingsExchangeTest, WhatIsNotSentIsNamedInTheOrderOfTheScreenAndManyAreCounted) {
+    report();
+    for (const char* box : {"Gain", "AuxAdc", "WakeUp", "Append"}) {
+        find<QCheckBox>(box).click();
+    }
+    EXPECT_EQ(exchange(), "Changed and not sent yet: Append, Wake Up, Aux ADC, Gain");
+    find<QCheckBox>("AutoStart").click();
+    EXPECT_EQ(exchange(), "Changed and not sent yet: Auto Start, Append, Wake Up and 2 others");
+}
+
 TEST_F(SettingsExchangeTest, AClockThatIsToBeSetIsMarkedUntilItWasAndThenSaidToBeSetAgain) {
     const auto isMarked = [this] {
         const auto& mark = find<QLabel>("SyncTimeDateUnsent");

@@ -96,7 +96,7 @@ QString whetherSent(const SettingsState& shown) {
         return Screen::tr("No instrument has reported these settings.");
     }
     return shown.unsent().any() ? Screen::tr("These settings have not been sent to the instrument: %1.")
-                                      .arg(captionsOf(shown.unsent()).shown())
+                                      .arg(join(captionsOf(shown.unsent()), QStringLiteral(", ")).shown())
                                 : QString();
 }
 
