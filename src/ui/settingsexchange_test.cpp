@@ -2,6 +2,7 @@
 #include "base/text.h"
 #include "testing/windowrig.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QToolTip>
 
@@ -154,6 +155,14 @@ TEST_F(SettingsExchangeTest, WhatIsNotSentIsNamedInTheOrderOfTheScreenAndManyAre
     EXPECT_EQ(exchange(), "Changed and not sent yet: Append, Wake Up, Aux ADC, Gain");
     find<QCheckBox>("AutoStart").click();
     EXPECT_EQ(exchange(), "Changed and not sent yet: Auto Start, Append, Wake Up and 2 others");
+}
+
+TEST_F(SettingsExchangeTest, TheMarksOfTheControlBitsStandInOneColumn) {
+    openSettings("Control Bits");
+    QApplication::processEvents();
+    for (const char* mark : {"AppendUnsent", "LogEnabledUnsent", "GainUnsent"}) {
+        EXPECT_EQ(find<QLabel>(mark).x(), find<QLabel>("AutoStartUnsent").x()) << mark;
+    }
 }
 
 TEST_F(SettingsExchangeTest, AClockThatIsToBeSetIsMarkedUntilItWasAndThenSaidToBeSetAgain) {
