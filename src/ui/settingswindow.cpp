@@ -98,10 +98,11 @@ QWidget* SettingsWindow::makePlaceholder() {
     english->setWordWrap(true);
     auto* placeholder = new QWidget;
     auto* layout = new QVBoxLayout(placeholder);
-    layout->addStretch(1);
-    layout->addWidget(english);
+    auto* hint = makeHint("NoTabHint", Screen::tr("Choose a tab to see its settings."));
+    hint->setAlignment(Qt::AlignLeft);
+    layout->addWidget(hint);
     layout->addSpacing(16);
-    layout->addWidget(makeHint("NoTabHint", Screen::tr("Choose a tab to see its settings.")));
+    layout->addWidget(english);
     layout->addStretch(1);
     const SettingsState& shown = program_.settings.shown;
     const auto describe = [english, &shown] {
