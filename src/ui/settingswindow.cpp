@@ -227,6 +227,11 @@ void SettingsWindow::showFrame() {
     frames_->setCurrentWidget(frame);
 }
 
+void SettingsWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    setAttribute(Qt::WA_Resized); // else each showing takes a size of its own
+}
+
 void SettingsWindow::closeEvent(QCloseEvent* event) {
     program_.settings.shown.visible = false;
     QWidget::closeEvent(event);
