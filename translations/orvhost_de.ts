@@ -484,10 +484,6 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
         <translation>Offline</translation>
     </message>
     <message>
-        <source>%1 could not be opened. Choose another port or free this one, then press Connect.</source>
-        <translation>%1 konnte nicht geöffnet werden. Anderen Anschluss wählen oder diesen freimachen, dann „Verbinden“ drücken.</translation>
-    </message>
-    <message>
         <source>No answer from COM %1</source>
         <translation>Keine Antwort von COM %1</translation>
     </message>
@@ -1958,10 +1954,6 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
         <translation>Wert</translation>
     </message>
     <message>
-        <source>Percentage</source>
-        <translation>Prozentsatz</translation>
-    </message>
-    <message>
         <source>Reset on the page Status and Controls stops it.</source>
         <translation>„Zurücksetzen“ auf „Status und Steuerung“ bricht ab.</translation>
     </message>
@@ -3087,6 +3079,22 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>they are of no known type of instrument</source>
         <translation>sie gehören zu keinem bekannten Instrumententyp</translation>
+    </message>
+    <message>
+        <source>No rows yet.</source>
+        <translation>Noch keine Zeilen.</translation>
+    </message>
+    <message>
+        <source>Newest row (from before this run)</source>
+        <translation>Neueste Zeile (von vor dieser Messung)</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. %2</source>
+        <translation>%1 konnte nicht geöffnet werden. %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 others</source>
+        <translation>%1 und %2 weitere</translation>
     </message>
 </context>
 </TS>

@@ -484,10 +484,6 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
         <translation>Sin conexión</translation>
     </message>
     <message>
-        <source>%1 could not be opened. Choose another port or free this one, then press Connect.</source>
-        <translation>No se pudo abrir %1. Elija otro puerto o libere este y pulse Conectar.</translation>
-    </message>
-    <message>
         <source>No answer from COM %1</source>
         <translation>COM %1 no responde</translation>
     </message>
@@ -1958,10 +1954,6 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
         <translation>Valor</translation>
     </message>
     <message>
-        <source>Percentage</source>
-        <translation>Porcentaje</translation>
-    </message>
-    <message>
         <source>Reset on the page Status and Controls stops it.</source>
         <translation>Restablecer en la página Estado y controles lo detiene.</translation>
     </message>
@@ -3087,6 +3079,22 @@ Compruebe el nombre.</translation>
     <message>
         <source>they are of no known type of instrument</source>
         <translation>no son de ningún tipo de instrumento conocido</translation>
+    </message>
+    <message>
+        <source>No rows yet.</source>
+        <translation>Aún no hay filas.</translation>
+    </message>
+    <message>
+        <source>Newest row (from before this run)</source>
+        <translation>Última fila (anterior a esta medición)</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. %2</source>
+        <translation>No se pudo abrir %1. %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 others</source>
+        <translation>%1 y %2 más</translation>
     </message>
 </context>
 </TS>

@@ -484,10 +484,6 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
         <translation>Hors ligne</translation>
     </message>
     <message>
-        <source>%1 could not be opened. Choose another port or free this one, then press Connect.</source>
-        <translation>%1 n&apos;a pas pu être ouvert. Choisissez un autre port ou libérez celui-ci, puis appuyez sur «&#xa0;Connecter&#xa0;».</translation>
-    </message>
-    <message>
         <source>No answer from COM %1</source>
         <translation>Pas de réponse de COM %1</translation>
     </message>
@@ -1958,10 +1954,6 @@ réglages, données en direct, données stockées, étalonnage.</translation>
         <translation>Valeur</translation>
     </message>
     <message>
-        <source>Percentage</source>
-        <translation>Pourcentage</translation>
-    </message>
-    <message>
         <source>Reset on the page Status and Controls stops it.</source>
         <translation>«&#xa0;Réinitialiser&#xa0;» sur la page «&#xa0;État et commandes&#xa0;» y met fin.</translation>
     </message>
@@ -3087,6 +3079,22 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>they are of no known type of instrument</source>
         <translation>elles ne sont d&apos;aucun type d&apos;instrument connu</translation>
+    </message>
+    <message>
+        <source>No rows yet.</source>
+        <translation>Aucune ligne.</translation>
+    </message>
+    <message>
+        <source>Newest row (from before this run)</source>
+        <translation>Dernière ligne (d&apos;avant cette mesure)</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. %2</source>
+        <translation>Impossible d&apos;ouvrir %1. %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 others</source>
+        <translation>%1 et %2 autres</translation>
     </message>
 </context>
 </TS>

@@ -61,13 +61,13 @@ bool ComPorts::open() {
     if (isOpen()) {
         return true;
     }
-    const Words reason = openLine(
+    whyNotOpen_ = openLine(
         selected_, debugPort_,
         Words::tr("The debug output (\"Comm 2 Debug Output\") is using it. Connect the instrument to the other "
                   "port, or clear the box."));
-    if (!reason.isEmpty()) {
-        passed.tell({.kind = LineEvent::Kind::NotOpened, .text = reason.english()});
-        tellThatItCouldNotBeOpened(nameOf(selected_), reason);
+    if (!whyNotOpen_.isEmpty()) {
+        passed.tell({.kind = LineEvent::Kind::NotOpened, .text = whyNotOpen_.english()});
+        tellThatItCouldNotBeOpened(nameOf(selected_), whyNotOpen_);
         return false;
     }
     instrument_ = line(selected_).port.get();

@@ -66,6 +66,8 @@ public:
 
     /// Opens the instrument port. Returns whether it is open now; if not, the operator has been told why.
     bool open();
+    /// Why the last open() has not opened it.
+    const Words& whyNotOpen() const { return whyNotOpen_; }
     void close();
     void setDataTerminalReady(bool on);
     QByteArray readAll();
@@ -123,6 +125,7 @@ private:
     Port* instrument_ = nullptr; ///< The open line of the instrument.
     Port* debugPort_ = nullptr;  ///< The open line of the debug output.
     int selected_ = 1;
+    Words whyNotOpen_;
     Subscription stirring_;      ///< Of the instrument's line.
     Subscription debugStirring_; ///< Of the debug output's: what comes there is dropped.
 };

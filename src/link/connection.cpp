@@ -215,9 +215,8 @@ Task<> Connection::presets() {
     SessionState& state = session_.state;
     if (!ports_.open()) {
         fixit();
-        session_.status.failure = Words::tr("%1 could not be opened. Choose another port or free this one, then "
-                                            "press Connect.")
-                                      .arg(ports_.nameOf(ports_.selectedPort()));
+        session_.status.failure =
+            Words::tr("%1 could not be opened. %2").arg(ports_.nameOf(ports_.selectedPort()), ports_.whyNotOpen());
         throw ConnectionEnded();
     }
     bool replied = false;

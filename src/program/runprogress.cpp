@@ -48,6 +48,7 @@ void RunProgress::follow(Activity activity) {
     }
     begin();
     if (activity == Activity::Collecting) {
+        noRowYet = true;
         const LoggerSettings record = settings_.reported.value().value_or(settings_.record.value());
         constexpr double hour = 3600.0;
         rowsOfBlock_ = std::max(leadingNumber(record.pointsPerBlock), 0.0);
@@ -67,6 +68,7 @@ void RunProgress::end() {
     second_.reset();
     text = QString();
     late = QString();
+    noRowYet = false;
     disk = QString();
 }
 
@@ -74,6 +76,7 @@ void RunProgress::noteRow() {
     arrivals_.at(static_cast<std::size_t>(rows_) % arrivals_.size()) = session_.clock.monotonicMilliseconds();
     ++rows_;
     late = QString();
+    noRowYet = false;
 }
 
 /// Seconds between two of the newest rows, in the mean.

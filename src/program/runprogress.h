@@ -26,6 +26,8 @@ public:
     QProperty<Words> text;
     /// "No row for 8 s", once a row is late by three of the intervals in which rows came; empty while they come.
     QProperty<Words> late;
+    /// A run goes on and has brought no row yet: what is on the sheet is older.
+    QProperty<bool> noRowYet{false};
     /// "812 MB are free on the disk" below 1 GB; empty otherwise.
     QProperty<Words> disk;
 

@@ -118,6 +118,21 @@ TEST_F(RunProgressTest, WaitsForTheFirstRowsAsLongAsTheSettingsSay) {
     EXPECT_EQ(late(), "No row for 1 h 1 min");
 }
 
+TEST_F(RunProgressTest, TellsThatNoRowHasComeYet) {
+    const QProperty<bool>& noRowYet = program.progress.noRowYet;
+    EXPECT_FALSE(noRowYet);
+    for (const bool withRow : {true, false}) {
+        run();
+        EXPECT_TRUE(noRowYet);
+        if (withRow) {
+            receiveRow();
+            EXPECT_FALSE(noRowYet);
+        }
+        program.closePort();
+        EXPECT_FALSE(noRowYet);
+    }
+}
+
 TEST_F(RunProgressTest, ADownloadToo) {
     connectAndRead();
     program.vwhp();

@@ -92,14 +92,14 @@ Words valueInWords(const Setting& setting, const LoggerSettings& settings) {
     return plainNumber(leadingNumber(settings.*setting.number));
 }
 
-Words captionsOf(const SettingSet& settings) {
+QList<Words> captionsOf(const SettingSet& settings) {
     QList<Words> captions;
-    for (const Setting& setting : allSettings) {
-        if (settings.test(placeOf(setting))) {
-            captions << setting.plainCaption();
+    for (const Setting* setting : settingsInOrder("SMLWAGTDQI")) {
+        if (settings.test(placeOf(*setting))) {
+            captions << setting->plainCaption();
         }
     }
-    return join(captions, QStringLiteral(", "));
+    return captions;
 }
 
 Words SettingsState::fullMinuteWait() const {

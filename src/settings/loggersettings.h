@@ -74,8 +74,8 @@ SettingSet settingsThatDiffer(const LoggerSettings& one, const LoggerSettings& o
 /// What a setting has, for the operator: "on", "off", or the number; an empty one is "0".
 Words valueInWords(const Setting& setting, const LoggerSettings& settings);
 
-/// The captions of the settings: "Samples Per Second, Wake Up".
-Words captionsOf(const SettingSet& settings);
+/// The captions of the settings in the order of the screen: "Wake Up", "Samples Per Second".
+QList<Words> captionsOf(const SettingSet& settings);
 
 /// The status lamp of the settings screen: what goes on with the settings.
 enum class Lamp { Off, Reading, Sending, Sent, Read, Failed };
@@ -108,7 +108,7 @@ struct SettingsState {
     QProperty<QString> capacity;         ///< "Logger Capacity (% full)".
     QProperty<QString> memoryPointer;    ///< What it is computed from.
     QProperty<bool> syncTimeDate{false}; ///< "Sync Time/Date".
-    /// It has been ticked, and the clock of this connection's instrument has not been set since.
+    /// It has been ticked, and no clock has been set since.
     QProperty<bool> syncPending{false};
     /// The clock is set when a minute of the computer's clock begins, so that its seconds are right.
     QProperty<bool> atFullMinute{false};
@@ -155,7 +155,6 @@ struct ProgressState {
     QProperty<int> value{0};
     QProperty<Words> label{QStringLiteral("%")};
     QProperty<QString> valueLabel;
-    QProperty<QString> percentage; ///< Beside the "%" label during a download; empty otherwise.
 
     /// How far each field that is read and each prompt moves the bar on.
     static constexpr int step = 10;
@@ -164,7 +163,6 @@ struct ProgressState {
     void show() {
         label = QStringLiteral("%");
         valueLabel = QString();
-        percentage = QString();
         visible = true;
     }
 };

@@ -62,7 +62,6 @@ SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressStat
             link_.session.status.notice = Words();
         }
         settings_.clockSetting = Words();
-        settings_.syncPending = settings_.syncTimeDate.value();
         progress_.visible = false;
     })) {}
 
@@ -169,7 +168,7 @@ void SettingsReader::tellExchange() {
                                  ? Words::tr("Read from the instrument at %1").arg(time)
                                  : Words::tr("Read at %1, but not all: %2 could not be read. Press \"Retrieve "
                                              "Settings\".")
-                                       .arg(time, captionsOf(~understood));
+                                       .arg(time, join(captionsOf(~understood), QStringLiteral(", ")));
         return;
     }
     QList<Words> differences;

@@ -200,12 +200,9 @@ void Download::importtofg1(const QString& reply) {
 }
 
 void Download::showProgress(const Words& label) {
-    const int maximum = settings_.progress.maximum;
-    const int value = static_cast<int>(std::min<qint64>(bytes_, maximum));
     settings_.progress.label = label;
     settings_.progress.valueLabel = QString::number(bytes_);
-    settings_.progress.value = value;
-    settings_.progress.percentage = QStringLiteral("%1 %").arg(maximum > 0 ? qint64{value} * 100 / maximum : 0);
+    settings_.progress.value = static_cast<int>(std::min<qint64>(bytes_, settings_.progress.maximum));
 }
 
 Words Download::bringToDisk() {
@@ -265,7 +262,6 @@ void Download::closeTarget() {
     file_.close();
     bytes_ = 0;
     settings_.progress.label = QStringLiteral("%");
-    settings_.progress.percentage = QString();
     settings_.progress.visible = false;
     settings_.progress.value = 0;
 }

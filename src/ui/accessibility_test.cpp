@@ -144,7 +144,6 @@ TEST_P(AccessibilityTest, TheManualConnectionDialog) {
 TEST_P(AccessibilityTest, TheProcessingDialog) {
     program.settings.progress.show();
     program.settings.progress.valueLabel = QStringLiteral("4711");
-    program.settings.progress.percentage = QStringLiteral("12");
     auto& dialog = find<QDialog>("Processing");
     ASSERT_TRUE(dialog.isVisible());
     QCoreApplication::processEvents();

@@ -106,13 +106,11 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     bar->setTextVisible(false); // the labels tell it
     QLabel* label = makeValueLabel("ProgressLabel", Screen::tr("What is counted"));
     QLabel* value = makeValueLabel("ProgressValue", Screen::tr("Value"));
-    QLabel* percentage = makeValueLabel("ProgressPercentage", Screen::tr("Percentage"));
     auto* labels = new QHBoxLayout;
     labels->setSpacing(12);
     labels->addWidget(label);
     labels->addWidget(value);
     labels->addStretch(1);
-    labels->addWidget(percentage);
     const QString whatStops = Screen::tr("Reset on the page Status and Controls stops it.");
     auto* buttons = new QHBoxLayout;
     auto* abort = makeButton(
@@ -138,7 +136,6 @@ ProgressDialog::ProgressDialog(ProgressState& shown, QWidget* parent)
     bindings_.bind(shown.value, [drawBar](int /*value*/) { drawBar(); });
     bindText(bindings_, label, shown.label);
     bindText(bindings_, value, shown.valueLabel);
-    bindText(bindings_, percentage, shown.percentage);
     bindings_.bind(shown.visible, [this](bool visible) { visible ? static_cast<void>(showUnasked(*this)) : hide(); });
 }
 

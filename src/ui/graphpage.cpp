@@ -358,7 +358,8 @@ void GraphPage::readOut(int point) {
     pointed_ = point < data_.pointCount() ? point : -1;
     CurveList::Readout readout;
     readout.title = pointed_ >= 0 ? Screen::tr("Row under the cursor") : Screen::tr("Newest row");
-    const int row = pointed_ >= 0 ? data_.row(pointed_) : data_.rowCount() - 1;
+    const int newest = program_.progress.noRowYet ? -1 : data_.rowCount() - 1; // of the run, if one goes on
+    const int row = pointed_ >= 0 ? data_.row(pointed_) : newest;
     if (row >= data_.rowsOfOtherLayout() && row >= 0) {
         readout.record = sheet_.cell(row, sheetcolumn::record);
         readout.date = sheet_.cell(row, sheetcolumn::date);

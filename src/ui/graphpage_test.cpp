@@ -196,6 +196,7 @@ TEST_F(GraphPageTest, TheRowUnderTheCursorStaysWhenTheClockIsSetBack) {
     press(canvas(), Qt::Key_Right);
     EXPECT_NE(readout(), before);
     EXPECT_EQ(readout().substr(0, 23), "Row under the cursor|15") << "the row after";
+    commands.activity = Activity::None;
     sheet.removeRows();
     appendAndDraw(200);
     EXPECT_EQ(readout().substr(0, 15), "Newest row|200|") << "other rows, though there are as many";

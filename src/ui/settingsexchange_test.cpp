@@ -2,6 +2,7 @@
 #include "base/text.h"
 #include "testing/windowrig.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QToolTip>
 
@@ -146,6 +147,24 @@ TEST_F(SettingsExchangeTest, ChangedBoxesAreMarkedUntilTheyAreSent) {
     EXPECT_TRUE(exchange().starts_with("Sent and read back at ")) << exchange();
 }
 
+TEST_F(SettingsExchangeTest, WhatIsNotSentIsNamedInTheOrderOfTheScreenAndManyAreCounted) {
+    report();
+    for (const char* box : {"Gain", "AuxAdc", "WakeUp", "Append"}) {
+        find<QCheckBox>(box).click();
+    }
+    EXPECT_EQ(exchange(), "Changed and not sent yet: Append, Wake Up, Aux ADC, Gain");
+    find<QCheckBox>("AutoStart").click();
+    EXPECT_EQ(exchange(), "Changed and not sent yet: Auto Start, Append, Wake Up and 2 others");
+}
+
+TEST_F(SettingsExchangeTest, TheMarksOfTheControlBitsStandInOneColumn) {
+    openSettings("Control Bits");
+    QApplication::processEvents();
+    for (const char* mark : {"AppendUnsent", "LogEnabledUnsent", "GainUnsent"}) {
+        EXPECT_EQ(find<QLabel>(mark).x(), find<QLabel>("AutoStartUnsent").x()) << mark;
+    }
+}
+
 TEST_F(SettingsExchangeTest, AClockThatIsToBeSetIsMarkedUntilItWasAndThenSaidToBeSetAgain) {
     const auto isMarked = [this] {
         const auto& mark = find<QLabel>("SyncTimeDateUnsent");
@@ -166,7 +185,7 @@ TEST_F(SettingsExchangeTest, AClockThatIsToBeSetIsMarkedUntilItWasAndThenSaidToB
     clock.set(QDateTime(QDate(2026, 11, 21), QTime(9, 30, 10)));
     click("ApplySettings");
     live(4.0);
-    EXPECT_EQ(exchange(), "Waiting for the full minute: 46 s.");
+    EXPECT_EQ(exchange(), "Waiting for the full minute: 46 s. Reset on the page Status and Controls stops it.");
     EXPECT_FALSE(progress.visible.value());
     live(56.0);
     finish();
@@ -175,6 +194,11 @@ TEST_F(SettingsExchangeTest, AClockThatIsToBeSetIsMarkedUntilItWasAndThenSaidToB
     EXPECT_TRUE(exchange().starts_with("Sent and read back at ")) << exchange();
     EXPECT_TRUE(exchange().ends_with("Sync Time/Date is still ticked: \"Apply Settings\" sets the clock again."))
         << exchange();
+    program.closePort();
+    ports.open();
+    report();
+    EXPECT_FALSE(isMarked()) << "nobody has changed it";
+    EXPECT_TRUE(exchange().ends_with("sets the clock again.")) << exchange();
     find<QCheckBox>("SyncTimeDate").click();
     EXPECT_FALSE(QString::fromStdString(exchange()).contains(QLatin1String("Sync"))) << exchange();
     find<QCheckBox>("SyncTimeDate").click();

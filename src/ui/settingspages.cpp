@@ -96,7 +96,7 @@ QString whetherSent(const SettingsState& shown) {
         return Screen::tr("No instrument has reported these settings.");
     }
     return shown.unsent().any() ? Screen::tr("These settings have not been sent to the instrument: %1.")
-                                      .arg(captionsOf(shown.unsent()).shown())
+                                      .arg(join(captionsOf(shown.unsent()), QStringLiteral(", ")).shown())
                                 : QString();
 }
 
@@ -256,7 +256,10 @@ QWidget* makeTimeAndDatePage(Program& program) {
 QWidget* makeControlBitsPage(Program& program) {
     auto* page = new SettingsPage(Screen::tr("Control Bits"), "ControlBitsFrame");
     auto* layout = new QVBoxLayout(page);
-    layout->setSpacing(12);
+    auto* bits = makeGrid(16, 12);
+    bits->setColumnStretch(1, 1);
+    layout->addLayout(bits);
+    int row = 0;
     QProperty<LoggerSettings>& record = program.settings.shown.record;
     for (const Setting* setting : settingsInOrder("SMLWAG")) {
         auto* box = new QCheckBox(Screen::tr(setting->caption));
@@ -266,22 +269,18 @@ QWidget* makeControlBitsPage(Program& program) {
         QObject::connect(box, &QCheckBox::toggled, page, [&record, setting](bool on) {
             change(record, [setting, on](LoggerSettings& changed) { changed.*setting->flag = on; });
         });
-        auto* line = new QHBoxLayout;
-        line->setSpacing(16);
-        line->addWidget(box);
-        line->addWidget(makeUnsentMark(page, *setting, program.settings.shown));
-        line->addStretch(1);
-        layout->addLayout(line);
+        bits->addWidget(box, row, 0);
+        bits->addWidget(makeUnsentMark(page, *setting, program.settings.shown), row++, 1);
     }
     layout->addStretch(1);
 
     auto* lamp = new StatusLamp;
     lamp->setObjectName(QStringLiteral("Lamp"));
     QLabel* words = makeValueLabel("LampText", Screen::tr("Status"));
-    auto* row = new QHBoxLayout;
-    row->addWidget(lamp);
-    row->addWidget(words, 1);
-    layout->addLayout(row);
+    auto* status = new QHBoxLayout;
+    status->addWidget(lamp);
+    status->addWidget(words, 1);
+    layout->addLayout(status);
     page->bindings.bind(program.settings.shown.lamp, [lamp, words](Lamp now) {
         lamp->show(now);
         words->setText(lampText(now));

@@ -29,6 +29,9 @@ constexpr Tab tabs[] = {{QT_TRANSLATE_NOOP("orv", "Modes"), makeModesPage},
                         {QT_TRANSLATE_NOOP("orv", "Calibration"), makeTrxCalibrationPage}};
 constexpr int calibrationTab = std::size(tabs) - 1;
 
+/// Of more settings that are not sent some are only counted; their names have room in two lines.
+constexpr qsizetype mostNamed = 4;
+
 QStringList tabCaptions() {
     QStringList captions;
     for (const Tab& tab : tabs) {
@@ -95,10 +98,11 @@ QWidget* SettingsWindow::makePlaceholder() {
     english->setWordWrap(true);
     auto* placeholder = new QWidget;
     auto* layout = new QVBoxLayout(placeholder);
-    layout->addStretch(1);
-    layout->addWidget(english);
+    auto* hint = makeHint("NoTabHint", Screen::tr("Choose a tab to see its settings."));
+    hint->setAlignment(Qt::AlignLeft);
+    layout->addWidget(hint);
     layout->addSpacing(16);
-    layout->addWidget(makeHint("NoTabHint", Screen::tr("Choose a tab to see its settings.")));
+    layout->addWidget(english);
     layout->addStretch(1);
     const SettingsState& shown = program_.settings.shown;
     const auto describe = [english, &shown] {
@@ -124,14 +128,20 @@ QWidget* SettingsWindow::makeExchange() {
     const QProperty<Activity>& activity = program_.link.session.commands.activity;
     const auto tell = [line, &shown, &activity](auto&&) {
         const QString sync = Screen::tr("Sync Time/Date");
-        QString unsent = captionsOf(shown.unsent()).shown();
+        QList<Words> unsent = captionsOf(shown.unsent());
         if (shown.syncUnsent()) {
-            unsent += unsent.isEmpty() ? sync : QStringLiteral(", %1").arg(sync);
+            unsent << Words::tr("Sync Time/Date");
         }
         if (shown.secondsToFullMinute > 0) {
-            line->setText(shown.fullMinuteWait().shown());
+            line->setText(shown.fullMinuteWait().shown() + u' ' +
+                          Screen::tr("Reset on the page Status and Controls stops it."));
         } else if (!unsent.isEmpty() && activity != Activity::Sending && activity != Activity::SettingClock) {
-            line->setText(Screen::tr("Changed and not sent yet: %1").arg(unsent));
+            const qsizetype named = unsent.size() > mostNamed ? mostNamed - 1 : unsent.size();
+            const QString names = join(unsent.first(named), QStringLiteral(", ")).shown();
+            line->setText(Screen::tr("Changed and not sent yet: %1")
+                              .arg(named == unsent.size()
+                                       ? names
+                                       : Screen::tr("%1 and %2 others").arg(names).arg(unsent.size() - named)));
         } else if (shown.syncTimeDate && !shown.syncPending && activity == Activity::None) {
             const QString exchange = shown.exchange.value().shown();
             line->setText(Screen::tr("%1 %2 is still ticked: \"Apply Settings\" sets the clock again.")
@@ -215,6 +225,11 @@ void SettingsWindow::showFrame() {
         frame = type == InstrumentType::Glow ? glowFrame_ : noTypeHint_;
     }
     frames_->setCurrentWidget(frame);
+}
+
+void SettingsWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    setAttribute(Qt::WA_Resized); // else each showing takes a size of its own
 }
 
 void SettingsWindow::closeEvent(QCloseEvent* event) {

@@ -29,6 +29,7 @@ public:
     Signal<> mainWindowWanted; ///< "Close" was pressed: the main window is to come to the front.
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool focusNextPrevChild(bool next) override { return focus_.move(next) || QWidget::focusNextPrevChild(next); }
 

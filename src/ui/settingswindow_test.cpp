@@ -2,6 +2,7 @@
 #include "testing/expected.h"
 #include "testing/windowrig.h"
 
+#include <QApplication>
 #include <QGroupBox>
 #include <QRadioButton>
 #include <QSet>
@@ -40,6 +41,18 @@ TEST_F(SettingsWindowTest, IsAWindowOfItsOwnThatFollowsTheState) {
     EXPECT_TRUE(screen.isVisible());
     settings.visible = false;
     EXPECT_FALSE(screen.isVisible());
+}
+
+TEST_F(SettingsWindowTest, ComesBackInTheSizeInWhichItWent) {
+    openSettings();
+    QApplication::processEvents();
+    const QSize size = screen.size();
+    settings.visible = false;
+    settings.reported = settings.record.value();
+    settings.exchange = QStringLiteral("A sentence of some thirty letters. ").repeated(8); // three lines
+    openSettings();
+    QApplication::processEvents();
+    EXPECT_EQ(screen.size(), size);
 }
 
 TEST_F(SettingsWindowTest, OpensWithTheTabsAndNoFrame) {

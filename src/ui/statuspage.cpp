@@ -4,7 +4,6 @@
 #include "base/words.h"
 #include "ui/portsbox.h"
 
-#include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -16,7 +15,7 @@ namespace orv {
 
 namespace {
 
-constexpr int columnsAcross = 3;
+constexpr int columnsAcross = 4;
 constexpr int valueMargin = 4;
 
 /// The longest of the usual values.
@@ -48,6 +47,7 @@ private:
     void draw();
 
     const DataSheet& sheet_;
+    const QProperty<bool>& noRowYet_;
     std::vector<QLabel*> captions_;
     std::vector<QLabel*> values_;
     QLabel* empty_;
@@ -57,9 +57,11 @@ private:
 NewestRowScreen::NewestRowScreen(const Program& program, LateTexts& counts)
     : QGroupBox(Screen::tr("Newest row"))
     , sheet_(program.sheet.data)
+    , noRowYet_(program.progress.noRowYet)
     , empty_(makeTextLabel("NoRowsYet", {})) {
     auto* grid = new QGridLayout(this);
-    grid->setHorizontalSpacing(32);
+    grid->setHorizontalSpacing(16);
+    grid->setVerticalSpacing(3);
     grid->addWidget(empty_, 0, 0, 1, columnsAcross);
     for (int column = 0; column < DataSheet::columnCount; ++column) {
         auto* caption = new QLabel;
@@ -82,12 +84,19 @@ NewestRowScreen::NewestRowScreen(const Program& program, LateTexts& counts)
     for (int column = 0; column < columnsAcross; ++column) {
         grid->setColumnStretch(column, 1);
     }
-    bindings_.bind(program.link.session.commands.portOpen, [this](bool open) {
-        empty_->setText(open ? Screen::tr("No rows yet. Press Run.")
-                             : Screen::tr("No rows yet. Connect, then press Run."));
-    });
+    const CommandState& commands = program.link.session.commands;
+    const auto tellNext = [this, &commands](bool) {
+        empty_->setText(commands.canRun     ? Screen::tr("No rows yet. Press Run.")
+                        : commands.portOpen ? Screen::tr("No rows yet.")
+                                            : Screen::tr("No rows yet. Connect, then press Run."));
+    };
+    bindings_.bind(commands.canRun, tellNext);
+    bindings_.bind(commands.portOpen, tellNext);
     counts.bind(program.sheet.shown.counter, [this] { draw(); });
-    draw();
+    bindings_.bind(noRowYet_, [this, &counts](bool) {
+        counts.drawNow(); // the counts are of the same moment
+        draw();
+    });
 }
 
 void NewestRowScreen::changeEvent(QEvent* event) {
@@ -101,7 +110,14 @@ void NewestRowScreen::changeEvent(QEvent* event) {
 
 void NewestRowScreen::draw() {
     const int row = sheet_.rowCount() - 1;
+    const bool isOld = row >= 0 && noRowYet_;
     empty_->setVisible(row < 0);
+    if (values_.front()->isEnabled() == isOld) {
+        setTitle(isOld ? Screen::tr("Newest row (from before this run)") : Screen::tr("Newest row"));
+        for (QLabel* value : values_) {
+            value->setEnabled(!isOld);
+        }
+    }
     for (std::size_t column = 0; column < values_.size(); ++column) {
         const QString caption = row < 0 ? QString() : sheet_.columnNames().value(static_cast<qsizetype>(column));
         if (captions_[column]->text() != caption) {
@@ -131,11 +147,12 @@ StatusPage::StatusPage(Program& program)
     left->addWidget(makeStatusBox(program));
     left->addWidget(ports_);
     left->addWidget(makeInstrumentBox(program));
-    left->addWidget(new NewestRowScreen(program, counts_));
-    left->addStretch(1);
-    auto* layout = new QHBoxLayout(this);
-    layout->addLayout(left, 1);
-    layout->addWidget(makeControlsBox(program), 0, Qt::AlignTop);
+    auto* layout = new QGridLayout(this);
+    layout->setColumnStretch(0, 1);
+    layout->addLayout(left, 0, 0);
+    layout->addWidget(new NewestRowScreen(program, counts_), 1, 0, 1, 2);
+    layout->addWidget(makeControlsBox(program), 0, 1, Qt::AlignTop);
+    layout->setRowStretch(2, 1);
 }
 
 QGroupBox* StatusPage::makeStatusBox(const Program& program) {
@@ -178,13 +195,7 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     };
     showUnlessEmpty(shown.shutterProgress, shutter);
     showUnlessEmpty(shown.shutterCountdown, countdown);
-    const SettingsState& settings = program.settings.shown;
-    const auto remark = [notice, &shown, &settings](auto&&) {
-        notice->setText(settings.secondsToFullMinute > 0 ? settings.fullMinuteWait().shown()
-                                                         : shown.notice.value().shown());
-    };
-    bindings_.bind(shown.notice, remark);
-    bindings_.bind(settings.secondsToFullMinute, remark);
+    bindText(bindings_, notice, shown.notice);
     bindings_.bind(program.progress.text, [this, progress](const Words& text) {
         progress->setText(text.shown());
         counts_.drawNow();
@@ -194,40 +205,36 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
 
 QGroupBox* StatusPage::makeInstrumentBox(const Program& program) {
     auto* box = makeFrame(Screen::tr("Instrument"));
-    auto* columns = new QHBoxLayout(box);
-    auto* said = new QFormLayout;
-    auto* counted = new QFormLayout;
-    for (QFormLayout* form : {said, counted}) {
-        form->setHorizontalSpacing(24);
-        form->setVerticalSpacing(8);
-        columns->addLayout(form, form == said ? 2 : 3);
-    }
-    const auto addRow = [](QFormLayout* form, const QString& caption, const char* name) {
-        auto* label = makeValueLabel(name, caption);
-        enlarge(label, 1.2);
-        form->addRow(caption, label);
+    auto* grid = new QGridLayout(box);
+    grid->setHorizontalSpacing(24);
+    grid->setVerticalSpacing(4);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 2);
+    constexpr int counted = 2; // the column of the captions of what is counted
+    const auto add = [grid](int row, int column, const QString& caption, QLabel* label) {
+        grid->addWidget(makeCaption(caption, label), row, column, Qt::AlignLeft | Qt::AlignTop);
+        grid->addWidget(label, row, column + 1, Qt::AlignLeft | Qt::AlignTop);
         return label;
     };
-    const auto addCount = [this, counted](const QString& caption, QLabel* label, const auto& count) {
-        counted->addRow(caption, label);
-        counts_.bind(label, count);
+    const auto addValue = [add](int row, int column, const QString& caption, const char* name) {
+        return add(row, column, caption, makeValueLabel(name, caption));
     };
     const StatusState& status = program.link.session.status;
     auto* clock = new SteadyLabel(makeValueLabel("ClockOffset", Screen::tr("How the instrument's clock stands")), 2);
-    auto* instrument = addRow(said, Screen::tr("Instrument:"), "InstrumentLabel");
-    bindText(bindings_, addRow(said, Screen::tr("Firmware Ver."), "FirmwareLabel"), status.firmware);
-    bindText(bindings_, addRow(said, Screen::tr("Date"), "Label23"), status.date);
-    bindText(bindings_, addRow(said, Screen::tr("Time"), "Label22"), status.time);
-    addCount(Screen::tr("Rows on the sheet"),
-             makeNumberLabel("StatusRows", Screen::tr("Rows on the sheet"), "0000000000", 1.2),
-             program.sheet.shown.counter);
-    bindText(bindings_, addRow(counted, Screen::tr("Bytes downloaded"), "DownloadedBytes"), status.downloadedBytes);
-    addCount(Screen::tr("Buffer"),
-             makeNumberLabel("BufferLabel", Screen::tr("Characters in the receive buffer"), "0000000000"),
-             status.bufferCount);
-    auto* clockCaption = new QLabel(Screen::tr("Clock"));
-    clockCaption->setAlignment(Qt::AlignTop); // beside the first of two lines
-    counted->addRow(clockCaption, clock);
+    QLabel* instrument = addValue(0, 0, Screen::tr("Instrument:"), "InstrumentLabel");
+    bindText(bindings_, addValue(1, 0, Screen::tr("Firmware Ver."), "FirmwareLabel"), status.firmware);
+    bindText(bindings_, addValue(2, 0, Screen::tr("Date"), "Label23"), status.date);
+    bindText(bindings_, addValue(3, 0, Screen::tr("Time"), "Label22"), status.time);
+    counts_.bind(add(0, counted, Screen::tr("Rows on the sheet"),
+                     makeNumberLabel("StatusRows", Screen::tr("Rows on the sheet"), "0000000000")),
+                 program.sheet.shown.counter);
+    bindText(bindings_, addValue(1, counted, Screen::tr("Bytes downloaded"), "DownloadedBytes"),
+             status.downloadedBytes);
+    counts_.bind(add(2, counted, Screen::tr("Buffer"),
+                     makeNumberLabel("BufferLabel", Screen::tr("Characters in the receive buffer"), "0000000000")),
+                 status.bufferCount);
+    grid->addWidget(new QLabel(Screen::tr("Clock")), 3, counted, Qt::AlignLeft | Qt::AlignTop);
+    grid->addWidget(clock, 3, counted + 1);
     bindings_.bind(status.clockOffset, [clock](const std::optional<qint64>& ahead) {
         constexpr qint64 tooMuch = 60;
         const QString words = ahead ? clockOffsetInWords(*ahead).shown() : StatusState::unknownShort();

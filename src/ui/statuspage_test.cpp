@@ -3,6 +3,7 @@
 #include "ui/portsbox.h"
 
 #include <QApplication>
+#include <QGroupBox>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QtTest/QTest>
@@ -288,6 +289,29 @@ TEST_F(StatusPageTest, SaysHowToGetRows) {
     EXPECT_EQ(text("NoRowsYet"), "No rows yet. Connect, then press Run.");
     connectBy([this] { first.click(); });
     EXPECT_EQ(text("NoRowsYet"), "No rows yet. Press Run.");
+    program.run();
+    EXPECT_EQ(text("NoRowsYet"), "No rows yet.") << "it has been pressed";
+}
+
+TEST_F(StatusPageTest, ARowFromBeforeTheRunDoesNotLookNew) {
+    connectBy([this] { first.click(); });
+    const auto& value = find<QLabel>("NewestValue0");
+    const auto title = [&value] { return qobject_cast<QGroupBox*>(value.parentWidget())->title().toStdString(); };
+    program.run();
+    receive("R\r\n");
+    receiveRow();
+    receive(">\r\n");
+    ASSERT_EQ(commands.activity.value(), Activity::None);
+    EXPECT_EQ(title(), "Newest row");
+    EXPECT_TRUE(value.isEnabled());
+    program.run();
+    receive("R\r\n");
+    EXPECT_EQ(title(), "Newest row (from before this run)");
+    EXPECT_FALSE(value.isEnabled());
+    receiveRow();
+    EXPECT_EQ(title(), "Newest row");
+    EXPECT_TRUE(value.isEnabled());
+    EXPECT_EQ(value.text().toStdString(), text("StatusRows"));
 }
 
 TEST_F(StatusPageTest, NothingMovesWhenARemarkComesAndGoes) {
@@ -315,16 +339,28 @@ TEST_F(StatusPageTest, NothingMovesWhenARemarkComesAndGoes) {
     EXPECT_EQ(places(), before);
     status.notice = QString();
     settings.secondsToFullMinute = 46;
-    EXPECT_EQ(text("Notice"), "Waiting for the full minute: 46 s.");
+    EXPECT_EQ(text("Notice"), "") << "the next step says it";
     EXPECT_EQ(places(), before);
     settings.secondsToFullMinute = 0;
-    EXPECT_EQ(text("Notice"), "");
     status.clockOffset = -86'000;
     status.shutterProgress = QStringLiteral("Restoring Orignal Settings 10");
     status.shutterCountdown = QStringLiteral("30 s");
     status.failure = QStringLiteral("No answer from COM 1 (ttyUSB0) within 5 s. Check power and cable, press Quit, "
                                     "connect again. And so on, for a second line of the same length as this one.");
     EXPECT_EQ(places(), before);
+    EXPECT_FALSE(area->verticalScrollBar()->isVisible());
+}
+
+TEST_F(StatusPageTest, ARowOfARunFitsIntoASmallWindow) {
+    connectBy([this] { first.click(); });
+    program.run();
+    receive("R\r\n");
+    receiveRow();
+    window->resize(800, 600);
+    pass(50);
+    const auto* area = qobject_cast<QScrollArea*>(find<QWidget>("StatusPage").parentWidget()->parentWidget());
+    ASSERT_TRUE(find<QLabel>("NewestValue6").isVisible());
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
     EXPECT_FALSE(area->verticalScrollBar()->isVisible());
 }
 

@@ -100,11 +100,8 @@ QLabel* makeChangingLabel(QAnyStringView name, QAnyStringView accessibleName) {
     return label;
 }
 
-QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size) {
+QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest) {
     QLabel* label = makeChangingLabel(name, accessibleName);
-    if (size > 1.0) {
-        enlarge(label, size);
-    }
     label->setFixedSize(label->fontMetrics().horizontalAdvance(widest.toString()), label->fontMetrics().height());
     return label;
 }

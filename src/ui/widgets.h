@@ -44,9 +44,8 @@ QLabel* makeFramedLabel(QAnyStringView name, QAnyStringView accessibleName);
 /// A label for a text that changes often while all around it stays.
 QLabel* makeChangingLabel(QAnyStringView name, QAnyStringView accessibleName);
 
-/// The same for a number, in letters of `size` times the usual ones. Its size is fixed, as wide as
-/// `widest`, so that a new number does not lay out the page anew.
-QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest, double size = 1.0);
+/// The same for a number. Its size is fixed, as wide as `widest`, so that a new number does not lay out the page anew.
+QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAnyStringView widest);
 
 /// A label that keeps its place: it has the room of so many lines, whatever it says, and takes more only for a text
 /// that needs more there. Its page is not laid out anew for a new text, and is never wider for a long one; the whole
