@@ -176,6 +176,28 @@ TEST_F(PlotPictureTest, APrinterThatDoesNotTakeThePageIsTold) {
     EXPECT_EQ(messages.shown[0].title.toStdString(), "Print Graph");
 }
 
+class PlotPanesTest : public GraphPageTest {
+protected:
+    PlotPanesTest() {
+        begin(50);
+        chooseArrangement(1);
+        settle();
+    }
+};
+
+TEST_F(PlotPanesTest, InEachPaneTheCurveLiesOverTheGrid) {
+    ASSERT_EQ(canvas().axisRectCount(), 4);
+    for (const QCPAxisRect* pane : canvas().axisRects()) {
+        for (const QCPAxis* axis : pane->axes()) {
+            EXPECT_EQ(axis->grid()->layer()->name().toStdString(), "grid");
+            EXPECT_EQ(axis->layer()->name().toStdString(), "axes");
+        }
+    }
+    for (int graph = 0; graph < 4; ++graph) {
+        EXPECT_GT(canvas().graph(graph)->layer()->index(), canvas().layer(QStringLiteral("grid"))->index());
+    }
+}
+
 class PlotCurveTest : public GraphPageTest {
 protected:
     PlotCurveTest() {

@@ -30,6 +30,9 @@ void PlotPanes::setUp(QCPAxisRect* pane) {
     pane->setRangeDrag(Qt::Horizontal | Qt::Vertical);
     pane->setMarginGroup(QCP::msLeft | QCP::msRight, margins_);
     for (QCPAxis* axis : pane->axes()) {
+        // Those of a pane that is made later would lie over the curves.
+        axis->setLayer(QStringLiteral("axes"));
+        axis->grid()->setLayer(QStringLiteral("grid"));
         axis->setNumberFormat(QStringLiteral("gb"));
         axis->setNumberPrecision(9);
         axis->setSubTicks(false);
