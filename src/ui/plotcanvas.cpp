@@ -63,6 +63,7 @@ PlotCanvas::PlotCanvas(const PlotData& curves)
         }
     });
     connect(this, &QCustomPlot::beforeReplot, this, [this] {
+        panes_.fit(height());
         panes_.level();
         placeSymbols();
     });
@@ -373,6 +374,7 @@ void PlotCanvas::paintPicture(QCPPainter& painter, int width, int height) {
     plotLayout()->addElement(0, 0, legend);
     plotLayout()->setRowStretchFactor(0, 0.001);
     legend->setVisible(legend->itemCount() > 0);
+    panes_.fit(height);
 
     toPainter(&painter, width, height);
 

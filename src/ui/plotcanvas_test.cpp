@@ -198,6 +198,23 @@ TEST_F(PlotPanesTest, InEachPaneTheCurveLiesOverTheGrid) {
     }
 }
 
+TEST_F(PlotPanesTest, InALowWindowTheyAreOfOneHeightAndNoLabelLiesOnAnother) {
+    window->resize(window->width(), 600);
+    settle();
+    canvas().replot();
+    ASSERT_LT(canvas().axisRect()->height(), 150);
+    for (const QCPAxisRect* pane : canvas().axisRects()) {
+        EXPECT_NEAR(pane->height(), canvas().axisRect()->height(), 2);
+        const QCPAxis& values = *pane->axis(QCPAxis::atLeft);
+        const QVector<double> ticks = values.tickVector();
+        EXPECT_FALSE(ticks.isEmpty());
+        for (qsizetype tick = 1; tick < ticks.size(); ++tick) {
+            EXPECT_GE(values.coordToPixel(ticks[tick - 1]) - values.coordToPixel(ticks[tick]),
+                      canvas().fontMetrics().height());
+        }
+    }
+}
+
 class PlotCurveTest : public GraphPageTest {
 protected:
     PlotCurveTest() {

@@ -13,6 +13,13 @@ namespace orv {
 
 using Arrangement = PlotView::Arrangement;
 
+namespace {
+
+constexpr int leastPaneHeight = 20; ///< Of a pane, in pixels.
+constexpr int paneGap = 5;          ///< Pixels above and below the curves of a pane without labels of places.
+
+} // namespace
+
 PlotPanes::PlotPanes(QCustomPlot& plot, const PlotData& data)
     : plot_(plot)
     , data_(data)
@@ -71,10 +78,8 @@ void PlotPanes::setUp(QCPAxisRect* pane) {
 
 void PlotPanes::addPane() {
     auto* pane = new QCPAxisRect(&plot_);
-    constexpr int least = 20;
-    constexpr int gap = 4;
-    pane->setMinimumSize(least, least);
-    pane->setMinimumMargins(QMargins(gap, gap, gap, gap));
+    pane->setMinimumSize(leastPaneHeight, leastPaneHeight);
+    pane->setMinimumMargins(QMargins(paneGap, paneGap, paneGap, paneGap));
     setUp(pane);
     QCPAxis* places = pane->axis(QCPAxis::atBottom);
     places->setTicker(plot_.xAxis->ticker());
@@ -156,6 +161,21 @@ void PlotPanes::setRanges(PlotView::Range places, const std::vector<PlotView::Ra
             const PlotView::Range& range = values[static_cast<std::size_t>(graph)];
             plot_.graph(graph)->valueAxis()->setRange(range.lower, range.upper);
         }
+    }
+}
+
+void PlotPanes::fit(int height) {
+    const QMargins margins = ownPane()->margins();
+    const double labels = margins.top() + margins.bottom() - 2 * paneGap;
+    const double share = std::max(1.0 * leastPaneHeight, (height - labels) / static_cast<double>(panes_.size()));
+    QCPLayoutGrid& layout = *plot_.plotLayout();
+    layout.setRowStretchFactor(layout.rowCount() - 1, (share + labels) / share);
+    // The ticks may lie closer than their count says, by a third.
+    const double lines = (share - 2 * paneGap) / (2.0 * QFontMetrics(font_).height());
+    constexpr int fewest = 2;
+    constexpr int most = 5;
+    for (const QCPAxisRect* pane : panes_) {
+        pane->axis(QCPAxis::atLeft)->ticker()->setTickCount(std::clamp(static_cast<int>(lines), fewest, most));
     }
 }
 

@@ -32,6 +32,10 @@ public:
     /// `values` are those of each graph where it is stacked, else only those of the one axis.
     void setRanges(PlotView::Range places, const std::vector<PlotView::Range>& values);
 
+    /// Before drawing so many pixels high: gives all panes the same height, though the lowest has the labels of the
+    /// places below it, and each no more labels of values than it has room for.
+    void fit(int height);
+
     /// Before drawing: where changes are shown, lays each graph by its mean over what is seen.
     void level();
 
