@@ -182,6 +182,9 @@ TEST_F(ClearAllTest, RowsThatASaveHasClearedAreNotBroughtBack) {
     EXPECT_EQ(sheetState.clearedRows, 0);
     EXPECT_EQ(sheetState.saved.value(), (SavedRows{.count = 20000, .file = path("Untitled0.txt")}));
     EXPECT_EQ(sheetState.file.value(), QString()) << "what comes now is not in that file";
+    receive("11/21/26\t2700\t7\t8\t9\t10\r\n");
+    EXPECT_EQ(sheet.rowCount(), 1);
+    EXPECT_EQ(sheetState.saved.value().count, 20000) << "it tells where the rows before are";
 }
 
 TEST_F(ClearAllTest, TheRowsOfEachRunAndDownloadAreASeries) {

@@ -150,7 +150,7 @@ struct SheetState {
     QProperty<int> currentColumn{0};
     QProperty<bool> unsaved{false}; ///< The sheet holds rows that no file has.
     QProperty<QString> file;        ///< That the rows were saved to or opened from last, with its path; else empty.
-    QProperty<SavedRows> saved;     ///< The last save or export, until the operator clears or replaces the sheet.
+    QProperty<SavedRows> saved;     ///< The last save or export, until a row comes or the sheet is cleared or replaced.
     QProperty<int> clearedRows{0};  ///< Rows that "Clear All" took and that can still be brought back.
 };
 

@@ -74,10 +74,14 @@ void Sheet::bringBack() {
     shown.saved = before->saved;
 }
 
-void Sheet::forgetCleared() {
+void Sheet::noteRow() {
     if (cleared_) {
         cleared_.reset();
         shown.clearedRows = 0;
+    }
+    // Rows that an automatic save has taken off the sheet are more than there are on it: they stay told.
+    if (const int count = shown.saved.value().count; count > 0 && count < data.rowCount()) {
+        shown.saved = SavedRows();
     }
 }
 

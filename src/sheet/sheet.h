@@ -23,7 +23,7 @@ struct Sheet {
         , download(link, settings, rows, files)
         , saved(files.saved.subscribe([this](bool wholly) { noteSaved(wholly); }))
         , discarded(data.rowsRemoved.subscribe([this] { recordFile.rowsDiscarded(); }))
-        , coming(data.rowAppended.subscribe([this] { forgetCleared(); }))
+        , coming(data.rowAppended.subscribe([this] { noteRow(); }))
         , identified(link.connection.identified.subscribe([this] {
             files.forgetToldFailure();
             layOutHeaderRow();
@@ -69,7 +69,7 @@ private:
         SavedRows saved;
     };
 
-    void forgetCleared();
+    void noteRow();
     bool isOfAnotherType() const;
     bool layOutHeaderRow();
     void noteSaved(bool wholly);

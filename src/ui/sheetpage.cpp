@@ -160,12 +160,14 @@ QLayout* SheetPage::makeNotice(Program& program) {
     bindEnabled(bindings_, bringBack_, program.link.session.commands.undisturbed);
     keepRoomOf(bringBack_);
     bringBack_->hide();
-    const auto tell = [this](auto&&) {
-        copied_.clear();
+    const auto tell = [this](int count) {
+        if (count > 0) {
+            copied_.clear();
+        }
         tellWhatBecame();
     };
     bindings_.bind(shown_.clearedRows, tell);
-    bindings_.bind(shown_.saved, tell);
+    bindings_.bind(shown_.saved, [tell](const SavedRows& saved) { tell(saved.count); });
     return line;
 }
 

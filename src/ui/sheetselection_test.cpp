@@ -347,6 +347,7 @@ TEST_F(SheetSelectionTest, ASaveIsToldBelowTheSheetAndInTheTitle) {
     EXPECT_EQ(title(), "lake.txt - ORV Host Program");
     receiveRow();
     EXPECT_EQ(title(), "lake.txt* - ORV Host Program") << "a row that the file has not";
+    EXPECT_EQ(text("SheetNotice"), "");
     program.clearAll();
     EXPECT_EQ(title(), "ORV Host Program");
     EXPECT_EQ(text("SheetNotice"), "3 rows cleared.");
