@@ -45,6 +45,7 @@ CommandState::CommandState() {
     canClearAll.setBinding(
         [this, sheetAtRest] { return (clearAllEnabled.value() || sheetHoldsRows.value()) && sheetAtRest(); });
     canSaveAs.setBinding([this] { return (saveAsEnabled.value() || sheetHoldsRows.value()) && canAsk.value(); });
+    canExport.setBinding([this] { return sheetHoldsRows.value() && canAsk.value(); });
     canOpenSheet.setBinding([sheetAtRest] { return sheetAtRest(); });
     canResetShutter.setBinding([this] { return resetShutterEnabled.value() && canCommand.value(); });
 }

@@ -128,6 +128,7 @@ struct CommandState {
     /// A reset disables both, yet rows on the sheet can always be cleared and saved.
     QProperty<bool> canClearAll;
     QProperty<bool> canSaveAs;
+    QProperty<bool> canExport; ///< There are rows.
     QProperty<bool> canOpenSheet;
     QProperty<bool> canResetShutter;
 };

@@ -80,10 +80,12 @@ TEST(CommandState, canSaveRowsAfterAResetToo) {
     CommandState shown;
     shown.sheetHoldsRows = true;
     EXPECT_TRUE(shown.canSaveAs.value());
+    EXPECT_TRUE(shown.canExport.value());
     shown.sheetHoldsRows = false;
     EXPECT_FALSE(shown.canSaveAs.value());
     shown.saveAsEnabled = true;
     EXPECT_TRUE(shown.canSaveAs.value());
+    EXPECT_FALSE(shown.canExport.value()) << "there is nothing to export";
 }
 
 TEST(CommandState, tellsAScreenOfADerivedChangeOnce) {

@@ -50,7 +50,7 @@ TEST_F(QuestionsTest, NothingThatWouldDisturbCanBePressedWhileAQuestionStands) {
     const auto expectEnabled = [this](bool enabled) {
         for (const QProperty<bool>* command :
              {&commands.canAsk, &commands.canCommand, &commands.undisturbed, &commands.canRun, &commands.canClearAll,
-              &commands.canSaveAs, &commands.canOpenSheet, &commands.canResetShutter}) {
+              &commands.canSaveAs, &commands.canExport, &commands.canOpenSheet, &commands.canResetShutter}) {
             EXPECT_EQ(command->value(), enabled);
         }
         EXPECT_TRUE(commands.resetEnabled);

@@ -125,7 +125,7 @@ QLayout* SheetPage::makeBar(Program& program) {
         Screen::tr("E&xport"), "ExportSheet", [this, &program] { program.exportSheet(grid_->selectedWholeRows()); },
         Screen::tr("Write the rows as CSV or NetCDF for other programs, with what is known of the instrument: those "
                    "that are selected, else all."));
-    bindEnabled(bindings_, exported, commands.canSaveAs);
+    bindEnabled(bindings_, exported, commands.canExport);
     auto* open = makeButton(
         Screen::tr("Op&en"), "Command10", [&program] { program.openSheet(); },
         Screen::tr("Open a saved sheet. It replaces what is on the Spread Sheet."));

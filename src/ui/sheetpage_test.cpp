@@ -221,6 +221,7 @@ TEST_F(SheetPageTest, TheButtonsFollowWhatIsAllowed) {
     commands.clearAllEnabled = true;
     commands.activity = Activity::Collecting;
     EXPECT_TRUE(button("Command11").isEnabled());
+    EXPECT_FALSE(button("ExportSheet").isEnabled()) << "there are no rows";
     EXPECT_FALSE(button("Command10").isEnabled());
     EXPECT_FALSE(button("Command9").isEnabled());
     commands.activity = Activity::None;
