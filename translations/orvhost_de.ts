@@ -3096,5 +3096,9 @@ Bitte den Dateinamen prüfen.</translation>
         <source>%1 and %2 others</source>
         <translation>%1 und %2 weitere</translation>
     </message>
+    <message>
+        <source>Record %1 (the sheet follows the run)</source>
+        <translation>Datensatz %1 (das Blatt folgt dem Lauf)</translation>
+    </message>
 </context>
 </TS>

@@ -3096,5 +3096,9 @@ Compruebe el nombre.</translation>
         <source>%1 and %2 others</source>
         <translation>%1 y %2 más</translation>
     </message>
+    <message>
+        <source>Record %1 (the sheet follows the run)</source>
+        <translation>Registro %1 (la hoja sigue la medición)</translation>
+    </message>
 </context>
 </TS>

@@ -3096,5 +3096,9 @@ Vérifiez le nom du fichier.</translation>
         <source>%1 and %2 others</source>
         <translation>%1 et %2 autres</translation>
     </message>
+    <message>
+        <source>Record %1 (the sheet follows the run)</source>
+        <translation>Enregistrement %1 (la feuille suit la mesure)</translation>
+    </message>
 </context>
 </TS>

@@ -52,6 +52,7 @@ void keepRoomOf(QWidget* control) {
 SheetPage::SheetPage(Program& program)
     : sheet_(program.sheet.data)
     , shown_(program.sheet.shown)
+    , activity_(program.link.session.commands.activity)
     , grid_(new SheetGrid(program.sheet.data))
     , counter_(makeNumberLabel("SheetCounter", Screen::tr("Rows on the sheet"), "0000000"))
     , notice_(makeTextLabel("SheetNotice", Screen::tr("What became of the rows")))
@@ -241,10 +242,13 @@ void SheetPage::makeFindBar() {
 
 void SheetPage::find(bool forward) {
     refreshNow();
-    // In a run the view goes on with the newest row.
-    found_->setText(grid_->findText(findBox_->text(), forward)
-                        ? Screen::tr("Record %1").arg(grid_->currentIndex().siblingAtColumn(0).data().toString())
-                        : Screen::tr("Not found."));
+    if (!grid_->findText(findBox_->text(), forward)) {
+        found_->setText(Screen::tr("Not found."));
+        return;
+    }
+    const bool goesOn = activity_.value() == Activity::Collecting && shown_.topRow > 0;
+    found_->setText((goesOn ? Screen::tr("Record %1 (the sheet follows the run)") : Screen::tr("Record %1"))
+                        .arg(grid_->currentIndex().siblingAtColumn(0).data().toString()));
 }
 
 void SheetPage::makeActions() {

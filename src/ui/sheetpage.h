@@ -37,6 +37,7 @@ private:
 
     const DataSheet& sheet_;
     SheetState& shown_;
+    const QProperty<Activity>& activity_;
     SheetGrid* grid_;
     QLabel* counter_;
     QLabel* notice_;

@@ -308,6 +308,22 @@ TEST_F(SheetSelectionTest, ATextIsFoundForwardsAndBackwardsAndRoundTheEnd) {
     EXPECT_TRUE(grid.hasFocus());
 }
 
+TEST_F(SheetSelectionTest, ASearchInARunSaysThatTheSheetFollowsTheRun) {
+    run({"10", "711"});
+    for (int row = 0; row < 12; ++row) {
+        receiveRow();
+    }
+    item("FindText").trigger();
+    type(find<QLineEdit>("FindBox"), "711");
+    click("FindNext");
+    EXPECT_EQ(text("FindResult"), "Record 2 (the sheet follows the run)");
+    program.reset();
+    program.closePort();
+    finish();
+    click("FindNext");
+    EXPECT_EQ(text("FindResult"), "Record 2");
+}
+
 TEST_F(SheetSelectionTest, OnAnotherPageTheKeysOfTheSheetDoNothing) {
     run({"10"});
     clickCell(0, 3);
