@@ -81,11 +81,16 @@ HelpWindow::HelpWindow()
     view_->setAccessibleName(Screen::tr("User guide"));
     makeChapters();
     auto* left = new QVBoxLayout;
-    left->addWidget(makeCaption(Screen::tr("&Chapters"), chapters_));
+    auto* caption = makeCaption(Screen::tr("&Chapters"), chapters_);
+    caption->setMaximumWidth(chapters_->maximumWidth());
+    left->addWidget(caption);
     left->addWidget(chapters_, 1);
+    // The headings have the room that they want, in a small window the text comes first.
+    constexpr int readable = 460;
+    view_->setMinimumWidth(readable);
     auto* both = new QHBoxLayout;
-    both->addLayout(left);
-    both->addWidget(view_, 1);
+    both->addLayout(left, 3);
+    both->addWidget(view_, 5);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(makeBar());
     layout->addLayout(both, 1);
@@ -101,8 +106,8 @@ void HelpWindow::makeChapters() {
         chapters_->item(chapters_->count() - 1)->setToolTip(heading.text);
     }
     chapters_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    constexpr int characters = 36;
-    chapters_->setFixedWidth(characters * chapters_->fontMetrics().averageCharWidth());
+    chapters_->setMaximumWidth(chapters_->sizeHintForColumn(0) + chapters_->verticalScrollBar()->sizeHint().width() +
+                               2 * chapters_->frameWidth());
     const auto go = [this, &headings](int row) {
         if (row >= 0) {
             view_->goTo(headings.at(static_cast<std::size_t>(row)).anchor);

@@ -79,6 +79,12 @@ TEST_F(HelpWindowTest, EveryScreenHasAChapter) {
     }
 }
 
+TEST_F(HelpWindowTest, TheListHasRoomForTheLongestHeading) {
+    openHelp();
+    EXPECT_GE(chapters().viewport()->width(), chapters().sizeHintForColumn(0));
+    EXPECT_LT(chapters().width(), view().width());
+}
+
 TEST_F(HelpWindowTest, F1LeadsToTheChapterOfThePage) {
     std::map<std::string, std::string> chapterOf;
     program.toggleServiceMode();
