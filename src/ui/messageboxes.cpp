@@ -13,6 +13,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -21,6 +22,7 @@
 #include <QStyledItemDelegate>
 #include <QThread>
 #include <QTimer>
+#include <QTreeView>
 
 #include <utility>
 
@@ -79,12 +81,15 @@ public:
             filters.prepend(filter);
         }
         setNameFilters(filters);
+        constexpr QSize comfortable(760, 460); // fits a screen of 800 x 600
+        resize(comfortable);
     }
 
     void setVisible(bool visible) override {
         QFileDialog::setVisible(visible);
         if (visible && isDrawnHere()) {
             leaveFilesAlone();
+            giveNamesTheRoom();
         }
     }
 
@@ -110,6 +115,15 @@ protected:
     }
 
 private:
+    /// Size, kind and date are as wide as what they say.
+    void giveNamesTheRoom() {
+        if (const auto* list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+            list->header()->setStretchLastSection(false);
+            list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+            list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        }
+    }
+
     /// Qt's dialog would also delete and rename files, and asks and tells of it in boxes that hold the program. A new
     /// folder can be made and named.
     void leaveFilesAlone() {

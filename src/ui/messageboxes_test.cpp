@@ -7,9 +7,11 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 #include <QtTest/QTest>
 
 #include <algorithm>
@@ -242,6 +244,19 @@ TEST_F(QuestionDialogsTest, TheSaveDialogHasTitleAndNameAndAddsTheSuffix) {
         ask(save());
         byFrame ? static_cast<void>(dialog<QFileDialog>().close()) : dialog<QFileDialog>().reject();
         EXPECT_EQ(answer(), "") << "cancelled";
+    }
+}
+
+TEST_F(QuestionDialogsTest, TheFileDialogIsWideEnoughForTheCaptionsOfItsColumns) {
+    ask(save());
+    auto& files = dialog<QFileDialog>();
+    EXPECT_GE(files.width(), 760);
+    EXPECT_LE(files.height(), 500);
+    const QHeaderView& columns = *control<QTreeView>(files, "treeView").header();
+    ASSERT_EQ(columns.count(), 4);
+    EXPECT_EQ(columns.sectionResizeMode(0), QHeaderView::Stretch);
+    for (const int column : {1, 2, 3}) {
+        EXPECT_EQ(columns.sectionResizeMode(column), QHeaderView::ResizeToContents) << column;
     }
 }
 
