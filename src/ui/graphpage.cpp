@@ -413,7 +413,7 @@ void GraphPage::askForPrinter() {
     }
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageOrientation(QPageLayout::Landscape);
-    printer->setDocName(QStringLiteral("Curves of the data sheet"));
+    printer->setDocName(Screen::tr("Curves of the data sheet")); // the name that a printed file is offered, too
     printDialog_ = new QPrintDialog(printer.get(), this);
     printDialog_->setAttribute(Qt::WA_DeleteOnClose);
     connect(printDialog_, qOverload<QPrinter*>(&QPrintDialog::accepted), this,

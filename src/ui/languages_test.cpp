@@ -10,6 +10,8 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTabBar>
@@ -152,6 +154,15 @@ TEST_F(TranslationTest, TheSheetAndTheCurves) {
     expectTranslated(*window);
     showPage(QStringLiteral("Output: Graphical"));
     expectTranslated(*window);
+}
+
+TEST_F(TranslationTest, TheNameThatAPrintedFileIsOffered) {
+    click("PrintPicture");
+    auto* dialog = window->findChild<QPrintDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_NE(dialog->printer()->docName(), QString());
+    EXPECT_EQ(untranslated(dialog->printer()->docName()).toStdString(), "");
+    dialog->close();
 }
 
 TEST_F(TranslationTest, EveryTabOfTheSettings) {
