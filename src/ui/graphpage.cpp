@@ -36,8 +36,7 @@ bool receives(Activity activity) {
 } // namespace
 
 GraphPage::GraphPage(Program& program)
-    : QGroupBox(Screen::tr("Graphical"))
-    , program_(program)
+    : program_(program)
     , sheet_(program.sheet.data)
     , data_(sheet_)
     , canvas_(new PlotCanvas(data_))
@@ -55,7 +54,9 @@ GraphPage::GraphPage(Program& program)
     middle->addWidget(canvas_, 1);
     auto* side = new QVBoxLayout;
     side->addWidget(list_, 1);
-    auto* layout = new QVBoxLayout(this);
+    auto* frame = makeFrame(Screen::tr("Graphical"));
+    (new QVBoxLayout(this))->addWidget(frame);
+    auto* layout = new QVBoxLayout(frame);
     auto* bar = makeBar();
     layout->addWidget(bar);
     layout->addLayout(middle, 1);
@@ -436,7 +437,7 @@ void GraphPage::tell(const Words& title, const Words& text) {
 }
 
 void GraphPage::changeEvent(QEvent* event) {
-    QGroupBox::changeEvent(event);
+    QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
         refreshTheme();
         schedule();

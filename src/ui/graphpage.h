@@ -25,7 +25,7 @@ enum class PictureFormat;
 ///
 /// The curves are drawn at most three times a second, less often if drawing takes long, so that it takes a twentieth of
 /// the time at most. While another page is shown nothing is drawn.
-class GraphPage final : public QGroupBox {
+class GraphPage final : public QWidget {
 public:
     explicit GraphPage(Program& program);
 

@@ -2,11 +2,14 @@
 #include "testing/windowrig.h"
 #include "ui/tabstrip.h"
 
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTabBar>
 #include <QtTest/QTest>
+
+#include <algorithm>
 
 namespace orv {
 namespace {
@@ -250,6 +253,22 @@ TEST_F(TabsTest, EachUpperTabShowsItsPageAndSaysSo) {
         EXPECT_EQ(shownPages(), page);
         EXPECT_EQ(said(), "Tabstrip changing\r");
     }
+}
+
+TEST_F(TabsTest, TheFramesOfEachPageBeginAtOnePlace) {
+    const auto begin = [this](const char* page) {
+        QCoreApplication::processEvents();
+        int least = window->width();
+        for (const auto* frame : find<QWidget>(page).findChildren<QGroupBox*>()) {
+            if (frame->isVisible()) {
+                least = std::min(least, frame->mapTo(window.get(), QPoint()).x());
+            }
+        }
+        return least;
+    };
+    const int usual = begin("StatusPage");
+    clickTab(upper, 2);
+    EXPECT_EQ(begin("GraphicalPage"), usual);
 }
 
 TEST_F(TabsTest, ALowerTabHidesTheUpperPageAndTheUpperTabBringsItBack) {
