@@ -105,9 +105,10 @@ private:
             QStyledItemDelegate::paint(painter, option, index);
             return;
         }
-        const int baseline = option.rect.top() + (option.rect.height() - metrics.height()) / 2 + metrics.ascent();
+        // Rounded as the style does, or a figure would hop when it is selected.
+        const int top = option.rect.top() + option.rect.height() / 2 - metrics.height() / 2;
         painter->setPen(option.palette.color(QPalette::Text));
-        painter->drawText(option.rect.right() + 1 - margin - width, baseline, text);
+        painter->drawText(option.rect.right() + 1 - margin - width, top + metrics.ascent(), text);
     }
 
     const DataSheet& sheet_;

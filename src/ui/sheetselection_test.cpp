@@ -8,6 +8,10 @@
 #include <QScrollBar>
 #include <QtTest/QTest>
 
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
 namespace orv {
 namespace {
 
@@ -379,6 +383,35 @@ TEST_F(SheetSelectionTest, WhatStandsBelowTheSheetDoesNotWidenTheWindow) {
     QCoreApplication::processEvents();
     EXPECT_EQ(window->minimumSizeHint().width(), width);
     EXPECT_LE(width, 782);
+}
+
+TEST_F(SheetSelectionTest, AFigureStaysWhereItIsWhenItIsSelected) {
+    run({"10", "10"});
+    const QModelIndex cell = grid.model()->index(0, 4);
+    // The pixel rows of the cell that its figures are in.
+    const auto figuresIn = [this, &cell] {
+        const QImage picture = grid.viewport()->grab(grid.visualRect(cell).adjusted(2, 2, -2, -2)).toImage();
+        std::vector<int> contrasts;
+        for (int y = 0; y < picture.height(); ++y) {
+            contrasts.push_back(0);
+            for (int x = 0; x < picture.width(); ++x) {
+                const int lighter = picture.pixelColor(x, y).lightness() - picture.pixelColor(0, 0).lightness();
+                contrasts.back() = std::max(contrasts.back(), std::abs(lighter));
+            }
+        }
+        const int most = *std::max_element(contrasts.begin(), contrasts.end());
+        std::string rows;
+        for (const int contrast : contrasts) {
+            rows += contrast * 2 > most ? 'x' : '-';
+        }
+        return rows;
+    };
+    const std::string before = figuresIn();
+    EXPECT_NE(before.find('x'), std::string::npos);
+    clickCell(0, 0);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(grid.selectionModel()->isSelected(cell));
+    EXPECT_EQ(figuresIn(), before);
 }
 
 TEST_F(SheetSelectionTest, ALineTellsTheRowsOfTwoRunsApart) {
