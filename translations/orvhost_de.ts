@@ -1253,7 +1253,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
-        <translation>Bytes empfangen</translation>
+        <translation>Bytes geladen</translation>
     </message>
     <message>
         <source>It holds %1.</source>
@@ -1265,7 +1265,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Bytes DownLoaded</source>
-        <translation>Bytes empfangen</translation>
+        <translation>Bytes geladen</translation>
     </message>
     <message>
         <source>It may not have everything.</source>
@@ -2825,7 +2825,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Bytes downloaded</source>
-        <translation>Bytes empfangen</translation>
+        <translation>Bytes geladen</translation>
     </message>
     <message>
         <source>Characters in the receive buffer</source>

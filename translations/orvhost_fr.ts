@@ -1253,7 +1253,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
-        <translation>Octets reçus</translation>
+        <translation>Octets téléchargés</translation>
     </message>
     <message>
         <source>It holds %1.</source>
@@ -1265,7 +1265,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>Bytes DownLoaded</source>
-        <translation>Octets reçus</translation>
+        <translation>Octets téléchargés</translation>
     </message>
     <message>
         <source>It may not have everything.</source>
@@ -2825,7 +2825,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Bytes downloaded</source>
-        <translation>Octets reçus</translation>
+        <translation>Octets téléchargés</translation>
     </message>
     <message>
         <source>Characters in the receive buffer</source>
