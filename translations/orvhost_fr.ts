@@ -2409,7 +2409,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up to 60000 data points.</source>
-        <translation>Ce mode démarre seul et prend 1 point de données par seconde. Il se répète une fois par heure. Il mémorise jusqu&apos;à 60000 points de données.</translation>
+        <translation>Ce mode démarre seul et prend 1 point de données par seconde. Il se répète une fois par heure. Il mémorise jusqu&apos;à 60000 points.</translation>
     </message>
     <message>
         <source>Time and Date</source>
@@ -2994,7 +2994,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>&quot;Sync Time/Date&quot; alone leaves the clock up to 59 s behind: the command carries no seconds. &quot;At the full minute&quot; waits until a minute begins, so that the seconds are right too.</source>
-        <translation>«&#xa0;Synchroniser date/heure&#xa0;» seul laisse l&apos;horloge jusqu&apos;à 59 s en retard&#xa0;: la commande ne transmet pas les secondes. «&#xa0;Au début d&apos;une minute&#xa0;» attend qu&apos;une minute commence, pour que les secondes soient justes aussi.</translation>
+        <translation>«&#xa0;Synchroniser date/heure&#xa0;» seul laisse l&apos;horloge jusqu&apos;à 59 s en retard&#xa0;: la commande ne transmet pas les secondes. «&#xa0;Au début d&apos;une minute&#xa0;» attend le début d&apos;une minute&#xa0;: les secondes sont alors justes aussi.</translation>
     </message>
     <message>
         <source>%1 &quot;At the full minute&quot; sets it right.</source>
