@@ -153,7 +153,7 @@ Das Programm läuft weiter, alle Daten bleiben erhalten.</translation>
     </message>
     <message>
         <source>Previous</source>
-        <translation>Zurück</translation>
+        <translation>Vorige</translation>
     </message>
     <message>
         <source>Show Instrument</source>
@@ -1073,7 +1073,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>If you press run, it will start to collect data% after you press run.</source>
-        <translation>Wird „Messen“ gedrückt, beginnt die Messung % danach.</translation>
+        <translation>Wird „Messen“ gedrückt, beginnt die Messung% danach.</translation>
     </message>
     <message>
         <source>It will bin for % sample(s) to create 1 data point.</source>
@@ -1629,7 +1629,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>Pre&amp;vious</source>
-        <translation>&amp;Zurück</translation>
+        <translation>&amp;Vorige</translation>
     </message>
     <message>
         <source>Shows the instrument before; from the first, the last.</source>
@@ -2289,11 +2289,11 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>%1 is less than the minimum of %2.</source>
-        <translation>%1 ist kleiner als das Minimum %2.</translation>
+        <translation>%1 ist kleiner als der Mindestwert %2.</translation>
     </message>
     <message>
         <source>%1 is more than the maximum of %2.</source>
-        <translation>%1 ist größer als das Maximum %2.</translation>
+        <translation>%1 ist größer als der Höchstwert %2.</translation>
     </message>
     <message>
         <source>Curves of the data sheet</source>
