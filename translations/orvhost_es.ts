@@ -2689,7 +2689,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>File &amp;name :</source>
-        <translation>&amp;Nombre de archivo:</translation>
+        <translation>&amp;Nombre:</translation>
     </message>
     <message>
         <source>Rows :</source>

@@ -2689,7 +2689,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>File &amp;name :</source>
-        <translation>&amp;Nom du fichier&#xa0;:</translation>
+        <translation>&amp;Nom&#xa0;:</translation>
     </message>
     <message>
         <source>Rows :</source>

@@ -256,6 +256,19 @@ TEST(LanguageTest, ALanguageLastsAsLongAsItsObject) {
     EXPECT_EQ(Screen::tr("%1 rows").toStdString(), "%1 rows");
 }
 
+TEST(LanguageTest, TheSheetAndTheCurvesFitASmallScreen) {
+    constexpr int small = 800;
+    for (const QString& code : languages()) {
+        const Language language(code);
+        WindowRig rig;
+        for (const char* page : {"Output: Spread Sheet", "Output: Graphical"}) {
+            rig.showPage(QString::fromLatin1(page));
+            QCoreApplication::processEvents();
+            EXPECT_LE(rig.window->minimumSizeHint().width(), small) << code.toStdString() << ' ' << page;
+        }
+    }
+}
+
 /// A port says "connect again", which the debug output replaces.
 TEST(LanguageTest, EveryPortsReasonSpeaksOfConnectingAgainInTheSameWords) {
     for (const QString& code : languages()) {
