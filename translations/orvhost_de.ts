@@ -3088,5 +3088,13 @@ Bitte den Dateinamen prüfen.</translation>
         <source>they are of no known type of instrument</source>
         <translation>sie gehören zu keinem bekannten Instrumententyp</translation>
     </message>
+    <message>
+        <source>Data #</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>Data Point</source>
+        <translation>Datenpunkt</translation>
+    </message>
 </context>
 </TS>

@@ -3088,5 +3088,13 @@ Compruebe el nombre.</translation>
         <source>they are of no known type of instrument</source>
         <translation>no son de ningún tipo de instrumento conocido</translation>
     </message>
+    <message>
+        <source>Data #</source>
+        <translation>N.º</translation>
+    </message>
+    <message>
+        <source>Data Point</source>
+        <translation>Punto de datos</translation>
+    </message>
 </context>
 </TS>

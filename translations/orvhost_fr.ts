@@ -3088,5 +3088,13 @@ Vérifiez le nom du fichier.</translation>
         <source>they are of no known type of instrument</source>
         <translation>elles ne sont d&apos;aucun type d&apos;instrument connu</translation>
     </message>
+    <message>
+        <source>Data #</source>
+        <translation>N°</translation>
+    </message>
+    <message>
+        <source>Data Point</source>
+        <translation>Point de données</translation>
+    </message>
 </context>
 </TS>

@@ -4,6 +4,7 @@
 #include "ui/messageboxes.h"
 #include "ui/operatorwatch.h"
 #include "ui/settingswindow.h"
+#include "ui/widgets.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -13,6 +14,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTabBar>
+#include <QTableView>
 #include <QTranslator>
 
 namespace orv {
@@ -52,7 +54,7 @@ private:
 QString untranslated(QString text) {
     static const QRegularExpression same(QStringLiteral(
         // Devices and what the tests type, files, the instruments and their columns.
-        R"(\b(COM|tty[AB]|sim:(trx|glow)|TRX|GLOW|Data0?|Date|Time|Ref|REF|Point|Output|Counts|lake\.txt|a\.OCM|Pulled)\b|)"
+        R"(\b(COM|tty[AB]|sim:(trx|glow)|TRX|GLOW|Data0|Ref|REF|Point|Output|Counts|lake\.txt|a\.OCM|Pulled)\b|)"
         R"(\b(Orvtemp\.tmp|log\.ohp)\b|\b[VF]\d+|)"
         // Units, formulas and times.
         R"(\b(ug/IC|u&g/IC|mC|Fchl|DP|AM|PM)\b)"));
@@ -254,6 +256,23 @@ TEST(LanguageTest, ALanguageLastsAsLongAsItsObject) {
         EXPECT_EQ(Screen::english(QStringLiteral("%1 Zeilen")).toStdString(), "%1 rows");
     }
     EXPECT_EQ(Screen::tr("%1 rows").toStdString(), "%1 rows");
+}
+
+TEST_F(TranslationTest, TheColumnsOfTheProgram) {
+    connectAndRead();
+    program.run();
+    receive("R\r\n");
+    receiveRow();
+    showPage(QStringLiteral("Output: Spread Sheet"));
+    const QAbstractItemModel& model = *find<QTableView>("fg1").model();
+    for (int column = 0; column < 3; ++column) {
+        const QString shown = model.headerData(column, Qt::Horizontal).toString();
+        EXPECT_FALSE(shown.isEmpty());
+        EXPECT_EQ(untranslated(shown).toStdString(), "");
+        EXPECT_EQ(shownColumn(sheet.header().value(column)).toStdString(), shown.toStdString());
+    }
+    EXPECT_EQ(sheet.header().first(3).join(u'|').toStdString(), "Data #|Date|Time");
+    EXPECT_EQ(shownColumn(QStringLiteral("Ref")).toStdString(), "Ref");
 }
 
 TEST(LanguageTest, TheSheetAndTheCurvesFitASmallScreen) {

@@ -13,6 +13,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 #include <memory>
@@ -419,6 +420,14 @@ QAccessibleInterface* makeSpokenLabel(const QString& /*className*/, QObject* obj
 }
 
 } // namespace
+
+QString shownColumn(const QString& name) {
+    constexpr std::array<const char*, 5> own{QT_TRANSLATE_NOOP("orv", "Data #"), QT_TRANSLATE_NOOP("orv", "Data Point"),
+                                             QT_TRANSLATE_NOOP("orv", "Date"), QT_TRANSLATE_NOOP("orv", "Time"),
+                                             QT_TRANSLATE_NOOP("orv", "Output")};
+    const bool isOwn = std::any_of(own.begin(), own.end(), [&](const char* of) { return name == QLatin1String(of); });
+    return isOwn ? Screen::shown(name) : name;
+}
 
 void speakLabelValues() {
     QAccessible::installFactory(makeSpokenLabel);
