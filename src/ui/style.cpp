@@ -36,12 +36,16 @@ QColor between(const QColor& from, const QColor& to, float part) {
 constexpr std::array<QRgb, 6> curvesOnLight{0xff343eb5, 0xffd97e04, 0xff00a976, 0xffaa87c7, 0xff613300, 0xff110d16};
 constexpr std::array<QRgb, 6> curvesOnDark{0xff4181fc, 0xffcf6b0a, 0xff19e987, 0xffb16faa, 0xffffe41a, 0xffd6ffff};
 
-PlotTheme themeOf(const QColor& background, const QColor& text, const QColor& focus) {
+bool isDark(const QColor& colour) {
     constexpr int middle = 128;
+    return colour.lightness() < middle;
+}
+
+PlotTheme themeOf(const QColor& background, const QColor& text, const QColor& focus) {
     constexpr float faint = 0.15F;
     PlotTheme theme{
         .background = background, .text = text, .grid = between(background, text, faint), .focus = focus, .curves = {}};
-    const auto& colours = background.lightness() < middle ? curvesOnDark : curvesOnLight;
+    const auto& colours = isDark(background) ? curvesOnDark : curvesOnLight;
     std::copy(colours.begin(), colours.end(), theme.curves.begin());
     return theme;
 }
@@ -86,6 +90,17 @@ void ProgramStyle::polish(QPalette& palette) {
                               (front.blue() + behind.blue()) / 2});
         }
     }
+}
+
+QPalette warningPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(255, 191, 0));
+    palette.setColor(QPalette::WindowText, Qt::black);
+    return palette;
+}
+
+bool isDark(const QPalette& palette) {
+    return isDark(palette.color(QPalette::Window));
 }
 
 PlotTheme plotTheme(const QPalette& palette) {

@@ -23,6 +23,12 @@ public:
     void polish(QPalette& palette) override;
 };
 
+/// Of a label that is to catch the eye: black on amber, on light and dark.
+QPalette warningPalette();
+
+/// Whether a window with these colours is a dark one.
+bool isDark(const QPalette& palette);
+
 /// The colours of the plot.
 struct PlotTheme {
     QColor background;

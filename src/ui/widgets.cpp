@@ -2,6 +2,7 @@
 #include "ui/widgets.h"
 
 #include "base/words.h"
+#include "ui/style.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -385,7 +386,8 @@ QSize StatusLamp::sizeHint() const {
 void StatusLamp::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Mid), 1.5));
+    // A lamp may be as dark as the window: its ring then tells where it is.
+    painter.setPen(QPen(palette().color(isDark(palette()) ? QPalette::WindowText : QPalette::Mid), 1.5));
     const QColor colour = lampColour(lamp_);
     painter.setBrush(colour.isValid() ? QBrush(colour) : palette().brush(QPalette::Base));
     painter.drawEllipse(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
