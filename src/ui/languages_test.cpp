@@ -248,13 +248,16 @@ TEST(LanguageTest, EnglishNeedsNoTranslation) {
 }
 
 TEST(LanguageTest, ALanguageLastsAsLongAsItsObject) {
+    const QLocale before;
     {
         const Language german(QStringLiteral("de"));
         const Words words = Words::tr("%1 rows").arg(12);
         EXPECT_EQ(words.toStdString(), "12 rows");
         EXPECT_EQ(words.shown().toStdString(), "12 Zeilen");
         EXPECT_EQ(Screen::english(QStringLiteral("%1 Zeilen")).toStdString(), "%1 rows");
+        EXPECT_EQ(QLocale().language(), QLocale::German);
     }
+    EXPECT_EQ(QLocale(), before);
     EXPECT_EQ(Screen::tr("%1 rows").toStdString(), "%1 rows");
 }
 
