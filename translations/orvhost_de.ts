@@ -3096,5 +3096,9 @@ Bitte den Dateinamen prüfen.</translation>
         <source>Data Point</source>
         <translation>Datenpunkt</translation>
     </message>
+    <message>
+        <source>This guide is in English, and so are the captions in it.</source>
+        <translation>Dieses Handbuch ist auf Englisch, die Beschriftungen darin auch.</translation>
+    </message>
 </context>
 </TS>

@@ -3096,5 +3096,9 @@ Compruebe el nombre.</translation>
         <source>Data Point</source>
         <translation>Punto de datos</translation>
     </message>
+    <message>
+        <source>This guide is in English, and so are the captions in it.</source>
+        <translation>Esta guía está en inglés, y también los rótulos que cita.</translation>
+    </message>
 </context>
 </TS>

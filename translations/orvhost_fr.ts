@@ -3096,5 +3096,9 @@ Vérifiez le nom du fichier.</translation>
         <source>Data Point</source>
         <translation>Point de données</translation>
     </message>
+    <message>
+        <source>This guide is in English, and so are the captions in it.</source>
+        <translation>Ce guide est en anglais, et les libellés qu&apos;il cite aussi.</translation>
+    </message>
 </context>
 </TS>

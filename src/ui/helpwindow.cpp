@@ -84,8 +84,16 @@ HelpWindow::HelpWindow()
     left->addWidget(makeCaption(Screen::tr("&Chapters"), chapters_));
     left->addWidget(chapters_, 1);
     auto* both = new QHBoxLayout;
+    auto* right = new QVBoxLayout;
+    const Words inEnglish = Words::tr("This guide is in English, and so are the captions in it.");
+    if (inEnglish.shown() != inEnglish.english()) {
+        QLabel* label = makeTextLabel("GuideLanguage", {});
+        label->setText(inEnglish.shown());
+        right->addWidget(label);
+    }
+    right->addWidget(view_, 1);
     both->addLayout(left);
-    both->addWidget(view_, 1);
+    both->addLayout(right, 1);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(makeBar());
     layout->addLayout(both, 1);

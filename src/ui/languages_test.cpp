@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/language.h"
 #include "testing/windowrig.h"
+#include "ui/helpwindow.h"
 #include "ui/messageboxes.h"
 #include "ui/operatorwatch.h"
 #include "ui/settingswindow.h"
@@ -276,6 +277,15 @@ TEST_F(TranslationTest, TheColumnsOfTheProgram) {
     }
     EXPECT_EQ(sheet.header().first(3).join(u'|').toStdString(), "Data #|Date|Time");
     EXPECT_EQ(shownColumn(QStringLiteral("Ref")).toStdString(), "Ref");
+}
+
+TEST(LanguageTest, TheGuideTellsThatItIsInEnglish) {
+    for (const QString& code : languages()) {
+        const Language language(code);
+        const HelpWindow guide;
+        EXPECT_EQ(guide.findChild<QLabel*>(QStringLiteral("GuideLanguage")) == nullptr, code == QLatin1String("en"))
+            << code.toStdString();
+    }
 }
 
 TEST(LanguageTest, TheSheetAndTheCurvesFitASmallScreen) {
