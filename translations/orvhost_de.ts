@@ -153,7 +153,7 @@ Das Programm läuft weiter, alle Daten bleiben erhalten.</translation>
     </message>
     <message>
         <source>Previous</source>
-        <translation>Zurück</translation>
+        <translation>Vorige</translation>
     </message>
     <message>
         <source>Show Instrument</source>
@@ -1069,7 +1069,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>If you press run, it will start to collect data% after you press run.</source>
-        <translation>Wird „Messen“ gedrückt, beginnt die Messung % danach.</translation>
+        <translation>Wird „Messen“ gedrückt, beginnt die Messung% danach.</translation>
     </message>
     <message>
         <source>It will bin for % sample(s) to create 1 data point.</source>
@@ -1249,7 +1249,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
-        <translation>Bytes empfangen</translation>
+        <translation>Bytes geladen</translation>
     </message>
     <message>
         <source>It holds %1.</source>
@@ -1261,7 +1261,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Bytes DownLoaded</source>
-        <translation>Bytes empfangen</translation>
+        <translation>Bytes geladen</translation>
     </message>
     <message>
         <source>It may not have everything.</source>
@@ -1625,7 +1625,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>Pre&amp;vious</source>
-        <translation>&amp;Zurück</translation>
+        <translation>&amp;Vorige</translation>
     </message>
     <message>
         <source>Shows the instrument before; from the first, the last.</source>
@@ -2281,11 +2281,11 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>%1 is less than the minimum of %2.</source>
-        <translation>%1 ist kleiner als das Minimum %2.</translation>
+        <translation>%1 ist kleiner als der Mindestwert %2.</translation>
     </message>
     <message>
         <source>%1 is more than the maximum of %2.</source>
-        <translation>%1 ist größer als das Maximum %2.</translation>
+        <translation>%1 ist größer als der Höchstwert %2.</translation>
     </message>
     <message>
         <source>Curves of the data sheet</source>
@@ -2817,7 +2817,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Bytes downloaded</source>
-        <translation>Bytes empfangen</translation>
+        <translation>Bytes geladen</translation>
     </message>
     <message>
         <source>Characters in the receive buffer</source>
@@ -3098,7 +3098,19 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Record %1 (the sheet follows the run)</source>
-        <translation>Datensatz %1 (das Blatt folgt dem Lauf)</translation>
+        <translation>Datensatz %1 (das Blatt folgt der Messung)</translation>
+    </message>
+    <message>
+        <source>Data #</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>Data Point</source>
+        <translation>Datenpunkt</translation>
+    </message>
+    <message>
+        <source>This guide is in English, and so are the captions in it.</source>
+        <translation>Dieses Handbuch ist auf Englisch, die Beschriftungen darin auch.</translation>
     </message>
 </context>
 </TS>

@@ -465,7 +465,7 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>%1 was lost. Check the cable, then press Connect.</source>
-        <translation>Se perdió la conexión en %1. Revise el cable y pulse Conectar.</translation>
+        <translation>Se perdió la conexión en %1. Revise el cable y pulse «Conectar».</translation>
     </message>
     <message>
         <source>Auto Connect Comm 1</source>
@@ -484,12 +484,16 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
         <translation>Sin conexión</translation>
     </message>
     <message>
+        <source></source>
+        <translation></translation>
+    </message>
+    <message>
         <source>No answer from COM %1</source>
         <translation>COM %1 no responde</translation>
     </message>
     <message>
         <source>No answer from %1 within %2 s. Check power and cable, press Quit, connect again.</source>
-        <translation>%1 no ha respondido en %2 s. Revise la alimentación y el cable, pulse Salir y conecte de nuevo.</translation>
+        <translation>%1 no ha respondido en %2 s. Revise la alimentación y el cable, pulse «Salir» y conecte de nuevo.</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -497,11 +501,11 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess click Quit</source>
-        <translation>Para iniciar la conexión manual en Comm %1, pulse Continuar. Para abandonarla, pulse Salir.</translation>
+        <translation>Para iniciar la conexión manual en Comm %1, pulse «Continuar». Para abandonarla, pulse «Salir».</translation>
     </message>
     <message>
         <source>Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that power is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready.</source>
-        <translation>¡La conexión automática en Comm %1 ha fallado!      Compruebe que el cable lleva DTR, que el instrumento tiene alimentación y que el puerto es el correcto. Después pulse Reintentar.</translation>
+        <translation>¡La conexión automática en Comm %1 ha fallado!      Compruebe que el cable lleva DTR, que el instrumento tiene alimentación y que el puerto es el correcto. Después pulse «Reintentar».</translation>
     </message>
     <message>
         <source>An attempt is under way.</source>
@@ -509,11 +513,11 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>The port is still open, so this would do nothing. Press Quit, then connect again.</source>
-        <translation>El puerto sigue abierto, así que esto no haría nada. Pulse Salir y conecte de nuevo.</translation>
+        <translation>El puerto sigue abierto, así que esto no haría nada. Pulse «Salir» y conecte de nuevo.</translation>
     </message>
     <message>
         <source>Shut power off of sensor. Press (Start) then turn power on.</source>
-        <translation>Apague el sensor. Pulse (Iniciar) y encienda el sensor.</translation>
+        <translation>Apague el sensor. Pulse «Iniciar» y encienda el sensor.</translation>
     </message>
     <message>
         <source>Manual Connect</source>
@@ -689,11 +693,11 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>Collecting. Reset ends the run.</source>
-        <translation>Midiendo. Restablecer termina la medición.</translation>
+        <translation>Midiendo. «Restablecer» termina la medición.</translation>
     </message>
     <message>
         <source>%1. Reset ends the run.</source>
-        <translation>%1. Restablecer termina la medición.</translation>
+        <translation>%1. «Restablecer» termina la medición.</translation>
     </message>
     <message>
         <source> Only %1.</source>
@@ -705,7 +709,7 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>Downloading. Reset stops it; what has arrived is kept.</source>
-        <translation>Descargando. Restablecer detiene la descarga; lo que ha llegado se conserva.</translation>
+        <translation>Descargando. «Restablecer» detiene la descarga; lo que ha llegado se conserva.</translation>
     </message>
     <message>
         <source>Sending the settings.</source>
@@ -725,19 +729,19 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>Plug in an adapter, or choose a port and press Connect.</source>
-        <translation>Enchufe un adaptador, o elija un puerto y pulse Conectar.</translation>
+        <translation>Enchufe un adaptador, o elija un puerto y pulse «Conectar».</translation>
     </message>
     <message>
         <source>Choose a port and press Connect.</source>
-        <translation>Elija un puerto y pulse Conectar.</translation>
+        <translation>Elija un puerto y pulse «Conectar».</translation>
     </message>
     <message>
         <source>The instrument has not said what it is. Press Reset to ask again.</source>
-        <translation>El instrumento no se ha identificado. Pulse Restablecer para preguntar otra vez.</translation>
+        <translation>El instrumento no se ha identificado. Pulse «Restablecer» para preguntar otra vez.</translation>
     </message>
     <message>
         <source>Press Run to collect. Reset ends a run.</source>
-        <translation>Pulse Medir para empezar. Restablecer termina la medición.</translation>
+        <translation>Pulse «Medir» para empezar. «Restablecer» termina la medición.</translation>
     </message>
     <message>
         <source>A question waits for your answer.</source>
@@ -1069,7 +1073,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>If you press run, it will start to collect data% after you press run.</source>
-        <translation>Si pulsa Medir, empieza a medir% después.</translation>
+        <translation>Si pulsa «Medir», empieza a medir% después.</translation>
     </message>
     <message>
         <source>It will bin for % sample(s) to create 1 data point.</source>
@@ -1145,11 +1149,11 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>No answer for 10 s. Reset connects again.</source>
-        <translation>Sin respuesta en 10 s. Restablecer conecta de nuevo.</translation>
+        <translation>Sin respuesta en 10 s. «Restablecer» conecta de nuevo.</translation>
     </message>
     <message>
         <source>This was the 150th line of settings reports since the program started. There it ends the connection, once. Nothing is wrong: press Quit and connect again.</source>
-        <translation>Esta fue la línea 150 de informes de configuración desde el inicio del programa. Ahí el programa termina la conexión, una sola vez. No hay ningún fallo: pulse Salir y conecte de nuevo.</translation>
+        <translation>Esta fue la línea 150 de informes de configuración desde el inicio del programa. Ahí el programa termina la conexión, una sola vez. No hay ningún fallo: pulse «Salir» y conecte de nuevo.</translation>
     </message>
     <message>
         <source>%1 behind this computer&apos;s</source>
@@ -1245,7 +1249,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>No data for 10 s. Reset stops the download.</source>
-        <translation>Sin datos en 10 s. Restablecer detiene la descarga.</translation>
+        <translation>Sin datos en 10 s. «Restablecer» detiene la descarga.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
@@ -1257,7 +1261,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Press Reset, make room or choose another folder, and download it again.</source>
-        <translation>Pulse Restablecer, libere espacio o elija otra carpeta y descárguelos otra vez.</translation>
+        <translation>Pulse «Restablecer», libere espacio o elija otra carpeta y descárguelos otra vez.</translation>
     </message>
     <message>
         <source>Bytes DownLoaded</source>
@@ -1955,7 +1959,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>Reset on the page Status and Controls stops it.</source>
-        <translation>Restablecer en la página Estado y controles lo detiene.</translation>
+        <translation>«Restablecer» en la página «Estado y controles» lo detiene.</translation>
     </message>
     <message>
         <source>&amp;Abort</source>
@@ -2681,7 +2685,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>File &amp;name :</source>
-        <translation>&amp;Nombre de archivo:</translation>
+        <translation>&amp;Nombre:</translation>
     </message>
     <message>
         <source>Rows :</source>
@@ -2785,7 +2789,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>No rows yet. Connect, then press Run.</source>
-        <translation>Aún no hay filas. Conecte y pulse Medir.</translation>
+        <translation>Aún no hay filas. Conecte y pulse «Medir».</translation>
     </message>
     <message>
         <source>How far the run or the download has come</source>
@@ -2958,7 +2962,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>%1 Reset stops it.</source>
-        <translation>%1 Restablecer lo detiene.</translation>
+        <translation>%1 «Restablecer» lo detiene.</translation>
     </message>
     <message>
         <source>Waiting for the full minute: %1 s.</source>
@@ -3034,7 +3038,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>No rows yet. Press Run.</source>
-        <translation>Aún no hay filas. Pulse Medir.</translation>
+        <translation>Aún no hay filas. Pulse «Medir».</translation>
     </message>
     <message>
         <source>%1. &quot;At the full minute&quot; sets it.</source>
@@ -3099,6 +3103,18 @@ Compruebe el nombre.</translation>
     <message>
         <source>Record %1 (the sheet follows the run)</source>
         <translation>Registro %1 (la hoja sigue la medición)</translation>
+    </message>
+    <message>
+        <source>Data #</source>
+        <translation>N.º</translation>
+    </message>
+    <message>
+        <source>Data Point</source>
+        <translation>Punto de datos</translation>
+    </message>
+    <message>
+        <source>This guide is in English, and so are the captions in it.</source>
+        <translation>Esta guía está en inglés, y también los rótulos que cita.</translation>
     </message>
 </context>
 </TS>

@@ -1249,7 +1249,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
-        <translation>Octets reçus</translation>
+        <translation>Octets téléchargés</translation>
     </message>
     <message>
         <source>It holds %1.</source>
@@ -1261,7 +1261,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>Bytes DownLoaded</source>
-        <translation>Octets reçus</translation>
+        <translation>Octets téléchargés</translation>
     </message>
     <message>
         <source>It may not have everything.</source>
@@ -2401,7 +2401,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up to 60000 data points.</source>
-        <translation>Ce mode démarre seul et prend 1 point de données par seconde. Il se répète une fois par heure. Il mémorise jusqu&apos;à 60000 points de données.</translation>
+        <translation>Ce mode démarre seul et prend 1 point de données par seconde. Il se répète une fois par heure. Il mémorise jusqu&apos;à 60000 points.</translation>
     </message>
     <message>
         <source>Time and Date</source>
@@ -2681,7 +2681,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>File &amp;name :</source>
-        <translation>&amp;Nom du fichier&#xa0;:</translation>
+        <translation>&amp;Nom&#xa0;:</translation>
     </message>
     <message>
         <source>Rows :</source>
@@ -2817,7 +2817,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Bytes downloaded</source>
-        <translation>Octets reçus</translation>
+        <translation>Octets téléchargés</translation>
     </message>
     <message>
         <source>Characters in the receive buffer</source>
@@ -2986,7 +2986,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>&quot;Sync Time/Date&quot; alone leaves the clock up to 59 s behind: the command carries no seconds. &quot;At the full minute&quot; waits until a minute begins, so that the seconds are right too.</source>
-        <translation>«&#xa0;Synchroniser date/heure&#xa0;» seul laisse l&apos;horloge jusqu&apos;à 59 s en retard&#xa0;: la commande ne transmet pas les secondes. «&#xa0;Au début d&apos;une minute&#xa0;» attend qu&apos;une minute commence, pour que les secondes soient justes aussi.</translation>
+        <translation>«&#xa0;Synchroniser date/heure&#xa0;» seul laisse l&apos;horloge jusqu&apos;à 59 s en retard&#xa0;: la commande ne transmet pas les secondes. «&#xa0;Au début d&apos;une minute&#xa0;» attend le début d&apos;une minute&#xa0;: les secondes sont alors justes aussi.</translation>
     </message>
     <message>
         <source>%1 &quot;At the full minute&quot; sets it right.</source>
@@ -3099,6 +3099,18 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>Record %1 (the sheet follows the run)</source>
         <translation>Enregistrement %1 (la feuille suit la mesure)</translation>
+    </message>
+    <message>
+        <source>Data #</source>
+        <translation>N°</translation>
+    </message>
+    <message>
+        <source>Data Point</source>
+        <translation>Point de données</translation>
+    </message>
+    <message>
+        <source>This guide is in English, and so are the captions in it.</source>
+        <translation>Ce guide est en anglais, et les libellés qu&apos;il cite aussi.</translation>
     </message>
 </context>
 </TS>

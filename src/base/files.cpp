@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -22,18 +23,73 @@
 #endif
 
 #include <cerrno>
+#include <clocale>
+#include <cstring>
+#include <utility>
 
 namespace orv {
 
-QString errorText(const QIODevice& device) {
-    QString text = device.errorString().trimmed();
+namespace {
+
+/// What Qt itself says of a file that fails.
+constexpr std::pair<const char*, const char*> textsOfQt[] = {{"QIODevice", "Unknown error"},
+                                                             {"QIODevice", "file to open is a directory"},
+                                                             {"QFile", "Destination file exists"},
+                                                             {"QFile", "Cannot open destination file: %1"},
+                                                             {"QFile", "Error while renaming: %1"},
+                                                             {"QSaveFile", "Filename refers to a directory"},
+                                                             {"QSaveFile", "Existing file %1 is not writable"}};
+
+QString englishErrorText(int number) {
+#ifdef Q_OS_LINUX
+    static const locale_t english = ::newlocale(LC_ALL_MASK, "C", locale_t{});
+    return QString::fromLatin1(::strerror_l(number, english));
+#else
+    return QString::fromLocal8Bit(std::strerror(number));
+#endif
+}
+
+/// The English of a reason: no device keeps the number of its error.
+QString englishReason(const QString& shown) {
+    for (const auto& [context, english] : textsOfQt) {
+        const QStringList around = QCoreApplication::translate(context, english).split(QStringLiteral("%1"));
+        const QString& before = around.front();
+        if (around.size() == 1 && shown == before) {
+            return QString::fromLatin1(english);
+        }
+        if (around.size() == 2 && shown.startsWith(before) && shown.endsWith(around.back())) {
+            const QString within = shown.sliced(before.size()).chopped(around.back().size());
+            return QString::fromLatin1(english).arg(englishReason(within));
+        }
+    }
+    constexpr int lastNumber = 133;
+    for (int number = 1; number <= lastNumber; ++number) {
+        if (qt_error_string(number) == shown) {
+            return englishErrorText(number);
+        }
+    }
+    return shown;
+}
+
+QString withoutFullStop(QString text) {
     while (text.endsWith(u'.')) {
         text.chop(1);
     }
     return text;
 }
 
-QString appendWhole(QFileDevice& file, const QByteArray& bytes) {
+} // namespace
+
+Words systemErrorText(int number) {
+    return {englishErrorText(number), qt_error_string(number)};
+}
+
+Words errorText(const QIODevice& device) {
+    const QString shown = device.errorString().trimmed();
+    return {withoutFullStop(englishReason(shown)), withoutFullStop(shown)};
+}
+
+Words appendWhole(QFileDevice& file, const QByteArray& bytes) {
     const qint64 before = file.pos();
     qint64 written = 0;
     // A full disk first takes a part and tells of its trouble only at the rest.
@@ -47,7 +103,7 @@ QString appendWhole(QFileDevice& file, const QByteArray& bytes) {
     if (written == bytes.size()) {
         return {};
     }
-    QString reason = errorText(file);
+    Words reason = errorText(file);
     file.resize(before);
     file.seek(before);
     return reason;
@@ -67,7 +123,7 @@ QString freeName(const QString& path, const QDateTime& now) {
     return info.dir().filePath(name);
 }
 
-QString keepUnderDatedName(const QString& path, const QDateTime& now, QString* keptAs) {
+Words keepUnderDatedName(const QString& path, const QDateTime& now, QString* keptAs) {
     QFile file(path);
     if (!file.exists()) {
         return {};
@@ -87,7 +143,7 @@ std::optional<qint64> freeSpaceHere() {
     return failure ? std::nullopt : std::optional(static_cast<qint64>(space.available));
 }
 
-QString syncToDisk(int fileHandle) {
+Words syncToDisk(int fileHandle) {
 #if defined(Q_OS_WIN)
     const bool synced = _commit(fileHandle) == 0;
 #elif defined(Q_OS_MACOS)
@@ -96,7 +152,7 @@ QString syncToDisk(int fileHandle) {
     const bool synced = ::fdatasync(fileHandle) == 0;
 #endif
     // A device, or a file system that has no such thing.
-    return synced || errno == EINVAL || errno == EBADF || errno == ENOTSUP ? QString() : qt_error_string(errno);
+    return synced || errno == EINVAL || errno == EBADF || errno == ENOTSUP ? Words() : systemErrorText(errno);
 }
 
 Words syncNamedFile(int fileHandle) {
@@ -133,7 +189,7 @@ Words writeWholeFile(const QString& name, const QByteArray& bytes, const std::op
         return reason;
     }
     // Only now that the new one is whole, so that a failure leaves the older one where it is.
-    reason = keepOlder ? keepUnderDatedName(name, *keepOlder) : QString();
+    reason = keepOlder ? keepUnderDatedName(name, *keepOlder) : Words();
     if (!reason.isEmpty()) {
         return Words::tr("the older file of that name could not be kept (%1)").arg(reason);
     }

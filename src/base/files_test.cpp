@@ -3,6 +3,9 @@
 
 #include "testing/folder.h"
 
+#include <QCoreApplication>
+#include <QTranslator>
+
 #include <cerrno>
 
 namespace orv {
@@ -103,6 +106,43 @@ TEST(ErrorText, EndsWithoutAFullStop) {
         EXPECT_EQ(errorText(FailedDevice(said)).toStdString(), told);
     }
 }
+
+#ifdef Q_OS_UNIX
+/// Of Qt's own texts and of the four that it translates for the system.
+class BracketsAroundQt final : public QTranslator {
+public:
+    BracketsAroundQt() { QCoreApplication::installTranslator(this); }
+
+    bool isEmpty() const override { return false; }
+
+    QString translate(const char* context, const char* text, const char* /*comment*/, int /*n*/) const override {
+        return context[0] == 'Q' ? QStringLiteral("[%1]").arg(QString::fromUtf8(text)) : QString();
+    }
+};
+
+TEST(ErrorText, IsEnglishInFilesWhateverLanguageQtSpeaks) {
+    const OwnFolder folder;
+    const BracketsAroundQt translator;
+    EXPECT_EQ(FailedDevice("").errorString().toStdString(), "[Unknown error]");
+    const std::pair<QString, const char*> cases[] = {
+        {QString(), "Unknown error"},
+        {qt_error_string(ENOENT), "No such file or directory"},
+        {qt_error_string(EFBIG), "File too large"},
+        {QStringLiteral("[Existing file rows.csv is not writable]"), "Existing file rows.csv is not writable"},
+        {QStringLiteral("[Error while renaming: %1]").arg(qt_error_string(ENOENT)),
+         "Error while renaming: No such file or directory"},
+        {QStringLiteral("Something else"), "Something else"}};
+    for (const auto& [said, english] : cases) {
+        EXPECT_EQ(errorText(FailedDevice(said.toUtf8().constData())).toStdString(), english);
+    }
+    QFile missing(folder.path("missing"));
+    ASSERT_FALSE(missing.open(QIODevice::ReadOnly));
+    EXPECT_EQ(errorText(missing).toStdString(), "No such file or directory");
+    EXPECT_EQ(errorText(missing).shown().toStdString(), "[No such file or directory]");
+    EXPECT_EQ(systemErrorText(ENOENT).toStdString(), "No such file or directory");
+    EXPECT_EQ(systemErrorText(ENOENT).shown().toStdString(), "[No such file or directory]");
+}
+#endif
 
 TEST(KeptFile, NothingToKeepIsNoFailure) {
     const OwnFolder folder;

@@ -3,7 +3,6 @@
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QTranslator>
 
 #include <utility>
@@ -26,6 +25,10 @@ QString systemLanguage() {
 }
 
 Language::Language(const QString& code) {
+    const QLocale locale(code);
+    if (QLocale::system().language() != locale.language()) {
+        QLocale::setDefault(locale);
+    }
     if (code == languages().constFirst()) {
         return;
     }
@@ -41,6 +44,8 @@ Language::Language(const QString& code) {
     }
 }
 
-Language::~Language() = default; // a translator that goes is no longer asked
+Language::~Language() { // a translator that goes is no longer asked
+    QLocale::setDefault(before_);
+}
 
 } // namespace orv

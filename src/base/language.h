@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QLocale>
 #include <QString>
 #include <QStringList>
 
@@ -17,8 +18,9 @@ QStringList languages();
 /// The one of them that the operator has asked his system for, else English.
 QString systemLanguage();
 
-/// As long as it lives all texts that are made speak that language, Qt's own too as far as they are installed. What is
-/// made before stays as it is: it comes before the first window and the program.
+/// As long as it lives all texts that are made speak that language, Qt's own too as far as they are installed, and Qt's
+/// dialogs have its dates and sizes of files; a system of that language keeps those of its country. What is made before
+/// stays as it is: it comes before the first window and the program.
 class Language {
 public:
     explicit Language(const QString& code);
@@ -27,6 +29,7 @@ public:
     Language& operator=(const Language&) = delete;
 
 private:
+    QLocale before_;
     std::vector<std::unique_ptr<QTranslator>> translators_;
 };
 

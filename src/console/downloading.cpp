@@ -68,7 +68,7 @@ private:
     }
 
     void keepOlder() {
-        const QString reason = keepUnderDatedName(visit_.options.output, visit_.clock.now());
+        const Words reason = keepUnderDatedName(visit_.options.output, visit_.clock.now());
         if (!reason.isEmpty()) {
             throw Failure(
                 QStringLiteral("%1 could not be kept under another name: %2.").arg(visit_.options.output, reason));

@@ -22,7 +22,7 @@ bool Terminal::print(const QString& line) {
     const QByteArray bytes = line.toLocal8Bit() + '\n';
     const bool taken = output_.write(bytes) == bytes.size();
     if (!taken && problem_.isEmpty()) {
-        problem_ = errorText(output_);
+        problem_ = errorText(output_).english();
     }
     return taken;
 }

@@ -53,7 +53,7 @@ Words PlacedFile::place(QString* keptAs) {
         std::filesystem::rename(QFileInfo(path_).filesystemFilePath(), QFileInfo(file_.name).filesystemFilePath(),
                                 error);
         if (error) {
-            return QString::fromStdString(error.message());
+            return systemErrorText(error.value());
         }
     } else if (!written.rename(file_.name)) { // never over a file that has come since
         return errorText(written);

@@ -58,7 +58,7 @@ public:
     Words append(const QByteArray& lines) override {
         auto* file = qobject_cast<QFileDevice*>(&device_);
         const bool whole = device_.write(lines) == lines.size() && (file == nullptr || file->flush());
-        return whole ? QString() : errorText(device_);
+        return whole ? Words() : errorText(device_);
     }
 
     Words close() override { return {}; }
@@ -84,7 +84,7 @@ public:
         }
         const QIODevice::OpenMode mode =
             wanted_.existing == OutputFile::Existing::Replace ? QIODevice::Truncate : QIODevice::NewOnly;
-        return file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered | mode) ? QString() : errorText(file_);
+        return file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered | mode) ? Words() : errorText(file_);
     }
 
     Words append(const QByteArray& lines) override { return appendWhole(file_, lines); }
@@ -121,11 +121,11 @@ public:
         if (!reason.isEmpty()) {
             return reason;
         }
-        return file_.open(QIODevice::WriteOnly | QIODevice::NewOnly) ? QString() : errorText(file_);
+        return file_.open(QIODevice::WriteOnly | QIODevice::NewOnly) ? Words() : errorText(file_);
     }
 
     Words append(const QByteArray& lines) override {
-        return file_.write(lines) == lines.size() ? QString() : errorText(file_);
+        return file_.write(lines) == lines.size() ? Words() : errorText(file_);
     }
 
     Words close() override {
@@ -259,7 +259,7 @@ private:
             return keepUnderDatedName(name, file_.now.isValid() ? file_.now : table_.made);
         }
         QFile older(name);
-        return older.rename(beside) ? QString() : errorText(older);
+        return older.rename(beside) ? Words() : errorText(older);
     }
 
     OutputFile file_;

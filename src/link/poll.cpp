@@ -18,7 +18,7 @@ QString ProgramLog::olderPath(const QString& path) {
            path.sliced(std::max<qsizetype>(suffix, 0));
 }
 
-QString ProgramLog::open(const QString& path) {
+Words ProgramLog::open(const QString& path) {
     file_.setFileName(path);
     isBegun_ = openFor(QIODevice::Truncate);
     if (!isBegun_) {
@@ -28,7 +28,7 @@ QString ProgramLog::open(const QString& path) {
     return {};
 }
 
-QString ProgramLog::write(const QByteArray& block) {
+Words ProgramLog::write(const QByteArray& block) {
     const QByteArray line = block + "\r\n";
     if (file_.isOpen() && file_.pos() > 0 && file_.pos() + line.size() > std::max(next_, largest_)) {
         beginAnew();
@@ -38,10 +38,10 @@ QString ProgramLog::write(const QByteArray& block) {
     if (!isBegun_) {
         return {};
     }
-    QString reason = file_.isOpen() ? appendWhole(file_, line) : errorText(file_);
+    Words reason = file_.isOpen() ? appendWhole(file_, line) : errorText(file_);
     const bool isTold = toldFailure_ > 0;
     toldFailure_ = reason.isEmpty() ? std::max<qsizetype>(toldFailure_ - line.size(), 0) : line.size();
-    return isTold ? QString() : reason;
+    return isTold ? Words() : reason;
 }
 
 void ProgramLog::beginAnew() {
@@ -56,7 +56,7 @@ void ProgramLog::beginAnew() {
         next_ = 0;
         anew_.begun = !std::exchange(anewTold_, true);
     } else {
-        anew_.reason = QString::fromLocal8Bit(error.message().c_str());
+        anew_.reason = systemErrorText(error.value());
     }
     openFor(error ? QIODevice::Append : QIODevice::Truncate);
 }

@@ -27,11 +27,11 @@ public:
         : largest_(largest) {}
 
     /// Creates or empties the file, and removes the older one. Returns the empty text, or why it could not be opened.
-    QString open(const QString& path);
+    Words open(const QString& path);
 
     /// Appends one block. Returns the empty text, or why it could not be written; only once, until as many bytes have
     /// been written again: on a full disk short blocks may still find room. Nothing happens if the log is not open.
-    QString write(const QByteArray& block);
+    Words write(const QByteArray& block);
 
     struct Anew {
         bool begun = false; ///< For the first time.

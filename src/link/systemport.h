@@ -24,7 +24,7 @@ struct OpenFailureFacts {
     QString group;      ///< The group that may use the device; may be empty.
     Words lockedBy;     ///< What is known of the program that holds it, e.g. "process 1234"; may be empty.
     bool busy = false;  ///< The system or a lock file says that another program uses it.
-    QString systemText; ///< What the system said.
+    Words systemText;   ///< What the system said.
 };
 
 /// Why the device could not be opened and what to do next, in plain words.

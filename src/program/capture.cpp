@@ -35,7 +35,7 @@ QJsonObject facts() {
             {QStringLiteral("system"), QSysInfo::prettyProductName()},
             {QStringLiteral("kernel"), QSysInfo::kernelType() + u' ' + QSysInfo::kernelVersion()},
             {QStringLiteral("processor"), QSysInfo::currentCpuArchitecture()},
-            {QStringLiteral("locale"), QLocale().name()}};
+            {QStringLiteral("locale"), QLocale::system().name()}};
 }
 
 CaptureKind kindOf(LineEvent::Kind kind) {

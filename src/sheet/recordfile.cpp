@@ -32,7 +32,7 @@ void RecordFile::setPath(const QString& path) {
 
 Words RecordFile::start(const DataSheet::Type& type) {
     close();
-    Words reason = place_ != nullptr ? place_->claim() : QString();
+    Words reason = place_ != nullptr ? place_->claim() : Words();
     if (reason.isEmpty()) {
         reason = keepUnsavedRows();
     }
@@ -231,7 +231,7 @@ Words RecordFile::keepForNextStart(const DataSheet& sheet) {
     if (sheet.type().layout() == RowLayout::Unknown) {
         return Words::tr("they are of no known type of instrument");
     }
-    Words reason = place_ != nullptr ? place_->claim() : QString();
+    Words reason = place_ != nullptr ? place_->claim() : Words();
     if (reason.isEmpty()) {
         const auto keepOlder = holdsUnsavedRows() ? std::optional(clock_.now()) : std::nullopt;
         reason = writeWholeFile(file_.fileName(), recordBytes(sheet, clock_.now()), keepOlder);

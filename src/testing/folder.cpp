@@ -36,7 +36,7 @@ QString systemWords(int error) {
 QString wordsOfOpening(const QString& path, QIODevice::OpenMode mode) {
     QFile file(path);
     EXPECT_FALSE(file.open(mode)) << qPrintable(path);
-    return errorText(file);
+    return errorText(file).english();
 }
 
 OwnFolder::OwnFolder()

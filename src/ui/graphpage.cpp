@@ -204,7 +204,7 @@ void GraphPage::showStatistics() {
     if (const auto& range = canvas_->range()) {
         for (int curve = 0; curve < data_.curveCount(); ++curve) {
             if (shown_[static_cast<std::size_t>(curve)]) {
-                lines.push_back({data_.name(curve), data_.statistics(curve, range->lower, range->upper)});
+                lines.push_back({shownColumn(data_.name(curve)), data_.statistics(curve, range->lower, range->upper)});
             }
         }
         rows = data_.firstPointAfter(range->upper) - data_.firstPointFrom(range->lower);
@@ -263,7 +263,7 @@ void GraphPage::refreshNow() {
 void GraphPage::relay(int pointedRow) {
     QStringList names;
     for (int curve = 0; curve < data_.curveCount(); ++curve) {
-        names.append(data_.name(curve));
+        names.append(shownColumn(data_.name(curve)));
     }
     if (shown_.size() != static_cast<std::size_t>(data_.curveCount())) {
         shown_.assign(static_cast<std::size_t>(data_.curveCount()), true);

@@ -89,8 +89,16 @@ HelpWindow::HelpWindow()
     constexpr int readable = 460;
     view_->setMinimumWidth(readable);
     auto* both = new QHBoxLayout;
+    auto* right = new QVBoxLayout;
+    const Words inEnglish = Words::tr("This guide is in English, and so are the captions in it.");
+    if (inEnglish.shown() != inEnglish.english()) {
+        QLabel* label = makeTextLabel("GuideLanguage", {});
+        label->setText(inEnglish.shown());
+        right->addWidget(label);
+    }
+    right->addWidget(view_, 1);
     both->addLayout(left, 3);
-    both->addWidget(view_, 5);
+    both->addLayout(right, 5);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(makeBar());
     layout->addLayout(both, 1);

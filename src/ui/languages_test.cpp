@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/language.h"
 #include "testing/windowrig.h"
+#include "ui/helpwindow.h"
 #include "ui/messageboxes.h"
 #include "ui/operatorwatch.h"
 #include "ui/settingswindow.h"
+#include "ui/widgets.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -15,6 +17,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTabBar>
+#include <QTableView>
 #include <QTranslator>
 
 namespace orv {
@@ -54,7 +57,7 @@ private:
 QString untranslated(QString text) {
     static const QRegularExpression same(QStringLiteral(
         // Devices and what the tests type, files, the instruments and their columns.
-        R"(\b(COM|tty[AB]|sim:(trx|glow)|TRX|GLOW|Data0?|Date|Time|Ref|REF|Point|Output|Counts|lake\.txt|a\.OCM|Pulled)\b|)"
+        R"(\b(COM|tty[AB]|sim:(trx|glow)|TRX|GLOW|Data0|Ref|REF|Point|Output|Counts|lake\.txt|a\.OCM|Pulled)\b|)"
         R"(\b(Orvtemp\.tmp|log\.ohp)\b|\b[VF]\d+|)"
         // Units, formulas and times.
         R"(\b(ug/IC|u&g/IC|mC|Fchl|DP|AM|PM)\b)"));
@@ -257,14 +260,56 @@ TEST(LanguageTest, EnglishNeedsNoTranslation) {
 }
 
 TEST(LanguageTest, ALanguageLastsAsLongAsItsObject) {
+    const QLocale before;
     {
         const Language german(QStringLiteral("de"));
         const Words words = Words::tr("%1 rows").arg(12);
         EXPECT_EQ(words.toStdString(), "12 rows");
         EXPECT_EQ(words.shown().toStdString(), "12 Zeilen");
         EXPECT_EQ(Screen::english(QStringLiteral("%1 Zeilen")).toStdString(), "%1 rows");
+        EXPECT_EQ(QLocale().language(), QLocale::German);
     }
+    EXPECT_EQ(QLocale(), before);
     EXPECT_EQ(Screen::tr("%1 rows").toStdString(), "%1 rows");
+}
+
+TEST_F(TranslationTest, TheColumnsOfTheProgram) {
+    connectAndRead();
+    program.run();
+    receive("R\r\n");
+    receiveRow();
+    showPage(QStringLiteral("Output: Spread Sheet"));
+    const QAbstractItemModel& model = *find<QTableView>("fg1").model();
+    for (int column = 0; column < 3; ++column) {
+        const QString shown = model.headerData(column, Qt::Horizontal).toString();
+        EXPECT_FALSE(shown.isEmpty());
+        EXPECT_EQ(untranslated(shown).toStdString(), "");
+        EXPECT_EQ(shownColumn(sheet.header().value(column)).toStdString(), shown.toStdString());
+    }
+    EXPECT_EQ(sheet.header().first(3).join(u'|').toStdString(), "Data #|Date|Time");
+    EXPECT_EQ(shownColumn(QStringLiteral("Ref")).toStdString(), "Ref");
+}
+
+TEST(LanguageTest, TheGuideTellsThatItIsInEnglish) {
+    for (const QString& code : languages()) {
+        const Language language(code);
+        const HelpWindow guide;
+        EXPECT_EQ(guide.findChild<QLabel*>(QStringLiteral("GuideLanguage")) == nullptr, code == QLatin1String("en"))
+            << code.toStdString();
+    }
+}
+
+TEST(LanguageTest, TheSheetAndTheCurvesFitASmallScreen) {
+    constexpr int small = 800;
+    for (const QString& code : languages()) {
+        const Language language(code);
+        WindowRig rig;
+        for (const char* page : {"Output: Spread Sheet", "Output: Graphical"}) {
+            rig.showPage(QString::fromLatin1(page));
+            QCoreApplication::processEvents();
+            EXPECT_LE(rig.window->minimumSizeHint().width(), small) << code.toStdString() << ' ' << page;
+        }
+    }
 }
 
 /// A port says "connect again", which the debug output replaces.

@@ -12,6 +12,7 @@
 #include "ui/settingswindow.h"
 #include "ui/sheetpage.h"
 #include "ui/statuspage.h"
+#include "ui/style.h"
 #include "ui/tabstrip.h"
 #include "ui/widgets.h"
 
@@ -167,8 +168,7 @@ void MainWindow::addSimulationMarker(QLayout* row) {
                                   "the page \"Status and Controls\"."));
     marker->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
     marker->setAutoFillBackground(true);
-    marker->setBackgroundRole(QPalette::ToolTipBase);
-    marker->setForegroundRole(QPalette::ToolTipText);
+    marker->setPalette(warningPalette());
     marker->setMargin(3);
     row->addWidget(marker);
     bindings_.bind(program_.link.portChoices.shown.simulation, [this, marker](const Words& text) {

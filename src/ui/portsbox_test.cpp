@@ -289,6 +289,8 @@ TEST_F(PortsBoxTest, ASimulatedInstrumentIsMarkedOnEveryPageAndInTheTitle) {
     program.toggleServiceMode();
     onEachPage([&marker](const std::string& caption) { EXPECT_TRUE(marker.isVisible()) << caption; });
     EXPECT_EQ(marker.text().toStdString(), "Simulated instrument on COM 1");
+    EXPECT_EQ(marker.palette().color(QPalette::Window), QColor(255, 191, 0));
+    EXPECT_EQ(marker.palette().color(QPalette::WindowText), QColor(Qt::black));
     EXPECT_EQ(window->windowTitle().toStdString(), "ORV Host Program (simulated instrument)");
     enter(edit, "ttyA");
     EXPECT_FALSE(marker.isVisible());

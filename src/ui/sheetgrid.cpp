@@ -2,6 +2,7 @@
 #include "ui/sheetgrid.h"
 
 #include "base/words.h"
+#include "ui/widgets.h"
 
 #include <QClipboard>
 #include <QFontDatabase>
@@ -74,7 +75,7 @@ QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int ro
     if (role == Qt::TextAlignmentRole) {
         return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
     }
-    return role == Qt::DisplayRole ? sheet_.header().value(section) : QVariant();
+    return role == Qt::DisplayRole ? shownColumn(sheet_.header().value(section)) : QVariant();
 }
 
 namespace {
@@ -289,7 +290,7 @@ std::vector<StatisticsTable::Line> SheetGrid::statistics() const {
     std::vector<StatisticsTable::Line> lines;
     for (int column = sheetcolumn::firstValue; column < DataSheet::columnCount; ++column) {
         const std::vector<bool>& rows = cells.at(static_cast<std::size_t>(column));
-        StatisticsTable::Line line{.name = sheet_.header().value(column), .numbers = {}};
+        StatisticsTable::Line line{.name = shownColumn(sheet_.header().value(column)), .numbers = {}};
         for (std::size_t row = 0; row < rows.size(); ++row) {
             if (rows[row]) {
                 line.numbers.add(sheet_.number(static_cast<int>(row), column));

@@ -54,7 +54,7 @@ SheetPage::SheetPage(Program& program)
     , shown_(program.sheet.shown)
     , activity_(program.link.session.commands.activity)
     , grid_(new SheetGrid(program.sheet.data))
-    , counter_(makeNumberLabel("SheetCounter", Screen::tr("Rows on the sheet"), "0000000"))
+    , counter_(makeNumberLabel("SheetCounter", Screen::tr("Rows on the sheet"), "00000"))
     , notice_(makeTextLabel("SheetNotice", Screen::tr("What became of the rows")))
     , bringBack_(makeButton(
           Screen::tr("&Bring them back"), "BringBack", [&program] { program.bringBack(); },
@@ -113,7 +113,7 @@ QLayout* SheetPage::makeBar(Program& program) {
         makeBox("Text37", Screen::tr("Default File Name, and the file name used for auto-recording of long profiles."));
     fileName->setMinimumWidth(12 * fileName->fontMetrics().averageCharWidth()); // the window still fits 800 pixels
     bindTyped(bindings_, fileName, shown_.fileName);
-    auto* records = makeNumberLabel("RecordsCounter", Screen::tr("Automatic saves"), "0000000");
+    auto* records = makeNumberLabel("RecordsCounter", Screen::tr("Automatic saves"), "00000");
     records->setToolTip(Screen::tr("This is used to indicated how many records were automatically created over a "
                                    "long profile, or data gathering."));
     bindText(bindings_, records, shown_.records);
@@ -136,15 +136,16 @@ QLayout* SheetPage::makeBar(Program& program) {
         Screen::tr("Clears the Spread Sheet of all data."));
     bindEnabled(bindings_, clear, commands.canClearAll);
 
+    constexpr int betweenGroups = 8;
     auto* bar = new QHBoxLayout;
     bar->addWidget(makeCaption(Screen::tr("File &name :"), fileName));
     bar->addWidget(fileName, 1);
-    bar->addSpacing(16);
+    bar->addSpacing(betweenGroups);
     bar->addWidget(new QLabel(Screen::tr("Rows :")));
     bar->addWidget(counter_);
     bar->addWidget(new QLabel(Screen::tr("Records :")));
     bar->addWidget(records);
-    bar->addSpacing(16);
+    bar->addSpacing(betweenGroups);
     bar->addWidget(save);
     bar->addWidget(exported);
     bar->addWidget(open);

@@ -50,6 +50,7 @@ private:
     const QProperty<bool>& noRowYet_;
     std::vector<QLabel*> captions_;
     std::vector<QLabel*> values_;
+    std::vector<QString> names_; ///< Of the columns whose captions are shown.
     QLabel* empty_;
     Bindings bindings_;
 };
@@ -81,6 +82,7 @@ NewestRowScreen::NewestRowScreen(const Program& program, LateTexts& counts)
         captions_.push_back(caption);
         values_.push_back(value);
     }
+    names_.resize(values_.size());
     for (int column = 0; column < columnsAcross; ++column) {
         grid->setColumnStretch(column, 1);
     }
@@ -119,8 +121,10 @@ void NewestRowScreen::draw() {
         }
     }
     for (std::size_t column = 0; column < values_.size(); ++column) {
-        const QString caption = row < 0 ? QString() : sheet_.columnNames().value(static_cast<qsizetype>(column));
-        if (captions_[column]->text() != caption) {
+        const QString name = row < 0 ? QString() : sheet_.columnNames().value(static_cast<qsizetype>(column));
+        if (names_[column] != name) {
+            names_[column] = name;
+            const QString caption = shownColumn(name);
             captions_[column]->setText(caption);
             captions_[column]->setVisible(!caption.isEmpty());
             values_[column]->setVisible(!caption.isEmpty());

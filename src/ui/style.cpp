@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/style.h"
 
-#include <QStyleOptionButton>
+#include <QPainter>
+#include <QStyleOption>
 
 #include <algorithm>
 #include <cmath>
@@ -36,12 +37,37 @@ QColor between(const QColor& from, const QColor& to, float part) {
 constexpr std::array<QRgb, 6> curvesOnLight{0xff343eb5, 0xffd97e04, 0xff00a976, 0xffaa87c7, 0xff613300, 0xff110d16};
 constexpr std::array<QRgb, 6> curvesOnDark{0xff4181fc, 0xffcf6b0a, 0xff19e987, 0xffb16faa, 0xffffe41a, 0xffd6ffff};
 
-PlotTheme themeOf(const QColor& background, const QColor& text, const QColor& focus) {
+bool isDark(const QColor& colour) {
     constexpr int middle = 128;
+    return colour.lightness() < middle;
+}
+
+/// For a style that makes its outlines from the window's colour by darkening it, which on dark shows nothing.
+template <typename Option>
+Option withLightOutline(Option option) {
+    constexpr float visible = 0.4F;
+    constexpr int darkened = 150;
+    const QPalette& palette = option.palette;
+    const QColor outline =
+        between(palette.color(QPalette::Window), palette.color(QPalette::WindowText), visible).lighter(darkened);
+    option.palette.setColor(QPalette::Window, outline);
+    return option;
+}
+
+void markChosen(const QStyleOptionTab& tab, QPainter& painter) {
+    constexpr int height = 2;
+    const QRect& all = tab.rect;
+    const bool below = tab.shape == QTabBar::RoundedSouth;
+    painter.fillRect(
+        QRect(all.left() + height, below ? all.bottom() + 1 - height : all.top(), all.width() - 2 * height, height),
+        tab.palette.color(QPalette::Highlight));
+}
+
+PlotTheme themeOf(const QColor& background, const QColor& text, const QColor& focus) {
     constexpr float faint = 0.15F;
     PlotTheme theme{
         .background = background, .text = text, .grid = between(background, text, faint), .focus = focus, .curves = {}};
-    const auto& colours = background.lightness() < middle ? curvesOnDark : curvesOnLight;
+    const auto& colours = isDark(background) ? curvesOnDark : curvesOnLight;
     std::copy(colours.begin(), colours.end(), theme.curves.begin());
     return theme;
 }
@@ -57,12 +83,33 @@ QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     return tight ? proposed.expandedTo(size + room) : proposed;
 }
 
+void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                 const QWidget* widget) const {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    const bool onDark = isDark(option->palette);
+    if (onDark && button != nullptr && (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)) {
+        const QStyleOptionButton light = withLightOutline(*button);
+        QProxyStyle::drawPrimitive(element, &light, painter, widget);
+    } else if (onDark && frame != nullptr && (element == PE_FrameLineEdit || element == PE_Frame)) {
+        const QStyleOptionFrame light = withLightOutline(*frame);
+        QProxyStyle::drawPrimitive(element, &light, painter, widget);
+    } else {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
 void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     const bool isButton = element == CE_PushButtonBevel || element == CE_PushButtonLabel;
     if (!isButton || button == nullptr || (button->state & State_On) == 0) {
         QProxyStyle::drawControl(element, option, painter, widget);
+        const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+        if (element == CE_TabBarTabShape && tab != nullptr && (tab->state & State_Selected) != 0 &&
+            isDark(tab->palette)) {
+            markChosen(*tab, *painter);
+        }
         return;
     }
     QStyleOptionButton coloured(*button);
@@ -86,6 +133,17 @@ void ProgramStyle::polish(QPalette& palette) {
                               (front.blue() + behind.blue()) / 2});
         }
     }
+}
+
+QPalette warningPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(255, 191, 0));
+    palette.setColor(QPalette::WindowText, Qt::black);
+    return palette;
+}
+
+bool isDark(const QPalette& palette) {
+    return isDark(palette.color(QPalette::Window));
 }
 
 PlotTheme plotTheme(const QPalette& palette) {

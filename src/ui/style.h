@@ -9,8 +9,9 @@
 
 namespace orv {
 
-/// The desktop's own style with three amends: buttons leave some room around their text, a button that is switched on
-/// stands out in light and dark, and what is disabled can still be read.
+/// The desktop's own style with four amends: buttons leave some room around their text, a button that is switched on
+/// stands out in light and dark, what is disabled can still be read, and on a dark window outlines of boxes and the tab
+/// that is chosen can be seen.
 class ProgramStyle final : public QProxyStyle {
 public:
     using QProxyStyle::polish;
@@ -18,10 +19,18 @@ public:
 
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                            const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
     void polish(QPalette& palette) override;
 };
+
+/// Of a label that is to catch the eye: black on amber, on light and dark.
+QPalette warningPalette();
+
+/// Whether a window with these colours is a dark one.
+bool isDark(const QPalette& palette);
 
 /// The colours of the plot.
 struct PlotTheme {

@@ -2,13 +2,16 @@
 #include "ui/style.h"
 
 #include <QImage>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyleOption>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 
 namespace orv {
 namespace {
@@ -41,6 +44,51 @@ TEST(ProgramStyleTest, AButtonLeavesRoomAroundItsText) {
     QPushButton button(QStringLiteral("Retrieve Settings"));
     button.setStyle(&style);
     EXPECT_GE(button.sizeHint().width(), button.fontMetrics().horizontalAdvance(button.text()) + 16);
+}
+
+/// Draws with a dark window behind.
+QImage drawnOnDark(const QPalette& dark, const std::function<void(QPainter&)>& draw) {
+    QImage image(40, 20, QImage::Format_RGB32);
+    image.fill(dark.color(QPalette::Window));
+    QPainter painter(&image);
+    draw(painter);
+    return image;
+}
+
+TEST(ProgramStyleTest, OutlinesAndTheChosenTabAreSeenOnADarkWindow) {
+    const ProgramStyle style(QStringLiteral("Fusion"));
+    QPalette dark(QColor(45, 45, 48));
+    dark.setColor(QPalette::Highlight, QColor(0, 90, 200));
+    constexpr QRect place(2, 2, 14, 14);
+    for (const QStyle::PrimitiveElement element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton}) {
+        const QImage image = drawnOnDark(dark, [&](QPainter& painter) {
+            QStyleOptionButton option;
+            option.rect = place;
+            option.palette = dark;
+            option.state = QStyle::State_Enabled | QStyle::State_Off;
+            style.drawPrimitive(element, &option, &painter, nullptr);
+        });
+        EXPECT_GE(image.pixelColor(place.left(), 9).lightness(), 90) << element;
+    }
+    const QImage edge = drawnOnDark(dark, [&](QPainter& painter) {
+        QStyleOptionFrame option;
+        option.rect = place;
+        option.lineWidth = 1;
+        option.palette = dark;
+        option.state = QStyle::State_Enabled | QStyle::State_Sunken;
+        style.drawPrimitive(QStyle::PE_FrameLineEdit, &option, &painter, nullptr);
+    });
+    EXPECT_GE(edge.pixelColor(place.left(), 9).lightness(), 90);
+    for (const bool chosen : {false, true}) {
+        const QImage tab = drawnOnDark(dark, [&](QPainter& painter) {
+            QStyleOptionTab option;
+            option.rect = QRect(0, 0, 40, 20);
+            option.palette = dark;
+            option.state = chosen ? QStyle::State_Enabled | QStyle::State_Selected : QStyle::State_Enabled;
+            style.drawControl(QStyle::CE_TabBarTabShape, &option, &painter, nullptr);
+        });
+        EXPECT_EQ(tab.pixelColor(20, 1) == dark.color(QPalette::Highlight), chosen);
+    }
 }
 
 TEST(ProgramStyleTest, AButtonThatIsSwitchedOnHasTheHighlightsColour) {

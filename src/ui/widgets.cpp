@@ -2,6 +2,7 @@
 #include "ui/widgets.h"
 
 #include "base/words.h"
+#include "ui/style.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -13,6 +14,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 #include <memory>
@@ -381,7 +383,8 @@ QSize StatusLamp::sizeHint() const {
 void StatusLamp::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Mid), 1.5));
+    // A lamp may be as dark as the window: its ring then tells where it is.
+    painter.setPen(QPen(palette().color(isDark(palette()) ? QPalette::WindowText : QPalette::Mid), 1.5));
     const QColor colour = lampColour(lamp_);
     painter.setBrush(colour.isValid() ? QBrush(colour) : palette().brush(QPalette::Base));
     painter.drawEllipse(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
@@ -416,6 +419,14 @@ QAccessibleInterface* makeSpokenLabel(const QString& /*className*/, QObject* obj
 }
 
 } // namespace
+
+QString shownColumn(const QString& name) {
+    constexpr std::array<const char*, 5> own{QT_TRANSLATE_NOOP("orv", "Data #"), QT_TRANSLATE_NOOP("orv", "Data Point"),
+                                             QT_TRANSLATE_NOOP("orv", "Date"), QT_TRANSLATE_NOOP("orv", "Time"),
+                                             QT_TRANSLATE_NOOP("orv", "Output")};
+    const bool isOwn = std::any_of(own.begin(), own.end(), [&](const char* of) { return name == QLatin1String(of); });
+    return isOwn ? Screen::shown(name) : name;
+}
 
 void speakLabelValues() {
     QAccessible::installFactory(makeSpokenLabel);

@@ -220,6 +220,10 @@ private:
     Lamp lamp_ = Lamp::Off;
 };
 
+/// The name of a column of the sheet as the screen shows it; files, copies and exports have the name itself. A name
+/// that is not the program's own, such as "Ref", is the same in each language.
+QString shownColumn(const QString& name);
+
 /// From now on assistive programs hear a label that shows a value as "Status: Ready". By itself a label with an
 /// accessible name is heard as "Status" and its value never. Further calls change nothing.
 void speakLabelValues();

@@ -12,6 +12,15 @@
 namespace orv {
 namespace {
 
+TEST(StatusLampTest, TheRingIsSeenOnADarkWindow) {
+    StatusLamp lamp;
+    lamp.setPalette(QPalette(QColor(45, 45, 48)));
+    lamp.resize(20, 20);
+    lamp.show(Lamp::Read);
+    const QImage image = lamp.grab().toImage();
+    EXPECT_GE(qGreen(image.pixel(image.width() / 2, 1)), 128);
+}
+
 /// A page of one colour with empty number labels on it, also at edges within pixels.
 class NumberLabels : public testing::Test {
 protected:
