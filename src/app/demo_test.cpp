@@ -22,9 +22,13 @@ TEST_F(DemoTest, DoesTheMainJobAndLeavesItsFilesAndPictures) {
     EXPECT_EQ(ended.status, 0) << ended.error;
     EXPECT_EQ(ended.error.find("Failed"), std::string::npos) << ended.error;
     for (const char* step : {"Connecting on COM 1", "Identified: TRX, firmware 512\n", "Settings read: 10 samples",
-                             "Collected 25 rows\n", "Stopped and connected again\n", "Saved ", "Picture of "}) {
+                             "Collected ", "Stopped and connected again\n", "Saved ", "Picture of "}) {
         EXPECT_NE(ended.output.find(step), std::string::npos) << step << " in\n" << ended.output;
     }
+    // On a busy computer the next row comes together with the 25th.
+    const QByteArray told = QByteArray::fromStdString(ended.output);
+    const qsizetype collected = told.indexOf("Collected ") + 10;
+    EXPECT_GE(told.sliced(collected, told.indexOf(" rows\n", collected) - collected).toInt(), 25);
     const QByteArray sheet = contentsOf(folder.path("out/put/sheet.txt"));
     EXPECT_TRUE(sheet.startsWith("V\t512 "));
     // Line ends of the header and then one CR for each row: rows that came while the run was being stopped count too.
