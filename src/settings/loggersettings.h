@@ -108,7 +108,7 @@ struct SettingsState {
     QProperty<QString> capacity;         ///< "Logger Capacity (% full)".
     QProperty<QString> memoryPointer;    ///< What it is computed from.
     QProperty<bool> syncTimeDate{false}; ///< "Sync Time/Date".
-    /// It has been ticked, and no clock has been set since.
+    /// It has been ticked, and the clock of this connection's instrument has not been set since.
     QProperty<bool> syncPending{false};
     /// The clock is set when a minute of the computer's clock begins, so that its seconds are right.
     QProperty<bool> atFullMinute{false};

@@ -62,6 +62,7 @@ SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressStat
             link_.session.status.notice = Words();
         }
         settings_.clockSetting = Words();
+        settings_.syncPending = settings_.syncTimeDate.value();
         progress_.visible = false;
     })) {}
 
