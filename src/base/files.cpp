@@ -35,17 +35,23 @@ namespace {
 constexpr std::pair<const char*, const char*> textsOfQt[] = {{"QIODevice", "Unknown error"},
                                                              {"QIODevice", "file to open is a directory"},
                                                              {"QFile", "Destination file exists"},
+                                                             {"QFile", "Destination file is the same file."},
+                                                             {"QFile", "Source file does not exist."},
+                                                             {"QFile", "Cannot remove source file"},
+                                                             {"QFile", "Cannot open for output: %1"},
+                                                             {"QFile", "Failure to write block: %1"},
                                                              {"QFile", "Cannot open destination file: %1"},
                                                              {"QFile", "Error while renaming: %1"},
                                                              {"QSaveFile", "Filename refers to a directory"},
                                                              {"QSaveFile", "Existing file %1 is not writable"}};
 
+/// On other systems the number may be none of errno, and the text has the one language that the system speaks.
 QString englishErrorText(int number) {
 #ifdef Q_OS_LINUX
     static const locale_t english = ::newlocale(LC_ALL_MASK, "C", locale_t{});
     return QString::fromLatin1(::strerror_l(number, english));
 #else
-    return QString::fromLocal8Bit(std::strerror(number));
+    return qt_error_string(number);
 #endif
 }
 
@@ -57,17 +63,20 @@ QString englishReason(const QString& shown) {
         if (around.size() == 1 && shown == before) {
             return QString::fromLatin1(english);
         }
-        if (around.size() == 2 && shown.startsWith(before) && shown.endsWith(around.back())) {
+        if (around.size() == 2 && shown.size() >= before.size() + around.back().size() && shown.startsWith(before) &&
+            shown.endsWith(around.back())) {
             const QString within = shown.sliced(before.size()).chopped(around.back().size());
             return QString::fromLatin1(english).arg(englishReason(within));
         }
     }
+#ifdef Q_OS_LINUX
     constexpr int lastNumber = 133;
     for (int number = 1; number <= lastNumber; ++number) {
         if (qt_error_string(number) == shown) {
             return englishErrorText(number);
         }
     }
+#endif
     return shown;
 }
 
