@@ -24,6 +24,7 @@
 #include <QTimer>
 #include <QTreeView>
 
+#include <algorithm>
 #include <utility>
 
 namespace orv {
@@ -115,13 +116,20 @@ protected:
     }
 
 private:
-    /// Size, kind and date are as wide as what they say.
+    /// Size, kind and date are at least as wide as their captions. Only widths: Qt keeps how the columns behave for the
+    /// dialogs of all its programs.
     void giveNamesTheRoom() {
-        if (const auto* list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
-            list->header()->setStretchLastSection(false);
-            list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-            list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        const auto* list = findChild<QTreeView*>(QStringLiteral("treeView"));
+        if (list == nullptr) {
+            return;
         }
+        QHeaderView& columns = *list->header();
+        int left = list->viewport()->width();
+        for (int column = 1; column < columns.count(); ++column) {
+            columns.resizeSection(column, std::max(columns.sectionSize(column), columns.sectionSizeHint(column)));
+            left -= columns.sectionSize(column);
+        }
+        columns.resizeSection(0, std::max(left, columns.sectionSize(0)));
     }
 
     /// Qt's dialog would also delete and rename files, and asks and tells of it in boxes that hold the program. A new

@@ -254,9 +254,8 @@ TEST_F(QuestionDialogsTest, TheFileDialogIsWideEnoughForTheCaptionsOfItsColumns)
     EXPECT_LE(files.height(), 500);
     const QHeaderView& columns = *control<QTreeView>(files, "treeView").header();
     ASSERT_EQ(columns.count(), 4);
-    EXPECT_EQ(columns.sectionResizeMode(0), QHeaderView::Stretch);
     for (const int column : {1, 2, 3}) {
-        EXPECT_EQ(columns.sectionResizeMode(column), QHeaderView::ResizeToContents) << column;
+        EXPECT_GE(columns.sectionSize(column), columns.sectionSizeHint(column)) << column;
     }
 }
 
