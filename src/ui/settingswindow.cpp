@@ -127,10 +127,10 @@ QWidget* SettingsWindow::makeExchange() {
     const SettingsState& shown = program_.settings.shown;
     const QProperty<Activity>& activity = program_.link.session.commands.activity;
     const auto tell = [line, &shown, &activity](auto&&) {
-        const QString sync = Screen::tr("Sync Time/Date");
+        const Words sync = Words::tr("Sync Time/Date");
         QList<Words> unsent = captionsOf(shown.unsent());
         if (shown.syncUnsent()) {
-            unsent << Words::tr("Sync Time/Date");
+            unsent << sync;
         }
         if (shown.secondsToFullMinute > 0) {
             line->setText(shown.fullMinuteWait().shown() + u' ' +
@@ -145,7 +145,7 @@ QWidget* SettingsWindow::makeExchange() {
         } else if (shown.syncTimeDate && !shown.syncPending && activity == Activity::None) {
             const QString exchange = shown.exchange.value().shown();
             line->setText(Screen::tr("%1 %2 is still ticked: \"Apply Settings\" sets the clock again.")
-                              .arg(exchange.endsWith(u'.') ? exchange : exchange + u'.', sync));
+                              .arg(exchange.endsWith(u'.') ? exchange : exchange + u'.', sync.shown()));
         } else {
             line->setText(shown.exchange.value().shown());
         }

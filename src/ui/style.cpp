@@ -87,11 +87,12 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
                                  const QWidget* widget) const {
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-    const bool onDark = isDark(option->palette);
-    if (onDark && button != nullptr && (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)) {
+    const bool isBox = button != nullptr && (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton);
+    const bool isFrame = frame != nullptr && (element == PE_FrameLineEdit || element == PE_Frame);
+    if (isBox && isDark(button->palette)) {
         const QStyleOptionButton light = withLightOutline(*button);
         QProxyStyle::drawPrimitive(element, &light, painter, widget);
-    } else if (onDark && frame != nullptr && (element == PE_FrameLineEdit || element == PE_Frame)) {
+    } else if (isFrame && isDark(frame->palette)) {
         const QStyleOptionFrame light = withLightOutline(*frame);
         QProxyStyle::drawPrimitive(element, &light, painter, widget);
     } else {
