@@ -23,8 +23,9 @@ constexpr QLatin1String longestUsual("00000.00000");
 
 /// Whether a text has room where the usual values have it: figures and what stands between them are not wider than 0.
 bool isUsual(const QString& text) {
-    return text.size() <= longestUsual.size() &&
-           std::ranges::none_of(text, [](QChar character) { return character.isLetter(); });
+    return text.size() <= longestUsual.size() && std::ranges::all_of(text, [](QChar character) {
+               return character.isDigit() || QLatin1String(".-/: ").contains(character);
+           });
 }
 
 /// Makes a value as large as a text in its letters, at least as wide as the usual ones. The size is fixed, so that most
@@ -88,14 +89,18 @@ NewestRowScreen::NewestRowScreen(const Program& program, LateTexts& counts)
     }
     const CommandState& commands = program.link.session.commands;
     const auto tellNext = [this, &commands](bool) {
+        // In a run the rows before may have been saved and cleared by themselves.
+        const bool mayHaveHadRows = commands.activity.value() == Activity::Collecting && !noRowYet_;
         empty_->setText(commands.canRun     ? Screen::tr("No rows yet. Press Run.")
+                        : mayHaveHadRows    ? QString()
                         : commands.portOpen ? Screen::tr("No rows yet.")
                                             : Screen::tr("No rows yet. Connect, then press Run."));
     };
     bindings_.bind(commands.canRun, tellNext);
     bindings_.bind(commands.portOpen, tellNext);
     counts.bind(program.sheet.shown.counter, [this] { draw(); });
-    bindings_.bind(noRowYet_, [this, &counts](bool) {
+    bindings_.bind(noRowYet_, [this, &counts, tellNext](bool yet) {
+        tellNext(yet);
         counts.drawNow(); // the counts are of the same moment
         draw();
     });
@@ -199,7 +204,12 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     };
     showUnlessEmpty(shown.shutterProgress, shutter);
     showUnlessEmpty(shown.shutterCountdown, countdown);
-    bindText(bindings_, notice, shown.notice);
+    const QProperty<int>& secondsToFullMinute = program.settings.shown.secondsToFullMinute;
+    const auto remark = [notice, &shown, &secondsToFullMinute](auto&&) { // what is told of the setting before is old
+        notice->setText(secondsToFullMinute > 0 ? QString() : shown.notice.value().shown());
+    };
+    bindings_.bind(shown.notice, remark);
+    bindings_.bind(secondsToFullMinute, remark);
     bindings_.bind(program.progress.text, [this, progress](const Words& text) {
         progress->setText(text.shown());
         counts_.drawNow();

@@ -337,11 +337,14 @@ TEST_F(StatusPageTest, NothingMovesWhenARemarkComesAndGoes) {
                                    "carries no seconds.");
     status.clockOffset = -59;
     EXPECT_EQ(places(), before);
-    status.notice = QString();
+    const std::string notice = text("Notice");
+    EXPECT_NE(notice, "");
     settings.secondsToFullMinute = 46;
-    EXPECT_EQ(text("Notice"), "") << "the next step says it";
+    EXPECT_EQ(text("Notice"), "") << "the next step says it, and what was told before is old";
     EXPECT_EQ(places(), before);
     settings.secondsToFullMinute = 0;
+    EXPECT_EQ(text("Notice"), notice);
+    status.notice = QString();
     status.clockOffset = -86'000;
     status.shutterProgress = QStringLiteral("Restoring Orignal Settings 10");
     status.shutterCountdown = QStringLiteral("30 s");
