@@ -3112,5 +3112,13 @@ Bitte den Dateinamen prüfen.</translation>
         <source>This guide is in English, and so are the captions in it.</source>
         <translation>Dieses Handbuch ist auf Englisch, die Beschriftungen darin auch.</translation>
     </message>
+    <message>
+        <source>the rows of the run before could not be kept under another name (%1)</source>
+        <translation>die Zeilen der Messung davor konnten nicht unter anderem Namen aufbewahrt werden (%1)</translation>
+    </message>
+    <message>
+        <source>%1. Rows have come since.</source>
+        <translation>%1. Seither sind Zeilen gekommen.</translation>
+    </message>
 </context>
 </TS>

@@ -3116,5 +3116,13 @@ Compruebe el nombre.</translation>
         <source>This guide is in English, and so are the captions in it.</source>
         <translation>Esta guía está en inglés, y también los rótulos que cita.</translation>
     </message>
+    <message>
+        <source>the rows of the run before could not be kept under another name (%1)</source>
+        <translation>las filas de la medición anterior no se pudieron conservar con otro nombre (%1)</translation>
+    </message>
+    <message>
+        <source>%1. Rows have come since.</source>
+        <translation>%1. Desde entonces han llegado filas.</translation>
+    </message>
 </context>
 </TS>

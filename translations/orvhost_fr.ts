@@ -3112,5 +3112,13 @@ Vérifiez le nom du fichier.</translation>
         <source>This guide is in English, and so are the captions in it.</source>
         <translation>Ce guide est en anglais, et les libellés qu&apos;il cite aussi.</translation>
     </message>
+    <message>
+        <source>the rows of the run before could not be kept under another name (%1)</source>
+        <translation>les lignes de la mesure précédente n&apos;ont pas pu être conservées sous un autre nom (%1)</translation>
+    </message>
+    <message>
+        <source>%1. Rows have come since.</source>
+        <translation>%1. Des lignes sont arrivées depuis.</translation>
+    </message>
 </context>
 </TS>

@@ -174,7 +174,8 @@ TEST_F(SheetExportTest, WritesTheRowsThatWereChosen) {
     EXPECT_EQ(answers.asked.back().section(u'|', 0, 0).toStdString(), "Export all 5 rows");
     EXPECT_EQ(sheetState.saved.value().count, 5);
     row("51\t2\t3\t4");
-    EXPECT_EQ(sheetState.saved.value(), SavedRows()) << "not all that are there now";
+    EXPECT_TRUE(sheetState.rowsSinceSaved) << "not all that are there now";
+    EXPECT_EQ(sheetState.saved.value().count, 5);
 }
 
 TEST_F(SheetExportTest, OffersTheNameThatWasGivenLast) {

@@ -67,7 +67,7 @@ Words RecordFile::keepUnsavedRows() {
     QString keptAs;
     const Words reason = keepUnderDatedName(file_.fileName(), clock_.now(), &keptAs);
     if (!reason.isEmpty()) {
-        return QStringLiteral("the rows of the run before could not be kept under another name (%1)").arg(reason);
+        return Words::tr("the rows of the run before could not be kept under another name (%1)").arg(reason);
     }
     keptAs_ = QFileInfo(keptAs).fileName();
     if (unsaved_) {

@@ -54,7 +54,8 @@ void Sheet::clearAll() {
                    .recorded = recordFile.standing(),
                    .unsaved = shown.unsaved,
                    .file = shown.file,
-                   .saved = shown.saved};
+                   .saved = shown.saved,
+                   .rowsSinceSaved = shown.rowsSinceSaved};
     before.contents = rows.clearSpreadSheet();
     shown.saved = SavedRows();
     shown.clearedRows = static_cast<int>(before.contents.rows.size());
@@ -72,6 +73,7 @@ void Sheet::bringBack() {
     shown.unsaved = before->unsaved;
     shown.file = before->file;
     shown.saved = before->saved;
+    shown.rowsSinceSaved = before->rowsSinceSaved;
 }
 
 void Sheet::noteRow() {
@@ -79,10 +81,7 @@ void Sheet::noteRow() {
         cleared_.reset();
         shown.clearedRows = 0;
     }
-    // Rows that an automatic save has taken off the sheet are more than there are on it: they stay told.
-    if (const int count = shown.saved.value().count; count > 0 && count < data.rowCount()) {
-        shown.saved = SavedRows();
-    }
+    shown.rowsSinceSaved = true;
 }
 
 void Sheet::handOver() {

@@ -23,6 +23,7 @@ struct Sheet {
         , download(link, settings, rows, files)
         , saved(files.saved.subscribe([this](bool wholly) { noteSaved(wholly); }))
         , discarded(data.rowsRemoved.subscribe([this] { recordFile.rowsDiscarded(); }))
+        , savedAnew(shown.saved.addNotifier([this] { shown.rowsSinceSaved = false; }))
         , coming(data.rowAppended.subscribe([this] { noteRow(); }))
         , identified(link.connection.identified.subscribe([this] {
             files.forgetToldFailure();
@@ -56,6 +57,7 @@ struct Sheet {
     Download download;
     Subscription saved;
     Subscription discarded;
+    QPropertyNotifier savedAnew;
     Subscription coming;
     Subscription identified;
 
@@ -67,6 +69,7 @@ private:
         bool unsaved = false;
         QString file;
         SavedRows saved;
+        bool rowsSinceSaved = false;
     };
 
     void noteRow();

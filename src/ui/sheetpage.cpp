@@ -162,14 +162,13 @@ QLayout* SheetPage::makeNotice(Program& program) {
     bindEnabled(bindings_, bringBack_, program.link.session.commands.undisturbed);
     keepRoomOf(bringBack_);
     bringBack_->hide();
-    const auto tell = [this](int count) {
-        if (count > 0) {
-            copied_.clear();
-        }
+    const auto tell = [this](auto&&) {
+        copied_.clear();
         tellWhatBecame();
     };
     bindings_.bind(shown_.clearedRows, tell);
-    bindings_.bind(shown_.saved, [tell](const SavedRows& saved) { tell(saved.count); });
+    bindings_.bind(shown_.saved, tell);
+    bindings_.bind(shown_.rowsSinceSaved, [this](bool) { tellWhatBecame(); });
     return line;
 }
 
@@ -204,6 +203,7 @@ void SheetPage::tellWhatBecame() {
         } else {
             text = Screen::tr("Exported %1 to %2 (and %3)").arg(rows, name, saved.besides);
         }
+        text = shown_.rowsSinceSaved ? Screen::tr("%1. Rows have come since.").arg(text) : text;
     }
     notice_->setText(text);
     notice_->setToolTip(cleared > 0 || !copied_.isEmpty() ? QString() : saved.file);

@@ -367,7 +367,9 @@ TEST_F(SheetSelectionTest, ASaveIsToldBelowTheSheetAndInTheTitle) {
     EXPECT_EQ(title(), "lake.txt - ORV Host Program");
     receiveRow();
     EXPECT_EQ(title(), "lake.txt* - ORV Host Program") << "a row that the file has not";
-    EXPECT_EQ(text("SheetNotice"), "");
+    EXPECT_EQ(text("SheetNotice"), "Saved 2 rows to lake.txt. Rows have come since.");
+    program.saveAs();
+    EXPECT_EQ(text("SheetNotice"), "Saved 3 rows to lake.txt");
     program.clearAll();
     EXPECT_EQ(title(), "ORV Host Program");
     EXPECT_EQ(text("SheetNotice"), "3 rows cleared.");
