@@ -25,6 +25,7 @@ const Telling tellings[] = {
     {"differs", "Sent at ..., but the instrument has not all of it", ""},
     {"partly", "Read at ..., but not all", "Press \"Retrieve Settings\"."},
     {"unread", "... could not be read; ", "log.ohp"},
+    {"unread", "Unable to read clock. Error #2", ""},
     {"incomplete", "The download is incomplete", "download it again."},
     {"record", "The record file Orvtemp.tmp cannot be written", "Save the sheet when the run has ended."},
     {"save", "The sheet could not be saved as ", "Choose another folder or make room on the disk, then save again."},
