@@ -151,8 +151,8 @@ struct SheetState {
     QProperty<bool> unsaved{false}; ///< The sheet holds rows that no file has.
     QProperty<QString> file;        ///< That the rows were saved to or opened from last, with its path; else empty.
     QProperty<SavedRows> saved;     ///< The last save or export, until the operator clears or replaces the sheet.
-    QProperty<bool> rowsSinceSaved{false};
-    QProperty<int> clearedRows{0}; ///< Rows that "Clear All" took and that can still be brought back.
+    QProperty<bool> rowsSinceSaved{false}; ///< Rows have come after it; without one it means nothing.
+    QProperty<int> clearedRows{0};         ///< Rows that "Clear All" took and that can still be brought back.
 };
 
 /// What every procedure that fills the sheet shares: laying out, clearing, adding rows, and counting them in `plc`.
