@@ -1140,10 +1140,6 @@ Nichts wurde geändert und nichts gesendet.</translation>
         <translation>Gesendet und zurückgelesen um %1</translation>
     </message>
     <message>
-        <source>Sent at %1, but the instrument has not all of it: %2.</source>
-        <translation>Gesendet um %1, aber das Instrument hat nicht alles übernommen: %2.</translation>
-    </message>
-    <message>
         <source>No answer for 10 s. Reset connects again.</source>
         <translation>Seit 10 s keine Antwort. „Zurücksetzen“ verbindet neu.</translation>
     </message>
@@ -3119,6 +3115,14 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>%1. Rows have come since.</source>
         <translation>%1. Seither sind Zeilen gekommen.</translation>
+    </message>
+    <message>
+        <source>Sent at %1, but the instrument has not all of it: %2. Correct it or press &quot;Apply Settings&quot; again.</source>
+        <translation>Gesendet um %1, aber das Instrument hat nicht alles übernommen: %2. Berichtigen Sie es oder drücken Sie noch einmal „Einstellungen senden“.</translation>
+    </message>
+    <message>
+        <source>The clock was sent, but could not be read back. Press &quot;Display Logger Time/Date&quot; to see how it stands.</source>
+        <translation>Die Uhr wurde gesendet, konnte aber nicht zurückgelesen werden. „Logger-Uhrzeit/Datum anzeigen“ zeigt, wie sie steht.</translation>
     </message>
 </context>
 </TS>

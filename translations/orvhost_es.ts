@@ -1144,10 +1144,6 @@ No se cambió ni se envió nada.</translation>
         <translation>Enviado y vuelto a leer a las %1</translation>
     </message>
     <message>
-        <source>Sent at %1, but the instrument has not all of it: %2.</source>
-        <translation>Enviado a las %1, pero el instrumento no lo tiene todo: %2.</translation>
-    </message>
-    <message>
         <source>No answer for 10 s. Reset connects again.</source>
         <translation>Sin respuesta en 10 s. «Restablecer» conecta de nuevo.</translation>
     </message>
@@ -3123,6 +3119,14 @@ Compruebe el nombre.</translation>
     <message>
         <source>%1. Rows have come since.</source>
         <translation>%1. Desde entonces han llegado filas.</translation>
+    </message>
+    <message>
+        <source>Sent at %1, but the instrument has not all of it: %2. Correct it or press &quot;Apply Settings&quot; again.</source>
+        <translation>Enviado a las %1, pero el instrumento no lo tiene todo: %2. Corríjalo o pulse otra vez «Enviar configuración».</translation>
+    </message>
+    <message>
+        <source>The clock was sent, but could not be read back. Press &quot;Display Logger Time/Date&quot; to see how it stands.</source>
+        <translation>El reloj se envió, pero no se pudo volver a leer. Pulse «Mostrar fecha/hora del registrador» para ver cómo está.</translation>
     </message>
 </context>
 </TS>

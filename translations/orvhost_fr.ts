@@ -1140,10 +1140,6 @@ Rien n&apos;a été modifié ni envoyé.</translation>
         <translation>Envoyé et relu à %1</translation>
     </message>
     <message>
-        <source>Sent at %1, but the instrument has not all of it: %2.</source>
-        <translation>Envoyé à %1, mais l&apos;instrument n&apos;a pas tout pris&#xa0;: %2.</translation>
-    </message>
-    <message>
         <source>No answer for 10 s. Reset connects again.</source>
         <translation>Rien reçu depuis 10 s. «&#xa0;Réinitialiser&#xa0;» reconnecte.</translation>
     </message>
@@ -3119,6 +3115,14 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>%1. Rows have come since.</source>
         <translation>%1. Des lignes sont arrivées depuis.</translation>
+    </message>
+    <message>
+        <source>Sent at %1, but the instrument has not all of it: %2. Correct it or press &quot;Apply Settings&quot; again.</source>
+        <translation>Envoyé à %1, mais l&apos;instrument n&apos;a pas tout pris&#xa0;: %2. Corrigez-le ou appuyez de nouveau sur «&#xa0;Envoyer les réglages&#xa0;».</translation>
+    </message>
+    <message>
+        <source>The clock was sent, but could not be read back. Press &quot;Display Logger Time/Date&quot; to see how it stands.</source>
+        <translation>L&apos;horloge a été envoyée, mais n&apos;a pas pu être relue. Appuyez sur «&#xa0;Afficher date/heure de l&apos;enregistreur&#xa0;» pour voir ce qu&apos;elle indique.</translation>
     </message>
 </context>
 </TS>

@@ -237,8 +237,9 @@ void RowOutput::endFile(int unreadLines) {
     if (hasFailed() && !writesAsItComes()) {
         files_.removeOne(name_); // it has not appeared
     }
+    const QString& log = visit_.program.link.session.fileNames.log;
     for (const QString& sentence : parser_->report.sentences()) {
-        visit_.terminal.tell(sentence);
+        visit_.terminal.tell(sentence + QStringLiteral(" %1 has what came.").arg(log));
     }
     incomplete_ = incomplete_ || parser_->report.isIncomplete();
     writer_.reset();

@@ -125,6 +125,9 @@ struct SettingsState {
     /// The same in a sentence: "The instrument's clock was set ..."; empty if it was not. How far off it is is as last
     /// read, or, before that, as computed.
     QProperty<Words> clockSetting;
+    /// It could not be read back, which is what `clockSetting` says then.
+    bool clockUnread = false;
+    qint64 clockAsked = 0; ///< When the instrument's clock was asked for last; monotonic milliseconds.
     QProperty<QString> computerDate;
     QProperty<QString> computerTime;
     QProperty<QString> loggerDate{StatusState::unknownLong()};

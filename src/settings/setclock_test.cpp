@@ -302,6 +302,44 @@ TEST_F(FullMinuteTest, HowTheClockStandsIsSaidAsItWasReadLast) {
     EXPECT_EQ(status.notice.value(), QString());
 }
 
+TEST_F(FullMinuteTest, AClockThatIsNotReadBackIsToldOnceAfter10s) {
+    const std::string unread =
+        "The clock was sent, but could not be read back. Press \"Display Logger Time/Date\" to see "
+        "how it stands.";
+    const auto said = [this] { return settings.clockSetting.value().toStdString(); };
+    const auto noticed = [this] { return status.notice.value().toStdString(); };
+    settings.atFullMinute = false;
+    set("9:30:00");
+    readReport();
+    ASSERT_EQ(state.Ctrlscrn, Operation::ClockCheck);
+    com1.input += "01/05/\r\n"; // the end of the reply is lost
+    live(9.5);
+    EXPECT_EQ(said(), "The instrument's clock was set to the minute and is within 2 s of this computer's.");
+    live(0.6);
+    EXPECT_EQ(said(), unread);
+    EXPECT_EQ(noticed(), unread);
+    status.notice = QStringLiteral("Another remark.");
+    live(20);
+    EXPECT_EQ(noticed(), "Another remark.");
+    status.notice = settings.clockSetting.value();
+    sender.displayLoggerTime();
+    com1.input += "01/05/99\t25650\r\n";
+    live(0.2);
+    EXPECT_NE(said(), unread);
+    EXPECT_EQ(noticed(), said());
+    EXPECT_FALSE(settings.clockUnread);
+}
+
+TEST_F(FullMinuteTest, AClockThatWasNotSetIsNotToldAsUnread) {
+    sender.displayLoggerTime();
+    live(20);
+    EXPECT_EQ(settings.clockSetting.value(), QString());
+    EXPECT_EQ(status.notice.value(), QString());
+    set("9:30:00", 0, [this] { program.closePort(); });
+    live(20);
+    EXPECT_EQ(settings.clockSetting.value(), QString());
+}
+
 class SettingsCommandsTest : public SendingTest {};
 
 TEST_F(SettingsCommandsTest, RetrieveRequestsTheReportWithTheProgressDialog) {

@@ -42,6 +42,14 @@ bool isValueOf(const Setting& setting, QStringView text) {
            (setting.flag != nullptr ? text.size() == 1 && text.toUInt() <= 1 : text.size() <= setting.digits);
 }
 
+/// In `clockSetting`, and as the remark beside the status unless another one has come since.
+void tellOfClock(SettingsState& settings, StatusState& status, const Words& sentence) {
+    if (status.notice.value() == settings.clockSetting.value()) {
+        status.notice = sentence;
+    }
+    settings.clockSetting = sentence;
+}
+
 } // namespace
 
 SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressState& progress)
@@ -153,9 +161,7 @@ void SettingsReader::takeMemoryPointer(double value) {
     commands.runVisible = true;
     settings.visible = true;
     if (!resettingShutter) {
-        settings.clockErrorTold = false;
-        link_.ports.write("C");
-        state.Ctrlscrn = Operation::ClockCheck;
+        askForClock(link_, settings);
     }
     link_.session.status.status = Words::tr("Ready");
 }
@@ -184,9 +190,11 @@ void SettingsReader::tellExchange() {
                                     valueInWords(setting, *sent));
         }
     }
-    settings_.exchange = differences.isEmpty() ? Words::tr("Sent and read back at %1").arg(time)
-                                               : Words::tr("Sent at %1, but the instrument has not all of it: %2.")
-                                                     .arg(time, join(differences, QStringLiteral("; ")));
+    settings_.exchange = differences.isEmpty()
+                             ? Words::tr("Sent and read back at %1").arg(time)
+                             : Words::tr("Sent at %1, but the instrument has not all of it: %2. Correct "
+                                         "it or press \"Apply Settings\" again.")
+                                   .arg(time, join(differences, QStringLiteral("; ")));
 }
 
 void SettingsReader::endReading() {
@@ -197,6 +205,7 @@ void SettingsReader::endReading() {
 }
 
 void SettingsReader::lookForSilence() {
+    lookForClock();
     if (link_.session.commands.activity != Activity::ReadingSettings) {
         return;
     }
@@ -206,6 +215,23 @@ void SettingsReader::lookForSilence() {
     } else {
         link_.session.status.status = Words::tr("No answer for 10 s. Reset connects again.");
     }
+}
+
+void SettingsReader::lookForClock() {
+    const bool awaited = link_.session.state.Ctrlscrn == Operation::ClockCheck;
+    if (!awaited || settings_.clockSet == SettingsState::ClockSet::NotYet || settings_.clockUnread) {
+        return;
+    }
+    const qint64 left = settings_.clockAsked + silenceLimit - link_.session.clock.monotonicMilliseconds();
+    if (left > 0) {
+        link_.timer.wake(left);
+        return;
+    }
+    settings_.clockUnread = true;
+    tellOfClock(
+        settings_, link_.session.status,
+        Words::tr("The clock was sent, but could not be read back. Press \"Display Logger Time/Date\" to see how "
+                  "it stands."));
 }
 
 void SettingsReader::selectSamplingOption() {
@@ -237,6 +263,14 @@ void SettingsReader::giveUp() {
                   "connection, once. Nothing is wrong: press Quit and connect again.");
 }
 
+void askForClock(Link& link, SettingsState& settings) {
+    settings.clockErrorTold = false;
+    settings.clockAsked = link.session.clock.monotonicMilliseconds();
+    link.ports.write("C");
+    link.session.state.Ctrlscrn = Operation::ClockCheck;
+    link.timer.wake(); // the awaiting is announced at each tick
+}
+
 Words clockOffsetInWords(qint64 secondsAhead) {
     const qint64 off = std::abs(secondsAhead);
     if (off <= clockTick) {
@@ -260,10 +294,8 @@ void tellClockSetting(SettingsState& settings, StatusState& status, qint64 secon
         sentence =
             Words::tr("The instrument's clock was set to the minute and is %1.").arg(clockOffsetInWords(secondsAhead));
     }
-    if (status.notice.value() == settings.clockSetting.value()) {
-        status.notice = sentence;
-    }
-    settings.clockSetting = sentence;
+    settings.clockUnread = false;
+    tellOfClock(settings, status, sentence);
 }
 
 ClockDisplay::ClockDisplay(Session& session, ComPorts& ports, DebugState& debug, SettingsState& settings)

@@ -19,8 +19,9 @@ public:
     /// 32768.
     void getprefs(const QString& line);
 
-    /// For the tick: if no line of a report has come for 10 s, the status says so. Looks again when the next one may be
-    /// missing for so long.
+    /// For the tick: if no line of a report has come for 10 s, the status says so; if a clock that was set has not been
+    /// read back 10 s after it was asked for, `clockSetting` does. Looks again when the next one may be missing for so
+    /// long.
     void lookForSilence();
 
     /// 0 between reports, else the code of the last field.
@@ -35,6 +36,7 @@ public:
 private:
     void giveUp();
     void endReading();
+    void lookForClock();
     void tellExchange();
     void takeMemoryPointer(double value);
     void selectSamplingOption();
@@ -47,6 +49,9 @@ private:
     QPropertyNotifier requested_;
     Subscription closing_;
 };
+
+/// Asks the instrument for its clock; a tick shows the reply (see `ClockDisplay`).
+void askForClock(Link& link, SettingsState& settings);
 
 /// How the instrument's clock stands, by the seconds that it is ahead of the computer's: "43 s behind this computer's".
 Words clockOffsetInWords(qint64 secondsAhead);

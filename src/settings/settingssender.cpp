@@ -369,10 +369,7 @@ void SettingsSender::displayLoggerTime() {
     if (!link_.session.commands.canCommand) {
         return;
     }
-    settings_.clockErrorTold = false;
-    link_.ports.write("C");
-    link_.session.state.Ctrlscrn = Operation::ClockCheck;
-    link_.timer.wake(); // the awaiting is announced at each tick
+    askForClock(link_, settings_);
 }
 
 void SettingsSender::chooseSamplingOption(int option) {

@@ -308,7 +308,8 @@ void Download::tellIncomplete(Target target, SheetThen then) {
                                                 "had sent everything.%1%2\n\nThe "
                                                 "instrument still holds its data; download it again.")
                                           .arg(arrived, unread)),
-                      QStringLiteral("The download was ended before the instrument had sent everything.")));
+                      QStringLiteral("The download was ended before the instrument had sent everything. The instrument "
+                                     "still holds its data; download it again.")));
 }
 
 void Download::tellFailure(const Words& reason, const Words& state, const Words& nextStep,

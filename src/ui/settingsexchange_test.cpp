@@ -79,12 +79,13 @@ TEST_F(SettingsExchangeTest, WhatTheInstrumentHasOtherwiseIsNamed) {
     const std::string now = clockText(clock.now().time()).toStdString();
     EXPECT_EQ(exchange(), "Sent at " + now +
                               ", but the instrument has not all of it: Append is off there, not on; Number of Data "
-                              "Points per Data Block is 34463 there, not 99999.");
+                              "Points per Data Block is 34463 there, not 99999. Correct it or press \"Apply "
+                              "Settings\" again.");
     apply();
     report(settingsReport("34463").replace("T30", "Tx").replace("W1\r\n", ""));
     EXPECT_EQ(exchange().substr(("Sent at " + now).size()),
               ", but the instrument has not all of it: Wake Up could not be read back; Samples Per Second could not be "
-              "read back.");
+              "read back. Correct it or press \"Apply Settings\" again.");
     report(settingsReport("60").replace("G0", "G?"));
     EXPECT_EQ(exchange(), "Read at " + now + ", but not all: Gain could not be read. Press \"Retrieve Settings\".");
 }

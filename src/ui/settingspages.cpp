@@ -183,7 +183,7 @@ QLabel* makeClockLine(SettingsPage* page, const SettingsState& shown) {
                                      "minute\" waits until a minute begins, so that the seconds are right too."));
         } else {
             line->setText(
-                shown.clockSet == SettingsState::ClockSet::AtFullMinute
+                shown.clockUnread || shown.clockSet == SettingsState::ClockSet::AtFullMinute
                     ? shown.clockSetting.value().shown()
                     : Screen::tr("%1 \"At the full minute\" sets it right.").arg(shown.clockSetting.value().shown()));
         }

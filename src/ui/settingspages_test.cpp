@@ -129,6 +129,10 @@ TEST_F(SettingsPagesTest, TheFullMinuteCanBeWaitedForWhereTheClockIsSet) {
     settings.clockSet = SettingsState::ClockSet::ToTheMinute;
     settings.clockSetting = QStringLiteral("It was set.");
     EXPECT_EQ(countdown.text().toStdString(), "It was set. \"At the full minute\" sets it right.");
+    settings.clockUnread = true;
+    settings.clockSetting = QStringLiteral("It could not be read back.");
+    EXPECT_EQ(countdown.text().toStdString(), "It could not be read back.");
+    settings.clockUnread = false;
     settings.clockSet = SettingsState::ClockSet::AtFullMinute;
     settings.clockSetting = QStringLiteral("It was set right.");
     EXPECT_EQ(countdown.text().toStdString(), "It was set right.");
