@@ -176,12 +176,15 @@ void RowOutput::giveUp() {
 }
 
 bool RowOutput::sync() {
-    const Words reason = writer_ && !isUnsynced_ ? writer_->sync() : Words();
+    Words reason;
+    if (!isUnsynced_) {
+        reason = toDevice_ ? visit_.terminal.syncOutput() : writer_ ? writer_->sync() : Words();
+    }
     if (!reason.isEmpty()) {
         isUnsynced_ = true;
         visit_.terminal.tell(QStringLiteral("%1 could not be brought to the disk: %2. The rows of this run stay in the "
                                             "record file too.")
-                                 .arg(name_, reason));
+                                 .arg(toDevice_ ? QStringLiteral("Standard output") : name_, reason));
     }
     return !isUnsynced_;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/standardoutput.h"
 
+#include "base/files.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -32,6 +34,10 @@ StandardOutput::StandardOutput(int descriptor)
         }
     });
     open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+Words StandardOutput::sync() const {
+    return syncToDisk(descriptor_);
 }
 
 qint64 StandardOutput::readData(char* /*data*/, qint64 /*most*/) {

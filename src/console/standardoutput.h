@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/observe.h"
+#include "base/words.h"
 
 #include <QIODevice>
 #include <QSocketNotifier>
@@ -19,6 +20,9 @@ public:
     bool isSequential() const override { return true; }
     /// What waits.
     qint64 bytesToWrite() const override { return waiting_.size(); }
+
+    /// Brings what its reader has taken to the disk if that is a file; says why it cannot be done.
+    Words sync() const;
 
     Signal<> drained; ///< From the event loop: nothing waits any more, or the reader has gone.
 

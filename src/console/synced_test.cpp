@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Before the record file of a run begins anew the rows of the run before are on the disk elsewhere.
+#include "console/standardoutput.h"
 #include "testing/consolerig.h"
 
 #include <cerrno>
@@ -37,8 +38,8 @@ protected:
     ~SyncedOutput() { failing = false; }
 
     /// Some rows, a cable that is pulled, and some more of the next run.
-    void collectTwice() {
-        begin(QStringLiteral("collect sim:trx?rate=5 -o lake.csv --keep-trying"));
+    void collectTwice(const char* name = "lake.csv") {
+        begin(QStringLiteral("collect sim:trx?rate=5 --keep-trying -o ") + QLatin1String(name));
         live(8);
         EXPECT_EQ(syncs, 0);
         line->unplugged = true;
@@ -71,6 +72,36 @@ TEST_F(SyncedOutput, LeavesTheRowsInTheRecordFileIfTheDiskFails) {
     EXPECT_FALSE(recordFile.isSaved()) << "a disk that has failed once is not trusted";
     EXPECT_NE(result().error.find("lake.csv could not be brought to the disk: Input/output error. The rows of this run "
                                   "stay in the record file too."),
+              std::string::npos)
+        << result().error;
+}
+
+class SyncedStandardOutput : public SyncedOutput {
+protected:
+    SyncedStandardOutput() {
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        standard.emplace(file.handle());
+        otherOutput = &*standard;
+    }
+
+    QFile file{folder.path() + QStringLiteral("/lake.csv")};
+    std::optional<StandardOutput> standard;
+};
+
+TEST_F(SyncedStandardOutput, IsOnTheDiskBeforeTheRecordFileIsGivenUp) {
+    collectTwice("-");
+    EXPECT_EQ(syncs, 1);
+    EXPECT_EQ(keptAtTheEnd(), 0);
+    EXPECT_EQ(syncs, 2);
+    EXPECT_TRUE(recordFile.isSaved());
+}
+
+TEST_F(SyncedStandardOutput, LeavesTheRowsInTheRecordFileIfTheDiskFails) {
+    failing = true;
+    collectTwice("-");
+    EXPECT_EQ(keptAtTheEnd(), 1);
+    EXPECT_FALSE(recordFile.isSaved());
+    EXPECT_NE(result().error.find("Standard output could not be brought to the disk: Input/output error."),
               std::string::npos)
         << result().error;
 }

@@ -2,6 +2,7 @@
 #include "console/terminal.h"
 
 #include "base/files.h"
+#include "console/standardoutput.h"
 
 #include <QJsonDocument>
 #include <QRegularExpression>
@@ -25,6 +26,11 @@ bool Terminal::print(const QString& line) {
         problem_ = errorText(output_).english();
     }
     return taken;
+}
+
+Words Terminal::syncOutput() const {
+    const auto* standard = dynamic_cast<const StandardOutput*>(&output_);
+    return standard != nullptr ? standard->sync() : Words();
 }
 
 bool Terminal::print(const QJsonObject& object) {

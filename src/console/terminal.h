@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/operator.h"
+#include "base/words.h"
 
 #include <QIODevice>
 #include <QJsonObject>
@@ -36,6 +37,8 @@ public:
     Signal<QString> said; ///< Every line on standard error but the progress.
 
     QIODevice& output() { return output_; }
+    /// Brings what standard output has taken to the disk if it is a file; says why that cannot be done.
+    Words syncOutput() const;
 
     /// What the system said when standard output first took a line no more; empty if it has taken all.
     const QString& problem() const { return problem_; }

@@ -37,7 +37,7 @@ public:
             buffer->setData({});
             buffer->open(QIODevice::WriteOnly);
         }
-        terminal.emplace(output, error, progress, Terminal::Speech::Usual);
+        terminal.emplace(otherOutput != nullptr ? *otherOutput : output, error, progress, Terminal::Speech::Usual);
         consoleMessages.emplace(*terminal);
         messages.alsoShow = [this](const Message& message) { consoleMessages->show(message); };
         const bool takesPlace = !options.output.isEmpty() && !std::exchange(hasPlace_, true);
@@ -78,7 +78,8 @@ public:
 
     QBuffer output;
     QBuffer error;
-    bool progress = false; ///< Somebody sits at the terminal of the next command.
+    QIODevice* otherOutput = nullptr; ///< In place of `output`.
+    bool progress = false;            ///< Somebody sits at the terminal of the next command.
     std::optional<Terminal> terminal;
     std::optional<ConsoleMessages> consoleMessages;
     Options options;
