@@ -50,6 +50,22 @@ TEST_F(DemoTest, EndsWithABlockThatIsOut) {
     EXPECT_TRUE(contentsOf(folder.path("demo/sheet.txt")).startsWith("F\t310 25\r\nsheet.txt\r\n"));
 }
 
+TEST_F(DemoTest, ClosedStandardStreamsEndUpInNoFile) {
+    QProcess shell;
+    shell.setProcessEnvironment(environmentWith({{QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")}}));
+    shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("exec '" ORVHOST_PATH "' --com1 "
+                                                                            "'sim:glow?rate=100&baud=0&points=25' "
+                                                                            "--demo '%1' <&- >&- 2>&-")
+                                                                 .arg(folder.path("demo"))});
+    ASSERT_TRUE(shell.waitForFinished(patience));
+    EXPECT_EQ(shell.exitCode(), 0);
+    const QDir made(folder.path("demo"));
+    EXPECT_TRUE(made.exists(QStringLiteral("sheet.txt")));
+    for (const QString& name : made.entryList(QDir::Files)) {
+        EXPECT_FALSE(contentsOf(made.filePath(name)).contains("Identified: ")) << qPrintable(name);
+    }
+}
+
 TEST_F(DemoTest, ReplacesNoFileOfItsFolder) {
     QDir().mkpath(folder.path("demo"));
     fill(folder.path("demo/sheet.txt"), "an older sheet");

@@ -4,6 +4,7 @@
 #include "app/desktopnotice.h"
 #include "app/sessionend.h"
 #include "app/sleepinhibitor.h"
+#include "base/filedescriptor.h"
 #include "base/language.h"
 #include "link/systemport.h"
 #include "program/devices.h"
@@ -49,6 +50,9 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const 
 } // namespace
 
 int main(int argc, char** argv) {
+#ifdef Q_OS_UNIX
+    orv::fillStandardDescriptors();
+#endif
     QCoreApplication::setApplicationName(QStringLiteral("orvhost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ORV_VERSION));
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cerrno>
+
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace orv {
@@ -28,5 +31,16 @@ public:
 private:
     int descriptor_;
 };
+
+/// For the start of a program. Whatever it opened first would take the place of a standard input, output or error that
+/// it was started without, and be written to as one. Standard output then takes nothing, as if its reader had gone.
+inline void fillStandardDescriptors() {
+    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+        if (::fcntl(descriptor, F_GETFD) == -1 && errno == EBADF) {
+            static_cast<void>(
+                ::open("/dev/null", descriptor == STDERR_FILENO ? O_WRONLY : O_RDONLY)); // the lowest free
+        }
+    }
+}
 
 } // namespace orv

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/filedescriptor.h"
 #include "base/interruption.h"
 #include "console/commands.h"
 #include "console/standardoutput.h"
@@ -13,7 +14,6 @@
 #include <csignal>
 #include <cstdio>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -34,17 +34,6 @@ int print(const QString& text) {
         return static_cast<int>(ExitStatus::Failed);
     }
     return static_cast<int>(ExitStatus::Done);
-}
-
-/// Whatever the program opened first would take the place of one that it was started without, and be written to as
-/// standard output or error. Standard output then takes nothing, as if its reader had gone.
-void fillStandardDescriptors() {
-    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
-        if (::fcntl(descriptor, F_GETFD) == -1 && errno == EBADF) {
-            static_cast<void>(
-                ::open("/dev/null", descriptor == STDERR_FILENO ? O_WRONLY : O_RDONLY)); // the lowest free
-        }
-    }
 }
 
 /// The command keeps the program's log and record file.
