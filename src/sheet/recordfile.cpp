@@ -96,6 +96,7 @@ Words RecordFile::append(const QString& line) {
     saved_ = false;
     Words reason = appendWhole(file_, line.toLatin1() + "\r\n");
     unsaved_ = unsaved_ || reason.isEmpty();
+    isBehindRow_ = true;
     if (reason.isEmpty() && !waitsForDisk_) {
         waitsForDisk_ = true;
         waitsSince_ = clock_.monotonicMilliseconds();
@@ -104,16 +105,19 @@ Words RecordFile::append(const QString& line) {
 }
 
 std::optional<qint64> RecordFile::syncWhenDue() {
-    constexpr qint64 diskDelay = 500; // milliseconds that a written row may wait
+    constexpr qint64 diskDelay = 500; // milliseconds that a written row waits for others
+    constexpr qint64 longest = 900;   // if none comes
+    const bool isBehindRow = std::exchange(isBehindRow_, false);
     if (!waitsForDisk_) {
         return std::nullopt;
     }
-    const qint64 left = waitsSince_ + diskDelay - clock_.monotonicMilliseconds();
-    if (left > 0) {
-        return left;
+    const qint64 waited = clock_.monotonicMilliseconds() - waitsSince_;
+    // Right behind a row, so that the next one is not kept waiting while the disk writes.
+    if (waited >= (isBehindRow ? diskDelay : longest)) {
+        bringToDisk();
+        return std::nullopt;
     }
-    bringToDisk();
-    return std::nullopt;
+    return longest - waited;
 }
 
 void RecordFile::bringToDisk() {

@@ -43,8 +43,9 @@ public:
     /// with the last whole row. Nothing happens without an open file.
     Words append(const QString& line);
 
-    /// Brings rows that wait to the disk when it is time, and a lock that could not be put. Returns how many
-    /// milliseconds are left until then; nothing if no row waits any more.
+    /// Brings rows that wait to the disk when it is time, and a lock that could not be put: with the first row that
+    /// comes half a second after the first that waits, without one before that has waited a second. Returns after how
+    /// many milliseconds to ask again; nothing if no row waits any more.
     std::optional<qint64> syncWhenDue();
 
     /// Closes the file with everything in it on the disk. The lock goes unless rows on the sheet are not saved.
@@ -139,6 +140,7 @@ private:
     bool lockFailed_ = false; ///< It could not be put; it is tried again with the next rows.
     Words diskFailure_;
     bool waitsForDisk_ = false; ///< Rows have been written and not yet brought to the disk.
+    bool isBehindRow_ = false;  ///< A row has been written since the last look at the time.
     qint64 waitsSince_ = 0;     ///< Monotonic milliseconds.
 };
 
