@@ -308,9 +308,8 @@ QLayout* TestingPage::makeProgress(const StatusState& shown) {
     auto* progress = makeReadOnlyBox("TestingProgress", Screen::tr("Progress of the shutter reset"),
                                      Screen::tr("The step of the shutter reset under way."));
     bindText(bindings_, progress, shown.shutterProgress);
-    auto* countdown = makeTextLabel("TestingCountdown", Screen::tr("Time left"));
+    auto* countdown = makeNumberLabel("TestingCountdown", Screen::tr("Time left"), "00 s ");
     countdown->setToolTip(Screen::tr("How long the shutter still moves."));
-    countdown->setMinimumWidth(countdown->fontMetrics().horizontalAdvance(QStringLiteral("00 s ")));
     bindText(bindings_, countdown, shown.shutterCountdown);
 
     auto* row = new QHBoxLayout;

@@ -179,7 +179,7 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     shutter->setPalette(transparent);
     shutter->setFixedWidth(shutter->fontMetrics().horizontalAdvance(Screen::tr("Restoring Orignal Settings") +
                                                                     QLatin1String(" 00000000")));
-    auto* countdown = makeValueLabel("ShutterCountdown", Screen::tr("Time the shutter still moves"));
+    auto* countdown = makeNumberLabel("ShutterCountdown", Screen::tr("Time the shutter still moves"), "00 s ");
     auto* notice = new SteadyLabel(makeValueLabel("Notice", Screen::tr("Remark")));
     auto* box = makeFrame(Screen::tr("Status"));
     auto* layout = new QVBoxLayout(box);
