@@ -235,7 +235,11 @@ void SheetPage::makeFindBar() {
     row->addWidget(close);
     findBar_->hide();
     connect(findBox_, &QLineEdit::returnPressed, this, [this] { find(true); });
-    connect(findBox_, &QLineEdit::textChanged, found_, &QLabel::clear);
+    connect(findBox_, &QLineEdit::textChanged, this, [this] {
+        foundRecord_.clear();
+        found_->clear();
+    });
+    bindings_.bind(activity_, [this](Activity) { tellFound(); });
     auto* escape = new QShortcut(QKeySequence(QKeySequence::Cancel), findBar_);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, this, closeBar);
@@ -244,12 +248,20 @@ void SheetPage::makeFindBar() {
 void SheetPage::find(bool forward) {
     refreshNow();
     if (!grid_->findText(findBox_->text(), forward)) {
+        foundRecord_.clear();
         found_->setText(Screen::tr("Not found."));
         return;
     }
-    const bool goesOn = activity_.value() == Activity::Collecting && shown_.topRow > 0;
-    found_->setText((goesOn ? Screen::tr("Record %1 (the sheet follows the run)") : Screen::tr("Record %1"))
-                        .arg(grid_->currentIndex().siblingAtColumn(0).data().toString()));
+    foundRecord_ = grid_->currentIndex().siblingAtColumn(0).data().toString();
+    tellFound();
+}
+
+void SheetPage::tellFound() {
+    if (!foundRecord_.isEmpty()) {
+        const bool goesOn = activity_.value() == Activity::Collecting && shown_.topRow > 0;
+        found_->setText(
+            (goesOn ? Screen::tr("Record %1 (the sheet follows the run)") : Screen::tr("Record %1")).arg(foundRecord_));
+    }
 }
 
 void SheetPage::makeActions() {

@@ -33,6 +33,7 @@ private:
     void copy(bool withHeader);
     void keepRoomForStatistics();
     void find(bool forward);
+    void tellFound();
     void showStatistics();
 
     const DataSheet& sheet_;
@@ -46,6 +47,7 @@ private:
     QWidget* findBar_;
     QLineEdit* findBox_;
     QLabel* found_;
+    QString foundRecord_; ///< The number of the record that was found last; empty if none was.
     StatisticsTable* statistics_;
     Redrawing redrawing_;
     Redrawing computing_;

@@ -324,6 +324,7 @@ TEST_F(SheetSelectionTest, ASearchInARunSaysThatTheSheetFollowsTheRun) {
     program.reset();
     program.closePort();
     finish();
+    EXPECT_EQ(text("FindResult"), "Record 2") << "it follows no more";
     click("FindNext");
     EXPECT_EQ(text("FindResult"), "Record 2");
 }
