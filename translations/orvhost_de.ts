@@ -3124,5 +3124,17 @@ Bitte den Dateinamen prüfen.</translation>
         <source>The clock was sent, but could not be read back. Press &quot;Display Logger Time/Date&quot; to see how it stands.</source>
         <translation>Die Uhr wurde gesendet, konnte aber nicht zurückgelesen werden. „Logger-Uhrzeit/Datum anzeigen“ zeigt, wie sie steht.</translation>
     </message>
+    <message>
+        <source>The settings that the instrument gave at the beginning of the shutter reset are not those that it gave before: %1. They were sent back as it gave them last.
+
+</source>
+        <translation>Die Einstellungen, die das Instrument zu Beginn des Zurücksetzens des Verschlusses angab, sind nicht die von vorher: %1. Sie wurden so zurückgesendet, wie es sie zuletzt angab.
+
+</translation>
+    </message>
+    <message>
+        <source>Look at the settings screen; if they are wrong, correct them and press &quot;Apply Settings&quot;.</source>
+        <translation>Sehen Sie im Einstellungsfenster nach; wenn sie falsch sind, berichtigen Sie sie und drücken Sie „Einstellungen senden“.</translation>
+    </message>
 </context>
 </TS>

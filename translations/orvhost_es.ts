@@ -3128,5 +3128,17 @@ Compruebe el nombre.</translation>
         <source>The clock was sent, but could not be read back. Press &quot;Display Logger Time/Date&quot; to see how it stands.</source>
         <translation>El reloj se envió, pero no se pudo volver a leer. Pulse «Mostrar fecha/hora del registrador» para ver cómo está.</translation>
     </message>
+    <message>
+        <source>The settings that the instrument gave at the beginning of the shutter reset are not those that it gave before: %1. They were sent back as it gave them last.
+
+</source>
+        <translation>La configuración que el instrumento dio al comienzo del restablecimiento del obturador no es la que dio antes: %1. Se volvió a enviar tal como la dio la última vez.
+
+</translation>
+    </message>
+    <message>
+        <source>Look at the settings screen; if they are wrong, correct them and press &quot;Apply Settings&quot;.</source>
+        <translation>Mire la pantalla de configuración; si está mal, corríjala y pulse «Enviar configuración».</translation>
+    </message>
 </context>
 </TS>

@@ -3124,5 +3124,17 @@ Vérifiez le nom du fichier.</translation>
         <source>The clock was sent, but could not be read back. Press &quot;Display Logger Time/Date&quot; to see how it stands.</source>
         <translation>L&apos;horloge a été envoyée, mais n&apos;a pas pu être relue. Appuyez sur «&#xa0;Afficher date/heure de l&apos;enregistreur&#xa0;» pour voir ce qu&apos;elle indique.</translation>
     </message>
+    <message>
+        <source>The settings that the instrument gave at the beginning of the shutter reset are not those that it gave before: %1. They were sent back as it gave them last.
+
+</source>
+        <translation>Les réglages que l&apos;instrument a donnés au début de la réinitialisation de l&apos;obturateur ne sont pas ceux qu&apos;il avait donnés avant&#xa0;: %1. Ils ont été renvoyés tels qu&apos;il les a donnés en dernier.
+
+</translation>
+    </message>
+    <message>
+        <source>Look at the settings screen; if they are wrong, correct them and press &quot;Apply Settings&quot;.</source>
+        <translation>Regardez l&apos;écran des réglages&#xa0;; s&apos;ils sont faux, corrigez-les et appuyez sur «&#xa0;Envoyer les réglages&#xa0;».</translation>
+    </message>
 </context>
 </TS>

@@ -83,8 +83,12 @@ Task<SettingsSender::Outcome> ShutterReset::perform(Run& run) {
     commands.resetShutterEnabled = false;
     link_.ports.write("P");
     showStep(Words::tr("Getting Settings"));
+    const std::optional<LoggerSettings> reported = settings_.reported;
     co_await readSettings();
     run.remembered = settings_.record;
+    if (settings_.reported.value() != reported) {
+        run.reported = reported;
+    }
     co_await link_.waits.waitsec(0.5F);
     settings_.record = shutterSettings();
     showStep(Words::tr("Sending New Settings"));
@@ -160,6 +164,7 @@ void ShutterReset::finish(const Run& run, SettingsSender::Outcome restored) {
     readBack_ = true;
     if (restored == SettingsSender::Outcome::Sent) {
         commands.activity = Activity::ReadingSettings;
+        tellMisread(run);
         return;
     }
     link_.session.state.Ctrlscrn = Operation::SettingsOpen;
@@ -172,6 +177,26 @@ void ShutterReset::finish(const Run& run, SettingsSender::Outcome restored) {
                             "answers, send them with \"Apply Settings\".")
                       .arg(inWords(*run.remembered)),
          failed + sendingBack(*run.remembered));
+}
+
+/// One character that is lost on the line makes another number, which nobody would see.
+void ShutterReset::tellMisread(const Run& run) {
+    const SettingSet different = run.reported ? settingsThatDiffer(*run.remembered, *run.reported) : SettingSet();
+    QList<Words> differences;
+    for (const Setting& setting : allSettings) {
+        if (different[placeOf(setting)]) {
+            differences << differenceInWords(setting, *run.remembered, *run.reported);
+        }
+    }
+    if (!differences.isEmpty()) {
+        const auto misread =
+            Words::tr("The settings that the instrument gave at the beginning of the shutter reset are "
+                      "not those that it gave before: %1. They were sent back as it gave them last.\n\n")
+                .arg(join(differences, QStringLiteral("; ")));
+        tell(misread + Words::tr("Look at the settings screen; if they are wrong, correct them and press \"Apply "
+                                 "Settings\"."),
+             misread + sendingBack(*run.reported));
+    }
 }
 
 void ShutterReset::interrupt(const Run& run) {

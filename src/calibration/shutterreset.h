@@ -25,7 +25,8 @@ public:
     ShutterReset& operator=(const ShutterReset&) = delete;
 
     /// The button "Reset Shutter": runs the whole sequence; nothing happens on a closed port. An instrument that does
-    /// not answer is not reported: the next step follows.
+    /// not answer is not reported: the next step follows. The settings that are sent back are those read at its
+    /// beginning; if they are not those that the instrument reported before, the operator is told.
     ///
     /// When the connection ends in the middle, or a step throws RuntimeError, the sequence ends at that moment, before
     /// anything else is done with the link: the settings from before are put back on the screen, the timer runs, and
@@ -37,6 +38,8 @@ private:
     struct Run {
         bool temporarySent = false; ///< At least in part.
         std::optional<LoggerSettings> remembered;
+        /// What the instrument reported before the reset; nothing if nothing came at its beginning.
+        std::optional<LoggerSettings> reported;
     };
 
     Task<> reset();
@@ -46,6 +49,7 @@ private:
     Task<> pollForPrompt();
     void finish(const Run& run, SettingsSender::Outcome restored);
     void interrupt(const Run& run);
+    void tellMisread(const Run& run);
     void showResetting();
     void showStep(const Words& text);
     void showCounted(const Words& text);

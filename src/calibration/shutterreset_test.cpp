@@ -61,6 +61,25 @@ TEST_F(ShutterResetTest, TheWholeSequence) {
     EXPECT_EQ(status.shutterCountdown.value().toStdString(), "");
 }
 
+TEST_F(ShutterResetTest, SettingsThatAreReadOtherwiseThanBeforeAreTold) {
+    line->write("D");
+    clock.advance(100);
+    line->write("20\r"); // as if a character of the report were lost or doubled
+    clock.advance(100);
+    line->discardInput();
+    resetShutter();
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].text.english().toStdString(),
+              "The settings that the instrument gave at the beginning of the shutter reset are not those that it gave "
+              "before: Delay Before Data Blocks (hours) is 20 there, not 2. They were sent back as it gave them "
+              "last.\n\nLook at the settings screen; if they are wrong, correct them and press \"Apply Settings\".");
+    EXPECT_TRUE(messages.shown[0].withoutWindow.contains(QStringLiteral("hoursBeforeBlock=2 ")));
+    EXPECT_EQ(shown().hoursBeforeBlock, QStringLiteral("20"));
+    live(1.0);
+    resetShutter();
+    EXPECT_EQ(messages.shown.size(), 1U) << "they are known now";
+}
+
 TEST_F(ShutterResetTest, CanBeUsedAgainWhenTheRestoredSettingsHaveBeenRead) {
     const int linesBefore = state.Timeout;
     resetShutter();
@@ -117,6 +136,8 @@ TEST_F(ShutterResetTest, RestoresEachFlag) {
     line->write("111111");
     clock.advance(100);
     line->discardInput();
+    sender.retrieveSettings();
+    live(1.0);
     line->writes.clear();
     resetShutter();
     EXPECT_EQ(written(), QByteArray("P") + temporaryItems + "PrB111111T30\rD2\rQ100\rI5\rP");

@@ -92,6 +92,11 @@ Words valueInWords(const Setting& setting, const LoggerSettings& settings) {
     return plainNumber(leadingNumber(settings.*setting.number));
 }
 
+Words differenceInWords(const Setting& setting, const LoggerSettings& there, const LoggerSettings& wanted) {
+    return Words::tr("%1 is %2 there, not %3")
+        .arg(setting.plainCaption(), valueInWords(setting, there), valueInWords(setting, wanted));
+}
+
 QList<Words> captionsOf(const SettingSet& settings) {
     QList<Words> captions;
     for (const Setting* setting : settingsInOrder("SMLWAGTDQI")) {

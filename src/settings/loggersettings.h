@@ -74,6 +74,9 @@ SettingSet settingsThatDiffer(const LoggerSettings& one, const LoggerSettings& o
 /// What a setting has, for the operator: "on", "off", or the number; an empty one is "0".
 Words valueInWords(const Setting& setting, const LoggerSettings& settings);
 
+/// How a setting of the instrument is other than wanted: "Append is off there, not on".
+Words differenceInWords(const Setting& setting, const LoggerSettings& there, const LoggerSettings& wanted);
+
 /// The captions of the settings in the order of the screen: "Wake Up", "Samples Per Second".
 QList<Words> captionsOf(const SettingSet& settings);
 

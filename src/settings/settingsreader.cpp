@@ -185,9 +185,7 @@ void SettingsReader::tellExchange() {
         if (!understood[place]) {
             differences << Words::tr("%1 could not be read back").arg(setting.plainCaption());
         } else if (different[place]) {
-            differences << Words::tr("%1 is %2 there, not %3")
-                               .arg(setting.plainCaption(), valueInWords(setting, reading_),
-                                    valueInWords(setting, *sent));
+            differences << differenceInWords(setting, reading_, *sent);
         }
     }
     settings_.exchange = differences.isEmpty()

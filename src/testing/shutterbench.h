@@ -40,6 +40,8 @@ public:
             clock.advance(100);
         }
         line->discardInput();
+        sender.retrieveSettings();
+        live(1);
         line->writes.clear();
         progressWatch = status.shutterProgress.addNotifier([this] { noteStep(); });
     }
