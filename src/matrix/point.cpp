@@ -262,8 +262,10 @@ bool Point::mayBeGone(int row, const QByteArray& cells) const {
     if (undertaking_.canBeRepeated && (isTold || is(Fault::Then::IsKilled))) {
         return true; // the instrument has it still
     }
-    if (removesFolder() && row < rowsAtStrike_ && (!onSheet_ || !onSheet_->has(cells))) {
-        return true; // it was in the folder and nowhere else
+    // It was in the folder and nowhere else: the sheet of a command ends with it.
+    const bool wasOnSheet = !undertaking_.isCommand && onSheet_ && onSheet_->has(cells);
+    if (removesFolder() && row < rowsAtStrike_ && !wasOnSheet) {
+        return true;
     }
     // A command ends when no disk takes its rows, and with it the one that has just come.
     const bool endsInVain = undertaking_.isCommand && fault_->at == Fault::At::Call && isTold;

@@ -110,7 +110,8 @@ TEST_F(CheckTimeTest, ReplyThatCannotBeReadIsToldAndTheLabelsKeepWhatTheyHad) {
                            .text = QStringLiteral("Unable to read clock. Error #2"),
                            .icon = Message::Icon::Exclamation,
                            .withoutWindow =
-                               QStringLiteral("The instrument answered with a date or a time that cannot be read.")};
+                               QStringLiteral("The instrument answered with a date or a time that cannot be read. Its "
+                                              "clock is not known; \"orv clock\" asks again.")};
     for (const char* reply :
          {"13/45/26\t100", "garbage\t1000", "2/29/26\t1000", "21/11/26\t100", "11/21/26\tnoon", "11/21/2026\t",
           "11/21/26\t12x", "11/21/26 25652", "\t11/21/26\t25652", "11/21/26\t1e300", "1234567890"}) {

@@ -319,9 +319,10 @@ void ClockDisplay::checktime(const QString& reply) {
     } catch (const RuntimeError&) {
         // On a noisy line every one that follows would be told too.
         if (!std::exchange(settings_.clockErrorTold, true)) {
-            session_.messages.show(
-                withoutWindow(operatorWarning(Words::tr("Unable to read clock. Error #2"), Words::tr("Software Error")),
-                              QStringLiteral("The instrument answered with a date or a time that cannot be read.")));
+            session_.messages.show(withoutWindow(
+                operatorWarning(Words::tr("Unable to read clock. Error #2"), Words::tr("Software Error")),
+                QStringLiteral("The instrument answered with a date or a time that cannot be read. Its clock is not "
+                               "known; \"orv clock\" asks again.")));
         }
     }
 }

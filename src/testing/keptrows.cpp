@@ -60,6 +60,12 @@ void KeptRows::add(const DataSheet& sheet) {
 
 bool KeptRows::has(const QByteArray& cells) const {
     const QByteArrayList fields = cells.split('\t');
+    QByteArrayList numbers; // tables have them without the zeros in front
+    for (const QByteArray& field : fields.mid(2)) {
+        bool isNumber = false;
+        const qlonglong number = field.toLongLong(&isNumber);
+        numbers << (isNumber ? QByteArray::number(number) : field);
+    }
     QByteArrayList recorded = fields;
     constexpr qsizetype newerTrx = 6;
     if (fields.size() == newerTrx) {
@@ -67,7 +73,7 @@ bool KeptRows::has(const QByteArray& cells) const {
         recorded.insert(5, QByteArray());
     }
     return sheets_.contains('\t' + cells + '\t') || records_.contains('\t' + recorded.join('\t') + "\r\n") ||
-           tables_.contains(',' + fields.mid(2).join(',') + '\n');
+           tables_.contains(',' + numbers.join(',') + '\n');
 }
 
 } // namespace orv
