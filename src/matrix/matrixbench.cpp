@@ -87,6 +87,15 @@ void MatrixBench::connect() {
     }
 }
 
+void MatrixBench::sendSettingsOfBefore() {
+    constexpr qint64 longest = 20'000;
+    settings.record = settingsBefore;
+    sender.applySettings();
+    if (!passUntil(longest, [this] { return isReady(); })) {
+        throw std::runtime_error("the settings are not taken");
+    }
+}
+
 void MatrixBench::runBlock() {
     constexpr qint64 longest = 20'000;
     program.run();

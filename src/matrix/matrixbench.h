@@ -41,6 +41,8 @@ public:
     // What is done before and after the undertaking that is tried; it throws if it does not succeed.
     void connect();
     void runBlock();
+    /// Puts the settings from before the undertaking on the screen and sends them.
+    void sendSettingsOfBefore();
     void save(const QString& name);
 
     QString place(const char* name) const { return QDir(folder_).filePath(QLatin1String(name)); }

@@ -25,6 +25,7 @@ const Telling tellings[] = {
     {"differs", "Sent at ..., but the instrument has not all of it", "press \"Apply Settings\" again."},
     {"partly", "Read at ..., but not all", "Press \"Retrieve Settings\"."},
     {"unread", "... could not be read; ", "log.ohp"},
+    {"early", "The instrument ended the run after ... rows;", "log.ohp"},
     {"unread", "Unable to read clock. Error #2", ""},
     {"unread", "The clock was sent, but could not be read back.", "Press \"Display Logger Time/Date\""},
     {"incomplete", "The download is incomplete", "download it again."},
@@ -81,6 +82,7 @@ const char* const usual[] = {
     "The dialog Manual Connection says how to go on\\.",
     "\\d+ rows?, not saved\\. Save As is on the page Output: Spread Sheet\\.",
     "Press Run to collect\\. Reset ends a run\\.",
+    "The sheet has rows of another type of instrument\\. Clear All is on the page Output: Spread Sheet\\.",
     // Of a command.
     "\\d+ rows? (was|were) collected\\.",
     "\\d+ of \\d+ records are in rows\\.csv\\.",

@@ -147,6 +147,28 @@ TEST_F(ProgramTest, APromptTogetherWithLinesEndsTheRunBehindTheLastOfThem) {
     EXPECT_EQ(state.Ctrlscrn, Operation::CollectionSetUp);
 }
 
+TEST_F(ProgramTest, ABlockThatEndsBeforeAllItsRowsIsTold) {
+    const auto run = [this](const QByteArray& lines) {
+        program.run();
+        receive("R\r\n");
+        com1.input = lines;
+        ticks(5);
+        EXPECT_EQ(state.Ctrlscrn, Operation::CollectionSetUp);
+        return status.notice.value().toStdString();
+    };
+    const QByteArray line = "11/21/26\t2700\t1\t2\t3\t4\r";
+    connectAndRead("V512\r", "3");
+    EXPECT_EQ(run(line + '\n' + line + line + "\n>"),
+              "The instrument ended the run after 2 of 3 rows; log.ohp has what came")
+        << "one line's end was lost";
+    EXPECT_EQ(run(line + '\n' + line + '\n' + line + "\n>"), "");
+    EXPECT_EQ(run(line + "\n11/21/26\t2700\t1\t2\r\n>"), "1 line could not be read; it is in log.ohp");
+    program.run();
+    receive("R\r\n" + line + "\n");
+    program.closePort();
+    EXPECT_EQ(status.notice.value().toStdString(), "") << "the operator ended it";
+}
+
 TEST_F(ProgramTest, ABlockOfOnePointIsNotEndedByThePromptLeftOver) {
     connectAndRead("V512\r", "1");
     ASSERT_EQ(rxbuffer.toStdString(), ">");

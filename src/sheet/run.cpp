@@ -70,6 +70,7 @@ void Run::startRunningProfile() {
     running_ = true;
     hasLine_ = false;
     unreadLines_ = 0;
+    rowsTaken_ = 0;
     recordFailureTold_ = false;
     rows_.beginSeries();
     tellRecordFailure(recordFile_.start(rows_.connectedType()));
@@ -106,6 +107,7 @@ void Run::takeLine(const QString& line) {
         return;
     }
     const int number = rows_.addRow(*row);
+    ++rowsTaken_;
     rows_.followNewest();
     showOnDebugScreen(link_.debug, *row, layout);
     tellRecordFailure(recordFile_.append(recordLine(number, *row, layout)));
@@ -133,6 +135,18 @@ void Run::endIfPrompted() {
         return;
     }
     endRun();
+    tellShortBlock();
+}
+
+/// A line whose end was lost on the way makes one row with the next.
+void Run::tellShortBlock() {
+    const LoggerSettings settings = settings_.reported.value().value_or(settings_.record.value());
+    const double points = leadingNumber(settings.pointsPerBlock);
+    if (unreadLines_ == 0 && rowsTaken_ < points) {
+        link_.session.status.notice =
+            Words::tr("The instrument ended the run after %1 of %2 rows; %3 has what came")
+                .arg(QString::number(rowsTaken_), plainNumber(points), link_.session.fileNames.log);
+    }
 }
 
 void Run::endRun() {

@@ -26,7 +26,8 @@ public:
     /// "Start Running Profile".
     void startRunningProfile();
 
-    /// Takes a line; ends the run if the instrument's prompt has come. Throws RuntimeError Overflow, with
+    /// Takes a line; ends the run if the instrument's prompt has come, and says so if that was before all rows of its
+    /// block had. Throws RuntimeError Overflow, with
     /// the run ended, if the row counter is full.
     void profilemode(const QString& line);
 
@@ -50,6 +51,7 @@ private:
     void takeLine(const QString& line);
     void noteLine();
     void endRun();
+    void tellShortBlock();
     void tellRecordFailure(const Words& reason);
 
     Link& link_;
@@ -61,6 +63,7 @@ private:
     bool hasLine_ = false; ///< A data line of this run has come, so that a prompt ends it.
     bool recordFailureTold_ = false;
     int unreadLines_ = 0;
+    int rowsTaken_ = 0; ///< In this run.
 };
 
 } // namespace orv
