@@ -64,9 +64,12 @@ Words atRest(const Link& link, const SheetState& sheet) {
                    ? Words::tr("Plug in an adapter, or choose a port and press Connect.")
                    : Words::tr("Choose a port and press Connect.");
     }
-    return link.session.status.instrument.value() == InstrumentType::Unknown
-               ? Words::tr("The instrument has not said what it is. Press Reset to ask again.")
-               : Words::tr("Press Run to collect. Reset ends a run.");
+    if (link.session.status.instrument.value() == InstrumentType::Unknown) {
+        return Words::tr("The instrument has not said what it is. Press Reset to ask again.");
+    }
+    return sheet.hasOtherType ? Words::tr("The sheet has rows of another type of instrument. Clear All is on the page "
+                                          "Output: Spread Sheet.")
+                              : Words::tr("Press Run to collect. Reset ends a run.");
 }
 
 Words sentence(const Link& link, const SettingsState& settings, const SheetState& sheet, const RunProgress& progress) {

@@ -34,6 +34,23 @@ TEST_F(NextStepTest, GoesWithTheOperatorFromThePortToTheSavedSheet) {
     EXPECT_EQ(step(), "Choose a port and press Connect.");
 }
 
+TEST_F(NextStepTest, SaysThatTheSheetHasRowsOfAnotherType) {
+    runWithRows(2);
+    program.closePort();
+    connectAndRead("F310\r");
+    const std::string sentence = "The sheet has rows of another type of instrument. Clear All is on the page Output: "
+                                 "Spread Sheet.";
+    EXPECT_EQ(step(), sentence);
+    program.clearAll();
+    EXPECT_EQ(step(), "Press Run to collect. Reset ends a run.");
+    program.bringBack();
+    EXPECT_EQ(step(), sentence);
+    program.clearAll();
+    program.closePort();
+    connectAndRead();
+    EXPECT_EQ(step(), "Press Run to collect. Reset ends a run.") << "no row is there";
+}
+
 TEST_F(NextStepTest, CountsTheRowsThatAreNotSaved) {
     runWithRows(3);
     receive(">\r\n");

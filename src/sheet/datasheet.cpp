@@ -166,6 +166,7 @@ DataSheet::Contents SheetRows::clear() {
     shown_.topRow = 0;
     shown_.unsaved = false;
     shown_.file = QString();
+    shown_.hasOtherType = false;
     // While the firmware is not known it counts as the older generation.
     const InstrumentType type = session_.state.type();
     const double firmware = session_.state.firmware;

@@ -152,7 +152,9 @@ struct SheetState {
     QProperty<QString> file;        ///< That the rows were saved to or opened from last, with its path; else empty.
     QProperty<SavedRows> saved;     ///< The last save or export, until the operator clears or replaces the sheet.
     QProperty<bool> rowsSinceSaved{false}; ///< Rows have come after it; without one it means nothing.
-    QProperty<int> clearedRows{0};         ///< Rows that "Clear All" took and that can still be brought back.
+    /// It holds rows of another type than an instrument that was connected to it since.
+    QProperty<bool> hasOtherType{false};
+    QProperty<int> clearedRows{0}; ///< Rows that "Clear All" took and that can still be brought back.
 };
 
 /// What every procedure that fills the sheet shares: laying out, clearing, adding rows, and counting them in `plc`.

@@ -18,8 +18,11 @@ bool Sheet::isOfAnotherType() const {
 /// Writes the header row of the identified instrument's type; nothing for an unknown type. Rows of another type that
 /// are not saved are saved first; returns whether they are. If that fails, they keep their header row.
 bool Sheet::layOutHeaderRow() {
-    if (isOfAnotherType() && !files.saveAside()) {
-        return false;
+    if (isOfAnotherType()) {
+        shown.hasOtherType = shown.hasOtherType || data.rowCount() > 0;
+        if (!files.saveAside()) {
+            return false;
+        }
     }
     rows.layOutOnOpening();
     return true;
@@ -55,7 +58,8 @@ void Sheet::clearAll() {
                    .unsaved = shown.unsaved,
                    .file = shown.file,
                    .saved = shown.saved,
-                   .rowsSinceSaved = shown.rowsSinceSaved};
+                   .rowsSinceSaved = shown.rowsSinceSaved,
+                   .hasOtherType = shown.hasOtherType};
     before.contents = rows.clearSpreadSheet();
     shown.saved = SavedRows();
     shown.clearedRows = static_cast<int>(before.contents.rows.size());
@@ -74,6 +78,7 @@ void Sheet::bringBack() {
     shown.file = before->file;
     shown.saved = before->saved;
     shown.rowsSinceSaved = before->rowsSinceSaved;
+    shown.hasOtherType = before->hasOtherType;
 }
 
 void Sheet::noteRow() {

@@ -70,6 +70,7 @@ private:
         QString file;
         SavedRows saved;
         bool rowsSinceSaved = false;
+        bool hasOtherType = false;
     };
 
     void noteRow();
