@@ -2079,7 +2079,8 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
 Collect or download data, or open a sheet: its columns are drawn here.</source>
         <translation>Noch keine Zeilen.
 
-Messen, Daten herunterladen oder ein Blatt öffnen: Seine Spalten werden hier gezeichnet.</translation>
+Messen, Daten herunterladen oder ein Blatt öffnen:
+Seine Spalten werden hier gezeichnet.</translation>
     </message>
     <message>
         <source>No row can be placed on this axis.
@@ -2095,31 +2096,31 @@ Unter „X-Achse“ die andere wählen.</translation>
     </message>
     <message>
         <source>1 row of another type of instrument is not drawn.</source>
-        <translation>1 Zeile eines anderen Instrumenttyps ist nicht gezeichnet.</translation>
+        <translation>1 Zeile eines anderen Instrumenttyps nicht gezeichnet.</translation>
     </message>
     <message>
         <source>%1 rows of another type of instrument are not drawn.</source>
-        <translation>%1 Zeilen eines anderen Instrumenttyps sind nicht gezeichnet.</translation>
+        <translation>%1 Zeilen eines anderen Instrumenttyps nicht gezeichnet.</translation>
     </message>
     <message>
         <source>1 row without a readable time is not drawn.</source>
-        <translation>1 Zeile ohne lesbare Zeit ist nicht gezeichnet.</translation>
+        <translation>1 Zeile ohne lesbare Zeit nicht gezeichnet.</translation>
     </message>
     <message>
         <source>%1 rows without a readable time are not drawn.</source>
-        <translation>%1 Zeilen ohne lesbare Zeit sind nicht gezeichnet.</translation>
+        <translation>%1 Zeilen ohne lesbare Zeit nicht gezeichnet.</translation>
     </message>
     <message>
         <source>1 row without a record number is not drawn.</source>
-        <translation>1 Zeile ohne Datensatznummer ist nicht gezeichnet.</translation>
+        <translation>1 Zeile ohne Datensatznummer nicht gezeichnet.</translation>
     </message>
     <message>
         <source>%1 rows without a record number are not drawn.</source>
-        <translation>%1 Zeilen ohne Datensatznummer sind nicht gezeichnet.</translation>
+        <translation>%1 Zeilen ohne Datensatznummer nicht gezeichnet.</translation>
     </message>
     <message>
         <source>Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click shows all.</source>
-        <translation>Mausrad zoomt die Achse, mit Strg die Werte; Ziehen verschiebt, mit Umschalt wählt es einen Bereich; ein Doppelklick zeigt alles.</translation>
+        <translation>Mausrad zoomt die Achse, mit Strg die Werte; Ziehen verschiebt, mit Umschalt wählt es aus; Doppelklick zeigt alles.</translation>
     </message>
     <message>
         <source>Row under the cursor</source>
@@ -2633,7 +2634,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Select cells, a row by its number or a column by its header: to copy them, and for their mean and standard deviation.</source>
-        <translation>Zellen auswählen, eine Zeile an ihrer Nummer oder eine Spalte an ihrem Kopf: zum Kopieren und für Mittelwert und Standardabweichung.</translation>
+        <translation>Zellen, Zeilen (Nummer) oder Spalten (Kopf) auswählen: zum Kopieren, für Mittelwert und Standardabweichung.</translation>
     </message>
     <message>
         <source>Default File Name, and the file name used for auto-recording of long profiles.</source>
@@ -2954,7 +2955,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>%1 Reset stops it.</source>
-        <translation>%1 „Zurücksetzen“ beendet es.</translation>
+        <translation>%1 „Zurücksetzen“ bricht ab.</translation>
     </message>
     <message>
         <source>Waiting for the full minute: %1 s.</source>
@@ -3074,7 +3075,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>they are of no known type of instrument</source>
-        <translation>sie gehören zu keinem bekannten Instrumententyp</translation>
+        <translation>sie gehören zu keinem bekannten Instrumenttyp</translation>
     </message>
     <message>
         <source>No rows yet.</source>
@@ -3082,7 +3083,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Newest row (from before this run)</source>
-        <translation>Neueste Zeile (von vor dieser Messung)</translation>
+        <translation>Neueste Zeile (von vor diesem Lauf)</translation>
     </message>
     <message>
         <source>%1 could not be opened. %2</source>
@@ -3094,7 +3095,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Record %1 (the sheet follows the run)</source>
-        <translation>Datensatz %1 (das Blatt folgt der Messung)</translation>
+        <translation>Datensatz %1 (das Blatt folgt dem Lauf)</translation>
     </message>
     <message>
         <source>Data #</source>
@@ -3102,7 +3103,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Data Point</source>
-        <translation>Datenpunkt</translation>
+        <translation>Messpunkt</translation>
     </message>
     <message>
         <source>This guide is in English, and so are the captions in it.</source>
@@ -3110,7 +3111,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>the rows of the run before could not be kept under another name (%1)</source>
-        <translation>die Zeilen der Messung davor konnten nicht unter anderem Namen aufbewahrt werden (%1)</translation>
+        <translation>die Zeilen des vorigen Laufs konnten nicht unter anderem Namen aufbewahrt werden (%1)</translation>
     </message>
     <message>
         <source>%1. Rows have come since.</source>
@@ -3118,7 +3119,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Sent at %1, but the instrument has not all of it: %2. Correct it or press &quot;Apply Settings&quot; again.</source>
-        <translation>Gesendet um %1, aber das Instrument hat nicht alles übernommen: %2. Berichtigen Sie es oder drücken Sie noch einmal „Einstellungen senden“.</translation>
+        <translation>Gesendet um %1, aber das Instrument hat nicht alles übernommen: %2. Berichtigen oder noch einmal „Einstellungen senden“ drücken.</translation>
     </message>
     <message>
         <source>The clock was sent, but could not be read back. Press &quot;Display Logger Time/Date&quot; to see how it stands.</source>
@@ -3128,13 +3129,25 @@ Bitte den Dateinamen prüfen.</translation>
         <source>The settings that the instrument gave at the beginning of the shutter reset are not those that it gave before: %1. They were sent back as it gave them last.
 
 </source>
-        <translation>Die Einstellungen, die das Instrument zu Beginn des Zurücksetzens des Verschlusses angab, sind nicht die von vorher: %1. Sie wurden so zurückgesendet, wie es sie zuletzt angab.
+        <translation>Zu Beginn des Vorgangs gab das Instrument andere Einstellungen an als vorher: %1. Sie wurden so zurückgesendet, wie es sie zuletzt angab.
 
 </translation>
     </message>
     <message>
         <source>Look at the settings screen; if they are wrong, correct them and press &quot;Apply Settings&quot;.</source>
-        <translation>Sehen Sie im Einstellungsfenster nach; wenn sie falsch sind, berichtigen Sie sie und drücken Sie „Einstellungen senden“.</translation>
+        <translation>Im Einstellungsfenster nachsehen; wenn sie falsch sind, berichtigen und „Einstellungen senden“ drücken.</translation>
+    </message>
+    <message>
+        <source>The sheet has rows of another type of instrument. Clear All is on the page Output: Spread Sheet.</source>
+        <translation>Auf dem Blatt sind Zeilen eines anderen Instrumenttyps. „Alles löschen“ ist auf der Seite „Ausgabe: Tabellenblatt“.</translation>
+    </message>
+    <message>
+        <source>The instrument ended the run after %1 of %2 rows; %3 has what came</source>
+        <translation>Das Instrument beendete den Lauf nach %1 von %2 Zeilen; %3 enthält, was kam</translation>
+    </message>
+    <message>
+        <source>Value %1</source>
+        <translation>Wert %1</translation>
     </message>
 </context>
 </TS>

@@ -484,10 +484,6 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
         <translation>Sin conexión</translation>
     </message>
     <message>
-        <source></source>
-        <translation></translation>
-    </message>
-    <message>
         <source>No answer from COM %1</source>
         <translation>COM %1 no responde</translation>
     </message>
@@ -749,7 +745,7 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>The dialog Manual Connection says how to go on.</source>
-        <translation>El diálogo Conexión manual indica cómo seguir.</translation>
+        <translation>El diálogo «Conexión manual» indica cómo seguir.</translation>
     </message>
     <message>
         <source>Status and Controls</source>
@@ -1959,7 +1955,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>&amp;Abort</source>
-        <translation>&amp;Abortar</translation>
+        <translation>&amp;Interrumpir</translation>
     </message>
     <message>
         <source>Note</source>
@@ -2083,7 +2079,8 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
 Collect or download data, or open a sheet: its columns are drawn here.</source>
         <translation>Aún no hay filas.
 
-Mida, descargue datos o abra una hoja: sus columnas se dibujan aquí.</translation>
+Mida, descargue datos o abra una hoja:
+sus columnas se dibujan aquí.</translation>
     </message>
     <message>
         <source>No row can be placed on this axis.
@@ -2637,7 +2634,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Select cells, a row by its number or a column by its header: to copy them, and for their mean and standard deviation.</source>
-        <translation>Seleccione celdas, una fila por su número o una columna por su encabezado: para copiarlas y para su media y desviación estándar.</translation>
+        <translation>Seleccione celdas, filas (número) o columnas (encabezado) para copiarlas y ver su media y desviación estándar.</translation>
     </message>
     <message>
         <source>Default File Name, and the file name used for auto-recording of long profiles.</source>
@@ -2958,7 +2955,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>%1 Reset stops it.</source>
-        <translation>%1 «Restablecer» lo detiene.</translation>
+        <translation>%1 «Restablecer» detiene la espera.</translation>
     </message>
     <message>
         <source>Waiting for the full minute: %1 s.</source>
@@ -2966,7 +2963,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>within %1 s of this computer&apos;s</source>
-        <translation>a menos de %1 s del reloj de este ordenador</translation>
+        <translation>a menos de %1 s de este ordenador</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
@@ -3139,6 +3136,18 @@ Compruebe el nombre.</translation>
     <message>
         <source>Look at the settings screen; if they are wrong, correct them and press &quot;Apply Settings&quot;.</source>
         <translation>Mire la pantalla de configuración; si está mal, corríjala y pulse «Enviar configuración».</translation>
+    </message>
+    <message>
+        <source>The sheet has rows of another type of instrument. Clear All is on the page Output: Spread Sheet.</source>
+        <translation>La hoja tiene filas de otro tipo de instrumento. «Borrar todo» está en la página «Salida: hoja de datos».</translation>
+    </message>
+    <message>
+        <source>The instrument ended the run after %1 of %2 rows; %3 has what came</source>
+        <translation>El instrumento terminó la medición tras %1 de %2 filas; %3 tiene lo que llegó</translation>
+    </message>
+    <message>
+        <source>Value %1</source>
+        <translation>Valor %1</translation>
     </message>
 </context>
 </TS>

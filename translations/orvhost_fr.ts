@@ -513,7 +513,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>Shut power off of sensor. Press (Start) then turn power on.</source>
-        <translation>Coupez l&apos;alimentation du capteur. Appuyez sur (Démarrer), puis rétablissez-la.</translation>
+        <translation>Coupez l&apos;alimentation du capteur. Appuyez sur «&#xa0;Démarrer&#xa0;», puis rétablissez-la.</translation>
     </message>
     <message>
         <source>Manual Connect</source>
@@ -1141,7 +1141,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>No answer for 10 s. Reset connects again.</source>
-        <translation>Rien reçu depuis 10 s. «&#xa0;Réinitialiser&#xa0;» reconnecte.</translation>
+        <translation>Aucune réponse depuis 10 s. «&#xa0;Réinitialiser&#xa0;» reconnecte.</translation>
     </message>
     <message>
         <source>This was the 150th line of settings reports since the program started. There it ends the connection, once. Nothing is wrong: press Quit and connect again.</source>
@@ -1241,7 +1241,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>No data for 10 s. Reset stops the download.</source>
-        <translation>Rien reçu depuis 10 s. «&#xa0;Réinitialiser&#xa0;» y met fin.</translation>
+        <translation>Rien reçu depuis 10 s. «&#xa0;Réinitialiser&#xa0;» arrête le téléchargement.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
@@ -1597,7 +1597,7 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>Light source:</source>
-        <translation>Source de lumière&#xa0;:</translation>
+        <translation>Lumière&#xa0;:</translation>
     </message>
     <message>
         <source>Colour of the instrument&apos;s light source; also chooses the reference values of the report.</source>
@@ -2079,7 +2079,8 @@ réglages, données en direct, données stockées, étalonnage.</translation>
 Collect or download data, or open a sheet: its columns are drawn here.</source>
         <translation>Aucune ligne.
 
-Mesurez, téléchargez des données ou ouvrez une feuille&#xa0;: ses colonnes sont tracées ici.</translation>
+Mesurez, téléchargez des données ou ouvrez une feuille&#xa0;:
+ses colonnes sont tracées ici.</translation>
     </message>
     <message>
         <source>No row can be placed on this axis.
@@ -2095,27 +2096,27 @@ Choisissez l&apos;autre sous «&#xa0;Axe X&#xa0;».</translation>
     </message>
     <message>
         <source>1 row of another type of instrument is not drawn.</source>
-        <translation>1 ligne d&apos;un autre type d&apos;instrument n&apos;est pas tracée.</translation>
+        <translation>1 ligne d&apos;un autre type d&apos;instrument non tracée.</translation>
     </message>
     <message>
         <source>%1 rows of another type of instrument are not drawn.</source>
-        <translation>%1 lignes d&apos;un autre type d&apos;instrument ne sont pas tracées.</translation>
+        <translation>%1 lignes d&apos;un autre type d&apos;instrument non tracées.</translation>
     </message>
     <message>
         <source>1 row without a readable time is not drawn.</source>
-        <translation>1 ligne sans heure lisible n&apos;est pas tracée.</translation>
+        <translation>1 ligne sans heure lisible non tracée.</translation>
     </message>
     <message>
         <source>%1 rows without a readable time are not drawn.</source>
-        <translation>%1 lignes sans heure lisible ne sont pas tracées.</translation>
+        <translation>%1 lignes sans heure lisible non tracées.</translation>
     </message>
     <message>
         <source>1 row without a record number is not drawn.</source>
-        <translation>1 ligne sans numéro d&apos;enregistrement n&apos;est pas tracée.</translation>
+        <translation>1 ligne sans numéro d&apos;enregistrement non tracée.</translation>
     </message>
     <message>
         <source>%1 rows without a record number are not drawn.</source>
-        <translation>%1 lignes sans numéro d&apos;enregistrement ne sont pas tracées.</translation>
+        <translation>%1 lignes sans numéro d&apos;enregistrement non tracées.</translation>
     </message>
     <message>
         <source>Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click shows all.</source>
@@ -2633,7 +2634,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Select cells, a row by its number or a column by its header: to copy them, and for their mean and standard deviation.</source>
-        <translation>Sélectionnez des cellules, une ligne par son numéro ou une colonne par son en-tête, pour les copier ou voir moyenne et écart type.</translation>
+        <translation>Sélectionnez cellules, lignes (numéro) ou colonnes (en-tête) pour les copier ou voir moyenne et écart type.</translation>
     </message>
     <message>
         <source>Default File Name, and the file name used for auto-recording of long profiles.</source>
@@ -2781,7 +2782,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>No rows yet. Connect, then press Run.</source>
-        <translation>Aucune ligne. Connectez l&apos;instrument, puis «&#xa0;Mesurer&#xa0;».</translation>
+        <translation>Aucune ligne. Connectez l&apos;instrument, puis appuyez sur «&#xa0;Mesurer&#xa0;».</translation>
     </message>
     <message>
         <source>How far the run or the download has come</source>
@@ -3135,6 +3136,18 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>Look at the settings screen; if they are wrong, correct them and press &quot;Apply Settings&quot;.</source>
         <translation>Regardez l&apos;écran des réglages&#xa0;; s&apos;ils sont faux, corrigez-les et appuyez sur «&#xa0;Envoyer les réglages&#xa0;».</translation>
+    </message>
+    <message>
+        <source>The sheet has rows of another type of instrument. Clear All is on the page Output: Spread Sheet.</source>
+        <translation>La feuille a des lignes d&apos;un autre type d&apos;instrument. «&#xa0;Tout effacer&#xa0;» est sur la page «&#xa0;Sortie&#xa0;: feuille&#xa0;».</translation>
+    </message>
+    <message>
+        <source>The instrument ended the run after %1 of %2 rows; %3 has what came</source>
+        <translation>L&apos;instrument a terminé la mesure après %1 lignes sur %2&#xa0;; %3 contient ce qui est arrivé</translation>
+    </message>
+    <message>
+        <source>Value %1</source>
+        <translation>Valeur %1</translation>
     </message>
 </context>
 </TS>

@@ -94,7 +94,6 @@ QPalette darkPalette() {
     palette.setColor(QPalette::AlternateBase, QColor(38, 38, 41));
     palette.setColor(QPalette::ToolTipBase, window);
     palette.setColor(QPalette::ToolTipText, text);
-    palette.setColor(QPalette::PlaceholderText, QColor(150, 150, 150));
     palette.setColor(QPalette::Highlight, QColor(38, 110, 190));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, QColor(90, 170, 250));

@@ -2,6 +2,7 @@
 #include "ui/plotcanvas.h"
 
 #include "base/words.h"
+#include "ui/widgets.h"
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -88,7 +89,7 @@ void PlotCanvas::relay(int cursor) {
     }
     for (int curve = 0; curve < graphCount(); ++curve) {
         graph(curve)->data()->clear();
-        graph(curve)->setName(data_.name(curve));
+        graph(curve)->setName(shownColumn(data_.name(curve)));
         graph(curve)->setVisible(true);
     }
     emphasised_ = emphasised_ < graphCount() ? emphasised_ : -1;

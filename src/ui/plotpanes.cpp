@@ -17,6 +17,11 @@ namespace {
 
 constexpr int leastPaneHeight = 20; ///< Of a pane, in pixels.
 constexpr int paneGap = 5;          ///< Pixels above and below the curves of a pane without labels of places.
+constexpr int loneGap = 15;         ///< The same around a pane that stands alone.
+
+QMargins around(int gap) {
+    return {gap, gap, gap, gap};
+}
 
 } // namespace
 
@@ -79,7 +84,7 @@ void PlotPanes::setUp(QCPAxisRect* pane) {
 void PlotPanes::addPane() {
     auto* pane = new QCPAxisRect(&plot_);
     pane->setMinimumSize(leastPaneHeight, leastPaneHeight);
-    pane->setMinimumMargins(QMargins(paneGap, paneGap, paneGap, paneGap));
+    pane->setMinimumMargins(around(paneGap));
     setUp(pane);
     QCPAxis* places = pane->axis(QCPAxis::atBottom);
     places->setTicker(plot_.xAxis->ticker());
@@ -110,6 +115,7 @@ void PlotPanes::takeApart() {
         panes_.pop_back();
     }
     plot_.plotLayout()->simplify();
+    panes_.front()->setMinimumMargins(around(loneGap));
 }
 
 void PlotPanes::arrange(Arrangement arrangement) {
@@ -131,6 +137,7 @@ void PlotPanes::arrange(Arrangement arrangement) {
         while (panes_.size() < stacked.size()) {
             addPane();
         }
+        panes_.front()->setMinimumMargins(around(panes_.size() > 1 ? paneGap : loneGap));
         QCPLayoutGrid& layout = *plot_.plotLayout();
         layout.take(panes_.front());
         layout.simplify();

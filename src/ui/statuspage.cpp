@@ -205,11 +205,13 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     showUnlessEmpty(shown.shutterProgress, shutter);
     showUnlessEmpty(shown.shutterCountdown, countdown);
     const QProperty<int>& secondsToFullMinute = program.settings.shown.secondsToFullMinute;
-    const auto remark = [notice, &shown, &secondsToFullMinute](auto&&) { // what is told of the setting before is old
-        notice->setText(secondsToFullMinute > 0 ? QString() : shown.notice.value().shown());
+    const auto remark = [notice, &shown, &secondsToFullMinute](auto&&) { // what is told of something before is old
+        const bool isOld = secondsToFullMinute > 0 || !shown.shutterProgress.value().isEmpty();
+        notice->setText(isOld ? QString() : shown.notice.value().shown());
     };
     bindings_.bind(shown.notice, remark);
     bindings_.bind(secondsToFullMinute, remark);
+    bindings_.bind(shown.shutterProgress, remark);
     bindings_.bind(program.progress.text, [this, progress](const Words& text) {
         progress->setText(text.shown());
         counts_.drawNow();

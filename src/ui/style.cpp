@@ -134,6 +134,15 @@ void ProgramStyle::polish(QPalette& palette) {
                               (front.blue() + behind.blue()) / 2});
         }
     }
+    // A desktop that knows no hints leaves them as on a light ground.
+    constexpr double readableHint = 3.0;
+    constexpr float hintShare = 0.65F;
+    const QColor behind = palette.color(QPalette::Active, QPalette::Window);
+    const QColor hint = palette.color(QPalette::Active, QPalette::PlaceholderText);
+    if (contrast(between(behind, hint, static_cast<float>(hint.alphaF())), behind) < readableHint) {
+        palette.setColor(QPalette::PlaceholderText,
+                         between(behind, palette.color(QPalette::Active, QPalette::WindowText), hintShare));
+    }
 }
 
 QPalette warningPalette() {

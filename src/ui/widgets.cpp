@@ -425,6 +425,10 @@ QString shownColumn(const QString& name) {
                                              QT_TRANSLATE_NOOP("orv", "Date"), QT_TRANSLATE_NOOP("orv", "Time"),
                                              QT_TRANSLATE_NOOP("orv", "Output")};
     const bool isOwn = std::any_of(own.begin(), own.end(), [&](const char* of) { return name == QLatin1String(of); });
+    const QLatin1String value("Value ");
+    if (name.startsWith(value)) { // of an instrument that is not known yet
+        return Screen::tr("Value %1").arg(name.mid(value.size()));
+    }
     return isOwn ? Screen::shown(name) : name;
 }
 
