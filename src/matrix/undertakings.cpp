@@ -118,7 +118,7 @@ const Undertaking undertakings[] = {
      .begin = [](MatrixBench& bench) { bench.program.resetShutter(); },
      .isDone =
          [](const MatrixBench& bench) {
-             return bench.isReady() && bench.settings.record.value() == bench.settingsBefore;
+             return isConnected(bench) && bench.settings.record.value() == bench.settingsBefore;
          }},
     {.name = "calibration",
      .prepare = withRows,
