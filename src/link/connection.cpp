@@ -215,8 +215,11 @@ Task<> Connection::presets() {
     SessionState& state = session_.state;
     if (!ports_.open()) {
         fixit();
-        session_.status.failure =
-            Words::tr("%1 could not be opened. %2").arg(ports_.nameOf(ports_.selectedPort()), ports_.whyNotOpen());
+        const int port = ports_.selectedPort();
+        constexpr qsizetype longName = 24; // the chooser beside the line has it whole
+        const QString name =
+            ports_.device(port).size() > longName ? QStringLiteral("COM %1").arg(port) : ports_.nameOf(port);
+        session_.status.failure = Words::tr("%1 could not be opened. %2").arg(name, ports_.whyNotOpen());
         throw ConnectionEnded();
     }
     bool replied = false;

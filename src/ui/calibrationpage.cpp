@@ -9,6 +9,7 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -232,10 +233,13 @@ void CalibrationPage::addResults(QGridLayout* grid, int gridRow) {
     auto* caption = new QLabel(QStringLiteral("DP"));
     caption->setToolTip(Screen::tr("Expected counts of the point last calculated."));
     grid->addWidget(caption, gridRow, 0);
+    const int height = QLineEdit().sizeHint().height(); // of the boxes above
     for (int channel = 0; channel < channelCount; ++channel) {
         const auto index = static_cast<std::size_t>(channel);
         auto* label = makeFramedLabel(QStringLiteral("Label%1").arg(resultLabels.at(index)),
                                       Screen::tr("DP, angle %1").arg(angleText(channel)));
+        label->setFixedHeight(height);
+        label->setMargin(1); // so that figures stand below those in the boxes
         bindText(bindings_, label, shown_.results.at(index));
         grid->addWidget(label, gridRow, channel + 1);
     }

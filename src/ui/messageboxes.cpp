@@ -16,6 +16,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
@@ -125,6 +126,11 @@ private:
         }
         QHeaderView& columns = *list->header();
         int left = list->viewport()->width();
+        if (auto* places = findChild<QListView*>(QStringLiteral("sidebar"))) {
+            const int wanted = places->sizeHintForColumn(0) + 2 * places->frameWidth();
+            left -= std::max(wanted - places->width(), 0);
+            places->setMinimumWidth(wanted);
+        }
         for (int column = 1; column < columns.count(); ++column) {
             columns.resizeSection(column, std::max(columns.sectionSize(column), columns.sectionSizeHint(column)));
             left -= columns.sectionSize(column);

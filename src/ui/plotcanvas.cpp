@@ -45,7 +45,9 @@ PlotCanvas::PlotCanvas(const PlotData& curves)
     legend->setBorderPen(Qt::NoPen);
 
     hint_ = new QCPItemText(this);
-    hint_->position->setType(QCPItemPosition::ptAxisRectRatio);
+    hint_->position->setType(QCPItemPosition::ptViewportRatio); // over all panes
+    hint_->setClipToAxisRect(false);
+    hint_->setPadding({8, 8, 8, 8});
     hint_->position->setCoords(0.5, 0.5);
     hint_->setTextAlignment(Qt::AlignCenter);
     hint_->setVisible(false);
@@ -190,6 +192,7 @@ void PlotCanvas::applyTheme(const PlotTheme& theme) {
     legend->setBrush(theme.background);
     legend->setTextColor(theme.text);
     hint_->setColor(theme.text);
+    hint_->setBrush(theme.background);
     for (int curve = 0; curve < graphCount(); ++curve) {
         graph(curve)->setPen(penOf(curve));
         graph(curve)->setScatterStyle(symbolOf(curve, theme.background));

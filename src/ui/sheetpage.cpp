@@ -259,6 +259,10 @@ void SheetPage::find(bool forward) {
 void SheetPage::tellFound() {
     if (!foundRecord_.isEmpty()) {
         const bool goesOn = activity_.value() == Activity::Collecting && shown_.topRow > 0;
+        if (std::exchange(foundFollows_, goesOn) && !goesOn) {
+            refreshNow();
+            grid_->scrollTo(grid_->currentIndex());
+        }
         found_->setText(
             (goesOn ? Screen::tr("Record %1 (the sheet follows the run)") : Screen::tr("Record %1")).arg(foundRecord_));
     }

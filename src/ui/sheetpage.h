@@ -47,7 +47,8 @@ private:
     QWidget* findBar_;
     QLineEdit* findBox_;
     QLabel* found_;
-    QString foundRecord_; ///< The number of the record that was found last; empty if none was.
+    QString foundRecord_;       ///< The number of the record that was found last; empty if none was.
+    bool foundFollows_ = false; ///< The sheet followed the run when that was told last.
     StatisticsTable* statistics_;
     Redrawing redrawing_;
     Redrawing computing_;

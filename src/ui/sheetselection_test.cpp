@@ -325,6 +325,8 @@ TEST_F(SheetSelectionTest, ASearchInARunSaysThatTheSheetFollowsTheRun) {
     program.closePort();
     finish();
     EXPECT_EQ(text("FindResult"), "Record 2") << "it follows no more";
+    const auto& sheet = find<QTableView>("fg1");
+    EXPECT_TRUE(sheet.viewport()->rect().intersects(sheet.visualRect(sheet.currentIndex()))) << "and the row is seen";
     click("FindNext");
     EXPECT_EQ(text("FindResult"), "Record 2");
 }

@@ -100,9 +100,26 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     }
 }
 
+void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                      const QWidget* widget) const {
+    const auto* chooser = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (control == CC_ComboBox && chooser != nullptr && chooser->editable && isDark(chooser->palette)) {
+        const QStyleOptionComboBox light = withLightOutline(*chooser);
+        QProxyStyle::drawComplexControl(control, &light, painter, widget);
+    } else {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+}
+
 void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
+    if (element == CE_ProgressBarGroove && bar != nullptr && isDark(bar->palette)) {
+        const QStyleOptionProgressBar light = withLightOutline(*bar);
+        QProxyStyle::drawControl(element, &light, painter, widget);
+        return;
+    }
     const bool isButton = element == CE_PushButtonBevel || element == CE_PushButtonLabel;
     if (!isButton || button == nullptr || (button->state & State_On) == 0) {
         QProxyStyle::drawControl(element, option, painter, widget);
@@ -135,7 +152,7 @@ void ProgramStyle::polish(QPalette& palette) {
         }
     }
     // A desktop that knows no hints leaves them as on a light ground.
-    constexpr double readableHint = 3.0;
+    constexpr double readableHint = 3.5;
     constexpr float hintShare = 0.65F;
     const QColor behind = palette.color(QPalette::Active, QPalette::Window);
     const QColor hint = palette.color(QPalette::Active, QPalette::PlaceholderText);

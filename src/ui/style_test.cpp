@@ -39,6 +39,20 @@ TEST(ProgramStyleTest, ReadableDisabledTextStays) {
     EXPECT_EQ(lightnessOfDisabledText(paletteOf(Qt::black, QColor(240, 240, 240), QColor(100, 100, 100))), 100);
 }
 
+TEST(ProgramStyleTest, HintsCanBeReadWhereTheDesktopHasNoColourForThem) {
+    ProgramStyle style(QStringLiteral("Fusion"));
+    const auto polished = [&style](const QColor& window, const QColor& hint) {
+        QPalette palette(window);
+        palette.setColor(QPalette::PlaceholderText, hint);
+        style.polish(palette);
+        return palette.color(QPalette::PlaceholderText);
+    };
+    const QColor faint(0, 0, 0, 128);
+    EXPECT_GE(polished(QColor(45, 45, 48), faint).lightness(), 150);
+    EXPECT_EQ(polished(QColor(240, 240, 240), faint), faint);
+    EXPECT_EQ(polished(QColor(45, 45, 48), QColor(170, 170, 170)), QColor(170, 170, 170));
+}
+
 TEST(ProgramStyleTest, AButtonLeavesRoomAroundItsText) {
     ProgramStyle style(QStringLiteral("Fusion"));
     QPushButton button(QStringLiteral("Retrieve Settings"));
@@ -79,6 +93,24 @@ TEST(ProgramStyleTest, OutlinesAndTheChosenTabAreSeenOnADarkWindow) {
         style.drawPrimitive(QStyle::PE_FrameLineEdit, &option, &painter, nullptr);
     });
     EXPECT_GE(edge.pixelColor(place.left(), 9).lightness(), 90);
+    const QImage groove = drawnOnDark(dark, [&](QPainter& painter) {
+        QStyleOptionProgressBar option;
+        option.rect = place;
+        option.palette = dark;
+        option.state = QStyle::State_Enabled | QStyle::State_Horizontal;
+        style.drawControl(QStyle::CE_ProgressBarGroove, &option, &painter, nullptr);
+    });
+    EXPECT_GE(groove.pixelColor(place.left(), 9).lightness(), 90);
+    const QImage chooser = drawnOnDark(dark, [&](QPainter& painter) {
+        QStyleOptionComboBox option;
+        option.rect = QRect(0, 0, 40, 20);
+        option.palette = dark;
+        option.editable = true;
+        option.subControls = QStyle::SC_All;
+        option.state = QStyle::State_Enabled;
+        style.drawComplexControl(QStyle::CC_ComboBox, &option, &painter, nullptr);
+    });
+    EXPECT_GE(chooser.pixelColor(39, 10).lightness(), 90) << "at the arrow too";
     for (const bool chosen : {false, true}) {
         const QImage tab = drawnOnDark(dark, [&](QPainter& painter) {
             QStyleOptionTab option;
