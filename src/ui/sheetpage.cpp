@@ -259,7 +259,7 @@ void SheetPage::find(bool forward) {
 void SheetPage::tellFound() {
     if (!foundRecord_.isEmpty()) {
         const bool goesOn = activity_.value() == Activity::Collecting && shown_.topRow > 0;
-        if (std::exchange(foundFollows_, goesOn) && !goesOn) {
+        if (std::exchange(foundFollows_, goesOn) && !goesOn && !findBar_->isHidden()) {
             refreshNow();
             grid_->scrollTo(grid_->currentIndex());
         }

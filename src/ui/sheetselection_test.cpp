@@ -314,21 +314,45 @@ TEST_F(SheetSelectionTest, ATextIsFoundForwardsAndBackwardsAndRoundTheEnd) {
 
 TEST_F(SheetSelectionTest, ASearchInARunSaysThatTheSheetFollowsTheRun) {
     run({"10", "711"});
-    for (int row = 0; row < 12; ++row) {
+    for (int row = 0; row < 60; ++row) {
         receiveRow();
     }
     item("FindText").trigger();
     type(find<QLineEdit>("FindBox"), "711");
     click("FindNext");
     EXPECT_EQ(text("FindResult"), "Record 2 (the sheet follows the run)");
+    const auto& sheet = find<QTableView>("fg1");
+    const auto isSeen = [&sheet] {
+        return sheet.viewport()->rect().intersects(sheet.visualRect(sheet.currentIndex()));
+    };
+    receiveRow();
+    page.refreshNow();
+    EXPECT_FALSE(isSeen());
     program.reset();
     program.closePort();
     finish();
     EXPECT_EQ(text("FindResult"), "Record 2") << "it follows no more";
-    const auto& sheet = find<QTableView>("fg1");
-    EXPECT_TRUE(sheet.viewport()->rect().intersects(sheet.visualRect(sheet.currentIndex()))) << "and the row is seen";
+    EXPECT_TRUE(isSeen());
     click("FindNext");
     EXPECT_EQ(text("FindResult"), "Record 2");
+}
+
+TEST_F(SheetSelectionTest, ASearchWhoseLineIsClosedMovesNothingWhenTheRunEnds) {
+    run({"10", "711"});
+    for (int row = 0; row < 60; ++row) {
+        receiveRow();
+    }
+    item("FindText").trigger();
+    type(find<QLineEdit>("FindBox"), "711");
+    click("FindNext");
+    click("CloseFind");
+    receiveRow();
+    page.refreshNow();
+    program.reset();
+    program.closePort();
+    finish();
+    const auto& sheet = find<QTableView>("fg1");
+    EXPECT_FALSE(sheet.viewport()->rect().intersects(sheet.visualRect(sheet.currentIndex())));
 }
 
 TEST_F(SheetSelectionTest, OnAnotherPageTheKeysOfTheSheetDoNothing) {
