@@ -22,7 +22,6 @@ Program::Program(const Surroundings& surroundings)
     , nextStep(link, settings.shown, sheet.shown, progress)
     , subscriptions_{link.timer.tick.subscribe([this] { tick(); }),
                      link.connection.aboutToClose.subscribe([this] { closeRecordFile(); }),
-                     link.connection.identified.subscribe([this] { forgetToldErrors(); }),
                      link.connection.wasReset.subscribe([this] {
                          forgetToldErrors();
                          pages.shown = pageOfCaption(pages.upperCaption);
@@ -52,10 +51,12 @@ void Program::load(Files files) {
 }
 
 void Program::autoConnect1() {
+    forgetToldErrors();
     link.connection.autoConnect1();
 }
 
 void Program::autoConnect2() {
+    forgetToldErrors();
     link.connection.autoConnect2();
 }
 
@@ -63,6 +64,7 @@ void Program::connectPort(int portNumber) {
     if (!link.ports.isOpen()) {
         link.manual.hide(); // it is of a connection that is no more wanted
     }
+    forgetToldErrors();
     link.connection.autoConnect(portNumber);
 }
 
@@ -72,6 +74,7 @@ void Program::trySimulation() {
 }
 
 void Program::manualConnect(int portNumber) {
+    forgetToldErrors();
     act(QT_TRANSLATE_NOOP("orv", "Manual Connect"), [this, portNumber] { link.connection.manualConnect(portNumber); });
 }
 
