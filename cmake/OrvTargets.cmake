@@ -28,7 +28,8 @@ if(ORV_SANITIZE)
 endif()
 if(ORV_FUZZ)
     # Of coroutines clang makes functions with which the sanitizer of function types cannot be linked.
-    target_compile_options(orv_options INTERFACE -fsanitize=fuzzer-no-link -fno-sanitize=function)
+    target_compile_options(orv_options INTERFACE -fsanitize=fuzzer-no-link -fno-sanitize=function
+                           -fsanitize-coverage-ignorelist=${CMAKE_CURRENT_LIST_DIR}/fuzz-ignored.txt)
 endif()
 
 # What nearly every file of a floor includes is parsed once a floor: below the windows, and for the windows.

@@ -43,7 +43,7 @@ work=$(mktemp -d -p "$([ -w /dev/shm ] && echo /dev/shm || echo "${TMPDIR:-/tmp}
 trap 'rm -rf "$work"' EXIT
 mkdir "$work/files"
 export TMPDIR="$work/files"
-export ASAN_OPTIONS=quarantine_size_mb=1:malloc_context_size=4 QT_QPA_PLATFORM=offscreen
+export ASAN_OPTIONS=quarantine_size_mb=1:malloc_context_size=0 QT_QPA_PLATFORM=offscreen
 found=$build/found
 
 failed=0
