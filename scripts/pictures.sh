@@ -6,6 +6,7 @@
 #   scripts/pictures.sh FOLDER     for looking: light and dark, at 1, 1.5 and 2 times the size, each in a folder of its
 #                                  own in FOLDER, with a contact sheet where ImageMagick is there
 #   scripts/pictures.sh FOLDER --size 800x600     the same, with the main window of that size
+#   scripts/pictures.sh FOLDER --language de      the same, in that language
 #
 # Needs a build; BUILD names it (build/release unless told). No display is needed.
 set -euo pipefail

@@ -2,6 +2,7 @@
 // A program for this project's own use: drives the whole program on simulated instruments and takes a picture of each
 // page and dialog, for the guide and for looking at.
 #include "app/driver.h"
+#include "base/language.h"
 #include "program/devices.h"
 #include "ui/settingswindow.h"
 #include "ui/style.h"
@@ -264,7 +265,7 @@ private:
         choosePage(Page::Graphical);
         co_await take(window_, "graphical");
         auto& arrangement = Driver::find<QComboBox>(window_, QStringLiteral("PlotArrangement"));
-        arrangement.setCurrentText(QStringLiteral("Stacked"));
+        arrangement.setCurrentIndex(1);
         co_await take(window_, "graphical-stacked");
         arrangement.setCurrentIndex(0);
         choosePage(Page::Status);
@@ -458,12 +459,15 @@ int main(int argc, char** argv) {
     const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("With dark colours."));
     const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Of the main window."),
                                   QStringLiteral("WIDTHxHEIGHT"));
-    parser.addOptions({dark, size});
+    const QCommandLineOption language(QStringLiteral("language"), QStringLiteral("Of the windows."),
+                                      QStringLiteral("CODE"), QStringLiteral("en"));
+    parser.addOptions({dark, size, language});
     parser.addHelpOption();
     parser.process(application);
     if (parser.positionalArguments().size() != 1) {
         parser.showHelp(2);
     }
+    const orv::Language shown(parser.value(language));
     QApplication::setStyle(new orv::ProgramStyle(QStringLiteral("Fusion")));
     if (parser.isSet(dark)) {
         QApplication::setPalette(orv::darkPalette());
