@@ -397,7 +397,9 @@ Options readOptions(const QStringList& arguments, const QString& version) {
     for (const Name& name : names) {
         CLI::App* command = app.add_subcommand(name.name, name.description);
         command->callback([&options, &name] { options.command = name.command; });
-        addOptionsOf(name.command, *command, options, texts);
+        if (arguments.contains(QLatin1String(name.name))) { // the others are only named in the help
+            addOptionsOf(name.command, *command, options, texts);
+        }
     }
     std::vector<std::string> words; // last first, as the parser takes them
     for (qsizetype word = arguments.size() - 1; word > 0; --word) {
