@@ -53,7 +53,7 @@ public:
     QString newName(const char* kind);
 
     /// What is told from now on must not be told twice.
-    void beginAction() { told_ = rig_->messages.shown.size(); }
+    void beginAction();
     /// What must hold after every action.
     void look();
     /// Whatever has been: with the faults gone, connecting, a run, saving and "Quit" work, and no row is lost. `yes` is
@@ -80,6 +80,7 @@ private:
     int lines_ = 0; ///< Data lines so far; their values are this number.
     int names_ = 0;
     std::size_t told_ = 0;             ///< Messages before the action.
+    bool sendsTwice_ = false;          ///< A shutter reset is under way, whose two sendings may fail alike.
     bool delivering_ = false;          ///< Nothing but complete rows has come since the run began.
     std::set<QByteArray> expectTaken_; ///< First values of rows that came during a run and are still to be taken.
     std::vector<QByteArray> taken_;    ///< Signs of the rows that runs took while the record file could be written.
