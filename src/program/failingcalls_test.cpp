@@ -147,7 +147,7 @@ struct Case {
     const char* name;
     Session session;
     Plan::Then then;
-    std::vector<int> errors; ///< In turn.
+    std::vector<int> errors; ///< Each call fails with each of them, in a session of its own.
     bool namesSurvive;
 };
 
@@ -179,12 +179,8 @@ protected:
         bench.tookRow = [this, &bench](const DataRow& row) { told_->add(row, bench.clock.monotonicMilliseconds()); };
     }
 
-    Plan planFor(int at) const {
-        const auto& errors = GetParam().errors;
-        return {.at = at,
-                .then = GetParam().then,
-                .error = errors.empty() ? 0 : errors[static_cast<std::size_t>(at) % errors.size()],
-                .namesSurvive = GetParam().namesSurvive};
+    Plan planFor(int at, int error = 0) const {
+        return {.at = at, .then = GetParam().then, .error = error, .namesSurvive = GetParam().namesSurvive};
     }
 
     void expectKept(const KeptRows& found, qint64 until) const {
@@ -225,14 +221,14 @@ protected:
     }
 
     /// Returns whether the session met the call.
-    bool failAt(int at) {
+    bool failAt(int at, int error) {
         layOut();
         std::vector<Message> messages;
         std::vector<std::string> failed;
         {
             Bench bench;
             follow(bench);
-            failingcalls::start(QDir::currentPath().toStdString(), planFor(at));
+            failingcalls::start(QDir::currentPath().toStdString(), planFor(at, error));
             GetParam().session(bench);
             failingcalls::stop();
             failed = failingcalls::failed();
@@ -251,7 +247,9 @@ protected:
         if (GetParam().then == Plan::Then::Fail && !failed.empty()) {
             note(failed.front(), messages);
             EXPECT_LE(messages.size(), 1U) << failed.front();
-            EXPECT_TRUE(messages.size() == 1 || mustBeTold.count(failed.front()) == 0) << failed.front();
+            // A folder that says it is read-only is had without a lock, which is put before the first row is written.
+            const bool isLater = error == EROFS && failed.front() == "open orvhost.lock";
+            EXPECT_TRUE(messages.size() == 1 || mustBeTold.count(failed.front()) == 0 || isLater) << failed.front();
         }
         return !failed.empty();
     }
@@ -287,6 +285,19 @@ protected:
         }
     }
 
+    /// Each error in turn; returns whether the session met the call.
+    bool failAtWithEach(int at) {
+        bool met = false;
+        for (const int error : GetParam().errors) {
+            SCOPED_TRACE(error);
+            met = failAt(at, error);
+            if (HasFailure()) {
+                break;
+            }
+        }
+        return met;
+    }
+
     bool dieAt(int at) {
         layOut();
         const pid_t child = ::fork();
@@ -319,7 +330,7 @@ TEST_P(FailingCalls, LoseNothing) {
     int at = 1;
     for (bool met = true; met; ++at) {
         SCOPED_TRACE("call " + std::to_string(at));
-        met = dies ? dieAt(at) : failAt(at);
+        met = dies ? dieAt(at) : failAtWithEach(at);
         ASSERT_FALSE(HasFailure());
     }
     RecordProperty("calls", at - 2);
