@@ -5,7 +5,7 @@
 set -euo pipefail
 
 run_packages=(g++ cmake ninja-build libcli11-dev qt6-base-dev qt6-serialport-dev qt6-svg-dev qt6-l10n-tools libqcustomplot-dev qcoro-qt6-dev libnetcdf-dev fonts-dejavu-core)
-test_packages=(libgtest-dev libgmock-dev dbus-daemon xvfb netcdf-bin python3-netcdf4 python3-pandas python3-xarray)
+test_packages=(libgtest-dev libgmock-dev libice-dev libsm-dev libx11-dev dbus-daemon xvfb netcdf-bin python3-netcdf4 python3-pandas python3-xarray)
 ci_packages=(clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 appstream desktop-file-utils dpkg-dev lintian man-db systemd)
 
 case "${1:-}" in

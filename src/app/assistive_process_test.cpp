@@ -124,15 +124,8 @@ protected:
     void SetUp() override {
         ASSERT_NO_FATAL_FAILURE(bus.start());
         assistant.emplace(bus.address());
-        display.start(QStringLiteral("Xvfb"),
-                      {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                       QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
-                       QStringLiteral("tcp")});
-        display.waitForReadyRead(patience);
-        const QString number = QString::fromLatin1(display.readAllStandardOutput()).trimmed();
-        ASSERT_FALSE(number.isEmpty()) << "Xvfb is needed (package xvfb): " << display.errorString().toStdString()
-                                       << display.readAllStandardError().toStdString();
-        program.setProcessEnvironment(environmentWith({{QStringLiteral("DISPLAY"), u':' + number},
+        ASSERT_NO_FATAL_FAILURE(display.start());
+        program.setProcessEnvironment(environmentWith({{QStringLiteral("DISPLAY"), display.name()},
                                                        {QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb")},
                                                        {QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address()},
                                                        {QStringLiteral("AT_SPI_BUS_ADDRESS"), {}}}));
@@ -141,10 +134,8 @@ protected:
             << "the program does not report itself: " << program.readAllStandardError().toStdString();
     }
     void TearDown() override {
-        for (QProcess* process : {&program, &display}) {
-            process->kill();
-            process->waitForFinished(patience);
-        }
+        program.kill();
+        program.waitForFinished(patience);
     }
 
     QString find(const char* role, const char* name) {
@@ -155,7 +146,7 @@ protected:
     OwnFolder folder;
     PrivateBus bus;
     std::optional<Assistant> assistant;
-    QProcess display;
+    PrivateDisplay display;
     QProcess program;
 };
 

@@ -8,7 +8,43 @@
 
 #include <cstdio>
 
+#ifdef Q_OS_LINUX
+#include <QLibrary>
+
+#include <fcntl.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+#endif
+
 namespace orv {
+
+namespace {
+
+/// The library by which Qt's xcb platform speaks with a session manager ends the process when that is gone. From now on
+/// the program goes on without one.
+void outliveSessionManager() {
+#ifdef Q_OS_LINUX
+    if (QGuiApplication::platformName() != QLatin1String("xcb")) {
+        return;
+    }
+    using Handler = void (*)(void* connection);
+    constexpr int version = 6;
+    QLibrary library(QStringLiteral("ICE"), version);
+    const auto setHandler = reinterpret_cast<Handler (*)(Handler)>(library.resolve("IceSetIOErrorHandler"));
+    static const auto numberOf = reinterpret_cast<int (*)(void*)>(library.resolve("IceConnectionNumber"));
+    if (setHandler == nullptr || numberOf == nullptr) {
+        return;
+    }
+    setHandler([](void* connection) {
+        // Qt would read the end of the connection over and over: in its place comes what never has anything to read.
+        const int silent = ::eventfd(0, EFD_CLOEXEC);
+        ::dup3(silent, numberOf(connection), O_CLOEXEC);
+        ::close(silent);
+    });
+#endif
+}
+
+} // namespace
 
 SessionEnd::SessionEnd(Program& program, MessageBoxes& messages)
     : program_(program)
@@ -24,11 +60,15 @@ SessionEnd::SessionEnd(Program& program, MessageBoxes& messages)
             [](QSessionManager& manager) { manager.setRestartHint(QSessionManager::RestartNever); });
     connect(qGuiApp, &QCoreApplication::aboutToQuit, this, [this] { endProgram(); });
     qGuiApp->installEventFilter(this);
+    outliveSessionManager();
 }
 
 void SessionEnd::commitData(QSessionManager& manager) {
-    if (!prepare() && manager.allowsErrorInteraction()) {
-        manager.cancel(); // the operator has been told why and can act
+    if (!prepare()) {
+        // The operator has been told why and can act. Where nobody may be asked the session ends all the same, and its
+        // manager is told that not everything is kept.
+        manager.allowsErrorInteraction();
+        manager.cancel();
     }
 }
 

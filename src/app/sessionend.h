@@ -22,7 +22,8 @@ namespace orv {
 /// the program starts (nohup) stays ignored.
 ///
 /// Who logs out may change his mind: until the system says that it is the end, what is not saved is only brought to the
-/// disk, and a run goes on.
+/// disk, and a run goes on. If the disk does not take it, the logging out is cancelled where the operator may be told
+/// of it. A session manager that dies ends nothing.
 class SessionEnd final : public QObject {
 public:
     SessionEnd(Program& program, MessageBoxes& messages);

@@ -28,9 +28,10 @@ constexpr int rowsBefore = 20;
 
 class States {
 public:
-    States(Program& program, Driver& driver)
+    States(Program& program, Driver& driver, MessageBoxes& messages)
         : program_(program)
-        , driver_(driver) {}
+        , driver_(driver)
+        , messages_(messages) {}
 
     Task<> reach(QString state) {
         const std::map<QString, std::function<Task<>()>> ways{
@@ -147,14 +148,17 @@ private:
     Task<> diskFull() {
         Task<> run = running();
         co_await run;
+        bool isTold = false; // what a log without room tells may come right behind it
+        const Subscription telling = messages_.told.subscribe([&isTold](const Message& message) {
+            isTold = isTold || message.text.english().startsWith(QLatin1String("The record file"));
+        });
         std::signal(SIGXFSZ, SIG_IGN);
         rlimit size{};
         getrlimit(RLIMIT_FSIZE, &size);
         size.rlim_cur = static_cast<rlim_t>(QFileInfo(QStringLiteral("Orvtemp.tmp")).size());
         setrlimit(RLIMIT_FSIZE, &size);
         const QString what = QStringLiteral("Full disk");
-        const std::function<bool()> told = [this] {
-            const bool isTold = driver_.lastMessage().startsWith(QLatin1String("The record file"));
+        const std::function<bool()> told = [this, &isTold] {
             driver_.forgetMessage();
             return isTold;
         };
@@ -175,6 +179,7 @@ private:
 
     Program& program_;
     Driver& driver_;
+    MessageBoxes& messages_;
 };
 
 int stayIn(const QString& state, const QString& device) {
@@ -191,7 +196,7 @@ int stayIn(const QString& state, const QString& device) {
     const SessionEnd sessionEnd(program, messages);
     window.show();
     Driver driver(program, window, messages);
-    States states(program, driver);
+    States states(program, driver, messages);
     const int status = driver.run([&states, state] { return states.reach(state); });
     return sessionEnd.statusOr(status);
 }

@@ -307,6 +307,31 @@ TEST_F(UnaskedEnd, WhatCannotBeKeptIsToldAndWhatWasThereStays) {
     EXPECT_EQ(Successor().rows, sheet.mid(0, 2));
 }
 
+TEST_F(UnaskedEnd, WhatAFullDiskDidNotTakeIsKeptOnceThereIsRoom) {
+    rig().runWithRows(2);
+    const auto lines = [] { return contentsOf(QStringLiteral("Orvtemp.tmp")).count("\r\n"); };
+    const qsizetype before = lines();
+    {
+        const FileSizeLimit full(static_cast<rlim_t>(QFileInfo(QStringLiteral("Orvtemp.tmp")).size()));
+        rig().receive("11/21/26\t2700\t3\t20\t30\t40\r\n");
+        EXPECT_EQ(rig().messages.shown.size(), 1U);
+        EXPECT_FALSE(rig().program.keepForNextStart()) << "the file lacks a row";
+        EXPECT_EQ(rig().messages.shown.size(), 2U);
+        EXPECT_EQ(lines(), before);
+    }
+    EXPECT_TRUE(rig().program.keepForNextStart());
+    EXPECT_EQ(lines(), before + 1);
+    rig().receive("11/21/26\t2700\t4\t20\t30\t40\r\n");
+    EXPECT_EQ(lines(), before + 2) << "the run goes on";
+    EXPECT_TRUE(rig().program.keepForNextStart());
+    EXPECT_EQ(rig().messages.shown.size(), 2U);
+    end();
+    EXPECT_EQ(sheet.size(), 4);
+    Successor next;
+    EXPECT_EQ(next.answers.asked, QStringList(offer(4)));
+    EXPECT_EQ(next.rows, sheet);
+}
+
 TEST_F(UnaskedEnd, WhileTheSessionMayYetGoOnEverythingIsOnTheDiskAndGoesOn) {
     rig().connectAndRead();
     rig().program.vwhp();

@@ -43,6 +43,7 @@ Words RecordFile::start(const DataSheet::Type& type) {
     begun_ = false;
     saved_ = false;
     discarded_ = false;
+    lacksRows_ = false;
     mark_.remove(); // a program that dies here has the file kept once too often, and never the new run's rows lost
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
         return errorText(file_);
@@ -95,6 +96,7 @@ Words RecordFile::append(const QString& line) {
     }
     saved_ = false;
     Words reason = appendWhole(file_, line.toLatin1() + "\r\n");
+    lacksRows_ = lacksRows_ || !reason.isEmpty();
     unsaved_ = unsaved_ || reason.isEmpty();
     isBehindRow_ = true;
     if (reason.isEmpty() && !waitsForDisk_) {
@@ -225,10 +227,21 @@ bool RecordFile::holdsRowsOf(const DataSheet& sheet) const {
 }
 
 Words RecordFile::keepForNextStart(const DataSheet& sheet) {
-    if (file_.isOpen()) {
-        bringToDisk();
-        return takeDiskFailure();
+    if (!file_.isOpen()) {
+        return writeRowsOf(sheet);
     }
+    bringToDisk();
+    Words reason = takeDiskFailure();
+    if (!reason.isEmpty() || !lacksRows_) {
+        return reason;
+    }
+    file_.close(); // not every system replaces an open file
+    reason = writeRowsOf(sheet);
+    const bool goesOn = file_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
+    return goesOn || !reason.isEmpty() ? reason : errorText(file_);
+}
+
+Words RecordFile::writeRowsOf(const DataSheet& sheet) {
     if (lock_.stands() && holdsRowsOf(sheet)) {
         return {};
     }
@@ -251,6 +264,7 @@ Words RecordFile::keepForNextStart(const DataSheet& sheet) {
     begun_ = true;
     saved_ = false;
     discarded_ = false;
+    lacksRows_ = false;
     return lockFailed_ ? Words::tr("no lock file can be made beside it") : Words();
 }
 

@@ -86,7 +86,8 @@ public:
 
     /// The program is going to end, perhaps, and nobody is asked: brings the rows of the sheet to where the next start
     /// offers them, unless they are there. What the file held of another run is kept if need be. Rows of a run that
-    /// goes on are brought to the disk. Returns the empty text, or why they could not be kept; then all is as before.
+    /// goes on are brought to the disk; if the file lacks some of them, it is written anew. Returns the empty text, or
+    /// why they could not be kept; then all is as before.
     Words keepForNextStart(const DataSheet& sheet);
 
     /// The rows on the sheet have been saved elsewhere, so this file need not be kept. Does not count once rows have
@@ -120,6 +121,7 @@ private:
     bool holdsUnsavedRows() const;
     Words keepUnsavedRows();
     bool holdsRowsOf(const DataSheet& sheet) const;
+    Words writeRowsOf(const DataSheet& sheet);
     void bringToDisk();
     void putLock();
     void nothingIsUnsaved();
@@ -138,6 +140,7 @@ private:
     bool saved_ = false;      ///< Every row of the file is saved elsewhere.
     bool discarded_ = false;  ///< Some row of the file was discarded from the sheet before it was saved wholly.
     bool lockFailed_ = false; ///< It could not be put; it is tried again with the next rows.
+    bool lacksRows_ = false;  ///< Some row of the run could not be written into it.
     Words diskFailure_;
     bool waitsForDisk_ = false; ///< Rows have been written and not yet brought to the disk.
     bool isBehindRow_ = false;  ///< A row has been written since the last look at the time.

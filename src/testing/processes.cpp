@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFile>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -19,8 +20,11 @@ namespace orv {
 
 bool comesTrue(const std::function<bool()>& condition, int milliseconds) {
     const QDeadlineTimer deadline(milliseconds);
+    constexpr int lookInterval = 5; // milliseconds
+    QTimer looking;                 // what is waited for need not come as an event
+    looking.start(lookInterval);
     while (!condition() && !deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     }
     return condition();
 }
@@ -87,6 +91,26 @@ void PrivateBus::stop() {
         EXPECT_TRUE(daemon_.waitForFinished(patience));
     }
     QFile::remove(socketPath());
+}
+
+void PrivateDisplay::start() {
+    server_.start(QStringLiteral("Xvfb"),
+                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
+                   QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+    QByteArray number;
+    while (!number.endsWith('\n') && server_.waitForReadyRead(patience)) {
+        number += server_.readAllStandardOutput();
+    }
+    ASSERT_TRUE(number.endsWith('\n')) << "Xvfb is needed (package xvfb): " << server_.errorString().toStdString()
+                                       << server_.readAllStandardError().toStdString();
+    name_ = u':' + QString::fromLatin1(number).trimmed();
+}
+
+void PrivateDisplay::stop() {
+    if (server_.state() != QProcess::NotRunning) {
+        server_.terminate();
+        EXPECT_TRUE(server_.waitForFinished(patience));
+    }
 }
 
 FarEnd::FarEnd()

@@ -72,6 +72,26 @@ private:
     QProcess daemon_;
 };
 
+/// A display of the test's own, for programs that show their windows with the xcb platform.
+class PrivateDisplay {
+public:
+    PrivateDisplay() = default;
+    ~PrivateDisplay() { stop(); }
+    PrivateDisplay(const PrivateDisplay&) = delete;
+    PrivateDisplay& operator=(const PrivateDisplay&) = delete;
+
+    /// The test fails if there is no program for it.
+    void start();
+    void stop();
+
+    /// What DISPLAY has to be.
+    QString name() const { return name_; }
+
+private:
+    QProcess server_;
+    QString name_;
+};
+
 /// A pseudo-terminal whose far end is the test.
 class FarEnd {
 public:
