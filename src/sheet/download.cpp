@@ -229,16 +229,21 @@ void Download::finish() {
             rows_.followNewest();
         }
         link_.session.status.downloadedBytes = QString::number(bytes_);
-        if (unread_ > 0) {
-            link_.session.status.notice =
-                unread_ == 1 ? Words::tr("1 record could not be read; it is in %1").arg(link_.session.fileNames.log)
-                             : Words::tr("%1 records could not be read; they are in %2")
-                                   .arg(unread_)
-                                   .arg(link_.session.fileNames.log);
-        }
+        link_.session.status.notice = outcome();
     }
     end();
     link_.session.status.status = Words::tr("Ready");
+}
+
+Words Download::outcome() const {
+    const QString& log = link_.session.fileNames.log;
+    if (unread_ == 0) {
+        return target_ == Target::Sheet
+                   ? Words()
+                   : Words::tr("Saved %1 to %2").arg(recordsText(records_), QFileInfo(file_.fileName()).fileName());
+    }
+    return unread_ == 1 ? Words::tr("1 record could not be read; it is in %1").arg(log)
+                        : Words::tr("%1 records could not be read; they are in %2").arg(unread_).arg(log);
 }
 
 void Download::end() {

@@ -57,6 +57,8 @@ private:
     bool takeReply(const QString& reply, const Words& progressLabel, DataRow& row);
     void showProgress(const Words& label);
     void finish();
+    /// What is to be said of a download that is whole.
+    Words outcome() const;
     void end();
     void dropTheRest();
     void closeTarget();

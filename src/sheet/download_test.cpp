@@ -220,6 +220,8 @@ TEST_F(DownloadTest, EverythingIsPutBackAtTheEnd) {
         reply("EOF");
         expectIdle();
         EXPECT_EQ(status.status.value(), QStringLiteral("Ready"));
+        EXPECT_EQ(status.notice.value().toStdString(),
+                  toFile ? "Saved 1 record to " + QFileInfo(answers.fileName).fileName().toStdString() : "");
         EXPECT_EQ(status.downloadedBytes.value(), QStringLiteral("23"));
         reply("01/05/99\t24526\t700");
         EXPECT_EQ(sheet.rowCount(), toFile ? 0 : 1) << "what comes later is no record";
