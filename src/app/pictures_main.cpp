@@ -6,6 +6,7 @@
 #include "program/devices.h"
 #include "ui/settingswindow.h"
 #include "ui/style.h"
+#include "ui/widgets.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -188,7 +189,7 @@ private:
 
     /// What is drawn late, some time after its change, is to be on the picture.
     Task<> letDraw() {
-        constexpr int late = 260;
+        constexpr int late = LateTexts::delay + 60;
         clock_.standStill(true);
         co_await driver_.pause(late);
         clock_.standStill(false);
