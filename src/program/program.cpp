@@ -25,7 +25,9 @@ Program::Program(const Surroundings& surroundings)
                      link.connection.wasReset.subscribe([this] {
                          forgetToldErrors();
                          pages.shown = pageOfCaption(pages.upperCaption);
-                     })} {}
+                     })} {
+    bindings_.bind(settings.shown.visible, [this](bool) { link.timer.wake(); }); // its clock runs from now on
+}
 
 Program::~Program() {
     link.waits.endAll();
@@ -361,7 +363,8 @@ bool Program::dispatch() {
         tickStep_ = QT_TRANSLATE_NOOP("orv", "Reading the clock");
         settings.clock.checktime(line);
     }
-    if (state.Ctrlscrn == Operation::SettingsOpen) {
+    // A clock that stands beside the instrument's would mislead, whatever the program does meanwhile.
+    if (state.Ctrlscrn == Operation::SettingsOpen || settings.shown.visible) {
         const QDateTime now = link.session.clock.now();
         settings.shown.computerTime = clockText(now.time());
         settings.shown.computerDate = shortDate(now.date());

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/text.h"
 #include "testing/programrig.h"
 
 namespace orv {
@@ -112,6 +113,34 @@ TEST_F(ProgramTest, TheTickThatReadsTheClockShowsTheComputersTimeToo) {
     clock.advance(afternoon);
     program.tick();
     EXPECT_EQ(settings.computerTime.value().toStdString(), "1:30:16 PM");
+}
+
+TEST_F(ProgramTest, TheComputersTimeGoesOnWhileTheSettingsAreSeenWhateverIsUnderWay) {
+    constexpr qint64 some = 5000;
+    connectAndRead();
+    settings.visible = true;
+    program.run();
+    clock.advance(some);
+    EXPECT_EQ(settings.computerTime.value(), clockText(clock.now().time()));
+    program.closePort();
+    clock.advance(some);
+    EXPECT_EQ(settings.computerTime.value(), clockText(clock.now().time()));
+    settings.visible = false;
+    clock.advance(some);
+    EXPECT_NE(settings.computerTime.value(), clockText(clock.now().time())) << "nobody sees it";
+    settings.visible = true;
+    clock.advance(some);
+    EXPECT_EQ(settings.computerTime.value(), clockText(clock.now().time()));
+}
+
+TEST_F(ProgramTest, TheClockOfTheNextInstrumentIsToBeSetAgainNotThatOfAClosedConnection) {
+    connectAndRead();
+    settings.syncTimeDate = true;
+    settings.syncPending = false; // as when it has been set
+    program.closePort();
+    EXPECT_FALSE(settings.syncPending.value());
+    connectAndRead();
+    EXPECT_TRUE(settings.syncPending.value());
 }
 
 TEST_F(ProgramTest, CollectingTakesEachReplyLineAndIsSilentWithoutOne) {

@@ -70,8 +70,10 @@ SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressStat
             link_.session.status.notice = Words();
         }
         settings_.clockSetting = Words();
-        settings_.syncPending = settings_.syncTimeDate.value();
         progress_.visible = false;
+    }))
+    , identified_(link_.connection.identified.subscribe([this] {
+        settings_.syncPending = settings_.syncTimeDate.value(); // the clock of another instrument
     })) {}
 
 void SettingsReader::getprefs(const QString& line) {

@@ -48,6 +48,7 @@ private:
     qint64 lastLine_ = 0;    ///< Of a report, or its request; monotonic milliseconds.
     QPropertyNotifier requested_;
     Subscription closing_;
+    Subscription identified_;
 };
 
 /// Asks the instrument for its clock; a tick shows the reply (see `ClockDisplay`).
