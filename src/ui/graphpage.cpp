@@ -192,6 +192,7 @@ void GraphPage::arrange(PlotView::Arrangement arrangement) {
 
 void GraphPage::takeRange() {
     refreshNow(); // an automatic save may have taken the rows, and the range with them
+    canvas_->dropEmptyRange();
     showStatistics();
     if (const auto& range = canvas_->range()) {
         rowsChosen.tell(data_.rowsBetween(range->lower, range->upper));
@@ -251,6 +252,7 @@ void GraphPage::refreshNow() {
             canvas_->dropRange();
         }
         relay(change == PlotData::Change::Replaced ? -1 : pointedRow);
+        canvas_->dropEmptyRange();
     }
     setRanges();
     showMode();

@@ -247,6 +247,16 @@ void PlotCanvas::dropRange() {
     panes_.setRange(std::nullopt);
 }
 
+bool PlotCanvas::dropEmptyRange() {
+    const auto& range = panes_.range();
+    if (rangeBegin_ || !range || data_.firstPointFrom(range->lower) < data_.firstPointAfter(range->upper)) {
+        return false;
+    }
+    dropRange();
+    drawOver();
+    return true;
+}
+
 void PlotCanvas::markRange() {
     if (cursor_.point < 0) {
         return;

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testing/graphpagetest.h"
+
+#include <QTableView>
+
+#include <cmath>
+
+namespace orv {
+namespace {
+
+/// A range of rows on the curves, and their selection on the sheet.
+class GraphRangeTest : public GraphPageTest {
+protected:
+    /// Drags with Shift from before one record to behind another.
+    void choose(int first, int last) { drag(at(first - 0.4), at(last + 0.4), Qt::ShiftModifier); }
+    QPointF at(double place) { return {pixel(place, 0).x(), middle().y()}; }
+    bool isMeasured() { return find<QWidget>("PlotStatistics").isVisible(); }
+    qsizetype selectedRows() { return grid.selectionModel()->selectedRows().size(); }
+
+    QTableView& grid = find<QTableView>("fg1");
+};
+
+TEST_F(GraphRangeTest, OfACurveWithoutNumbersThereIsNoMean) {
+    begin(20);
+    choose(5, 5);
+    EXPECT_EQ(text("PlotStatisticsCount3"), "0");
+    EXPECT_EQ(text("PlotStatisticsMean3"), "-");
+    EXPECT_EQ(text("PlotStatisticsMean1"), "1005.00");
+    chooseArrangement(2);
+    canvas().xAxis->setRange(4.5, 5.5);
+    canvas().replot();
+    EXPECT_TRUE(std::isfinite(canvas().graph(2)->valueAxis()->range().center()));
+}
+
+TEST_F(GraphRangeTest, ARangeGoesWithItsLastRow) {
+    begin(20);
+    choose(5, 10);
+    ASSERT_TRUE(isMeasured());
+    layOut("F", 310);
+    appendAndDraw(1); // the rows before are of another type now, and not drawn
+    EXPECT_FALSE(canvas().range());
+    EXPECT_FALSE(isMeasured());
+    choose(21, 21);
+    EXPECT_TRUE(isMeasured());
+    drag(at(21.2), at(21.6), Qt::ShiftModifier);
+    EXPECT_FALSE(isMeasured()) << "where there is no row";
+    EXPECT_FALSE(canvas().range());
+}
+
+} // namespace
+} // namespace orv
