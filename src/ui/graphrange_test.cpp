@@ -47,5 +47,23 @@ TEST_F(GraphRangeTest, ARangeGoesWithItsLastRow) {
     EXPECT_FALSE(canvas().range());
 }
 
+TEST_F(GraphRangeTest, TheAxisOfRecordsHasWholeNumbersOnly) {
+    const auto expectWhole = [this](const std::string& where) {
+        canvas().replot();
+        ASSERT_FALSE(canvas().xAxis->tickVector().isEmpty()) << where;
+        for (const double tick : canvas().xAxis->tickVector()) {
+            EXPECT_EQ(tick, std::round(tick)) << where;
+        }
+    };
+    expectWhole("empty");
+    begin(1);
+    for (int rows = 1; rows < 60; ++rows) {
+        expectWhole(std::to_string(rows) + " rows");
+        appendAndDraw(1);
+    }
+    canvas().xAxis->setRange(10.9, 12.1);
+    expectWhole("zoomed");
+}
+
 } // namespace
 } // namespace orv

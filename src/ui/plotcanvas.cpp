@@ -77,7 +77,8 @@ PlotCanvas::PlotCanvas(const PlotData& curves)
 
 void PlotCanvas::layOutAxis() {
     const bool time = data_.axis() == PlotData::Axis::Time;
-    xAxis->setTicker(time ? QSharedPointer<QCPAxisTicker>(new TimeTicker) : QSharedPointer<QCPAxisTicker>::create());
+    xAxis->setTicker(time ? QSharedPointer<QCPAxisTicker>(new TimeTicker)
+                          : QSharedPointer<QCPAxisTicker>(new RecordTicker));
     xAxis->setLabel(time ? Screen::tr("Time") : Screen::tr("Record"));
 }
 
