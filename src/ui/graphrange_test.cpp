@@ -47,6 +47,21 @@ TEST_F(GraphRangeTest, ARangeGoesWithItsLastRow) {
     EXPECT_FALSE(canvas().range());
 }
 
+TEST_F(GraphRangeTest, TheCursorFollowsThePointerThatDrawsARange) {
+    begin(50);
+    moveTo(at(10));
+    mouse(QEvent::MouseButtonPress, at(10), Qt::LeftButton, Qt::LeftButton, Qt::ShiftModifier);
+    mouse(QEvent::MouseMove, at(20), Qt::NoButton, Qt::LeftButton, Qt::ShiftModifier);
+    EXPECT_EQ(readout().substr(0, 24), "Row under the cursor|20|");
+    const auto* line = qobject_cast<QCPItemStraightLine*>(canvas().item(0));
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->point1->coords().x(), 20);
+    mouse(QEvent::MouseMove, QPointF(at(30).x(), -20), Qt::NoButton, Qt::LeftButton, Qt::ShiftModifier);
+    EXPECT_EQ(readout().substr(0, 24), "Row under the cursor|30|") << "also above the curves, as the range does";
+    mouse(QEvent::MouseButtonRelease, at(30), Qt::LeftButton, Qt::NoButton, Qt::ShiftModifier);
+    EXPECT_EQ(text("PlotStatisticsCount1"), "21");
+}
+
 TEST_F(GraphRangeTest, TheAxisOfRecordsHasWholeNumbersOnly) {
     const auto expectWhole = [this](const std::string& where) {
         canvas().replot();

@@ -285,7 +285,11 @@ void PlotCanvas::mousePressEvent(QMouseEvent* event) {
 
 void PlotCanvas::mouseMoveEvent(QMouseEvent* event) {
     if (draggingRange_ && rangeBegin_) {
-        chooseRange(*rangeBegin_, xAxis->pixelToCoord(event->position().x()));
+        const double end = xAxis->pixelToCoord(event->position().x());
+        chooseRange(*rangeBegin_, end);
+        const PlotPanes::Place place = panes_.placeAt(event->position());
+        // The range follows the pointer also beside the panes.
+        moveCursor(place.point >= 0 ? place : PlotPanes::Place{.point = data_.nearestPoint(end), .graph = -1});
     } else {
         QCustomPlot::mouseMoveEvent(event);
     }
