@@ -194,9 +194,8 @@ void GraphPage::takeRange() {
     refreshNow(); // an automatic save may have taken the rows, and the range with them
     canvas_->dropEmptyRange();
     showStatistics();
-    if (const auto& range = canvas_->range()) {
-        rowsChosen.tell(data_.rowsBetween(range->lower, range->upper));
-    }
+    const auto& range = canvas_->range();
+    rowsChosen.tell(range ? data_.rowsBetween(range->lower, range->upper) : std::vector<RowRange>());
 }
 
 void GraphPage::showStatistics() {
@@ -216,6 +215,7 @@ void GraphPage::showStatistics() {
 void GraphPage::setAxis(PlotData::Axis axis) {
     data_.setAxis(axis);
     canvas_->dropRange(); // it lies on another axis
+    rowsChosen.tell({});
     if (view_.mode() == PlotView::Mode::Own) {
         view_.setMode(PlotView::Mode::All); // what was zoomed to lies on another axis
         showMode();
@@ -252,7 +252,9 @@ void GraphPage::refreshNow() {
             canvas_->dropRange();
         }
         relay(change == PlotData::Change::Replaced ? -1 : pointedRow);
-        canvas_->dropEmptyRange();
+        if (canvas_->dropEmptyRange()) {
+            rowsChosen.tell({});
+        }
     }
     setRanges();
     showMode();

@@ -32,7 +32,7 @@ public:
     /// Draws what has changed now, for screenshots and tests.
     void refreshNow();
 
-    Signal<std::vector<RowRange>> rowsChosen; ///< The rows of a range that the operator has chosen.
+    Signal<std::vector<RowRange>> rowsChosen; ///< The rows of the range; none when it has gone.
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -40,6 +40,7 @@ TEST_F(GraphRangeTest, ARangeGoesWithItsLastRow) {
     appendAndDraw(1); // the rows before are of another type now, and not drawn
     EXPECT_FALSE(canvas().range());
     EXPECT_FALSE(isMeasured());
+    EXPECT_FALSE(grid.selectionModel()->hasSelection());
     choose(21, 21);
     EXPECT_TRUE(isMeasured());
     drag(at(21.2), at(21.6), Qt::ShiftModifier);
@@ -60,6 +61,23 @@ TEST_F(GraphRangeTest, TheCursorFollowsThePointerThatDrawsARange) {
     EXPECT_EQ(readout().substr(0, 24), "Row under the cursor|30|") << "also above the curves, as the range does";
     mouse(QEvent::MouseButtonRelease, at(30), Qt::LeftButton, Qt::NoButton, Qt::ShiftModifier);
     EXPECT_EQ(text("PlotStatisticsCount1"), "21");
+}
+
+TEST_F(GraphRangeTest, ARangeThatIsDroppedTakesBackItsSelection) {
+    begin(50);
+    choose(10, 20);
+    EXPECT_EQ(selectedRows(), 11);
+    press(canvas(), Qt::Key_Escape);
+    EXPECT_EQ(selectedRows(), 0);
+    choose(10, 20);
+    chooseAxis(1);
+    EXPECT_FALSE(isMeasured());
+    EXPECT_EQ(selectedRows(), 0) << "it lay on the other axis";
+    chooseAxis(0);
+    choose(10, 20);
+    grid.selectRow(3);
+    press(canvas(), Qt::Key_Escape);
+    EXPECT_EQ(selectedRows(), 1) << "what was selected on the sheet since stays";
 }
 
 TEST_F(GraphRangeTest, TheAxisOfRecordsHasWholeNumbersOnly) {
