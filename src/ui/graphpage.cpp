@@ -158,6 +158,7 @@ QWidget* GraphPage::makeBar() {
     row->addSpacing(8);
     row->addWidget(follow_);
     row->addWidget(showAll_);
+    row->addSpacing(8); // the two before are one choice, this is a tool
     row->addWidget(choose);
     row->addStretch(1);
     return bar;

@@ -80,6 +80,11 @@ TEST_F(GraphRangeTest, ARangeThatIsDroppedTakesBackItsSelection) {
     EXPECT_EQ(selectedRows(), 1) << "what was selected on the sheet since stays";
 }
 
+TEST_F(GraphRangeTest, ItsButtonStandsApartFromThoseOfTheMode) {
+    const int within = showAll().geometry().left() - follow().geometry().right();
+    EXPECT_GE(button("ChooseRange").geometry().left() - showAll().geometry().right(), within + 6);
+}
+
 TEST_F(GraphRangeTest, TheAxisOfRecordsHasWholeNumbersOnly) {
     const auto expectWhole = [this](const std::string& where) {
         canvas().replot();
