@@ -3149,5 +3149,13 @@ Bitte den Dateinamen prüfen.</translation>
         <source>Value %1</source>
         <translation>Wert %1</translation>
     </message>
+    <message>
+        <source>Saved to %1.</source>
+        <translation>Gespeichert in %1.</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Kopiert.</translation>
+    </message>
 </context>
 </TS>

@@ -3149,5 +3149,13 @@ Compruebe el nombre.</translation>
         <source>Value %1</source>
         <translation>Valor %1</translation>
     </message>
+    <message>
+        <source>Saved to %1.</source>
+        <translation>Guardado en %1.</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Copiado.</translation>
+    </message>
 </context>
 </TS>

@@ -3149,5 +3149,13 @@ Vérifiez le nom du fichier.</translation>
         <source>Value %1</source>
         <translation>Valeur %1</translation>
     </message>
+    <message>
+        <source>Saved to %1.</source>
+        <translation>Enregistré dans %1.</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Copié.</translation>
+    </message>
 </context>
 </TS>
