@@ -3157,5 +3157,13 @@ Bitte den Dateinamen prüfen.</translation>
         <source>Copied.</source>
         <translation>Kopiert.</translation>
     </message>
+    <message>
+        <source>1 row, record %1</source>
+        <translation>1 Zeile, Datensatz %1</translation>
+    </message>
+    <message>
+        <source>%1 rows, records %2 to %3</source>
+        <translation>%1 Zeilen, Datensatz %2 bis %3</translation>
+    </message>
 </context>
 </TS>

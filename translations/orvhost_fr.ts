@@ -3157,5 +3157,13 @@ Vérifiez le nom du fichier.</translation>
         <source>Copied.</source>
         <translation>Copié.</translation>
     </message>
+    <message>
+        <source>1 row, record %1</source>
+        <translation>1 ligne, enregistrement %1</translation>
+    </message>
+    <message>
+        <source>%1 rows, records %2 to %3</source>
+        <translation>%1 lignes, enregistrements %2 à %3</translation>
+    </message>
 </context>
 </TS>

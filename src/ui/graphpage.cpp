@@ -165,16 +165,27 @@ void GraphPage::takeRange() {
 
 void GraphPage::showStatistics() {
     std::vector<StatisticsTable::Line> lines;
-    int rows = 0;
+    QString what;
     if (const auto& range = canvas_->range()) {
         for (int curve = 0; curve < data_.curveCount(); ++curve) {
             if (shown_[static_cast<std::size_t>(curve)]) {
                 lines.push_back({shownColumn(data_.name(curve)), data_.statistics(curve, range->lower, range->upper)});
             }
         }
-        rows = data_.firstPointAfter(range->upper) - data_.firstPointFrom(range->lower);
+        what = rowsBetween(data_.firstPointFrom(range->lower), data_.firstPointAfter(range->upper));
     }
-    statistics_->show(rows == 1 ? Screen::tr("1 row") : Screen::tr("%1 rows").arg(rows), lines);
+    statistics_->show(what, lines);
+}
+
+QString GraphPage::rowsBetween(int first, int end) const {
+    const auto record = [this](int point) { return sheet_.cell(data_.row(point), sheetcolumn::record); };
+    const int rows = end - first;
+    if (rows == 0) {
+        return Screen::tr("%1 rows").arg(rows);
+    }
+    return rows == 1
+               ? Screen::tr("1 row, record %1").arg(record(first))
+               : Screen::tr("%1 rows, records %2 to %3").arg(QString::number(rows), record(first), record(end - 1));
 }
 
 void GraphPage::setAxis(PlotData::Axis axis) {

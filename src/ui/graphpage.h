@@ -42,6 +42,8 @@ private:
     void arrange(PlotView::Arrangement arrangement);
     void takeRange();
     void showStatistics();
+    /// Which rows the points from one to before another are, in words.
+    QString rowsBetween(int first, int end) const;
     void tellWhatIsMissing();
     /// Below the curves, until the operator goes on; empty: takes back what was told. `file` is the tool tip.
     void tellDone(const QString& done, const QString& file = {});

@@ -48,6 +48,18 @@ TEST_F(GraphRangeTest, ARangeGoesWithItsLastRow) {
     EXPECT_FALSE(canvas().range());
 }
 
+TEST_F(GraphRangeTest, TheStatisticsTellWhichRecordsTheyAreOf) {
+    begin(50);
+    choose(10, 20);
+    EXPECT_EQ(text("PlotStatisticsWhat"), "11 rows, records 10 to 20");
+    choose(7, 7);
+    EXPECT_EQ(text("PlotStatisticsWhat"), "1 row, record 7");
+    chooseAxis(1);
+    const auto time = [this](int record) { return canvas().graph(0)->data()->at(record - 1)->key; };
+    drag(at(time(4) - 0.1), at(time(8) + 0.1), Qt::ShiftModifier);
+    EXPECT_EQ(text("PlotStatisticsWhat"), "5 rows, records 4 to 8");
+}
+
 TEST_F(GraphRangeTest, TheCursorFollowsThePointerThatDrawsARange) {
     begin(50);
     moveTo(at(10));
