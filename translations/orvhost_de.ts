@@ -3149,5 +3149,21 @@ Bitte den Dateinamen prüfen.</translation>
         <source>Value %1</source>
         <translation>Wert %1</translation>
     </message>
+    <message>
+        <source>Saved to %1.</source>
+        <translation>Gespeichert in %1.</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Kopiert.</translation>
+    </message>
+    <message>
+        <source>1 row, record %1</source>
+        <translation>1 Zeile, Datensatz %1</translation>
+    </message>
+    <message>
+        <source>%1 rows, records %2 to %3</source>
+        <translation>%1 Zeilen, Datensatz %2 bis %3</translation>
+    </message>
 </context>
 </TS>

@@ -3149,5 +3149,21 @@ Compruebe el nombre.</translation>
         <source>Value %1</source>
         <translation>Valor %1</translation>
     </message>
+    <message>
+        <source>Saved to %1.</source>
+        <translation>Guardado en %1.</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Copiado.</translation>
+    </message>
+    <message>
+        <source>1 row, record %1</source>
+        <translation>1 fila, registro %1</translation>
+    </message>
+    <message>
+        <source>%1 rows, records %2 to %3</source>
+        <translation>%1 filas, registros %2 a %3</translation>
+    </message>
 </context>
 </TS>

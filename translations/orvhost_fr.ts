@@ -3149,5 +3149,21 @@ Vérifiez le nom du fichier.</translation>
         <source>Value %1</source>
         <translation>Valeur %1</translation>
     </message>
+    <message>
+        <source>Saved to %1.</source>
+        <translation>Enregistré dans %1.</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Copié.</translation>
+    </message>
+    <message>
+        <source>1 row, record %1</source>
+        <translation>1 ligne, enregistrement %1</translation>
+    </message>
+    <message>
+        <source>%1 rows, records %2 to %3</source>
+        <translation>%1 lignes, enregistrements %2 à %3</translation>
+    </message>
 </context>
 </TS>

@@ -28,8 +28,9 @@ public:
     }
 
     int count() const { return count_; }
-    double mean() const { return mean_; }
-    /// Of one number there is none: NaN.
+    /// Of no number there is none: NaN.
+    double mean() const { return count_ > 0 ? mean_ : std::numeric_limits<double>::quiet_NaN(); }
+    /// Of one number there is none either.
     double deviation() const {
         return count_ > 1 ? std::sqrt(squares_ / (count_ - 1)) : std::numeric_limits<double>::quiet_NaN();
     }

@@ -39,6 +39,7 @@ TEST(StatisticsTest, OneNumberHasNoDeviationAndNoneHasNothing) {
     EXPECT_EQ(one.minimum(), -3.0);
     EXPECT_EQ(one.maximum(), -3.0);
     EXPECT_EQ(of({gap}).count(), 0);
+    EXPECT_TRUE(std::isnan(of({gap}).mean()));
 }
 
 } // namespace

@@ -1,25 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/graphpage.h"
 
-#include "base/files.h"
 #include "base/words.h"
 #include "ui/curvelist.h"
+#include "ui/picturebuttons.h"
 #include "ui/plotcanvas.h"
-#include "ui/plotpicture.h"
 
-#include <QClipboard>
 #include <QComboBox>
 #include <QEvent>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QMenu>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace orv {
@@ -61,14 +54,23 @@ GraphPage::GraphPage(Program& program)
     layout->addWidget(bar);
     layout->addLayout(middle, 1);
     middle->addLayout(side);
-    side->addLayout(makePictureButtons());
+    auto* pictures = new PictureButtons(program, *canvas_, [this] { refreshNow(); });
+    side->addWidget(pictures);
     layout->addWidget(statistics_);
     layout->addWidget(note_);
 
     const auto follow = [this] { schedule(); };
+    const auto begin = [this] {
+        tellDone({});
+        schedule();
+    };
     subscriptions_ = {sheet_.rowAppended.subscribe(follow),
-                      sheet_.headerChanged.subscribe(follow),
-                      sheet_.rowsRemoved.subscribe(follow),
+                      sheet_.headerChanged.subscribe(begin),
+                      sheet_.rowsRemoved.subscribe(begin),
+                      pictures->saved.subscribe([this](const QString& file) {
+                          tellDone(Screen::tr("Saved to %1.").arg(QFileInfo(file).fileName()), file);
+                      }),
+                      pictures->copied.subscribe([this] { tellDone(Screen::tr("Copied.")); }),
                       canvas_->zoomed.subscribe([this] { setMode(PlotView::Mode::Own); }),
                       canvas_->allWanted.subscribe([this] { setMode(PlotView::Mode::All); }),
                       canvas_->newestWanted.subscribe([this] { setMode(PlotView::Mode::Newest); }),
@@ -83,31 +85,10 @@ GraphPage::GraphPage(Program& program)
         view_.setReceiving(receives(activity));
         canvas_->setLive(receives(activity));
         showMode();
+        tellDone({});
         schedule();
     });
     refreshTheme();
-}
-
-QMenu* GraphPage::makeSaveMenu(QWidget* parent) {
-    struct Item {
-        PictureFormat format;
-        const char* text;
-        const char* name;
-    };
-    constexpr Item items[] = {
-        {PictureFormat::Png, QT_TRANSLATE_NOOP("orv", "As P&NG, pixels, for screens and documents"), "SavePng"},
-        {PictureFormat::Pdf, QT_TRANSLATE_NOOP("orv", "As P&DF, a page to print or send"), "SavePdf"},
-        {PictureFormat::Svg, QT_TRANSLATE_NOOP("orv", "As S&VG, lines, for drawing programs"), "SaveSvg"}};
-    auto* menu = new QMenu(parent);
-    for (const Item& item : items) {
-        QAction* action = menu->addAction(Screen::tr(item.text));
-        action->setObjectName(QLatin1String(item.name));
-        connect(action, &QAction::triggered, this, [this, format = item.format] {
-            program_.link.procedures.startBeside(Words::tr("Save Picture"),
-                                                 [this, format] { return savePicture(format); });
-        });
-    }
-    return menu;
 }
 
 QWidget* GraphPage::makeBar() {
@@ -158,31 +139,14 @@ QWidget* GraphPage::makeBar() {
     row->addSpacing(8);
     row->addWidget(follow_);
     row->addWidget(showAll_);
+    row->addSpacing(8); // the two before are one choice, this is a tool
     row->addWidget(choose);
     row->addStretch(1);
     return bar;
 }
 
-QLayout* GraphPage::makePictureButtons() {
-    auto* save = makeButton(
-        Screen::tr("Save Pict&ure"), "SavePicture", [] {},
-        Screen::tr("Saves the curves as they are seen as a PNG, PDF or SVG file."));
-    save->setMenu(makeSaveMenu(save));
-    bindEnabled(bindings_, save, program_.link.session.commands.canAsk);
-    auto* copy = makeButton(
-        Screen::tr("Cop&y"), "CopyPicture", [this] { copyPicture(); },
-        Screen::tr("Copies the curves as they are seen as a picture to the clipboard."));
-    auto* printButton = makeButton(
-        Screen::tr("Print &Graph..."), "PrintPicture", [this] { askForPrinter(); },
-        Screen::tr("Prints the curves as they are seen."));
-    auto* column = new QVBoxLayout;
-    for (QPushButton* button : {save, copy, printButton}) {
-        column->addWidget(button);
-    }
-    return column;
-}
-
 void GraphPage::arrange(PlotView::Arrangement arrangement) {
+    tellDone({});
     arrangement_ = arrangement;
     canvas_->arrange(arrangement);
     view_.setMode(view_.mode() == PlotView::Mode::Own ? PlotView::Mode::All : view_.mode());
@@ -191,30 +155,44 @@ void GraphPage::arrange(PlotView::Arrangement arrangement) {
 }
 
 void GraphPage::takeRange() {
+    tellDone({});
     refreshNow(); // an automatic save may have taken the rows, and the range with them
+    canvas_->dropEmptyRange();
     showStatistics();
-    if (const auto& range = canvas_->range()) {
-        rowsChosen.tell(data_.rowsBetween(range->lower, range->upper));
-    }
+    const auto& range = canvas_->range();
+    rowsChosen.tell(range ? data_.rowsBetween(range->lower, range->upper) : std::vector<RowRange>());
 }
 
 void GraphPage::showStatistics() {
     std::vector<StatisticsTable::Line> lines;
-    int rows = 0;
+    QString what;
     if (const auto& range = canvas_->range()) {
         for (int curve = 0; curve < data_.curveCount(); ++curve) {
             if (shown_[static_cast<std::size_t>(curve)]) {
                 lines.push_back({shownColumn(data_.name(curve)), data_.statistics(curve, range->lower, range->upper)});
             }
         }
-        rows = data_.firstPointAfter(range->upper) - data_.firstPointFrom(range->lower);
+        what = rowsBetween(data_.firstPointFrom(range->lower), data_.firstPointAfter(range->upper));
     }
-    statistics_->show(rows == 1 ? Screen::tr("1 row") : Screen::tr("%1 rows").arg(rows), lines);
+    statistics_->show(what, lines);
+}
+
+QString GraphPage::rowsBetween(int first, int end) const {
+    const auto record = [this](int point) { return sheet_.cell(data_.row(point), sheetcolumn::record); };
+    const int rows = end - first;
+    if (rows == 0) {
+        return Screen::tr("%1 rows").arg(rows);
+    }
+    return rows == 1
+               ? Screen::tr("1 row, record %1").arg(record(first))
+               : Screen::tr("%1 rows, records %2 to %3").arg(QString::number(rows), record(first), record(end - 1));
 }
 
 void GraphPage::setAxis(PlotData::Axis axis) {
+    tellDone({});
     data_.setAxis(axis);
     canvas_->dropRange(); // it lies on another axis
+    rowsChosen.tell({});
     if (view_.mode() == PlotView::Mode::Own) {
         view_.setMode(PlotView::Mode::All); // what was zoomed to lies on another axis
         showMode();
@@ -224,6 +202,7 @@ void GraphPage::setAxis(PlotData::Axis axis) {
 }
 
 void GraphPage::switchCurve(int curve, bool shown) {
+    tellDone({});
     shown_[static_cast<std::size_t>(curve)] = shown;
     canvas_->setShown(curve, shown);
     view_.setMode(view_.mode()); // the others get the room
@@ -251,6 +230,9 @@ void GraphPage::refreshNow() {
             canvas_->dropRange();
         }
         relay(change == PlotData::Change::Replaced ? -1 : pointedRow);
+        if (canvas_->dropEmptyRange()) {
+            rowsChosen.tell({});
+        }
     }
     setRanges();
     showMode();
@@ -279,6 +261,7 @@ void GraphPage::relay(int pointedRow) {
 }
 
 void GraphPage::setMode(PlotView::Mode mode) {
+    tellDone({});
     view_.setMode(mode);
     showMode();
     if (mode != PlotView::Mode::Own) {
@@ -329,6 +312,9 @@ void GraphPage::tellWhatIsMissing() {
     canvas_->setHint(hint);
 
     QStringList notes;
+    if (!done_.isEmpty()) {
+        notes << done_;
+    }
     const auto note = [&notes](int rows, const QString& one, const QString& several) {
         if (rows > 0) {
             notes << (rows == 1 ? one : several.arg(rows));
@@ -349,6 +335,13 @@ void GraphPage::tellWhatIsMissing() {
             "shows all.");
     }
     note_->setText(notes.join(u' '));
+}
+
+void GraphPage::tellDone(const QString& done, const QString& file) {
+    if (done != std::exchange(done_, done) || note_->toolTip() != file) {
+        note_->setToolTip(file);
+        tellWhatIsMissing();
+    }
 }
 
 void GraphPage::readOut(int point) {
@@ -380,60 +373,6 @@ void GraphPage::refreshTheme() {
         swatches.push_back(canvas_->swatch(curve));
     }
     list_->setSwatches(swatches);
-}
-
-Task<> GraphPage::savePicture(PictureFormat format) {
-    const QString suffix = pictureSuffix(format);
-    const Question question = saveQuestion(Words::tr("Save Picture"), program_.sheet.shown.fileName.value() + suffix,
-                                           suffix, QLatin1Char('*') + suffix);
-    const QString name = co_await program_.link.waits.answer(question);
-    if (name.isEmpty()) {
-        co_return; // also when the page has gone with the program
-    }
-    // Rows may have come while the operator chose.
-    refreshNow();
-    const Words reason = writeWholeFile(name, plotPicture(*canvas_, pictureFormat(name, format)));
-    if (!reason.isEmpty()) {
-        tell(Words::tr("Save Picture"),
-             Words::tr("The picture could not be saved as %1: %2.\n\nChoose another folder or make room on the "
-                       "disk, then save again.")
-                 .arg(QFileInfo(name).absoluteFilePath(), reason));
-    }
-}
-
-void GraphPage::copyPicture() {
-    refreshNow();
-    QGuiApplication::clipboard()->setImage(plotImage(*canvas_));
-}
-
-void GraphPage::askForPrinter() {
-    if (printDialog_) {
-        printDialog_->raise();
-        printDialog_->activateWindow();
-        return;
-    }
-    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    printer->setPageOrientation(QPageLayout::Landscape);
-    printer->setDocName(Screen::tr("Curves of the data sheet")); // the name that a printed file is offered, too
-    printDialog_ = new QPrintDialog(printer.get(), this);
-    printDialog_->setAttribute(Qt::WA_DeleteOnClose);
-    connect(printDialog_, qOverload<QPrinter*>(&QPrintDialog::accepted), this,
-            [this, printer](QPrinter*) { print(*printer); });
-    printDialog_->setModal(false);
-    printDialog_->show();
-}
-
-void GraphPage::print(QPrinter& printer) {
-    refreshNow();
-    if (!printPlot(*canvas_, printer)) {
-        tell(Words::tr("Print Graph"),
-             Words::tr("The printer did not take the page.\n\nSee whether it is switched on and connected, then "
-                       "print again, or save the curves as PDF and print that."));
-    }
-}
-
-void GraphPage::tell(const Words& title, const Words& text) {
-    program_.link.session.messages.show(operatorWarning(text, title));
 }
 
 void GraphPage::changeEvent(QEvent* event) {

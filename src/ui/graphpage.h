@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/words.h"
 #include "program/program.h"
 #include "sheet/plotdata.h"
 #include "ui/statisticstable.h"
 #include "ui/widgets.h"
 
-#include <QPointer>
-
 #include <vector>
-
-class QMenu;
-class QPrintDialog;
-class QPrinter;
 
 namespace orv {
 
 class CurveList;
 class PlotCanvas;
-enum class PictureFormat;
 
 /// The page "Output: Graphical": the data sheet's value columns as curves.
 ///
@@ -32,17 +24,15 @@ public:
     /// Draws what has changed now, for screenshots and tests.
     void refreshNow();
 
-    Signal<std::vector<RowRange>> rowsChosen; ///< The rows of a range that the operator has chosen.
+    Signal<std::vector<RowRange>> rowsChosen; ///< The rows of the range; none when it has gone.
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     QWidget* makeBar();
-    QLayout* makePictureButtons();
     void setAxis(PlotData::Axis axis);
     void switchCurve(int curve, bool shown);
-    QMenu* makeSaveMenu(QWidget* parent);
     void schedule();
     /// `pointedRow` is the row that was under the cursor, -1 for none.
     void relay(int pointedRow);
@@ -52,14 +42,13 @@ private:
     void arrange(PlotView::Arrangement arrangement);
     void takeRange();
     void showStatistics();
+    /// Which rows the points from one to before another are, in words.
+    QString rowsBetween(int first, int end) const;
     void tellWhatIsMissing();
+    /// Below the curves, until the operator goes on; empty: takes back what was told. `file` is the tool tip.
+    void tellDone(const QString& done, const QString& file = {});
     void readOut(int point);
     void refreshTheme();
-    Task<> savePicture(PictureFormat format);
-    void copyPicture();
-    void askForPrinter();
-    void print(QPrinter& printer);
-    void tell(const Words& title, const Words& text);
 
     Program& program_;
     DataSheet& sheet_;
@@ -70,13 +59,13 @@ private:
     QPushButton* follow_ = nullptr;
     QPushButton* showAll_ = nullptr;
     QLabel* note_;
+    QString done_; ///< What the operator did last, in words.
     StatisticsTable* statistics_;
     PlotView::Arrangement arrangement_ = PlotView::Arrangement::Together;
     std::vector<bool> shown_; ///< For each curve.
     int pointed_ = -1;        ///< The point under the pointer.
     Redrawing redrawing_;
     bool stale_ = true;
-    QPointer<QPrintDialog> printDialog_; ///< The one that stands.
     std::vector<Subscription> subscriptions_;
     Bindings bindings_;
 };

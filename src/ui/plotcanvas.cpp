@@ -77,7 +77,8 @@ PlotCanvas::PlotCanvas(const PlotData& curves)
 
 void PlotCanvas::layOutAxis() {
     const bool time = data_.axis() == PlotData::Axis::Time;
-    xAxis->setTicker(time ? QSharedPointer<QCPAxisTicker>(new TimeTicker) : QSharedPointer<QCPAxisTicker>::create());
+    xAxis->setTicker(time ? QSharedPointer<QCPAxisTicker>(new TimeTicker)
+                          : QSharedPointer<QCPAxisTicker>(new RecordTicker));
     xAxis->setLabel(time ? Screen::tr("Time") : Screen::tr("Record"));
 }
 
@@ -247,6 +248,16 @@ void PlotCanvas::dropRange() {
     panes_.setRange(std::nullopt);
 }
 
+bool PlotCanvas::dropEmptyRange() {
+    const auto& range = panes_.range();
+    if (rangeBegin_ || !range || data_.firstPointFrom(range->lower) < data_.firstPointAfter(range->upper)) {
+        return false;
+    }
+    dropRange();
+    drawOver();
+    return true;
+}
+
 void PlotCanvas::markRange() {
     if (cursor_.point < 0) {
         return;
@@ -274,7 +285,11 @@ void PlotCanvas::mousePressEvent(QMouseEvent* event) {
 
 void PlotCanvas::mouseMoveEvent(QMouseEvent* event) {
     if (draggingRange_ && rangeBegin_) {
-        chooseRange(*rangeBegin_, xAxis->pixelToCoord(event->position().x()));
+        const double end = xAxis->pixelToCoord(event->position().x());
+        chooseRange(*rangeBegin_, end);
+        const PlotPanes::Place place = panes_.placeAt(event->position());
+        // The range follows the pointer also beside the panes.
+        moveCursor(place.point >= 0 ? place : PlotPanes::Place{.point = data_.nearestPoint(end), .graph = -1});
     } else {
         QCustomPlot::mouseMoveEvent(event);
     }

@@ -43,6 +43,8 @@ public:
     const std::optional<PlotView::Range>& range() const { return panes_.range(); }
     /// Forgets the range, which is not told.
     void dropRange();
+    /// Forgets the range if it holds no row, unless it is being chosen. Returns whether it did, which is not told.
+    bool dropEmptyRange();
     /// Text in the place of the curves; none if empty.
     void setHint(const QString& hint);
     /// While rows come in, curves are drawn without antialiasing.

@@ -11,6 +11,7 @@
 #include <QPrinter>
 
 #include <cstdlib>
+#include <utility>
 
 namespace orv {
 namespace {
@@ -150,6 +151,37 @@ TEST_F(PlotPictureTest, CopyPutsThePictureOnTheClipboard) {
     const QImage copied = QGuiApplication::clipboard()->image();
     EXPECT_EQ(copied.size(), plotImage(canvas()).size());
     EXPECT_TRUE(shows(copied, paperTheme().curves[0]));
+}
+
+TEST_F(PlotPictureTest, WhatWasSavedOrCopiedIsSaidUntilTheOperatorGoesOn) {
+    const std::string before = text("PlotNote");
+    save("SavePng", "bay.png");
+    EXPECT_EQ(text("PlotNote"), "Saved to bay.png.");
+    EXPECT_EQ(find<QLabel>("PlotNote").toolTip(), folder.path("bay.png"));
+    appendAndDraw(1);
+    EXPECT_EQ(text("PlotNote"), "Saved to bay.png.") << "rows that come in a run do not take it away";
+    wheel(middle());
+    EXPECT_EQ(text("PlotNote"), before);
+    EXPECT_TRUE(find<QLabel>("PlotNote").toolTip().isEmpty());
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"a curve", [this] { curve(2).click(); }},
+        {"the axis", [this] { chooseAxis(1); }},
+        {"the view", [this] { chooseArrangement(1); }},
+        {"the mode", [this] { follow().click(); }},
+        {"a range", [this] { press(canvas(), Qt::Key_Escape); }},
+        {"a run", [this] { commands.activity = Activity::Collecting; }},
+        {"the rows", [this] {
+             sheet.removeRows();
+             appendAndDraw(5);
+         }}};
+    for (const auto& [what, change] : changes) {
+        button("CopyPicture").click();
+        EXPECT_EQ(text("PlotNote"), "Copied.") << what;
+        change();
+        EXPECT_EQ(text("PlotNote"), before) << what;
+    }
+    save("SavePng", "gone/a.png");
+    EXPECT_EQ(text("PlotNote"), before) << "what failed is told as that";
 }
 
 TEST_F(PlotPictureTest, PrintsOnePageUnlessItIsCancelled) {

@@ -72,6 +72,12 @@ void PlotCurve::appendLonePoints(QVector<QCPGraphData>& points, Iterator begin, 
     }
 }
 
+double RecordTicker::getTickStep(const QCPRange& range) {
+    double magnitude = 1.0;
+    const double mantissa = getMantissa(range.size() / mTickCount, &magnitude);
+    return std::max(1.0, pickClosest(mantissa, {1.0, 2.0, 5.0, 10.0}) * magnitude);
+}
+
 TimeTicker::TimeTicker() {
     setDateTimeSpec(Qt::UTC);
 }

@@ -29,6 +29,12 @@ private:
                           QCPGraphDataContainer::const_iterator end) const;
 };
 
+/// Labels an axis of record numbers: whole numbers only, at steps of 1, 2 or 5 times a power of ten.
+class RecordTicker final : public QCPAxisTicker {
+protected:
+    double getTickStep(const QCPRange& range) override;
+};
+
 /// Labels an axis of seconds from the start of 1970 with times of day, and with the date below where it begins. No two
 /// labels are the same, and each says its tick exactly: where ticks are no whole seconds they have decimals.
 class TimeTicker final : public QCPAxisTickerDateTime {

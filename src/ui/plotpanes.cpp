@@ -192,7 +192,9 @@ void PlotPanes::level() {
     for (std::size_t graph = 0; graph < count; ++graph) {
         const Statistics numbers = data_.statistics(static_cast<int>(graph), seen.lower, seen.upper);
         const QCPRange changes = plot_.yAxis->range();
-        levels_[graph]->setRange(changes.lower + numbers.mean(), changes.upper + numbers.mean());
+        if (numbers.count() > 0) {
+            levels_[graph]->setRange(changes.lower + numbers.mean(), changes.upper + numbers.mean());
+        }
     }
 }
 

@@ -287,6 +287,8 @@ void SheetGrid::extend(QItemSelectionModel::SelectionFlag to) {
 
 std::vector<StatisticsTable::Line> SheetGrid::statistics() const {
     const SelectedRows cells = selectedRows();
+    const auto [kind, count] = whatIsSelected();
+    const bool wholeRows = kind == Selected::Kind::Rows && count > 0;
     std::vector<StatisticsTable::Line> lines;
     for (int column = sheetcolumn::firstValue; column < DataSheet::columnCount; ++column) {
         const std::vector<bool>& rows = cells.at(static_cast<std::size_t>(column));
@@ -296,7 +298,7 @@ std::vector<StatisticsTable::Line> SheetGrid::statistics() const {
                 line.numbers.add(sheet_.number(static_cast<int>(row), column));
             }
         }
-        if (line.numbers.count() > 1) {
+        if (line.numbers.count() > 1 || (wholeRows && !sheet_.header().value(column).isEmpty())) {
             lines.push_back(std::move(line));
         }
     }

@@ -72,7 +72,8 @@ public:
     void extendToRows() { extend(QItemSelectionModel::Rows); }
     void extendToColumns() { extend(QItemSelectionModel::Columns); }
 
-    /// The numbers of each value column of which more than one cell is selected.
+    /// The numbers of each value column of which more than one cell is selected; of whole rows those of each with a
+    /// name.
     std::vector<StatisticsTable::Line> statistics() const;
 
     /// What is selected: rows if all cells of each are, else columns, else cells. Columns without a name count nowhere.

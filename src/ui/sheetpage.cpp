@@ -96,6 +96,7 @@ SheetPage::SheetPage(Program& program)
                               tellWhatBecame();
                           }
                           selectionStale_ = true;
+                          selectionIsLent_ = false;
                           computing_.noteChange();
                       })};
     bindings_.bind(shown_.counter, [this](const QString&) { schedule(); });
@@ -352,7 +353,10 @@ void SheetPage::bringIntoView() {
 
 void SheetPage::selectRows(const std::vector<RowRange>& ranges) {
     refreshNow();
-    grid_->selectRows(ranges);
+    if (!ranges.empty() || selectionIsLent_) {
+        grid_->selectRows(ranges);
+    }
+    selectionIsLent_ = !ranges.empty();
 }
 
 void SheetPage::showStatistics() {

@@ -19,7 +19,7 @@ public:
     /// Draws what has changed now, for screenshots and tests.
     void refreshNow();
 
-    /// Selects these rows of the sheet.
+    /// Selects these rows of the sheet. Without any, takes the selection back that it made, if it still is the one.
     void selectRows(const std::vector<RowRange>& ranges);
 
 private:
@@ -54,6 +54,7 @@ private:
     Redrawing computing_;
     bool stale_ = false;
     bool selectionStale_ = false;
+    bool selectionIsLent_ = false; ///< What is selected was selected by selectRows().
     int shownTop_ = 0;
     bool visitPending_ = false; ///< A procedure has visited a cell since the grid was drawn.
     std::vector<Subscription> subscriptions_;

@@ -216,6 +216,20 @@ TEST_F(SheetSelectionTest, TheStatisticsAreThoseOfEachColumnOfTheSelection) {
     EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible());
 }
 
+TEST_F(SheetSelectionTest, OneSelectedRowIsToldToo) {
+    run({"10"});
+    clickCell(0, 0);
+    EXPECT_EQ(figures(1), "1|10.00|-|10|10");
+    EXPECT_EQ(text("SheetStatisticsWhat"), "1 row selected");
+    sheet.appendRow({QStringLiteral("?")});
+    page.refreshNow();
+    QCoreApplication::processEvents();
+    clickCell(1, 0);
+    waitFor([this] { return figures(1).starts_with('0'); }, 1000);
+    EXPECT_EQ(figures(1), "0|-|-|-|-") << "one without numbers";
+    EXPECT_EQ(text("SheetStatisticsWhat"), "1 row selected");
+}
+
 TEST_F(SheetSelectionTest, NothingMovesUnderThePointerThatDrawsASelection) {
     run({"10", "11", "12", "13", "14", "15", "16", "17", "18", "19"});
     for (int row = 0; row < 50; ++row) {

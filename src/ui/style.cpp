@@ -54,6 +54,28 @@ Option withLightOutline(Option option) {
     return option;
 }
 
+/// For a style that draws a button in a paler or a darker shade of the colour it is given: the nearest one on which the
+/// text can be read either way.
+QColor groundFor(const QColor& text, const QColor& wanted) {
+    constexpr double readable = 4.5;
+    constexpr float step = 0.02F;
+    const QColor away = luminance(text) > luminance(wanted) ? Qt::black : Qt::white;
+    const auto canBeRead = [&text](const QColor& ground) {
+        constexpr float saturationKept = 0.75F;
+        constexpr int lightened = 112;
+        constexpr int darkened = 115;
+        const QColor pale =
+            QColor::fromHsvF(std::max(0.0F, ground.hueF()), ground.saturationF() * saturationKept, ground.valueF())
+                .lighter(lightened);
+        return contrast(text, pale) >= readable && contrast(text, pale.darker(darkened)) >= readable;
+    };
+    QColor ground = wanted;
+    for (float part = step; part < 1.0F && !canBeRead(ground); part += step) {
+        ground = between(wanted, away, part);
+    }
+    return ground;
+}
+
 void markChosen(const QStyleOptionTab& tab, QPainter& painter) {
     constexpr int height = 2;
     const QRect& all = tab.rect;
@@ -131,8 +153,9 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
         return;
     }
     QStyleOptionButton coloured(*button);
-    coloured.palette.setColor(QPalette::Button, button->palette.color(QPalette::Highlight));
-    coloured.palette.setColor(QPalette::ButtonText, button->palette.color(QPalette::HighlightedText));
+    const QColor text = button->palette.color(QPalette::HighlightedText);
+    coloured.palette.setColor(QPalette::Button, groundFor(text, button->palette.color(QPalette::Highlight)));
+    coloured.palette.setColor(QPalette::ButtonText, text);
     QProxyStyle::drawControl(element, &coloured, painter, widget);
 }
 

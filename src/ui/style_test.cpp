@@ -16,6 +16,30 @@
 namespace orv {
 namespace {
 
+using Vector = std::array<double, 3>;
+
+double linear(float part) {
+    return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+}
+
+Vector linear(const QColor& colour) {
+    return {linear(colour.redF()), linear(colour.greenF()), linear(colour.blueF())};
+}
+
+double dot(const Vector& left, const Vector& right) {
+    return left[0] * right[0] + left[1] * right[1] + left[2] * right[2];
+}
+
+double luminance(const Vector& rgb) {
+    return dot({0.2126, 0.7152, 0.0722}, rgb);
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const double first = luminance(linear(one)) + 0.05;
+    const double second = luminance(linear(other)) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
 int lightnessOfDisabledText(QPalette palette) {
     ProgramStyle style(QStringLiteral("Fusion"));
     style.polish(palette);
@@ -143,6 +167,38 @@ TEST(ProgramStyleTest, AButtonThatIsSwitchedOnHasTheHighlightsColour) {
     }
 }
 
+TEST(ProgramStyleTest, TheWordsOfAButtonThatIsSwitchedOnCanBeRead) {
+    ProgramStyle style(QStringLiteral("Fusion"));
+    struct Colours {
+        QColor window;
+        QColor highlight;
+        QColor text;
+    };
+    const Colours all[] = {{QColor(239, 239, 239), QColor(48, 140, 198), Qt::white},
+                           {QColor(45, 45, 48), QColor(38, 110, 190), Qt::white},
+                           {QColor(45, 45, 48), QColor(61, 174, 233), Qt::white},
+                           {QColor(239, 239, 239), QColor(250, 220, 150), Qt::black},
+                           {QColor(45, 45, 48), QColor(120, 90, 60), Qt::black}};
+    for (const auto& [window, highlight, text] : all) {
+        QPalette palette(window);
+        palette.setColor(QPalette::Highlight, highlight);
+        palette.setColor(QPalette::HighlightedText, text);
+        QStyleOptionButton option;
+        option.rect = QRect(0, 0, 40, 20);
+        option.palette = palette;
+        for (const QStyle::State pointed : {QStyle::State_None, QStyle::State_MouseOver}) {
+            option.state = QStyle::State_Enabled | QStyle::State_On | pointed;
+            const QImage image = drawnOnDark(palette, [&](QPainter& painter) {
+                style.drawControl(QStyle::CE_PushButtonBevel, &option, &painter, nullptr);
+            });
+            for (const int y : {4, 10, 16}) {
+                EXPECT_GE(contrast(image.pixelColor(20, y), text), 4.5)
+                    << highlight.name().toStdString() << " on " << window.name().toStdString();
+            }
+        }
+    }
+}
+
 TEST(ApplicationIcon, IsADropOnNothingInEverySize) {
     const QIcon icon = applicationIcon();
     for (const int size : {16, 32, 48, 64}) {
@@ -156,7 +212,6 @@ TEST(ApplicationIcon, IsADropOnNothingInEverySize) {
     }
 }
 
-using Vector = std::array<double, 3>;
 using Matrix = std::array<Vector, 3>;
 
 /// What each kind of colour vision makes of linear red, green and blue, after Machado, Oliveira and Fernandes (2009),
@@ -166,28 +221,6 @@ constexpr Matrix visions[] = {
     {{{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}},
     {{{0.367322, 0.860646, -0.227968}, {0.280085, 0.672501, 0.047413}, {-0.011820, 0.042940, 0.968881}}},
     {{{1.255528, -0.076749, -0.178779}, {-0.078411, 0.930809, 0.147602}, {0.004733, 0.691367, 0.303900}}}};
-
-double linear(float part) {
-    return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-}
-
-Vector linear(const QColor& colour) {
-    return {linear(colour.redF()), linear(colour.greenF()), linear(colour.blueF())};
-}
-
-double dot(const Vector& left, const Vector& right) {
-    return left[0] * right[0] + left[1] * right[1] + left[2] * right[2];
-}
-
-double luminance(const Vector& rgb) {
-    return dot({0.2126, 0.7152, 0.0722}, rgb);
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const double first = luminance(linear(one)) + 0.05;
-    const double second = luminance(linear(other)) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
 
 /// CIE Lab of a colour as it is seen.
 Vector lab(const QColor& colour, const Matrix& vision) {
