@@ -149,7 +149,7 @@ Das Programm läuft weiter, alle Daten bleiben erhalten.</translation>
     </message>
     <message>
         <source>Next</source>
-        <translation>Weiter</translation>
+        <translation>Nächste</translation>
     </message>
     <message>
         <source>Previous</source>
@@ -477,7 +477,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation>Verbindungsaufbau ...</translation>
+        <translation>Verbindungsaufbau …</translation>
     </message>
     <message>
         <source>Offline</source>
@@ -913,11 +913,11 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>&amp;Log Enabled</source>
-        <translation>&amp;Loggen</translation>
+        <translation>Au&amp;fzeichnen</translation>
     </message>
     <message>
         <source>Log Enabled: This tells the logger to record data in memory</source>
-        <translation>Loggen: Der Logger zeichnet Daten im Speicher auf</translation>
+        <translation>Aufzeichnen: Der Logger zeichnet Daten im Speicher auf</translation>
     </message>
     <message>
         <source>&amp;Wake Up</source>
@@ -925,7 +925,7 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>Wake Up: This tells the logger to sleep after gathering a data block or stay ready to accept a command.</source>
-        <translation>Aufwachen: Der Logger schläft nach einem Datenblock oder bleibt für Befehle bereit.</translation>
+        <translation>Aufwachen: Nach einem Datenblock bleibt der Logger für Befehle bereit. Ohne Häkchen schläft er.</translation>
     </message>
     <message>
         <source>App&amp;end</source>
@@ -937,7 +937,7 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>Samples Per &amp;Second</source>
-        <translation>Abtastungen pro &amp;Sekunde</translation>
+        <translation>Abta&amp;stungen pro Messpunkt</translation>
     </message>
     <message>
         <source>This tells the logger to grab X number of samples and average then to determine one data point.</source>
@@ -1021,7 +1021,7 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>Sending %1...</source>
-        <translation>%1 wird gesendet ...</translation>
+        <translation>%1 wird gesendet …</translation>
     </message>
     <message>
         <source>%1 was not sent whole: the connection ended.</source>
@@ -1057,15 +1057,15 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Then the sensor will sleep for %1 hour(s), %2 minute(s), %3 second(s).</source>
-        <translation>Dann schläft der Sensor %1 Stunde(n), %2 Minute(n), %3 Sekunde(n).</translation>
+        <translation>Dann schläft der Sensor%1 h%2 min%3 s.</translation>
     </message>
     <message>
         <source>     The Orv Sensor will start to collect data % after power up</source>
-        <translation>     Der Orv-Sensor beginnt % nach dem Einschalten mit der Messung</translation>
+        <translation>Der Orv-Sensor beginnt% nach dem Einschalten mit der Messung.</translation>
     </message>
     <message>
         <source>     The Orv Sensor will come up waiting for a command.</source>
-        <translation>     Der Orv-Sensor wartet nach dem Einschalten auf einen Befehl.</translation>
+        <translation>Der Orv-Sensor wartet nach dem Einschalten auf einen Befehl.</translation>
     </message>
     <message>
         <source>If you press run, it will start to collect data% after you press run.</source>
@@ -1073,15 +1073,15 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>It will bin for % sample(s) to create 1 data point.</source>
-        <translation>Er mittelt % Abtastung(en) zu 1 Messpunkt.</translation>
+        <translation>Für 1 Messpunkt tastet er %-mal ab und bildet den Mittelwert.</translation>
     </message>
     <message>
         <source>After this it wakes up and takes another data point. The process</source>
-        <translation>Danach wacht er auf und nimmt den nächsten Messpunkt auf. Der Vorgang</translation>
+        <translation>Danach wacht er auf und nimmt den nächsten Messpunkt auf.</translation>
     </message>
     <message>
         <source>continues until power is shut off. All of the data collected is known as the data block</source>
-        <translation>läuft weiter, bis der Strom ausgeschaltet wird. Alle erfassten Daten bilden den Datenblock</translation>
+        <translation>Das wiederholt sich bis zum Ausschalten. Alle Messpunkte bilden den Datenblock.</translation>
     </message>
     <message>
         <source>The data point displayed will be saved in memory.</source>
@@ -1093,7 +1093,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>continues for % data points to create 1 data block.</source>
-        <translation>wiederholt sich für % Messpunkte und ergibt 1 Datenblock.</translation>
+        <translation>Das wiederholt sich, bis 1 Datenblock voll ist (Messpunkte: %).</translation>
     </message>
     <message>
         <source>After finishing a data block, the sensor will wait for new commands.</source>
@@ -1165,7 +1165,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Sending ...</source>
-        <translation>Wird gesendet ...</translation>
+        <translation>Wird gesendet …</translation>
     </message>
     <message>
         <source>Not sent whole: the instrument did not answer. What was sent before stays in it. Connect or press &quot;Retrieve Settings&quot; to see what it has.</source>
@@ -1193,7 +1193,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Logging and Continues Sampling invalid.</source>
-        <translation>Loggen und Dauermessung zugleich ist ungültig.</translation>
+        <translation>Aufzeichnen braucht einen Datenblock mit Ende. Bei „Anzahl Messpunkte pro Datenblock“ 1 bis 65535 eintragen oder „Aufzeichnen“ abwählen. Nichts wurde gesendet.</translation>
     </message>
     <message>
         <source>Invalid Setup</source>
@@ -1233,11 +1233,11 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Saving Sheet</source>
-        <translation>Blatt wird gespeichert</translation>
+        <translation>Download in Datei</translation>
     </message>
     <message>
         <source>Exporting Memory</source>
-        <translation>Speicher wird gelesen</translation>
+        <translation>Download aufs Blatt</translation>
     </message>
     <message>
         <source>No data for 10 s. Reset stops the download.</source>
@@ -1245,7 +1245,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
-        <translation>Bytes geladen</translation>
+        <translation>Bytes heruntergeladen</translation>
     </message>
     <message>
         <source>It holds %1.</source>
@@ -1257,7 +1257,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>Bytes DownLoaded</source>
-        <translation>Bytes geladen</translation>
+        <translation>Bytes heruntergeladen</translation>
     </message>
     <message>
         <source>It may not have everything.</source>
@@ -1473,7 +1473,7 @@ The sheet is as it was.</source>
 
 %2
 
-Das Blatt ist, wie es war.</translation>
+Das Blatt ist unverändert.</translation>
     </message>
     <message>
         <source>Data not Saved. Do you wish to save it now ?</source>
@@ -1585,7 +1585,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>Name or serial n&amp;umber:</source>
-        <translation>Name oder Serien&amp;nummer:</translation>
+        <translation>Name &amp;oder Seriennummer:</translation>
     </message>
     <message>
         <source>Instruments &amp;entered:</source>
@@ -1629,7 +1629,7 @@ Seine Zeilen sind noch auf dem Blatt. Anderen Ordner wählen oder Platz schaffen
     </message>
     <message>
         <source>&amp;Next</source>
-        <translation>&amp;Weiter</translation>
+        <translation>&amp;Nächste</translation>
     </message>
     <message>
         <source>Shows the instrument after; from the last, the first.</source>
@@ -1749,7 +1749,7 @@ Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücks
     </message>
     <message>
         <source>Time</source>
-        <translation>Zeit</translation>
+        <translation>Uhrzeit</translation>
     </message>
     <message>
         <source>Shows or hides this curve.</source>
@@ -1898,7 +1898,7 @@ Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücks
     <message>
         <source>Connects the ORV self-logging optical water sensors GLOW and TRX:
 settings, live data, stored data, calibration.</source>
-        <translation>Verbindet die selbstaufzeichnenden optischen ORV-Wassersensoren GLOW und TRX:
+        <translation>Für die selbstaufzeichnenden optischen ORV-Wassersensoren GLOW und TRX:
 Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
@@ -1935,7 +1935,7 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
         <source>Processing</source>
-        <translation>Verarbeitung</translation>
+        <translation>Datenübertragung</translation>
     </message>
     <message>
         <source>Progress</source>
@@ -2067,7 +2067,7 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
         <source>Print &amp;Graph...</source>
-        <translation>K&amp;urven drucken...</translation>
+        <translation>K&amp;urven drucken …</translation>
     </message>
     <message>
         <source>Prints the curves as they are seen.</source>
@@ -2120,7 +2120,7 @@ Unter „X-Achse“ die andere wählen.</translation>
     </message>
     <message>
         <source>Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click shows all.</source>
-        <translation>Mausrad zoomt die Achse, mit Strg die Werte; Ziehen verschiebt, mit Umschalt wählt es aus; Doppelklick zeigt alles.</translation>
+        <translation>Mausrad: Zoom, mit Strg der Werte. Ziehen: verschieben, mit Umschalt Bereich wählen. Doppelklick: alles.</translation>
     </message>
     <message>
         <source>Row under the cursor</source>
@@ -2216,11 +2216,11 @@ Prüfen, ob er eingeschaltet und angeschlossen ist, dann erneut drucken oder die
     </message>
     <message>
         <source>&amp;Save Support File...</source>
-        <translation>&amp;Supportdatei speichern...</translation>
+        <translation>&amp;Supportdatei speichern …</translation>
     </message>
     <message>
         <source>&amp;About Orv Host ...</source>
-        <translation>Ü&amp;ber Orv Host ...</translation>
+        <translation>Ü&amp;ber Orv Host …</translation>
     </message>
     <message>
         <source>&amp;Auto Connect Comm 1</source>
@@ -2394,11 +2394,11 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>This mode Autostarts, takes 1 data point per second, and repeats this indefinatly. Data is NOT logged.</source>
-        <translation>Dieser Modus startet von selbst, nimmt 1 Messpunkt pro Sekunde auf und wiederholt das endlos. Daten werden NICHT geloggt.</translation>
+        <translation>Dieser Modus startet von selbst, nimmt 1 Messpunkt pro Sekunde auf und wiederholt das endlos. Daten werden NICHT aufgezeichnet.</translation>
     </message>
     <message>
         <source>This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up to 60000 data points.</source>
-        <translation>Dieser Modus startet von selbst, nimmt 1 Messpunkt pro Sekunde auf und wiederholt das stündlich. Er loggt bis zu 60000 Messpunkte.</translation>
+        <translation>Dieser Modus startet von selbst, nimmt 1 Messpunkt pro Sekunde auf und wiederholt das stündlich. Bis zu 60000 Messpunkte werden aufgezeichnet.</translation>
     </message>
     <message>
         <source>Time and Date</source>
@@ -2406,7 +2406,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>&amp;Display Logger Time/Date</source>
-        <translation>&amp;Logger-Uhrzeit/Datum anzeigen</translation>
+        <translation>Uhrzeit/Datum des &amp;Loggers anzeigen</translation>
     </message>
     <message>
         <source>Computer Time / Date</source>
@@ -2458,7 +2458,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>The clock is set at %1, in %2 s.</source>
-        <translation>Die Uhr wird um %1 gestellt, in %2 s.</translation>
+        <translation>Die Uhr wird in %2 s gestellt, um %1.</translation>
     </message>
     <message>
         <source>Control Bits</source>
@@ -2702,7 +2702,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Nex&amp;t</source>
-        <translation>&amp;Weiter</translation>
+        <translation>Nächs&amp;te</translation>
     </message>
     <message>
         <source>The next cell with this text. The Enter key does the same.</source>
@@ -2806,7 +2806,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Instrument:</source>
-        <translation>Instrument:</translation>
+        <translation>Instrument</translation>
     </message>
     <message>
         <source>Firmware Ver.</source>
@@ -2814,7 +2814,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Bytes downloaded</source>
-        <translation>Bytes geladen</translation>
+        <translation>Bytes heruntergeladen</translation>
     </message>
     <message>
         <source>Characters in the receive buffer</source>
@@ -2975,7 +2975,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation>Warten</translation>
+        <translation>Warten auf volle Minute</translation>
     </message>
     <message>
         <source>Setting the clock</source>
@@ -2991,7 +2991,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>%1 %2 is still ticked: &quot;Apply Settings&quot; sets the clock again.</source>
-        <translation>%1 „%2“ ist noch angekreuzt: „Einstellungen senden“ stellt die Uhr wieder.</translation>
+        <translation>%1 „%2“ ist noch angekreuzt: „Einstellungen senden“ stellt die Uhr erneut.</translation>
     </message>
     <message>
         <source>1 column</source>
@@ -3123,7 +3123,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>The clock was sent, but could not be read back. Press &quot;Display Logger Time/Date&quot; to see how it stands.</source>
-        <translation>Die Uhr wurde gesendet, konnte aber nicht zurückgelesen werden. „Logger-Uhrzeit/Datum anzeigen“ zeigt, wie sie steht.</translation>
+        <translation>Die Uhr wurde gesendet, konnte aber nicht zurückgelesen werden. „Uhrzeit/Datum des Loggers anzeigen“ zeigt, wie sie steht.</translation>
     </message>
     <message>
         <source>The settings that the instrument gave at the beginning of the shutter reset are not those that it gave before: %1. They were sent back as it gave them last.

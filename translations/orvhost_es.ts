@@ -265,7 +265,7 @@ Conecte de nuevo, compárela con la pantalla de configuración y, si difiere, en
     </message>
     <message>
         <source>Clean</source>
-        <translation>Agua</translation>
+        <translation>Agua limpia</translation>
     </message>
     <message>
         <source>Point 1</source>
@@ -477,7 +477,7 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation>Conectando...</translation>
+        <translation>Conectando…</translation>
     </message>
     <message>
         <source>Offline</source>
@@ -721,7 +721,7 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>%1, not saved. Save As is on the page Output: Spread Sheet.</source>
-        <translation>%1 sin guardar. «Guardar como» está en la página «Salida: hoja de datos».</translation>
+        <translation>%1 sin guardar. «Guardar como» está en la página «Salida: hoja de cálculo».</translation>
     </message>
     <message>
         <source>Plug in an adapter, or choose a port and press Connect.</source>
@@ -753,7 +753,7 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>Output: Spread Sheet</source>
-        <translation>Salida: hoja de datos</translation>
+        <translation>Salida: hoja de cálculo</translation>
     </message>
     <message>
         <source>Output: Graphical</source>
@@ -857,11 +857,11 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
 So that no other program&apos;s files are written to, this program works without log and record file. Make room on the disk, or choose another folder, and start the program again.</source>
         <translation>No se puede crear un archivo de bloqueo en esta carpeta, quizá porque el disco está lleno: %1
 
-Para no escribir en archivos de otros programas, este funciona sin log ni archivo de registros. Libere espacio en el disco o elija otra carpeta y reinicie el programa.</translation>
+Para no escribir en archivos de otros programas, este funciona sin log ni archivo de medición. Libere espacio en el disco o elija otra carpeta y reinicie el programa.</translation>
     </message>
     <message>
         <source>This program works without such files. Start it in another folder, so that log and record file are kept.</source>
-        <translation>El programa funciona sin esos archivos. Inícielo en otra carpeta para tener log y archivo de registros.</translation>
+        <translation>El programa funciona sin esos archivos. Inícielo en otra carpeta para tener log y archivo de medición.</translation>
     </message>
     <message>
         <source>This program writes %1 and %2 instead.</source>
@@ -873,7 +873,7 @@ Para no escribir en archivos de otros programas, este funciona sin log ni archiv
 Its log and record file are left alone. %3</source>
         <translation>Otro programa ORV Host usa esta carpeta (%1): %2
 
-Su log y su archivo de registros no se tocan. %3</translation>
+Su log y su archivo de medición no se tocan. %3</translation>
     </message>
     <message>
         <source>The log file %1 cannot be written in this folder: %2.
@@ -881,7 +881,7 @@ Su log y su archivo de registros no se tocan. %3</translation>
 The program works without it. Start it in a folder where you may write files, so that log and record file are kept.</source>
         <translation>El archivo de log %1 no se puede escribir en esta carpeta: %2.
 
-El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para tener log y archivo de registros.</translation>
+El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para tener log y archivo de medición.</translation>
     </message>
     <message>
         <source>Load Device File</source>
@@ -913,11 +913,11 @@ El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para
     </message>
     <message>
         <source>&amp;Log Enabled</source>
-        <translation>&amp;Registrar</translation>
+        <translation>Gra&amp;bar</translation>
     </message>
     <message>
         <source>Log Enabled: This tells the logger to record data in memory</source>
-        <translation>Registrar: el registrador guarda los datos en memoria</translation>
+        <translation>Grabar: el registrador guarda los datos en memoria</translation>
     </message>
     <message>
         <source>&amp;Wake Up</source>
@@ -925,7 +925,7 @@ El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para
     </message>
     <message>
         <source>Wake Up: This tells the logger to sleep after gathering a data block or stay ready to accept a command.</source>
-        <translation>Despertar: el registrador duerme tras un bloque de datos o queda listo para una orden.</translation>
+        <translation>Despertar: tras un bloque de datos el registrador queda listo para una orden. Sin marcar, duerme.</translation>
     </message>
     <message>
         <source>App&amp;end</source>
@@ -937,7 +937,7 @@ El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para
     </message>
     <message>
         <source>Samples Per &amp;Second</source>
-        <translation>Muestras por &amp;segundo</translation>
+        <translation>Mue&amp;stras por punto</translation>
     </message>
     <message>
         <source>This tells the logger to grab X number of samples and average then to determine one data point.</source>
@@ -1021,7 +1021,7 @@ El programa funciona sin él. Inícielo en una carpeta donde pueda escribir para
     </message>
     <message>
         <source>Sending %1...</source>
-        <translation>Enviando %1...</translation>
+        <translation>Enviando %1…</translation>
     </message>
     <message>
         <source>%1 was not sent whole: the connection ended.</source>
@@ -1057,15 +1057,15 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Then the sensor will sleep for %1 hour(s), %2 minute(s), %3 second(s).</source>
-        <translation>Después el sensor duerme %1 hora(s), %2 minuto(s), %3 segundo(s).</translation>
+        <translation>Después el sensor duerme%1 h%2 min%3 s.</translation>
     </message>
     <message>
         <source>     The Orv Sensor will start to collect data % after power up</source>
-        <translation>     El sensor Orv empieza a medir % después de encenderse</translation>
+        <translation>El sensor Orv empieza a medir% después de encenderse.</translation>
     </message>
     <message>
         <source>     The Orv Sensor will come up waiting for a command.</source>
-        <translation>     El sensor Orv espera una orden después de encenderse.</translation>
+        <translation>El sensor Orv espera una orden después de encenderse.</translation>
     </message>
     <message>
         <source>If you press run, it will start to collect data% after you press run.</source>
@@ -1073,15 +1073,15 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>It will bin for % sample(s) to create 1 data point.</source>
-        <translation>Promedia % muestra(s) para formar 1 punto de datos.</translation>
+        <translation>Muestras que promedia en 1 punto de datos: %.</translation>
     </message>
     <message>
         <source>After this it wakes up and takes another data point. The process</source>
-        <translation>Después despierta y toma otro punto de datos. El proceso</translation>
+        <translation>Después despierta y toma otro punto de datos.</translation>
     </message>
     <message>
         <source>continues until power is shut off. All of the data collected is known as the data block</source>
-        <translation>sigue hasta que se apaga. Todos los datos tomados forman el bloque de datos</translation>
+        <translation>Esto se repite hasta que se apaga. Todos los datos tomados forman el bloque de datos.</translation>
     </message>
     <message>
         <source>The data point displayed will be saved in memory.</source>
@@ -1093,7 +1093,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>continues for % data points to create 1 data block.</source>
-        <translation>sigue durante % puntos de datos para formar 1 bloque de datos.</translation>
+        <translation>Esto se repite hasta completar 1 bloque de datos (puntos: %).</translation>
     </message>
     <message>
         <source>After finishing a data block, the sensor will wait for new commands.</source>
@@ -1149,11 +1149,11 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>%1 behind this computer&apos;s</source>
-        <translation>%1 atrasado respecto a este ordenador</translation>
+        <translation>%1 atrasado respecto a este equipo</translation>
     </message>
     <message>
         <source>%1 ahead of this computer&apos;s</source>
-        <translation>%1 adelantado respecto a este ordenador</translation>
+        <translation>%1 adelantado respecto a este equipo</translation>
     </message>
     <message>
         <source>Unable to read clock. Error #2</source>
@@ -1165,7 +1165,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Sending ...</source>
-        <translation>Enviando...</translation>
+        <translation>Enviando…</translation>
     </message>
     <message>
         <source>Not sent whole: the instrument did not answer. What was sent before stays in it. Connect or press &quot;Retrieve Settings&quot; to see what it has.</source>
@@ -1177,7 +1177,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1 behind: the command carries no seconds.</source>
-        <translation>El reloj del instrumento se puso en hora al minuto y está %1 atrasado: la orden no lleva segundos.</translation>
+        <translation>El reloj del instrumento se ajustó al minuto y está %1 atrasado: la orden no lleva segundos.</translation>
     </message>
     <message>
         <source>Sent, but the clock was not set and nothing was read back: the instrument did not answer. Press &quot;Retrieve Settings&quot; to see what it has.</source>
@@ -1193,7 +1193,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Logging and Continues Sampling invalid.</source>
-        <translation>Registrar y medir sin fin a la vez no es válido.</translation>
+        <translation>Para grabar, el bloque de datos debe tener fin. Ponga de 1 a 65535 en «Número de puntos por bloque de datos» o desmarque «Grabar». No se envió nada.</translation>
     </message>
     <message>
         <source>Invalid Setup</source>
@@ -1233,7 +1233,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>Saving Sheet</source>
-        <translation>Guardando hoja</translation>
+        <translation>Guardando en archivo</translation>
     </message>
     <message>
         <source>Exporting Memory</source>
@@ -1331,7 +1331,7 @@ El instrumento conserva sus datos; descárguelos otra vez.</translation>
         <source>The record file %1 cannot be written: %2.
 
 The run goes on and every row is on the sheet. Save the sheet when the run has ended.</source>
-        <translation>El archivo de registros %1 no se puede escribir: %2.
+        <translation>El archivo de medición %1 no se puede escribir: %2.
 
 La medición sigue y todas las filas están en la hoja. Guarde la hoja cuando termine.</translation>
     </message>
@@ -1349,11 +1349,11 @@ La medición sigue y todas las filas están en la hoja. Guarde la hoja cuando te
     </message>
     <message>
         <source>The numbers of the rows have gaps: 1 row is missing in the record file.</source>
-        <translation>Los números de las filas tienen huecos: falta 1 fila en el archivo de registros.</translation>
+        <translation>Los números de las filas tienen huecos: falta 1 fila en el archivo de medición.</translation>
     </message>
     <message>
         <source>The numbers of the rows have gaps: %1 rows are missing in the record file.</source>
-        <translation>Los números de las filas tienen huecos: faltan %1 filas en el archivo de registros.</translation>
+        <translation>Los números de las filas tienen huecos: faltan %1 filas en el archivo de medición.</translation>
     </message>
     <message>
         <source>The sheet was saved or cleared during the run; rows from before that are left out.</source>
@@ -1371,17 +1371,17 @@ La medición sigue y todas las filas están en la hoja. Guarde la hoja cuando te
         <source>The last run in this folder did not end, and its record file %1 cannot be read: %2.
 
 It stays as it is. Its rows are offered again at the next start.</source>
-        <translation>La última medición en esta carpeta no terminó, y su archivo de registros %1 no se puede leer: %2.
+        <translation>La última medición en esta carpeta no terminó, y su archivo de medición %1 no se puede leer: %2.
 
 Se queda como está. Sus filas se ofrecen otra vez en el próximo inicio.</translation>
     </message>
     <message>
         <source>The last run in this folder did not end, and its record file has no row that can be read. </source>
-        <translation>La última medición en esta carpeta no terminó, y su archivo de registros no tiene ninguna fila legible. </translation>
+        <translation>La última medición en esta carpeta no terminó, y su archivo de medición no tiene ninguna fila legible. </translation>
     </message>
     <message>
         <source>The last run in this folder did not end. Load its %1 into the sheet?</source>
-        <translation>La última medición en esta carpeta no terminó. ¿Cargar %1 en la hoja?</translation>
+        <translation>La última medición en esta carpeta no terminó. ¿Cargar sus datos (%1) en la hoja?</translation>
     </message>
     <message>
         <source>The rows of the last run are on the sheet.
@@ -1393,7 +1393,7 @@ Nothing is lost: the record file %2 has everything.%3</source>
 
 %1
 
-No se pierde nada: el archivo de registros %2 lo tiene todo.%3</translation>
+No se pierde nada: el archivo de medición %2 lo tiene todo.%3</translation>
     </message>
     <message>
         <source> The next run keeps it under a name with date and time.</source>
@@ -1401,19 +1401,19 @@ No se pierde nada: el archivo de registros %2 lo tiene todo.%3</translation>
     </message>
     <message>
         <source>The record file of the last run is kept as %1.</source>
-        <translation>El archivo de registros de la última medición se conserva como %1.</translation>
+        <translation>El archivo de la última medición se conserva como %1.</translation>
     </message>
     <message>
         <source>The record file %1 could not be kept under a name with date and time: %2.
 
 It stays as it is, and no run will overwrite it. Move it yourself.</source>
-        <translation>El archivo de registros %1 no se pudo conservar con fecha y hora en el nombre: %2.
+        <translation>El archivo de medición %1 no se pudo conservar con fecha y hora en el nombre: %2.
 
 Se queda como está y ninguna medición lo sobrescribe. Muévalo usted.</translation>
     </message>
     <message>
         <source>The record file %1 has it; the next run keeps that file under a name with date and time.</source>
-        <translation>El archivo de registros %1 la tiene; la próxima medición conserva ese archivo con fecha y hora en el nombre.</translation>
+        <translation>El archivo de medición %1 la tiene; la próxima medición conserva ese archivo con fecha y hora en el nombre.</translation>
     </message>
     <message>
         <source>Of stored data, &quot;Download Stored Data: Save as Text&quot; writes it.</source>
@@ -1533,7 +1533,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio en el disco y g
     </message>
     <message>
         <source>&amp;Clean</source>
-        <translation>A&amp;gua</translation>
+        <translation>A&amp;gua limpia</translation>
     </message>
     <message>
         <source>Point &amp;1</source>
@@ -1649,7 +1649,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio en el disco y g
     </message>
     <message>
         <source>Writes the means of the rows on the data sheet into the selected row; for a point also its DP values. Keeps the worksheet.</source>
-        <translation>Escribe las medias de las filas de la hoja de datos en la fila elegida; para un punto, también sus valores DP. Conserva la hoja de trabajo.</translation>
+        <translation>Escribe las medias de las filas de la hoja de cálculo en la fila elegida; para un punto, también sus valores DP. Conserva la hoja de trabajo.</translation>
     </message>
     <message>
         <source>Save Cal &amp;Info</source>
@@ -1665,7 +1665,7 @@ Sus filas siguen en la hoja. Elija otra carpeta o libere espacio en el disco y g
     </message>
     <message>
         <source>The rows on the data sheet were measured for &quot;%1&quot;.</source>
-        <translation>Las filas de la hoja de datos se midieron para «%1».</translation>
+        <translation>Las filas de la hoja de cálculo se midieron para «%1».</translation>
     </message>
     <message>
         <source>%1, angle %2</source>
@@ -1898,7 +1898,7 @@ Deje el cable en su sitio hasta que se haya vuelto a leer la configuración. «R
     <message>
         <source>Connects the ORV self-logging optical water sensors GLOW and TRX:
 settings, live data, stored data, calibration.</source>
-        <translation>Conecta los sensores ópticos autónomos para agua ORV GLOW y TRX:
+        <translation>Para los sensores ópticos autónomos de agua ORV GLOW y TRX:
 configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
@@ -1935,7 +1935,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>Processing</source>
-        <translation>Procesando</translation>
+        <translation>Transferencia de datos</translation>
     </message>
     <message>
         <source>Progress</source>
@@ -2067,7 +2067,7 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     </message>
     <message>
         <source>Print &amp;Graph...</source>
-        <translation>&amp;Imprimir curvas...</translation>
+        <translation>&amp;Imprimir curvas…</translation>
     </message>
     <message>
         <source>Prints the curves as they are seen.</source>
@@ -2120,7 +2120,7 @@ Elija el otro en «Eje X».</translation>
     </message>
     <message>
         <source>Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click shows all.</source>
-        <translation>La rueda amplía el eje, con Ctrl los valores; arrastrar mueve, con Mayús elige un rango; un doble clic muestra todo.</translation>
+        <translation>Rueda: zoom, con Control en valores. Arrastrar: mover, con Mayúsculas rango. Doble clic: todo.</translation>
     </message>
     <message>
         <source>Row under the cursor</source>
@@ -2216,11 +2216,11 @@ Compruebe que está encendida y conectada e imprima otra vez, o guarde las curva
     </message>
     <message>
         <source>&amp;Save Support File...</source>
-        <translation>&amp;Guardar archivo de soporte...</translation>
+        <translation>&amp;Guardar archivo de soporte…</translation>
     </message>
     <message>
         <source>&amp;About Orv Host ...</source>
-        <translation>&amp;Acerca de Orv Host...</translation>
+        <translation>&amp;Acerca de Orv Host…</translation>
     </message>
     <message>
         <source>&amp;Auto Connect Comm 1</source>
@@ -2286,11 +2286,11 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Curves of the data sheet</source>
-        <translation>Curvas de la hoja de datos</translation>
+        <translation>Curvas de la hoja de cálculo</translation>
     </message>
     <message>
         <source>Left and Right move to the row before and after, with Shift they move the curves; Plus and Minus zoom, Home shows all, End follows the newest rows. Space begins and ends the choice of a range, Escape drops it.</source>
-        <translation>Izquierda y Derecha van a la fila anterior y siguiente, con Mayús mueven las curvas; Más y Menos amplían y reducen, Inicio muestra todo, Fin sigue las filas más recientes. Espacio empieza y termina la elección de un rango, Escape la descarta.</translation>
+        <translation>Izquierda y Derecha van a la fila anterior y siguiente, con Mayúsculas mueven las curvas; Más y Menos amplían y reducen, Inicio muestra todo, Fin sigue las filas más recientes. Espacio empieza y termina la elección de un rango, Escape la descarta.</translation>
     </message>
     <message>
         <source>Device behind COM %1</source>
@@ -2362,7 +2362,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>These settings have not been sent to the instrument: %1.</source>
-        <translation>Estos ajustes no se han enviado al instrumento: %1.</translation>
+        <translation>Esta configuración no se ha enviado al instrumento: %1.</translation>
     </message>
     <message>
         <source>Modes</source>
@@ -2394,11 +2394,11 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>This mode Autostarts, takes 1 data point per second, and repeats this indefinatly. Data is NOT logged.</source>
-        <translation>Este modo se inicia automáticamente, toma 1 punto de datos por segundo y lo repite sin fin. Los datos NO se registran.</translation>
+        <translation>Este modo se inicia automáticamente, toma 1 punto de datos por segundo y lo repite sin fin. Los datos NO se graban.</translation>
     </message>
     <message>
         <source>This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up to 60000 data points.</source>
-        <translation>Este modo se inicia automáticamente y toma 1 punto de datos por segundo. Se repite una vez por hora. Registra hasta 60000 puntos de datos.</translation>
+        <translation>Este modo se inicia automáticamente y toma 1 punto de datos por segundo. Se repite una vez por hora. Graba hasta 60000 puntos de datos.</translation>
     </message>
     <message>
         <source>Time and Date</source>
@@ -2410,19 +2410,19 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Computer Time / Date</source>
-        <translation>Hora / fecha del ordenador</translation>
+        <translation>Hora / fecha de este equipo</translation>
     </message>
     <message>
         <source>This is the computers Time and Date.</source>
-        <translation>Hora y fecha de este ordenador.</translation>
+        <translation>Hora y fecha de este equipo.</translation>
     </message>
     <message>
         <source>Computer Time</source>
-        <translation>Hora del ordenador</translation>
+        <translation>Hora de este equipo</translation>
     </message>
     <message>
         <source>Computer Date</source>
-        <translation>Fecha del ordenador</translation>
+        <translation>Fecha de este equipo</translation>
     </message>
     <message>
         <source>Logger Time / Date</source>
@@ -2446,7 +2446,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>This tells the Host to set the Loggers Time and Date to that of the Computer. (Updated after send settings)</source>
-        <translation>Pone en el registrador la hora y la fecha del ordenador. (Se actualiza tras enviar la configuración)</translation>
+        <translation>Pone en el registrador la hora y la fecha de este equipo. (Se actualiza tras enviar la configuración)</translation>
     </message>
     <message>
         <source>At the full &amp;minute</source>
@@ -2562,7 +2562,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Groups of settings</source>
-        <translation>Grupos de ajustes</translation>
+        <translation>Grupos de configuración</translation>
     </message>
     <message>
         <source>The settings in plain English</source>
@@ -2570,7 +2570,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Choose a tab to see its settings.</source>
-        <translation>Elija una pestaña para ver sus ajustes.</translation>
+        <translation>Elija una pestaña para ver su configuración.</translation>
     </message>
     <message>
         <source>Settings</source>
@@ -2606,7 +2606,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Data sheet</source>
-        <translation>Hoja de datos</translation>
+        <translation>Hoja de cálculo</translation>
     </message>
     <message>
         <source>Rows on the sheet</source>
@@ -2666,7 +2666,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Open a saved sheet. It replaces what is on the Spread Sheet.</source>
-        <translation>Abre una hoja guardada. Reemplaza lo que hay en la hoja de datos.</translation>
+        <translation>Abre una hoja guardada. Reemplaza lo que hay en la hoja de cálculo.</translation>
     </message>
     <message>
         <source>&amp;Clear All</source>
@@ -2806,7 +2806,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Instrument:</source>
-        <translation>Instrumento:</translation>
+        <translation>Instrumento</translation>
     </message>
     <message>
         <source>Firmware Ver.</source>
@@ -2834,7 +2834,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Starts a real-time collection. Rows go to the Spread Sheet and to Orvtemp.tmp.</source>
-        <translation>Empieza una medición en tiempo real. Las filas van a la hoja de datos y a Orvtemp.tmp.</translation>
+        <translation>Empieza una medición en tiempo real. Las filas van a la hoja de cálculo y a Orvtemp.tmp.</translation>
     </message>
     <message>
         <source>R&amp;eset</source>
@@ -2963,19 +2963,19 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>within %1 s of this computer&apos;s</source>
-        <translation>a menos de %1 s de este ordenador</translation>
+        <translation>a menos de %1 s de este equipo</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
-        <translation>El reloj del instrumento se puso en hora al minuto exacto y está %1.</translation>
+        <translation>El reloj del instrumento se ajustó al minuto exacto y está %1.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1.</source>
-        <translation>El reloj del instrumento se puso en hora al minuto y está %1.</translation>
+        <translation>El reloj del instrumento se ajustó al minuto y está %1.</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation>Esperando</translation>
+        <translation>Esperando el minuto exacto</translation>
     </message>
     <message>
         <source>Setting the clock</source>
@@ -3055,7 +3055,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>%1 on the computer %2</source>
-        <translation>%1 en el ordenador %2</translation>
+        <translation>%1 en el equipo %2</translation>
     </message>
     <message>
         <source>no lock file can be made in this folder</source>
@@ -3139,7 +3139,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>The sheet has rows of another type of instrument. Clear All is on the page Output: Spread Sheet.</source>
-        <translation>La hoja tiene filas de otro tipo de instrumento. «Borrar todo» está en la página «Salida: hoja de datos».</translation>
+        <translation>La hoja tiene filas de otro tipo de instrumento. «Borrar todo» está en la página «Salida: hoja de cálculo».</translation>
     </message>
     <message>
         <source>The instrument ended the run after %1 of %2 rows; %3 has what came</source>

@@ -265,7 +265,7 @@ Relancez la connexion, comparez-les avec l&apos;écran des réglages et, s&apos;
     </message>
     <message>
         <source>Clean</source>
-        <translation>Eau claire</translation>
+        <translation>Eau pure</translation>
     </message>
     <message>
         <source>Point 1</source>
@@ -381,11 +381,11 @@ Ses lignes sont encore sur la feuille.</translation>
     </message>
     <message>
         <source>1 record number is left out between rows.</source>
-        <translation>1 numéro d&apos;enregistrement manque entre les lignes.</translation>
+        <translation>1 numéro de ligne manque entre les lignes.</translation>
     </message>
     <message>
         <source>%1 record numbers are left out between rows.</source>
-        <translation>%1 numéros d&apos;enregistrement manquent entre les lignes.</translation>
+        <translation>%1 numéros de ligne manquent entre les lignes.</translation>
     </message>
     <message>
         <source>1 row of another type of instrument is left out.</source>
@@ -477,7 +477,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation>Connexion...</translation>
+        <translation>Connexion…</translation>
     </message>
     <message>
         <source>Offline</source>
@@ -513,7 +513,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>Shut power off of sensor. Press (Start) then turn power on.</source>
-        <translation>Coupez l&apos;alimentation du capteur. Appuyez sur «&#xa0;Démarrer&#xa0;», puis rétablissez-la.</translation>
+        <translation>Coupez l&apos;alimentation du capteur. Appuyez sur «&#xa0;Démarrer&#xa0;», puis rétablissez l&apos;alimentation.</translation>
     </message>
     <message>
         <source>Manual Connect</source>
@@ -925,7 +925,7 @@ Le programme fonctionne sans lui. Démarrez-le dans un dossier où vous pouvez �
     </message>
     <message>
         <source>Wake Up: This tells the logger to sleep after gathering a data block or stay ready to accept a command.</source>
-        <translation>Réveil&#xa0;: après un bloc de données, l&apos;enregistreur se met en veille ou reste prêt à recevoir une commande.</translation>
+        <translation>Réveil&#xa0;: après un bloc de données, l&apos;enregistreur reste prêt à recevoir une commande. Si la case est décochée, il se met en veille.</translation>
     </message>
     <message>
         <source>App&amp;end</source>
@@ -937,7 +937,7 @@ Le programme fonctionne sans lui. Démarrez-le dans un dossier où vous pouvez �
     </message>
     <message>
         <source>Samples Per &amp;Second</source>
-        <translation>Échantillons par &amp;seconde</translation>
+        <translation>Échantillon&amp;s par point</translation>
     </message>
     <message>
         <source>This tells the logger to grab X number of samples and average then to determine one data point.</source>
@@ -1021,7 +1021,7 @@ Le programme fonctionne sans lui. Démarrez-le dans un dossier où vous pouvez �
     </message>
     <message>
         <source>Sending %1...</source>
-        <translation>Envoi de %1...</translation>
+        <translation>Envoi de %1…</translation>
     </message>
     <message>
         <source>%1 was not sent whole: the connection ended.</source>
@@ -1057,15 +1057,15 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>Then the sensor will sleep for %1 hour(s), %2 minute(s), %3 second(s).</source>
-        <translation>Ensuite, le capteur est en veille pendant %1 heure(s), %2 minute(s), %3 seconde(s).</translation>
+        <translation>Ensuite, le capteur est en veille pendant%1 h%2 min%3 s.</translation>
     </message>
     <message>
         <source>     The Orv Sensor will start to collect data % after power up</source>
-        <translation>     Le capteur Orv commence la mesure% après la mise sous tension</translation>
+        <translation>Le capteur Orv commence la mesure% après la mise sous tension.</translation>
     </message>
     <message>
         <source>     The Orv Sensor will come up waiting for a command.</source>
-        <translation>     Le capteur Orv attend une commande après la mise sous tension.</translation>
+        <translation>Le capteur Orv attend une commande après la mise sous tension.</translation>
     </message>
     <message>
         <source>If you press run, it will start to collect data% after you press run.</source>
@@ -1073,15 +1073,15 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>It will bin for % sample(s) to create 1 data point.</source>
-        <translation>Il fait la moyenne de % échantillon(s) pour 1 point de données.</translation>
+        <translation>Pour 1 point de données, il échantillonne % fois et fait la moyenne.</translation>
     </message>
     <message>
         <source>After this it wakes up and takes another data point. The process</source>
-        <translation>Ensuite, il se réveille et prend un autre point de données. Le processus</translation>
+        <translation>Puis il se réveille et prend un autre point de données.</translation>
     </message>
     <message>
         <source>continues until power is shut off. All of the data collected is known as the data block</source>
-        <translation>continue jusqu&apos;à la coupure de l&apos;alimentation. Toutes les données recueillies forment le bloc de données</translation>
+        <translation>Cela se répète jusqu&apos;à la mise hors tension. Tous les points forment le bloc de données.</translation>
     </message>
     <message>
         <source>The data point displayed will be saved in memory.</source>
@@ -1093,7 +1093,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>continues for % data points to create 1 data block.</source>
-        <translation>continue pour % points afin de former 1 bloc de données.</translation>
+        <translation>Cela se répète jusqu&apos;à compléter 1 bloc de données (points&#xa0;: %).</translation>
     </message>
     <message>
         <source>After finishing a data block, the sensor will wait for new commands.</source>
@@ -1165,7 +1165,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>Sending ...</source>
-        <translation>Envoi ...</translation>
+        <translation>Envoi…</translation>
     </message>
     <message>
         <source>Not sent whole: the instrument did not answer. What was sent before stays in it. Connect or press &quot;Retrieve Settings&quot; to see what it has.</source>
@@ -1193,7 +1193,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>Logging and Continues Sampling invalid.</source>
-        <translation>Mémorisation et mesure sans fin sont incompatibles.</translation>
+        <translation>La mémorisation demande un bloc de données fini. Indiquez de 1 à 65535 dans «&#xa0;Nombre de points par bloc de données&#xa0;» ou décochez «&#xa0;Mémorisation&#xa0;». Rien n&apos;a été envoyé.</translation>
     </message>
     <message>
         <source>Invalid Setup</source>
@@ -1233,11 +1233,11 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>Saving Sheet</source>
-        <translation>Enregistrement de la feuille</translation>
+        <translation>Écriture du fichier</translation>
     </message>
     <message>
         <source>Exporting Memory</source>
-        <translation>Lecture de la mémoire</translation>
+        <translation>Téléchargement</translation>
     </message>
     <message>
         <source>No data for 10 s. Reset stops the download.</source>
@@ -1381,7 +1381,7 @@ Il reste tel quel. Ses lignes sont proposées à nouveau au prochain démarrage.
     </message>
     <message>
         <source>The last run in this folder did not end. Load its %1 into the sheet?</source>
-        <translation>La dernière mesure dans ce dossier ne s&apos;est pas terminée. Charger %1 sur la feuille&#xa0;?</translation>
+        <translation>La dernière mesure dans ce dossier ne s&apos;est pas terminée. Charger ses données (%1) sur la feuille&#xa0;?</translation>
     </message>
     <message>
         <source>The rows of the last run are on the sheet.
@@ -1533,7 +1533,7 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>&amp;Clean</source>
-        <translation>Eau &amp;claire</translation>
+        <translation>Ea&amp;u pure</translation>
     </message>
     <message>
         <source>Point &amp;1</source>
@@ -1569,7 +1569,7 @@ Ses lignes sont encore sur la feuille. Choisissez un autre dossier ou libérez d
     </message>
     <message>
         <source>Add Ins&amp;trument</source>
-        <translation>Ajouter l&apos;instr&amp;ument</translation>
+        <translation>A&amp;jouter l&apos;instrument</translation>
     </message>
     <message>
         <source>Adds the named instrument with its light colour; a batch has up to seven.</source>
@@ -1741,7 +1741,7 @@ Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Ré
     </message>
     <message>
         <source>Record</source>
-        <translation>Enregistrement</translation>
+        <translation>N°</translation>
     </message>
     <message>
         <source>Date</source>
@@ -1898,7 +1898,7 @@ Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Ré
     <message>
         <source>Connects the ORV self-logging optical water sensors GLOW and TRX:
 settings, live data, stored data, calibration.</source>
-        <translation>Connecte les capteurs optiques autonomes ORV pour l&apos;eau, GLOW et TRX&#xa0;:
+        <translation>Pour les capteurs optiques autonomes ORV pour l&apos;eau, GLOW et TRX&#xa0;:
 réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
@@ -1935,7 +1935,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>Processing</source>
-        <translation>Traitement</translation>
+        <translation>Transfert de données</translation>
     </message>
     <message>
         <source>Progress</source>
@@ -1999,7 +1999,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>Record number</source>
-        <translation>Numéro d&apos;enregistrement</translation>
+        <translation>Numéro de ligne</translation>
     </message>
     <message>
         <source>All curves on one axis; a pane for each, with its own scale; or each less its mean over what is seen.</source>
@@ -2067,7 +2067,7 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     </message>
     <message>
         <source>Print &amp;Graph...</source>
-        <translation>&amp;Imprimer les courbes...</translation>
+        <translation>&amp;Imprimer les courbes…</translation>
     </message>
     <message>
         <source>Prints the curves as they are seen.</source>
@@ -2112,15 +2112,15 @@ Choisissez l&apos;autre sous «&#xa0;Axe X&#xa0;».</translation>
     </message>
     <message>
         <source>1 row without a record number is not drawn.</source>
-        <translation>1 ligne sans numéro d&apos;enregistrement non tracée.</translation>
+        <translation>1 ligne sans numéro de ligne non tracée.</translation>
     </message>
     <message>
         <source>%1 rows without a record number are not drawn.</source>
-        <translation>%1 lignes sans numéro d&apos;enregistrement non tracées.</translation>
+        <translation>%1 lignes sans numéro de ligne non tracées.</translation>
     </message>
     <message>
         <source>Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click shows all.</source>
-        <translation>La molette zoome l&apos;axe, avec Ctrl les valeurs&#xa0;; glisser déplace, avec Maj choisit une plage&#xa0;; un double clic affiche tout.</translation>
+        <translation>Molette&#xa0;: zoom, avec Ctrl sur les valeurs. Glisser&#xa0;: déplacer, avec Maj plage. Double clic&#xa0;: tout.</translation>
     </message>
     <message>
         <source>Row under the cursor</source>
@@ -2216,11 +2216,11 @@ Vérifiez qu&apos;elle est allumée et connectée, puis imprimez à nouveau, ou 
     </message>
     <message>
         <source>&amp;Save Support File...</source>
-        <translation>&amp;Enregistrer un fichier d&apos;assistance...</translation>
+        <translation>&amp;Enregistrer un fichier d&apos;assistance…</translation>
     </message>
     <message>
         <source>&amp;About Orv Host ...</source>
-        <translation>À &amp;propos d&apos;Orv Host ...</translation>
+        <translation>À &amp;propos d&apos;Orv Host…</translation>
     </message>
     <message>
         <source>&amp;Auto Connect Comm 1</source>
@@ -2394,7 +2394,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>This mode Autostarts, takes 1 data point per second, and repeats this indefinatly. Data is NOT logged.</source>
-        <translation>Ce mode démarre seul, prend 1 point de données par seconde et le répète sans fin. Les données ne sont PAS mémorisées.</translation>
+        <translation>Ce mode démarre seul et prend 1 point de données par seconde, sans fin. Les données ne sont PAS mémorisées.</translation>
     </message>
     <message>
         <source>This Mode Autostarts, takes 1 data point per second. It repeats once an hour. It logs up to 60000 data points.</source>
@@ -2410,7 +2410,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Computer Time / Date</source>
-        <translation>Heure / date de l&apos;ordinateur</translation>
+        <translation>Date / heure de l&apos;ordinateur</translation>
     </message>
     <message>
         <source>This is the computers Time and Date.</source>
@@ -2426,7 +2426,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Logger Time / Date</source>
-        <translation>Heure / date de l&apos;enregistreur</translation>
+        <translation>Date / heure de l&apos;enregistreur</translation>
     </message>
     <message>
         <source>This is the Loggers Time and Date at last display.</source>
@@ -2498,7 +2498,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Clean Water Offset</source>
-        <translation>Décalage en eau claire</translation>
+        <translation>Décalage en eau pure</translation>
     </message>
     <message>
         <source>&amp;Provide Raw Counts</source>
@@ -2534,7 +2534,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>GLW Calibration: Offsets and B calculations</source>
-        <translation>Étalonnage GLW&#xa0;: décalages et calcul de B</translation>
+        <translation>Étalonnage GLW&#xa0;: décalage et calcul de la concentration</translation>
     </message>
     <message>
         <source>C&amp;ounts -</source>
@@ -2634,7 +2634,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Select cells, a row by its number or a column by its header: to copy them, and for their mean and standard deviation.</source>
-        <translation>Sélectionnez cellules, lignes (numéro) ou colonnes (en-tête) pour les copier ou voir moyenne et écart type.</translation>
+        <translation>Sélectionnez des cellules, lignes (numéro) ou colonnes (en-tête) pour les copier ou voir leurs statistiques.</translation>
     </message>
     <message>
         <source>Default File Name, and the file name used for auto-recording of long profiles.</source>
@@ -2726,7 +2726,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Record %1</source>
-        <translation>Enregistrement %1</translation>
+        <translation>N° %1</translation>
     </message>
     <message>
         <source>Not found.</source>
@@ -2806,7 +2806,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Instrument:</source>
-        <translation>Instrument&#xa0;:</translation>
+        <translation>Instrument</translation>
     </message>
     <message>
         <source>Firmware Ver.</source>
@@ -2975,7 +2975,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation>En attente</translation>
+        <translation>Attente du début de la minute</translation>
     </message>
     <message>
         <source>Setting the clock</source>
@@ -3095,7 +3095,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Record %1 (the sheet follows the run)</source>
-        <translation>Enregistrement %1 (la feuille suit la mesure)</translation>
+        <translation>N° %1 (la feuille suit la mesure)</translation>
     </message>
     <message>
         <source>Data #</source>
