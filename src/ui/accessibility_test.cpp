@@ -103,6 +103,20 @@ TEST_P(AccessibilityTest, EveryPageIsOperableByKeyboardAndFits) {
     }
 }
 
+TEST_P(AccessibilityTest, TheCalibrationPageFitsASmallScreen) {
+    program.toggleServiceMode();
+    fillCalibration();
+    window->resize(800, 600);
+    showPage(QStringLiteral("Calibration"));
+    QCoreApplication::processEvents();
+    const auto& page = find<QWidget>("CalibrationPage");
+    ASSERT_TRUE(page.isVisible());
+    EXPECT_EQ(window->size(), QSize(800, 600));
+    constexpr int spare = 8; // the program's own style makes buttons a little higher
+    EXPECT_LE(page.minimumSizeHint().height() + spare, page.parentWidget()->height());
+    EXPECT_LE(page.minimumSizeHint().width(), page.parentWidget()->width());
+}
+
 TEST_P(AccessibilityTest, EveryTabOfTheSettings) {
     for (const InstrumentType type : {InstrumentType::Unknown, InstrumentType::Trx, InstrumentType::Glow}) {
         status.instrument = type;
