@@ -103,6 +103,30 @@ TEST_P(AccessibilityTest, EveryPageIsOperableByKeyboardAndFits) {
     }
 }
 
+TEST_P(AccessibilityTest, TheSmallestWindowIsTheSameOnEveryPage) {
+    program.toggleServiceMode();
+    program.link.portChoices.choose(1, QStringLiteral("sim:trx"));
+    program.link.portChoices.choose(2, QStringLiteral("sim:glow"));
+    QCoreApplication::processEvents();
+    window->resize(1, 1);
+    QCoreApplication::processEvents();
+    const QSize least = window->size();
+    EXPECT_GE(least.height(), 440);
+    EXPECT_LE(least.height(), 490);
+    EXPECT_GE(least.width(), 780);
+    EXPECT_LE(least.width(), 800);
+    const auto& tabs = find<QTabBar>("TabStrip1");
+    onEachPage([&](const std::string& caption) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window->size(), least) << caption;
+        EXPECT_GE(tabs.width(), tabs.sizeHint().width()) << "the marker of a simulation takes the tabs' room";
+    });
+    showSheetWithEveryLine();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->size(), least);
+    EXPECT_EQ(findingsIn(*window, exemption), "");
+}
+
 TEST_P(AccessibilityTest, TheCalibrationPageFitsASmallScreen) {
     program.toggleServiceMode();
     fillCalibration();
