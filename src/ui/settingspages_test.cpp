@@ -247,6 +247,31 @@ TEST_F(SettingsPagesTest, AChosenSamplingOptionWritesItsPreset) {
     EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("100")) << "the arrow keys choose too";
 }
 
+TEST_F(SettingsPagesTest, TheOptionOfATypedNumberIsMarked) {
+    openSettings("Sampling");
+    auto& box = find<QLineEdit>("Text2");
+    const auto marked = [this] {
+        int found = 0;
+        for (int number = 1; number <= 4; ++number) {
+            found = option(number).isChecked() ? 10 * found + number : found;
+        }
+        return found;
+    };
+    const std::pair<const char*, int> table[] = {{"10", 1}, {"700", 0}, {"100", 3}, {"0", 0}, {"210", 4}, {"1", 0}};
+    for (const auto& [typed, expected] : table) {
+        retype(box, typed);
+        EXPECT_EQ(marked(), expected) << typed;
+    }
+    for (const int chosen : {1, 4, 1}) {
+        retype(box, "700");
+        clickAt(option(chosen), QPointF(8, option(chosen).height() / 2.0));
+        EXPECT_EQ(marked(), chosen);
+        EXPECT_EQ(box.text().toStdString(), chosen == 1 ? "10" : "210");
+        clickAt(option(chosen), QPointF(8, option(chosen).height() / 2.0));
+        EXPECT_EQ(marked(), chosen) << "a click on the marked one";
+    }
+}
+
 TEST_F(SettingsPagesTest, AnOptionThatAReportSelectsLeavesTheText) {
     change(settings.record, [](LoggerSettings& record) { record.samplesPerPoint = QStringLiteral("77"); });
     for (const int selected : {2, 4, 0, 1}) {
