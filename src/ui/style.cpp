@@ -138,7 +138,9 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
 
 void ProgramStyle::polish(QPalette& palette) {
     QProxyStyle::polish(palette);
-    constexpr double readable = 2.5;
+    // Of a pair of colours with a low contrast less can be told apart on dark.
+    const bool dark = isDark(palette);
+    const double readable = dark ? 4.5 : 2.5;
     const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {{QPalette::WindowText, QPalette::Window},
                                                                          {QPalette::ButtonText, QPalette::Button},
                                                                          {QPalette::Text, QPalette::Base}};
@@ -146,13 +148,19 @@ void ProgramStyle::polish(QPalette& palette) {
         const QColor behind = palette.color(QPalette::Active, ground);
         if (contrast(palette.color(QPalette::Disabled, text), behind) < readable) {
             const QColor front = palette.color(QPalette::Active, text);
-            palette.setColor(QPalette::Disabled, text,
-                             {(front.red() + behind.red()) / 2, (front.green() + behind.green()) / 2,
-                              (front.blue() + behind.blue()) / 2});
+            constexpr float step = 0.05F;
+            float share = 0.5F;
+            while (share < 1 && contrast(between(behind, front, share), behind) < readable) {
+                share += step;
+            }
+            palette.setColor(QPalette::Disabled, text, between(behind, front, share));
         }
     }
+    if (dark) {
+        palette.setColor(QPalette::Disabled, QPalette::Base, palette.color(QPalette::Active, QPalette::Window));
+    }
     // A desktop that knows no hints leaves them as on a light ground.
-    constexpr double readableHint = 3.5;
+    const double readableHint = dark ? 4.5 : 3.5;
     constexpr float hintShare = 0.65F;
     const QColor behind = palette.color(QPalette::Active, QPalette::Window);
     const QColor hint = palette.color(QPalette::Active, QPalette::PlaceholderText);

@@ -10,8 +10,8 @@
 namespace orv {
 
 /// The desktop's own style with four amends: buttons leave some room around their text, a button that is switched on
-/// stands out in light and dark, what is disabled and hints can still be read, and on a dark window outlines of boxes
-/// and the tab that is chosen can be seen.
+/// stands out in light and dark, what is disabled and hints can still be read, and on a dark window outlines of boxes,
+/// the tab that is chosen and which boxes are disabled can be seen.
 class ProgramStyle final : public QProxyStyle {
 public:
     using QProxyStyle::polish;

@@ -16,6 +16,30 @@
 namespace orv {
 namespace {
 
+using Vector = std::array<double, 3>;
+
+double linear(float part) {
+    return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+}
+
+Vector linear(const QColor& colour) {
+    return {linear(colour.redF()), linear(colour.greenF()), linear(colour.blueF())};
+}
+
+double dot(const Vector& left, const Vector& right) {
+    return left[0] * right[0] + left[1] * right[1] + left[2] * right[2];
+}
+
+double luminance(const Vector& rgb) {
+    return dot({0.2126, 0.7152, 0.0722}, rgb);
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const double first = luminance(linear(one)) + 0.05;
+    const double second = luminance(linear(other)) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
 int lightnessOfDisabledText(QPalette palette) {
     ProgramStyle style(QStringLiteral("Fusion"));
     style.polish(palette);
@@ -51,6 +75,21 @@ TEST(ProgramStyleTest, HintsCanBeReadWhereTheDesktopHasNoColourForThem) {
     EXPECT_GE(polished(QColor(45, 45, 48), faint).lightness(), 150);
     EXPECT_EQ(polished(QColor(240, 240, 240), faint), faint);
     EXPECT_EQ(polished(QColor(45, 45, 48), QColor(170, 170, 170)), QColor(170, 170, 170));
+}
+
+TEST(ProgramStyleTest, OnDarkWhatIsDisabledAndHintsHaveTheContrastOfText) {
+    ProgramStyle style(QStringLiteral("Fusion"));
+    QPalette dark = paletteOf(QColor(228, 228, 228), QColor(45, 45, 48), QColor(125, 125, 125));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::PlaceholderText, QColor(120, 120, 120));
+    style.polish(dark);
+    const QColor window = dark.color(QPalette::Active, QPalette::Window);
+    const QColor disabled = dark.color(QPalette::Disabled, QPalette::WindowText);
+    EXPECT_GE(contrast(disabled, window), 4.5);
+    EXPECT_LE(contrast(disabled, window), 7.0) << "it must not look enabled";
+    EXPECT_GE(contrast(dark.color(QPalette::PlaceholderText), window), 4.5);
+    EXPECT_EQ(dark.color(QPalette::Disabled, QPalette::Base), window) << "a disabled box has the window's ground";
+    EXPECT_EQ(dark.color(QPalette::Active, QPalette::Base), QColor(30, 30, 32));
 }
 
 TEST(ProgramStyleTest, AButtonLeavesRoomAroundItsText) {
@@ -156,7 +195,6 @@ TEST(ApplicationIcon, IsADropOnNothingInEverySize) {
     }
 }
 
-using Vector = std::array<double, 3>;
 using Matrix = std::array<Vector, 3>;
 
 /// What each kind of colour vision makes of linear red, green and blue, after Machado, Oliveira and Fernandes (2009),
@@ -166,28 +204,6 @@ constexpr Matrix visions[] = {
     {{{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}},
     {{{0.367322, 0.860646, -0.227968}, {0.280085, 0.672501, 0.047413}, {-0.011820, 0.042940, 0.968881}}},
     {{{1.255528, -0.076749, -0.178779}, {-0.078411, 0.930809, 0.147602}, {0.004733, 0.691367, 0.303900}}}};
-
-double linear(float part) {
-    return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-}
-
-Vector linear(const QColor& colour) {
-    return {linear(colour.redF()), linear(colour.greenF()), linear(colour.blueF())};
-}
-
-double dot(const Vector& left, const Vector& right) {
-    return left[0] * right[0] + left[1] * right[1] + left[2] * right[2];
-}
-
-double luminance(const Vector& rgb) {
-    return dot({0.2126, 0.7152, 0.0722}, rgb);
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const double first = luminance(linear(one)) + 0.05;
-    const double second = luminance(linear(other)) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
 
 /// CIE Lab of a colour as it is seen.
 Vector lab(const QColor& colour, const Matrix& vision) {
