@@ -92,6 +92,36 @@ TEST(ProgramStyleTest, OnDarkWhatIsDisabledAndHintsHaveTheContrastOfText) {
     EXPECT_EQ(dark.color(QPalette::Active, QPalette::Base), QColor(30, 30, 32));
 }
 
+TEST(ProgramStyleTest, ThePicturesOfMessagesAreDrawnForEachSize) {
+    const ProgramStyle style(QStringLiteral("Fusion"));
+    const std::pair<QStyle::StandardPixmap, QColor> table[] = {{QStyle::SP_MessageBoxInformation, QColor(45, 120, 190)},
+                                                               {QStyle::SP_MessageBoxQuestion, QColor(45, 120, 190)},
+                                                               {QStyle::SP_MessageBoxWarning, QColor(245, 185, 30)},
+                                                               {QStyle::SP_MessageBoxCritical, QColor(205, 60, 55)}};
+    for (const auto& [which, colour] : table) {
+        const QIcon icon = style.standardIcon(which, nullptr, nullptr);
+        const QImage usual = icon.pixmap(QSize(48, 48), 1.0).toImage();
+        const QImage large = icon.pixmap(QSize(48, 48), 2.0).toImage();
+        ASSERT_EQ(usual.size(), QSize(48, 48)) << which;
+        ASSERT_EQ(large.size(), QSize(96, 96)) << which;
+        EXPECT_EQ(qAlpha(large.pixel(0, 0)), 0) << which;
+        EXPECT_EQ(large.pixelColor(34, 80), colour) << which;
+        const auto blurred = [](const QImage& image) {
+            int count = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const int alpha = qAlpha(image.pixel(x, y));
+                    count += alpha != 0 && alpha != 255 ? 1 : 0;
+                }
+            }
+            return count;
+        };
+        // The edge is one pixel wide at either size; a picture that is scaled has two.
+        EXPECT_LE(blurred(large), 3 * blurred(usual)) << which;
+        EXPECT_EQ(style.standardPixmap(which, nullptr, nullptr).isNull(), false) << which;
+    }
+}
+
 TEST(ProgramStyleTest, AButtonLeavesRoomAroundItsText) {
     ProgramStyle style(QStringLiteral("Fusion"));
     QPushButton button(QStringLiteral("Retrieve Settings"));
