@@ -471,7 +471,9 @@ int main(int argc, char** argv) {
     const orv::Language shown(parser.value(language));
     QApplication::setStyle(new orv::ProgramStyle(QStringLiteral("Fusion")));
     if (parser.isSet(dark)) {
-        QApplication::setPalette(orv::darkPalette());
+        QPalette dark = orv::darkPalette();
+        QApplication::style()->polish(dark); // as it does with a desktop's
+        QApplication::setPalette(dark);
     }
     const QStringList sides = parser.value(size).split(u'x');
     const QSize wanted = sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();

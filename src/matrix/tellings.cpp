@@ -68,6 +68,7 @@ const char* const usual[] = {
     "Sent and read back at .*",
     "Read from the instrument at .*",
     "The instrument's clock was set .*",
+    "Saved \\d+ records? to memory\\.txt",
     "Waiting for the instrument\\. \"Quit\" in the dialog ends it\\.",
     "No answer from COM 1",
     // The next step.

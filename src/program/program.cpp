@@ -363,8 +363,9 @@ bool Program::dispatch() {
         tickStep_ = QT_TRANSLATE_NOOP("orv", "Reading the clock");
         settings.clock.checktime(line);
     }
-    // A clock that stands beside the instrument's would mislead, whatever the program does meanwhile.
-    if (state.Ctrlscrn == Operation::SettingsOpen || settings.shown.visible) {
+    // A clock that stands still beside the instrument's would mislead whoever sees the settings.
+    const bool isSeen = settings.shown.visible && link.session.commands.activity != Activity::ReadingSettings;
+    if (state.Ctrlscrn == Operation::SettingsOpen || isSeen) {
         const QDateTime now = link.session.clock.now();
         settings.shown.computerTime = clockText(now.time());
         settings.shown.computerDate = shortDate(now.date());

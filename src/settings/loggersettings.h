@@ -107,7 +107,8 @@ struct SettingsState {
 
     QProperty<bool> visible{false};
     QProperty<Lamp> lamp{Lamp::Off};
-    QProperty<int> samplingOption{0};    ///< The selected sampling-rate option, 1..4; 0 for none.
+    /// The sampling-rate option whose number the record has, 1..4; 0 for none. While a report is read, that of before.
+    QProperty<int> samplingOption{0};
     QProperty<QString> capacity;         ///< "Logger Capacity (% full)".
     QProperty<QString> memoryPointer;    ///< What it is computed from.
     QProperty<bool> syncTimeDate{false}; ///< "Sync Time/Date".

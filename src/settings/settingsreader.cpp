@@ -62,6 +62,11 @@ SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressStat
             link_.timer.wake();
         }
     }))
+    , changed_(settings_.record.addNotifier([this] {
+        if (prefsState == 0) { // a report selects at its end
+            selectSamplingOption();
+        }
+    }))
     , closing_(link_.connection.aboutToClose.subscribe([this] {
         prefsState = 0;
         settings_.sent.reset();

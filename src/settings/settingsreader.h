@@ -47,6 +47,7 @@ private:
     LoggerSettings reading_; ///< What the record would be if nobody typed while the report comes.
     qint64 lastLine_ = 0;    ///< Of a report, or its request; monotonic milliseconds.
     QPropertyNotifier requested_;
+    QPropertyNotifier changed_;
     Subscription closing_;
     Subscription identified_;
 };

@@ -99,6 +99,7 @@ void Download::begin(Target target, Operation operation, const Words& status) {
     lastData_ = link_.session.clock.monotonicMilliseconds();
     stallTold_ = false;
     savedOnTheWay_ = false;
+    saved_ = 0;
     status_ = status;
     // One line is taken at each tick. Erased records are lines of 7 characters, 137 a second at 9600 baud: more than
     // the 100 ticks a second that the timer has after settings were sent.
@@ -175,6 +176,7 @@ void Download::savefiletxt(const QString& reply) {
         return;
     }
     ++records_;
+    ++saved_;
     taken.tell(records_, row);
 }
 
@@ -240,7 +242,7 @@ Words Download::outcome() const {
     if (unread_ == 0) {
         return target_ == Target::Sheet
                    ? Words()
-                   : Words::tr("Saved %1 to %2").arg(recordsText(records_), QFileInfo(file_.fileName()).fileName());
+                   : Words::tr("Saved %1 to %2").arg(recordsText(saved_), QFileInfo(file_.fileName()).fileName());
     }
     return unread_ == 1 ? Words::tr("1 record could not be read; it is in %1").arg(log)
                         : Words::tr("%1 records could not be read; they are in %2").arg(unread_).arg(log);

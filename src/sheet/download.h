@@ -74,6 +74,7 @@ private:
     Target target_ = Target::None;
     QFile file_;
     int records_ = 0; ///< Data lines taken since ">O".
+    int saved_ = 0;   ///< Records in the file.
     int unread_ = 0;
     qint64 bytes_ = 0;
     qint64 lastData_ = 0; ///< Monotonic milliseconds.

@@ -103,6 +103,44 @@ TEST_P(AccessibilityTest, EveryPageIsOperableByKeyboardAndFits) {
     }
 }
 
+TEST_P(AccessibilityTest, TheSmallestWindowIsTheSameOnEveryPage) {
+    program.toggleServiceMode();
+    program.link.portChoices.choose(1, QStringLiteral("sim:trx"));
+    program.link.portChoices.choose(2, QStringLiteral("sim:glow"));
+    QCoreApplication::processEvents();
+    window->resize(1, 1);
+    QCoreApplication::processEvents();
+    const QSize least = window->size();
+    EXPECT_GE(least.height(), 440);
+    EXPECT_LE(least.height(), 490);
+    EXPECT_GE(least.width(), 780);
+    EXPECT_LE(least.width(), 800);
+    const auto& tabs = find<QTabBar>("TabStrip1");
+    onEachPage([&](const std::string& caption) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window->size(), least) << caption;
+        EXPECT_GE(tabs.width(), tabs.sizeHint().width()) << "the marker of a simulation takes the tabs' room";
+    });
+    showSheetWithEveryLine();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->size(), least);
+    EXPECT_EQ(findingsIn(*window, exemption), "");
+}
+
+TEST_P(AccessibilityTest, TheCalibrationPageFitsASmallScreen) {
+    program.toggleServiceMode();
+    fillCalibration();
+    window->resize(800, 600);
+    showPage(QStringLiteral("Calibration"));
+    QCoreApplication::processEvents();
+    const auto& page = find<QWidget>("CalibrationPage");
+    ASSERT_TRUE(page.isVisible());
+    EXPECT_EQ(window->size(), QSize(800, 600));
+    constexpr int spare = 8; // the program's own style makes buttons a little higher
+    EXPECT_LE(page.minimumSizeHint().height() + spare, page.parentWidget()->height());
+    EXPECT_LE(page.minimumSizeHint().width(), page.parentWidget()->width());
+}
+
 TEST_P(AccessibilityTest, EveryTabOfTheSettings) {
     for (const InstrumentType type : {InstrumentType::Unknown, InstrumentType::Trx, InstrumentType::Glow}) {
         status.instrument = type;

@@ -26,6 +26,9 @@ constexpr std::array<const char*, worksheetRows.size()> selectorCaptions{
     QT_TRANSLATE_NOOP("orv", "Point &2"), QT_TRANSLATE_NOOP("orv", "Point &3"), QT_TRANSLATE_NOOP("orv", "Point &4")};
 constexpr int firstSelector = 3;
 
+/// Between the rows of boxes: with it the page fits a window of 800 by 600.
+constexpr int rowSpacing = 2;
+
 QString angleText(int channel) {
     return QString::fromLatin1(channelAngles.at(static_cast<std::size_t>(channel)));
 }
@@ -33,6 +36,7 @@ QString angleText(int channel) {
 /// A grid of captions and one column for each channel; two of them stand below each other in line.
 QGridLayout* makeChannelGrid(QWidget* frame) {
     auto* grid = new QGridLayout(frame);
+    grid->setVerticalSpacing(rowSpacing);
     grid->setColumnMinimumWidth(0, QRadioButton(Screen::tr(selectorCaptions.back())).sizeHint().width());
     for (int channel = 0; channel < channelCount; ++channel) {
         grid->setColumnStretch(channel + 1, 1);
@@ -62,6 +66,9 @@ CalibrationPage::CalibrationPage(Program& program)
     right->addWidget(makeReference());
     right->addStretch();
     auto* pageLayout = new QVBoxLayout(this);
+    QMargins margins = pageLayout->contentsMargins();
+    margins.setBottom(0);
+    pageLayout->setContentsMargins(margins);
     pageLayout->addWidget(frame);
 }
 
@@ -193,6 +200,7 @@ QGroupBox* CalibrationPage::makeWorksheet() {
     auto* index = makeValueLabel("Label71", Screen::tr("Instrument index"));
     bindings_.bind(shown_.current, [index](qint16 current) { index->setText(QString::number(current)); });
     auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(6); // not the grid's
     buttons->addWidget(makeButton(
         Screen::tr("Calc &DP"), "Command12", [this] { calibration_.calcdp(); },
         Screen::tr("Writes the means of the rows on the data sheet into the selected row; for a point also its DP "

@@ -21,6 +21,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
@@ -37,6 +38,9 @@ namespace {
 /// before would delay the window by a quarter.
 constexpr int preparationDelay = 50;
 
+/// What every page can be used in; the window is about 780 x 460 with it.
+constexpr QSize leastPage(764, 362);
+
 } // namespace
 
 MainWindow::MainWindow(Program& program, Remembered* remembered)
@@ -46,7 +50,9 @@ MainWindow::MainWindow(Program& program, Remembered* remembered)
     , upperTabs_(makeStrip(upperCaptions(), "TabStrip1", Screen::tr("Pages"), Screen::tr("Form Select Tabs.")))
     , lowerTabs_(makeStrip(lowerCaptions(), "TabStrip2", Screen::tr("Service pages"),
                            Screen::tr("Special Tidelane Debug screens and Tools. Internal use only so far.")))
-    , pageArea_(new QWidget) {
+    , pageArea_(new QWidget)
+    , pageLayout_(new QGridLayout(pageArea_))
+    , pageRoom_(new QSpacerItem(leastPage.width(), leastPage.height())) {
     qApp->installEventFilter(&watch_);
     speakLabelValues();
     setObjectName(QStringLiteral("MainWindow"));
@@ -81,8 +87,18 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::addPage(Page page, QWidget* widget) {
     widget->hide();
-    pageArea_->layout()->addWidget(widget);
+    pageLayout_->addWidget(widget, 0, 0);
     pages_[page] = widget;
+}
+
+/// So that no page widens the window when it is shown.
+void MainWindow::keepRoomForPages() {
+    QSize least = leastPage;
+    for (const auto& [page, widget] : pages_) {
+        least = least.expandedTo(widget->minimumSizeHint());
+    }
+    pageRoom_->changeSize(least.width(), least.height());
+    pageLayout_->invalidate();
 }
 
 void MainWindow::prepareAllPages() {
@@ -98,10 +114,11 @@ void MainWindow::prepareAllPages() {
         remembered_->restoreChoices(*graphPage_);
     }
     addPage(Page::Sheet, sheetPage_);
-    addPage(Page::Graphical, graphPage_);
+    addPage(Page::Graphical, scrollable(graphPage_));
     addPage(Page::Debug, new DebugPage(program_));
     addPage(Page::Testing, scrollable(new TestingPage(program_)));
     addPage(Page::Calibration, scrollable(new CalibrationPage(program_)));
+    keepRoomForPages();
     // What is made later stands at the end of the tab order; the service strip comes after every page.
     QWidget* last = previousInFocusChain();
     while ((last->focusPolicy() & Qt::TabFocus) == 0 && last != lowerTabs_) {
@@ -117,8 +134,8 @@ void MainWindow::prepareAllPages() {
 void MainWindow::layOut() {
     auto* centre = new QWidget;
     auto* layout = new QVBoxLayout(centre);
-    auto* pages = new QVBoxLayout(pageArea_);
-    pages->setContentsMargins(0, 0, 0, 0);
+    pageLayout_->setContentsMargins(0, 0, 0, 0);
+    pageLayout_->addItem(pageRoom_, 0, 0);
     auto* upperRow = new QHBoxLayout;
     auto* serviceRow = new QHBoxLayout;
     layout->addLayout(upperRow);
@@ -170,6 +187,7 @@ void MainWindow::addSimulationMarker(QLayout* row) {
     marker->setAutoFillBackground(true);
     marker->setPalette(warningPalette());
     marker->setMargin(3);
+    marker->setMinimumWidth(1); // gives way before the tabs
     row->addWidget(marker);
     bindings_.bind(program_.link.portChoices.shown.simulation, [this, marker](const Words& text) {
         marker->setText(text.shown());

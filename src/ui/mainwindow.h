@@ -12,7 +12,9 @@
 #include <memory>
 #include <vector>
 
+class QGridLayout;
 class QMessageBox;
+class QSpacerItem;
 
 namespace orv {
 
@@ -56,6 +58,7 @@ private:
     void makeMenus();
     void makeConnectMenu(QMenu* operation);
     void addPage(Page page, QWidget* widget);
+    void keepRoomForPages();
     void layOut();
     void addSimulationMarker(QLayout* row);
     void addServiceMarker(QLayout* row);
@@ -80,6 +83,8 @@ private:
     ChoiceTabBar* upperTabs_;
     ChoiceTabBar* lowerTabs_;
     QWidget* pageArea_;
+    QGridLayout* pageLayout_;
+    QSpacerItem* pageRoom_; ///< Behind the pages: the least that the window leaves them.
     StatusPage* statusPage_ = nullptr;
     SheetPage* sheetPage_ = nullptr;
     GraphPage* graphPage_ = nullptr;

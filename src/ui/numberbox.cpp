@@ -12,6 +12,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <optional>
 #include <tuple>
 #include <utility>
 
@@ -84,6 +85,10 @@ void NumberBox::noteText() {
         return;
     }
     standing_ = text();
+    followMark();
+    if (!drawing_ && hasComma() && isVisible()) {
+        showHint(true);
+    }
     if (write_ && !drawing_) {
         write_(standing_);
     }
@@ -113,7 +118,7 @@ void NumberBox::keyPressEvent(QKeyEvent* event) {
     const auto before = state();
     QLineEdit::keyPressEvent(event);
     if (inserts || event->matches(QKeySequence::Paste)) {
-        showHint(state() == before);
+        showHint(state() == before || hasComma());
     }
 }
 
@@ -129,45 +134,55 @@ void NumberBox::markOutside(int minimum, int maximum, QLabel* remark) {
     minimum_ = minimum;
     maximum_ = maximum;
     remark_ = remark;
-    warning_ = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
-    warning_->setVisible(false);
-    connect(this, &QLineEdit::textChanged, this, [this] {
-        if (!isOutside()) {
-            setMarked(false);
-        } else if (!hasFocus()) {
-            setMarked(true);
-        }
-    });
-    setMarked(isOutside());
+    setMarked(!problem().isEmpty());
 }
 
 void NumberBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    setMarked(isOutside());
+    setMarked(!problem().isEmpty());
 }
 
-bool NumberBox::isOutside() const {
-    const double number = leadingNumber(text());
-    return maximum_ > 0 && !text().isEmpty() && (number < minimum_ || number > maximum_);
+/// What is wrong with the text; empty if nothing is.
+QString NumberBox::problem() const {
+    const QString now = text();
+    if (now.isEmpty()) {
+        return {};
+    }
+    const std::optional<double> number = numberText(now);
+    if (!number) {
+        return hint_;
+    }
+    if (maximum_ == 0 || (*number >= minimum_ && *number <= maximum_)) {
+        return {};
+    }
+    return *number < minimum_ ? Screen::tr("%1 is less than the minimum of %2.").arg(now).arg(minimum_)
+                              : Screen::tr("%1 is more than the maximum of %2.").arg(now).arg(maximum_);
+}
+
+void NumberBox::followMark() {
+    if (problem().isEmpty()) {
+        setMarked(false);
+    } else if (!hasFocus() || hasComma()) { // else it may still become one
+        setMarked(true);
+    }
 }
 
 void NumberBox::setMarked(bool marked) {
-    if (maximum_ == 0) {
-        return;
-    }
     if (marked || marked_) {
-        QString text;
-        if (marked) {
-            text = leadingNumber(this->text()) < minimum_
-                       ? Screen::tr("%1 is less than the minimum of %2.").arg(this->text()).arg(minimum_)
-                       : Screen::tr("%1 is more than the maximum of %2.").arg(this->text()).arg(maximum_);
+        const QString text = marked ? problem() : QString();
+        if (warning_ == nullptr) {
+            warning_ = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
         }
+        warning_->setVisible(marked);
         warning_->setToolTip(text);
         setAccessibleDescription(text);
-        remark_->setText(marked ? QStringLiteral("%1: %2").arg(accessibleName(), text) : QString());
+        if (remark_ != nullptr) {
+            remark_->setText(marked ? QStringLiteral("%1: %2").arg(accessibleName(), text) : QString());
+        }
     }
-    remark_->setVisible(marked);
-    warning_->setVisible(marked);
+    if (remark_ != nullptr) {
+        remark_->setVisible(marked);
+    }
     marked_ = marked;
 }
 

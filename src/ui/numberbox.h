@@ -16,12 +16,15 @@ namespace orv {
 /// input method or an assistive program), it is refused whole unless it leaves a number that is being typed; only
 /// blanks around it are left out. A key that is refused has a hint beside the box say what is taken. A text that is set
 /// by the program is shown whole, whatever it is, and can be shortened by the operator.
+///
+/// What stands in the box and is no number, or none in its range, is marked: when the box is left, or at once when the
+/// program sets it or when it has a comma, which device files know and no reader of numbers does.
 class NumberBox final : public QLineEdit {
 public:
     /// A box for a whole number without sign, of at most so many digits.
     static NumberBox* forDigits(int maximumDigits);
 
-    /// A box for a decimal number: a sign, digits, a point or a comma.
+    /// A box for a decimal number: a sign, digits, a point. A comma is taken and marked, with the hint.
     static NumberBox* forDecimals();
 
     /// Shows the property and writes into it what the operator puts into the box.
@@ -36,9 +39,8 @@ public:
         bindings_.bind(value, [this, text](const Value& now) { draw(now.*text); });
     }
 
-    /// A number below `minimum` or over `maximum` is marked when the box is left, or at once when the program sets it;
-    /// the mark goes as soon as the number is in range. `remark` is shown meanwhile and says so under the box's
-    /// accessible name.
+    /// A number below `minimum` or over `maximum` is marked too; the mark goes as soon as the number is in range.
+    /// `remark` is shown while there is a mark and says why under the box's accessible name.
     void markOutside(int minimum, int maximum, QLabel* remark);
 
     bool isMarked() const { return marked_; }
@@ -57,7 +59,9 @@ private:
     QValidator::State judge(QString& text, int& cursor) const;
     void noteText();
     void draw(const QString& shown);
-    bool isOutside() const;
+    bool hasComma() const { return text().contains(u','); }
+    QString problem() const;
+    void followMark();
     void setMarked(bool marked);
     void showHint(bool refused);
 
@@ -68,9 +72,9 @@ private:
     bool drawing_ = false;
     QString hint_; ///< What the box takes.
     int minimum_ = 0;
-    int maximum_ = 0; ///< 0: no number is marked.
+    int maximum_ = 0; ///< 0: every number is in range.
     QLabel* remark_ = nullptr;
-    QAction* warning_ = nullptr;
+    QAction* warning_ = nullptr; ///< Made for the first mark.
     bool marked_ = false;
 };
 

@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QMimeData>
+#include <QToolTip>
 
 #include <memory>
 
@@ -125,6 +126,48 @@ TEST(NumberBox, BlanksAreLeftOutWhereverTheTextGoesIn) {
         QGuiApplication::clipboard()->setText(QString::fromLatin1(pasted));
         box->paste();
         EXPECT_EQ(box->text().toStdString(), after) << '"' << pasted << '"';
+    }
+}
+
+TEST(NumberBox, ACommaIsMarkedAtOnceWhateverWayItComesIn) {
+    const std::unique_ptr<NumberBox> typed(NumberBox::forDecimals());
+    typed->show();
+    typed->setFocus();
+    type(*typed, "1");
+    EXPECT_FALSE(typed->isMarked());
+    type(*typed, ",5");
+    EXPECT_TRUE(typed->isMarked());
+    EXPECT_EQ(QToolTip::text().toStdString(), "Only a number: a sign, digits, a point.");
+    for (const auto& [way, put] : waysIn) {
+        const std::unique_ptr<NumberBox> box(NumberBox::forDecimals());
+        put(*box, QStringLiteral("1,5"));
+        EXPECT_TRUE(box->isMarked()) << way;
+        EXPECT_EQ(box->accessibleDescription().toStdString(), "Only a number: a sign, digits, a point.") << way;
+        box->selectAll();
+        put(*box, QStringLiteral("1.5"));
+        EXPECT_FALSE(box->isMarked()) << way;
+        EXPECT_EQ(box->accessibleDescription(), QString()) << way;
+    }
+}
+
+TEST(NumberBox, WhatIsNoNumberIsMarkedWhenTheBoxIsLeftOrTheProgramSetsIt) {
+    const std::unique_ptr<NumberBox> box(NumberBox::forDecimals());
+    box->show();
+    box->activateWindow();
+    QApplication::processEvents();
+    box->setFocus();
+    ASSERT_TRUE(box->hasFocus());
+    type(*box, "-");
+    EXPECT_FALSE(box->isMarked());
+    tellFocus(*box, QEvent::FocusOut);
+    EXPECT_TRUE(box->isMarked());
+
+    QProperty<QString> value;
+    const std::unique_ptr<NumberBox> shown(NumberBox::forDecimals());
+    shown->follow(value);
+    for (const auto& [text, marked] : {std::pair("0.001x", true), {"-.5", false}, {"offset", true}, {"", false}}) {
+        value = QString::fromLatin1(text);
+        EXPECT_EQ(shown->isMarked(), marked) << text;
     }
 }
 

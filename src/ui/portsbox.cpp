@@ -159,6 +159,12 @@ void PortChooser::choose(const QString& device) {
     }
 }
 
+void PortChooser::finish() {
+    if (typing_) {
+        choose(lineEdit()->text());
+    }
+}
+
 void PortChooser::showDevice() {
     const QString device = choices_.shown[portNumber_].device;
     const QSignalBlocker blocker(this);
@@ -276,21 +282,39 @@ constexpr int firstRefresh = 100;     ///< The same, after the box has been show
 
 } // namespace
 
-ConnectButton::ConnectButton(Program& program, int portNumber)
+ConnectButton::ConnectButton(Program& program, PortChooser& chooser)
     : program_(program)
-    , portNumber_(portNumber) {
-    setObjectName(QStringLiteral("ConnectButton%1").arg(portNumber));
+    , chooser_(chooser)
+    , portNumber_(chooser.portNumber()) {
+    setObjectName(QStringLiteral("ConnectButton%1").arg(portNumber_));
     setAutoDefault(false);
-    connect(this, &QPushButton::clicked, this,
-            [this] { disconnects_ ? program_.closePort() : program_.connectPort(portNumber_); });
-    const Connection::PortCommand& command = program.link.connection.portCommand(portNumber);
+    connect(this, &QPushButton::clicked, this, [this] { connectOrDisconnect(); });
+    const Connection::PortCommand& command = program.link.connection.portCommand(portNumber_);
     bindings_.bind(command.canConnect, [this](bool) { follow(); });
     bindings_.bind(command.canClose, [this](bool) { follow(); });
+    bindings_.bind(program.link.portChoices.shown[portNumber_].problem, [this](const Words&) { follow(); });
+    bindings_.bind(chooser.typing(), [this](bool) { follow(); });
     bindings_.bind(program.link.session.commands.activity, [this](Activity activity) {
         if (activity == Activity::Collecting || activity == Activity::Downloading) {
             disarm();
         }
     });
+}
+
+/// Why the text of the chooser is not in force; empty if it is, or while it is being mended.
+QString ConnectButton::refusal() const {
+    return chooser_.typing() ? QString() : program_.link.portChoices.shown[portNumber_].problem.value().shown();
+}
+
+void ConnectButton::connectOrDisconnect() {
+    if (disconnects_) {
+        program_.closePort();
+        return;
+    }
+    chooser_.finish(); // an access key leaves the focus in the box
+    if (refusal().isEmpty()) {
+        program_.connectPort(portNumber_);
+    }
 }
 
 void ConnectButton::follow() {
@@ -305,9 +329,12 @@ void ConnectButton::follow() {
                                         : (portNumber_ == 1 ? Screen::tr("&Connect") : Screen::tr("Co&nnect"));
     setText(caption);
     setAccessibleName(Screen::tr("%1 COM %2").arg(QString(caption).remove(u'&'), QString::number(portNumber_)));
+    const QString problem = refusal();
     setToolTip(disconnects ? Screen::tr("Closes COM %1. Rows on the sheet stay.").arg(portNumber_)
-                           : Screen::tr("Wakes the instrument on COM %1 and reads its settings.").arg(portNumber_));
-    setEnabled(disconnects || command.canConnect);
+               : !problem.isEmpty()
+                   ? problem
+                   : Screen::tr("Wakes the instrument on COM %1 and reads its settings.").arg(portNumber_));
+    setEnabled(disconnects || (command.canConnect && problem.isEmpty()));
     setEnterPresses(enterPresses_);
 }
 
@@ -342,7 +369,7 @@ void PortsBox::addPort(QGridLayout& layout, int portNumber) {
     const int row = 2 * (portNumber - 1);
     const auto index = static_cast<std::size_t>(portNumber - 1);
     auto* chooser = new PortChooser(choices_, portNumber);
-    auto* button = new ConnectButton(program_, portNumber);
+    auto* button = new ConnectButton(program_, *chooser);
     choosers_.at(index) = chooser;
     buttons_.at(index) = button;
     // As wide with either caption, so that nothing moves.

@@ -41,7 +41,14 @@ class PortChooser final : public QComboBox {
 public:
     PortChooser(PortChoices& choices, int portNumber);
 
+    int portNumber() const { return portNumber_; }
+    /// What the box holds has not been finished.
+    const QProperty<bool>& typing() const { return typing_; }
+
     void showPopup() override;
+
+    /// What is being typed counts from now on.
+    void finish();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -61,16 +68,17 @@ private:
     PortChoices& choices_;
     int portNumber_;
     PortChoiceModel model_;
-    bool typing_ = false;    ///< What the box holds has not been finished.
+    QProperty<bool> typing_{false};
     bool finishing_ = false; ///< The Enter key being handled finishes what was typed.
     Bindings bindings_;
 };
 
 /// The button beside the chooser of a port: "Connect", and "Disconnect" while the instrument is connected there. A
-/// second click of a double click does not disconnect again.
+/// second click of a double click does not disconnect again. What is being typed into the chooser counts before it
+/// connects; disabled, with the reason as its tool tip, while the chooser shows a text that was refused.
 class ConnectButton final : public EndingButton {
 public:
-    ConnectButton(Program& program, int portNumber);
+    ConnectButton(Program& program, PortChooser& chooser);
 
     /// Drawn as what the Enter key presses; only while it says "Connect".
     void setEnterPresses(bool on);
@@ -79,9 +87,12 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override { event->accept(); }
 
 private:
+    QString refusal() const;
+    void connectOrDisconnect();
     void follow();
 
     Program& program_;
+    PortChooser& chooser_;
     int portNumber_;
     bool disconnects_ = false;
     bool enterPresses_ = false;

@@ -172,6 +172,30 @@ TEST_F(PortsBoxTest, AMalformedNameIsToldBelowTheBoxAndStaysForMending) {
     EXPECT_EQ(device(), "myport");
 }
 
+TEST_F(PortsBoxTest, NothingConnectsWhileTheBoxHoldsWhatIsNoDevice) {
+    auto& connect = button("ConnectButton1");
+    ASSERT_TRUE(connect.isEnabled());
+    const QString usual = connect.toolTip();
+    enter(edit, "my port");
+    EXPECT_FALSE(connect.isEnabled());
+    EXPECT_FALSE(connect.isDefault());
+    EXPECT_EQ(connect.toolTip().toStdString(), complaint());
+    press(edit, Qt::Key_Escape);
+    EXPECT_TRUE(connect.isEnabled());
+    EXPECT_EQ(connect.toolTip(), usual);
+    // Its access key presses the button while the focus stays in the box.
+    retype(edit, "my port");
+    connect.click();
+    EXPECT_FALSE(connect.isEnabled());
+    EXPECT_EQ(complaint(), "\"my port\" is no device. COM 1 stays ttyA.");
+    EXPECT_EQ(program.link.ports.use(1).value(), PortUse::None);
+    retype(edit, "ttyUSB0");
+    EXPECT_TRUE(connect.isEnabled()) << "what is being mended is judged when it is finished";
+    connect.click();
+    EXPECT_EQ(program.link.ports.use(1).value(), PortUse::Instrument);
+    EXPECT_EQ(device(), "ttyUSB0");
+}
+
 TEST_F(PortsBoxTest, TheOtherPortsDeviceIsRefused) {
     enter(edit, "/dev/ttyB");
     EXPECT_EQ(complaint(),

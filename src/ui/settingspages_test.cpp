@@ -222,6 +222,11 @@ TEST_F(SettingsPagesTest, EachFrameHasItsOwnChoiceOfCalculation) {
 }
 
 TEST_F(SettingsPagesTest, DeviceFilesAreForTheScatteringMeterOnly) {
+    for (const char* name : {"Command13", "Command12"}) {
+        const auto& button = find<QPushButton>(name);
+        EXPECT_FALSE(button.isEnabled()) << name;
+        EXPECT_EQ(button.toolTip().toStdString(), "Device files are for the TRX only.") << name;
+    }
     click("Command13");
     click("Command12");
     EXPECT_TRUE(answers.asked.isEmpty());
@@ -245,6 +250,31 @@ TEST_F(SettingsPagesTest, AChosenSamplingOptionWritesItsPreset) {
     press(option(4), Qt::Key_Left);
     EXPECT_TRUE(option(3).isChecked());
     EXPECT_EQ(settings.record.value().samplesPerPoint, QStringLiteral("100")) << "the arrow keys choose too";
+}
+
+TEST_F(SettingsPagesTest, TheOptionOfATypedNumberIsMarked) {
+    openSettings("Sampling");
+    auto& box = find<QLineEdit>("Text2");
+    const auto marked = [this] {
+        int found = 0;
+        for (int number = 1; number <= 4; ++number) {
+            found = option(number).isChecked() ? 10 * found + number : found;
+        }
+        return found;
+    };
+    const std::pair<const char*, int> table[] = {{"10", 1}, {"700", 0}, {"100", 3}, {"0", 0}, {"210", 4}, {"1", 0}};
+    for (const auto& [typed, expected] : table) {
+        retype(box, typed);
+        EXPECT_EQ(marked(), expected) << typed;
+    }
+    for (const int chosen : {1, 4, 1}) {
+        retype(box, "700");
+        clickAt(option(chosen), QPointF(8, option(chosen).height() / 2.0));
+        EXPECT_EQ(marked(), chosen);
+        EXPECT_EQ(box.text().toStdString(), chosen == 1 ? "10" : "210");
+        clickAt(option(chosen), QPointF(8, option(chosen).height() / 2.0));
+        EXPECT_EQ(marked(), chosen) << "a click on the marked one";
+    }
 }
 
 TEST_F(SettingsPagesTest, AnOptionThatAReportSelectsLeavesTheText) {

@@ -147,7 +147,7 @@ TEST_F(SheetPageTest, RowsAreDrawnAWhileAfterTheyHaveComeAndAllAtOnce) {
 }
 
 TEST_F(SheetPageTest, AHiddenPageDrawsNothingUntilItIsShown) {
-    resizePage(250);
+    resizePage(370);
     showPage(QStringLiteral("Status and Controls"));
     addRows(15);
     constexpr int longerThanARefresh = 400;
@@ -161,7 +161,7 @@ TEST_F(SheetPageTest, AHiddenPageDrawsNothingUntilItIsShown) {
 }
 
 TEST_F(SheetPageTest, TheViewFollowsTheNewestRowFromTheTwelfthOn) {
-    resizePage(250);
+    resizePage(370);
     addRows(11);
     page.refreshNow();
     EXPECT_EQ(topRow(), 0);
@@ -201,7 +201,7 @@ TEST_F(SheetPageTest, ClearingEmptiesTheGridAndIsPassedOn) {
 }
 
 TEST_F(SheetPageTest, AsManyRowsInPlaceOfTheOldOnesAreFollowedToo) {
-    resizePage(250);
+    resizePage(370);
     for (int round = 0; round < 2; ++round) {
         sheetState.topRow = 0;
         sheet.removeRows();

@@ -79,8 +79,15 @@ StatisticsTable::StatisticsTable(const QString& name, const QString& hint)
 }
 
 void StatisticsTable::keepRoomFor(int lines) {
-    const int height = fontMetrics().height();
-    setMinimumHeight(height + lines * (height + verticalSpacing));
+    keptLines_ = lines;
+    reserve();
+}
+
+void StatisticsTable::reserve() {
+    if (keptLines_ > 0) {
+        const int height = fontMetrics().height();
+        setMinimumHeight(height + std::max(keptLines_, shownLines_) * (height + verticalSpacing));
+    }
 }
 
 void StatisticsTable::addRow() {
@@ -130,6 +137,8 @@ void StatisticsTable::show(const QString& what, const std::vector<Line>& lines) 
                 Screen::tr("%1 of %2", "the mean of a column").arg(Screen::tr(figures.at(figure).caption), name));
         }
     }
+    shownLines_ = static_cast<int>(lines.size()); // rows of another instrument may have more than the header names
+    reserve();
     // The one that goes first: for a moment both would take more room than is kept.
     QWidget* const shown = lines.empty() ? static_cast<QWidget*>(hint_) : table_;
     (shown == table_ ? static_cast<QWidget*>(hint_) : table_)->hide();

@@ -27,7 +27,8 @@ public:
     /// `hint` is shown while there is no line.
     StatisticsTable(const QString& name, const QString& hint);
 
-    /// Keeps the room of so many lines, also while there are fewer: nothing moves when they come and go.
+    /// Keeps the room of so many lines, also while there are fewer: nothing moves when they come and go. More get the
+    /// room that they need.
     void keepRoomFor(int lines);
 
     /// `what` says which rows these are; it stands over the names.
@@ -42,12 +43,15 @@ private:
     };
 
     void addRow();
+    void reserve();
 
     QLabel* hint_;
     QWidget* table_;
     QGridLayout* grid_;
     QLabel* what_;
     std::vector<Row> rows_;
+    int keptLines_ = 0; ///< 0: as many as are shown.
+    int shownLines_ = 0;
 };
 
 } // namespace orv

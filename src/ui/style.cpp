@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/style.h"
 
+#include <QIconEngine>
 #include <QPainter>
+#include <QPainterPath>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -85,6 +87,103 @@ void markChosen(const QStyleOptionTab& tab, QPainter& painter) {
         tab.palette.color(QPalette::Highlight));
 }
 
+/// What the kinds of messages show; `Other` is any other picture.
+enum class Sign { Information, Question, Warning, Critical, Other };
+
+Sign signOf(QStyle::StandardPixmap picture) {
+    switch (picture) {
+    case QStyle::SP_MessageBoxInformation:
+        return Sign::Information;
+    case QStyle::SP_MessageBoxQuestion:
+        return Sign::Question;
+    case QStyle::SP_MessageBoxWarning:
+        return Sign::Warning;
+    case QStyle::SP_MessageBoxCritical:
+        return Sign::Critical;
+    default:
+        return Sign::Other;
+    }
+}
+
+/// On a field of 48 by 48: a disc with an i, a question mark or a bar, or a triangle with an exclamation mark.
+void drawSign(QPainter& painter, Sign sign) {
+    painter.setPen(Qt::NoPen);
+    if (sign == Sign::Warning) {
+        constexpr double round = 5;
+        QPainterPath corners;
+        corners.addPolygon(QPolygonF({{24, 6.5}, {44.5, 42.5}, {3.5, 42.5}}));
+        corners.closeSubpath();
+        painter.setBrush(QColor(245, 185, 30));
+        painter.setPen(QPen(painter.brush(), round, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPath(corners);
+        const QColor dark(45, 40, 30);
+        painter.setPen(QPen(dark, round, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(QPointF(24, 18.5), QPointF(24, 29));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(dark);
+        painter.drawEllipse(QPointF(24, 37), 3, 3);
+        return;
+    }
+    painter.setBrush(sign == Sign::Critical ? QColor(205, 60, 55) : QColor(45, 120, 190));
+    painter.drawEllipse(QPointF(24, 24), 22, 22);
+    constexpr double stroke = 4.8;
+    painter.setPen(QPen(Qt::white, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    QPointF dot(24, 13.5);
+    switch (sign) {
+    case Sign::Information:
+        painter.drawLine(QPointF(24, 22), QPointF(24, 35));
+        break;
+    case Sign::Question: {
+        QPainterPath hook(QPointF(16.5, 18.5));
+        hook.cubicTo(16.5, 8.5, 31.5, 8.5, 31.5, 18.5);
+        hook.cubicTo(31.5, 23.5, 24, 23.5, 24, 29);
+        painter.drawPath(hook);
+        dot = {24, 36.5};
+        break;
+    }
+    default:
+        painter.drawLine(QPointF(14.5, 24), QPointF(33.5, 24));
+        return;
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(dot, 3, 3);
+}
+
+/// Draws a sign anew for each size, so that it is sharp on every screen.
+class SignEngine final : public QIconEngine {
+public:
+    explicit SignEngine(Sign sign)
+        : sign_(sign) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
+        constexpr double field = 48;
+        constexpr double faint = 0.5;
+        const double side = std::min(rect.width(), rect.height());
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(QRectF(rect).center() - QPointF(side / 2, side / 2));
+        painter->scale(side / field, side / field);
+        painter->setOpacity(mode == QIcon::Disabled ? faint : 1);
+        drawSign(*painter, sign_);
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, picture.rect(), mode, state);
+        return picture;
+    }
+
+    QIconEngine* clone() const override { return new SignEngine(sign_); }
+
+private:
+    Sign sign_;
+};
+
 PlotTheme themeOf(const QColor& background, const QColor& text, const QColor& focus) {
     constexpr float faint = 0.15F;
     PlotTheme theme{
@@ -161,7 +260,9 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
 
 void ProgramStyle::polish(QPalette& palette) {
     QProxyStyle::polish(palette);
-    constexpr double readable = 2.5;
+    // Of a pair of colours with a low contrast less can be told apart on dark.
+    const bool dark = isDark(palette);
+    const double readable = dark ? 4.5 : 2.5;
     const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {{QPalette::WindowText, QPalette::Window},
                                                                          {QPalette::ButtonText, QPalette::Button},
                                                                          {QPalette::Text, QPalette::Base}};
@@ -169,13 +270,19 @@ void ProgramStyle::polish(QPalette& palette) {
         const QColor behind = palette.color(QPalette::Active, ground);
         if (contrast(palette.color(QPalette::Disabled, text), behind) < readable) {
             const QColor front = palette.color(QPalette::Active, text);
-            palette.setColor(QPalette::Disabled, text,
-                             {(front.red() + behind.red()) / 2, (front.green() + behind.green()) / 2,
-                              (front.blue() + behind.blue()) / 2});
+            constexpr float step = 0.05F;
+            float share = 0.5F;
+            while (share < 1 && contrast(between(behind, front, share), behind) < readable) {
+                share += step;
+            }
+            palette.setColor(QPalette::Disabled, text, between(behind, front, share));
         }
     }
+    if (dark) {
+        palette.setColor(QPalette::Disabled, QPalette::Base, palette.color(QPalette::Active, QPalette::Window));
+    }
     // A desktop that knows no hints leaves them as on a light ground.
-    constexpr double readableHint = 3.5;
+    const double readableHint = dark ? 4.5 : 3.5;
     constexpr float hintShare = 0.65F;
     const QColor behind = palette.color(QPalette::Active, QPalette::Window);
     const QColor hint = palette.color(QPalette::Active, QPalette::PlaceholderText);
@@ -183,6 +290,20 @@ void ProgramStyle::polish(QPalette& palette) {
         palette.setColor(QPalette::PlaceholderText,
                          between(behind, palette.color(QPalette::Active, QPalette::WindowText), hintShare));
     }
+}
+
+QIcon ProgramStyle::standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const {
+    const Sign sign = signOf(picture);
+    return sign == Sign::Other ? QProxyStyle::standardIcon(picture, option, widget) : QIcon(new SignEngine(sign));
+}
+
+QPixmap ProgramStyle::standardPixmap(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const {
+    const Sign sign = signOf(picture);
+    if (sign == Sign::Other) {
+        return QProxyStyle::standardPixmap(picture, option, widget);
+    }
+    const int side = pixelMetric(PM_MessageBoxIconSize, option, widget);
+    return QIcon(new SignEngine(sign)).pixmap(QSize(side, side), widget == nullptr ? 1 : widget->devicePixelRatioF());
 }
 
 QPalette warningPalette() {

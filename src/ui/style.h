@@ -9,9 +9,10 @@
 
 namespace orv {
 
-/// The desktop's own style with four amends: buttons leave some room around their text, a button that is switched on
-/// stands out in light and dark with words that can be read, what is disabled and hints can still be read, and on a
-/// dark window outlines of boxes and the tab that is chosen can be seen.
+/// The desktop's own style with five amends: buttons leave some room around their text, a button that is switched on
+/// stands out in light and dark with words that can be read, what is disabled and hints can still be read, on a dark
+/// window outlines of boxes, the tab that is chosen and which boxes are disabled can be seen, and the pictures of
+/// messages are sharp at any size.
 class ProgramStyle final : public QProxyStyle {
 public:
     using QProxyStyle::polish;
@@ -26,6 +27,8 @@ public:
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
     void polish(QPalette& palette) override;
+    QIcon standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const override;
+    QPixmap standardPixmap(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const override;
 };
 
 /// Of a label that is to catch the eye: black on amber, on light and dark.

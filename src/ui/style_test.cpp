@@ -77,6 +77,51 @@ TEST(ProgramStyleTest, HintsCanBeReadWhereTheDesktopHasNoColourForThem) {
     EXPECT_EQ(polished(QColor(45, 45, 48), QColor(170, 170, 170)), QColor(170, 170, 170));
 }
 
+TEST(ProgramStyleTest, OnDarkWhatIsDisabledAndHintsHaveTheContrastOfText) {
+    ProgramStyle style(QStringLiteral("Fusion"));
+    QPalette dark = paletteOf(QColor(228, 228, 228), QColor(45, 45, 48), QColor(125, 125, 125));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::PlaceholderText, QColor(120, 120, 120));
+    style.polish(dark);
+    const QColor window = dark.color(QPalette::Active, QPalette::Window);
+    const QColor disabled = dark.color(QPalette::Disabled, QPalette::WindowText);
+    EXPECT_GE(contrast(disabled, window), 4.5);
+    EXPECT_LE(contrast(disabled, window), 7.0) << "it must not look enabled";
+    EXPECT_GE(contrast(dark.color(QPalette::PlaceholderText), window), 4.5);
+    EXPECT_EQ(dark.color(QPalette::Disabled, QPalette::Base), window) << "a disabled box has the window's ground";
+    EXPECT_EQ(dark.color(QPalette::Active, QPalette::Base), QColor(30, 30, 32));
+}
+
+TEST(ProgramStyleTest, ThePicturesOfMessagesAreDrawnForEachSize) {
+    const ProgramStyle style(QStringLiteral("Fusion"));
+    const std::pair<QStyle::StandardPixmap, QColor> table[] = {{QStyle::SP_MessageBoxInformation, QColor(45, 120, 190)},
+                                                               {QStyle::SP_MessageBoxQuestion, QColor(45, 120, 190)},
+                                                               {QStyle::SP_MessageBoxWarning, QColor(245, 185, 30)},
+                                                               {QStyle::SP_MessageBoxCritical, QColor(205, 60, 55)}};
+    for (const auto& [which, colour] : table) {
+        const QIcon icon = style.standardIcon(which, nullptr, nullptr);
+        const QImage usual = icon.pixmap(QSize(48, 48), 1.0).toImage();
+        const QImage large = icon.pixmap(QSize(48, 48), 2.0).toImage();
+        ASSERT_EQ(usual.size(), QSize(48, 48)) << which;
+        ASSERT_EQ(large.size(), QSize(96, 96)) << which;
+        EXPECT_EQ(qAlpha(large.pixel(0, 0)), 0) << which;
+        EXPECT_EQ(large.pixelColor(34, 80), colour) << which;
+        const auto blurred = [](const QImage& image) {
+            int count = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const int alpha = qAlpha(image.pixel(x, y));
+                    count += alpha != 0 && alpha != 255 ? 1 : 0;
+                }
+            }
+            return count;
+        };
+        // The edge is one pixel wide at either size; a picture that is scaled has two.
+        EXPECT_LE(blurred(large), 3 * blurred(usual)) << which;
+        EXPECT_EQ(style.standardPixmap(which, nullptr, nullptr).isNull(), false) << which;
+    }
+}
+
 TEST(ProgramStyleTest, AButtonLeavesRoomAroundItsText) {
     ProgramStyle style(QStringLiteral("Fusion"));
     QPushButton button(QStringLiteral("Retrieve Settings"));
