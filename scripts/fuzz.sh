@@ -3,6 +3,7 @@
 # Feeds each reader of what others wrote with inputs that libFuzzer makes up, and tells how far it came.
 # Usage: scripts/fuzz.sh [--plain] SECONDS [READER...]        each reader, or these, for so long
 #        scripts/fuzz.sh [--plain] --runs COUNT [READER...]   until so many inputs have been tried
+#                                                      (how often a branch is taken is not counted then: twice as fast)
 # --plain: optimised and without the sanitizers, so that more inputs a second show what does not hold.
 # What is found is kept in build/fuzz/found (--plain: build/fuzz-plain/found); then this ends with 1.
 # ORV_CORPUS=FOLDER keeps the inputs for the next time.
@@ -10,13 +11,13 @@ set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 usage() {
-    sed -n '3,8s/^# //p' "$0" >&2
+    sed -n '3,9s/^# //p' "$0" >&2
     exit 2
 }
 preset=fuzz
 [ "${1:-}" = --plain ] && { preset=fuzz-plain; shift; }
 case "${1:-}" in
-    --runs) [[ "${2:-}" =~ ^[0-9]+$ ]] || usage; limit=(-runs="$2"); shift 2 ;;
+    --runs) [[ "${2:-}" =~ ^[0-9]+$ ]] || usage; limit=(-runs="$2" -use_counters=0); shift 2 ;;
     *) [[ "${1:-}" =~ ^[0-9]+$ ]] || usage; limit=(-max_total_time="$1"); shift ;;
 esac
 readers=("$@")
