@@ -364,7 +364,8 @@ bool Program::dispatch() {
         settings.clock.checktime(line);
     }
     // A clock that stands still beside the instrument's would mislead whoever sees the settings.
-    const bool isSeen = settings.shown.visible && link.session.commands.activity != Activity::ReadingSettings;
+    const bool isSeen = settings.shown.visible && state.Ctrlscrn != Operation::ClockCheck &&
+                        link.session.commands.activity != Activity::ReadingSettings;
     if (state.Ctrlscrn == Operation::SettingsOpen || isSeen) {
         const QDateTime now = link.session.clock.now();
         settings.shown.computerTime = clockText(now.time());
