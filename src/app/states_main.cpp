@@ -205,6 +205,13 @@ int stayIn(const QString& state, const QString& device) {
 
 } // namespace orv
 
+#ifdef __SANITIZE_ADDRESS__
+/// What the libraries of the message bus and of session management keep until the process ends is no leak of ours.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libdbus-1\nleak:libSM\nleak:libICE\n";
+}
+#endif
+
 int main(int argc, char** argv) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication application(argc, argv);
