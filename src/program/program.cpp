@@ -25,9 +25,7 @@ Program::Program(const Surroundings& surroundings)
                      link.connection.wasReset.subscribe([this] {
                          forgetToldErrors();
                          pages.shown = pageOfCaption(pages.upperCaption);
-                     })} {
-    bindings_.bind(settings.shown.visible, [this](bool) { link.timer.wake(); }); // its clock runs from now on
-}
+                     })} {}
 
 Program::~Program() {
     link.waits.endAll();
@@ -363,10 +361,7 @@ bool Program::dispatch() {
         tickStep_ = QT_TRANSLATE_NOOP("orv", "Reading the clock");
         settings.clock.checktime(line);
     }
-    // A clock that stands still beside the instrument's would mislead whoever sees the settings.
-    const bool isSeen = settings.shown.visible && state.Ctrlscrn != Operation::ClockCheck &&
-                        link.session.commands.activity != Activity::ReadingSettings;
-    if (state.Ctrlscrn == Operation::SettingsOpen || isSeen) {
+    if (state.Ctrlscrn == Operation::SettingsOpen) {
         const QDateTime now = link.session.clock.now();
         settings.shown.computerTime = clockText(now.time());
         settings.shown.computerDate = shortDate(now.date());

@@ -121,7 +121,6 @@ private:
     void act(const char* operation, const std::function<void()>& body);
 
     std::vector<Subscription> subscriptions_;
-    Bindings bindings_;
     bool takingWhatArrived_ = false;
     enum class End { NotYet, Asked, Unasked } end_ = End::NotYet;
     const char* tickStep_ = ""; ///< What the tick is doing, for the message if it fails.

@@ -112,7 +112,6 @@ TEST_F(QuestionsTest, ALineLeftInTheBufferDoesNotKeepTheTickAwakeOffline) {
     com1.input = "one\r\ntwo\r\nthree\r\n";
     ticks();
     program.closePort();
-    settings.visible = false; // its clock goes on
     live(1.0);
     int ticksSeen = 0;
     const Subscription counting = timer.tick.subscribe([&ticksSeen] { ++ticksSeen; });

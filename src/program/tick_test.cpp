@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/text.h"
 #include "testing/programrig.h"
 
 namespace orv {
@@ -113,24 +112,6 @@ TEST_F(ProgramTest, TheTickThatReadsTheClockShowsTheComputersTimeToo) {
     clock.advance(afternoon);
     program.tick();
     EXPECT_EQ(settings.computerTime.value().toStdString(), "1:30:16 PM");
-}
-
-TEST_F(ProgramTest, TheComputersTimeGoesOnWhileTheSettingsAreSeenWhateverIsUnderWay) {
-    constexpr qint64 some = 5000;
-    connectAndRead();
-    settings.visible = true;
-    program.run();
-    clock.advance(some);
-    EXPECT_EQ(settings.computerTime.value(), clockText(clock.now().time()));
-    program.closePort();
-    clock.advance(some);
-    EXPECT_EQ(settings.computerTime.value(), clockText(clock.now().time()));
-    settings.visible = false;
-    clock.advance(some);
-    EXPECT_NE(settings.computerTime.value(), clockText(clock.now().time())) << "nobody sees it";
-    settings.visible = true;
-    clock.advance(some);
-    EXPECT_EQ(settings.computerTime.value(), clockText(clock.now().time()));
 }
 
 TEST_F(ProgramTest, TheClockOfTheNextInstrumentIsToBeSetAgainNotThatOfAClosedConnection) {
