@@ -36,7 +36,6 @@ ManualConnection::ManualConnection(Session& session, Connection& connection, Pro
                    ? Words::tr("The port is still open, so this would do nothing. Press Quit, then connect again.")
                    : Words();
     });
-    shown.canProceed.setBinding([this] { return shown.reason.value().isEmpty(); });
     shown.canStart.setBinding([this] { return shown.startEnabled.value() && shown.reason.value().isEmpty(); });
     shown.canRetry.setBinding([this] { return shown.retryEnabled.value() && shown.reason.value().isEmpty(); });
 }

@@ -19,9 +19,8 @@ struct ManualConnectionState {
     QProperty<bool> retryEnabled{true};
     QProperty<bool> seeking{false}; ///< "Start" waits without limit for the instrument.
 
-    /// What follows for "Proceed", "Start" and "Retry": while a procedure has the instrument, or its port is open, they
-    /// could do nothing or lead to nothing, and `reason` says so; it is empty otherwise.
-    QProperty<bool> canProceed;
+    /// What follows for "Start" and "Retry": while a procedure has the instrument, or its port is open, they could do
+    /// nothing, and `reason` says so; it is empty otherwise.
     QProperty<bool> canStart;
     QProperty<bool> canRetry;
     QProperty<Words> reason;

@@ -76,11 +76,10 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     bindings_.bind(shown.text, [text](const Words& now) { text->setPlainText(now.shown()); });
     bindVisible(bindings_, start, shown.startVisible);
     bindVisible(bindings_, proceed, shown.proceedVisible);
-    bindEnabled(bindings_, proceed, shown.canProceed);
     bindEnabled(bindings_, start, shown.canStart);
     bindEnabled(bindings_, retry, shown.canRetry);
-    bindings_.bind(shown.reason, [proceed, start, retry](const Words& reason) {
-        for (QPushButton* button : {proceed, start, retry}) {
+    bindings_.bind(shown.reason, [start, retry](const Words& reason) {
+        for (QPushButton* button : {start, retry}) {
             button->setToolTip(reason.shown());
             button->setAccessibleDescription(reason.shown());
         }
