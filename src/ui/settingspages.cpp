@@ -507,13 +507,11 @@ QWidget* makeGlowCalibrationPage(Program& program) {
     // Device files hold the scattering meter's six values; a fluorometer has none, so its two buttons do nothing.
     const auto nothing = [] {};
     const QString toolTip = Screen::tr("Device files are for the TRX only.");
-    auto* load = makeButton(Screen::tr("&Load Device File"), "Command13", nothing, toolTip);
-    auto* save = makeButton(Screen::tr("&Save Device File"), "Command12", nothing, toolTip);
-    load->setEnabled(false);
-    save->setEnabled(false);
     layout->addLayout(makeFoot(page, program.settings.shown.glowProvideRawCounts,
                                makeOption(Screen::tr("Calc Consentration in &ug/L"), "CalcConsentrationInUgL"),
-                               "GlowProvideRawCounts", load, save),
+                               "GlowProvideRawCounts",
+                               makeButton(Screen::tr("&Load Device File"), "Command13", nothing, toolTip),
+                               makeButton(Screen::tr("&Save Device File"), "Command12", nothing, toolTip)),
                       1);
     return page;
 }
