@@ -81,7 +81,7 @@ const char* const usual[] = {
     "Downloading\\. Reset stops it; what has arrived is kept\\.",
     "A question waits for your answer\\.",
     "The dialog Manual Connection says how to go on\\.",
-    "\\d+ rows?, not saved\\. Save As is on the page Output: Spread Sheet\\.",
+    "(\\d+ of )?\\d+ rows?, not saved\\. Save As is on the page Output: Spread Sheet\\.",
     "Press Run to collect\\. Reset ends a run\\.",
     "The sheet has rows of another type of instrument\\. Clear All is on the page Output: Spread Sheet\\.",
     // Of a command.

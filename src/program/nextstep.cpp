@@ -9,6 +9,15 @@ Words rowsInWords(const QString& count) {
 
 namespace {
 
+/// How many rows no file has, and of how many if a file has the others.
+Words rowsNotSaved(const SheetState& sheet) {
+    const int all = sheet.counter.value().toInt();
+    const int inFile = sheet.rowsInFile;
+    return inFile > 0 && inFile < all
+               ? Words::tr("%1 of %2 rows").arg(QString::number(all - inFile), QString::number(all))
+               : rowsInWords(sheet.counter);
+}
+
 Words connecting(const Link& link) {
     if (link.manual.shown.seeking) {
         return Words::tr("Switch the instrument's power on.");
@@ -57,7 +66,7 @@ Words underWay(Activity activity, const Link& link, const SettingsState& setting
 Words atRest(const Link& link, const SheetState& sheet) {
     const bool open = link.session.commands.portOpen;
     if (sheet.unsaved) {
-        return Words::tr("%1, not saved. Save As is on the page Output: Spread Sheet.").arg(rowsInWords(sheet.counter));
+        return Words::tr("%1, not saved. Save As is on the page Output: Spread Sheet.").arg(rowsNotSaved(sheet));
     }
     if (!open) {
         return link.portChoices.shown.offersSimulation
@@ -72,28 +81,39 @@ Words atRest(const Link& link, const SheetState& sheet) {
                               : Words::tr("Press Run to collect. Reset ends a run.");
 }
 
-Words sentence(const Link& link, const SettingsState& settings, const SheetState& sheet, const RunProgress& progress) {
-    const CommandState& commands = link.session.commands;
-    if (commands.asking) {
-        return Words::tr("A question waits for your answer.");
-    }
-    if (const Activity activity = commands.activity; activity != Activity::None) {
-        return underWay(activity, link, settings, progress);
-    }
-    if (Words failure = link.session.status.failure; !failure.isEmpty()) {
-        return sheet.unsaved ? Words::tr("%1 %2, not saved.").arg(failure, rowsInWords(sheet.counter)) : failure;
-    }
-    if (link.manual.shown.visible) {
-        return Words::tr("The dialog Manual Connection says how to go on.");
-    }
-    return atRest(link, sheet);
+/// What a failure asks for; empty without one.
+Words afterFailure(const Link& link, const SheetState& sheet) {
+    Words failure = link.session.status.failure;
+    return failure.isEmpty() || !sheet.unsaved ? failure
+                                               : Words::tr("%1 %2, not saved.").arg(failure, rowsNotSaved(sheet));
 }
 
 } // namespace
 
+// Each of these reads at most five properties at a time. Qt 6.4 keeps the observers of more than five in a list that
+// may move while one of them is being told of a change, which then ends the program.
 NextStep::NextStep(const Link& link, const SettingsState& settings, const SheetState& sheet,
                    const RunProgress& progress) {
-    text.setBinding([&link, &settings, &sheet, &progress] { return sentence(link, settings, sheet, progress); });
+    const CommandState& commands = link.session.commands;
+    underWay_.setBinding(
+        [&link, &settings, &progress] { return underWay(link.session.commands.activity, link, settings, progress); });
+    afterFailure_.setBinding([&link, &sheet] { return afterFailure(link, sheet); });
+    atRest_.setBinding([&link, &sheet] {
+        // Rows of a run are not counted here.
+        return link.session.commands.activity.value() == Activity::None ? atRest(link, sheet) : Words();
+    });
+    text.setBinding([this, &commands, &manual = link.manual.shown] {
+        if (commands.asking) {
+            return Words::tr("A question waits for your answer.");
+        }
+        if (commands.activity.value() != Activity::None) {
+            return underWay_.value();
+        }
+        if (!afterFailure_.value().isEmpty()) {
+            return afterFailure_.value();
+        }
+        return manual.visible ? Words::tr("The dialog Manual Connection says how to go on.") : atRest_.value();
+    });
 }
 
 } // namespace orv

@@ -16,6 +16,11 @@ public:
     NextStep& operator=(const NextStep&) = delete;
 
     QProperty<Words> text;
+
+private:
+    QProperty<Words> underWay_;
+    QProperty<Words> afterFailure_;
+    QProperty<Words> atRest_;
 };
 
 /// "114 rows", "1 row".

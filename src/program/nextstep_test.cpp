@@ -57,6 +57,27 @@ TEST_F(NextStepTest, CountsTheRowsThatAreNotSaved) {
     EXPECT_EQ(step(), "3 rows, not saved. Save As is on the page Output: Spread Sheet.");
 }
 
+TEST_F(NextStepTest, CountsOnlyTheRowsThatNoFileHasIfAFileHasTheOthers) {
+    runWithRows(3);
+    answers.fileName = path("sheet.txt");
+    program.saveAs();
+    receive("11/21/26\t2701\t10\t20\t30\t40\r\n");
+    ticks();
+    receive(">\r\n");
+    EXPECT_EQ(step(), "1 of 4 rows, not saved. Save As is on the page Output: Spread Sheet.");
+    program.clearAll();
+    program.bringBack();
+    EXPECT_EQ(step(), "1 of 4 rows, not saved. Save As is on the page Output: Spread Sheet.");
+    program.closePort();
+    program.openSheet();
+    connectAndRead();
+    program.run();
+    receive("R\r\n11/21/26\t2700\t10\t20\t30\t40\r\n");
+    ticks();
+    program.closePort();
+    EXPECT_EQ(step(), "1 of 4 rows, not saved. Save As is on the page Output: Spread Sheet.");
+}
+
 TEST_F(NextStepTest, SaysAFailureUntilItsPortHasAnotherDevice) {
     runWithRows(3);
     com1.unplugged = true;

@@ -165,6 +165,7 @@ DataSheet::Contents SheetRows::clear() {
     countRows();
     shown_.topRow = 0;
     shown_.unsaved = false;
+    shown_.rowsInFile = 0;
     shown_.file = QString();
     shown_.hasOtherType = false;
     // While the firmware is not known it counts as the older generation.
@@ -212,6 +213,7 @@ void SheetRows::replaceBy(LoadedSheet loaded) {
         sheet_.appendJoinedRow(std::move(row));
     }
     sheet_.noteRowsFromFile();
+    shown_.rowsInFile = sheet_.rowCount();
     countRows();
     followNewest();
 }
@@ -219,6 +221,7 @@ void SheetRows::replaceBy(LoadedSheet loaded) {
 void SheetRows::recover(LoadedSheet recorded) {
     replaceBy(std::move(recorded));
     shown_.unsaved = sheet_.rowCount() > 0;
+    shown_.rowsInFile = 0;
 }
 
 void SheetRows::followNewest() {

@@ -149,6 +149,7 @@ struct SheetState {
     QProperty<int> currentRow{0};                            ///< Grid cell that a procedure visited last.
     QProperty<int> currentColumn{0};
     QProperty<bool> unsaved{false}; ///< The sheet holds rows that no file has.
+    QProperty<int> rowsInFile{0};   ///< Its first rows, which the file of the last save or opening has.
     QProperty<QString> file;        ///< That the rows were saved to or opened from last, with its path; else empty.
     QProperty<SavedRows> saved;     ///< The last save or export, until the operator clears or replaces the sheet.
     QProperty<bool> rowsSinceSaved{false}; ///< Rows have come after it; without one it means nothing.

@@ -56,6 +56,7 @@ void Sheet::clearAll() {
     Cleared before{.contents = {},
                    .recorded = recordFile.standing(),
                    .unsaved = shown.unsaved,
+                   .rowsInFile = shown.rowsInFile,
                    .file = shown.file,
                    .saved = shown.saved,
                    .rowsSinceSaved = shown.rowsSinceSaved,
@@ -75,6 +76,7 @@ void Sheet::bringBack() {
     rows.putBack(std::move(before->contents));
     recordFile.takeBack(before->recorded);
     shown.unsaved = before->unsaved;
+    shown.rowsInFile = before->rowsInFile;
     shown.file = before->file;
     shown.saved = before->saved;
     shown.rowsSinceSaved = before->rowsSinceSaved;

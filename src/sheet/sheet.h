@@ -67,6 +67,7 @@ private:
         DataSheet::Contents contents;
         RecordFile::Standing recorded;
         bool unsaved = false;
+        int rowsInFile = 0;
         QString file;
         SavedRows saved;
         bool rowsSinceSaved = false;

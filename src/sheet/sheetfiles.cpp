@@ -185,6 +185,7 @@ SheetFiles::Outcome SheetFiles::write(const QString& name, bool autosaving) {
     }
     failureTold_ = false;
     shown_.unsaved = false;
+    shown_.rowsInFile = sheet_.rowCount();
     shown_.file = tellable(name);
     shown_.saved = SavedRows{.count = sheet_.rowCount(), .file = tellable(name)};
     saved.tell(sheetFileHoldsAll(sheet_));
