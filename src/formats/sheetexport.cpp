@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <optional>
+
 namespace orv {
 
 namespace {
@@ -113,8 +115,13 @@ QString SheetExport::offeredName() const {
 
 namespace {
 
-Words titleFor(const std::vector<RowRange>& chosen, int rows) {
+/// `rowCount` is empty while more may come before a file has been chosen.
+Words titleFor(const std::vector<RowRange>& chosen, std::optional<int> rowCount) {
     if (chosen.empty()) {
+        if (!rowCount) {
+            return Words::tr("Export all rows");
+        }
+        const int rows = *rowCount;
         return rows == 1 ? Words::tr("Export 1 row") : Words::tr("Export all %1 rows").arg(rows);
     }
     int count = 0;
@@ -131,8 +138,11 @@ Task<> SheetExport::exportSheet(std::vector<RowRange> chosen) {
     const Words title = Words::tr("Export");
     const int removals = sheet_.removals();
     const QString preset = shown_.fileName.value() + QLatin1String(".csv");
-    const Question question = saveQuestion(titleFor(chosen, sheet_.rowCount()), offeredName(), QStringLiteral(".csv"),
-                                           Words::tr("CSV or NetCDF (*.csv *.nc)"));
+    const Activity activity = link_.session.commands.activity;
+    const bool grows = activity == Activity::Collecting || activity == Activity::Downloading;
+    const Question question =
+        saveQuestion(titleFor(chosen, grows ? std::nullopt : std::optional(sheet_.rowCount())), offeredName(),
+                     QStringLiteral(".csv"), Words::tr("CSV or NetCDF (*.csv *.nc)"));
     const QString name = co_await link_.waits.answer(question);
     if (name.isEmpty()) {
         co_return;

@@ -176,6 +176,9 @@ TEST_F(SheetExportTest, WritesTheRowsThatWereChosen) {
     row("51\t2\t3\t4");
     EXPECT_TRUE(sheetState.rowsSinceSaved) << "not all that are there now";
     EXPECT_EQ(sheetState.saved.value().count, 5);
+    program.link.session.commands.activity = Activity::Collecting;
+    exported("running.csv");
+    EXPECT_EQ(answers.asked.back().section(u'|', 0, 0).toStdString(), "Export all rows") << "more may come";
 }
 
 TEST_F(SheetExportTest, OffersTheNameThatWasGivenLast) {
