@@ -489,7 +489,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>No answer from %1 within %2 s. Check power and cable, press Quit, connect again.</source>
-        <translation>Keine Antwort von %1 innerhalb von %2 s. Strom und Kabel prüfen, „Beenden“ drücken, erneut verbinden.</translation>
+        <translation>Keine Antwort von %1 innerhalb von %2 s. Strom und Kabel prüfen, „Abbrechen“ drücken, erneut verbinden.</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -497,7 +497,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess click Quit</source>
-        <translation>Für die manuelle Verbindung an Comm %1 auf „Fortfahren“ klicken. Zum Abbrechen auf „Beenden“ klicken.</translation>
+        <translation>Für die manuelle Verbindung an Comm %1 auf „Fortfahren“ klicken. Andernfalls auf „Abbrechen“ klicken.</translation>
     </message>
     <message>
         <source>Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that power is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready.</source>
@@ -509,7 +509,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>The port is still open, so this would do nothing. Press Quit, then connect again.</source>
-        <translation>Der Anschluss ist noch offen, daher bliebe dies ohne Wirkung. „Beenden“ drücken, dann erneut verbinden.</translation>
+        <translation>Der Anschluss ist noch offen, daher bliebe dies ohne Wirkung. „Abbrechen“ drücken, dann erneut verbinden.</translation>
     </message>
     <message>
         <source>Shut power off of sensor. Press (Start) then turn power on.</source>
@@ -521,7 +521,7 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>Waiting for the instrument. &quot;Quit&quot; in the dialog ends it.</source>
-        <translation>Warten auf das Instrument. „Beenden“ im Dialog beendet es.</translation>
+        <translation>Warten auf das Instrument. „Abbrechen“ im Dialog beendet es.</translation>
     </message>
     <message>
         <source>%1 is a file that this program writes itself while it runs, so nothing can be saved there.
@@ -1145,7 +1145,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>This was the 150th line of settings reports since the program started. There it ends the connection, once. Nothing is wrong: press Quit and connect again.</source>
-        <translation>Dies war die 150. Zeile von Einstellungsberichten seit dem Programmstart. An dieser Stelle beendet das Programm die Verbindung, ein einziges Mal. Alles ist in Ordnung: „Beenden“ drücken und erneut verbinden.</translation>
+        <translation>Dies war die 150. Zeile von Einstellungsberichten seit dem Programmstart. An dieser Stelle beendet das Programm die Verbindung, ein einziges Mal. Alles ist in Ordnung: „Abbrechen“ drücken und erneut verbinden.</translation>
     </message>
     <message>
         <source>%1 behind this computer&apos;s</source>
@@ -1912,10 +1912,6 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     <message>
         <source>What to do</source>
         <translation>Was zu tun ist</translation>
-    </message>
-    <message>
-        <source>Why the dialog is here</source>
-        <translation>Warum der Dialog da ist</translation>
     </message>
     <message>
         <source>&amp;Start</source>
@@ -3164,6 +3160,55 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>%1 rows, records %2 to %3</source>
         <translation>%1 Zeilen, Datensatz %2 bis %3</translation>
+    </message>
+    <message>
+        <source>Switch the instrument&apos;s power on: its first line is waited for. Quit ends the wait.</source>
+        <translation>Das Instrument einschalten: auf seine erste Zeile wird gewartet. „Abbrechen“ beendet das Warten.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 rows</source>
+        <translation>%1 von %2 Zeilen</translation>
+    </message>
+    <message>
+        <source>Nothing of this page is sent: it acts on the rows that come from now on.</source>
+        <translation>Von dieser Seite wird nichts gesendet: sie gilt für die Zeilen, die von jetzt an kommen.</translation>
+    </message>
+    <message>
+        <source>What is to be done</source>
+        <translation>Was zu tun ist</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <comment>of the dialog only</comment>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>The program is in service mode.</source>
+        <translation>Das Programm ist im Servicemodus.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>When read: %1</source>
+        <translation>Beim Lesen: %1</translation>
+    </message>
+    <message>
+        <source>Connect to read and to send settings.</source>
+        <translation>Zum Lesen und Senden von Einstellungen verbinden.</translation>
+    </message>
+    <message>
+        <source>No rows yet. Collect or download data, or open a sheet.</source>
+        <translation>Noch keine Zeilen. Daten messen oder herunterladen oder ein Blatt öffnen.</translation>
+    </message>
+    <message>
+        <source>Export all rows</source>
+        <translation>Alle Zeilen exportieren</translation>
+    </message>
+    <message>
+        <source>%1 and the header row copied.</source>
+        <translation>%1 und die Kopfzeile kopiert.</translation>
     </message>
 </context>
 </TS>

@@ -489,7 +489,7 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>No answer from %1 within %2 s. Check power and cable, press Quit, connect again.</source>
-        <translation>%1 no ha respondido en %2 s. Revise la alimentación y el cable, pulse «Salir» y conecte de nuevo.</translation>
+        <translation>%1 no ha respondido en %2 s. Revise la alimentación y el cable, pulse «Cancelar» y conecte de nuevo.</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -497,7 +497,7 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess click Quit</source>
-        <translation>Para iniciar la conexión manual en Comm %1, pulse «Continuar». Para abandonarla, pulse «Salir».</translation>
+        <translation>Para iniciar la conexión manual en Comm %1, pulse «Continuar». Para abandonarla, pulse «Cancelar».</translation>
     </message>
     <message>
         <source>Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that power is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready.</source>
@@ -509,7 +509,7 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>The port is still open, so this would do nothing. Press Quit, then connect again.</source>
-        <translation>El puerto sigue abierto, así que esto no haría nada. Pulse «Salir» y conecte de nuevo.</translation>
+        <translation>El puerto sigue abierto, así que esto no haría nada. Pulse «Cancelar» y conecte de nuevo.</translation>
     </message>
     <message>
         <source>Shut power off of sensor. Press (Start) then turn power on.</source>
@@ -521,7 +521,7 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>Waiting for the instrument. &quot;Quit&quot; in the dialog ends it.</source>
-        <translation>Esperando al instrumento. «Salir» en el diálogo termina la espera.</translation>
+        <translation>Esperando al instrumento. «Cancelar» en el diálogo termina la espera.</translation>
     </message>
     <message>
         <source>%1 is a file that this program writes itself while it runs, so nothing can be saved there.
@@ -1145,7 +1145,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>This was the 150th line of settings reports since the program started. There it ends the connection, once. Nothing is wrong: press Quit and connect again.</source>
-        <translation>Esta fue la línea 150 de informes de configuración desde el inicio del programa. Ahí el programa termina la conexión, una sola vez. No hay ningún fallo: pulse «Salir» y conecte de nuevo.</translation>
+        <translation>Esta fue la línea 150 de informes de configuración desde el inicio del programa. Ahí el programa termina la conexión, una sola vez. No hay ningún fallo: pulse «Cancelar» y conecte de nuevo.</translation>
     </message>
     <message>
         <source>%1 behind this computer&apos;s</source>
@@ -1912,10 +1912,6 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     <message>
         <source>What to do</source>
         <translation>Qué hacer</translation>
-    </message>
-    <message>
-        <source>Why the dialog is here</source>
-        <translation>Por qué aparece el diálogo</translation>
     </message>
     <message>
         <source>&amp;Start</source>
@@ -3164,6 +3160,55 @@ Compruebe el nombre.</translation>
     <message>
         <source>%1 rows, records %2 to %3</source>
         <translation>%1 filas, registros %2 a %3</translation>
+    </message>
+    <message>
+        <source>Switch the instrument&apos;s power on: its first line is waited for. Quit ends the wait.</source>
+        <translation>Encienda el instrumento: se espera su primera línea. «Cancelar» termina la espera.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 rows</source>
+        <translation>%1 de %2 filas</translation>
+    </message>
+    <message>
+        <source>Nothing of this page is sent: it acts on the rows that come from now on.</source>
+        <translation>Nada de esta página se envía: vale para las filas que lleguen desde ahora.</translation>
+    </message>
+    <message>
+        <source>What is to be done</source>
+        <translation>Qué hacer</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <comment>of the dialog only</comment>
+        <translation>Cance&amp;lar</translation>
+    </message>
+    <message>
+        <source>The program is in service mode.</source>
+        <translation>El programa está en modo de servicio.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>When read: %1</source>
+        <translation>Al leerlo: %1</translation>
+    </message>
+    <message>
+        <source>Connect to read and to send settings.</source>
+        <translation>Conecte para leer y enviar la configuración.</translation>
+    </message>
+    <message>
+        <source>No rows yet. Collect or download data, or open a sheet.</source>
+        <translation>Aún no hay filas. Mida o descargue datos, o abra una hoja.</translation>
+    </message>
+    <message>
+        <source>Export all rows</source>
+        <translation>Exportar todas las filas</translation>
+    </message>
+    <message>
+        <source>%1 and the header row copied.</source>
+        <translation>Copiado: %1 y el encabezado.</translation>
     </message>
 </context>
 </TS>

@@ -1914,10 +1914,6 @@ réglages, données en direct, données stockées, étalonnage.</translation>
         <translation>Que faire</translation>
     </message>
     <message>
-        <source>Why the dialog is here</source>
-        <translation>Raison de cette boîte de dialogue</translation>
-    </message>
-    <message>
         <source>&amp;Start</source>
         <translation>&amp;Démarrer</translation>
     </message>
@@ -3164,6 +3160,55 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>%1 rows, records %2 to %3</source>
         <translation>%1 lignes, enregistrements %2 à %3</translation>
+    </message>
+    <message>
+        <source>Switch the instrument&apos;s power on: its first line is waited for. Quit ends the wait.</source>
+        <translation>Mettez l&apos;instrument sous tension : le programme attend sa première ligne. « Quitter » met fin à l&apos;attente.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 rows</source>
+        <translation>%1 lignes sur %2</translation>
+    </message>
+    <message>
+        <source>Nothing of this page is sent: it acts on the rows that come from now on.</source>
+        <translation>Rien de cette page n&apos;est envoyé : elle s&apos;applique aux lignes qui arrivent désormais.</translation>
+    </message>
+    <message>
+        <source>What is to be done</source>
+        <translation>Que faire</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <comment>of the dialog only</comment>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>The program is in service mode.</source>
+        <translation>Le programme est en mode service.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>When read: %1</source>
+        <translation>À la lecture : %1</translation>
+    </message>
+    <message>
+        <source>Connect to read and to send settings.</source>
+        <translation>Connectez pour lire et envoyer les réglages.</translation>
+    </message>
+    <message>
+        <source>No rows yet. Collect or download data, or open a sheet.</source>
+        <translation>Pas encore de lignes. Mesurez ou téléchargez des données, ou ouvrez une feuille.</translation>
+    </message>
+    <message>
+        <source>Export all rows</source>
+        <translation>Exporter toutes les lignes</translation>
+    </message>
+    <message>
+        <source>%1 and the header row copied.</source>
+        <translation>Copié&#xa0;: %1 et l&apos;en-tête.</translation>
     </message>
 </context>
 </TS>

@@ -37,6 +37,14 @@ ManualConnection::ManualConnection(Session& session, Connection& connection, Pro
                    : Words();
     });
     shown.canStart.setBinding([this] { return shown.startEnabled.value() && shown.reason.value().isEmpty(); });
+    shown.advice.setBinding([this] {
+        if (shown.seeking) {
+            return Words::tr("Switch the instrument's power on: its first line is waited for. Quit ends the wait.");
+        }
+        // The text asks for "Start" then, whatever the port.
+        return shown.startVisible && !shown.reason.value().isEmpty() ? shown.reason.value()
+                                                                     : session_.status.failure.value();
+    });
     shown.canRetry.setBinding([this] { return shown.retryEnabled.value() && shown.reason.value().isEmpty(); });
 }
 

@@ -24,6 +24,10 @@ struct ManualConnectionState {
     QProperty<bool> canStart;
     QProperty<bool> canRetry;
     QProperty<Words> reason;
+
+    /// What is to be done now, or why the dialog has been shown, if an attempt or a connection ended by itself; may be
+    /// empty.
+    QProperty<Words> advice;
 };
 
 /// The "Manual Connection" dialog: lets the operator connect with a power cycle, by hand or after a failed attempt.
@@ -45,9 +49,6 @@ public:
     /// The dialog was closed by its frame or by Esc: while the instrument is not connected that is "Quit", afterwards
     /// the dialog only goes away.
     void closed();
-
-    /// Why the dialog has been shown, if an attempt or a connection ended by itself.
-    const QProperty<Words>& failure() const { return session_.status.failure; }
 
     ManualConnectionState shown;
 

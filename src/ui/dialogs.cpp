@@ -52,13 +52,13 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     text->setReadOnly(true);
     text->setTabChangesFocus(true);
     text->setMinimumSize(420, 110);
-    auto* failure = makeValueLabel("ManualFailure", Screen::tr("Why the dialog is here"));
-    failure->setWordWrap(true);
-    failure->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum); // a device may have a long name
+    auto* advice = makeValueLabel("ManualAdvice", Screen::tr("What is to be done"));
+    advice->setWordWrap(true);
+    advice->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum); // a device may have a long name
     auto* start = makeButton(Screen::tr("&Start"), "ManualStart", [this] { manual_.start(); });
     auto* proceed = makeButton(Screen::tr("&Proceed"), "ManualProceed", [this] { manual_.proceed(); });
     auto* retry = makeButton(Screen::tr("&Retry"), "ManualRetry", [this] { manual_.retry(); });
-    auto* quit = makeButton(Screen::tr("&Quit"), "ManualQuit", [this] { manual_.quit(); });
+    auto* quit = makeButton(Screen::tr("&Quit", "of the dialog only"), "ManualQuit", [this] { manual_.quit(); });
 
     auto* buttons = new QHBoxLayout;
     // A double click on "Proceed" must not press "Start", which appears as it goes.
@@ -68,7 +68,7 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
     buttons->addStretch(1);
     buttons->addWidget(quit);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(failure);
+    layout->addWidget(advice);
     layout->addWidget(text, 1);
     layout->addLayout(buttons);
 
@@ -84,9 +84,9 @@ ManualConnectionDialog::ManualConnectionDialog(ManualConnection& manual, QWidget
             button->setAccessibleDescription(reason.shown());
         }
     });
-    bindings_.bind(manual.failure(), [failure](const Words& why) {
-        failure->setText(why.shown());
-        failure->setVisible(!why.isEmpty());
+    bindings_.bind(shown.advice, [advice](const Words& now) {
+        advice->setText(now.shown());
+        advice->setVisible(!now.isEmpty());
     });
     bindings_.bind(shown.visible, [this](bool visible) { visible ? static_cast<void>(showUnasked(*this)) : hide(); });
 }
@@ -170,7 +170,9 @@ PlainEnglishWindow::PlainEnglishWindow(QWidget* parent)
     buttons->addWidget(makeButton(Screen::tr("&Close"), "ClosePlainEnglish", [this] { close(); }));
     connect(new QShortcut(QKeySequence(QKeySequence::Cancel), this), &QShortcut::activated, this, [this] { close(); });
     note_->setWordWrap(true);
-    note_->setForegroundRole(QPalette::Link);
+    QFont bold = note_->font();
+    bold.setBold(true);
+    note_->setFont(bold);
     note_->setContentsMargins(sideMargin, 0, sideMargin, 0);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(note_);

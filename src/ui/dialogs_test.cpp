@@ -76,7 +76,7 @@ TEST_F(ProgressDialogTest, AbortCannotBePressedAndTheTextBesideItSaysWhatCan) {
 class ManualConnectionDialogTest : public WindowTest {
 protected:
     QDialog& dialog() { return find<QDialog>("ManualConnection"); }
-    QLabel& failure() { return find<QLabel>("ManualFailure"); }
+    QLabel& failure() { return find<QLabel>("ManualAdvice"); }
 };
 
 TEST_F(ManualConnectionDialogTest, SaysWhyAnAttemptFailedAndWhatToDo) {
@@ -109,6 +109,29 @@ TEST_F(ManualConnectionDialogTest, BegunByHandNothingHasFailedAndEveryButtonWork
     click("ManualProceed");
     EXPECT_TRUE(button("ManualStart").isEnabled());
     EXPECT_FALSE(button("ManualStart").hasFocus()) << "a second Space would press it";
+}
+
+TEST_F(ManualConnectionDialogTest, WhenStartCanDoNothingTheLineAboveItsTextSaysSo) {
+    autoConnect();
+    click("ManualProceed");
+    EXPECT_EQ(find<QPlainTextEdit>("ManualText").toPlainText().toStdString(),
+              "Shut power off of sensor. Press (Start) then turn power on.");
+    EXPECT_FALSE(button("ManualStart").isEnabled());
+    EXPECT_EQ(failure().text().toStdString(),
+              "The port is still open, so this would do nothing. Press Quit, then connect again.");
+    EXPECT_TRUE(failure().isVisible());
+}
+
+TEST_F(ManualConnectionDialogTest, WhileTheInstrumentIsWaitedForTheDialogSaysWhatToDo) {
+    item("ManualConnect1").trigger();
+    click("ManualProceed");
+    click("ManualStart");
+    EXPECT_EQ(failure().text().toStdString(),
+              "Switch the instrument's power on: its first line is waited for. Quit ends the wait.");
+    EXPECT_TRUE(failure().isVisible());
+    click("ManualQuit");
+    item("ManualConnect1").trigger();
+    EXPECT_FALSE(failure().isVisible());
 }
 
 TEST_F(ManualConnectionDialogTest, TheOneEndOfTheConnectionAtTheReportsLine150SaysThatNothingIsWrong) {

@@ -54,6 +54,7 @@ MainWindow::MainWindow(Program& program, Remembered* remembered)
     , pageLayout_(new QGridLayout(pageArea_))
     , pageRoom_(new QSpacerItem(leastPage.width(), leastPage.height())) {
     qApp->installEventFilter(&watch_);
+    qApp->installEventFilter(&toolTips_);
     speakLabelValues();
     setObjectName(QStringLiteral("MainWindow"));
     layOut();
@@ -164,6 +165,7 @@ void MainWindow::addServiceMarker(QLayout* row) {
     auto* marker = new QWidget;
     marker->setObjectName(QStringLiteral("ServiceMarker"));
     marker->setAccessibleName(Screen::tr("Service mode"));
+    marker->setToolTip(Screen::tr("The program is in service mode."));
     marker->setFixedSize(14, 14);
     marker->setAutoFillBackground(true);
     row->addWidget(marker);

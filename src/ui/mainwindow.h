@@ -4,6 +4,7 @@
 #include "program/program.h"
 #include "ui/focus.h"
 #include "ui/operatorwatch.h"
+#include "ui/tooltips.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -80,6 +81,7 @@ private:
     Program& program_;
     Remembered* remembered_; ///< Null: nothing is kept.
     OperatorWatch watch_;
+    ToolTips toolTips_;
     ChoiceTabBar* upperTabs_;
     ChoiceTabBar* lowerTabs_;
     QWidget* pageArea_;

@@ -34,6 +34,12 @@ namespace {
 
 constexpr const char* questionMark = "question"; ///< The property of a dialog that is the program's question.
 
+/// The settings window while the operator is there, else the main window, which may be none.
+QWidget* windowInHand(QWidget* main) {
+    QWidget* settings = dynamic_cast<SettingsWindow*>(QApplication::activeWindow());
+    return settings != nullptr ? settings : main;
+}
+
 /// A question that only its buttons answer: Esc or the frame would count as No, and No loses the rows.
 class YesNoBox final : public QMessageBox {
 public:
@@ -316,6 +322,11 @@ void MessageBoxes::show(const Message& message) {
     // Not out of the box's own going: what it belongs to may be destroyed then.
     QObject::connect(
         box, &QObject::destroyed, &receiver_, [this] { tellIfRead(); }, Qt::QueuedConnection);
+    // The main window has it, as only that one is always there; it stands where the operator looks.
+    if (const QWidget* inHand = windowInHand(parent_); inHand != parent_) {
+        box->adjustSize();
+        box->move(inHand->geometry().center() - box->rect().center());
+    }
     showUnasked(*box);
 }
 
@@ -364,8 +375,7 @@ private:
 } // namespace
 
 Subscription QuestionDialogs::ask(const Question& question, Answered answered) {
-    QWidget* settings = dynamic_cast<SettingsWindow*>(QApplication::activeWindow());
-    QWidget* window = settings != nullptr ? settings : parent_.data();
+    QWidget* window = windowInHand(parent_);
     // The button that asked is disabled meanwhile and loses the focus to a neighbour.
     QWidget* focus = window != nullptr ? window->focusWidget() : nullptr;
     const QString folder = remembered_ != nullptr ? remembered_->folder(question.suffix) : QString();

@@ -177,7 +177,7 @@ void NumberBox::setMarked(bool marked) {
         warning_->setToolTip(text);
         setAccessibleDescription(text);
         if (remark_ != nullptr) {
-            remark_->setText(marked ? QStringLiteral("%1: %2").arg(accessibleName(), text) : QString());
+            remark_->setText(marked ? Screen::tr("%1: %2").arg(accessibleName(), text) : QString());
         }
     }
     if (remark_ != nullptr) {

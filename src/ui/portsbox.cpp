@@ -165,6 +165,17 @@ void PortChooser::finish() {
     }
 }
 
+void PortChooser::setMarked(const QString& why) {
+    if (warning_ == nullptr && !why.isEmpty()) {
+        warning_ =
+            lineEdit()->addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
+    }
+    if (warning_ != nullptr) {
+        warning_->setVisible(!why.isEmpty());
+        warning_->setToolTip(why);
+    }
+}
+
 void PortChooser::showDevice() {
     const QString device = choices_.shown[portNumber_].device;
     const QSignalBlocker blocker(this);
@@ -387,8 +398,9 @@ void PortsBox::addPort(QGridLayout& layout, int portNumber) {
     layout.addWidget(button, row, 2);
     layout.addWidget(problem, row + 1, 1, 1, 2, Qt::AlignTop);
     const PortChoiceState::Chooser& shown = choices_.shown[portNumber];
-    const auto showProblem = [problem, &shown](const Words&) {
+    const auto showProblem = [problem, chooser, &shown](const Words&) {
         const QString text = (shown.problem.value().isEmpty() ? shown.gone : shown.problem).value().shown();
+        chooser->setMarked(text);
         problem->setText(text);
         problem->setToolTip(text);
         problem->setVisible(!text.isEmpty());

@@ -37,7 +37,13 @@ protected:
         EXPECT_EQ(shown(), device);
         EXPECT_EQ(this->device(), device);
     }
-    std::string complaint() { return complaintLabel.isHidden() ? "" : complaintLabel.text().toStdString(); }
+    /// Also the sign in the box goes with it.
+    std::string complaint() {
+        const auto signs = edit.actions();
+        EXPECT_NE(std::any_of(signs.begin(), signs.end(), [](const QAction* sign) { return sign->isVisible(); }),
+                  complaintLabel.isHidden());
+        return complaintLabel.isHidden() ? "" : complaintLabel.text().toStdString();
+    }
 
     PortChooser& chooser = find<PortChooser>("PortChooser1");
     PortChooser& second = find<PortChooser>("PortChooser2");

@@ -49,6 +49,15 @@ protected:
     }
 };
 
+TEST_F(SettingsExchangeTest, WithoutAPortTheLineSaysWhyNothingCanBeSent) {
+    report();
+    const std::string before = exchange();
+    program.closePort();
+    EXPECT_EQ(exchange(), before + ". Connect to read and to send settings.");
+    find<QCheckBox>("Gain").click();
+    EXPECT_EQ(exchange(), "Changed and not sent yet: Gain. Connect to read and to send settings.");
+}
+
 TEST_F(SettingsExchangeTest, SentAndReadBackIsSaidOnlyWhenItWas) {
     click("ApplySettings");
     EXPECT_EQ(exchange(), "Sending ...");
@@ -109,7 +118,7 @@ TEST_F(SettingsExchangeTest, OfAChangedBoxTooItIsSaidHowItsSendingWent) {
     finish();
     EXPECT_EQ(exchange(), "Sent, and not read back yet");
     program.closePort();
-    EXPECT_EQ(exchange(), "Sent, and not read back yet");
+    EXPECT_EQ(exchange(), "Sent, and not read back yet. Connect to read and to send settings.");
     ports.open();
     report();
     find<QCheckBox>("Append").click();
@@ -121,7 +130,7 @@ TEST_F(SettingsExchangeTest, OfAChangedBoxTooItIsSaidHowItsSendingWent) {
 TEST_F(SettingsExchangeTest, AnotherConnectionsReportReadsNothingBack) {
     apply();
     program.closePort();
-    EXPECT_EQ(exchange(), "Sent, and not read back yet");
+    EXPECT_EQ(exchange(), "Sent, and not read back yet. Connect to read and to send settings.");
     ports.open();
     report();
     EXPECT_TRUE(exchange().starts_with("Read from the instrument at ")) << exchange();

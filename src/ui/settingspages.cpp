@@ -2,8 +2,10 @@
 #include "ui/settingspages.h"
 
 #include "base/words.h"
+#include "settings/plainenglish.h"
 #include "ui/dialogs.h"
 #include "ui/numberbox.h"
+#include "ui/settingspage.h"
 #include "ui/widgets.h"
 
 #include <QButtonGroup>
@@ -18,17 +20,6 @@
 namespace orv {
 
 namespace {
-
-/// A frame, and what it keeps to follow the program.
-class SettingsPage final : public QGroupBox {
-public:
-    SettingsPage(const QString& title, const char* name)
-        : QGroupBox(title) {
-        setObjectName(QLatin1String(name));
-    }
-
-    Bindings bindings;
-};
 
 void nameAfter(const Setting& setting, QWidget* control) {
     control->setObjectName(QLatin1String(setting.control));
@@ -51,21 +42,14 @@ QLabel* makeDescription(const QString& text, const char* name, QWidget* of) {
     return label;
 }
 
-QGridLayout* makeGrid(int horizontalSpacing, int verticalSpacing, QWidget* page = nullptr) {
-    auto* grid = new QGridLayout(page);
-    grid->setHorizontalSpacing(horizontalSpacing);
-    grid->setVerticalSpacing(verticalSpacing);
-    return grid;
-}
-
 /// Stands beside a box while what it says is not sent.
 QLabel* makeMark(SettingsPage* page, const QString& control, const QString& caption) {
     QLabel* mark = makeTextLabel(control + QLatin1String("Unsent"), caption);
     mark->setText(Screen::tr("not sent"));
-    mark->setForegroundRole(QPalette::Link);
-    QSizePolicy keepsItsRoom = mark->sizePolicy();
-    keepsItsRoom.setRetainSizeWhenHidden(true);
-    mark->setSizePolicy(keepsItsRoom);
+    QFont bold = mark->font();
+    bold.setBold(true);
+    mark->setFont(bold);
+    keepRoomOf(mark);
     mark->setParent(page);
     return mark;
 }
@@ -196,6 +180,19 @@ QLabel* makeClockLine(SettingsPage* page, const SettingsState& shown) {
 
 } // namespace
 
+namespace {
+
+/// Below the logger's time, which stands still: how far it was off when it was read. Empty while it is not known.
+QLabel* makeClockOffset(SettingsPage* page, const StatusState& status) {
+    QLabel* offset = makeValueLabel("LoggerClockOffset", Screen::tr("How the instrument's clock stands"));
+    page->bindings.bind(status.clockOffset, [offset](const std::optional<qint64>& ahead) {
+        offset->setText(ahead ? Screen::tr("When read: %1").arg(clockOffsetInWords(*ahead).shown()) : QString());
+    });
+    return offset;
+}
+
+} // namespace
+
 QWidget* makeTimeAndDatePage(Program& program) {
     auto* page = new SettingsPage(Screen::tr("Time and Date"), "TimeAndDateFrame");
     SettingsState& shown = program.settings.shown;
@@ -212,6 +209,7 @@ QWidget* makeTimeAndDatePage(Program& program) {
                              Screen::tr("This is the Loggers Time and Date at last display."),
                              {{date, "LoggerDate", Screen::tr("Logger Date"), shown.loggerDate},
                               {time, "LoggerTime", Screen::tr("Logger Time"), shown.loggerTime}});
+    static_cast<QFormLayout*>(logger->layout())->addRow(makeClockOffset(page, program.link.session.status));
 
     auto* sync = new QCheckBox(Screen::tr("&Sync Time/Date"));
     sync->setObjectName(QStringLiteral("SyncTimeDate"));
@@ -397,122 +395,15 @@ QWidget* makeSamplesPage(Program& program) {
     layout->addWidget(name, capacityRow, 0);
     layout->addWidget(capacity, capacityRow, 1);
     layout->addWidget(pointer, capacityRow, 2);
+    // The caption of the first box is another's than its number: that many samples make one data point.
+    QLabel* binning = makeValueLabel("SamplesInEnglish", Screen::tr("Description"));
+    layout->setRowMinimumHeight(layout->rowCount(), 8);
+    layout->addWidget(binning, layout->rowCount(), 0, 1, 4);
+    page->bindings.bind(program.settings.shown.record, [binning](const LoggerSettings& record) {
+        const QString sentence = inPlainEnglish(record).lines[PlainEnglish::Binning].shown().simplified();
+        binning->setText(record.samplesPerPoint.isEmpty() ? QString() : sentence);
+    });
     layout->setRowStretch(layout->rowCount(), 1);
-    return page;
-}
-
-namespace {
-
-QString offsetColumn() {
-    return Screen::tr("Clean Water Offset");
-}
-
-NumberBox* makeBox(const QString& name, const QString& accessibleName, QProperty<QString>& value) {
-    NumberBox* box = NumberBox::forDecimals();
-    box->setObjectName(name);
-    box->setAccessibleName(accessibleName);
-    box->follow(value);
-    return box;
-}
-
-/// The lower part of either frame: whether raw counts are provided, and the device file buttons.
-QLayout* makeFoot(SettingsPage* page, QProperty<bool>& provideRawCounts, QRadioButton* calculate, const char* rawName,
-                  QPushButton* load, QPushButton* save) {
-    auto* raw = makeOption(Screen::tr("&Provide Raw Counts"), rawName);
-    bindChoice(page->bindings, raw, calculate, provideRawCounts);
-    auto* foot = new QHBoxLayout;
-    const auto addColumn = [foot](QWidget* upper, QWidget* lower) {
-        auto* column = new QVBoxLayout;
-        column->setSpacing(8);
-        column->addWidget(upper);
-        column->addWidget(lower);
-        column->addStretch(1);
-        foot->addLayout(column);
-    };
-    addColumn(calculate, raw);
-    foot->addStretch(1);
-    addColumn(load, save);
-    return foot;
-}
-
-QGridLayout* makeAngles(SettingsState& shown) {
-    struct Angle {
-        const char* caption;
-        const char* offset;
-        const char* scale;
-    };
-    constexpr Angle angles[] = {
-        {QT_TRANSLATE_NOOP("orv", "Angle &100 (l1)"), "Text10", "Text13"},
-        {QT_TRANSLATE_NOOP("orv", "Angle 1&25 (l2)"), "Text8", "Text11"},
-        {QT_TRANSLATE_NOOP("orv", "Angle 1&50 (l3)"), "Text9", "Text12"},
-    };
-    const QString scaleColumn = QStringLiteral("1/mC");
-    auto* layout = makeGrid(16, 8);
-    layout->setColumnStretch(3, 1);
-    layout->addWidget(new QLabel(offsetColumn()), 0, 1);
-    layout->addWidget(new QLabel(scaleColumn), 0, 2);
-    int row = 1;
-    for (const Angle& angle : angles) {
-        CalibrationBoxes& boxes = shown.trxCalibration.at(static_cast<std::size_t>(row - 1));
-        const QString caption = Screen::tr(angle.caption);
-        const QString name = QString(caption).remove(u'&') + QStringLiteral(", ");
-        NumberBox* offset = makeBox(QString::fromLatin1(angle.offset), name + offsetColumn(), boxes.offset);
-        layout->addWidget(makeCaption(caption, offset), row, 0);
-        layout->addWidget(offset, row, 1);
-        layout->addWidget(makeBox(QString::fromLatin1(angle.scale), name + scaleColumn, boxes.scale), row, 2);
-        ++row;
-    }
-    return layout;
-}
-
-} // namespace
-
-QWidget* makeTrxCalibrationPage(Program& program) {
-    auto* page = new SettingsPage(Screen::tr("TRX Calibration: Offsets and B calculations"), "TrxCalibrationFrame");
-    DeviceFiles& files = program.settings.deviceFiles;
-    auto* load = makeButton(Screen::tr("&Load Device File"), "Command6", [&files] { files.loadDeviceFile(); });
-    auto* save = makeButton(Screen::tr("&Save Device File"), "Command11", [&files] { files.saveDeviceFile(); });
-    for (QPushButton* button : {load, save}) {
-        bindEnabled(page->bindings, button, program.link.session.commands.canAsk);
-    }
-    auto* layout = new QVBoxLayout(page);
-    layout->setSpacing(20);
-    layout->addLayout(makeAngles(program.settings.shown));
-    layout->addLayout(makeFoot(page, program.settings.shown.trxProvideRawCounts,
-                               makeOption(Screen::tr("Calc &B Values"), "CalcBValues"), "TrxProvideRawCounts", load,
-                               save),
-                      1);
-    return page;
-}
-
-QWidget* makeGlowCalibrationPage(Program& program) {
-    auto* page = new SettingsPage(Screen::tr("GLW Calibration: Offsets and B calculations"), "GlowCalibrationFrame");
-    CalibrationBoxes& boxes = program.settings.shown.glowCalibration;
-    NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), boxes.offset);
-    NumberBox* scale = makeBox(QStringLiteral("GlowScale"), QStringLiteral("ug/IC"), boxes.scale);
-    // Reads as the formula by which counts become a concentration: counts less the offset, times the scale.
-    auto* formula = makeGrid(8, 8);
-    formula->addWidget(new QLabel(offsetColumn()), 0, 2);
-    formula->addWidget(new QLabel(QStringLiteral("Fchl =")), 1, 0);
-    formula->addWidget(makeCaption(Screen::tr("C&ounts -"), offset), 1, 1);
-    formula->addWidget(offset, 1, 2);
-    formula->setColumnMinimumWidth(3, 16);
-    formula->addWidget(scale, 1, 4);
-    formula->addWidget(makeCaption("u&g/IC", scale), 1, 5);
-    formula->setColumnStretch(6, 1);
-
-    auto* layout = new QVBoxLayout(page);
-    layout->setSpacing(20);
-    layout->addLayout(formula);
-    // Device files hold the scattering meter's six values; a fluorometer has none, so its two buttons do nothing.
-    const auto nothing = [] {};
-    const QString toolTip = Screen::tr("Device files are for the TRX only.");
-    layout->addLayout(makeFoot(page, program.settings.shown.glowProvideRawCounts,
-                               makeOption(Screen::tr("Calc Consentration in &ug/L"), "CalcConsentrationInUgL"),
-                               "GlowProvideRawCounts",
-                               makeButton(Screen::tr("&Load Device File"), "Command13", nothing, toolTip),
-                               makeButton(Screen::tr("&Save Device File"), "Command12", nothing, toolTip)),
-                      1);
     return page;
 }
 

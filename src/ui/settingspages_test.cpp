@@ -83,6 +83,28 @@ TEST_F(SettingsPagesTest, ClocksAreShown) {
     EXPECT_EQ(text("LoggerTime"), "0:15:07 PM");
 }
 
+TEST_F(SettingsPagesTest, HowFarTheLoggersClockWasOffWhenItWasReadStandsBelowIt) {
+    EXPECT_EQ(text("LoggerClockOffset"), "");
+    status.clockOffset = -43;
+    EXPECT_EQ(text("LoggerClockOffset"), "When read: 43 s behind this computer's");
+    program.closePort();
+    EXPECT_EQ(text("LoggerClockOffset"), "");
+}
+
+TEST_F(SettingsPagesTest, WhatTheNumberOfSamplesMeansStandsBelowTheBoxes) {
+    EXPECT_EQ(text("SamplesInEnglish"), "It will bin for 30 sample(s) to create 1 data point.");
+    retype(find<QLineEdit>("Text2"), "20");
+    EXPECT_EQ(text("SamplesInEnglish"), "It will bin for 20 sample(s) to create 1 data point.");
+    settings.record = LoggerSettings();
+    EXPECT_EQ(text("SamplesInEnglish"), "");
+}
+
+TEST_F(SettingsPagesTest, TheCalibrationsSayThatTheyAreNotSent) {
+    for (const char* name : {"TrxCalibrationUse", "GlowCalibrationUse"}) {
+        EXPECT_EQ(text(name), "Nothing of this page is sent: it acts on the rows that come from now on.");
+    }
+}
+
 TEST_F(SettingsPagesTest, CheckBoxesAreTheRecord) {
     const std::pair<const char*, bool LoggerSettings::*> table[] = {
         {"AutoStart", &LoggerSettings::autoStart},   {"Append", &LoggerSettings::append},

@@ -32,6 +32,11 @@ constexpr int calibrationTab = std::size(tabs) - 1;
 /// Of more settings that are not sent some are only counted; their names have room in two lines.
 constexpr qsizetype mostNamed = 4;
 
+/// With a full stop at its end.
+QString asSentence(const QString& text) {
+    return text.endsWith(u'.') ? text : text + u'.';
+}
+
 QStringList tabCaptions() {
     QStringList captions;
     for (const Tab& tab : tabs) {
@@ -126,7 +131,8 @@ QWidget* SettingsWindow::makeExchange() {
     line->setMinimumHeight(2 * line->fontMetrics().lineSpacing()); // of most texts, so that nothing moves
     const SettingsState& shown = program_.settings.shown;
     const QProperty<Activity>& activity = program_.link.session.commands.activity;
-    const auto tell = [line, &shown, &activity](auto&&) {
+    const QProperty<bool>& portOpen = program_.link.session.commands.portOpen;
+    const auto tell = [line, &shown, &activity, &portOpen](auto&&) {
         const Words sync = Words::tr("Sync Time/Date");
         QList<Words> unsent = captionsOf(shown.unsent());
         if (shown.syncUnsent()) {
@@ -145,11 +151,16 @@ QWidget* SettingsWindow::makeExchange() {
         } else if (shown.syncTimeDate && !shown.syncPending && activity == Activity::None) {
             const QString exchange = shown.exchange.value().shown();
             line->setText(Screen::tr("%1 %2 is still ticked: \"Apply Settings\" sets the clock again.")
-                              .arg(exchange.endsWith(u'.') ? exchange : exchange + u'.', sync.shown()));
+                              .arg(asSentence(exchange), sync.shown()));
         } else {
             line->setText(shown.exchange.value().shown());
         }
+        if (!portOpen) {
+            const QString advice = Screen::tr("Connect to read and to send settings.");
+            line->setText(line->text().isEmpty() ? advice : asSentence(line->text()) + u' ' + advice);
+        }
     };
+    bindings_.bind(portOpen, tell);
     bindings_.bind(shown.record, tell);
     bindings_.bind(shown.reported, tell);
     bindings_.bind(shown.exchange, tell);

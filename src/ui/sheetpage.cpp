@@ -40,13 +40,6 @@ QString counted(const SheetGrid::Selected& selected) {
     return count == 1 ? Screen::tr("1 cell") : Screen::tr("%1 cells").arg(count);
 }
 
-/// A control that comes and goes without anything else moving.
-void keepRoomOf(QWidget* control) {
-    QSizePolicy policy = control->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    control->setSizePolicy(policy);
-}
-
 } // namespace
 
 SheetPage::SheetPage(Program& program)
@@ -62,9 +55,7 @@ SheetPage::SheetPage(Program& program)
     , findBar_(new QWidget)
     , findBox_(makeBox("FindBox", Screen::tr("What to look for in the cells of the sheet.")))
     , found_(makeTextLabel("FindResult", Screen::tr("Found")))
-    , statistics_(new StatisticsTable(QStringLiteral("SheetStatistics"),
-                                      Screen::tr("Select cells, a row by its number or a column by its header: "
-                                                 "to copy them, and for their mean and standard deviation.")))
+    , statistics_(new StatisticsTable(QStringLiteral("SheetStatistics"), QStringLiteral(" ")))
     , redrawing_(this, refreshDelay, [this] { refreshNow(); })
     , computing_(this, statisticsDelay, [this] {
         refreshNow();
@@ -100,6 +91,11 @@ SheetPage::SheetPage(Program& program)
                           computing_.noteChange();
                       })};
     bindings_.bind(shown_.counter, [this](const QString&) { schedule(); });
+    bindings_.bind(program.link.session.commands.sheetHoldsRows, [this](bool hold) {
+        statistics_->setHint(hold ? Screen::tr("Select cells, a row by its number or a column by its header: "
+                                               "to copy them, and for their mean and standard deviation.")
+                                  : Screen::tr("No rows yet. Collect or download data, or open a sheet."));
+    });
     bindings_.bind(shown_.topRow, [this](int) { schedule(); });
     const auto visit = [this](int) {
         visitPending_ = true;
@@ -175,7 +171,8 @@ QLayout* SheetPage::makeNotice(Program& program) {
 
 void SheetPage::copy(bool withHeader) {
     if (grid_->copy(withHeader)) {
-        copied_ = Screen::tr("%1 copied.").arg(counted(grid_->whatIsSelected()));
+        copied_ = (withHeader ? Screen::tr("%1 and the header row copied.") : Screen::tr("%1 copied."))
+                      .arg(counted(grid_->whatIsSelected()));
         tellWhatBecame();
     }
 }

@@ -214,6 +214,10 @@ TEST_F(SheetSelectionTest, TheStatisticsAreThoseOfEachColumnOfTheSelection) {
     program.clearAll();
     page.refreshNow();
     EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible());
+    EXPECT_EQ(text("SheetStatisticsHint"), "No rows yet. Collect or download data, or open a sheet.");
+    program.bringBack();
+    EXPECT_EQ(text("SheetStatisticsHint"), "Select cells, a row by its number or a column by its header: to copy "
+                                           "them, and for their mean and standard deviation.");
 }
 
 TEST_F(SheetSelectionTest, OneSelectedRowIsToldToo) {
@@ -251,6 +255,8 @@ TEST_F(SheetSelectionTest, NothingMovesUnderThePointerThatDrawsASelection) {
     EXPECT_EQ(copied(Qt::ShiftModifier).substr(0, 3), "51\t");
     QCoreApplication::processEvents();
     EXPECT_EQ(text("SheetNotice"), "10 rows copied.");
+    EXPECT_EQ(copied().substr(0, 4), "Data");
+    EXPECT_EQ(text("SheetNotice"), "10 rows and the header row copied.");
     EXPECT_EQ(grid.geometry(), place);
     clickCell(55, 3);
     EXPECT_EQ(text("SheetNotice"), "");

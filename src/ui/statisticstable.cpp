@@ -78,6 +78,10 @@ StatisticsTable::StatisticsTable(const QString& name, const QString& hint)
     }
 }
 
+void StatisticsTable::setHint(const QString& hint) {
+    hint_->setText(hint);
+}
+
 void StatisticsTable::keepRoomFor(int lines) {
     keptLines_ = lines;
     reserve();

@@ -27,6 +27,8 @@ public:
     /// `hint` is shown while there is no line.
     StatisticsTable(const QString& name, const QString& hint);
 
+    void setHint(const QString& hint);
+
     /// Keeps the room of so many lines, also while there are fewer: nothing moves when they come and go. More get the
     /// room that they need.
     void keepRoomFor(int lines);

@@ -278,6 +278,7 @@ QGroupBox* StatusPage::makeControlsBox(Program& program) {
         Screen::tr("Moves the instrument's shutter back to its rest position."));
     for (QPushButton* button : {run, static_cast<QPushButton*>(reset), shutter}) {
         button->setMinimumSize(150, 38);
+        keepRoomOf(button);
         layout->addWidget(button);
     }
     const CommandState& commands = program.link.session.commands;

@@ -354,6 +354,19 @@ TEST_F(StatusPageTest, NothingMovesWhenARemarkComesAndGoes) {
     EXPECT_FALSE(area->verticalScrollBar()->isVisible());
 }
 
+TEST_F(StatusPageTest, NothingMovesWhenTheShuttersButtonGoesWithTheConnection) {
+    connectBy([this] { first.click(); });
+    const auto geometry = [this] {
+        QApplication::processEvents();
+        return std::pair(first.geometry(), button("ResetButton").geometry());
+    };
+    ASSERT_TRUE(button("ResetShutterButton").isVisible());
+    const auto before = geometry();
+    first.click();
+    EXPECT_FALSE(button("ResetShutterButton").isVisible());
+    EXPECT_EQ(geometry(), before);
+}
+
 TEST_F(StatusPageTest, ARowOfARunFitsIntoASmallWindow) {
     connectBy([this] { first.click(); });
     program.run();

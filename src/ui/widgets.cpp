@@ -108,6 +108,12 @@ QLabel* makeNumberLabel(QAnyStringView name, QAnyStringView accessibleName, QAny
     return label;
 }
 
+void keepRoomOf(QWidget* control) {
+    QSizePolicy policy = control->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control->setSizePolicy(policy);
+}
+
 SteadyLabel::SteadyLabel(QLabel* label, int lines)
     : label_(label)
     , lines_(lines) {

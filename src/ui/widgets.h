@@ -69,6 +69,9 @@ private:
     int lines_;
 };
 
+/// Lets a control come and go without anything else moving: it has its room while it is hidden, too.
+void keepRoomOf(QWidget* control);
+
 /// A label that belongs to `buddy`: its mnemonic moves the focus there.
 QLabel* makeCaption(QAnyStringView text, QWidget* buddy);
 

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QtTest/QTest>
 
 namespace orv {
 namespace {
@@ -365,6 +366,22 @@ TEST_F(RealDialogsTest, WindowsThatComeByThemselvesLeaveTheQuestionTheKeyboard) 
     program.settings.sender.mainWindowWanted.tell();
     QCoreApplication::processEvents();
     EXPECT_TRUE(window.isActiveWindow());
+}
+
+TEST_F(RealDialogsTest, AMessageStandsOverTheSettingsWhileTheOperatorIsThereAndStaysWhenTheyAreClosed) {
+    QWidget& settings = *window.settingsWindow();
+    settings.move(300, 200);
+    settings.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&settings));
+    program.settings.shown.record = {
+        .logEnabled = true, .samplesPerPoint = QStringLiteral("30"), .pointsPerBlock = QStringLiteral("0")};
+    control<QPushButton>(settings, "ApplySettings").click();
+    ASSERT_EQ(MessageBoxes::unreadIn(window).size(), 1);
+    const QMessageBox& box = *MessageBoxes::unreadIn(window).front();
+    EXPECT_LT((box.geometry().center() - settings.geometry().center()).manhattanLength(), 10);
+    program.settings.shown.visible = false;
+    EXPECT_FALSE(settings.isVisible());
+    EXPECT_TRUE(box.isVisible());
 }
 
 TEST_F(RealDialogsTest, QuitTakesTheQuestionBackAndWhatItsEndTellsStaysUntilItIsRead) {

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+
+namespace orv {
+
+/// Shows long tool tips in lines that fit a small screen: plain ones would stand in one line of any length. Installed
+/// on the application; what a tool tip says stays with its control as it is, for assistive programs.
+class ToolTips final : public QObject {
+public:
+    using QObject::QObject;
+
+    /// As rich text, which is broken into lines; a text of a line or less as it is. Lines that it has stay.
+    static QString inLines(const QString& text);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+} // namespace orv
