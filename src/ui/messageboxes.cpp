@@ -98,6 +98,9 @@ public:
         if (visible && isDrawnHere()) {
             leaveFilesAlone();
             giveNamesTheRoom();
+            // Again when the dialog has been laid out with the wider list of places.
+            QMetaObject::invokeMethod(
+                this, [this] { giveNamesTheRoom(); }, Qt::QueuedConnection);
         }
     }
 
@@ -141,7 +144,8 @@ private:
             columns.resizeSection(column, std::max(columns.sectionSize(column), columns.sectionSizeHint(column)));
             left -= columns.sectionSize(column);
         }
-        columns.resizeSection(0, std::max(left, columns.sectionSize(0)));
+        constexpr int leastForNames = 160;
+        columns.resizeSection(0, std::max(left, leastForNames));
     }
 
     /// Qt's dialog would also delete and rename files, and asks and tells of it in boxes that hold the program. A new
