@@ -310,6 +310,34 @@ TEST_F(PlotCurveTest, ANumberAloneBetweenGapsHasItsSymbol) {
     }
 }
 
+TEST(PlotCurve, OfSymbolsThatWouldStandCloseTogetherOnlyTheFirstIsDrawn) {
+    QCustomPlot plot;
+    plot.setViewport(QRect(0, 0, 640, 400));
+    auto* curve = new PlotCurve(plot.xAxis, plot.yAxis);
+    curve->setScatterStyle(QCPScatterStyle::ssCircle);
+    const auto symbolsAt = [curve] {
+        QVector<QCPGraphData> points;
+        curve->getOptimizedScatterData(&points, curve->data()->constBegin(), curve->data()->constEnd());
+        std::string keys;
+        for (const QCPGraphData& point : points) {
+            keys += std::to_string(static_cast<int>(point.key)) + ' ';
+        }
+        return keys;
+    };
+    for (const int block : {0, 4000}) {
+        for (int second = 0; second < 5; ++second) {
+            curve->addData(block + second, 1.0);
+        }
+    }
+    plot.yAxis->setRange(0, 2);
+    plot.xAxis->setRange(-10, 5000);
+    plot.replot();
+    EXPECT_EQ(symbolsAt(), "0 4000 ");
+    plot.xAxis->setRange(0, 20);
+    plot.replot();
+    EXPECT_EQ(symbolsAt(), "0 1 2 3 4 4000 4001 4002 4003 4004 ");
+}
+
 TEST_F(PlotCurveTest, EveryOneOfManyLoneNumbersIsSeen) {
     constexpr int rows = 4000;
     const auto value = [](int row) { return row * 37 % 1000; };

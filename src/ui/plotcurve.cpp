@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <set>
+#include <utility>
 
 namespace orv {
 
@@ -44,7 +46,26 @@ void PlotCurve::getOptimizedScatterData(QVector<QCPGraphData>* scatterData, Iter
     QCPGraph::getOptimizedScatterData(scatterData, begin, end);
     // The library would draw a gap's symbol in the corner of the window.
     scatterData->erase(std::remove_if(scatterData->begin(), scatterData->end(), isGap), scatterData->end());
+    thinOut(*scatterData);
     appendLonePoints(*scatterData, begin, end);
+}
+
+/// Rows that came in blocks lie close together on an axis of time: the first of each stretch is enough.
+void PlotCurve::thinOut(QVector<QCPGraphData>& points) const {
+    constexpr double closest = 12.0; // pixels
+    const double wanted = closest * mKeyAxis->range().size() / mKeyAxis->axisRect()->width();
+    if (!(wanted > 0.0) || !std::isfinite(wanted)) {
+        return;
+    }
+    // A power of two, so that symbols stay with their points while the view moves.
+    const double stretch = std::exp2(std::ceil(std::log2(wanted)));
+    double taken = std::numeric_limits<double>::quiet_NaN();
+    points.erase(std::remove_if(points.begin(), points.end(),
+                                [stretch, &taken](const QCPGraphData& point) {
+                                    const double number = std::floor(point.key / stretch);
+                                    return std::exchange(taken, number) == number;
+                                }),
+                 points.end());
 }
 
 void PlotCurve::appendLonePoints(QVector<QCPGraphData>& points, Iterator begin, Iterator end) const {

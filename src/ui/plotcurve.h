@@ -13,18 +13,22 @@ namespace orv {
 
 /// A curve with gaps, which are points whose value is NaN. Every number is seen, however many points share a pixel: the
 /// line reaches the last one before a gap and begins with the first one after it, and a number that stands alone
-/// between gaps, where there is no line, has its symbol whatever the distance of the other symbols is.
+/// between gaps, where there is no line, has its symbol whatever the distance of the other symbols is. Of symbols that
+/// would stand close together only the first is drawn.
 class PlotCurve final : public QCPGraph {
 public:
     using QCPGraph::QCPGraph;
 
-protected:
-    void getOptimizedLineData(QVector<QCPGraphData>* lineData, const QCPGraphDataContainer::const_iterator& begin,
-                              const QCPGraphDataContainer::const_iterator& end) const override;
+    /// The points between the two that have symbols.
     void getOptimizedScatterData(QVector<QCPGraphData>* scatterData, QCPGraphDataContainer::const_iterator begin,
                                  QCPGraphDataContainer::const_iterator end) const override;
 
+protected:
+    void getOptimizedLineData(QVector<QCPGraphData>* lineData, const QCPGraphDataContainer::const_iterator& begin,
+                              const QCPGraphDataContainer::const_iterator& end) const override;
+
 private:
+    void thinOut(QVector<QCPGraphData>& points) const;
     void appendLonePoints(QVector<QCPGraphData>& points, QCPGraphDataContainer::const_iterator begin,
                           QCPGraphDataContainer::const_iterator end) const;
 };
