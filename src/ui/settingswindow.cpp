@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace orv {
 
@@ -241,6 +242,14 @@ void SettingsWindow::showFrame() {
 void SettingsWindow::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     setAttribute(Qt::WA_Resized); // else each showing takes a size of its own
+}
+
+void SettingsWindow::hideEvent(QHideEvent* event) {
+    // Asks the window manager to leave it where it was, which otherwise places each showing anew.
+    if (QWindow* window = windowHandle(); window != nullptr) {
+        window->setPosition(window->position());
+    }
+    QWidget::hideEvent(event);
 }
 
 void SettingsWindow::closeEvent(QCloseEvent* event) {
