@@ -421,7 +421,7 @@ Seine Zeilen sind noch auf dem Blatt.</translation>
     </message>
     <message>
         <source>The debug output (&quot;Comm 2 Debug Output&quot;) is using it. Connect the instrument to the other port, or clear the box.</source>
-        <translation>Die Debug-Ausgabe („Debug-Ausgabe auf Comm 2“) benutzt ihn. Das Instrument am anderen Anschluss verbinden oder das Häkchen entfernen.</translation>
+        <translation>Die Debug-Ausgabe („Debug-Ausgabe auf COM 2“) benutzt ihn. Das Instrument am anderen Anschluss verbinden oder das Häkchen entfernen.</translation>
     </message>
     <message>
         <source>The connection on %1 was lost.
@@ -445,7 +445,7 @@ Seine Zeilen sind noch auf dem Blatt.</translation>
     </message>
     <message>
         <source>tick &quot;Comm 2 Debug Output&quot; again</source>
-        <translation>„Debug-Ausgabe auf Comm 2“ erneut ankreuzen</translation>
+        <translation>„Debug-Ausgabe auf COM 2“ erneut ankreuzen</translation>
     </message>
     <message>
         <source>The debug output on %1</source>
@@ -461,7 +461,7 @@ Tick &quot;Comm 2 Debug Output&quot; to try again.</source>
 
 %1
 
-Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
+Zum Wiederholen „Debug-Ausgabe auf COM 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>%1 was lost. Check the cable, then press Connect.</source>
@@ -469,11 +469,11 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>Auto Connect Comm 1</source>
-        <translation>Automatisch verbinden, Comm 1</translation>
+        <translation>Automatisch verbinden, COM 1</translation>
     </message>
     <message>
         <source>Auto Connect Comm 2</source>
-        <translation>Automatisch verbinden, Comm 2</translation>
+        <translation>Automatisch verbinden, COM 2</translation>
     </message>
     <message>
         <source>Connecting...</source>
@@ -497,11 +497,11 @@ Zum Wiederholen „Debug-Ausgabe auf Comm 2“ ankreuzen.</translation>
     </message>
     <message>
         <source>To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess click Quit</source>
-        <translation>Für die manuelle Verbindung an Comm %1 auf „Fortfahren“ klicken. Andernfalls auf „Abbrechen“ klicken.</translation>
+        <translation>Für die manuelle Verbindung an COM %1 auf „Fortfahren“ klicken. Andernfalls auf „Abbrechen“ klicken.</translation>
     </message>
     <message>
         <source>Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that power is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready.</source>
-        <translation>Die automatische Verbindung über Comm %1 ist gescheitert!      Prüfen, ob das Kabel DTR führt, das Instrument Strom hat und der richtige Anschluss gewählt ist. Dann auf „Erneut versuchen“ klicken.</translation>
+        <translation>Die automatische Verbindung über COM %1 ist gescheitert!      Prüfen, ob das Kabel DTR führt, das Instrument Strom hat und der richtige Anschluss gewählt ist. Dann auf „Erneut versuchen“ klicken.</translation>
     </message>
     <message>
         <source>An attempt is under way.</source>
@@ -560,12 +560,8 @@ Das Programm läuft weiter. Platz im Ordner schaffen und das Programm bei Gelege
         <translation>erneut verbinden</translation>
     </message>
     <message>
-        <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
-        <translation>COM %1 ist offen. Mit „Anschluss schließen“ im Menü „Bedienung“ lässt sich ein anderes Gerät wählen.</translation>
-    </message>
-    <message>
         <source>The debug output uses COM %1. Clear &quot;Comm 2 Debug Output&quot; on the debug screen to free it.</source>
-        <translation>Die Debug-Ausgabe benutzt COM %1. „Debug-Ausgabe auf Comm 2“ auf der Debug-Seite ausschalten, um den Anschluss freizugeben.</translation>
+        <translation>Die Debug-Ausgabe benutzt COM %1. „Debug-Ausgabe auf COM 2“ auf der Debug-Seite ausschalten, um den Anschluss freizugeben.</translation>
     </message>
     <message>
         <source>Simulated instrument on %1</source>
@@ -1177,7 +1173,7 @@ Nichts wurde geändert und nichts gesendet.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1 behind: the command carries no seconds.</source>
-        <translation>Die Uhr des Instruments wurde auf die Minute gestellt und geht %1 nach: Der Befehl kennt keine Sekunden.</translation>
+        <translation>Die Uhr des Instruments wurde nach Stunde und Minute gestellt und geht %1 nach: Der Befehl kennt keine Sekunden.</translation>
     </message>
     <message>
         <source>Sent, but the clock was not set and nothing was read back: the instrument did not answer. Press &quot;Retrieve Settings&quot; to see what it has.</source>
@@ -1773,7 +1769,7 @@ Das Kabel stecken lassen, bis die Einstellungen zurückgelesen sind. „Zurücks
     </message>
     <message>
         <source>&amp;Comm 2 Debug Output</source>
-        <translation>Debug-Ausgabe auf &amp;Comm 2</translation>
+        <translation>Debug-Ausgabe auf &amp;COM 2</translation>
     </message>
     <message>
         <source>Copies what the program announces about its own work to COM 2.</source>
@@ -2220,19 +2216,19 @@ Prüfen, ob er eingeschaltet und angeschlossen ist, dann erneut drucken oder die
     </message>
     <message>
         <source>&amp;Auto Connect Comm 1</source>
-        <translation>&amp;Automatisch verbinden, Comm 1</translation>
+        <translation>&amp;Automatisch verbinden, COM 1</translation>
     </message>
     <message>
         <source>A&amp;uto Connect Comm 2</source>
-        <translation>A&amp;utomatisch verbinden, Comm 2</translation>
+        <translation>A&amp;utomatisch verbinden, COM 2</translation>
     </message>
     <message>
         <source>&amp;Manual Connect Comm 1</source>
-        <translation>&amp;Manuell verbinden, Comm 1</translation>
+        <translation>&amp;Manuell verbinden, COM 1</translation>
     </message>
     <message>
         <source>Mau&amp;nal Connect Comm 2</source>
-        <translation>Ma&amp;nuell verbinden, Comm 2</translation>
+        <translation>Ma&amp;nuell verbinden, COM 2</translation>
     </message>
     <message>
         <source>&amp;Start Communication</source>
@@ -2462,7 +2458,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>%1 data points per second</source>
-        <translation>%1 Messpunkte pro Sekunde</translation>
+        <translation>Messpunkte pro Sekunde: %1</translation>
     </message>
     <message>
         <source>Remark</source>
@@ -2530,7 +2526,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>GLW Calibration: Offsets and B calculations</source>
-        <translation>GLW-Kalibrierung: Offsets und B-Berechnung</translation>
+        <translation>GLW-Kalibrierung: Offset und Konzentration</translation>
     </message>
     <message>
         <source>C&amp;ounts -</source>
@@ -2838,7 +2834,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Stops current collection and requires the instrument to be reset.</source>
-        <translation>Beendet die laufende Messung; das Instrument muss zurückgesetzt werden.</translation>
+        <translation>Beendet die laufende Messung, setzt das Instrument zurück und liest seine Einstellungen. Die Zeilen bleiben auf dem Blatt.</translation>
     </message>
     <message>
         <source>Reset Sh&amp;utter</source>
@@ -2967,7 +2963,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set to the minute and is %1.</source>
-        <translation>Die Uhr des Instruments wurde auf die Minute gestellt und %1.</translation>
+        <translation>Die Uhr des Instruments wurde nach Stunde und Minute gestellt und %1.</translation>
     </message>
     <message>
         <source>Waiting</source>
@@ -3209,6 +3205,30 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>%1 and the header row copied.</source>
         <translation>%1 und die Kopfzeile kopiert.</translation>
+    </message>
+    <message>
+        <source>COM %1 is open. Press Disconnect to choose another device.</source>
+        <translation>COM %1 ist offen. „Trennen“ drücken, um ein anderes Gerät zu wählen.</translation>
+    </message>
+    <message>
+        <source>Dragging chooses a range; a click or Esc drops it.</source>
+        <translation>Ziehen wählt einen Bereich; ein Klick oder Esc hebt ihn auf.</translation>
+    </message>
+    <message>
+        <source>File &amp;name:</source>
+        <translation>Datei&amp;name:</translation>
+    </message>
+    <message>
+        <source>Files of type:</source>
+        <translation>Dateien des Typs:</translation>
+    </message>
+    <message>
+        <source>points/s</source>
+        <translation>Messpunkte/s</translation>
+    </message>
+    <message>
+        <source>(memory pointer)</source>
+        <translation>(Speicherzeiger)</translation>
     </message>
 </context>
 </TS>

@@ -421,7 +421,7 @@ Sus filas siguen en la hoja.</translation>
     </message>
     <message>
         <source>The debug output (&quot;Comm 2 Debug Output&quot;) is using it. Connect the instrument to the other port, or clear the box.</source>
-        <translation>La salida de depuración («Salida de depuración Comm 2») lo usa. Conecte el instrumento al otro puerto o desmarque la casilla.</translation>
+        <translation>La salida de depuración («Salida de depuración COM 2») lo usa. Conecte el instrumento al otro puerto o desmarque la casilla.</translation>
     </message>
     <message>
         <source>The connection on %1 was lost.
@@ -445,7 +445,7 @@ Sus filas siguen en la hoja.</translation>
     </message>
     <message>
         <source>tick &quot;Comm 2 Debug Output&quot; again</source>
-        <translation>marque otra vez «Salida de depuración Comm 2»</translation>
+        <translation>marque otra vez «Salida de depuración COM 2»</translation>
     </message>
     <message>
         <source>The debug output on %1</source>
@@ -461,7 +461,7 @@ Tick &quot;Comm 2 Debug Output&quot; to try again.</source>
 
 %1
 
-Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
+Marque «Salida de depuración COM 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>%1 was lost. Check the cable, then press Connect.</source>
@@ -469,11 +469,11 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>Auto Connect Comm 1</source>
-        <translation>Conexión automática Comm 1</translation>
+        <translation>Conexión automática COM 1</translation>
     </message>
     <message>
         <source>Auto Connect Comm 2</source>
-        <translation>Conexión automática Comm 2</translation>
+        <translation>Conexión automática COM 2</translation>
     </message>
     <message>
         <source>Connecting...</source>
@@ -497,11 +497,11 @@ Marque «Salida de depuración Comm 2» para intentarlo otra vez.</translation>
     </message>
     <message>
         <source>To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess click Quit</source>
-        <translation>Para iniciar la conexión manual en Comm %1, pulse «Continuar». Para abandonarla, pulse «Cancelar».</translation>
+        <translation>Para iniciar la conexión manual en COM %1, pulse «Continuar». Para abandonarla, pulse «Cancelar».</translation>
     </message>
     <message>
         <source>Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that power is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready.</source>
-        <translation>¡La conexión automática en Comm %1 ha fallado!      Compruebe que el cable lleva DTR, que el instrumento tiene alimentación y que el puerto es el correcto. Después pulse «Reintentar».</translation>
+        <translation>¡La conexión automática en COM %1 ha fallado!      Compruebe que el cable lleva DTR, que el instrumento tiene alimentación y que el puerto es el correcto. Después pulse «Reintentar».</translation>
     </message>
     <message>
         <source>An attempt is under way.</source>
@@ -560,12 +560,8 @@ El programa sigue. Libere espacio en la carpeta y reinicie el programa cuando pu
         <translation>conecte de nuevo</translation>
     </message>
     <message>
-        <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
-        <translation>COM %1 está abierto. «Cerrar puerto» en el menú «Operación» permite elegir otro dispositivo.</translation>
-    </message>
-    <message>
         <source>The debug output uses COM %1. Clear &quot;Comm 2 Debug Output&quot; on the debug screen to free it.</source>
-        <translation>La salida de depuración usa COM %1. Desmarque «Salida de depuración Comm 2» en la pantalla de depuración para liberarlo.</translation>
+        <translation>La salida de depuración usa COM %1. Desmarque «Salida de depuración COM 2» en la pantalla de depuración para liberarlo.</translation>
     </message>
     <message>
         <source>Simulated instrument on %1</source>
@@ -1773,7 +1769,7 @@ Deje el cable en su sitio hasta que se haya vuelto a leer la configuración. «R
     </message>
     <message>
         <source>&amp;Comm 2 Debug Output</source>
-        <translation>Salida de dep&amp;uración Comm 2</translation>
+        <translation>Salida de dep&amp;uración COM 2</translation>
     </message>
     <message>
         <source>Copies what the program announces about its own work to COM 2.</source>
@@ -2116,7 +2112,7 @@ Elija el otro en «Eje X».</translation>
     </message>
     <message>
         <source>Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click shows all.</source>
-        <translation>Rueda: zoom, con Control en valores. Arrastrar: mover, con Mayúsculas rango. Doble clic: todo.</translation>
+        <translation>Rueda: zoom (Control: valores). Arrastrar: mover (Mayúsculas: elegir rango). Doble clic: todo.</translation>
     </message>
     <message>
         <source>Row under the cursor</source>
@@ -2220,19 +2216,19 @@ Compruebe que está encendida y conectada e imprima otra vez, o guarde las curva
     </message>
     <message>
         <source>&amp;Auto Connect Comm 1</source>
-        <translation>Conexión &amp;automática Comm 1</translation>
+        <translation>Conexión &amp;automática COM 1</translation>
     </message>
     <message>
         <source>A&amp;uto Connect Comm 2</source>
-        <translation>Conexión a&amp;utomática Comm 2</translation>
+        <translation>Conexión a&amp;utomática COM 2</translation>
     </message>
     <message>
         <source>&amp;Manual Connect Comm 1</source>
-        <translation>Conexión &amp;manual Comm 1</translation>
+        <translation>Conexión &amp;manual COM 1</translation>
     </message>
     <message>
         <source>Mau&amp;nal Connect Comm 2</source>
-        <translation>Conexión ma&amp;nual Comm 2</translation>
+        <translation>Conexión ma&amp;nual COM 2</translation>
     </message>
     <message>
         <source>&amp;Start Communication</source>
@@ -2462,7 +2458,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>%1 data points per second</source>
-        <translation>%1 puntos de datos por segundo</translation>
+        <translation>Puntos de datos por segundo: %1</translation>
     </message>
     <message>
         <source>Remark</source>
@@ -2478,7 +2474,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Logger Capacity (% full)</source>
-        <translation>Memoria del registrador (% usado)</translation>
+        <translation>Memoria ocupada (%)</translation>
     </message>
     <message>
         <source>Memory pointer</source>
@@ -2530,7 +2526,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>GLW Calibration: Offsets and B calculations</source>
-        <translation>Calibración GLW: offsets y cálculo de B</translation>
+        <translation>Calibración GLW: offset y cálculo de la concentración</translation>
     </message>
     <message>
         <source>C&amp;ounts -</source>
@@ -2682,7 +2678,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Records :</source>
-        <translation>Archivos:</translation>
+        <translation>Archivos auto.:</translation>
     </message>
     <message>
         <source>%1 cleared.</source>
@@ -2806,7 +2802,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Firmware Ver.</source>
-        <translation>Versión firmware</translation>
+        <translation>Versión del firmware</translation>
     </message>
     <message>
         <source>Bytes downloaded</source>
@@ -2838,7 +2834,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Stops current collection and requires the instrument to be reset.</source>
-        <translation>Detiene la medición en curso; el instrumento debe restablecerse.</translation>
+        <translation>Detiene la medición en curso, restablece el instrumento y vuelve a leer su configuración. Las filas se conservan en la hoja.</translation>
     </message>
     <message>
         <source>Reset Sh&amp;utter</source>
@@ -3111,7 +3107,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>%1. Rows have come since.</source>
-        <translation>%1. Desde entonces han llegado filas.</translation>
+        <translation>%1. Desde entonces han llegado más filas.</translation>
     </message>
     <message>
         <source>Sent at %1, but the instrument has not all of it: %2. Correct it or press &quot;Apply Settings&quot; again.</source>
@@ -3209,6 +3205,30 @@ Compruebe el nombre.</translation>
     <message>
         <source>%1 and the header row copied.</source>
         <translation>Copiado: %1 y el encabezado.</translation>
+    </message>
+    <message>
+        <source>COM %1 is open. Press Disconnect to choose another device.</source>
+        <translation>COM %1 está abierto. Pulse «Desconectar» para elegir otro dispositivo.</translation>
+    </message>
+    <message>
+        <source>Dragging chooses a range; a click or Esc drops it.</source>
+        <translation>Arrastrar elige un rango; un clic o Esc lo quita.</translation>
+    </message>
+    <message>
+        <source>File &amp;name:</source>
+        <translation>&amp;Nombre de archivo:</translation>
+    </message>
+    <message>
+        <source>Files of type:</source>
+        <translation>Tipo de archivo:</translation>
+    </message>
+    <message>
+        <source>points/s</source>
+        <translation>puntos/s</translation>
+    </message>
+    <message>
+        <source>(memory pointer)</source>
+        <translation>(puntero de memoria)</translation>
     </message>
 </context>
 </TS>

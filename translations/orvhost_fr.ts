@@ -421,7 +421,7 @@ Ses lignes sont encore sur la feuille.</translation>
     </message>
     <message>
         <source>The debug output (&quot;Comm 2 Debug Output&quot;) is using it. Connect the instrument to the other port, or clear the box.</source>
-        <translation>La sortie de débogage («&#xa0;Sortie de débogage Comm 2&#xa0;») l&apos;utilise. Connectez l&apos;instrument à l&apos;autre port ou décochez la case.</translation>
+        <translation>La sortie de débogage («&#xa0;Sortie de débogage COM 2&#xa0;») l&apos;utilise. Connectez l&apos;instrument à l&apos;autre port ou décochez la case.</translation>
     </message>
     <message>
         <source>The connection on %1 was lost.
@@ -445,7 +445,7 @@ Ses lignes sont encore sur la feuille.</translation>
     </message>
     <message>
         <source>tick &quot;Comm 2 Debug Output&quot; again</source>
-        <translation>cochez à nouveau «&#xa0;Sortie de débogage Comm 2&#xa0;»</translation>
+        <translation>cochez à nouveau «&#xa0;Sortie de débogage COM 2&#xa0;»</translation>
     </message>
     <message>
         <source>The debug output on %1</source>
@@ -461,7 +461,7 @@ Tick &quot;Comm 2 Debug Output&quot; to try again.</source>
 
 %1
 
-Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
+Cochez «&#xa0;Sortie de débogage COM 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>%1 was lost. Check the cable, then press Connect.</source>
@@ -469,11 +469,11 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>Auto Connect Comm 1</source>
-        <translation>Connexion automatique Comm 1</translation>
+        <translation>Connexion automatique COM 1</translation>
     </message>
     <message>
         <source>Auto Connect Comm 2</source>
-        <translation>Connexion automatique Comm 2</translation>
+        <translation>Connexion automatique COM 2</translation>
     </message>
     <message>
         <source>Connecting...</source>
@@ -489,7 +489,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>No answer from %1 within %2 s. Check power and cable, press Quit, connect again.</source>
-        <translation>Pas de réponse de %1 en %2 s. Vérifiez l&apos;alimentation et le câble, appuyez sur «&#xa0;Quitter&#xa0;», puis relancez la connexion.</translation>
+        <translation>Pas de réponse de %1 en %2 s. Vérifiez l&apos;alimentation et le câble, appuyez sur «&#xa0;Annuler&#xa0;», puis relancez la connexion.</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -497,11 +497,11 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>To start manual connection on Comm %1, click Proceed. If you wish to exit connection proccess click Quit</source>
-        <translation>Pour la connexion manuelle sur Comm %1, cliquez sur «&#xa0;Continuer&#xa0;». Pour y renoncer, cliquez sur «&#xa0;Quitter&#xa0;».</translation>
+        <translation>Pour la connexion manuelle sur COM %1, appuyez sur «&#xa0;Continuer&#xa0;». Pour y renoncer, appuyez sur «&#xa0;Annuler&#xa0;».</translation>
     </message>
     <message>
         <source>Attempt to Auto Connect Via Comm %1 Failed!      Make sure that this cable is DTR enabled, that power is supplied to the instrument, and that you selected the right Comm Port. Click Retry when ready.</source>
-        <translation>La connexion automatique par Comm %1 a échoué&#xa0;!      Vérifiez que le câble transmet le signal DTR, que l&apos;instrument est alimenté et que le bon port est choisi. Cliquez ensuite sur «&#xa0;Réessayer&#xa0;».</translation>
+        <translation>La connexion automatique par COM %1 a échoué&#xa0;!      Vérifiez que le câble transmet le signal DTR, que l&apos;instrument est alimenté et que le bon port est choisi. Appuyez ensuite sur «&#xa0;Réessayer&#xa0;».</translation>
     </message>
     <message>
         <source>An attempt is under way.</source>
@@ -509,7 +509,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>The port is still open, so this would do nothing. Press Quit, then connect again.</source>
-        <translation>Le port est encore ouvert, cela ne ferait donc rien. Appuyez sur «&#xa0;Quitter&#xa0;», puis relancez la connexion.</translation>
+        <translation>Le port est encore ouvert, cela ne ferait donc rien. Appuyez sur «&#xa0;Annuler&#xa0;», puis relancez la connexion.</translation>
     </message>
     <message>
         <source>Shut power off of sensor. Press (Start) then turn power on.</source>
@@ -521,7 +521,7 @@ Cochez «&#xa0;Sortie de débogage Comm 2&#xa0;» pour réessayer.</translation>
     </message>
     <message>
         <source>Waiting for the instrument. &quot;Quit&quot; in the dialog ends it.</source>
-        <translation>Attente de l&apos;instrument. «&#xa0;Quitter&#xa0;» dans la boîte de dialogue y met fin.</translation>
+        <translation>Attente de l&apos;instrument. «&#xa0;Annuler&#xa0;» dans la boîte de dialogue y met fin.</translation>
     </message>
     <message>
         <source>%1 is a file that this program writes itself while it runs, so nothing can be saved there.
@@ -560,12 +560,8 @@ Le programme continue. Libérez de la place dans le dossier et redémarrez le pr
         <translation>relancez la connexion</translation>
     </message>
     <message>
-        <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
-        <translation>COM %1 est ouvert. «&#xa0;Fermer le port&#xa0;» dans le menu «&#xa0;Opération&#xa0;» permet de choisir un autre périphérique.</translation>
-    </message>
-    <message>
         <source>The debug output uses COM %1. Clear &quot;Comm 2 Debug Output&quot; on the debug screen to free it.</source>
-        <translation>La sortie de débogage utilise COM %1. Décochez «&#xa0;Sortie de débogage Comm 2&#xa0;» sur l&apos;écran de débogage pour le libérer.</translation>
+        <translation>La sortie de débogage utilise COM %1. Décochez «&#xa0;Sortie de débogage COM 2&#xa0;» sur l&apos;écran de débogage pour le libérer.</translation>
     </message>
     <message>
         <source>Simulated instrument on %1</source>
@@ -1145,7 +1141,7 @@ Rien n&apos;a été modifié ni envoyé.</translation>
     </message>
     <message>
         <source>This was the 150th line of settings reports since the program started. There it ends the connection, once. Nothing is wrong: press Quit and connect again.</source>
-        <translation>C&apos;était la 150e ligne de rapports de réglages depuis le démarrage du programme. Elle met fin à la connexion, une seule fois. Ce n&apos;est pas une panne&#xa0;: appuyez sur «&#xa0;Quitter&#xa0;», puis relancez la connexion.</translation>
+        <translation>C&apos;était la 150e ligne de rapports de réglages depuis le démarrage du programme. Elle met fin à la connexion, une seule fois. Ce n&apos;est pas une panne&#xa0;: appuyez sur «&#xa0;Annuler&#xa0;», puis relancez la connexion.</translation>
     </message>
     <message>
         <source>%1 behind this computer&apos;s</source>
@@ -1773,7 +1769,7 @@ Laissez le câble en place jusqu&apos;à la relecture des réglages. «&#xa0;Ré
     </message>
     <message>
         <source>&amp;Comm 2 Debug Output</source>
-        <translation>Sortie de débogage &amp;Comm 2</translation>
+        <translation>Sortie de débogage &amp;COM 2</translation>
     </message>
     <message>
         <source>Copies what the program announces about its own work to COM 2.</source>
@@ -2116,7 +2112,7 @@ Choisissez l&apos;autre sous «&#xa0;Axe X&#xa0;».</translation>
     </message>
     <message>
         <source>Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click shows all.</source>
-        <translation>Molette&#xa0;: zoom, avec Ctrl sur les valeurs. Glisser&#xa0;: déplacer, avec Maj plage. Double clic&#xa0;: tout.</translation>
+        <translation>Molette&#xa0;: zoom (Ctrl&#xa0;: valeurs). Glisser&#xa0;: déplacer (Maj&#xa0;: choisir une plage). Double clic&#xa0;: tout.</translation>
     </message>
     <message>
         <source>Row under the cursor</source>
@@ -2220,19 +2216,19 @@ Vérifiez qu&apos;elle est allumée et connectée, puis imprimez à nouveau, ou 
     </message>
     <message>
         <source>&amp;Auto Connect Comm 1</source>
-        <translation>Connexion &amp;automatique Comm 1</translation>
+        <translation>Connexion &amp;automatique COM 1</translation>
     </message>
     <message>
         <source>A&amp;uto Connect Comm 2</source>
-        <translation>Connexion a&amp;utomatique Comm 2</translation>
+        <translation>Connexion a&amp;utomatique COM 2</translation>
     </message>
     <message>
         <source>&amp;Manual Connect Comm 1</source>
-        <translation>Connexion &amp;manuelle Comm 1</translation>
+        <translation>Connexion &amp;manuelle COM 1</translation>
     </message>
     <message>
         <source>Mau&amp;nal Connect Comm 2</source>
-        <translation>Connexion ma&amp;nuelle Comm 2</translation>
+        <translation>Connexion ma&amp;nuelle COM 2</translation>
     </message>
     <message>
         <source>&amp;Start Communication</source>
@@ -2462,7 +2458,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>%1 data points per second</source>
-        <translation>%1 points de données par seconde</translation>
+        <translation>Points de données par seconde&#xa0;: %1</translation>
     </message>
     <message>
         <source>Remark</source>
@@ -2682,7 +2678,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Records :</source>
-        <translation>Fichiers&#xa0;:</translation>
+        <translation>Fichiers auto&#xa0;:</translation>
     </message>
     <message>
         <source>%1 cleared.</source>
@@ -2838,7 +2834,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Stops current collection and requires the instrument to be reset.</source>
-        <translation>Arrête la mesure en cours&#xa0;; l&apos;instrument doit être réinitialisé.</translation>
+        <translation>Arrête la mesure en cours, réinitialise l&apos;instrument et relit ses réglages. Les lignes restent sur la feuille.</translation>
     </message>
     <message>
         <source>Reset Sh&amp;utter</source>
@@ -3111,7 +3107,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>%1. Rows have come since.</source>
-        <translation>%1. Des lignes sont arrivées depuis.</translation>
+        <translation>%1. D&apos;autres lignes sont arrivées depuis.</translation>
     </message>
     <message>
         <source>Sent at %1, but the instrument has not all of it: %2. Correct it or press &quot;Apply Settings&quot; again.</source>
@@ -3155,15 +3151,15 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>1 row, record %1</source>
-        <translation>1 ligne, enregistrement %1</translation>
+        <translation>1 ligne, n° %1</translation>
     </message>
     <message>
         <source>%1 rows, records %2 to %3</source>
-        <translation>%1 lignes, enregistrements %2 à %3</translation>
+        <translation>%1 lignes, n° %2 à %3</translation>
     </message>
     <message>
         <source>Switch the instrument&apos;s power on: its first line is waited for. Quit ends the wait.</source>
-        <translation>Mettez l&apos;instrument sous tension : le programme attend sa première ligne. « Quitter » met fin à l&apos;attente.</translation>
+        <translation>Mettez l&apos;instrument sous tension&#xa0;: le programme attend sa première ligne. «&#xa0;Annuler&#xa0;» met fin à l&apos;attente.</translation>
     </message>
     <message>
         <source>%1 of %2 rows</source>
@@ -3171,7 +3167,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Nothing of this page is sent: it acts on the rows that come from now on.</source>
-        <translation>Rien de cette page n&apos;est envoyé : elle s&apos;applique aux lignes qui arrivent désormais.</translation>
+        <translation>Rien de cette page n&apos;est envoyé&#xa0;: elle s&apos;applique aux lignes qui arrivent désormais.</translation>
     </message>
     <message>
         <source>What is to be done</source>
@@ -3180,7 +3176,7 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>&amp;Quit</source>
         <comment>of the dialog only</comment>
-        <translation>&amp;Quitter</translation>
+        <translation>&amp;Annuler</translation>
     </message>
     <message>
         <source>The program is in service mode.</source>
@@ -3192,7 +3188,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>When read: %1</source>
-        <translation>À la lecture : %1</translation>
+        <translation>À la lecture&#xa0;: %1</translation>
     </message>
     <message>
         <source>Connect to read and to send settings.</source>
@@ -3209,6 +3205,30 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>%1 and the header row copied.</source>
         <translation>Copié&#xa0;: %1 et l&apos;en-tête.</translation>
+    </message>
+    <message>
+        <source>COM %1 is open. Press Disconnect to choose another device.</source>
+        <translation>COM %1 est ouvert. Appuyez sur «&#xa0;Déconnecter&#xa0;» pour choisir un autre périphérique.</translation>
+    </message>
+    <message>
+        <source>Dragging chooses a range; a click or Esc drops it.</source>
+        <translation>Glisser choisit une plage&#xa0;; un clic ou Échap la supprime.</translation>
+    </message>
+    <message>
+        <source>File &amp;name:</source>
+        <translation>&amp;Nom de fichier&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Files of type:</source>
+        <translation>Type de fichier&#xa0;:</translation>
+    </message>
+    <message>
+        <source>points/s</source>
+        <translation>points/s</translation>
+    </message>
+    <message>
+        <source>(memory pointer)</source>
+        <translation>(pointeur de mémoire)</translation>
     </message>
 </context>
 </TS>

@@ -17,11 +17,17 @@ QString offsetColumn() {
     return Screen::tr("Clean Water Offset");
 }
 
-NumberBox* makeBox(const QString& name, const QString& accessibleName, QProperty<QString>& value) {
+/// `remarks` gets the place for what is wrong with the text in the box.
+NumberBox* makeBox(const QString& name, const QString& accessibleName, QProperty<QString>& value,
+                   QVBoxLayout* remarks) {
     NumberBox* box = NumberBox::forDecimals();
     box->setObjectName(name);
     box->setAccessibleName(accessibleName);
     box->follow(value);
+    QLabel* remark = makeValueLabel(name + QLatin1String("Remark"), Screen::tr("Remark"));
+    remark->setWordWrap(true);
+    remarks->addWidget(remark);
+    box->showProblem(remark);
     return box;
 }
 
@@ -53,7 +59,7 @@ QLabel* makeUse(const char* name) {
     return use;
 }
 
-QGridLayout* makeAngles(SettingsState& shown) {
+QGridLayout* makeAngles(SettingsState& shown, QVBoxLayout* remarks) {
     struct Angle {
         const char* caption;
         const char* offset;
@@ -74,10 +80,10 @@ QGridLayout* makeAngles(SettingsState& shown) {
         CalibrationBoxes& boxes = shown.trxCalibration.at(static_cast<std::size_t>(row - 1));
         const QString caption = Screen::tr(angle.caption);
         const QString name = QString(caption).remove(u'&') + QStringLiteral(", ");
-        NumberBox* offset = makeBox(QString::fromLatin1(angle.offset), name + offsetColumn(), boxes.offset);
+        NumberBox* offset = makeBox(QString::fromLatin1(angle.offset), name + offsetColumn(), boxes.offset, remarks);
         layout->addWidget(makeCaption(caption, offset), row, 0);
         layout->addWidget(offset, row, 1);
-        layout->addWidget(makeBox(QString::fromLatin1(angle.scale), name + scaleColumn, boxes.scale), row, 2);
+        layout->addWidget(makeBox(QString::fromLatin1(angle.scale), name + scaleColumn, boxes.scale, remarks), row, 2);
         ++row;
     }
     return layout;
@@ -95,7 +101,9 @@ QWidget* makeTrxCalibrationPage(Program& program) {
     }
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(20);
-    layout->addLayout(makeAngles(program.settings.shown));
+    auto* remarks = new QVBoxLayout;
+    layout->addLayout(makeAngles(program.settings.shown, remarks));
+    layout->addLayout(remarks);
     layout->addLayout(makeFoot(page, program.settings.shown.trxProvideRawCounts,
                                makeOption(Screen::tr("Calc &B Values"), "CalcBValues"), "TrxProvideRawCounts", load,
                                save));
@@ -106,8 +114,9 @@ QWidget* makeTrxCalibrationPage(Program& program) {
 QWidget* makeGlowCalibrationPage(Program& program) {
     auto* page = new SettingsPage(Screen::tr("GLW Calibration: Offsets and B calculations"), "GlowCalibrationFrame");
     CalibrationBoxes& boxes = program.settings.shown.glowCalibration;
-    NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), boxes.offset);
-    NumberBox* scale = makeBox(QStringLiteral("GlowScale"), QStringLiteral("ug/IC"), boxes.scale);
+    auto* remarks = new QVBoxLayout;
+    NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), boxes.offset, remarks);
+    NumberBox* scale = makeBox(QStringLiteral("GlowScale"), QStringLiteral("ug/IC"), boxes.scale, remarks);
     // Reads as the formula by which counts become a concentration: counts less the offset, times the scale.
     auto* formula = makeGrid(8, 8);
     formula->addWidget(new QLabel(offsetColumn()), 0, 2);
@@ -122,6 +131,7 @@ QWidget* makeGlowCalibrationPage(Program& program) {
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(20);
     layout->addLayout(formula);
+    layout->addLayout(remarks);
     // Device files hold the scattering meter's six values; a fluorometer has none, so its two buttons do nothing.
     const auto nothing = [] {};
     const QString toolTip = Screen::tr("Device files are for the TRX only.");

@@ -126,7 +126,10 @@ QWidget* GraphPage::makeBar() {
                    "deviation, and "
                    "to select them on the sheet."));
     choose->setCheckable(true);
-    connect(choose, &QPushButton::toggled, canvas_, [this](bool on) { canvas_->setChoosing(on); });
+    connect(choose, &QPushButton::toggled, this, [this](bool on) {
+        canvas_->setChoosing(on);
+        tellWhatIsMissing();
+    });
 
     auto* bar = new QWidget;
     auto* row = new QHBoxLayout(bar);
@@ -329,7 +332,9 @@ void GraphPage::tellWhatIsMissing() {
         note(data_.rowsWithoutPlace(), Screen::tr("1 row without a record number is not drawn."),
              Screen::tr("%1 rows without a record number are not drawn."));
     }
-    if (notes.isEmpty()) {
+    if (notes.isEmpty() && canvas_->isChoosing()) {
+        notes << Screen::tr("Dragging chooses a range; a click or Esc drops it.");
+    } else if (notes.isEmpty()) {
         notes << Screen::tr(
             "Wheel zooms the axis, with Ctrl the values; dragging moves, with Shift it chooses a range; a double click "
             "shows all.");

@@ -94,6 +94,10 @@ TEST_F(GraphRangeTest, ARangeThatIsDroppedTakesBackItsSelection) {
 
 TEST_F(GraphRangeTest, ItsButtonStandsApartFromThoseOfTheMode) {
     const int within = showAll().geometry().left() - follow().geometry().right();
+    button("ChooseRange").setChecked(true);
+    EXPECT_EQ(text("PlotNote"), "Dragging chooses a range; a click or Esc drops it.");
+    button("ChooseRange").setChecked(false);
+    EXPECT_TRUE(text("PlotNote").starts_with("Wheel zooms")) << text("PlotNote");
     EXPECT_GE(button("ChooseRange").geometry().left() - showAll().geometry().right(), within + 6);
 }
 

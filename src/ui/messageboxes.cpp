@@ -89,6 +89,9 @@ public:
             filters.prepend(filter);
         }
         setNameFilters(filters);
+        // In the words of the rest of the program.
+        setLabelText(FileName, Screen::tr("File &name:"));
+        setLabelText(FileType, Screen::tr("Files of type:"));
         constexpr QSize comfortable(760, 460); // fits a screen of 800 x 600
         resize(comfortable);
     }

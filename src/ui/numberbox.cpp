@@ -130,11 +130,15 @@ void NumberBox::showHint(bool refused) {
     }
 }
 
+void NumberBox::showProblem(QLabel* remark) {
+    remark_ = remark;
+    setMarked(!problem().isEmpty());
+}
+
 void NumberBox::markOutside(int minimum, int maximum, QLabel* remark) {
     minimum_ = minimum;
     maximum_ = maximum;
-    remark_ = remark;
-    setMarked(!problem().isEmpty());
+    showProblem(remark);
 }
 
 void NumberBox::focusOutEvent(QFocusEvent* event) {

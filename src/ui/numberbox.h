@@ -39,8 +39,10 @@ public:
         bindings_.bind(value, [this, text](const Value& now) { draw(now.*text); });
     }
 
-    /// A number below `minimum` or over `maximum` is marked too; the mark goes as soon as the number is in range.
-    /// `remark` is shown while there is a mark and says why under the box's accessible name.
+    /// `remark` is shown while the box is marked and says why under the box's accessible name.
+    void showProblem(QLabel* remark);
+
+    /// The same; a number below `minimum` or over `maximum` is marked too, until it is in range.
     void markOutside(int minimum, int maximum, QLabel* remark);
 
     bool isMarked() const { return marked_; }

@@ -124,7 +124,7 @@ TEST_F(RememberedTest, WindowsPageAndAxisComeBack) {
             control<QTabBar>(first, "TabStrip1").setCurrentIndex(0);
             clickTab(control<QTabBar>(first, "TabStrip1"), 2);
             rig.program.showSettingsForm();
-            first.settingsWindow()->resize(size - QSize(200, 111));
+            first.settingsWindow()->resize(size - QSize(120, 111));
             end(rig);
         }
         const auto kept = start();
@@ -135,7 +135,7 @@ TEST_F(RememberedTest, WindowsPageAndAxisComeBack) {
         EXPECT_EQ(rig.program.pages.shown.value(), Page::Graphical);
         EXPECT_EQ(control<QComboBox>(second, "PlotAxis").currentIndex(), 1);
         rig.program.showSettingsForm();
-        EXPECT_EQ(second.settingsWindow()->size(), size - QSize(200, 111));
+        EXPECT_EQ(second.settingsWindow()->size(), size - QSize(120, 111));
     }
 }
 

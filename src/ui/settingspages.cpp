@@ -99,7 +99,14 @@ QWidget* makeModesPage(Program& program) {
     auto* view =
         makeButton(Screen::tr("&View Current Settings Transcribed as Text"), "ViewCurrentSettingsTranscribedAsText",
                    [english, &shown = program.settings.shown] { english->open(shown.record, whetherSent(shown)); });
-    auto* remark = makeShownText(page, "ModeRemark", Screen::tr("Mode file"), program.settings.shown.modeRemark);
+    QLabel* remark = makeValueLabel("ModeRemark", Screen::tr("Mode file"));
+    const auto tell = [remark, &shown = program.settings.shown](auto&&) {
+        const Words& text = shown.modeRemark.value();
+        const bool waits = shown.secondsToFullMinute > 0 && !text.isEmpty();
+        remark->setText((waits ? shown.fullMinuteWait() : text).shown());
+    };
+    page->bindings.bind(program.settings.shown.modeRemark, tell);
+    page->bindings.bind(program.settings.shown.secondsToFullMinute, tell);
     remark->setWordWrap(true);
 
     auto* layout = makeGrid(16, 12, page);
@@ -308,6 +315,7 @@ public:
             // Only the operator's choice writes the preset; an option that a report selects must leave the text alone.
             onChosen(button, [&program, option] { program.settings.sender.chooseSamplingOption(option); });
         }
+        layout->addWidget(new QLabel(Screen::tr("points/s")));
         layout->addStretch(1);
         bindings_.bind(program.link.session.status.instrument, [this](InstrumentType type) {
             int option = 0;
@@ -394,7 +402,13 @@ QWidget* makeSamplesPage(Program& program) {
     pointer->setToolTip(Screen::tr("Memory pointer as the logger reports it, 0 to 65525."));
     layout->addWidget(name, capacityRow, 0);
     layout->addWidget(capacity, capacityRow, 1);
-    layout->addWidget(pointer, capacityRow, 2);
+    // Below two maxima the number alone would pass for another.
+    auto* pointerRow = new QHBoxLayout;
+    pointerRow->setSpacing(8);
+    pointerRow->addWidget(pointer);
+    pointerRow->addWidget(new QLabel(Screen::tr("(memory pointer)")));
+    pointerRow->addStretch(1);
+    layout->addLayout(pointerRow, capacityRow, 2);
     // The caption of the first box is another's than its number: that many samples make one data point.
     QLabel* binning = makeValueLabel("SamplesInEnglish", Screen::tr("Description"));
     layout->setRowMinimumHeight(layout->rowCount(), 8);

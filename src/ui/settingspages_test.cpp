@@ -99,6 +99,25 @@ TEST_F(SettingsPagesTest, WhatTheNumberOfSamplesMeansStandsBelowTheBoxes) {
     EXPECT_EQ(text("SamplesInEnglish"), "");
 }
 
+TEST_F(SettingsPagesTest, AModeThatWaitsForTheFullMinuteDoesNotSayThatItIsBeingSent) {
+    settings.modeRemark = QStringLiteral("Sending Profile...");
+    settings.secondsToFullMinute = 35;
+    EXPECT_EQ(text("ModeRemark"), "Waiting for the full minute: 35 s.");
+    settings.secondsToFullMinute = 0;
+    EXPECT_EQ(text("ModeRemark"), "Sending Profile...");
+    settings.modeRemark = QString();
+    settings.secondsToFullMinute = 35;
+    EXPECT_EQ(text("ModeRemark"), "") << "the wait is of \"Apply Settings\"";
+}
+
+TEST_F(SettingsPagesTest, WhatIsWrongWithACalibrationStandsBelowTheBoxes) {
+    retype(find<QLineEdit>("Text8"), "1,5");
+    EXPECT_EQ(text("Text8Remark"), "Angle 125 (l2), Clean Water Offset: Only a number: a sign, digits, a point.");
+    EXPECT_FALSE(find<QLabel>("Text8Remark").isHidden());
+    retype(find<QLineEdit>("Text8"), "1.5");
+    EXPECT_TRUE(find<QLabel>("Text8Remark").isHidden());
+}
+
 TEST_F(SettingsPagesTest, TheCalibrationsSayThatTheyAreNotSent) {
     for (const char* name : {"TrxCalibrationUse", "GlowCalibrationUse"}) {
         EXPECT_EQ(text(name), "Nothing of this page is sent: it acts on the rows that come from now on.");

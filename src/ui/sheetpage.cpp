@@ -140,7 +140,9 @@ QLayout* SheetPage::makeBar(Program& program) {
     bar->addSpacing(betweenGroups);
     bar->addWidget(new QLabel(Screen::tr("Rows :")));
     bar->addWidget(counter_);
-    bar->addWidget(new QLabel(Screen::tr("Records :")));
+    auto* recordsCaption = new QLabel(Screen::tr("Records :"));
+    recordsCaption->setToolTip(records->toolTip());
+    bar->addWidget(recordsCaption);
     bar->addWidget(records);
     bar->addSpacing(betweenGroups);
     bar->addWidget(save);

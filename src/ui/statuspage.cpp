@@ -88,14 +88,17 @@ NewestRowScreen::NewestRowScreen(const Program& program, LateTexts& counts)
         grid->setColumnStretch(column, 1);
     }
     const CommandState& commands = program.link.session.commands;
-    const auto tellNext = [this, &commands](bool) {
+    const QProperty<InstrumentType>& type = program.link.session.status.instrument;
+    const auto tellNext = [this, &commands, &type](auto&&) {
         // In a run the rows before may have been saved and cleared by themselves.
         const bool mayHaveHadRows = commands.activity.value() == Activity::Collecting && !noRowYet_;
-        empty_->setText(commands.canRun     ? Screen::tr("No rows yet. Press Run.")
+        const bool isReady = commands.canRun && type.value() != InstrumentType::Unknown;
+        empty_->setText(isReady             ? Screen::tr("No rows yet. Press Run.")
                         : mayHaveHadRows    ? QString()
                         : commands.portOpen ? Screen::tr("No rows yet.")
                                             : Screen::tr("No rows yet. Connect, then press Run."));
     };
+    bindings_.bind(type, tellNext);
     bindings_.bind(commands.canRun, tellNext);
     bindings_.bind(commands.portOpen, tellNext);
     counts.bind(program.sheet.shown.counter, [this] { draw(); });

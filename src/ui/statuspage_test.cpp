@@ -314,6 +314,14 @@ TEST_F(StatusPageTest, ARowFromBeforeTheRunDoesNotLookNew) {
     EXPECT_EQ(value.text().toStdString(), text("StatusRows"));
 }
 
+TEST_F(StatusPageTest, ToPressRunIsSaidOnlyWhenTheInstrumentIsKnown) {
+    connectBy([this] { first.click(); });
+    EXPECT_EQ(text("NoRowsYet"), "No rows yet. Press Run.");
+    status.instrument = InstrumentType::Unknown; // as after an attempt that nobody answered
+    ASSERT_TRUE(commands.canRun.value());
+    EXPECT_EQ(text("NoRowsYet"), "No rows yet.");
+}
+
 TEST_F(StatusPageTest, NothingMovesWhenARemarkComesAndGoes) {
     connectBy([this] { first.click(); });
     program.run();

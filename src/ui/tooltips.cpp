@@ -5,7 +5,7 @@
 #include <QToolTip>
 #include <QWidget>
 
-#include <algorithm>
+#include <utility>
 
 namespace orv {
 
@@ -17,14 +17,19 @@ constexpr qsizetype comfortableLine = 60;
 } // namespace
 
 QString ToolTips::inLines(const QString& text) {
-    qsizetype longest = 0;
-    for (const QStringView line : QStringView(text).split(u'\n')) {
-        longest = std::max(longest, line.size());
+    QString broken;
+    for (const QString& paragraph : text.split(u'\n')) {
+        QString line;
+        for (const QString& word : paragraph.split(u' ')) {
+            if (!line.isEmpty() && line.size() + 1 + word.size() > comfortableLine) {
+                broken += std::exchange(line, QString()) + u'\n';
+            }
+            line += (line.isEmpty() ? QString() : QStringLiteral(" ")) + word;
+        }
+        broken += line + u'\n';
     }
-    // Qt gives rich text a width of its own, about as many letters.
-    return longest <= comfortableLine
-               ? text
-               : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped().replace(u'\n', QLatin1String("<br>")));
+    broken.chop(1);
+    return broken;
 }
 
 bool ToolTips::eventFilter(QObject* watched, QEvent* event) {

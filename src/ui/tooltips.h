@@ -11,7 +11,7 @@ class ToolTips final : public QObject {
 public:
     using QObject::QObject;
 
-    /// As rich text, which is broken into lines; a text of a line or less as it is. Lines that it has stay.
+    /// With an end of line wherever a line would be longer than 60 letters, but for a longer word; those it has stay.
     static QString inLines(const QString& text);
 
 protected:
