@@ -1947,7 +1947,7 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     </message>
     <message>
         <source>&amp;Abort</source>
-        <translation>&amp;Abbrechen</translation>
+        <translation>&amp;Stoppen</translation>
     </message>
     <message>
         <source>Note</source>
@@ -2834,7 +2834,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Stops current collection and requires the instrument to be reset.</source>
-        <translation>Beendet die laufende Messung, setzt das Instrument zurück und liest seine Einstellungen. Die Zeilen bleiben auf dem Blatt.</translation>
+        <translation>Beendet die laufende Messung; das Instrument muss zurückgesetzt werden.</translation>
     </message>
     <message>
         <source>Reset Sh&amp;utter</source>
@@ -3207,10 +3207,6 @@ Bitte den Dateinamen prüfen.</translation>
         <translation>%1 und die Kopfzeile kopiert.</translation>
     </message>
     <message>
-        <source>COM %1 is open. Press Disconnect to choose another device.</source>
-        <translation>COM %1 ist offen. „Trennen“ drücken, um ein anderes Gerät zu wählen.</translation>
-    </message>
-    <message>
         <source>Dragging chooses a range; a click or Esc drops it.</source>
         <translation>Ziehen wählt einen Bereich; ein Klick oder Esc hebt ihn auf.</translation>
     </message>
@@ -3229,6 +3225,14 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>(memory pointer)</source>
         <translation>(Speicherzeiger)</translation>
+    </message>
+    <message>
+        <source>%1 &quot;Start&quot; can do nothing while the port is open.</source>
+        <translation>%1 „Starten“ ist ohne Wirkung, solange der Anschluss offen ist.</translation>
+    </message>
+    <message>
+        <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
+        <translation>COM %1 ist offen. Mit „Anschluss schließen“ im Menü „Bedienung“ lässt sich ein anderes Gerät wählen.</translation>
     </message>
 </context>
 </TS>

@@ -2834,7 +2834,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Stops current collection and requires the instrument to be reset.</source>
-        <translation>Detiene la medición en curso, restablece el instrumento y vuelve a leer su configuración. Las filas se conservan en la hoja.</translation>
+        <translation>Detiene la medición en curso; el instrumento debe restablecerse.</translation>
     </message>
     <message>
         <source>Reset Sh&amp;utter</source>
@@ -3207,10 +3207,6 @@ Compruebe el nombre.</translation>
         <translation>Copiado: %1 y el encabezado.</translation>
     </message>
     <message>
-        <source>COM %1 is open. Press Disconnect to choose another device.</source>
-        <translation>COM %1 está abierto. Pulse «Desconectar» para elegir otro dispositivo.</translation>
-    </message>
-    <message>
         <source>Dragging chooses a range; a click or Esc drops it.</source>
         <translation>Arrastrar elige un rango; un clic o Esc lo quita.</translation>
     </message>
@@ -3229,6 +3225,14 @@ Compruebe el nombre.</translation>
     <message>
         <source>(memory pointer)</source>
         <translation>(puntero de memoria)</translation>
+    </message>
+    <message>
+        <source>%1 &quot;Start&quot; can do nothing while the port is open.</source>
+        <translation>%1 «Iniciar» no hace nada mientras el puerto esté abierto.</translation>
+    </message>
+    <message>
+        <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
+        <translation>COM %1 está abierto. «Cerrar puerto» en el menú «Operación» permite elegir otro dispositivo.</translation>
     </message>
 </context>
 </TS>

@@ -2834,7 +2834,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Stops current collection and requires the instrument to be reset.</source>
-        <translation>Arrête la mesure en cours, réinitialise l&apos;instrument et relit ses réglages. Les lignes restent sur la feuille.</translation>
+        <translation>Arrête la mesure en cours&#xa0;; l&apos;instrument doit être réinitialisé.</translation>
     </message>
     <message>
         <source>Reset Sh&amp;utter</source>
@@ -3163,7 +3163,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>%1 of %2 rows</source>
-        <translation>%1 lignes sur %2</translation>
+        <translation>%1 sur %2 lignes</translation>
     </message>
     <message>
         <source>Nothing of this page is sent: it acts on the rows that come from now on.</source>
@@ -3207,10 +3207,6 @@ Vérifiez le nom du fichier.</translation>
         <translation>Copié&#xa0;: %1 et l&apos;en-tête.</translation>
     </message>
     <message>
-        <source>COM %1 is open. Press Disconnect to choose another device.</source>
-        <translation>COM %1 est ouvert. Appuyez sur «&#xa0;Déconnecter&#xa0;» pour choisir un autre périphérique.</translation>
-    </message>
-    <message>
         <source>Dragging chooses a range; a click or Esc drops it.</source>
         <translation>Glisser choisit une plage&#xa0;; un clic ou Échap la supprime.</translation>
     </message>
@@ -3229,6 +3225,14 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>(memory pointer)</source>
         <translation>(pointeur de mémoire)</translation>
+    </message>
+    <message>
+        <source>%1 &quot;Start&quot; can do nothing while the port is open.</source>
+        <translation>%1 «&#xa0;Démarrer&#xa0;» ne peut rien faire tant que le port est ouvert.</translation>
+    </message>
+    <message>
+        <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
+        <translation>COM %1 est ouvert. «&#xa0;Fermer le port&#xa0;» dans le menu «&#xa0;Opération&#xa0;» permet de choisir un autre périphérique.</translation>
     </message>
 </context>
 </TS>

@@ -44,7 +44,8 @@ QString describe(const ListedPort& port) {
 Words lockReason(int portNumber, PortUse use) {
     switch (use) {
     case PortUse::Instrument:
-        return Words::tr("COM %1 is open. Press Disconnect to choose another device.").arg(portNumber);
+        return Words::tr(R"(COM %1 is open. "Close Port" in the menu "Operation" lets you choose another device.)")
+            .arg(portNumber);
     case PortUse::DebugOutput:
         return Words::tr("The debug output uses COM %1. Clear \"Comm 2 Debug Output\" on the debug screen to free it.")
             .arg(portNumber);

@@ -172,7 +172,8 @@ TEST_F(PortChoicesTest, AStartValueThatIsOnBothPortsCanBeKept) {
 
 TEST_F(PortChoicesTest, APortOfTheInstrumentKeepsItsDeviceUntilItIsClosed) {
     ports.open();
-    EXPECT_EQ(choices.shown[1].lock.value().toStdString(), "COM 1 is open. Press Disconnect to choose another device.");
+    EXPECT_EQ(choices.shown[1].lock.value().toStdString(),
+              "COM 1 is open. \"Close Port\" in the menu \"Operation\" lets you choose another device.");
     EXPECT_FALSE(isLocked(2));
     choose(1, "ttyC");
     choose(1, "no device");

@@ -78,6 +78,31 @@ TEST_F(NextStepTest, CountsOnlyTheRowsThatNoFileHasIfAFileHasTheOthers) {
     EXPECT_EQ(step(), "1 of 4 rows, not saved. Save As is on the page Output: Spread Sheet.");
 }
 
+TEST_F(NextStepTest, RowsAfterAClearedOnesFileAreInNoFile) {
+    runWithRows(3);
+    answers.fileName = path("sheet.txt");
+    program.saveAs();
+    program.clearAll();
+    program.closePort();
+    runWithRows(5);
+    program.closePort();
+    EXPECT_EQ(step(), "5 rows, not saved. Save As is on the page Output: Spread Sheet.");
+}
+
+TEST_F(NextStepTest, RecoveredRowsAreInNoSheetFile) {
+    LoadedSheet recorded;
+    recorded.type = {.letter = QStringLiteral("V"), .firmware = 512};
+    recorded.rows = {"1\t11/21/26\t1:00:00\t1\t2\t3\t4", "2\t11/21/26\t1:00:00\t1\t2\t3\t4"};
+    program.sheet.rows.recover(recorded);
+    EXPECT_EQ(step(), "2 rows, not saved. Save As is on the page Output: Spread Sheet.");
+    connectAndRead();
+    program.run();
+    receive("R\r\n11/21/26\t2700\t10\t20\t30\t40\r\n");
+    ticks();
+    program.closePort();
+    EXPECT_EQ(step(), "3 rows, not saved. Save As is on the page Output: Spread Sheet.");
+}
+
 TEST_F(NextStepTest, SaysAFailureUntilItsPortHasAnotherDevice) {
     runWithRows(3);
     com1.unplugged = true;

@@ -138,7 +138,8 @@ struct SettingsState {
     QProperty<QString> loggerTime{StatusState::unknownLong()};
     /// The operator has been told that a clock reply cannot be read; false again once the clock is asked for.
     bool clockErrorTold = false;
-    QProperty<Words> modeRemark; ///< How the last saving or loading of a mode went; empty before.
+    QProperty<bool> sendingMode{false}; ///< A mode is being sent or waits for the full minute with it.
+    QProperty<Words> modeRemark;        ///< How the last saving or loading of a mode went; empty before.
 
     std::array<CalibrationBoxes, 3> trxCalibration; ///< Angles 100, 125, 150.
     CalibrationBoxes glowCalibration;

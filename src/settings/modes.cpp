@@ -190,6 +190,8 @@ void Modes::sendIfConnected(const Words& name) {
 }
 
 Task<> Modes::send(Words name) {
+    settings_.sendingMode = true;
+    const auto sent = qScopeGuard([this] { settings_.sendingMode = false; });
     settings_.modeRemark = Words::tr("Sending %1...").arg(name);
     auto cutShort = qScopeGuard(
         [this, &name] { settings_.modeRemark = Words::tr("%1 was not sent whole: the connection ended.").arg(name); });

@@ -117,8 +117,10 @@ TEST_F(ManualConnectionDialogTest, WhenStartCanDoNothingTheLineAboveItsTextSaysS
     EXPECT_EQ(find<QPlainTextEdit>("ManualText").toPlainText().toStdString(),
               "Shut power off of sensor. Press (Start) then turn power on.");
     EXPECT_FALSE(button("ManualStart").isEnabled());
-    EXPECT_EQ(failure().text().toStdString(),
-              "The port is still open, so this would do nothing. Press Quit, then connect again.");
+    EXPECT_EQ(
+        failure().text().toStdString(),
+        "No answer from COM 1 (ttyA) within 5 s. Check power and cable, press Quit, connect again. \"Start\" can do "
+        "nothing while the port is open.");
     EXPECT_TRUE(failure().isVisible());
 }
 
@@ -131,6 +133,7 @@ TEST_F(ManualConnectionDialogTest, WhileTheInstrumentIsWaitedForTheDialogSaysWha
     EXPECT_TRUE(failure().isVisible());
     click("ManualQuit");
     item("ManualConnect1").trigger();
+    EXPECT_TRUE(dialog().isVisible());
     EXPECT_FALSE(failure().isVisible());
 }
 

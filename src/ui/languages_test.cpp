@@ -149,6 +149,19 @@ TEST_F(TranslationTest, TheMainWindowAndItsDialogs) {
     expectTranslated(find<QDialog>("AboutDialog"));
 }
 
+TEST(Translation, TheButtonsOfTwoDialogsHaveTwoWords) {
+    // What is pressed is recorded in English, found by what is shown.
+    for (const char* language : {"de", "es", "fr"}) {
+        QTranslator words;
+        ASSERT_TRUE(words.load(QStringLiteral(":/language/orvhost_%1.qm").arg(QLatin1String(language))));
+        const auto caption = [&words](const char* text, const char* comment = nullptr) {
+            return words.translate("orv", text, comment).remove(u'&').toStdString();
+        };
+        EXPECT_NE(caption("&Quit", "of the dialog only"), caption("&Abort")) << language;
+        EXPECT_NE(caption("&Quit", "of the dialog only"), "") << language;
+    }
+}
+
 TEST_F(TranslationTest, TheSheetAndTheCurves) {
     connectAndRead();
     showSheetWithEveryLine();

@@ -19,6 +19,7 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QStyledItemDelegate>
 #include <QThread>
@@ -38,6 +39,18 @@ constexpr const char* questionMark = "question"; ///< The property of a dialog t
 QWidget* windowInHand(QWidget* main) {
     QWidget* settings = dynamic_cast<SettingsWindow*>(QApplication::activeWindow());
     return settings != nullptr ? settings : main;
+}
+
+/// In the middle of a window, as far as the screen reaches.
+void placeOver(const QWidget& window, QWidget& box) {
+    QRect place = box.frameGeometry();
+    place.moveCenter(window.frameGeometry().center());
+    const QRect room = window.screen()->availableGeometry();
+    place.moveRight(std::min(place.right(), room.right()));
+    place.moveBottom(std::min(place.bottom(), room.bottom()));
+    place.moveLeft(std::max(place.left(), room.left()));
+    place.moveTop(std::max(place.top(), room.top()));
+    box.move(place.topLeft());
 }
 
 /// A question that only its buttons answer: Esc or the frame would count as No, and No loses the rows.
@@ -329,12 +342,16 @@ void MessageBoxes::show(const Message& message) {
     // Not out of the box's own going: what it belongs to may be destroyed then.
     QObject::connect(
         box, &QObject::destroyed, &receiver_, [this] { tellIfRead(); }, Qt::QueuedConnection);
-    // The main window has it, as only that one is always there; it stands where the operator looks.
-    if (const QWidget* inHand = windowInHand(parent_); inHand != parent_) {
-        box->adjustSize();
-        box->move(inHand->geometry().center() - box->rect().center());
-    }
+    const QPointer<QWidget> inHand = windowInHand(parent_);
     showUnasked(*box);
+    // The main window has it, as only that one is always there; it stands where the operator looks.
+    if (inHand != parent_) {
+        QTimer::singleShot(0, box, [box, inHand] { // its size is that of its text once it has been laid out
+            if (inHand) {
+                placeOver(*inHand, *box);
+            }
+        });
+    }
 }
 
 QList<QMessageBox*> MessageBoxes::unreadIn(const QWidget& parent) {

@@ -14,7 +14,7 @@ namespace orv {
 /// A curve with gaps, which are points whose value is NaN. Every number is seen, however many points share a pixel: the
 /// line reaches the last one before a gap and begins with the first one after it, and a number that stands alone
 /// between gaps, where there is no line, has its symbol whatever the distance of the other symbols is. Of symbols that
-/// would stand close together only the first is drawn.
+/// would stand close together only the first of each stretch of 12 to 24 pixels is drawn.
 class PlotCurve final : public QCPGraph {
 public:
     using QCPGraph::QCPGraph;

@@ -216,7 +216,7 @@ TEST_F(PortsBoxTest, CannotBeChangedWhileThePortIsOpen) {
     EXPECT_FALSE(chooser.isEnabled());
     EXPECT_EQ(shown(), "ttyA") << "what is open, not what was typed";
     EXPECT_EQ(complaint(), "");
-    EXPECT_TRUE(chooser.toolTip().contains(QStringLiteral("Press Disconnect")));
+    EXPECT_TRUE(chooser.toolTip().contains(QStringLiteral("\"Close Port\"")));
     plug("ttyA");
     EXPECT_EQ(shown(), "ttyA");
     item("ClosePort").trigger();

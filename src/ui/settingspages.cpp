@@ -101,10 +101,10 @@ QWidget* makeModesPage(Program& program) {
                    [english, &shown = program.settings.shown] { english->open(shown.record, whetherSent(shown)); });
     QLabel* remark = makeValueLabel("ModeRemark", Screen::tr("Mode file"));
     const auto tell = [remark, &shown = program.settings.shown](auto&&) {
-        const Words& text = shown.modeRemark.value();
-        const bool waits = shown.secondsToFullMinute > 0 && !text.isEmpty();
-        remark->setText((waits ? shown.fullMinuteWait() : text).shown());
+        const bool waits = shown.secondsToFullMinute > 0 && shown.sendingMode;
+        remark->setText((waits ? shown.fullMinuteWait() : shown.modeRemark.value()).shown());
     };
+    page->bindings.bind(program.settings.shown.sendingMode, tell);
     page->bindings.bind(program.settings.shown.modeRemark, tell);
     page->bindings.bind(program.settings.shown.secondsToFullMinute, tell);
     remark->setWordWrap(true);

@@ -100,14 +100,16 @@ TEST_F(SettingsPagesTest, WhatTheNumberOfSamplesMeansStandsBelowTheBoxes) {
 }
 
 TEST_F(SettingsPagesTest, AModeThatWaitsForTheFullMinuteDoesNotSayThatItIsBeingSent) {
+    settings.sendingMode = true;
     settings.modeRemark = QStringLiteral("Sending Profile...");
     settings.secondsToFullMinute = 35;
     EXPECT_EQ(text("ModeRemark"), "Waiting for the full minute: 35 s.");
     settings.secondsToFullMinute = 0;
     EXPECT_EQ(text("ModeRemark"), "Sending Profile...");
-    settings.modeRemark = QString();
+    settings.sendingMode = false;
+    settings.modeRemark = QStringLiteral("Profile was sent.");
     settings.secondsToFullMinute = 35;
-    EXPECT_EQ(text("ModeRemark"), "") << "the wait is of \"Apply Settings\"";
+    EXPECT_EQ(text("ModeRemark"), "Profile was sent.") << "the wait is of \"Apply Settings\"";
 }
 
 TEST_F(SettingsPagesTest, WhatIsWrongWithACalibrationStandsBelowTheBoxes) {
@@ -263,8 +265,12 @@ TEST_F(SettingsPagesTest, EachFrameHasItsOwnChoiceOfCalculation) {
 }
 
 TEST_F(SettingsPagesTest, DeviceFilesAreForTheScatteringMeterOnly) {
-    click("Command13");
-    click("Command12");
+    for (const char* name : {"Command13", "Command12"}) {
+        const auto& button = find<QPushButton>(name);
+        EXPECT_TRUE(button.isEnabled());
+        EXPECT_EQ(button.toolTip(), QStringLiteral("Device files are for the TRX only."));
+        click(name);
+    }
     EXPECT_TRUE(answers.asked.isEmpty());
     click("Command6");
     EXPECT_EQ(answers.asked, QStringList{QStringLiteral("Load Device File||")});

@@ -91,11 +91,16 @@ SheetPage::SheetPage(Program& program)
                           computing_.noteChange();
                       })};
     bindings_.bind(shown_.counter, [this](const QString&) { schedule(); });
-    bindings_.bind(program.link.session.commands.sheetHoldsRows, [this](bool hold) {
+    const QProperty<bool>& hold = program.link.session.commands.sheetHoldsRows;
+    const auto hint = [this, &hold](auto&&) {
         statistics_->setHint(hold ? Screen::tr("Select cells, a row by its number or a column by its header: "
                                                "to copy them, and for their mean and standard deviation.")
-                                  : Screen::tr("No rows yet. Collect or download data, or open a sheet."));
-    });
+                             : activity_.value() == Activity::None
+                                 ? Screen::tr("No rows yet. Collect or download data, or open a sheet.")
+                                 : Screen::tr("No rows yet."));
+    };
+    bindings_.bind(hold, hint);
+    bindings_.bind(activity_, hint);
     bindings_.bind(shown_.topRow, [this](int) { schedule(); });
     const auto visit = [this](int) {
         visitPending_ = true;

@@ -214,6 +214,8 @@ TEST_F(SheetSelectionTest, TheStatisticsAreThoseOfEachColumnOfTheSelection) {
     program.clearAll();
     page.refreshNow();
     EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible());
+    EXPECT_EQ(text("SheetStatisticsHint"), "No rows yet.") << "the run goes on";
+    program.closePort();
     EXPECT_EQ(text("SheetStatisticsHint"), "No rows yet. Collect or download data, or open a sheet.");
     program.bringBack();
     EXPECT_EQ(text("SheetStatisticsHint"), "Select cells, a row by its number or a column by its header: to copy "

@@ -5,8 +5,8 @@
 
 namespace orv {
 
-/// Shows long tool tips in lines that fit a small screen: plain ones would stand in one line of any length. Installed
-/// on the application; what a tool tip says stays with its control as it is, for assistive programs.
+/// Shows the long tool tips of controls in lines that fit a small screen: plain ones would stand in one line of any
+/// length. Installed on the application; what a tool tip says stays with its control as it is, for assistive programs.
 class ToolTips final : public QObject {
 public:
     using QObject::QObject;

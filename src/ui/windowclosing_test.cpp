@@ -376,12 +376,30 @@ TEST_F(RealDialogsTest, AMessageStandsOverTheSettingsWhileTheOperatorIsThereAndS
     program.settings.shown.record = {
         .logEnabled = true, .samplesPerPoint = QStringLiteral("30"), .pointsPerBlock = QStringLiteral("0")};
     control<QPushButton>(settings, "ApplySettings").click();
+    QCoreApplication::processEvents();
     ASSERT_EQ(MessageBoxes::unreadIn(window).size(), 1);
     const QMessageBox& box = *MessageBoxes::unreadIn(window).front();
-    EXPECT_LT((box.geometry().center() - settings.geometry().center()).manhattanLength(), 10);
+    constexpr int near = 40; // the window has become wider with what it tells
+    EXPECT_LT((box.frameGeometry().center() - settings.frameGeometry().center()).manhattanLength(), near);
     program.settings.shown.visible = false;
     EXPECT_FALSE(settings.isVisible());
     EXPECT_TRUE(box.isVisible());
+}
+
+TEST_F(RealDialogsTest, ALongMessageStandsOverTheSettingsTooButOnTheScreen) {
+    QWidget& settings = *window.settingsWindow();
+    const QRect room = settings.screen()->availableGeometry();
+    const auto tell = [&](const char* text) {
+        settings.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&settings));
+        messages.show(operatorWarning(QString(20, u'x') + QString::fromLatin1(text).repeated(40)));
+        QCoreApplication::processEvents();
+        return MessageBoxes::unreadIn(window).back()->frameGeometry();
+    };
+    settings.move(60, 40);
+    EXPECT_LT((tell(" one").center() - settings.frameGeometry().center()).manhattanLength(), 10);
+    settings.move(room.bottomRight() - QPoint(60, 60));
+    EXPECT_TRUE(room.contains(tell(" two")));
 }
 
 TEST_F(RealDialogsTest, QuitTakesTheQuestionBackAndWhatItsEndTellsStaysUntilItIsRead) {
