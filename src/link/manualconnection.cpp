@@ -42,7 +42,7 @@ ManualConnection::ManualConnection(Session& session, Connection& connection, Pro
             return Words::tr("Switch the instrument's power on: its first line is waited for. Quit ends the wait.");
         }
         // The text asks for "Start" then, whatever the port.
-        const Words failure = session_.status.failure;
+        Words failure = session_.status.failure;
         if (!failure.isEmpty() && shown.startVisible && !shown.reason.value().isEmpty()) {
             return Words::tr("%1 \"Start\" can do nothing while the port is open.").arg(failure);
         }

@@ -41,11 +41,10 @@ QWidget* windowInHand(QWidget* main) {
     return settings != nullptr ? settings : main;
 }
 
-/// In the middle of a window, as far as the screen reaches.
-void placeOver(const QWidget& window, QWidget& box) {
+/// Round a point, as far as there is room.
+void place(QWidget& box, QPoint centre, const QRect& room) {
     QRect place = box.frameGeometry();
-    place.moveCenter(window.frameGeometry().center());
-    const QRect room = window.screen()->availableGeometry();
+    place.moveCenter(centre);
     place.moveRight(std::min(place.right(), room.right()));
     place.moveBottom(std::min(place.bottom(), room.bottom()));
     place.moveLeft(std::max(place.left(), room.left()));
@@ -342,15 +341,13 @@ void MessageBoxes::show(const Message& message) {
     // Not out of the box's own going: what it belongs to may be destroyed then.
     QObject::connect(
         box, &QObject::destroyed, &receiver_, [this] { tellIfRead(); }, Qt::QueuedConnection);
-    const QPointer<QWidget> inHand = windowInHand(parent_);
+    const QWidget* inHand = windowInHand(parent_);
     showUnasked(*box);
     // The main window has it, as only that one is always there; it stands where the operator looks.
     if (inHand != parent_) {
-        QTimer::singleShot(0, box, [box, inHand] { // its size is that of its text once it has been laid out
-            if (inHand) {
-                placeOver(*inHand, *box);
-            }
-        });
+        const auto move = [box, centre = inHand->frameGeometry().center(),
+                           room = inHand->screen()->availableGeometry()] { place(*box, centre, room); };
+        QTimer::singleShot(0, box, move); // its size is that of its text once it has been laid out
     }
 }
 
