@@ -92,12 +92,15 @@ TEST_F(GraphRangeTest, ARangeThatIsDroppedTakesBackItsSelection) {
     EXPECT_EQ(selectedRows(), 1) << "what was selected on the sheet since stays";
 }
 
-TEST_F(GraphRangeTest, ItsButtonStandsApartFromThoseOfTheMode) {
-    const int within = showAll().geometry().left() - follow().geometry().right();
+TEST_F(GraphRangeTest, TheLineBelowSaysHowARangeIsChosenWhileThatIsOn) {
     button("ChooseRange").setChecked(true);
     EXPECT_EQ(text("PlotNote"), "Dragging chooses a range; a click or Esc drops it.");
     button("ChooseRange").setChecked(false);
     EXPECT_TRUE(text("PlotNote").starts_with("Wheel zooms")) << text("PlotNote");
+}
+
+TEST_F(GraphRangeTest, ItsButtonStandsApartFromThoseOfTheMode) {
+    const int within = showAll().geometry().left() - follow().geometry().right();
     EXPECT_GE(button("ChooseRange").geometry().left() - showAll().geometry().right(), within + 6);
 }
 

@@ -55,7 +55,7 @@ SheetPage::SheetPage(Program& program)
     , findBar_(new QWidget)
     , findBox_(makeBox("FindBox", Screen::tr("What to look for in the cells of the sheet.")))
     , found_(makeTextLabel("FindResult", Screen::tr("Found")))
-    , statistics_(new StatisticsTable(QStringLiteral("SheetStatistics"), QStringLiteral(" ")))
+    , statistics_(new StatisticsTable(QStringLiteral("SheetStatistics"), Screen::tr("No rows yet.")))
     , redrawing_(this, refreshDelay, [this] { refreshNow(); })
     , computing_(this, statisticsDelay, [this] {
         refreshNow();
