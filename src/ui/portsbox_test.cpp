@@ -270,6 +270,10 @@ TEST_F(PortsBoxTest, LongNamesAndDescriptionsDoNotWidenTheWindow) {
     enter(edit, (longText + " " + longText).c_str());
     EXPECT_NE(complaint(), "");
     EXPECT_EQ(window->minimumSizeHint().width(), width);
+    plug("ttyUSB2", "Serial Adapter with a description that is too long for one line");
+    const int row = chooser.findText(QStringLiteral("ttyUSB2 - Serial"), Qt::MatchStartsWith);
+    EXPECT_EQ(chooser.itemData(row, Qt::ToolTipRole).toString().toStdString(),
+              "ttyUSB2 - Serial Adapter with a description that is too long\nfor one line");
     chooser.showPopup();
     EXPECT_LE(chooser.view()->width(), chooser.width());
     EXPECT_LE(chooser.view()->sizeHintForColumn(0), chooser.width());
