@@ -11,6 +11,7 @@
 #include "ui/remembered.h"
 #include "ui/settingswindow.h"
 #include "ui/sheetpage.h"
+#include "ui/shortcuts.h"
 #include "ui/statuspage.h"
 #include "ui/style.h"
 #include "ui/tabstrip.h"
@@ -59,7 +60,7 @@ MainWindow::MainWindow(Program& program, Remembered* remembered)
     setObjectName(QStringLiteral("MainWindow"));
     layOut();
     makeMenus();
-    makeShortcuts();
+    shortcuts_ = std::make_unique<Shortcuts>(*this, program, watch_, QList<ChoiceTabBar*>{upperTabs_, lowerTabs_});
     resize(1000, 680);
 
     new ManualConnectionDialog(program.link.manual, this);
@@ -236,19 +237,9 @@ void MainWindow::showPage(Page page) {
     }
 }
 
-QAction* MainWindow::makeAction(QAnyStringView text, QAnyStringView name, const std::function<void()>& action) {
-    auto* made = new QAction(text.toString(), this);
-    made->setObjectName(name.toString());
-    connect(made, &QAction::triggered, this, [this, made, action] {
-        watch_.noteAction(*made);
-        action();
-    });
-    return made;
-}
-
 QAction* MainWindow::addItem(QMenu* menu, QAnyStringView text, QAnyStringView name,
                              const std::function<void()>& action) {
-    QAction* item = makeAction(text, name, action);
+    QAction* item = watch_.makeAction(*this, text, name, action);
     menu->addAction(item);
     return item;
 }
@@ -291,68 +282,6 @@ void MainWindow::makeMenus() {
     bindEnabled(bindings_, settingsForm, commands.settingsFormEnabled);
     bindEnabled(bindings_, saveText, commands.canCommand);
     bindEnabled(bindings_, view, commands.canCommand);
-}
-
-QAction* MainWindow::addShortcut(QAnyStringView text, QAnyStringView name, const QKeySequence& keys,
-                                 const std::function<void()>& action) {
-    QAction* shortcut = makeAction(text, name, [this, action] {
-        if (!keyIsHeld_) {
-            action();
-        }
-    });
-    shortcut->setShortcut(keys);
-    shortcut->setAutoRepeat(false);
-    addAction(shortcut);
-    return shortcut;
-}
-
-bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    // X11 repeats a key that is held down by a release and a press of the same instant. Qt takes them for a repetition
-    // only if it sees both at once, which it often does not on a busy computer.
-    if (event->type() == QEvent::KeyRelease) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        releasedKey_ = key->key();
-        releasedAt_ = key->timestamp();
-    } else if (event->type() == QEvent::ShortcutOverride) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        keyIsHeld_ = key->timestamp() != 0 && key->timestamp() == releasedAt_ && key->key() == releasedKey_;
-    }
-    return QMainWindow::eventFilter(watched, event);
-}
-
-void MainWindow::makeShortcuts() {
-    qApp->installEventFilter(this);
-    // Each does what its button does, whichever page is shown, and only while the button could be pressed.
-    QAction* open =
-        addShortcut(Screen::tr("Open"), "OpenShortcut", Qt::CTRL | Qt::Key_O, [this] { program_.openSheet(); });
-    QAction* save = addShortcut(Screen::tr("Save As"), "SaveAsShortcut", Qt::CTRL | Qt::SHIFT | Qt::Key_S,
-                                [this] { program_.saveAs(); });
-    QAction* run = addShortcut(Screen::tr("Run"), "RunShortcut", Qt::Key_F5, [this] { program_.run(); });
-    const CommandState& commands = program_.link.session.commands;
-    bindEnabled(bindings_, open, commands.canOpenSheet);
-    bindEnabled(bindings_, save, commands.canSaveAs);
-    bindEnabled(bindings_, run, commands.canRun);
-    bindVisible(bindings_, run, commands.runVisible);
-    addShortcut(Screen::tr("Service mode"), "ServiceMode", Qt::CTRL | Qt::ALT | Qt::Key_H,
-                [this] { program_.toggleServiceMode(); });
-
-    // The letters belong to the pages: a page has more controls than its tab strips would leave letters.
-    int number = 0;
-    for (ChoiceTabBar* strip : {upperTabs_, lowerTabs_}) {
-        for (int index = 0; index < strip->count(); ++index) {
-            ++number;
-            const QKeySequence keys(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number));
-            QAction* choose =
-                addShortcut(strip->tabText(index), QStringLiteral("ChoosePage%1").arg(number), keys, [strip, index] {
-                    if (!strip->isChosen() || index != strip->currentIndex()) {
-                        strip->choose(index);
-                    }
-                });
-            if (strip == lowerTabs_) {
-                bindEnabled(bindings_, choose, program_.pages.serviceMode);
-            }
-        }
-    }
 }
 
 void MainWindow::makeConnectMenu(QMenu* operation) {

@@ -25,6 +25,7 @@ class HelpWindow;
 class Remembered;
 class SettingsWindow;
 class SheetPage;
+class Shortcuts;
 class StatusPage;
 
 /// The main window, "ORV Host Program": menus, the upper tab strip with the operating pages, the lower one with the
@@ -52,8 +53,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
-    /// Sees all keys of the program.
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeMenus();
@@ -63,11 +62,7 @@ private:
     void layOut();
     void addSimulationMarker(QLayout* row);
     void addServiceMarker(QLayout* row);
-    void makeShortcuts();
-    QAction* makeAction(QAnyStringView text, QAnyStringView name, const std::function<void()>& action);
     QAction* addItem(QMenu* menu, QAnyStringView text, QAnyStringView name, const std::function<void()>& action);
-    QAction* addShortcut(QAnyStringView text, QAnyStringView name, const QKeySequence& keys,
-                         const std::function<void()>& action);
     void showTitle();
     void showPage(Page page);
     void showSettings(bool visible);
@@ -97,9 +92,7 @@ private:
     std::vector<Subscription> subscriptions_;
     Bindings bindings_;
     FocusKeeper focus_{*this};
-    int releasedKey_ = 0;
-    quint64 releasedAt_ = 0;
-    bool keyIsHeld_ = false; ///< The newest press of a key is the repeating of one that is held down.
+    std::unique_ptr<Shortcuts> shortcuts_;
 };
 
 } // namespace orv

@@ -112,9 +112,16 @@ void OperatorWatch::follow(QWidget& widget) {
     }
 }
 
-void OperatorWatch::noteAction(const QAction& action) {
-    finishTyping();
-    capture_.did(action.objectName(), plain(action.text()));
+QAction* OperatorWatch::makeAction(QWidget& window, QAnyStringView text, QAnyStringView name,
+                                   const std::function<void()>& action) {
+    auto* made = new QAction(text.toString(), &window);
+    made->setObjectName(name.toString());
+    connect(made, &QAction::triggered, this, [this, made, action] {
+        finishTyping();
+        capture_.did(made->objectName(), plain(made->text()));
+        action();
+    });
+    return made;
 }
 
 void OperatorWatch::noteTyping(QLineEdit& box) {

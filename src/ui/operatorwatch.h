@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <functional>
 #include <vector>
 
 class QAction;
@@ -23,8 +24,8 @@ class OperatorWatch final : public QObject {
 public:
     explicit OperatorWatch(Capture& capture);
 
-    /// A menu item or a shortcut is about to be performed.
-    void noteAction(const QAction& action);
+    /// A menu item or a shortcut of a window, noted before it is performed.
+    QAction* makeAction(QWidget& window, QAnyStringView text, QAnyStringView name, const std::function<void()>& action);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
