@@ -128,6 +128,9 @@ protected:
         const QPointer<QWidget> focus = focusWidget();
         setEnabled(false);
         box->setEnabled(true);
+        if (QPushButton* usual = box->defaultButton()) {
+            usual->setFocus(); // disabled with the dialog it has lost it, and Enter would press the first button
+        }
         box->setAttribute(Qt::WA_DeleteOnClose);
         connect(box, &QMessageBox::finished, this, [this, focus, closed](int button) {
             setEnabled(true);
