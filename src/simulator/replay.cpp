@@ -52,15 +52,15 @@ Words ReplayPort::open() {
         ++next_; // a capture that begins or breaks off in the middle
     }
     if (isOver()) {
-        return QStringLiteral("The capture %1 has no further connection. Choose another port and then this one again "
-                              "to play it from its beginning.")
+        return Words::tr("The capture %1 has no further connection. Choose another port and then this one again "
+                         "to play it from its beginning.")
             .arg(name_);
     }
     failure_.clear();
     const Step& step = steps_[next_];
     ++next_;
     if (step.kind == CaptureKind::NotOpened) {
-        return step.text.isEmpty() ? QStringLiteral("It could not be opened.") : step.text;
+        return step.text.isEmpty() ? Words::tr("It could not be opened.") : Words(step.text);
     }
     open_ = true;
     act(step);
@@ -215,7 +215,7 @@ void ReplayPort::arrive() {
         const std::size_t number = coming_.front().step;
         coming_.pop_front();
         if (steps_[number].kind == CaptureKind::Failed) {
-            failure_ = steps_[number].text.isEmpty() ? QStringLiteral("The line failed.") : steps_[number].text;
+            failure_ = steps_[number].text.isEmpty() ? Words::tr("The line failed.") : Words(steps_[number].text);
         } else {
             arrived_.push_back(number);
         }
@@ -282,9 +282,9 @@ bool namesReplay(const QString& device) {
 
 ReplayOptions parseReplayOptions(const QString& device) {
     const QString start = QStringLiteral("sim:replay?");
-    const auto failed = [&device](const QString& reason) {
+    const auto failed = [&device](const Words& reason) {
         ReplayOptions options;
-        options.error = QStringLiteral("\"%1\" names no replay. %2").arg(device, reason);
+        options.error = Words::tr("\"%1\" names no replay. %2").arg(device, reason);
         return options;
     };
     ReplayOptions options;
@@ -297,17 +297,17 @@ ReplayOptions parseReplayOptions(const QString& device) {
         } else if (name == QLatin1String("speed")) {
             const std::optional<double> speed = numberText(value);
             if (!speed || !(*speed >= 0.0) || *speed > fastest) {
-                return failed(QStringLiteral("The option speed must be a number from 0 (without any delay) to 1000, "
-                                             "not \"%1\".")
-                                  .arg(value));
+                return failed(Words::tr("The option %1 must be %2, not \"%3\".")
+                                  .arg(name, Words::tr("a number from 0 (without any delay) to 1000"), value));
             }
             options.speed = *speed;
         } else {
             return failed(
-                QStringLiteral("There is no option \"%1\"; the options of a replay are file and speed.").arg(name));
+                Words::tr("There is no option \"%1\". The options are %2.").arg(name, QStringLiteral("file, speed")));
         }
     }
-    return options.file.isEmpty() ? failed(QStringLiteral("It must be sim:replay?file=NAME.")) : options;
+    return options.file.isEmpty() ? failed(Words::tr("It must be %1.").arg(QStringLiteral("sim:replay?file=NAME")))
+                                  : options;
 }
 
 } // namespace orv

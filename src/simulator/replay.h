@@ -96,7 +96,7 @@ private:
     std::deque<std::size_t> droppings_; ///< Captured ones since the program's last act.
     Subscription alarm_;
     bool open_ = false;
-    QString failure_;
+    Words failure_;
     std::vector<ReplayDifference> differences_;
     std::size_t differencesTold_ = 0;
     QStringList dtrDifferences_; ///< Since the line was opened, in words.
@@ -107,7 +107,7 @@ private:
 struct ReplayOptions {
     QString file;
     double speed = 1.0;
-    QString error; ///< Empty, or what is wrong and what is allowed, in whole sentences.
+    Words error; ///< Empty, or what is wrong and what is allowed, in whole sentences.
 };
 
 /// Whether a device text names a replay ("sim:replay..."), well formed or not.

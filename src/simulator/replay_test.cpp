@@ -260,8 +260,7 @@ TEST(ReplayOptions, NameTheFileAndThePace) {
         {QStringLiteral("sim:replay?speed=1"),
          "\"sim:replay?speed=1\" names no replay. It must be sim:replay?file=NAME."},
         {QStringLiteral("sim:replay?file=a&rate=1"), "\"sim:replay?file=a&rate=1\" names no replay. There is no option "
-                                                     "\"rate\"; the options of a replay are file and "
-                                                     "speed."},
+                                                     "\"rate\". The options are file, speed."},
         {QStringLiteral("sim:replay?file=a&speed=-1"), "\"sim:replay?file=a&speed=-1\" names no replay. The option "
                                                        "speed must be a number from 0 (without any delay) to "
                                                        "1000, not \"-1\"."},

@@ -95,7 +95,7 @@ Words SimulatedPort::failure() const {
     if (!instrument_->isUnplugged()) {
         return {};
     }
-    return QStringLiteral("The cable of the simulated instrument was pulled out. Connecting again plugs it back in.");
+    return Words::tr("The cable of the simulated instrument was pulled out. Connecting again plugs it back in.");
 }
 
 } // namespace orv

@@ -49,29 +49,31 @@ std::optional<qint64> thousandths(QStringView text, qint64 least, qint64 most) {
 // Each of these stores an option's value and returns the empty text, or returns what the value may be.
 
 template <typename Integer>
-QString storeWhole(Integer& field, const QString& value, qint64 least, qint64 most) {
+Words storeWhole(Integer& field, const QString& value, qint64 least, qint64 most) {
     const std::optional<qint64> number = wholeNumber(value, least, most);
     field = static_cast<Integer>(number.value_or(0));
-    return number ? QString() : QStringLiteral("a whole number from %1 to %2").arg(least).arg(most);
+    return number ? Words()
+                  : Words::tr("a whole number from %1 to %2").arg(QString::number(least), QString::number(most));
 }
 
-QString storeSeconds(qint64& milliseconds, const QString& value) {
+Words storeSeconds(qint64& milliseconds, const QString& value) {
     const std::optional<qint64> number = thousandths(value, 0, 3'600'000);
     milliseconds = number.value_or(0);
-    return number ? QString() : QStringLiteral("a number of seconds from 0 to 3600");
+    return number ? Words() : Words::tr("a number of seconds from 0 to 3600");
 }
 
-QString storeRate(SimulatorOptions& options, const QString& value) {
+Words storeRate(SimulatorOptions& options, const QString& value) {
     options.linesPerThousandSeconds = thousandths(value, 1, 1'000'000);
-    return options.linesPerThousandSeconds ? QString() : QStringLiteral("a number from 0.001 to 1000");
+    return options.linesPerThousandSeconds ? Words() : Words::tr("a number from 0.001 to 1000");
 }
 
-QString storeEnd(SimulatorOptions& options, const QString& value) {
+Words storeEnd(SimulatorOptions& options, const QString& value) {
     options.dumpEndsWithZero = value == u"0";
-    return value == u"0" || value == u"eof" ? QString() : QStringLiteral("eof or 0");
+    return value == u"0" || value == u"eof" ? Words()
+                                            : Words::tr("%1 or %2").arg(QStringLiteral("eof"), QStringLiteral("0"));
 }
 
-QString storeFault(SimulatorOptions& options, const QString& value) {
+Words storeFault(SimulatorOptions& options, const QString& value) {
     QStringList names;
     for (const auto& [name, fault] : faults) {
         if (value == QLatin1String(name)) {
@@ -80,10 +82,10 @@ QString storeFault(SimulatorOptions& options, const QString& value) {
         }
         names.append(QLatin1String(name));
     }
-    return QStringLiteral("one of ") + names.join(QStringLiteral(", "));
+    return Words::tr("one of %1").arg(names.join(QStringLiteral(", ")));
 }
 
-QString storeFaultPoint(SimulatorOptions& options, const QString& value) {
+Words storeFaultPoint(SimulatorOptions& options, const QString& value) {
     constexpr qint64 most = 1'000'000'000;
     std::optional<qint64> amount;
     FaultPoint& point = options.faultPoint;
@@ -98,11 +100,10 @@ QString storeFaultPoint(SimulatorOptions& options, const QString& value) {
         amount = wholeNumber(value, 0, most);
     }
     point.amount = amount.value_or(0);
-    return amount ? QString()
-                  : QStringLiteral("a number of bytes, 0% to 100% or a number of milliseconds (\"1500ms\")");
+    return amount ? Words() : Words::tr("a number of bytes, 0% to 100% or a number of milliseconds (\"1500ms\")");
 }
 
-using Store = QString (*)(SimulatorOptions& options, const QString& value);
+using Store = Words (*)(SimulatorOptions& options, const QString& value);
 
 constexpr std::pair<const char*, Store> optionTable[] = {
     {"firmware", [](auto& to, auto& value) { return storeWhole(to.firmware, value, 0, 99999); }},
@@ -119,22 +120,24 @@ constexpr std::pair<const char*, Store> optionTable[] = {
     {"after", storeFaultPoint}};
 
 /// Takes one option, "name=value", and adds its name to `seen`. Returns the empty text, or what is wrong.
-QString takeOption(SimulatorOptions& options, const QString& option, QStringList& seen) {
+Words takeOption(SimulatorOptions& options, const QString& option, QStringList& seen) {
     const QString name = option.section(u'=', 0, 0);
     const QString value = option.section(u'=', 1);
     const auto* const found = std::find_if(std::begin(optionTable), std::end(optionTable),
                                            [&name](const auto& entry) { return name == QLatin1String(entry.first); });
     if (found == std::end(optionTable)) {
-        return QStringLiteral("There is no option \"%1\"; the options are firmware, baud, rate, records, points, "
-                              "erased, end, shutter, seed, fault, delay and after.")
-            .arg(name);
+        QStringList names;
+        for (const auto& [optionName, store] : optionTable) {
+            names << QLatin1String(optionName);
+        }
+        return Words::tr("There is no option \"%1\". The options are %2.").arg(name, names.join(QStringLiteral(", ")));
     }
-    const QString allowed = found->second(options, value);
+    const Words allowed = found->second(options, value);
     if (!allowed.isEmpty()) {
-        return QStringLiteral("The option %1 must be %2, not \"%3\".").arg(name, allowed, value);
+        return Words::tr("The option %1 must be %2, not \"%3\".").arg(name, allowed, value);
     }
     if (seen.contains(name)) {
-        return QStringLiteral("The option %1 is given twice.").arg(name);
+        return Words::tr("The option %1 is given twice.").arg(name);
     }
     seen.append(name);
     return {};
@@ -147,9 +150,8 @@ bool namesSimulator(const QString& device) {
 }
 
 ParsedSimulatorOptions parseSimulatorOptions(const QString& device) {
-    const auto failed = [&device](const QString& reason) {
-        return ParsedSimulatorOptions{{},
-                                      QStringLiteral("\"%1\" names no simulated instrument. %2").arg(device, reason)};
+    const auto failed = [&device](const Words& reason) {
+        return ParsedSimulatorOptions{{}, Words::tr("\"%1\" names no simulated instrument. %2").arg(device, reason)};
     };
     const qsizetype question = device.indexOf(u'?');
     const QString type = device.left(question);
@@ -159,24 +161,24 @@ ParsedSimulatorOptions parseSimulatorOptions(const QString& device) {
         options.kind = InstrumentKind::Glow;
         options.firmware = glowFirmware;
     } else if (type != u"sim:trx") {
-        return failed(QStringLiteral("It must begin with sim:trx or sim:glow."));
+        return failed(Words::tr("It must begin with sim:trx or sim:glow."));
     }
     if (question < 0) {
         return {options, {}};
     }
     QStringList seen;
     for (const QString& option : device.mid(question + 1).split(u'&')) {
-        const QString error = takeOption(options, option, seen);
+        const Words error = takeOption(options, option, seen);
         if (!error.isEmpty()) {
             return failed(error);
         }
     }
     if (seen.contains(QStringLiteral("delay")) && options.fault != SimulatedFault::Late) {
-        return failed(QStringLiteral("The option delay needs fault=late."));
+        return failed(Words::tr("The option delay needs fault=late."));
     }
     if (seen.contains(QStringLiteral("after")) && options.fault != SimulatedFault::Cut &&
         options.fault != SimulatedFault::Unplug) {
-        return failed(QStringLiteral("The option after needs fault=cut or fault=unplug."));
+        return failed(Words::tr("The option after needs fault=cut or fault=unplug."));
     }
     return {options, {}};
 }

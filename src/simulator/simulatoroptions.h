@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/words.h"
+
 #include <QString>
 
 #include <optional>
@@ -73,7 +75,7 @@ struct SimulatorOptions {
 /// The options of a device text, or why it has none.
 struct ParsedSimulatorOptions {
     SimulatorOptions options;
-    QString error; ///< empty, or what is wrong and what is allowed, in whole sentences
+    Words error; ///< empty, or what is wrong and what is allowed, in whole sentences
 };
 
 /// Whether a device text names a simulated instrument (begins with "sim:"), well formed or not.

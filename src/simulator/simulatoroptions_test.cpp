@@ -65,14 +65,14 @@ TEST(SimulatorOptions, ErasedMemoryAndLimits) {
 
 TEST(SimulatorOptions, WhatIsMalformedIsToldWithWhatIsAllowed) {
     const std::string options =
-        "firmware, baud, rate, records, points, erased, end, shutter, seed, fault, delay and after.";
+        "firmware, baud, rate, records, points, erased, end, shutter, seed, fault, delay, after.";
     const std::pair<const char*, std::string> cases[] = {
         {"sim:", "It must begin with sim:trx or sim:glow."},
         {"sim:TRX", "It must begin with sim:trx or sim:glow."},
         {"sim:trxx?rate=1", "It must begin with sim:trx or sim:glow."},
         {"ttyUSB0", "It must begin with sim:trx or sim:glow."},
-        {"sim:trx?", "There is no option \"\"; the options are " + options},
-        {"sim:trx?speed=2", "There is no option \"speed\"; the options are " + options},
+        {"sim:trx?", "There is no option \"\". The options are " + options},
+        {"sim:trx?speed=2", "There is no option \"speed\". The options are " + options},
         {"sim:trx?firmware=", "The option firmware must be a whole number from 0 to 99999, not \"\"."},
         {"sim:trx?firmware", "The option firmware must be a whole number from 0 to 99999, not \"\"."},
         {"sim:trx?firmware=5x", "The option firmware must be a whole number from 0 to 99999, not \"5x\"."},
