@@ -60,8 +60,16 @@ void Connection::autoConnect1() {
     procedures_.start(Words::tr("Auto Connect Comm 1"), [this] { return autoOpen1(); });
 }
 
+/// What was remarked on the instrument before says nothing of this one.
+void Connection::forgetRemarks() {
+    if (!ports_.isOpen()) {
+        session_.status.notice = Words();
+    }
+}
+
 Task<> Connection::autoOpen1() {
     ports_.debugsay(QStringLiteral("Auto Open 1"));
+    forgetRemarks();
     // The item is checked only after the attempt: while it runs, no item tells the port number, which stays what it
     // was, 1 at the start of the program or that of the last session.
     co_await openport1();
@@ -76,6 +84,7 @@ void Connection::autoConnect2() {
 
 Task<> Connection::autoOpen2() {
     ports_.debugsay(QStringLiteral("Auto Open 2"));
+    forgetRemarks();
     session_.state.Portused = 2;
     items[ConnectItems::Auto2].checked = true;
     items[ConnectItems::Auto2].enabled = true;
@@ -89,6 +98,7 @@ void Connection::manualConnect(int portNumber) {
     item.enabled = true;
     item.checked = true;
     session_.status.failure = QString();
+    forgetRemarks();
     manualWanted.tell();
 }
 
@@ -96,6 +106,7 @@ void Connection::closePort() {
     ports_.debugsay(QStringLiteral("Close Port"));
     // Lines that still wait become rows while the firmware tells their layout.
     aboutToClose.tell();
+    followsReset_ = false;
     session_.state.portstatus = 2;
     items.enableAll();
     items.uncheckAll();
@@ -299,6 +310,7 @@ Task<bool> Connection::wakeUp() {
 }
 
 void Connection::attemptFailed() {
+    followsReset_ = false;
     if (const auto item = items.firstChecked()) {
         session_.state.Portused = static_cast<quint8>(ConnectItems::portNumber(*item));
     }
@@ -321,6 +333,7 @@ void Connection::abortrun() {
     const ConnectItems::Item item =
         items.firstChecked().value_or(ports_.selectedPort() == 1 ? ConnectItems::Auto1 : ConnectItems::Auto2);
     fixit();
+    followsReset_ = true;
     items[item].checked = true;
     const int port = ConnectItems::portNumber(item);
     if (item == ConnectItems::Auto1 || item == ConnectItems::Auto2) {
@@ -335,6 +348,7 @@ void Connection::abortrun() {
 void Connection::fixit() {
     ports_.debugsay(QStringLiteral("Reset Everything AKA FIXIT"));
     aboutToClose.tell();
+    followsReset_ = false;
     ports_.close();
     goOffline();
     hideFrames();

@@ -104,6 +104,10 @@ public:
     /// connect item the automatic one of the port in use counts as checked. Nothing happens on a closed port.
     void abortrun();
 
+    /// This connection, or the attempt at it, has followed one on the same port by a reset alone: the instrument is the
+    /// one from before.
+    bool followsReset() const { return followsReset_; }
+
     /// Opens the instrument port on COM 1 or COM 2 and wakes the instrument, unless the port is open already. Nothing
     /// happens for another number. Throws ConnectionEnded if the port cannot be opened, which the operator has been
     /// told.
@@ -128,6 +132,7 @@ private:
     Task<> presets();
     Task<bool> wakeUp();
     void attemptFailed();
+    void forgetRemarks();
     void listInputCount();
     void dumpState();
 
@@ -138,6 +143,7 @@ private:
     StatusTimer& timer_;
     Procedures& procedures_;
     std::array<PortCommand, 2> portCommands_;
+    bool followsReset_ = false;
     Subscription portFailed_;
     Bindings bindings_;
 };

@@ -35,6 +35,7 @@ void Session::setFirmware(const QString& text) {
 
 CommandState::CommandState() {
     canAsk.setBinding([this] { return !asking.value(); });
+    canTypeSettings.setBinding([this] { return activity.value() != Activity::SettingClock; });
     undisturbed.setBinding([this] { return activity.value() == Activity::None && canAsk.value(); });
     canCommand.setBinding([this] { return portOpen.value() && undisturbed.value(); });
     canRun.setBinding([this] { return runEnabled.value() && canCommand.value(); });

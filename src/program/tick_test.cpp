@@ -124,6 +124,49 @@ TEST_F(ProgramTest, TheClockOfTheNextInstrumentIsToBeSetAgainNotThatOfAClosedCon
     EXPECT_TRUE(settings.syncPending.value());
 }
 
+TEST_F(ProgramTest, WhatWasRemarkedOnOneInstrumentDoesNotStandBesideTheNext) {
+    connectAndRead();
+    settings.modeRemark = QStringLiteral("Moored was sent.");
+    status.notice = QStringLiteral("Saved 40 records to lake.txt");
+    replies = {"V512\r"};
+    program.reset();
+    finish();
+    ASSERT_EQ(state.Ctrlscrn, Operation::Identified);
+    EXPECT_EQ(settings.modeRemark.value().toStdString(), "Moored was sent.");
+    EXPECT_EQ(status.notice.value().toStdString(), "Saved 40 records to lake.txt");
+    program.closePort();
+    EXPECT_EQ(status.notice.value().toStdString(), "Saved 40 records to lake.txt") << "as yet no other is there";
+    connectAndRead();
+    EXPECT_EQ(settings.modeRemark.value().toStdString(), "");
+    EXPECT_EQ(status.notice.value().toStdString(), "");
+    for (const auto& connectNow : {std::function<void()>([this] { program.autoConnect1(); }),
+                                   std::function<void()>([this] { program.connectPort(2); }),
+                                   std::function<void()>([this] { program.manualConnect(1); })}) {
+        program.closePort();
+        status.notice = QStringLiteral("Saved 40 records to lake.txt");
+        connectNow();
+        EXPECT_EQ(status.notice.value().toStdString(), "");
+        finish();
+    }
+}
+
+TEST_F(ProgramTest, AClockThatHasBeenSetIsNotToBeSetAgainAfterAReset) {
+    connectAndRead();
+    settings.syncTimeDate = true;
+    settings.syncPending = false; // as when it has been set
+    replies = {"V512\r"};
+    program.reset();
+    finish();
+    ASSERT_EQ(state.Ctrlscrn, Operation::Identified);
+    EXPECT_FALSE(settings.syncPending.value());
+    settings.syncTimeDate = false;
+    settings.syncTimeDate = true; // for another setting
+    replies = {"V512\r"};
+    program.reset();
+    finish();
+    EXPECT_TRUE(settings.syncPending.value());
+}
+
 TEST_F(ProgramTest, CollectingTakesEachReplyLineAndIsSilentWithoutOne) {
     connectAndRead();
     program.run();

@@ -78,7 +78,10 @@ SettingsReader::SettingsReader(Link& link, SettingsState& settings, ProgressStat
         progress_.visible = false;
     }))
     , identified_(link_.connection.identified.subscribe([this] {
-        settings_.syncPending = settings_.syncTimeDate.value(); // the clock of another instrument
+        if (!link_.connection.followsReset()) {
+            settings_.syncPending = settings_.syncTimeDate.value(); // the clock of another instrument
+            settings_.modeRemark = Words();
+        }
     })) {}
 
 void SettingsReader::getprefs(const QString& line) {

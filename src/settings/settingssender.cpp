@@ -195,6 +195,9 @@ Task<> SettingsSender::talk() {
     settings_.sent.reset();
     settings_.reported = std::nullopt; // from here on the instrument may have others
     settings_.exchange = Words::tr("Sending ...");
+    if (!settings_.sendingMode) {
+        settings_.modeRemark = Words(); // the instrument has that mode no longer
+    }
     std::vector<Item> items{{QStringLiteral("B")}, {controlBits(record)}};
     for (const Setting& setting : numberSettings) {
         items.push_back({QChar(setting.letter)});

@@ -38,6 +38,13 @@ protected:
 
     std::string exchange() { return text("SettingsExchange"); }
 
+    /// What stands over the settings in plain English when they are opened now; empty if nothing does.
+    std::string asPlainEnglishNotes() {
+        click("ViewCurrentSettingsTranscribedAsText");
+        const auto& label = find<QLabel>("PlainEnglishNote");
+        return label.isVisible() ? label.text().toStdString() : std::string();
+    }
+
     /// The settings beside whose boxes stands that they are not sent.
     std::string marked() const {
         std::string all;
@@ -197,9 +204,18 @@ TEST_F(SettingsExchangeTest, AClockThatIsToBeSetIsMarkedUntilItWasAndThenSaidToB
     live(4.0);
     EXPECT_EQ(exchange(), "Waiting for the full minute: 46 s. Reset on the page Status and Controls stops it.");
     EXPECT_FALSE(progress.visible.value());
+    EXPECT_EQ(asPlainEnglishNotes(), "Sent, and not read back yet.");
+    for (const Setting& setting : allSettings) {
+        EXPECT_FALSE(find<QWidget>(setting.control).isEnabled())
+            << setting.control << ": what is changed now would be gone with the report";
+    }
+    EXPECT_FALSE(find<QRadioButton>("SamplingOption1").isEnabled());
     live(56.0);
     finish();
     report();
+    for (const Setting& setting : allSettings) {
+        EXPECT_TRUE(find<QWidget>(setting.control).isEnabled()) << setting.control;
+    }
     EXPECT_FALSE(isMarked());
     EXPECT_TRUE(exchange().starts_with("Sent and read back at ")) << exchange();
     EXPECT_TRUE(exchange().ends_with("Sync Time/Date is still ticked: \"Apply Settings\" sets the clock again."))
@@ -220,16 +236,18 @@ TEST_F(SettingsExchangeTest, WhatIsTypedWhileTheReportComesIsNotTheInstruments) 
 
 TEST_F(SettingsExchangeTest, ThePlainEnglishSaysWhenItDescribesUnsentSettings) {
     openSettings("Modes");
-    const auto note = [this] {
-        click("ViewCurrentSettingsTranscribedAsText");
-        const auto& label = find<QLabel>("PlainEnglishNote");
-        return label.isVisible() ? label.text().toStdString() : std::string();
-    };
+    const auto note = [this] { return asPlainEnglishNotes(); };
     EXPECT_EQ(note(), "No instrument has reported these settings.");
     report();
     EXPECT_EQ(note(), "");
     find<QCheckBox>("Append").click();
     EXPECT_EQ(note(), "These settings have not been sent to the instrument: Append.");
+    click("ApplySettings");
+    EXPECT_EQ(note(), "Sending ...");
+    finish();
+    EXPECT_EQ(note(), "Sent, and not read back yet.");
+    program.link.session.commands.activity = Activity::ResettingShutter;
+    EXPECT_EQ(note(), "The shutter is being reset: until that is done, these may be temporary settings.");
 }
 
 TEST_F(SettingsExchangeTest, BeforeATabIsChosenTheSettingsStandInPlainEnglish) {

@@ -75,9 +75,14 @@ QFrame* makeLine() {
 namespace {
 
 /// Says over the sentences if it is not known that the instrument has these settings.
-QString whetherSent(const SettingsState& shown) {
+QString whetherSent(const Program& program) {
+    const SettingsState& shown = program.settings.shown;
+    if (program.link.session.commands.activity == Activity::ResettingShutter) {
+        return Screen::tr("The shutter is being reset: until that is done, these may be temporary settings.");
+    }
     if (!shown.reported.value()) {
-        return Screen::tr("No instrument has reported these settings.");
+        const QString exchange = shown.exchange.value().shown();
+        return exchange.isEmpty() ? Screen::tr("No instrument has reported these settings.") : asSentence(exchange);
     }
     return shown.unsent().any() ? Screen::tr("These settings have not been sent to the instrument: %1.")
                                       .arg(join(captionsOf(shown.unsent()), QStringLiteral(", ")).shown())
@@ -98,7 +103,7 @@ QWidget* makeModesPage(Program& program) {
         makeButton(Screen::tr("&Load A User Defined Mode"), "LoadAUserDefinedMode", [&modes] { modes.loadMode(); });
     auto* view =
         makeButton(Screen::tr("&View Current Settings Transcribed as Text"), "ViewCurrentSettingsTranscribedAsText",
-                   [english, &shown = program.settings.shown] { english->open(shown.record, whetherSent(shown)); });
+                   [english, &program] { english->open(program.settings.shown.record, whetherSent(program)); });
     QLabel* remark = makeValueLabel("ModeRemark", Screen::tr("Mode file"));
     const auto tell = [remark, &shown = program.settings.shown](auto&&) {
         const bool waits = shown.secondsToFullMinute > 0 && shown.sendingMode;
@@ -274,6 +279,7 @@ QWidget* makeControlBitsPage(Program& program) {
         QObject::connect(box, &QCheckBox::toggled, page, [&record, setting](bool on) {
             change(record, [setting, on](LoggerSettings& changed) { changed.*setting->flag = on; });
         });
+        bindEnabled(page->bindings, box, program.link.session.commands.canTypeSettings);
         bits->addWidget(box, row, 0);
         bits->addWidget(makeUnsentMark(page, *setting, program.settings.shown), row++, 1);
     }
@@ -314,6 +320,7 @@ public:
             layout->addWidget(button);
             // Only the operator's choice writes the preset; an option that a report selects must leave the text alone.
             onChosen(button, [&program, option] { program.settings.sender.chooseSamplingOption(option); });
+            bindEnabled(bindings_, button, program.link.session.commands.canTypeSettings);
         }
         layout->addWidget(new QLabel(Screen::tr("points/s")));
         layout->addStretch(1);
@@ -366,6 +373,7 @@ void addNumbers(SettingsPage* page, QGridLayout* layout, Program& program) {
         nameAfter(setting, box);
         box->setAccessibleName(setting.plainCaption().shown());
         box->follow(program.settings.shown.record, setting.number);
+        bindEnabled(page->bindings, box, program.link.session.commands.canTypeSettings);
         layout->addWidget(makeCaption(Screen::tr(setting.caption), box), row, 0);
         layout->addWidget(box, row, 1);
         layout->addWidget(makeUnsentMark(page, setting, program.settings.shown), row, 3);

@@ -33,11 +33,6 @@ constexpr int calibrationTab = std::size(tabs) - 1;
 /// Of more settings that are not sent some are only counted; their names have room in two lines.
 constexpr qsizetype mostNamed = 4;
 
-/// With a full stop at its end.
-QString asSentence(const QString& text) {
-    return text.endsWith(u'.') ? text : text + u'.';
-}
-
 QStringList tabCaptions() {
     QStringList captions;
     for (const Tab& tab : tabs) {

@@ -32,6 +32,11 @@ Control* makeControl(QAnyStringView name, QAnyStringView accessibleName) {
     return control;
 }
 
+/// With a full stop at its end.
+inline QString asSentence(const QString& text) {
+    return text.endsWith(u'.') ? text : text + u'.';
+}
+
 /// A label for a text that changes. It is plain and cannot be selected.
 QLabel* makeTextLabel(QAnyStringView name, QAnyStringView accessibleName);
 
