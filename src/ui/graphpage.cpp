@@ -183,7 +183,9 @@ void GraphPage::showStatistics() {
 QString GraphPage::rowsBetween(int first, int end) const {
     const auto record = [this](int point) { return sheet_.cell(data_.row(point), sheetcolumn::record); };
     const int rows = end - first;
-    if (rows == 0) {
+    // Over time the rows of a run and of a download may lie between each other: no two records name them all.
+    const bool inOnePiece = rows > 0 && data_.row(end - 1) - data_.row(first) == rows - 1;
+    if (!inOnePiece) {
         return Screen::tr("%1 rows").arg(rows);
     }
     return rows == 1

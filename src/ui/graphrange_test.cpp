@@ -58,6 +58,12 @@ TEST_F(GraphRangeTest, TheStatisticsTellWhichRecordsTheyAreOf) {
     const auto time = [this](int record) { return canvas().graph(0)->data()->at(record - 1)->key; };
     drag(at(time(4) - 0.1), at(time(8) + 0.1), Qt::ShiftModifier);
     EXPECT_EQ(text("PlotStatisticsWhat"), "5 rows, records 4 to 8");
+    for (const char* row : {"51\t11/20/26\t23:59:50\t1\t2\t3\t4", "52\t11/20/26\t23:59:55\t1\t2\t3\t4"}) {
+        sheet.appendJoinedRow(row); // a download, from before the run
+    }
+    page.refreshNow();
+    drag(at(canvas().graph(0)->data()->at(0)->key - 0.1), at(time(2 + 2) + 0.1), Qt::ShiftModifier);
+    EXPECT_EQ(text("PlotStatisticsWhat"), "4 rows") << "no two records name them all";
 }
 
 TEST_F(GraphRangeTest, TheCursorFollowsThePointerThatDrawsARange) {

@@ -2,6 +2,7 @@
 #include "ui/remembered.h"
 
 #include "base/words.h"
+#include "ui/sharedcolumns.h"
 
 #include <QComboBox>
 #include <QFileInfo>
@@ -24,6 +25,17 @@ QString windowKey(const QWidget& window) {
 
 QString choiceKey(const QWidget& control) {
     return QStringLiteral("choices/") + control.objectName();
+}
+
+/// The headers of a page whose columns the operator can make wider.
+QList<SharedColumns*> columnsOf(const QWidget& page) {
+    QList<SharedColumns*> found;
+    for (auto* header : page.findChildren<QHeaderView*>()) {
+        if (auto* columns = dynamic_cast<SharedColumns*>(header)) {
+            found << columns;
+        }
+    }
+    return found;
 }
 
 } // namespace
@@ -81,6 +93,13 @@ void Remembered::restoreChoices(QWidget& page) const {
             list->setCurrentIndex(index);
         }
     }
+    for (SharedColumns* columns : columnsOf(page)) {
+        QList<int> shares;
+        for (const QString& share : file_.value(choiceKey(*columns)).toStringList()) {
+            shares << share.toInt();
+        }
+        columns->setShares(shares);
+    }
 }
 
 void Remembered::keepChoices(const QWidget* page) {
@@ -89,6 +108,15 @@ void Remembered::keepChoices(const QWidget* page) {
     }
     for (const auto* list : page->findChildren<QComboBox*>()) {
         keep(choiceKey(*list), Screen::english(list->currentText()));
+    }
+    for (const SharedColumns* columns : columnsOf(*page)) {
+        QStringList shares;
+        for (const int share : columns->shares()) {
+            shares << QString::number(share);
+        }
+        if (!shares.isEmpty()) {
+            keep(choiceKey(*columns), shares);
+        }
     }
 }
 

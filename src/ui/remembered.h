@@ -10,8 +10,8 @@ class QWidget;
 namespace orv {
 
 /// What the program keeps from one start to the next, in a file of its own: the ports that were connected, the folders
-/// of files, windows, the page, what is chosen on a page. Never a setting of an instrument. A file that cannot be read
-/// or written costs nothing but that.
+/// of files, windows, the page, what is chosen on a page, column widths. Never a setting of an instrument. A file that
+/// cannot be read or written costs nothing but that.
 class Remembered {
 public:
     explicit Remembered(const QString& path)
@@ -34,7 +34,8 @@ public:
     void restoreWindow(QWidget& window) const;
     void keepWindow(const QWidget* window); ///< Null: it has not been made; what was kept stays.
 
-    /// What is chosen in the lists of a page, by object names.
+    /// What is chosen in the lists of a page, and how wide the operator has made the columns of its table, by object
+    /// names.
     void restoreChoices(QWidget& page) const;
     void keepChoices(const QWidget* page); ///< The same.
 

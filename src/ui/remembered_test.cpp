@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/remembered.h"
+#include "ui/sharedcolumns.h"
 
 #include "testing/windowrig.h"
 #include "ui/messageboxes.h"
@@ -7,6 +8,8 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QTableWidget>
 
 namespace orv {
 namespace {
@@ -111,6 +114,7 @@ TEST_F(RememberedTest, WindowsPageAndAxisComeBack) {
     const std::function<void(ProgramRig & rig)> ends[] = {[](ProgramRig& rig) { EXPECT_TRUE(rig.quit()); },
                                                           [](ProgramRig& rig) { rig.program.endUnasked(); }};
     QSize size(900, 611);
+    std::pair<int, int> widths; // of two columns of the sheet
     for (const auto& end : ends) {
         size -= QSize(10, 10); // not that of the round before
         {
@@ -121,6 +125,12 @@ TEST_F(RememberedTest, WindowsPageAndAxisComeBack) {
             first.prepareAllPages();
             first.resize(size);
             control<QComboBox>(first, "PlotAxis").setCurrentIndex(1);
+            clickTab(control<QTabBar>(first, "TabStrip1"), 1);
+            QCoreApplication::processEvents();
+            auto& columns = control<QHeaderView>(first, "SheetColumns");
+            columns.resizeSection(3, columns.sectionSize(3) + 25);
+            widths = {columns.sectionSize(3), columns.sectionSize(4)};
+            EXPECT_GT(widths.first, widths.second + 40);
             control<QTabBar>(first, "TabStrip1").setCurrentIndex(0);
             clickTab(control<QTabBar>(first, "TabStrip1"), 2);
             rig.program.showSettingsForm();
@@ -134,9 +144,28 @@ TEST_F(RememberedTest, WindowsPageAndAxisComeBack) {
         EXPECT_EQ(second.size(), size);
         EXPECT_EQ(rig.program.pages.shown.value(), Page::Graphical);
         EXPECT_EQ(control<QComboBox>(second, "PlotAxis").currentIndex(), 1);
+        clickTab(control<QTabBar>(second, "TabStrip1"), 1);
+        QCoreApplication::processEvents();
+        const auto& columns = control<QHeaderView>(second, "SheetColumns");
+        EXPECT_NEAR(columns.sectionSize(3), widths.first, 1);
+        EXPECT_NEAR(columns.sectionSize(4), widths.second, 1);
         rig.program.showSettingsForm();
         EXPECT_EQ(second.settingsWindow()->size(), size - QSize(120, 111));
     }
+}
+
+TEST_F(RememberedTest, ColumnWidthsThatAreNoneAreLeftOut) {
+    SharedColumns* columns = nullptr;
+    QTableWidget table(1, 3);
+    table.setHorizontalHeader(columns = new SharedColumns(&table));
+    table.show();
+    columns->setShares({30, 20, 10});
+    for (const QList<int>& none : {QList<int>{}, {1, 2}, {1, 2, 3, 4}, {1, 0, 2}, {1, -5, 2}}) {
+        columns->setShares(none);
+        EXPECT_EQ(columns->shares(), (QList<int>{30, 20, 10}));
+    }
+    columns->setShares({2147483647, 2147483647, 2147483647});
+    EXPECT_NEAR(columns->sectionSize(0), columns->sectionSize(2), 1);
 }
 
 TEST_F(RememberedTest, WithoutAnEarlierStartNothingIsTakenOver) {

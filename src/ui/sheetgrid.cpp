@@ -2,6 +2,7 @@
 #include "ui/sheetgrid.h"
 
 #include "base/words.h"
+#include "ui/sharedcolumns.h"
 #include "ui/widgets.h"
 
 #include <QClipboard>
@@ -155,8 +156,9 @@ SheetGrid::SheetGrid(const DataSheet& sheet)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    horizontalHeader()->setHighlightSections(false);
+    auto* columns = new SharedColumns(this);
+    columns->setObjectName(QStringLiteral("SheetColumns"));
+    setHorizontalHeader(columns);
 }
 
 void SheetGrid::showRowsFrom(int first, const std::function<void()>& bringIntoView) {
@@ -210,7 +212,7 @@ bool SheetGrid::copy(bool withHeader) const {
                 return false;
             }
         }
-        return sheet_.header().value(column).isEmpty();
+        return sheet_.columnNames().value(column).isEmpty();
     };
     // The sheet has columns enough for every type; those of this one are meant.
     while (!columns.empty() && isEmpty(columns.back())) {
@@ -228,7 +230,7 @@ bool SheetGrid::copy(bool withHeader) const {
         lines << line.join(u'\t');
     };
     if (withHeader) {
-        addLine([this](int column) { return sheet_.header().value(column); });
+        addLine([this](int column) { return sheet_.columnNames().value(column); });
     }
     for (int row = 0; row < model_.rowCount(); ++row) {
         const auto isSelected = [&cells, row](int column) {
@@ -287,18 +289,21 @@ void SheetGrid::extend(QItemSelectionModel::SelectionFlag to) {
 
 std::vector<StatisticsTable::Line> SheetGrid::statistics() const {
     const SelectedRows cells = selectedRows();
-    const auto [kind, count] = whatIsSelected();
-    const bool wholeRows = kind == Selected::Kind::Rows && count > 0;
+    const Selected what = whatIsSelected();
+    const bool wholeRows = what.kind == Selected::Kind::Rows && what.count > 0;
     std::vector<StatisticsTable::Line> lines;
+    if (what.rowsOfOtherType > 0 && what.rows == what.rowsOfOtherType) {
+        return lines;
+    }
     for (int column = sheetcolumn::firstValue; column < DataSheet::columnCount; ++column) {
         const std::vector<bool>& rows = cells.at(static_cast<std::size_t>(column));
-        StatisticsTable::Line line{.name = shownColumn(sheet_.header().value(column)), .numbers = {}};
-        for (std::size_t row = 0; row < rows.size(); ++row) {
+        StatisticsTable::Line line{.name = shownColumn(sheet_.columnNames().value(column)), .numbers = {}};
+        for (auto row = static_cast<std::size_t>(sheet_.rowsOfOtherLayout()); row < rows.size(); ++row) {
             if (rows[row]) {
                 line.numbers.add(sheet_.number(static_cast<int>(row), column));
             }
         }
-        if (line.numbers.count() > 1 || (wholeRows && !sheet_.header().value(column).isEmpty())) {
+        if (line.numbers.count() > 1 || (wholeRows && !sheet_.columnNames().value(column).isEmpty())) {
             lines.push_back(std::move(line));
         }
     }
@@ -311,22 +316,25 @@ SheetGrid::Selected SheetGrid::whatIsSelected() const {
     std::vector<bool> any(static_cast<std::size_t>(model_.rowCount()));
     std::vector<int> counts; // of each column with a name
     for (int column = 0; column < DataSheet::columnCount; ++column) {
-        if (sheet_.header().value(column).isEmpty()) {
+        if (sheet_.columnNames().value(column).isEmpty()) {
             continue;
         }
         const std::vector<bool>& rows = all.at(static_cast<std::size_t>(column));
         std::transform(rows.begin(), rows.end(), any.begin(), any.begin(), std::logical_or());
         counts.push_back(rowsOf(rows));
     }
-    const int rows = rowsOf(any);
-    if (std::ranges::count(counts, rows) == std::ssize(counts)) {
-        return {.kind = Selected::Kind::Rows, .count = rows};
-    }
+    Selected what{.count = std::accumulate(counts.begin(), counts.end(), 0), .rows = rowsOf(any)};
+    what.rowsOfOtherType = static_cast<int>(
+        std::count(any.begin(), any.begin() + std::min(sheet_.rowsOfOtherLayout(), model_.rowCount()), true));
     const auto whole = std::ranges::count(counts, model_.rowCount());
-    if (whole + std::ranges::count(counts, 0) == std::ssize(counts)) {
-        return {.kind = Selected::Kind::Columns, .count = static_cast<int>(whole)};
+    if (std::ranges::count(counts, what.rows) == std::ssize(counts)) {
+        what.kind = Selected::Kind::Rows;
+        what.count = what.rows;
+    } else if (whole + std::ranges::count(counts, 0) == std::ssize(counts)) {
+        what.kind = Selected::Kind::Columns;
+        what.count = static_cast<int>(whole);
     }
-    return {.kind = Selected::Kind::Cells, .count = std::accumulate(counts.begin(), counts.end(), 0)};
+    return what;
 }
 
 std::vector<RowRange> SheetGrid::selectedWholeRows() const {
@@ -350,9 +358,12 @@ std::vector<RowRange> SheetGrid::selectedWholeRows() const {
 
 QItemSelectionModel::SelectionFlags SheetGrid::selectionCommand(const QModelIndex& index, const QEvent* event) const {
     const QItemSelectionModel::SelectionFlags command = QTableView::selectionCommand(index, event);
+    // What is pressed where all is selected is chosen when the button goes up.
     const bool byPointer =
-        event != nullptr && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove);
-    return byPointer && rowPressed_ ? command | QItemSelectionModel::Rows : command;
+        event != nullptr && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove ||
+                             event->type() == QEvent::MouseButtonRelease);
+    const bool chooses = command != QItemSelectionModel::NoUpdate;
+    return byPointer && rowPressed_ && chooses ? command | QItemSelectionModel::Rows : command;
 }
 
 void SheetGrid::mousePressEvent(QMouseEvent* event) {

@@ -57,8 +57,9 @@ public:
     void showRowsFrom(int first, const std::function<void()>& bringIntoView);
 
     /// Puts what is selected on the clipboard: a line for each row, cells separated by tabs, and before it, if wanted,
-    /// the line of the header row. Between selected cells those that are not selected are empty; columns at the right
-    /// without a name and without a text are left out. Returns whether anything is selected; if not, nothing happens.
+    /// a line with the names of the rows' own columns, which another instrument's header row may hide. Between selected
+    /// cells those that are not selected are empty; columns at the right without a name and without a text are left
+    /// out. Returns whether anything is selected; if not, nothing happens.
     bool copy(bool withHeader) const;
 
     /// Selects the next cell, or the one before, that contains the text, in lower or upper case, and goes on at the
@@ -73,13 +74,15 @@ public:
     void extendToColumns() { extend(QItemSelectionModel::Columns); }
 
     /// The numbers of each value column of which more than one cell is selected; of whole rows those of each with a
-    /// name.
+    /// name. Rows of another type of instrument are left out: their columns mean something else.
     std::vector<StatisticsTable::Line> statistics() const;
 
     /// What is selected: rows if all cells of each are, else columns, else cells. Columns without a name count nowhere.
     struct Selected {
         enum class Kind { Rows, Columns, Cells } kind = Kind::Cells;
         int count = 0;
+        int rows = 0;            ///< Of which a cell is selected.
+        int rowsOfOtherType = 0; ///< Those among them that are of another type of instrument than the newest.
     };
     Selected whatIsSelected() const;
     /// The rows that are selected, if all their cells are and no others; else none.

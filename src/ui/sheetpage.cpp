@@ -184,10 +184,10 @@ void SheetPage::copy(bool withHeader) {
     }
 }
 
-/// As many lines as the header row names columns of numbers.
+/// As many lines as the rows have columns of numbers with a name.
 void SheetPage::keepRoomForStatistics() {
-    const QStringList header = sheet_.header().mid(sheetcolumn::firstValue);
-    statistics_->keepRoomFor(static_cast<int>(header.size() - header.count(QString())));
+    const QStringList names = sheet_.columnNames().mid(sheetcolumn::firstValue);
+    statistics_->keepRoomFor(static_cast<int>(names.size() - names.count(QString())));
 }
 
 void SheetPage::tellWhatBecame() {
@@ -198,6 +198,9 @@ void SheetPage::tellWhatBecame() {
         text = Screen::tr("%1 cleared.").arg(counted(cleared));
     } else if (!copied_.isEmpty()) {
         text = copied_;
+    } else if (leftOut_ > 0) {
+        text = leftOut_ == 1 ? Screen::tr("1 row of another type of instrument is not counted.")
+                             : Screen::tr("%1 rows of another type of instrument are not counted.").arg(leftOut_);
     } else if (saved.count > 0) {
         const QString name = QFileInfo(saved.file).fileName();
         const QString rows = counted(saved.count);
@@ -211,7 +214,7 @@ void SheetPage::tellWhatBecame() {
         text = shown_.rowsSinceSaved ? Screen::tr("%1. Rows have come since.").arg(text) : text;
     }
     notice_->setText(text);
-    notice_->setToolTip(cleared > 0 || !copied_.isEmpty() ? QString() : saved.file);
+    notice_->setToolTip(cleared > 0 || !copied_.isEmpty() || leftOut_ > 0 ? QString() : saved.file);
     bringBack_->setText(cleared == 1 ? Screen::tr("&Bring it back") : Screen::tr("&Bring them back"));
     bringBack_->setVisible(cleared > 0);
 }
@@ -307,6 +310,10 @@ void SheetPage::makeActions() {
         [this] { grid_->selectAll(); });
     line();
     add(Screen::tr("&Find"), "FindText", QKeySequence::Find, Qt::WindowShortcut, [this] {
+        if (findBar_->isHidden()) { // what was not found then may be there now
+            foundRecord_.clear();
+            found_->clear();
+        }
         findBar_->show();
         findBox_->setFocus();
         findBox_->selectAll();
@@ -365,7 +372,12 @@ void SheetPage::selectRows(const std::vector<RowRange>& ranges) {
 
 void SheetPage::showStatistics() {
     if (std::exchange(selectionStale_, false)) {
-        statistics_->show(Screen::tr("%1 selected").arg(counted(grid_->whatIsSelected())), grid_->statistics());
+        const SheetGrid::Selected what = grid_->whatIsSelected();
+        statistics_->show(Screen::tr("%1 selected").arg(counted(what)), grid_->statistics());
+        if (leftOut_ != what.rowsOfOtherType) {
+            leftOut_ = what.rowsOfOtherType;
+            tellWhatBecame();
+        }
     }
 }
 

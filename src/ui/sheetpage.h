@@ -42,7 +42,8 @@ private:
     SheetGrid* grid_;
     QLabel* counter_;
     QLabel* notice_;
-    QString copied_; ///< What is on the clipboard, in words, until another selection or another thing to tell.
+    QString copied_;  ///< What is on the clipboard, in words, until another selection or another thing to tell.
+    int leftOut_ = 0; ///< Selected rows that the statistics leave out.
     QPushButton* bringBack_;
     QWidget* findBar_;
     QLineEdit* findBox_;

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "testing/windowrig.h"
-#include "ui/sheetpage.h"
+#include "testing/sheetselectiontest.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QHeaderView>
 #include <QScrollBar>
-#include <QtTest/QTest>
 
 #include <algorithm>
 #include <cstdlib>
@@ -14,83 +9,6 @@
 
 namespace orv {
 namespace {
-
-/// The sheet as an operator handles it, with the pointer and the keyboard.
-class SheetSelectionTest : public WindowTest {
-protected:
-    SheetSelectionTest() {
-        showPage(QStringLiteral("Output: Spread Sheet"));
-        comeForward();
-    }
-
-    void run(std::initializer_list<const char*> angles) {
-        connectAndRead();
-        window->settingsWindow()->close();
-        program.run();
-        receive("R\r\n");
-        for (const char* angle : angles) {
-            receive(QByteArray("11/21/26\t2700\t") + angle + "\t20\t30\t40\r\n");
-        }
-        page.refreshNow();
-        comeForward();
-        grid.setFocus();
-        QCoreApplication::processEvents();
-        ASSERT_TRUE(window->isActiveWindow());
-    }
-
-    void comeForward() {
-        QCoreApplication::processEvents(); // a window that has just been shown takes the focus
-        QApplication::setActiveWindow(window.get());
-        window->setFocus();
-        QCoreApplication::processEvents();
-    }
-
-    QPoint at(int row, int column) const { return grid.visualRect(grid.model()->index(row, column)).center(); }
-    void clickCell(int row, int column, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::mouseClick(grid.viewport(), Qt::LeftButton, modifiers, at(row, column));
-    }
-    void moveTo(QPoint to) {
-        QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(grid.viewport(), &move);
-    }
-    void drag(QPoint from, QPoint to) {
-        QTest::mousePress(grid.viewport(), Qt::LeftButton, Qt::NoModifier, from);
-        moveTo(to);
-        QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, to);
-    }
-    void clickHeader(int column) {
-        const QPoint place(grid.columnViewportPosition(column) + 5, 5);
-        QTest::mouseClick(grid.horizontalHeader()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(window->windowHandle(), key, modifiers);
-        QCoreApplication::processEvents();
-    }
-
-    std::string copied(Qt::KeyboardModifiers more = Qt::NoModifier) {
-        QGuiApplication::clipboard()->setText(QStringLiteral("nothing"));
-        key(Qt::Key_C, Qt::ControlModifier | more);
-        return QGuiApplication::clipboard()->text().toStdString();
-    }
-
-    /// A line of the statistics: count, mean, ....
-    std::string figures(int line) {
-        waitFor([this] { return find<QLabel>("SheetStatisticsHint").isHidden(); }, 1000);
-        QStringList texts;
-        for (const char* name : {"Count", "Mean", "Deviation", "Minimum", "Maximum"}) {
-            const auto* label =
-                window->findChild<QLabel*>(QStringLiteral("SheetStatistics%1%2").arg(QLatin1String(name)).arg(line));
-            texts << (label != nullptr && label->isVisible() ? label->text() : QString());
-        }
-        return texts.join(u'|').toStdString();
-    }
-
-    SheetPage& page = dynamic_cast<SheetPage&>(find<QWidget>("SheetPage"));
-    QTableView& grid = find<QTableView>("fg1");
-};
-
-constexpr const char* header = "Data #\tDate\tTime\t100\t125\t150\tRef\n";
 
 TEST_F(SheetSelectionTest, CellsAreCopiedWithTheHeaderRowAndWithoutIt) {
     run({"10", "11", "12"});
@@ -101,6 +19,55 @@ TEST_F(SheetSelectionTest, CellsAreCopiedWithTheHeaderRowAndWithoutIt) {
     clickCell(2, 3);
     clickCell(0, 5, Qt::ControlModifier);
     EXPECT_EQ(copied(), "100\t150\n\t30\n12\t") << "what lies between is not selected";
+}
+
+TEST_F(SheetSelectionTest, RowsGoUnderTheirOwnNamesWhenAnotherInstrumentHasBeenConnected) {
+    run({"10", "11"});
+    sheet.setHeader({QStringLiteral("F"), 310.0}, headerRow(HeaderPlace::GridOnOpening, RowLayout::Glow));
+    page.refreshNow();
+    ASSERT_EQ(grid.model()->headerData(3, Qt::Horizontal).toString().toStdString(), "Output");
+    key(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(copied(),
+              std::string(header) + "1\t11/21/26\t1:00:00\t10\t20\t30\t40\n2\t11/21/26\t1:00:00\t11\t20\t30\t40");
+    EXPECT_EQ(figures(1), "2|10.50|0.71|10|11");
+    EXPECT_EQ(find<QLabel>("SheetStatisticsMean1").accessibleName().toStdString(), "Mean of 100");
+    EXPECT_EQ(find<QLabel>("SheetStatisticsMean4").accessibleName().toStdString(), "Mean of Ref");
+}
+
+TEST_F(SheetSelectionTest, TheColumnsShareTheWidthAsTheOperatorDragsTheirBorders) {
+    run({"10"});
+    auto& columns = *grid.horizontalHeader();
+    const auto width = [&columns](int column) { return columns.sectionSize(column); };
+    const int all = columns.length();
+    EXPECT_EQ(all, grid.viewport()->width());
+    EXPECT_LE(std::abs(width(0) - width(8)), 1) << "alike at first";
+    const int both = width(1) + width(2);
+    const auto dragBorder = [&columns](int column, int by) {
+        const QPoint from(columns.sectionViewportPosition(column) + columns.sectionSize(column) - 1, 5);
+        QTest::mousePress(columns.viewport(), Qt::LeftButton, Qt::NoModifier, from);
+        QMouseEvent move(QEvent::MouseMove, from + QPoint(by, 0), columns.viewport()->mapToGlobal(from + QPoint(by, 0)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(columns.viewport(), &move);
+        QTest::mouseRelease(columns.viewport(), Qt::LeftButton, Qt::NoModifier, from + QPoint(by, 0));
+    };
+    const int before = width(1);
+    dragBorder(1, 30);
+    EXPECT_EQ(width(1), before + 30);
+    EXPECT_EQ(width(1) + width(2), both);
+    dragBorder(1, 1000);
+    EXPECT_EQ(width(2), columns.minimumSectionSize()) << "a column never goes";
+    EXPECT_EQ(width(1) + width(2), both);
+    dragBorder(8, -20);
+    EXPECT_EQ(columns.length(), all) << "the right border stays";
+    dragBorder(1, -both);
+    EXPECT_EQ(width(1), columns.minimumSectionSize());
+    dragBorder(1, both / 2);
+    const double share = static_cast<double>(width(1)) / all;
+    window->resize(window->width() + 200, window->height());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(columns.length(), grid.viewport()->width());
+    EXPECT_GT(columns.length(), all);
+    EXPECT_NEAR(static_cast<double>(width(1)) / columns.length(), share, 0.01);
 }
 
 TEST_F(SheetSelectionTest, WhatHasGoneSinceTheGridWasDrawnIsNotCopied) {
@@ -122,6 +89,9 @@ TEST_F(SheetSelectionTest, ARecordNumberStandsForItsRow) {
     EXPECT_EQ(copied(Qt::ShiftModifier), "2\t11/21/26\t1:00:00\t11\t20\t30\t40\n3\t11/21/26\t1:00:00\t12\t20\t30\t40");
     clickCell(0, 3);
     EXPECT_EQ(copied(), "100\n10") << "another cell stands for itself";
+    key(Qt::Key_A, Qt::ControlModifier);
+    clickCell(1, 0);
+    EXPECT_EQ(copied(Qt::ShiftModifier), "2\t11/21/26\t1:00:00\t11\t20\t30\t40") << "also out of many rows";
 }
 
 TEST_F(SheetSelectionTest, AHeaderStandsForItsColumnAndKeysDoTheSame) {
@@ -189,119 +159,6 @@ TEST_F(SheetSelectionTest, TheMenuHasWhatTheKeysDo) {
     clickCell(0, 3);
     item("CopyCells").trigger();
     EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), "100\n10");
-}
-
-TEST_F(SheetSelectionTest, TheStatisticsAreThoseOfEachColumnOfTheSelection) {
-    run({"2", "4", "4", "4", "5", "5", "7", "9", "?"});
-    EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible());
-    drag(at(0, 3), at(7, 4));
-    EXPECT_EQ(figures(1), "8|5.00|2.14|2|9");
-    EXPECT_EQ(figures(2), "8|20.00|0.00|20|20");
-    EXPECT_EQ(figures(3), "||||");
-    EXPECT_EQ(text("SheetStatisticsWhat"), "16 cells selected");
-    EXPECT_EQ(find<QLabel>("SheetStatisticsMean1").accessibleName().toStdString(), "Mean of 100");
-    clickCell(0, 3);
-    EXPECT_TRUE(waitFor([this] { return find<QLabel>("SheetStatisticsHint").isVisible(); }, 1000))
-        << "one number has no statistics";
-    clickHeader(3);
-    EXPECT_EQ(figures(1), "8|5.00|2.14|2|9") << "a line that could not be read is no row";
-    EXPECT_EQ(text("SheetStatisticsWhat"), "1 column selected");
-    clickCell(0, 0);
-    clickCell(2, 0, Qt::ShiftModifier);
-    waitFor([this] { return text("SheetStatisticsWhat") == "3 rows selected"; }, 1000);
-    EXPECT_EQ(figures(1), "3|3.33|1.15|2|4");
-    EXPECT_EQ(text("SheetStatisticsWhat"), "3 rows selected");
-    program.clearAll();
-    page.refreshNow();
-    EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible());
-    EXPECT_EQ(text("SheetStatisticsHint"), "No rows yet.") << "the run goes on";
-    program.closePort();
-    EXPECT_EQ(text("SheetStatisticsHint"), "No rows yet. Collect or download data, or open a sheet.");
-    program.bringBack();
-    EXPECT_EQ(text("SheetStatisticsHint"), "Select cells, a row by its number or a column by its header: to copy "
-                                           "them, and for their mean and standard deviation.");
-}
-
-TEST_F(SheetSelectionTest, OneSelectedRowIsToldToo) {
-    run({"10"});
-    clickCell(0, 0);
-    EXPECT_EQ(figures(1), "1|10.00|-|10|10");
-    EXPECT_EQ(text("SheetStatisticsWhat"), "1 row selected");
-    sheet.appendRow({QStringLiteral("?")});
-    page.refreshNow();
-    QCoreApplication::processEvents();
-    clickCell(1, 0);
-    waitFor([this] { return figures(1).starts_with('0'); }, 1000);
-    EXPECT_EQ(figures(1), "0|-|-|-|-") << "one without numbers";
-    EXPECT_EQ(text("SheetStatisticsWhat"), "1 row selected");
-}
-
-TEST_F(SheetSelectionTest, NothingMovesUnderThePointerThatDrawsASelection) {
-    run({"10", "11", "12", "13", "14", "15", "16", "17", "18", "19"});
-    for (int row = 0; row < 50; ++row) {
-        receiveRow();
-    }
-    page.refreshNow();
-    grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
-    QCoreApplication::processEvents();
-    const QRect place = grid.geometry();
-    QTest::mousePress(grid.viewport(), Qt::LeftButton, Qt::NoModifier, at(50, 0));
-    for (int row = 51; row < 60; ++row) {
-        moveTo(at(row, 0));
-        pass(60); // the statistics follow
-        ASSERT_EQ(grid.geometry(), place) << row;
-    }
-    EXPECT_TRUE(find<QLabel>("SheetStatisticsWhat").isVisible());
-    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, at(59, 0));
-    EXPECT_EQ(grid.selectionModel()->selectedRows().size(), 10);
-    EXPECT_EQ(copied(Qt::ShiftModifier).substr(0, 3), "51\t");
-    QCoreApplication::processEvents();
-    EXPECT_EQ(text("SheetNotice"), "10 rows copied.");
-    EXPECT_EQ(copied().substr(0, 4), "Data");
-    EXPECT_EQ(text("SheetNotice"), "10 rows and the header row copied.");
-    EXPECT_EQ(grid.geometry(), place);
-    clickCell(55, 3);
-    EXPECT_EQ(text("SheetNotice"), "");
-    QCoreApplication::processEvents();
-    EXPECT_EQ(grid.geometry(), place);
-}
-
-TEST_F(SheetSelectionTest, CalculatedValuesHaveTheDecimalsThatTheirDeviationNeeds) {
-    connectAndRead();
-    for (const char* angle : {"0.00123", "0.00145", "-0.00101"}) {
-        rows.addRow({.date = QStringLiteral("11/21/26"),
-                     .time = QStringLiteral("1:00:00"),
-                     .values = {QString::fromLatin1(angle), QStringLiteral("2.5"), QStringLiteral("7.25"),
-                                QStringLiteral("30517")}});
-    }
-    page.refreshNow();
-    grid.selectAll();
-    EXPECT_EQ(figures(1), "3|0.00056|0.00136|-0.00101|0.00145");
-    EXPECT_EQ(figures(2), "3|2.50000|0.00000|2.50000|2.50000");
-    EXPECT_EQ(figures(4), "3|30517.00|0.00|30517|30517");
-}
-
-TEST_F(SheetSelectionTest, ASelectionStaysWhileRowsCome) {
-    run({"10", "12"});
-    clickHeader(3);
-    EXPECT_EQ(figures(1), "2|11.00|1.41|10|12");
-    receiveRow();
-    page.refreshNow();
-    EXPECT_EQ(copied(), "100\n10\n12") << "what comes is not selected";
-}
-
-TEST_F(SheetSelectionTest, AllOfALongSheetIsComputedAtOnce) {
-    connectAndRead();
-    for (int row = 1; row <= 20000; ++row) {
-        rows.addRow(
-            {.date = QStringLiteral("11/21/26"),
-             .time = QStringLiteral("1:00:00"),
-             .values = {QString::number(row), QStringLiteral("2.5"), QStringLiteral("3"), QStringLiteral("4")}});
-    }
-    page.refreshNow();
-    grid.selectAll();
-    EXPECT_EQ(figures(1), "20000|10000.50|5773.65|1|20000");
-    EXPECT_EQ(figures(4), "20000|4.00|0.00|4|4");
 }
 
 TEST_F(SheetSelectionTest, ATextIsFoundForwardsAndBackwardsAndRoundTheEnd) {
