@@ -103,8 +103,14 @@ void RunProgress::look() {
     if (elapsed % secondsBetweenDiskLooks == 0) {
         lookAtDisk();
     }
+    const qint64 newest = rows_ == 0 ? start_ : arrivals_.at(static_cast<std::size_t>(rows_ - 1) % arrivals_.size());
+    const bool isLate = static_cast<double>(now - newest) > longestWait() * second;
     QList<Words> parts{durationInWords(elapsed)};
-    const auto between = interval();
+    // Of rows that have ceased to come the pace of before tells nothing.
+    std::optional<double> between;
+    if (!isLate) {
+        between = interval();
+    }
     if (between && *between > 0.0) {
         parts << Words::tr("%1 rows/s").arg(rateInWords(1.0 / *between));
     }
@@ -118,8 +124,6 @@ void RunProgress::look() {
         parts << (rows_ == 1 ? Words::tr("1 row") : Words::tr("%1 rows").arg(rows_));
     }
     text = join(parts, QStringLiteral(", "));
-    const qint64 newest = rows_ == 0 ? start_ : arrivals_.at(static_cast<std::size_t>(rows_ - 1) % arrivals_.size());
-    const bool isLate = static_cast<double>(now - newest) > longestWait() * second;
     late = isLate ? Words::tr("No row for %1").arg(durationInWords((now - newest) / second)) : Words();
 }
 

@@ -91,6 +91,7 @@ TEST_F(RunProgressTest, SaysWhenARowIsLateByThreeIntervals) {
     EXPECT_EQ(step(), "Collecting. Reset ends the run.");
     live(1.5);
     EXPECT_EQ(late(), "No row for 9 s");
+    EXPECT_EQ(text(), "29 s") << "the pace of before is none now";
     EXPECT_EQ(step(), "No row for 9 s. Reset ends the run.");
     live(1.0);
     EXPECT_EQ(late(), "No row for 10 s");

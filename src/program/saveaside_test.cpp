@@ -116,7 +116,7 @@ TEST_P(SavingAsideFails, WithRoomAgainRunSavesThemAside) {
     expectRunAndViewRefused();
     mend();
     program.run();
-    EXPECT_TRUE(theMessage().text.startsWith(QLatin1String("The sheet holds unsaved rows of another type")))
+    EXPECT_TRUE(theMessage().text.startsWith(QLatin1String("The sheet held unsaved rows of another type")))
         << qPrintable(theMessage().text);
     EXPECT_EQ(state.Ctrlscrn, Operation::Collecting);
     const QStringList aside = folder.files().filter(QStringLiteral("lake-"));

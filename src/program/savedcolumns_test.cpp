@@ -103,7 +103,7 @@ TEST_F(SavedColumns, RowsThatAreSavedAsideAreKeptToo) {
     connectAndRead("F310\r");
     ASSERT_EQ(messages.shown.size(), 2U);
     EXPECT_EQ(messages.shown[0].title.toStdString(), "Save as");
-    EXPECT_TRUE(messages.shown[1].text.startsWith(QLatin1String("The sheet holds unsaved rows of another type")));
+    EXPECT_TRUE(messages.shown[1].text.startsWith(QLatin1String("The sheet held unsaved rows of another type")));
     program.run();
     EXPECT_TRUE(kept().endsWith(row));
 }
