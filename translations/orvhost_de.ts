@@ -149,11 +149,11 @@ Das Programm läuft weiter, alle Daten bleiben erhalten.</translation>
     </message>
     <message>
         <source>Next</source>
-        <translation>Nächste</translation>
+        <translation>Nächstes</translation>
     </message>
     <message>
         <source>Previous</source>
-        <translation>Vorige</translation>
+        <translation>Voriges</translation>
     </message>
     <message>
         <source>Show Instrument</source>
@@ -162,10 +162,6 @@ Das Programm läuft weiter, alle Daten bleiben erhalten.</translation>
     <message>
         <source>empty</source>
         <translation>leer</translation>
-    </message>
-    <message>
-        <source>Columns 3 to 5 of this sheet are %1.</source>
-        <translation>Die Spalten 3 bis 5 dieses Blatts sind %1.</translation>
     </message>
     <message>
         <source>Calc DP</source>
@@ -661,7 +657,7 @@ Das Programm läuft ohne Mitschrift weiter. Eine Datei in einem Ordner mit Schre
     </message>
     <message>
         <source>%1 tells what went over the line and what was done in the last ten minutes. Send it along when you ask for help. It can be read as text; your own files are not in it.</source>
-        <translation>%1 enthält, was in den letzten zehn Minuten über die Leitung ging und getan wurde. Bei Supportanfragen mitsenden. Die Datei ist als Text lesbar; eigene Dateien sind nicht darin.</translation>
+        <translation>%1 enthält, was in den letzten zehn Minuten geschah und über die Leitung ging. Bei Supportanfragen mitsenden. Die Datei ist als Text lesbar; eigene Dateien sind nicht darin.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no device. Give a serial port&apos;s name or path (ttyUSB0, /dev/ttyUSB0, COM3) or a simulated instrument (sim:trx, sim:glow).</source>
@@ -1025,7 +1021,7 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>%1 was sent.</source>
-        <translation>%1 wurde gesendet.</translation>
+        <translation>„%1“ wurde gesendet.</translation>
     </message>
     <message>
         <source>%1 was not sent whole: the instrument did not answer. Try again.</source>
@@ -1450,14 +1446,6 @@ Sie bleibt, wie sie ist, und kein Lauf überschreibt sie. Von Hand verschieben.<
     <message>
         <source>Save Data</source>
         <translation>Daten speichern</translation>
-    </message>
-    <message>
-        <source>The sheet holds unsaved rows of another type of instrument. They have been saved as %1.
-
-Use &quot;Clear All&quot; before you collect with this one.</source>
-        <translation>Auf dem Blatt waren nicht gespeicherte Zeilen eines anderen Instrumenttyps. Sie sind als %1 gespeichert.
-
-„Alles löschen“ drücken, bevor mit diesem gemessen wird.</translation>
     </message>
     <message>
         <source>%1 could not be opened.
@@ -2160,7 +2148,7 @@ Prüfen, ob er eingeschaltet und angeschlossen ist, dann erneut drucken oder die
     </message>
     <message>
         <source>Service mode</source>
-        <translation>Service-Modus</translation>
+        <translation>Servicemodus</translation>
     </message>
     <message>
         <source>Simulated instrument</source>
@@ -2263,10 +2251,6 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>Only digits, at most %1.</source>
         <translation>Nur Ziffern, höchstens %1.</translation>
-    </message>
-    <message>
-        <source>Only a number: a sign, digits, a point.</source>
-        <translation>Nur eine Zahl: Vorzeichen, Ziffern, ein Punkt.</translation>
     </message>
     <message>
         <source>%1 is less than the minimum of %2.</source>
@@ -3159,7 +3143,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Switch the instrument&apos;s power on: its first line is waited for. Quit ends the wait.</source>
-        <translation>Das Instrument einschalten: auf seine erste Zeile wird gewartet. „Abbrechen“ beendet das Warten.</translation>
+        <translation>Das Instrument einschalten. Gewartet wird auf seine erste Zeile. „Abbrechen“ beendet das Warten.</translation>
     </message>
     <message>
         <source>%1 of %2 rows</source>
@@ -3167,7 +3151,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>Nothing of this page is sent: it acts on the rows that come from now on.</source>
-        <translation>Von dieser Seite wird nichts gesendet: sie gilt für die Zeilen, die von jetzt an kommen.</translation>
+        <translation>Von dieser Seite wird nichts gesendet: Sie gilt für die Zeilen, die von jetzt an kommen.</translation>
     </message>
     <message>
         <source>What is to be done</source>
@@ -3233,6 +3217,124 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
         <translation>COM %1 ist offen. Mit „Anschluss schließen“ im Menü „Bedienung“ lässt sich ein anderes Gerät wählen.</translation>
+    </message>
+    <message>
+        <source>The first three values of this sheet are %1.</source>
+        <translation>Die ersten drei Werte dieses Blatts sind %1.</translation>
+    </message>
+    <message>
+        <source>The capture %1 has no further connection. Choose another port and then this one again to play it from its beginning.</source>
+        <translation>Die Mitschrift %1 hat keine weitere Verbindung. Einen anderen Anschluss und dann wieder diesen wählen, um sie von vorn abzuspielen.</translation>
+    </message>
+    <message>
+        <source>It could not be opened.</source>
+        <translation>Der Anschluss ließ sich nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>The line failed.</source>
+        <translation>Die Leitung ist ausgefallen.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no replay. %2</source>
+        <translation>„%1“ bezeichnet keine Wiedergabe. %2</translation>
+    </message>
+    <message>
+        <source>The option %1 must be %2, not &quot;%3&quot;.</source>
+        <translation>Die Option %1 muss %2 sein, nicht „%3“.</translation>
+    </message>
+    <message>
+        <source>a number from 0 (without any delay) to 1000</source>
+        <translation>eine Zahl von 0 (ohne jede Verzögerung) bis 1000</translation>
+    </message>
+    <message>
+        <source>There is no option &quot;%1&quot;. The options are %2.</source>
+        <translation>Eine Option „%1“ gibt es nicht. Die Optionen sind %2.</translation>
+    </message>
+    <message>
+        <source>It must be %1.</source>
+        <translation>Es muss %1 heißen.</translation>
+    </message>
+    <message>
+        <source>The cable of the simulated instrument was pulled out. Connecting again plugs it back in.</source>
+        <translation>Das Kabel des simulierten Instruments wurde gezogen. Erneutes Verbinden steckt es wieder ein.</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2</source>
+        <translation>eine ganze Zahl von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>a number of seconds from 0 to 3600</source>
+        <translation>eine Zahl von Sekunden von 0 bis 3600</translation>
+    </message>
+    <message>
+        <source>a number from 0.001 to 1000</source>
+        <translation>eine Zahl von 0.001 bis 1000</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <translation>%1 oder %2</translation>
+    </message>
+    <message>
+        <source>one of %1</source>
+        <translation>eines von %1</translation>
+    </message>
+    <message>
+        <source>a number of bytes, 0% to 100% or a number of milliseconds (&quot;1500ms&quot;)</source>
+        <translation>eine Zahl von Bytes, 0% bis 100% oder eine Zahl von Millisekunden („1500ms“)</translation>
+    </message>
+    <message>
+        <source>The option %1 is given twice.</source>
+        <translation>Die Option %1 steht zweimal da.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no simulated instrument. %2</source>
+        <translation>„%1“ bezeichnet kein simuliertes Instrument. %2</translation>
+    </message>
+    <message>
+        <source>It must begin with sim:trx or sim:glow.</source>
+        <translation>Der Name muss mit sim:trx oder sim:glow beginnen.</translation>
+    </message>
+    <message>
+        <source>The option delay needs fault=late.</source>
+        <translation>Die Option delay braucht fault=late.</translation>
+    </message>
+    <message>
+        <source>The option after needs fault=cut or fault=unplug.</source>
+        <translation>Die Option after braucht fault=cut oder fault=unplug.</translation>
+    </message>
+    <message>
+        <source>The shutter is being reset: until that is done, these may be temporary settings.</source>
+        <translation>Der Verschluss wird gerade zurückgesetzt: Bis dahin können dies vorläufige Einstellungen sein.</translation>
+    </message>
+    <message>
+        <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.
+
+&quot;Clear All&quot; makes room for those of this one.</source>
+        <translation>Auf dem Blatt waren nicht gespeicherte Zeilen eines anderen Instrumenttyps. Sie sind als %1 gespeichert und bleiben auch auf dem Blatt.
+
+„Alles löschen“ macht Platz für die des jetzt verbundenen Instruments.</translation>
+    </message>
+    <message>
+        <source>Only a number such as -0.5, with a point and no comma.</source>
+        <translation>Nur eine Zahl wie -0.5, mit Punkt statt Komma.</translation>
+    </message>
+    <message>
+        <source>1 row of another type of instrument is not counted.</source>
+        <translation>1 Zeile eines anderen Instrumenttyps ist nicht mitgerechnet.</translation>
+    </message>
+    <message>
+        <source>%1 rows of another type of instrument are not counted.</source>
+        <translation>%1 Zeilen eines anderen Instrumenttyps sind nicht mitgerechnet.</translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious</source>
+        <comment>the instrument before</comment>
+        <translation>&amp;Voriges</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <comment>the instrument after</comment>
+        <translation>&amp;Nächstes</translation>
     </message>
 </context>
 </TS>

@@ -164,10 +164,6 @@ El programa sigue y se conservan todos los datos.</translation>
         <translation>vacía</translation>
     </message>
     <message>
-        <source>Columns 3 to 5 of this sheet are %1.</source>
-        <translation>Las columnas 3 a 5 de esta hoja son: %1.</translation>
-    </message>
-    <message>
         <source>Calc DP</source>
         <translation>Calcular DP</translation>
     </message>
@@ -813,7 +809,7 @@ El programa sigue sin captura. Indique un archivo en una carpeta donde pueda esc
     </message>
     <message>
         <source>Reading the settings</source>
-        <translation>Leyendo la configuración</translation>
+        <translation>Lectura de la configuración</translation>
     </message>
     <message>
         <source>Reading the clock</source>
@@ -1450,14 +1446,6 @@ Se queda como está y ninguna medición lo sobrescribe. Muévalo usted.</transla
     <message>
         <source>Save Data</source>
         <translation>Guardar datos</translation>
-    </message>
-    <message>
-        <source>The sheet holds unsaved rows of another type of instrument. They have been saved as %1.
-
-Use &quot;Clear All&quot; before you collect with this one.</source>
-        <translation>La hoja tenía filas sin guardar de otro tipo de instrumento. Se han guardado como %1.
-
-Use «Borrar todo» antes de medir con este.</translation>
     </message>
     <message>
         <source>%1 could not be opened.
@@ -2262,11 +2250,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>Only digits, at most %1.</source>
-        <translation>Solo cifras, como máximo %1.</translation>
-    </message>
-    <message>
-        <source>Only a number: a sign, digits, a point.</source>
-        <translation>Solo un número: signo, cifras, un punto.</translation>
+        <translation>Solo cifras, %1 como máximo.</translation>
     </message>
     <message>
         <source>%1 is less than the minimum of %2.</source>
@@ -2955,7 +2939,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>within %1 s of this computer&apos;s</source>
-        <translation>a menos de %1 s de este equipo</translation>
+        <translation>con menos de %1 s de diferencia con este equipo</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
@@ -3233,6 +3217,124 @@ Compruebe el nombre.</translation>
     <message>
         <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
         <translation>COM %1 está abierto. «Cerrar puerto» en el menú «Operación» permite elegir otro dispositivo.</translation>
+    </message>
+    <message>
+        <source>The first three values of this sheet are %1.</source>
+        <translation>Los tres primeros valores de esta hoja son %1.</translation>
+    </message>
+    <message>
+        <source>The capture %1 has no further connection. Choose another port and then this one again to play it from its beginning.</source>
+        <translation>La captura %1 no tiene más conexiones. Elija otro puerto y después este de nuevo para reproducirla desde el principio.</translation>
+    </message>
+    <message>
+        <source>It could not be opened.</source>
+        <translation>No se pudo abrir.</translation>
+    </message>
+    <message>
+        <source>The line failed.</source>
+        <translation>La línea falló.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no replay. %2</source>
+        <translation>«%1» no designa ninguna reproducción. %2</translation>
+    </message>
+    <message>
+        <source>The option %1 must be %2, not &quot;%3&quot;.</source>
+        <translation>La opción %1 debe ser %2, no «%3».</translation>
+    </message>
+    <message>
+        <source>a number from 0 (without any delay) to 1000</source>
+        <translation>un número de 0 (sin ninguna demora) a 1000</translation>
+    </message>
+    <message>
+        <source>There is no option &quot;%1&quot;. The options are %2.</source>
+        <translation>No hay ninguna opción «%1». Las opciones son %2.</translation>
+    </message>
+    <message>
+        <source>It must be %1.</source>
+        <translation>Debe ser %1.</translation>
+    </message>
+    <message>
+        <source>The cable of the simulated instrument was pulled out. Connecting again plugs it back in.</source>
+        <translation>Se desenchufó el cable del instrumento simulado. Al conectar de nuevo se vuelve a enchufar.</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2</source>
+        <translation>un número entero de %1 a %2</translation>
+    </message>
+    <message>
+        <source>a number of seconds from 0 to 3600</source>
+        <translation>un número de segundos de 0 a 3600</translation>
+    </message>
+    <message>
+        <source>a number from 0.001 to 1000</source>
+        <translation>un número de 0.001 a 1000</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <translation>%1 o %2</translation>
+    </message>
+    <message>
+        <source>one of %1</source>
+        <translation>uno de estos: %1</translation>
+    </message>
+    <message>
+        <source>a number of bytes, 0% to 100% or a number of milliseconds (&quot;1500ms&quot;)</source>
+        <translation>un número de bytes, de 0% a 100% o un número de milisegundos («1500ms»)</translation>
+    </message>
+    <message>
+        <source>The option %1 is given twice.</source>
+        <translation>La opción %1 aparece dos veces.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no simulated instrument. %2</source>
+        <translation>«%1» no designa ningún instrumento simulado. %2</translation>
+    </message>
+    <message>
+        <source>It must begin with sim:trx or sim:glow.</source>
+        <translation>Debe comenzar con sim:trx o sim:glow.</translation>
+    </message>
+    <message>
+        <source>The option delay needs fault=late.</source>
+        <translation>La opción delay necesita fault=late.</translation>
+    </message>
+    <message>
+        <source>The option after needs fault=cut or fault=unplug.</source>
+        <translation>La opción after necesita fault=cut o fault=unplug.</translation>
+    </message>
+    <message>
+        <source>The shutter is being reset: until that is done, these may be temporary settings.</source>
+        <translation>El obturador se está restableciendo: hasta que termine, esta configuración puede ser provisional.</translation>
+    </message>
+    <message>
+        <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.
+
+&quot;Clear All&quot; makes room for those of this one.</source>
+        <translation>La hoja tenía filas sin guardar de otro tipo de instrumento. Se han guardado como %1 y siguen también en la hoja.
+
+«Borrar todo» deja sitio para las del instrumento conectado ahora.</translation>
+    </message>
+    <message>
+        <source>Only a number such as -0.5, with a point and no comma.</source>
+        <translation>Solo un número como -0.5, con punto y sin coma.</translation>
+    </message>
+    <message>
+        <source>1 row of another type of instrument is not counted.</source>
+        <translation>1 fila de otro tipo de instrumento no se cuenta.</translation>
+    </message>
+    <message>
+        <source>%1 rows of another type of instrument are not counted.</source>
+        <translation>%1 filas de otro tipo de instrumento no se cuentan.</translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious</source>
+        <comment>the instrument before</comment>
+        <translation>An&amp;terior</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <comment>the instrument after</comment>
+        <translation>&amp;Siguiente</translation>
     </message>
 </context>
 </TS>

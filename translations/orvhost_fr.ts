@@ -164,10 +164,6 @@ Le programme continue et toutes les données sont conservées.</translation>
         <translation>vide</translation>
     </message>
     <message>
-        <source>Columns 3 to 5 of this sheet are %1.</source>
-        <translation>Les colonnes 3 à 5 de cette feuille sont %1.</translation>
-    </message>
-    <message>
         <source>Calc DP</source>
         <translation>Calculer DP</translation>
     </message>
@@ -661,7 +657,7 @@ Le programme continue sans capture. Nommez un fichier dans un dossier où vous p
     </message>
     <message>
         <source>%1 tells what went over the line and what was done in the last ten minutes. Send it along when you ask for help. It can be read as text; your own files are not in it.</source>
-        <translation>%1 contient ce qui est passé sur la ligne et ce qui a été fait pendant les dix dernières minutes. Joignez-le à vos demandes d&apos;aide. Il se lit comme du texte&#xa0;; vos propres fichiers n&apos;y sont pas.</translation>
+        <translation>%1 contient ce qui est passé sur la ligne et ce qui a été fait pendant les dix dernières minutes. Joignez‑le à vos demandes d&apos;aide. Il se lit comme du texte&#xa0;; vos propres fichiers n&apos;y sont pas.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no device. Give a serial port&apos;s name or path (ttyUSB0, /dev/ttyUSB0, COM3) or a simulated instrument (sim:trx, sim:glow).</source>
@@ -1452,14 +1448,6 @@ Il reste tel quel et aucune mesure ne l&apos;écrasera. Déplacez-le vous-même.
         <translation>Enregistrer les données</translation>
     </message>
     <message>
-        <source>The sheet holds unsaved rows of another type of instrument. They have been saved as %1.
-
-Use &quot;Clear All&quot; before you collect with this one.</source>
-        <translation>La feuille avait des lignes non enregistrées d&apos;un autre type d&apos;instrument. Elles ont été enregistrées sous %1.
-
-Utilisez «&#xa0;Tout effacer&#xa0;» avant de mesurer avec celui-ci.</translation>
-    </message>
-    <message>
         <source>%1 could not be opened.
 
 %2
@@ -2160,7 +2148,7 @@ Vérifiez qu&apos;elle est allumée et connectée, puis imprimez à nouveau, ou 
     </message>
     <message>
         <source>Service mode</source>
-        <translation>Mode de service</translation>
+        <translation>Mode service</translation>
     </message>
     <message>
         <source>Simulated instrument</source>
@@ -2263,10 +2251,6 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>Only digits, at most %1.</source>
         <translation>Uniquement des chiffres, %1 au plus.</translation>
-    </message>
-    <message>
-        <source>Only a number: a sign, digits, a point.</source>
-        <translation>Uniquement un nombre&#xa0;: signe, chiffres, un point.</translation>
     </message>
     <message>
         <source>%1 is less than the minimum of %2.</source>
@@ -3111,7 +3095,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Sent at %1, but the instrument has not all of it: %2. Correct it or press &quot;Apply Settings&quot; again.</source>
-        <translation>Envoyé à %1, mais l&apos;instrument n&apos;a pas tout pris&#xa0;: %2. Corrigez-le ou appuyez de nouveau sur «&#xa0;Envoyer les réglages&#xa0;».</translation>
+        <translation>Envoyé à %1, mais l&apos;instrument n&apos;a pas tout pris&#xa0;: %2. Corrigez ou appuyez de nouveau sur «&#xa0;Envoyer les réglages&#xa0;».</translation>
     </message>
     <message>
         <source>The clock was sent, but could not be read back. Press &quot;Display Logger Time/Date&quot; to see how it stands.</source>
@@ -3192,11 +3176,11 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>Connect to read and to send settings.</source>
-        <translation>Connectez pour lire et envoyer les réglages.</translation>
+        <translation>Connectez l&apos;instrument pour lire et envoyer les réglages.</translation>
     </message>
     <message>
         <source>No rows yet. Collect or download data, or open a sheet.</source>
-        <translation>Pas encore de lignes. Mesurez ou téléchargez des données, ou ouvrez une feuille.</translation>
+        <translation>Aucune ligne. Mesurez ou téléchargez des données, ou ouvrez une feuille.</translation>
     </message>
     <message>
         <source>Export all rows</source>
@@ -3233,6 +3217,124 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>COM %1 is open. &quot;Close Port&quot; in the menu &quot;Operation&quot; lets you choose another device.</source>
         <translation>COM %1 est ouvert. «&#xa0;Fermer le port&#xa0;» dans le menu «&#xa0;Opération&#xa0;» permet de choisir un autre périphérique.</translation>
+    </message>
+    <message>
+        <source>The first three values of this sheet are %1.</source>
+        <translation>Les trois premières valeurs de cette feuille sont %1.</translation>
+    </message>
+    <message>
+        <source>The capture %1 has no further connection. Choose another port and then this one again to play it from its beginning.</source>
+        <translation>La capture %1 n&apos;a plus d&apos;autre connexion. Choisissez un autre port, puis de nouveau celui-ci, pour la rejouer depuis le début.</translation>
+    </message>
+    <message>
+        <source>It could not be opened.</source>
+        <translation>L&apos;ouverture a échoué.</translation>
+    </message>
+    <message>
+        <source>The line failed.</source>
+        <translation>La ligne est tombée en panne.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no replay. %2</source>
+        <translation>«&#xa0;%1&#xa0;» ne désigne aucune relecture. %2</translation>
+    </message>
+    <message>
+        <source>The option %1 must be %2, not &quot;%3&quot;.</source>
+        <translation>L&apos;option %1 doit être %2, et non «&#xa0;%3&#xa0;».</translation>
+    </message>
+    <message>
+        <source>a number from 0 (without any delay) to 1000</source>
+        <translation>un nombre de 0 (sans aucun délai) à 1000</translation>
+    </message>
+    <message>
+        <source>There is no option &quot;%1&quot;. The options are %2.</source>
+        <translation>L&apos;option «&#xa0;%1&#xa0;» n&apos;existe pas. Les options sont %2.</translation>
+    </message>
+    <message>
+        <source>It must be %1.</source>
+        <translation>Il faut écrire %1.</translation>
+    </message>
+    <message>
+        <source>The cable of the simulated instrument was pulled out. Connecting again plugs it back in.</source>
+        <translation>Le câble de l&apos;instrument simulé a été débranché. Une nouvelle connexion le rebranche.</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2</source>
+        <translation>un nombre entier de %1 à %2</translation>
+    </message>
+    <message>
+        <source>a number of seconds from 0 to 3600</source>
+        <translation>un nombre de secondes de 0 à 3600</translation>
+    </message>
+    <message>
+        <source>a number from 0.001 to 1000</source>
+        <translation>un nombre de 0.001 à 1000</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <translation>%1 ou %2</translation>
+    </message>
+    <message>
+        <source>one of %1</source>
+        <translation>l&apos;un de ceux-ci&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>a number of bytes, 0% to 100% or a number of milliseconds (&quot;1500ms&quot;)</source>
+        <translation>un nombre d&apos;octets, de 0% à 100% ou un nombre de millisecondes («&#xa0;1500ms&#xa0;»)</translation>
+    </message>
+    <message>
+        <source>The option %1 is given twice.</source>
+        <translation>L&apos;option %1 est donnée deux fois.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no simulated instrument. %2</source>
+        <translation>«&#xa0;%1&#xa0;» ne désigne aucun instrument simulé. %2</translation>
+    </message>
+    <message>
+        <source>It must begin with sim:trx or sim:glow.</source>
+        <translation>Le nom doit commencer par sim:trx ou sim:glow.</translation>
+    </message>
+    <message>
+        <source>The option delay needs fault=late.</source>
+        <translation>L&apos;option delay nécessite fault=late.</translation>
+    </message>
+    <message>
+        <source>The option after needs fault=cut or fault=unplug.</source>
+        <translation>L&apos;option after nécessite fault=cut ou fault=unplug.</translation>
+    </message>
+    <message>
+        <source>The shutter is being reset: until that is done, these may be temporary settings.</source>
+        <translation>L&apos;obturateur est en cours de réinitialisation&#xa0;: d&apos;ici là, ces réglages peuvent être provisoires.</translation>
+    </message>
+    <message>
+        <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.
+
+&quot;Clear All&quot; makes room for those of this one.</source>
+        <translation>La feuille contenait des lignes non enregistrées d&apos;un autre type d&apos;instrument. Elles ont été enregistrées sous %1 et restent aussi sur la feuille.
+
+«&#xa0;Tout effacer&#xa0;» fait de la place pour celles de l&apos;instrument connecté maintenant.</translation>
+    </message>
+    <message>
+        <source>Only a number such as -0.5, with a point and no comma.</source>
+        <translation>Uniquement un nombre comme -0.5, avec un point et sans virgule.</translation>
+    </message>
+    <message>
+        <source>1 row of another type of instrument is not counted.</source>
+        <translation>1 ligne d&apos;un autre type d&apos;instrument n&apos;est pas comptée.</translation>
+    </message>
+    <message>
+        <source>%1 rows of another type of instrument are not counted.</source>
+        <translation>%1 lignes d&apos;un autre type d&apos;instrument ne sont pas comptées.</translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious</source>
+        <comment>the instrument before</comment>
+        <translation>&amp;Précédent</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <comment>the instrument after</comment>
+        <translation>&amp;Suivant</translation>
     </message>
 </context>
 </TS>

@@ -62,16 +62,17 @@ void Calibration::show(const Words& operation, int position) {
 
 /// Says which columns are averaged if they are not the angles; else takes back what it has said.
 void Calibration::tellColumns() {
-    constexpr QLatin1String begin("Columns 3 to 5 of this sheet are ");
+    constexpr QLatin1String begin("The first three values of this sheet are ");
     QList<Words> columns;
     for (int column = sheetcolumn::firstValue; column < sheetcolumn::firstValue + channelCount; ++column) {
         const QString name = sheet_.columnNames().value(column);
-        columns << (name.isEmpty() ? Words::tr("empty") : Words(name));
+        columns << (name.isEmpty() ? Words::tr("empty") : Words(name, Screen::shown(name)));
     }
     const bool angles = std::equal(columns.begin(), columns.end(), channelAngles.begin(),
                                    [](const QString& name, const char* angle) { return name == QLatin1String(angle); });
     if (!angles && sheet_.rowCount() > 0) {
-        shown.message = Words::tr("Columns 3 to 5 of this sheet are %1.").arg(join(columns, QStringLiteral(", ")));
+        shown.message =
+            Words::tr("The first three values of this sheet are %1.").arg(join(columns, QStringLiteral(", ")));
     } else if (shown.message.value().startsWith(begin)) {
         shown.message = QString();
     }

@@ -206,9 +206,12 @@ TEST_F(ComputationTest, ColumnsThatAreNotTheAnglesAreNamed) {
         return shown.message.value().toStdString();
     };
     EXPECT_EQ(averaged("V", 512, HeaderPlace::GridOnOpening), "");
-    EXPECT_EQ(averaged("V", 412, HeaderPlace::GridOnOpening), "Columns 3 to 5 of this sheet are 100, Ref 100, 125.");
-    EXPECT_EQ(averaged("V", 412, HeaderPlace::GridOnClearing), "Columns 3 to 5 of this sheet are 100, Ref1, 125.");
-    EXPECT_EQ(averaged("F", 310, HeaderPlace::GridOnOpening), "Columns 3 to 5 of this sheet are Output, empty, empty.");
+    EXPECT_EQ(averaged("V", 412, HeaderPlace::GridOnOpening),
+              "The first three values of this sheet are 100, Ref 100, 125.");
+    EXPECT_EQ(averaged("V", 412, HeaderPlace::GridOnClearing),
+              "The first three values of this sheet are 100, Ref1, 125.");
+    EXPECT_EQ(averaged("F", 310, HeaderPlace::GridOnOpening),
+              "The first three values of this sheet are Output, empty, empty.");
     EXPECT_EQ(averaged("V", 512, HeaderPlace::GridOnClearing), "") << "taken back";
     shown.message = QStringLiteral("SELECT A COLOR");
     EXPECT_EQ(averaged("V", 512, HeaderPlace::GridOnOpening), "SELECT A COLOR");

@@ -117,9 +117,9 @@ bool SheetFiles::saveAside() {
         return false;
     }
     link_.session.messages.show({.title = Words::tr("Save Data"),
-                                 .text = Words::tr("The sheet holds unsaved rows of another type of instrument. "
-                                                   "They have been saved as %1.\n\nUse \"Clear All\" before you "
-                                                   "collect with this one.")
+                                 .text = Words::tr("The sheet held unsaved rows of another type of instrument. "
+                                                   "They have been saved as %1, and stay on the sheet too.\n\n"
+                                                   "\"Clear All\" makes room for those of this one.")
                                              .arg(tellable(name)),
                                  .icon = Message::Icon::Information});
     return true;

@@ -169,10 +169,10 @@ QLayout* CalibrationPage::makeNavigation() {
     bindText(bindings_, total, shown_.totalEntered);
     auto* layout = new QHBoxLayout;
     layout->addWidget(makeButton(
-        Screen::tr("Pre&vious"), "Command8", [this] { calibration_.previous(); },
+        Screen::tr("Pre&vious", "the instrument before"), "Command8", [this] { calibration_.previous(); },
         Screen::tr("Shows the instrument before; from the first, the last.")));
     layout->addWidget(makeButton(
-        Screen::tr("&Next"), "Command5", [this] { calibration_.next(); },
+        Screen::tr("&Next", "the instrument after"), "Command5", [this] { calibration_.next(); },
         Screen::tr("Shows the instrument after; from the last, the first.")));
     layout->addStretch();
     layout->addWidget(new QLabel(Screen::tr("Total Entered :")));

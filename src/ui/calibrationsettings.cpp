@@ -59,6 +59,15 @@ QLabel* makeUse(const char* name) {
     return use;
 }
 
+/// The place for remarks, with the room of one, so that nothing moves for it.
+QWidget* makeRoomForRemark() {
+    auto* room = new QWidget;
+    auto* layout = new QVBoxLayout(room);
+    layout->setContentsMargins(0, 0, 0, 0);
+    room->setMinimumHeight(room->fontMetrics().lineSpacing());
+    return room;
+}
+
 QGridLayout* makeAngles(SettingsState& shown, QVBoxLayout* remarks) {
     struct Angle {
         const char* caption;
@@ -101,9 +110,9 @@ QWidget* makeTrxCalibrationPage(Program& program) {
     }
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(20);
-    auto* remarks = new QVBoxLayout;
-    layout->addLayout(makeAngles(program.settings.shown, remarks));
-    layout->addLayout(remarks);
+    auto* remarks = makeRoomForRemark();
+    layout->addLayout(makeAngles(program.settings.shown, static_cast<QVBoxLayout*>(remarks->layout())));
+    layout->addWidget(remarks);
     layout->addLayout(makeFoot(page, program.settings.shown.trxProvideRawCounts,
                                makeOption(Screen::tr("Calc &B Values"), "CalcBValues"), "TrxProvideRawCounts", load,
                                save));
@@ -114,7 +123,8 @@ QWidget* makeTrxCalibrationPage(Program& program) {
 QWidget* makeGlowCalibrationPage(Program& program) {
     auto* page = new SettingsPage(Screen::tr("GLW Calibration: Offsets and B calculations"), "GlowCalibrationFrame");
     CalibrationBoxes& boxes = program.settings.shown.glowCalibration;
-    auto* remarks = new QVBoxLayout;
+    auto* room = makeRoomForRemark();
+    auto* remarks = static_cast<QVBoxLayout*>(room->layout());
     NumberBox* offset = makeBox(QStringLiteral("GlowOffset"), offsetColumn(), boxes.offset, remarks);
     NumberBox* scale = makeBox(QStringLiteral("GlowScale"), QStringLiteral("ug/IC"), boxes.scale, remarks);
     // Reads as the formula by which counts become a concentration: counts less the offset, times the scale.
@@ -131,7 +141,7 @@ QWidget* makeGlowCalibrationPage(Program& program) {
     auto* layout = new QVBoxLayout(page);
     layout->setSpacing(20);
     layout->addLayout(formula);
-    layout->addLayout(remarks);
+    layout->addWidget(room);
     // Device files hold the scattering meter's six values; a fluorometer has none, so its two buttons do nothing.
     const auto nothing = [] {};
     const QString toolTip = Screen::tr("Device files are for the TRX only.");

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/language.h"
+#include "program/devices.h"
+#include "simulator/simulatedport.h"
 #include "testing/windowrig.h"
 #include "ui/helpwindow.h"
 #include "ui/messageboxes.h"
@@ -284,6 +286,32 @@ TEST(LanguageTest, ALanguageLastsAsLongAsItsObject) {
     }
     EXPECT_EQ(QLocale(), before);
     EXPECT_EQ(Screen::tr("%1 rows").toStdString(), "%1 rows");
+}
+
+TEST(LanguageTest, WhatIsWrongWithADeviceIsToldInOneLanguage) {
+    const Language german(QStringLiteral("de"));
+    const std::pair<const char*, const char*> table[] = {
+        {"sim:trx?rate=abc",
+         "„sim:trx?rate=abc“ bezeichnet kein simuliertes Instrument. Die Option rate muss eine Zahl "
+         "von 0.001 bis 1000 sein, nicht „abc“."},
+        {"sim:glow?fault=x", "„sim:glow?fault=x“ bezeichnet kein simuliertes Instrument. Die Option fault muss eines "
+                             "von none, silent, late, garbage, cut, unplug, nocr, noise sein, nicht „x“."},
+        {"sim:replay?file=nix.jsonl", "Die Mitschrift nix.jsonl kann nicht gelesen werden. Das System meldet: "},
+        {"sim:replay?rate=1",
+         "„sim:replay?rate=1“ bezeichnet keine Wiedergabe. Eine Option „rate“ gibt es nicht. Die Optionen sind "
+         "file, speed."}};
+    for (const auto& [device, problem] : table) {
+        const std::string shown = deviceProblem(QString::fromLatin1(device)).shown().toStdString();
+        EXPECT_TRUE(shown.starts_with(problem)) << shown; // what the system says follows
+    }
+    SystemClock clock;
+    SimulatedPort port(parseSimulatorOptions(QStringLiteral("sim:trx?fault=unplug&after=0ms&baud=0")).options, clock);
+    port.open();
+    port.setDataTerminalReady(true);
+    port.setDataTerminalReady(false);
+    EXPECT_TRUE(WindowRig::waitFor([&port] { return !port.failure().isEmpty(); }));
+    EXPECT_EQ(port.failure().shown().toStdString(),
+              "Das Kabel des simulierten Instruments wurde gezogen. Erneutes Verbinden steckt es wieder ein.");
 }
 
 TEST_F(TranslationTest, TheColumnsOfTheProgram) {

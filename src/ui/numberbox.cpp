@@ -39,7 +39,7 @@ NumberBox* NumberBox::forDecimals() {
     constexpr int usualLength = 10;
     // Device files know values with a comma.
     return new NumberBox(QStringLiteral("[+-]?[0-9]*[.,]?[0-9]*"), usualLength,
-                         Screen::tr("Only a number: a sign, digits, a point."));
+                         Screen::tr("Only a number such as -0.5, with a point and no comma."));
 }
 
 NumberBox::NumberBox(const QString& form, int usualLength, QString hint)

@@ -137,12 +137,13 @@ TEST(NumberBox, ACommaIsMarkedAtOnceWhateverWayItComesIn) {
     EXPECT_FALSE(typed->isMarked());
     type(*typed, ",5");
     EXPECT_TRUE(typed->isMarked());
-    EXPECT_EQ(QToolTip::text().toStdString(), "Only a number: a sign, digits, a point.");
+    EXPECT_EQ(QToolTip::text().toStdString(), "Only a number such as -0.5, with a point and no comma.");
     for (const auto& [way, put] : waysIn) {
         const std::unique_ptr<NumberBox> box(NumberBox::forDecimals());
         put(*box, QStringLiteral("1,5"));
         EXPECT_TRUE(box->isMarked()) << way;
-        EXPECT_EQ(box->accessibleDescription().toStdString(), "Only a number: a sign, digits, a point.") << way;
+        EXPECT_EQ(box->accessibleDescription().toStdString(), "Only a number such as -0.5, with a point and no comma.")
+            << way;
         box->selectAll();
         put(*box, QStringLiteral("1.5"));
         EXPECT_FALSE(box->isMarked()) << way;

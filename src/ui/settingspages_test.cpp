@@ -114,7 +114,8 @@ TEST_F(SettingsPagesTest, AModeThatWaitsForTheFullMinuteDoesNotSayThatItIsBeingS
 
 TEST_F(SettingsPagesTest, WhatIsWrongWithACalibrationStandsBelowTheBoxes) {
     retype(find<QLineEdit>("Text8"), "1,5");
-    EXPECT_EQ(text("Text8Remark"), "Angle 125 (l2), Clean Water Offset: Only a number: a sign, digits, a point.");
+    EXPECT_EQ(text("Text8Remark"),
+              "Angle 125 (l2), Clean Water Offset: Only a number such as -0.5, with a point and no comma.");
     EXPECT_FALSE(find<QLabel>("Text8Remark").isHidden());
     retype(find<QLineEdit>("Text8"), "1.5");
     EXPECT_TRUE(find<QLabel>("Text8Remark").isHidden());

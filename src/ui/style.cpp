@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/style.h"
 
+#include "ui/tabstrip.h"
+
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -209,6 +211,14 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
     const bool isBox = button != nullptr && (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton);
+    const auto* base = qstyleoption_cast<const QStyleOptionTabBarBase*>(option);
+    const auto* strip = dynamic_cast<const ChoiceTabBar*>(widget);
+    if (element == PE_FrameTabBarBase && base != nullptr && strip != nullptr && !strip->isChosen()) {
+        QStyleOptionTabBarBase whole(*base);
+        whole.selectedTabRect = QRect();
+        QProxyStyle::drawPrimitive(element, &whole, painter, widget);
+        return;
+    }
     const bool isFrame = frame != nullptr && (element == PE_FrameLineEdit || element == PE_Frame);
     if (isBox && isDark(button->palette)) {
         const QStyleOptionButton light = withLightOutline(*button);
@@ -256,6 +266,19 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
     coloured.palette.setColor(QPalette::Button, groundFor(text, button->palette.color(QPalette::Highlight)));
     coloured.palette.setColor(QPalette::ButtonText, text);
     QProxyStyle::drawControl(element, &coloured, painter, widget);
+}
+
+int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                            QStyleHintReturn* details) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) {
+        return 0;
+    }
+    if (hint == SH_Table_GridLineColor && option != nullptr && isDark(option->palette)) {
+        constexpr float visible = 0.25F;
+        const QPalette& palette = option->palette;
+        return static_cast<int>(between(palette.color(QPalette::Base), palette.color(QPalette::Text), visible).rgb());
+    }
+    return QProxyStyle::styleHint(hint, option, widget, details);
 }
 
 void ProgramStyle::polish(QPalette& palette) {
