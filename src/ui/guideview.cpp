@@ -198,9 +198,12 @@ void GuideView::goTo(const QString& anchor) {
 
 int GuideView::headingInView() const {
     const int line = fontMetrics().height();
-    const int seen = cursorForPosition(QPoint(0, line)).position();
-    const auto next =
-        std::ranges::find_if(headings_, [seen](const GuideHeading& heading) { return heading.position > seen; });
+    return headingOf(cursorForPosition(QPoint(0, line)).position());
+}
+
+int GuideView::headingOf(int position) const {
+    const auto next = std::ranges::find_if(
+        headings_, [position](const GuideHeading& heading) { return heading.position > position; });
     return static_cast<int>(std::max<std::ptrdiff_t>(next - headings_.begin() - 1, 0));
 }
 
@@ -224,6 +227,10 @@ bool GuideView::findText(const QString& text, bool forward) {
     }
     if (!found.isNull()) {
         setTextCursor(found);
+        const int height = viewport()->height();
+        if (cursorRect().top() > height / 2) { // not in the last line, with nothing of what follows
+            verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect().top() - height / 3);
+        }
     }
     return !found.isNull();
 }

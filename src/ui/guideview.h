@@ -33,6 +33,8 @@ public:
 
     /// The place of the heading in headings() under which stands what is seen at the top.
     int headingInView() const;
+    /// The same of a position in the document, such as that of the cursor.
+    int headingOf(int position) const;
 
     /// Makes the letters larger by so many points, for 0 as large as they are at first.
     void zoom(int points);

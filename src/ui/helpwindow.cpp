@@ -123,17 +123,18 @@ void HelpWindow::makeChapters() {
     };
     connect(chapters_, &QListWidget::currentRowChanged, this, go);
     connect(chapters_, &QListWidget::itemClicked, this, [this, go] { go(chapters_->currentRow()); });
-    const auto show = [this](int row) {
-        const QSignalBlocker quiet(chapters_);
-        chapters_->setCurrentRow(row);
-    };
     connect(view_->verticalScrollBar(), &QScrollBar::valueChanged, this,
-            [this, show] { show(view_->headingInView()); });
+            [this] { markChapter(view_->headingInView()); });
     // A chapter near the end does not come to the top.
-    connect(view_, &QTextBrowser::sourceChanged, this, [this, show, &headings](const QUrl& place) {
+    connect(view_, &QTextBrowser::sourceChanged, this, [this, &headings](const QUrl& place) {
         const auto chosen = std::ranges::find(headings, place.fragment(), &GuideHeading::anchor);
-        show(chosen == headings.end() ? view_->headingInView() : static_cast<int>(chosen - headings.begin()));
+        markChapter(chosen == headings.end() ? view_->headingInView() : static_cast<int>(chosen - headings.begin()));
     });
+}
+
+void HelpWindow::markChapter(int row) {
+    const QSignalBlocker quiet(chapters_);
+    chapters_->setCurrentRow(row);
 }
 
 QLayout* HelpWindow::makeBar() {
@@ -196,7 +197,11 @@ void HelpWindow::open(const QString& anchor) {
 }
 
 void HelpWindow::find(bool forward) {
-    found_->setText(view_->findText(findBox_->text(), forward) ? QString() : Screen::tr("Not found."));
+    const bool isThere = view_->findText(findBox_->text(), forward);
+    found_->setText(isThere ? QString() : Screen::tr("Not found."));
+    if (isThere) {
+        markChapter(view_->headingOf(view_->textCursor().selectionStart()));
+    }
 }
 
 void showGuide(std::unique_ptr<HelpWindow>& guide, const QWidget& mainWindow, const Remembered* remembered) {

@@ -45,6 +45,7 @@ private:
     QLayout* makeBar();
     void makeChapters();
     void makeKeys();
+    void markChapter(int row);
     void find(bool forward);
 
     GuideView* view_;

@@ -240,6 +240,8 @@ TEST_F(HelpWindowTest, ATextIsFoundAgainAndAgain) {
     const int first = view().textCursor().position();
     EXPECT_EQ(view().textCursor().selectedText().toStdString(), "Calc Consentration");
     EXPECT_TRUE(view().viewport()->rect().contains(view().cursorRect().center()));
+    EXPECT_LT(view().cursorRect().top(), view().viewport()->height() / 2) << "with what follows";
+    EXPECT_EQ(chapters().currentRow(), view().headingOf(first));
     QTest::keyClick(&help(), Qt::Key_F3);
     EXPECT_GT(view().textCursor().position(), first);
     int turns = 0;

@@ -146,7 +146,7 @@ void PortsBox::addNextStep(QGridLayout& layout) {
     auto* line = new QHBoxLayout;
     layout.addLayout(line, row, 0, 1, 3);
     line->addWidget(step, 1);
-    line->addWidget(simulation);
+    line->addWidget(simulation, 0, Qt::AlignTop);
     bindText(bindings_, step, program_.nextStep.text);
     bindVisible(bindings_, simulation, choices_.shown.offersSimulation);
     bindEnabled(bindings_, simulation, program_.link.connection.portCommand(1).canConnect);
