@@ -1021,7 +1021,7 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>%1 was sent.</source>
-        <translation>„%1“ wurde gesendet.</translation>
+        <translation>%1 ist gesendet.</translation>
     </message>
     <message>
         <source>%1 was not sent whole: the instrument did not answer. Try again.</source>
@@ -3264,7 +3264,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>a number of seconds from 0 to 3600</source>
-        <translation>eine Zahl von Sekunden von 0 bis 3600</translation>
+        <translation>0 bis 3600 Sekunden</translation>
     </message>
     <message>
         <source>a number from 0.001 to 1000</source>
@@ -3276,11 +3276,11 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>one of %1</source>
-        <translation>eines von %1</translation>
+        <translation>einer der Werte %1</translation>
     </message>
     <message>
         <source>a number of bytes, 0% to 100% or a number of milliseconds (&quot;1500ms&quot;)</source>
-        <translation>eine Zahl von Bytes, 0% bis 100% oder eine Zahl von Millisekunden („1500ms“)</translation>
+        <translation>eine Anzahl Bytes, 0% bis 100% oder eine Anzahl Millisekunden („1500ms“)</translation>
     </message>
     <message>
         <source>The option %1 is given twice.</source>

@@ -66,7 +66,7 @@ void Calibration::tellColumns() {
     QList<Words> columns;
     for (int column = sheetcolumn::firstValue; column < sheetcolumn::firstValue + channelCount; ++column) {
         const QString name = sheet_.columnNames().value(column);
-        columns << (name.isEmpty() ? Words::tr("empty") : Words(name, Screen::shown(name)));
+        columns << (name.isEmpty() ? Words::tr("empty") : columnName(name));
     }
     const bool angles = std::equal(columns.begin(), columns.end(), channelAngles.begin(),
                                    [](const QString& name, const char* angle) { return name == QLatin1String(angle); });

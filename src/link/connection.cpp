@@ -34,6 +34,7 @@ Connection::Connection(Session& session, DebugState& debug, ComPorts& ports, Wai
         bindings_.bind(ports_.chosenDevice(portNumber), [this, portNumber](const QString&) {
             if (portNumber == ports_.selectedPort()) {
                 session_.status.failure = QString(); // it was the other device's
+                followsReset_ = false;
             }
         });
         PortCommand& command = portCommands_.at(static_cast<std::size_t>(portNumber - 1));
@@ -60,16 +61,17 @@ void Connection::autoConnect1() {
     procedures_.start(Words::tr("Auto Connect Comm 1"), [this] { return autoOpen1(); });
 }
 
-/// What was remarked on the instrument before says nothing of this one.
-void Connection::forgetRemarks() {
+/// The operator connects: what was known of the instrument before, and remarked on it, says nothing of this one.
+void Connection::beginAnew() {
     if (!ports_.isOpen()) {
+        followsReset_ = false;
         session_.status.notice = Words();
     }
 }
 
 Task<> Connection::autoOpen1() {
     ports_.debugsay(QStringLiteral("Auto Open 1"));
-    forgetRemarks();
+    beginAnew();
     // The item is checked only after the attempt: while it runs, no item tells the port number, which stays what it
     // was, 1 at the start of the program or that of the last session.
     co_await openport1();
@@ -84,7 +86,7 @@ void Connection::autoConnect2() {
 
 Task<> Connection::autoOpen2() {
     ports_.debugsay(QStringLiteral("Auto Open 2"));
-    forgetRemarks();
+    beginAnew();
     session_.state.Portused = 2;
     items[ConnectItems::Auto2].checked = true;
     items[ConnectItems::Auto2].enabled = true;
@@ -98,7 +100,7 @@ void Connection::manualConnect(int portNumber) {
     item.enabled = true;
     item.checked = true;
     session_.status.failure = QString();
-    forgetRemarks();
+    beginAnew();
     manualWanted.tell();
 }
 
@@ -106,6 +108,7 @@ void Connection::closePort() {
     ports_.debugsay(QStringLiteral("Close Port"));
     // Lines that still wait become rows while the firmware tells their layout.
     aboutToClose.tell();
+    identified_ = false;
     followsReset_ = false;
     session_.state.portstatus = 2;
     items.enableAll();
@@ -255,6 +258,7 @@ Task<> Connection::presets() {
     }
     session_.commands.activity = Activity::ReadingSettings;
     ports_.write("P");
+    identified_ = true;
     identified.tell();
     state.Ctrlscrn = Operation::Identified;
     timer_.enable();
@@ -332,8 +336,9 @@ void Connection::abortrun() {
     // An attempt on Comm 1 has not checked its item yet.
     const ConnectItems::Item item =
         items.firstChecked().value_or(ports_.selectedPort() == 1 ? ConnectItems::Auto1 : ConnectItems::Auto2);
+    const bool isKnown = identified_ || followsReset_;
     fixit();
-    followsReset_ = true;
+    followsReset_ = isKnown;
     items[item].checked = true;
     const int port = ConnectItems::portNumber(item);
     if (item == ConnectItems::Auto1 || item == ConnectItems::Auto2) {
@@ -348,6 +353,7 @@ void Connection::abortrun() {
 void Connection::fixit() {
     ports_.debugsay(QStringLiteral("Reset Everything AKA FIXIT"));
     aboutToClose.tell();
+    identified_ = false;
     followsReset_ = false;
     ports_.close();
     goOffline();

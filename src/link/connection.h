@@ -105,7 +105,7 @@ public:
     void abortrun();
 
     /// This connection, or the attempt at it, has followed one on the same port by a reset alone: the instrument is the
-    /// one from before.
+    /// one that was identified before.
     bool followsReset() const { return followsReset_; }
 
     /// Opens the instrument port on COM 1 or COM 2 and wakes the instrument, unless the port is open already. Nothing
@@ -132,7 +132,7 @@ private:
     Task<> presets();
     Task<bool> wakeUp();
     void attemptFailed();
-    void forgetRemarks();
+    void beginAnew();
     void listInputCount();
     void dumpState();
 
@@ -143,6 +143,7 @@ private:
     StatusTimer& timer_;
     Procedures& procedures_;
     std::array<PortCommand, 2> portCommands_;
+    bool identified_ = false; ///< On this connection.
     bool followsReset_ = false;
     Subscription portFailed_;
     Bindings bindings_;

@@ -35,7 +35,10 @@ void Session::setFirmware(const QString& text) {
 
 CommandState::CommandState() {
     canAsk.setBinding([this] { return !asking.value(); });
-    canTypeSettings.setBinding([this] { return activity.value() != Activity::SettingClock; });
+    canTypeSettings.setBinding([this] {
+        const Activity now = activity.value();
+        return now != Activity::Sending && now != Activity::SettingClock && now != Activity::ResettingShutter;
+    });
     undisturbed.setBinding([this] { return activity.value() == Activity::None && canAsk.value(); });
     canCommand.setBinding([this] { return portOpen.value() && undisturbed.value(); });
     canRun.setBinding([this] { return runEnabled.value() && canCommand.value(); });

@@ -124,8 +124,8 @@ struct CommandState {
     /// Nothing is under way, and no question stands.
     QProperty<bool> undisturbed;
     QProperty<bool> canAsk; ///< No question stands.
-    /// What is typed into the instrument's settings stays. While its clock is set, for which a full minute may be
-    /// waited for, it would not: the report that follows fills the boxes with what was sent before.
+    /// What is typed into the instrument's settings would stay. It would not while settings are sent, the clock is set,
+    /// for which a full minute may be waited for, or the shutter is reset: the report that follows fills the boxes.
     QProperty<bool> canTypeSettings;
     QProperty<bool> canRun;
     /// A reset disables both, yet rows on the sheet can always be cleared and saved.

@@ -167,6 +167,37 @@ TEST_F(ProgramTest, AClockThatHasBeenSetIsNotToBeSetAgainAfterAReset) {
     EXPECT_TRUE(settings.syncPending.value());
 }
 
+TEST_F(ProgramTest, AResetOfAnAttemptThatFoundNobodyIsNoReasonToTakeTheNextInstrumentForTheOneBefore) {
+    connectAndRead();
+    settings.syncTimeDate = true;
+    settings.syncPending = false; // as when it has been set
+    settings.modeRemark = QStringLiteral("Moored was sent.");
+    program.closePort();
+    autoConnect(); // nobody answers
+    ASSERT_EQ(status.status.value().toStdString(), "No answer from COM 1");
+    replies = {"V512\r"}; // its power is switched on
+    program.reset();
+    finish();
+    ASSERT_EQ(state.Ctrlscrn, Operation::Identified);
+    EXPECT_TRUE(settings.syncPending.value());
+    EXPECT_EQ(settings.modeRemark.value().toStdString(), "");
+}
+
+TEST_F(ProgramTest, AfterAResetAnotherPortIsAnotherInstrument) {
+    connectAndRead();
+    settings.syncTimeDate = true;
+    settings.syncPending = false;
+    replies = {};
+    program.reset();
+    finish();
+    program.link.connection.fixit();
+    replies = {"V512\r"};
+    program.connectPort(2);
+    finish();
+    ASSERT_EQ(state.Ctrlscrn, Operation::Identified);
+    EXPECT_TRUE(settings.syncPending.value());
+}
+
 TEST_F(ProgramTest, CollectingTakesEachReplyLineAndIsSilentWithoutOne) {
     connectAndRead();
     program.run();

@@ -98,7 +98,8 @@ struct SettingsState {
     QProperty<std::optional<LoggerSettings>> reported;
     /// What the instrument has taken and has not reported back yet.
     std::optional<LoggerSettings> sent;
-    /// How the last sending or reading went, for every tab: "Sent and read back at 9:30:15 AM". Empty before.
+    /// How the last sending or reading went, for every tab: "Sent and read back at 9:30:15 AM". Empty before, and from
+    /// the first line of a report to its last.
     QProperty<Words> exchange;
     /// Which settings are not as they were reported: changed, and not sent yet. None while no report is known.
     SettingSet unsent() const {

@@ -109,6 +109,9 @@ void SettingsReader::getprefs(const QString& line) {
         memoryUnderstood = false;
         reading_ = settings_.record;
         settings_.reported = std::nullopt;
+        if (!settings_.sent) {
+            settings_.exchange = Words(); // it told of the report before
+        }
     }
     progress_.valueLabel = QString::number(progress_.value);
 

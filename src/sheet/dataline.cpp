@@ -36,6 +36,22 @@ RowLayout rowLayout(InstrumentType type, double firmware) {
     return RowLayout::Unknown;
 }
 
+Words columnName(const QString& name) {
+    constexpr std::array<const char*, 5> own{QT_TRANSLATE_NOOP("orv", "Data #"), QT_TRANSLATE_NOOP("orv", "Data Point"),
+                                             QT_TRANSLATE_NOOP("orv", "Date"), QT_TRANSLATE_NOOP("orv", "Time"),
+                                             QT_TRANSLATE_NOOP("orv", "Output")};
+    const QLatin1String value("Value ");
+    if (name.startsWith(value)) { // of an instrument that is not known yet
+        return Words::tr("Value %1").arg(name.mid(value.size()));
+    }
+    for (const char* of : own) {
+        if (name == QLatin1String(of)) {
+            return Words::tr(of);
+        }
+    }
+    return name;
+}
+
 QStringList headerRow(HeaderPlace place, RowLayout layout) {
     if (layout == RowLayout::Unknown) {
         return {};

@@ -52,6 +52,10 @@ enum class HeaderPlace {
 /// The header texts of a layout, left to right; none for Unknown.
 QStringList headerRow(HeaderPlace place, RowLayout layout);
 
+/// The name of a column of the sheet: in English for files and comparisons, and as the screen shows it. A name that is
+/// not the program's own, such as "Ref", is the same in each language.
+Words columnName(const QString& name);
+
 struct SettingsState;
 
 /// One record of the instrument, live or from its memory, as the sheet and the files show it.

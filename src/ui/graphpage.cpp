@@ -184,7 +184,9 @@ QString GraphPage::rowsBetween(int first, int end) const {
     const auto record = [this](int point) { return sheet_.cell(data_.row(point), sheetcolumn::record); };
     const int rows = end - first;
     // Over time the rows of a run and of a download may lie between each other: no two records name them all.
-    const bool inOnePiece = rows > 0 && data_.row(end - 1) - data_.row(first) == rows - 1;
+    const auto& range = canvas_->range();
+    const bool inOnePiece = rows > 0 && (data_.axis() == PlotData::Axis::Record ||
+                                         data_.rowsBetween(range->lower, range->upper).size() == 1);
     if (!inOnePiece) {
         return Screen::tr("%1 rows").arg(rows);
     }

@@ -294,8 +294,8 @@ TEST(LanguageTest, WhatIsWrongWithADeviceIsToldInOneLanguage) {
         {"sim:trx?rate=abc",
          "„sim:trx?rate=abc“ bezeichnet kein simuliertes Instrument. Die Option rate muss eine Zahl "
          "von 0.001 bis 1000 sein, nicht „abc“."},
-        {"sim:glow?fault=x", "„sim:glow?fault=x“ bezeichnet kein simuliertes Instrument. Die Option fault muss eines "
-                             "von none, silent, late, garbage, cut, unplug, nocr, noise sein, nicht „x“."},
+        {"sim:glow?fault=x", "„sim:glow?fault=x“ bezeichnet kein simuliertes Instrument. Die Option fault muss einer "
+                             "der Werte none, silent, late, garbage, cut, unplug, nocr, noise sein, nicht „x“."},
         {"sim:replay?file=nix.jsonl", "Die Mitschrift nix.jsonl kann nicht gelesen werden. Das System meldet: "},
         {"sim:replay?rate=1",
          "„sim:replay?rate=1“ bezeichnet keine Wiedergabe. Eine Option „rate“ gibt es nicht. Die Optionen sind "

@@ -246,6 +246,11 @@ TEST_F(SettingsExchangeTest, ThePlainEnglishSaysWhenItDescribesUnsentSettings) {
     EXPECT_EQ(note(), "Sending ...");
     finish();
     EXPECT_EQ(note(), "Sent, and not read back yet.");
+    report();
+    const QByteArray whole = settingsReport("60");
+    report(whole.left(whole.indexOf("D24")));
+    EXPECT_EQ(note(), "No instrument has reported these settings.") << "the report has broken off";
+    EXPECT_EQ(exchange(), "");
     program.link.session.commands.activity = Activity::ResettingShutter;
     EXPECT_EQ(note(), "The shutter is being reset: until that is done, these may be temporary settings.");
 }

@@ -37,15 +37,31 @@ void SharedColumns::resizeEvent(QResizeEvent* event) {
 
 void SharedColumns::layOut() {
     const QScopedValueRollback guard(layingOut_, true);
-    const QList<int> shares = shares_.isEmpty() ? QList<int>(count(), 1) : shares_;
+    const QList<int> shares = shares_.size() == count() ? shares_ : QList<int>(count(), 1);
     const qint64 all = std::accumulate(shares.begin(), shares.end(), qint64{0});
+    QList<int> widths;
     qint64 passed = 0;
     int edge = 0;
-    for (int column = 0; column < std::min(count(), static_cast<int>(shares.size())); ++column) {
-        passed += shares.at(column);
+    int lacking = 0; // what the narrow ones need above their share
+    for (const int share : shares) {
+        passed += share;
         const auto next = static_cast<int>(width() * passed / all); // no pixel is lost by rounding
-        resizeSection(column, next - edge);
+        widths << std::max(next - edge, minimumSectionSize());
+        lacking += widths.last() - (next - edge);
         edge = next;
+    }
+    while (lacking > 0) {
+        const auto widest = std::ranges::max_element(widths);
+        const int spare = *widest - minimumSectionSize();
+        if (spare <= 0) {
+            break; // there is no room for all: the table gets a bar to scroll
+        }
+        const int given = std::min(lacking, (spare + 1) / 2);
+        *widest -= given;
+        lacking -= given;
+    }
+    for (int column = 0; column < widths.size(); ++column) {
+        resizeSection(column, widths.at(column));
     }
 }
 
@@ -55,8 +71,8 @@ void SharedColumns::moveBorder(int column, int before, int now) {
         const QScopedValueRollback guard(layingOut_, true);
         const bool isLast = column == count() - 1;
         const int both = isLast ? before : before + sectionSize(column + 1);
-        const int most = isLast ? before : both - minimumSectionSize();
-        const int width = isLast ? before : std::clamp(now, std::min(minimumSectionSize(), most), most);
+        const int most = isLast ? before : std::max(both - minimumSectionSize(), minimumSectionSize());
+        const int width = isLast ? before : std::clamp(now, minimumSectionSize(), most);
         resizeSection(column, width);
         if (!isLast) {
             resizeSection(column + 1, both - width);

@@ -57,9 +57,9 @@ public:
     void showRowsFrom(int first, const std::function<void()>& bringIntoView);
 
     /// Puts what is selected on the clipboard: a line for each row, cells separated by tabs, and before it, if wanted,
-    /// a line with the names of the rows' own columns, which another instrument's header row may hide. Between selected
-    /// cells those that are not selected are empty; columns at the right without a name and without a text are left
-    /// out. Returns whether anything is selected; if not, nothing happens.
+    /// a line with the names of the newest row's columns, which the header row of an instrument that has no rows yet
+    /// may hide. Between selected cells those that are not selected are empty; columns at the right without a name and
+    /// without a text are left out. Returns whether anything is selected; if not, nothing happens.
     bool copy(bool withHeader) const;
 
     /// Selects the next cell, or the one before, that contains the text, in lower or upper case, and goes on at the

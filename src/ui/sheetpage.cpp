@@ -168,6 +168,7 @@ QLayout* SheetPage::makeNotice(Program& program) {
     bringBack_->hide();
     const auto tell = [this](auto&&) {
         copied_.clear();
+        leftOut_ = 0;
         tellWhatBecame();
     };
     bindings_.bind(shown_.clearedRows, tell);
@@ -335,6 +336,12 @@ void SheetPage::refreshNow() {
     SheetModel& rows = grid_->rows();
     const int rowsBefore = rows.rowCount();
     const bool replaced = rows.refresh();
+    if (headerChanges_ != sheet_.headerChanges()) {
+        headerChanges_ = sheet_.headerChanges();
+        keepRoomForStatistics(); // also when the first row of another type has come
+        selectionStale_ = true;
+        computing_.noteChange();
+    }
     if (replaced) {
         shownTop_ = 0;
         selectionStale_ = true; // a selection that goes with its rows tells nothing

@@ -43,7 +43,7 @@ private:
     QLabel* counter_;
     QLabel* notice_;
     QString copied_;  ///< What is on the clipboard, in words, until another selection or another thing to tell.
-    int leftOut_ = 0; ///< Selected rows that the statistics leave out.
+    int leftOut_ = 0; ///< Selected rows that the statistics leave out; 0 once there is something newer to tell.
     QPushButton* bringBack_;
     QWidget* findBar_;
     QLineEdit* findBox_;
@@ -54,6 +54,7 @@ private:
     Redrawing redrawing_;
     Redrawing computing_;
     bool stale_ = false;
+    int headerChanges_ = 0; ///< Of the sheet, when the room for the statistics was kept.
     bool selectionStale_ = false;
     bool selectionIsLent_ = false; ///< What is selected was selected by selectRows().
     int shownTop_ = 0;

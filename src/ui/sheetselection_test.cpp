@@ -57,8 +57,11 @@ TEST_F(SheetSelectionTest, TheColumnsShareTheWidthAsTheOperatorDragsTheirBorders
     dragBorder(1, 1000);
     EXPECT_EQ(width(2), columns.minimumSectionSize()) << "a column never goes";
     EXPECT_EQ(width(1) + width(2), both);
+    const int last = width(8);
     dragBorder(8, -20);
-    EXPECT_EQ(columns.length(), all) << "the right border stays";
+    EXPECT_EQ(width(8), last) << "the right border stays";
+    EXPECT_EQ(columns.length(), all);
+    EXPECT_FALSE(grid.selectionModel()->hasSelection()) << "a border is no header";
     dragBorder(1, -both);
     EXPECT_EQ(width(1), columns.minimumSectionSize());
     dragBorder(1, both / 2);
@@ -68,6 +71,12 @@ TEST_F(SheetSelectionTest, TheColumnsShareTheWidthAsTheOperatorDragsTheirBorders
     EXPECT_EQ(columns.length(), grid.viewport()->width());
     EXPECT_GT(columns.length(), all);
     EXPECT_NEAR(static_cast<double>(width(1)) / columns.length(), share, 0.01);
+    dragBorder(1, -both);
+    dragBorder(2, -both);
+    window->resize(window->minimumSizeHint());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(columns.length(), grid.viewport()->width());
+    EXPECT_GE(std::min(width(1), width(2)), columns.minimumSectionSize());
 }
 
 TEST_F(SheetSelectionTest, WhatHasGoneSinceTheGridWasDrawnIsNotCopied) {

@@ -29,8 +29,9 @@ TEST_F(SheetStatisticsTest, RowsOfAnotherTypeOfInstrumentAreNotCounted) {
     EXPECT_TRUE(
         waitFor([this] { return text("SheetNotice") == "1 row of another type of instrument is not counted."; }, 1000));
     EXPECT_TRUE(find<QLabel>("SheetStatisticsHint").isVisible()) << "nothing is left to be counted";
+    sheetState.saved = SavedRows{.count = 4, .file = QStringLiteral("/a/lake.txt")};
+    EXPECT_EQ(text("SheetNotice"), "Saved 4 rows to lake.txt") << "what is newer is told";
     clickCell(3, 0);
-    EXPECT_TRUE(waitFor([this] { return text("SheetNotice").empty(); }, 1000));
     EXPECT_EQ(figures(1), "1|7.00|-|7|7");
 }
 
@@ -145,6 +146,23 @@ TEST_F(SheetStatisticsTest, AllOfALongSheetIsComputedAtOnce) {
     grid.selectAll();
     EXPECT_EQ(figures(1), "20000|10000.50|5773.65|1|20000");
     EXPECT_EQ(figures(4), "20000|4.00|0.00|4|4");
+}
+
+TEST_F(SheetStatisticsTest, TheFirstRowOfAnotherTypeGetsTheRoomOfItsColumns) {
+    connectAndRead("F310\r");
+    sheet.appendJoinedRow("1\t11/21/26\t1:00:00\t5");
+    page.refreshNow();
+    grid.selectAll();
+    auto& table = find<QWidget>("SheetStatistics");
+    const int room = table.minimumHeight();
+    sheet.setHeader({QStringLiteral("V"), 512.0}, headerRow(HeaderPlace::GridOnOpening, RowLayout::TrxNewer));
+    EXPECT_EQ(table.minimumHeight(), room);
+    sheet.appendJoinedRow("2\t11/21/26\t1:00:00\t5\t6\t7\t8");
+    page.refreshNow();
+    EXPECT_GT(table.minimumHeight(), room);
+    EXPECT_TRUE(
+        waitFor([this] { return text("SheetNotice") == "1 row of another type of instrument is not counted."; }, 1000))
+        << "the row that was selected before";
 }
 
 } // namespace

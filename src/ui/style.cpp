@@ -212,11 +212,13 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
     const bool isBox = button != nullptr && (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton);
     const auto* base = qstyleoption_cast<const QStyleOptionTabBarBase*>(option);
-    const auto* strip = dynamic_cast<const ChoiceTabBar*>(widget);
-    if (element == PE_FrameTabBarBase && base != nullptr && strip != nullptr && !strip->isChosen()) {
-        QStyleOptionTabBarBase whole(*base);
-        whole.selectedTabRect = QRect();
-        QProxyStyle::drawPrimitive(element, &whole, painter, widget);
+    if (element == PE_FrameTabBarBase && base != nullptr) {
+        const auto* strip = dynamic_cast<const ChoiceTabBar*>(widget);
+        QStyleOptionTabBarBase line(*base);
+        if (strip != nullptr && !strip->isChosen()) {
+            line.selectedTabRect = QRect();
+        }
+        QProxyStyle::drawPrimitive(element, &line, painter, widget);
         return;
     }
     const bool isFrame = frame != nullptr && (element == PE_FrameLineEdit || element == PE_Frame);

@@ -2,6 +2,7 @@
 #include "ui/widgets.h"
 
 #include "base/words.h"
+#include "sheet/dataline.h"
 #include "ui/style.h"
 
 #include <QAbstractItemView>
@@ -427,15 +428,7 @@ QAccessibleInterface* makeSpokenLabel(const QString& /*className*/, QObject* obj
 } // namespace
 
 QString shownColumn(const QString& name) {
-    constexpr std::array<const char*, 5> own{QT_TRANSLATE_NOOP("orv", "Data #"), QT_TRANSLATE_NOOP("orv", "Data Point"),
-                                             QT_TRANSLATE_NOOP("orv", "Date"), QT_TRANSLATE_NOOP("orv", "Time"),
-                                             QT_TRANSLATE_NOOP("orv", "Output")};
-    const bool isOwn = std::any_of(own.begin(), own.end(), [&](const char* of) { return name == QLatin1String(of); });
-    const QLatin1String value("Value ");
-    if (name.startsWith(value)) { // of an instrument that is not known yet
-        return Screen::tr("Value %1").arg(name.mid(value.size()));
-    }
-    return isOwn ? Screen::shown(name) : name;
+    return columnName(name).shown();
 }
 
 void speakLabelValues() {
