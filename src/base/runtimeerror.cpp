@@ -32,9 +32,10 @@ const char* RuntimeError::what() const noexcept {
 }
 
 Message runtimeErrorMessage(const RuntimeError& error, const Words& operation) {
-    return operatorWarning(Words::tr("%1: the operation ended with the error \"%2\".\n\n"
-                                     "The program goes on and all data is kept.")
-                               .arg(operation, error.name()));
+    const auto ended = Words::tr("%1: the operation ended with the error \"%2\".\n\n"
+                                 "The program goes on and all data is kept.")
+                           .arg(operation, error.name());
+    return operatorWarning(error.advice().isEmpty() ? ended : ended + QStringLiteral("\n\n") + error.advice());
 }
 
 bool runOperation(OperatorMessages& messages, const Words& operation, const std::function<void()>& body) {

@@ -8,6 +8,7 @@
 
 #include <exception>
 #include <functional>
+#include <utility>
 
 namespace orv {
 
@@ -16,10 +17,13 @@ class RuntimeError final : public std::exception {
 public:
     enum class Kind { Overflow, SubscriptOutOfRange, DivisionByZero, InvalidArgument, TypeMismatch };
 
-    explicit RuntimeError(Kind kind)
-        : kind_(kind) {}
+    /// `advice`: what the operator can do about it, in sentences; may be empty.
+    explicit RuntimeError(Kind kind, Words advice = {})
+        : kind_(kind)
+        , advice_(std::move(advice)) {}
 
     Kind kind() const { return kind_; }
+    const Words& advice() const { return advice_; }
 
     /// The error's name as the operator reads it, e.g. "Overflow".
     Words name() const;
@@ -28,6 +32,7 @@ public:
 
 private:
     Kind kind_;
+    Words advice_;
 };
 
 /// What the operator is told when `error` has ended `operation`.

@@ -101,9 +101,11 @@ double Calibration::mean(int sheetColumn) {
     for (int row = 0; row < rows; ++row) {
         sum += leadingNumber(sheet_.cell(row, sheetColumn));
     }
-    if (rows > 0) {
-        sheetState_.currentRow = rows;
+    if (rows == 0) {
+        throw RuntimeError(RuntimeError::Kind::DivisionByZero,
+                           Words::tr("The sheet holds no rows. Collect or open those of this point first."));
     }
+    sheetState_.currentRow = rows;
     // The half added never matters: the mean is the whole quotient, cut and not rounded, on purpose.
     return std::floor(integerDivide(sum, rows) + 0.5);
 }
@@ -114,7 +116,20 @@ double Calibration::derivedPoint(int row, int channel) const {
         return leadingNumber(shown.reference.at(referenceRow, channel).value());
     };
     const double previous = leadingNumber(shown.worksheet.at(row - 1, channel).value());
-    const double derived = std::floor(reference(point) * integerDivide(previous, reference(point - 1)));
+    double quotient = 0.0;
+    try {
+        quotient = integerDivide(previous, reference(point - 1));
+    } catch (const RuntimeError& error) {
+        if (error.kind() != RuntimeError::Kind::DivisionByZero) {
+            throw;
+        }
+        const char* caption = referenceRows.at(static_cast<std::size_t>(point - 1)).caption;
+        throw RuntimeError(error.kind(),
+                           Words::tr("In the frame \"KP 7\" the value of \"%1\" in column %2 is empty or 0. "
+                                     "Fill it in, then press \"Calc DP\" again.")
+                               .arg(Words::tr(caption), QString::number(channel + 1)));
+    }
+    const double derived = std::floor(reference(point) * quotient);
     if (!std::isfinite(derived)) {
         throw RuntimeError(RuntimeError::Kind::Overflow);
     }

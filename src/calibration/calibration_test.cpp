@@ -137,6 +137,7 @@ TEST_F(ComputationTest, WithoutRowsNothingIsWrittenOrKept) {
     shown.selectedRow = Air;
     actions.calcdp();
     EXPECT_EQ(lastError(), error("Division by zero"));
+    EXPECT_TRUE(messages.shown.back().text.endsWith(QLatin1String("Collect or open those of this point first.")));
     EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(rowText(Air), "1 1 1");
     EXPECT_EQ(actions.table.value(0, 1, 0), 0);
@@ -147,6 +148,10 @@ TEST_F(ComputationTest, AMissingReferenceKeepsTheMeansWrittenSoFar) {
     fill(shown.reference, "10  10/20 20 20/0 0 0/0 0 0/0 0 0"); // no reference of the second channel
     compute(Point1, {"7 8 9"});
     EXPECT_EQ(lastError(), error("Division by zero"));
+    EXPECT_TRUE(messages.shown.back().text.endsWith(
+        QLatin1String("In the frame \"KP 7\" the value of \"Clean\" in column 2 is empty or 0. Fill it in, then press "
+                      "\"Calc DP\" again.")))
+        << qPrintable(messages.shown.back().text);
     EXPECT_EQ(rowText(Point1), "7 8 1") << "the third channel was not reached";
     EXPECT_EQ(results(), "200  ");
     EXPECT_EQ(actions.table.value(0, 1, 0), 0) << "not kept";

@@ -77,6 +77,7 @@ Task<> ShutterReset::reset() {
 Task<SettingsSender::Outcome> ShutterReset::perform(Run& run) {
     CommandState& commands = link_.session.commands;
     readBack_ = false;
+    link_.session.status.notice = Words();
     commands.runEnabled = false;
     showResetting();
     link_.ports.discardInput();

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/calibrationpage.h"
 
+#include "base/text.h"
 #include "base/words.h"
 #include "ui/widgets.h"
 
+#include <QAction>
 #include <QButtonGroup>
 #include <QEvent>
 #include <QFormLayout>
@@ -12,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -48,6 +51,24 @@ QLabel* makeHeading(const QString& text) {
     auto* label = new QLabel(text);
     label->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
     return label;
+}
+
+/// A sign in the box while its text is no number, as it counts as the number with which it begins, or as 0.
+void markUnlessNumber(QLineEdit& box) {
+    const QString description = box.toolTip();
+    QObject::connect(&box, &QLineEdit::textChanged, &box, [&box, description](const QString& text) {
+        const bool isWrong = !text.trimmed().isEmpty() && !numberText(text);
+        const QString hint = Screen::tr("Only a number such as -0.5, with a point and no comma.");
+        QAction* sign = box.actions().value(0);
+        if (sign == nullptr && isWrong) {
+            sign = box.addAction(box.style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
+            sign->setToolTip(hint);
+        }
+        if (sign != nullptr) {
+            sign->setVisible(isWrong);
+        }
+        box.setAccessibleDescription(isWrong ? hint : description);
+    });
 }
 
 } // namespace
@@ -231,6 +252,7 @@ void CalibrationPage::addWorksheetRow(QGridLayout* grid, int row) {
         auto* box =
             makeBox(boxName(boxes, channel),
                     Screen::tr("%1: kept as a whole number from -32768 to 32767.").arg(accessibleName), accessibleName);
+        markUnlessNumber(*box);
         bindTyped(bindings_, box, shown_.worksheet.at(row, channel));
         box->setAlignment(Qt::AlignRight);
         grid->addWidget(box, row + 1, channel + 1);
@@ -277,6 +299,7 @@ QGroupBox* CalibrationPage::makeReference() {
         for (int channel = 0; channel < channelCount; ++channel) {
             const QString accessibleName = Screen::tr("Reference %1, column %2").arg(caption).arg(channel + 1);
             auto* box = makeBox(boxName(boxes, channel), accessibleName + u'.', accessibleName);
+            markUnlessNumber(*box);
             bindTyped(bindings_, box, shown_.reference.at(row, channel));
             box->setAlignment(Qt::AlignRight);
             grid->addWidget(box, row + 1, channel + 1);

@@ -333,5 +333,24 @@ TEST_F(TestingPageTest, ShowsStatusStepAndCountdown) {
     }
 }
 
+TEST_F(CalibrationPageTest, ABoxWhoseTextIsNoNumberIsMarkedAndCountsAllTheSame) {
+    auto& box = find<QLineEdit>("Text2");
+    const std::string hint = "Only a number such as -0.5, with a point and no comma.";
+    for (const auto& [typed, isMarked] : {
+             std::pair("300", false),
+             {"300,5", true},
+             {"12x", true},
+             {"abc", true},
+             {"-0.5", false},
+             {"  ", false},
+         }) {
+        retype(box, typed);
+        const QAction* sign = box.actions().value(0);
+        EXPECT_EQ(sign != nullptr && sign->isVisible() && sign->toolTip().toStdString() == hint, isMarked) << typed;
+        EXPECT_EQ(box.accessibleDescription().toStdString() == hint, isMarked) << typed;
+        EXPECT_EQ(program.calibration.shown.reference.at(0, 0).value().toStdString(), typed);
+    }
+}
+
 } // namespace
 } // namespace orv
