@@ -106,6 +106,7 @@ void Connection::manualConnect(int portNumber) {
 
 void Connection::closePort() {
     ports_.debugsay(QStringLiteral("Close Port"));
+    session_.status.notice = Words(); // how what this ends has ended is told now
     // Lines that still wait become rows while the firmware tells their layout.
     aboutToClose.tell();
     identified_ = false;

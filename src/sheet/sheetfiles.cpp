@@ -119,7 +119,7 @@ bool SheetFiles::saveAside() {
     link_.session.messages.show({.title = Words::tr("Save Data"),
                                  .text = Words::tr("The sheet held unsaved rows of another type of instrument. "
                                                    "They have been saved as %1, and stay on the sheet too.\n\n"
-                                                   "\"Clear All\" makes room for those of this one.")
+                                                   "\"Clear All\" makes room for the rows of the one connected now.")
                                              .arg(tellable(name)),
                                  .icon = Message::Icon::Information});
     return true;

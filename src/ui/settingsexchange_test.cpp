@@ -253,6 +253,11 @@ TEST_F(SettingsExchangeTest, ThePlainEnglishSaysWhenItDescribesUnsentSettings) {
     EXPECT_EQ(exchange(), "");
     program.link.session.commands.activity = Activity::ResettingShutter;
     EXPECT_EQ(note(), "The shutter is being reset: until that is done, these may be temporary settings.");
+    EXPECT_EQ(exchange(), note());
+    EXPECT_FALSE(find<QPushButton>("SaveAUserDefinedMode").isEnabled());
+    EXPECT_FALSE(find<QCheckBox>("Append").isEnabled());
+    program.link.session.commands.activity = Activity::None;
+    EXPECT_TRUE(find<QPushButton>("SaveAUserDefinedMode").isEnabled());
 }
 
 TEST_F(SettingsExchangeTest, BeforeATabIsChosenTheSettingsStandInPlainEnglish) {

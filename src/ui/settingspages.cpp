@@ -78,7 +78,7 @@ namespace {
 QString whetherSent(const Program& program) {
     const SettingsState& shown = program.settings.shown;
     if (program.link.session.commands.activity == Activity::ResettingShutter) {
-        return Screen::tr("The shutter is being reset: until that is done, these may be temporary settings.");
+        return temporarySettings();
     }
     if (!shown.reported.value()) {
         const QString exchange = shown.exchange.value().shown();
@@ -90,6 +90,10 @@ QString whetherSent(const Program& program) {
 }
 
 } // namespace
+
+QString temporarySettings() {
+    return Screen::tr("The shutter is being reset: until that is done, these may be temporary settings.");
+}
 
 QWidget* makeModesPage(Program& program) {
     auto* page = new SettingsPage(Screen::tr("Modes"), "ModesFrame");
@@ -138,7 +142,10 @@ QWidget* makeModesPage(Program& program) {
     for (QPushButton* button : {profile, moored, load}) {
         bindEnabled(page->bindings, button, commands.undisturbed);
     }
-    bindEnabled(page->bindings, save, commands.canAsk);
+    // No mode is to be saved of the settings with which the shutter is reset.
+    const auto enable = [save, &commands](bool) { save->setEnabled(commands.canAsk && commands.canTypeSettings); };
+    page->bindings.bind(commands.canAsk, enable);
+    page->bindings.bind(commands.canTypeSettings, enable);
     return page;
 }
 
@@ -171,8 +178,8 @@ QLabel* makeClockLine(SettingsPage* page, const SettingsState& shown) {
     const auto tell = [line, &shown](auto&&) {
         const int seconds = shown.secondsToFullMinute;
         if (seconds > 0) {
-            line->setText(
-                Screen::tr("The clock is set at %1, in %2 s.").arg(shown.fullMinute.value(), QString::number(seconds)));
+            line->setText(Screen::tr("The clock will be set at %1, in %2 s.")
+                              .arg(shown.fullMinute.value(), QString::number(seconds)));
         } else if (shown.clockSetting.value().isEmpty()) {
             line->setText(Screen::tr("\"Sync Time/Date\" alone leaves the clock up to 59 s behind: the command "
                                      "carries no seconds. \"At the full "

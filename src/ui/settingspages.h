@@ -12,6 +12,9 @@ namespace orv {
 /// Built-in modes, mode files, and the way to the description in sentences.
 QWidget* makeModesPage(Program& program);
 
+/// What is said of the settings while the shutter is reset: they may be those that only its moving needs.
+QString temporarySettings();
+
 /// The computer's clock, the instrument's at last display, and whether to set it.
 QWidget* makeTimeAndDatePage(Program& program);
 

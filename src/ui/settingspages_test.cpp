@@ -168,7 +168,7 @@ TEST_F(SettingsPagesTest, TheFullMinuteCanBeWaitedForWhereTheClockIsSet) {
     EXPECT_TRUE(explanation.starts_with("\"Sync Time/Date\" alone leaves the clock ")) << explanation;
     settings.fullMinute = QStringLiteral("9:31:00 AM");
     settings.secondsToFullMinute = 45;
-    EXPECT_EQ(countdown.text().toStdString(), "The clock is set at 9:31:00 AM, in 45 s.");
+    EXPECT_EQ(countdown.text().toStdString(), "The clock will be set at 9:31:00 AM, in 45 s.");
     settings.secondsToFullMinute = 0;
     settings.clockSet = SettingsState::ClockSet::ToTheMinute;
     settings.clockSetting = QStringLiteral("It was set.");

@@ -134,7 +134,9 @@ QWidget* SettingsWindow::makeExchange() {
         if (shown.syncUnsent()) {
             unsent << sync;
         }
-        if (shown.secondsToFullMinute > 0) {
+        if (activity == Activity::ResettingShutter) {
+            line->setText(temporarySettings());
+        } else if (shown.secondsToFullMinute > 0) {
             line->setText(shown.fullMinuteWait().shown() + u' ' +
                           Screen::tr("Reset on the page Status and Controls stops it."));
         } else if (!unsent.isEmpty() && activity != Activity::Sending && activity != Activity::SettingClock) {
