@@ -1409,13 +1409,13 @@ Sie bleibt, wie sie ist, und kein Lauf überschreibt sie. Von Hand verschieben.<
     </message>
     <message>
         <source>Of stored data, &quot;Download Stored Data: Save as Text&quot; writes it.</source>
-        <translation>Bei gespeicherten Daten schreibt sie „Gespeicherte Daten herunterladen: als Text speichern“.</translation>
+        <translation>Für Daten aus dem Speicher des Instruments: „Gespeicherte Daten herunterladen: als Text speichern“ schreibt auch diese Referenz.</translation>
     </message>
     <message>
         <source>A sheet file has no column for the last reference of the older TRX.
 
 %1</source>
-        <translation>Eine Blattdatei hat keine Spalte für die letzte Referenz des älteren TRX.
+        <translation>Die letzte Referenz des älteren TRX fehlt in der Datei: Eine Blattdatei hat dafür keine Spalte.
 
 %1</translation>
     </message>
@@ -2433,7 +2433,7 @@ Bitte den Dateinamen prüfen.</translation>
         <translation>Wartet, bis eine Minute beginnt, damit auch die Sekunden des Loggers stimmen: Er nimmt nur Stunde und Minute an.</translation>
     </message>
     <message>
-        <source>The clock is set at %1, in %2 s.</source>
+        <source>The clock will be set at %1, in %2 s.</source>
         <translation>Die Uhr wird in %2 s gestellt, um %1.</translation>
     </message>
     <message>
@@ -3309,10 +3309,10 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.
 
-&quot;Clear All&quot; makes room for those of this one.</source>
+&quot;Clear All&quot; makes room for the rows of the one connected now.</source>
         <translation>Auf dem Blatt waren nicht gespeicherte Zeilen eines anderen Instrumenttyps. Sie sind als %1 gespeichert und bleiben auch auf dem Blatt.
 
-„Alles löschen“ macht Platz für die des jetzt verbundenen Instruments.</translation>
+„Alles löschen“ macht Platz für die Zeilen des jetzt verbundenen Instruments.</translation>
     </message>
     <message>
         <source>Only a number such as -0.5, with a point and no comma.</source>
@@ -3335,6 +3335,14 @@ Bitte den Dateinamen prüfen.</translation>
         <source>&amp;Next</source>
         <comment>the instrument after</comment>
         <translation>&amp;Nächstes</translation>
+    </message>
+    <message>
+        <source>The sheet holds no rows. Collect or open those of this point first.</source>
+        <translation>Das Blatt ist leer. Zuerst die Zeilen dieses Punkts messen oder öffnen.</translation>
+    </message>
+    <message>
+        <source>In the frame &quot;KP 7&quot; the value of &quot;%1&quot; in column %2 is empty or 0. Fill it in, then press &quot;Calc DP&quot; again.</source>
+        <translation>Im Rahmen „KP 7“ ist der Wert „%1“ in Spalte %2 leer oder 0. Ausfüllen, dann noch einmal „DP berechnen“ drücken.</translation>
     </message>
 </context>
 </TS>

@@ -1133,7 +1133,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>No answer for 10 s. Reset connects again.</source>
-        <translation>Sin respuesta en 10 s. «Restablecer» conecta de nuevo.</translation>
+        <translation>Sin respuesta desde hace 10 s. «Restablecer» conecta de nuevo.</translation>
     </message>
     <message>
         <source>This was the 150th line of settings reports since the program started. There it ends the connection, once. Nothing is wrong: press Quit and connect again.</source>
@@ -1233,7 +1233,7 @@ No se cambió ni se envió nada.</translation>
     </message>
     <message>
         <source>No data for 10 s. Reset stops the download.</source>
-        <translation>Sin datos en 10 s. «Restablecer» detiene la descarga.</translation>
+        <translation>Sin datos desde hace 10 s. «Restablecer» detiene la descarga.</translation>
     </message>
     <message>
         <source>Bytes Downloaded</source>
@@ -2433,7 +2433,7 @@ Compruebe el nombre.</translation>
         <translation>Espera a que empiece un minuto, para que también los segundos del registrador sean correctos: solo acepta hora y minuto.</translation>
     </message>
     <message>
-        <source>The clock is set at %1, in %2 s.</source>
+        <source>The clock will be set at %1, in %2 s.</source>
         <translation>El reloj se pondrá en hora a las %1, dentro de %2 s.</translation>
     </message>
     <message>
@@ -2939,7 +2939,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>within %1 s of this computer&apos;s</source>
-        <translation>con menos de %1 s de diferencia con este equipo</translation>
+        <translation>a menos de %1 s de la hora de este equipo</translation>
     </message>
     <message>
         <source>The instrument&apos;s clock was set at the full minute and is %1.</source>
@@ -3309,10 +3309,10 @@ Compruebe el nombre.</translation>
     <message>
         <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.
 
-&quot;Clear All&quot; makes room for those of this one.</source>
+&quot;Clear All&quot; makes room for the rows of the one connected now.</source>
         <translation>La hoja tenía filas sin guardar de otro tipo de instrumento. Se han guardado como %1 y siguen también en la hoja.
 
-«Borrar todo» deja sitio para las del instrumento conectado ahora.</translation>
+«Borrar todo» deja sitio para las filas del instrumento conectado ahora.</translation>
     </message>
     <message>
         <source>Only a number such as -0.5, with a point and no comma.</source>
@@ -3335,6 +3335,14 @@ Compruebe el nombre.</translation>
         <source>&amp;Next</source>
         <comment>the instrument after</comment>
         <translation>&amp;Siguiente</translation>
+    </message>
+    <message>
+        <source>The sheet holds no rows. Collect or open those of this point first.</source>
+        <translation>La hoja no tiene filas. Primero mida o abra las de este punto.</translation>
+    </message>
+    <message>
+        <source>In the frame &quot;KP 7&quot; the value of &quot;%1&quot; in column %2 is empty or 0. Fill it in, then press &quot;Calc DP&quot; again.</source>
+        <translation>En el recuadro «KP 7» el valor de «%1» en la columna %2 está vacío o es 0. Complételo y pulse otra vez «Calcular DP».</translation>
     </message>
 </context>
 </TS>

@@ -585,7 +585,7 @@ Le programme continue. Libérez de la place dans le dossier et redémarrez le pr
     </message>
     <message>
         <source>%1 COM %2 stays %3.</source>
-        <translation>%1 COM %2 reste %3.</translation>
+        <translation>%1 COM %2 reste réglé sur %3.</translation>
     </message>
     <message>
         <source>%1 has ended: %2.
@@ -949,7 +949,7 @@ Le programme fonctionne sans lui. Démarrez-le dans un dossier où vous pouvez �
     </message>
     <message>
         <source>Delay Between Data &amp;Points (Seconds)</source>
-        <translation>Délai entre &amp;points (secondes)</translation>
+        <translation>Délai entre les &amp;points (secondes)</translation>
     </message>
     <message>
         <source>on</source>
@@ -2433,7 +2433,7 @@ Vérifiez le nom du fichier.</translation>
         <translation>Attend le début d&apos;une minute, pour que les secondes de l&apos;enregistreur soient justes aussi&#xa0;: il n&apos;accepte que l&apos;heure et la minute.</translation>
     </message>
     <message>
-        <source>The clock is set at %1, in %2 s.</source>
+        <source>The clock will be set at %1, in %2 s.</source>
         <translation>L&apos;horloge sera réglée à %1, dans %2 s.</translation>
     </message>
     <message>
@@ -3309,10 +3309,10 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.
 
-&quot;Clear All&quot; makes room for those of this one.</source>
+&quot;Clear All&quot; makes room for the rows of the one connected now.</source>
         <translation>La feuille contenait des lignes non enregistrées d&apos;un autre type d&apos;instrument. Elles ont été enregistrées sous %1 et restent aussi sur la feuille.
 
-«&#xa0;Tout effacer&#xa0;» fait de la place pour celles de l&apos;instrument connecté maintenant.</translation>
+«&#xa0;Tout effacer&#xa0;» fait de la place pour les lignes de l&apos;instrument connecté maintenant.</translation>
     </message>
     <message>
         <source>Only a number such as -0.5, with a point and no comma.</source>
@@ -3335,6 +3335,14 @@ Vérifiez le nom du fichier.</translation>
         <source>&amp;Next</source>
         <comment>the instrument after</comment>
         <translation>&amp;Suivant</translation>
+    </message>
+    <message>
+        <source>The sheet holds no rows. Collect or open those of this point first.</source>
+        <translation>La feuille ne contient aucune ligne. Mesurez ou ouvrez d&apos;abord celles de ce point.</translation>
+    </message>
+    <message>
+        <source>In the frame &quot;KP 7&quot; the value of &quot;%1&quot; in column %2 is empty or 0. Fill it in, then press &quot;Calc DP&quot; again.</source>
+        <translation>Dans le cadre «&#xa0;KP 7&#xa0;», la valeur «&#xa0;%1&#xa0;» de la colonne %2 est vide ou nulle. Remplissez-la, puis appuyez de nouveau sur «&#xa0;Calculer DP&#xa0;».</translation>
     </message>
 </context>
 </TS>

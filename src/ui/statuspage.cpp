@@ -149,6 +149,54 @@ void NewestRowScreen::draw() {
     }
 }
 
+/// A label in large letters, in smaller ones where its text has no room: it neither widens the page nor wraps.
+class FittingLabel final : public QWidget {
+public:
+    FittingLabel(QLabel* label, double factor)
+        : label_(label)
+        , usual_(label->font())
+        , factor_(factor) {
+        label->setParent(this);
+        enlarge(label, factor);
+        large_ = label->font();
+        setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+        setFixedHeight(label->fontMetrics().lineSpacing());
+    }
+
+    void setText(const QString& text) {
+        label_->setText(text);
+        updateGeometry();
+        fit();
+    }
+
+    QSize sizeHint() const override { return {QFontMetrics(large_).horizontalAdvance(label_->text()) + 2, height()}; }
+    QSize minimumSizeHint() const override { return {1, height()}; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        fit();
+    }
+
+private:
+    void fit() {
+        QFont font = large_;
+        constexpr double step = 0.1;
+        for (double factor = factor_; factor > 1.0 && QFontMetrics(font).horizontalAdvance(label_->text()) > width();
+             factor -= step) {
+            font.setPointSizeF(usual_.pointSizeF() * factor);
+        }
+        label_->setFont(font);
+        label_->setGeometry(rect());
+        label_->setToolTip(QFontMetrics(font).horizontalAdvance(label_->text()) > width() ? label_->text() : QString());
+    }
+
+    QLabel* label_;
+    QFont usual_;
+    QFont large_;
+    double factor_;
+};
+
 } // namespace
 
 StatusPage::StatusPage(Program& program)
@@ -172,8 +220,9 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     auto* progressLabel = makeChangingLabel("RunProgress", Screen::tr("How far the run or the download has come"));
     progressLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* progress = new SteadyLabel(progressLabel);
-    auto* status = makeValueLabel("Label20", Screen::tr("Status"));
-    enlarge(status, 2.2);
+    progress->setMinimumWidth(progress->fontMetrics().horizontalAdvance(QLatin1String("00 min 00 s, 000 / s")));
+    constexpr double large = 2.2;
+    auto* status = new FittingLabel(makeValueLabel("Label20", Screen::tr("Status")), large);
     auto* shutter = makeReadOnlyBox("Text38", Screen::tr("Shutter reset progress"),
                                     Screen::tr("The step of the shutter reset under way."));
     shutter->setFrame(false);
@@ -198,7 +247,7 @@ QGroupBox* StatusPage::makeStatusBox(const Program& program) {
     auto* room = new QSpacerItem(0, shutter->sizeHint().height()); // so that nothing moves when the shutter does
     shutterRow->addItem(room);
 
-    bindText(bindings_, status, shown.status);
+    bindings_.bind(shown.status, [status](const Words& text) { status->setText(text.shown()); });
     const auto showUnlessEmpty = [this](const QProperty<Words>& text, auto* control) {
         bindings_.bind(text, [control](const Words& now) {
             control->setText(now.shown());

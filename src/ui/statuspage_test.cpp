@@ -425,5 +425,28 @@ TEST_F(StatusPageTest, LongTextsDoNotWidenThePage) {
     EXPECT_EQ(find<QWidget>("StatusPage").minimumSizeHint().width(), width);
 }
 
+TEST_F(StatusPageTest, ALongStatusHasSmallerLettersInASmallWindow) {
+    window->resize(800, 600);
+    QCoreApplication::processEvents();
+    const auto& page = find<QWidget>("StatusPage");
+    const auto& label = find<QLabel>("Label20");
+    const double large = label.font().pointSizeF();
+    const int height = label.height();
+    program.progress.text = QStringLiteral("13 s, 6 rows");
+    for (const char* text : {"No data for 10 s. Reset stops the download.",
+                             "Sin datos en 10 s. Con Restablecer se detiene toda la descarga."}) {
+        status.status = QString::fromLatin1(text);
+        QCoreApplication::processEvents();
+        EXPECT_LE(page.width(), window->centralWidget()->width()) << text;
+        EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), label.width()) << text;
+        EXPECT_EQ(label.height(), height);
+        EXPECT_GE(label.font().pointSizeF(), QApplication::font().pointSizeF());
+        EXPECT_GT(find<QLabel>("RunProgress").width(), 50);
+    }
+    status.status = QStringLiteral("Ready");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(label.font().pointSizeF(), large);
+}
+
 } // namespace
 } // namespace orv

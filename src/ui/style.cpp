@@ -46,15 +46,17 @@ bool isDark(const QColor& colour) {
     return colour.lightness() < middle;
 }
 
+/// Can be seen on a dark window.
+QColor outlineOnDark(const QPalette& palette) {
+    constexpr float visible = 0.4F;
+    return between(palette.color(QPalette::Window), palette.color(QPalette::WindowText), visible);
+}
+
 /// For a style that makes its outlines from the window's colour by darkening it, which on dark shows nothing.
 template <typename Option>
 Option withLightOutline(Option option) {
-    constexpr float visible = 0.4F;
     constexpr int darkened = 150;
-    const QPalette& palette = option.palette;
-    const QColor outline =
-        between(palette.color(QPalette::Window), palette.color(QPalette::WindowText), visible).lighter(darkened);
-    option.palette.setColor(QPalette::Window, outline);
+    option.palette.setColor(QPalette::Window, outlineOnDark(option.palette).lighter(darkened));
     return option;
 }
 
@@ -221,6 +223,13 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         QProxyStyle::drawPrimitive(element, &line, painter, widget);
         return;
     }
+    if (element == PE_FrameMenu && isDark(option->palette)) {
+        painter->save();
+        painter->setPen(outlineOnDark(option->palette));
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        painter->restore();
+        return;
+    }
     const bool isFrame = frame != nullptr && (element == PE_FrameLineEdit || element == PE_Frame);
     if (isBox && isDark(button->palette)) {
         const QStyleOptionButton light = withLightOutline(*button);
@@ -251,6 +260,14 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
     if (element == CE_ProgressBarGroove && bar != nullptr && isDark(bar->palette)) {
         const QStyleOptionProgressBar light = withLightOutline(*bar);
         QProxyStyle::drawControl(element, &light, painter, widget);
+        return;
+    }
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuItem && item != nullptr && item->menuItemType == QStyleOptionMenuItem::Separator &&
+        item->text.isEmpty() && isDark(item->palette)) {
+        constexpr int margin = 5;
+        painter->fillRect(item->rect.left() + margin, item->rect.center().y(), item->rect.width() - 2 * margin, 1,
+                          outlineOnDark(item->palette));
         return;
     }
     const bool isButton = element == CE_PushButtonBevel || element == CE_PushButtonLabel;

@@ -11,9 +11,9 @@ namespace orv {
 
 /// The desktop's own style with some amends: buttons leave some room around their text, a button that is switched on
 /// stands out in light and dark with words that can be read, what is disabled and hints can still be read, on a dark
-/// window outlines of boxes, the lines of a table, the tab that is chosen and which boxes are disabled can be seen, the
-/// line below tabs goes on under one that is not chosen, the pictures of messages are sharp at any size, and no button
-/// of a dialog has a picture, as none has elsewhere.
+/// window outlines of boxes and menus, the lines of a table, the tab that is chosen and which boxes are disabled can be
+/// seen, the line below tabs goes on under one that is not chosen, the pictures of messages are sharp at any size, and
+/// no button of a dialog has a picture, as none has elsewhere.
 class ProgramStyle final : public QProxyStyle {
 public:
     using QProxyStyle::polish;
