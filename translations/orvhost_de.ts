@@ -997,7 +997,7 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>%1 was not loaded: the instrument is busy. Try again.</source>
-        <translation>%1 wurde nicht geladen: Das Instrument ist beschäftigt. Noch einmal versuchen.</translation>
+        <translation>„%1“ wurde nicht geladen: Das Instrument ist beschäftigt. Noch einmal versuchen.</translation>
     </message>
     <message>
         <source>The mode file %1 could not be opened: %2.</source>
@@ -1009,23 +1009,23 @@ Das Programm arbeitet ohne sie. In einem Ordner mit Schreibrecht starten, damit 
     </message>
     <message>
         <source>Loaded %1.</source>
-        <translation>%1 geladen.</translation>
+        <translation>„%1“ geladen.</translation>
     </message>
     <message>
         <source>Sending %1...</source>
-        <translation>%1 wird gesendet …</translation>
+        <translation>„%1“ wird gesendet …</translation>
     </message>
     <message>
         <source>%1 was not sent whole: the connection ended.</source>
-        <translation>%1 wurde nicht ganz gesendet: Die Verbindung endete.</translation>
+        <translation>„%1“ wurde nicht ganz gesendet: Die Verbindung endete.</translation>
     </message>
     <message>
         <source>%1 was sent.</source>
-        <translation>%1 ist gesendet.</translation>
+        <translation>„%1“ ist gesendet.</translation>
     </message>
     <message>
         <source>%1 was not sent whole: the instrument did not answer. Try again.</source>
-        <translation>%1 wurde nicht ganz gesendet: Das Instrument antwortete nicht. Noch einmal versuchen.</translation>
+        <translation>„%1“ wurde nicht ganz gesendet: Das Instrument antwortete nicht. Noch einmal versuchen.</translation>
     </message>
     <message>
         <source>
@@ -2060,7 +2060,7 @@ Collect or download data, or open a sheet: its columns are drawn here.</source>
         <translation>Noch keine Zeilen.
 
 Messen, Daten herunterladen oder ein Blatt öffnen:
-Seine Spalten werden hier gezeichnet.</translation>
+Die Spalten werden hier gezeichnet.</translation>
     </message>
     <message>
         <source>No row can be placed on this axis.
@@ -3304,7 +3304,7 @@ Bitte den Dateinamen prüfen.</translation>
     </message>
     <message>
         <source>The shutter is being reset: until that is done, these may be temporary settings.</source>
-        <translation>Der Verschluss wird gerade zurückgesetzt: Bis dahin können dies vorläufige Einstellungen sein.</translation>
+        <translation>Der Verschluss wird gerade zurückgesetzt. Bis das beendet ist, können dies die vorübergehenden Einstellungen sein.</translation>
     </message>
     <message>
         <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.
@@ -3343,6 +3343,18 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>In the frame &quot;KP 7&quot; the value of &quot;%1&quot; in column %2 is empty or 0. Fill it in, then press &quot;Calc DP&quot; again.</source>
         <translation>Im Rahmen „KP 7“ ist der Wert „%1“ in Spalte %2 leer oder 0. Ausfüllen, dann noch einmal „DP berechnen“ drücken.</translation>
+    </message>
+    <message>
+        <source>The value of &quot;%1&quot; for the angle %2 is not from -32768 to 32767. Correct it first.</source>
+        <translation>Der Wert „%1“ für den Winkel %2 liegt nicht zwischen -32768 und 32767. Zuerst berichtigen.</translation>
+    </message>
+    <message>
+        <source>Only a whole number from -32768 to 32767.</source>
+        <translation>Nur eine ganze Zahl von -32768 bis 32767.</translation>
+    </message>
+    <message>
+        <source>(no name)</source>
+        <translation>(ohne Namen)</translation>
     </message>
 </context>
 </TS>

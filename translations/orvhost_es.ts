@@ -3344,5 +3344,17 @@ Compruebe el nombre.</translation>
         <source>In the frame &quot;KP 7&quot; the value of &quot;%1&quot; in column %2 is empty or 0. Fill it in, then press &quot;Calc DP&quot; again.</source>
         <translation>En el recuadro «KP 7» el valor de «%1» en la columna %2 está vacío o es 0. Complételo y pulse otra vez «Calcular DP».</translation>
     </message>
+    <message>
+        <source>The value of &quot;%1&quot; for the angle %2 is not from -32768 to 32767. Correct it first.</source>
+        <translation>El valor de «%1» para el ángulo %2 no está entre -32768 y 32767. Corríjalo primero.</translation>
+    </message>
+    <message>
+        <source>Only a whole number from -32768 to 32767.</source>
+        <translation>Solo un número entero de -32768 a 32767.</translation>
+    </message>
+    <message>
+        <source>(no name)</source>
+        <translation>(sin nombre)</translation>
+    </message>
 </context>
 </TS>

@@ -3344,5 +3344,17 @@ Vérifiez le nom du fichier.</translation>
         <source>In the frame &quot;KP 7&quot; the value of &quot;%1&quot; in column %2 is empty or 0. Fill it in, then press &quot;Calc DP&quot; again.</source>
         <translation>Dans le cadre «&#xa0;KP 7&#xa0;», la valeur «&#xa0;%1&#xa0;» de la colonne %2 est vide ou nulle. Remplissez-la, puis appuyez de nouveau sur «&#xa0;Calculer DP&#xa0;».</translation>
     </message>
+    <message>
+        <source>The value of &quot;%1&quot; for the angle %2 is not from -32768 to 32767. Correct it first.</source>
+        <translation>La valeur de «&#xa0;%1&#xa0;» pour l&apos;angle %2 n&apos;est pas comprise entre -32768 et 32767. Corrigez-la d&apos;abord.</translation>
+    </message>
+    <message>
+        <source>Only a whole number from -32768 to 32767.</source>
+        <translation>Uniquement un nombre entier de -32768 à 32767.</translation>
+    </message>
+    <message>
+        <source>(no name)</source>
+        <translation>(sans nom)</translation>
+    </message>
 </context>
 </TS>

@@ -108,6 +108,8 @@ TEST_F(InstrumentListTest, AValueThatDoesNotFitIsToldAndTheInstrumentShownStays)
         toAnother();
         EXPECT_EQ(theMessage().text.section(u'\n', 0, 0).toStdString(),
                   std::string(operation) + ": the operation ended with the error \"Overflow\".");
+        EXPECT_TRUE(theMessage().text.endsWith(QLatin1String(
+            "The value of \"Point 1\" for the angle 125 is not from -32768 to 32767. Correct it first.")));
         EXPECT_EQ(listed(), "1 two 10");
         EXPECT_EQ(shown.highlighted.value(), 1);
         EXPECT_EQ(textOf(shown.worksheet), "0 0 0/4 5 6/7 40000 0/0 0 0/0 0 0/0 0 0");

@@ -44,7 +44,16 @@ WorksheetStore::WorksheetStore(CalibrationTable& table, CalibrationState& shown)
 void WorksheetStore::storecal() {
     forEachBox([this](int row, int channel) {
         qint16& kept = table_.value(shown_.current, row, channel);
-        kept = toInteger16(leadingNumber(shown_.worksheet.at(row, channel).value()));
+        try {
+            kept = toInteger16(leadingNumber(shown_.worksheet.at(row, channel).value()));
+        } catch (const RuntimeError& error) {
+            const auto at = [](const auto& names, int place) { return names.at(static_cast<std::size_t>(place)); };
+            throw RuntimeError(
+                error.kind(),
+                Words::tr("The value of \"%1\" for the angle %2 is not from -32768 to 32767. "
+                          "Correct it first.")
+                    .arg(Words::tr(at(worksheetRows, row).caption), QString::fromLatin1(at(channelAngles, channel))));
+        }
     });
 }
 

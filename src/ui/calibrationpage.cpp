@@ -18,6 +18,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <limits>
 
 namespace orv {
 
@@ -53,22 +54,43 @@ QLabel* makeHeading(const QString& text) {
     return label;
 }
 
-/// A sign in the box while its text is no number, as it counts as the number with which it begins, or as 0.
-void markUnlessNumber(QLineEdit& box) {
-    const QString description = box.toolTip();
-    QObject::connect(&box, &QLineEdit::textChanged, &box, [&box, description](const QString& text) {
-        const bool isWrong = !text.trimmed().isEmpty() && !numberText(text);
-        const QString hint = Screen::tr("Only a number such as -0.5, with a point and no comma.");
-        QAction* sign = box.actions().value(0);
-        if (sign == nullptr && isWrong) {
-            sign = box.addAction(box.style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
-            sign->setToolTip(hint);
+/// Why a text cannot be the number that is meant; empty if it can.
+QString whyNoNumber(const QString& text) {
+    return text.trimmed().isEmpty() || numberText(text)
+               ? QString()
+               : Screen::tr("Only a number such as -0.5, with a point and no comma.");
+}
+
+/// The same of a number that is kept with the worksheet.
+QString whyNotKept(const QString& text) {
+    constexpr double beyond = std::numeric_limits<qint16>::max() + 0.5; // rounds to what does not fit
+    const double number = numberText(text).value_or(0.0);
+    return number >= beyond || number < -beyond - 1.0 ? Screen::tr("Only a whole number from -32768 to 32767.")
+                                                      : whyNoNumber(text);
+}
+
+/// Shows a text that is typed, with a sign while something is wrong with it. It counts all the same: as the number with
+/// which it begins, or as 0.
+void bindNumber(Bindings& bindings, QLineEdit* box, QProperty<QString>& text, QString (*problemOf)(const QString&)) {
+    bindTyped(bindings, box, text);
+    bindings.bind(text, [box, problemOf, description = box->toolTip()](const QString& now) {
+        const QString problem = problemOf(now);
+        QAction* sign = box->actions().value(0);
+        if (sign == nullptr && !problem.isEmpty()) {
+            const QIcon icon = box->style()->standardIcon(QStyle::SP_MessageBoxWarning);
+            sign = box->addAction(icon, QLineEdit::TrailingPosition);
         }
         if (sign != nullptr) {
-            sign->setVisible(isWrong);
+            sign->setVisible(!problem.isEmpty());
+            sign->setToolTip(problem);
         }
-        box.setAccessibleDescription(isWrong ? hint : description);
+        box->setAccessibleDescription(problem.isEmpty() ? description : problem);
     });
+}
+
+/// An instrument may have been entered without a name.
+QString nameOrNone(const QString& name) {
+    return name.isEmpty() ? Screen::tr("(no name)") : name;
 }
 
 } // namespace
@@ -147,7 +169,7 @@ QListWidget* CalibrationPage::makeList() {
     bindings_.bind(shown_.instruments, [list](const QStringList& names) {
         const QSignalBlocker quiet(list); // no instrument is chosen by being entered
         for (qsizetype added = list->count(); added < names.size(); ++added) {
-            list->addItem(names.at(added));
+            list->addItem(nameOrNone(names.at(added)));
         }
     });
     const auto highlightShown = [this, list] {
@@ -252,8 +274,7 @@ void CalibrationPage::addWorksheetRow(QGridLayout* grid, int row) {
         auto* box =
             makeBox(boxName(boxes, channel),
                     Screen::tr("%1: kept as a whole number from -32768 to 32767.").arg(accessibleName), accessibleName);
-        markUnlessNumber(*box);
-        bindTyped(bindings_, box, shown_.worksheet.at(row, channel));
+        bindNumber(bindings_, box, shown_.worksheet.at(row, channel), whyNotKept);
         box->setAlignment(Qt::AlignRight);
         grid->addWidget(box, row + 1, channel + 1);
     }
@@ -299,8 +320,7 @@ QGroupBox* CalibrationPage::makeReference() {
         for (int channel = 0; channel < channelCount; ++channel) {
             const QString accessibleName = Screen::tr("Reference %1, column %2").arg(caption).arg(channel + 1);
             auto* box = makeBox(boxName(boxes, channel), accessibleName + u'.', accessibleName);
-            markUnlessNumber(*box);
-            bindTyped(bindings_, box, shown_.reference.at(row, channel));
+            bindNumber(bindings_, box, shown_.reference.at(row, channel), whyNoNumber);
             box->setAlignment(Qt::AlignRight);
             grid->addWidget(box, row + 1, channel + 1);
             if (channel == 0) {

@@ -334,22 +334,34 @@ TEST_F(TestingPageTest, ShowsStatusStepAndCountdown) {
 }
 
 TEST_F(CalibrationPageTest, ABoxWhoseTextIsNoNumberIsMarkedAndCountsAllTheSame) {
-    auto& box = find<QLineEdit>("Text2");
-    const std::string hint = "Only a number such as -0.5, with a point and no comma.";
-    for (const auto& [typed, isMarked] : {
-             std::pair("300", false),
-             {"300,5", true},
-             {"12x", true},
-             {"abc", true},
-             {"-0.5", false},
-             {"  ", false},
-         }) {
-        retype(box, typed);
+    const std::string form = "Only a number such as -0.5, with a point and no comma.";
+    const std::string size = "Only a whole number from -32768 to 32767.";
+    const std::tuple<const char*, const char*, std::string> table[] = {
+        {"Text2", "300", ""},        {"Text2", "300,5", form},  {"Text2", "12x", form},     {"Text2", "abc", form},
+        {"Text2", "-0.5", ""},       {"Text2", "  ", ""},       {"Text2", "70000", ""},     {"Text18", "70000", size},
+        {"Text18", "32767.5", size}, {"Text18", "32767.4", ""}, {"Text18", "-32768.5", ""}, {"Text18", "-32769", size},
+        {"Text18", "1,5", form}};
+    const auto markOf = [this](const char* name) {
+        const auto& box = find<QLineEdit>(name);
         const QAction* sign = box.actions().value(0);
-        EXPECT_EQ(sign != nullptr && sign->isVisible() && sign->toolTip().toStdString() == hint, isMarked) << typed;
-        EXPECT_EQ(box.accessibleDescription().toStdString() == hint, isMarked) << typed;
-        EXPECT_EQ(program.calibration.shown.reference.at(0, 0).value().toStdString(), typed);
+        const std::string mark = sign != nullptr && sign->isVisible() ? sign->toolTip().toStdString() : std::string();
+        EXPECT_EQ(mark.empty(), box.accessibleDescription() == box.toolTip()) << name;
+        return mark;
+    };
+    for (const auto& [name, typed, mark] : table) {
+        retype(find<QLineEdit>(name), typed);
+        EXPECT_EQ(markOf(name), mark) << typed;
     }
+    EXPECT_EQ(program.calibration.shown.worksheet.at(1, 0).value().toStdString(), "1,5");
+    program.calibration.shown.worksheet.at(1, 0) = QStringLiteral("0"); // of another instrument
+    EXPECT_EQ(markOf("Text18"), "");
+}
+
+TEST_F(CalibrationPageTest, AnInstrumentWithoutANameCanBeSeenInTheList) {
+    program.calibration.shown.colour = LightColour::Red;
+    program.calibration.addInstrument();
+    EXPECT_EQ(find<QListWidget>("List2").item(0)->text().toStdString(), "(no name)");
+    EXPECT_EQ(program.calibration.shown.instruments.value().value(0), QString());
 }
 
 } // namespace

@@ -18,6 +18,9 @@ TEST_F(GraphPageTest, AnEmptySheetIsSaid) {
     page.refreshNow();
     EXPECT_TRUE(hint().starts_with("No rows yet.")) << hint();
     EXPECT_EQ(readout(), "Newest row||||||||");
+    const auto* words = canvas().findChild<QCPItemText*>();
+    ASSERT_NE(words, nullptr);
+    EXPECT_GT(words->layer()->index(), canvas().layer(QStringLiteral("axes"))->index()) << "no frame goes through them";
 }
 
 TEST_F(GraphPageTest, EachValueColumnIsACurveWithItsNameAndColour) {

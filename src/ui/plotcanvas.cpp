@@ -47,6 +47,7 @@ PlotCanvas::PlotCanvas(const PlotData& curves)
     hint_ = new QCPItemText(this);
     hint_->position->setType(QCPItemPosition::ptViewportRatio); // over all panes
     hint_->setClipToAxisRect(false);
+    hint_->setLayer(QStringLiteral("overlay")); // else the frames of panes go through its words
     hint_->setPadding({8, 8, 8, 8});
     hint_->position->setCoords(0.5, 0.5);
     hint_->setTextAlignment(Qt::AlignCenter);
