@@ -246,10 +246,10 @@ Das Programm läuft weiter, alle Daten bleiben erhalten.</translation>
     <message>
         <source>Its settings from before: %1.
 
-Connect again, compare them with the settings screen, and send them with &quot;Apply Settings&quot; if they differ.</source>
+When it is connected again, compare them with the settings screen, and send them with &quot;Apply Settings&quot; if they differ. This message can stay open meanwhile.</source>
         <translation>Seine früheren Einstellungen: %1.
 
-Erneut verbinden, mit dem Einstellungsfenster vergleichen und bei Abweichung mit „Einstellungen senden“ übertragen.</translation>
+Sobald es wieder verbunden ist: mit dem Einstellungsfenster vergleichen und bei Abweichung mit „Einstellungen senden“ übertragen. Diese Meldung kann solange offen bleiben.</translation>
     </message>
     <message>
         <source>Resetting Shutter</source>

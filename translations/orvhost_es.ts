@@ -246,10 +246,10 @@ El programa sigue y se conservan todos los datos.</translation>
     <message>
         <source>Its settings from before: %1.
 
-Connect again, compare them with the settings screen, and send them with &quot;Apply Settings&quot; if they differ.</source>
+When it is connected again, compare them with the settings screen, and send them with &quot;Apply Settings&quot; if they differ. This message can stay open meanwhile.</source>
         <translation>Su configuración anterior: %1.
 
-Conecte de nuevo, compárela con la pantalla de configuración y, si difiere, envíela con «Enviar configuración».</translation>
+Cuando vuelva a estar conectado, compárela con la pantalla de configuración y, si difiere, envíela con «Enviar configuración». Este mensaje puede quedar abierto mientras tanto.</translation>
     </message>
     <message>
         <source>Resetting Shutter</source>

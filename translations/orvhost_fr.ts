@@ -246,10 +246,10 @@ Le programme continue et toutes les données sont conservées.</translation>
     <message>
         <source>Its settings from before: %1.
 
-Connect again, compare them with the settings screen, and send them with &quot;Apply Settings&quot; if they differ.</source>
+When it is connected again, compare them with the settings screen, and send them with &quot;Apply Settings&quot; if they differ. This message can stay open meanwhile.</source>
         <translation>Ses réglages précédents&#xa0;: %1.
 
-Relancez la connexion, comparez-les avec l&apos;écran des réglages et, s&apos;ils diffèrent, envoyez-les avec «&#xa0;Envoyer les réglages&#xa0;».</translation>
+Une fois l&apos;instrument reconnecté, comparez-les avec l&apos;écran des réglages et, s&apos;ils diffèrent, envoyez-les avec «&#xa0;Envoyer les réglages&#xa0;». Ce message peut rester ouvert entre-temps.</translation>
     </message>
     <message>
         <source>Resetting Shutter</source>

@@ -225,9 +225,11 @@ void ShutterReset::interrupt(const Run& run) {
         Words::tr("The shutter reset was interrupted. The instrument may still hold the temporary settings (%1)."
                   "\n\n")
             .arg(inWords(shutterSettings()));
-    tell(interrupted + Words::tr("Its settings from before: %1.\n\nConnect again, compare them with the settings "
-                                 "screen, and send them with \"Apply Settings\" if they differ.")
-                           .arg(inWords(*run.remembered)),
+    tell(interrupted +
+             Words::tr("Its settings from before: %1.\n\nWhen it is connected again, compare them with the "
+                       "settings screen, and send them with \"Apply Settings\" if they differ. This message can "
+                       "stay open meanwhile.")
+                 .arg(inWords(*run.remembered)),
          interrupted + sendingBack(*run.remembered));
 }
 

@@ -35,7 +35,7 @@ const Telling tellings[] = {
     {"open", "... could not be opened.", "The sheet is as it was."},
     {"file", "The stored data cannot be written to ", "download it again."},
     {"shutter", "The shutter reset was interrupted before", "The instrument still has its own settings."},
-    {"shutter", "The shutter reset was interrupted.", "Connect again, compare them with the settings"},
+    {"shutter", "The shutter reset was interrupted.", "When it is connected again, compare them with the settings"},
     {"restore", "The settings from before could not be sent back.", "send them with \"Apply Settings\"."},
     {"misread", "The settings that the instrument gave", "correct them and press \"Apply Settings\"."},
     {"untyped", "The rows of the last run are on the sheet.", "has everything."},

@@ -226,7 +226,7 @@ QLayout* CalibrationPage::makeNavigation() {
 QGroupBox* CalibrationPage::makeWorksheet() {
     auto* frame = makeFrame({}, "Frame16");
     bindings_.bind(shown_.worksheetCaption, [frame](const Words& caption) {
-        frame->setTitle(QString(caption.shown()).replace(u'&', QLatin1String("&&"))); // a name, not a key
+        frame->setTitle(nameOrNone(caption.shown()).replace(u'&', QLatin1String("&&"))); // a name, not a key
     });
     auto* grid = makeChannelGrid(frame);
     for (int channel = 0; channel < channelCount; ++channel) {

@@ -150,7 +150,7 @@ TEST_F(CalibrationPageTest, AnInstrumentWithoutANameIsShownAndHighlighted) {
     add("two", "Option10");
     clickEntry(1);
     click("Command5");
-    EXPECT_EQ(title(), "");
+    EXPECT_EQ(title(), "(no name)");
     EXPECT_EQ(list().currentRow(), 0);
     EXPECT_TRUE(list().item(0)->isSelected());
 }

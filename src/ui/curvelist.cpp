@@ -34,6 +34,7 @@ CurveList::CurveList()
     setObjectName(QStringLiteral("CurveList"));
     title_->setObjectName(QStringLiteral("ReadoutTitle"));
     title_->setTextFormat(Qt::PlainText);
+    title_->setContentsMargins(0, 2, 0, 0); // for the accent of a capital letter
     record_ = addValue(0, "ReadoutRecord", Screen::tr("Record"));
     date_ = addValue(1, "ReadoutDate", Screen::tr("Date"));
     time_ = addValue(2, "ReadoutTime", Screen::tr("Time"));
