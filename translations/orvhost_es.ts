@@ -3304,7 +3304,7 @@ Compruebe el nombre.</translation>
     </message>
     <message>
         <source>The shutter is being reset: until that is done, these may be temporary settings.</source>
-        <translation>El obturador se está restableciendo: hasta que termine, esta configuración puede ser provisional.</translation>
+        <translation>El obturador se está restableciendo: hasta que termine, esta configuración puede ser la temporal.</translation>
     </message>
     <message>
         <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.

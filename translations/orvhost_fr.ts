@@ -657,7 +657,7 @@ Le programme continue sans capture. Nommez un fichier dans un dossier où vous p
     </message>
     <message>
         <source>%1 tells what went over the line and what was done in the last ten minutes. Send it along when you ask for help. It can be read as text; your own files are not in it.</source>
-        <translation>%1 contient ce qui est passé sur la ligne et ce qui a été fait pendant les dix dernières minutes. Joignez-le à vos demandes d&apos;aide. Il se lit comme du texte&#xa0;; vos propres fichiers n&apos;y sont pas.</translation>
+        <translation>%1 contient ce qui est passé sur la ligne et ce qui a été fait pendant les dix dernières minutes. À joindre aux demandes d&apos;aide. Il se lit comme du texte&#xa0;; vos propres fichiers n&apos;y sont pas.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no device. Give a serial port&apos;s name or path (ttyUSB0, /dev/ttyUSB0, COM3) or a simulated instrument (sim:trx, sim:glow).</source>
@@ -3304,7 +3304,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>The shutter is being reset: until that is done, these may be temporary settings.</source>
-        <translation>L&apos;obturateur est en cours de réinitialisation&#xa0;: d&apos;ici là, ces réglages peuvent être provisoires.</translation>
+        <translation>L&apos;obturateur est en cours de réinitialisation&#xa0;: d&apos;ici là, ces réglages peuvent être temporaires.</translation>
     </message>
     <message>
         <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.

@@ -64,9 +64,9 @@ QString whyNoNumber(const QString& text) {
 /// The same of a number that is kept with the worksheet.
 QString whyNotKept(const QString& text) {
     constexpr double beyond = std::numeric_limits<qint16>::max() + 0.5; // rounds to what does not fit
-    const double number = numberText(text).value_or(0.0);
+    const double number = text.trimmed().isEmpty() ? 0.0 : numberText(text).value_or(beyond);
     return number >= beyond || number < -beyond - 1.0 ? Screen::tr("Only a whole number from -32768 to 32767.")
-                                                      : whyNoNumber(text);
+                                                      : QString();
 }
 
 /// Shows a text that is typed, with a sign while something is wrong with it. It counts all the same: as the number with

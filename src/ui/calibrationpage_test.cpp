@@ -340,7 +340,7 @@ TEST_F(CalibrationPageTest, ABoxWhoseTextIsNoNumberIsMarkedAndCountsAllTheSame) 
         {"Text2", "300", ""},        {"Text2", "300,5", form},  {"Text2", "12x", form},     {"Text2", "abc", form},
         {"Text2", "-0.5", ""},       {"Text2", "  ", ""},       {"Text2", "70000", ""},     {"Text18", "70000", size},
         {"Text18", "32767.5", size}, {"Text18", "32767.4", ""}, {"Text18", "-32768.5", ""}, {"Text18", "-32769", size},
-        {"Text18", "1,5", form}};
+        {"Text18", "1,5", size}};
     const auto markOf = [this](const char* name) {
         const auto& box = find<QLineEdit>(name);
         const QAction* sign = box.actions().value(0);

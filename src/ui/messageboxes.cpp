@@ -196,7 +196,7 @@ public:
             QFileDialog::accept();
             return;
         }
-        auto* box = new QMessageBox(QMessageBox::Warning, windowTitle(),
+        auto* box = new QMessageBox(QMessageBox::Warning, Screen::tr("Save as"), // a longer title would be cut
                                     Screen::tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
                                     QMessageBox::Yes | QMessageBox::No, this);
         box->setDefaultButton(QMessageBox::No);
