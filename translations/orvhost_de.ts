@@ -2056,7 +2056,8 @@ Einstellungen, Live-Daten, gespeicherte Daten, Kalibrierung.</translation>
     <message>
         <source>No rows yet.
 
-Collect or download data, or open a sheet: its columns are drawn here.</source>
+Collect or download data, or open a sheet:
+its columns are drawn here.</source>
         <translation>Noch keine Zeilen.
 
 Messen, Daten herunterladen oder ein Blatt öffnen:
@@ -3355,6 +3356,14 @@ Bitte den Dateinamen prüfen.</translation>
     <message>
         <source>(no name)</source>
         <translation>(ohne Namen)</translation>
+    </message>
+    <message>
+        <source>1 row is of another type of instrument, with other columns.</source>
+        <translation>1 Zeile ist von einem anderen Instrumenttyp mit anderen Spalten.</translation>
+    </message>
+    <message>
+        <source>%1 rows are of another type of instrument, with other columns.</source>
+        <translation>%1 Zeilen sind von einem anderen Instrumenttyp mit anderen Spalten.</translation>
     </message>
 </context>
 </TS>

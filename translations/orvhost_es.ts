@@ -2056,7 +2056,8 @@ configuración, datos en vivo, datos almacenados, calibración.</translation>
     <message>
         <source>No rows yet.
 
-Collect or download data, or open a sheet: its columns are drawn here.</source>
+Collect or download data, or open a sheet:
+its columns are drawn here.</source>
         <translation>Aún no hay filas.
 
 Mida, descargue datos o abra una hoja:
@@ -3355,6 +3356,14 @@ Compruebe el nombre.</translation>
     <message>
         <source>(no name)</source>
         <translation>(sin nombre)</translation>
+    </message>
+    <message>
+        <source>1 row is of another type of instrument, with other columns.</source>
+        <translation>1 fila es de otro tipo de instrumento, con otras columnas.</translation>
+    </message>
+    <message>
+        <source>%1 rows are of another type of instrument, with other columns.</source>
+        <translation>%1 filas son de otro tipo de instrumento, con otras columnas.</translation>
     </message>
 </context>
 </TS>

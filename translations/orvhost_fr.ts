@@ -2056,7 +2056,8 @@ réglages, données en direct, données stockées, étalonnage.</translation>
     <message>
         <source>No rows yet.
 
-Collect or download data, or open a sheet: its columns are drawn here.</source>
+Collect or download data, or open a sheet:
+its columns are drawn here.</source>
         <translation>Aucune ligne.
 
 Mesurez, téléchargez des données ou ouvrez une feuille&#xa0;:
@@ -3304,7 +3305,7 @@ Vérifiez le nom du fichier.</translation>
     </message>
     <message>
         <source>The shutter is being reset: until that is done, these may be temporary settings.</source>
-        <translation>L&apos;obturateur est en cours de réinitialisation&#xa0;: d&apos;ici là, ces réglages peuvent être temporaires.</translation>
+        <translation>L&apos;obturateur est en cours de réinitialisation&#xa0;: jusqu&apos;à la fin, ces réglages peuvent être temporaires.</translation>
     </message>
     <message>
         <source>The sheet held unsaved rows of another type of instrument. They have been saved as %1, and stay on the sheet too.
@@ -3355,6 +3356,14 @@ Vérifiez le nom du fichier.</translation>
     <message>
         <source>(no name)</source>
         <translation>(sans nom)</translation>
+    </message>
+    <message>
+        <source>1 row is of another type of instrument, with other columns.</source>
+        <translation>1 ligne vient d&apos;un autre type d&apos;instrument, avec d&apos;autres colonnes.</translation>
+    </message>
+    <message>
+        <source>%1 rows are of another type of instrument, with other columns.</source>
+        <translation>%1 lignes viennent d&apos;un autre type d&apos;instrument, avec d&apos;autres colonnes.</translation>
     </message>
 </context>
 </TS>

@@ -20,7 +20,7 @@ public:
     /// `advice`: what the operator can do about it, in sentences; may be empty.
     explicit RuntimeError(Kind kind, Words advice = {})
         : kind_(kind)
-        , advice_(std::move(advice)) {}
+        , advice_(std::move(advice)) {} // NOLINT(bugprone-throw-keyword-missing): an advice is no exception
 
     Kind kind() const { return kind_; }
     const Words& advice() const { return advice_; }

@@ -310,7 +310,7 @@ void GraphPage::tellWhatIsMissing() {
     const bool noneShown = std::none_of(shown_.begin(), shown_.end(), [](bool shown) { return shown; });
     QString hint;
     if (data_.rowCount() == 0) {
-        hint = Screen::tr("No rows yet.\n\nCollect or download data, or open a sheet: its columns are drawn here.");
+        hint = Screen::tr("No rows yet.\n\nCollect or download data, or open a sheet:\nits columns are drawn here.");
     } else if (data_.pointCount() == 0) {
         hint = Screen::tr("No row can be placed on this axis.\n\nChoose the other one under \"X axis\".");
     } else if (noneShown) {

@@ -38,7 +38,7 @@ void SharedColumns::resizeEvent(QResizeEvent* event) {
 void SharedColumns::layOut() {
     const QScopedValueRollback guard(layingOut_, true);
     const QList<int> shares = shares_.size() == count() ? shares_ : QList<int>(count(), 1);
-    const qint64 all = std::accumulate(shares.begin(), shares.end(), qint64{0});
+    const qint64 all = std::max<qint64>(std::accumulate(shares.begin(), shares.end(), qint64{0}), 1);
     QList<int> widths;
     qint64 passed = 0;
     int edge = 0;

@@ -179,8 +179,15 @@ QLayout* SheetPage::makeNotice(Program& program) {
 
 void SheetPage::copy(bool withHeader) {
     if (grid_->copy(withHeader)) {
-        copied_ = (withHeader ? Screen::tr("%1 and the header row copied.") : Screen::tr("%1 copied."))
-                      .arg(counted(grid_->whatIsSelected()));
+        const SheetGrid::Selected what = grid_->whatIsSelected();
+        copied_ =
+            (withHeader ? Screen::tr("%1 and the header row copied.") : Screen::tr("%1 copied.")).arg(counted(what));
+        if (const int others = what.rowsOfOtherType; others > 0) {
+            copied_ +=
+                u' ' + (others == 1
+                            ? Screen::tr("1 row is of another type of instrument, with other columns.")
+                            : Screen::tr("%1 rows are of another type of instrument, with other columns.").arg(others));
+        }
         tellWhatBecame();
     }
 }

@@ -25,6 +25,9 @@ TEST_F(SheetStatisticsTest, RowsOfAnotherTypeOfInstrumentAreNotCounted) {
     EXPECT_EQ(find<QLabel>("SheetStatisticsMean2").accessibleName().toStdString(), "Mean of Ref 100");
     EXPECT_EQ(text("SheetStatisticsWhat"), "4 rows selected");
     EXPECT_EQ(text("SheetNotice"), "2 rows of another type of instrument are not counted.");
+    copied();
+    EXPECT_EQ(text("SheetNotice"),
+              "4 rows and the header row copied. 2 rows are of another type of instrument, with other columns.");
     clickCell(0, 0);
     EXPECT_TRUE(
         waitFor([this] { return text("SheetNotice") == "1 row of another type of instrument is not counted."; }, 1000));
