@@ -131,6 +131,12 @@ TEST_F(ShutterResetTest, SaysWhenTheRestoredSettingsAreNotReported) {
     EXPECT_TRUE(commands.canResetShutter);
 }
 
+TEST_F(ShutterResetTest, AModeThatIsSentBackIsStillThere) {
+    settings.modeRemark = QStringLiteral("Moored was sent.");
+    resetShutter();
+    EXPECT_EQ(settings.modeRemark.value().toStdString(), "Moored was sent.");
+}
+
 TEST_F(ShutterResetTest, RestoresEachFlag) {
     line->write("B");
     line->write("111111");

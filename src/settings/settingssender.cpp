@@ -196,8 +196,7 @@ Task<> SettingsSender::talk() {
     settings_.reported = std::nullopt; // from here on the instrument may have others
     settings_.exchange = Words::tr("Sending ...");
     // The shutter reset sends back what was there.
-    if (!settings_.sendingMode && link_.session.commands.activity != Activity::ResettingShutter &&
-        link_.session.state.Ctrlscrn != Operation::ShutterReset) {
+    if (!settings_.sendingMode && link_.session.state.Ctrlscrn != Operation::ShutterReset) {
         settings_.modeRemark = Words(); // the instrument has that mode no longer
     }
     std::vector<Item> items{{QStringLiteral("B")}, {controlBits(record)}};

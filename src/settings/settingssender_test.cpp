@@ -9,6 +9,12 @@ class SetPrefsTest : public SendingTest {};
 
 const QByteArrayList wholeSending = {"B", "000000", "T", "30\r", "D", "24\r", "Q", "60000\r", "I", "3600\r", "P"};
 
+TEST_F(SetPrefsTest, WhatWasRemarkedOnAModeGoesWithTheNextSettings) {
+    settings.modeRemark = QStringLiteral("Moored was sent.");
+    setprefs();
+    EXPECT_EQ(settings.modeRemark.value().toStdString(), "");
+}
+
 TEST_F(SetPrefsTest, WritesEachItemAloneAndRequestsTheReport) {
     EXPECT_EQ(setprefs(), Outcome::Sent);
     EXPECT_EQ(written(), wholeSending);

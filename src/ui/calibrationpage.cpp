@@ -5,7 +5,6 @@
 #include "base/words.h"
 #include "ui/widgets.h"
 
-#include <QAction>
 #include <QButtonGroup>
 #include <QEvent>
 #include <QFormLayout>
@@ -14,7 +13,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalBlocker>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -75,15 +73,7 @@ void bindNumber(Bindings& bindings, QLineEdit* box, QProperty<QString>& text, QS
     bindTyped(bindings, box, text);
     bindings.bind(text, [box, problemOf, description = box->toolTip()](const QString& now) {
         const QString problem = problemOf(now);
-        QAction* sign = box->actions().value(0);
-        if (sign == nullptr && !problem.isEmpty()) {
-            const QIcon icon = box->style()->standardIcon(QStyle::SP_MessageBoxWarning);
-            sign = box->addAction(icon, QLineEdit::TrailingPosition);
-        }
-        if (sign != nullptr) {
-            sign->setVisible(!problem.isEmpty());
-            sign->setToolTip(problem);
-        }
+        markBox(box, problem);
         box->setAccessibleDescription(problem.isEmpty() ? description : problem);
     });
 }

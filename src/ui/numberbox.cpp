@@ -3,12 +3,11 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "ui/widgets.h"
 
-#include <QAction>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
-#include <QStyle>
 #include <QToolTip>
 
 #include <algorithm>
@@ -174,11 +173,7 @@ void NumberBox::followMark() {
 void NumberBox::setMarked(bool marked) {
     if (marked || marked_) {
         const QString text = marked ? problem() : QString();
-        if (warning_ == nullptr) {
-            warning_ = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
-        }
-        warning_->setVisible(marked);
-        warning_->setToolTip(text);
+        markBox(this, text);
         setAccessibleDescription(text);
         if (remark_ != nullptr) {
             remark_->setText(marked ? Screen::tr("%1: %2").arg(accessibleName(), text) : QString());

@@ -76,7 +76,6 @@ private:
     int minimum_ = 0;
     int maximum_ = 0; ///< 0: every number is in range.
     QLabel* remark_ = nullptr;
-    QAction* warning_ = nullptr; ///< Made for the first mark.
     bool marked_ = false;
 };
 

@@ -165,17 +165,6 @@ void PortChooser::finish() {
     }
 }
 
-void PortChooser::setMarked(const QString& why) {
-    if (warning_ == nullptr && !why.isEmpty()) {
-        warning_ =
-            lineEdit()->addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
-    }
-    if (warning_ != nullptr) {
-        warning_->setVisible(!why.isEmpty());
-        warning_->setToolTip(why);
-    }
-}
-
 void PortChooser::showDevice() {
     const QString device = choices_.shown[portNumber_].device;
     const QSignalBlocker blocker(this);

@@ -45,9 +45,6 @@ public:
     /// What is being typed counts from now on.
     void finish();
 
-    /// Shows a sign in the box, with the reason as its tool tip; none if it is empty.
-    void setMarked(const QString& why);
-
 protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -63,7 +60,6 @@ private:
     void showToolTip();
     void keepReadable();
 
-    QAction* warning_ = nullptr; ///< The sign in the box; made when it is first wanted.
     PortChoices& choices_;
     int portNumber_;
     PortChoiceModel model_;

@@ -127,7 +127,7 @@ void PortsBox::addPort(QGridLayout& layout, int portNumber) {
     const PortChoiceState::Chooser& shown = choices_.shown[portNumber];
     const auto showProblem = [problem, chooser, &shown](const Words&) {
         const QString text = (shown.problem.value().isEmpty() ? shown.gone : shown.problem).value().shown();
-        chooser->setMarked(text);
+        markBox(chooser->lineEdit(), text);
         problem->setText(text);
         problem->setToolTip(text);
         problem->setVisible(!text.isEmpty());

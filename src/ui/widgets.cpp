@@ -8,11 +8,13 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QAction>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QPainter>
 #include <QScrollArea>
 #include <QSignalBlocker>
+#include <QStyle>
 
 #include <algorithm>
 #include <array>
@@ -173,6 +175,19 @@ void enlarge(QLabel* label, double factor) {
     QFont font = label->font();
     font.setPointSizeF(font.pointSizeF() * factor);
     label->setFont(font);
+}
+
+void markBox(QLineEdit* box, const QString& why) {
+    const QString name = QStringLiteral("WarningSign");
+    auto* sign = box->findChild<QAction*>(name, Qt::FindDirectChildrenOnly);
+    if (sign == nullptr && !why.isEmpty()) {
+        sign = box->addAction(box->style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
+        sign->setObjectName(name);
+    }
+    if (sign != nullptr) {
+        sign->setVisible(!why.isEmpty());
+        sign->setToolTip(why);
+    }
 }
 
 QLineEdit* makeBox(QAnyStringView name, QAnyStringView toolTip, QAnyStringView accessibleName) {

@@ -83,6 +83,9 @@ QLabel* makeCaption(QAnyStringView text, QWidget* buddy);
 /// Gives a label letters of so many times the usual size.
 void enlarge(QLabel* label, double factor);
 
+/// Shows a sign at the end of a box, with the reason as its tool tip; none if the reason is empty.
+void markBox(QLineEdit* box, const QString& why);
+
 /// A box for a line of text. Its caption is what assistive programs hear, unless it has a name of its own.
 QLineEdit* makeBox(QAnyStringView name, QAnyStringView toolTip, QAnyStringView accessibleName = {});
 
